@@ -1,0 +1,46 @@
+// 32-bit arithmetic that says what it means: wrapping where wrapping is wanted, and one way from
+// float to integer.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+static_assert((-1 >> 1) == -1, "a right shift of a negative number must be arithmetic");
+
+constexpr int32_t wrapAdd(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
+}
+
+constexpr int32_t wrapSub(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) - static_cast<uint32_t>(b));
+}
+
+constexpr int32_t wrapMul(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b));
+}
+
+/// a << shift for 0 <= shift <= 31, also for negative a; bits that leave at the top are lost.
+constexpr int32_t wrapShl(int32_t a, int32_t shift) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) << shift);
+}
+
+/// Truncates toward zero; out of range saturates, not-a-number becomes 0.
+constexpr int32_t toInt32(double value) {
+    if (value >= 2147483648.0) {
+        return std::numeric_limits<int32_t>::max();
+    }
+    if (value <= -2147483649.0) {
+        return std::numeric_limits<int32_t>::min();
+    }
+    return value == value ? static_cast<int32_t>(value) : 0;
+}
+
+/// Truncates toward zero; out of range saturates, not-a-number becomes 0.
+constexpr int32_t toInt32(float value) {
+    return toInt32(static_cast<double>(value));  // every float is a double exactly
+}
+
+/// Clamps to the range of a 16-bit sample.
+constexpr int32_t clampToSample(int32_t value) {
+    return value < -32768 ? -32768 : (value > 32767 ? 32767 : value);
+}

@@ -1,0 +1,53 @@
+// Counted arrays: a 32-bit header word stands directly before element 0, so that an array knows its
+// length.
+//
+// Low 24 bits of the header: element count. Bit 24: the elements are counted arrays themselves.
+// Element 0 is aligned to 16 bytes; the padding that this needs lies in front of the header, never
+// behind it. The memory is zero-filled. Who makes an array frees it with deleteArrFunc.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+/// Largest element count that the header can hold.
+constexpr int32_t kMaxArrayLength = 0xFFFFFF;
+
+/// A new zero-filled array of bytes / elemSize elements (at most kMaxArrayLength; the caller checks
+/// sizes from outside). file and line name the place that asked, for a debugger.
+void* newArrFunc(int32_t bytes, int32_t elemSize, const char* file, int32_t line);
+
+/// Two levels: an outer array of bytes0 / 4 pointers, each to a new array of bytes1 bytes. Callers
+/// count 4 bytes for a row whatever a pointer's size is; the outer block has room for real
+/// pointers.
+void* newArrFunc(int32_t bytes0, int32_t bytes1, int32_t elemSize, const char* file, int32_t line);
+
+/// Three levels, in the same way.
+void* newArrFunc(int32_t bytes0,
+                 int32_t bytes1,
+                 int32_t bytes2,
+                 int32_t elemSize,
+                 const char* file,
+                 int32_t line);
+
+/// Frees an array and, where it is an array of arrays, every inner one. Null does nothing.
+void deleteArrFunc(void* array);
+
+/// Marks an array as one whose elements are counted arrays, owned by it.
+void markAsMultiDimensionalArray(void* array);
+
+/// Element count of a counted array; 0 for null.
+inline int32_t length(const void* array) {
+    if (array == nullptr) {
+        return 0;
+    }
+    uint32_t header = 0;
+    std::memcpy(&header, static_cast<const char*>(array) - sizeof header, sizeof header);
+    return static_cast<int32_t>(header & 0xFFFFFF);
+}
+
+/// A new zero-filled array of count elements of T (a plain number or a pointer).
+template <typename T>
+T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = __builtin_LINE()) {
+    constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
+    return static_cast<T*>(newArrFunc(count * kElemSize, kElemSize, file, line));
+}

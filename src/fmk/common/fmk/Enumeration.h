@@ -1,0 +1,12 @@
+// Steps once through the elements of a collection. Made by the collection, deleted by the caller.
+#pragma once
+
+#include "GnoObject.h"
+
+class Enumeration : public GnoObject {
+public:
+    virtual bool hasMoreElements() = 0;
+
+    /// The next element; only while hasMoreElements() answers true.
+    virtual GnoObject* nextElement() = 0;
+};

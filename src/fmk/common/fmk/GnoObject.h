@@ -1,0 +1,46 @@
+// Root of the runtime's classes: identity, a text form, and waiting for another's notice.
+#pragma once
+
+#include <cstdint>
+
+namespace Osp::Base {
+class String;
+}
+class Vector;
+
+class GnoObject {
+public:
+    GnoObject() = default;
+    GnoObject(const GnoObject&) = delete;
+    GnoObject& operator=(const GnoObject&) = delete;
+
+    /// The low 32 bits of the object's address.
+    virtual int32_t hashCode();
+
+    /// Identity here; value classes compare by value.
+    virtual bool equals(GnoObject* other);
+
+    /// A new string; the caller deletes it.
+    virtual Osp::Base::String* toString();
+
+    virtual ~GnoObject();
+
+    /// Yields until notify() is called on this object. Nothing else runs meanwhile but the
+    /// platform's own yield.
+    void wait();
+
+    /// As wait(), but gives up once more than timeoutMs milliseconds have passed.
+    void wait(int32_t timeoutMs);
+
+    /// Wakes the object that has waited longest on this one, if any.
+    void notify();
+
+    /// Does nothing: at most one object ever waits.
+    void notifyAll() {}
+
+private:
+    void startWaiting();
+
+    Vector* waiters = nullptr;  // made by the first wait, owned
+    bool waiting = false;
+};

@@ -1,0 +1,77 @@
+// Growable list of object pointers. It owns its array, never the objects, unless told to dispose of
+// them.
+#pragma once
+
+#include "GnoObject.h"
+
+class Enumeration;
+
+class Vector : public GnoObject {
+public:
+    Vector();
+    explicit Vector(int32_t capacity);
+
+    /// @param increment  elements added when full; 0 doubles instead
+    Vector(int32_t capacity, int32_t increment);
+    ~Vector() override;
+
+    void addElement(GnoObject* object);
+    void insertElementAt(GnoObject* object, int32_t index);
+    void removeElementAt(int32_t index);
+    void setElementAt(GnoObject* object, int32_t index);
+
+    /// Indices are not checked: 0 <= index < size().
+    GnoObject* elementAt(int32_t index) { return elementData[index]; }
+
+    GnoObject* firstElement() { return elementData[0]; }
+
+    GnoObject* lastElement() { return elementData[elementCount - 1]; }
+
+    int32_t size() const { return elementCount; }
+
+    int32_t capacity() const;
+
+    bool isEmpty() const { return elementCount == 0; }
+
+    /// Copies all elements to target[0] and on.
+    void copyInto(GnoObject** target);
+
+    /// Grows with nulls or forgets the tail.
+    void setSize(int32_t size);
+    void trimToSize();
+    void ensureCapacity(int32_t minimum);
+
+    /// First index at or after from whose element the object equals; null finds a null element; -1
+    /// if there is none.
+    int32_t indexOf(GnoObject* object, int32_t from);
+
+    int32_t indexOf(GnoObject* object) { return indexOf(object, 0); }
+
+    /// The same, searching backwards from the given index or from the end.
+    int32_t lastIndexOf(GnoObject* object, int32_t from);
+
+    int32_t lastIndexOf(GnoObject* object) { return lastIndexOf(object, elementCount - 1); }
+
+    bool contains(GnoObject* object) { return indexOf(object) >= 0; }
+
+    /// Removes the first equal element; false if there is none.
+    bool removeElement(GnoObject* object);
+
+    /// Forgets all elements without deleting them.
+    void removeAllElements();
+
+    /// Deletes the objects as well.
+    void disposeAllElements();
+    void disposeElementAt(int32_t index);
+
+    /// A new enumeration over the live list; the caller deletes it.
+    Enumeration* elements();
+
+private:
+    void ensureCapacityHelper(int32_t minimum);
+    void reallocate(int32_t capacity);
+
+    GnoObject** elementData;  // counted array, its length is the capacity
+    int32_t elementCount = 0;
+    int32_t capacityIncrement;
+};

@@ -1,0 +1,23 @@
+#include "Host.h"
+
+#include <cassert>
+
+namespace {
+
+Host* installed = nullptr;
+
+}  // namespace
+
+Host& Host::current() {
+    assert(installed != nullptr);
+    return *installed;
+}
+
+void Host::install(Host* host) {
+    installed = host;
+}
+
+void Host::run(bool (*step)(void* context), void* context) {
+    while (step(context)) {
+    }
+}

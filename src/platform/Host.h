@@ -1,0 +1,110 @@
+// The door to the outside world: clock, window, device facts and folders, seen from the phone's
+// stand-in.
+//
+// For the next porter: one back end derives Host, its main() installs the object with
+// Host::install() and calls OspMain(). Every call comes from the event thread, and every callback
+// goes out on that same thread, from pump(). A back end may own threads of its own; what they have
+// to say waits for pump().
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// What the outside world tells the phone, one call for each thing that happened.
+class HostListener {
+public:
+    enum class Touch { kPress, kMove, kRelease };
+
+    virtual ~HostListener() = default;
+
+    /// One finger, in pixels of the 480 x 800 display.
+    virtual void onTouch(Touch touch, int32_t x, int32_t y) = 0;
+    virtual void onVolumeKey(bool up) = 0;
+    virtual void onForeground() = 0;
+    virtual void onBackground() = 0;
+    virtual void onScreenOff() = 0;
+    virtual void onScreenOn() = 0;
+
+    /// The phone ends the application: it cleans up and OspMain() returns.
+    virtual void onTerminate() = 0;
+};
+
+/// The newest picture of the display. It is worked out only when somebody looks at it.
+class HostFrame {
+public:
+    static constexpr int32_t kWidthPx = 480;
+    static constexpr int32_t kHeightPx = 800;
+
+    virtual ~HostFrame() = default;
+
+    /// Writes all 480 x 800 pixels as RGB565, rows strideBytes apart (at least 960, a multiple of
+    /// 4).
+    virtual void compose(uint16_t* pixels, int32_t strideBytes) = 0;
+
+    /// True if a pixel may differ from what the last call of this saw; the first call answers true.
+    virtual bool takeChange() = 0;
+};
+
+/// What the application offers to the outside beyond the phone's own callbacks.
+class HostDoors {
+public:
+    virtual ~HostDoors() = default;
+
+    /// Class name of the current screen; empty if there is none.
+    virtual std::string screenName() = 0;
+};
+
+/// Real folders behind the phone's roots, without a trailing "/". Empty: that root is not mapped.
+struct HostFolders {
+    std::string res;        // "/Res/", read-only
+    std::string home;       // "/Home/"
+    std::string framework;  // the framework's own files (its default font), read-only
+    std::string config;     // settings
+};
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    /// The back end in use; there is exactly one while OspMain() runs.
+    static Host& current();
+
+    /// Installs a back end (not owned); null takes it away.
+    static void install(Host* host);
+
+    /// Milliseconds since the program started; never goes back.
+    virtual int64_t uptimeMs() = 0;
+
+    /// Milliseconds of the device's own clock; never goes back.
+    virtual int64_t ticksMs() = 0;
+
+    /// The application spins and gives way (Thread::Yield). No callback may be delivered from here.
+    virtual void yielded() = 0;
+
+    virtual const HostFolders& folders() = 0;
+
+    /// Device facts. Bytes: -1 means unknown.
+    virtual bool isSilent() { return false; }
+
+    virtual int64_t freePhoneBytes() = 0;
+
+    virtual int64_t freeCardBytes() { return -1; }
+
+    /// Waits until something happens or timeoutMs have passed (0: looks and returns, -1: waits for
+    /// ever), then delivers at most one callback. Returns whether it delivered one.
+    virtual bool pump(HostListener& listener, int64_t timeoutMs) = 0;
+
+    /// Calls step until it answers false. A back end whose loop is not its own overrides this.
+    virtual void run(bool (*step)(void* context), void* context);
+
+    /// A frame was finished (Canvas::Show). Never waits; shows it when the display refreshes next.
+    /// Null: the frame is gone, the last picture stays.
+    virtual void frameShown(HostFrame* frame) = 0;
+
+    /// The application's doors; null when it has ended.
+    virtual void setDoors(HostDoors* /*doors*/) {}
+
+    /// True if this call of the named platform operation is to fail. Tests ask for it; a phone
+    /// never does.
+    virtual bool fails(const char* /*operation*/) { return false; }
+};

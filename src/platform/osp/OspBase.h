@@ -1,0 +1,133 @@
+// The phone platform's basics: results, objects, 16-bit text, lists, giving way.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// 0 is success, everything else a failure.
+using result = uint32_t;
+
+constexpr result E_SUCCESS = 0;
+constexpr result E_FAILURE = 0x80000000;
+constexpr result E_KEY_NOT_FOUND = 0xA0000835;
+constexpr result E_KEY_ALREADY_EXIST = 0xA0000836;
+
+/// A short English text for a result; never null.
+const char* GetErrorMessage(result r);
+
+namespace Osp::Base {
+
+class Object {
+public:
+    virtual ~Object() = default;
+};
+
+/// Text of 16-bit characters (UTF-16 code units).
+class String : public Object {
+public:
+    String() = default;
+    String(const char* utf8);  // NOLINT(google-explicit-constructor): texts convert as on the phone
+    String(const char16_t*
+               text);  // NOLINT(google-explicit-constructor): texts convert as on the phone
+
+    explicit String(char16_t character)
+        : text(1, character) {}
+
+    String(const String&) = default;
+    String& operator=(const String&) = default;
+
+    int32_t GetLength() const { return static_cast<int32_t>(text.size()); }
+
+    bool IsEmpty() const { return text.empty(); }
+
+    /// Not checked: 0 <= index < GetLength().
+    char16_t operator[](int32_t index) const { return text[static_cast<size_t>(index)]; }
+
+    bool operator==(const String& other) const { return text == other.text; }
+
+    bool operator!=(const String& other) const { return text != other.text; }
+
+    bool Equals(const String& other) const { return text == other.text; }
+
+    /// Whether other stands in this text at the given position.
+    bool StartsWith(const String& other, int32_t from) const;
+    bool EndsWith(const String& other) const;
+
+    void Append(const String& other) { text += other.text; }
+
+    void Append(char16_t character) { text += character; }
+
+    void Append(int32_t value);
+
+    void Insert(char16_t character, int32_t index) {
+        text.insert(static_cast<size_t>(index), 1, character);
+    }
+
+    /// Characters start .. start + count - 1, cut to what there is.
+    String SubString(int32_t start, int32_t count) const;
+
+    String SubString(int32_t start) const { return SubString(start, GetLength()); }
+
+    /// For the platform side: files, registry, messages.
+    std::string ToUtf8() const;
+
+private:
+    std::u16string text;
+};
+
+String operator+(const String& a, const String& b);
+
+/// Decimal text of an integer.
+class Integer {
+public:
+    static String ToString(int32_t value);
+};
+
+namespace Collection {
+
+class IList : public Object {
+public:
+    virtual int32_t GetCount() const = 0;
+
+    /// Null when out of range.
+    virtual Object* GetAt(int32_t index) = 0;
+};
+
+/// Holds pointers; deletes the objects only when RemoveAll is told to.
+class ArrayList : public IList {
+public:
+    result Construct(int32_t capacity);
+    result Add(Object& object);
+
+    int32_t GetCount() const override { return static_cast<int32_t>(items.size()); }
+
+    Object* GetAt(int32_t index) override;
+    void RemoveAll(bool deallocate);
+
+private:
+    std::vector<Object*> items;
+};
+
+}  // namespace Collection
+
+namespace Runtime {
+
+class Thread {
+public:
+    /// Gives way to whatever else the machine has to do. Delivers no event and ends nothing.
+    static void Yield();
+};
+
+}  // namespace Runtime
+
+namespace Utility {
+
+class Math {
+public:
+    static double Sqrt(double value);
+};
+
+}  // namespace Utility
+
+}  // namespace Osp::Base

@@ -1,0 +1,101 @@
+// The phone's files and folders, mapped to real folders; no path leaves the mapped roots.
+//
+// "/Res/" is read-only, "/Home/" the user's data, and the framework's own files are read-only. A
+// path under no mapped root, with a ".." in it, with an embedded zero, or through a symbolic link
+// that leads out, fails.
+#pragma once
+
+#include "OspBase.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace Osp::Io {
+
+enum FileSeekPosition { FILESEEKPOSITION_BEGIN, FILESEEKPOSITION_CURRENT, FILESEEKPOSITION_END };
+
+class File : public Osp::Base::Object {
+public:
+    File() = default;
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    /// Closes the file.
+    ~File() override;
+
+    /// Modes as the C library's: "rb", "wb+". Parent folders are never made.
+    result Construct(const Osp::Base::String& path,
+                     const char* openMode,
+                     bool createParentFolders = false);
+    result Construct(const Osp::Base::String& path,
+                     const char16_t* openMode,
+                     bool createParentFolders = false);
+
+    /// Bytes read: 0 at the end, -1 if the file is not open or the read failed.
+    int32_t Read(void* buffer, int32_t lengthBytes);
+
+    /// Fails if not every byte could be written.
+    result Write(const void* buffer, int32_t lengthBytes);
+
+    result Seek(FileSeekPosition position, int32_t offsetBytes);
+
+    /// Position in bytes, -1 if the file is not open.
+    int32_t Tell() const;
+    result Flush();
+
+    /// True for folders too, with or without the last "/".
+    static bool IsFileExist(const Osp::Base::String& path);
+    static result Remove(const Osp::Base::String& path);
+
+    /// Copies through a temporary file beside the target, so that a failed copy leaves no half
+    /// file.
+    static result
+    Copy(const Osp::Base::String& source, const Osp::Base::String& target, bool failIfExists);
+
+private:
+    std::FILE* file = nullptr;
+};
+
+class DirEntry {
+public:
+    explicit DirEntry(const Osp::Base::String& name)
+        : name(name) {}
+
+    Osp::Base::String GetName() const { return name; }
+
+private:
+    Osp::Base::String name;
+};
+
+class DirEnumerator : public Osp::Base::Object {
+public:
+    explicit DirEnumerator(std::vector<DirEntry> entries)
+        : entries(std::move(entries)) {}
+
+    /// Steps to the next entry; fails behind the last one.
+    result MoveNext();
+
+    DirEntry GetCurrentDirEntry() const { return entries[static_cast<size_t>(index)]; }
+
+private:
+    std::vector<DirEntry> entries;
+    int32_t index = -1;
+};
+
+class Directory : public Osp::Base::Object {
+public:
+    result Construct(const Osp::Base::String& path);
+
+    /// A new enumerator over the entries, sorted by name, without "." and ".."; the caller deletes
+    /// it. Null on failure.
+    DirEnumerator* ReadN();
+
+    static result Create(const Osp::Base::String& path, bool createParentFolders);
+
+private:
+    std::string realPath;
+};
+
+}  // namespace Osp::Io

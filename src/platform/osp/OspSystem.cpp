@@ -1,0 +1,50 @@
+#include "OspSystem.h"
+
+#include "Host.h"
+
+#include <algorithm>
+
+using Osp::Base::String;
+
+namespace Osp::System {
+
+namespace {
+
+// What a signed 32-bit count of bytes can say; more than enough room is still enough room.
+constexpr int64_t kMostBytesReported = 0x7FFFFFFF;
+
+}  // namespace
+
+result SystemTime::GetUptime(int64_t& uptimeMs) {
+    uptimeMs = Host::current().uptimeMs();
+    return E_SUCCESS;
+}
+
+result SystemTime::GetTicks(int64_t& ticksMs) {
+    ticksMs = Host::current().ticksMs();
+    return E_SUCCESS;
+}
+
+result SettingInfo::GetValue(const String& key, bool& value) {
+    if (key != String("SilentMode") || Host::current().fails("SettingInfo.GetValue")) {
+        return E_FAILURE;
+    }
+    value = Host::current().isSilent();
+    return E_SUCCESS;
+}
+
+result RuntimeInfo::GetValue(const String& key, int64_t& value) {
+    int64_t bytes = -1;
+    if (key == String("AvailableInternalStorage")) {
+        bytes = Host::current().freePhoneBytes();
+    } else if (key == String("AvailableExternalStorage")) {
+        bytes = Host::current().freeCardBytes();
+    }
+    if (bytes < 0 || Host::current().fails("RuntimeInfo.GetValue")) {
+        return E_FAILURE;
+    }
+    value = std::min(bytes, kMostBytesReported);
+    return E_SUCCESS;
+}
+
+}  // namespace Osp::System

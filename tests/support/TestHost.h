@@ -1,0 +1,49 @@
+// A back end for unit tests: a clock that the test moves, folders that the test names, faults that
+// it asks for.
+#pragma once
+
+#include "Host.h"
+
+#include <map>
+#include <string>
+
+/// Installs itself for its lifetime.
+class TestHost : public Host {
+public:
+    TestHost() { install(this); }
+
+    ~TestHost() override { install(nullptr); }
+
+    int64_t uptimeMs() override { return nowMs; }
+
+    int64_t ticksMs() override { return nowMs; }
+
+    /// Each yield moves the clock by one millisecond.
+    void yielded() override { nowMs++; }
+
+    const HostFolders& folders() override { return mappedFolders; }
+
+    bool isSilent() override { return silent; }
+
+    int64_t freePhoneBytes() override { return phoneBytes; }
+
+    int64_t freeCardBytes() override { return cardBytes; }
+
+    bool pump(HostListener& /*listener*/, int64_t /*timeoutMs*/) override { return false; }
+
+    void frameShown(HostFrame* /*frame*/) override {}
+
+    bool fails(const char* operation) override;
+
+    /// The n-th next call of the operation (1: the next one) fails.
+    void failNth(const std::string& operation, int32_t n) { failures[operation] = n; }
+
+    int64_t nowMs = 0;
+    HostFolders mappedFolders;
+    bool silent = false;
+    int64_t phoneBytes = 1 << 30;
+    int64_t cardBytes = -1;
+
+private:
+    std::map<std::string, int32_t> failures;
+};
