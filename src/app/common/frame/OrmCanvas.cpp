@@ -108,7 +108,7 @@ void OrmCanvas::paint(GnoGraphics* g) {
 }
 
 void OrmCanvas::copyScreenTo(GnoGraphics* g) {
-    g->drawRGB(reinterpret_cast<int32_t*>(screen->pixels), 0, screen->w, 0, 0, screen->w, screen->h,
+    g->drawRGB(screen->pixels, 0, screen->w, 0, 0, screen->w, screen->h,
                false);
 }
 
