@@ -1,8 +1,7 @@
 // The whole loop: OspMain on a host that works off steps.
-#include "GEngine.h"
-
 #include "G.h"
 #include "GameInterface.h"
+#include "GEngine.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
 #include "Orm.h"
@@ -29,12 +28,8 @@ protected:
         host.mappedFolders.config = folders.path("config");
         host.check([this] {
             screen = std::make_unique<TestScreen>(std::initializer_list<Osp::Base::String*>{
-                Orm::EV_T_UPDATE,
-                Orm::EV_T_SYS_PAUSE,
-                Orm::EV_T_SYS_RESUME,
-                Orm::EV_T_SYS_DISPOSE,
-                Orm::EV_T_KEY_PRESS,
-                Orm::EV_T_POINTER_RELEASE});
+                Orm::EV_T_UPDATE, Orm::EV_T_SYS_PAUSE, Orm::EV_T_SYS_RESUME, Orm::EV_T_SYS_DISPOSE,
+                Orm::EV_T_KEY_PRESS, Orm::EV_T_POINTER_RELEASE});
             State::setState(screen.get(), true, true);
             framesAtStart = host.framesShown;
         });
@@ -133,22 +128,27 @@ TEST_F(GEngineTest, thereAreNeverTwoFramesForOneForeground) {
 }
 
 TEST_F(GEngineTest, eachCallbackOfThePlatformIsFollowedByOneFrame) {
-    host.callback([](HostListener& listener) { listener.onTouch(HostListener::Touch::kPress, 5, 5); });
+    host.callback(
+        [](HostListener& listener) { listener.onTouch(HostListener::Touch::kPress, 5, 5); });
     host.check([this] { EXPECT_EQ(1, frames()); });
     run();
 }
 
 TEST_F(GEngineTest, aTouchAboveThePictureHasANegativeRow) {
-    host.callback([](HostListener& listener) { listener.onTouch(HostListener::Touch::kRelease, 9, 159); });
+    host.callback(
+        [](HostListener& listener) { listener.onTouch(HostListener::Touch::kRelease, 9, 159); });
     host.check([this] { EXPECT_EQ(-1, screen->lastWord); });  // (4 << 16) | -1
-    host.callback([](HostListener& listener) { listener.onTouch(HostListener::Touch::kRelease, 9, 161); });
+    host.callback(
+        [](HostListener& listener) { listener.onTouch(HostListener::Touch::kRelease, 9, 161); });
     host.check([this] { EXPECT_EQ(0x00040000, screen->lastWord); });
     run();
 }
 
 TEST_F(GEngineTest, draggingAcrossTheDisplayIsAKey) {
-    host.callback([](HostListener& listener) { listener.onTouch(HostListener::Touch::kPress, 0, 400); });
-    host.callback([](HostListener& listener) { listener.onTouch(HostListener::Touch::kMove, 200, 400); });
+    host.callback(
+        [](HostListener& listener) { listener.onTouch(HostListener::Touch::kPress, 0, 400); });
+    host.callback(
+        [](HostListener& listener) { listener.onTouch(HostListener::Touch::kMove, 200, 400); });
     host.check([this] { EXPECT_EQ((Heard{"enter", "KeyPress/KeyLeft"}), screen->heard); });
     run();
 }

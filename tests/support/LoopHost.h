@@ -1,4 +1,5 @@
-// A host for the real loop: works off steps whenever nothing is due, and lets time pass between them.
+// A host for the real loop: works off steps whenever nothing is due, and lets time pass between
+// them.
 #pragma once
 
 #include "TestHost.h"

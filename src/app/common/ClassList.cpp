@@ -23,8 +23,8 @@ constexpr ClassListEntry entry(const char* name) {
     return {name, &Class::static_ctor, &Class::static_dtor};
 }
 
-// Orm makes the canvas and its picture. G, next to last, loads fonts and pictures and builds the screens, for which it
-// needs everything before it.
+// Orm makes the canvas and its picture. G, next to last, loads fonts and pictures and builds the
+// screens, for which it needs everything before it.
 constexpr ClassListEntry kEntries[] = {
     entry<AppImage>("AppImage"),
     entry<Orm>("Orm"),

@@ -13,7 +13,8 @@ std::string mistakeIn(const std::string& text) {
 
 TEST(Script, readsCommandsAndPassesOverCommentsAndEmptyLines) {
     std::vector<ScriptCommand> commands;
-    EXPECT_EQ("", Script::parse("# start\n\n  tap 10 -20 # here\nuntil Options\nuntil Play 500\n", commands));
+    EXPECT_EQ("", Script::parse("# start\n\n  tap 10 -20 # here\nuntil Options\nuntil Play 500\n",
+                                commands));
     ASSERT_EQ(3U, commands.size());
     EXPECT_EQ(ScriptVerb::kTap, commands[0].verb);
     EXPECT_EQ(3, commands[0].line);

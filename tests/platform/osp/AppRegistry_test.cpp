@@ -66,10 +66,8 @@ TEST_F(AppRegistryTest, aValueThatIsNoIntegerFailsAndLeavesTheVariable) {
 }
 
 TEST_F(AppRegistryTest, aDamagedFileIsSetAsideAndTheRunIsAFirstOne) {
-    for (const std::string& text : {std::string("lang=1\nnonsense\n"),
-                                    std::string("lang=1\0\n", 8),
-                                    std::string("=1\n"),
-                                    std::string(70000, '#')}) {
+    for (const std::string& text : {std::string("lang=1\nnonsense\n"), std::string("lang=1\0\n", 8),
+                                    std::string("=1\n"), std::string(70000, '#')}) {
         folders.remove("config/settings.damaged");
         openOn(text);
         int lang = -1;

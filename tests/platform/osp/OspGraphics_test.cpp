@@ -1,6 +1,5 @@
-#include "OspGraphics.h"
-
 #include "LoopHost.h"
+#include "OspGraphics.h"
 
 #include <gtest/gtest.h>
 

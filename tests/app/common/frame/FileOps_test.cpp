@@ -1,5 +1,4 @@
 #include "FileOps.h"
-
 #include "TestFolders.h"
 #include "TestHost.h"
 
@@ -23,7 +22,8 @@ protected:
     void TearDown() override { FileOps::static_dtor(); }
 
     static std::string nextName() {
-        const std::unique_ptr<String> name(FileOps::getNextAvailableName("/Home/Murmelo/", "rec_", ".wav"));
+        const std::unique_ptr<String> name(
+            FileOps::getNextAvailableName("/Home/Murmelo/", "rec_", ".wav"));
         return name != nullptr ? name->ToUtf8() : "none";
     }
 
@@ -35,7 +35,9 @@ protected:
 
 }  // namespace
 
-TEST_F(FileOpsTest, anEmptyFolderBeginsAtZero) { EXPECT_EQ("rec_00000.wav", nextName()); }
+TEST_F(FileOpsTest, anEmptyFolderBeginsAtZero) {
+    EXPECT_EQ("rec_00000.wav", nextName());
+}
 
 TEST_F(FileOpsTest, theHighestNumberCounts) {
     put("rec_00007.wav");

@@ -1,10 +1,9 @@
-#include "OrmCanvas.h"
-
 #include "AppImage.h"
 #include "CanvasGraphics.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
 #include "Orm.h"
+#include "OrmCanvas.h"
 #include "TestScreen.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +17,8 @@ protected:
     void SetUp() override {
         midlet = new Murmelo();
         canvas = Orm::canvas;
-        screen = new TestScreen({Orm::EV_T_KEY_PRESS, Orm::EV_T_KEY_RELEASE, Orm::EV_T_POINTER_RELEASE});
+        screen =
+            new TestScreen({Orm::EV_T_KEY_PRESS, Orm::EV_T_KEY_RELEASE, Orm::EV_T_POINTER_RELEASE});
         Orm::registerListener(screen);
     }
 
@@ -99,14 +99,8 @@ TEST_F(OrmCanvasTest, keyCodesHaveTheirNames) {
         canvas->keyPressed(code);
     }
     canvas->keyReleased(-5);
-    EXPECT_EQ((Heard{"KeyPress/KeyUp",
-                     "KeyPress/KeyDown",
-                     "KeyPress/KeyLeft",
-                     "KeyPress/KeyRight",
-                     "KeyPress/KeyMsk",
-                     "KeyPress/KeyLsk",
-                     "KeyPress/KeyRsk",
-                     "KeyPress",
+    EXPECT_EQ((Heard{"KeyPress/KeyUp", "KeyPress/KeyDown", "KeyPress/KeyLeft", "KeyPress/KeyRight",
+                     "KeyPress/KeyMsk", "KeyPress/KeyLsk", "KeyPress/KeyRsk", "KeyPress",
                      "KeyRelease/KeyMsk"}),
               delivered());
 }

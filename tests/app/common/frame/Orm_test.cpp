@@ -1,7 +1,6 @@
-#include "Orm.h"
-
 #include "LoopHost.h"
 #include "Murmelo.h"
+#include "Orm.h"
 #include "OrmCanvas.h"
 #include "TestScreen.h"
 #include "Vector.h"
@@ -208,7 +207,8 @@ TEST_F(OrmTest, msUntilDueCountsToTheFirstEvent) {
 TEST_F(OrmTest, theClockWrapsWithoutTrouble) {
     host.nowMs = 0x7FFFFFFF;
     Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 10);
-    EXPECT_EQ(-2147483639, Orm::firstEvent->time);  // a sum wraps, a comparison is signed: due at once
+    EXPECT_EQ(-2147483639,
+              Orm::firstEvent->time);  // a sum wraps, a comparison is signed: due at once
     EXPECT_EQ(0, Orm::msUntilDue());
 }
 

@@ -1,9 +1,8 @@
-#include "State.h"
-
 #include "LoopHost.h"
 #include "Murmelo.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
+#include "State.h"
 #include "TestScreen.h"
 
 #include <gtest/gtest.h>
