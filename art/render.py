@@ -63,10 +63,10 @@ THRESHOLDS = [[0.08 + 0.84 * (rank + 0.5) / 64 for rank in row] for row in bayer
 
 
 def quantise(value, bits, threshold):
-    """The 8-bit value of the dithered level: its high bits are what RGB565 keeps."""
+    """The 8-bit value nearest to the dithered level: its high bits are what RGB565 keeps."""
     top = (1 << bits) - 1
     level = min(top, int(value * top / 255 + threshold))
-    return (level << (8 - bits)) | (level >> (2 * bits - 8))
+    return (level * 255 + top // 2) // top
 
 
 def dither565(image, x0, y0):
