@@ -59,7 +59,7 @@ def bayer(n):
 
 
 # Thresholds keep clear of 0 and 1, so that a colour which RGB565 can show stays as it is.
-THRESHOLDS = [[0.08 + 0.84 * (rank + 0.5) / 64 for rank in row] for row in bayer(8)]
+THRESHOLDS = [[0.13 + 0.74 * (rank + 0.5) / 64 for rank in row] for row in bayer(8)]
 
 
 def quantise(value, bits, threshold):
