@@ -9,11 +9,13 @@ murmelo_tests(fmk_tests
         fmk/common/fmk/FileInputStream_test.cpp
         fmk/common/fmk/FileOutputStream_test.cpp
         fmk/common/fmk/GnoCanvas_test.cpp
+        fmk/common/fmk/GnoGraphics_test.cpp
         fmk/common/fmk/GnoObject_test.cpp
         fmk/common/fmk/Hashtable_test.cpp
         fmk/common/fmk/Integer_test.cpp
         fmk/common/fmk/Math_test.cpp
         fmk/common/fmk/RecordStore_test.cpp
+        fmk/common/fmk/Rgb565_test.cpp
         fmk/common/fmk/Services_test.cpp
         fmk/common/fmk/StringBuffer_test.cpp
         fmk/common/fmk/Utils_test.cpp

@@ -1,13 +1,9 @@
 #include "GnoCanvas.h"
 #include "MIDlet.h"
+#include "OspGraphics.h"
+#include "TestHost.h"
 
 #include <gtest/gtest.h>
-
-namespace Osp::Graphics {
-
-class Canvas {};
-
-}  // namespace Osp::Graphics
 
 namespace {
 
@@ -46,6 +42,7 @@ TEST(GnoCanvas, isNeitherWideNorHigh) {
 }
 
 TEST(GnoCanvas, isShownOnceItHasAPlatformCanvas) {
+    TestHost host;
     GnoCanvas canvas;
     EXPECT_FALSE(canvas.isShown());
     Osp::Graphics::Canvas platformCanvas;

@@ -1,0 +1,21 @@
+// One word for the few loops that take most of the time.
+#pragma once
+
+#include <cstdint>
+
+/// Before the definition of a function: it is compiled twice, once for every processor and once
+/// with 256-bit integer and float instructions, and the program picks one when it is loaded.
+///
+/// Neither copy may fuse a multiplication with an addition: the target is "avx2", which does not
+/// bring "fma" with it, and every file is compiled with -ffp-contract=off besides. So both copies
+/// give the same bits.
+///
+/// Nothing happens where the compiler or the loader cannot do it: clang 14 lacks the attribute,
+/// only ELF has indirect functions (and glibc is the library that resolves them), and under a
+/// sanitizer the resolver would run before the sanitizer's own start.
+#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__ELF__) &&         \
+    defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#define MURMELO_KERNEL __attribute__((target_clones("avx2", "default")))
+#else
+#define MURMELO_KERNEL
+#endif
