@@ -4,4 +4,5 @@ murmelo_tests(fmk_tests
         fmk/common/fmk/ArrFunc_test.cpp
         fmk/common/fmk/Vector_test.cpp
         platform/osp/OspBase_test.cpp
+        platform/osp/OspIo_test.cpp
     LINK murmelo_fmk)

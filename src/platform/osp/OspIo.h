@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Osp::Io {
@@ -25,7 +26,8 @@ public:
     /// Closes the file.
     ~File() override;
 
-    /// Modes as the C library's: "rb", "wb+". Parent folders are never made.
+    /// Modes as the C library's: "rb", "wb+". Opens ordinary files only, once for each object.
+    /// Parent folders are never made.
     result Construct(const Osp::Base::String& path,
                      const char* openMode,
                      bool createParentFolders = false);
@@ -36,7 +38,9 @@ public:
     /// Bytes read: 0 at the end, -1 if the file is not open or the read failed.
     int32_t Read(void* buffer, int32_t lengthBytes);
 
-    /// Fails if not every byte could be written.
+    /// Fails if not every byte could be written. A block goes to the system at once, so that a full
+    /// disk is reported by the call that met it; single bytes collect until the next block or
+    /// Flush().
     result Write(const void* buffer, int32_t lengthBytes);
 
     result Seek(FileSeekPosition position, int32_t offsetBytes);
@@ -47,6 +51,8 @@ public:
 
     /// True for folders too, with or without the last "/".
     static bool IsFileExist(const Osp::Base::String& path);
+
+    /// Removes a file, never a folder.
     static result Remove(const Osp::Base::String& path);
 
     /// Copies through a temporary file beside the target, so that a failed copy leaves no half
@@ -55,7 +61,12 @@ public:
     Copy(const Osp::Base::String& source, const Osp::Base::String& target, bool failIfExists);
 
 private:
+    enum class Direction { kNone, kReading, kWriting };
+
+    bool turnTo(Direction wanted);
+
     std::FILE* file = nullptr;
+    Direction direction = Direction::kNone;
 };
 
 class DirEntry {
@@ -86,12 +97,14 @@ private:
 
 class Directory : public Osp::Base::Object {
 public:
+    /// With or without the last "/"; fails for everything that is no folder.
     result Construct(const Osp::Base::String& path);
 
     /// A new enumerator over the entries, sorted by name, without "." and ".."; the caller deletes
     /// it. Null on failure.
     DirEnumerator* ReadN();
 
+    /// Fails if the folder exists already.
     static result Create(const Osp::Base::String& path, bool createParentFolders);
 
 private:

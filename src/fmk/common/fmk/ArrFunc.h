@@ -6,6 +6,7 @@
 // behind it. The memory is zero-filled. Who makes an array frees it with deleteArrFunc.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <cstring>
 
@@ -45,9 +46,20 @@ inline int32_t length(const void* array) {
     return static_cast<int32_t>(header & 0xFFFFFF);
 }
 
+/// How many of the len elements from off on lie inside a counted array; 0 for null and for an off
+/// outside. Streams use it, so that a length that came from a file never reaches past an array.
+inline int32_t elementsInRange(const void* array, int32_t off, int32_t len) {
+    if (off < 0 || len <= 0 || off >= length(array)) {
+        return 0;
+    }
+    const int32_t behind = length(array) - off;
+    return len < behind ? len : behind;
+}
+
 /// A new zero-filled array of count elements of T (a plain number or a pointer).
 template <typename T>
 T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = __builtin_LINE()) {
+    assert(count >= 0 && count <= kMaxArrayLength);
     constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
     return static_cast<T*>(newArrFunc(count * kElemSize, kElemSize, file, line));
 }

@@ -1,0 +1,42 @@
+// Collects bytes in memory.
+#pragma once
+
+#include "OutputStream.h"
+
+class ByteArrayOutputStream : public OutputStream {
+public:
+    /// Room for 32 bytes at first.
+    ByteArrayOutputStream();
+
+    /// @param size  bytes that there is room for at first
+    explicit ByteArrayOutputStream(int32_t size);
+    ~ByteArrayOutputStream() override;
+
+    using OutputStream::write;
+
+    /// From here on nothing more is written; what is there stays.
+    void close() override { closed = true; }
+
+    void write(signed char byte) override;
+
+    /// The array holds at most kMaxArrayLength bytes: a write that would go beyond is left out
+    /// whole.
+    void write(signed char* source, int32_t off, int32_t len) override;
+
+    /// A new counted array of exactly the bytes written; the caller frees it.
+    signed char* toByteArray();
+
+    int32_t size() const { return count; }
+
+    int32_t capacity() const;
+
+    /// Forgets what was written.
+    void reset() { count = 0; }
+
+private:
+    bool makeRoom(int32_t more);
+
+    signed char* bytes;  // counted array, its length is the capacity
+    int32_t count = 0;
+    bool closed = false;
+};

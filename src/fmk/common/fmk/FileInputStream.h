@@ -1,0 +1,35 @@
+// Reads a file. One that could not be opened is at its end from the start: available() answers 0,
+// read() -1.
+#pragma once
+
+#include "InputStream.h"
+
+#include <memory>
+
+namespace Osp::Io {
+class File;
+}
+
+class FileInputStream : public InputStream {
+public:
+    explicit FileInputStream(const Osp::Base::String& path);
+    ~FileInputStream() override;
+
+    using InputStream::read;
+
+    /// Bytes from here to the end of the file.
+    int32_t available() override;
+
+    /// Closes the file; after that the stream is at its end.
+    void close() override;
+    int32_t read() override;
+
+    /// Bytes read as the platform tells: 0 at the end, negative for a failure.
+    int32_t read(signed char* bytes, int32_t off, int32_t len) override;
+
+    /// Moves n bytes on, not beyond the end (a negative n moves back); returns the distance moved.
+    int32_t skip(int32_t n) override;
+
+private:
+    std::unique_ptr<Osp::Io::File> file;  // null if not open
+};

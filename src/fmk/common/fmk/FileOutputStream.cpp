@@ -1,0 +1,41 @@
+#include "FileOutputStream.h"
+
+#include "ArrFunc.h"
+#include "OspIo.h"
+
+using Osp::Io::File;
+
+FileOutputStream::FileOutputStream(const Osp::Base::String& path)
+    : file(std::make_unique<File>()) {
+    if (File::IsFileExist(path)) {
+        File::Remove(path);
+    }
+    if (file->Construct(path, "wb+") != E_SUCCESS) {
+        file.reset();
+    }
+}
+
+FileOutputStream::~FileOutputStream() = default;
+
+void FileOutputStream::close() {
+    file.reset();
+}
+
+void FileOutputStream::write(signed char byte) {
+    if (file != nullptr) {
+        file->Write(&byte, 1);
+    }
+}
+
+void FileOutputStream::write(signed char* bytes, int32_t off, int32_t len) {
+    const int32_t count = elementsInRange(bytes, off, len);
+    if (file != nullptr && count > 0) {
+        file->Write(bytes + off, count);
+    }
+}
+
+void FileOutputStream::flush() {
+    if (file != nullptr) {
+        file->Flush();
+    }
+}

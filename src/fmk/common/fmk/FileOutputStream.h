@@ -1,0 +1,27 @@
+// Writes a file from its start; what was there before is gone. If the file cannot be opened,
+// everything written is lost.
+#pragma once
+
+#include "OutputStream.h"
+
+#include <memory>
+
+namespace Osp::Io {
+class File;
+}
+
+class FileOutputStream : public OutputStream {
+public:
+    explicit FileOutputStream(const Osp::Base::String& path);
+    ~FileOutputStream() override;
+
+    using OutputStream::write;
+
+    void close() override;
+    void write(signed char byte) override;
+    void write(signed char* bytes, int32_t off, int32_t len) override;
+    void flush() override;
+
+private:
+    std::unique_ptr<Osp::Io::File> file;  // null if not open
+};

@@ -1,0 +1,19 @@
+// A place for bytes to go.
+#pragma once
+
+#include "GnoObject.h"
+
+class OutputStream : public GnoObject {
+public:
+    virtual void close() {}
+
+    virtual void write(signed char byte) = 0;
+
+    /// Writes a whole counted array.
+    virtual void write(signed char* bytes);
+
+    /// Writes bytes[off] .. bytes[off + len - 1], as far as the counted array reaches.
+    virtual void write(signed char* bytes, int32_t off, int32_t len);
+
+    virtual void flush() {}
+};

@@ -1,0 +1,119 @@
+#include "RealPath.h"
+
+#include "Host.h"
+
+#include <array>
+#include <climits>
+#include <string_view>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+using Osp::Base::String;
+
+namespace Osp::Io {
+
+namespace {
+
+// As many links in a row as a Linux kernel follows; more of them is a circle.
+constexpr int32_t kMaxLinks = 40;
+
+struct Root {
+    const char* phonePath;
+    std::string HostFolders::*folder;
+    bool writable;
+};
+
+constexpr std::array<Root, 3> kRoots = {{
+    {"/Res", &HostFolders::res, false},
+    {"/Home", &HostFolders::home, true},
+    {"/com/tallowin/orm", &HostFolders::framework, false},
+}};
+
+bool liesUnder(std::string_view path, std::string_view root) {
+    return path.substr(0, root.size()) == root &&
+           (path.size() == root.size() || path[root.size()] == '/');
+}
+
+/// Puts the parts of a path on the stack, the first part on top.
+void pushParts(std::vector<std::string>& stack, std::string_view path) {
+    while (!path.empty()) {
+        const size_t slash = path.rfind('/');
+        const size_t start = slash == std::string_view::npos ? 0 : slash + 1;
+        stack.emplace_back(path.substr(start));
+        path = path.substr(0, start == 0 ? 0 : slash);
+    }
+}
+
+bool hasParentStep(const std::vector<std::string>& parts) {
+    for (const std::string& part : parts) {
+        if (part == "..") {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Where a symbolic link points to; empty if the path is no link.
+std::string linkTarget(const std::string& path) {
+    std::array<char, PATH_MAX> target = {};
+    const ssize_t count = readlink(path.c_str(), target.data(), target.size());
+    return count > 0 ? std::string(target.data(), static_cast<size_t>(count)) : std::string();
+}
+
+/// Walks the parts from the root on, following links by hand; empty if the way leads out.
+std::string resolve(const std::string& root, std::vector<std::string> parts) {
+    std::string real = root;
+    std::vector<size_t> parents;  // length of the real path before each step down
+    int32_t links = 0;
+    while (!parts.empty()) {
+        const std::string part = std::move(parts.back());
+        parts.pop_back();
+        if (part.empty() || part == ".") {
+            continue;
+        }
+        if (part != "..") {
+            parents.push_back(real.size());
+            real += '/' + part;
+            const std::string target = linkTarget(real);
+            if (target.empty()) {
+                continue;
+            }
+            if (target.front() == '/' || ++links > kMaxLinks) {
+                return {};
+            }
+            pushParts(parts, target);
+        }
+        if (parents.empty()) {
+            return {};
+        }
+        real.resize(parents.back());
+        parents.pop_back();
+    }
+    return real;
+}
+
+}  // namespace
+
+RealPath::RealPath(const String& phonePath) {
+    const std::string path = phonePath.ToUtf8();
+    if (path.find('\0') != std::string::npos) {
+        return;
+    }
+    for (const Root& root : kRoots) {
+        const std::string& folder = Host::current().folders().*root.folder;
+        if (folder.empty() || !liesUnder(path, root.phonePath)) {
+            continue;
+        }
+        std::vector<std::string> parts;
+        pushParts(parts, std::string_view(path).substr(std::string_view(root.phonePath).size()));
+        if (!hasParentStep(parts)) {
+            real = resolve(folder, std::move(parts));
+            writable = root.writable;
+            endsWithSlash = path.back() == '/';
+        }
+        return;
+    }
+}
+
+}  // namespace Osp::Io
