@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr const char* kToolNames[FxCatalogue::kCount] = {
-    "none", "robot", "backwards", "high", "low", "fast", "drunk", "flip"};
+constexpr const char* kToolNames[FxCatalogue::kCount] = {"none", "robot", "backwards", "high",
+                                                         "low",  "fast",  "drunk",     "flip"};
 
 /// The grains of a sober voice: 25 ms apart, joined over 12.5 ms. Longer grains echo, shorter ones
 /// buzz.

@@ -79,8 +79,7 @@ int32_t GrainSearch::bestOffset(const int32_t* grain, const int32_t* target) {
     const int32_t shift = std::max(bits - kRoughBits, 0);
     roughen(grain, shift, roughGrain.data(), grainWindow);
     roughen(target, shift, roughTarget.data(), roughWindow);
-    roughDifferences(
-        roughGrain.data(), roughTarget.data(), roughSums.data(), offsets, roughWindow);
+    roughDifferences(roughGrain.data(), roughTarget.data(), roughSums.data(), offsets, roughWindow);
 
     // Rounding down moves a difference by less than one rough step. So a sum is at least
     // (rough sum - window) rough steps, and no offset above the sum of the roughly best one wins.

@@ -20,10 +20,8 @@ public:
     int32_t bestOffset(const int32_t* grain, const int32_t* target);
 
     /// The same for fewer offsets or a shorter window, for grains at the edge of their arrays.
-    static int32_t bestOffsetInFull(const int32_t* grain,
-                                    const int32_t* target,
-                                    int32_t offsets,
-                                    int32_t window);
+    static int32_t
+    bestOffsetInFull(const int32_t* grain, const int32_t* target, int32_t offsets, int32_t window);
 
 private:
     int32_t offsets;

@@ -113,6 +113,6 @@ int32_t GranularSynth::findOffset(const int32_t* dst, int32_t dstPos) {
     }
     // A grain that was moved over the edge of the output is judged by what lies inside.
     return window <= 0 ? 0
-                       : GrainSearch::bestOffsetInFull(
-                             temp + before, dst + dstPos + before, search, window);
+                       : GrainSearch::bestOffsetInFull(temp + before, dst + dstPos + before, search,
+                                                       window);
 }

@@ -34,12 +34,8 @@ void MeanFilter::highpass(
     }
 }
 
-void MeanFilter::lowpass(const int32_t* src,
-                         int32_t srcOff,
-                         int32_t* dst,
-                         int32_t dstOff,
-                         int32_t n,
-                         bool clamp) {
+void MeanFilter::lowpass(
+    const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp) {
     for (int32_t i = 0; i < n; i++) {
         take(src[srcOff + i]);
         index = wrapAdd(index, 1);

@@ -22,12 +22,8 @@ public:
 
     /// The window's mean, rounded down; clamped to 16 bits only if asked. The delay is not
     /// compensated.
-    virtual void lowpass(const int32_t* src,
-                         int32_t srcOff,
-                         int32_t* dst,
-                         int32_t dstOff,
-                         int32_t n,
-                         bool clamp);
+    virtual void lowpass(
+        const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp);
 
 private:
     void take(int32_t sample);

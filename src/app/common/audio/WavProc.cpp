@@ -16,7 +16,8 @@ constexpr int32_t kHalfQ10 = 512;
 
 /// Between two neighbours at fractionQ10, rounded; wraps like all sample arithmetic.
 inline int32_t interpolate(int32_t left, int32_t right, int32_t fractionQ10) {
-    const int32_t weighted = wrapAdd(wrapMul(left, kOneQ10 - fractionQ10), wrapMul(right, fractionQ10));
+    const int32_t weighted =
+        wrapAdd(wrapMul(left, kOneQ10 - fractionQ10), wrapMul(right, fractionQ10));
     return wrapAdd(weighted, kHalfQ10) >> 10;
 }
 
@@ -42,8 +43,8 @@ void stretchAtTheEdge(const int32_t* src,
     for (int64_t k = first; k <= last; k++) {
         const int64_t posQ10 = k * stepQ10;
         const int64_t i = from + (posQ10 >> 10);
-        dst[dstFrom + k] = interpolate(
-            sampleAt(i), sampleAt(i + 1), static_cast<int32_t>(posQ10 & (kOneQ10 - 1)));
+        dst[dstFrom + k] =
+            interpolate(sampleAt(i), sampleAt(i + 1), static_cast<int32_t>(posQ10 & (kOneQ10 - 1)));
     }
 }
 
@@ -131,12 +132,8 @@ void WavProc::newResult(int32_t count) {
     result = SampleKeep::take(count);
 }
 
-void WavProc::addCrossFaded(const int32_t* src,
-                            int32_t srcOff,
-                            int32_t* dst,
-                            int32_t dstOff,
-                            int32_t fade,
-                            int32_t total) {
+void WavProc::addCrossFaded(
+    const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t fade, int32_t total) {
     const int32_t gainQ15 = fade == 0 ? 0 : 32768 / fade;
     const int32_t begin = std::max({0, -srcOff, -dstOff});
     const int32_t end = std::min(length(src) - srcOff, length(dst) - dstOff);
@@ -152,12 +149,8 @@ void WavProc::addCrossFaded(const int32_t* src,
     }
 }
 
-void WavProc::copyStretched(const int32_t* src,
-                            int32_t from,
-                            int32_t to,
-                            int32_t* dst,
-                            int32_t dstFrom,
-                            int32_t dstTo) {
+void WavProc::copyStretched(
+    const int32_t* src, int32_t from, int32_t to, int32_t* dst, int32_t dstFrom, int32_t dstTo) {
     // Target samples are counted from dstFrom; first..last of them lie in the array.
     const int64_t distance = int64_t{dstTo} - dstFrom;
     const int64_t first = std::max<int64_t>(0, -int64_t{dstFrom});
@@ -173,7 +166,8 @@ void WavProc::copyStretched(const int32_t* src,
     const bool inside = first == 0 && lowest >= 0 && highest < length(src) &&
                         std::abs(lastPosQ10) < std::numeric_limits<int32_t>::max();
     if (inside) {
-        stretch(src + from, static_cast<int32_t>(stepQ10), dst + dstFrom, static_cast<int32_t>(last + 1));
+        stretch(src + from, static_cast<int32_t>(stepQ10), dst + dstFrom,
+                static_cast<int32_t>(last + 1));
     } else {
         stretchAtTheEdge(src, from, stepQ10, dst, dstFrom, first, last);
     }

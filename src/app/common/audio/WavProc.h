@@ -77,12 +77,8 @@ public:
 
     /// Resamples src[from..to] onto dst[dstFrom..dstTo], all included, with linear interpolation.
     /// Samples read outside src are 0, those to be written outside dst are dropped.
-    static void copyStretched(const int32_t* src,
-                              int32_t from,
-                              int32_t to,
-                              int32_t* dst,
-                              int32_t dstFrom,
-                              int32_t dstTo);
+    static void copyStretched(
+        const int32_t* src, int32_t from, int32_t to, int32_t* dst, int32_t dstFrom, int32_t dstTo);
 
 protected:
     /// Makes the result, count samples of silence.

@@ -28,7 +28,8 @@ public:
     HeaderBytes() = default;
 
     explicit HeaderBytes(const signed char* array) {
-        const int32_t count = length(array) < WavProps::kHeaderBytes ? length(array) : WavProps::kHeaderBytes;
+        const int32_t count =
+            length(array) < WavProps::kHeaderBytes ? length(array) : WavProps::kHeaderBytes;
         for (int32_t i = 0; i < count; i++) {
             at(i) = static_cast<uint8_t>(array[i]);
         }

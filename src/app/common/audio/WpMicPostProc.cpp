@@ -46,12 +46,13 @@ int32_t between(int32_t low, int32_t high, float t) {
 MURMELO_KERNEL void
 applyCurve(const int32_t* src, const int32_t* curve, int32_t* __restrict dst, int32_t samples) {
     for (int32_t i = 0; i < samples; i++) {
-        const int32_t sign = src[i] >> 31;           // -1 for negative samples
-        const int32_t magnitude = src[i] ^ sign;     // their complement: -1 lies where 0 does
+        const int32_t sign = src[i] >> 31;        // -1 for negative samples
+        const int32_t magnitude = src[i] ^ sign;  // their complement: -1 lies where 0 does
         const int32_t level = magnitude >> kLevelShift;
         const int32_t fraction = magnitude & (kLevelSamples - 1);
         const int32_t mapped =
-            (curve[level + 1] * fraction + curve[level] * (kLevelSamples - fraction)) >> kLevelShift;
+            (curve[level + 1] * fraction + curve[level] * (kLevelSamples - fraction)) >>
+            kLevelShift;
         dst[i] = (mapped ^ sign) - sign;
     }
 }
@@ -145,6 +146,7 @@ void WpMicPostProc::drawCurve(int32_t level) {
     }
     const float lowerStep = stepOver(noise);
     for (int32_t j = 0; j <= noise; j++) {
-        levelTable[j] = toInt32(static_cast<double>(static_cast<float>(j) * lowerStep) * kNoiseTarget);
+        levelTable[j] =
+            toInt32(static_cast<double>(static_cast<float>(j) * lowerStep) * kNoiseTarget);
     }
 }

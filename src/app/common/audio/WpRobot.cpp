@@ -30,7 +30,8 @@ MURMELO_KERNEL void glideGain(float from, float to, int32_t* __restrict gainsQ10
 
 /// periods[i]: glides from one frame's period to the next one's, mirrored about the average. An
 /// infinite average (no frame had a pitch) makes periods without end: one pulse, then none.
-MURMELO_KERNEL void mirrorPeriods(int32_t from, int32_t to, float average, int32_t* __restrict periods) {
+MURMELO_KERNEL void
+mirrorPeriods(int32_t from, int32_t to, float average, int32_t* __restrict periods) {
     for (int32_t i = 0; i < kSamples; i++) {
         const int32_t current = toInt32((from * (kSamples - i) + to * i) / 160.0);
         const float mirrored = average / (static_cast<float>(current) / average);

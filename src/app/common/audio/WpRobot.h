@@ -37,7 +37,7 @@ private:
     struct Frame {
         float coefficients[Lpc::kCoefficients];
         float gain;
-        int32_t period;    // samples
+        int32_t period;   // samples
         int32_t voicing;  // 0, or 100..1024
     };
 
