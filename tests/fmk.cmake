@@ -6,4 +6,5 @@ murmelo_tests(fmk_tests
         fmk/common/fmk/Rgb565_test.cpp
         fmk/common/fmk/Vector_test.cpp
         platform/osp/OspBase_test.cpp
+        platform/osp/OspIo_test.cpp
     LINK murmelo_fmk)

@@ -18,7 +18,7 @@ constexpr int64_t kSwipeSteps = 6;
 // either.
 constexpr int64_t kMostFramesAtOnce = 1000000;
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
     return "\"" + text + "\"";
 }
 
@@ -81,7 +81,7 @@ bool HeadlessHost::waitOver(int64_t timeoutMs) {
         if (!there && !awaitedScreen.empty()) {
             const std::string current = doors != nullptr ? doors->screenName() : "";
             fail(script[next - 1],
-                 "expected screen " + quoted(awaitedScreen) + ", found " + quoted(current));
+                 "expected screen " + inQuotes(awaitedScreen) + ", found " + inQuotes(current));
         }
         return true;
     }
@@ -213,7 +213,7 @@ void HeadlessHost::takeShot(const ScriptCommand& command) {
     frame->compose(pixels.data(), HostFrame::kWidthPx * 2);
     if (!PngFile::writeRgb565(command.text, pixels.data(), HostFrame::kWidthPx,
                               HostFrame::kHeightPx)) {
-        fail(command, quoted(command.text) + " cannot be written");
+        fail(command, inQuotes(command.text) + " cannot be written");
     }
 }
 
@@ -227,17 +227,18 @@ void HeadlessHost::expect(const ScriptCommand& command) {
     switch (command.verb) {
     case ScriptVerb::kExpectScreen:
         if (screen != command.text) {
-            fail(command, "expected screen " + quoted(command.text) + ", found " + quoted(screen));
+            fail(command,
+                 "expected screen " + inQuotes(command.text) + ", found " + inQuotes(screen));
         }
         break;
     case ScriptVerb::kExpectFile:
         if (!soundFileExists(command.text)) {
-            fail(command, "expected file " + quoted(command.text) + ", there is none");
+            fail(command, "expected file " + inQuotes(command.text) + ", there is none");
         }
         break;
     case ScriptVerb::kExpectNoFile:
         if (soundFileExists(command.text)) {
-            fail(command, "expected no file " + quoted(command.text) + ", there is one");
+            fail(command, "expected no file " + inQuotes(command.text) + ", there is one");
         }
         break;
     case ScriptVerb::kExpectEffect: {
@@ -273,7 +274,8 @@ void HeadlessHost::fail(const ScriptCommand& command, const std::string& message
 int32_t HeadlessHost::finish() {
     ended = true;
     if (waiting && !awaitedScreen.empty() && status == kOk) {
-        fail(script[next - 1], "expected screen " + quoted(awaitedScreen) + ", the program ended");
+        fail(script[next - 1],
+             "expected screen " + inQuotes(awaitedScreen) + ", the program ended");
     }
     while (status == kOk && next < script.size()) {
         const ScriptCommand& command = script[next++];

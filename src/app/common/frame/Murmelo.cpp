@@ -51,12 +51,10 @@ void Murmelo::onInit() {
     Orm::getScreen()->set(kFirstRunArgb);
     Orm::flush();
     const int32_t lang = G::getSavedLang();
-    if (lang != -1) {
-        setBkgColor(kLaterRunArgb);
-        State::setState(G::stateSplash, true, true);
-    } else {
-        setBkgColor(kFirstRunArgb);
-        State::setState(G::stateFirstLang, true, true);
+    State* first = lang != -1 ? G::stateSplash : G::stateFirstLang;
+    setBkgColor(lang != -1 ? kLaterRunArgb : kFirstRunArgb);
+    if (first != nullptr) {
+        State::setState(first, true, true);
     }
 }
 

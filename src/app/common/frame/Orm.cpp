@@ -5,8 +5,6 @@
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "Event.h"
-#include "GnoImage.h"
-#include "InputStream.h"
 #include "Listener.h"
 #include "OrmCanvas.h"
 #include "OspBase.h"
@@ -230,26 +228,6 @@ void Orm::flush(Bounded* area) {
 
 AppImage* Orm::getScreen() {
     return canvas->getScreen();
-}
-
-AppImage* Orm::loadImage(InputStream* in) {
-    const int32_t bytes = in->available();
-    if (bytes <= 0 || bytes > kMaxArrayLength) {
-        return nullptr;
-    }
-    auto* data = newArray<signed char>(bytes);
-    in->read(data);
-    GnoImage* decoded = GnoImage::createImage(data, 0, bytes);
-    deleteArrFunc(data);
-    AppImage* image = nullptr;
-    if (decoded->getWidth() > 0 && decoded->getHeight() > 0) {
-        const int32_t w = decoded->getWidth();
-        const int32_t h = decoded->getHeight();
-        image = new AppImage(w, h);
-        decoded->getRGB(reinterpret_cast<int32_t*>(image->pixels), 0, w, 0, 0, w, h);
-    }
-    delete decoded;
-    return image;
 }
 
 void Orm::setPersistentMemory(String* name, signed char* data) {

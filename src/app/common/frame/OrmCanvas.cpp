@@ -108,8 +108,7 @@ void OrmCanvas::paint(GnoGraphics* g) {
 }
 
 void OrmCanvas::copyScreenTo(GnoGraphics* g) {
-    g->drawRGB(reinterpret_cast<int32_t*>(screen->pixels), 0, screen->w, 0, 0, screen->w, screen->h,
-               false);
+    g->drawRGB(screen->pixels, 0, screen->w, 0, 0, screen->w, screen->h, false);
 }
 
 void OrmCanvas::keyPressed(int32_t keyCode) {

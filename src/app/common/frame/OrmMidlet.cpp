@@ -1,5 +1,6 @@
 #include "OrmMidlet.h"
 
+#include "ClassList.h"
 #include "Orm.h"
 
 OrmMidlet::OrmMidlet() {
@@ -19,4 +20,20 @@ void OrmMidlet::destroyApp(bool unconditional) {
 
 void OrmMidlet::pauseApp() {
     Orm::setPaused(true);
+}
+
+void OrmMidlet::static_ctors() {
+    int32_t count = 0;
+    const ClassListEntry* entries = ClassList::entries(count);
+    for (int32_t i = 0; i < count; i++) {
+        entries[i].staticCtor();
+    }
+}
+
+void OrmMidlet::static_dtors() {
+    int32_t count = 0;
+    const ClassListEntry* entries = ClassList::entries(count);
+    for (int32_t i = 0; i < count; i++) {
+        entries[i].staticDtor();
+    }
 }

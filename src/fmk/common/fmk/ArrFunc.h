@@ -6,6 +6,7 @@
 // behind it. The memory is zero-filled. Who makes an array frees it with deleteArrFunc.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <cstring>
 
@@ -58,6 +59,7 @@ inline int32_t elementsInRange(const void* array, int32_t off, int32_t len) {
 /// A new zero-filled array of count elements of T (a plain number or a pointer).
 template <typename T>
 T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = __builtin_LINE()) {
+    assert(count >= 0 && count <= kMaxArrayLength);
     constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
     return static_cast<T*>(newArrFunc(count * kElemSize, kElemSize, file, line));
 }

@@ -40,6 +40,9 @@ void Vector::addElement(GnoObject* object) {
 }
 
 void Vector::insertElementAt(GnoObject* object, int32_t index) {
+    if (index < 0 || index > elementCount) {
+        return;
+    }
     ensureCapacityHelper(elementCount + 1);
     std::copy_backward(elementData + index, elementData + elementCount,
                        elementData + elementCount + 1);
@@ -48,13 +51,18 @@ void Vector::insertElementAt(GnoObject* object, int32_t index) {
 }
 
 void Vector::removeElementAt(int32_t index) {
+    if (!isInside(index)) {
+        return;
+    }
     std::copy(elementData + index + 1, elementData + elementCount, elementData + index);
     elementCount--;
     elementData[elementCount] = nullptr;
 }
 
 void Vector::setElementAt(GnoObject* object, int32_t index) {
-    elementData[index] = object;
+    if (isInside(index)) {
+        elementData[index] = object;
+    }
 }
 
 void Vector::copyInto(GnoObject** target) {
@@ -62,11 +70,12 @@ void Vector::copyInto(GnoObject** target) {
 }
 
 void Vector::setSize(int32_t size) {
-    ensureCapacityHelper(size);
-    if (size < elementCount) {
-        std::fill(elementData + size, elementData + elementCount, nullptr);
+    const int32_t wanted = std::max(size, 0);
+    ensureCapacityHelper(wanted);
+    if (wanted < elementCount) {
+        std::fill(elementData + wanted, elementData + elementCount, nullptr);
     }
-    elementCount = size;
+    elementCount = wanted;
 }
 
 void Vector::trimToSize() {
@@ -80,7 +89,7 @@ void Vector::ensureCapacity(int32_t minimum) {
 }
 
 int32_t Vector::indexOf(GnoObject* object, int32_t from) {
-    for (int32_t i = from; i < elementCount; i++) {
+    for (int32_t i = std::max(from, 0); i < elementCount; i++) {
         if (matches(object, elementData[i])) {
             return i;
         }
@@ -89,7 +98,7 @@ int32_t Vector::indexOf(GnoObject* object, int32_t from) {
 }
 
 int32_t Vector::lastIndexOf(GnoObject* object, int32_t from) {
-    for (int32_t i = from; i >= 0; i--) {
+    for (int32_t i = std::min(from, elementCount - 1); i >= 0; i--) {
         if (matches(object, elementData[i])) {
             return i;
         }
@@ -119,7 +128,7 @@ void Vector::disposeAllElements() {
 }
 
 void Vector::disposeElementAt(int32_t index) {
-    delete elementData[index];
+    delete elementAt(index);
     removeElementAt(index);
 }
 

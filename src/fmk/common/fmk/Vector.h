@@ -15,17 +15,21 @@ public:
     Vector(int32_t capacity, int32_t increment);
     ~Vector() override;
 
+    // An index outside reads null and changes nothing, instead of reaching past the array.
+
     void addElement(GnoObject* object);
+
+    /// index 0 .. size()
     void insertElementAt(GnoObject* object, int32_t index);
     void removeElementAt(int32_t index);
     void setElementAt(GnoObject* object, int32_t index);
 
-    /// Indices are not checked: 0 <= index < size().
-    GnoObject* elementAt(int32_t index) { return elementData[index]; }
+    GnoObject* elementAt(int32_t index) { return isInside(index) ? elementData[index] : nullptr; }
 
-    GnoObject* firstElement() { return elementData[0]; }
+    /// Null if there is none.
+    GnoObject* firstElement() { return elementAt(0); }
 
-    GnoObject* lastElement() { return elementData[elementCount - 1]; }
+    GnoObject* lastElement() { return elementAt(elementCount - 1); }
 
     int32_t size() const { return elementCount; }
 
@@ -68,6 +72,8 @@ public:
     Enumeration* elements();
 
 private:
+    bool isInside(int32_t index) const { return index >= 0 && index < elementCount; }
+
     void ensureCapacityHelper(int32_t minimum);
     void reallocate(int32_t capacity);
 

@@ -1,0 +1,28 @@
+// The application as the runtime sees it: started, paused and ended from outside.
+#pragma once
+
+#include "GnoObject.h"
+
+class FileInputStream;
+
+class MIDlet : public GnoObject {
+public:
+    /// @param unconditional  false only asks whether the application would end
+    virtual void destroyApp(bool unconditional) = 0;
+    virtual void pauseApp() = 0;
+    virtual void startApp() = 0;
+
+    /// Null: there are no properties.
+    Osp::Base::String* getAppProperty(const char* /*key*/) { return nullptr; }
+
+    /// False: nothing can be asked of the platform this way.
+    bool platformRequest(const char* /*url*/) { return false; }
+
+    void notifyDestroyed() {}
+
+    /// A new stream over a file, resources and recordings alike; the caller deletes it. Where the
+    /// file does not open, the stream is at its end.
+    static FileInputStream* getResourceAsStream(Osp::Base::String& path);
+    static FileInputStream* getResourceAsStream(Osp::Base::String* path);
+    static FileInputStream* getResourceAsStream(const char* path);
+};

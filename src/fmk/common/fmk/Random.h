@@ -1,0 +1,15 @@
+// The runtime's own random numbers, which are none: effects that need some bring their own
+// generator, so that a take always sounds the same.
+#pragma once
+
+#include "GnoObject.h"
+
+class Random : public GnoObject {
+public:
+    Random() = default;
+
+    explicit Random(int32_t /*seed*/) {}
+
+    /// Deliberate: always 0.
+    int32_t nextInt() { return 0; }
+};

@@ -1,0 +1,37 @@
+// A 16-bit number as an object.
+#pragma once
+
+#include "GnoObject.h"
+
+class Short : public GnoObject {
+public:
+    explicit Short(int16_t value)
+        : value(value) {}
+
+    using GnoObject::toString;
+
+    /// New strings, the caller deletes them. A negative number is widened first: -1 is "ffffffff".
+    static Osp::Base::String* toString(int16_t value);
+    static Osp::Base::String* toHexString(int16_t value);
+
+    /// Takes digits only: no sign, no check. The low 16 bits count.
+    static int16_t parseShort(Osp::Base::String* digits);
+
+    /// Whether the other is a Short of the same value.
+    bool equals(GnoObject* other) override;
+
+    int32_t intValue() const { return value; }
+
+    int32_t longValue() const { return value; }
+
+    int16_t shortValue() const { return value; }
+
+    signed char byteValue() const { return static_cast<signed char>(value); }
+
+    float floatValue() const { return value; }
+
+    double doubleValue() const { return value; }
+
+private:
+    int16_t value;
+};

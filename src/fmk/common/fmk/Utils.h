@@ -1,0 +1,19 @@
+// Numbers and characters in counted arrays of bytes.
+#pragma once
+
+#include <cstdint>
+
+class Utils {
+public:
+    /// Writes four bytes, most significant first, and returns 4. Writes nothing where they would
+    /// not fit into the array.
+    static int32_t putInt(int32_t value, signed char* bytes, int32_t off);
+
+    /// The four bytes at off, most significant first; 0 where they are not all in the array.
+    static int32_t getInt(const signed char* bytes, int32_t off);
+
+    /// New counted arrays for a range of a counted array, cut to what there is; the caller frees
+    /// them. One byte for each character: its low 8 bits, and back without a sign.
+    static signed char* charToByteArray(const char16_t* characters, int32_t off, int32_t len);
+    static char16_t* byteToCharArray(const signed char* bytes, int32_t off, int32_t len);
+};
