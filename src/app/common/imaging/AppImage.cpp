@@ -42,13 +42,25 @@ PixelBlock blockOf(AppImage* dst, int32_t x, int32_t y, int32_t w, int32_t h) {
     return {pixelAt(dst, x, y), dst->w, nullptr, 0, w, h};
 }
 
-/// Factors that give the same pixels as the special cases of applyProps.
+constexpr int32_t kUnchanged = 256;
+constexpr int32_t kWhite = 512;
+constexpr uint32_t kColourMask = 0xFFFFFF;
+
+uint32_t whiteMaskOf(int32_t lightness) {
+    return lightness > kUnchanged ? kColourMask : 0;
+}
+
+/// How far a lightness is from black or white, whichever it leans to.
+uint32_t light256Of(int32_t lightness) {
+    const int32_t held = std::clamp(lightness, 0, kWhite);
+    return static_cast<uint32_t>(held > kUnchanged ? kWhite - held : held);
+}
+
+/// Factors that give the same pixels as applyProps.
 PixelTint tintOf(const PixProps* props) {
-    const int32_t lightness = std::clamp(props->lightness, 0, 512);
-    return {static_cast<uint32_t>(std::min(lightness, 256)),
-            static_cast<uint32_t>(std::max(lightness - 256, 0)),
+    return {whiteMaskOf(props->lightness), light256Of(props->lightness),
             static_cast<uint32_t>(props->saturation),
-            static_cast<uint32_t>(props->opacity > 255 ? 256 : props->opacity)};
+            static_cast<uint32_t>(std::min(props->opacity, kUnchanged))};
 }
 
 /// 255 * channel / alpha may exceed 8 bits when the colour was not premultiplied.
@@ -213,7 +225,7 @@ void AppImage::blend(AppImage* src,
     if (opacity <= 0) {
         return;
     }
-    if (opacity >= 256) {
+    if (opacity >= kUnchanged) {
         blend(src, sx, sy, w, h, dx, dy);
         return;
     }
@@ -235,7 +247,7 @@ void AppImage::blend(AppImage* src,
         blend(src, sx, sy, w, h, dx, dy);
         return;
     }
-    if (props->lightness == 256 && props->saturation == 256) {
+    if (props->lightness == kUnchanged && props->saturation == kUnchanged) {
         blend(src, sx, sy, w, h, dx, dy, props->opacity);
         return;
     }
@@ -272,14 +284,11 @@ uint32_t AppImage::argbLerp(uint32_t c0, uint32_t c1, int32_t t) {
 }
 
 uint32_t AppImage::scaleOpacity(uint32_t argb, int32_t opacity) {
-    return opacity > 255 ? argb : scalePixel(argb, static_cast<uint32_t>(opacity));
+    return opacity >= kUnchanged ? argb : scalePixel(argb, static_cast<uint32_t>(opacity));
 }
 
 uint32_t AppImage::scaleLightness(uint32_t argb, int32_t lightness) {
-    if (lightness <= 256) {
-        return darkenPixel(argb, static_cast<uint32_t>(std::max(lightness, 0)));
-    }
-    return lightenPixel(argb, static_cast<uint32_t>(std::min(lightness, 512) - 256));
+    return lightPixel(argb, whiteMaskOf(lightness), light256Of(lightness));
 }
 
 uint32_t AppImage::scaleSaturation(uint32_t argb, int32_t saturation) {

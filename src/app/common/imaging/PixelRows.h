@@ -18,8 +18,8 @@ struct PixelBlock {
 
 /// Pixel properties made ready: factors without special cases.
 struct PixelTint {
-    uint32_t darken256;      // 256 leaves alone
-    uint32_t lighten256;     // 0 leaves alone
+    uint32_t whiteMask;      // 0xFFFFFF lightens, 0 darkens
+    uint32_t light256;       // 256 leaves alone
     uint32_t saturation256;  // 256 leaves alone
     uint32_t opacity256;     // 256 leaves alone
 };

@@ -1,5 +1,4 @@
 #include "Bounds.h"
-
 #include "OspBase.h"
 
 #include <gtest/gtest.h>
