@@ -55,7 +55,12 @@ private:
     static constexpr int32_t kParts = 9;  // row by row from the top left; some may be empty
 
     AppImage* picture() const;
-    void paintPart(int32_t part, AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* p);
+    void paintPart(int32_t part,
+                   AppImage* dst,
+                   AppImage* image,
+                   Bounds* target,
+                   Bounded* clip,
+                   PixProps* combined) const;
 
     int32_t imageId;
     int32_t splitX = 0;

@@ -18,8 +18,6 @@ class String;
 
 class PaTextArea : public AbstractPainter {
 public:
-    // Alignment, in the bits of Bounds' anchors: 4 left, 8 right, 16 centre. 4 outdoes 8, and both
-    // outdo 16, as where rectangles are placed. Without any the text stands at the left.
     static constexpr int32_t kMinWidth = 20;  // px; no narrower text is laid out
 
     static void static_ctor() {}
@@ -44,8 +42,10 @@ public:
 
     void setColour(uint32_t premultiplied) { argb = premultiplied; }
 
-    /// Places each row by the width of its ink: flush with the left or right edge, or its middle
-    /// over the middle of the area (both rounded towards the left).
+    /// Places each row by the width of its ink, in the bits of Bounds' anchors: 4 flush with the
+    /// left edge, 8 with the right edge, 16 its middle over the middle of the area (both rounded
+    /// towards the left). 4 outdoes 8 and both outdo 16, as where rectangles are placed; without
+    /// any of them the text stands at the left.
     void setTextAlign(int32_t anchor);
     void setSize(int32_t w, int32_t h);
     void setWidth(int32_t w);
@@ -87,18 +87,13 @@ private:
         int32_t x, y, w, h;  // px, relative to the area's top left corner
     };
 
-    struct Line {
-        int32_t end;     // index behind the row's last character
-        bool overflows;  // ended by a character that did not fit
-    };
-
     void layOut();
     int32_t findRowEnd(const Osp::Base::String& text, BitMapFont* font, int32_t start) const;
     void appendRow(
         const Osp::Base::String& text, BitMapFont* font, int32_t start, int32_t end, int32_t top);
-    void align_();
+    void placeRow(size_t firstGlyph, size_t endGlyph);
     void appendInk(Vector* out, size_t firstGlyph, size_t endGlyph) const;
-    size_t rowEnd(size_t row) const;
+    size_t endOfRow(size_t row) const;
 
     int32_t strId;
     int32_t fntId;
