@@ -36,4 +36,6 @@ void FirstLang::onEvent(Event* event) {
     }
 }
 
-Osp::Base::String** FirstLang::getSubscriptions() { return G::eventTypesAllStd; }
+Osp::Base::String** FirstLang::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

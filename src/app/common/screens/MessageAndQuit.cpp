@@ -22,14 +22,18 @@ constexpr uint32_t kDarkArgb = 0x80000000;
 
 MessageAndQuit* MessageAndQuit::entered;
 
-void MessageAndQuit::static_ctor() { entered = nullptr; }
+void MessageAndQuit::static_ctor() {
+    entered = nullptr;
+}
 
 void MessageAndQuit::static_dtor() {
     delete entered;
     entered = nullptr;
 }
 
-MessageAndQuit::MessageAndQuit(int32_t kind) : heading(Res::Null), body(Res::Null) {
+MessageAndQuit::MessageAndQuit(int32_t kind)
+    : heading(Res::Null)
+    , body(Res::Null) {
     const int32_t willQuit = Str::str_ERROR_APPLICATION_WILL_QUIT_TXT;
     switch (kind) {
     case kHeapLow:
@@ -90,4 +94,6 @@ void MessageAndQuit::onEvent(Event* event) {
     }
 }
 
-String** MessageAndQuit::getSubscriptions() { return G::eventTypesAllStd; }
+String** MessageAndQuit::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

@@ -15,11 +15,12 @@ public:
     /// Texts are those of the current language; any other kind says "Error".
     explicit MessageAndQuit(int32_t kind);
 
-    /// Makes one and enters it at once: whoever calls this is no longer the current screen. It is kept until the
-    /// program ends.
+    /// Makes one and enters it at once: whoever calls this is no longer the current screen. It is
+    /// kept until the program ends.
     static void enter(int32_t kind);
 
     void onEnter() override;
+
     void onExit() override {}
 
     void onEvent(Event* event) override;

@@ -18,7 +18,9 @@
 #include <algorithm>
 #include <iterator>
 
-Options::Options() : mode(kMenu), lastFocused(Res::Null) {}
+Options::Options()
+    : mode(kMenu)
+    , lastFocused(Res::Null) {}
 
 void Options::onEnter() {
     showOptions();
@@ -132,4 +134,6 @@ void Options::onLanguageEvent(int32_t softKey, Event* event) {
     }
 }
 
-Osp::Base::String** Options::getSubscriptions() { return G::eventTypesAllStd; }
+Osp::Base::String** Options::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

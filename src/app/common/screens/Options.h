@@ -12,6 +12,7 @@ public:
     Options();
 
     void onEnter() override;
+
     void onExit() override {}
 
     void onEvent(Event* event) override;

@@ -94,4 +94,6 @@ void Play::play() {
     EffectJob::enter(G::statePlaying, this);
 }
 
-Osp::Base::String** Play::getSubscriptions() { return G::eventTypesAllStd; }
+Osp::Base::String** Play::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

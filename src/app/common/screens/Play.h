@@ -6,6 +6,7 @@
 class Play : public State {
 public:
     void onEnter() override;
+
     void onExit() override {}
 
     void onEvent(Event* event) override;

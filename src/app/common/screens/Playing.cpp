@@ -63,7 +63,8 @@ void Playing::onExit() {
 
 void Playing::onEvent(Event* event) {
     const int32_t softKey = SkBar::update(event, true);
-    const bool interrupted = event->type == Orm::EV_T_SYS_PAUSE || event->type == Orm::EV_T_SYS_DISPOSE;
+    const bool interrupted =
+        event->type == Orm::EV_T_SYS_PAUSE || event->type == Orm::EV_T_SYS_DISPOSE;
     if (softKey == Str::str_SK_STOP || event->type == G::EV_T_END_OF_MEDIA || interrupted) {
         paintScene();
         Orm::flush();
@@ -88,4 +89,6 @@ void Playing::animate() {
     frame++;
 }
 
-String** Playing::getSubscriptions() { return G::eventTypesPlaying; }
+String** Playing::getSubscriptions() {
+    return G::eventTypesPlaying;
+}

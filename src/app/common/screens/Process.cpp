@@ -58,7 +58,9 @@ void Process::onExit() {
     path = nullptr;
 }
 
-void Process::schedUpdate() { Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0); }
+void Process::schedUpdate() {
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+}
 
 void Process::onEvent(Event* event) {
     SkBar::update(event, true);
@@ -106,4 +108,6 @@ void Process::finish() {
     State::setState(next, true, true);
 }
 
-String** Process::getSubscriptions() { return G::eventTypesAllStd; }
+String** Process::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

@@ -1,4 +1,5 @@
-// Runs one processor over a whole sound, a slice for each "Update", so that the screen keeps painting.
+// Runs one processor over a whole sound, a slice for each "Update", so that the screen keeps
+// painting.
 #pragma once
 
 #include "State.h"
@@ -12,10 +13,12 @@ public:
     /// @param path       where the result goes; owned from now on
     /// @param next       entered when it is there
     /// @param back       entered when the work is interrupted
-    Process(int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
+    Process(
+        int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
     ~Process() override;
 
-    /// Makes this the job in hand (G::stateProcess owns it) and enters it. The job before it is deleted.
+    /// Makes this the job in hand (G::stateProcess owns it) and enters it. The job before it is
+    /// deleted.
     static void enter(Process* job);
 
     void onEnter() override;

@@ -75,4 +75,6 @@ void Record::onEvent(Event* event) {
     }
 }
 
-String** Record::getSubscriptions() { return G::eventTypesAllStd; }
+String** Record::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

@@ -62,7 +62,8 @@ void Recording::onExit() {
 
 void Recording::onEvent(Event* event) {
     const int32_t softKey = SkBar::update(event, true);
-    const bool interrupted = event->type == Orm::EV_T_SYS_PAUSE || event->type == Orm::EV_T_SYS_DISPOSE;
+    const bool interrupted =
+        event->type == Orm::EV_T_SYS_PAUSE || event->type == Orm::EV_T_SYS_DISPOSE;
     if (softKey == Str::str_SK_STOP || event->type == G::EV_T_TIME_OUT || interrupted) {
         finish(!interrupted);
     } else if (event->type == Orm::EV_T_UPDATE) {
@@ -80,7 +81,8 @@ void Recording::animate() {
     const int32_t elapsedMs = wrapSub(now, startMs);
     // Rounded. A late frame is clamped before it is multiplied: 2,000 seconds would overflow.
     const int32_t shownMs = std::clamp(elapsedMs, -kTakeMaxMs, 2 * kTakeMaxMs);
-    Progress::paintProgress(std::clamp((shownMs * kFullQ10 + kTakeMaxMs / 2) / kTakeMaxMs, 0, kFullQ10));
+    Progress::paintProgress(
+        std::clamp((shownMs * kFullQ10 + kTakeMaxMs / 2) / kTakeMaxMs, 0, kFullQ10));
     paintLight();
     Wheels::paint(frame);
     G::piButtonsRec->paintOn(G::scr, 0, 0, G::scrB, nullptr);
@@ -121,7 +123,8 @@ void Recording::finish(bool keepTake) {
 
 void Recording::giveUpTake() {
     String* folder = G::getMrmFolderUri();
-    if (FileOps::exists(folder, G::uriPartWavRecorded) && !FileOps::deleteFile(folder, G::uriPartWavRecorded)) {
+    if (FileOps::exists(folder, G::uriPartWavRecorded) &&
+        !FileOps::deleteFile(folder, G::uriPartWavRecorded)) {
         MessageAndQuit::enter(MessageAndQuit::kFileError);
         return;
     }
@@ -139,4 +142,6 @@ void Recording::processTake() {
     Process::enter(new Process(samples, G::fxMicPostProc, take, G::statePlay, G::stateOptions));
 }
 
-String** Recording::getSubscriptions() { return G::eventTypesRecording; }
+String** Recording::getSubscriptions() {
+    return G::eventTypesRecording;
+}

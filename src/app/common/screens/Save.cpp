@@ -19,9 +19,13 @@ using Osp::Base::String;
 
 int32_t Save::uriStrId;
 
-void Save::static_ctor() { uriStrId = Res::addStr(""); }
+void Save::static_ctor() {
+    uriStrId = Res::addStr("");
+}
 
-Save::~Save() { delete name; }
+Save::~Save() {
+    delete name;
+}
 
 void Save::onEnter() {
     if (G::getLastPlayedFx() != G::getCurrFx()) {
@@ -72,4 +76,6 @@ void Save::onEvent(Event* event) {
     }
 }
 
-String** Save::getSubscriptions() { return G::eventTypesAllStd; }
+String** Save::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

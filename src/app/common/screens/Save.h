@@ -10,6 +10,7 @@ public:
 
     /// A stale result is made anew first; this screen is then entered again.
     void onEnter() override;
+
     void onExit() override {}
 
     void onEvent(Event* event) override;

@@ -3,11 +3,12 @@
 #include "AppImage.h"
 #include "Bounds.h"
 #include "Event.h"
+#include "FileInputStream.h"
 #include "FileOps.h"
 #include "G.h"
 #include "ImageOps.h"
-#include "InputStream.h"
 #include "MessageAndQuit.h"
+#include "MIDlet.h"
 #include "Murmelo.h"
 #include "Orm.h"
 #include "OspBase.h"
@@ -24,7 +25,8 @@ constexpr int32_t kTooLittleBytes = 1024;
 }  // namespace
 
 void Splash::onEnter() {
-    // Nothing that could end a pause reaches the program while a screen is being entered, so this waits outside.
+    // Nothing that could end a pause reaches the program while a screen is being entered, so this
+    // waits outside.
     waitsForResume = Orm::isPaused();
     if (!waitsForResume) {
         begin();
@@ -49,7 +51,7 @@ void Splash::begin() {
 }
 
 void Splash::paintPicture(const char* path, int32_t h, int32_t y) {
-    InputStream* stream = Orm::openResource(path);
+    InputStream* stream = MIDlet::getResourceAsStream(path);
     AppImage* image = Orm::loadImage(stream);
     if (image != nullptr) {
         Bounds* area = Bounds::alloc(0, y, kWidthPx, h);
@@ -84,10 +86,13 @@ void Splash::onEvent(Event* event) {
         }
         return;
     }
-    const bool middleKey = event->type == Orm::EV_T_KEY_PRESS && event->subType == Orm::EV_ST_KEY_MSK;
+    const bool middleKey =
+        event->type == Orm::EV_T_KEY_PRESS && event->subType == Orm::EV_ST_KEY_MSK;
     if (middleKey || event->type == Orm::EV_T_UPDATE) {
         State::setState(G::stateOptions, true, true);
     }
 }
 
-Osp::Base::String** Splash::getSubscriptions() { return G::eventTypesAllStd; }
+Osp::Base::String** Splash::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

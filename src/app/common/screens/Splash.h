@@ -9,6 +9,7 @@ class Splash : public State {
 public:
     /// While the program is paused nothing happens yet: the rest follows when it goes on.
     void onEnter() override;
+
     void onExit() override {}
 
     void onEvent(Event* event) override;
