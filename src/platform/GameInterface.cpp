@@ -1,5 +1,6 @@
 #include "GameInterface.h"
 
+#include "AudioDev.h"
 #include "CanvasGraphics.h"
 #include "G.h"
 #include "Murmelo.h"
@@ -89,6 +90,7 @@ void GameInterface::AppResume() {
     Orm::canvas->showNotify();
     if (!silent) {
         OrmCanvas::silentPopupShown = false;
+        AudioDev::isSilent = false;
         OrmCanvas::showIsSilentPopup = false;
     }
 }

@@ -1,6 +1,7 @@
 #include "ClassList.h"
 
 #include "AppImage.h"
+#include "AudioDev.h"
 #include "Bounded.h"
 #include "Bounds.h"
 #include "Event.h"
@@ -27,6 +28,7 @@ constexpr ClassListEntry entry(const char* name) {
 // screens, for which it needs everything before it.
 constexpr ClassListEntry kEntries[] = {
     entry<AppImage>("AppImage"),
+    entry<AudioDev>("AudioDev"),
     entry<Orm>("Orm"),
     entry<OrmCanvas>("OrmCanvas"),
     entry<Bounded>("Bounded"),
