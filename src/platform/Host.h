@@ -45,13 +45,31 @@ public:
     virtual bool takeChange() = 0;
 };
 
-/// What the application offers to the outside beyond the phone's own callbacks.
+/// Navigation keys for people without a touch screen; the values are the canvas's key codes.
+enum class HostKey : int32_t {
+    kUp = -1,
+    kDown = -2,
+    kLeft = -3,
+    kRight = -4,
+    kMiddle = -5,
+    kLeftSoft = -6,
+    kRightSoft = -7,
+};
+
+/// What the application offers to the outside beyond the phone's own callbacks. A back end uses a
+/// door from pump() and counts the use as a callback delivered.
 class HostDoors {
 public:
     virtual ~HostDoors() = default;
 
     /// Class name of the current screen; empty if there is none.
     virtual std::string screenName() = 0;
+
+    /// Index of the chosen effect.
+    virtual int32_t currentEffect() = 0;
+
+    /// A key pressed and let go. False if there is nobody to take it.
+    virtual bool navigate(HostKey key) = 0;
 };
 
 /// Real folders behind the phone's roots, without a trailing "/". Empty: that root is not mapped.
