@@ -15,6 +15,10 @@ using Osp::Base::String;
 
 namespace {
 
+constexpr int32_t kUnchanged = 256;  // lightness, saturation, opacity
+constexpr int32_t kWhite = 512;      // lightness
+constexpr uint32_t kColourMask = 0xFFFFFF;
+
 /// Whether a rectangle with at least one pixel lies wholly inside the image.
 bool isInside(const AppImage* image, int32_t x, int32_t y, int32_t w, int32_t h) {
     return x >= 0 && y >= 0 && int64_t{x} + w <= image->w && int64_t{y} + h <= image->h;
@@ -39,12 +43,8 @@ PixelBlock blockOf(AppImage* dst,
 
 PixelBlock blockOf(AppImage* dst, int32_t x, int32_t y, int32_t w, int32_t h) {
     assert(isInside(dst, x, y, w, h));
-    return {pixelAt(dst, x, y), dst->w, nullptr, 0, w, h};
+    return {pixelAt(dst, x, y), dst->w, nullptr, dst->w, w, h};
 }
-
-constexpr int32_t kUnchanged = 256;
-constexpr int32_t kWhite = 512;
-constexpr uint32_t kColourMask = 0xFFFFFF;
 
 uint32_t whiteMaskOf(int32_t lightness) {
     return lightness > kUnchanged ? kColourMask : 0;
@@ -154,12 +154,8 @@ void AppImage::set(uint32_t argb) {
 }
 
 void AppImage::set(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
-    if (w < 1 || h < 1) {
-        return;
-    }
-    const PixelBlock block = blockOf(this, x, y, w, h);
-    for (int32_t row = 0; row < h; row++) {
-        std::fill_n(block.dst + block.dstStride * row, w, argb);
+    if (w > 0 && h > 0) {
+        PixelRows::fill(blockOf(this, x, y, w, h), argb);
     }
 }
 

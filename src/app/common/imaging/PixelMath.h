@@ -59,7 +59,7 @@ constexpr uint32_t overPixel(uint32_t d, uint32_t s, uint32_t opacity256) {
 }
 
 /// Source-over of a colour whose pairs the caller has spread out, on d.
-constexpr uint32_t overPixel(uint32_t d, uint32_t agUpper, uint32_t rbUpper, uint32_t k256) {
+constexpr uint32_t overPixelColour(uint32_t d, uint32_t agUpper, uint32_t rbUpper, uint32_t k256) {
     const uint32_t ag = (agUpper + k256 * alphaGreenOf(d)) & kUpperPairMask;
     const uint32_t rb = ((rbUpper + k256 * redBlueOf(d)) >> 8) & kPairMask;
     return ag | rb;

@@ -173,26 +173,36 @@ MURMELO_KERNEL void PixelRows::overWithTint(const PixelBlock& rows, const PixelT
     }
 }
 
-MURMELO_KERNEL void PixelRows::overWithColour(const PixelBlock& block, uint32_t argb) {
-    const int32_t w = block.w;
+MURMELO_KERNEL void PixelRows::overWithColour(const PixelBlock& rows, uint32_t argb) {
+    const PixelBlock block = joinRows(rows);
     const uint32_t k256 = remainder256(argb);
     const uint32_t agUpper = argb & kUpperPairMask;
     const uint32_t rbUpper = (argb & kPairMask) << 8;
     for (int32_t row = 0; row < block.h; row++) {
         uint32_t* dst = block.dst + block.dstStride * row;
-        for (int32_t i = 0; i < w; i++) {
-            dst[i] = overPixel(dst[i], agUpper, rbUpper, k256);
+        for (int32_t i = 0; i < block.w; i++) {
+            dst[i] = overPixelColour(dst[i], agUpper, rbUpper, k256);
         }
     }
 }
 
-MURMELO_KERNEL void PixelRows::overThroughMask(const PixelBlock& block, uint32_t argb) {
-    const int32_t w = block.w;
+MURMELO_KERNEL void PixelRows::overThroughMask(const PixelBlock& rows, uint32_t argb) {
+    const PixelBlock block = joinRows(rows);
     for (int32_t row = 0; row < block.h; row++) {
         uint32_t* dst = block.dst + block.dstStride * row;
         const uint32_t* mask = block.src + block.srcStride * row;
-        for (int32_t i = 0; i < w; i++) {
+        for (int32_t i = 0; i < block.w; i++) {
             dst[i] = overPixel(dst[i], scalePixel(argb, mask[i] >> 24));
+        }
+    }
+}
+
+MURMELO_KERNEL void PixelRows::fill(const PixelBlock& rows, uint32_t argb) {
+    const PixelBlock block = joinRows(rows);
+    for (int32_t row = 0; row < block.h; row++) {
+        uint32_t* dst = block.dst + block.dstStride * row;
+        for (int32_t i = 0; i < block.w; i++) {
+            dst[i] = argb;
         }
     }
 }

@@ -1,7 +1,7 @@
 #include "StrUtils.h"
 
-#include "Arithmetic.h"
 #include "ArrFunc.h"
+#include "Integer.h"
 #include "OspBase.h"
 
 using Osp::Base::String;
@@ -10,15 +10,6 @@ namespace {
 
 bool isDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
-}
-
-/// The digits of text[begin .. end - 1], as Integer::parseInt reads them.
-int32_t parseDigits(const String& text, int32_t begin, int32_t end) {
-    int32_t value = 0;
-    for (int32_t i = begin; i < end; i++) {
-        value = wrapAdd(wrapMul(value, 10), text[i] - u'0');
-    }
-    return value;
 }
 
 }  // namespace
@@ -35,7 +26,8 @@ int32_t StrUtils::parseInts(String* text, int32_t* numbers) {
             i++;
         }
         if (count < length(numbers)) {
-            numbers[count] = parseDigits(*text, begin, i);
+            String digits = text->SubString(begin, i - begin);
+            numbers[count] = Integer::parseInt(&digits);
         }
         count++;
     }

@@ -7,6 +7,7 @@
 
 #include "AbstractPainter.h"
 
+#include <cstddef>
 #include <vector>
 
 class BitMapFont;
