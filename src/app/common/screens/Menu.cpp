@@ -28,7 +28,9 @@ constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kFocusedArgb = 0xA0000000;
 constexpr uint32_t kOpaque = 0xFF000000;
 
-int32_t pitch() { return Menu::rh + kBetweenPx; }
+int32_t pitch() {
+    return Menu::rh + kBetweenPx;
+}
 
 }  // namespace
 
@@ -52,7 +54,9 @@ void Menu::static_ctor() {
     y = 0;
 }
 
-void Menu::static_dtor() { freeEntries(); }
+void Menu::static_dtor() {
+    freeEntries();
+}
 
 void Menu::freeEntries() {
     for (int32_t i = 0; i < length(entries); i++) {
@@ -81,7 +85,9 @@ void Menu::init(const int32_t* ids) {
     }
 }
 
-void Menu::setBgCol(uint32_t argb) { bgCol = argb | kOpaque; }
+void Menu::setBgCol(uint32_t argb) {
+    bgCol = argb | kOpaque;
+}
 
 void Menu::setFocusedStrId(int32_t id) {
     const int32_t* end = strIds + length(strIds);
@@ -117,7 +123,8 @@ void Menu::paint() {
         PaTextLabel* entry = entries[i];
         // The text may have changed its language, and with it its width.
         entry->refresh();
-        Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2, firstY + i * pitch() + kBetweenPx / 2);
+        Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2,
+                       firstY + i * pitch() + kBetweenPx / 2);
         entry->setColour(i == focused ? kFocusedArgb : kWhite);
         entry->paintOn(G::scr, 0, 0, G::scrB, nullptr);
         entry->setColour(kWhite);
@@ -157,7 +164,8 @@ int32_t Menu::rowAt(int32_t px, int32_t py) {
 bool Menu::isOnMiddleKey(int32_t px, int32_t py) {
     const int32_t third = (SkBar::x2 - SkBar::x1 + 1) / 3;
     const int32_t left = SkBar::x1 + third;
-    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 && py <= SkBar::y2;
+    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 &&
+           py <= SkBar::y2;
 }
 
 int32_t Menu::updateByTouch(Event* event) {
