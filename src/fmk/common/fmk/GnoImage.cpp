@@ -71,7 +71,7 @@ GnoImage* GnoImage::createImage(int32_t w, int32_t h) {
     auto* image = new GnoImage();
     image->isMutableFlag = true;
     if (image->allocate(w, h, false)) {
-        std::fill(image->pixels, image->pixels + w * h, uint16_t{0xFFFF});
+        std::fill(image->pixels, image->pixels + ::length(image->pixels), uint16_t{0xFFFF});
     }
     return image;
 }
