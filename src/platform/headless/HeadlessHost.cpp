@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 namespace {
@@ -131,6 +132,11 @@ void HeadlessHost::start(const ScriptCommand& command) {
     case ScriptVerb::kSpeaker:
         startSound(command);
         break;
+    case ScriptVerb::kShotCanvas:
+    case ScriptVerb::kSave:
+    case ScriptVerb::kTake:
+        useDoor(command);
+        break;
     case ScriptVerb::kExpectScreen:
     case ScriptVerb::kExpectFile:
     case ScriptVerb::kExpectNoFile:
@@ -251,6 +257,42 @@ void HeadlessHost::takeShot(const ScriptCommand& command) {
                               HostFrame::kHeightPx)) {
         fail(command, inQuotes(command.text) + " cannot be written");
     }
+}
+
+void HeadlessHost::useDoor(const ScriptCommand& command) {
+    if (doors == nullptr) {
+        fail(command, "the program has no doors yet");
+    } else if (command.verb == ScriptVerb::kShotCanvas) {
+        const std::vector<uint8_t> png = doors->canvasPng();
+        std::ofstream file(command.text, std::ios::binary);
+        file.write(reinterpret_cast<const char*>(png.data()),
+                   static_cast<std::streamsize>(png.size()));
+        if (png.empty() || !file.flush()) {
+            fail(command, inQuotes(command.text) + " cannot be written");
+        }
+    } else if (command.verb == ScriptVerb::kSave) {
+        pending.emplace_back([this, command](HostListener&) {
+            if (!doors->saveSound()) {
+                fail(command, "nothing can be saved on screen " + inQuotes(doors->screenName()));
+            }
+        });
+    } else {
+        useSoundFile(command);
+    }
+}
+
+void HeadlessHost::useSoundFile(const ScriptCommand& command) {
+    std::vector<int16_t> samples;
+    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+    if (!wrong.empty()) {
+        fail(command, wrong);
+        return;
+    }
+    pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {
+        if (!doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {
+            fail(command, "a sound cannot be taken on screen " + inQuotes(doors->screenName()));
+        }
+    });
 }
 
 bool HeadlessHost::soundFileExists(const std::string& name) const {

@@ -76,6 +76,8 @@ private:
     void tapCanvas(int64_t x, int64_t y);
     void swipe(bool left);
     void takeShot(const ScriptCommand& command);
+    void useDoor(const ScriptCommand& command);
+    void useSoundFile(const ScriptCommand& command);
     bool soundFileExists(const std::string& name) const;
     void fail(const ScriptCommand& command, const std::string& message);
 

@@ -8,17 +8,16 @@
 #include "G.h"
 #include "Main.h"
 #include "MessageAndQuit.h"
-#include "Murmelo.h"
 #include "Orm.h"
 #include "OspBase.h"
 #include "PaImage.h"
 #include "PaStretcher.h"
-#include "Process.h"
 #include "Progress.h"
 #include "Res.h"
 #include "SkBar.h"
 #include "Str.h"
 #include "System.h"
+#include "TakeJob.h"
 #include "Wheels.h"
 
 #include <algorithm>
@@ -117,7 +116,7 @@ void Recording::finish(bool keepTake) {
     if (!AudioDev::stopRec()) {
         MessageAndQuit::enter(MessageAndQuit::kNoAudio);
     } else if (keepTake) {
-        processTake();
+        TakeJob::enter();
     } else {
         giveUpTake();
     }
@@ -131,17 +130,6 @@ void Recording::giveUpTake() {
         return;
     }
     State::setState(G::stateOptions, true, true);
-}
-
-void Recording::processTake() {
-    int32_t* samples = Murmelo::loadLastRec8Khz();
-    if (samples == nullptr) {
-        return;  // the message stands already
-    }
-    Main::paintBgAndFx();
-    setEmptyKeys();
-    auto* take = new String(*G::getMrmFolderUri() + *G::uriPartWavRecorded);
-    Process::enter(new Process(samples, G::fxMicPostProc, take, G::statePlay, G::stateOptions));
 }
 
 String** Recording::getSubscriptions() {
