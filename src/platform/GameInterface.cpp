@@ -1,5 +1,6 @@
 #include "GameInterface.h"
 
+#include "AudioDev.h"
 #include "CanvasGraphics.h"
 #include "G.h"
 #include "Murmelo.h"
@@ -7,6 +8,7 @@
 #include "OrmCanvas.h"
 #include "OspGraphics.h"
 #include "OspSystem.h"
+#include "SkBar.h"
 #include "State.h"
 
 #include <cstdlib>
@@ -78,6 +80,7 @@ void GameInterface::AppResume() {
     const bool silent = isSilentMode();
     if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
         if (!OrmCanvas::showIsSilentPopup) {
+            SkBar::save();
             OrmCanvas::silentPopupShown = true;
             OrmCanvas::showIsSilentPopup = true;
         }
@@ -87,9 +90,15 @@ void GameInterface::AppResume() {
         return;  // it still stands: answers are taken only while the scheduler is paused
     }
     Orm::canvas->showNotify();
-    if (!silent) {
-        OrmCanvas::silentPopupShown = false;
+    if (silent) {
+        return;
+    }
+    OrmCanvas::silentPopupShown = false;
+    AudioDev::isSilent = false;
+    if (OrmCanvas::showIsSilentPopup) {
         OrmCanvas::showIsSilentPopup = false;
+        SkBar::restore();
+        SkBar::paint(true);
     }
 }
 

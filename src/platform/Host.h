@@ -7,6 +7,8 @@
 // to say waits for pump().
 #pragma once
 
+#include "HostSound.h"
+
 #include <cstdint>
 #include <string>
 
@@ -118,6 +120,11 @@ public:
     /// A frame was finished (Canvas::Show). Never waits; shows it when the display refreshes next.
     /// Null: the frame is gone, the last picture stays.
     virtual void frameShown(HostFrame* frame) = 0;
+
+    /// Null: a device without ears, or without a voice. The same object every time.
+    virtual HostMicrophone* microphone() { return nullptr; }
+
+    virtual HostSpeaker* speaker() { return nullptr; }
 
     /// The application's doors; null when it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}

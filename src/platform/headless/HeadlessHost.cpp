@@ -1,7 +1,9 @@
 #include "HeadlessHost.h"
 
 #include "PngFile.h"
+#include "SoundFile.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -29,7 +31,9 @@ HeadlessHost::HeadlessHost(HostFolders folders,
                            int64_t clockStartMs)
     : mapped(std::move(folders))
     , script(std::move(script))
-    , nowMs(clockStartMs) {}
+    , nowMs(clockStartMs)
+    , ears([this] { return nowMs; })
+    , voice([this] { return nowMs; }) {}
 
 void HeadlessHost::yielded() {
     // Only who yields again and again waits for time to pass.
@@ -41,6 +45,9 @@ void HeadlessHost::yielded() {
 
 bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     yieldsSincePump = 0;
+    if (status == kOk && (ears.deliver() || voice.deliver())) {
+        return true;
+    }
     if (timeoutMs == 0) {
         framesAtThisTime++;
         if (framesAtThisTime > kMostFramesAtOnce && status == kOk) {
@@ -85,9 +92,20 @@ bool HeadlessHost::waitOver(int64_t timeoutMs) {
         }
         return true;
     }
-    const bool dueBefore = timeoutMs >= 0 && timeoutMs < waitEndMs - nowMs;
-    nowMs = dueBefore ? nowMs + timeoutMs : waitEndMs;
+    const int64_t sleepMs = longestSleep(timeoutMs);
+    const bool dueBefore = sleepMs >= 0 && sleepMs < waitEndMs - nowMs;
+    nowMs = dueBefore ? nowMs + sleepMs : waitEndMs;
     return false;
+}
+
+int64_t HeadlessHost::longestSleep(int64_t timeoutMs) const {
+    int64_t sleepMs = timeoutMs;
+    for (const int64_t dueMs : {ears.dueMs(), voice.dueMs()}) {
+        if (dueMs >= 0 && (sleepMs < 0 || dueMs - nowMs < sleepMs)) {
+            sleepMs = std::max<int64_t>(dueMs - nowMs, 0);
+        }
+    }
+    return sleepMs;
 }
 
 void HeadlessHost::start(const ScriptCommand& command) {
@@ -108,6 +126,10 @@ void HeadlessHost::start(const ScriptCommand& command) {
         break;
     case ScriptVerb::kShot:
         takeShot(command);
+        break;
+    case ScriptVerb::kMic:
+    case ScriptVerb::kSpeaker:
+        startSound(command);
         break;
     case ScriptVerb::kExpectScreen:
     case ScriptVerb::kExpectFile:
@@ -177,6 +199,20 @@ void HeadlessHost::startDevice(const ScriptCommand& command) {
     default:
         failures[command.text] = command.numbers[0];
         break;
+    }
+}
+
+void HeadlessHost::startSound(const ScriptCommand& command) {
+    std::string wrong;
+    if (command.verb == ScriptVerb::kSpeaker) {
+        wrong = voice.openFile(command.text);
+    } else {
+        std::vector<int16_t> samples;
+        wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+        ears.setVoice(std::move(samples));
+    }
+    if (!wrong.empty()) {
+        fail(command, wrong);
     }
 }
 
@@ -273,6 +309,11 @@ void HeadlessHost::fail(const ScriptCommand& command, const std::string& message
 
 int32_t HeadlessHost::finish() {
     ended = true;
+    const std::string wrong = voice.finishFile();
+    if (!wrong.empty() && status == kOk) {
+        failure = wrong;
+        status = kFailed;
+    }
     if (waiting && !awaitedScreen.empty() && status == kOk) {
         fail(script[next - 1],
              "expected screen " + inQuotes(awaitedScreen) + ", the program ended");

@@ -26,6 +26,8 @@ const std::vector<Form>& forms() {
         {"key", ScriptVerb::kKey, "o", {"left", "middle", "right"}},
         {"wait", ScriptVerb::kWait, "n", {}},
         {"until", ScriptVerb::kUntil, "w?", {}},
+        {"mic", ScriptVerb::kMic, "w", {}},
+        {"speaker", ScriptVerb::kSpeaker, "w", {}},
         {"silent", ScriptVerb::kSilent, "o", {"on", "off"}},
         {"storage", ScriptVerb::kStorage, "nn", {}},
         {"background", ScriptVerb::kBackground, "", {}},

@@ -14,6 +14,8 @@ enum class ScriptVerb {
     kKey,
     kWait,
     kUntil,
+    kMic,
+    kSpeaker,
     kSilent,
     kStorage,
     kBackground,
