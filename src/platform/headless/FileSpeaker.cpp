@@ -18,7 +18,6 @@ std::string FileSpeaker::openFile(const std::string& newPath) {
     std::string wrong = finishFile();
     path = newPath;
     collected.clear();
-    heard.clear();
     if (wrong.empty()) {
         wrong = SoundFile::write(path, kRateHz, collected);  // so that a bad place shows at once
     }
@@ -26,12 +25,9 @@ std::string FileSpeaker::openFile(const std::string& newPath) {
 }
 
 std::string FileSpeaker::finishFile() {
-    if (path.empty()) {
-        return "";
-    }
     hearUntilNow();
     keepHeard();
-    return SoundFile::write(path, kRateHz, collected);
+    return path.empty() ? "" : SoundFile::write(path, kRateHz, collected);
 }
 
 int64_t FileSpeaker::dueMs() const {

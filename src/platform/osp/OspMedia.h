@@ -12,11 +12,11 @@
 
 namespace Osp::Media {
 
-enum AudioInputDevice { AUDIO_INPUT_DEVICE_MIC = 0 };
+enum AudioInputDevice : int32_t { AUDIO_INPUT_DEVICE_MIC = 0 };
 
-enum AudioSampleType { AUDIO_TYPE_PCM_S16_LE = 5 };
+enum AudioSampleType : int32_t { AUDIO_TYPE_PCM_S16_LE = 5 };
 
-enum AudioChannelType { AUDIO_CHANNEL_TYPE_MONO = 1 };
+enum AudioChannelType : int32_t { AUDIO_CHANNEL_TYPE_MONO = 1 };
 
 enum AudioInState {
     AUDIOIN_STATE_INITIALIZED = 0,

@@ -93,7 +93,7 @@ bool Murmelo::save8KhzWav(const int32_t* samples, String* path) {
     if (!checkMemCardRemoved() || !checkEnoughSpace()) {
         return false;
     }
-    auto* stream = new FileOutputStream(path);
+    auto* stream = new FileOutputStream(*path);
     const bool saved = WavFile::save8Khz(stream, samples, TempHdrBuf, TempSmpBuf);
     stream->close();
     delete stream;

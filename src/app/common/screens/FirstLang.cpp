@@ -4,6 +4,7 @@
 #include "Menu.h"
 #include "Murmelo.h"
 #include "Orm.h"
+#include "PaStretcher.h"
 #include "Quit.h"
 #include "Res.h"
 #include "SkBar.h"

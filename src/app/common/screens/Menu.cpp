@@ -19,10 +19,11 @@
 
 namespace {
 
-constexpr int32_t kLeftPx = 10;
+constexpr int32_t kLeftPx = 10;  // of the focus bar, and of what a touch meets
 constexpr int32_t kWidthPx = 220;
-constexpr int32_t kMarginPx = 10;        // above the first entry and below the last
-constexpr int32_t kBetweenPx = 12;       // from a row's text to the next one's
+constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
+constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
+constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
 constexpr int32_t kAboveCentrePx = -24;  // as the message box
 constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kFocusedArgb = 0xA0000000;
@@ -96,7 +97,8 @@ void Menu::setFocusedStrId(int32_t id) {
 }
 
 void Menu::placeWindow() {
-    Bounds::set(G::psWndBg, kLeftPx, y, kWidthPx, length(strIds) * pitch() + 2 * kMarginPx);
+    const int32_t height = length(strIds) * pitch() + 2 * kMarginPx;
+    Bounds::set(G::psWndBg, kLeftPx - kFramePx, y, kWidthPx + 2 * kFramePx, height);
 }
 
 void Menu::paintBackground() {

@@ -10,6 +10,7 @@
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspSystem.h"
+#include "PaStretcher.h"
 #include "Quit.h"
 #include "Res.h"
 #include "SkBar.h"

@@ -18,6 +18,9 @@ public:
     void onEvent(Event* event) override;
     Osp::Base::String** getSubscriptions() override;
 
+    /// False while the help text or the language list stands in the menu's place.
+    bool isMenuShown() const { return mode == kMenu; }
+
     static void static_ctor() {}
 
     static void static_dtor() {}

@@ -2,6 +2,7 @@
 
 #include "Arithmetic.h"
 #include "AudioDev.h"
+#include "Bounds.h"
 #include "Event.h"
 #include "FileOps.h"
 #include "G.h"
@@ -11,6 +12,7 @@
 #include "Orm.h"
 #include "OspBase.h"
 #include "PaImage.h"
+#include "PaStretcher.h"
 #include "Res.h"
 #include "Scroller.h"
 #include "SkBar.h"

@@ -2,21 +2,22 @@
 
 #include "Arithmetic.h"
 #include "AudioDev.h"
+#include "Bounds.h"
 #include "Event.h"
 #include "FileOps.h"
 #include "G.h"
 #include "Main.h"
 #include "MessageAndQuit.h"
-#include "Murmelo.h"
 #include "Orm.h"
 #include "OspBase.h"
 #include "PaImage.h"
-#include "Process.h"
+#include "PaStretcher.h"
 #include "Progress.h"
 #include "Res.h"
 #include "SkBar.h"
 #include "Str.h"
 #include "System.h"
+#include "TakeJob.h"
 #include "Wheels.h"
 
 #include <algorithm>
@@ -115,7 +116,7 @@ void Recording::finish(bool keepTake) {
     if (!AudioDev::stopRec()) {
         MessageAndQuit::enter(MessageAndQuit::kNoAudio);
     } else if (keepTake) {
-        processTake();
+        TakeJob::enter();
     } else {
         giveUpTake();
     }
@@ -129,17 +130,6 @@ void Recording::giveUpTake() {
         return;
     }
     State::setState(G::stateOptions, true, true);
-}
-
-void Recording::processTake() {
-    int32_t* samples = Murmelo::loadLastRec8Khz();
-    if (samples == nullptr) {
-        return;  // the message stands already
-    }
-    Main::paintBgAndFx();
-    setEmptyKeys();
-    auto* take = new String(*G::getMrmFolderUri() + *G::uriPartWavRecorded);
-    Process::enter(new Process(samples, G::fxMicPostProc, take, G::statePlay, G::stateOptions));
 }
 
 String** Recording::getSubscriptions() {

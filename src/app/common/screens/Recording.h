@@ -21,7 +21,6 @@ private:
     void paintLight() const;
     static void finish(bool keepTake);
     static void giveUpTake();
-    static void processTake();
 
     int32_t startMs = 0;
     int32_t markMs = 0;

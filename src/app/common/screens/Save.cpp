@@ -59,15 +59,17 @@ void Save::onEnter() {
 
 /// False if there is no free name, or the copy failed.
 bool Save::copyResult() {
-    saved = false;
     String* folder = G::getMrmFolderUri();
     delete name;
     name = FileOps::getNextAvailableName(*folder, "rec_", ".wav");
     if (name == nullptr) {
         return false;
     }
-    saved = FileOps::copy(*folder + *G::uriPartWavProcessed, *folder + *name);
-    return saved;
+    if (!FileOps::copy(*folder + *G::uriPartWavProcessed, *folder + *name)) {
+        return false;
+    }
+    savedCount++;
+    return true;
 }
 
 void Save::onEvent(Event* event) {

@@ -16,8 +16,12 @@ public:
     void onEvent(Event* event) override;
     Osp::Base::String** getSubscriptions() override;
 
-    /// Name of the file saved last, null if none was.
-    const Osp::Base::String* getSavedName() const { return saved ? name : nullptr; }
+    /// How many sounds were saved in this run.
+    int32_t getSavedCount() const { return savedCount; }
+
+    /// Name of the file chosen last; the file of that name is whole once the count has risen. Null
+    /// before the first.
+    const Osp::Base::String* getSavedName() const { return name; }
 
     static void static_ctor();
 
@@ -29,5 +33,5 @@ private:
     bool copyResult();
 
     Osp::Base::String* name = nullptr;  // owned
-    bool saved = false;
+    int32_t savedCount = 0;
 };

@@ -13,6 +13,7 @@
 #include "Res.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 

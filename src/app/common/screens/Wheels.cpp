@@ -1,5 +1,6 @@
 #include "Wheels.h"
 
+#include "Bounds.h"
 #include "G.h"
 #include "Main.h"
 #include "PaImage.h"
