@@ -27,9 +27,10 @@ bool isEmpty(const Rectangle& r) {
 }
 
 /// Two equal pixels for each source pixel, written as whole words.
-void doubleRow(const uint16_t* source, uint16_t* target, int32_t sourcePixels) {
-    for (int32_t i = 0; i < sourcePixels; i++) {
-        const uint32_t pair = source[i] * 0x10001U;
+void doubleRow(const uint16_t* __restrict source, uint16_t* __restrict target, size_t sourcePixels) {
+    for (size_t i = 0; i < sourcePixels; i++) {
+        const uint32_t pixel = source[i];
+        const uint32_t pair = pixel | (pixel << 16);
         std::memcpy(target + 2 * i, &pair, sizeof pair);
     }
 }
@@ -160,7 +161,7 @@ void Canvas::composeRow(uint16_t* row, const uint16_t* rowAbove, int32_t y) cons
     if (alone && kept[first].pixels != nullptr && rowAbove != nullptr &&
         y > kept[first].visible.y && sourceRow(kept[first], y) == sourceRow(kept[first], y - 1)) {
         // The row above was drawn from the same source row, by the same operation.
-        std::memcpy(row, rowAbove, kWidthPx * sizeof(uint16_t));
+        std::copy_n(rowAbove, kept[first].visible.width, row);
         return;
     }
     for (size_t i = first; i < keptCount; i++) {
@@ -189,7 +190,7 @@ void Canvas::drawRow(const Operation& operation, uint16_t* row, int32_t y) {
         static_cast<ptrdiff_t>(sourceRow(operation, y)) * operation.pixelsPerRow;
     const bool whole = visible.x == destination.x && visible.width == destination.width;
     if (whole && destination.width == 2 * source.width) {
-        doubleRow(sourcePixels + source.x, row + visible.x, source.width);
+        doubleRow(sourcePixels + source.x, row + visible.x, static_cast<size_t>(source.width));
         return;
     }
     for (int32_t x = visible.x; x < visible.x + visible.width; x++) {

@@ -98,7 +98,7 @@ bool writeAll(int fd, const char* bytes, size_t count) {
 }
 
 bool copyBytes(int source, int target) {
-    std::array<char, kCopyBytes> bytes;  // filled before it is read
+    std::array<char, kCopyBytes> bytes = {};
     for (;;) {
         const ssize_t count = read(source, bytes.data(), bytes.size());
         if (count == 0) {
