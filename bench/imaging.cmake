@@ -2,9 +2,9 @@
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PIXMAN REQUIRED IMPORTED_TARGET pixman-1)
 
-add_executable(imaging_bench
-    app/common/imaging/Images_bench.cpp)
-target_link_libraries(imaging_bench PRIVATE
-    benchmark::benchmark_main
-    murmelo_imaging
-    PkgConfig::PIXMAN)
+murmelo_bench(imaging_bench
+    SOURCES
+        app/common/imaging/Images_bench.cpp
+    LINK
+        murmelo_imaging
+        PkgConfig::PIXMAN)

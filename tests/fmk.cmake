@@ -16,8 +16,8 @@ murmelo_tests(fmk_tests
         fmk/common/fmk/Hashtable_test.cpp
         fmk/common/fmk/Integer_test.cpp
         fmk/common/fmk/Math_test.cpp
-        fmk/common/fmk/png2native_test.cpp
         fmk/common/fmk/RecordStore_test.cpp
+        fmk/common/fmk/png2native_test.cpp
         fmk/common/fmk/Rgb565_test.cpp
         fmk/common/fmk/Services_test.cpp
         fmk/common/fmk/StringBuffer_test.cpp

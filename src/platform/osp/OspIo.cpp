@@ -215,6 +215,10 @@ result File::Write(const void* buffer, int32_t lengthBytes) {
     return E_SUCCESS;
 }
 
+result File::Write(const Osp::Base::ByteBuffer& buffer) {
+    return Write(buffer.GetPointer() + buffer.GetPosition(), buffer.GetRemaining());
+}
+
 result File::Seek(FileSeekPosition position, int32_t offsetBytes) {
     if (hostFails("File.Seek") || file == nullptr) {
         return E_FAILURE;

@@ -4,7 +4,9 @@
 #include "AppImage.h"
 #include "PixProps.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <cmath>
 #include <cstdint>
 #include <pixman.h>
 
@@ -27,21 +29,27 @@ private:
     uint32_t state = 1;
 };
 
-/// Premultiplied; a third transparent, a third opaque, the rest between, in runs as pictures have.
-void paintMixed(AppImage& image) {
-    Noise noise;
-    uint32_t alpha = 0;
-    for (int32_t i = 0; i < kWidthPx * kHeightPx; i++) {
-        if (noise.next() % 16 == 0) {
-            const uint32_t kind = noise.next() % 3;
-            alpha = kind == 0 ? 0 : (kind == 1 ? 255 : noise.next() & 255);
-        }
-        image.pixels[i] = AppImage::premult(alpha << 24 | (noise.next() & 0xFFFFFF));
-    }
+/// What is blended: every pixel with an alpha of its own, or a round thing with a soft edge in the
+/// middle of nothing, as the pictures of an interface are.
+enum class Kind { kMixed, kPicture };
+
+constexpr double kDiscRadiusPx = 100;
+constexpr double kSoftEdgePx = 4;
+
+uint32_t discAlpha(int32_t x, int32_t y) {
+    const double fromEdge = kDiscRadiusPx - std::hypot(x - kWidthPx / 2, y - kHeightPx / 2);
+    return static_cast<uint32_t>(std::clamp(fromEdge * 255 / kSoftEdgePx, 0.0, 255.0));
 }
 
 struct Pictures {
-    Pictures() { paintMixed(src); }
+    explicit Pictures(Kind kind = Kind::kMixed) {
+        Noise noise;
+        for (int32_t i = 0; i < kWidthPx * kHeightPx; i++) {
+            const uint32_t alpha =
+                kind == Kind::kMixed ? noise.next() & 255 : discAlpha(i % kWidthPx, i / kWidthPx);
+            src.pixels[i] = AppImage::premult(alpha << 24 | (noise.next() & 0xFFFFFF));
+        }
+    }
 
     AppImage dst{kWidthPx, kHeightPx, 0xFF336699u};
     AppImage src{kWidthPx, kHeightPx};
@@ -67,23 +75,23 @@ private:
 
 /// Runs one of our operations again and again.
 template <typename Operation>
-void repeat(benchmark::State& state, Operation operation) {
-    Pictures pictures;
+void repeat(benchmark::State& state, Operation operation, Kind kind = Kind::kMixed) {
+    Pictures pictures(kind);
     for (auto _ : state) {
         operation(pictures);
         benchmark::ClobberMemory();
     }
 }
 
-void pixmanComposite(benchmark::State& state, pixman_op_t op, uint32_t maskAlpha) {
-    Pictures pictures;
+void pixmanOver(benchmark::State& state, Kind kind, int32_t opacity256) {
+    Pictures pictures(kind);
     PixmanImage src(pictures.src);
     PixmanImage dst(pictures.dst);
-    const auto alpha = static_cast<uint16_t>(maskAlpha * 0x101);
-    const pixman_color_t opacity = {0, 0, 0, alpha};
-    pixman_image_t* mask = maskAlpha == 255 ? nullptr : pixman_image_create_solid_fill(&opacity);
+    const pixman_color_t alpha = {0, 0, 0, static_cast<uint16_t>(opacity256 * 0x101)};
+    pixman_image_t* mask = opacity256 == 256 ? nullptr : pixman_image_create_solid_fill(&alpha);
     for (auto _ : state) {
-        pixman_image_composite32(op, src, mask, dst, 0, 0, 0, 0, 0, 0, kWidthPx, kHeightPx);
+        pixman_image_composite32(PIXMAN_OP_OVER, src, mask, dst, 0, 0, 0, 0, 0, 0, kWidthPx,
+                                 kHeightPx);
         benchmark::ClobberMemory();
     }
     if (mask != nullptr) {
@@ -103,21 +111,27 @@ void pixmanColour(benchmark::State& state, pixman_op_t op) {
     pixman_image_unref(colour);
 }
 
+template <Kind kind>
 void over(benchmark::State& state) {
-    repeat(state, [](Pictures& p) { p.dst.blend(&p.src, 0, 0, kWidthPx, kHeightPx, 0, 0); });
+    repeat(
+        state, [](Pictures& p) { p.dst.blend(&p.src, 0, 0, kWidthPx, kHeightPx, 0, 0); }, kind);
 }
 
+template <Kind kind>
 void overPixman(benchmark::State& state) {
-    pixmanComposite(state, PIXMAN_OP_OVER, 255);
+    pixmanOver(state, kind, 256);
 }
 
+template <Kind kind>
 void opacity(benchmark::State& state) {
-    repeat(state,
-           [](Pictures& p) { p.dst.blend(&p.src, 0, 0, kWidthPx, kHeightPx, 0, 0, kOpacity); });
+    repeat(
+        state, [](Pictures& p) { p.dst.blend(&p.src, 0, 0, kWidthPx, kHeightPx, 0, 0, kOpacity); },
+        kind);
 }
 
+template <Kind kind>
 void opacityPixman(benchmark::State& state) {
-    pixmanComposite(state, PIXMAN_OP_OVER, kOpacity);
+    pixmanOver(state, kind, kOpacity);
 }
 
 /// pixman has no such operation.
@@ -159,10 +173,14 @@ void copy(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(over)->Unit(benchmark::kMicrosecond);
-BENCHMARK(overPixman)->Unit(benchmark::kMicrosecond);
-BENCHMARK(opacity)->Unit(benchmark::kMicrosecond);
-BENCHMARK(opacityPixman)->Unit(benchmark::kMicrosecond);
+BENCHMARK(over<Kind::kMixed>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(overPixman<Kind::kMixed>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(over<Kind::kPicture>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(overPixman<Kind::kPicture>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(opacity<Kind::kMixed>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(opacityPixman<Kind::kMixed>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(opacity<Kind::kPicture>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(opacityPixman<Kind::kPicture>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(properties)->Unit(benchmark::kMicrosecond);
 BENCHMARK(colourFill)->Unit(benchmark::kMicrosecond);
 BENCHMARK(colourFillPixman)->Unit(benchmark::kMicrosecond);

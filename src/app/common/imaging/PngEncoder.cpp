@@ -41,14 +41,13 @@ bool PngEncoder::setImageData(const uint32_t* argb, int32_t w, int32_t h) {
     output = nullptr;
     pixels = nullptr;
     position = 0;
-    if (w < 1 || h < 1) {
+    if (w < 1 || h < 1 || int64_t{w} * h > kMaxArrayLength) {
         return false;
     }
     // Rows have a filter byte and blocks a header: tall, narrow images need more than three bytes
     // for each pixel, which reserve() sees to. Here only what an array can count is made sure of.
     const int64_t raw = rawBytes(w, h);
-    const int64_t most = slackBytes + raw + (raw / kBlockBytes + 1) * kBlockHeaderBytes;
-    if (int64_t{w} * h > kMaxArrayLength || most > kMaxArrayLength) {
+    if (slackBytes + raw + (raw / kBlockBytes + 1) * kBlockHeaderBytes > kMaxArrayLength) {
         return false;
     }
     pixels = argb;

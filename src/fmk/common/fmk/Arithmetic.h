@@ -24,15 +24,13 @@ constexpr int32_t wrapShl(int32_t a, int32_t shift) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) << shift);
 }
 
-/// Truncates toward zero; out of range saturates, not-a-number becomes 0.
+/// Truncates toward zero; out of range saturates, not-a-number becomes 0. Three choices of a value
+/// and no jump, so that a loop of conversions becomes vector instructions.
 constexpr int32_t toInt32(double value) {
-    if (value >= 2147483648.0) {
-        return std::numeric_limits<int32_t>::max();
-    }
-    if (value <= -2147483649.0) {
-        return std::numeric_limits<int32_t>::min();
-    }
-    return value == value ? static_cast<int32_t>(value) : 0;
+    const double number = value == value ? value : 0.0;
+    const double fromBelow = number > -2147483648.0 ? number : -2147483648.0;
+    const double inRange = fromBelow < 2147483647.0 ? fromBelow : 2147483647.0;
+    return static_cast<int32_t>(inRange);
 }
 
 /// Truncates toward zero; out of range saturates, not-a-number becomes 0.

@@ -47,6 +47,7 @@ signed char* ByteArrayOutputStream::toByteArray() {
 
 bool ByteArrayOutputStream::makeRoom(int32_t more) {
     if (closed || more <= 0 || more > kMaxArrayLength - count) {
+        failed = failed || more > 0;
         return false;
     }
     const int32_t needed = count + more;

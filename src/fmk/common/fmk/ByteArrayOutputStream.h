@@ -23,6 +23,8 @@ public:
     /// whole.
     void write(signed char* source, int32_t off, int32_t len) override;
 
+    bool hasFailed() override { return failed; }
+
     /// A new counted array of exactly the bytes written; the caller frees it.
     signed char* toByteArray();
 
@@ -39,4 +41,5 @@ private:
     signed char* bytes;  // counted array, its length is the capacity
     int32_t count = 0;
     bool closed = false;
+    bool failed = false;  // a byte was left out
 };

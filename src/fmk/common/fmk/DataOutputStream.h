@@ -21,6 +21,8 @@ public:
 
     void flush() override { out->flush(); }
 
+    bool hasFailed() override { return out->hasFailed(); }
+
     void writeBoolean(bool value);
 
     /// The low 8 bits.

@@ -12,6 +12,7 @@ FileOutputStream::FileOutputStream(const Osp::Base::String& path)
     }
     if (file->Construct(path, "wb+") != E_SUCCESS) {
         file.reset();
+        failed = true;
     }
 }
 
@@ -22,20 +23,20 @@ void FileOutputStream::close() {
 }
 
 void FileOutputStream::write(signed char byte) {
-    if (file != nullptr) {
-        file->Write(&byte, 1);
+    if (file == nullptr || file->Write(&byte, 1) != E_SUCCESS) {
+        failed = true;
     }
 }
 
 void FileOutputStream::write(signed char* bytes, int32_t off, int32_t len) {
     const int32_t count = elementsInRange(bytes, off, len);
-    if (file != nullptr && count > 0) {
-        file->Write(bytes + off, count);
+    if (count > 0 && (file == nullptr || file->Write(bytes + off, count) != E_SUCCESS)) {
+        failed = true;
     }
 }
 
 void FileOutputStream::flush() {
-    if (file != nullptr) {
-        file->Flush();
+    if (file != nullptr && file->Flush() != E_SUCCESS) {
+        failed = true;
     }
 }

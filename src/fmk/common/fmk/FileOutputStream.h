@@ -1,5 +1,5 @@
 // Writes a file from its start; what was there before is gone. If the file cannot be opened,
-// everything written is lost.
+// everything written is lost, and the stream has failed.
 #pragma once
 
 #include "OutputStream.h"
@@ -22,6 +22,9 @@ public:
     void write(signed char* bytes, int32_t off, int32_t len) override;
     void flush() override;
 
+    bool hasFailed() override { return failed; }
+
 private:
+    bool failed = false;                  // a byte was lost
     std::unique_ptr<Osp::Io::File> file;  // null if not open
 };

@@ -16,4 +16,8 @@ public:
     virtual void write(signed char* bytes, int32_t off, int32_t len);
 
     virtual void flush() {}
+
+    /// True once a byte that was to be written was lost. Writing itself reports nothing: who cares
+    /// asks at the end.
+    virtual bool hasFailed() { return false; }
 };

@@ -14,7 +14,6 @@
 namespace {
 
 constexpr unsigned char kSignature[8] = {0x89, 'P', 'N', 'G', 0x0D, 0x0A, 0x1A, 0x0A};
-constexpr int32_t kGrey = 0;
 constexpr int32_t kRgb = 2;
 constexpr int32_t kPalette = 3;
 constexpr int32_t kRgba = 6;

@@ -1,0 +1,51 @@
+// Linear prediction of speech in frames of 20 ms: what the mouth does (a filter of order 10), what
+// the throat does (pitch period, voicing), and the way back to sound.
+//
+// Its working state is class-wide: one voice at a time.
+#pragma once
+
+#include <cstdint>
+
+class Lpc {
+public:
+    static constexpr int32_t kFrameSamples = 160;
+    static constexpr int32_t kOrder = 10;
+    static constexpr int32_t kCoefficients = kOrder + 1;
+    static constexpr int32_t kShortestPeriod = 16;  // samples; 500 Hz
+    static constexpr int32_t kLags = 85;            // the longest has 100 samples; 80 Hz
+
+    static void static_ctor() { init(); }
+
+    static void static_dtor() {}
+
+    /// Forgets the voice before: a fresh delay line, pitch and pulse.
+    static void init();
+
+    /// Analyses a frame of 160 samples into a[0..10]; LAST_PERIOD and LAST_VOICENESS tell its
+    /// pitch. Returns the gain.
+    static float encode(const int32_t* frame, float* a);
+
+    /// r[k], lags 0..10, of the samples' first difference.
+    static void computeAutoCorrelation(const int32_t* x, float* r);
+
+    /// Prediction filter a[0..10] of an autocorrelation; tmp is a work row of 11. Returns the gain.
+    static float computeFilterCoeffs(const float* r, float* a, float* tmp);
+
+    /// Pitch period of a frame in samples; the last one where the frame has none.
+    static int32_t computePeriod(const int32_t* x);
+
+    /// Next sample of the pulse train: a rising ramp of 32 samples, then silence up to the period.
+    static int32_t excitation(int32_t period, int32_t unused);
+
+    /// Runs a frame through the filter, in place. The delay line goes on from frame to frame.
+    static void decode(int32_t* x, const float* a);
+
+    static int32_t LAST_PERIOD;     // samples
+    static int32_t LAST_VOICENESS;  // 0, or 100..1024
+    static int32_t P_CORR[kLags];   // correlation at each lag
+    static float TEMP_R[kCoefficients];
+    static float TEMP_A[kCoefficients];
+    static float DEL_BUF[kOrder];  // the last outputs, a ring
+    static int32_t DEL_OFS;        // where the next output goes
+    static int32_t excOfs;         // samples since the pulse began
+};

@@ -1,0 +1,45 @@
+#include "MeanFilter.h"
+
+#include "Arithmetic.h"
+#include "ArrFunc.h"
+
+#include <cassert>
+
+MeanFilter::MeanFilter(int32_t shift)
+    : shift(shift)
+    , length(1 << shift)
+    , mask(length - 1)
+    , half(length / 2) {
+    assert(shift >= 0 && shift <= 23);  // a counted array holds no longer window
+    ring = newArray<int32_t>(length);
+}
+
+MeanFilter::~MeanFilter() {
+    deleteArrFunc(ring);
+}
+
+inline void MeanFilter::take(int32_t sample) {
+    int32_t& slot = ring[index & mask];
+    sum = wrapAdd(sum, wrapSub(sample, slot));
+    slot = sample;
+}
+
+void MeanFilter::highpass(
+    const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n) {
+    for (int32_t i = 0; i < n; i++) {
+        take(src[srcOff + i]);
+        const int32_t delayed = ring[wrapAdd(index, half) & mask];
+        dst[dstOff + i] = clampToSample(wrapSub(delayed, sum >> shift));
+        index = wrapAdd(index, 1);
+    }
+}
+
+void MeanFilter::lowpass(
+    const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp) {
+    for (int32_t i = 0; i < n; i++) {
+        take(src[srcOff + i]);
+        index = wrapAdd(index, 1);
+        const int32_t mean = sum >> shift;
+        dst[dstOff + i] = clamp ? clampToSample(mean) : mean;
+    }
+}

@@ -1,0 +1,38 @@
+// Running mean over a power-of-two window: takes out rumble (highpass) or hiss (lowpass).
+#pragma once
+
+#include <cstdint>
+
+class MeanFilter {
+public:
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// @param shift  log2 of the window length in samples, 0 to 23 (5: 32 samples, 4 ms at 8 kHz)
+    explicit MeanFilter(int32_t shift);
+    MeanFilter(const MeanFilter&) = delete;
+    MeanFilter& operator=(const MeanFilter&) = delete;
+    virtual ~MeanFilter();
+
+    /// The input half a window ago minus the window's mean, clamped to 16 bits. State carries over,
+    /// so a long take may come in pieces; src may equal dst.
+    virtual void
+    highpass(const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n);
+
+    /// The window's mean, rounded down; clamped to 16 bits only if asked. The delay is not
+    /// compensated.
+    virtual void lowpass(
+        const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp);
+
+private:
+    void take(int32_t sample);
+
+    int32_t shift;
+    int32_t length;  // window, samples
+    int32_t mask;
+    int32_t half;
+    int32_t* ring;      // the last window of samples
+    int32_t index = 0;  // samples taken so far
+    int32_t sum = 0;    // of the ring; |sum| <= 32768 << shift fits up to shift 15, wraps beyond
+};

@@ -1,0 +1,104 @@
+#include "SampleKeep.h"
+
+#include "ArrFunc.h"
+
+#include <cstring>
+
+namespace {
+
+// The sanitizer sees a step over the end of an array only where each array ends with its block.
+#if defined(__has_feature)
+#define MURMELO_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define MURMELO_HAS_FEATURE(feature) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || MURMELO_HAS_FEATURE(address_sanitizer)
+constexpr bool kKeepsArrays = false;
+#else
+constexpr bool kKeepsArrays = true;
+#endif
+
+void setCount(int32_t* samples, int32_t count) {
+    std::memcpy(samples - 1, &count, sizeof count);  // the header word of a counted array
+}
+
+size_t bytesOf(int32_t count) {
+    return static_cast<size_t>(count) * sizeof(int32_t);
+}
+
+}  // namespace
+
+SampleKeep::Slot SampleKeep::slots[kSlots];
+
+int32_t* SampleKeep::take(int32_t count) {
+    int32_t* samples = lend(count);
+    if (samples == nullptr) {
+        return newArray<int32_t>(count);
+    }
+    std::memset(samples, 0, bytesOf(count));
+    return samples;
+}
+
+int32_t* SampleKeep::takeCopy(const int32_t* samples) {
+    const int32_t count = length(samples);
+    int32_t* copy = lend(count);
+    if (copy == nullptr) {
+        copy = newArray<int32_t>(count);
+    }
+    if (count > 0) {
+        std::memcpy(copy, samples, bytesOf(count));
+    }
+    return copy;
+}
+
+void SampleKeep::giveBack(int32_t* samples) {
+    for (Slot& slot : slots) {
+        if (slot.samples != nullptr && slot.samples == samples) {
+            slot.lent = false;
+            return;
+        }
+    }
+    deleteArrFunc(samples);
+}
+
+void SampleKeep::clear() {
+    for (Slot& slot : slots) {
+        if (!slot.lent) {
+            deleteArrFunc(slot.samples);
+            slot = Slot();
+        }
+    }
+}
+
+// An array with stale content and the right count; null where none is to be kept.
+int32_t* SampleKeep::lend(int32_t count) {
+    Slot* slot = kKeepsArrays ? freeSlotFor(count) : nullptr;
+    if (slot == nullptr) {
+        return nullptr;
+    }
+    if (slot->capacity < count || slot->samples == nullptr) {
+        deleteArrFunc(slot->samples);
+        slot->samples = newArray<int32_t>(count);
+        slot->capacity = count;
+    }
+    setCount(slot->samples, count);
+    slot->lent = true;
+    return slot->samples;
+}
+
+// The smallest free array with room; where none has room the smallest of all, to be replaced.
+SampleKeep::Slot* SampleKeep::freeSlotFor(int32_t count) {
+    Slot* best = nullptr;
+    for (Slot& slot : slots) {
+        if (slot.lent) {
+            continue;
+        }
+        const bool smaller = best != nullptr && slot.capacity < best->capacity;
+        const bool hasRoom = slot.capacity >= count;
+        const bool bestHasRoom = best != nullptr && best->capacity >= count;
+        if (best == nullptr || (hasRoom && !bestHasRoom) || (hasRoom == bestHasRoom && smaller)) {
+            best = &slot;
+        }
+    }
+    return best;
+}

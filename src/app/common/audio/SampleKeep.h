@@ -1,0 +1,38 @@
+// Keeps the big sample arrays of finished runs for the next run: fresh memory for 20 seconds of
+// sound costs more time than most effects.
+//
+// Arrays are counted arrays; one that is kept may have room for more samples than its count says.
+// One run is in hand at a time, so a few slots are enough.
+#pragma once
+
+#include <cstdint>
+
+class SampleKeep {
+public:
+    /// A zero-filled array of count samples. It goes back with giveBack.
+    static int32_t* take(int32_t count);
+
+    /// A copy of samples (null: of no samples). It goes back with giveBack.
+    static int32_t* takeCopy(const int32_t* samples);
+
+    /// Takes back any counted array; one that did not come from here is deleted. Null does nothing.
+    static void giveBack(int32_t* samples);
+
+    /// Frees everything that is not in use.
+    static void clear();
+
+private:
+    struct Slot {
+        int32_t* samples = nullptr;
+        int32_t capacity = 0;  // samples
+        bool lent = false;
+    };
+
+    // Source and result of a run, and the grain synthesizer's own copy of the source.
+    static constexpr int32_t kSlots = 3;
+
+    static int32_t* lend(int32_t count);
+    static Slot* freeSlotFor(int32_t count);
+
+    static Slot slots[kSlots];
+};

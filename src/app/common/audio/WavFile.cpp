@@ -1,0 +1,111 @@
+#include "WavFile.h"
+
+#include "ArrFunc.h"
+#include "InputStream.h"
+#include "OutputStream.h"
+#include "WavProps.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace {
+
+constexpr int32_t kSampleBytes = 2;
+
+int32_t sampleAt(const signed char* bytes) {
+    return static_cast<uint8_t>(bytes[0]) | bytes[1] * 256;
+}
+
+/// Reads until count bytes are there or the stream ends; returns how many are there.
+int32_t readUpTo(InputStream* stream, signed char* bytes, int32_t count) {
+    int32_t got = 0;
+    while (got < count) {
+        const int32_t more = stream->read(bytes, got, count - got);
+        if (more <= 0) {
+            break;
+        }
+        got += more;
+    }
+    return got;
+}
+
+/// Reads into target as many samples as it holds, each the mean of so many of the stream; returns
+/// how many the stream had.
+int32_t
+readSamples(InputStream* stream, int32_t samplesPerTarget, int32_t* target, signed char* buffer) {
+    const int32_t stride = kSampleBytes * samplesPerTarget;
+    const int32_t most = length(buffer) / stride;
+    int32_t done = 0;
+    while (done < length(target)) {
+        const int32_t wanted = std::min(most, length(target) - done);
+        const int32_t got = readUpTo(stream, buffer, wanted * stride) / stride;
+        for (int32_t i = 0; i < got; i++) {
+            const signed char* bytes = buffer + i * stride;
+            target[done + i] = samplesPerTarget == 1
+                                   ? sampleAt(bytes)
+                                   : (sampleAt(bytes) + sampleAt(bytes + kSampleBytes)) >> 1;
+        }
+        done += got;
+        if (got < wanted) {
+            break;
+        }
+    }
+    return done;
+}
+
+}  // namespace
+
+int32_t*
+WavFile::loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char* sampleBuffer) {
+    assert(length(headerBuffer) >= WavProps::kHeaderBytes);
+    assert(length(sampleBuffer) >= 2 * kSampleBytes);
+    // The buffer still holds the header of the file before: a short read is no header.
+    if (stream->read(headerBuffer, 0, WavProps::kHeaderBytes) != WavProps::kHeaderBytes) {
+        return nullptr;
+    }
+    const WavProps props(headerBuffer);
+    if (props.getSampleRate() != kRateHz && props.getSampleRate() != kRecordedRateHz) {
+        return nullptr;
+    }
+    const int32_t samplesPerTarget = props.getSampleRate() / kRateHz;
+    // Never more memory than the stream can fill, whatever the header says.
+    const int32_t there = std::max(stream->available(), 0) / kSampleBytes;
+    const int32_t count = std::clamp(props.getSampleCount(), 0, there) / samplesPerTarget;
+    if (count > kMaxArrayLength) {
+        return nullptr;
+    }
+    auto* samples = newArray<int32_t>(count);
+    const int32_t done = readSamples(stream, samplesPerTarget, samples, sampleBuffer);
+    if (done < count) {
+        auto* shorter = newArray<int32_t>(done);
+        std::copy_n(samples, done, shorter);
+        deleteArrFunc(samples);
+        return shorter;
+    }
+    return samples;
+}
+
+bool WavFile::save8Khz(OutputStream* stream,
+                       const int32_t* samples,
+                       signed char* headerBuffer,
+                       signed char* sampleBuffer) {
+    assert(length(headerBuffer) >= WavProps::kHeaderBytes);
+    assert(length(sampleBuffer) >= kSampleBytes);
+    WavProps props(length(samples), kRateHz);
+    props.toByteArray(headerBuffer, 0);
+    stream->write(headerBuffer, 0, WavProps::kHeaderBytes);
+    const int32_t most = length(sampleBuffer) / kSampleBytes;
+    for (int32_t done = 0; done < length(samples);) {
+        const int32_t count = std::min(most, length(samples) - done);
+        for (int32_t i = 0; i < count; i++) {
+            // Deliberate: no clamping. A sample outside 16 bits wraps; the effects limit theirs.
+            const int32_t sample = samples[done + i];
+            sampleBuffer[kSampleBytes * i] = static_cast<signed char>(sample);
+            sampleBuffer[kSampleBytes * i + 1] = static_cast<signed char>(sample >> 8);
+        }
+        stream->write(sampleBuffer, 0, kSampleBytes * count);
+        done += count;
+    }
+    stream->flush();
+    return !stream->hasFailed();
+}

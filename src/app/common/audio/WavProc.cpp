@@ -1,0 +1,174 @@
+#include "WavProc.h"
+
+#include "Arithmetic.h"
+#include "ArrFunc.h"
+#include "Kernels.h"
+#include "SampleKeep.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+constexpr int32_t kOneQ10 = 1024;
+constexpr int32_t kHalfQ10 = 512;
+
+/// Between two neighbours at fractionQ10, rounded; wraps like all sample arithmetic.
+inline int32_t interpolate(int32_t left, int32_t right, int32_t fractionQ10) {
+    const int32_t weighted =
+        wrapAdd(wrapMul(left, kOneQ10 - fractionQ10), wrapMul(right, fractionQ10));
+    return wrapAdd(weighted, kHalfQ10) >> 10;
+}
+
+/// All of src that is touched lies in its array, and |count * stepQ10| in 32 bits.
+MURMELO_KERNEL void
+stretch(const int32_t* src, int32_t stepQ10, int32_t* __restrict dst, int32_t count) {
+    for (int32_t k = 0; k < count; k++) {
+        const int32_t posQ10 = k * stepQ10;
+        const int32_t* at = src + (posQ10 >> 10);
+        dst[k] = interpolate(at[0], at[1], posQ10 & (kOneQ10 - 1));
+    }
+}
+
+/// As stretch, for samples first..last of a target of which only a part lies in its array.
+void stretchAtTheEdge(const int32_t* src,
+                      int64_t from,
+                      int64_t stepQ10,
+                      int32_t* dst,
+                      int64_t dstFrom,
+                      int64_t first,
+                      int64_t last) {
+    const auto sampleAt = [src](int64_t i) { return i >= 0 && i < length(src) ? src[i] : 0; };
+    for (int64_t k = first; k <= last; k++) {
+        const int64_t posQ10 = k * stepQ10;
+        const int64_t i = from + (posQ10 >> 10);
+        dst[dstFrom + k] =
+            interpolate(sampleAt(i), sampleAt(i + 1), static_cast<int32_t>(posQ10 & (kOneQ10 - 1)));
+    }
+}
+
+/// Samples begin..end (excluded) of a fade over fade samples; src[0] and dst[0] are sample begin.
+MURMELO_KERNEL void crossFade(const int32_t* src,
+                              int32_t* __restrict dst,
+                              int32_t fade,
+                              int32_t gainQ15,
+                              int32_t begin,
+                              int32_t end) {
+    for (int32_t k = 0; k < end - begin; k++) {
+        const int32_t i = begin + k;
+        // 16-bit samples fit: 32768 / fade * fade * 32768 < 2^31.
+        const int32_t mix = wrapAdd(wrapMul(src[k], i), wrapMul(dst[k], fade - i));
+        dst[k] = wrapMul(gainQ15, mix) >> 15;
+    }
+}
+
+}  // namespace
+
+void WavProc::static_dtor() {
+    SampleKeep::clear();
+}
+
+WavProc::~WavProc() {
+    SampleKeep::giveBack(source);
+    SampleKeep::giveBack(result);
+}
+
+void WavProc::init(const int32_t* samples, int32_t srate) {
+    lastProgress = 0;
+    // A run that was in hand is forgotten; its arrays serve the new one.
+    SampleKeep::giveBack(source);
+    SampleKeep::giveBack(result);
+    result = nullptr;
+    source = SampleKeep::takeCopy(samples);
+    srateHz = srate;
+    doInit();
+}
+
+int32_t WavProc::process() {
+    if (static_cast<uint32_t>(lastProgress) >= static_cast<uint32_t>(kFinished)) {
+        exc("Call to process() in illegal state!");
+    }
+    const int32_t progress = doProcess();
+    if (progress < lastProgress || progress > kFinished) {
+        exc("Illegal progress returned!");
+    }
+    // An error on the way has ended the run: -1 stays, so that the driver starts it again.
+    if (lastProgress != -1) {
+        lastProgress = progress;
+    }
+    return lastProgress;
+}
+
+int32_t* WavProc::getResult() {
+    int32_t* copy = nullptr;
+    if (result != nullptr) {
+        copy = newArray<int32_t>(length(result));
+        std::copy_n(result, length(result), copy);
+    }
+    cleanUp();
+    return copy;
+}
+
+void WavProc::cleanUp() {
+    lastProgress = -1;
+    doCleanup();
+    SampleKeep::giveBack(source);
+    SampleKeep::giveBack(result);
+    source = nullptr;
+    result = nullptr;
+}
+
+void WavProc::exc(const char* /*message*/) {
+    cleanUp();
+}
+
+void WavProc::exc(Osp::Base::String* /*message*/) {
+    cleanUp();
+}
+
+void WavProc::newResult(int32_t count) {
+    SampleKeep::giveBack(result);
+    result = SampleKeep::take(count);
+}
+
+void WavProc::addCrossFaded(
+    const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t fade, int32_t total) {
+    const int32_t gainQ15 = fade == 0 ? 0 : 32768 / fade;
+    const int32_t begin = std::max({0, -srcOff, -dstOff});
+    const int32_t end = std::min(length(src) - srcOff, length(dst) - dstOff);
+    if (begin >= end) {
+        return;
+    }
+    const int32_t fadeEnd = std::min(fade + 1, end);
+    crossFade(src + srcOff + begin, dst + dstOff + begin, fade, gainQ15, begin, fadeEnd);
+    const int32_t copyBegin = std::max(fade + 1, begin);
+    const int32_t copyEnd = std::min(total, end);
+    if (copyBegin < copyEnd) {
+        std::copy_n(src + srcOff + copyBegin, copyEnd - copyBegin, dst + dstOff + copyBegin);
+    }
+}
+
+void WavProc::copyStretched(
+    const int32_t* src, int32_t from, int32_t to, int32_t* dst, int32_t dstFrom, int32_t dstTo) {
+    // Target samples are counted from dstFrom; first..last of them lie in the array.
+    const int64_t distance = int64_t{dstTo} - dstFrom;
+    const int64_t first = std::max<int64_t>(0, -int64_t{dstFrom});
+    const int64_t last = std::min(distance, int64_t{length(dst)} - 1 - dstFrom);
+    if (first > last) {
+        return;
+    }
+    // A single target sample has no distance to divide by; it takes src[from] as it is.
+    const int64_t stepQ10 = distance == 0 ? 0 : (int64_t{to} - from) * kOneQ10 / distance;
+    const int64_t lastPosQ10 = last * stepQ10;
+    const int64_t lowest = from + std::min<int64_t>(0, lastPosQ10 >> 10);
+    const int64_t highest = from + std::max<int64_t>(0, lastPosQ10 >> 10) + 1;
+    const bool inside = first == 0 && lowest >= 0 && highest < length(src) &&
+                        std::abs(lastPosQ10) < std::numeric_limits<int32_t>::max();
+    if (inside) {
+        stretch(src + from, static_cast<int32_t>(stepQ10), dst + dstFrom,
+                static_cast<int32_t>(last + 1));
+    } else {
+        stretchAtTheEdge(src, from, stepQ10, dst, dstFrom, first, last);
+    }
+}

@@ -1,0 +1,91 @@
+// Base of all sound processors: one array of 8 kHz samples in, another out, worked off in slices so
+// that the screen stays alive.
+//
+// Idle (last progress -1) -> init -> running (0..1023) -> process ... -> finished (1024) ->
+// getResult -> idle. cleanUp ends a run at any time. A processor is made once and run many times.
+#pragma once
+
+#include <cstdint>
+
+namespace Osp::Base {
+class String;
+}
+
+class WavProc {
+public:
+    static constexpr int32_t kFinished = 1024;  // progress of a run whose result is complete
+
+    static void static_ctor() {}
+
+    /// Frees the sample arrays that are kept from run to run.
+    static void static_dtor();
+
+    WavProc() = default;
+    WavProc(const WavProc&) = delete;
+    WavProc& operator=(const WavProc&) = delete;
+    virtual ~WavProc();
+
+    /// Starts a run on a copy of samples (a counted array, the caller's; null is a sound of no
+    /// samples).
+    virtual void init(const int32_t* samples, int32_t srate);
+
+    /// One slice of work. Returns the progress, 0..1024; -1 if an error has ended the run, which
+    /// init starts again.
+    virtual int32_t process();
+
+    /// Ends the run. Returns a copy of the result, which the caller frees with deleteArrFunc; null
+    /// where there is none.
+    virtual int32_t* getResult();
+
+    /// Sets up the buffers and every field of a run; the result is made here.
+    virtual void doInit() = 0;
+
+    /// One slice: the new progress. Also called after an error has cleaned the processor up: then
+    /// source and result are null.
+    virtual int32_t doProcess() = 0;
+
+    /// Frees what doInit made, the result excepted.
+    virtual void doCleanup() = 0;
+
+    virtual int32_t getSrate() { return srateHz; }
+
+    virtual int32_t getLastProgress() { return lastProgress; }
+
+    /// Ends the run, finished or not.
+    virtual void cleanUp();
+
+    /// An internal error: ends the run quietly, the message is dropped.
+    void exc(const char* message);
+    void exc(Osp::Base::String* message);
+
+    /// Fades src in over what dst holds, i samples of fade at sample i, fade included; behind the
+    /// fade copies src up to total samples. What lies outside an array is left out.
+    static void addCrossFaded(const int32_t* src,
+                              int32_t srcOff,
+                              int32_t* dst,
+                              int32_t dstOff,
+                              int32_t fade,
+                              int32_t total);
+
+    /// Does nothing: no effect stretches and adds in one go.
+    static void addStretched(const int32_t* /*src*/,
+                             int32_t /*from*/,
+                             int32_t /*to*/,
+                             int32_t* /*dst*/,
+                             int32_t /*dstFrom*/,
+                             int32_t /*dstTo*/) {}
+
+    /// Resamples src[from..to] onto dst[dstFrom..dstTo], all included, with linear interpolation.
+    /// Samples read outside src are 0, those to be written outside dst are dropped.
+    static void copyStretched(
+        const int32_t* src, int32_t from, int32_t to, int32_t* dst, int32_t dstFrom, int32_t dstTo);
+
+protected:
+    /// Makes the result, count samples of silence.
+    void newResult(int32_t count);
+
+    int32_t* source = nullptr;  // owned
+    int32_t* result = nullptr;  // owned
+    int32_t lastProgress = -1;
+    int32_t srateHz = 0;
+};

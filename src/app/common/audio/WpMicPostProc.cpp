@@ -1,0 +1,152 @@
+#include "WpMicPostProc.h"
+
+#include "Arithmetic.h"
+#include "ArrFunc.h"
+#include "Kernels.h"
+#include "MeanFilter.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+constexpr int32_t kCleaned = 200;   // progress after fades and filter
+constexpr int32_t kLevelled = 300;  // progress after the level curve
+
+// Shorter takes are not faded: two ramps would meet in them.
+constexpr int32_t kLongestUnfadedSamples = 4096;
+constexpr int32_t kFadeSamples = 2048;  // a quarter second: the rustle of the finger on the key
+constexpr int32_t kFadeShift = 12;
+
+constexpr int32_t kMeanShift = 5;  // 32 samples, 4 ms: below 250 Hz the voice gets thinner
+
+constexpr int32_t kLevelShift = 6;  // one level is 64 steps of a sample
+constexpr int32_t kLevelSamples = 1 << kLevelShift;
+constexpr int32_t kTopLevel = 32768 >> kLevelShift;
+
+// What counts as speech, and where it goes. A higher share raises less, a higher noise share
+// swallows soft consonants.
+constexpr double kSpeechShare = 0.992;
+constexpr double kNoiseShare = 0.02;
+constexpr int32_t kNoiseTarget = 500;
+constexpr int32_t kSpeechTarget = 30000;
+constexpr int32_t kTopTarget = 32767;
+
+/// 1 / width as single; infinite for a segment without width.
+float stepOver(int32_t width) {
+    return static_cast<float>(1.0 / width);
+}
+
+/// An entry of the curve at t of the way between two targets.
+int32_t between(int32_t low, int32_t high, float t) {
+    const double share = t;
+    return toInt32(share * high + (1.0 - share) * low);
+}
+
+MURMELO_KERNEL void
+applyCurve(const int32_t* src, const int32_t* curve, int32_t* __restrict dst, int32_t samples) {
+    for (int32_t i = 0; i < samples; i++) {
+        const int32_t sign = src[i] >> 31;        // -1 for negative samples
+        const int32_t magnitude = src[i] ^ sign;  // their complement: -1 lies where 0 does
+        const int32_t level = magnitude >> kLevelShift;
+        const int32_t fraction = magnitude & (kLevelSamples - 1);
+        const int32_t mapped =
+            (curve[level + 1] * fraction + curve[level] * (kLevelSamples - fraction)) >>
+            kLevelShift;
+        dst[i] = (mapped ^ sign) - sign;
+    }
+}
+
+}  // namespace
+
+WpMicPostProc::~WpMicPostProc() {
+    WpMicPostProc::doCleanup();
+}
+
+void WpMicPostProc::doInit() {
+    newResult(length(source));
+    doCleanup();
+    levelTable = newArray<int32_t>(kTopLevel + 1);
+}
+
+int32_t WpMicPostProc::doProcess() {
+    switch (getLastProgress()) {
+    case 0:
+        fadeEdges();
+        removeRumble();
+        return kCleaned;
+    case kCleaned:
+        countLevels();
+        drawCurve(findLevel());
+        applyCurve(source, levelTable, result, length(source));
+        return kLevelled;
+    default:
+        return kFinished;
+    }
+}
+
+void WpMicPostProc::doCleanup() {
+    deleteArrFunc(levelTable);
+    levelTable = nullptr;
+}
+
+// Deliberate: the ramps end just under half gain and the sample behind them has its full gain. The
+// step falls into the breath before the first word.
+void WpMicPostProc::fadeEdges() {
+    const int32_t samples = length(source);
+    if (samples <= kLongestUnfadedSamples) {
+        return;
+    }
+    source[0] = 0;
+    for (int32_t i = 1; i < kFadeSamples; i++) {
+        source[i] = wrapMul(source[i], i) >> kFadeShift;
+        source[samples - i] = wrapMul(source[samples - i], i) >> kFadeShift;
+    }
+}
+
+void WpMicPostProc::removeRumble() {
+    MeanFilter filter(kMeanShift);
+    filter.highpass(source, 0, source, 0, length(source));
+}
+
+void WpMicPostProc::countLevels() {
+    // The filter has clamped every sample to 16 bits.
+    for (int32_t i = 0; i < length(source); i++) {
+        levelTable[std::abs(source[i] >> kLevelShift)]++;
+    }
+}
+
+// The level below which nearly all samples lie.
+int32_t WpMicPostProc::findLevel() const {
+    const int32_t threshold = toInt32(length(source) * kSpeechShare);
+    int32_t level = 0;
+    int32_t count = levelTable[0];
+    // Of a recording without samples no level exceeds the threshold; it has the top one.
+    while (count <= threshold && level < kTopLevel) {
+        level++;
+        count += levelTable[level];
+    }
+    return level;
+}
+
+// Three straight segments: silence to noise, noise to speech, speech to full scale. Later ones
+// overwrite the corners of earlier ones.
+void WpMicPostProc::drawCurve(int32_t level) {
+    const int32_t noise = toInt32(level * kNoiseShare);
+    // A segment without width divides by zero; 0 times infinity is not a number and makes a 0.
+    const float upperStep = stepOver(kTopLevel - level);
+    for (int32_t j = level; j <= kTopLevel; j++) {
+        levelTable[j] =
+            between(kSpeechTarget, kTopTarget, static_cast<float>(j - level) * upperStep);
+    }
+    const float middleStep = stepOver(level - noise);
+    for (int32_t j = noise; j <= level; j++) {
+        levelTable[j] =
+            between(kNoiseTarget, kSpeechTarget, static_cast<float>(j - noise) * middleStep);
+    }
+    const float lowerStep = stepOver(noise);
+    for (int32_t j = 0; j <= noise; j++) {
+        levelTable[j] =
+            toInt32(static_cast<double>(static_cast<float>(j) * lowerStep) * kNoiseTarget);
+    }
+}

@@ -1,0 +1,27 @@
+// Cleans up a fresh recording: fades the clicks of the key away, takes out rumble, pushes quiet
+// noise down and raises speech to nearly full scale.
+#pragma once
+
+#include "WavProc.h"
+
+class WpMicPostProc : public WavProc {
+public:
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    ~WpMicPostProc() override;
+
+    void doInit() override;
+    int32_t doProcess() override;
+    void doCleanup() override;
+
+private:
+    void fadeEdges();
+    void removeRumble();
+    void countLevels();
+    int32_t findLevel() const;
+    void drawCurve(int32_t level);
+
+    int32_t* levelTable = nullptr;  // 513 entries, owned; first a histogram, then the level curve
+};

@@ -1,0 +1,64 @@
+// Takes the voice apart by linear prediction and speaks it again with another throat: at one pitch
+// (the robot), or with the melody of the voice upside down.
+#pragma once
+
+#include "Lpc.h"
+#include "WavProc.h"
+
+#include <vector>
+
+class Rnd;
+
+class WpRobot : public WavProc {
+public:
+    static constexpr int32_t kConstantPitch = 1;
+    static constexpr int32_t kMirroredPitch = 2;
+
+    /// Seeds come from the clock.
+    static void static_ctor() { followClock(); }
+
+    static void static_dtor() {}
+
+    /// The noise of every later run comes from this seed, so that runs can be repeated.
+    static void fixSeed(int32_t seed);
+
+    /// The noise differs from run to run, as the clock does.
+    static void followClock() { seedIsFixed = false; }
+
+    /// @param mode  any other mode than the two above keeps the voice's own pitch
+    explicit WpRobot(int32_t mode);
+    ~WpRobot() override;
+
+    void doInit() override;
+    int32_t doProcess() override;
+    void doCleanup() override;
+
+private:
+    struct Frame {
+        float coefficients[Lpc::kCoefficients];
+        float gain;
+        int32_t period;   // samples
+        int32_t voicing;  // 0, or 100..1024
+    };
+
+    int32_t analyseFrame();
+    int32_t synthesiseFrame();
+    void fillBuffer(const Frame& frame);
+    void fillPeriods(const Frame& frame, int32_t* periods) const;
+
+    static bool seedIsFixed;
+    static int32_t fixedSeed;
+
+    int32_t sampleCount = 0;
+    int32_t frameCount = 0;
+    int32_t frameBuffer[Lpc::kFrameSamples] = {};
+    std::vector<Frame> frames;  // its memory is kept from run to run
+    float periodSum = 0.0F;
+    int32_t voicedCount = 0;
+    float averagePeriod = 0.0F;
+    float previousGain = 0.0F;
+    int32_t previousPeriod = 0;
+    int32_t frameIndex = 0;
+    Rnd* rnd = nullptr;  // owned
+    int32_t mode;
+};

@@ -1,0 +1,58 @@
+#include "AudioSupport.h"
+#include "SampleKeep.h"
+
+#include <gtest/gtest.h>
+
+using audio::Samples;
+
+TEST(SampleKeep, takenArrayIsSilentAndCounted) {
+    int32_t* first = SampleKeep::take(100);
+    std::fill_n(first, 100, 9);
+    SampleKeep::giveBack(first);
+    int32_t* second = SampleKeep::take(60);
+    EXPECT_EQ(Samples(60), audio::toVector(second));
+    SampleKeep::giveBack(second);
+    SampleKeep::clear();
+}
+
+TEST(SampleKeep, copyHasTheSamplesAndTheirCount) {
+    const Samples samples = audio::noise(77, 100);
+    int32_t* large = SampleKeep::take(1000);
+    SampleKeep::giveBack(large);
+    int32_t* copy = SampleKeep::takeCopy(audio::toArray(samples).get());
+    EXPECT_EQ(samples, audio::toVector(copy));
+    SampleKeep::giveBack(copy);
+    copy = SampleKeep::takeCopy(nullptr);
+    EXPECT_EQ(0, length(copy));
+    SampleKeep::giveBack(copy);
+    SampleKeep::clear();
+}
+
+TEST(SampleKeep, moreArraysThanItKeepsAreArraysAllTheSame) {
+    int32_t* arrays[6];
+    for (int32_t i = 0; i < 6; i++) {
+        arrays[i] = SampleKeep::take(10 + i);
+        arrays[i][9] = i;
+    }
+    for (int32_t i = 0; i < 6; i++) {
+        EXPECT_EQ(10 + i, length(arrays[i]));
+        EXPECT_EQ(i, arrays[i][9]);
+        SampleKeep::giveBack(arrays[i]);
+    }
+    SampleKeep::clear();
+}
+
+TEST(SampleKeep, foreignArraysAndNullAreTakenBackToo) {
+    SampleKeep::giveBack(nullptr);
+    SampleKeep::giveBack(newArray<int32_t>(5));  // the leak checker sees that it goes
+    SampleKeep::clear();
+}
+
+TEST(SampleKeep, clearLeavesWhatIsInUse) {
+    int32_t* used = SampleKeep::take(5);
+    SampleKeep::clear();
+    used[4] = 3;
+    EXPECT_EQ(3, used[4]);
+    SampleKeep::giveBack(used);
+    SampleKeep::clear();
+}
