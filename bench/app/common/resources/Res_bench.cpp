@@ -2,6 +2,7 @@
 // that they then take; laying out and painting a text.
 #include "AppImage.h"
 #include "Bounds.h"
+#include "OspBase.h"
 #include "PaTextArea.h"
 #include "Res.h"
 #include "Str.h"
