@@ -2,6 +2,7 @@
 # Which folder may include which is held by tools/check-layers.
 set(MURMELO_INCLUDE_DIRS
     ${CMAKE_SOURCE_DIR}/src/fmk/common/fmk
+    ${CMAKE_SOURCE_DIR}/src/app/common
     ${CMAKE_SOURCE_DIR}/src/app/common/audio
     ${CMAKE_SOURCE_DIR}/src/app/common/imaging
     ${CMAKE_SOURCE_DIR}/src/app/common/frame

@@ -40,3 +40,8 @@ std::string TestFolders::read(const std::string& name) const {
 bool TestFolders::has(const std::string& name) const {
     return fs::exists(path(name));
 }
+
+void TestFolders::remove(const std::string& name) const {
+    std::error_code error;
+    std::filesystem::remove_all(path(name), error);
+}

@@ -25,6 +25,9 @@ public:
 
     bool has(const std::string& name) const;
 
+    /// Removes a file, or a folder with everything in it, if it is there.
+    void remove(const std::string& name) const;
+
 private:
     std::string root;
 };

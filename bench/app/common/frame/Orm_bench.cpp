@@ -1,0 +1,96 @@
+// What the loop costs: pending events, a frame without one, and the display.
+#include "AppImage.h"
+#include "GameInterface.h"
+#include "LoopHost.h"
+#include "Murmelo.h"
+#include "Orm.h"
+#include "OrmCanvas.h"
+#include "OspGraphics.h"
+#include "TestScreen.h"
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <random>
+#include <vector>
+
+namespace {
+
+/// Schedules one event into a list of that length and delivers the first one.
+void scheduleAndDeliver(benchmark::State& state) {
+    LoopHost host;
+    const auto midlet = std::make_unique<Murmelo>();
+    TestScreen screen({Orm::EV_T_UPDATE});
+    Orm::registerListener(&screen);
+    screen.handler = [&screen](Event*) { screen.heard.clear(); };
+    std::mt19937 random(1);
+    for (int64_t i = 0; i < state.range(0); i++) {
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, static_cast<int32_t>(random() % 1000));
+    }
+    for (auto _ : state) {
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, static_cast<int32_t>(random() % 1000));
+        host.nowMs = Orm::firstEvent->time;
+        Orm::canvas->run();
+    }
+}
+
+/// A tick with nothing due, the picture into the bitmap, the operations onto the display's canvas.
+void frameWithoutEvent(benchmark::State& state) {
+    LoopHost host;
+    GameInterface game;
+    Osp::Graphics::Canvas canvas;
+    for (auto _ : state) {
+        game.AppPaint(&canvas);
+        canvas.Show();
+    }
+}
+
+/// The same, looked at: compared with what was shown, and worked out into the display's pixels.
+void frameOnTheDisplay(benchmark::State& state) {
+    LoopHost host;
+    GameInterface game;
+    Osp::Graphics::Canvas canvas;
+    std::vector<uint16_t> display(size_t{480} * 800);
+    uint32_t colour = 0xFF000000;
+    for (auto _ : state) {
+        Orm::getScreen()->set(colour += 0x000808, 100, 100);
+        game.AppPaint(&canvas);
+        canvas.Show();
+        if (host.frame->takeChange()) {
+            host.frame->compose(display.data(), 480 * 2);
+        }
+        benchmark::DoNotOptimize(display.data());
+    }
+}
+
+/// Working out the display's pixels alone.
+void composeTheDisplay(benchmark::State& state) {
+    LoopHost host;
+    GameInterface game;
+    Osp::Graphics::Canvas canvas;
+    std::vector<uint16_t> display(size_t{480} * 800);
+    game.AppPaint(&canvas);
+    canvas.Show();
+    for (auto _ : state) {
+        host.frame->compose(display.data(), 480 * 2);
+        benchmark::DoNotOptimize(display.data());
+    }
+}
+
+/// For comparison: what filling the display's memory costs.
+void fillTheDisplay(benchmark::State& state) {
+    std::vector<uint16_t> display(size_t{480} * 800);
+    for (auto _ : state) {
+        std::fill(display.begin(), display.end(), static_cast<uint16_t>(state.iterations()));
+        benchmark::DoNotOptimize(display.data());
+        benchmark::ClobberMemory();
+    }
+}
+
+}  // namespace
+
+BENCHMARK(scheduleAndDeliver)->Arg(10)->Arg(1000)->Arg(10000);
+BENCHMARK(frameWithoutEvent);
+BENCHMARK(frameOnTheDisplay);
+BENCHMARK(composeTheDisplay);
+BENCHMARK(fillTheDisplay);

@@ -1,0 +1,16 @@
+// Every class with a class initialiser, in the one order in which they run.
+#pragma once
+
+#include <cstdint>
+
+struct ClassListEntry {
+    const char* name;
+    void (*staticCtor)();
+    void (*staticDtor)();
+};
+
+class ClassList {
+public:
+    /// The list; its order is that of the initialisers and of the finalisers.
+    static const ClassListEntry* entries(int32_t& count);
+};

@@ -1,0 +1,50 @@
+// Something that falls due: a name, a second name, a payload and a time, linked into the list of
+// what is pending.
+#pragma once
+
+#include <cstdint>
+
+class GnoObject;
+
+namespace Osp::Base {
+class String;
+}
+
+class Event {
+public:
+    /// Names are identities: pointers to the shared name objects of Orm and G, never compared as
+    /// texts.
+    /// @param payload  not owned; may be a plain word (Payload.h)
+    /// @param time     ms on the clock of System::currentTimeMillis()
+    Event(Osp::Base::String* type, Osp::Base::String* subType, GnoObject* payload, int32_t time);
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+    virtual ~Event();
+
+    virtual void insertBeforeMe(Event* event);
+
+    /// Only for the tail: an old successor's link back is not mended.
+    virtual void insertAfterMe(Event* event);
+
+    /// Leaves the list. Whoever detaches the head moves the head on first.
+    virtual void detachMe();
+
+    /// A new string for eyes; the caller deletes it.
+    virtual Osp::Base::String* toString();
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    Osp::Base::String* type;
+    Osp::Base::String* subType;  // null: none
+    GnoObject* payload;
+    int32_t time;
+    Event* prev;
+    Event* next;
+
+private:
+    void dynamic_ctor();
+    void dynamic_dtor();
+};

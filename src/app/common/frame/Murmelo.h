@@ -1,0 +1,59 @@
+// The application object: chooses the first screen, removes temporary sounds at the end.
+#pragma once
+
+#include "OrmMidlet.h"
+
+#include <cstdint>
+
+namespace Osp::Base {
+class String;
+}
+
+namespace Osp::Graphics {
+class Color;
+}
+
+class Murmelo : public OrmMidlet {
+public:
+    /// The first run asks for the language, every later one goes on to the splash picture.
+    void onInit() override;
+    void onShutDown() override;
+
+    /// Deletes the take and the processed take in the working folder; nothing before the folder is
+    /// named.
+    static void deleteTempFiles();
+
+    /// Always true: the phone's own storage is the only one in use.
+    static bool checkEnoughSpace() { return true; }
+
+    static bool checkMemCardRemoved() { return true; }
+
+    /// A WAV file of 8 or 16 kHz as a new counted array of 8 kHz samples, the caller's; null if
+    /// there is no such sound.
+    static int32_t* loadWavTo8Khz(Osp::Base::String& uri);
+
+    /// Writes samples as an 8 kHz WAV file over whatever lies at the path. False if not every byte
+    /// could be written; nothing is left there then.
+    static bool save8KhzWav(const int32_t* samples, Osp::Base::String* path);
+
+    /// The last recording. Null if there is none that can be read: the fatal message stands on the
+    /// screen then.
+    static int32_t* loadLastRec8Khz();
+
+    /// Colour of the display around the picture, from now on.
+    static void setBkgColor(uint32_t argb);
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static constexpr uint32_t kFirstRunArgb = 0xFF202020;
+    static constexpr uint32_t kLaterRunArgb =
+        0xFF101010;  // a shade darker once the language is known
+
+    static signed char*
+        TempHdrBuf;  // counted array of 44: header of the file being read or written
+    static signed char*
+        TempSmpBuf;  // counted array of 20480: samples on their way to or from a file
+    static Osp::Base::String* msg;
+    static Osp::Graphics::Color* pBkgColor;
+};

@@ -1,0 +1,121 @@
+// The scheduler: what is pending, in time order, and who listens. All of the program's logic runs
+// from here.
+//
+// Event names are identities: one string object for each name, made by the class initialiser here
+// or by G, and compared by address. Two string objects with equal text are different names.
+#pragma once
+
+#include <cstdint>
+
+class AppImage;
+class Bounded;
+class Bounds;
+class Event;
+class GnoObject;
+class InputStream;
+class Listener;
+class OrmCanvas;
+class OrmMidlet;
+class Vector;
+
+namespace Osp::Base {
+class String;
+}
+
+class Orm {
+public:
+    using String = Osp::Base::String;
+
+    /// Pends an event for delivery delayMs from now, behind everything due at the same time.
+    /// @param payload  not owned
+    static void schedEvent(String* type, String* subType, GnoObject* payload, int32_t delayMs);
+
+    /// Removes every pending event of that type and, unless subType is null, of that sub-type.
+    static void unschedule(String* type, String* subType);
+
+    /// Registers once, at the end of the list. Not owned.
+    static void registerListener(Listener* listener);
+    static void unregisterListener(Listener* listener);
+
+    /// Chooses who receives events of that type: in registration order, by their subscriptions of
+    /// this moment.
+    static void setReceivers(String* type);
+
+    /// Delivers to the receivers chosen last; whatever a handler registers or chooses meanwhile,
+    /// the row stays.
+    static void deliverToReceivers(Event* event);
+
+    /// Delivers "SysPause" or "SysResume" at once; on resume, what is pending keeps its remaining
+    /// delay.
+    static void setPaused(bool pause);
+
+    static bool isPaused() { return paused; }
+
+    /// From now on every tick delivers "SysDispose". There is no way back.
+    static void dispose();
+
+    /// Milliseconds until a tick has something to deliver, 0 for now, -1 for nothing.
+    static int64_t msUntilDue();
+
+    /// Ask for a repaint. The whole picture is copied every frame anyway.
+    static void flush();
+    static void flush(int32_t x, int32_t y, int32_t w, int32_t h);
+
+    /// @param area  null: everything
+    static void flush(Bounded* area);
+
+    /// The canvas's 240 x 320 picture, into which all screens paint.
+    static AppImage* getScreen();
+
+    static OrmMidlet* getMidlet() { return midlet; }
+
+    /// Decodes a picture; null if it cannot be. The caller owns it, and the stream.
+    static AppImage* loadImage(InputStream* in);
+
+    /// Keeps nothing: the record store behind it is inert.
+    static void setPersistentMemory(String* name, signed char* data);
+    static signed char* getPersistentMemory(String* name);
+
+    /// Do nothing: a debugging hook, a dialogue that no phone showed, the loop that GEngine runs, a
+    /// picture's file.
+    static void printEvents();
+
+    static void alertAndWait(String* /*title*/, String* /*text*/) {}
+
+    static void mainLoop() {}
+
+    static void dumpToFile(AppImage* /*image*/, String* /*path*/) {}
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static String* EV_T_SYS_PAUSE;
+    static String* EV_T_SYS_RESUME;
+    static String* EV_T_SYS_DISPOSE;
+    static String* EV_T_KEY_PRESS;
+    static String* EV_T_KEY_RELEASE;
+    static String* EV_T_POINTER_RELEASE;
+    static String* EV_T_UPDATE;
+
+    static String* EV_ST_KEY_UP;
+    static String* EV_ST_KEY_DOWN;
+    static String* EV_ST_KEY_LEFT;
+    static String* EV_ST_KEY_RIGHT;
+    static String* EV_ST_KEY_LSK;
+    static String* EV_ST_KEY_MSK;
+    static String* EV_ST_KEY_RSK;
+
+    static Event* firstEvent;  // head of what is pending, sorted by time; owned
+    static Vector* listeners;  // in registration order
+    static Vector* receivers;  // of the event in delivery
+    static Bounds* tb;         // scratch for flush
+    static OrmCanvas* canvas;  // owned
+    static OrmMidlet* midlet;  // set by its own constructor
+    static bool paused;
+    static bool isDisposed;
+    static int32_t pauseMs;  // time of the last pause; after a resume, how long it was
+
+private:
+    static void insertSorted(Event* event);
+    static bool subscribes(Listener* listener, const String* type);
+};

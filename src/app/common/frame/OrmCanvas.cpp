@@ -1,0 +1,230 @@
+#include "OrmCanvas.h"
+
+#include "AppImage.h"
+#include "Arithmetic.h"
+#include "AudioDev.h"
+#include "Event.h"
+#include "G.h"
+#include "GnoGraphics.h"
+#include "Message.h"
+#include "Orm.h"
+#include "Payload.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "Str.h"
+#include "System.h"
+
+using Osp::Base::String;
+
+namespace {
+
+constexpr int32_t kNoPress = -1;
+constexpr int32_t kSwipePx =
+    99;  // a drag longer than this is a key; shorter, and a nervous tap would turn the page
+constexpr int32_t kGreen = 0x80FF00;  // never seen in normal running
+
+String* keyName(int32_t keyCode) {
+    switch (keyCode) {
+    case -1:
+        return Orm::EV_ST_KEY_UP;
+    case -2:
+        return Orm::EV_ST_KEY_DOWN;
+    case -3:
+        return Orm::EV_ST_KEY_LEFT;
+    case -4:
+        return Orm::EV_ST_KEY_RIGHT;
+    case -5:
+        return Orm::EV_ST_KEY_MSK;
+    case -6:
+        return Orm::EV_ST_KEY_LSK;
+    case -7:
+        return Orm::EV_ST_KEY_RSK;
+    default:
+        return nullptr;
+    }
+}
+
+/// x in the high half, y in the low half; a negative y reaches into x, and listeners live with it.
+GnoObject* packedPosition(int32_t x, int32_t y) {
+    return wordToPayload(wrapShl(x, 16) | y);
+}
+
+}  // namespace
+
+bool OrmCanvas::wrongRes;
+bool OrmCanvas::showIsSilentPopup;
+bool OrmCanvas::silentPopupShown;
+bool OrmCanvas::safeToShowIsSilentPopup;
+
+void OrmCanvas::static_ctor() {
+    wrongRes = false;
+    showIsSilentPopup = false;
+    silentPopupShown = false;
+    safeToShowIsSilentPopup = false;
+}
+
+void OrmCanvas::dynamic_ctor() {
+    screen = new AppImage(kWidthPx, kHeightPx);
+    lastX = kNoPress;
+    lastY = kNoPress;
+}
+
+void OrmCanvas::dynamic_dtor() {
+    delete screen;
+    screen = nullptr;
+}
+
+OrmCanvas::OrmCanvas() {
+    dynamic_ctor();
+}
+
+OrmCanvas::~OrmCanvas() {
+    dynamic_dtor();
+}
+
+void OrmCanvas::run() {
+    Event sysDispose(Orm::EV_T_SYS_DISPOSE, nullptr, nullptr, 0);
+    const int32_t now = System::currentTimeMillis();
+    if (Orm::isDisposed) {
+        Orm::setReceivers(Orm::EV_T_SYS_DISPOSE);
+        Orm::deliverToReceivers(&sysDispose);
+    } else if (Orm::isPaused()) {
+        Orm::setReceivers(Orm::EV_T_SYS_PAUSE);  // the pause itself was delivered when it began
+    } else if (Orm::firstEvent != nullptr && Orm::firstEvent->time <= now) {
+        Event* head = Orm::firstEvent;
+        Orm::firstEvent = head->next;
+        head->detachMe();
+        Orm::setReceivers(head->type);
+        Orm::deliverToReceivers(head);
+        delete head;
+    }
+}
+
+void OrmCanvas::paint(GnoGraphics* g) {
+    if (wrongRes) {
+        paintWRMessage(g);
+        return;
+    }
+    if (screen == nullptr) {
+        g->setColor(kGreen);
+        g->fillRect(0, 0, kWidthPx, kHeightPx);
+        return;
+    }
+    if (showIsSilentPopup) {
+        paintSilentPopup(g);
+    } else {
+        copyScreenTo(g);
+    }
+}
+
+/// The question stands over the picture for as long as it is asked, and never in it.
+void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
+    AppImage below(screen);
+    SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
+    SkBar::paint(true);
+    Message::setText(Str::str_SILENT_DEVICE, G::fntMedium);
+    Message::paint();
+    Orm::flush();
+    copyScreenTo(g);
+    screen->set(&below);
+}
+
+void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
+    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+    const int32_t answer = SkBar::update(&release, true);
+    if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {
+        return;
+    }
+    AudioDev::isSilent = answer == Str::str_SK_NO;
+    showIsSilentPopup = false;
+    SkBar::restore();
+    showNotify();
+}
+
+void OrmCanvas::copyScreenTo(GnoGraphics* g) {
+    g->drawRGB(screen->pixels, 0, screen->w, 0, 0, screen->w, screen->h, false);
+}
+
+void OrmCanvas::keyPressed(int32_t keyCode) {
+    if (!Orm::isPaused()) {
+        Orm::schedEvent(Orm::EV_T_KEY_PRESS, keyName(keyCode), nullptr, 0);
+    }
+}
+
+void OrmCanvas::keyReleased(int32_t keyCode) {
+    if (!Orm::isPaused()) {
+        Orm::schedEvent(Orm::EV_T_KEY_RELEASE, keyName(keyCode), nullptr, 0);
+    }
+}
+
+void OrmCanvas::pointerPressed(int32_t x, int32_t y) {
+    lastX = x;
+    lastY = y;
+}
+
+void OrmCanvas::schedSwipe(String* key) {
+    Orm::schedEvent(Orm::EV_T_KEY_PRESS, key, nullptr, 0);
+    Orm::schedEvent(Orm::EV_T_KEY_RELEASE, key, nullptr, 0);
+}
+
+void OrmCanvas::pointerDragged(int32_t x, int32_t /*y*/) {
+    if (Orm::isPaused()) {
+        return;
+    }
+    if (lastX == kNoPress || lastY == kNoPress) {
+        lastX = kNoPress;
+        lastY = kNoPress;
+        return;
+    }
+    if (x - lastX > kSwipePx) {
+        lastX = x;
+        schedSwipe(Orm::EV_ST_KEY_LEFT);
+    }
+    if (x - lastX < -kSwipePx) {
+        lastX = x;
+        schedSwipe(Orm::EV_ST_KEY_RIGHT);
+    }
+}
+
+void OrmCanvas::pointerReleased(int32_t x, int32_t y) {
+    if (!Orm::isPaused()) {
+        lastX = kNoPress;
+        lastY = kNoPress;
+        Orm::schedEvent(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+    } else if (showIsSilentPopup) {
+        lastX = kNoPress;
+        lastY = kNoPress;
+        answerSilentPopup(x, y);
+    }
+}
+
+void OrmCanvas::hideNotify() {
+    Orm::setPaused(true);
+}
+
+void OrmCanvas::showNotify() {
+    if (screen == nullptr) {
+        screen = new AppImage(kWidthPx, kHeightPx);
+        Orm::mainLoop();
+        return;
+    }
+    if (getWidth() > getHeight()) {
+        wrongRes = true;
+        hideNotify();
+        return;
+    }
+    Orm::setPaused(false);
+    repaint();
+}
+
+void OrmCanvas::sizeChanged(int32_t w, int32_t h) {
+    if (w > h) {
+        wrongRes = true;
+        hideNotify();
+        repaint();
+    } else if (Orm::isPaused()) {
+        wrongRes = false;
+        showNotify();
+        repaint();
+    }
+}

@@ -1,0 +1,68 @@
+// The program's one canvas: its 240 x 320 picture, one scheduler tick for each frame, touches
+// turned into events.
+#pragma once
+
+#include "GnoCanvas.h"
+
+#include <cstdint>
+
+class AppImage;
+
+namespace Osp::Base {
+class String;
+}
+
+class OrmCanvas : public GnoCanvas {
+public:
+    static constexpr int32_t kWidthPx = 240;
+    static constexpr int32_t kHeightPx = 320;
+
+    OrmCanvas();
+    ~OrmCanvas() override;
+
+    void hideNotify() override;
+    void showNotify() override;
+
+    /// Key codes -1 to -7: up, down, left, right, middle, left and right soft key. Dropped while
+    /// paused.
+    void keyPressed(int32_t keyCode) override;
+    void keyReleased(int32_t keyCode) override;
+    void paint(GnoGraphics* g) override;
+
+    /// A press alone does nothing but remember its place.
+    void pointerPressed(int32_t x, int32_t y) override;
+
+    /// Each 100 pixels of horizontal travel are one left or right key.
+    void pointerDragged(int32_t x, int32_t y) override;
+    void pointerReleased(int32_t x, int32_t y) override;
+    void sizeChanged(int32_t w, int32_t h) override;
+
+    /// One tick: delivers at most one event, however many are due.
+    virtual void run();
+
+    /// Paints nothing: no phone of this program was ever turned.
+    virtual void paintWRMessage(GnoGraphics* /*g*/) {}
+
+    AppImage* getScreen() const { return screen; }
+
+    static void static_ctor();
+
+    static void static_dtor() {}
+
+    static bool wrongRes;                 // the display is landscape
+    static bool showIsSilentPopup;        // the silent-mode question stands on the screen
+    static bool silentPopupShown;         // it was raised since the last resume that was not silent
+    static bool safeToShowIsSilentPopup;  // a screen has said that it may be raised
+
+private:
+    void dynamic_ctor();
+    void dynamic_dtor();
+    void copyScreenTo(GnoGraphics* g);
+    void paintSilentPopup(GnoGraphics* g);
+    void answerSilentPopup(int32_t x, int32_t y);
+    static void schedSwipe(Osp::Base::String* key);
+
+    AppImage* screen;  // owned
+    int32_t lastX;     // of the press in progress; -1: none
+    int32_t lastY;
+};

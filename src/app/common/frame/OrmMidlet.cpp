@@ -1,0 +1,39 @@
+#include "OrmMidlet.h"
+
+#include "ClassList.h"
+#include "Orm.h"
+
+OrmMidlet::OrmMidlet() {
+    static_ctors();
+    Orm::midlet = this;
+}
+
+OrmMidlet::~OrmMidlet() {
+    static_dtors();
+}
+
+void OrmMidlet::destroyApp(bool unconditional) {
+    if (unconditional) {
+        Orm::dispose();
+    }
+}
+
+void OrmMidlet::pauseApp() {
+    Orm::setPaused(true);
+}
+
+void OrmMidlet::static_ctors() {
+    int32_t count = 0;
+    const ClassListEntry* entries = ClassList::entries(count);
+    for (int32_t i = 0; i < count; i++) {
+        entries[i].staticCtor();
+    }
+}
+
+void OrmMidlet::static_dtors() {
+    int32_t count = 0;
+    const ClassListEntry* entries = ClassList::entries(count);
+    for (int32_t i = 0; i < count; i++) {
+        entries[i].staticDtor();
+    }
+}

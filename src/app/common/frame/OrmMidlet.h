@@ -1,0 +1,28 @@
+// Base of the application object: runs every class's initialiser when it is made and every
+// finaliser when it goes.
+#pragma once
+
+#include "MIDlet.h"
+
+class OrmMidlet : public MIDlet {
+public:
+    OrmMidlet();
+    ~OrmMidlet() override;
+
+    void destroyApp(bool unconditional) override;
+    void pauseApp() override;
+
+    void startApp() override {}
+
+    virtual void onInit() {}
+
+    virtual void onShutDown() {}
+
+    /// All class initialisers, in the fixed order of ClassList.
+    static void static_ctors();
+
+    /// All class finalisers, in that same order.
+    /// Deliberate: not reversed. A class finalised late may not use what an earlier one has
+    /// released.
+    static void static_dtors();
+};

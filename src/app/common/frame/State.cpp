@@ -1,0 +1,26 @@
+#include "State.h"
+
+#include "Orm.h"
+
+#include <cassert>
+
+State* State::currState;
+
+void State::setState(State* next, bool dropKeys, bool dropUpdates) {
+    if (currState != nullptr) {
+        Orm::unregisterListener(
+            currState);  // first: what onExit schedules is not for the old screen
+        currState->onExit();
+    }
+    if (dropKeys) {
+        Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
+        Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    }
+    if (dropUpdates) {
+        Orm::unschedule(Orm::EV_T_UPDATE, nullptr);
+    }
+    assert(next != nullptr);
+    currState = next;
+    Orm::registerListener(next);
+    next->onEnter();
+}

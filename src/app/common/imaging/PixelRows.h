@@ -1,0 +1,43 @@
+// The inner loops of AppImage: rectangles of pixels, rows from left to right.
+//
+// Built for the vectoriser, which does all of them; nothing here checks or clips. Source and
+// destination must not overlap.
+#pragma once
+
+#include <cstdint>
+
+/// One rectangle in a destination image and one of the same size in a source image.
+struct PixelBlock {
+    uint32_t* dst;
+    int32_t dstStride;  // pixels from one row to the next
+    const uint32_t* src;
+    int32_t srcStride;
+    int32_t w;  // px
+    int32_t h;
+};
+
+/// Pixel properties made ready: factors without special cases.
+struct PixelTint {
+    uint32_t whiteMask;      // 0xFFFFFF lightens, 0 darkens
+    uint32_t light256;       // 256 leaves alone
+    uint32_t saturation256;  // 256 leaves alone
+    uint32_t opacity256;     // 256 leaves alone
+};
+
+class PixelRows {
+public:
+    static void over(const PixelBlock& block);
+
+    /// @param opacity256  1..255
+    static void overWithOpacity(const PixelBlock& block, uint32_t opacity256);
+    static void overWithTint(const PixelBlock& block, const PixelTint& tint);
+
+    /// The colour over the destination. Like fill(), it leaves the source alone.
+    static void overWithColour(const PixelBlock& block, uint32_t argb);
+
+    /// The colour through the source's alpha.
+    static void overThroughMask(const PixelBlock& block, uint32_t argb);
+
+    static void fill(const PixelBlock& block, uint32_t argb);
+    static void premult(uint32_t* pixels, int32_t count);
+};

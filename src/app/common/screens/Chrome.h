@@ -1,0 +1,14 @@
+// What the pieces of screen furniture share: text by id, straight onto the screen's picture.
+#pragma once
+
+#include <cstdint>
+
+class Chrome {
+public:
+    /// Draws a text of the table in the current language, cut at the screen's edges; nothing if
+    /// text or font is missing. (x, y) is the top left corner of its ink and line.
+    static void drawText(int32_t strId, int32_t fntId, int32_t x, int32_t y, uint32_t argb);
+
+    /// Width of its ink in pixels, 0 if text or font is missing.
+    static int32_t textWidth(int32_t strId, int32_t fntId);
+};

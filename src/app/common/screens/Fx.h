@@ -1,0 +1,32 @@
+// An effect that the user can choose: its name, its picture, and the processor that applies it.
+#pragma once
+
+#include <cstdint>
+
+class PaImage;
+class WavProc;
+
+namespace Osp::Base {
+class String;
+}
+
+class Fx {
+public:
+    /// @param nameId     text of the effect's name
+    /// @param imagePath  of its picture, whose name carries the place; stays the caller's
+    /// @param processor  owned from now on
+    Fx(int32_t nameId, Osp::Base::String* imagePath, WavProc* processor);
+    Fx(const Fx&) = delete;
+    Fx& operator=(const Fx&) = delete;
+
+    /// Deletes the picture's painter and then the processor.
+    virtual ~Fx();
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    int32_t name;
+    PaImage* image;      // owned
+    WavProc* processor;  // owned
+};

@@ -1,0 +1,85 @@
+#include "Header.h"
+
+#include "Bounds.h"
+#include "Chrome.h"
+#include "Fx.h"
+#include "G.h"
+#include "PaImage.h"
+#include "PixProps.h"
+#include "Res.h"
+
+namespace {
+
+constexpr int32_t kHeightPx = 26;
+constexpr int32_t kHalf256 = 128;
+
+}  // namespace
+
+Bounds* Header::bounds;
+bool Header::arrows;
+bool Header::fxName;
+bool Header::leftP;
+bool Header::rightP;
+int32_t Header::fntFxName;
+uint32_t Header::argb;
+int32_t Header::margx;
+int32_t Header::margyArrows;
+int32_t Header::margyName;
+PixProps* Header::halfOp;
+
+void Header::static_ctor() {
+    bounds = nullptr;
+    halfOp = nullptr;
+    set(false, false, false, false);
+}
+
+void Header::static_dtor() {
+    delete bounds;
+    bounds = nullptr;
+    delete halfOp;
+    halfOp = nullptr;
+}
+
+void Header::init() {
+    delete bounds;
+    bounds = Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), kHeightPx);
+    fntFxName = G::fntMedium;
+    argb = 0xFFFFFFFF;
+    margx = 8;
+    margyArrows = 2;
+    margyName = 6;
+    delete halfOp;
+    halfOp = PixProps::alloc();
+    halfOp->opacity = kHalf256;
+}
+
+void Header::set(bool showArrows, bool showFxName, bool leftPressed, bool rightPressed) {
+    arrows = showArrows;
+    fxName = showFxName;
+    leftP = leftPressed;
+    rightP = rightPressed;
+}
+
+void Header::placeArrows() {
+    const int32_t y = bounds->y + margyArrows;
+    Bounds::setPos(G::piArrowLeftWhite, Bounds::kTop | Bounds::kLeft, bounds->x + margx, y);
+    Bounds::setPos(G::piArrowRightWhite, Bounds::kTop | Bounds::kRight,
+                   bounds->x + bounds->w - margx, y);
+}
+
+void Header::paint(bool withBg) {
+    if (withBg) {
+        G::piBg->paintOn(G::scr, 0, 0, bounds, nullptr);
+    }
+    if (arrows) {
+        placeArrows();
+        G::piArrowLeftWhite->paintOn(G::scr, 0, 0, G::scrB, leftP ? halfOp : nullptr);
+        G::piArrowRightWhite->paintOn(G::scr, 0, 0, G::scrB, rightP ? halfOp : nullptr);
+    }
+    const int32_t nameId = G::fxs[G::getCurrFx()]->name;
+    if (fxName && nameId != Res::Null) {
+        const int32_t x =
+            bounds->x + (bounds->w >> 1) - (Chrome::textWidth(nameId, fntFxName) >> 1);
+        Chrome::drawText(nameId, fntFxName, x, bounds->y + margyName, argb);
+    }
+}

@@ -1,0 +1,37 @@
+// The band along the top of the screen: the effect's name between two arrows.
+#pragma once
+
+#include <cstdint>
+
+class Bounds;
+class PixProps;
+
+class Header {
+public:
+    /// Once, when fonts and pictures exist.
+    static void init();
+
+    /// What to show: the arrows, the name of the current effect, and which arrow is held down.
+    static void set(bool showArrows, bool showFxName, bool leftPressed, bool rightPressed);
+
+    /// @param withBg  first the background picture
+    static void paint(bool withBg);
+
+    /// Puts the arrows at the two ends of the band, where touches look for them.
+    static void placeArrows();
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static Bounds* bounds;  // owned
+    static bool arrows;
+    static bool fxName;
+    static bool leftP;
+    static bool rightP;
+    static int32_t fntFxName;
+    static uint32_t argb;
+    static int32_t margx;
+    static int32_t margyArrows;
+    static int32_t margyName;
+    static PixProps* halfOp;  // of a pressed arrow; owned
+};

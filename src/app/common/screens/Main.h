@@ -1,0 +1,19 @@
+// The background of every screen: the recorder, and the current effect's creature in front of it.
+#pragma once
+
+class Bounded;
+class PixProps;
+
+class Main {
+public:
+    static void paintBg();
+    static void paintBg(Bounded* clip, PixProps* props);
+
+    /// Within the clip.
+    static void paintBgAndFx(Bounded* clip);
+    static void paintBgAndFx();
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+};

@@ -1,0 +1,186 @@
+#include "Menu.h"
+
+#include "AppImage.h"
+#include "ArrFunc.h"
+#include "BitMapFont.h"
+#include "Bounds.h"
+#include "Event.h"
+#include "G.h"
+#include "ImageOps.h"
+#include "Main.h"
+#include "Orm.h"
+#include "PaStretcher.h"
+#include "PaTextLabel.h"
+#include "Payload.h"
+#include "Res.h"
+#include "SkBar.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int32_t kLeftPx = 10;  // of the focus bar, and of what a touch meets
+constexpr int32_t kWidthPx = 220;
+constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
+constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
+constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
+constexpr int32_t kAboveCentrePx = -24;  // as the message box
+constexpr uint32_t kWhite = 0xFFFFFFFF;
+constexpr uint32_t kFocusedArgb = 0xA0000000;
+constexpr uint32_t kOpaque = 0xFF000000;
+
+int32_t pitch() {
+    return Menu::rh + kBetweenPx;
+}
+
+}  // namespace
+
+int32_t Menu::fntId;
+uint32_t Menu::bgCol;
+int32_t Menu::bgImgId;
+PaTextLabel** Menu::entries;
+int32_t* Menu::strIds;
+int32_t Menu::focused;
+int32_t Menu::rh;
+int32_t Menu::y;
+
+void Menu::static_ctor() {
+    fntId = G::fntMedium;
+    bgCol = 0;
+    bgImgId = Res::Null;
+    entries = nullptr;
+    strIds = nullptr;
+    focused = 0;
+    rh = 0;
+    y = 0;
+}
+
+void Menu::static_dtor() {
+    freeEntries();
+}
+
+void Menu::freeEntries() {
+    for (int32_t i = 0; i < length(entries); i++) {
+        delete entries[i];
+    }
+    deleteArrFunc(entries);
+    entries = nullptr;
+    deleteArrFunc(strIds);
+    strIds = nullptr;
+}
+
+void Menu::init(const int32_t* ids) {
+    freeEntries();
+    bgCol = 0;
+    bgImgId = Res::Null;
+    focused = 0;
+    const int32_t count = length(ids);
+    strIds = newArray<int32_t>(count);
+    std::copy(ids, ids + count, strIds);
+    entries = newArray<PaTextLabel*>(count);
+    const BitMapFont* font = Res::getFont(fntId);
+    rh = font != nullptr ? const_cast<BitMapFont*>(font)->getLineHeight() : 0;
+    y = (Bounds::getHeight(G::scrB) - (count * pitch() + 2 * kMarginPx)) / 2 + kAboveCentrePx;
+    for (int32_t i = 0; i < count; i++) {
+        entries[i] = new PaTextLabel(ids[i], fntId, kWhite);
+    }
+}
+
+void Menu::setBgCol(uint32_t argb) {
+    bgCol = argb | kOpaque;
+}
+
+void Menu::setFocusedStrId(int32_t id) {
+    const int32_t* end = strIds + length(strIds);
+    const int32_t* found = std::find(const_cast<const int32_t*>(strIds), end, id);
+    focused = found != end ? static_cast<int32_t>(found - strIds) : 0;
+}
+
+void Menu::placeWindow() {
+    const int32_t height = length(strIds) * pitch() + 2 * kMarginPx;
+    Bounds::set(G::psWndBg, kLeftPx - kFramePx, y, kWidthPx + 2 * kFramePx, height);
+}
+
+void Menu::paintBackground() {
+    Bounds* area = Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), SkBar::y1);
+    AppImage* picture = Res::getImage(bgImgId);
+    if (picture != nullptr) {
+        ImageOps::blend(G::scr, picture, 0, 0, area, nullptr);
+    } else if (bgCol != 0) {
+        ImageOps::blend(G::scr, bgCol, area->x, area->y, area->w, area->h, area, nullptr);
+    } else {
+        Main::paintBgAndFx(G::psWndBg);
+    }
+    area->free();
+}
+
+void Menu::paint() {
+    placeWindow();
+    paintBackground();
+    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    const int32_t firstY = y + kMarginPx;
+    Bounds::set(G::psFocusBar, kLeftPx, firstY + focused * pitch(), kWidthPx, pitch());
+    G::psFocusBar->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    for (int32_t i = 0; i < length(entries); i++) {
+        PaTextLabel* entry = entries[i];
+        // The text may have changed its language, and with it its width.
+        entry->refresh();
+        Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2,
+                       firstY + i * pitch() + kBetweenPx / 2);
+        entry->setColour(i == focused ? kFocusedArgb : kWhite);
+        entry->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+        entry->setColour(kWhite);
+    }
+}
+
+void Menu::moveFocus(int32_t by) {
+    const int32_t count = length(strIds);
+    focused = (focused + by + count) % count;
+    paint();
+    Orm::flush(G::psWndBg);
+}
+
+int32_t Menu::update(Event* event) {
+    if (event->type == Orm::EV_T_POINTER_RELEASE) {
+        return updateByTouch(event);
+    }
+    if (event->type != Orm::EV_T_KEY_PRESS) {
+        return Res::Null;
+    }
+    if (event->subType == Orm::EV_ST_KEY_UP) {
+        moveFocus(-1);
+    } else if (event->subType == Orm::EV_ST_KEY_DOWN) {
+        moveFocus(1);
+    }
+    return event->subType == Orm::EV_ST_KEY_MSK ? getFocusedStrId() : Res::Null;
+}
+
+/// Index of the entry at that point of the screen, -1 if there is none.
+int32_t Menu::rowAt(int32_t px, int32_t py) {
+    const int32_t fromFirst = py - (y + kMarginPx);
+    const bool inside = px >= kLeftPx && px < kLeftPx + kWidthPx && fromFirst >= 0;
+    const int32_t row = inside ? fromFirst / pitch() : -1;
+    return row < length(strIds) ? row : -1;
+}
+
+bool Menu::isOnMiddleKey(int32_t px, int32_t py) {
+    const int32_t third = (SkBar::x2 - SkBar::x1 + 1) / 3;
+    const int32_t left = SkBar::x1 + third;
+    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 &&
+           py <= SkBar::y2;
+}
+
+int32_t Menu::updateByTouch(Event* event) {
+    const int32_t word = payloadToWord(event->payload);
+    const int32_t px = word >> 16;
+    const int32_t py = word & 0xFFFF;
+    if (isOnMiddleKey(px, py)) {
+        return getFocusedStrId();
+    }
+    const int32_t row = rowAt(px, py);
+    if (row < 0) {
+        return Res::Null;
+    }
+    moveFocus(row - focused);
+    return strIds[row];
+}

@@ -1,0 +1,62 @@
+// A list of entries in a glass window, one of which has the focus.
+//
+// Up and down move the focus around both ends; the middle soft key chooses; a touch on an entry
+// focuses and chooses it in one go. An entry is thirty pixels of the canvas high, a comfortable
+// sixty on the display.
+#pragma once
+
+#include <cstdint>
+
+class Bounds;
+class Event;
+class PaTextLabel;
+
+class Menu {
+public:
+    /// Replaces the entries by one label for each string id. Behind the window lies the recorder
+    /// with the current creature, until a colour or a picture is set.
+    /// @param ids  counted array, copied
+    static void init(const int32_t* ids);
+
+    /// A plain colour behind the window; always opaque.
+    static void setBgCol(uint32_t argb);
+
+    static void setBgImg(int32_t id) { bgImgId = id; }
+
+    static int32_t getFocusedIndex() { return focused; }
+
+    static void setFocusedIndex(int32_t index) { focused = index; }
+
+    static int32_t getFocusedStrId() { return strIds[focused]; }
+
+    /// Focuses the first entry with that id, or the first of all.
+    static void setFocusedStrId(int32_t id);
+
+    /// The window and its entries over their background, so that the glass never darkens.
+    static void paint();
+
+    /// Moves the focus and paints, if the event asks for it. @returns the id of the entry chosen,
+    /// or Res::Null
+    static int32_t update(Event* event);
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static int32_t fntId;
+    static uint32_t bgCol;  // 0: none
+    static int32_t bgImgId;
+    static PaTextLabel** entries;  // counted array, owned
+    static int32_t* strIds;        // counted array, owned
+    static int32_t focused;
+    static int32_t rh;  // height of a row's text
+    static int32_t y;   // top of the window
+
+private:
+    static void freeEntries();
+    static void placeWindow();
+    static void paintBackground();
+    static void moveFocus(int32_t by);
+    static int32_t rowAt(int32_t px, int32_t py);
+    static bool isOnMiddleKey(int32_t px, int32_t py);
+    static int32_t updateByTouch(Event* event);
+};

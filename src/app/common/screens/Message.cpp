@@ -1,0 +1,75 @@
+#include "Message.h"
+
+#include "Bounds.h"
+#include "G.h"
+#include "PaStretcher.h"
+#include "PaTextArea.h"
+#include "Res.h"
+
+namespace {
+
+constexpr int32_t kBoxLeftPx = 10;
+constexpr int32_t kBoxTopPx = 70;
+constexpr int32_t kBoxWidthPx = 220;
+constexpr int32_t kTextWidthPx = 180;
+constexpr int32_t kTextHeightPx = 100;  // until the text's own height is known
+constexpr int32_t kAboveCentrePx =
+    -24;  // the box stands a little above the middle, clear of the soft keys
+constexpr int32_t kMarginOfOnePx = 60;
+constexpr int32_t kMarginOfTwoPx = 70;
+constexpr int32_t kHeadTopPx = 30;
+constexpr int32_t kBodyTopPx = 40;  // below the box's top, and the heading
+constexpr uint32_t kWhite = 0xFFFFFFFF;
+constexpr int32_t kTopCentre = Bounds::kTop | Bounds::kCentre;
+
+}  // namespace
+
+PaTextArea* Message::paTxt;
+PaTextArea* Message::paTxt2;
+
+void Message::static_ctor() {
+    paTxt = new PaTextArea();
+    paTxt2 = new PaTextArea();
+}
+
+void Message::static_dtor() {
+    delete paTxt;
+    paTxt = nullptr;
+    delete paTxt2;
+    paTxt2 = nullptr;
+}
+
+int32_t Message::prepare(PaTextArea* area, int32_t textId, int32_t fontId) {
+    area->set(textId, fontId, kWhite, Bounds::kCentre, 0, 0, kTextWidthPx, kTextHeightPx);
+    const int32_t height = area->getTextHeight();
+    Bounds::setHeight(area, height);
+    return height;
+}
+
+void Message::placeBox(int32_t height) {
+    Bounds::set(G::psWndBg, kBoxLeftPx, kBoxTopPx, kBoxWidthPx, height);
+    Bounds::setPos(G::psWndBg, Bounds::kCentre, G::scrB, Bounds::kCentre, 0, kAboveCentrePx);
+}
+
+void Message::setText(int32_t textId, int32_t fontId) {
+    const int32_t height = prepare(paTxt, textId, fontId);
+    placeBox(height + kMarginOfOnePx);
+    Bounds::setPos(paTxt, Bounds::kCentre, G::psWndBg, Bounds::kCentre, 0, 0);
+    paTxt2->setText(Res::Null);
+}
+
+void Message::setText(int32_t headId, int32_t headFont, int32_t bodyId, int32_t bodyFont) {
+    const int32_t headHeight = prepare(paTxt, headId, headFont);
+    const int32_t bodyHeight = prepare(paTxt2, bodyId, bodyFont);
+    placeBox(headHeight + bodyHeight + kMarginOfTwoPx);
+    Bounds::setPos(paTxt, kTopCentre, G::psWndBg, kTopCentre, 0, kHeadTopPx);
+    Bounds::setPos(paTxt2, kTopCentre, G::psWndBg, kTopCentre, 0, headHeight + kBodyTopPx);
+}
+
+void Message::paint() {
+    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    paTxt->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    if (paTxt2->getText() != Res::Null) {
+        paTxt2->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    }
+}

@@ -1,0 +1,28 @@
+// The message box in the middle of the screen: one text, or a heading above a body.
+#pragma once
+
+#include <cstdint>
+
+class PaTextArea;
+
+class Message {
+public:
+    /// One text, centred in a box of its height.
+    static void setText(int32_t textId, int32_t fontId);
+    static void setText(int32_t headId, int32_t headFont, int32_t bodyId, int32_t bodyFont);
+
+    /// The box and its texts. The glass darkens what lies below it: the screen paints its
+    /// background first.
+    static void paint();
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static PaTextArea* paTxt;   // the text, or the heading; owned
+    static PaTextArea* paTxt2;  // the body, Res::Null if there is none; owned
+
+private:
+    /// Lays the text out and gives the area its height. @returns that height
+    static int32_t prepare(PaTextArea* area, int32_t textId, int32_t fontId);
+    static void placeBox(int32_t height);
+};

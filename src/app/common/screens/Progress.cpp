@@ -1,0 +1,79 @@
+#include "Progress.h"
+
+#include "AppImage.h"
+#include "Bounds.h"
+#include "G.h"
+#include "ImageOps.h"
+#include "Orm.h"
+#include "PaStretcher.h"
+#include "PaTextArea.h"
+
+#include <algorithm>
+
+namespace {
+
+// The window stays above the recorder's light, wheels and keys, which move while it stands.
+constexpr int32_t kLeftPx = 10;
+constexpr int32_t kTopPx = 46;
+constexpr int32_t kWidthPx = 220;
+constexpr int32_t kHeightPx = 92;
+constexpr int32_t kCaptionTopPx = kTopPx + 18;
+constexpr int32_t kCaptionWidthPx = 180;
+constexpr int32_t kCaptionHeightPx = 24;
+constexpr int32_t kBarLeftPx = 30;
+constexpr int32_t kBarTopPx = kTopPx + 52;
+constexpr int32_t kBarWidthPx = 180;
+constexpr int32_t kBarHeightPx = 14;
+constexpr int32_t kFullQ10 = 1024;
+
+constexpr uint32_t kWhite = 0xFFFFFFFF;
+constexpr uint32_t kFrameArgb = 0xFFE8E0D0;  // the ivory of the recorder's keys
+constexpr uint32_t kTroughArgb = 0xFF2A2420;
+constexpr uint32_t kFillArgb = 0xFFF08A24;  // and the amber of its light
+constexpr uint32_t kShineArgb = 0xFFFFC06A;
+
+void fill(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
+    if (w > 0 && h > 0) {
+        ImageOps::blend(G::scr, argb, x, y, w, h, G::scrB, nullptr);
+    }
+}
+
+}  // namespace
+
+PaTextArea* Progress::caption;
+Bounds* Progress::bar;
+
+void Progress::static_ctor() {
+    caption = new PaTextArea();
+    bar = Bounds::alloc(kBarLeftPx, kBarTopPx, kBarWidthPx, kBarHeightPx);
+}
+
+void Progress::static_dtor() {
+    delete caption;
+    caption = nullptr;
+    delete bar;
+    bar = nullptr;
+}
+
+void Progress::paintInit(int32_t captionId) {
+    Bounds::set(G::psWndBg, kLeftPx, kTopPx, kWidthPx, kHeightPx);
+    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    const int32_t x = (Bounds::getWidth(G::scrB) - kCaptionWidthPx) / 2;
+    caption->set(captionId, G::fntMedium, kWhite, Bounds::kCentre, x, kCaptionTopPx,
+                 kCaptionWidthPx, kCaptionHeightPx);
+    caption->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    paintProgress(0);
+}
+
+void Progress::paintProgress(int32_t progress) {
+    const int32_t inner = bar->w - 4;
+    const int32_t filled = inner * std::clamp(progress, 0, kFullQ10) / kFullQ10;
+    fill(kFrameArgb, bar->x, bar->y, bar->w, bar->h);
+    fill(kTroughArgb, bar->x + 1, bar->y + 1, bar->w - 2, bar->h - 2);
+    fill(kFillArgb, bar->x + 2, bar->y + 2, filled, bar->h - 4);
+    fill(kShineArgb, bar->x + 2, bar->y + 3, filled, 2);
+}
+
+void Progress::flushProgress() {
+    Orm::flush(bar);
+}

@@ -1,0 +1,24 @@
+// A glass window with a caption and a bar that fills: recording, and working.
+#pragma once
+
+#include <cstdint>
+
+class Bounds;
+class PaTextArea;
+
+class Progress {
+public:
+    /// Paints the window over whatever stands on the screen, the caption, and the bar at 0. The
+    /// screen paints its background first.
+    static void paintInit(int32_t captionId);
+
+    /// Paints the bar alone. @param progress  0 to 1024
+    static void paintProgress(int32_t progress);
+    static void flushProgress();
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static PaTextArea* caption;  // owned
+    static Bounds* bar;          // the trough, owned
+};

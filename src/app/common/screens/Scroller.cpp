@@ -1,0 +1,194 @@
+#include "Scroller.h"
+
+#include "AppImage.h"
+#include "Arithmetic.h"
+#include "ArrFunc.h"
+#include "Bounds.h"
+#include "Fx.h"
+#include "G.h"
+#include "Header.h"
+#include "ImageOps.h"
+#include "Orm.h"
+#include "PaImage.h"
+#include "Res.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+constexpr int32_t kBlurPx =
+    16;  // screen pixels for each strip pixel: the picture is a smear of motion
+constexpr int32_t kStripColumns = 30;  // two screens' worth
+constexpr int32_t kDoneQ10 = 1024;
+constexpr int32_t kSlideMs =
+    180;  // longer, and turning through the effects feels slow; shorter, and nobody sees it
+
+// Where a picture of the screen stands in the strip (in screen pixels), so that the window of half
+// the strip shows it in its own place at the slide's two ends.
+constexpr int32_t kFirstPx = kStripColumns / 8 * kBlurPx;
+constexpr int32_t kSecondPx = (kStripColumns / 3 + kStripColumns / 8) * kBlurPx;
+
+constexpr uint32_t kRbMask = 0x00FF00FF;
+
+/// ((16 - k) * a + k * b) >> 4 in each of the four channels.
+uint32_t mixed(uint32_t a, uint32_t b, uint32_t k) {
+    const uint32_t rb = (((a & kRbMask) * (16 - k) + (b & kRbMask) * k) >> 4) & kRbMask;
+    const uint32_t ag =
+        ((((a >> 8) & kRbMask) * (16 - k) + ((b >> 8) & kRbMask) * k) >> 4) & kRbMask;
+    return rb | (ag << 8);
+}
+
+/// A premultiplied colour over a background pixel.
+uint32_t over(uint32_t colour, uint32_t background) {
+    const uint32_t rest = 256 - (colour >> 24);
+    const uint32_t rb = ((background & kRbMask) * rest >> 8) & kRbMask;
+    const uint32_t ag = (((background >> 8) & kRbMask) * rest) & ~kRbMask;
+    return colour + (rb | ag);
+}
+
+}  // namespace
+
+Bounds* Scroller::bounds;
+int32_t Scroller::scrollImgId;
+bool Scroller::left;
+int32_t Scroller::cFxIndex;
+int32_t Scroller::nFxIndex;
+int32_t Scroller::numFxs;
+int32_t Scroller::slideStartMs;
+bool Scroller::sliding;
+
+void Scroller::static_ctor() {
+    bounds = nullptr;
+    scrollImgId = Res::Null;
+    left = false;
+    cFxIndex = 0;
+    nFxIndex = 0;
+    numFxs = 0;
+    slideStartMs = 0;
+    sliding = false;
+}
+
+void Scroller::static_dtor() {
+    delete bounds;
+    bounds = nullptr;
+}
+
+void Scroller::init() {
+    numFxs = length(G::fxs);
+    coverEffects();
+    scrollImgId = Res::addImage(kStripColumns, std::max(bounds->h, 1));
+}
+
+/// The strip covers the rows of every effect's picture.
+void Scroller::coverEffects() {
+    delete bounds;
+    bounds = Bounds::alloc();
+    for (int32_t i = 0; i < numFxs; i++) {
+        if (Bounds::isValid(G::fxs[i]->image)) {
+            Bounds::union_(bounds, G::fxs[i]->image);
+        }
+    }
+    Bounds::setX(bounds, 0);
+    Bounds::setWidth(bounds, Bounds::getWidth(G::scrB));
+}
+
+void Scroller::copyPicture(int32_t fxIndex, int32_t atPx) {
+    PaImage* painter = G::fxs[fxIndex]->image;
+    AppImage* picture = Res::getImage(painter->getImage());
+    if (picture != nullptr) {
+        AppImage* strip = Res::getImage(scrollImgId);
+        ImageOps::copyWidth16To1(picture, strip, atPx + painter->getX(),
+                                 painter->getY() - bounds->y);
+    }
+}
+
+void Scroller::initScroll(bool toTheLeft) {
+    left = toTheLeft;
+    cFxIndex = G::getCurrFx();
+    nFxIndex = (cFxIndex + (left ? numFxs - 1 : 1)) % numFxs;
+    Res::getImage(scrollImgId)->set(0U);
+    copyPicture(left ? nFxIndex : cFxIndex, kFirstPx);
+    copyPicture(left ? cFxIndex : nFxIndex, kSecondPx);
+}
+
+void Scroller::paintHeader() {
+    Header::paint(true);
+    Orm::flush(Header::bounds);
+}
+
+void Scroller::scroll(bool toTheLeft) {
+    initScroll(toTheLeft);
+    Header::set(true, true, left, !left);
+    paintHeader();
+    for (const int32_t progress : {0, kDoneQ10 / 2, kDoneQ10}) {
+        paint(true, progress);
+        Orm::flush(bounds);
+    }
+    G::setCurrFx(nFxIndex);
+    Header::set(true, true, false, false);
+    paintHeader();
+    paint(true);
+    Orm::flush(bounds);
+}
+
+void Scroller::paint(bool withBg) {
+    if (withBg) {
+        G::piBg->paintOn(G::scr, 0, 0, bounds, nullptr);
+    }
+    G::fxs[G::getCurrFx()]->image->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+}
+
+void Scroller::paint(bool withBg, int32_t progress) {
+    if (withBg) {
+        G::piBg->paintOn(G::scr, 0, 0, bounds, nullptr);
+    }
+    const int32_t p = left ? kDoneQ10 - progress : progress;
+    const AppImage* strip = Res::getImage(scrollImgId);
+    const int32_t firstColumn = ((strip->w / 3) * p >> 10) + strip->w / 8;
+    for (int32_t row = 0; row < bounds->h; row++) {
+        expandRow(strip, row, firstColumn);
+    }
+    G::piMicOverlay->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    G::piWheelsOverlay->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+}
+
+void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn) {
+    const AppImage* picture = Res::getImage(G::piBg->getImage());
+    const bool pictureFits =
+        picture != nullptr && picture->w == G::scr->w && picture->h == G::scr->h;
+    const ptrdiff_t start = static_cast<ptrdiff_t>(bounds->y + row) * G::scr->w;
+    const uint32_t* below = (pictureFits ? picture->pixels : G::scr->pixels) + start;
+    uint32_t* target = G::scr->pixels + start;
+    const uint32_t* columns = strip->pixels + static_cast<ptrdiff_t>(row) * strip->w + firstColumn;
+    const int32_t shown = std::min(strip->w / 2, G::scr->w / kBlurPx);
+    for (int32_t column = 0; column < shown; column++) {
+        for (int32_t k = 0; k < kBlurPx; k++) {
+            const uint32_t colour =
+                mixed(columns[column], columns[column + 1], static_cast<uint32_t>(k));
+            target[column * kBlurPx + k] = over(colour, below[column * kBlurPx + k]);
+        }
+    }
+}
+
+void Scroller::startSlide(int32_t nowMs) {
+    slideStartMs = nowMs;
+    sliding = true;
+    paint(true, 0);
+    Orm::flush(bounds);
+}
+
+bool Scroller::slide(int32_t nowMs) {
+    const int32_t elapsedMs = wrapSub(nowMs, slideStartMs);
+    if (!sliding || elapsedMs >= kSlideMs || elapsedMs < 0) {
+        if (sliding) {
+            sliding = false;
+            paint(true);
+            Orm::flush(bounds);
+        }
+        return false;
+    }
+    paint(true, elapsedMs * kDoneQ10 / kSlideMs);
+    Orm::flush(bounds);
+    return true;
+}

@@ -1,0 +1,56 @@
+// The strip in which the effects' creatures stand, and slide when the user turns to the next one.
+//
+// What the user sees of a slide: scroll() paints its three positions at once, which no display
+// shows, and chooses the effect. Then startSlide() and slide() play it again for the eye, a frame
+// for each "Update" of the screen, without a wait anywhere; the last frame is the sharp picture,
+// and any key or touch meets a program that has long arrived.
+#pragma once
+
+#include <cstdint>
+
+class AppImage;
+class Bounds;
+
+class Scroller {
+public:
+    /// Once, when the effects exist.
+    static void init();
+
+    /// Prepares a slide from the current effect to the one before it (left) or after it, around
+    /// both ends.
+    static void initScroll(bool left);
+
+    /// Turns to the previous (left) or the next effect.
+    static void scroll(bool left);
+
+    /// The current effect's picture.
+    static void paint(bool withBg);
+
+    /// One frame of the slide prepared last. @param progress  0 to 1024
+    static void paint(bool withBg, int32_t progress);
+
+    /// Begins to show the slide that scroll() has just made.
+    static void startSlide(int32_t nowMs);
+
+    /// Paints where the slide is by now. @returns false once the sharp picture stands
+    static bool slide(int32_t nowMs);
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static Bounds* bounds;       // the strip on the screen; owned
+    static int32_t scrollImgId;  // the two pictures, each pixel as wide as sixteen
+    static bool left;            // direction of the current slide
+    static int32_t cFxIndex;     // from
+    static int32_t nFxIndex;     // to
+    static int32_t numFxs;
+
+private:
+    static void coverEffects();
+    static void copyPicture(int32_t fxIndex, int32_t atPx);
+    static void expandRow(const AppImage* strip, int32_t row, int32_t firstColumn);
+    static void paintHeader();
+
+    static int32_t slideStartMs;
+    static bool sliding;
+};

@@ -1,0 +1,197 @@
+#include "SkBar.h"
+
+#include "BitMapFont.h"
+#include "Bounds.h"
+#include "Chrome.h"
+#include "Event.h"
+#include "G.h"
+#include "Message.h"
+#include "Orm.h"
+#include "OspBase.h"
+#include "PaImage.h"
+#include "PaStretcher.h"
+#include "PaTextArea.h"
+#include "Payload.h"
+#include "Res.h"
+
+#include <utility>
+
+using Osp::Base::String;
+
+int32_t SkBar::strLsk;
+int32_t SkBar::strMsk;
+int32_t SkBar::strRsk;
+int32_t SkBar::s_strLsk;
+int32_t SkBar::s_strMsk;
+int32_t SkBar::s_strRsk;
+PaTextArea* SkBar::s_paTxt;
+PaTextArea* SkBar::s_paTxt2;
+PaStretcher* SkBar::s_psWndBg;
+int32_t SkBar::fntSides;
+int32_t SkBar::fntCenter;
+int32_t SkBar::margx;
+int32_t SkBar::margy;
+int32_t SkBar::yOfsSides;
+int32_t SkBar::yOfsCenter;
+uint32_t SkBar::argb;
+uint32_t SkBar::argbPressed;
+String* SkBar::pressed;
+int32_t SkBar::x1;
+int32_t SkBar::y1;
+int32_t SkBar::x2;
+int32_t SkBar::y2;
+
+void SkBar::static_ctor() {
+    strLsk = strMsk = strRsk = Res::Null;
+    s_strLsk = s_strMsk = s_strRsk = Res::Null;
+    s_paTxt = nullptr;
+    s_paTxt2 = nullptr;
+    s_psWndBg = nullptr;
+    pressed = nullptr;
+}
+
+void SkBar::static_dtor() {
+    // A question that still stands leaves the painters of the screen below it here.
+    delete s_paTxt;
+    s_paTxt = nullptr;
+    delete s_paTxt2;
+    s_paTxt2 = nullptr;
+    delete s_psWndBg;
+    s_psWndBg = nullptr;
+}
+
+void SkBar::init() {
+    Bounds::setSize(G::psSkBg, Bounds::getWidth(G::scrB), kHeightPx);
+    Bounds::setPos(G::psSkBg, Bounds::kBottom | Bounds::kLeft, 0, Bounds::getHeight(G::scrB) - 1);
+    fntSides = G::fntSmall;
+    fntCenter = G::fntMedium;
+    margx = 8;
+    margy = 6;
+    yOfsSides = 4;
+    yOfsCenter = 2;
+    argb = 0xFFFFFFFF;
+    argbPressed = 0x80808080;
+    Bounds* bar = Bounds::alloc(static_cast<Bounded*>(G::psSkBg));
+    x1 = bar->getLeft();
+    y1 = bar->getTop();
+    x2 = bar->getRight();
+    y2 = bar->getBottom();
+    bar->free();
+}
+
+void SkBar::setStr(int32_t lsk, int32_t msk, int32_t rsk) {
+    strLsk = lsk;
+    strMsk = msk;
+    strRsk = rsk;
+    pressed = nullptr;
+}
+
+void SkBar::save() {
+    if (s_psWndBg != nullptr) {
+        return;
+    }
+    s_strLsk = strLsk;
+    s_strMsk = strMsk;
+    s_strRsk = strRsk;
+    s_paTxt = std::exchange(Message::paTxt, new PaTextArea());
+    s_paTxt2 = std::exchange(Message::paTxt2, new PaTextArea());
+    s_psWndBg = std::exchange(G::psWndBg, new PaStretcher());
+    String window("/Res/menu_bg_x16y16.png");
+    G::psWndBg->set(&window, true, false);
+}
+
+void SkBar::restore() {
+    if (s_psWndBg == nullptr) {
+        return;
+    }
+    delete std::exchange(Message::paTxt, std::exchange(s_paTxt, nullptr));
+    delete std::exchange(Message::paTxt2, std::exchange(s_paTxt2, nullptr));
+    delete std::exchange(G::psWndBg, std::exchange(s_psWndBg, nullptr));
+    setStr(s_strLsk, s_strMsk, s_strRsk);
+}
+
+void SkBar::paint(bool withBg) {
+    if (withBg) {
+        G::piBg->paintOn(G::scr, 0, 0, G::psSkBg, nullptr);
+    }
+    G::psSkBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    const int32_t ySides = y1 + margy + yOfsSides;
+    if (strLsk != Res::Null) {
+        const uint32_t colour = pressed == Orm::EV_ST_KEY_LSK ? argbPressed : argb;
+        Chrome::drawText(strLsk, fntSides, x1 + margx, ySides, colour);
+    }
+    if (strRsk != Res::Null) {
+        const uint32_t colour = pressed == Orm::EV_ST_KEY_RSK ? argbPressed : argb;
+        Chrome::drawText(strRsk, fntSides, x2 - margx - Chrome::textWidth(strRsk, fntSides), ySides,
+                         colour);
+    }
+    if (strMsk != Res::Null) {
+        const uint32_t colour = pressed == Orm::EV_ST_KEY_MSK ? argbPressed : argb;
+        const int32_t x = ((x1 + x2) >> 1) - (Chrome::textWidth(strMsk, fntCenter) >> 1);
+        Chrome::drawText(strMsk, fntCenter, x, y1 + margy + yOfsCenter, colour);
+    }
+}
+
+int32_t SkBar::update(Event* event, bool repaint) {
+    const int32_t chosen = choose(event);
+    if (repaint) {
+        paint(true);
+        Orm::flush(G::psSkBg);
+    }
+    return chosen;
+}
+
+int32_t SkBar::choose(Event* event) {
+    if (event->type == Orm::EV_T_KEY_PRESS) {
+        return chooseByKey(event);
+    }
+    if (event->type == Orm::EV_T_POINTER_RELEASE) {
+        return chooseByTouch(event);
+    }
+    const bool softKey = event->subType == Orm::EV_ST_KEY_LSK ||
+                         event->subType == Orm::EV_ST_KEY_MSK ||
+                         event->subType == Orm::EV_ST_KEY_RSK;
+    if (event->type == Orm::EV_T_KEY_RELEASE && softKey) {
+        pressed = nullptr;
+    }
+    return Res::Null;
+}
+
+int32_t SkBar::chooseByKey(Event* event) {
+    int32_t label = Res::Null;
+    if (event->subType == Orm::EV_ST_KEY_LSK) {
+        label = strLsk;
+    } else if (event->subType == Orm::EV_ST_KEY_MSK) {
+        label = strMsk;
+    } else if (event->subType == Orm::EV_ST_KEY_RSK) {
+        label = strRsk;
+    }
+    if (label != Res::Null) {
+        pressed = event->subType;
+    }
+    return label;
+}
+
+int32_t SkBar::chooseByTouch(Event* event) {
+    const int32_t word = payloadToWord(event->payload);
+    const int32_t x = word >> 16;
+    const int32_t y = word & 0xFFFF;
+    const int32_t third = (x2 - x1 + 1) / 3;
+
+    const struct {
+        int32_t label;
+        String* key;
+    } columns[] = {
+        {strLsk, Orm::EV_ST_KEY_LSK}, {strMsk, Orm::EV_ST_KEY_MSK}, {strRsk, Orm::EV_ST_KEY_RSK}};
+
+    int32_t left = x1;
+    for (const auto& column : columns) {
+        const bool inside = x >= left && x < left + third && y >= y1 && y <= y2;
+        if (column.label != Res::Null && inside) {
+            pressed = column.key;
+            return column.label;
+        }
+        left += third;
+    }
+    return Res::Null;
+}

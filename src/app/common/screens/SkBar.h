@@ -1,0 +1,71 @@
+// The soft-key bar along the bottom of the screen: three labels, and which of them is touched or
+// pressed.
+#pragma once
+
+#include <cstdint>
+
+class Event;
+class PaStretcher;
+class PaTextArea;
+
+namespace Osp::Base {
+class String;
+}
+
+class SkBar {
+public:
+    static constexpr int32_t kHeightPx =
+        32;  // rows 288 to 319: tall enough for a thumb on the doubled display
+
+    /// Once, when fonts and pictures exist.
+    static void init();
+
+    /// Three labels (string ids, Res::Null for none); no key is held down any more.
+    static void setStr(int32_t lsk, int32_t msk, int32_t rsk);
+
+    /// Keeps labels and message painters aside, and puts fresh painters in their place: a question
+    /// is raised over the screen. Nothing happens if something is kept already.
+    static void save();
+
+    /// Puts back what save() kept; nothing if it kept nothing.
+    static void restore();
+
+    /// @param withBg  first the background picture, without which the glass would darken with every
+    /// painting
+    static void paint(bool withBg);
+
+    /// The label's id of the soft key that the event chooses, or Res::Null.
+    /// @param repaint  paints and flushes the bar afterwards, whatever the event was
+    static int32_t update(Event* event, bool repaint);
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static int32_t strLsk;
+    static int32_t strMsk;
+    static int32_t strRsk;
+    static int32_t s_strLsk;
+    static int32_t s_strMsk;
+    static int32_t s_strRsk;
+    static PaTextArea* s_paTxt;
+    static PaTextArea* s_paTxt2;
+    static PaStretcher* s_psWndBg;
+    static int32_t fntSides;
+    static int32_t fntCenter;
+    static int32_t margx;
+    static int32_t margy;
+    static int32_t yOfsSides;
+    static int32_t yOfsCenter;
+    static uint32_t argb;
+    static uint32_t argbPressed;
+    static Osp::Base::String* pressed;  // the sub-name of the key held down, or null
+    static int32_t x1;                  // edges of the bar, inclusive
+    static int32_t y1;
+    static int32_t x2;
+    static int32_t y2;
+
+private:
+    static int32_t choose(Event* event);
+    static int32_t chooseByKey(Event* event);
+    static int32_t chooseByTouch(Event* event);
+};

@@ -1,0 +1,222 @@
+#include "GameInterface.h"
+
+#include "AppImage.h"
+#include "AudioDev.h"
+#include "CanvasGraphics.h"
+#include "FileOps.h"
+#include "G.h"
+#include "Murmelo.h"
+#include "Options.h"
+#include "Orm.h"
+#include "OrmCanvas.h"
+#include "OspGraphics.h"
+#include "OspSystem.h"
+#include "PngEncoder.h"
+#include "Save.h"
+#include "SkBar.h"
+#include "State.h"
+#include "TakeJob.h"
+
+#include <cstdlib>
+#include <cxxabi.h>
+#include <typeinfo>
+
+using Osp::Graphics::Bitmap;
+using Osp::Graphics::BufferInfo;
+using Osp::Graphics::Canvas;
+using Osp::Graphics::Rectangle;
+
+namespace {
+
+constexpr int32_t kWidthPx = 240;
+constexpr int32_t kHeightPx = 320;
+constexpr int32_t kPictureTopPx = 160;  // on the display, where the doubled picture begins
+
+// Deliberate: wider than the display's 480 pixels; the fill covers more than there is, and nothing
+// is left over.
+constexpr int32_t kFillWidthPx = 640;
+constexpr int32_t kFillHeightPx = 800;
+
+int32_t canvasX(int32_t displayX) {
+    return displayX >> 1;
+}
+
+int32_t canvasY(int32_t displayY) {
+    return (displayY - kPictureTopPx) >> 1;
+}
+
+}  // namespace
+
+bool GameInterface::Active = true;
+
+GameInterface::GameInterface() {
+    Active = true;  // a second start in one process begins afresh
+    pMidlet = new Murmelo();
+    pBitmap = new Bitmap();
+    pBitmap->Construct({kWidthPx, kHeightPx}, Osp::Graphics::BITMAP_PIXEL_FORMAT_RGB565);
+    BufferInfo info;
+    pBitmap->Lock(info, -1);
+    pGraphics = new CanvasGraphics(info.pPixels, kWidthPx, kHeightPx);
+    pBitmap->Unlock();
+    Host::current().setDoors(this);
+}
+
+GameInterface::~GameInterface() {
+    Host::current().setDoors(nullptr);
+    delete pGraphics;
+    delete pBitmap;
+    delete pMidlet;  // null after AppQuit
+}
+
+void GameInterface::AppInit() {
+    pMidlet->onInit();
+}
+
+void GameInterface::AppPause() {
+    Orm::canvas->hideNotify();
+}
+
+bool GameInterface::isSilentMode() {
+    bool silent = false;
+    Osp::System::SettingInfo::GetValue("SilentMode", silent);
+    return silent;
+}
+
+void GameInterface::AppResume() {
+    const bool silent = isSilentMode();
+    if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
+        if (!OrmCanvas::showIsSilentPopup) {
+            SkBar::save();
+            OrmCanvas::silentPopupShown = true;
+            OrmCanvas::showIsSilentPopup = true;
+        }
+        return;  // paused until the question is answered
+    }
+    if (silent && OrmCanvas::showIsSilentPopup) {
+        return;  // it still stands: answers are taken only while the scheduler is paused
+    }
+    Orm::canvas->showNotify();
+    if (silent) {
+        return;
+    }
+    OrmCanvas::silentPopupShown = false;
+    AudioDev::isSilent = false;
+    if (OrmCanvas::showIsSilentPopup) {
+        OrmCanvas::showIsSilentPopup = false;
+        SkBar::restore();
+        SkBar::paint(true);
+    }
+}
+
+void GameInterface::AppQuit() {
+    if (pMidlet != nullptr) {
+        pMidlet->onShutDown();
+        delete pMidlet;
+        pMidlet = nullptr;
+    }
+}
+
+void GameInterface::AppPaint(Canvas* canvas) {
+    if (Orm::canvas == nullptr) {
+        return;
+    }
+    Orm::canvas->run();
+    BufferInfo info;
+    pBitmap->Lock(info, -1);
+    pGraphics->SetCanvas(canvas);
+    Orm::canvas->paint(pGraphics);
+    pBitmap->Unlock();
+    canvas->FillRectangle(*Murmelo::pBkgColor, {0, 0, kFillWidthPx, kFillHeightPx});
+    canvas->DrawBitmap({0, kPictureTopPx, 2 * kWidthPx, 2 * kHeightPx}, *pBitmap,
+                       {0, 0, kWidthPx, kHeightPx});
+}
+
+void GameInterface::OnPointerPressed(int32_t x, int32_t y) {
+    if (Orm::canvas != nullptr) {
+        Orm::canvas->pointerPressed(canvasX(x), canvasY(y));
+    }
+}
+
+void GameInterface::OnPointerReleased(int32_t x, int32_t y) {
+    if (Orm::canvas != nullptr) {
+        Orm::canvas->pointerReleased(canvasX(x), canvasY(y));
+    }
+}
+
+void GameInterface::OnPointerMove(int32_t x, int32_t y) {
+    if (Orm::canvas != nullptr) {
+        Orm::canvas->pointerDragged(canvasX(x), canvasY(y));
+    }
+}
+
+std::string GameInterface::screenName() {
+    if (State::currState == nullptr) {
+        return {};
+    }
+    int status = 0;
+    char* name = abi::__cxa_demangle(typeid(*State::currState).name(), nullptr, nullptr, &status);
+    const std::string text = name != nullptr ? name : "";
+    std::free(name);
+    return text;
+}
+
+int32_t GameInterface::currentEffect() {
+    return G::getCurrFx();
+}
+
+bool GameInterface::navigate(HostKey key) {
+    if (Orm::canvas == nullptr) {
+        return false;
+    }
+    Orm::canvas->keyPressed(static_cast<int32_t>(key));
+    Orm::canvas->keyReleased(static_cast<int32_t>(key));
+    return true;
+}
+
+bool GameInterface::isAtRest() {
+    if (Orm::canvas == nullptr || Orm::isPaused() || Orm::isDisposed) {
+        return false;
+    }
+    const bool inMenu = State::currState == G::stateOptions &&
+                        static_cast<Options*>(G::stateOptions)->isMenuShown();
+    return inMenu || State::currState == G::statePlay;
+}
+
+bool GameInterface::saveSound() {
+    if (!isAtRest() || !FileOps::exists(G::getMrmFolderUri(), G::uriPartWavRecorded)) {
+        return false;
+    }
+    State::setState(G::stateSave, true, true);
+    return true;
+}
+
+bool GameInterface::useSound(const int16_t* samples, int32_t count) {
+    if (!isAtRest() || count < 1) {
+        return false;
+    }
+    TakeJob::use(samples, count);
+    return true;
+}
+
+int32_t GameInterface::savedCount() {
+    return G::stateSave != nullptr ? static_cast<Save*>(G::stateSave)->getSavedCount() : 0;
+}
+
+std::string GameInterface::savedName() {
+    const Osp::Base::String* name =
+        G::stateSave != nullptr ? static_cast<Save*>(G::stateSave)->getSavedName() : nullptr;
+    return name != nullptr ? name->ToUtf8() : "";
+}
+
+std::vector<uint8_t> GameInterface::canvasPng() {
+    if (Orm::canvas == nullptr) {
+        return {};
+    }
+    const AppImage* screen = Orm::getScreen();
+    PngEncoder encoder;
+    if (!encoder.setImageData(screen->pixels, screen->w, screen->h)) {
+        return {};
+    }
+    const auto* bytes = reinterpret_cast<const uint8_t*>(encoder.encode());
+    return {bytes, bytes + encoder.getLength()};
+}

@@ -1,0 +1,64 @@
+// The bridge between the phone's application and the framework: owns the application object, the
+// 240 x 320 bitmap and the graphics that paint into it, and is the one place through which the
+// outside reaches the program.
+#pragma once
+
+#include "Host.h"
+
+#include <cstdint>
+
+class CanvasGraphics;
+class Murmelo;
+
+namespace Osp::Graphics {
+class Bitmap;
+class Canvas;
+}  // namespace Osp::Graphics
+
+class GameInterface : private HostDoors {
+public:
+    /// Makes the application object; every class initialiser runs here.
+    GameInterface();
+    ~GameInterface() override;
+    GameInterface(const GameInterface&) = delete;
+    GameInterface& operator=(const GameInterface&) = delete;
+
+    void AppInit();
+    void AppPause();
+
+    /// Resumes, unless the phone is silent and the question about it stands or is raised now.
+    void AppResume();
+    void AppQuit();
+
+    /// One frame: a tick, the picture into the bitmap, the bitmap doubled onto the display.
+    void AppPaint(Osp::Graphics::Canvas* canvas);
+
+    /// Positions in display pixels. The canvas lies doubled at y 160, so a touch above it has a
+    /// negative y there.
+    void OnPointerPressed(int32_t x, int32_t y);
+    void OnPointerReleased(int32_t x, int32_t y);
+    void OnPointerMove(int32_t x, int32_t y);
+
+    int32_t HandleEvent(void* /*data*/, int32_t /*event*/) { return 0; }
+
+    static bool Active;  // cleared when the user quits: one more frame, then the program ends
+
+private:
+    std::string screenName() override;
+    int32_t currentEffect() override;
+    bool navigate(HostKey key) override;
+    bool saveSound() override;
+    bool useSound(const int16_t* samples, int32_t count) override;
+    int32_t savedCount() override;
+    std::string savedName() override;
+    std::vector<uint8_t> canvasPng() override;
+
+    /// Whether the screen is one from which the doors may lead elsewhere.
+    static bool isAtRest();
+
+    static bool isSilentMode();
+
+    Murmelo* pMidlet;                // owned
+    CanvasGraphics* pGraphics;       // owned
+    Osp::Graphics::Bitmap* pBitmap;  // owned
+};

@@ -1,0 +1,38 @@
+// Where a program finds its data and keeps the user's: shared by the back ends that run on a
+// computer.
+#pragma once
+
+#include "Host.h"
+
+#include <cstdint>
+#include <string>
+
+class ProgramFolders {
+public:
+    /// Finds the folders and makes the user's home if it is not there. The data ("Res",
+    /// "framework") lie beside the executable or in the installed share folder.
+    /// @param home    as given by the user; empty: MURMELO_HOME, the music folder, or the XDG data
+    /// folder
+    /// @param config  as given by the user; empty: the XDG configuration folder
+    /// @returns empty, or one sentence that says what is wrong
+    static std::string
+    find(const std::string& home, const std::string& config, HostFolders& folders);
+
+    /// Bytes that this user can still write below the folder, -1 if unknown.
+    static int64_t freeBytes(const std::string& folder);
+};
+
+/// Holds a home for one running program.
+class HomeLock {
+public:
+    HomeLock() = default;
+    HomeLock(const HomeLock&) = delete;
+    HomeLock& operator=(const HomeLock&) = delete;
+    ~HomeLock();
+
+    /// @returns empty, or one sentence: the home cannot be written, or another program holds it
+    std::string take(const std::string& home);
+
+private:
+    int file = -1;
+};

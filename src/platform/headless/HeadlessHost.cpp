@@ -1,0 +1,402 @@
+#include "HeadlessHost.h"
+
+#include "PngFile.h"
+#include "SoundFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <utility>
+
+namespace {
+
+constexpr int64_t kUntilMs = 60000;  // how long "until" waits if it does not say
+constexpr int64_t kPictureTopPx = 160;
+constexpr int64_t kSoftKeyRow = 304;  // middle of the bar, in canvas pixels
+constexpr int64_t kThirdPx = 80;      // width of a soft key
+constexpr int64_t kSwipeStepPx = 20;
+constexpr int64_t kSwipeSteps = 6;
+
+// A program that is due again and again without time going on would never let the script go on
+// either.
+constexpr int64_t kMostFramesAtOnce = 1000000;
+
+std::string inQuotes(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+bool isDeviceFact(ScriptVerb verb) {
+    return verb == ScriptVerb::kSilent || verb == ScriptVerb::kStorage ||
+           verb == ScriptVerb::kFail || verb == ScriptVerb::kMic || verb == ScriptVerb::kSpeaker;
+}
+
+}  // namespace
+
+HeadlessHost::HeadlessHost(HostFolders folders,
+                           std::vector<ScriptCommand> script,
+                           int64_t clockStartMs)
+    : mapped(std::move(folders))
+    , script(std::move(script))
+    , nowMs(clockStartMs)
+    , ears([this] { return nowMs; })
+    , voice([this] { return nowMs; }) {
+    // What the device is like before the first touch holds from the start on.
+    while (next < this->script.size() && isDeviceFact(this->script[next].verb)) {
+        next++;
+        start(this->script[next - 1]);
+    }
+}
+
+void HeadlessHost::yielded() {
+    // Only who yields again and again waits for time to pass.
+    yieldsSincePump++;
+    if (yieldsSincePump > 1) {
+        nowMs++;
+    }
+}
+
+bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
+    yieldsSincePump = 0;
+    watch();
+    if (status == kOk && (ears.deliver() || voice.deliver())) {
+        return true;
+    }
+    if (timeoutMs == 0) {
+        framesAtThisTime++;
+        if (framesAtThisTime > kMostFramesAtOnce && status == kOk) {
+            fail(script[next > 0 ? next - 1 : 0], "the program never comes to rest");
+        }
+        if (status == kOk) {
+            return false;
+        }
+    }
+    while (status == kOk && pending.empty()) {
+        if (waiting && !waitOver(timeoutMs)) {
+            framesAtThisTime = 0;
+            return false;
+        }
+        if (next == script.size()) {
+            break;
+        }
+        next++;
+        framesAtThisTime = 0;
+        start(script[next - 1]);
+    }
+    if (status != kOk || pending.empty()) {
+        ended = true;
+        listener.onTerminate();
+        return true;
+    }
+    const Callback callback = std::move(pending.front());
+    pending.pop_front();
+    callback(listener);
+    return true;
+}
+
+/// Pictures a screen that comes and goes within one command, such as the processing of a take.
+void HeadlessHost::watch() {
+    if (!watchedScreen.empty() && doors != nullptr && doors->screenName() == watchedScreen) {
+        watchedScreen.clear();
+        writeCanvas(script[next - 1], watchedFile);
+    }
+}
+
+bool HeadlessHost::awaitedScreenIsThere() const {
+    return !awaitedScreen.empty() && doors != nullptr && doors->screenName() == awaitedScreen;
+}
+
+bool HeadlessHost::waitOver(int64_t timeoutMs) {
+    const bool there = awaitedScreenIsThere();
+    if (there || nowMs >= waitEndMs) {
+        waiting = false;
+        if (!there && !awaitedScreen.empty()) {
+            const std::string current = doors != nullptr ? doors->screenName() : "";
+            fail(script[next - 1],
+                 "expected screen " + inQuotes(awaitedScreen) + ", found " + inQuotes(current));
+        }
+        return true;
+    }
+    const int64_t sleepMs = longestSleep(timeoutMs);
+    const bool dueBefore = sleepMs >= 0 && sleepMs < waitEndMs - nowMs;
+    nowMs = dueBefore ? nowMs + sleepMs : waitEndMs;
+    return false;
+}
+
+int64_t HeadlessHost::longestSleep(int64_t timeoutMs) const {
+    int64_t sleepMs = timeoutMs;
+    for (const int64_t dueMs : {ears.dueMs(), voice.dueMs()}) {
+        if (dueMs >= 0 && (sleepMs < 0 || dueMs - nowMs < sleepMs)) {
+            sleepMs = std::max<int64_t>(dueMs - nowMs, 0);
+        }
+    }
+    return sleepMs;
+}
+
+void HeadlessHost::start(const ScriptCommand& command) {
+    switch (command.verb) {
+    case ScriptVerb::kTap:
+    case ScriptVerb::kPress:
+    case ScriptVerb::kMove:
+    case ScriptVerb::kRelease:
+    case ScriptVerb::kSwipe:
+    case ScriptVerb::kKey:
+        startTouch(command);
+        break;
+    case ScriptVerb::kWait:
+    case ScriptVerb::kUntil:
+        waiting = true;
+        awaitedScreen = command.text;
+        waitEndMs = nowMs + (command.numbers.empty() ? kUntilMs : command.numbers[0]);
+        break;
+    case ScriptVerb::kShot:
+        takeShot(command);
+        break;
+    case ScriptVerb::kMic:
+    case ScriptVerb::kSpeaker:
+        startSound(command);
+        break;
+    case ScriptVerb::kWatch:
+        watchedScreen = command.text;
+        watchedFile = command.second;
+        break;
+    case ScriptVerb::kShotCanvas:
+    case ScriptVerb::kSave:
+    case ScriptVerb::kTake:
+        useDoor(command);
+        break;
+    case ScriptVerb::kExpectScreen:
+    case ScriptVerb::kExpectFile:
+    case ScriptVerb::kExpectNoFile:
+    case ScriptVerb::kExpectEffect:
+    case ScriptVerb::kExpectEnded:
+        expect(command);
+        break;
+    default:
+        startDevice(command);
+        break;
+    }
+}
+
+void HeadlessHost::startTouch(const ScriptCommand& command) {
+    using Touch = HostListener::Touch;
+    switch (command.verb) {
+    case ScriptVerb::kTap:
+        touch(Touch::kPress, command.numbers[0], command.numbers[1]);
+        touch(Touch::kRelease, command.numbers[0], command.numbers[1]);
+        break;
+    case ScriptVerb::kPress:
+        touch(Touch::kPress, command.numbers[0], command.numbers[1]);
+        break;
+    case ScriptVerb::kMove:
+        touch(Touch::kMove, command.numbers[0], command.numbers[1]);
+        break;
+    case ScriptVerb::kRelease:
+        touch(Touch::kRelease, command.numbers[0], command.numbers[1]);
+        break;
+    case ScriptVerb::kSwipe:
+        swipe(command.text == "left");
+        break;
+    default: {
+        const int64_t third = command.text == "left" ? 0 : (command.text == "middle" ? 1 : 2);
+        tapCanvas(third * kThirdPx + kThirdPx / 2, kSoftKeyRow);
+        break;
+    }
+    }
+}
+
+void HeadlessHost::startDevice(const ScriptCommand& command) {
+    const bool on = command.text == "on";
+    switch (command.verb) {
+    case ScriptVerb::kSilent:
+        silent = on;
+        break;
+    case ScriptVerb::kStorage:
+        phoneBytes = command.numbers[0];
+        cardBytes = command.numbers[1];
+        break;
+    case ScriptVerb::kBackground:
+        pending.emplace_back([](HostListener& listener) { listener.onBackground(); });
+        break;
+    case ScriptVerb::kForeground:
+        pending.emplace_back([](HostListener& listener) { listener.onForeground(); });
+        break;
+    case ScriptVerb::kScreen:
+        pending.emplace_back(
+            [on](HostListener& listener) { on ? listener.onScreenOn() : listener.onScreenOff(); });
+        break;
+    case ScriptVerb::kVolume: {
+        const bool up = command.text == "up";
+        pending.emplace_back([up](HostListener& listener) { listener.onVolumeKey(up); });
+        break;
+    }
+    default:
+        failures[command.text] = command.numbers[0];
+        break;
+    }
+}
+
+void HeadlessHost::startSound(const ScriptCommand& command) {
+    std::string wrong;
+    if (command.verb == ScriptVerb::kSpeaker) {
+        wrong = voice.openFile(command.text);
+    } else {
+        std::vector<int16_t> samples;
+        wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+        ears.setVoice(std::move(samples));
+    }
+    if (!wrong.empty()) {
+        fail(command, wrong);
+    }
+}
+
+void HeadlessHost::touch(HostListener::Touch kind, int64_t displayX, int64_t displayY) {
+    const auto x = static_cast<int32_t>(displayX);
+    const auto y = static_cast<int32_t>(displayY);
+    pending.emplace_back([kind, x, y](HostListener& listener) { listener.onTouch(kind, x, y); });
+}
+
+void HeadlessHost::tapCanvas(int64_t x, int64_t y) {
+    touch(HostListener::Touch::kPress, 2 * x, 2 * y + kPictureTopPx);
+    touch(HostListener::Touch::kRelease, 2 * x, 2 * y + kPictureTopPx);
+}
+
+void HeadlessHost::swipe(bool left) {
+    constexpr int64_t kMiddleX = 240;  // of the display
+    constexpr int64_t kMiddleY = 480;
+    const int64_t step = left ? -2 * kSwipeStepPx : 2 * kSwipeStepPx;
+    int64_t x = kMiddleX - step * kSwipeSteps / 2;
+    touch(HostListener::Touch::kPress, x, kMiddleY);
+    for (int64_t i = 0; i < kSwipeSteps; i++) {
+        x += step;
+        touch(HostListener::Touch::kMove, x, kMiddleY);
+    }
+    touch(HostListener::Touch::kRelease, x, kMiddleY);
+}
+
+void HeadlessHost::takeShot(const ScriptCommand& command) {
+    if (frame == nullptr) {
+        fail(command, "there is no picture yet");
+        return;
+    }
+    std::vector<uint16_t> pixels(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
+    frame->compose(pixels.data(), HostFrame::kWidthPx * 2);
+    if (!PngFile::writeRgb565(command.text, pixels.data(), HostFrame::kWidthPx,
+                              HostFrame::kHeightPx)) {
+        fail(command, inQuotes(command.text) + " cannot be written");
+    }
+}
+
+void HeadlessHost::useDoor(const ScriptCommand& command) {
+    if (doors == nullptr) {
+        fail(command, "the program has no doors yet");
+    } else if (command.verb == ScriptVerb::kShotCanvas) {
+        writeCanvas(command, command.text);
+    } else if (command.verb == ScriptVerb::kSave) {
+        pending.emplace_back([this, command](HostListener&) {
+            if (!doors->saveSound()) {
+                fail(command, "nothing can be saved on screen " + inQuotes(doors->screenName()));
+            }
+        });
+    } else {
+        useSoundFile(command);
+    }
+}
+
+void HeadlessHost::writeCanvas(const ScriptCommand& command, const std::string& path) {
+    const std::vector<uint8_t> png = doors->canvasPng();
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
+    if (png.empty() || !file.flush()) {
+        fail(command, inQuotes(path) + " cannot be written");
+    }
+}
+
+void HeadlessHost::useSoundFile(const ScriptCommand& command) {
+    std::vector<int16_t> samples;
+    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+    if (!wrong.empty()) {
+        fail(command, wrong);
+        return;
+    }
+    pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {
+        if (!doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {
+            fail(command, "a sound cannot be taken on screen " + inQuotes(doors->screenName()));
+        }
+    });
+}
+
+bool HeadlessHost::soundFileExists(const std::string& name) const {
+    std::error_code error;
+    return std::filesystem::exists(mapped.home + "/Murmelo/" + name, error);
+}
+
+void HeadlessHost::expect(const ScriptCommand& command) {
+    const std::string screen = doors != nullptr ? doors->screenName() : "";
+    switch (command.verb) {
+    case ScriptVerb::kExpectScreen:
+        if (screen != command.text) {
+            fail(command,
+                 "expected screen " + inQuotes(command.text) + ", found " + inQuotes(screen));
+        }
+        break;
+    case ScriptVerb::kExpectFile:
+        if (!soundFileExists(command.text)) {
+            fail(command, "expected file " + inQuotes(command.text) + ", there is none");
+        }
+        break;
+    case ScriptVerb::kExpectNoFile:
+        if (soundFileExists(command.text)) {
+            fail(command, "expected no file " + inQuotes(command.text) + ", there is one");
+        }
+        break;
+    case ScriptVerb::kExpectEffect: {
+        const int64_t effect = doors != nullptr ? doors->currentEffect() : -1;
+        if (effect != command.numbers[0]) {
+            fail(command, "expected effect " + std::to_string(command.numbers[0]) + ", found " +
+                              std::to_string(effect));
+        }
+        break;
+    }
+    default:
+        if (!ended) {
+            fail(command, "expected the program to have ended");
+        }
+        break;
+    }
+}
+
+bool HeadlessHost::fails(const char* operation) {
+    const auto found = failures.find(operation);
+    if (found == failures.end() || --found->second > 0) {
+        return false;
+    }
+    failures.erase(found);
+    return true;
+}
+
+void HeadlessHost::fail(const ScriptCommand& command, const std::string& message) {
+    failure = "line " + std::to_string(command.line) + ": " + message;
+    status = kFailed;
+}
+
+int32_t HeadlessHost::finish() {
+    ended = true;
+    const std::string wrong = voice.finishFile();
+    if (!wrong.empty() && status == kOk) {
+        failure = wrong;
+        status = kFailed;
+    }
+    if (waiting && !awaitedScreen.empty() && status == kOk) {
+        fail(script[next - 1],
+             "expected screen " + inQuotes(awaitedScreen) + ", the program ended");
+    }
+    while (status == kOk && next < script.size()) {
+        const ScriptCommand& command = script[next++];
+        if (command.verb >= ScriptVerb::kExpectScreen) {
+            expect(command);
+        } else {
+            fail(command, "the program has ended");
+        }
+    }
+    return status;
+}

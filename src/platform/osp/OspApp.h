@@ -1,0 +1,88 @@
+// The phone's application model: life cycle, the queue of user events, and the settings kept
+// between runs.
+//
+// The queue delivers by need. There is never more than one user event in it. It becomes due when
+// the application says that something is due (TimeUntilDue), and at once after every callback of
+// the platform; until then the host sleeps.
+#pragma once
+
+#include "OspBase.h"
+#include "OspSystem.h"
+#include "OspUi.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+namespace Osp::App {
+
+using RequestId = int32_t;
+
+/// Settings as text under text keys, in one small file. A change is on disk, whole, when the call
+/// returns.
+class AppRegistry {
+public:
+    /// Reads the settings. A file that is damaged is set aside as "settings.damaged" and the
+    /// registry starts empty.
+    /// @param folder  real folder, made when something is first written; empty keeps nothing
+    void Open(const std::string& folder);
+
+    /// E_KEY_NOT_FOUND if there is no such key; E_FAILURE, value untouched, if its text is not an
+    /// integer.
+    result Get(const Osp::Base::String& key, int& value) const;
+
+    /// Changes an existing key, or E_KEY_NOT_FOUND.
+    result Set(const Osp::Base::String& key, const Osp::Base::String& value);
+
+    /// Adds a new key, or E_KEY_ALREADY_EXIST.
+    result Add(const Osp::Base::String& key, const Osp::Base::String& value);
+
+private:
+    result write(const std::string& key, const std::string& value);
+    bool saveFile() const;
+
+    std::string folder;
+    std::map<std::string, std::string> values;
+};
+
+class EventLoop;
+
+class Application : public Osp::Base::Object {
+public:
+    using Factory = Application* (*)();
+
+    static constexpr int64_t kNothingDue = -1;
+
+    /// Makes the application, runs it until it terminates or is terminated, and deletes it.
+    /// An application that is an IScreenEventListener too hears of the screen without registering.
+    static result Execute(Factory factory, const Osp::Base::Collection::IList* arguments);
+
+    virtual bool OnAppInitializing(AppRegistry& appRegistry) = 0;
+    virtual bool OnAppTerminating(AppRegistry& appRegistry, bool forcedTermination) = 0;
+    virtual void OnForeground() = 0;
+    virtual void OnBackground() = 0;
+    virtual void OnLowMemory() = 0;
+    virtual void OnBatteryLevelChanged(Osp::System::BatteryLevel batteryLevel) = 0;
+    virtual void OnUserEventReceivedN(RequestId requestId,
+                                      Osp::Base::Collection::IList* arguments) = 0;
+
+    /// Milliseconds until the application has something to do (0: now), or kNothingDue. Asked while
+    /// a user event is queued, to know how long it may wait.
+    virtual int64_t TimeUntilDue() = 0;
+
+    Osp::Base::String GetAppVersion() const;
+    AppRegistry* GetAppRegistry() const;
+    Osp::Ui::Controls::Frame* GetAppFrame() const;
+
+    /// Queues a user event. One that waits already stands for this one too.
+    result SendUserEvent(RequestId requestId, const Osp::Base::Collection::IList* arguments);
+
+    /// Ends the loop after the current callback.
+    result Terminate();
+
+private:
+    friend class EventLoop;
+    EventLoop* loop = nullptr;  // while Execute runs
+};
+
+}  // namespace Osp::App

@@ -1,0 +1,234 @@
+#include "OspGraphics.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace Osp::Graphics {
+
+namespace {
+
+constexpr int32_t kMostPixels = 4096 * 4096;
+
+uint16_t toRgb565(uint32_t argb) {
+    return static_cast<uint16_t>(((argb & 0xF80000) >> 8) | ((argb & 0xFC00) >> 5) |
+                                 ((argb >> 3) & 0x1F));
+}
+
+Rectangle intersection(const Rectangle& a, const Rectangle& b) {
+    const int32_t left = std::max(a.x, b.x);
+    const int32_t top = std::max(a.y, b.y);
+    const int32_t right = std::min(a.x + a.width, b.x + b.width);
+    const int32_t bottom = std::min(a.y + a.height, b.y + b.height);
+    return {left, top, std::max(right - left, 0), std::max(bottom - top, 0)};
+}
+
+bool isEmpty(const Rectangle& r) {
+    return r.width <= 0 || r.height <= 0;
+}
+
+/// Two equal pixels for each source pixel, written as whole words.
+void doubleRow(const uint16_t* __restrict source, uint16_t* __restrict target, size_t sourcePixels) {
+    for (size_t i = 0; i < sourcePixels; i++) {
+        const uint32_t pixel = source[i];
+        const uint32_t pair = pixel | (pixel << 16);
+        std::memcpy(target + 2 * i, &pair, sizeof pair);
+    }
+}
+
+}  // namespace
+
+result Bitmap::Construct(const Dimension& wanted, BitmapPixelFormat format) {
+    if (format != BITMAP_PIXEL_FORMAT_RGB565 || wanted.width < 1 || wanted.height < 1 ||
+        wanted.width > kMostPixels / wanted.height) {
+        return E_FAILURE;
+    }
+    size = wanted;
+    pixels = std::make_shared<Pixels>(static_cast<size_t>(size.width) *
+                                      static_cast<size_t>(size.height));
+    return E_SUCCESS;
+}
+
+result Bitmap::Lock(BufferInfo& info, int32_t /*timeoutMs*/) {
+    if (pixels == nullptr) {
+        return E_FAILURE;
+    }
+    info.width = size.width;
+    info.height = size.height;
+    info.pitch = size.width * static_cast<int32_t>(sizeof(uint16_t));
+    info.bitsPerPixel = 16;
+    info.pPixels = reinterpret_cast<unsigned char*>(pixels->data());
+    return E_SUCCESS;
+}
+
+bool Canvas::Operation::operator==(const Operation& other) const {
+    return visible == other.visible && colour == other.colour && pixels == other.pixels &&
+           destination == other.destination && source == other.source;
+}
+
+Canvas::~Canvas() {
+    Host::current().frameShown(nullptr);
+}
+
+result Canvas::SetClipBounds(const Rectangle& bounds) {
+    clip = intersection(bounds, {0, 0, kWidthPx, kHeightPx});
+    return E_SUCCESS;
+}
+
+result Canvas::FillRectangle(const Color& color, const Rectangle& bounds) {
+    Operation fill;
+    fill.visible = intersection(bounds, clip);
+    fill.colour = toRgb565(color.GetRGB32());
+    keep(std::move(fill));
+    return E_SUCCESS;
+}
+
+result
+Canvas::DrawBitmap(const Rectangle& destination, const Bitmap& bitmap, const Rectangle& source) {
+    const bool sourceInside =
+        !isEmpty(source) &&
+        intersection(source, {0, 0, bitmap.GetWidth(), bitmap.GetHeight()}) == source;
+    if (!sourceInside || isEmpty(destination)) {
+        return E_FAILURE;
+    }
+    Operation drawing;
+    drawing.visible = intersection(destination, clip);
+    drawing.pixels = bitmap.GetPixels();
+    drawing.pixelsPerRow = bitmap.GetWidth();
+    drawing.destination = destination;
+    drawing.source = source;
+    keep(std::move(drawing));
+    return E_SUCCESS;
+}
+
+result Canvas::Show() {
+    if (Host::current().fails("Canvas.Show")) {
+        return E_FAILURE;
+    }
+    Host::current().frameShown(this);
+    return E_SUCCESS;
+}
+
+void Canvas::keep(Operation operation) {
+    if (isEmpty(operation.visible)) {
+        return;
+    }
+    const bool coversAll = operation.visible == Rectangle{0, 0, kWidthPx, kHeightPx};
+    if (coversAll && operation.pixels == nullptr) {
+        keptCount = 0;
+    }
+    if (keptCount == kKept) {
+        auto picture = std::make_shared<Bitmap::Pixels>(static_cast<size_t>(kWidthPx) * kHeightPx);
+        compose(picture->data(), kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
+        workedOut = std::move(picture);
+        keptCount = 0;
+        const Rectangle all{0, 0, kWidthPx, kHeightPx};
+        kept[keptCount++] = Operation{all, 0, workedOut, kWidthPx, all, all};
+    }
+    kept[keptCount++] = std::move(operation);
+}
+
+void Canvas::compose(uint16_t* pixels, int32_t strideBytes) {
+    const uint16_t* above = nullptr;
+    for (int32_t y = 0; y < kHeightPx; y++) {
+        uint16_t* row = pixels + static_cast<ptrdiff_t>(y) * (strideBytes / 2);
+        composeRow(row, above, y);
+        above = row;
+    }
+}
+
+void Canvas::composeRow(uint16_t* row, const uint16_t* rowAbove, int32_t y) const {
+    // What lies below an operation that covers the whole row is never seen: begin with the
+    // uppermost such one.
+    size_t first = 0;
+    bool covered = false;
+    size_t inRow = 0;
+    for (size_t i = 0; i < keptCount; i++) {
+        const Rectangle& visible = kept[i].visible;
+        if (y < visible.y || y >= visible.y + visible.height) {
+            continue;
+        }
+        inRow++;
+        if (visible.width == kWidthPx) {
+            first = i;
+            covered = true;
+            inRow = 1;
+        }
+    }
+    if (!covered) {
+        std::fill(row, row + kWidthPx, uint16_t{0});
+    }
+    const bool alone = covered && inRow == 1;
+    if (alone && kept[first].pixels != nullptr && rowAbove != nullptr &&
+        y > kept[first].visible.y && sourceRow(kept[first], y) == sourceRow(kept[first], y - 1)) {
+        // The row above was drawn from the same source row, by the same operation.
+        std::copy_n(rowAbove, kept[first].visible.width, row);
+        return;
+    }
+    for (size_t i = first; i < keptCount; i++) {
+        const Rectangle& visible = kept[i].visible;
+        if (y >= visible.y && y < visible.y + visible.height) {
+            drawRow(kept[i], row, y);
+        }
+    }
+}
+
+int32_t Canvas::sourceRow(const Operation& operation, int32_t y) {
+    return operation.source.y +
+           (y - operation.destination.y) * operation.source.height / operation.destination.height;
+}
+
+void Canvas::drawRow(const Operation& operation, uint16_t* row, int32_t y) {
+    const Rectangle& visible = operation.visible;
+    if (operation.pixels == nullptr) {
+        std::fill(row + visible.x, row + visible.x + visible.width, operation.colour);
+        return;
+    }
+    const Rectangle& destination = operation.destination;
+    const Rectangle& source = operation.source;
+    const uint16_t* sourcePixels =
+        operation.pixels->data() +
+        static_cast<ptrdiff_t>(sourceRow(operation, y)) * operation.pixelsPerRow;
+    const bool whole = visible.x == destination.x && visible.width == destination.width;
+    if (whole && destination.width == 2 * source.width) {
+        doubleRow(sourcePixels + source.x, row + visible.x, static_cast<size_t>(source.width));
+        return;
+    }
+    for (int32_t x = visible.x; x < visible.x + visible.width; x++) {
+        row[x] = sourcePixels[source.x + (x - destination.x) * source.width / destination.width];
+    }
+}
+
+bool Canvas::takeChange() {
+    bool changed = !everSeen || keptCount != seenCount;
+    size_t needed = 0;
+    for (size_t i = 0; i < keptCount; i++) {
+        changed = changed || !(kept[i] == seen[i]);
+        needed += kept[i].pixels != nullptr ? kept[i].pixels->size() : 0;
+    }
+    changed = changed || needed != seenPixels.size();
+    size_t at = 0;
+    for (size_t i = 0; i < keptCount && !changed; i++) {
+        if (kept[i].pixels != nullptr) {
+            const Bitmap::Pixels& pixels = *kept[i].pixels;
+            changed = std::memcmp(pixels.data(), seenPixels.data() + at,
+                                  pixels.size() * sizeof(uint16_t)) != 0;
+            at += pixels.size();
+        }
+    }
+    if (!changed) {
+        return false;
+    }
+    everSeen = true;
+    seen = kept;
+    seenCount = keptCount;
+    seenPixels.clear();
+    seenPixels.reserve(needed);
+    for (size_t i = 0; i < keptCount; i++) {
+        if (kept[i].pixels != nullptr) {
+            seenPixels.insert(seenPixels.end(), kept[i].pixels->begin(), kept[i].pixels->end());
+        }
+    }
+    return true;
+}
+
+}  // namespace Osp::Graphics

@@ -1,0 +1,143 @@
+// The phone's display: a bitmap that the program paints into, and the canvas that shows it scaled.
+#pragma once
+
+#include "Host.h"
+#include "OspBase.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace Osp::Graphics {
+
+struct Point {
+    int32_t x = 0;
+    int32_t y = 0;
+};
+
+struct Dimension {
+    int32_t width = 0;
+    int32_t height = 0;
+};
+
+struct Rectangle {
+    int32_t x = 0;
+    int32_t y = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+
+    bool operator==(const Rectangle& other) const {
+        return x == other.x && y == other.y && width == other.width && height == other.height;
+    }
+};
+
+class Color : public Osp::Base::Object {
+public:
+    explicit Color(uint32_t argb)
+        : argb(argb) {}
+
+    uint32_t GetRGB32() const { return argb; }
+
+private:
+    uint32_t argb;
+};
+
+/// RGB565 is the one format that the display and the bitmaps have.
+enum BitmapPixelFormat { BITMAP_PIXEL_FORMAT_RGB565 = 1 };
+
+/// What Bitmap::Lock tells about the pixel memory.
+struct BufferInfo {
+    int32_t width = 0;
+    int32_t height = 0;
+    int32_t pitch = 0;  // bytes from row to row
+    int32_t bitsPerPixel = 0;
+    unsigned char* pPixels = nullptr;
+};
+
+/// Width x height 16-bit pixels, row-major, without padding; all 0 when made.
+class Bitmap : public Osp::Base::Object {
+public:
+    using Pixels = std::vector<uint16_t>;
+
+    result Construct(const Dimension& size, BitmapPixelFormat format);
+
+    /// The memory stays where it is for the bitmap's life, locked or not. The time limit means
+    /// nothing here.
+    result Lock(BufferInfo& info, int32_t timeoutMs);
+
+    result Unlock() { return E_SUCCESS; }
+
+    int32_t GetWidth() const { return size.width; }
+
+    int32_t GetHeight() const { return size.height; }
+
+    /// Shared, so that a canvas may outlive the bitmap that was drawn on it.
+    std::shared_ptr<const Pixels> GetPixels() const { return pixels; }
+
+private:
+    Dimension size;
+    std::shared_ptr<Pixels> pixels;
+};
+
+/// The 480 x 800 display.
+///
+/// Fills and bitmaps are kept as they come and worked out when the frame is presented or pictured;
+/// a bitmap shows what it holds at that moment. A fill of the whole display forgets everything
+/// before it.
+class Canvas : public Osp::Base::Object, private HostFrame {
+public:
+    Canvas() = default;
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    ~Canvas() override;
+
+    /// Limits what follows to a rectangle, cut to the display.
+    result SetClipBounds(const Rectangle& bounds);
+    result FillRectangle(const Color& color, const Rectangle& bounds);
+
+    /// Draws a part of a bitmap, scaled to the destination rectangle by repeating or leaving out
+    /// pixels.
+    result DrawBitmap(const Rectangle& destination, const Bitmap& bitmap, const Rectangle& source);
+
+    /// Hands the finished frame to the outside. Never waits.
+    result Show();
+
+private:
+    /// A fill (no pixels) or a bitmap.
+    struct Operation {
+        Rectangle visible;  // clipped, never empty
+        uint16_t colour = 0;
+        std::shared_ptr<const Bitmap::Pixels> pixels;
+        int32_t pixelsPerRow = 0;
+        Rectangle destination;
+        Rectangle source;
+
+        bool operator==(const Operation& other) const;
+    };
+
+    /// Enough for every frame of the program, which has two operations; beyond it they are worked
+    /// out at once.
+    static constexpr size_t kKept = 8;
+
+    void compose(uint16_t* pixels, int32_t strideBytes) override;
+    bool takeChange() override;
+
+    void keep(Operation operation);
+    void composeRow(uint16_t* row, const uint16_t* rowAbove, int32_t y) const;
+    static void drawRow(const Operation& operation, uint16_t* row, int32_t y);
+    static int32_t sourceRow(const Operation& operation, int32_t y);
+
+    Rectangle clip{0, 0, kWidthPx, kHeightPx};
+    std::array<Operation, kKept> kept;
+    size_t keptCount = 0;
+    std::shared_ptr<Bitmap::Pixels>
+        workedOut;  // the picture below the kept operations, once there were too many
+
+    std::array<Operation, kKept> seen;  // what takeChange() saw last
+    size_t seenCount = 0;
+    std::vector<uint16_t> seenPixels;
+    bool everSeen = false;
+};
+
+}  // namespace Osp::Graphics

@@ -1,0 +1,42 @@
+// One effect of the catalogue, applied as the application does it: the clean-up of a fresh
+// recording first, then the effect.
+//
+// The engine keeps class-wide state: one object of this class at a time.
+#pragma once
+
+#include "Sound.h"
+
+#include <cstdint>
+#include <memory>
+
+class ProgressLine;
+class WavProc;
+
+class EffectRun {
+public:
+    /// @param effect  index in the catalogue
+    EffectRun(int32_t effect, bool clean, ProgressLine& progress);
+    EffectRun(const EffectRun&) = delete;
+    EffectRun& operator=(const EffectRun&) = delete;
+    ~EffectRun();
+
+    /// Null if a processor ended with an error.
+    Sound apply(Sound sound);
+
+    /// One line about an effect, for people.
+    static const char* description(int32_t effect);
+
+    /// Longest sound that the system plays and records, samples.
+    static int32_t systemsLongest();
+
+    /// Longest sound that an effect works on without losing its place, samples.
+    static int32_t effectsLongest(int32_t effect);
+
+private:
+    Sound run(WavProc& processor, const char* step, const Sound& sound);
+
+    std::unique_ptr<WavProc> cleaner;  // null if not wanted
+    std::unique_ptr<WavProc> processor;
+    const char* effectName;
+    ProgressLine& progress;
+};

@@ -1,0 +1,177 @@
+#include "FxOptions.h"
+
+#include "EffectRun.h"
+#include "FxCatalogue.h"
+#include "InputFile.h"
+#include "OutputFile.h"
+
+#include <algorithm>
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <limits>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kFooter = R"(
+EFFECT is one of: none, robot, backwards, high, low, fast, drunk, flip.
+INPUT is a sound file of nearly any kind; OUTPUT ends in .wav, .flac or .ogg.
+"-" is standard input or standard output.
+
+Exit status: 0 all done, 1 some input failed (the others were done), 2 mistake
+on the command line.
+
+Examples:
+  murmelo-fx robot voice.wav robot.wav
+  murmelo-fx drunk --out-dir drunk *.flac
+  arecord -f S16_LE -r 16000 -d 5 | murmelo-fx high - - | aplay)";
+
+/// The options take their places by number, which the help shows by name.
+class UsageFormatter : public CLI::Formatter {
+public:
+    std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override {
+        return "Usage: murmelo-fx [OPTIONS] EFFECT INPUT OUTPUT\n"
+               "       murmelo-fx [OPTIONS] EFFECT --out-dir DIR INPUT...\n"
+               "       murmelo-fx --measure INPUT...\n"
+               "       murmelo-fx --list\n";
+    }
+
+    std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
+        const std::string name = CLI::Formatter::make_option_name(option, isPositional);
+        return name.substr(0, name.find('{'));  // not what a flag sets when it is given
+    }
+};
+
+std::string inQuotes(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+/// The name of an input without folder and extension; standard input has none of its own.
+std::string stemOf(const std::string& input) {
+    return input == InputFile::kStandard ? "stdin" : fs::path(input).stem().string();
+}
+
+bool isSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return fs::equivalent(a, b, error) && !error;
+}
+
+}  // namespace
+
+std::string FxOptions::parse(int argc, char** argv) {
+    bool list = false;
+    bool measure = false;
+    int64_t seedNumber = 0;
+    std::string kindName;
+    CLI::App app("Applies the voice effects of Murmelo to sound files.");
+    app.formatter(std::make_shared<UsageFormatter>());
+    app.footer(kFooter);
+    app.set_version_flag("--version", "murmelo-fx " MURMELO_VERSION);
+    app.add_flag("--list", list, "Name the effects");
+    app.add_flag("--measure", measure, "Tell length, level and pitch of each input");
+    app.add_flag("--clean,!--no-clean", clean,
+                 "Clean the recording up first, as the application does (default)");
+    CLI::Option* seedOption =
+        app.add_option("--seed", seedNumber, "Repeatable noise for robot and flip")
+            ->type_name("N")
+            ->check(CLI::Range(int64_t{std::numeric_limits<int32_t>::min()},
+                               int64_t{std::numeric_limits<uint32_t>::max()})
+                        .description(""));
+    app.add_option("--out-dir", outFolder, "Folder for the outputs of several inputs")
+        ->type_name("DIR");
+    app.add_option("--format", kindName, "wav, flac or ogg, where no output name tells")
+        ->type_name("KIND");
+    app.add_flag("--long", longSounds, "Allow sounds longer than 60 s");
+    app.add_option("arguments", arguments)->group("");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& answer) {
+        app.exit(answer);
+        return "";
+    } catch (const CLI::ParseError& error) {
+        return error.what();
+    }
+    if (*seedOption) {
+        seed = static_cast<int32_t>(static_cast<uint32_t>(seedNumber));
+    }
+    return setTask(list, measure, kindName);
+}
+
+std::string FxOptions::setTask(bool list, bool measure, const std::string& kindName) {
+    if (list) {
+        task = Task::kList;
+        return arguments.empty() ? "" : "--list takes no files";
+    }
+    if (!kindName.empty()) {
+        kind = SoundWriter::kindOfName(kindName);
+        if (!kind) {
+            return inQuotes(kindName) + " is no format for the output: wav, flac and ogg are";
+        }
+    }
+    if (arguments.empty()) {
+        return measure ? "no input is named" : "no effect is named";
+    }
+    if (!measure) {
+        effect = FxCatalogue::find(arguments.front().c_str());
+        if (effect < 0) {
+            return inQuotes(arguments.front()) + " is no effect; murmelo-fx --list names them";
+        }
+        arguments.erase(arguments.begin());
+    }
+    if (std::count(arguments.begin(), arguments.end(), InputFile::kStandard) > 1 &&
+        (measure || !outFolder.empty())) {
+        return "standard input can be read only once";
+    }
+    task = measure ? Task::kMeasure : Task::kApply;
+    if (measure) {
+        for (const std::string& input : arguments) {
+            jobs.push_back({input, "", SoundWriter::Kind::kWav});
+        }
+        return "";
+    }
+    return outFolder.empty() ? addSingleJob() : addFolderJobs();
+}
+
+std::string FxOptions::addSingleJob() {
+    if (arguments.size() != 2) {
+        return arguments.size() < 2 ? "an input and an output are needed, or --out-dir and inputs"
+                                    : "several inputs need --out-dir";
+    }
+    const std::string& output = arguments[1];
+    if (output == OutputFile::kStandard) {
+        if (isatty(STDOUT_FILENO) == 1) {
+            return "standard output is a terminal, which cannot show a sound";
+        }
+        jobs.push_back({arguments[0], output, kind.value_or(SoundWriter::Kind::kWav)});
+        return "";
+    }
+    const std::optional<SoundWriter::Kind> kindOfName = SoundWriter::kindOfPath(output);
+    if (!kindOfName && !kind) {
+        return "the output " + inQuotes(output) + " must end in .wav, .flac or .ogg";
+    }
+    jobs.push_back({arguments[0], output, kind ? *kind : *kindOfName});
+    return "";
+}
+
+std::string FxOptions::addFolderJobs() {
+    if (arguments.empty()) {
+        return "no input is named";
+    }
+    const SoundWriter::Kind kindOfAll = kind.value_or(SoundWriter::Kind::kWav);
+    std::vector<std::string> names;
+    for (const std::string& input : arguments) {
+        const std::string name = stemOf(input) + "." + SoundWriter::extension(kindOfAll);
+        const std::string output = (fs::path(outFolder) / name).string();
+        if (std::find(names.begin(), names.end(), name) != names.end()) {
+            return "two inputs would be written to " + inQuotes(output);
+        }
+        if (input != InputFile::kStandard && isSameFile(input, output)) {
+            return inQuotes(input) + " would be replaced by its own output";
+        }
+        names.push_back(name);
+        jobs.push_back({input, output, kindOfAll});
+    }
+    return "";
+}

@@ -1,0 +1,39 @@
+// What the command line asks for.
+#pragma once
+
+#include "SoundWriter.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct FxOptions {
+    enum class Task { kApply, kMeasure, kList, kDone };
+
+    /// A file to read and the one to write; the output is empty when nothing is written.
+    struct Job {
+        std::string input;
+        std::string output;
+        SoundWriter::Kind kind = SoundWriter::Kind::kWav;
+    };
+
+    Task task = Task::kDone;  // done: the parser has answered already (--help, --version)
+    int32_t effect = -1;      // index in the catalogue
+    std::vector<Job> jobs;
+    std::string outFolder;  // with --out-dir; is made if it is missing
+    bool clean = true;
+    bool longSounds = false;
+    std::optional<int32_t> seed;
+
+    /// Empty on success, else one sentence about the mistake.
+    std::string parse(int argc, char** argv);
+
+private:
+    std::string setTask(bool list, bool measure, const std::string& kindName);
+    std::string addSingleJob();
+    std::string addFolderJobs();
+
+    std::vector<std::string> arguments;
+    std::optional<SoundWriter::Kind> kind;  // with --format
+};

@@ -1,0 +1,121 @@
+#include "InputFile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+// A pipe that never ends must not fill the disk. No sound that an effect can take is this long.
+constexpr int64_t kMostPipedBytes = int64_t{1} << 30;
+constexpr size_t kBlockBytes = 1 << 16;
+
+bool writeAll(int fd, const char* bytes, int64_t count) {
+    while (count > 0) {
+        const ssize_t done = write(fd, bytes, static_cast<size_t>(count));
+        if (done < 0 && errno != EINTR) {
+            return false;
+        }
+        if (done > 0) {
+            bytes += done;
+            count -= done;
+        }
+    }
+    return true;
+}
+
+int64_t readSome(int fd, std::vector<char>& block) {
+    ssize_t got = -1;
+    do {
+        got = read(fd, block.data(), block.size());
+    } while (got < 0 && errno == EINTR);
+    return got;
+}
+
+}  // namespace
+
+InputFile::~InputFile() {
+    if (fd >= 0) {
+        close(fd);
+    }
+}
+
+bool InputFile::open(const std::string& path) {
+    const bool standard = path == kStandard;
+    const int opened =
+        standard ? dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    if (opened < 0) {
+        return complain("cannot be opened", errno);
+    }
+    fd = opened;
+    struct stat facts = {};
+    if (fstat(fd, &facts) != 0) {
+        return complain("cannot be read", errno);
+    }
+    if (S_ISDIR(facts.st_mode)) {
+        return complain("cannot be read", EISDIR);
+    }
+    // Standard input is shared with the caller: its position is not this program's to move about.
+    if (standard || !S_ISREG(facts.st_mode)) {
+        piped = true;
+        return keep(opened);
+    }
+    sizeBytes = facts.st_size;
+    return true;
+}
+
+// Reads the pipe to its end into a file without a name, which takes the pipe's place.
+bool InputFile::keep(int pipe) {
+    std::FILE* file = std::tmpfile();
+    const int kept = file != nullptr ? dup(fileno(file)) : -1;
+    const int error = errno;
+    if (file != nullptr) {
+        std::fclose(file);
+    }
+    if (kept < 0) {
+        return complain("cannot be kept in a temporary file", error);
+    }
+    fd = kept;
+    std::vector<char> block(kBlockBytes);
+    int64_t got = readSome(pipe, block);
+    while (got > 0 && sizeBytes + got <= kMostPipedBytes && writeAll(kept, block.data(), got)) {
+        sizeBytes += got;
+        got = readSome(pipe, block);
+    }
+    const int stopped = errno;
+    close(pipe);
+    if (got < 0) {
+        return complain("cannot be read", stopped);
+    }
+    if (got > 0 && sizeBytes + got > kMostPipedBytes) {
+        wrong = "more than 1 GiB came through the pipe, which is no sound for an effect";
+        return false;
+    }
+    return got == 0 || complain("cannot be kept in a temporary file", stopped);
+}
+
+int64_t InputFile::readAt(void* bytes, int64_t count, int64_t offset) const {
+    int64_t done = 0;
+    while (done < count) {
+        const ssize_t got =
+            pread(fd, static_cast<char*>(bytes) + done, static_cast<size_t>(count - done),
+                  static_cast<off_t>(offset + done));
+        if (got < 0 && errno != EINTR) {
+            return -1;
+        }
+        if (got == 0) {
+            break;
+        }
+        done += got > 0 ? got : 0;
+    }
+    return done;
+}
+
+bool InputFile::complain(const std::string& what, int error) {
+    wrong = what + ": " + std::strerror(error);
+    return false;
+}

@@ -1,0 +1,181 @@
+#include "OutputFile.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;  // before the user's mask
+
+/// Holds back the signals that end the program, for a moment.
+class SignalPause {
+public:
+    SignalPause() {
+        sigset_t all;
+        sigfillset(&all);
+        sigprocmask(SIG_SETMASK, &all, &before);
+    }
+
+    ~SignalPause() { sigprocmask(SIG_SETMASK, &before, nullptr); }
+
+private:
+    sigset_t before = {};
+};
+
+/// A link stays a link: what it leads to is replaced.
+std::string behindLinks(const std::string& path) {
+    std::error_code error;
+    const fs::path real = fs::canonical(path, error);
+    return error ? path : real.string();
+}
+
+mode_t userMask() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return mask;
+}
+
+}  // namespace
+
+char OutputFile::unfinished[kPathBytes] = "";
+
+OutputFile::OutputFile(std::string path)
+    : path(std::move(path)) {}
+
+OutputFile::~OutputFile() {
+    discard();
+}
+
+bool OutputFile::open() {
+    if (path == kStandard) {
+        fd = dup(STDOUT_FILENO);
+        return fd >= 0 || complain("cannot be written", errno);
+    }
+    struct stat facts = {};
+    if (stat(path.c_str(), &facts) != 0) {
+        return openBeside();
+    }
+    if (S_ISDIR(facts.st_mode)) {
+        return complain("cannot be written", EISDIR);
+    }
+    if (S_ISREG(facts.st_mode)) {
+        // Renaming would replace a file that its owner has protected.
+        return access(path.c_str(), W_OK) == 0 ? openBeside()
+                                               : complain("cannot be written", errno);
+    }
+    fd = ::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    return fd >= 0 || complain("cannot be written", errno);
+}
+
+bool OutputFile::openBeside() {
+    path = behindLinks(path);
+    const std::string name = (fs::path(path).parent_path() / ".murmelo-fx.XXXXXX").string();
+    if (name.size() >= kPathBytes) {
+        return complain("cannot be written", ENAMETOOLONG);
+    }
+    struct stat facts = {};
+    const bool replaces = stat(path.c_str(), &facts) == 0;
+    const mode_t mode = replaces ? facts.st_mode & 07777 : kNewFileMode & ~userMask();
+    removeOnSignals();
+    const SignalPause pause;
+    std::vector<char> pattern(name.begin(), name.end());
+    pattern.push_back('\0');
+    fd = mkostemp(pattern.data(), O_CLOEXEC);
+    if (fd < 0) {
+        return complain("cannot be written", errno);
+    }
+    beside = true;
+    std::memcpy(unfinished, pattern.data(), pattern.size());
+    return fchmod(fd, mode) == 0 || complain("cannot be written", errno);
+}
+
+bool OutputFile::write(const void* bytes, size_t count) {
+    const auto* next = static_cast<const char*>(bytes);
+    while (count > 0 && fd >= 0) {
+        const ssize_t done = ::write(fd, next, count);
+        if (done < 0 && errno != EINTR) {
+            return complain("cannot be written", errno);
+        }
+        if (done > 0) {
+            next += done;
+            count -= static_cast<size_t>(done);
+        }
+    }
+    return count == 0;
+}
+
+bool OutputFile::commit() {
+    if (fd < 0) {
+        return false;
+    }
+    // Some disks tell that they are full only now. Pipes and devices have nothing to sync.
+    if (fsync(fd) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS) {
+        return complain("cannot be written", errno);
+    }
+    const int closed = close(fd);
+    fd = -1;
+    if (closed != 0) {
+        return complain("cannot be written", errno);
+    }
+    if (!beside) {
+        return true;
+    }
+    const SignalPause pause;
+    if (std::rename(unfinished, path.c_str()) != 0) {
+        return complain("cannot be replaced", errno);
+    }
+    beside = false;
+    unfinished[0] = '\0';
+    return true;
+}
+
+bool OutputFile::complain(const char* what, int error) {
+    if (wrong.empty()) {
+        wrong = std::string(what) + ": " + std::strerror(error);
+    }
+    discard();
+    return false;
+}
+
+void OutputFile::discard() {
+    if (fd >= 0) {
+        close(fd);
+        fd = -1;
+    }
+    if (beside) {
+        const SignalPause pause;
+        unlink(unfinished);
+        unfinished[0] = '\0';
+        beside = false;
+    }
+}
+
+void OutputFile::removeOnSignals() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXCPU}) {
+        struct sigaction action = {};
+        sigaction(signal, nullptr, &action);
+        // A signal that the caller wants ignored (nohup) stays ignored.
+        if (action.sa_handler == SIG_DFL) {
+            action.sa_handler = onSignal;
+            action.sa_flags = static_cast<int>(SA_RESETHAND);
+            sigaction(signal, &action, nullptr);
+        }
+    }
+}
+
+void OutputFile::onSignal(int signal) {
+    if (unfinished[0] != '\0') {
+        unlink(unfinished);
+    }
+    raise(signal);  // now with its own effect
+}

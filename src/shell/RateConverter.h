@@ -1,0 +1,33 @@
+// Turns one channel of any rate into samples of 8 kHz, piece by piece.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct SRC_STATE_tag;
+
+class RateConverter {
+public:
+    explicit RateConverter(int32_t rateHz);
+    RateConverter(const RateConverter&) = delete;
+    RateConverter& operator=(const RateConverter&) = delete;
+    ~RateConverter();
+
+    /// False for rates that lie too far from 8 kHz.
+    bool isPossible() const { return possible; }
+
+    /// Takes count samples (full scale is 1.0) and appends what they make to out. last: no more
+    /// will come. False if the resampling library failed.
+    bool convert(const float* samples, size_t count, bool last, std::vector<int32_t>& out);
+
+private:
+    void halve(const float* samples, size_t count, std::vector<int32_t>& out);
+    bool resample(const float* samples, size_t count, bool last, std::vector<int32_t>& out);
+
+    int32_t rateHz;
+    bool possible = true;
+    SRC_STATE_tag* state = nullptr;  // owned; null for 8 and 16 kHz
+    bool hasFirst = false;           // at 16 kHz: one sample waits for its partner
+    int32_t first = 0;
+};

@@ -1,0 +1,223 @@
+#include "SoundReader.h"
+
+#include "InputFile.h"
+#include "InputStream.h"
+#include "ProgressLine.h"
+#include "RateConverter.h"
+#include "WavFile.h"
+#include "WavProps.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <sndfile.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int32_t kRiffSizeOff =
+    4;  // what a header says about lengths may differ from file to file
+constexpr int32_t kDataSizeOff = 40;
+constexpr int32_t kSizeBytes = 4;
+constexpr int32_t kSampleBytes = 2;
+constexpr int32_t kLoadBytes = 20480;     // read at once by the loader
+constexpr size_t kBlockFloats = 1 << 15;  // read at once from the library
+
+using Bytes = CountedArray<signed char>;
+
+/// A file of the system as a stream for the loader.
+class OpenFileStream : public InputStream {
+public:
+    explicit OpenFileStream(const InputFile& file)
+        : file(file) {}
+
+    using InputStream::read;
+
+    int32_t available() override {
+        const int64_t left = file.size() - position;
+        return static_cast<int32_t>(
+            std::clamp<int64_t>(left, 0, std::numeric_limits<int32_t>::max()));
+    }
+
+    int32_t read() override {
+        signed char byte = 0;
+        if (file.readAt(&byte, 1, position) != 1) {
+            return -1;
+        }
+        position++;
+        return static_cast<unsigned char>(byte);
+    }
+
+    int32_t read(signed char* bytes, int32_t off, int32_t len) override {
+        const int32_t wanted = elementsInRange(bytes, off, len);
+        const int64_t got = file.readAt(bytes + off, wanted, position);
+        failed = failed || got < 0;
+        position += std::max<int64_t>(got, 0);
+        return got > 0 || wanted == 0 ? static_cast<int32_t>(got) : -1;
+    }
+
+    bool hasFailed() const { return failed; }
+
+private:
+    const InputFile& file;
+    int64_t position = 0;
+    bool failed = false;  // the disk, not the sound
+};
+
+/// The library's words, without a full stop of their own.
+std::string libraryComplaint(SNDFILE* file) {
+    std::string words = sf_strerror(file);
+    while (!words.empty() && (words.back() == '.' || words.back() == '\n')) {
+        words.pop_back();
+    }
+    return words;
+}
+
+struct FileCloser {
+    void operator()(SNDFILE* file) const { sf_close(file); }
+};
+
+using LibraryFile = std::unique_ptr<SNDFILE, FileCloser>;
+
+void blank(signed char* header, int32_t off) {
+    std::fill_n(header + off, kSizeBytes, static_cast<signed char>(0));
+}
+
+/// The mean of each frame's channels.
+void mixDown(const std::vector<float>& frames,
+             size_t count,
+             size_t channels,
+             std::vector<float>& mono) {
+    mono.resize(count);
+    for (size_t i = 0; i < count; i++) {
+        double sum = 0.0;
+        for (size_t channel = 0; channel < channels; channel++) {
+            sum += static_cast<double>(frames[i * channels + channel]);
+        }
+        mono[i] = static_cast<float>(sum / static_cast<double>(channels));
+    }
+}
+
+}  // namespace
+
+SoundReader::SoundReader(int32_t maxSamples, ProgressLine& progress)
+    : maxSamples(std::min(maxSamples, kMaxArrayLength))
+    , progress(progress) {}
+
+Sound SoundReader::read(const std::string& path) {
+    tooLong = false;
+    wrong.clear();
+    InputFile file;
+    if (!file.open(path)) {
+        return refuse(file.complaint());
+    }
+    const int32_t count = canonicalSamples(file);
+    return count >= 0 ? readCanonical(file, count) : readAnyKind(file, path);
+}
+
+/// Samples of 8 kHz in a file with the header that the application writes; -1 for any other file.
+/// A header without a length (a recorder was cut off, a pipe did not know) is left to the library,
+/// which looks at the file instead.
+int32_t SoundReader::canonicalSamples(const InputFile& file) {
+    const Bytes header(newArray<signed char>(WavProps::kHeaderBytes));
+    if (file.readAt(header.get(), WavProps::kHeaderBytes, 0) != WavProps::kHeaderBytes) {
+        return -1;
+    }
+    const WavProps props(header.get());
+    const int32_t rateHz = props.getSampleRate();
+    if ((rateHz != WavFile::kRateHz && rateHz != WavFile::kRecordedRateHz) ||
+        props.getSampleCount() <= 0) {
+        return -1;
+    }
+    const Bytes own(WavProps(props.getSampleCount(), rateHz).toByteArray());
+    for (signed char* bytes : {header.get(), own.get()}) {
+        blank(bytes, kRiffSizeOff);
+        blank(bytes, kDataSizeOff);
+    }
+    if (std::memcmp(header.get(), own.get(), WavProps::kHeaderBytes) != 0) {
+        return -1;
+    }
+    const int64_t there = (file.size() - WavProps::kHeaderBytes) / kSampleBytes;
+    const int64_t count = std::min<int64_t>(there, props.getSampleCount());
+    return static_cast<int32_t>(count / (rateHz / WavFile::kRateHz));
+}
+
+Sound SoundReader::readCanonical(const InputFile& file, int32_t count) {
+    if (count > maxSamples) {
+        return refuseLength();
+    }
+    const Bytes header(newArray<signed char>(WavProps::kHeaderBytes));
+    const Bytes block(newArray<signed char>(kLoadBytes));
+    OpenFileStream stream(file);
+    Sound sound(WavFile::loadTo8Khz(&stream, header.get(), block.get()));
+    if (sound == nullptr || stream.hasFailed()) {
+        return refuse("cannot be read to its end");
+    }
+    return sound;
+}
+
+Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
+    SF_INFO facts = {};
+    // By its path, where there is one: kinds without a header are known by their extension.
+    const LibraryFile opened(file.isPiped()
+                                 ? sf_open_fd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
+                                 : sf_open(path.c_str(), SFM_READ, &facts));
+    if (opened == nullptr) {
+        return refuse("is no sound file that can be read (" + libraryComplaint(nullptr) + ")");
+    }
+    std::vector<int32_t> samples;
+    if (!convertAll(opened.get(), samples)) {
+        return nullptr;
+    }
+    Sound sound(newArray<int32_t>(static_cast<int32_t>(samples.size())));
+    std::copy(samples.begin(), samples.end(), sound.get());
+    return sound;
+}
+
+// Never holds more than a block of the file: what its header says about its length is not believed.
+bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
+    SF_INFO facts = {};
+    sf_command(file, SFC_GET_CURRENT_SF_INFO, &facts, sizeof facts);
+    RateConverter converter(facts.samplerate);
+    if (!converter.isPossible() || facts.channels < 1) {
+        refuse("has a sample rate that cannot be converted (" + std::to_string(facts.samplerate) +
+               " Hz)");
+        return false;
+    }
+    const auto channels = static_cast<size_t>(facts.channels);
+    const size_t blockFrames = std::max<size_t>(kBlockFloats / channels, 1);
+    std::vector<float> frames(blockFrames * channels);
+    std::vector<float> mono;
+    int64_t done = 0;
+    for (bool last = false; !last;) {
+        const auto got = static_cast<size_t>(std::max<sf_count_t>(
+            sf_readf_float(file, frames.data(), static_cast<sf_count_t>(blockFrames)), 0));
+        last = got < blockFrames;
+        mixDown(frames, got, channels, mono);
+        if (!converter.convert(mono.data(), got, last, samples)) {
+            refuse("cannot be converted to 8 kHz");
+            return false;
+        }
+        if (samples.size() > static_cast<size_t>(maxSamples)) {
+            refuseLength();
+            return false;
+        }
+        done += static_cast<int64_t>(got);
+        progress.show("reading", done, facts.frames);
+    }
+    if (sf_error(file) != SF_ERR_NO_ERROR) {
+        refuse("is damaged (" + libraryComplaint(file) + ")");
+        return false;
+    }
+    return true;
+}
+
+Sound SoundReader::refuse(const std::string& why) {
+    wrong = why;
+    return nullptr;
+}
+
+Sound SoundReader::refuseLength() {
+    tooLong = true;
+    return refuse("the sound is too long");
+}

@@ -1,0 +1,179 @@
+#include "SoundWriter.h"
+
+#include "OutputFile.h"
+#include "OutputStream.h"
+#include "Sound.h"
+#include "WavFile.h"
+#include "WavProps.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdio>
+#include <filesystem>
+#include <sndfile.h>
+#include <vector>
+
+namespace {
+
+constexpr int32_t kSaveBytes = 20480;  // written at once
+constexpr int32_t kBlockSamples = 4096;
+
+struct KindName {
+    const char* name;
+    SoundWriter::Kind kind;
+};
+
+constexpr std::array<KindName, 4> kKindNames = {{
+    {"wav", SoundWriter::Kind::kWav},
+    {"flac", SoundWriter::Kind::kFlac},
+    {"ogg", SoundWriter::Kind::kOgg},
+    {"oga", SoundWriter::Kind::kOgg},
+}};
+
+/// A file of the system as a stream for the application's writer.
+class OpenFileStream : public OutputStream {
+public:
+    explicit OpenFileStream(OutputFile& file)
+        : file(file) {}
+
+    using OutputStream::write;
+
+    void write(signed char byte) override { failed = !file.write(&byte, 1) || failed; }
+
+    void write(signed char* bytes, int32_t off, int32_t len) override {
+        const auto count = static_cast<size_t>(elementsInRange(bytes, off, len));
+        failed = !file.write(bytes + off, count) || failed;
+    }
+
+    bool hasFailed() override { return failed; }
+
+private:
+    OutputFile& file;
+    bool failed = false;
+};
+
+/// Where the library writes to: memory, since it does not tell of every byte that a disk refuses.
+struct Memory {
+    std::vector<char> bytes;
+    sf_count_t position = 0;
+
+    sf_count_t size() const { return static_cast<sf_count_t>(bytes.size()); }
+
+    sf_count_t seek(sf_count_t offset, int whence) {
+        const sf_count_t base = whence == SEEK_SET ? 0 : (whence == SEEK_CUR ? position : size());
+        position = std::max<sf_count_t>(base + offset, 0);
+        return position;
+    }
+
+    sf_count_t write(const void* source, sf_count_t count) {
+        const auto end = static_cast<size_t>(position + count);
+        bytes.resize(std::max(bytes.size(), end));
+        std::copy_n(static_cast<const char*>(source), count, bytes.begin() + position);
+        position += count;
+        return count;
+    }
+
+    sf_count_t read(void* target, sf_count_t count) {
+        const sf_count_t there = std::clamp<sf_count_t>(size() - position, 0, count);
+        std::copy_n(bytes.begin() + position, there, static_cast<char*>(target));
+        position += there;
+        return there;
+    }
+};
+
+Memory* memoryOf(void* context) {
+    return static_cast<Memory*>(context);
+}
+
+SF_VIRTUAL_IO memoryCalls() {
+    SF_VIRTUAL_IO calls = {};
+    calls.get_filelen = [](void* context) { return memoryOf(context)->size(); };
+    calls.seek = [](sf_count_t offset, int whence, void* context) {
+        return memoryOf(context)->seek(offset, whence);
+    };
+    calls.read = [](void* target, sf_count_t count, void* context) {
+        return memoryOf(context)->read(target, count);
+    };
+    calls.write = [](const void* source, sf_count_t count, void* context) {
+        return memoryOf(context)->write(source, count);
+    };
+    calls.tell = [](void* context) { return memoryOf(context)->position; };
+    return calls;
+}
+
+/// Empty on success, else the library's words.
+std::string encode(int format, const int32_t* samples, Memory& memory) {
+    SF_INFO facts = {};
+    facts.samplerate = WavFile::kRateHz;
+    facts.channels = 1;
+    facts.format = format;
+    SF_VIRTUAL_IO calls = memoryCalls();
+    SNDFILE* file = sf_open_virtual(&calls, SFM_WRITE, &facts, &memory);
+    if (file == nullptr) {
+        return sf_strerror(nullptr);
+    }
+    std::string wrong;
+    std::array<short, kBlockSamples> block{};
+    for (int32_t done = 0; done < length(samples) && wrong.empty();) {
+        const int32_t count = std::min(kBlockSamples, length(samples) - done);
+        // The low 16 bits, as in a WAV file.
+        std::transform(samples + done, samples + done + count, block.begin(),
+                       [](int32_t sample) { return static_cast<short>(sample); });
+        if (sf_write_short(file, block.data(), count) != count) {
+            wrong = sf_strerror(file);
+        }
+        done += count;
+    }
+    const int closed = sf_close(file);
+    return wrong.empty() && closed != 0 ? sf_error_number(closed) : wrong;
+}
+
+std::string lowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return text;
+}
+
+}  // namespace
+
+std::optional<SoundWriter::Kind> SoundWriter::kindOfPath(const std::string& path) {
+    const std::string dotted = std::filesystem::path(path).extension().string();
+    return dotted.empty() ? Kind::kWav : kindOfName(lowerCase(dotted.substr(1)));
+}
+
+std::optional<SoundWriter::Kind> SoundWriter::kindOfName(const std::string& name) {
+    for (const KindName& known : kKindNames) {
+        if (name == known.name) {
+            return known.kind;
+        }
+    }
+    return std::nullopt;
+}
+
+const char* SoundWriter::extension(Kind kind) {
+    for (const KindName& known : kKindNames) {
+        if (kind == known.kind) {
+            return known.name;
+        }
+    }
+    return "";
+}
+
+std::string SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) {
+    if (kind == Kind::kWav) {
+        const CountedArray<signed char> header(newArray<signed char>(WavProps::kHeaderBytes));
+        const CountedArray<signed char> block(newArray<signed char>(kSaveBytes));
+        OpenFileStream stream(file);
+        return WavFile::save8Khz(&stream, samples, header.get(), block.get()) ? ""
+                                                                              : file.complaint();
+    }
+    const int format =
+        kind == Kind::kFlac ? SF_FORMAT_FLAC | SF_FORMAT_PCM_16 : SF_FORMAT_OGG | SF_FORMAT_VORBIS;
+    Memory memory;
+    const std::string wrong = encode(format, samples, memory);
+    if (!wrong.empty()) {
+        return "cannot be encoded (" + wrong + ")";
+    }
+    return file.write(memory.bytes.data(), memory.bytes.size()) ? "" : file.complaint();
+}

@@ -1,0 +1,25 @@
+// Writes a sound: WAV by the application's own writer, other kinds by a library.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+class OutputFile;
+
+class SoundWriter {
+public:
+    enum class Kind { kWav, kFlac, kOgg };
+
+    /// By the extension of a file's name; WAV for a name without one. Nothing for any other.
+    static std::optional<Kind> kindOfPath(const std::string& path);
+
+    /// By the kind's own name: wav, flac or ogg.
+    static std::optional<Kind> kindOfName(const std::string& name);
+
+    /// The extension, without its dot.
+    static const char* extension(Kind kind);
+
+    /// Empty on success, else what went wrong. The file is not committed yet.
+    static std::string write(OutputFile& file, Kind kind, const int32_t* samples);
+};

@@ -1,0 +1,179 @@
+// murmelo-fx: the voice effects for people with a shell.
+#include "EffectRun.h"
+#include "FxCatalogue.h"
+#include "FxOptions.h"
+#include "InputFile.h"
+#include "OutputFile.h"
+#include "ProgressLine.h"
+#include "ShellHost.h"
+#include "SoundMeter.h"
+#include "SoundReader.h"
+#include "WavFile.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <iostream>
+
+namespace {
+
+constexpr int kOk = 0;
+constexpr int kSomeFailed = 1;
+constexpr int kUsage = 2;
+
+int complain(const std::string& message, int status) {
+    std::cerr << "murmelo-fx: " << message << "\n";
+    return status;
+}
+
+/// What was printed may still be on its way to a full disk.
+int finishPrinting(int status) {
+    std::cout.flush();
+    return std::cout ? status : complain("standard output: cannot be written", kSomeFailed);
+}
+
+std::string inputName(const std::string& path) {
+    return path == InputFile::kStandard ? "standard input" : path;
+}
+
+std::string outputName(const std::string& path) {
+    return path == OutputFile::kStandard ? "standard output" : path;
+}
+
+int list() {
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        char line[80];
+        std::snprintf(line, sizeof line, "%-10s %s\n", FxCatalogue::toolName(effect),
+                      EffectRun::description(effect));
+        std::cout << line;
+    }
+    return finishPrinting(kOk);
+}
+
+std::string seconds(int32_t samples) {
+    return std::to_string(samples / WavFile::kRateHz) + " s";
+}
+
+/// Applies one effect to one file after the other.
+class Applier {
+public:
+    Applier(const FxOptions& options, ProgressLine& progress)
+        : options(options)
+        , progress(progress)
+        , run(options.effect, options.clean, progress) {}
+
+    /// Empty on success, else the sentence to print.
+    std::string apply(const FxOptions::Job& job) {
+        OutputFile file(job.output);
+        if (!file.open()) {
+            return outputName(job.output) + ": " + file.complaint();
+        }
+        SoundReader reader(longest(), progress);
+        Sound sound = reader.read(job.input);
+        if (sound == nullptr) {
+            return inputName(job.input) + ": " +
+                   (reader.wasTooLong() ? lengthComplaint() : reader.complaint());
+        }
+        sound = run.apply(std::move(sound));
+        if (sound == nullptr) {
+            return inputName(job.input) + ": the effect failed on this sound";
+        }
+        const std::string wrong = SoundWriter::write(file, job.kind, sound.get());
+        if (!wrong.empty()) {
+            return outputName(job.output) + ": " + wrong;
+        }
+        return file.commit() ? "" : outputName(job.output) + ": " + file.complaint();
+    }
+
+private:
+    int32_t longest() const {
+        return options.longSounds ? EffectRun::effectsLongest(options.effect)
+                                  : EffectRun::systemsLongest();
+    }
+
+    std::string lengthComplaint() const {
+        const std::string start = "is longer than " + seconds(longest());
+        return options.longSounds ? start + ", the most that this effect can work on"
+                                  : start + " (--long allows it)";
+    }
+
+    const FxOptions& options;
+    ProgressLine& progress;
+    EffectRun run;
+};
+
+std::string measure(const FxOptions::Job& job, ProgressLine& progress) {
+    SoundReader reader(kMaxArrayLength, progress);
+    const Sound sound = reader.read(job.input);
+    if (sound == nullptr) {
+        return inputName(job.input) + ": " +
+               (reader.wasTooLong() ? "is longer than " + seconds(kMaxArrayLength)
+                                    : reader.complaint());
+    }
+    const SoundMeter meter(sound.get());
+    const double pitchHz = meter.pitchHz();
+    char pitch[32] = "no pitch";
+    if (pitchHz > 0.0) {
+        std::snprintf(pitch, sizeof pitch, "pitch %.1f Hz", pitchHz);
+    }
+    char facts[160];
+    std::snprintf(facts, sizeof facts, "%.3f s, peak %.1f dBFS, RMS %.1f dBFS, %s\n",
+                  meter.seconds(), meter.peakDb(), meter.rmsDb(), pitch);
+    progress.clear();
+    std::cout << inputName(job.input) << ": " << facts;
+    return "";
+}
+
+/// Does every job, whatever becomes of the others.
+template <typename Work>
+int doAll(const FxOptions& options, ProgressLine& progress, Work work) {
+    int status = kOk;
+    size_t number = 0;
+    for (const FxOptions::Job& job : options.jobs) {
+        progress.start(inputName(job.input), ++number, options.jobs.size());
+        const std::string wrong = work(job);
+        if (!wrong.empty()) {
+            progress.clear();
+            status = complain(wrong, kSomeFailed);
+        }
+    }
+    return finishPrinting(status);
+}
+
+int applyAll(const FxOptions& options, ProgressLine& progress) {
+    if (!options.outFolder.empty()) {
+        std::error_code error;
+        std::filesystem::create_directories(options.outFolder, error);
+        if (error) {
+            return complain(options.outFolder + ": cannot be made: " + error.message(),
+                            kSomeFailed);
+        }
+    }
+    const ShellHost host(options.seed);
+    Applier applier(options, progress);
+    return doAll(options, progress,
+                 [&applier](const FxOptions::Job& job) { return applier.apply(job); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    FxOptions options;
+    const std::string mistake = options.parse(argc, argv);
+    if (!mistake.empty()) {
+        return complain(mistake + " (see murmelo-fx --help)", kUsage);
+    }
+    ProgressLine progress;
+    switch (options.task) {
+    case FxOptions::Task::kApply:
+        return applyAll(options, progress);
+    case FxOptions::Task::kMeasure:
+        return doAll(options, progress,
+                     [&progress](const FxOptions::Job& job) { return measure(job, progress); });
+    case FxOptions::Task::kList:
+        return list();
+    default:
+        return finishPrinting(kOk);
+    }
+}

@@ -1,0 +1,26 @@
+#!/bin/sh
+# Do the committed pictures still match their SVG sources? Exit status 0: yes, 1: no, 77: the tools are missing or
+# the renderer is another one than the pictures were made with (other renderers differ in the last bits).
+set -u
+here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$here/../.." && pwd)
+made=$(mktemp -d)
+trap 'rm -rf "$made"' EXIT
+
+if ! command -v rsvg-convert >/dev/null; then
+    echo "check-art: no rsvg-convert" >&2
+    exit 77
+fi
+if [ "$(rsvg-convert --version)" != "$(cat "$root/art/renderer.txt")" ]; then
+    echo "check-art: the pictures were made with another renderer: $(cat "$root/art/renderer.txt")" >&2
+    exit 77
+fi
+"$root/art/render.sh" "$made/Res" "$made/icons"
+status=$?
+[ $status -eq 0 ] || exit $status
+
+python=python3
+"$python" -c 'import PIL' 2>/dev/null || python=/usr/bin/python3
+"$python" "$here/compare.py" "$made/Res" "$root/res/Res" || exit 1
+"$python" "$here/compare.py" "$made/icons" "$root/res/icons" || exit 1
+"$python" "$here/rules.py" "$root/res/Res" || exit 1

@@ -1,0 +1,32 @@
+"""compare.py MADE COMMITTED: every freshly made picture equals the committed one, pixel for pixel."""
+import os
+import sys
+
+from PIL import Image
+
+
+def pictures(folder):
+    return {name for name in os.listdir(folder) if name.endswith(".png")}
+
+
+def same(a, b):
+    with Image.open(a) as first, Image.open(b) as second:
+        return first.mode == second.mode and first.size == second.size and first.tobytes() == second.tobytes()
+
+
+def main():
+    made, committed = sys.argv[1:]
+    complaints = ["%s is not made by any source" % n for n in sorted(pictures(committed) - pictures(made))]
+    for name in sorted(pictures(made)):
+        path = os.path.join(committed, name)
+        if not os.path.exists(path):
+            complaints.append(name + " is not committed")
+        elif not same(os.path.join(made, name), path):
+            complaints.append(name + " no longer matches its source: run art/render.sh")
+    for complaint in complaints:
+        print("compare: " + complaint, file=sys.stderr)
+    return 1 if complaints else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,44 @@
+#include "Script.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string mistakeIn(const std::string& text) {
+    std::vector<ScriptCommand> commands;
+    return Script::parse(text, commands);
+}
+
+}  // namespace
+
+TEST(Script, readsCommandsAndPassesOverCommentsAndEmptyLines) {
+    std::vector<ScriptCommand> commands;
+    EXPECT_EQ("", Script::parse("# start\n\n  tap 10 -20 # here\nuntil Options\nuntil Play 500\n",
+                                commands));
+    ASSERT_EQ(3U, commands.size());
+    EXPECT_EQ(ScriptVerb::kTap, commands[0].verb);
+    EXPECT_EQ(3, commands[0].line);
+    EXPECT_EQ((std::vector<int64_t>{10, -20}), commands[0].numbers);
+    EXPECT_EQ("Options", commands[1].text);
+    EXPECT_TRUE(commands[1].numbers.empty());
+    EXPECT_EQ((std::vector<int64_t>{500}), commands[2].numbers);
+}
+
+TEST(Script, tellsLongerNamesFromShorterOnes) {
+    std::vector<ScriptCommand> commands;
+    EXPECT_EQ("", Script::parse("expect no file a.wav\nexpect file b.wav\nexpect ended", commands));
+    EXPECT_EQ(ScriptVerb::kExpectNoFile, commands[0].verb);
+    EXPECT_EQ(ScriptVerb::kExpectFile, commands[1].verb);
+    EXPECT_EQ(ScriptVerb::kExpectEnded, commands[2].verb);
+}
+
+TEST(Script, namesTheLineOfAMistake) {
+    EXPECT_EQ("line 2: there is no command \"jump\"", mistakeIn("wait 5\njump\n"));
+    EXPECT_EQ("line 1: \"x\" is not a number", mistakeIn("wait x"));
+    EXPECT_EQ("line 1: \"12a\" is not a number", mistakeIn("tap 12a 3"));
+    EXPECT_EQ("line 1: \"99999999999\" is not a number", mistakeIn("wait 99999999999"));
+    EXPECT_EQ("line 1: \"tap\" wants more", mistakeIn("tap 5"));
+    EXPECT_EQ("line 1: \"6\" is too much", mistakeIn("wait 5 6"));
+    EXPECT_EQ("line 1: \"swipe\" wants left or right", mistakeIn("swipe up"));
+    EXPECT_EQ("line 1: there is no command \"expect\"", mistakeIn("expect nothing"));
+}

@@ -1,0 +1,164 @@
+#include "LoopHost.h"
+#include "OspGraphics.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+
+using Osp::Graphics::Bitmap;
+using Osp::Graphics::BufferInfo;
+using Osp::Graphics::Canvas;
+using Osp::Graphics::Color;
+using Osp::Graphics::Rectangle;
+
+namespace {
+
+constexpr int32_t kW = HostFrame::kWidthPx;
+constexpr int32_t kH = HostFrame::kHeightPx;
+
+class OspGraphicsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        bitmap.Construct({240, 320}, Osp::Graphics::BITMAP_PIXEL_FORMAT_RGB565);
+        BufferInfo info;
+        bitmap.Lock(info, -1);
+        pixels = reinterpret_cast<uint16_t*>(info.pPixels);
+        std::mt19937 random(1);
+        for (int32_t i = 0; i < 240 * 320; i++) {
+            pixels[i] = static_cast<uint16_t>(random());
+        }
+    }
+
+    /// What the display shows now.
+    std::vector<uint16_t> display() {
+        canvas->Show();
+        std::vector<uint16_t> shown(static_cast<size_t>(kW) * kH, 0x1234);
+        host.frame->compose(shown.data(), kW * 2);
+        return shown;
+    }
+
+    static uint16_t at(const std::vector<uint16_t>& shown, int32_t x, int32_t y) {
+        return shown[static_cast<size_t>(y * kW + x)];
+    }
+
+    LoopHost host;
+    Bitmap bitmap;
+    uint16_t* pixels = nullptr;
+    std::unique_ptr<Canvas> canvas = std::make_unique<Canvas>();
+};
+
+}  // namespace
+
+TEST_F(OspGraphicsTest, theUsualFrameIsADoubledPictureBetweenTwoBands) {
+    canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
+    canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
+    const std::vector<uint16_t> shown = display();
+    for (int32_t y = 0; y < kH; y++) {
+        for (int32_t x = 0; x < kW; x++) {
+            const uint16_t expected = y < 160 ? 0x2104 : pixels[(y - 160) / 2 * 240 + x / 2];
+            ASSERT_EQ(expected, at(shown, x, y)) << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(OspGraphicsTest, whatIsNotPaintedIsBlack) {
+    const std::vector<uint16_t> shown = display();
+    EXPECT_EQ(0, at(shown, 0, 0));
+    EXPECT_EQ(0, at(shown, 479, 799));
+}
+
+TEST_F(OspGraphicsTest, paintingKeepsToTheClip) {
+    canvas->SetClipBounds({10, 20, 5, 6});
+    canvas->FillRectangle(Color(0xFFFFFFFF), {0, 0, 480, 800});
+    const std::vector<uint16_t> shown = display();
+    EXPECT_EQ(30, std::count(shown.begin(), shown.end(), 0xFFFF));
+    EXPECT_EQ(0xFFFF, at(shown, 10, 20));
+    EXPECT_EQ(0xFFFF, at(shown, 14, 25));
+}
+
+TEST_F(OspGraphicsTest, laterPaintingLiesAboveEarlier) {
+    canvas->FillRectangle(Color(0xFFFF0000), {0, 0, 480, 800});
+    canvas->FillRectangle(Color(0xFF00FF00), {100, 100, 10, 10});
+    canvas->DrawBitmap({105, 105, 20, 20}, bitmap, {0, 0, 10, 10});
+    canvas->FillRectangle(Color(0xFF0000FF), {106, 106, 1, 1});
+    const std::vector<uint16_t> shown = display();
+    EXPECT_EQ(0xF800, at(shown, 99, 100));
+    EXPECT_EQ(0x07E0, at(shown, 104, 105));
+    EXPECT_EQ(pixels[0], at(shown, 105, 105));
+    EXPECT_EQ(0x001F, at(shown, 106, 106));
+    EXPECT_EQ(pixels[9 * 240 + 9], at(shown, 124, 124));
+}
+
+TEST_F(OspGraphicsTest, anyScaleRepeatsOrLeavesOutPixels) {
+    canvas->DrawBitmap({1, 0, 7, 5}, bitmap, {3, 2, 4, 10});
+    const std::vector<uint16_t> shown = display();
+    for (int32_t y = 0; y < 5; y++) {
+        for (int32_t x = 0; x < 7; x++) {
+            EXPECT_EQ(pixels[(2 + y * 10 / 5) * 240 + 3 + x * 4 / 7], at(shown, 1 + x, y));
+        }
+    }
+}
+
+TEST_F(OspGraphicsTest, aSourceOutsideItsBitmapIsRefused) {
+    EXPECT_NE(E_SUCCESS, canvas->DrawBitmap({0, 0, 10, 10}, bitmap, {235, 0, 10, 10}));
+    EXPECT_NE(E_SUCCESS, canvas->DrawBitmap({0, 0, 10, 10}, bitmap, {0, 0, 0, 0}));
+    EXPECT_NE(E_SUCCESS, Bitmap().Construct({0, 5}, Osp::Graphics::BITMAP_PIXEL_FORMAT_RGB565));
+    BufferInfo info;
+    EXPECT_NE(E_SUCCESS, Bitmap().Lock(info, -1));
+}
+
+TEST_F(OspGraphicsTest, moreOperationsThanAreKeptLookTheSame) {
+    canvas->FillRectangle(Color(0xFF202020), {0, 0, 480, 800});
+    for (int32_t i = 0; i < 50; i++) {
+        canvas->FillRectangle(Color(0xFFFFFFFF), {i * 3, i * 5, 2, 2});
+    }
+    canvas->DrawBitmap({0, 400, 480, 400}, bitmap, {0, 0, 240, 200});
+    const std::vector<uint16_t> shown = display();
+    for (int32_t i = 0; i < 50; i++) {
+        EXPECT_EQ(0xFFFF, at(shown, i * 3 + 1, i * 5 + 1));
+        EXPECT_EQ(0x2104, at(shown, i * 3 + 2, i * 5));
+    }
+    EXPECT_EQ(pixels[199 * 240 + 239], at(shown, 479, 799));
+}
+
+TEST_F(OspGraphicsTest, aChangeIsSeenOnceAndOnlyWhenAPixelDiffers) {
+    auto frame = [this] {
+        canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
+        canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
+        canvas->Show();
+        return host.frame->takeChange();
+    };
+    EXPECT_TRUE(frame());
+    EXPECT_FALSE(frame());
+    pixels[77]++;
+    EXPECT_TRUE(frame());
+    EXPECT_FALSE(frame());
+    canvas->FillRectangle(Color(0xFF101010), {0, 0, 640, 800});
+    EXPECT_TRUE(host.frame->takeChange());
+}
+
+TEST_F(OspGraphicsTest, theCanvasOutlivesItsBitmap) {
+    {
+        Bitmap shortLived;
+        shortLived.Construct({1, 1}, Osp::Graphics::BITMAP_PIXEL_FORMAT_RGB565);
+        BufferInfo info;
+        shortLived.Lock(info, -1);
+        *reinterpret_cast<uint16_t*>(info.pPixels) = 0xABCD;
+        canvas->DrawBitmap({0, 0, 480, 800}, shortLived, {0, 0, 1, 1});
+    }
+    EXPECT_EQ(0xABCD, at(display(), 200, 300));
+}
+
+TEST_F(OspGraphicsTest, aCanvasThatGoesTakesItsFrameAway) {
+    canvas->Show();
+    EXPECT_NE(nullptr, host.frame);
+    canvas.reset();
+    EXPECT_EQ(nullptr, host.frame);
+}
+
+TEST_F(OspGraphicsTest, showingCanFail) {
+    host.failNth("Canvas.Show", 1);
+    EXPECT_NE(E_SUCCESS, canvas->Show());
+    EXPECT_EQ(E_SUCCESS, canvas->Show());
+}

@@ -1,0 +1,75 @@
+// A host for the real loop: works off steps whenever nothing is due, and lets time pass between
+// them.
+#pragma once
+
+#include "TestHost.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+
+class LoopHost : public TestHost {
+public:
+    /// Answers whether it delivered a callback, as Host::pump does.
+    using Step = std::function<bool(HostListener&)>;
+
+    /// A callback of the platform.
+    void callback(std::function<void(HostListener&)> deliver) {
+        steps.emplace_back([deliver](HostListener& listener) {
+            deliver(listener);
+            return true;
+        });
+    }
+
+    /// A look or a change from inside the test, which is no callback.
+    void check(std::function<void()> look) {
+        steps.emplace_back([look](HostListener&) {
+            look();
+            return false;
+        });
+    }
+
+    /// Time passes, and what falls due meanwhile is delivered.
+    void wait(int64_t ms) {
+        check([this, ms] { waitEndMs = nowMs + ms; });
+    }
+
+    bool pump(HostListener& listener, int64_t timeoutMs) override {
+        if (timeoutMs == 0) {
+            return false;
+        }
+        if (nowMs < waitEndMs) {
+            sleeps++;
+            const bool dueBefore = timeoutMs > 0 && timeoutMs < waitEndMs - nowMs;
+            nowMs = dueBefore ? nowMs + timeoutMs : waitEndMs;
+            return false;
+        }
+        if (steps.empty()) {
+            listener.onTerminate();
+            return true;
+        }
+        const Step step = steps.front();
+        steps.pop_front();
+        return step(listener);
+    }
+
+    void frameShown(HostFrame* newest) override {
+        frame = newest;
+        framesShown += newest != nullptr ? 1 : 0;
+    }
+
+    void setDoors(HostDoors* offered) override { doors = offered; }
+
+    /// Frames of the application do not give way to anybody: the clock stands while it works.
+    void yielded() override { yields++; }
+
+    int32_t framesShown = 0;
+    int32_t sleeps = 0;
+    int32_t yields = 0;
+    HostFrame* frame = nullptr;
+    HostDoors* doors = nullptr;
+
+private:
+    std::deque<Step> steps;
+    int64_t waitEndMs = 0;
+};
