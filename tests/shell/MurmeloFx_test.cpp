@@ -264,6 +264,8 @@ TEST_F(MurmeloFx, dashesReadAndWriteThroughPipes) {
     const shell::Result twice = ToolRunner().program("/bin/sh").input(wav).run({"-c", chain});
     EXPECT_EQ(0, twice.status) << twice.err;
     EXPECT_EQ(wav, twice.out);
+    EXPECT_EQ(0, ToolRunner().input(wav).run({"low", "--out-dir", path("d"), "-"}).status);
+    EXPECT_TRUE(folders.has("d/stdin.wav"));
 }
 
 TEST_F(MurmeloFx, flacComesThroughAPipeAsWell) {
