@@ -1,9 +1,27 @@
 murmelo_tests(fmk_tests
     SOURCES
+        fmk/common/fmk/Arc_test.cpp
         fmk/common/fmk/Arithmetic_test.cpp
         fmk/common/fmk/ArrFunc_test.cpp
+        fmk/common/fmk/ByteArrayInputStream_test.cpp
+        fmk/common/fmk/ByteArrayOutputStream_test.cpp
+        fmk/common/fmk/DataInputStream_test.cpp
+        fmk/common/fmk/DataOutputStream_test.cpp
+        fmk/common/fmk/FileInputStream_test.cpp
+        fmk/common/fmk/FileOutputStream_test.cpp
+        fmk/common/fmk/GnoCanvas_test.cpp
         fmk/common/fmk/GnoGraphics_test.cpp
+        fmk/common/fmk/GnoImage_test.cpp
+        fmk/common/fmk/GnoObject_test.cpp
+        fmk/common/fmk/Hashtable_test.cpp
+        fmk/common/fmk/Integer_test.cpp
+        fmk/common/fmk/Math_test.cpp
+        fmk/common/fmk/RecordStore_test.cpp
+        fmk/common/fmk/png2native_test.cpp
         fmk/common/fmk/Rgb565_test.cpp
+        fmk/common/fmk/Services_test.cpp
+        fmk/common/fmk/StringBuffer_test.cpp
+        fmk/common/fmk/Utils_test.cpp
         fmk/common/fmk/Vector_test.cpp
         platform/osp/OspBase_test.cpp
         platform/osp/OspIo_test.cpp

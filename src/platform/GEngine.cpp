@@ -1,5 +1,6 @@
 #include "GEngine.h"
 
+#include "AudioDev.h"
 #include "GameInterface.h"
 #include "Orm.h"
 
@@ -127,6 +128,10 @@ void GEngine::OnTouchMoved(const Control& /*source*/,
     pGameInterface->OnPointerMove(at.x, at.y);
 }
 
-void GEngine::OnKeyPressed(const Control& /*source*/, Osp::Ui::KeyCode /*keyCode*/) {
-    // FIXME: the volume keys speak to the audio device, which comes with the sound back ends.
+void GEngine::OnKeyPressed(const Control& /*source*/, Osp::Ui::KeyCode keyCode) {
+    if (keyCode == Osp::Ui::KEY_SIDE_UP) {
+        AudioDev::changeVolume(1);
+    } else if (keyCode == Osp::Ui::KEY_SIDE_DOWN) {
+        AudioDev::changeVolume(-1);
+    }
 }

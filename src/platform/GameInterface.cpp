@@ -1,13 +1,21 @@
 #include "GameInterface.h"
 
+#include "AppImage.h"
+#include "AudioDev.h"
 #include "CanvasGraphics.h"
+#include "FileOps.h"
 #include "G.h"
 #include "Murmelo.h"
+#include "Options.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspGraphics.h"
 #include "OspSystem.h"
+#include "PngEncoder.h"
+#include "Save.h"
+#include "SkBar.h"
 #include "State.h"
+#include "TakeJob.h"
 
 #include <cstdlib>
 #include <cxxabi.h>
@@ -78,6 +86,7 @@ void GameInterface::AppResume() {
     const bool silent = isSilentMode();
     if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
         if (!OrmCanvas::showIsSilentPopup) {
+            SkBar::save();
             OrmCanvas::silentPopupShown = true;
             OrmCanvas::showIsSilentPopup = true;
         }
@@ -87,9 +96,15 @@ void GameInterface::AppResume() {
         return;  // it still stands: answers are taken only while the scheduler is paused
     }
     Orm::canvas->showNotify();
-    if (!silent) {
-        OrmCanvas::silentPopupShown = false;
+    if (silent) {
+        return;
+    }
+    OrmCanvas::silentPopupShown = false;
+    AudioDev::isSilent = false;
+    if (OrmCanvas::showIsSilentPopup) {
         OrmCanvas::showIsSilentPopup = false;
+        SkBar::restore();
+        SkBar::paint(true);
     }
 }
 
@@ -156,4 +171,52 @@ bool GameInterface::navigate(HostKey key) {
     Orm::canvas->keyPressed(static_cast<int32_t>(key));
     Orm::canvas->keyReleased(static_cast<int32_t>(key));
     return true;
+}
+
+bool GameInterface::isAtRest() {
+    if (Orm::canvas == nullptr || Orm::isPaused() || Orm::isDisposed) {
+        return false;
+    }
+    const bool inMenu = State::currState == G::stateOptions &&
+                        static_cast<Options*>(G::stateOptions)->isMenuShown();
+    return inMenu || State::currState == G::statePlay;
+}
+
+bool GameInterface::saveSound() {
+    if (!isAtRest() || !FileOps::exists(G::getMrmFolderUri(), G::uriPartWavRecorded)) {
+        return false;
+    }
+    State::setState(G::stateSave, true, true);
+    return true;
+}
+
+bool GameInterface::useSound(const int16_t* samples, int32_t count) {
+    if (!isAtRest() || count < 1) {
+        return false;
+    }
+    TakeJob::use(samples, count);
+    return true;
+}
+
+int32_t GameInterface::savedCount() {
+    return G::stateSave != nullptr ? static_cast<Save*>(G::stateSave)->getSavedCount() : 0;
+}
+
+std::string GameInterface::savedName() {
+    const Osp::Base::String* name =
+        G::stateSave != nullptr ? static_cast<Save*>(G::stateSave)->getSavedName() : nullptr;
+    return name != nullptr ? name->ToUtf8() : "";
+}
+
+std::vector<uint8_t> GameInterface::canvasPng() {
+    if (Orm::canvas == nullptr) {
+        return {};
+    }
+    const AppImage* screen = Orm::getScreen();
+    PngEncoder encoder;
+    if (!encoder.setImageData(screen->pixels, screen->w, screen->h)) {
+        return {};
+    }
+    const auto* bytes = reinterpret_cast<const uint8_t*>(encoder.encode());
+    return {bytes, bytes + encoder.getLength()};
 }

@@ -47,6 +47,14 @@ private:
     std::string screenName() override;
     int32_t currentEffect() override;
     bool navigate(HostKey key) override;
+    bool saveSound() override;
+    bool useSound(const int16_t* samples, int32_t count) override;
+    int32_t savedCount() override;
+    std::string savedName() override;
+    std::vector<uint8_t> canvasPng() override;
+
+    /// Whether the screen is one from which the doors may lead elsewhere.
+    static bool isAtRest();
 
     static bool isSilentMode();
 

@@ -7,8 +7,11 @@
 // to say waits for pump().
 #pragma once
 
+#include "HostSound.h"
+
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// What the outside world tells the phone, one call for each thing that happened.
 class HostListener {
@@ -70,6 +73,26 @@ public:
 
     /// A key pressed and let go. False if there is nobody to take it.
     virtual bool navigate(HostKey key) = 0;
+
+    /// Saves the take with the current effect under the next free number. False, and nothing
+    /// happens, unless the main menu or the choice of the effect is on the screen and there is a
+    /// take.
+    virtual bool saveSound() = 0;
+
+    /// Makes this sound the take, as if it had just been recorded: 16 kHz mono, at most its first
+    /// 20 seconds. False, and nothing happens, unless the main menu or the choice of the effect is
+    /// on the screen, or without a sample.
+    virtual bool useSound(const int16_t* samples, int32_t count) = 0;
+
+    /// Counts the sounds that were saved in this run; a change means that savedName() is new and on
+    /// disk.
+    virtual int32_t savedCount() = 0;
+
+    /// Name in the sound folder of the file saved last.
+    virtual std::string savedName() = 0;
+
+    /// The 240 x 320 canvas as the bytes of a PNG file.
+    virtual std::vector<uint8_t> canvasPng() = 0;
 };
 
 /// Real folders behind the phone's roots, without a trailing "/". Empty: that root is not mapped.
@@ -118,6 +141,11 @@ public:
     /// A frame was finished (Canvas::Show). Never waits; shows it when the display refreshes next.
     /// Null: the frame is gone, the last picture stays.
     virtual void frameShown(HostFrame* frame) = 0;
+
+    /// Null: a device without ears, or without a voice. The same object every time.
+    virtual HostMicrophone* microphone() { return nullptr; }
+
+    virtual HostSpeaker* speaker() { return nullptr; }
 
     /// The application's doors; null when it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}

@@ -1,4 +1,5 @@
 // The whole loop: OspMain on a host that works off steps.
+#include "AudioDev.h"
 #include "G.h"
 #include "GameInterface.h"
 #include "GEngine.h"
@@ -323,6 +324,24 @@ TEST_F(GEngineTest, silenceIsNotAskedAboutBeforeItIsSafe) {
         EXPECT_FALSE(OrmCanvas::showIsSilentPopup);
         EXPECT_FALSE(Orm::isPaused());
     });
+    run();
+}
+
+TEST_F(GEngineTest, theVolumeKeysChangeTheVolumeByOneStep) {
+    host.callback([](HostListener& listener) { listener.onVolumeKey(true); });
+    host.check([] { EXPECT_EQ(60, AudioDev::volumeLevel); });
+    host.callback([](HostListener& listener) { listener.onVolumeKey(false); });
+    host.callback([](HostListener& listener) { listener.onVolumeKey(false); });
+    host.check([] { EXPECT_EQ(40, AudioDev::volumeLevel); });
+    run();
+}
+
+TEST_F(GEngineTest, comingBackWithoutSilentModeUsesSoundsAgain) {
+    host.check([] { AudioDev::isSilent = true; });
+    background();
+    host.check([] { EXPECT_TRUE(AudioDev::isSilent); });
+    foreground();
+    host.check([] { EXPECT_FALSE(AudioDev::isSilent); });
     run();
 }
 

@@ -1,8 +1,11 @@
 #include "HeadlessHost.h"
 
 #include "PngFile.h"
+#include "SoundFile.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 namespace {
@@ -22,6 +25,11 @@ std::string inQuotes(const std::string& text) {
     return "\"" + text + "\"";
 }
 
+bool isDeviceFact(ScriptVerb verb) {
+    return verb == ScriptVerb::kSilent || verb == ScriptVerb::kStorage ||
+           verb == ScriptVerb::kFail || verb == ScriptVerb::kMic || verb == ScriptVerb::kSpeaker;
+}
+
 }  // namespace
 
 HeadlessHost::HeadlessHost(HostFolders folders,
@@ -29,7 +37,15 @@ HeadlessHost::HeadlessHost(HostFolders folders,
                            int64_t clockStartMs)
     : mapped(std::move(folders))
     , script(std::move(script))
-    , nowMs(clockStartMs) {}
+    , nowMs(clockStartMs)
+    , ears([this] { return nowMs; })
+    , voice([this] { return nowMs; }) {
+    // What the device is like before the first touch holds from the start on.
+    while (next < this->script.size() && isDeviceFact(this->script[next].verb)) {
+        next++;
+        start(this->script[next - 1]);
+    }
+}
 
 void HeadlessHost::yielded() {
     // Only who yields again and again waits for time to pass.
@@ -41,6 +57,10 @@ void HeadlessHost::yielded() {
 
 bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     yieldsSincePump = 0;
+    watch();
+    if (status == kOk && (ears.deliver() || voice.deliver())) {
+        return true;
+    }
     if (timeoutMs == 0) {
         framesAtThisTime++;
         if (framesAtThisTime > kMostFramesAtOnce && status == kOk) {
@@ -73,9 +93,20 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     return true;
 }
 
+/// Pictures a screen that comes and goes within one command, such as the processing of a take.
+void HeadlessHost::watch() {
+    if (!watchedScreen.empty() && doors != nullptr && doors->screenName() == watchedScreen) {
+        watchedScreen.clear();
+        writeCanvas(script[next - 1], watchedFile);
+    }
+}
+
+bool HeadlessHost::awaitedScreenIsThere() const {
+    return !awaitedScreen.empty() && doors != nullptr && doors->screenName() == awaitedScreen;
+}
+
 bool HeadlessHost::waitOver(int64_t timeoutMs) {
-    const bool there =
-        !awaitedScreen.empty() && doors != nullptr && doors->screenName() == awaitedScreen;
+    const bool there = awaitedScreenIsThere();
     if (there || nowMs >= waitEndMs) {
         waiting = false;
         if (!there && !awaitedScreen.empty()) {
@@ -85,9 +116,20 @@ bool HeadlessHost::waitOver(int64_t timeoutMs) {
         }
         return true;
     }
-    const bool dueBefore = timeoutMs >= 0 && timeoutMs < waitEndMs - nowMs;
-    nowMs = dueBefore ? nowMs + timeoutMs : waitEndMs;
+    const int64_t sleepMs = longestSleep(timeoutMs);
+    const bool dueBefore = sleepMs >= 0 && sleepMs < waitEndMs - nowMs;
+    nowMs = dueBefore ? nowMs + sleepMs : waitEndMs;
     return false;
+}
+
+int64_t HeadlessHost::longestSleep(int64_t timeoutMs) const {
+    int64_t sleepMs = timeoutMs;
+    for (const int64_t dueMs : {ears.dueMs(), voice.dueMs()}) {
+        if (dueMs >= 0 && (sleepMs < 0 || dueMs - nowMs < sleepMs)) {
+            sleepMs = std::max<int64_t>(dueMs - nowMs, 0);
+        }
+    }
+    return sleepMs;
 }
 
 void HeadlessHost::start(const ScriptCommand& command) {
@@ -108,6 +150,19 @@ void HeadlessHost::start(const ScriptCommand& command) {
         break;
     case ScriptVerb::kShot:
         takeShot(command);
+        break;
+    case ScriptVerb::kMic:
+    case ScriptVerb::kSpeaker:
+        startSound(command);
+        break;
+    case ScriptVerb::kWatch:
+        watchedScreen = command.text;
+        watchedFile = command.second;
+        break;
+    case ScriptVerb::kShotCanvas:
+    case ScriptVerb::kSave:
+    case ScriptVerb::kTake:
+        useDoor(command);
         break;
     case ScriptVerb::kExpectScreen:
     case ScriptVerb::kExpectFile:
@@ -180,6 +235,20 @@ void HeadlessHost::startDevice(const ScriptCommand& command) {
     }
 }
 
+void HeadlessHost::startSound(const ScriptCommand& command) {
+    std::string wrong;
+    if (command.verb == ScriptVerb::kSpeaker) {
+        wrong = voice.openFile(command.text);
+    } else {
+        std::vector<int16_t> samples;
+        wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+        ears.setVoice(std::move(samples));
+    }
+    if (!wrong.empty()) {
+        fail(command, wrong);
+    }
+}
+
 void HeadlessHost::touch(HostListener::Touch kind, int64_t displayX, int64_t displayY) {
     const auto x = static_cast<int32_t>(displayX);
     const auto y = static_cast<int32_t>(displayY);
@@ -215,6 +284,45 @@ void HeadlessHost::takeShot(const ScriptCommand& command) {
                               HostFrame::kHeightPx)) {
         fail(command, inQuotes(command.text) + " cannot be written");
     }
+}
+
+void HeadlessHost::useDoor(const ScriptCommand& command) {
+    if (doors == nullptr) {
+        fail(command, "the program has no doors yet");
+    } else if (command.verb == ScriptVerb::kShotCanvas) {
+        writeCanvas(command, command.text);
+    } else if (command.verb == ScriptVerb::kSave) {
+        pending.emplace_back([this, command](HostListener&) {
+            if (!doors->saveSound()) {
+                fail(command, "nothing can be saved on screen " + inQuotes(doors->screenName()));
+            }
+        });
+    } else {
+        useSoundFile(command);
+    }
+}
+
+void HeadlessHost::writeCanvas(const ScriptCommand& command, const std::string& path) {
+    const std::vector<uint8_t> png = doors->canvasPng();
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
+    if (png.empty() || !file.flush()) {
+        fail(command, inQuotes(path) + " cannot be written");
+    }
+}
+
+void HeadlessHost::useSoundFile(const ScriptCommand& command) {
+    std::vector<int16_t> samples;
+    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+    if (!wrong.empty()) {
+        fail(command, wrong);
+        return;
+    }
+    pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {
+        if (!doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {
+            fail(command, "a sound cannot be taken on screen " + inQuotes(doors->screenName()));
+        }
+    });
 }
 
 bool HeadlessHost::soundFileExists(const std::string& name) const {
@@ -273,6 +381,11 @@ void HeadlessHost::fail(const ScriptCommand& command, const std::string& message
 
 int32_t HeadlessHost::finish() {
     ended = true;
+    const std::string wrong = voice.finishFile();
+    if (!wrong.empty() && status == kOk) {
+        failure = wrong;
+        status = kFailed;
+    }
     if (waiting && !awaitedScreen.empty() && status == kOk) {
         fail(script[next - 1],
              "expected screen " + inQuotes(awaitedScreen) + ", the program ended");

@@ -4,6 +4,8 @@
 // longer than its work.
 #pragma once
 
+#include "FileMicrophone.h"
+#include "FileSpeaker.h"
 #include "Host.h"
 #include "Script.h"
 
@@ -49,6 +51,10 @@ public:
 
     void frameShown(HostFrame* newest) override { frame = newest; }
 
+    HostMicrophone* microphone() override { return &ears; }
+
+    HostSpeaker* speaker() override { return &voice; }
+
     void setDoors(HostDoors* offered) override { doors = offered; }
 
     bool fails(const char* operation) override;
@@ -58,14 +64,23 @@ private:
 
     /// Passes time towards the end of a wait. True once the wait is over.
     bool waitOver(int64_t timeoutMs);
+
+    /// How long until the program or its sound has something to do, -1 if neither.
+    int64_t longestSleep(int64_t timeoutMs) const;
+    void watch();
+    bool awaitedScreenIsThere() const;
     void start(const ScriptCommand& command);
     void startTouch(const ScriptCommand& command);
     void startDevice(const ScriptCommand& command);
+    void startSound(const ScriptCommand& command);
     void expect(const ScriptCommand& command);
     void touch(HostListener::Touch kind, int64_t displayX, int64_t displayY);
     void tapCanvas(int64_t x, int64_t y);
     void swipe(bool left);
     void takeShot(const ScriptCommand& command);
+    void useDoor(const ScriptCommand& command);
+    void writeCanvas(const ScriptCommand& command, const std::string& path);
+    void useSoundFile(const ScriptCommand& command);
     bool soundFileExists(const std::string& name) const;
     void fail(const ScriptCommand& command, const std::string& message);
 
@@ -80,8 +95,12 @@ private:
 
     bool waiting = false;
     int64_t waitEndMs = 0;
+    std::string watchedScreen;  // empty: none
+    std::string watchedFile;
     std::string awaitedScreen;  // empty: only time counts
 
+    FileMicrophone ears;
+    FileSpeaker voice;
     bool silent = false;
     int64_t phoneBytes = int64_t{1} << 30;
     int64_t cardBytes = -1;

@@ -26,6 +26,8 @@ const std::vector<Form>& forms() {
         {"key", ScriptVerb::kKey, "o", {"left", "middle", "right"}},
         {"wait", ScriptVerb::kWait, "n", {}},
         {"until", ScriptVerb::kUntil, "w?", {}},
+        {"mic", ScriptVerb::kMic, "w", {}},
+        {"speaker", ScriptVerb::kSpeaker, "w", {}},
         {"silent", ScriptVerb::kSilent, "o", {"on", "off"}},
         {"storage", ScriptVerb::kStorage, "nn", {}},
         {"background", ScriptVerb::kBackground, "", {}},
@@ -34,6 +36,10 @@ const std::vector<Form>& forms() {
         {"volume", ScriptVerb::kVolume, "o", {"up", "down"}},
         {"fail", ScriptVerb::kFail, "wn", {}},
         {"shot", ScriptVerb::kShot, "w", {}},
+        {"shot-canvas", ScriptVerb::kShotCanvas, "w", {}},
+        {"watch", ScriptVerb::kWatch, "ww", {}},
+        {"save", ScriptVerb::kSave, "", {}},
+        {"take", ScriptVerb::kTake, "w", {}},
         {"expect screen", ScriptVerb::kExpectScreen, "w", {}},
         {"expect file", ScriptVerb::kExpectFile, "w", {}},
         {"expect no file", ScriptVerb::kExpectNoFile, "w", {}},
@@ -101,7 +107,7 @@ std::string readArguments(const Form& form,
         const std::string& word = words[at++];
         int64_t number = 0;
         if (*kind == 'w') {
-            command.text = word;
+            (kind == form.arguments ? command.text : command.second) = word;
         } else if (*kind == 'o') {
             if (std::find(form.choices.begin(), form.choices.end(), word) == form.choices.end()) {
                 return std::string("\"") + form.name + "\" wants " + joined(form.choices);

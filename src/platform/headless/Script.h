@@ -14,6 +14,8 @@ enum class ScriptVerb {
     kKey,
     kWait,
     kUntil,
+    kMic,
+    kSpeaker,
     kSilent,
     kStorage,
     kBackground,
@@ -22,6 +24,10 @@ enum class ScriptVerb {
     kVolume,
     kFail,
     kShot,
+    kShotCanvas,
+    kWatch,
+    kSave,
+    kTake,
     kExpectScreen,
     kExpectFile,
     kExpectNoFile,
@@ -33,6 +39,7 @@ struct ScriptCommand {
     ScriptVerb verb = ScriptVerb::kWait;
     int32_t line = 0;
     std::string text;              // the word given, if the verb takes one
+    std::string second;            // and the second word
     std::vector<int64_t> numbers;  // the numbers given, in order
 };
 

@@ -98,7 +98,7 @@ bool writeAll(int fd, const char* bytes, size_t count) {
 }
 
 bool copyBytes(int source, int target) {
-    std::array<char, kCopyBytes> bytes;  // filled before it is read
+    std::array<char, kCopyBytes> bytes = {};
     for (;;) {
         const ssize_t count = read(source, bytes.data(), bytes.size());
         if (count == 0) {
@@ -213,6 +213,10 @@ result File::Write(const void* buffer, int32_t lengthBytes) {
         return E_FAILURE;
     }
     return E_SUCCESS;
+}
+
+result File::Write(const Osp::Base::ByteBuffer& buffer) {
+    return Write(buffer.GetPointer() + buffer.GetPosition(), buffer.GetRemaining());
 }
 
 result File::Seek(FileSeekPosition position, int32_t offsetBytes) {

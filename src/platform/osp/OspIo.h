@@ -6,6 +6,7 @@
 #pragma once
 
 #include "OspBase.h"
+#include "OspBuffer.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -42,6 +43,9 @@ public:
     /// disk is reported by the call that met it; single bytes collect until the next block or
     /// Flush().
     result Write(const void* buffer, int32_t lengthBytes);
+
+    /// Writes what lies between the buffer's position and its limit; neither moves.
+    result Write(const Osp::Base::ByteBuffer& buffer);
 
     result Seek(FileSeekPosition position, int32_t offsetBytes);
 

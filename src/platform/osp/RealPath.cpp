@@ -100,8 +100,9 @@ RealPath::RealPath(const String& phonePath) {
     if (path.find('\0') != std::string::npos) {
         return;
     }
+    const HostFolders& folders = Host::current().folders();
     for (const Root& root : kRoots) {
-        const std::string& folder = Host::current().folders().*root.folder;
+        const std::string& folder = folders.*root.folder;
         if (folder.empty() || !liesUnder(path, root.phonePath)) {
             continue;
         }

@@ -102,7 +102,7 @@ TEST_F(OspIo, theThreeRootsLeadToTheirFolders) {
 
 TEST_F(OspIo, pathsUnderNoMappedRootFail) {
     EXPECT_FALSE(opens(folders.path("secret.txt").c_str()));
-    EXPECT_FALSE(opens("/Resource/logo.png"));
+    EXPECT_FALSE(opens("/Reslogo.png"));
     EXPECT_FALSE(opens("Res/logo.png"));
     EXPECT_FALSE(opens("/com/tallowin/image/font/default.bmf"));
     EXPECT_FALSE(opens(""));
@@ -136,11 +136,13 @@ TEST_F(OspIo, linksThatLeadOutOfTheRootAreRefused) {
     link("../secret.txt", "out");
     link("..", "up");
     link(folders.path("home/a.txt"), "absolute");
+    link("/a.txt", "rooted");
     writeHome("a.txt", "mine");
     EXPECT_FALSE(opens("/Home/out"));
     EXPECT_FALSE(opens("/Home/out", "wb+"));
     EXPECT_FALSE(opens("/Home/up/secret.txt"));
     EXPECT_FALSE(opens("/Home/absolute"));
+    EXPECT_FALSE(opens("/Home/rooted"));
     EXPECT_NE(E_SUCCESS, File::Copy("/Home/a.txt", "/Home/out", false));
     EXPECT_NE(E_SUCCESS, File::Remove("/Home/up/secret.txt"));
     EXPECT_EQ("secret", folders.read("secret.txt"));

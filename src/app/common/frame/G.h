@@ -6,7 +6,12 @@
 
 class AppImage;
 class Bounds;
+class Fx;
+class PaImage;
+class PaStretcher;
+class Process;
 class State;
+class WavProc;
 
 namespace Osp::Base {
 class String;
@@ -63,10 +68,53 @@ public:
     static AppImage* scr;  // the canvas's picture, not owned
     static Bounds* scrB;   // its size
 
+    static Fx** fxs;  // the effects that the user can choose; counted array, owned
+
+    static int32_t fntMedium;  // headings, menu entries, effect names
+    static int32_t fntSmall;   // help, side labels
+
+    // Painters that the screens share; each knows its place on the screen from its picture's name.
+    static PaImage* piBg;
+    static PaImage* piMicOverlay;
+    static PaImage* piMicLedFlash;
+    static PaImage* piWheelsOverlay;
+    static PaImage* piButtonsPlay;
+    static PaImage* piButtonsStop;
+    static PaImage* piButtonsRec;
+    static PaImage* piArrowRightBlack;
+    static PaImage* piArrowRightWhite;
+    static PaImage* piArrowLeftWhite;
+    static PaImage* piWheels15;
+    static PaImage* piWheels30;
+    static PaImage* piWheels45;
+    static PaImage* piWheels60;
+    static PaImage* piWheels75;
+    static PaStretcher* psFocusBar;
+    static PaStretcher* psSkBg;
+    static PaStretcher* psWndBg;
+
+    // Made once, and there for the whole run.
     static State* stateSplash;
     static State* stateFirstLang;
+    static State* stateOptions;
+    static State* stateRecord;
+    static State* stateRecording;
+    static State* statePlay;
+    static State* statePlaying;
+    static State* stateSave;
+    static Process*
+        stateProcess;  // the processing job in hand or the last one; owned, null before the first
+
+    static WavProc* fxMicPostProc;  // applied to every fresh take
+    static WavProc* fxObjClip;      // null: nothing uses it
 
 private:
     static void makeEventTypes();
+    static void makePainters();
+    static void setPictures();
+    static void makeEffects();
+    static void makeScreens();
     static void freeNames();
+    static void freePainters();
+    static void freeScreens();
 };

@@ -2,12 +2,17 @@
 
 #include "AppImage.h"
 #include "ArrFunc.h"
+#include "FileInputStream.h"
 #include "FileOps.h"
+#include "FileOutputStream.h"
 #include "G.h"
+#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OspBase.h"
 #include "OspGraphics.h"
+#include "Res.h"
 #include "State.h"
+#include "WavFile.h"
 
 using Osp::Base::String;
 using Osp::Graphics::Color;
@@ -51,10 +56,13 @@ void Murmelo::onInit() {
     Orm::getScreen()->set(kFirstRunArgb);
     Orm::flush();
     const int32_t lang = G::getSavedLang();
-    State* first = lang != -1 ? G::stateSplash : G::stateFirstLang;
-    setBkgColor(lang != -1 ? kLaterRunArgb : kFirstRunArgb);
-    if (first != nullptr) {
-        State::setState(first, true, true);
+    if (lang != -1) {
+        setBkgColor(kLaterRunArgb);
+        Res::setCurrLangIndex(lang);
+        State::setState(G::stateSplash, true, true);
+    } else {
+        setBkgColor(kFirstRunArgb);
+        State::setState(G::stateFirstLang, true, true);
     }
 }
 
@@ -68,4 +76,39 @@ void Murmelo::deleteTempFiles() {
     }
     FileOps::deleteFile(G::uriWavFolder, G::uriPartWavRecorded);
     FileOps::deleteFile(G::uriWavFolder, G::uriPartWavProcessed);
+}
+
+int32_t* Murmelo::loadWavTo8Khz(String& uri) {
+    if (!checkMemCardRemoved()) {
+        return nullptr;
+    }
+    InputStream* stream = MIDlet::getResourceAsStream(uri);
+    int32_t* samples = WavFile::loadTo8Khz(stream, TempHdrBuf, TempSmpBuf);
+    stream->close();
+    delete stream;
+    return samples;
+}
+
+bool Murmelo::save8KhzWav(const int32_t* samples, String* path) {
+    if (!checkMemCardRemoved() || !checkEnoughSpace()) {
+        return false;
+    }
+    auto* stream = new FileOutputStream(*path);
+    const bool saved = WavFile::save8Khz(stream, samples, TempHdrBuf, TempSmpBuf);
+    stream->close();
+    delete stream;
+    if (!saved) {
+        FileOps::deleteFile(*path);
+    }
+    return saved;
+}
+
+int32_t* Murmelo::loadLastRec8Khz() {
+    String path = *G::getMrmFolderUri() + *G::uriPartWavRecorded;
+    int32_t* samples = loadWavTo8Khz(path);
+    if (samples == nullptr) {
+        MessageAndQuit::enter(
+            MessageAndQuit::kFileError);  // no screen is left standing without keys
+    }
+    return samples;
 }

@@ -28,6 +28,18 @@ public:
 
     static bool checkMemCardRemoved() { return true; }
 
+    /// A WAV file of 8 or 16 kHz as a new counted array of 8 kHz samples, the caller's; null if
+    /// there is no such sound.
+    static int32_t* loadWavTo8Khz(Osp::Base::String& uri);
+
+    /// Writes samples as an 8 kHz WAV file over whatever lies at the path. False if not every byte
+    /// could be written; nothing is left there then.
+    static bool save8KhzWav(const int32_t* samples, Osp::Base::String* path);
+
+    /// The last recording. Null if there is none that can be read: the fatal message stands on the
+    /// screen then.
+    static int32_t* loadLastRec8Khz();
+
     /// Colour of the display around the picture, from now on.
     static void setBkgColor(uint32_t argb);
 

@@ -5,12 +5,15 @@
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "Event.h"
+#include "GnoImage.h"
 #include "Listener.h"
 #include "OrmCanvas.h"
 #include "OspBase.h"
 #include "RecordStore.h"
 #include "System.h"
 #include "Vector.h"
+
+#include <memory>
 
 using Osp::Base::String;
 
@@ -228,6 +231,21 @@ void Orm::flush(Bounded* area) {
 
 AppImage* Orm::getScreen() {
     return canvas->getScreen();
+}
+
+AppImage* Orm::loadImage(InputStream* in) {
+    const std::unique_ptr<GnoImage> decoded(GnoImage::createImage(in));
+    const int32_t w = decoded->getWidth();
+    const int32_t h = decoded->getHeight();
+    if (w < 1 || h < 1) {
+        return nullptr;
+    }
+    auto image = std::make_unique<AppImage>(w, h);
+    if (image->pixels == nullptr) {
+        return nullptr;  // more pixels than an image can have
+    }
+    decoded->getRGB(image->pixels, 0, w, 0, 0, w, h);
+    return image.release();
 }
 
 void Orm::setPersistentMemory(String* name, signed char* data) {

@@ -2,10 +2,16 @@
 
 #include "AppImage.h"
 #include "Arithmetic.h"
+#include "AudioDev.h"
 #include "Event.h"
+#include "G.h"
 #include "GnoGraphics.h"
+#include "Message.h"
 #include "Orm.h"
 #include "Payload.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "Str.h"
 #include "System.h"
 
 using Osp::Base::String;
@@ -104,7 +110,35 @@ void OrmCanvas::paint(GnoGraphics* g) {
         g->fillRect(0, 0, kWidthPx, kHeightPx);
         return;
     }
+    if (showIsSilentPopup) {
+        paintSilentPopup(g);
+    } else {
+        copyScreenTo(g);
+    }
+}
+
+/// The question stands over the picture for as long as it is asked, and never in it.
+void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
+    AppImage below(screen);
+    SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
+    SkBar::paint(true);
+    Message::setText(Str::str_SILENT_DEVICE, G::fntMedium);
+    Message::paint();
+    Orm::flush();
     copyScreenTo(g);
+    screen->set(&below);
+}
+
+void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
+    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+    const int32_t answer = SkBar::update(&release, true);
+    if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {
+        return;
+    }
+    AudioDev::isSilent = answer == Str::str_SK_NO;
+    showIsSilentPopup = false;
+    SkBar::restore();
+    showNotify();
 }
 
 void OrmCanvas::copyScreenTo(GnoGraphics* g) {
@@ -157,6 +191,10 @@ void OrmCanvas::pointerReleased(int32_t x, int32_t y) {
         lastX = kNoPress;
         lastY = kNoPress;
         Orm::schedEvent(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+    } else if (showIsSilentPopup) {
+        lastX = kNoPress;
+        lastY = kNoPress;
+        answerSilentPopup(x, y);
     }
 }
 

@@ -58,6 +58,8 @@ private:
     void dynamic_ctor();
     void dynamic_dtor();
     void copyScreenTo(GnoGraphics* g);
+    void paintSilentPopup(GnoGraphics* g);
+    void answerSilentPopup(int32_t x, int32_t y);
     static void schedSwipe(Osp::Base::String* key);
 
     AppImage* screen;  // owned

@@ -15,6 +15,10 @@ using Osp::Base::String;
 
 namespace {
 
+constexpr int32_t kUnchanged = 256;  // lightness, saturation, opacity
+constexpr int32_t kWhite = 512;      // lightness
+constexpr uint32_t kColourMask = 0xFFFFFF;
+
 /// Whether a rectangle with at least one pixel lies wholly inside the image.
 bool isInside(const AppImage* image, int32_t x, int32_t y, int32_t w, int32_t h) {
     return x >= 0 && y >= 0 && int64_t{x} + w <= image->w && int64_t{y} + h <= image->h;
@@ -39,16 +43,24 @@ PixelBlock blockOf(AppImage* dst,
 
 PixelBlock blockOf(AppImage* dst, int32_t x, int32_t y, int32_t w, int32_t h) {
     assert(isInside(dst, x, y, w, h));
-    return {pixelAt(dst, x, y), dst->w, nullptr, 0, w, h};
+    return {pixelAt(dst, x, y), dst->w, nullptr, dst->w, w, h};
 }
 
-/// Factors that give the same pixels as the special cases of applyProps.
+uint32_t whiteMaskOf(int32_t lightness) {
+    return lightness > kUnchanged ? kColourMask : 0;
+}
+
+/// How far a lightness is from black or white, whichever it leans to.
+uint32_t light256Of(int32_t lightness) {
+    const int32_t held = std::clamp(lightness, 0, kWhite);
+    return static_cast<uint32_t>(held > kUnchanged ? kWhite - held : held);
+}
+
+/// Factors that give the same pixels as applyProps.
 PixelTint tintOf(const PixProps* props) {
-    const int32_t lightness = std::clamp(props->lightness, 0, 512);
-    return {static_cast<uint32_t>(std::min(lightness, 256)),
-            static_cast<uint32_t>(std::max(lightness - 256, 0)),
+    return {whiteMaskOf(props->lightness), light256Of(props->lightness),
             static_cast<uint32_t>(props->saturation),
-            static_cast<uint32_t>(props->opacity > 255 ? 256 : props->opacity)};
+            static_cast<uint32_t>(std::min(props->opacity, kUnchanged))};
 }
 
 /// 255 * channel / alpha may exceed 8 bits when the colour was not premultiplied.
@@ -142,12 +154,8 @@ void AppImage::set(uint32_t argb) {
 }
 
 void AppImage::set(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
-    if (w < 1 || h < 1) {
-        return;
-    }
-    const PixelBlock block = blockOf(this, x, y, w, h);
-    for (int32_t row = 0; row < h; row++) {
-        std::fill_n(block.dst + block.dstStride * row, w, argb);
+    if (w > 0 && h > 0) {
+        PixelRows::fill(blockOf(this, x, y, w, h), argb);
     }
 }
 
@@ -213,7 +221,7 @@ void AppImage::blend(AppImage* src,
     if (opacity <= 0) {
         return;
     }
-    if (opacity >= 256) {
+    if (opacity >= kUnchanged) {
         blend(src, sx, sy, w, h, dx, dy);
         return;
     }
@@ -235,7 +243,7 @@ void AppImage::blend(AppImage* src,
         blend(src, sx, sy, w, h, dx, dy);
         return;
     }
-    if (props->lightness == 256 && props->saturation == 256) {
+    if (props->lightness == kUnchanged && props->saturation == kUnchanged) {
         blend(src, sx, sy, w, h, dx, dy, props->opacity);
         return;
     }
@@ -272,14 +280,11 @@ uint32_t AppImage::argbLerp(uint32_t c0, uint32_t c1, int32_t t) {
 }
 
 uint32_t AppImage::scaleOpacity(uint32_t argb, int32_t opacity) {
-    return opacity > 255 ? argb : scalePixel(argb, static_cast<uint32_t>(opacity));
+    return opacity >= kUnchanged ? argb : scalePixel(argb, static_cast<uint32_t>(opacity));
 }
 
 uint32_t AppImage::scaleLightness(uint32_t argb, int32_t lightness) {
-    if (lightness <= 256) {
-        return darkenPixel(argb, static_cast<uint32_t>(std::max(lightness, 0)));
-    }
-    return lightenPixel(argb, static_cast<uint32_t>(std::min(lightness, 512) - 256));
+    return lightPixel(argb, whiteMaskOf(lightness), light256Of(lightness));
 }
 
 uint32_t AppImage::scaleSaturation(uint32_t argb, int32_t saturation) {

@@ -24,12 +24,20 @@ constexpr uint32_t greyOf(uint32_t level) {
     return level << 16 | level << 8 | level;
 }
 
-/// Premultiplied source-over.
-constexpr uint32_t overPixel(uint32_t d, uint32_t s) {
-    const uint32_t k256 = 256 - (s >> 24);
+/// How much of what lies below a pixel remains visible.
+constexpr uint32_t remainder256(uint32_t argb) {
+    return 256 - (argb >> 24);
+}
+
+/// Premultiplied source-over, k256 being remainder256(s).
+constexpr uint32_t overPixelKeeping(uint32_t d, uint32_t s, uint32_t k256) {
     const uint32_t rb = (redBlueOf(s) + ((redBlueOf(d) * k256) >> 8)) & kPairMask;
     const uint32_t ag = ((s & kUpperPairMask) + alphaGreenOf(d) * k256) & kUpperPairMask;
     return rb | ag;
+}
+
+constexpr uint32_t overPixel(uint32_t d, uint32_t s) {
+    return overPixelKeeping(d, s, remainder256(s));
 }
 
 /// The weighted sum of two pixels given as pairs.
@@ -39,15 +47,19 @@ weighPixel(uint32_t rbA, uint32_t agA, uint32_t rbB, uint32_t agB, uint32_t a256
            (((rbA * a256 + rbB * b256) & kUpperPairMask) >> 8);
 }
 
-/// Source-over with an extra opacity of 1..255.
+/// Source-over with an extra opacity of 1..255, both pairs of the source being multiplied by it.
+constexpr uint32_t overPixelScaled(uint32_t d, uint32_t rbScaled, uint32_t agScaled) {
+    const uint32_t alphaTimesOpacity = agScaled >> 16;
+    const uint32_t k256 = (0x10000 - alphaTimesOpacity) >> 8;
+    return weighPixel(redBlueOf(d), alphaGreenOf(d), rbScaled, agScaled, k256, 1);
+}
+
 constexpr uint32_t overPixel(uint32_t d, uint32_t s, uint32_t opacity256) {
-    const uint32_t kd256 = (0x10000 - (s >> 24) * opacity256) >> 8;
-    return weighPixel(redBlueOf(d), alphaGreenOf(d), redBlueOf(s), alphaGreenOf(s), kd256,
-                      opacity256);
+    return overPixelScaled(d, redBlueOf(s) * opacity256, alphaGreenOf(s) * opacity256);
 }
 
 /// Source-over of a colour whose pairs the caller has spread out, on d.
-constexpr uint32_t overPixel(uint32_t d, uint32_t agUpper, uint32_t rbUpper, uint32_t k256) {
+constexpr uint32_t overPixelColour(uint32_t d, uint32_t agUpper, uint32_t rbUpper, uint32_t k256) {
     const uint32_t ag = (agUpper + k256 * alphaGreenOf(d)) & kUpperPairMask;
     const uint32_t rb = ((rbUpper + k256 * redBlueOf(d)) >> 8) & kPairMask;
     return ag | rb;
@@ -68,14 +80,11 @@ constexpr uint32_t scalePixel(uint32_t argb, uint32_t factor256) {
     return rb | ag;
 }
 
-/// Black of the same alpha at t256 = 0, the colour itself at 256.
-constexpr uint32_t darkenPixel(uint32_t argb, uint32_t t256) {
-    return lerpPixel(argb & kAlphaMask, argb, t256);
-}
-
-/// The colour itself at t256 = 0, premultiplied white of the same alpha at 256.
-constexpr uint32_t lightenPixel(uint32_t argb, uint32_t t256) {
-    return lerpPixel(argb, (argb & kAlphaMask) | greyOf(argb >> 24), t256);
+/// Lightness as one lerp: from black (white mask 0) or premultiplied white (white mask 0xFFFFFF) of
+/// the same alpha at t256 = 0 to the colour itself at 256.
+constexpr uint32_t lightPixel(uint32_t argb, uint32_t whiteMask, uint32_t t256) {
+    const uint32_t end = (argb & kAlphaMask) | (greyOf(argb >> 24) & whiteMask);
+    return lerpPixel(end, argb, t256);
 }
 
 /// Grey at 0, the colour itself at 256. The weights are those of the eye for a picture in video

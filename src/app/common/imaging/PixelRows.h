@@ -18,8 +18,8 @@ struct PixelBlock {
 
 /// Pixel properties made ready: factors without special cases.
 struct PixelTint {
-    uint32_t darken256;      // 256 leaves alone
-    uint32_t lighten256;     // 0 leaves alone
+    uint32_t whiteMask;      // 0xFFFFFF lightens, 0 darkens
+    uint32_t light256;       // 256 leaves alone
     uint32_t saturation256;  // 256 leaves alone
     uint32_t opacity256;     // 256 leaves alone
 };
@@ -32,11 +32,12 @@ public:
     static void overWithOpacity(const PixelBlock& block, uint32_t opacity256);
     static void overWithTint(const PixelBlock& block, const PixelTint& tint);
 
-    /// The colour over the destination; block.src is not used.
+    /// The colour over the destination. Like fill(), it leaves the source alone.
     static void overWithColour(const PixelBlock& block, uint32_t argb);
 
     /// The colour through the source's alpha.
     static void overThroughMask(const PixelBlock& block, uint32_t argb);
 
+    static void fill(const PixelBlock& block, uint32_t argb);
     static void premult(uint32_t* pixels, int32_t count);
 };

@@ -5,8 +5,8 @@
 
 class Chrome {
 public:
-    /// Draws a text of the table in the current language, cut at the screen's edges; nothing if text or font is
-    /// missing. (x, y) is the top left corner of its ink and line.
+    /// Draws a text of the table in the current language, cut at the screen's edges; nothing if
+    /// text or font is missing. (x, y) is the top left corner of its ink and line.
     static void drawText(int32_t strId, int32_t fntId, int32_t x, int32_t y, uint32_t argb);
 
     /// Width of its ink in pixels, 0 if text or font is missing.

@@ -63,7 +63,8 @@ void Header::set(bool showArrows, bool showFxName, bool leftPressed, bool rightP
 void Header::placeArrows() {
     const int32_t y = bounds->y + margyArrows;
     Bounds::setPos(G::piArrowLeftWhite, Bounds::kTop | Bounds::kLeft, bounds->x + margx, y);
-    Bounds::setPos(G::piArrowRightWhite, Bounds::kTop | Bounds::kRight, bounds->x + bounds->w - margx, y);
+    Bounds::setPos(G::piArrowRightWhite, Bounds::kTop | Bounds::kRight,
+                   bounds->x + bounds->w - margx, y);
 }
 
 void Header::paint(bool withBg) {
@@ -77,7 +78,8 @@ void Header::paint(bool withBg) {
     }
     const int32_t nameId = G::fxs[G::getCurrFx()]->name;
     if (fxName && nameId != Res::Null) {
-        const int32_t x = bounds->x + (bounds->w >> 1) - (Chrome::textWidth(nameId, fntFxName) >> 1);
+        const int32_t x =
+            bounds->x + (bounds->w >> 1) - (Chrome::textWidth(nameId, fntFxName) >> 1);
         Chrome::drawText(nameId, fntFxName, x, bounds->y + margyName, argb);
     }
 }

@@ -6,9 +6,13 @@
 #include "PaImage.h"
 #include "Scroller.h"
 
-void Main::paintBg() { paintBg(G::scrB, nullptr); }
+void Main::paintBg() {
+    paintBg(G::scrB, nullptr);
+}
 
-void Main::paintBg(Bounded* clip, PixProps* props) { G::piBg->paintOn(G::scr, 0, 0, clip, props); }
+void Main::paintBg(Bounded* clip, PixProps* props) {
+    G::piBg->paintOn(G::scr, 0, 0, clip, props);
+}
 
 void Main::paintBgAndFx(Bounded* clip) {
     paintBg(clip, nullptr);

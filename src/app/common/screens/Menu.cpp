@@ -19,16 +19,19 @@
 
 namespace {
 
-constexpr int32_t kLeftPx = 10;
+constexpr int32_t kLeftPx = 10;  // of the focus bar, and of what a touch meets
 constexpr int32_t kWidthPx = 220;
-constexpr int32_t kMarginPx = 10;        // above the first entry and below the last
-constexpr int32_t kBetweenPx = 12;       // from a row's text to the next one's
+constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
+constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
+constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
 constexpr int32_t kAboveCentrePx = -24;  // as the message box
 constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kFocusedArgb = 0xA0000000;
 constexpr uint32_t kOpaque = 0xFF000000;
 
-int32_t pitch() { return Menu::rh + kBetweenPx; }
+int32_t pitch() {
+    return Menu::rh + kBetweenPx;
+}
 
 }  // namespace
 
@@ -52,7 +55,9 @@ void Menu::static_ctor() {
     y = 0;
 }
 
-void Menu::static_dtor() { freeEntries(); }
+void Menu::static_dtor() {
+    freeEntries();
+}
 
 void Menu::freeEntries() {
     for (int32_t i = 0; i < length(entries); i++) {
@@ -81,7 +86,9 @@ void Menu::init(const int32_t* ids) {
     }
 }
 
-void Menu::setBgCol(uint32_t argb) { bgCol = argb | kOpaque; }
+void Menu::setBgCol(uint32_t argb) {
+    bgCol = argb | kOpaque;
+}
 
 void Menu::setFocusedStrId(int32_t id) {
     const int32_t* end = strIds + length(strIds);
@@ -90,7 +97,8 @@ void Menu::setFocusedStrId(int32_t id) {
 }
 
 void Menu::placeWindow() {
-    Bounds::set(G::psWndBg, kLeftPx, y, kWidthPx, length(strIds) * pitch() + 2 * kMarginPx);
+    const int32_t height = length(strIds) * pitch() + 2 * kMarginPx;
+    Bounds::set(G::psWndBg, kLeftPx - kFramePx, y, kWidthPx + 2 * kFramePx, height);
 }
 
 void Menu::paintBackground() {
@@ -117,7 +125,8 @@ void Menu::paint() {
         PaTextLabel* entry = entries[i];
         // The text may have changed its language, and with it its width.
         entry->refresh();
-        Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2, firstY + i * pitch() + kBetweenPx / 2);
+        Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2,
+                       firstY + i * pitch() + kBetweenPx / 2);
         entry->setColour(i == focused ? kFocusedArgb : kWhite);
         entry->paintOn(G::scr, 0, 0, G::scrB, nullptr);
         entry->setColour(kWhite);
@@ -157,7 +166,8 @@ int32_t Menu::rowAt(int32_t px, int32_t py) {
 bool Menu::isOnMiddleKey(int32_t px, int32_t py) {
     const int32_t third = (SkBar::x2 - SkBar::x1 + 1) / 3;
     const int32_t left = SkBar::x1 + third;
-    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 && py <= SkBar::y2;
+    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 &&
+           py <= SkBar::y2;
 }
 
 int32_t Menu::updateByTouch(Event* event) {

@@ -1,7 +1,8 @@
 // A list of entries in a glass window, one of which has the focus.
 //
-// Up and down move the focus around both ends; the middle soft key chooses; a touch on an entry focuses and chooses it
-// in one go. An entry is thirty pixels of the canvas high, a comfortable sixty on the display.
+// Up and down move the focus around both ends; the middle soft key chooses; a touch on an entry
+// focuses and chooses it in one go. An entry is thirty pixels of the canvas high, a comfortable
+// sixty on the display.
 #pragma once
 
 #include <cstdint>
@@ -12,13 +13,14 @@ class PaTextLabel;
 
 class Menu {
 public:
-    /// Replaces the entries by one label for each string id. Behind the window lies the recorder with the current
-    /// creature, until a colour or a picture is set.
+    /// Replaces the entries by one label for each string id. Behind the window lies the recorder
+    /// with the current creature, until a colour or a picture is set.
     /// @param ids  counted array, copied
     static void init(const int32_t* ids);
 
     /// A plain colour behind the window; always opaque.
     static void setBgCol(uint32_t argb);
+
     static void setBgImg(int32_t id) { bgImgId = id; }
 
     static int32_t getFocusedIndex() { return focused; }
@@ -33,14 +35,15 @@ public:
     /// The window and its entries over their background, so that the glass never darkens.
     static void paint();
 
-    /// Moves the focus and paints, if the event asks for it. @returns the id of the entry chosen, or Res::Null
+    /// Moves the focus and paints, if the event asks for it. @returns the id of the entry chosen,
+    /// or Res::Null
     static int32_t update(Event* event);
 
     static void static_ctor();
     static void static_dtor();
 
     static int32_t fntId;
-    static uint32_t bgCol;       // 0: none
+    static uint32_t bgCol;  // 0: none
     static int32_t bgImgId;
     static PaTextLabel** entries;  // counted array, owned
     static int32_t* strIds;        // counted array, owned

@@ -13,7 +13,8 @@ constexpr int32_t kBoxTopPx = 70;
 constexpr int32_t kBoxWidthPx = 220;
 constexpr int32_t kTextWidthPx = 180;
 constexpr int32_t kTextHeightPx = 100;  // until the text's own height is known
-constexpr int32_t kAboveCentrePx = -24;  // the box stands a little above the middle, clear of the soft keys
+constexpr int32_t kAboveCentrePx =
+    -24;  // the box stands a little above the middle, clear of the soft keys
 constexpr int32_t kMarginOfOnePx = 60;
 constexpr int32_t kMarginOfTwoPx = 70;
 constexpr int32_t kHeadTopPx = 30;

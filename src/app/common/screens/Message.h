@@ -11,7 +11,8 @@ public:
     static void setText(int32_t textId, int32_t fontId);
     static void setText(int32_t headId, int32_t headFont, int32_t bodyId, int32_t bodyFont);
 
-    /// The box and its texts. The glass darkens what lies below it: the screen paints its background first.
+    /// The box and its texts. The glass darkens what lies below it: the screen paints its
+    /// background first.
     static void paint();
 
     static void static_ctor();

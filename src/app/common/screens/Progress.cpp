@@ -27,9 +27,9 @@ constexpr int32_t kBarHeightPx = 14;
 constexpr int32_t kFullQ10 = 1024;
 
 constexpr uint32_t kWhite = 0xFFFFFFFF;
-constexpr uint32_t kFrameArgb = 0xFFE8E0D0;   // the ivory of the recorder's keys
+constexpr uint32_t kFrameArgb = 0xFFE8E0D0;  // the ivory of the recorder's keys
 constexpr uint32_t kTroughArgb = 0xFF2A2420;
-constexpr uint32_t kFillArgb = 0xFFF08A24;    // and the amber of its light
+constexpr uint32_t kFillArgb = 0xFFF08A24;  // and the amber of its light
 constexpr uint32_t kShineArgb = 0xFFFFC06A;
 
 void fill(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
@@ -59,7 +59,8 @@ void Progress::paintInit(int32_t captionId) {
     Bounds::set(G::psWndBg, kLeftPx, kTopPx, kWidthPx, kHeightPx);
     G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     const int32_t x = (Bounds::getWidth(G::scrB) - kCaptionWidthPx) / 2;
-    caption->set(captionId, G::fntMedium, kWhite, Bounds::kCentre, x, kCaptionTopPx, kCaptionWidthPx, kCaptionHeightPx);
+    caption->set(captionId, G::fntMedium, kWhite, Bounds::kCentre, x, kCaptionTopPx,
+                 kCaptionWidthPx, kCaptionHeightPx);
     caption->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     paintProgress(0);
 }
@@ -73,4 +74,6 @@ void Progress::paintProgress(int32_t progress) {
     fill(kShineArgb, bar->x + 2, bar->y + 3, filled, 2);
 }
 
-void Progress::flushProgress() { Orm::flush(bar); }
+void Progress::flushProgress() {
+    Orm::flush(bar);
+}

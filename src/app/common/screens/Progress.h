@@ -8,8 +8,8 @@ class PaTextArea;
 
 class Progress {
 public:
-    /// Paints the window over whatever stands on the screen, the caption, and the bar at 0. The screen paints its
-    /// background first.
+    /// Paints the window over whatever stands on the screen, the caption, and the bar at 0. The
+    /// screen paints its background first.
     static void paintInit(int32_t captionId);
 
     /// Paints the bar alone. @param progress  0 to 1024

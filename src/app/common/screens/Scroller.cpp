@@ -13,16 +13,19 @@
 #include "Res.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
-constexpr int32_t kBlurPx = 16;         // screen pixels for each strip pixel: the picture is a smear of motion
-constexpr int32_t kStripColumns = 30;   // two screens' worth
+constexpr int32_t kBlurPx =
+    16;  // screen pixels for each strip pixel: the picture is a smear of motion
+constexpr int32_t kStripColumns = 30;  // two screens' worth
 constexpr int32_t kDoneQ10 = 1024;
-constexpr int32_t kSlideMs = 180;       // longer, and turning through the effects feels slow; shorter, and nobody sees it
+constexpr int32_t kSlideMs =
+    180;  // longer, and turning through the effects feels slow; shorter, and nobody sees it
 
-// Where a picture of the screen stands in the strip (in screen pixels), so that the window of half the strip shows it
-// in its own place at the slide's two ends.
+// Where a picture of the screen stands in the strip (in screen pixels), so that the window of half
+// the strip shows it in its own place at the slide's two ends.
 constexpr int32_t kFirstPx = kStripColumns / 8 * kBlurPx;
 constexpr int32_t kSecondPx = (kStripColumns / 3 + kStripColumns / 8) * kBlurPx;
 
@@ -31,7 +34,8 @@ constexpr uint32_t kRbMask = 0x00FF00FF;
 /// ((16 - k) * a + k * b) >> 4 in each of the four channels.
 uint32_t mixed(uint32_t a, uint32_t b, uint32_t k) {
     const uint32_t rb = (((a & kRbMask) * (16 - k) + (b & kRbMask) * k) >> 4) & kRbMask;
-    const uint32_t ag = ((((a >> 8) & kRbMask) * (16 - k) + ((b >> 8) & kRbMask) * k) >> 4) & kRbMask;
+    const uint32_t ag =
+        ((((a >> 8) & kRbMask) * (16 - k) + ((b >> 8) & kRbMask) * k) >> 4) & kRbMask;
     return rb | (ag << 8);
 }
 
@@ -94,7 +98,8 @@ void Scroller::copyPicture(int32_t fxIndex, int32_t atPx) {
     AppImage* picture = Res::getImage(painter->getImage());
     if (picture != nullptr) {
         AppImage* strip = Res::getImage(scrollImgId);
-        ImageOps::copyWidth16To1(picture, strip, atPx + painter->getX(), painter->getY() - bounds->y);
+        ImageOps::copyWidth16To1(picture, strip, atPx + painter->getX(),
+                                 painter->getY() - bounds->y);
     }
 }
 
@@ -150,7 +155,8 @@ void Scroller::paint(bool withBg, int32_t progress) {
 
 void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn) {
     const AppImage* picture = Res::getImage(G::piBg->getImage());
-    const bool pictureFits = picture != nullptr && picture->w == G::scr->w && picture->h == G::scr->h;
+    const bool pictureFits =
+        picture != nullptr && picture->w == G::scr->w && picture->h == G::scr->h;
     const ptrdiff_t start = static_cast<ptrdiff_t>(bounds->y + row) * G::scr->w;
     const uint32_t* below = (pictureFits ? picture->pixels : G::scr->pixels) + start;
     uint32_t* target = G::scr->pixels + start;
@@ -158,7 +164,8 @@ void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn
     const int32_t shown = std::min(strip->w / 2, G::scr->w / kBlurPx);
     for (int32_t column = 0; column < shown; column++) {
         for (int32_t k = 0; k < kBlurPx; k++) {
-            const uint32_t colour = mixed(columns[column], columns[column + 1], static_cast<uint32_t>(k));
+            const uint32_t colour =
+                mixed(columns[column], columns[column + 1], static_cast<uint32_t>(k));
             target[column * kBlurPx + k] = over(colour, below[column * kBlurPx + k]);
         }
     }

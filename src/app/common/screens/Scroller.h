@@ -1,8 +1,9 @@
 // The strip in which the effects' creatures stand, and slide when the user turns to the next one.
 //
-// What the user sees of a slide: scroll() paints its three positions at once, which no display shows, and chooses the
-// effect. Then startSlide() and slide() play it again for the eye, a frame for each "Update" of the screen, without a
-// wait anywhere; the last frame is the sharp picture, and any key or touch meets a program that has long arrived.
+// What the user sees of a slide: scroll() paints its three positions at once, which no display
+// shows, and chooses the effect. Then startSlide() and slide() play it again for the eye, a frame
+// for each "Update" of the screen, without a wait anywhere; the last frame is the sharp picture,
+// and any key or touch meets a program that has long arrived.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +16,8 @@ public:
     /// Once, when the effects exist.
     static void init();
 
-    /// Prepares a slide from the current effect to the one before it (left) or after it, around both ends.
+    /// Prepares a slide from the current effect to the one before it (left) or after it, around
+    /// both ends.
     static void initScroll(bool left);
 
     /// Turns to the previous (left) or the next effect.
@@ -36,11 +38,11 @@ public:
     static void static_ctor();
     static void static_dtor();
 
-    static Bounds* bounds;        // the strip on the screen; owned
-    static int32_t scrollImgId;   // the two pictures, each pixel as wide as sixteen
-    static bool left;             // direction of the current slide
-    static int32_t cFxIndex;      // from
-    static int32_t nFxIndex;      // to
+    static Bounds* bounds;       // the strip on the screen; owned
+    static int32_t scrollImgId;  // the two pictures, each pixel as wide as sixteen
+    static bool left;            // direction of the current slide
+    static int32_t cFxIndex;     // from
+    static int32_t nFxIndex;     // to
     static int32_t numFxs;
 
 private:

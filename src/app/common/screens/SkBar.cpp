@@ -122,7 +122,8 @@ void SkBar::paint(bool withBg) {
     }
     if (strRsk != Res::Null) {
         const uint32_t colour = pressed == Orm::EV_ST_KEY_RSK ? argbPressed : argb;
-        Chrome::drawText(strRsk, fntSides, x2 - margx - Chrome::textWidth(strRsk, fntSides), ySides, colour);
+        Chrome::drawText(strRsk, fntSides, x2 - margx - Chrome::textWidth(strRsk, fntSides), ySides,
+                         colour);
     }
     if (strMsk != Res::Null) {
         const uint32_t colour = pressed == Orm::EV_ST_KEY_MSK ? argbPressed : argb;
@@ -147,7 +148,8 @@ int32_t SkBar::choose(Event* event) {
     if (event->type == Orm::EV_T_POINTER_RELEASE) {
         return chooseByTouch(event);
     }
-    const bool softKey = event->subType == Orm::EV_ST_KEY_LSK || event->subType == Orm::EV_ST_KEY_MSK ||
+    const bool softKey = event->subType == Orm::EV_ST_KEY_LSK ||
+                         event->subType == Orm::EV_ST_KEY_MSK ||
                          event->subType == Orm::EV_ST_KEY_RSK;
     if (event->type == Orm::EV_T_KEY_RELEASE && softKey) {
         pressed = nullptr;
@@ -175,10 +177,13 @@ int32_t SkBar::chooseByTouch(Event* event) {
     const int32_t x = word >> 16;
     const int32_t y = word & 0xFFFF;
     const int32_t third = (x2 - x1 + 1) / 3;
+
     const struct {
         int32_t label;
         String* key;
-    } columns[] = {{strLsk, Orm::EV_ST_KEY_LSK}, {strMsk, Orm::EV_ST_KEY_MSK}, {strRsk, Orm::EV_ST_KEY_RSK}};
+    } columns[] = {
+        {strLsk, Orm::EV_ST_KEY_LSK}, {strMsk, Orm::EV_ST_KEY_MSK}, {strRsk, Orm::EV_ST_KEY_RSK}};
+
     int32_t left = x1;
     for (const auto& column : columns) {
         const bool inside = x >= left && x < left + third && y >= y1 && y <= y2;

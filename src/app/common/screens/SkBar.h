@@ -1,4 +1,5 @@
-// The soft-key bar along the bottom of the screen: three labels, and which of them is touched or pressed.
+// The soft-key bar along the bottom of the screen: three labels, and which of them is touched or
+// pressed.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,8 @@ class String;
 
 class SkBar {
 public:
-    static constexpr int32_t kHeightPx = 32;  // rows 288 to 319: tall enough for a thumb on the doubled display
+    static constexpr int32_t kHeightPx =
+        32;  // rows 288 to 319: tall enough for a thumb on the doubled display
 
     /// Once, when fonts and pictures exist.
     static void init();
@@ -21,14 +23,15 @@ public:
     /// Three labels (string ids, Res::Null for none); no key is held down any more.
     static void setStr(int32_t lsk, int32_t msk, int32_t rsk);
 
-    /// Keeps labels and message painters aside, and puts fresh painters in their place: a question is raised over the
-    /// screen. Nothing happens if something is kept already.
+    /// Keeps labels and message painters aside, and puts fresh painters in their place: a question
+    /// is raised over the screen. Nothing happens if something is kept already.
     static void save();
 
     /// Puts back what save() kept; nothing if it kept nothing.
     static void restore();
 
-    /// @param withBg  first the background picture, without which the glass would darken with every painting
+    /// @param withBg  first the background picture, without which the glass would darken with every
+    /// painting
     static void paint(bool withBg);
 
     /// The label's id of the soft key that the event chooses, or Res::Null.

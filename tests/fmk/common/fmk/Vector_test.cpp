@@ -164,3 +164,35 @@ TEST(Vector, copiesItsElementsOut) {
     EXPECT_EQ(&a, copy[0]);
     EXPECT_EQ(nullptr, copy[1]);
 }
+
+TEST(Vector, indicesOutsideReadNullAndChangeNothing) {
+    Vector vector(1);
+    Item a(1);
+    EXPECT_EQ(nullptr, vector.firstElement());
+    EXPECT_EQ(nullptr, vector.lastElement());
+    vector.addElement(&a);
+    for (const int32_t outside : {-1, 1, 100}) {
+        EXPECT_EQ(nullptr, vector.elementAt(outside));
+        vector.setElementAt(nullptr, outside);
+        vector.removeElementAt(outside);
+        vector.disposeElementAt(outside);
+    }
+    vector.insertElementAt(nullptr, -1);
+    vector.insertElementAt(nullptr, 2);
+    EXPECT_EQ(1, vector.size());
+    EXPECT_EQ(&a, vector.elementAt(0));
+    EXPECT_EQ(0, vector.indexOf(&a, -5));
+    EXPECT_EQ(0, vector.lastIndexOf(&a, 5));
+    vector.setSize(-1);
+    EXPECT_TRUE(vector.isEmpty());
+}
+
+TEST(Vector, insertsAtTheEndToo) {
+    Vector vector;
+    Item a(1);
+    vector.insertElementAt(&a, 0);
+    vector.insertElementAt(nullptr, 1);
+    EXPECT_EQ(&a, vector.firstElement());
+    EXPECT_EQ(nullptr, vector.lastElement());
+    EXPECT_EQ(2, vector.size());
+}

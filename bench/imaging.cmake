@@ -1,0 +1,10 @@
+# Beside pixman, which draws for many a desktop: both in the same run, on the same pictures.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(PIXMAN REQUIRED IMPORTED_TARGET pixman-1)
+
+murmelo_bench(imaging_bench
+    SOURCES
+        app/common/imaging/Images_bench.cpp
+    LINK
+        murmelo_imaging
+        PkgConfig::PIXMAN)

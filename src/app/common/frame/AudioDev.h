@@ -1,0 +1,95 @@
+// The door to sound: records the microphone straight into a WAV file, plays a WAV file. One thing
+// at a time.
+#pragma once
+
+#include <cstdint>
+
+class GnoObject;
+
+namespace Osp::Base {
+class ByteBuffer;
+class String;
+}  // namespace Osp::Base
+
+namespace Osp::Io {
+class File;
+}
+
+namespace Osp::Media {
+class AudioIn;
+class Player;
+}  // namespace Osp::Media
+
+class AudioDev {
+public:
+    using String = Osp::Base::String;
+    using ByteBuffer = Osp::Base::ByteBuffer;
+
+    class AudioInListener;
+    class PlayerListener;
+
+    static constexpr int32_t kReady = 1;
+    static constexpr int32_t kRecordingPrepared = 2;
+    static constexpr int32_t kRecording = 3;
+    static constexpr int32_t kPlaying = 4;
+
+    /// Prepares a recording into the file at path, which is emptied. Only when ready.
+    /// True here and below: done; false leaves the state as it was.
+    static bool initRec(String* path);
+
+    /// Starts to listen. Only after initRec.
+    static bool startRec();
+
+    /// Stops listening and finishes the file.
+    static bool stopRec();
+
+    /// Plays a WAV file.
+    /// @param endEvent  name of the event to schedule once it was heard to its end; not owned
+    static bool startPlay(String* path, String* endEvent);
+    static bool stopPlay();
+
+    /// One step down for a negative direction, else one up.
+    static void changeVolume(int32_t direction);
+
+    /// Appends a filled buffer to the file. One that comes after the stop mends the header too.
+    static void ConsumeBuffer(ByteBuffer* buffer);
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static int32_t state;
+    static Osp::Media::Player* pPlayer;  // of the playback in hand, or of the last one
+    static PlayerListener* pPlayerListener;
+    static Osp::Media::AudioIn* pRecorder;
+    static AudioInListener* pRecorderListener;
+    static int32_t volumeLevel;  // 0 to 90
+
+    // Three buffers circulate; the fourth holds what is being written, so that its buffer could be
+    // filled again meanwhile. NOLINTBEGIN(bugprone-reserved-identifier): names as on the phone
+    static ByteBuffer* __pByteBuffer1;
+    static ByteBuffer* __pByteBuffer2;
+    static ByteBuffer* __pByteBuffer3;
+    static ByteBuffer* __pTempBuffer;
+    // NOLINTEND(bugprone-reserved-identifier)
+
+    static Osp::Io::File* record;          // the take, while it is written
+    static signed char* recordFileHeader;  // counted array of 44
+    static int32_t recordLength;           // bytes of samples received
+    static String* endOfMediaEventType;    // not owned
+    static bool isSilent;                  // play without a sound
+    static String* msg;                    // last error
+    static GnoObject* baos;                // always null
+    static GnoObject* recUri;              // always null
+
+private:
+    static bool prepareRecorder();
+    static bool queueBuffers();
+    static bool openRecord(String* path);
+    static bool openPlayer(String* path);
+    static bool hasRecorderStopped();
+    static void writeHeader();
+    static void deleteRecord();
+    static void deleteBuffers();
+    static void deleteRecorder();
+    static void deletePlayer();
+};

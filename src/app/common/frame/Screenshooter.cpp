@@ -1,0 +1,36 @@
+#include "Screenshooter.h"
+
+#include "ArrFunc.h"
+#include "Event.h"
+#include "Orm.h"
+#include "OspBase.h"
+
+using Osp::Base::String;
+
+namespace {
+
+constexpr const char* kKey = "Keycode: 42";
+
+}  // namespace
+
+Screenshooter::Screenshooter()
+    : subscriptions(newArray<String*>(1)) {
+    subscriptions[0] = Orm::EV_T_KEY_PRESS;
+    Orm::registerListener(this);
+}
+
+Screenshooter::~Screenshooter() {
+    if (Orm::listeners != nullptr) {
+        Orm::unregisterListener(this);
+    }
+    deleteArrFunc(subscriptions);
+}
+
+void Screenshooter::onEvent(Event* event) {
+    // The event's text, not one of the shared names: a key that no phone of this program had.
+    if (event->type == Orm::EV_T_KEY_PRESS && event->subType != nullptr &&
+        *event->subType == String(kKey)) {
+        String path("screenshot.png");
+        Orm::dumpToFile(Orm::getScreen(), &path);
+    }
+}

@@ -1,0 +1,23 @@
+// Takes the screen's picture on one key. Where it would be stored is nobody's yet: see
+// Orm::dumpToFile.
+#pragma once
+
+#include "Listener.h"
+
+class Screenshooter : public Listener {
+public:
+    /// Registers itself.
+    Screenshooter();
+    ~Screenshooter() override;
+
+    void onEvent(Event* event) override;
+
+    Osp::Base::String** getSubscriptions() override { return subscriptions; }
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+private:
+    Osp::Base::String** subscriptions;  // counted array, owned
+};

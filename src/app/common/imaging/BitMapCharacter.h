@@ -1,0 +1,88 @@
+// One glyph of a bitmap font: a small picture of 4-bit coverage with its place at the pen.
+//
+// Coverage runs from 0 (none) to 15 (full), row by row without padding, eight pixels in a word, the
+// first one in bits 28..31. A glyph may stand in more than one font; the last one deletes it.
+#pragma once
+
+#include <cstdint>
+
+class AppImage;
+class DataInputStream;
+class DataOutputStream;
+
+namespace Osp::Base {
+class String;
+}
+
+class BitMapCharacter {
+public:
+    /// Longest edge of a bitmap, in pixels: what one byte of a file can hold.
+    static constexpr int32_t kMaxEdgePx = 255;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// Without bitmap.
+    BitMapCharacter(int32_t codePoint, int32_t advanceWidth, int32_t ofsX, int32_t ofsY);
+
+    /// @param words  counted array of ceil(w * h / 8) words, owned from now on
+    BitMapCharacter(int32_t codePoint,
+                    uint32_t* words,
+                    int32_t w,
+                    int32_t h,
+                    int32_t advanceWidth,
+                    int32_t ofsX,
+                    int32_t ofsY);
+
+    /// @param coverage  w * h bytes of 0..15, stays the caller's
+    BitMapCharacter(int32_t codePoint,
+                    const signed char* coverage,
+                    int32_t w,
+                    int32_t h,
+                    int32_t advanceWidth,
+                    int32_t ofsX,
+                    int32_t ofsY);
+
+    BitMapCharacter(const BitMapCharacter&) = delete;
+    BitMapCharacter& operator=(const BitMapCharacter&) = delete;
+    virtual ~BitMapCharacter();
+
+    /// Reads one record of a font file; the caller owns the character. Null if the stream has
+    /// ended; what is missing of a record that is cut short is zero.
+    static BitMapCharacter* createFrom(DataInputStream* in);
+    void writeTo(DataOutputStream* out);
+
+    /// Draws with the bitmap's top left corner at (x, y), blending a premultiplied colour. What
+    /// reaches out of the image is left out.
+    void draw(AppImage* image, int32_t x, int32_t y, uint32_t colour);
+
+    /// Draws only what lies in the clip rectangle.
+    void draw(AppImage* image,
+              int32_t x,
+              int32_t y,
+              int32_t clipX,
+              int32_t clipY,
+              int32_t clipW,
+              int32_t clipH,
+              uint32_t colour);
+
+    /// A new string; the caller deletes it.
+    virtual Osp::Base::String* toString();
+
+    /// Each font holds the characters in it, and deletes the ones that it held last.
+    void hold() { holders++; }
+
+    void letGo();
+
+    int32_t codePoint;
+    int32_t advanceWidth;        // px, how far the pen moves on
+    int32_t ofsX;                // px, from the pen to the bitmap
+    int32_t ofsY;                // px, from the baseline to the top row; negative above it
+    uint32_t* pixels = nullptr;  // counted array, owned; null without ink
+    int32_t w = 0;               // px
+    int32_t h = 0;               // px
+
+private:
+    int32_t holders = 0;
+};

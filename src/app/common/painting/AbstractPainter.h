@@ -1,0 +1,33 @@
+// A painter without parts: keeps the rectangle and the modifiers.
+#pragma once
+
+#include "Painter.h"
+
+class AbstractPainter : public Painter {
+public:
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// An empty rectangle at (0, 0), default modifiers.
+    AbstractPainter();
+    ~AbstractPainter() override;
+
+    int32_t getX() const;
+    int32_t getY() const;
+    int32_t getWidth() const;
+    int32_t getHeight() const;
+
+    void getBounds(Bounds* target) override;
+    void setBounds(Bounds* source) override;
+
+    PixProps* getPixProps() override { return props; }
+
+    void setPixProps(PixProps* source) override;
+
+    void refresh() override {}
+
+protected:
+    Bounds* bounds;   // owned
+    PixProps* props;  // owned
+};

@@ -1,0 +1,17 @@
+#include "PaColor.h"
+
+#include "AppImage.h"
+#include "Bounds.h"
+
+void PaColor::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) {
+    Bounds* r = Bounds::alloc(bounds);
+    Bounds* area = Bounds::alloc(0, 0, dst->w, dst->h);
+    Bounds::move(r, x, y);
+    Bounds::intersect(r, clip);
+    Bounds::intersect(r, area);
+    if (Bounds::isValid(r)) {
+        dst->blend(argb, r->x, r->y, r->w, r->h, inherited);
+    }
+    area->free();
+    r->free();
+}

@@ -1,0 +1,23 @@
+// A rectangle of one colour.
+#pragma once
+
+#include "AbstractPainter.h"
+
+class PaColor : public AbstractPainter {
+public:
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// @param argb  premultiplied
+    void set(uint32_t argb) { this->argb = argb; }
+
+    uint32_t get() const { return argb; }
+
+    /// Deliberate: the own modifiers do nothing here, only the inherited ones count: the colour
+    /// itself says how light and how transparent the rectangle is.
+    void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
+
+private:
+    uint32_t argb = 0;
+};

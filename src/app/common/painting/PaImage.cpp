@@ -1,0 +1,76 @@
+#include "PaImage.h"
+
+#include "AppImage.h"
+#include "ArrFunc.h"
+#include "Bounds.h"
+#include "ImageOps.h"
+#include "OspBase.h"
+#include "PixProps.h"
+#include "Res.h"
+#include "StrUtils.h"
+
+using Osp::Base::String;
+
+namespace {
+
+constexpr int32_t kMaxNumbers = 8;
+constexpr int32_t kPlacement = 4;  // x, y, width, height
+
+}  // namespace
+
+PaImage::PaImage()
+    : imageId(Res::Null) {}
+
+void PaImage::setImage(int32_t id) {
+    imageId = id;
+    refresh();
+}
+
+void PaImage::refresh() {
+    const AppImage* image = Res::getImage(imageId);
+    bounds->w = image != nullptr ? image->w : 0;
+    bounds->h = image != nullptr ? image->h : 0;
+}
+
+void PaImage::setPos(int32_t x, int32_t y) {
+    bounds->x = x;
+    bounds->y = y;
+}
+
+void PaImage::set(int32_t id, int32_t x, int32_t y) {
+    setImage(id);
+    setPos(x, y);
+}
+
+void PaImage::set(String* path, bool premultiply, bool opaque) {
+    setImage(Res::addImage(path, premultiply, opaque));
+    auto* numbers = newArray<int32_t>(kMaxNumbers);
+    const int32_t count = StrUtils::parseInts(path, numbers);
+    if (count == kPlacement || count == kPlacement + 1) {
+        const int32_t* placement = numbers + (count - kPlacement);
+        if (placement[2] == bounds->w && placement[3] == bounds->h) {
+            setPos(placement[0], placement[1]);
+        }
+    }
+    deleteArrFunc(numbers);
+}
+
+void PaImage::set(const char* path, bool premultiply, bool opaque) {
+    String text(path);
+    set(&text, premultiply, opaque);
+}
+
+void PaImage::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) {
+    if (imageId == Res::Null) {
+        return;
+    }
+    PixProps* combined = PixProps::alloc();
+    combined->set(props, inherited);
+    AppImage* image = Res::getImage(imageId);
+    if (image != nullptr) {
+        ImageOps::blend(dst, image, x + bounds->x, y + bounds->y, clip, combined);
+    }
+    // Deliberate: not given back to the pool. Pictures are few in a frame, texts many: the pool
+    // stays as large as the deepest nesting of arrays needs it.
+    delete combined;
+}

@@ -1,0 +1,45 @@
+// A picture of the registry.
+//
+// The rectangle has the size of the picture, which is loaded for that. A picture that is missing or
+// damaged leaves an empty rectangle and paints nothing.
+#pragma once
+
+#include "AbstractPainter.h"
+
+namespace Osp::Base {
+class String;
+}
+
+class PaImage : public AbstractPainter {
+public:
+    using String = Osp::Base::String;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// No picture.
+    PaImage();
+
+    /// Takes the picture and its size; the position stays. Res::Null: no picture.
+    void setImage(int32_t id);
+
+    int32_t getImage() const { return imageId; }
+
+    void setPos(int32_t x, int32_t y);
+    void set(int32_t id, int32_t x, int32_t y);
+
+    /// Registers the file and takes its picture (the flags are those of Res::addImage). Four
+    /// numbers in the path are x, y, width and height, five a label and then these; the painter
+    /// moves to (x, y) if the size is the picture's own, else it stays where it is.
+    void set(String* path, bool premultiply, bool opaque);
+    void set(const char* path, bool premultiply, bool opaque);
+
+    void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
+
+    /// Takes the picture's size anew.
+    void refresh() override;
+
+private:
+    int32_t imageId;
+};

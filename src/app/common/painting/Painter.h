@@ -1,0 +1,32 @@
+// Something that knows its rectangle and how to paint itself. Screens are trees of painters.
+#pragma once
+
+#include "Bounded.h"
+
+#include <cstdint>
+
+class AppImage;
+class PixProps;
+
+class Painter : public Bounded {
+public:
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// Paints with the own rectangle shifted by (x, y).
+    /// @param clip       never null; nothing outside is touched
+    /// @param inherited  modifiers of whatever the painter is part of; may be null
+    virtual void
+    paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) = 0;
+
+    /// Works out anew what the painter derives from its resources: after a change of the language,
+    /// of a text or of a picture.
+    virtual void refresh() = 0;
+
+    /// The painter's own modifiers, which stay its own.
+    virtual PixProps* getPixProps() = 0;
+
+    /// Copies the given modifiers; null sets the defaults.
+    virtual void setPixProps(PixProps* props) = 0;
+};

@@ -1,0 +1,152 @@
+#include "PainterArray.h"
+
+#include "ArrFunc.h"
+#include "Bounds.h"
+#include "PixProps.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int32_t kDown = -1;
+constexpr int32_t kUp = 1;
+
+}  // namespace
+
+PainterArray::PainterArray()
+    : PainterArray(0) {}
+
+PainterArray::PainterArray(int32_t slots)
+    : PainterArray(newArray<Painter*>(slots)) {}
+
+PainterArray::PainterArray(Painter** slots)
+    : slots(slots)
+    , props(new PixProps())
+    , bounds(new Bounds()) {}
+
+PainterArray::~PainterArray() {
+    deleteArrFunc(slots);
+    delete props;
+    delete bounds;
+}
+
+void PainterArray::getBounds(Bounds* target) {
+    bounds->getBounds(target);
+}
+
+void PainterArray::setBounds(Bounds* source) {
+    bounds->setBounds(source);
+}
+
+void PainterArray::setPixProps(PixProps* source) {
+    props->set(source, nullptr);
+}
+
+void PainterArray::refresh() {
+    for (int32_t i = 0; i < length(slots); i++) {
+        if (slots[i] != nullptr) {
+            slots[i]->refresh();
+        }
+    }
+}
+
+bool PainterArray::outOfBounds(int32_t index) {
+    return index < 0 || index >= length(slots);
+}
+
+int32_t PainterArray::clamp(int32_t index) {
+    return std::clamp(index, 0, std::max(0, length(slots) - 1));
+}
+
+Painter* PainterArray::getPainter(int32_t index) {
+    return outOfBounds(index) ? nullptr : slots[index];
+}
+
+Painter* PainterArray::findFrom(int32_t index, int32_t step) {
+    for (int32_t i = index; !outOfBounds(i); i += step) {
+        if (slots[i] != nullptr) {
+            return slots[i];
+        }
+    }
+    return nullptr;
+}
+
+Painter* PainterArray::getFirstBelow(int32_t index) {
+    return findFrom(std::min(index, length(slots)) - 1, kDown);
+}
+
+Painter* PainterArray::getFirstAbove(int32_t index) {
+    return findFrom(std::max(index, -1) + 1, kUp);
+}
+
+Painter* PainterArray::getBottomPainter() {
+    return findFrom(0, kUp);
+}
+
+Painter* PainterArray::getTopPainter() {
+    return findFrom(length(slots) - 1, kDown);
+}
+
+void PainterArray::setPainter(int32_t index, Painter* painter) {
+    if (!outOfBounds(index)) {
+        slots[index] = painter;
+    }
+}
+
+void PainterArray::removePainter(int32_t index) {
+    setPainter(index, nullptr);
+}
+
+void PainterArray::removePainter(Painter* painter) {
+    removePainter(getIndexOf(painter));
+}
+
+void PainterArray::removeAllPainters() {
+    deleteArrFunc(slots);
+    slots = newArray<Painter*>(0);
+}
+
+int32_t PainterArray::getIndexOf(Painter* painter) {
+    Painter** const end = slots + length(slots);
+    Painter** const found = std::find(slots, end, painter);
+    return found == end ? -1 : static_cast<int32_t>(found - slots);
+}
+
+void PainterArray::paintOn(
+    AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) {
+    paintOn(0, length(slots) - 1, dst, x, y, clip, inherited);
+}
+
+void PainterArray::paintOn(
+    int32_t from, AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) {
+    paintOn(from, length(slots) - 1, dst, x, y, clip, inherited);
+}
+
+void PainterArray::paintOn(int32_t from,
+                           int32_t to,
+                           AppImage* dst,
+                           int32_t x,
+                           int32_t y,
+                           Bounded* clip,
+                           PixProps* inherited) {
+    if (from > to || length(slots) == 0) {
+        return;
+    }
+    PixProps* combined = PixProps::alloc(props, inherited);
+    const int32_t last = clamp(to);
+    for (int32_t i = clamp(from); i <= last; i++) {
+        if (slots[i] != nullptr) {
+            slots[i]->paintOn(dst, x + bounds->x, y + bounds->y, clip, combined);
+        }
+    }
+    combined->free();
+}
+
+PainterArray* PainterArray::getCopy() {
+    auto** copies = newArray<Painter*>(length(slots));
+    std::copy(slots, slots + length(slots), copies);
+    auto* copy = new PainterArray(copies);
+    copy->setBounds(bounds);
+    copy->setPixProps(props);
+    return copy;
+}

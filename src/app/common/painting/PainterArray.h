@@ -1,0 +1,91 @@
+// Painters on top of one another, themselves a painter: slot 0 is the bottom, the last the top.
+//
+// A slot may be null, which paints nothing. The painters stand relative to the array's rectangle
+// and stay their makers'. The array's modifiers go down to them; its size clips nothing.
+#pragma once
+
+#include "Painter.h"
+
+class PainterArray : public Painter {
+public:
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// No slots.
+    PainterArray();
+
+    /// Empty slots.
+    explicit PainterArray(int32_t slots);
+
+    /// @param slots  counted array, owned from now on
+    explicit PainterArray(Painter** slots);
+    ~PainterArray() override;
+
+    void getBounds(Bounds* target) override;
+    void setBounds(Bounds* source) override;
+
+    /// All slots, from the bottom up.
+    void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
+
+    /// Refreshes all painters.
+    void refresh() override;
+
+    PixProps* getPixProps() override { return props; }
+
+    void setPixProps(PixProps* source) override;
+
+    /// The counted array itself, which stays the array's.
+    virtual Painter** getPainters() { return slots; }
+
+    /// Null outside the array.
+    virtual Painter* getPainter(int32_t index);
+
+    /// The nearest painter below (above) a slot, leaving out empty ones; null if there is none.
+    virtual Painter* getFirstBelow(int32_t index);
+    virtual Painter* getFirstAbove(int32_t index);
+
+    /// The lowest (highest) painter; null if all slots are empty.
+    virtual Painter* getBottomPainter();
+    virtual Painter* getTopPainter();
+
+    /// Nothing happens outside the array.
+    virtual void setPainter(int32_t index, Painter* painter);
+
+    /// Empty the slot, or the lowest one that holds the painter.
+    virtual void removePainter(int32_t index);
+    virtual void removePainter(Painter* painter);
+
+    /// No slots are left.
+    virtual void removeAllPainters();
+
+    /// The lowest slot that holds the painter, -1 if none does.
+    virtual int32_t getIndexOf(Painter* painter);
+    virtual bool outOfBounds(int32_t index);
+
+    /// The nearest index inside the array; 0 for an array without slots.
+    virtual int32_t clamp(int32_t index);
+
+    /// From a slot to the top.
+    virtual void
+    paintOn(int32_t from, AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited);
+
+    /// From a slot to another, both included and brought into the array; nothing if from > to.
+    virtual void paintOn(int32_t from,
+                         int32_t to,
+                         AppImage* dst,
+                         int32_t x,
+                         int32_t y,
+                         Bounded* clip,
+                         PixProps* inherited);
+
+    /// A new array with the same painters, rectangle and modifiers; the caller deletes it.
+    virtual PainterArray* getCopy();
+
+private:
+    Painter* findFrom(int32_t index, int32_t step);
+
+    Painter** slots;  // counted array, owned
+    PixProps* props;  // owned
+    Bounds* bounds;   // owned
+};

@@ -1,0 +1,111 @@
+// The registry of texts, pictures, fonts and other objects: everything that screens and painters
+// name by a small number instead of a pointer.
+//
+// Ids count from 0 and are never used again. Pictures and fonts are loaded on first use. An id that
+// nobody registered, or one of another kind than asked for, is answered with null, -1 or false.
+#pragma once
+
+#include <cstdint>
+
+class AppImage;
+class BitMapFont;
+class GnoObject;
+class Resource;
+
+namespace Osp::Base {
+class String;
+}
+
+class Res {
+public:
+    using String = Osp::Base::String;
+
+    static constexpr int32_t kLanguages = 5;  // English, German, Spanish, French, Italian
+
+    /// Registrations; all return the new id. Resources, texts and pictures made in memory belong to
+    /// the registry from now on; paths and wrapped objects stay the caller's.
+    static int32_t addRes(Resource* resource);
+    static int32_t addRes(GnoObject* object);
+
+    /// One text for all languages.
+    static int32_t addStr(String* text);
+    static int32_t addStr(const char* utf8);
+
+    /// @param utf8  counted array, up to its end or its first 0; stays the caller's
+    static int32_t addStr(signed char* utf8);
+
+    /// A counted array of one text for each language.
+    static int32_t addStr(String** texts);
+
+    /// One language-neutral text for each element of a counted array. The strings belong to the
+    /// registry from now on, the array stays the caller's, and so does the new counted array of
+    /// their ids that comes back (deleteArrFunc).
+    static int32_t* addLanguageNames(String** names);
+    static int32_t addFont(String* path);
+    static int32_t addFont(const char* path);
+    static int32_t addImage(String* path, bool premultiply);
+    static int32_t addImage(String* path, bool premultiply, bool opaque);
+    static int32_t addImage(AppImage* image);
+
+    /// A blank picture, made when it is first needed.
+    static int32_t addImage(int32_t w, int32_t h);
+
+    static Resource* getRes(int32_t id);
+
+    /// What the registry answers stays its own.
+    static AppImage* getImage(int32_t id);
+    static BitMapFont* getFont(int32_t id);
+
+    /// The object of the resource, whatever its kind (see Resource::get()).
+    static void* getList(int32_t id);
+
+    /// One of Resource's kinds, -1 for an unknown id.
+    static int32_t getType(int32_t id);
+    static bool isString(int32_t id);
+    static bool isImage(int32_t id);
+    static bool isFont(int32_t id);
+    static bool isObject(int32_t id);
+
+    /// The text in the current language; a text that is alone is the same in every language.
+    static String* getStr(int32_t id);
+    static String** getStrArray(int32_t id);
+
+    /// New text under the same id, owned by the registry from now on; deleted if the id has no
+    /// text. Whoever laid the old one out lays out the new one with refresh().
+    static void replaceStr(int32_t id, String* text);
+    static void replaceStr(int32_t id, String** texts);
+
+    /// Not checked: callers pass 0 to 4. In any other language there are only neutral texts.
+    static void setCurrLangIndex(int32_t index) { currLangIndex = index; }
+
+    static int32_t getCurrLangIndex() { return currLangIndex; }
+
+    /// Drops what can be loaded again.
+    static void free(int32_t id);
+    static void freeAll();
+
+    static void static_ctor();
+    static void static_dtor();
+
+    static int32_t Null;    // nothing: an empty soft key, no heading, no picture
+    static int32_t FntDef;  // the framework's own font
+    static int32_t Str_Ok;
+    static int32_t Str_Cancel;
+    static int32_t Str_Continue;
+    static int32_t Str_Abort;
+    static int32_t Str_Back;
+    static int32_t Str_Select;
+    static int32_t Str_Yes;
+    static int32_t Str_No;
+    static int32_t Str_Options;
+    static int32_t Str_More;
+
+    static Resource** resources;  // by id; counted array, null from nextId on
+    static int32_t nextId;
+
+private:
+    static void addBuiltIns();
+    static void* getOfType(int32_t id, int32_t type);
+
+    static int32_t currLangIndex;
+};

@@ -1,0 +1,31 @@
+// A bitmap font, read from its file when it is first needed.
+#pragma once
+
+#include "OspBase.h"
+#include "Resource.h"
+
+class BitMapFont;
+
+class ResFont : public Resource {
+public:
+    using String = Osp::Base::String;
+
+    explicit ResFont(const String& file);
+    ~ResFont() override;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// The BitMapFont. Null if the file cannot be opened; the next call tries again.
+    void* get() override;
+
+    /// The next get() reads the file again. Nobody may hold characters of the font beyond that.
+    void free() override;
+
+    int32_t getType() override { return kTypeFont; }
+
+private:
+    String file;
+    BitMapFont* font = nullptr;  // owned, null while not loaded
+};

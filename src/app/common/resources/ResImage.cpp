@@ -1,0 +1,54 @@
+#include "ResImage.h"
+
+#include "AppImage.h"
+#include "FileInputStream.h"
+#include "MIDlet.h"
+#include "Orm.h"
+
+#include <memory>
+
+using Osp::Base::String;
+
+ResImage::ResImage(const String& file, bool premultiply, bool opaque)
+    : file(file)
+    , premultiply(premultiply)
+    , opaque(opaque) {}
+
+ResImage::ResImage(int32_t w, int32_t h)
+    : w(w)
+    , h(h) {}
+
+ResImage::ResImage(AppImage* image)
+    : madeInMemory(true)
+    , image(image) {}
+
+ResImage::~ResImage() {
+    delete image;
+}
+
+void* ResImage::get() {
+    if (image == nullptr && !madeInMemory) {
+        image = file.IsEmpty() ? new AppImage(w, h, 0) : load();
+    }
+    return static_cast<GnoObject*>(image);
+}
+
+AppImage* ResImage::load() {
+    const std::unique_ptr<FileInputStream> in(MIDlet::getResourceAsStream(file));
+    AppImage* loaded = Orm::loadImage(in.get());
+    if (loaded != nullptr) {
+        if (premultiply) {
+            loaded->premult();
+        }
+        loaded->opaque = opaque;
+    }
+    in->close();
+    return loaded;
+}
+
+void ResImage::free() {
+    if (!madeInMemory) {
+        delete image;
+        image = nullptr;
+    }
+}

@@ -1,0 +1,48 @@
+// A picture: from a file, decoded when it is first needed, or blank, or made in memory.
+#pragma once
+
+#include "OspBase.h"
+#include "Resource.h"
+
+class AppImage;
+
+class ResImage : public Resource {
+public:
+    using String = Osp::Base::String;
+
+    /// @param premultiply  turn the file's straight colours into premultiplied ones, which every
+    ///                     blend expects
+    /// @param opaque       the picture has no transparent pixel: it is copied, not blended
+    ResImage(const String& file, bool premultiply, bool opaque);
+
+    /// Blank, every pixel transparent.
+    ResImage(int32_t w, int32_t h);
+
+    /// Owned from now on.
+    explicit ResImage(AppImage* image);
+    ~ResImage() override;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// The AppImage. Null if the file cannot be opened or is no picture; the next call tries again.
+    void* get() override;
+
+    /// The next get() reads the file again, or makes a new blank picture. One that was made in
+    /// memory stays: nothing could bring it back.
+    void free() override;
+
+    int32_t getType() override { return kTypeImage; }
+
+private:
+    AppImage* load();
+
+    String file;  // empty: none
+    int32_t w = 0;
+    int32_t h = 0;
+    bool premultiply = false;
+    bool opaque = false;
+    bool madeInMemory = false;
+    AppImage* image = nullptr;  // owned, null while not loaded
+};

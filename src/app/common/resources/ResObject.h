@@ -1,0 +1,23 @@
+// Any object under an id. It stays its maker's.
+#pragma once
+
+#include "Resource.h"
+
+class ResObject : public Resource {
+public:
+    explicit ResObject(GnoObject* object)
+        : object(object) {}
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    void* get() override { return object; }
+
+    void free() override {}
+
+    int32_t getType() override { return kTypeObject; }
+
+private:
+    GnoObject* object;  // not owned
+};

@@ -1,0 +1,44 @@
+#include "ResString.h"
+
+#include "ArrFunc.h"
+#include "OspBase.h"
+
+using Osp::Base::String;
+
+namespace {
+
+String** newTexts(String* text) {
+    auto** texts = newArray<String*>(1);
+    texts[0] = text;
+    return texts;
+}
+
+}  // namespace
+
+ResString::ResString(String* text)
+    : texts(newTexts(text)) {}
+
+ResString::ResString(String** texts)
+    : texts(texts) {}
+
+ResString::~ResString() {
+    deleteTexts();
+}
+
+void ResString::replace(String* text) {
+    deleteTexts();
+    texts = newTexts(text);
+}
+
+void ResString::replace(String** newTexts) {
+    deleteTexts();
+    texts = newTexts;
+}
+
+void ResString::deleteTexts() {
+    for (int32_t i = 0; i < length(texts); i++) {
+        delete texts[i];
+    }
+    deleteArrFunc(texts);
+    texts = nullptr;
+}

@@ -1,0 +1,37 @@
+// A text: one for all languages, or one for each.
+#pragma once
+
+#include "Resource.h"
+
+class ResString : public Resource {
+public:
+    using String = Osp::Base::String;
+
+    /// Language-neutral. The string is owned from now on.
+    explicit ResString(String* text);
+
+    /// One text for each language. The counted array and its strings are owned from now on.
+    explicit ResString(String** texts);
+    ~ResString() override;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// The String** array, of one or five texts.
+    void* get() override { return texts; }
+
+    /// Keeps the texts: there is no file to bring them back from.
+    void free() override {}
+
+    int32_t getType() override { return kTypeString; }
+
+    /// Swap in new text, owned from now on; the old one is deleted.
+    void replace(String* text);
+    void replace(String** newTexts);
+
+private:
+    void deleteTexts();
+
+    String** texts;  // counted array, owned
+};

@@ -1,0 +1,28 @@
+// One entry of the registry: an object that may be loaded only when it is first asked for.
+#pragma once
+
+#include "GnoObject.h"
+
+#include <cstdint>
+
+class Resource : public GnoObject {
+public:
+    // What getType() answers.
+    static constexpr int32_t kTypeNull = 0;
+    static constexpr int32_t kTypeString = 1;
+    static constexpr int32_t kTypeImage = 2;
+    static constexpr int32_t kTypeFont = 3;
+    static constexpr int32_t kTypeObject = 4;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+    /// The object, loaded now if it is not yet; null if there is none or it cannot be loaded.
+    /// For texts a counted array of strings (String**), for all other kinds a GnoObject*.
+    virtual void* get() = 0;
+
+    /// Drops what the next get() can bring back.
+    virtual void free() = 0;
+    virtual int32_t getType() = 0;
+};

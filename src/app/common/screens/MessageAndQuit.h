@@ -1,0 +1,39 @@
+// A fatal condition: what happened, and one key that ends the program.
+#pragma once
+
+#include "State.h"
+
+class MessageAndQuit : public State {
+public:
+    static constexpr int32_t kHeapLow = 1;
+    static constexpr int32_t kStorageLow = 2;
+    static constexpr int32_t kFileError = 3;
+    static constexpr int32_t kNotSupported = 4;
+    static constexpr int32_t kNoMemCard = 5;
+    static constexpr int32_t kNoAudio = 6;
+
+    /// Texts are those of the current language; any other kind says "Error".
+    explicit MessageAndQuit(int32_t kind);
+
+    /// Makes one and enters it at once: whoever calls this is no longer the current screen. It is
+    /// kept until the program ends.
+    static void enter(int32_t kind);
+
+    void onEnter() override;
+
+    void onExit() override {}
+
+    void onEvent(Event* event) override;
+    Osp::Base::String** getSubscriptions() override;
+
+    static void static_ctor();
+    static void static_dtor();
+
+    int32_t heading;  // string id, Res::Null for none
+    int32_t body;     // string id, Res::Null for none
+
+private:
+    static int32_t joined(int32_t firstId, int32_t secondId);
+
+    static MessageAndQuit* entered;  // owned
+};

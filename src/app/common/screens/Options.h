@@ -1,0 +1,40 @@
+// The main menu; the help text and the language list are modes of the same screen.
+#pragma once
+
+#include "State.h"
+
+class Options : public State {
+public:
+    static constexpr int32_t kMenu = 1;
+    static constexpr int32_t kHelp = 2;
+    static constexpr int32_t kLanguage = 3;
+
+    Options();
+
+    void onEnter() override;
+
+    void onExit() override {}
+
+    void onEvent(Event* event) override;
+    Osp::Base::String** getSubscriptions() override;
+
+    /// False while the help text or the language list stands in the menu's place.
+    bool isMenuShown() const { return mode == kMenu; }
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+private:
+    void showOptions();
+    void showHelp();
+    void showLanguage();
+    void onMenuEvent(int32_t softKey, Event* event);
+    void onLanguageEvent(int32_t softKey, Event* event);
+
+    /// Raises the question about silence, unless it was raised already in this run.
+    static void askAboutSilence();
+
+    int32_t mode;
+    int32_t lastFocused;  // string id of the entry that the focus returns to
+};

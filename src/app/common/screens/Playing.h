@@ -1,0 +1,23 @@
+// The processed take is heard, and the wheels turn.
+#pragma once
+
+#include "State.h"
+
+class Playing : public State {
+public:
+    void onEnter() override;
+    void onExit() override;
+    void onEvent(Event* event) override;
+    Osp::Base::String** getSubscriptions() override;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+private:
+    static void paintScene();
+    void animate();
+
+    int32_t startMs = 0;
+    int32_t frame = 0;
+};

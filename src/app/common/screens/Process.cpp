@@ -1,0 +1,113 @@
+#include "Process.h"
+
+#include "ArrFunc.h"
+#include "Event.h"
+#include "G.h"
+#include "MessageAndQuit.h"
+#include "Murmelo.h"
+#include "Orm.h"
+#include "OspBase.h"
+#include "Progress.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "Str.h"
+#include "WavProc.h"
+
+using Osp::Base::String;
+
+namespace {
+
+constexpr int32_t kRateHz = 8000;
+constexpr int32_t kNotBegun = -1;
+constexpr int32_t kDone = 1024;
+
+}  // namespace
+
+Process::Process(int32_t* samples, WavProc* processor, String* path, State* next, State* back)
+    : samples(samples)
+    , processor(processor)
+    , next(next)
+    , back(back)
+    , path(path) {}
+
+Process::~Process() {
+    deleteArrFunc(samples);
+    delete path;
+}
+
+void Process::enter(Process* job) {
+    delete G::stateProcess;
+    G::stateProcess = job;
+    State::setState(job, true, true);
+}
+
+void Process::onEnter() {
+    Progress::paintInit(Str::str_PLEASE_WAIT);
+    SkBar::setStr(Res::Null, Res::Null, Res::Null);
+    SkBar::paint(true);
+    Orm::flush();
+    schedUpdate();
+}
+
+void Process::onExit() {
+    deleteArrFunc(samples);
+    samples = nullptr;
+    processor = nullptr;
+    next = nullptr;
+    delete path;
+    path = nullptr;
+}
+
+void Process::schedUpdate() {
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+}
+
+void Process::onEvent(Event* event) {
+    SkBar::update(event, true);
+    if (event->type == Orm::EV_T_UPDATE) {
+        update();
+    } else if (event->type == Orm::EV_T_SYS_PAUSE) {
+        processor->cleanUp();
+        State::setState(back, true, true);
+    }
+}
+
+void Process::update() {
+    if (processor->getLastProgress() == kNotBegun) {
+        processor->init(samples, kRateHz);
+        schedUpdate();
+        return;
+    }
+    if (processor->getLastProgress() >= kDone) {
+        return;
+    }
+    const int32_t progress = processor->process();
+    Progress::paintProgress(progress);
+    Progress::flushProgress();
+    if (progress == kDone) {
+        finish();
+    } else {
+        schedUpdate();
+    }
+}
+
+void Process::finish() {
+    deleteArrFunc(samples);
+    samples = processor->getResult();
+    if (!Murmelo::save8KhzWav(samples, path)) {
+        deleteArrFunc(samples);
+        samples = nullptr;
+        MessageAndQuit::enter(MessageAndQuit::kStorageLow);
+        return;
+    }
+    if (*path == *G::getMrmFolderUri() + *G::uriPartWavProcessed) {
+        G::setLastPlayedFx(G::getCurrFx());
+    }
+    deleteArrFunc(samples);
+    samples = nullptr;
+    State::setState(next, true, true);
+}
+
+String** Process::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

@@ -1,0 +1,45 @@
+// Runs one processor over a whole sound, a slice for each "Update", so that the screen keeps
+// painting.
+#pragma once
+
+#include "State.h"
+
+class WavProc;
+
+class Process : public State {
+public:
+    /// @param samples    8 kHz; owned from now on
+    /// @param processor  not owned
+    /// @param path       where the result goes; owned from now on
+    /// @param next       entered when it is there
+    /// @param back       entered when the work is interrupted
+    Process(
+        int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
+    ~Process() override;
+
+    /// Makes this the job in hand (G::stateProcess owns it) and enters it. The job before it is
+    /// deleted.
+    static void enter(Process* job);
+
+    void onEnter() override;
+
+    /// Forgets samples, processor, next screen and path: a job runs once.
+    void onExit() override;
+    void onEvent(Event* event) override;
+    Osp::Base::String** getSubscriptions() override;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+private:
+    void update();
+    void finish();
+    static void schedUpdate();
+
+    int32_t* samples;
+    WavProc* processor;
+    State* next;
+    State* back;
+    Osp::Base::String* path;
+};

@@ -1,0 +1,8 @@
+// The one way in which a screen ends the program.
+#pragma once
+
+class Quit {
+public:
+    /// The frame in hand is painted, and then the program ends.
+    static void now();
+};

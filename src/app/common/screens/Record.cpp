@@ -1,0 +1,80 @@
+#include "Record.h"
+
+#include "AudioDev.h"
+#include "Event.h"
+#include "FileOps.h"
+#include "G.h"
+#include "Main.h"
+#include "Message.h"
+#include "MessageAndQuit.h"
+#include "Murmelo.h"
+#include "Orm.h"
+#include "OspBase.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "Str.h"
+
+using Osp::Base::String;
+
+namespace {
+
+/// True if the file is gone afterwards.
+bool removed(String* folder, String* name) {
+    return !FileOps::exists(folder, name) || FileOps::deleteFile(folder, name);
+}
+
+}  // namespace
+
+void Record::onEnter() {
+    Main::paintBgAndFx();
+    Message::setText(Str::str_PLEASE_WAIT, G::fntMedium);
+    Message::paint();
+    SkBar::setStr(Res::Null, Res::Null, Res::Null);
+    SkBar::paint(true);
+    Orm::flush();
+    if (!Murmelo::checkMemCardRemoved()) {
+        return;
+    }
+    String* folder = G::getMrmFolderUri();
+    if (!removed(folder, G::uriPartWavRecorded) || !removed(folder, G::uriPartWavProcessed)) {
+        MessageAndQuit::enter(MessageAndQuit::kFileError);
+        return;
+    }
+    if (!Murmelo::checkEnoughSpace()) {
+        return;
+    }
+    String take = *folder + *G::uriPartWavRecorded;
+    if (!AudioDev::initRec(&take)) {
+        MessageAndQuit::enter(MessageAndQuit::kNoAudio);
+        return;
+    }
+    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
+    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    Main::paintBgAndFx();
+    Message::setText(Str::str_START_RECORDING, G::fntMedium);
+    Message::paint();
+    SkBar::setStr(Res::Null, Str::str_SK_RECORD, Str::str_SK_BACK);
+    SkBar::paint(true);
+    Orm::flush();
+}
+
+void Record::giveUpTake() {
+    AudioDev::stopRec();
+    FileOps::deleteFile(G::getMrmFolderUri(), G::uriPartWavRecorded);
+}
+
+void Record::onEvent(Event* event) {
+    const int32_t softKey = SkBar::update(event, true);
+    if (softKey == Str::str_SK_RECORD) {
+        State::setState(G::stateRecording, true, true);
+    } else if (softKey == Str::str_SK_BACK || event->type == Orm::EV_T_SYS_PAUSE) {
+        giveUpTake();
+        State::setState(G::stateOptions, true, true);
+    } else if (event->type == Orm::EV_T_SYS_DISPOSE) {
+        giveUpTake();
+    }
+}
+
+String** Record::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

@@ -1,0 +1,83 @@
+#include "Save.h"
+
+#include "EffectJob.h"
+#include "Event.h"
+#include "FileOps.h"
+#include "G.h"
+#include "Header.h"
+#include "Main.h"
+#include "Message.h"
+#include "MessageAndQuit.h"
+#include "Murmelo.h"
+#include "Orm.h"
+#include "OspBase.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "Str.h"
+
+using Osp::Base::String;
+
+int32_t Save::uriStrId;
+
+void Save::static_ctor() {
+    uriStrId = Res::addStr("");
+}
+
+Save::~Save() {
+    delete name;
+}
+
+void Save::onEnter() {
+    if (G::getLastPlayedFx() != G::getCurrFx()) {
+        EffectJob::enter(this, G::stateOptions);
+        return;
+    }
+    Header::set(false, false, false, false);
+    Main::paintBgAndFx();
+    Header::paint(false);
+    SkBar::setStr(Res::Null, Res::Null, Res::Null);
+    SkBar::paint(true);
+    Orm::flush();
+    if (!Murmelo::checkMemCardRemoved()) {
+        return;
+    }
+    if (!copyResult()) {
+        MessageAndQuit::enter(MessageAndQuit::kFileError);
+        return;
+    }
+    Main::paintBgAndFx();
+    Header::paint(false);
+    SkBar::setStr(Res::Null, Str::str_SK_OK, Res::Null);
+    SkBar::paint(true);
+    Res::replaceStr(uriStrId, new String(*G::uriWavFolder + *name));
+    Message::setText(Str::str_LBL_SOUND_SAVED_PHONE, G::fntMedium, uriStrId, G::fntSmall);
+    Message::paint();
+    Orm::flush();
+    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
+    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+}
+
+/// False if there is no free name, or the copy failed.
+bool Save::copyResult() {
+    String* folder = G::getMrmFolderUri();
+    delete name;
+    name = FileOps::getNextAvailableName(*folder, "rec_", ".wav");
+    if (name == nullptr) {
+        return false;
+    }
+    if (!FileOps::copy(*folder + *G::uriPartWavProcessed, *folder + *name)) {
+        return false;
+    }
+    savedCount++;
+    return true;
+}
+
+void Save::onEvent(Event* event) {
+    if (SkBar::update(event, true) == Str::str_SK_OK) {
+        State::setState(G::stateOptions, true, true);
+    }
+}
+
+String** Save::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

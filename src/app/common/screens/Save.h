@@ -1,0 +1,37 @@
+// Copies the processed take to the next free numbered name and says where it lies.
+#pragma once
+
+#include "State.h"
+
+class Save : public State {
+public:
+    Save() = default;
+    ~Save() override;
+
+    /// A stale result is made anew first; this screen is then entered again.
+    void onEnter() override;
+
+    void onExit() override {}
+
+    void onEvent(Event* event) override;
+    Osp::Base::String** getSubscriptions() override;
+
+    /// How many sounds were saved in this run.
+    int32_t getSavedCount() const { return savedCount; }
+
+    /// Name of the file chosen last; the file of that name is whole once the count has risen. Null
+    /// before the first.
+    const Osp::Base::String* getSavedName() const { return name; }
+
+    static void static_ctor();
+
+    static void static_dtor() {}
+
+    static int32_t uriStrId;  // its text is the full path of the file saved last
+
+private:
+    bool copyResult();
+
+    Osp::Base::String* name = nullptr;  // owned
+    int32_t savedCount = 0;
+};

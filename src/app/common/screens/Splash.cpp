@@ -1,0 +1,98 @@
+#include "Splash.h"
+
+#include "AppImage.h"
+#include "Bounds.h"
+#include "Event.h"
+#include "FileInputStream.h"
+#include "FileOps.h"
+#include "G.h"
+#include "ImageOps.h"
+#include "MessageAndQuit.h"
+#include "MIDlet.h"
+#include "Murmelo.h"
+#include "Orm.h"
+#include "OspBase.h"
+
+namespace {
+
+constexpr int32_t kShownMs = 3000;
+constexpr int32_t kWidthPx = 240;
+constexpr int32_t kTopHeightPx = 248;
+constexpr int32_t kBottomHeightPx = 72;
+constexpr int32_t kUnknown = -1;
+constexpr int32_t kTooLittleBytes = 1024;
+
+}  // namespace
+
+void Splash::onEnter() {
+    // Nothing that could end a pause reaches the program while a screen is being entered, so this
+    // waits outside.
+    waitsForResume = Orm::isPaused();
+    if (!waitsForResume) {
+        begin();
+    }
+}
+
+void Splash::begin() {
+    paintPicture("/Res/splash_top.png", kTopHeightPx, 0);
+    paintPicture("/Res/splash_eu.png", kBottomHeightPx, kTopHeightPx);
+    Orm::flush();
+    if (!enoughStorage()) {
+        return;
+    }
+    G::setDirTones();
+    G::setMrmFolderUri(G::uriWavFolder);
+    if (!FileOps::mkdir(*G::getMrmFolderUri())) {
+        MessageAndQuit::enter(MessageAndQuit::kNotSupported);
+        return;
+    }
+    Murmelo::deleteTempFiles();
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, kShownMs);
+}
+
+void Splash::paintPicture(const char* path, int32_t h, int32_t y) {
+    InputStream* stream = MIDlet::getResourceAsStream(path);
+    AppImage* image = Orm::loadImage(stream);
+    if (image != nullptr) {
+        Bounds* area = Bounds::alloc(0, y, kWidthPx, h);
+        ImageOps::blend(G::scr, image, 0, y, area, nullptr);
+        area->free();
+    }
+    delete image;
+    stream->close();
+    delete stream;
+}
+
+/// Shows the fatal message itself when it answers false.
+bool Splash::enoughStorage() {
+    const int32_t card = FileOps::getAvailMemCard();
+    const int32_t phone = FileOps::getAvailPhone();
+    if (card == kUnknown && phone == kUnknown) {
+        MessageAndQuit::enter(MessageAndQuit::kNotSupported);
+        return false;
+    }
+    if (card <= kTooLittleBytes && phone <= kTooLittleBytes) {
+        MessageAndQuit::enter(MessageAndQuit::kStorageLow);
+        return false;
+    }
+    return true;
+}
+
+void Splash::onEvent(Event* event) {
+    if (waitsForResume) {
+        if (event->type == Orm::EV_T_SYS_RESUME) {
+            waitsForResume = false;
+            begin();
+        }
+        return;
+    }
+    const bool middleKey =
+        event->type == Orm::EV_T_KEY_PRESS && event->subType == Orm::EV_ST_KEY_MSK;
+    if (middleKey || event->type == Orm::EV_T_UPDATE) {
+        State::setState(G::stateOptions, true, true);
+    }
+}
+
+Osp::Base::String** Splash::getSubscriptions() {
+    return G::eventTypesAllStd;
+}

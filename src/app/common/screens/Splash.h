@@ -1,0 +1,28 @@
+// The start picture; behind it, the check whether this phone can keep sounds at all.
+#pragma once
+
+#include "State.h"
+
+class AppImage;
+
+class Splash : public State {
+public:
+    /// While the program is paused nothing happens yet: the rest follows when it goes on.
+    void onEnter() override;
+
+    void onExit() override {}
+
+    void onEvent(Event* event) override;
+    Osp::Base::String** getSubscriptions() override;
+
+    static void static_ctor() {}
+
+    static void static_dtor() {}
+
+private:
+    void begin();
+    static void paintPicture(const char* path, int32_t h, int32_t y);
+    static bool enoughStorage();
+
+    bool waitsForResume = false;
+};

@@ -1,0 +1,70 @@
+#include "TakeJob.h"
+
+#include "ArrFunc.h"
+#include "FileOps.h"
+#include "FileOutputStream.h"
+#include "G.h"
+#include "Main.h"
+#include "MessageAndQuit.h"
+#include "Murmelo.h"
+#include "OspBase.h"
+#include "Process.h"
+#include "Recording.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "WavProps.h"
+
+#include <algorithm>
+
+using Osp::Base::String;
+
+namespace {
+
+constexpr int32_t kTakeRateHz = 16000;
+constexpr int32_t kMostSamples = kTakeRateHz / 1000 * Recording::kTakeMaxMs;
+
+String takePath() {
+    return *G::getMrmFolderUri() + *G::uriPartWavRecorded;
+}
+
+}  // namespace
+
+void TakeJob::enter() {
+    int32_t* samples = Murmelo::loadLastRec8Khz();
+    if (samples == nullptr) {
+        return;  // the message stands already
+    }
+    Main::paintBgAndFx();
+    SkBar::setStr(Res::Null, Res::Null, Res::Null);
+    SkBar::paint(true);
+    Process::enter(new Process(samples, G::fxMicPostProc, new String(takePath()), G::statePlay,
+                               G::stateOptions));
+}
+
+void TakeJob::use(const int16_t* samples, int32_t count) {
+    G::deleteRecordedAndProcessed();
+    G::setLastPlayedFx(-1);
+    if (!write(samples, std::min(count, kMostSamples))) {
+        FileOps::deleteFile(takePath());
+        MessageAndQuit::enter(MessageAndQuit::kStorageLow);
+        return;
+    }
+    enter();
+}
+
+bool TakeJob::write(const int16_t* samples, int32_t count) {
+    FileOutputStream stream(takePath());
+    WavProps props(count, kTakeRateHz);
+    signed char* header = props.toByteArray();
+    stream.write(header);
+    deleteArrFunc(header);
+    auto* bytes = newArray<signed char>(2 * count);
+    for (int32_t i = 0; i < count; i++) {
+        bytes[2 * i] = static_cast<signed char>(samples[i] & 0xFF);
+        bytes[2 * i + 1] = static_cast<signed char>(samples[i] >> 8);
+    }
+    stream.write(bytes);
+    deleteArrFunc(bytes);
+    stream.flush();
+    return !stream.hasFailed();
+}

@@ -1,0 +1,11 @@
+// The wheels in the recorder's window, turning while a tape would.
+#pragma once
+
+#include <cstdint>
+
+class Wheels {
+public:
+    /// Six phases make a seamless turn: the background's own wheels and five pictures.
+    /// @param frame  counts from 0
+    static void paint(int32_t frame);
+};

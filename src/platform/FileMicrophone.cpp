@@ -1,0 +1,64 @@
+#include "FileMicrophone.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int64_t kSamplesPerMs = HostMicrophone::kRateHz / 1000;
+
+}  // namespace
+
+FileMicrophone::FileMicrophone(Clock nowMs)
+    : nowMs(std::move(nowMs)) {}
+
+int64_t FileMicrophone::dueMs() const {
+    const int64_t wanted = listener != nullptr ? listener->samplesWanted() : 0;
+    if (wanted <= 0) {
+        return kNever;
+    }
+    return startMs + (taken + wanted + kSamplesPerMs - 1) / kSamplesPerMs;
+}
+
+bool FileMicrophone::deliver() {
+    const int64_t due = dueMs();
+    if (due == kNever || due > nowMs()) {
+        return false;
+    }
+    listener->onSamples();
+    return true;
+}
+
+bool FileMicrophone::start(HostMicrophoneListener& newListener) {
+    if (listener != nullptr) {
+        return false;
+    }
+    listener = &newListener;
+    hearing = voice;
+    startMs = nowMs();
+    taken = 0;
+    return true;
+}
+
+void FileMicrophone::stop() {
+    if (listener != nullptr) {
+        heardAtStop = heard();
+        listener = nullptr;
+    }
+}
+
+int64_t FileMicrophone::heard() const {
+    return listener != nullptr ? (nowMs() - startMs) * kSamplesPerMs : heardAtStop;
+}
+
+int32_t FileMicrophone::take(int16_t* samples, int32_t count) {
+    const auto ready =
+        static_cast<int32_t>(std::clamp<int64_t>(heard() - taken, 0, std::max(count, 0)));
+    const auto size = static_cast<int64_t>(hearing.size());
+    const int64_t from = std::min(taken, size);
+    const int64_t fromVoice = std::min<int64_t>(ready, size - from);
+    std::copy_n(hearing.begin() + from, fromVoice, samples);
+    std::fill(samples + fromVoice, samples + ready, int16_t{0});
+    taken += ready;
+    return ready;
+}

@@ -1,0 +1,45 @@
+// A microphone that hears a sound file from its beginning at each recording, in the time of the
+// clock given, and silence behind its end.
+#pragma once
+
+#include "HostSound.h"
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+class FileMicrophone : public HostMicrophone {
+public:
+    using Clock = std::function<int64_t()>;
+
+    static constexpr int64_t kNever = -1;
+
+    /// @param nowMs  the host's clock
+    explicit FileMicrophone(Clock nowMs);
+
+    /// What is heard from the next recording on; nothing is silence.
+    void setVoice(std::vector<int16_t> samples) { voice = std::move(samples); }
+
+    /// When the listener is to be called, kNever if it wants nothing.
+    int64_t dueMs() const;
+
+    /// Calls the listener if it is time. True if it was.
+    bool deliver();
+
+    bool isThere() override { return true; }
+
+    bool start(HostMicrophoneListener& newListener) override;
+    void stop() override;
+    int32_t take(int16_t* samples, int32_t count) override;
+
+private:
+    int64_t heard() const;
+
+    Clock nowMs;
+    std::vector<int16_t> voice;
+    std::vector<int16_t> hearing;  // the voice of the recording in hand
+    HostMicrophoneListener* listener = nullptr;
+    int64_t startMs = 0;
+    int64_t taken = 0;
+    int64_t heardAtStop = 0;
+};

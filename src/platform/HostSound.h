@@ -1,0 +1,74 @@
+// The door's sound: one microphone and one speaker.
+//
+// For the next porter: samples are 16-bit mono. Whatever a device's own thread has to say waits for
+// Host::pump(), which calls the listener; nothing is called once its object was told to stop.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class HostMicrophoneListener {
+public:
+    virtual ~HostMicrophoneListener() = default;
+
+    /// How many samples to gather before onSamples(); 0 while there is no room for any.
+    virtual int32_t samplesWanted() = 0;
+
+    /// At least as many as wanted wait to be taken. Counts as a callback of Host::pump().
+    virtual void onSamples() = 0;
+};
+
+class HostMicrophone {
+public:
+    static constexpr int32_t kRateHz = 16000;
+
+    virtual ~HostMicrophone() = default;
+
+    /// Whether start() has a chance. Opens nothing.
+    virtual bool isThere() = 0;
+
+    /// Begins to listen; samples that nobody took before are forgotten. False if there is no such
+    /// device, or somebody listens already.
+    virtual bool start(HostMicrophoneListener& listener) = 0;
+
+    /// Listens no more and calls nobody any more. What was heard until now can still be taken.
+    virtual void stop() = 0;
+
+    /// Moves up to count of the oldest samples out; answers how many.
+    virtual int32_t take(int16_t* samples, int32_t count) = 0;
+};
+
+struct HostClip {
+    std::vector<int16_t> samples;
+    int32_t rateHz = 0;
+};
+
+class HostSpeakerListener {
+public:
+    virtual ~HostSpeakerListener() = default;
+
+    /// The last sample of the clip was heard. Counts as a callback of Host::pump().
+    virtual void onClipEnd() = 0;
+};
+
+class HostSpeaker {
+public:
+    static constexpr int32_t kFullVolume = 100;
+
+    virtual ~HostSpeaker() = default;
+
+    /// Plays a clip from its beginning. False if there is no such device, or a clip plays already.
+    virtual bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& listener) = 0;
+
+    /// 0 is silence, kFullVolume leaves the samples as they are; in proportion between. Holds for
+    /// what is heard from now on, and for later clips.
+    virtual void setVolume(int32_t volume) = 0;
+
+    /// Silent at once, and stays where it is.
+    virtual void pause() = 0;
+    virtual void resume() = 0;
+
+    /// Silent at once and done: the listener is not called.
+    virtual void stop() = 0;
+};

@@ -1,0 +1,23 @@
+// Sound files on a computer, read and written with libsndfile: whatever the user has for a voice,
+// and what the speaker has played.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class SoundFile {
+public:
+    /// Reads a file of any rate and up to eight channels as 16-bit mono (the mean of the channels)
+    /// at the wanted rate. 16-bit mono at that rate comes through untouched.
+    /// @returns empty, or what is wrong
+    static std::string read(const std::string& path, int32_t rateHz, std::vector<int16_t>& samples);
+
+    /// Writes a 16-bit mono WAV file. @returns empty, or what is wrong
+    static std::string
+    write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples);
+
+    /// The same sound at another rate; its length is rounded to whole samples.
+    static std::vector<int16_t>
+    resample(const std::vector<int16_t>& samples, int32_t fromHz, int32_t toHz);
+};

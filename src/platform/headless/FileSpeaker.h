@@ -1,0 +1,56 @@
+// A speaker that plays into a sound file, in the time of the clock given: what was heard is written
+// one clip after the other.
+#pragma once
+
+#include "HostSound.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+class FileSpeaker : public HostSpeaker {
+public:
+    using Clock = std::function<int64_t()>;
+
+    static constexpr int32_t kRateHz = 8000;  // of the file: the rate of every clip of the program
+    static constexpr int64_t kNever = -1;
+
+    /// @param nowMs  the host's clock
+    explicit FileSpeaker(Clock nowMs);
+
+    /// Finishes the file before, if any, and begins the next.
+    /// @returns empty, or what is wrong with either
+    std::string openFile(const std::string& path);
+
+    /// Writes what was heard until now. @returns empty, or what is wrong
+    std::string finishFile();
+
+    /// When the clip ends, kNever if none plays.
+    int64_t dueMs() const;
+
+    /// Ends the clip if it is time. True if it was.
+    bool deliver();
+
+    bool play(std::shared_ptr<const HostClip> newClip, HostSpeakerListener& newListener) override;
+    void setVolume(int32_t newVolume) override;
+    void pause() override;
+    void resume() override;
+    void stop() override;
+
+private:
+    void hearUntilNow();
+    void keepHeard();
+
+    Clock nowMs;
+    std::string path;                // empty: nobody listens
+    std::vector<int16_t> collected;  // at kRateHz
+    std::shared_ptr<const HostClip> clip;
+    HostSpeakerListener* listener = nullptr;
+    std::vector<int16_t> heard;  // of the clip, at its own rate
+    int64_t position = 0;        // of the next sample to be heard
+    int64_t startMs = 0;         // when the clip was started or resumed,
+    int64_t startPosition = 0;   // and where
+    int32_t volume = kFullVolume;
+    bool paused = false;
+};

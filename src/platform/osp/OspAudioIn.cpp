@@ -1,0 +1,162 @@
+#include "Host.h"
+#include "OspMedia.h"
+
+#include <algorithm>
+#include <utility>
+
+using Osp::Base::ByteBuffer;
+
+namespace Osp::Media {
+
+namespace {
+
+constexpr int32_t kSampleBytes = 2;
+
+bool hostFails(const char* operation) {
+    return Host::current().fails(operation);
+}
+
+HostMicrophone* microphone() {
+    return Host::current().microphone();
+}
+
+}  // namespace
+
+AudioIn::~AudioIn() {
+    silence();
+    if (deletedMark != nullptr) {
+        *deletedMark = true;
+    }
+}
+
+result AudioIn::Construct(IAudioInEventListener& newListener) {
+    if (hostFails("AudioIn.Construct") || listener != nullptr) {
+        return E_FAILURE;
+    }
+    listener = &newListener;
+    return E_SUCCESS;
+}
+
+result AudioIn::Prepare(AudioInputDevice device,
+                        AudioSampleType sampleType,
+                        AudioChannelType channelType,
+                        int32_t rateHz) {
+    const bool known = device == AUDIO_INPUT_DEVICE_MIC && sampleType == AUDIO_TYPE_PCM_S16_LE &&
+                       channelType == AUDIO_CHANNEL_TYPE_MONO && rateHz == HostMicrophone::kRateHz;
+    const bool idle = state == AUDIOIN_STATE_INITIALIZED || state == AUDIOIN_STATE_UNPREPARED;
+    if (hostFails("AudioIn.Prepare") || !known || !idle || listener == nullptr ||
+        microphone() == nullptr || !microphone()->isThere()) {
+        return E_FAILURE;
+    }
+    state = AUDIOIN_STATE_PREPARED;
+    return E_SUCCESS;
+}
+
+result AudioIn::AddBuffer(ByteBuffer* buffer) {
+    const bool prepared = state == AUDIOIN_STATE_PREPARED || state == AUDIOIN_STATE_RECORDING ||
+                          state == AUDIOIN_STATE_STOPPED;
+    if (hostFails("AudioIn.AddBuffer") || !prepared || buffer == nullptr ||
+        buffer->GetCapacity() < kSampleBytes ||
+        std::find(queue.begin(), queue.end(), buffer) != queue.end()) {
+        return E_FAILURE;
+    }
+    queue.push_back(buffer);
+    return E_SUCCESS;
+}
+
+result AudioIn::Start() {
+    const bool ready = state == AUDIOIN_STATE_PREPARED || state == AUDIOIN_STATE_STOPPED;
+    if (hostFails("AudioIn.Start") || !ready || microphone() == nullptr ||
+        !microphone()->start(*this)) {
+        return E_FAILURE;
+    }
+    state = AUDIOIN_STATE_RECORDING;
+    return E_SUCCESS;
+}
+
+result AudioIn::Stop() {
+    if (hostFails("AudioIn.Stop") || state != AUDIOIN_STATE_RECORDING) {
+        return E_FAILURE;
+    }
+    silence();
+    if (deliverRest()) {
+        state = AUDIOIN_STATE_STOPPED;
+    }
+    return E_SUCCESS;
+}
+
+result AudioIn::Reset() {
+    const bool prepared = state == AUDIOIN_STATE_PREPARED || state == AUDIOIN_STATE_RECORDING ||
+                          state == AUDIOIN_STATE_STOPPED;
+    if (hostFails("AudioIn.Reset") || !prepared) {
+        return E_FAILURE;
+    }
+    silence();
+    queue.clear();
+    state = AUDIOIN_STATE_STOPPED;
+    return E_SUCCESS;
+}
+
+result AudioIn::Unprepare() {
+    const bool resting = state == AUDIOIN_STATE_PREPARED || state == AUDIOIN_STATE_STOPPED;
+    if (hostFails("AudioIn.Unprepare") || !resting) {
+        return E_FAILURE;
+    }
+    queue.clear();
+    state = AUDIOIN_STATE_UNPREPARED;
+    return E_SUCCESS;
+}
+
+int32_t AudioIn::samplesWanted() {
+    return queue.empty() ? 0 : queue.front()->GetCapacity() / kSampleBytes;
+}
+
+void AudioIn::onSamples() {
+    ByteBuffer* filled = queue.empty() ? nullptr : fillNext();
+    if (filled != nullptr) {
+        listener->OnAudioInBufferIsFilled(filled);  // may delete this object
+    }
+}
+
+ByteBuffer* AudioIn::fillNext() {
+    ByteBuffer* buffer = queue.front();
+    buffer->Clear();
+    // Little-endian as on the phone: so are all machines that this runs on.
+    auto* samples = reinterpret_cast<int16_t*>(buffer->GetPointer());
+    const int32_t count = microphone()->take(samples, buffer->GetCapacity() / kSampleBytes);
+    if (count == 0) {
+        return nullptr;
+    }
+    queue.pop_front();
+    buffer->SetLimit(count * kSampleBytes);
+    return buffer;
+}
+
+/// False if a listener deleted this object meanwhile, or stopped it itself.
+bool AudioIn::deliverRest() {
+    bool deleted = false;
+    bool* const outerMark = std::exchange(deletedMark, &deleted);
+    while (state == AUDIOIN_STATE_RECORDING && !queue.empty()) {
+        ByteBuffer* filled = fillNext();
+        if (filled == nullptr) {
+            break;
+        }
+        listener->OnAudioInBufferIsFilled(filled);
+        if (deleted) {
+            if (outerMark != nullptr) {
+                *outerMark = true;
+            }
+            return false;
+        }
+    }
+    deletedMark = outerMark;
+    return state == AUDIOIN_STATE_RECORDING;
+}
+
+void AudioIn::silence() {
+    if (state == AUDIOIN_STATE_RECORDING) {
+        microphone()->stop();
+    }
+}
+
+}  // namespace Osp::Media

@@ -1,0 +1,102 @@
+#include "FileMicrophone.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+
+using Samples = TestSounds::Samples;
+
+namespace {
+
+class Taker : public HostMicrophoneListener {
+public:
+    int32_t samplesWanted() override { return wanted; }
+
+    void onSamples() override { calls++; }
+
+    int32_t wanted = 160;
+    int32_t calls = 0;
+};
+
+class FileMicrophoneTest : public testing::Test {
+protected:
+    Samples take(int32_t count) {
+        Samples samples(static_cast<size_t>(count));
+        samples.resize(static_cast<size_t>(microphone.take(samples.data(), count)));
+        return samples;
+    }
+
+    int64_t nowMs = 1000;
+    FileMicrophone microphone{[this] { return nowMs; }};
+    Taker taker;
+    Samples voice = TestSounds::noise(320);  // 20 ms
+};
+
+}  // namespace
+
+TEST_F(FileMicrophoneTest, isDueWhenEnoughWasHeard) {
+    EXPECT_EQ(FileMicrophone::kNever, microphone.dueMs());
+    microphone.start(taker);
+    EXPECT_EQ(1010, microphone.dueMs());
+    taker.wanted = 161;
+    EXPECT_EQ(1011, microphone.dueMs());
+    taker.wanted = 0;
+    EXPECT_EQ(FileMicrophone::kNever, microphone.dueMs());
+    taker.wanted = 160;
+    nowMs = 1009;
+    EXPECT_FALSE(microphone.deliver());
+    nowMs = 1010;
+    EXPECT_TRUE(microphone.deliver());
+    EXPECT_EQ(1, taker.calls);
+}
+
+TEST_F(FileMicrophoneTest, hearsTheFileAndThenSilence) {
+    microphone.setVoice(voice);
+    microphone.start(taker);
+    nowMs += 30;
+    EXPECT_EQ(TestSounds::part(voice, 0, 300), take(300));
+    Samples rest = TestSounds::part(voice, 300, 20);
+    rest.resize(180, 0);
+    EXPECT_EQ(rest, take(300));
+    EXPECT_TRUE(take(300).empty());
+}
+
+TEST_F(FileMicrophoneTest, withoutAFileItHearsSilence) {
+    microphone.start(taker);
+    nowMs += 1;
+    EXPECT_EQ(Samples(16, 0), take(100));
+}
+
+TEST_F(FileMicrophoneTest, whatWasHeardUntilTheStopCanStillBeTaken) {
+    microphone.setVoice(voice);
+    microphone.start(taker);
+    nowMs += 5;
+    microphone.stop();
+    nowMs += 100;
+    EXPECT_FALSE(microphone.deliver());
+    EXPECT_EQ(TestSounds::part(voice, 0, 80), take(1000));
+    microphone.stop();
+    EXPECT_TRUE(take(1000).empty());
+}
+
+TEST_F(FileMicrophoneTest, eachRecordingStartsAtTheBeginningOfTheFile) {
+    microphone.setVoice(voice);
+    for (int32_t i = 0; i < 2; i++) {
+        EXPECT_TRUE(microphone.start(taker));
+        EXPECT_FALSE(microphone.start(taker));
+        nowMs += 5;
+        EXPECT_EQ(TestSounds::part(voice, 0, 80), take(1000));
+        microphone.stop();
+    }
+}
+
+TEST_F(FileMicrophoneTest, aNewFileIsHeardFromTheNextRecordingOn) {
+    microphone.setVoice(voice);
+    microphone.start(taker);
+    nowMs += 1;
+    microphone.setVoice(Samples(16, 7));
+    EXPECT_EQ(TestSounds::part(voice, 0, 16), take(16));
+    microphone.stop();
+    microphone.start(taker);
+    nowMs += 1;
+    EXPECT_EQ(Samples(16, 7), take(16));
+}

@@ -1,0 +1,511 @@
+#include "OspMedia.h"
+#include "SoundHost.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using Osp::Base::ByteBuffer;
+using Osp::Media::AudioIn;
+using Osp::Media::Player;
+using Samples = TestSounds::Samples;
+
+namespace {
+
+class Ear : public Osp::Media::IAudioInEventListener {
+public:
+    void OnAudioInBufferIsFilled(ByteBuffer* buffer) override {
+        buffers.push_back(buffer);
+        sizes.push_back(buffer->GetLimit());
+        const auto* samples = reinterpret_cast<const int16_t*>(buffer->GetPointer());
+        heard.insert(heard.end(), samples, samples + buffer->GetLimit() / 2);
+        if (onFilled) {
+            onFilled();
+        }
+    }
+
+    void OnAudioInErrorOccurred(Osp::Media::AudioInErrorReason) override {}
+
+    void OnAudioInInterrupted() override {}
+
+    void OnAudioInReleased() override {}
+
+    std::vector<ByteBuffer*> buffers;
+    std::vector<int32_t> sizes;
+    Samples heard;
+    std::function<void()> onFilled;
+};
+
+class AudioInTest : public testing::Test {
+protected:
+    AudioInTest() {
+        host.ears.setVoice(voice);
+        first.Construct(3200);  // 100 ms each
+        second.Construct(3200);
+    }
+
+    static result prepare(AudioIn& in) {
+        return in.Prepare(Osp::Media::AUDIO_INPUT_DEVICE_MIC, Osp::Media::AUDIO_TYPE_PCM_S16_LE,
+                          Osp::Media::AUDIO_CHANNEL_TYPE_MONO, 16000);
+    }
+
+    void start(AudioIn& in) {
+        ASSERT_EQ(E_SUCCESS, in.Construct(ear));
+        ASSERT_EQ(E_SUCCESS, prepare(in));
+        ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
+        ASSERT_EQ(E_SUCCESS, in.AddBuffer(&second));
+        ASSERT_EQ(E_SUCCESS, in.Start());
+    }
+
+    SoundHost host;
+    Samples voice = TestSounds::noise(32000);
+    Ear ear;
+    ByteBuffer first;
+    ByteBuffer second;
+};
+
+class End : public Osp::Media::IPlayerEventListener {
+public:
+    void OnPlayerOpened(result) override { opened++; }
+
+    void OnPlayerEndOfClip() override {
+        ends++;
+        if (onEnd) {
+            onEnd();
+        }
+    }
+
+    void OnPlayerBuffering(int32_t) override {}
+
+    void OnPlayerErrorOccurred(Osp::Media::PlayerErrorReason) override {}
+
+    void OnPlayerInterrupted() override {}
+
+    void OnPlayerReleased() override {}
+
+    void OnPlayerSeekCompleted(result) override {}
+
+    int32_t ends = 0;
+    int32_t opened = 0;
+    std::function<void()> onEnd;
+};
+
+class PlayerTest : public testing::Test {
+protected:
+    PlayerTest() {
+        folders.makeFolder("home");
+        host.mappedFolders.home = folders.path("home");
+        folders.write("home/clip.wav", TestSounds::wav(clip, 8000));
+        host.voice.openFile(folders.path("speaker.wav"));
+    }
+
+    result open(const std::string& content) {
+        folders.write("home/other.wav", content);
+        Player player;
+        player.Construct(end, nullptr);
+        return player.OpenFile("/Home/other.wav", false);
+    }
+
+    void start(Player& player) {
+        ASSERT_EQ(E_SUCCESS, player.Construct(end, nullptr));
+        ASSERT_EQ(E_SUCCESS, player.OpenFile("/Home/clip.wav", false));
+        ASSERT_EQ(E_SUCCESS, player.Play());
+    }
+
+    Samples played() {
+        host.voice.finishFile();
+        return TestSounds::samplesOf(folders.read("speaker.wav"));
+    }
+
+    TestFolders folders;
+    SoundHost host;
+    End end;
+    Samples clip = TestSounds::noise(8000);
+};
+
+}  // namespace
+
+TEST_F(AudioInTest, fillsTheBuffersInTheirOrderAndInTime) {
+    AudioIn in;
+    start(in);
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_RECORDING, in.GetState());
+    host.pass(99);
+    EXPECT_TRUE(ear.buffers.empty());
+    host.pass(101);
+    EXPECT_EQ((std::vector<ByteBuffer*>{&first, &second}), ear.buffers);
+    EXPECT_EQ(TestSounds::part(voice, 0, 3200), ear.heard);
+}
+
+TEST_F(AudioInTest, whatComesWhileNoBufferIsQueuedWaitsForTheNext) {
+    AudioIn in;
+    start(in);
+    host.pass(1000);
+    EXPECT_EQ(2U, ear.buffers.size());
+    in.AddBuffer(&first);
+    host.pass(0);
+    EXPECT_EQ(TestSounds::part(voice, 0, 4800), ear.heard);
+}
+
+TEST_F(AudioInTest, stoppingDeliversTheRestWhileItStillCountsAsRecording) {
+    AudioIn in;
+    start(in);
+    Osp::Media::AudioInState during = Osp::Media::AUDIOIN_STATE_STOPPED;
+    ear.onFilled = [&] { during = in.GetState(); };
+    host.pass(50);
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_EQ((std::vector<int32_t>{1600}), ear.sizes);
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_RECORDING, during);
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_STOPPED, in.GetState());
+    EXPECT_EQ(TestSounds::part(voice, 0, 800), ear.heard);
+    host.pass(1000);
+    EXPECT_EQ(1U, ear.sizes.size());
+}
+
+TEST_F(AudioInTest, stoppingAtOnceDeliversNothing) {
+    AudioIn in;
+    start(in);
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_TRUE(ear.sizes.empty());
+}
+
+TEST_F(AudioInTest, resettingDeliversNothingAndForgetsTheBuffers) {
+    AudioIn in;
+    start(in);
+    host.pass(50);
+    EXPECT_EQ(E_SUCCESS, in.Reset());
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_STOPPED, in.GetState());
+    EXPECT_TRUE(ear.sizes.empty());
+    EXPECT_EQ(E_SUCCESS, in.AddBuffer(&first));  // it is not queued any more
+    EXPECT_EQ(E_SUCCESS, in.Start());
+    host.pass(100);
+    EXPECT_EQ(TestSounds::part(voice, 0, 1600), ear.heard);
+}
+
+TEST_F(AudioInTest, aDeletedRecorderCallsNobody) {
+    {
+        AudioIn in;
+        start(in);
+        host.pass(99);
+    }
+    host.pass(1000);
+    EXPECT_TRUE(ear.sizes.empty());
+    AudioIn next;
+    start(next);  // the microphone is free again
+}
+
+TEST_F(AudioInTest, aListenerMayDeleteTheRecorder) {
+    auto* in = new AudioIn();
+    start(*in);
+    ear.onFilled = [&] {
+        delete in;
+        in = nullptr;
+    };
+    host.pass(500);
+    EXPECT_EQ(1U, ear.sizes.size());
+    EXPECT_EQ(nullptr, in);
+}
+
+TEST_F(AudioInTest, aListenerMayDeleteTheRecorderThatIsBeingStopped) {
+    auto* in = new AudioIn();
+    start(*in);
+    ear.onFilled = [&] {
+        delete in;
+        in = nullptr;
+    };
+    host.nowMs += 150;  // more than one buffer waits
+    EXPECT_EQ(E_SUCCESS, in->Stop());
+    EXPECT_EQ(1U, ear.sizes.size());
+    EXPECT_EQ(nullptr, in);
+}
+
+TEST_F(AudioInTest, aListenerMayStopTheRecorderThatIsBeingStopped) {
+    AudioIn in;
+    start(in);
+    ear.onFilled = [&] {
+        ear.onFilled = nullptr;
+        EXPECT_EQ(E_SUCCESS, in.Stop());
+    };
+    host.nowMs += 150;
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_EQ((std::vector<int32_t>{3200, 1600}), ear.sizes);
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_STOPPED, in.GetState());
+}
+
+TEST_F(AudioInTest, aListenerMayResetTheRecorderThatIsBeingStopped) {
+    AudioIn in;
+    start(in);
+    ear.onFilled = [&] { in.Reset(); };
+    host.nowMs += 150;
+    in.Stop();
+    EXPECT_EQ(1U, ear.sizes.size());
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_STOPPED, in.GetState());
+}
+
+TEST_F(AudioInTest, onlyThePhonesOwnFormatIsPrepared) {
+    AudioIn in;
+    in.Construct(ear);
+    const auto mic = Osp::Media::AUDIO_INPUT_DEVICE_MIC;
+    const auto type = Osp::Media::AUDIO_TYPE_PCM_S16_LE;
+    const auto mono = Osp::Media::AUDIO_CHANNEL_TYPE_MONO;
+    EXPECT_NE(E_SUCCESS,
+              in.Prepare(static_cast<Osp::Media::AudioInputDevice>(1), type, mono, 16000));
+    EXPECT_NE(E_SUCCESS, in.Prepare(mic, static_cast<Osp::Media::AudioSampleType>(4), mono, 16000));
+    EXPECT_NE(E_SUCCESS,
+              in.Prepare(mic, type, static_cast<Osp::Media::AudioChannelType>(2), 16000));
+    EXPECT_NE(E_SUCCESS, in.Prepare(mic, type, mono, 8000));
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_INITIALIZED, in.GetState());
+    EXPECT_EQ(E_SUCCESS, in.Prepare(mic, type, mono, 16000));
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_PREPARED, in.GetState());
+}
+
+TEST_F(AudioInTest, operationsOutOfTurnFail) {
+    AudioIn in;
+    EXPECT_NE(E_SUCCESS, prepare(in));
+    EXPECT_EQ(E_SUCCESS, in.Construct(ear));
+    EXPECT_NE(E_SUCCESS, in.Construct(ear));
+    EXPECT_NE(E_SUCCESS, in.Start());
+    EXPECT_NE(E_SUCCESS, in.Stop());
+    EXPECT_NE(E_SUCCESS, in.Reset());
+    EXPECT_NE(E_SUCCESS, in.Unprepare());
+    EXPECT_NE(E_SUCCESS, in.AddBuffer(&first));
+    prepare(in);
+    EXPECT_NE(E_SUCCESS, prepare(in));
+    EXPECT_EQ(E_SUCCESS, in.Start());
+    EXPECT_NE(E_SUCCESS, in.Start());
+    EXPECT_NE(E_SUCCESS, in.Unprepare());
+    in.Stop();
+    EXPECT_EQ(E_SUCCESS, in.Unprepare());
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_UNPREPARED, in.GetState());
+    EXPECT_NE(E_SUCCESS, in.AddBuffer(&first));
+    EXPECT_EQ(E_SUCCESS, prepare(in));
+}
+
+TEST_F(AudioInTest, buffersThatAreNoneAreRefused) {
+    AudioIn in;
+    in.Construct(ear);
+    prepare(in);
+    ByteBuffer tiny;
+    tiny.Construct(1);
+    EXPECT_NE(E_SUCCESS, in.AddBuffer(nullptr));
+    EXPECT_NE(E_SUCCESS, in.AddBuffer(&tiny));
+    EXPECT_EQ(E_SUCCESS, in.AddBuffer(&first));
+    EXPECT_NE(E_SUCCESS, in.AddBuffer(&first));
+}
+
+TEST_F(AudioInTest, aMicrophoneInUseCannotBeStartedTwice) {
+    AudioIn in;
+    start(in);
+    Ear otherEar;
+    AudioIn other;
+    other.Construct(otherEar);
+    prepare(other);
+    EXPECT_NE(E_SUCCESS, other.Start());
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_PREPARED, other.GetState());
+}
+
+TEST_F(AudioInTest, eachOperationFailsWhenToldTo) {
+    AudioIn in;
+    const std::pair<const char*, std::function<result()>> operations[] = {
+        {"AudioIn.Construct", [&] { return in.Construct(ear); }},
+        {"AudioIn.Prepare", [&] { return prepare(in); }},
+        {"AudioIn.AddBuffer", [&] { return in.AddBuffer(&first); }},
+        {"AudioIn.Start", [&] { return in.Start(); }},
+        {"AudioIn.Stop", [&] { return in.Stop(); }},
+        {"AudioIn.Reset", [&] { return in.Reset(); }},
+        {"AudioIn.Unprepare", [&] { return in.Unprepare(); }},
+    };
+    for (const auto& [name, operation] : operations) {
+        const Osp::Media::AudioInState before = in.GetState();
+        host.failNth(name, 1);
+        EXPECT_NE(E_SUCCESS, operation()) << name;
+        EXPECT_EQ(before, in.GetState()) << name;
+        EXPECT_EQ(E_SUCCESS, operation()) << name;
+    }
+}
+
+TEST_F(PlayerTest, playsAClipAndEndsWhenItsLastSampleWasHeard) {
+    Player player;
+    start(player);
+    EXPECT_EQ(Osp::Media::PLAYER_STATE_PLAYING, player.GetState());
+    host.pass(999);
+    EXPECT_EQ(0, end.ends);
+    host.pass(1);
+    EXPECT_EQ(1, end.ends);
+    EXPECT_EQ(Osp::Media::PLAYER_STATE_ENDOFCLIP, player.GetState());
+    EXPECT_EQ(0, end.opened);
+    EXPECT_EQ(clip, played());
+}
+
+TEST_F(PlayerTest, playsAgainAfterTheEnd) {
+    Player player;
+    start(player);
+    host.pass(1000);
+    EXPECT_EQ(E_SUCCESS, player.Play());
+    host.pass(1000);
+    EXPECT_EQ(2, end.ends);
+    EXPECT_EQ(16000U, played().size());
+}
+
+TEST_F(PlayerTest, aPauseIsSilentAtOnceAndGoesOnWhereItStood) {
+    Player player;
+    start(player);
+    host.pass(300);
+    EXPECT_EQ(E_SUCCESS, player.Pause());
+    EXPECT_EQ(Osp::Media::PLAYER_STATE_PAUSED, player.GetState());
+    host.pass(5000);
+    EXPECT_EQ(TestSounds::part(clip, 0, 2400), played());
+    EXPECT_EQ(E_SUCCESS, player.Play());
+    host.pass(699);
+    EXPECT_EQ(0, end.ends);
+    host.pass(1);
+    EXPECT_EQ(1, end.ends);
+    EXPECT_EQ(clip, played());
+}
+
+TEST_F(PlayerTest, stoppingAndClosingAreSilentAtOnce) {
+    for (const bool closes : {false, true}) {
+        Player player;
+        start(player);
+        host.pass(100);
+        EXPECT_EQ(E_SUCCESS, closes ? player.Close() : player.Stop());
+        host.pass(2000);
+    }
+    EXPECT_EQ(0, end.ends);
+    EXPECT_EQ(1600U, played().size());
+}
+
+TEST_F(PlayerTest, aDeletedPlayerCallsNobody) {
+    {
+        Player player;
+        start(player);
+        host.pass(999);
+    }
+    host.pass(2000);
+    EXPECT_EQ(0, end.ends);
+}
+
+TEST_F(PlayerTest, aListenerMayDeleteThePlayer) {
+    auto* player = new Player();
+    start(*player);
+    end.onEnd = [&] {
+        delete player;
+        player = nullptr;
+    };
+    host.pass(1000);
+    EXPECT_EQ(nullptr, player);
+}
+
+TEST_F(PlayerTest, anEmptyClipEndsAtOnce) {
+    folders.write("home/clip.wav", TestSounds::wav({}, 8000));
+    Player player;
+    start(player);
+    host.pass(0);
+    EXPECT_EQ(1, end.ends);
+}
+
+TEST_F(PlayerTest, aFileCutShortPlaysAsFarAsItGoes) {
+    folders.write("home/clip.wav", TestSounds::header(8000, 8000) +
+                                       TestSounds::bytes(TestSounds::part(clip, 0, 80)) + "x");
+    Player player;
+    start(player);
+    host.pass(10);
+    EXPECT_EQ(1, end.ends);
+    EXPECT_EQ(TestSounds::part(clip, 0, 80), played());
+}
+
+TEST_F(PlayerTest, whatFollowsTheSamplesIsNotPlayed) {
+    folders.write("home/clip.wav", TestSounds::wav(clip, 8000) + "LIST and more of that");
+    Player player;
+    start(player);
+    host.pass(1000);
+    EXPECT_EQ(clip, played());
+}
+
+TEST_F(PlayerTest, everyOtherKindOfFileIsRefused) {
+    const std::string plain = TestSounds::wav(TestSounds::part(clip, 0, 10), 8000);
+    EXPECT_EQ(E_SUCCESS, open(plain));
+    const std::pair<size_t, std::string> changes[] = {
+        {0, "RIFX"},
+        {8, "WAVX"},
+        {12, "fmtx"},
+        {16, TestSounds::little(18, 4)},
+        {20, TestSounds::little(3, 2)},
+        {22, TestSounds::little(2, 2)},
+        {24, TestSounds::little(999, 4) + TestSounds::little(1998, 4)},
+        {24, TestSounds::little(192001, 4) + TestSounds::little(384002, 4)},
+        {24, TestSounds::little(0x80000000U, 4) + TestSounds::little(0, 4)},
+        {28, TestSounds::little(16001, 4)},
+        {32, TestSounds::little(4, 2)},
+        {34, TestSounds::little(8, 2)},
+        {36, "LIST"},
+        {40, TestSounds::little(19, 4)},
+        {40, TestSounds::little(0xFFFFFFFEU, 4)},
+        {40, TestSounds::little((1U << 26) + 2, 4)},
+    };
+    for (const auto& [at, change] : changes) {
+        EXPECT_NE(E_SUCCESS, open(TestSounds::changed(plain, at, change))) << at;
+    }
+    EXPECT_NE(E_SUCCESS, open(plain.substr(0, 43)));
+    EXPECT_NE(E_SUCCESS, open(""));
+    EXPECT_EQ(E_SUCCESS, open(plain.substr(0, 44)));
+}
+
+TEST_F(PlayerTest, theSizeInTheRiffHeaderIsNotLookedAt) {
+    const std::string wav = TestSounds::wav(clip, 8000);
+    EXPECT_EQ(E_SUCCESS, open(TestSounds::changed(wav, 4, TestSounds::little(0xFFFFFFFF, 4))));
+}
+
+TEST_F(PlayerTest, operationsOutOfTurnFail) {
+    Player player;
+    EXPECT_NE(E_SUCCESS, player.OpenFile("/Home/clip.wav", false));
+    EXPECT_NE(E_SUCCESS, player.Construct(end, this));
+    EXPECT_EQ(E_SUCCESS, player.Construct(end, nullptr));
+    EXPECT_NE(E_SUCCESS, player.Construct(end, nullptr));
+    EXPECT_NE(E_SUCCESS, player.Play());
+    EXPECT_NE(E_SUCCESS, player.Pause());
+    EXPECT_NE(E_SUCCESS, player.Stop());
+    EXPECT_NE(E_SUCCESS, player.Close());
+    EXPECT_NE(E_SUCCESS, player.OpenFile("/Home/missing.wav", false));
+    EXPECT_NE(E_SUCCESS, player.OpenFile("/Home/clip.wav", true));
+    EXPECT_EQ(E_SUCCESS, player.OpenFile("/Home/clip.wav", false));
+    EXPECT_NE(E_SUCCESS, player.OpenFile("/Home/clip.wav", false));
+    EXPECT_NE(E_SUCCESS, player.SetVolume(101));
+    EXPECT_NE(E_SUCCESS, player.SetVolume(-1));
+    EXPECT_EQ(E_SUCCESS, player.Play());
+    EXPECT_NE(E_SUCCESS, player.Play());
+    EXPECT_EQ(E_SUCCESS, player.Close());
+    EXPECT_NE(E_SUCCESS, player.Close());
+    EXPECT_EQ(E_SUCCESS, player.OpenFile("/Home/clip.wav", false));
+}
+
+TEST_F(PlayerTest, aSpeakerInUseCannotBeStartedTwice) {
+    Player player;
+    start(player);
+    Player other;
+    other.Construct(end, nullptr);
+    other.OpenFile("/Home/clip.wav", false);
+    EXPECT_NE(E_SUCCESS, other.Play());
+    EXPECT_EQ(Osp::Media::PLAYER_STATE_OPENED, other.GetState());
+}
+
+TEST_F(PlayerTest, eachOperationFailsWhenToldTo) {
+    Player player;
+    const std::pair<const char*, std::function<result()>> operations[] = {
+        {"Player.Construct", [&] { return player.Construct(end, nullptr); }},
+        {"Player.OpenFile", [&] { return player.OpenFile("/Home/clip.wav", false); }},
+        {"Player.SetVolume", [&] { return player.SetVolume(90); }},
+        {"Player.Play", [&] { return player.Play(); }},
+        {"Player.Pause", [&] { return player.Pause(); }},
+        {"Player.Stop", [&] { return player.Stop(); }},
+        {"Player.Close", [&] { return player.Close(); }},
+    };
+    for (const auto& [name, operation] : operations) {
+        const Osp::Media::PlayerState before = player.GetState();
+        host.failNth(name, 1);
+        EXPECT_NE(E_SUCCESS, operation()) << name;
+        EXPECT_EQ(before, player.GetState()) << name;
+        EXPECT_EQ(E_SUCCESS, operation()) << name;
+    }
+}

@@ -1,0 +1,39 @@
+// Texts of every language as they stand on the screen, in one pair of fonts: to choose fonts by
+// eye.
+#pragma once
+
+#include "PaStretcher.h"
+
+#include <cstdint>
+
+class Sheet;
+
+class Samples {
+public:
+    static constexpr int32_t kWidthPx = 240;
+    static constexpr int32_t kBarPx = 32;
+
+    /// @param medium, small  ids of the fonts
+    Samples(int32_t medium, int32_t small);
+
+    /// Soft keys, an effect's name, help and a message; answers the row below them.
+    int32_t paintLanguage(Sheet& sheet, int32_t x, int32_t y, int32_t language);
+
+    /// The name over the picture.
+    void paintHeader(Sheet& sheet, int32_t x, int32_t y, int32_t name);
+
+    /// A soft-key bar (32 rows); Res::Null leaves a key empty.
+    void paintBar(Sheet& sheet, int32_t x, int32_t y, int32_t left, int32_t middle, int32_t right);
+
+    /// A message in its box, at the top left corner; answers the row below it.
+    int32_t paintMessage(Sheet& sheet, int32_t x, int32_t y, int32_t text, int32_t font);
+
+private:
+    void
+    label(Sheet& sheet, int32_t text, int32_t font, int32_t anchor, int32_t x, int32_t y) const;
+
+    int32_t medium;
+    int32_t small;
+    PaStretcher bar;
+    PaStretcher box;
+};

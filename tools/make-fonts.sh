@@ -1,0 +1,45 @@
+#!/bin/sh
+# Makes the bitmap fonts from their outlines:  make-fonts.sh BMFGEN [RES_DIR]   (default: ../res)
+#                                or compares:  make-fonts.sh --check BMFGEN     status 1: they differ
+# Exit status 77: the outlines or the rasteriser are not those that the fonts were made from.
+#
+# Clear Sans Medium, chosen by docs/images/fonts.png: its strokes stay even and bright on dark glass at one pixel and
+# doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar.
+set -eu
+here=$(cd "$(dirname "$0")" && pwd)
+clear_sans=1.00-2                  # fonts-clear-sans, Apache License 2.0 (res/licences)
+freetype=2.12.1+dfsg-5+deb12u4     # libfreetype6: another one may round a pixel differently
+outlines=/usr/share/fonts/truetype/clear-sans
+
+check=
+if [ "$1" = --check ]; then
+    check=yes
+    shift
+fi
+bmfgen=$1
+res=${2:-$here/../res}
+
+version() {
+    dpkg-query -W -f '${Version}' "$1" 2>/dev/null || true
+}
+if [ "$(version fonts-clear-sans)" != $clear_sans ] || [ "$(version libfreetype6)" != $freetype ]; then
+    echo "make-fonts.sh: needs fonts-clear-sans $clear_sans and libfreetype6 $freetype" >&2
+    [ -n "$check" ] || [ ! -f "$outlines/ClearSans-Medium.ttf" ] && exit 77
+fi
+
+make_font() {  # outlines, pixels per em, file
+    if [ -z "$check" ]; then
+        "$bmfgen" --hinting light "$outlines/$1" "$2" "$res/$3"
+        return
+    fi
+    made=$(mktemp)
+    "$bmfgen" --hinting light "$outlines/$1" "$2" "$made"
+    same=yes
+    cmp "$made" "$res/$3" || same=
+    rm -f "$made"
+    [ -n "$same" ]
+}
+
+make_font ClearSans-Medium.ttf 13.75 Res/bmf15.bmf
+make_font ClearSans-Medium.ttf 12.5 Res/bmf13.bmf
+make_font ClearSans-Regular.ttf 11 framework/image/font/default.bmf
