@@ -1,0 +1,20 @@
+# The screens and what they share, with the pictures and fonts as shipped.
+murmelo_tests(screens_tests
+    SOURCES
+        app/common/screens/FirstLang_test.cpp
+        app/common/screens/Header_test.cpp
+        app/common/screens/Main_test.cpp
+        app/common/screens/Menu_test.cpp
+        app/common/screens/Message_test.cpp
+        app/common/screens/Options_test.cpp
+        app/common/screens/Process_test.cpp
+        app/common/screens/Progress_test.cpp
+        app/common/screens/Record_test.cpp
+        app/common/screens/Recording_test.cpp
+        app/common/screens/ScreensTest.cpp
+        app/common/screens/Scroller_test.cpp
+        app/common/screens/SkBar_test.cpp
+        app/common/screens/Splash_test.cpp
+        app/common/screens/Wheels_test.cpp
+    LINK murmelo_app murmelo_headless_host murmelo_sounds)
+target_compile_definitions(screens_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
