@@ -7,10 +7,14 @@ murmelo_tests(screens_tests
         app/common/screens/Menu_test.cpp
         app/common/screens/Message_test.cpp
         app/common/screens/Options_test.cpp
+        app/common/screens/MessageAndQuit_test.cpp
+        app/common/screens/Play_test.cpp
+        app/common/screens/Playing_test.cpp
         app/common/screens/Process_test.cpp
         app/common/screens/Progress_test.cpp
         app/common/screens/Record_test.cpp
         app/common/screens/Recording_test.cpp
+        app/common/screens/Save_test.cpp
         app/common/screens/ScreensTest.cpp
         app/common/screens/Scroller_test.cpp
         app/common/screens/SkBar_test.cpp
