@@ -1,6 +1,9 @@
 # The screens and what they share, with the pictures and fonts as shipped.
 murmelo_tests(screens_tests
     SOURCES
+        app/common/frame/G_test.cpp
+        app/common/frame/Murmelo_test.cpp
+        app/common/frame/Screenshooter_test.cpp
         app/common/screens/FirstLang_test.cpp
         app/common/screens/Header_test.cpp
         app/common/screens/Main_test.cpp
@@ -17,8 +20,10 @@ murmelo_tests(screens_tests
         app/common/screens/Save_test.cpp
         app/common/screens/ScreensTest.cpp
         app/common/screens/Scroller_test.cpp
+        app/common/screens/SilentQuestion_test.cpp
         app/common/screens/SkBar_test.cpp
         app/common/screens/Splash_test.cpp
         app/common/screens/Wheels_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_sounds)
+target_include_directories(screens_tests PRIVATE app/common/screens)
 target_compile_definitions(screens_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
