@@ -23,7 +23,9 @@ murmelo_tests(screens_tests
         app/common/screens/SilentQuestion_test.cpp
         app/common/screens/SkBar_test.cpp
         app/common/screens/Splash_test.cpp
+        app/common/screens/TakeJob_test.cpp
         app/common/screens/Wheels_test.cpp
+        platform/GameInterface_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_sounds)
 target_include_directories(screens_tests PRIVATE app/common/screens)
 target_compile_definitions(screens_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

@@ -165,7 +165,6 @@ TEST_F(GTest, theFolderIsCopiedAndTheCopyBeforeStaysWhole) {
 TEST_F(GTest, aFolderBelowTheCardsRootIsOnTheCard) {
     String folder = *FileOps::URI_MEM_CARD_ROOT + String("Murmelo/");
     G::setMrmFolderUri(&folder);
-    const std::unique_ptr<String> kept(G::getMrmFolderUri());
     EXPECT_TRUE(G::usesMemCard());
     String home = String("/Home") + *FileOps::URI_MEM_CARD_ROOT;
     G::setMrmFolderUri(&home);

@@ -91,8 +91,6 @@ TEST_F(MurmeloTest, everySavedLanguageIsTaken) {
         midlet->onInit();
         EXPECT_EQ("Splash", screen());
         EXPECT_EQ(lang, std::to_string(Res::getCurrLangIndex()));
-        const std::unique_ptr<String> kept(G::getMrmFolderUri());
-        makeSoundFolder();
     }
 }
 
