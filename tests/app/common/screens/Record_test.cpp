@@ -85,6 +85,7 @@ TEST_F(RecordTest, aPhoneWithoutAMicrophoneIsFatal) {
 }
 
 TEST_F(RecordTest, aTakeThatCannotBeOpenedIsFatal) {
+    enter(G::stateOptions);  // loads the pictures
     host.failNth("File.Construct", 1);
     enter(G::stateRecord);
     EXPECT_EQ(kNoAudio, fatalText());
