@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -38,6 +40,20 @@ void setHints() {
     SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
 }
 
+/// Keeps SDL from what this program has no use for, and what would take longer than everything else
+/// up to the first picture.
+void doWithoutDesktopServices() {
+    // Nobody writes text: the table of accented letters need not be read.
+    ::setenv("XCOMPOSEFILE", "/dev/null", 1);
+    // Where the session has no message bus, asking for one forks a search for a program that starts
+    // one.
+    const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+    const std::string bus = (runtimeFolder != nullptr ? runtimeFolder : "") + std::string("/bus");
+    if (::access(bus.c_str(), F_OK) != 0) {
+        ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 0);  // unless the session names one
+    }
+}
+
 }  // namespace
 
 SdlHost::SdlHost(SdlOptions givenOptions)
@@ -60,6 +76,7 @@ SdlHost::~SdlHost() {
 
 std::string SdlHost::open() {
     setHints();
+    doWithoutDesktopServices();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         return std::string("no window can be opened: ") + SDL_GetError();
     }

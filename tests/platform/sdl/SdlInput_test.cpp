@@ -31,6 +31,16 @@ public:
 
     int32_t currentEffect() override { return 0; }
 
+    bool saveSound() override { return false; }
+
+    bool useSound(const int16_t*, int32_t) override { return false; }
+
+    int32_t savedCount() override { return 0; }
+
+    std::string savedName() override { return ""; }
+
+    std::vector<uint8_t> canvasPng() override { return {}; }
+
     bool navigate(HostKey key) override {
         notes.push_back("key " + std::to_string(static_cast<int32_t>(key)));
         return taking;

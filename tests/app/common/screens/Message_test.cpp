@@ -36,7 +36,7 @@ TEST_F(MessageTest, aTextStandsInTheMiddleOfItsBox) {
     Message::setText(Str::str_HELP_TXT, G::fntSmall);
     const int32_t t = heightOf(Str::str_HELP_TXT, G::fntSmall);
     ASSERT_GT(t, 0);
-    expectBounds(10, (320 - (t + 60)) / 2 - 24, 220, t + 60, G::psWndBg);
+    expectBounds(10, 160 - ((t + 60) >> 1) - 24, 220, t + 60, G::psWndBg);
     const int32_t top = Bounds::get(G::psWndBg, Bounds::kEdgeTop);
     expectBounds(30, top + 30, 180, t, Message::paTxt);
     EXPECT_EQ(Bounds::kCentre, Message::paTxt->getTextAlign());
