@@ -12,6 +12,7 @@ namespace {
 
 constexpr int32_t kRoughBits = 8;
 constexpr int32_t kVectorBytes = 32;  // what the sums of a window are worked off in
+constexpr int32_t kOffsetBlock = 16;  // offsets that are passed over together
 
 struct Range {
     int32_t lowest;
@@ -77,11 +78,10 @@ MURMELO_KERNEL_PART int32_t addWholeVectors(const uint8_t* grain,
     int32_t smallest = std::numeric_limits<int32_t>::max();
     for (int32_t o = 0; o < offsets; o++) {
         const uint8_t* here = grain + o;
-        int32_t sum = 0;
+        int32_t sum = sums[o];
         for (int32_t j = 0; j < window; j++) {
             sum += std::abs(here[j] - target[j]);
         }
-        sum += sums[o];
         sums[o] = sum;
         best = sum < smallest ? o : best;
         smallest = sum < smallest ? sum : smallest;
@@ -120,14 +120,28 @@ MURMELO_KERNEL_PART int32_t slackOf(const int32_t* target,
     return slack;
 }
 
+/// Whether one of a block of sums is at most the limit.
+MURMELO_KERNEL_PART bool hasPromising(const int32_t* sums, int32_t limit) {
+    int32_t promising = 0;
+    for (int32_t k = 0; k < kOffsetBlock; k++) {
+        promising |= sums[k] <= limit ? 1 : 0;
+    }
+    return promising != 0;
+}
+
 /// Puts the offsets with a rough sum up to the limit in place of the sums, in order; returns how
-/// many there are. No branch depends on a sum: none could be foretold.
+/// many there are. Inside a block no branch depends on a sum: none could be foretold.
 MURMELO_KERNEL_PART int32_t keepPromising(int32_t* sums, int32_t offsets, int32_t limit) {
     int32_t count = 0;
-    for (int32_t o = 0; o < offsets; o++) {
-        const int32_t isPromising = sums[o] <= limit ? 1 : 0;
-        sums[count] = o;  // count <= o: this sum is no longer needed
-        count += isPromising;
+    for (int32_t block = 0; block < offsets; block += kOffsetBlock) {
+        if (!hasPromising(sums + block, limit)) {
+            continue;
+        }
+        for (int32_t o = block; o < block + kOffsetBlock; o++) {
+            const int32_t isPromising = sums[o] <= limit ? 1 : 0;
+            sums[count] = o;  // count <= o: this sum is no longer needed
+            count += isPromising;
+        }
     }
     return count;
 }
@@ -139,7 +153,8 @@ GrainSearch::GrainSearch(int32_t offsets, int32_t window)
     , window(window)
     , roughGrain(static_cast<size_t>(offsets + window))
     , roughTarget(static_cast<size_t>(window))
-    , roughSums(static_cast<size_t>(offsets)) {}
+    // Whole blocks. The sums behind the last offset promise nothing.
+    , roughSums(static_cast<size_t>(offsets + kOffsetBlock)) {}
 
 MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
                                                 const int32_t* target,
@@ -153,7 +168,7 @@ MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
     if (width * window >= std::numeric_limits<int32_t>::max()) {
         return bestOffsetInFull(grain, target, offsets, window);  // a sum might wrap
     }
-    const int32_t bits = std::bit_width(static_cast<uint32_t>(width));
+    const auto bits = static_cast<int32_t>(std::bit_width(static_cast<uint32_t>(width)));
     const int32_t shift = std::max(bits - kRoughBits, 0);
     roughen(grain, range.lowest, shift, roughGrain.data(), grainWindow);
     roughen(target, range.lowest, shift, roughTarget.data(), window);
@@ -166,6 +181,7 @@ MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
     const int64_t slack = slackOf(target, range.lowest, shift, window);
     const auto limit = static_cast<int32_t>((enough + slack) >> shift);
     int32_t* promising = roughSums.data();
+    std::fill_n(promising + offsets, kOffsetBlock, std::numeric_limits<int32_t>::max());
     const int32_t count = keepPromising(promising, offsets, limit);
     int32_t best = roughBest;
     int32_t smallest = enough;
