@@ -22,6 +22,7 @@ target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
 find_package(X11 REQUIRED)
 add_executable(real_tests
     platform/sdl/Program.cpp
+    platform/sdl/RealProgram_test.cpp
     platform/sdl/RealSound_test.cpp
     platform/sdl/RealWindow_test.cpp
     platform/sdl/XScreen.cpp)

@@ -1,8 +1,6 @@
-// The window on a real X server: what is on the screen, what a hand does to it, what it costs.
-#include "LoopHost.h"
+// The window on a real X server: what is on the screen, what a hand does to it.
 #include "Program.h"
 #include "SdlHost.h"
-#include "TestFolders.h"
 #include "TestSounds.h"
 #include "XScreen.h"
 
@@ -11,9 +9,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
 #include <iostream>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -27,44 +23,6 @@ int64_t nowUs() {
                std::chrono::steady_clock::now().time_since_epoch())
         .count();
 }
-
-void pass(int64_t ms) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
-}
-
-/// The program itself, in a home of its own.
-class RealProgram : public testing::Test {
-protected:
-    RealProgram() {
-        // Where the pictures are not drawn yet, the program still starts.
-        if (!std::filesystem::exists(MURMELO_PROGRAM_FOLDER "/Res")) {
-            folders.makeFolder("data/Res");
-            folders.makeFolder("data/framework");
-            setenv("MURMELO_DATA", folders.path("data").c_str(), 1);
-        }
-    }
-
-    ~RealProgram() override { unsetenv("MURMELO_DATA"); }
-
-    std::vector<std::string> command() const {
-        return {MURMELO_PROGRAM_FOLDER "/murmelo", "--home", folders.path("home"), "--config",
-                folders.path("config")};
-    }
-
-    bool waitForPicture() {
-        const int64_t startUs = nowUs();
-        while (screen.pixel(kLeft + 240, kTop + 60) == 0) {
-            if (nowUs() - startUs > 5000000) {
-                return false;
-            }
-            std::this_thread::sleep_for(std::chrono::microseconds(500));  // let the server work
-        }
-        return true;
-    }
-
-    TestFolders folders;
-    XScreen screen;
-};
 
 /// Notes what the phone is told.
 class Heard : public HostListener {
@@ -155,71 +113,6 @@ protected:
 using Notes = std::vector<std::string>;
 
 }  // namespace
-
-TEST_F(RealProgram, theFirstPictureStandsWithin40Milliseconds) {
-    ASSERT_TRUE(screen.isOpen());
-    int64_t bestUs = INT64_MAX;
-    for (int32_t i = 0; i < 8; i++) {
-        const int64_t startUs = nowUs();
-        Program program(command());
-        ASSERT_TRUE(waitForPicture());
-        bestUs = std::min(bestUs, nowUs() - startUs);
-        program.send(SIGTERM);
-        EXPECT_EQ(0, program.waitForEnd(3000));
-        while (screen.pixel(kLeft + 240, kTop + 60) != 0) {
-            pass(1);
-        }
-    }
-    std::cout << "first picture after " << static_cast<double>(bestUs) / 1000 << " ms\n";
-    EXPECT_GT(40000, bestUs);
-}
-
-TEST_F(RealProgram, aStillScreenSleeps) {
-    const char* wanted = std::getenv("MURMELO_TEST_IDLE_SECONDS");
-    const int64_t seconds = wanted != nullptr ? std::atoll(wanted) : 5;
-    Program program(command());
-    ASSERT_TRUE(waitForPicture());
-    pass(1000);
-    const int64_t ticks = program.processorTicks();
-    const int64_t sleeps = program.sleeps();
-    pass(seconds * 1000);
-    const int64_t usedTicks = program.processorTicks() - ticks;
-    const int64_t rousings = program.sleeps() - sleeps;
-    std::cout << "in " << seconds << " s: " << usedTicks * 10 << " ms of processor time, roused "
-              << rousings << " times\n";
-    EXPECT_EQ(0, usedTicks);
-    EXPECT_GE(seconds, rousings);
-}
-
-TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP, 0}) {
-        Program program(command());
-        ASSERT_TRUE(waitForPicture());
-        folders.write("home/Murmelo/rec_00000.wav", "kept");
-        if (signal != 0) {
-            program.send(signal);
-        } else {
-            screen.askToClose(screen.windowOf("Murmelo"));
-        }
-        EXPECT_EQ(0, program.waitForEnd(3000)) << signal;
-        EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
-    }
-}
-
-TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
-    Program program(command());
-    ASSERT_TRUE(waitForPicture());
-    Program second(command());
-    EXPECT_EQ(1, second.waitForEnd(3000));
-}
-
-TEST_F(RealProgram, withoutAScreenItSaysSoAndEnds) {
-    const std::string display = std::getenv("DISPLAY");
-    setenv("DISPLAY", ":9999", 1);
-    Program program(command());
-    setenv("DISPLAY", display.c_str(), 1);
-    EXPECT_EQ(1, program.waitForEnd(3000));
-}
 
 TEST_F(RealWindow, everyPixelOfThePictureIsOnTheScreen) {
     const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);

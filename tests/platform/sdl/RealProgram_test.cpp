@@ -1,0 +1,215 @@
+// The program itself on a real X server and a real sound server: how soon it is there, what it
+// costs to leave it alone, how it ends, and a whole journey by keyboard.
+#include "Program.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+#include "XScreen.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <thread>
+
+namespace {
+
+// Where the window is put on the screen of 1280 x 1300.
+constexpr int32_t kLeft = 400;
+constexpr int32_t kTop = 250;
+
+int64_t nowUs() {
+    return std::chrono::duration_cast<std::chrono::microseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+void pass(int64_t ms) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+}
+
+class RealProgram : public testing::Test {
+protected:
+    std::vector<std::string> command() const {
+        return {MURMELO_PROGRAM_FOLDER "/murmelo", "--home", folders.path("home"), "--config",
+                folders.path("config")};
+    }
+
+    bool waitForPicture() {
+        const int64_t startUs = nowUs();
+        while (screen.pixel(kLeft + 240, kTop + 60) == 0) {
+            if (nowUs() - startUs > 5000000) {
+                return false;
+            }
+            std::this_thread::sleep_for(std::chrono::microseconds(500));  // let the server work
+        }
+        return true;
+    }
+
+    static bool until(const std::function<bool()>& happened) {
+        for (int32_t i = 0; i < 100 && !happened(); i++) {
+            pass(100);
+        }
+        return happened();
+    }
+
+    void key(const std::string& name) {
+        const std::string window = std::to_string(screen.windowOf("Murmelo"));
+        ASSERT_EQ(0, std::system(("xdotool windowfocus " + window + " key " + name).c_str()));
+        pass(400);
+    }
+
+    std::string sound(const std::string& name) const {
+        return folders.read("home/Murmelo/" + name);
+    }
+
+    TestFolders folders;
+    XScreen screen;
+};
+
+}  // namespace
+
+TEST_F(RealProgram, theFirstPictureStandsWithin40Milliseconds) {
+    ASSERT_TRUE(screen.isOpen());
+    int64_t bestUs = INT64_MAX;
+    for (int32_t i = 0; i < 8; i++) {
+        const int64_t startUs = nowUs();
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        bestUs = std::min(bestUs, nowUs() - startUs);
+        program.send(SIGTERM);
+        EXPECT_EQ(0, program.waitForEnd(3000));
+        while (screen.pixel(kLeft + 240, kTop + 60) != 0) {
+            pass(1);
+        }
+    }
+    std::cout << "first picture after " << static_cast<double>(bestUs) / 1000 << " ms\n";
+    EXPECT_GT(40000, bestUs);
+}
+
+TEST_F(RealProgram, aStillScreenSleeps) {
+    const char* wanted = std::getenv("MURMELO_TEST_IDLE_SECONDS");
+    const int64_t seconds = wanted != nullptr ? std::atoll(wanted) : 5;
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    pass(1000);
+    const int64_t ticks = program.processorTicks();
+    const int64_t sleeps = program.sleeps();
+    pass(seconds * 1000);
+    const int64_t usedTicks = program.processorTicks() - ticks;
+    const int64_t rousings = program.sleeps() - sleeps;
+    std::cout << "in " << seconds << " s: " << usedTicks * 10 << " ms of processor time, roused "
+              << rousings << " times\n";
+    EXPECT_EQ(0, usedTicks);
+    EXPECT_GE(seconds, rousings);
+}
+
+TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, 0}) {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        folders.write("home/Murmelo/rec_00000.wav", "kept");
+        if (signal != 0) {
+            program.send(signal);
+        } else {
+            screen.askToClose(screen.windowOf("Murmelo"));
+        }
+        EXPECT_EQ(0, program.waitForEnd(3000)) << signal;
+        EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
+    }
+}
+
+TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    Program second(command());
+    EXPECT_EQ(1, second.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, withoutAScreenItSaysSoAndEnds) {
+    const std::string display = std::getenv("DISPLAY");
+    setenv("DISPLAY", ":9999", 1);
+    Program program(command());
+    setenv("DISPLAY", display.c_str(), 1);
+    EXPECT_EQ(1, program.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, aJourneyByKeyboardRecordsChangesAndPlaysAVoice) {
+    const TestSounds::Samples voice = TestSounds::noise(10 * 16000);
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    const Program speaker({"paplay", "--device=feed", folders.path("voice.wav")});
+    const Program ear({"parec", "--device=spk.monitor", "--rate=8000", "--channels=1",
+                       "--format=s16le", "--raw", "--latency-msec=20"},
+                      folders.path("heard.raw"));
+    key("Return");  // past the splash picture
+    key("Return");  // "Record" of the menu
+    EXPECT_EQ(std::string(44, '\0'), sound("MrmLastRec.wav"));
+    key("Return");  // begins
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 24000; }));
+    key("Return");  // "Stop"
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").substr(0, 4) == "RIFF"; }));
+    EXPECT_EQ(TestSounds::little(8000, 4), sound("MrmLastRec.wav").substr(24, 4));
+    key("Right");   // the robot
+    key("Return");  // "Play"
+    ASSERT_TRUE(until([this] { return sound("MrmLastProc.wav").size() > 44; }));
+    const std::string changed = sound("MrmLastProc.wav");
+    pass(2500);
+    const std::string heard = folders.read("heard.raw");
+    const size_t sounds =
+        heard.size() - static_cast<size_t>(std::count(heard.begin(), heard.end(), '\0'));
+    EXPECT_LT(changed.size() / 2, sounds);
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastProc.wav"));
+}
+
+TEST_F(RealProgram, endingInTheMiddleOfARecordingLeavesNothingBehind) {
+    folders.write("config/settings", "lang=0\n");
+    for (const int signal : {SIGTERM, 0}) {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        for (int32_t i = 0; i < 3; i++) {
+            key("Return");
+        }
+        ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
+        if (signal != 0) {
+            program.send(signal);
+        } else {
+            screen.askToClose(screen.windowOf("Murmelo"));
+        }
+        EXPECT_EQ(0, program.waitForEnd(3000));
+        EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
+    }
+}
+
+TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
+    folders.write("config/settings", "lang=0\n");
+    std::vector<std::string> words = command();
+    words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    Program program(words);
+    setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
+    ASSERT_TRUE(waitForPicture());
+    for (int32_t i = 0; i < 3; i++) {
+        key("Return");
+    }
+    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, aMicrophoneFileThatIsNoneIsAComplaint) {
+    folders.write("voice.wav", "no sound");
+    std::vector<std::string> words = command();
+    words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
+    Program program(words);
+    EXPECT_EQ(1, program.waitForEnd(3000));
+}
