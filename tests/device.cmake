@@ -9,3 +9,31 @@ murmelo_tests(device_tests
         platform/osp/OspBuffer_test.cpp
         platform/osp/OspMedia_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_sounds)
+
+murmelo_tests(sdl_tests
+    SOURCES
+        platform/sdl/PictureScaler_test.cpp
+        platform/sdl/SdlHost_test.cpp
+        platform/sdl/SdlInput_test.cpp
+    LINK murmelo_sdl_host)
+target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
+
+# The window and its sound, on servers of their own: each case starts and ends them.
+find_package(X11 REQUIRED)
+add_executable(real_tests
+    platform/sdl/Program.cpp
+    platform/sdl/RealSound_test.cpp
+    platform/sdl/RealWindow_test.cpp
+    platform/sdl/XScreen.cpp)
+target_link_libraries(real_tests PRIVATE
+    murmelo_tests_support murmelo_app murmelo_sdl_host X11::X11 GTest::gtest_main)
+target_compile_definitions(real_tests PRIVATE
+    MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED)
+add_dependencies(real_tests murmelo)
+foreach(group RealProgram RealWindow RealSound)
+    add_test(NAME ${group}
+        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
+            $<TARGET_FILE:real_tests> --gtest_filter=${group}.*)
+    set_tests_properties(${group} PROPERTIES
+        SKIP_RETURN_CODE 77 TIMEOUT 120 RUN_SERIAL TRUE)
+endforeach()

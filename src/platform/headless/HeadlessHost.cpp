@@ -25,6 +25,11 @@ std::string inQuotes(const std::string& text) {
     return "\"" + text + "\"";
 }
 
+bool isDeviceFact(ScriptVerb verb) {
+    return verb == ScriptVerb::kSilent || verb == ScriptVerb::kStorage ||
+           verb == ScriptVerb::kFail || verb == ScriptVerb::kMic || verb == ScriptVerb::kSpeaker;
+}
+
 }  // namespace
 
 HeadlessHost::HeadlessHost(HostFolders folders,
@@ -34,7 +39,13 @@ HeadlessHost::HeadlessHost(HostFolders folders,
     , script(std::move(script))
     , nowMs(clockStartMs)
     , ears([this] { return nowMs; })
-    , voice([this] { return nowMs; }) {}
+    , voice([this] { return nowMs; }) {
+    // What the device is like before the first touch holds from the start on.
+    while (next < this->script.size() && isDeviceFact(this->script[next].verb)) {
+        next++;
+        start(this->script[next - 1]);
+    }
+}
 
 void HeadlessHost::yielded() {
     // Only who yields again and again waits for time to pass.
@@ -46,6 +57,7 @@ void HeadlessHost::yielded() {
 
 bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     yieldsSincePump = 0;
+    watch();
     if (status == kOk && (ears.deliver() || voice.deliver())) {
         return true;
     }
@@ -81,9 +93,20 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     return true;
 }
 
+/// Pictures a screen that comes and goes within one command, such as the processing of a take.
+void HeadlessHost::watch() {
+    if (!watchedScreen.empty() && doors != nullptr && doors->screenName() == watchedScreen) {
+        watchedScreen.clear();
+        writeCanvas(script[next - 1], watchedFile);
+    }
+}
+
+bool HeadlessHost::awaitedScreenIsThere() const {
+    return !awaitedScreen.empty() && doors != nullptr && doors->screenName() == awaitedScreen;
+}
+
 bool HeadlessHost::waitOver(int64_t timeoutMs) {
-    const bool there =
-        !awaitedScreen.empty() && doors != nullptr && doors->screenName() == awaitedScreen;
+    const bool there = awaitedScreenIsThere();
     if (there || nowMs >= waitEndMs) {
         waiting = false;
         if (!there && !awaitedScreen.empty()) {
@@ -131,6 +154,10 @@ void HeadlessHost::start(const ScriptCommand& command) {
     case ScriptVerb::kMic:
     case ScriptVerb::kSpeaker:
         startSound(command);
+        break;
+    case ScriptVerb::kWatch:
+        watchedScreen = command.text;
+        watchedFile = command.second;
         break;
     case ScriptVerb::kShotCanvas:
     case ScriptVerb::kSave:
@@ -263,13 +290,7 @@ void HeadlessHost::useDoor(const ScriptCommand& command) {
     if (doors == nullptr) {
         fail(command, "the program has no doors yet");
     } else if (command.verb == ScriptVerb::kShotCanvas) {
-        const std::vector<uint8_t> png = doors->canvasPng();
-        std::ofstream file(command.text, std::ios::binary);
-        file.write(reinterpret_cast<const char*>(png.data()),
-                   static_cast<std::streamsize>(png.size()));
-        if (png.empty() || !file.flush()) {
-            fail(command, inQuotes(command.text) + " cannot be written");
-        }
+        writeCanvas(command, command.text);
     } else if (command.verb == ScriptVerb::kSave) {
         pending.emplace_back([this, command](HostListener&) {
             if (!doors->saveSound()) {
@@ -278,6 +299,15 @@ void HeadlessHost::useDoor(const ScriptCommand& command) {
         });
     } else {
         useSoundFile(command);
+    }
+}
+
+void HeadlessHost::writeCanvas(const ScriptCommand& command, const std::string& path) {
+    const std::vector<uint8_t> png = doors->canvasPng();
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
+    if (png.empty() || !file.flush()) {
+        fail(command, inQuotes(path) + " cannot be written");
     }
 }
 

@@ -67,6 +67,8 @@ private:
 
     /// How long until the program or its sound has something to do, -1 if neither.
     int64_t longestSleep(int64_t timeoutMs) const;
+    void watch();
+    bool awaitedScreenIsThere() const;
     void start(const ScriptCommand& command);
     void startTouch(const ScriptCommand& command);
     void startDevice(const ScriptCommand& command);
@@ -77,6 +79,7 @@ private:
     void swipe(bool left);
     void takeShot(const ScriptCommand& command);
     void useDoor(const ScriptCommand& command);
+    void writeCanvas(const ScriptCommand& command, const std::string& path);
     void useSoundFile(const ScriptCommand& command);
     bool soundFileExists(const std::string& name) const;
     void fail(const ScriptCommand& command, const std::string& message);
@@ -92,6 +95,8 @@ private:
 
     bool waiting = false;
     int64_t waitEndMs = 0;
+    std::string watchedScreen;  // empty: none
+    std::string watchedFile;
     std::string awaitedScreen;  // empty: only time counts
 
     FileMicrophone ears;

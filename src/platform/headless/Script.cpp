@@ -37,6 +37,7 @@ const std::vector<Form>& forms() {
         {"fail", ScriptVerb::kFail, "wn", {}},
         {"shot", ScriptVerb::kShot, "w", {}},
         {"shot-canvas", ScriptVerb::kShotCanvas, "w", {}},
+        {"watch", ScriptVerb::kWatch, "ww", {}},
         {"save", ScriptVerb::kSave, "", {}},
         {"take", ScriptVerb::kTake, "w", {}},
         {"expect screen", ScriptVerb::kExpectScreen, "w", {}},
@@ -106,7 +107,7 @@ std::string readArguments(const Form& form,
         const std::string& word = words[at++];
         int64_t number = 0;
         if (*kind == 'w') {
-            command.text = word;
+            (kind == form.arguments ? command.text : command.second) = word;
         } else if (*kind == 'o') {
             if (std::find(form.choices.begin(), form.choices.end(), word) == form.choices.end()) {
                 return std::string("\"") + form.name + "\" wants " + joined(form.choices);

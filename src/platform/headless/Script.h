@@ -25,6 +25,7 @@ enum class ScriptVerb {
     kFail,
     kShot,
     kShotCanvas,
+    kWatch,
     kSave,
     kTake,
     kExpectScreen,
@@ -38,6 +39,7 @@ struct ScriptCommand {
     ScriptVerb verb = ScriptVerb::kWait;
     int32_t line = 0;
     std::string text;              // the word given, if the verb takes one
+    std::string second;            // and the second word
     std::vector<int64_t> numbers;  // the numbers given, in order
 };
 

@@ -36,7 +36,7 @@ TEST_F(MessageTest, aTextStandsInTheMiddleOfItsBox) {
     Message::setText(Str::str_HELP_TXT, G::fntSmall);
     const int32_t t = heightOf(Str::str_HELP_TXT, G::fntSmall);
     ASSERT_GT(t, 0);
-    expectBounds(10, (320 - (t + 60)) / 2 - 24, 220, t + 60, G::psWndBg);
+    expectBounds(10, 160 - ((t + 60) >> 1) - 24, 220, t + 60, G::psWndBg);
     const int32_t top = Bounds::get(G::psWndBg, Bounds::kEdgeTop);
     expectBounds(30, top + 30, 180, t, Message::paTxt);
     EXPECT_EQ(Bounds::kCentre, Message::paTxt->getTextAlign());
@@ -48,7 +48,7 @@ TEST_F(MessageTest, aHeadingStands30BelowTheTopAndTheBody10BelowTheHeading) {
     Message::setText(Str::str_DLG_TITLE_LOW_MEM, G::fntMedium, Str::str_LOW_MEM_TXT, G::fntSmall);
     const int32_t t1 = heightOf(Str::str_DLG_TITLE_LOW_MEM, G::fntMedium);
     const int32_t t2 = heightOf(Str::str_LOW_MEM_TXT, G::fntSmall);
-    expectBounds(10, (320 - (t1 + t2 + 70)) / 2 - 24, 220, t1 + t2 + 70, G::psWndBg);
+    expectBounds(10, 160 - ((t1 + t2 + 70) >> 1) - 24, 220, t1 + t2 + 70, G::psWndBg);
     const int32_t top = Bounds::get(G::psWndBg, Bounds::kEdgeTop);
     expectBounds(30, top + 30, 180, t1, Message::paTxt);
     expectBounds(30, top + t1 + 40, 180, t2, Message::paTxt2);

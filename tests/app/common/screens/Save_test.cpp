@@ -59,6 +59,14 @@ TEST_F(SaveTest, copiesTheResultToTheFirstNumberAndSaysWhere) {
     EXPECT_TRUE(hasResult());
 }
 
+TEST_F(SaveTest, thePathStaysInOneRow) {
+    folders.write("home/Murmelo/rec_88887.wav", "an earlier sound");
+    haveResult();
+    enter(G::stateSave);
+    EXPECT_EQ("/Home/Murmelo/rec_88888.wav", text(Save::uriStrId));
+    EXPECT_EQ(1, Message::paTxt2->getNumRows());
+}
+
 TEST_F(SaveTest, theTextIsEmptyBeforeTheFirstSave) {
     EXPECT_EQ("", text(Save::uriStrId));
     const auto* save = static_cast<Save*>(G::stateSave);

@@ -1,0 +1,110 @@
+// The phone in a window: SDL's events, pictures and sound behind the door.
+//
+// The event thread sleeps in SDL until an event, a signal, a sound device or a due time rouses it.
+// A picture is looked at once for each refresh of the display at most.
+#pragma once
+
+#include "FileMicrophone.h"
+#include "Host.h"
+#include "SdlAudio.h"
+#include "SdlInput.h"
+#include "SdlMicrophone.h"
+#include "SdlSpeaker.h"
+#include "SdlWindow.h"
+#include "SignalWatch.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct SdlOptions {
+    HostFolders folders;
+    std::string microphone;      // name of a device; empty: the system's default
+    std::string speaker;         // likewise
+    bool hearsFile = false;      // a sound file in the place of the microphone:
+    std::vector<int16_t> voice;  // 16 kHz
+    bool silent = false;
+};
+
+class SdlHost : public Host, private SdlPlaces {
+public:
+    explicit SdlHost(SdlOptions options);
+    SdlHost(const SdlHost&) = delete;
+    SdlHost& operator=(const SdlHost&) = delete;
+    ~SdlHost() override;
+
+    /// Opens the window. @returns empty, or what is wrong
+    std::string open();
+
+    /// A sound device is stuck: the program can only end at once, without cleaning up after SDL.
+    bool isStuck() { return audio.isStuck(); }
+
+    int64_t uptimeMs() override;
+    int64_t ticksMs() override;
+
+    void yielded() override {}
+
+    const HostFolders& folders() override { return options.folders; }
+
+    bool isSilent() override { return options.silent; }
+
+    int64_t freePhoneBytes() override;
+    bool pump(HostListener& listener, int64_t timeoutMs) override;
+    void frameShown(HostFrame* newest) override;
+    HostMicrophone* microphone() override;
+
+    HostSpeaker* speaker() override { return &voice; }
+
+    void setDoors(HostDoors* offered) override { doors = offered; }
+
+    /// Pictures that came onto the screen.
+    int64_t presented() const { return pictures; }
+
+private:
+    /// Why nobody sees or hears the program; it is in the background while there is any reason.
+    enum Away : uint32_t { kHidden = 1, kStopped = 2, kBySystem = 4 };
+
+    bool deliverSound();
+    bool deliverEvent(HostListener& listener);
+    bool deliverAway(HostListener& listener);
+    bool deliverSignals(HostListener& listener);
+    bool handle(const union SDL_Event& event, HostListener& listener);
+    bool handleWindow(const struct SDL_WindowEvent& event);
+    void presentIfDue();
+    void sleep(int64_t untilMs);
+    int64_t nextDueMs();
+    int64_t nowUs() const;
+    void rouse();
+    void setAway(Away reason, bool away);
+
+    void fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const override;
+    void fromMouse(int32_t mouseX, int32_t mouseY, int32_t& x, int32_t& y) const override;
+
+    SdlOptions options;
+    std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
+
+    std::atomic<bool> endAsked{false};   // by a signal
+    std::atomic<bool> stopAsked{false};  // likewise
+    std::atomic<uint32_t> rousingEvent{0};
+    SignalWatch signals;  // its thread comes first and goes last
+
+    SdlAudio audio;
+    SdlMicrophone ears;
+    FileMicrophone fileEars;
+    SdlSpeaker voice;
+    SdlWindow window;
+    SdlInput input;
+
+    HostDoors* doors = nullptr;
+    HostFrame* frame = nullptr;
+    bool frameIsNew = false;
+    bool everPresented = false;
+    int64_t nextPictureUs = 0;
+    int64_t pictures = 0;
+
+    uint32_t awayReasons = 0;
+    bool toldAway = false;
+    int64_t hiddenCheckMs = -1;  // when to find out why the window vanished
+};

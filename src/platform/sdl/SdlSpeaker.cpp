@@ -1,0 +1,168 @@
+#include "SdlSpeaker.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <mutex>
+#include <utility>
+
+namespace {
+
+constexpr int64_t kMsPerSecond = 1000;
+
+// How often the device asks for samples. Longer, and the end of a clip is told late and a stop is
+// heard late; shorter, and a busy machine stutters.
+constexpr int32_t kChunksPerSecond = 16;
+
+// From handing over samples to hearing the last of them: one chunk that plays, one that waits.
+constexpr int64_t kChunksUnderWay = 2;
+
+// A device that has asked for nothing for so long, beyond what it still had to play, is dead.
+constexpr int64_t kDeadAfterMs = 1500;
+
+uint16_t chunkSamples(int32_t rateHz) {
+    uint16_t samples = 64;
+    while (samples * kChunksPerSecond < rateHz) {
+        samples = static_cast<uint16_t>(2 * samples);
+    }
+    return samples;
+}
+
+}  // namespace
+
+struct SdlSpeaker::Playing {
+    int64_t remainingMs() const {
+        return (static_cast<int64_t>(clip->samples.size() - position)) * kMsPerSecond /
+               clip->rateHz;
+    }
+
+    std::mutex mutex;
+    std::shared_ptr<const HostClip> clip;
+    size_t position = 0;
+    int32_t volume = kFullVolume;
+    bool paused = false;
+    bool open = true;
+    int64_t progressMs = 0;  // when samples were handed over last
+    int64_t endMs = kNever;  // when the last one will have been heard; kNever until it went out
+    int64_t latencyMs = 0;
+    Clock nowMs;
+    Wake wake;
+};
+
+SdlSpeaker::SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake)
+    : audio(audio)
+    , name(std::move(name))
+    , nowMs(std::move(nowMs))
+    , wake(std::move(wake)) {}
+
+SdlSpeaker::~SdlSpeaker() {
+    stop();
+}
+
+bool SdlSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) {
+    if (listener != nullptr) {
+        return false;
+    }
+    playing = std::make_shared<Playing>();
+    SDL_AudioSpec wanted{};
+    wanted.freq = clip->rateHz;
+    wanted.format = AUDIO_S16SYS;
+    wanted.channels = 1;
+    wanted.samples = chunkSamples(clip->rateHz);
+    wanted.callback = &SdlSpeaker::onWanted;
+    wanted.userdata = playing.get();
+    playing->clip = std::move(clip);
+    playing->volume = volume;
+    playing->progressMs = nowMs();
+    playing->latencyMs = kChunksUnderWay * wanted.samples * kMsPerSecond / wanted.freq;
+    playing->nowMs = nowMs;
+    playing->wake = wake;
+    device = audio.open(SdlAudio::Kind::kSpeaker, name, wanted);
+    if (device == 0) {
+        return false;
+    }
+    listener = &newListener;
+    return true;
+}
+
+void SdlSpeaker::onWanted(void* playingState, uint8_t* bytes, int byteCount) {
+    auto* playing = static_cast<Playing*>(playingState);
+    auto* samples = reinterpret_cast<int16_t*>(bytes);
+    const size_t count = static_cast<size_t>(byteCount) / sizeof(int16_t);
+    bool last = false;
+    {
+        const std::lock_guard<std::mutex> lock(playing->mutex);
+        const std::vector<int16_t>& clip = playing->clip->samples;
+        const bool sounds = playing->open && !playing->paused;
+        const size_t heard = sounds ? std::min(count, clip.size() - playing->position) : 0;
+        for (size_t i = 0; i < heard; i++) {
+            samples[i] =
+                static_cast<int16_t>(clip[playing->position + i] * playing->volume / kFullVolume);
+        }
+        std::fill(samples + heard, samples + count, int16_t{0});
+        playing->position += heard;
+        if (sounds && playing->endMs == kNever) {
+            playing->progressMs = playing->nowMs();
+            last = playing->position == clip.size();
+            playing->endMs = last ? playing->progressMs + playing->latencyMs : kNever;
+        }
+    }
+    if (last) {
+        playing->wake();
+    }
+}
+
+int64_t SdlSpeaker::dueMs() {
+    if (listener == nullptr) {
+        return kNever;
+    }
+    const std::lock_guard<std::mutex> lock(playing->mutex);
+    if (playing->endMs != kNever || playing->paused) {
+        return playing->paused ? kNever : playing->endMs;
+    }
+    return playing->progressMs + playing->remainingMs() + playing->latencyMs + kDeadAfterMs;
+}
+
+bool SdlSpeaker::deliver() {
+    const int64_t due = dueMs();
+    if (due == kNever || due > nowMs()) {
+        return false;
+    }
+    HostSpeakerListener* const ending = listener;
+    stop();
+    ending->onClipEnd();
+    return true;
+}
+
+void SdlSpeaker::setVolume(int32_t newVolume) {
+    volume = newVolume;
+    if (playing != nullptr) {
+        const std::lock_guard<std::mutex> lock(playing->mutex);
+        playing->volume = volume;
+    }
+}
+
+void SdlSpeaker::setPaused(bool paused) {
+    if (listener == nullptr) {
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(playing->mutex);
+    if (playing->paused && !paused) {
+        playing->progressMs = nowMs();
+        playing->endMs = std::min(playing->endMs, playing->progressMs);  // kNever stays kNever
+    }
+    playing->paused = paused;
+}
+
+void SdlSpeaker::stop() {
+    if (listener == nullptr) {
+        return;
+    }
+    {
+        const std::lock_guard<std::mutex> lock(playing->mutex);
+        playing->open = false;
+    }
+    listener = nullptr;
+    audio.closeLater(device, playing);
+    device = 0;
+}

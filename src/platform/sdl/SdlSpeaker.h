@@ -1,0 +1,58 @@
+// The machine's speaker.
+#pragma once
+
+#include "HostSound.h"
+#include "SdlAudio.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+class SdlSpeaker : public HostSpeaker {
+public:
+    using Clock = std::function<int64_t()>;
+    using Wake = std::function<void()>;
+
+    static constexpr int64_t kNever = -1;
+
+    /// @param audio  not owned
+    /// @param name   of the device; empty: the system's default
+    /// @param nowMs  the host's clock; read on the device's thread too
+    /// @param wake   rouses the event thread; called on the device's thread
+    SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake);
+    SdlSpeaker(const SdlSpeaker&) = delete;
+    SdlSpeaker& operator=(const SdlSpeaker&) = delete;
+    ~SdlSpeaker() override;
+
+    /// When to look next whether the clip has ended; kNever if none plays.
+    int64_t dueMs();
+
+    /// Ends the clip if its last sample was heard, or its device has died and it would have been.
+    /// True if it did.
+    bool deliver();
+
+    bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) override;
+    void setVolume(int32_t newVolume) override;
+
+    void pause() override { setPaused(true); }
+
+    void resume() override { setPaused(false); }
+
+    void stop() override;
+
+private:
+    struct Playing;
+
+    static void onWanted(void* playing, uint8_t* bytes, int byteCount);
+    void setPaused(bool paused);
+
+    SdlAudio& audio;
+    std::string name;
+    Clock nowMs;
+    Wake wake;
+    HostSpeakerListener* listener = nullptr;
+    uint32_t device = 0;
+    int32_t volume = kFullVolume;
+    std::shared_ptr<Playing> playing;  // shared with the device's thread
+};

@@ -1,0 +1,150 @@
+#include "SdlWindow.h"
+
+#include "PngIcon.h"
+#include "X11Window.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr int32_t kDecorationPx = 40;  // kept free for a title bar
+constexpr int32_t kLeastWidthPx = 120;
+constexpr int32_t kLeastHeightPx = 200;
+constexpr int64_t kUsPerSecond = 1000000;
+constexpr int32_t kUsualRefreshHz = 60;
+
+// From here on a display is taken to be twice as fine as usual, and counts its pixels unscaled.
+constexpr float kFineDpi = 180.0F;
+
+void initialSize(int32_t& width, int32_t& height) {
+    width = HostFrame::kWidthPx;
+    height = HostFrame::kHeightPx;
+    SDL_Rect room;
+    if (SDL_GetDisplayUsableBounds(0, &room) != 0) {
+        return;
+    }
+    const int32_t roomHeight = room.h - kDecorationPx;
+    float dpi = 0;
+    if (SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) == 0 && dpi >= kFineDpi &&
+        room.w >= 2 * width && roomHeight >= 2 * height) {
+        width *= 2;
+        height *= 2;
+    }
+    // A screen exactly as large as the phone shows no title bar anyway.
+    if (room.h >= height && room.w >= width) {
+        return;
+    }
+    const int32_t fittingHeight =
+        std::min(roomHeight, room.w * HostFrame::kHeightPx / HostFrame::kWidthPx);
+    height = std::max(fittingHeight, kLeastHeightPx);
+    width = height * HostFrame::kWidthPx / HostFrame::kHeightPx;
+}
+
+}  // namespace
+
+SdlWindow::~SdlWindow() {
+    if (window != nullptr) {
+        SDL_DestroyWindow(window);
+    }
+}
+
+std::string SdlWindow::open() {
+    int32_t width = 0;
+    int32_t height = 0;
+    initialSize(width, height);
+    window = SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width,
+                              height, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
+    if (window == nullptr) {
+        return std::string("no window can be opened: ") + SDL_GetError();
+    }
+    SDL_SetWindowMinimumSize(window, kLeastWidthPx, kLeastHeightPx);
+    return "";
+}
+
+void SdlWindow::present(HostFrame* frame) {
+    if (frame != nullptr) {
+        picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
+        frame->compose(picture.data(),
+                       HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
+    }
+    SDL_Surface* surface = SDL_GetWindowSurface(window);
+    if (surface == nullptr || picture.empty()) {
+        return;
+    }
+    drawOn(*surface);
+    SDL_UpdateWindowSurface(window);
+}
+
+void SdlWindow::drawOn(SDL_Surface& surface) {
+    SDL_Surface* target = &surface;
+    if (surface.format->format != SDL_PIXELFORMAT_RGB888) {
+        target =
+            SDL_CreateRGBSurfaceWithFormat(0, surface.w, surface.h, 32, SDL_PIXELFORMAT_RGB888);
+    }
+    if (target == nullptr || SDL_LockSurface(target) != 0) {
+        return;
+    }
+    scaler.draw(picture.data(), static_cast<uint32_t*>(target->pixels),
+                target->pitch / static_cast<int32_t>(sizeof(uint32_t)), target->w, target->h);
+    SDL_UnlockSurface(target);
+    if (target != &surface) {
+        SDL_BlitSurface(target, nullptr, &surface, nullptr);
+        SDL_FreeSurface(target);
+    }
+}
+
+void SdlWindow::pixelSize(int32_t& width, int32_t& height) const {
+    SDL_GetWindowSizeInPixels(window, &width, &height);
+}
+
+void SdlWindow::toDisplay(double xShare, double yShare, int32_t& x, int32_t& y) const {
+    int32_t width = 0;
+    int32_t height = 0;
+    pixelSize(width, height);
+    const PicturePlace place = PictureScaler::place(width, height);
+    const double pictureX = (xShare * width - place.x) / std::max(place.width, 1);
+    const double pictureY = (yShare * height - place.y) / std::max(place.height, 1);
+    x = static_cast<int32_t>(SDL_floor(pictureX * HostFrame::kWidthPx));
+    y = static_cast<int32_t>(SDL_floor(pictureY * HostFrame::kHeightPx));
+}
+
+int32_t SdlWindow::widthUnits() const {
+    int32_t width = 0;
+    SDL_GetWindowSize(window, &width, nullptr);
+    return std::max(width, 1);
+}
+
+int32_t SdlWindow::heightUnits() const {
+    int32_t height = 0;
+    SDL_GetWindowSize(window, nullptr, &height);
+    return std::max(height, 1);
+}
+
+int64_t SdlWindow::refreshUs() const {
+    SDL_DisplayMode mode;
+    const int display = SDL_GetWindowDisplayIndex(window);
+    const bool known =
+        display >= 0 && SDL_GetCurrentDisplayMode(display, &mode) == 0 && mode.refresh_rate > 0;
+    return kUsPerSecond / (known ? mode.refresh_rate : kUsualRefreshHz);
+}
+
+bool SdlWindow::isIcon() const {
+    return X11Window::isIcon(window);
+}
+
+void SdlWindow::setIcon(const std::string& iconFolder) {
+    PngIcon icon;
+    if (!icon.read(iconFolder + "/murmelo-64.png")) {
+        return;
+    }
+    SDL_Surface* surface = SDL_CreateRGBSurfaceWithFormatFrom(
+        icon.pixels.data(), icon.width, icon.height, 32, icon.width * PngIcon::kPixelBytes,
+        SDL_PIXELFORMAT_RGBA32);
+    if (surface != nullptr) {
+        SDL_SetWindowIcon(window, surface);
+        SDL_FreeSurface(surface);
+    }
+}

@@ -1,0 +1,54 @@
+// The phone's display as a window.
+#pragma once
+
+#include "Host.h"
+#include "PictureScaler.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct SDL_Surface;
+struct SDL_Window;
+
+class SdlWindow {
+public:
+    SdlWindow() = default;
+    SdlWindow(const SdlWindow&) = delete;
+    SdlWindow& operator=(const SdlWindow&) = delete;
+    ~SdlWindow();
+
+    /// Opens the window, as large as the phone or as the screen has room for.
+    /// @returns empty, or what is wrong
+    std::string open();
+
+    /// Draws the newest picture, or the last one again if there is none.
+    void present(HostFrame* frame);
+
+    /// The window was resized or uncovered.
+    void redraw() { present(nullptr); }
+
+    /// From a place in the window to pixels of the phone's display, which may lie outside it.
+    /// @param xShare, yShare  0 at the left and upper edge, 1 at the right and lower one
+    void toDisplay(double xShare, double yShare, int32_t& x, int32_t& y) const;
+
+    int32_t widthUnits() const;  // as the mouse counts
+    int32_t heightUnits() const;
+
+    /// From one refresh of the display to the next.
+    int64_t refreshUs() const;
+
+    /// Whether the user has put the window aside as an icon.
+    bool isIcon() const;
+
+    /// Gives the window its picture in lists and bars, if the folder has one.
+    void setIcon(const std::string& iconFolder);
+
+private:
+    void pixelSize(int32_t& width, int32_t& height) const;
+    void drawOn(SDL_Surface& surface);
+
+    SDL_Window* window = nullptr;
+    PictureScaler scaler;
+    std::vector<uint16_t> picture;  // the last one presented
+};

@@ -1,0 +1,47 @@
+#include "SignalWatch.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int kEndOfWatch = SIGUSR2;
+
+bool isIgnored(int signal) {
+    struct sigaction action {};
+
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
+SignalWatch::SignalWatch(std::function<void(int signal)> onSignal)
+    : onSignal(std::move(onSignal)) {
+    sigemptyset(&watched);
+    for (const int signal : {SIGTERM, SIGINT, kEndOfWatch}) {
+        sigaddset(&watched, signal);
+    }
+    // Whoever starts a program without a terminal, or without job control, wants these ignored.
+    for (const int signal : {SIGHUP, SIGTSTP}) {
+        if (!isIgnored(signal)) {
+            sigaddset(&watched, signal);
+        }
+    }
+    pthread_sigmask(SIG_BLOCK, &watched, &before);
+    thread = std::thread(&SignalWatch::watch, this);
+}
+
+SignalWatch::~SignalWatch() {
+    ending = true;
+    pthread_kill(thread.native_handle(), kEndOfWatch);
+    thread.join();
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+void SignalWatch::watch() {
+    while (!ending) {
+        int signal = 0;
+        if (sigwait(&watched, &signal) == 0 && signal != kEndOfWatch) {
+            onSignal(signal);
+        }
+    }
+}

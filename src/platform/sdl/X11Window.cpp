@@ -1,0 +1,36 @@
+#include "X11Window.h"
+
+#include <SDL.h>
+#include <SDL_syswm.h>
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+bool X11Window::isIcon(SDL_Window* window) {
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    if (SDL_GetWindowWMInfo(window, &info) != SDL_TRUE || info.subsystem != SDL_SYSWM_X11) {
+        return (SDL_GetWindowFlags(window) & SDL_WINDOW_MINIMIZED) != 0;
+    }
+    Display* display = info.info.x11.display;
+    const Atom stateName = XInternAtom(display, "WM_STATE", True);
+    if (stateName == None) {
+        return false;  // there is no window manager
+    }
+    Atom type = None;
+    int bits = 0;
+    unsigned long count = 0;  // NOLINT(google-runtime-int): the X library's own type
+    unsigned long left = 0;   // NOLINT(google-runtime-int): the X library's own type
+    unsigned char* words = nullptr;
+    const int answer = XGetWindowProperty(display, info.info.x11.window, stateName, 0, 1, False,
+                                          stateName, &type, &bits, &count, &left, &words);
+    const bool known = answer == Success && bits == 32 && count == 1 && words != nullptr;
+    // Properties of 32 bits come as the machine's long words.
+    const bool icon =
+        known && *reinterpret_cast<unsigned long*>(words) == IconicState;  // NOLINT: as above
+    if (words != nullptr) {
+        XFree(words);
+    }
+    return icon;
+}

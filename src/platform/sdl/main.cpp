@@ -1,0 +1,93 @@
+// murmelo: the application in a window.
+#include "OspMain.h"
+#include "ProgramFolders.h"
+#include "SdlHost.h"
+#include "SoundFile.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+namespace {
+
+int complain(const std::string& message) {
+    std::cerr << "murmelo: " << message << "\n";
+    return EXIT_FAILURE;
+}
+
+void list(const char* title, const std::vector<std::string>& names) {
+    std::cout << title << "\n";
+    for (const std::string& name : names) {
+        std::cout << "  " << name << "\n";
+    }
+    if (names.empty()) {
+        std::cout << "  (none)\n";
+    }
+}
+
+int listDevices() {
+    SdlAudio audio;
+    list("Microphones:", audio.names(SdlAudio::Kind::kMicrophone));
+    list("Speakers:", audio.names(SdlAudio::Kind::kSpeaker));
+    return EXIT_SUCCESS;
+}
+
+bool isSoundFile(const std::string& microphone) {
+    std::error_code error;
+    return std::filesystem::path(microphone).extension() == ".wav" ||
+           std::filesystem::is_regular_file(microphone, error);
+}
+
+int run(int argc, char** argv, SdlOptions options) {
+    int result = EXIT_SUCCESS;
+    SdlHost host(std::move(options));
+    const std::string wrong = host.open();
+    if (!wrong.empty()) {
+        return complain(wrong);
+    }
+    Host::install(&host);
+    result = OspMain(argc, argv);
+    Host::install(nullptr);
+    if (host.isStuck()) {
+        std::_Exit(result);  // everything of the user's is on disk; only a sound device is left
+    }
+    return result == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::string home;
+    std::string config;
+    SdlOptions options;
+    bool listsDevices = false;
+    CLI::App parser("Murmelo records your voice and changes it.");
+    parser.set_version_flag("--version", "murmelo " MURMELO_VERSION);
+    parser.add_option("--home", home, "Folder of your sounds")->type_name("DIR");
+    parser.add_option("--config", config, "Folder of the settings")->type_name("DIR");
+    parser
+        .add_option("--microphone", options.microphone, "A device, or a sound file instead of one")
+        ->type_name("NAME|FILE.wav");
+    parser.add_option("--speaker", options.speaker, "A device")->type_name("NAME");
+    parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
+    parser.add_flag("--silent", options.silent, "As a phone in silent mode");
+    CLI11_PARSE(parser, argc, argv);
+    if (listsDevices) {
+        return listDevices();
+    }
+
+    std::string wrong;
+    if (!options.microphone.empty() && isSoundFile(options.microphone)) {
+        options.hearsFile = true;
+        wrong = SoundFile::read(options.microphone, HostMicrophone::kRateHz, options.voice);
+    }
+    HomeLock lock;
+    if (wrong.empty()) {
+        wrong = ProgramFolders::find(home, config, options.folders);
+    }
+    if (wrong.empty()) {
+        wrong = lock.take(options.folders.home);
+    }
+    return wrong.empty() ? run(argc, argv, std::move(options)) : complain(wrong);
+}

@@ -1,0 +1,108 @@
+#!/usr/bin/env bash
+# Every screen in one language, compared pixel for pixel with the sheet made before:
+#   screens.sh HEADLESS SHEET VOICE.wav LANGUAGE-INDEX GOLDEN.png
+# A difference leaves GOLDEN_actual.png beside it for the eye. With UPDATE=1 the golden itself is written.
+set -eu
+headless=$1 sheet=$2 voice=$3 lang=$4 golden=$5
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+
+# A later start in this language: the rest of the script comes on standard input.
+run() {
+    rm -rf "$folder/home" "$folder/config"
+    mkdir -p "$folder/config"
+    echo "lang=$lang" >"$folder/config/settings"
+    "$headless" --home "$folder/home" --config "$folder/config" "$@" -
+}
+
+rm -rf "$folder/home" "$folder/config"
+row=$((306 + 62 * lang))  # of the language list, on the display
+"$headless" --home "$folder/home" --config "$folder/config" - <<END
+tap 240 $row
+shot-canvas $folder/first.png
+END
+
+run <<END
+until Splash
+shot-canvas $folder/splash.png
+until Options
+shot-canvas $folder/options.png
+tap 240 430
+shot-canvas $folder/help.png
+key middle
+tap 240 492
+shot-canvas $folder/language.png
+key right
+tap 240 368
+until Record
+shot-canvas $folder/record.png
+mic $voice
+key middle
+wait 2507
+shot-canvas $folder/recording.png
+watch Process $folder/process.png
+key middle
+until Play
+shot-canvas $folder/play.png
+swipe left
+wait 1000
+shot-canvas $folder/robot.png
+key middle
+until Playing
+wait 507
+shot-canvas $folder/playing.png
+until Play
+save
+until Save
+shot-canvas $folder/save.png
+END
+
+run --silent <<END
+until Options
+shot-canvas $folder/asking-below.png
+shot $folder/asking-display.png
+END
+# The question stands over the picture, not in it: only the display shows it.
+"$sheet" --halve --top 160 "$folder/asking.png" "$folder/asking-display.png"
+
+run <<END
+storage 1024 1024
+until MessageAndQuit
+shot-canvas $folder/storage.png
+END
+run <<END
+storage -1 -1
+until MessageAndQuit
+shot-canvas $folder/unsupported.png
+END
+run <<END
+until Options
+fail AudioIn.Prepare 1
+tap 240 368
+until MessageAndQuit
+shot-canvas $folder/audio.png
+END
+run <<END
+until Options
+mic $voice
+tap 240 368
+key middle
+wait 1000
+key middle
+until Play
+key left
+until Options
+fail File.Remove 1
+tap 240 368
+until MessageAndQuit
+shot-canvas $folder/file.png
+END
+
+cd "$folder"
+names=(first splash options help language record recording process play robot playing save asking storage unsupported
+    audio file)
+if [ -n "${UPDATE:-}" ]; then
+    "$sheet" --columns 6 "$golden" "${names[@]/%/.png}"
+else
+    "$sheet" --columns 6 --compare "$golden" "${golden%.png}_actual.png" "${names[@]/%/.png}"
+fi

@@ -1,0 +1,346 @@
+// The window on a real X server: what is on the screen, what a hand does to it, what it costs.
+#include "LoopHost.h"
+#include "Program.h"
+#include "SdlHost.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+#include "XScreen.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+// Where a window of the phone's size is put on the screen of 1280 x 1300.
+constexpr int32_t kLeft = 400;
+constexpr int32_t kTop = 250;
+
+int64_t nowUs() {
+    return std::chrono::duration_cast<std::chrono::microseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+void pass(int64_t ms) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+}
+
+/// The program itself, in a home of its own.
+class RealProgram : public testing::Test {
+protected:
+    RealProgram() {
+        // Where the pictures are not drawn yet, the program still starts.
+        if (!std::filesystem::exists(MURMELO_PROGRAM_FOLDER "/Res")) {
+            folders.makeFolder("data/Res");
+            folders.makeFolder("data/framework");
+            setenv("MURMELO_DATA", folders.path("data").c_str(), 1);
+        }
+    }
+
+    ~RealProgram() override { unsetenv("MURMELO_DATA"); }
+
+    std::vector<std::string> command() const {
+        return {MURMELO_PROGRAM_FOLDER "/murmelo", "--home", folders.path("home"), "--config",
+                folders.path("config")};
+    }
+
+    bool waitForPicture() {
+        const int64_t startUs = nowUs();
+        while (screen.pixel(kLeft + 240, kTop + 60) == 0) {
+            if (nowUs() - startUs > 5000000) {
+                return false;
+            }
+            std::this_thread::sleep_for(std::chrono::microseconds(500));  // let the server work
+        }
+        return true;
+    }
+
+    TestFolders folders;
+    XScreen screen;
+};
+
+/// Notes what the phone is told.
+class Heard : public HostListener {
+public:
+    void onTouch(Touch touch, int32_t x, int32_t y) override {
+        const char* const kinds[] = {"press", "move", "release"};
+        note(std::string(kinds[static_cast<size_t>(touch)]) + " " + std::to_string(x) + " " +
+             std::to_string(y));
+    }
+
+    void onVolumeKey(bool up) override { note(up ? "up" : "down"); }
+
+    void onForeground() override { note("foreground"); }
+
+    void onBackground() override { note("background"); }
+
+    void onScreenOff() override { note("off"); }
+
+    void onScreenOn() override { note("on"); }
+
+    void onTerminate() override { note("terminate"); }
+
+    std::vector<std::string> notes;
+
+private:
+    void note(const std::string& text) { notes.push_back(text); }
+};
+
+class Picture : public HostFrame {
+public:
+    void compose(uint16_t* target, int32_t strideBytes) override {
+        composed++;
+        for (int32_t y = 0; y < kHeightPx; y++) {
+            for (int32_t x = 0; x < kWidthPx; x++) {
+                target[y * strideBytes / 2 + x] = at(x, y);
+            }
+        }
+    }
+
+    bool takeChange() override {
+        looks++;
+        return changes;
+    }
+
+    /// As the program's are, each pixel is four of the display.
+    uint16_t at(int32_t x, int32_t y) const {
+        return static_cast<uint16_t>(
+            noise[static_cast<size_t>((y / 2 * 240 + x / 2 + shift) % 96000)]);
+    }
+
+    uint32_t rgb32(int32_t x, int32_t y) const { return PictureScaler::toRgb32(at(x, y)); }
+
+    TestSounds::Samples noise = TestSounds::noise(96000);
+    int32_t shift = 0;
+    int32_t composed = 0;
+    int32_t looks = 0;
+    bool changes = true;
+};
+
+class RealWindow : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ("", host.open());
+        host.frameShown(&picture);
+        run(300);
+        window = screen.windowOf("Murmelo");
+        heard.notes.clear();
+    }
+
+    void run(int64_t ms) {
+        const int64_t endMs = host.uptimeMs() + ms;
+        while (host.uptimeMs() < endMs) {
+            host.pump(heard, endMs - host.uptimeMs());
+        }
+    }
+
+    static void hand(const std::string& actions) {
+        ASSERT_EQ(0, std::system(("xdotool " + actions).c_str()));
+    }
+
+    XScreen screen;
+    Heard heard;
+    Picture picture;
+    SdlHost host{SdlOptions{}};
+    uint64_t window = 0;
+};
+
+using Notes = std::vector<std::string>;
+
+}  // namespace
+
+TEST_F(RealProgram, theFirstPictureStandsWithin40Milliseconds) {
+    ASSERT_TRUE(screen.isOpen());
+    int64_t bestUs = INT64_MAX;
+    for (int32_t i = 0; i < 8; i++) {
+        const int64_t startUs = nowUs();
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        bestUs = std::min(bestUs, nowUs() - startUs);
+        program.send(SIGTERM);
+        EXPECT_EQ(0, program.waitForEnd(3000));
+        while (screen.pixel(kLeft + 240, kTop + 60) != 0) {
+            pass(1);
+        }
+    }
+    std::cout << "first picture after " << static_cast<double>(bestUs) / 1000 << " ms\n";
+    EXPECT_GT(40000, bestUs);
+}
+
+TEST_F(RealProgram, aStillScreenSleeps) {
+    const char* wanted = std::getenv("MURMELO_TEST_IDLE_SECONDS");
+    const int64_t seconds = wanted != nullptr ? std::atoll(wanted) : 5;
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    pass(1000);
+    const int64_t ticks = program.processorTicks();
+    const int64_t sleeps = program.sleeps();
+    pass(seconds * 1000);
+    const int64_t usedTicks = program.processorTicks() - ticks;
+    const int64_t rousings = program.sleeps() - sleeps;
+    std::cout << "in " << seconds << " s: " << usedTicks * 10 << " ms of processor time, roused "
+              << rousings << " times\n";
+    EXPECT_EQ(0, usedTicks);
+    EXPECT_GE(seconds, rousings);
+}
+
+TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, 0}) {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        folders.write("home/Murmelo/rec_00000.wav", "kept");
+        if (signal != 0) {
+            program.send(signal);
+        } else {
+            screen.askToClose(screen.windowOf("Murmelo"));
+        }
+        EXPECT_EQ(0, program.waitForEnd(3000)) << signal;
+        EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
+    }
+}
+
+TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    Program second(command());
+    EXPECT_EQ(1, second.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, withoutAScreenItSaysSoAndEnds) {
+    const std::string display = std::getenv("DISPLAY");
+    setenv("DISPLAY", ":9999", 1);
+    Program program(command());
+    setenv("DISPLAY", display.c_str(), 1);
+    EXPECT_EQ(1, program.waitForEnd(3000));
+}
+
+TEST_F(RealWindow, everyPixelOfThePictureIsOnTheScreen) {
+    const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
+    int32_t wrong = 0;
+    for (int32_t i = 0; i < 480 * 800; i++) {
+        wrong += pixels[static_cast<size_t>(i)] != picture.rgb32(i % 480, i / 480) ? 1 : 0;
+    }
+    EXPECT_EQ(0, wrong);
+}
+
+TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
+    screen.resize(window, 740, 1220);  // three pixels each make 720 x 1200
+    hand("search --name Murmelo windowmove 0 0");
+    run(300);
+    const std::vector<uint32_t> all = screen.pixels(0, 0, 740, 1220);
+    int32_t wrong = 0;
+    for (int32_t y = 0; y < 1220; y++) {
+        for (int32_t x = 0; x < 740; x++) {
+            const bool inside = x >= 10 && x < 730 && y >= 10 && y < 1210;
+            const uint32_t expected =
+                inside ? picture.rgb32((x - 10) / 3 * 2, (y - 10) / 3 * 2) : 0;
+            wrong += all[static_cast<size_t>(y * 740 + x)] != expected ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(0, wrong);
+}
+
+TEST_F(RealWindow, aStillPictureIsNotPresentedAgain) {
+    picture.changes = false;
+    const int64_t before = host.presented();
+    for (int32_t i = 0; i < 1000; i++) {
+        host.frameShown(&picture);
+        host.pump(heard, 0);
+    }
+    EXPECT_EQ(before, host.presented());
+}
+
+TEST_F(RealWindow, aMovingPictureIsPresentedOnceForEachRefresh) {
+    const int64_t before = host.presented();
+    const int64_t endMs = host.uptimeMs() + 1000;
+    while (host.uptimeMs() < endMs) {
+        picture.shift++;
+        host.frameShown(&picture);
+        host.pump(heard, 0);
+    }
+    const int64_t presented = host.presented() - before;
+    std::cout << presented << " pictures in a second\n";
+    EXPECT_GE(62, presented);  // Xvfb names no rate: 60 Hz
+    EXPECT_LE(50, presented);
+}
+
+TEST_F(RealWindow, clicksArriveInPixelsOfTheDisplay) {
+    hand("mousemove 410 260 click 1");
+    run(200);
+    EXPECT_EQ((Notes{"press 10 10", "release 10 10"}), heard.notes);
+}
+
+TEST_F(RealWindow, draggingOutOfTheWindowGoesOnAtItsEdge) {
+    hand("mousemove 500 300 mousedown 1 mousemove 390 300 mouseup 1");
+    run(200);
+    ASSERT_LE(3U, heard.notes.size());
+    EXPECT_EQ("press 100 50", heard.notes.front());
+    EXPECT_EQ("move 0 50", heard.notes[heard.notes.size() - 2]);
+    EXPECT_EQ("release 0 50", heard.notes.back());
+}
+
+TEST_F(RealWindow, theSecondHalfOfADoubleClickIsDroppedOnTheSoftKeysOnly) {
+    hand("mousemove 640 1030 click --repeat 2 --delay 50 1");
+    run(200);
+    EXPECT_EQ((Notes{"press 240 780", "release 240 780"}), heard.notes);
+    heard.notes.clear();
+    hand("mousemove 640 700 click --repeat 2 --delay 50 1");
+    run(200);
+    EXPECT_EQ(4U, heard.notes.size());
+}
+
+TEST_F(RealWindow, keysOfTheVolumeArrive) {
+    hand("windowfocus " + std::to_string(window) + " key plus key minus key a");
+    run(300);
+    EXPECT_EQ((Notes{"up", "down"}), heard.notes);
+}
+
+TEST_F(RealWindow, takingTheWindowOffTheScreenIsTheBackground) {
+    screen.unmap(window);
+    run(300);
+    EXPECT_EQ(Notes{"background"}, heard.notes);
+    screen.map(window);
+    run(300);
+    EXPECT_EQ((Notes{"background", "foreground"}), heard.notes);
+}
+
+TEST_F(RealWindow, anIconIsNotTheBackground) {
+    screen.noteIcon(window);
+    screen.unmap(window);
+    run(300);
+    screen.map(window);
+    run(300);
+    EXPECT_EQ(Notes{}, heard.notes);
+}
+
+TEST_F(RealWindow, losingTheFocusIsNotTheBackground) {
+    hand("windowfocus " + std::to_string(window));
+    run(100);
+    hand("search --maxdepth 0 --name '' windowfocus || true");
+    run(300);
+    EXPECT_EQ(Notes{}, heard.notes);
+}
+
+TEST_F(RealWindow, suspendingIsTheBackground) {
+    // Everything of this program stands still, so another one lets it go on.
+    Program waker({"sh", "-c", "sleep 0.5; kill -CONT " + std::to_string(getpid())});
+    kill(getpid(), SIGTSTP);
+    const int64_t startUs = nowUs();
+    run(1000);
+    EXPECT_LE(300000, nowUs() - startUs);
+    EXPECT_EQ(0, waker.waitForEnd(3000));
+    EXPECT_EQ((Notes{"background", "foreground"}), heard.notes);
+}
+
+TEST_F(RealWindow, aSignalRousesTheSleeper) {
+    kill(getpid(), SIGTERM);
+    EXPECT_TRUE(host.pump(heard, -1));
+    EXPECT_EQ(Notes{"terminate"}, heard.notes);
+}

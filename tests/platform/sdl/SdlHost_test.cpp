@@ -1,0 +1,261 @@
+// The window's back end without a window system and without a sound server: SDL's own stand-ins,
+// which write and read files.
+#include "SdlHost.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+#include <SDL.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <unistd.h>
+
+using Samples = TestSounds::Samples;
+
+namespace {
+
+using Notes = std::vector<std::string>;
+
+class Heard : public HostListener {
+public:
+    void onTouch(Touch, int32_t, int32_t) override { notes.emplace_back("touch"); }
+
+    void onVolumeKey(bool) override { notes.emplace_back("volume"); }
+
+    void onForeground() override { notes.emplace_back("foreground"); }
+
+    void onBackground() override { notes.emplace_back("background"); }
+
+    void onScreenOff() override {}
+
+    void onScreenOn() override {}
+
+    void onTerminate() override { notes.emplace_back("terminate"); }
+
+    Notes notes;
+};
+
+class Ear : public HostMicrophoneListener {
+public:
+    int32_t samplesWanted() override { return wanted; }
+
+    void onSamples() override { calls++; }
+
+    int32_t wanted = 1600;
+    int32_t calls = 0;
+};
+
+class End : public HostSpeakerListener {
+public:
+    void onClipEnd() override { ends++; }
+
+    int32_t ends = 0;
+};
+
+class SdlHostTest : public testing::Test {
+protected:
+    SdlHostTest() {
+        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        setenv("SDL_AUDIODRIVER", "disk", 1);
+        setenv("SDL_DISKAUDIOFILE", folders.path("speaker.raw").c_str(), 1);
+        setenv("SDL_DISKAUDIOFILEIN", folders.path("voice.raw").c_str(), 1);
+    }
+
+    void open(const SdlOptions& options = {}) {
+        host = std::make_unique<SdlHost>(options);
+        ASSERT_EQ("", host->open());
+        run(20);
+        heard.notes.clear();
+    }
+
+    void run(int64_t ms) {
+        const int64_t endMs = host->uptimeMs() + ms;
+        while (host->uptimeMs() < endMs) {
+            host->pump(heard, endMs - host->uptimeMs());
+        }
+    }
+
+    static void push(uint32_t type, uint8_t windowEvent = 0) {
+        SDL_Event event{};
+        event.type = type;
+        event.window.event = windowEvent;
+        SDL_PushEvent(&event);
+    }
+
+    static std::shared_ptr<const HostClip> clipOf(Samples samples) {
+        return std::make_shared<HostClip>(HostClip{std::move(samples), 8000});
+    }
+
+    TestFolders folders;
+    Heard heard;
+    std::unique_ptr<SdlHost> host;
+};
+
+}  // namespace
+
+TEST_F(SdlHostTest, nothingHappensUntilTheTimeIsUp) {
+    open();
+    const int64_t startMs = host->uptimeMs();
+    EXPECT_FALSE(host->pump(heard, 50));
+    EXPECT_LE(50, host->uptimeMs() - startMs);
+    EXPECT_FALSE(host->pump(heard, 0));
+    EXPECT_TRUE(heard.notes.empty());
+}
+
+TEST_F(SdlHostTest, oneCallbackAtATime) {
+    open();
+    push(SDL_APP_WILLENTERBACKGROUND);
+    push(SDL_QUIT);
+    EXPECT_TRUE(host->pump(heard, -1));
+    EXPECT_EQ(1U, heard.notes.size());
+    EXPECT_TRUE(host->pump(heard, -1));
+    EXPECT_EQ(2U, heard.notes.size());
+}
+
+TEST_F(SdlHostTest, signalsEndTheProgram) {
+    for (const int signal : {SIGTERM, SIGINT}) {
+        open();
+        kill(getpid(), signal);
+        EXPECT_TRUE(host->pump(heard, -1));
+        EXPECT_EQ(Notes{"terminate"}, heard.notes);
+        host.reset();
+    }
+}
+
+TEST_F(SdlHostTest, hidingIsToldOnceAndBeforeShowing) {
+    open();
+    push(SDL_WINDOWEVENT, SDL_WINDOWEVENT_HIDDEN);
+    run(50);
+    EXPECT_TRUE(heard.notes.empty());  // it may be an icon
+    run(100);
+    EXPECT_EQ(Notes{"background"}, heard.notes);
+    push(SDL_APP_WILLENTERBACKGROUND);
+    push(SDL_WINDOWEVENT, SDL_WINDOWEVENT_SHOWN);
+    run(50);
+    EXPECT_EQ(Notes{"background"}, heard.notes);
+    push(SDL_APP_DIDENTERFOREGROUND);
+    run(50);
+    EXPECT_EQ((Notes{"background", "foreground"}), heard.notes);
+}
+
+TEST_F(SdlHostTest, aGlanceAsideIsNotTheBackground) {
+    open();
+    push(SDL_WINDOWEVENT, SDL_WINDOWEVENT_FOCUS_LOST);
+    push(SDL_WINDOWEVENT, SDL_WINDOWEVENT_MINIMIZED);
+    push(SDL_WINDOWEVENT, SDL_WINDOWEVENT_HIDDEN);
+    push(SDL_WINDOWEVENT, SDL_WINDOWEVENT_SHOWN);
+    run(200);
+    EXPECT_TRUE(heard.notes.empty());
+}
+
+TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndRousesTheProgram) {
+    SdlOptions options;
+    options.hearsFile = true;
+    options.voice = TestSounds::noise(16000);
+    open(options);
+    Ear ear;
+    const int64_t startMs = host->uptimeMs();
+    EXPECT_TRUE(host->microphone()->start(ear));
+    EXPECT_TRUE(host->pump(heard, -1));
+    EXPECT_EQ(1, ear.calls);
+    EXPECT_LE(100, host->uptimeMs() - startMs);
+    Samples take(1600);
+    EXPECT_EQ(1600, host->microphone()->take(take.data(), 1600));
+    EXPECT_EQ(TestSounds::part(options.voice, 0, 1600), take);
+}
+
+TEST_F(SdlHostTest, theDevicesVoiceArrivesWhole) {
+    const Samples voice = TestSounds::noise(16000);
+    folders.write("voice.raw", TestSounds::bytes(voice));
+    open();
+    Ear ear;
+    EXPECT_TRUE(host->microphone()->isThere());
+    EXPECT_TRUE(host->microphone()->start(ear));
+    EXPECT_FALSE(host->microphone()->start(ear));
+    EXPECT_TRUE(host->pump(heard, -1));
+    Samples take(1600);
+    EXPECT_EQ(1600, host->microphone()->take(take.data(), 1600));
+    EXPECT_EQ(TestSounds::part(voice, 0, 1600), take);
+    EXPECT_TRUE(host->pump(heard, -1));
+    EXPECT_EQ(2, ear.calls);
+    host->microphone()->stop();
+    const int32_t rest = host->microphone()->take(take.data(), 1600);
+    EXPECT_EQ(TestSounds::part(voice, 1600, static_cast<size_t>(rest)),
+              TestSounds::part(take, 0, static_cast<size_t>(rest)));
+    EXPECT_LE(1600, rest);
+    run(200);
+    EXPECT_EQ(2, ear.calls);
+}
+
+TEST_F(SdlHostTest, aProgramThatWantsNoSamplesIsNotRoused) {
+    folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
+    open();
+    Ear ear;
+    ear.wanted = 0;
+    host->microphone()->start(ear);
+    run(300);
+    EXPECT_EQ(0, ear.calls);
+    host->microphone()->stop();
+}
+
+TEST_F(SdlHostTest, aClipIsPlayedWholeAtItsVolumeAndThenEnds) {
+    open();
+    End end;
+    const Samples clip = TestSounds::noise(4000);
+    const int64_t startMs = host->uptimeMs();
+    host->speaker()->setVolume(50);
+    EXPECT_TRUE(host->speaker()->play(clipOf(clip), end));
+    EXPECT_FALSE(host->speaker()->play(clipOf(clip), end));
+    while (end.ends == 0 && host->uptimeMs() - startMs < 5000) {
+        host->pump(heard, 1000);
+    }
+    EXPECT_EQ(1, end.ends);
+    EXPECT_LE(400, host->uptimeMs() - startMs);
+    host.reset();
+    Samples expected;
+    for (const int16_t sample : clip) {
+        expected.push_back(static_cast<int16_t>(sample * 50 / 100));
+    }
+    const std::string played = folders.read("speaker.raw");
+    EXPECT_EQ(TestSounds::bytes(expected), played.substr(0, 8000));
+}
+
+TEST_F(SdlHostTest, aStoppedClipDoesNotEnd) {
+    open();
+    End end;
+    host->speaker()->play(clipOf(TestSounds::noise(4000)), end);
+    run(100);
+    host->speaker()->stop();
+    run(800);
+    EXPECT_EQ(0, end.ends);
+}
+
+TEST_F(SdlHostTest, aPausedClipWaitsAndGoesOn) {
+    open();
+    End end;
+    const int64_t startMs = host->uptimeMs();
+    host->speaker()->play(clipOf(TestSounds::noise(4000)), end);
+    run(100);
+    host->speaker()->pause();
+    run(1000);
+    EXPECT_EQ(0, end.ends);
+    host->speaker()->resume();
+    while (end.ends == 0 && host->uptimeMs() - startMs < 6000) {
+        host->pump(heard, 1000);
+    }
+    EXPECT_EQ(1, end.ends);
+}
+
+TEST_F(SdlHostTest, withoutASoundSystemThereIsNoMicrophoneAndNoSpeaker) {
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    open();
+    Ear ear;
+    End end;
+    EXPECT_FALSE(host->microphone()->isThere());
+    EXPECT_FALSE(host->microphone()->start(ear));
+    EXPECT_FALSE(host->speaker()->play(clipOf({1, 2, 3}), end));
+    run(50);
+    EXPECT_EQ(0, end.ends);
+}

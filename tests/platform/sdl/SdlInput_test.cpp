@@ -1,0 +1,225 @@
+#include "SdlInput.h"
+
+#include <gtest/gtest.h>
+#include <SDL.h>
+
+namespace {
+
+using Notes = std::vector<std::string>;
+
+class Phone : public HostListener, public HostDoors, public SdlPlaces {
+public:
+    void onTouch(Touch touch, int32_t x, int32_t y) override {
+        const char* const kinds[] = {"press", "move", "release"};
+        notes.push_back(std::string(kinds[static_cast<size_t>(touch)]) + " " + std::to_string(x) +
+                        " " + std::to_string(y));
+    }
+
+    void onVolumeKey(bool up) override { notes.emplace_back(up ? "up" : "down"); }
+
+    void onForeground() override {}
+
+    void onBackground() override {}
+
+    void onScreenOff() override {}
+
+    void onScreenOn() override {}
+
+    void onTerminate() override {}
+
+    std::string screenName() override { return ""; }
+
+    int32_t currentEffect() override { return 0; }
+
+    bool saveSound() override { return false; }
+
+    bool useSound(const int16_t*, int32_t) override { return false; }
+
+    int32_t savedCount() override { return 0; }
+
+    std::string savedName() override { return ""; }
+
+    std::vector<uint8_t> canvasPng() override { return {}; }
+
+    bool navigate(HostKey key) override {
+        notes.push_back("key " + std::to_string(static_cast<int32_t>(key)));
+        return taking;
+    }
+
+    /// A window of 500 x 1000 with the display at 10, 100.
+    void fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const override {
+        fromMouse(static_cast<int32_t>(xShare * 500), static_cast<int32_t>(yShare * 1000), x, y);
+    }
+
+    void fromMouse(int32_t mouseX, int32_t mouseY, int32_t& x, int32_t& y) const override {
+        x = mouseX - 10;
+        y = mouseY - 100;
+    }
+
+    Notes notes;
+    bool taking = true;
+};
+
+class SdlInputTest : public testing::Test {
+protected:
+    bool mouse(
+        uint32_t type, int32_t x, int32_t y, uint8_t button = SDL_BUTTON_LEFT, uint8_t clicks = 1) {
+        SDL_Event event{};
+        event.type = type;
+        if (type == SDL_MOUSEMOTION) {
+            event.motion.x = x;
+            event.motion.y = y;
+        } else {
+            event.button.button = button;
+            event.button.clicks = clicks;
+            event.button.x = x;
+            event.button.y = y;
+        }
+        return input.handle(event, phone, &phone);
+    }
+
+    void click(int32_t x, int32_t y, uint8_t clicks = 1) {
+        mouse(SDL_MOUSEBUTTONDOWN, x, y, SDL_BUTTON_LEFT, clicks);
+        mouse(SDL_MOUSEBUTTONUP, x, y, SDL_BUTTON_LEFT, clicks);
+    }
+
+    bool finger(uint32_t type, int64_t id, float xShare, float yShare) {
+        SDL_Event event{};
+        event.type = type;
+        event.tfinger.fingerId = id;
+        event.tfinger.x = xShare;
+        event.tfinger.y = yShare;
+        return input.handle(event, phone, &phone);
+    }
+
+    bool key(SDL_Keycode code, uint16_t modifiers = 0, uint8_t repeat = 0) {
+        SDL_Event event{};
+        event.type = SDL_KEYDOWN;
+        event.key.keysym.sym = code;
+        event.key.keysym.mod = modifiers;
+        event.key.repeat = repeat;
+        return input.handle(event, phone, &phone);
+    }
+
+    Phone phone;
+    SdlInput input{phone};
+};
+
+}  // namespace
+
+TEST_F(SdlInputTest, theMouseIsAFingerWhileItsButtonIsDown) {
+    EXPECT_FALSE(mouse(SDL_MOUSEMOTION, 50, 150));
+    EXPECT_TRUE(mouse(SDL_MOUSEBUTTONDOWN, 50, 150));
+    EXPECT_TRUE(mouse(SDL_MOUSEMOTION, 60, 160));
+    EXPECT_TRUE(mouse(SDL_MOUSEBUTTONUP, 70, 170));
+    EXPECT_FALSE(mouse(SDL_MOUSEMOTION, 80, 180));
+    EXPECT_EQ((Notes{"press 40 50", "move 50 60", "release 60 70"}), phone.notes);
+}
+
+TEST_F(SdlInputTest, otherButtonsAreNoFinger) {
+    EXPECT_FALSE(mouse(SDL_MOUSEBUTTONDOWN, 50, 150, SDL_BUTTON_RIGHT));
+    EXPECT_TRUE(mouse(SDL_MOUSEBUTTONDOWN, 50, 150));
+    EXPECT_FALSE(mouse(SDL_MOUSEBUTTONUP, 50, 150, SDL_BUTTON_RIGHT));
+    EXPECT_TRUE(mouse(SDL_MOUSEBUTTONUP, 50, 150));
+}
+
+TEST_F(SdlInputTest, aTouchInTheBandsIsNoTouch) {
+    for (const auto& [x, y] : {std::pair{9, 500}, {490, 500}, {200, 99}, {200, 900}}) {
+        EXPECT_FALSE(mouse(SDL_MOUSEBUTTONDOWN, x, y));
+        EXPECT_FALSE(mouse(SDL_MOUSEMOTION, 200, 500));
+        EXPECT_FALSE(mouse(SDL_MOUSEBUTTONUP, 200, 500));
+    }
+    EXPECT_TRUE(phone.notes.empty());
+}
+
+TEST_F(SdlInputTest, theDisplaysEdgesBelongToIt) {
+    click(10, 100);
+    click(489, 899);
+    EXPECT_EQ((Notes{"press 0 0", "release 0 0", "press 479 799", "release 479 799"}), phone.notes);
+}
+
+TEST_F(SdlInputTest, aFingerThatLeavesTheDisplayGoesOnAtItsEdge) {
+    mouse(SDL_MOUSEBUTTONDOWN, 100, 500);
+    mouse(SDL_MOUSEMOTION, -50, 20);
+    mouse(SDL_MOUSEBUTTONUP, 2000, 2000);
+    EXPECT_EQ((Notes{"press 90 400", "move 0 0", "release 479 799"}), phone.notes);
+}
+
+TEST_F(SdlInputTest, onlyTheFirstFingerCounts) {
+    EXPECT_TRUE(finger(SDL_FINGERDOWN, 7, 0.5F, 0.5F));
+    EXPECT_FALSE(finger(SDL_FINGERDOWN, 8, 0.2F, 0.2F));
+    EXPECT_FALSE(finger(SDL_FINGERMOTION, 8, 0.3F, 0.3F));
+    EXPECT_TRUE(finger(SDL_FINGERMOTION, 7, 0.6F, 0.5F));
+    EXPECT_FALSE(finger(SDL_FINGERUP, 8, 0.3F, 0.3F));
+    EXPECT_TRUE(finger(SDL_FINGERUP, 7, 0.6F, 0.5F));
+    EXPECT_EQ((Notes{"press 240 400", "move 290 400", "release 290 400"}), phone.notes);
+}
+
+TEST_F(SdlInputTest, theSecondFingerIsNotTheFirstOnceThatIsGone) {
+    finger(SDL_FINGERDOWN, 7, 0.5F, 0.5F);
+    finger(SDL_FINGERDOWN, 8, 0.2F, 0.2F);
+    finger(SDL_FINGERUP, 7, 0.5F, 0.5F);
+    EXPECT_FALSE(finger(SDL_FINGERMOTION, 8, 0.3F, 0.3F));
+    EXPECT_FALSE(finger(SDL_FINGERUP, 8, 0.3F, 0.3F));
+    EXPECT_TRUE(finger(SDL_FINGERDOWN, 9, 0.3F, 0.3F));
+}
+
+TEST_F(SdlInputTest, aMouseBesideAFingerIsNotHeard) {
+    finger(SDL_FINGERDOWN, 7, 0.5F, 0.5F);
+    EXPECT_FALSE(mouse(SDL_MOUSEBUTTONDOWN, 50, 150));
+    EXPECT_FALSE(mouse(SDL_MOUSEBUTTONUP, 50, 150));
+    EXPECT_TRUE(finger(SDL_FINGERUP, 7, 0.5F, 0.5F));
+}
+
+TEST_F(SdlInputTest, theSecondHalfOfADoubleClickIsDroppedOnTheSoftKeys) {
+    click(200, 836);  // the bar's first row
+    click(200, 836, 2);
+    EXPECT_EQ(2U, phone.notes.size());
+    click(200, 836, 3);
+    EXPECT_EQ(4U, phone.notes.size());
+}
+
+TEST_F(SdlInputTest, aDoubleClickAboveTheSoftKeysIsTwoTouches) {
+    click(200, 835);
+    click(200, 835, 2);
+    EXPECT_EQ(4U, phone.notes.size());
+}
+
+TEST_F(SdlInputTest, keysOfTheVolume) {
+    for (const SDL_Keycode code : {SDLK_VOLUMEUP, SDLK_PLUS, SDLK_EQUALS, SDLK_KP_PLUS}) {
+        EXPECT_TRUE(key(code));
+    }
+    for (const SDL_Keycode code : {SDLK_VOLUMEDOWN, SDLK_MINUS, SDLK_KP_MINUS}) {
+        EXPECT_TRUE(key(code));
+    }
+    EXPECT_EQ((Notes{"up", "up", "up", "up", "down", "down", "down"}), phone.notes);
+}
+
+TEST_F(SdlInputTest, keysOfNavigation) {
+    for (const SDL_Keycode code : {SDLK_UP, SDLK_DOWN, SDLK_LEFT, SDLK_RIGHT, SDLK_RETURN,
+                                   SDLK_KP_ENTER, SDLK_SPACE, SDLK_F1, SDLK_F2, SDLK_ESCAPE}) {
+        EXPECT_TRUE(key(code));
+    }
+    EXPECT_EQ((Notes{"key -1", "key -2", "key -3", "key -4", "key -5", "key -5", "key -5", "key -6",
+                     "key -7", "key -7"}),
+              phone.notes);
+}
+
+TEST_F(SdlInputTest, otherKeysHeldKeysAndShortcutsAreNone) {
+    EXPECT_FALSE(key(SDLK_a));
+    EXPECT_FALSE(key(SDLK_F12));
+    EXPECT_FALSE(key(SDLK_RIGHT, 0, 1));
+    EXPECT_FALSE(key(SDLK_RETURN, KMOD_LALT));
+    EXPECT_FALSE(key(SDLK_PLUS, KMOD_LCTRL));
+    EXPECT_TRUE(key(SDLK_PLUS, KMOD_LSHIFT | KMOD_NUM));
+    EXPECT_EQ(Notes{"up"}, phone.notes);
+}
+
+TEST_F(SdlInputTest, aKeyThatNobodyTakesIsNoCallback) {
+    phone.taking = false;
+    EXPECT_FALSE(key(SDLK_RIGHT));
+    SDL_Event event{};
+    event.type = SDL_KEYDOWN;
+    event.key.keysym.sym = SDLK_RIGHT;
+    EXPECT_FALSE(input.handle(event, phone, nullptr));
+}

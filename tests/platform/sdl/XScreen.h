@@ -1,0 +1,35 @@
+// A look at the X server's screen, past the window library.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class XScreen {
+public:
+    XScreen();
+    XScreen(const XScreen&) = delete;
+    XScreen& operator=(const XScreen&) = delete;
+    ~XScreen();
+
+    bool isOpen() const { return display != nullptr; }
+
+    /// 0x00RRGGBB, row by row.
+    std::vector<uint32_t> pixels(int32_t x, int32_t y, int32_t width, int32_t height);
+
+    uint32_t pixel(int32_t x, int32_t y) { return pixels(x, y, 1, 1)[0]; }
+
+    /// The window of that title, 0 if there is none.
+    uint64_t windowOf(const std::string& title);
+
+    /// As a window manager does when the user closes a window, or makes it an icon.
+    void askToClose(uint64_t window);
+    void noteIcon(uint64_t window);
+
+    void map(uint64_t window);
+    void unmap(uint64_t window);
+    void resize(uint64_t window, int32_t width, int32_t height);
+
+private:
+    void* display = nullptr;
+};
