@@ -13,3 +13,13 @@ foreach(script ${flow_scripts})
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(flow/${flow} PROPERTIES TIMEOUT 300)
 endforeach()
+
+foreach(case script-mistakes usage failed-expectations pictures-missing home-not-writable
+        settings-not-writable second-instance)
+    add_test(NAME flow-status/${case}
+        COMMAND flows/run-status.sh ${case} $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_tests_properties(flow-status/${case} PROPERTIES
+        TIMEOUT 300
+        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+endforeach()

@@ -1,6 +1,7 @@
 // What the outside may ask of the program, screen by screen.
 #include "AppImage.h"
 #include "AudioDev.h"
+#include "Event.h"
 #include "G.h"
 #include "GameInterface.h"
 #include "GEngine.h"
@@ -8,6 +9,7 @@
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspApp.h"
+#include "OspGraphics.h"
 #include "Res.h"
 #include "SkBar.h"
 #include "SoundHost.h"
@@ -29,7 +31,10 @@ class DoorsHost : public SoundHost {
 public:
     void setDoors(HostDoors* offered) override { doors = offered; }
 
+    void frameShown(HostFrame* newest) override { frame = newest; }
+
     HostDoors* doors = nullptr;
+    HostFrame* frame = nullptr;
 };
 
 class GameInterfaceTest : public testing::Test {
@@ -205,6 +210,56 @@ TEST_F(GameInterfaceTest, displayPixelsAreHalvedAndThePictureBeginsAtRow160) {
     game->OnPointerReleased(320, 160 + 2 * 288);
     tick();
     EXPECT_FALSE(GameInterface::Active);
+}
+
+TEST_F(GameInterfaceTest, aFrameIsThePictureDoubledAtRow160WithTheBorderAroundIt) {
+    Osp::Graphics::Canvas canvas;
+    game->AppPaint(&canvas);
+    canvas.Show();
+    ASSERT_NE(nullptr, host.frame);
+    std::vector<uint16_t> display(480 * 800);
+    host.frame->compose(display.data(), 960);
+    const auto at = [&](int32_t x, int32_t y) { return display[static_cast<size_t>(y * 480 + x)]; };
+    for (const int32_t x : {0, 240, 479}) {
+        // 0x10 in each channel is 2 in five bits and 4 in six.
+        EXPECT_EQ(0x1082, at(x, 0));
+        EXPECT_EQ(0x1082, at(x, 159));
+    }
+    for (int32_t y = 0; y < 320; y += 7) {
+        for (int32_t x = 0; x < 240; x += 11) {
+            const uint32_t argb = Orm::getScreen()->get(x, y);
+            const auto wanted = static_cast<uint16_t>((argb >> 8 & 0xF800) | (argb >> 5 & 0x07E0) |
+                                                      (argb >> 3 & 0x001F));
+            for (const int32_t d : {0, 1}) {
+                ASSERT_EQ(wanted, at(2 * x + d, 160 + 2 * y)) << x << " " << y;
+                ASSERT_EQ(wanted, at(2 * x + d, 161 + 2 * y)) << x << " " << y;
+            }
+        }
+    }
+}
+
+TEST_F(GameInterfaceTest, aFrameIsOneTickBeforeItIsPainted) {
+    Osp::Graphics::Canvas canvas;
+    Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_RSK, nullptr, 0);
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+    game->AppPaint(&canvas);
+    EXPECT_FALSE(GameInterface::Active);
+    ASSERT_NE(nullptr, Orm::firstEvent);
+    EXPECT_EQ(nullptr, Orm::firstEvent->next);
+}
+
+TEST_F(GameInterfaceTest, aPhoneThatHadItsVoiceBackIsAskedAboutAgain) {
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    host.silent = false;
+    game->AppPause();
+    game->AppResume();
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_TRUE(OrmCanvas::showIsSilentPopup);
+    EXPECT_TRUE(Orm::isPaused());
 }
 
 TEST_F(GameInterfaceTest, aSilentPhoneAtTheResumeIsAskedAboutOnlyOnce) {

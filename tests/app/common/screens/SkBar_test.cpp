@@ -167,6 +167,16 @@ TEST_F(SkBarTest, otherEventsChooseNothing) {
     EXPECT_EQ(Orm::EV_ST_KEY_LSK, SkBar::pressed);
 }
 
+TEST_F(SkBarTest, aTouchedKeyStaysHeldDownUntilALabelOrAReleaseFollows) {
+    setThree();
+    touchAt(40, 300);
+    touchAt(120, 100);
+    send(Orm::EV_T_UPDATE, nullptr);
+    EXPECT_EQ(Orm::EV_ST_KEY_LSK, SkBar::pressed);
+    letGo(Orm::EV_ST_KEY_LSK);
+    EXPECT_EQ(nullptr, SkBar::pressed);
+}
+
 TEST_F(SkBarTest, newLabelsLetGoOfTheKey) {
     setThree();
     press(Orm::EV_ST_KEY_LSK);
