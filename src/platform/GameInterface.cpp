@@ -1,6 +1,7 @@
 #include "GameInterface.h"
 
 #include "AppImage.h"
+#include "Arithmetic.h"
 #include "AudioDev.h"
 #include "CanvasGraphics.h"
 #include "FileOps.h"
@@ -42,7 +43,7 @@ int32_t canvasX(int32_t displayX) {
 }
 
 int32_t canvasY(int32_t displayY) {
-    return (displayY - kPictureTopPx) >> 1;
+    return wrapSub(displayY, kPictureTopPx) >> 1;
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "ProgramFolders.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -59,6 +60,9 @@ std::string chosenHome(const std::string& given) {
     if (!fromEnvironment.empty()) {
         return fromEnvironment;
     }
+    if (environment("HOME").empty() && environment("XDG_DATA_HOME").empty()) {
+        return "";
+    }
     const std::string music = musicFolder();
     return !music.empty() ? music : xdgFolder("XDG_DATA_HOME", ".local/share") + "/murmelo";
 }
@@ -89,8 +93,14 @@ ProgramFolders::find(const std::string& home, const std::string& config, HostFol
     folders.res = fs::canonical(data / "Res", error).string();
     folders.framework = fs::canonical(data / "framework", error).string();
     const std::string wanted = chosenHome(home);
+    if (wanted.empty()) {
+        return "there is no home folder: neither --home nor MURMELO_HOME nor HOME is set";
+    }
+    error.clear();
     fs::create_directories(wanted, error);
-    folders.home = fs::canonical(wanted, error).string();
+    if (!error) {
+        folders.home = fs::canonical(wanted, error).string();
+    }
     if (error) {
         return "the home folder \"" + wanted + "\" cannot be made: " + error.message();
     }
@@ -121,7 +131,16 @@ std::string HomeLock::take(const std::string& home) {
         const std::string reason = std::error_code(errno, std::generic_category()).message();
         return "the home folder \"" + home + "\" cannot be written: " + reason;
     }
+    if (::access(home.c_str(), W_OK) !=
+        0) {  // an old lock can still be opened where nothing new can be made
+        const std::string reason = std::error_code(errno, std::generic_category()).message();
+        return "the home folder \"" + home + "\" cannot be written: " + reason;
+    }
     if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK) {
+            const std::string reason = std::error_code(errno, std::generic_category()).message();
+            return "the home folder \"" + home + "\" cannot be locked: " + reason;
+        }
         return "Murmelo is already running with the home folder \"" + home + "\"";
     }
     return "";

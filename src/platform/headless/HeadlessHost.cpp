@@ -61,14 +61,13 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     if (status == kOk && (ears.deliver() || voice.deliver())) {
         return true;
     }
-    if (timeoutMs == 0) {
+    if (timeoutMs == 0 && status == kOk && !awaitedScreenCame()) {
         framesAtThisTime++;
-        if (framesAtThisTime > kMostFramesAtOnce && status == kOk) {
-            fail(script[next > 0 ? next - 1 : 0], "the program never comes to rest");
-        }
-        if (status == kOk) {
+        if (framesAtThisTime <= kMostFramesAtOnce) {
             return false;
         }
+        failure = "the program never comes to rest";
+        status = kFailed;
     }
     while (status == kOk && pending.empty()) {
         if (waiting && !waitOver(timeoutMs)) {
@@ -99,6 +98,19 @@ void HeadlessHost::watch() {
         watchedScreen.clear();
         writeCanvas(script[next - 1], watchedFile);
     }
+}
+
+/// An "until" looks at every frame, also while more is due, and begins with the frames of the
+/// command before it: so it meets a screen that lasts only as long as its work. A screen that is
+/// there already is awaited anew, at rest.
+bool HeadlessHost::awaitedScreenCame() {
+    const bool untilIsNext = !waiting && pending.empty() && next < script.size() &&
+                             script[next].verb == ScriptVerb::kUntil;
+    if (untilIsNext && doors != nullptr && doors->screenName() != script[next].text) {
+        next++;
+        start(script[next - 1]);
+    }
+    return waiting && awaitedScreenIsThere();
 }
 
 bool HeadlessHost::awaitedScreenIsThere() const {
@@ -245,7 +257,7 @@ void HeadlessHost::startSound(const ScriptCommand& command) {
         ears.setVoice(std::move(samples));
     }
     if (!wrong.empty()) {
-        fail(command, wrong);
+        mistake(command, wrong);
     }
 }
 
@@ -274,15 +286,14 @@ void HeadlessHost::swipe(bool left) {
 }
 
 void HeadlessHost::takeShot(const ScriptCommand& command) {
-    if (frame == nullptr) {
+    if (frame == nullptr && lastPicture.empty()) {
         fail(command, "there is no picture yet");
         return;
     }
-    std::vector<uint16_t> pixels(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
-    frame->compose(pixels.data(), HostFrame::kWidthPx * 2);
+    const std::vector<uint16_t> pixels = frame != nullptr ? pictureOf(*frame) : lastPicture;
     if (!PngFile::writeRgb565(command.text, pixels.data(), HostFrame::kWidthPx,
                               HostFrame::kHeightPx)) {
-        fail(command, inQuotes(command.text) + " cannot be written");
+        mistake(command, inQuotes(command.text) + " cannot be written");
     }
 }
 
@@ -307,7 +318,7 @@ void HeadlessHost::writeCanvas(const ScriptCommand& command, const std::string& 
     std::ofstream file(path, std::ios::binary);
     file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
     if (png.empty() || !file.flush()) {
-        fail(command, inQuotes(path) + " cannot be written");
+        mistake(command, inQuotes(path) + " cannot be written");
     }
 }
 
@@ -315,7 +326,7 @@ void HeadlessHost::useSoundFile(const ScriptCommand& command) {
     std::vector<int16_t> samples;
     const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
     if (!wrong.empty()) {
-        fail(command, wrong);
+        mistake(command, wrong);
         return;
     }
     pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {
@@ -372,6 +383,26 @@ bool HeadlessHost::fails(const char* operation) {
     }
     failures.erase(found);
     return true;
+}
+
+void HeadlessHost::frameShown(HostFrame* newest) {
+    if (newest == nullptr && frame != nullptr) {
+        lastPicture = pictureOf(*frame);  // the display keeps it until the next frame
+    }
+    frame = newest;
+}
+
+std::vector<uint16_t> HeadlessHost::pictureOf(HostFrame& shown) {
+    std::vector<uint16_t> pixels(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
+    shown.compose(pixels.data(), HostFrame::kWidthPx * 2);
+    return pixels;
+}
+
+/// What cannot be done because the script asks for it wrongly: a file that is not there, a place
+/// that cannot be written.
+void HeadlessHost::mistake(const ScriptCommand& command, const std::string& message) {
+    fail(command, message);
+    status = kUsage;
 }
 
 void HeadlessHost::fail(const ScriptCommand& command, const std::string& message) {

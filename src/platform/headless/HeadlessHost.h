@@ -49,7 +49,7 @@ public:
 
     bool pump(HostListener& listener, int64_t timeoutMs) override;
 
-    void frameShown(HostFrame* newest) override { frame = newest; }
+    void frameShown(HostFrame* newest) override;
 
     HostMicrophone* microphone() override { return &ears; }
 
@@ -68,7 +68,10 @@ private:
     /// How long until the program or its sound has something to do, -1 if neither.
     int64_t longestSleep(int64_t timeoutMs) const;
     void watch();
+    bool awaitedScreenCame();
     bool awaitedScreenIsThere() const;
+    static std::vector<uint16_t> pictureOf(HostFrame& shown);
+    void mistake(const ScriptCommand& command, const std::string& message);
     void start(const ScriptCommand& command);
     void startTouch(const ScriptCommand& command);
     void startDevice(const ScriptCommand& command);
@@ -107,6 +110,7 @@ private:
     std::map<std::string, int64_t> failures;  // operation, calls until it fails
 
     HostFrame* frame = nullptr;
+    std::vector<uint16_t> lastPicture;  // of a frame that is gone; empty before the first
     HostDoors* doors = nullptr;
     bool ended = false;
     std::string failure;

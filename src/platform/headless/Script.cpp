@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <set>
 #include <sstream>
 #include <system_error>
 
@@ -84,6 +85,40 @@ bool isNumber(const std::string& word, int64_t& number) {
            number <= INT32_MAX;
 }
 
+/// Every operation of the platform that can be told to fail.
+bool isOperation(const std::string& word) {
+    static const std::set<std::string> kOperations = {
+        "AppRegistry.Write",    "AudioIn.AddBuffer",
+        "AudioIn.Construct",    "AudioIn.Prepare",
+        "AudioIn.Reset",        "AudioIn.Start",
+        "AudioIn.Stop",         "AudioIn.Unprepare",
+        "Canvas.Show",          "Directory.Construct",
+        "Directory.Create",     "Directory.Read",
+        "File.Construct",       "File.Copy",
+        "File.Flush",           "File.Read",
+        "File.Remove",          "File.Seek",
+        "File.Write",           "Player.Close",
+        "Player.Construct",     "Player.OpenFile",
+        "Player.Play",          "Player.SetVolume",
+        "Player.Stop",          "RuntimeInfo.GetValue",
+        "SettingInfo.GetValue",
+    };
+    return kOperations.count(word) != 0;
+}
+
+/// Empty, or what is wrong with arguments that have the right form.
+std::string checkValues(const ScriptCommand& command) {
+    if (command.verb == ScriptVerb::kFail) {
+        if (!isOperation(command.text)) {
+            return "there is no operation \"" + command.text + "\"";
+        }
+        return command.numbers[0] < 1 ? "the calls of an operation count from 1" : "";
+    }
+    const bool waits = command.verb == ScriptVerb::kWait || command.verb == ScriptVerb::kUntil;
+    return waits && !command.numbers.empty() && command.numbers[0] < 0 ? "time does not go back"
+                                                                       : "";
+}
+
 std::string joined(const std::vector<std::string>& words) {
     std::string text;
     for (const std::string& word : words) {
@@ -141,7 +176,10 @@ std::string Script::parse(const std::string& text, std::vector<ScriptCommand>& c
         ScriptCommand command;
         command.verb = form->verb;
         command.line = number;
-        const std::string wrong = readArguments(*form, words, nameWords, command);
+        std::string wrong = readArguments(*form, words, nameWords, command);
+        if (wrong.empty()) {
+            wrong = checkValues(command);
+        }
         if (!wrong.empty()) {
             return where + wrong;
         }

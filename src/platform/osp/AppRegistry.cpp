@@ -37,7 +37,10 @@ bool parse(const std::string& text, std::map<std::string, std::string>& values) 
     size_t start = 0;
     while (start < text.size()) {
         const size_t end = std::min(text.find('\n', start), text.size());
-        const std::string line = text.substr(start, end - start);
+        std::string line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r') {
+            line.pop_back();  // edited on another system
+        }
         start = end + 1;
         if (line.empty() || line[0] == '#') {
             continue;

@@ -27,7 +27,9 @@ bool isEmpty(const Rectangle& r) {
 }
 
 /// Two equal pixels for each source pixel, written as whole words.
-void doubleRow(const uint16_t* __restrict source, uint16_t* __restrict target, size_t sourcePixels) {
+void doubleRow(const uint16_t* __restrict source,
+               uint16_t* __restrict target,
+               size_t sourcePixels) {
     for (size_t i = 0; i < sourcePixels; i++) {
         const uint32_t pixel = source[i];
         const uint32_t pair = pixel | (pixel << 16);
@@ -128,41 +130,46 @@ void Canvas::keep(Operation operation) {
 }
 
 void Canvas::compose(uint16_t* pixels, int32_t strideBytes) {
-    const uint16_t* above = nullptr;
+    const Operation* above = nullptr;  // what drew the row above, all by itself
     for (int32_t y = 0; y < kHeightPx; y++) {
         uint16_t* row = pixels + static_cast<ptrdiff_t>(y) * (strideBytes / 2);
-        composeRow(row, above, y);
-        above = row;
+        size_t first = 0;
+        const Operation* sole = soleOperation(y, first);
+        const bool again = sole != nullptr && sole == above && sole->pixels != nullptr &&
+                           sourceRow(*sole, y) == sourceRow(*sole, y - 1);
+        if (again) {
+            std::copy_n(row - strideBytes / 2, sole->visible.width, row);
+        } else {
+            composeRow(row, y, first);
+        }
+        above = sole;
     }
 }
 
-void Canvas::composeRow(uint16_t* row, const uint16_t* rowAbove, int32_t y) const {
-    // What lies below an operation that covers the whole row is never seen: begin with the
-    // uppermost such one.
-    size_t first = 0;
-    bool covered = false;
-    size_t inRow = 0;
+/// What lies below an operation that covers the whole row is never seen: first becomes the
+/// uppermost such one.
+const Canvas::Operation* Canvas::soleOperation(int32_t y, size_t& first) const {
+    const Operation* sole = nullptr;
     for (size_t i = 0; i < keptCount; i++) {
         const Rectangle& visible = kept[i].visible;
         if (y < visible.y || y >= visible.y + visible.height) {
             continue;
         }
-        inRow++;
+        sole = nullptr;
         if (visible.width == kWidthPx) {
             first = i;
-            covered = true;
-            inRow = 1;
+            sole = &kept[i];
         }
     }
+    return sole;
+}
+
+void Canvas::composeRow(uint16_t* row, int32_t y, size_t first) const {
+    const bool covered = keptCount > 0 && kept[first].visible.width == kWidthPx &&
+                         y >= kept[first].visible.y &&
+                         y < kept[first].visible.y + kept[first].visible.height;
     if (!covered) {
         std::fill(row, row + kWidthPx, uint16_t{0});
-    }
-    const bool alone = covered && inRow == 1;
-    if (alone && kept[first].pixels != nullptr && rowAbove != nullptr &&
-        y > kept[first].visible.y && sourceRow(kept[first], y) == sourceRow(kept[first], y - 1)) {
-        // The row above was drawn from the same source row, by the same operation.
-        std::copy_n(rowAbove, kept[first].visible.width, row);
-        return;
     }
     for (size_t i = first; i < keptCount; i++) {
         const Rectangle& visible = kept[i].visible;

@@ -124,7 +124,9 @@ private:
     bool takeChange() override;
 
     void keep(Operation operation);
-    void composeRow(uint16_t* row, const uint16_t* rowAbove, int32_t y) const;
+    /// The one operation that gives a row all its pixels, null if there are several or none.
+    const Operation* soleOperation(int32_t y, size_t& first) const;
+    void composeRow(uint16_t* row, int32_t y, size_t first) const;
     static void drawRow(const Operation& operation, uint16_t* row, int32_t y);
     static int32_t sourceRow(const Operation& operation, int32_t y);
 

@@ -41,4 +41,7 @@ TEST(Script, namesTheLineOfAMistake) {
     EXPECT_EQ("line 1: \"6\" is too much", mistakeIn("wait 5 6"));
     EXPECT_EQ("line 1: \"swipe\" wants left or right", mistakeIn("swipe up"));
     EXPECT_EQ("line 1: there is no command \"expect\"", mistakeIn("expect nothing"));
+    EXPECT_EQ("line 1: there is no operation \"File.Nonsense\"", mistakeIn("fail File.Nonsense 3"));
+    EXPECT_EQ("line 1: the calls of an operation count from 1", mistakeIn("fail File.Write 0"));
+    EXPECT_EQ("line 1: time does not go back", mistakeIn("wait -5"));
 }

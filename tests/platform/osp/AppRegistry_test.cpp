@@ -57,6 +57,13 @@ TEST_F(AppRegistryTest, otherKeysAndCommentsAreKeptOrPassedOver) {
     EXPECT_EQ(-30, x);
 }
 
+TEST_F(AppRegistryTest, linesMayEndAsOnOtherSystems) {
+    openOn("lang=2\r\n\r\n# comment\r\n");
+    int lang = -1;
+    EXPECT_EQ(E_SUCCESS, registry.Get("lang", lang));
+    EXPECT_EQ(2, lang);
+}
+
 TEST_F(AppRegistryTest, aValueThatIsNoIntegerFailsAndLeavesTheVariable) {
     openOn("lang=two\nbig=99999999999\n");
     int lang = -1;

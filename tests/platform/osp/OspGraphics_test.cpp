@@ -90,6 +90,16 @@ TEST_F(OspGraphicsTest, laterPaintingLiesAboveEarlier) {
     EXPECT_EQ(pixels[9 * 240 + 9], at(shown, 124, 124));
 }
 
+TEST_F(OspGraphicsTest, aSpotOnOneRowOfADoubledPictureStaysOnThatRow) {
+    canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
+    canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
+    canvas->FillRectangle(Color(0xFFFFFFFF), {10, 200, 4, 1});
+    const std::vector<uint16_t> shown = display();
+    EXPECT_EQ(0xFFFF, at(shown, 10, 200));
+    EXPECT_EQ(pixels[20 * 240 + 5], at(shown, 10, 201));
+    EXPECT_EQ(pixels[20 * 240 + 4], at(shown, 9, 200));
+}
+
 TEST_F(OspGraphicsTest, anyScaleRepeatsOrLeavesOutPixels) {
     canvas->DrawBitmap({1, 0, 7, 5}, bitmap, {3, 2, 4, 10});
     const std::vector<uint16_t> shown = display();

@@ -30,6 +30,7 @@
 #include "WpMicPostProc.h"
 
 #include <algorithm>
+#include <cassert>
 
 using Osp::Base::String;
 
@@ -274,6 +275,7 @@ void G::setMrmFolderUri(String* uri) {
 }
 
 bool G::usesMemCard() {
+    assert(mrmFolderUri != nullptr);  // the start names the folder before any screen asks
     return mrmFolderUri->StartsWith(*FileOps::URI_MEM_CARD_ROOT, 0);
 }
 
@@ -284,7 +286,7 @@ void G::setDirTones() {
 }
 
 void G::deleteRecordedAndProcessed() {
-    if (mrmFolderUri != nullptr) {
+    if (mrmFolderUri != nullptr && uriPartWavRecorded != nullptr) {
         FileOps::deleteFile(mrmFolderUri, uriPartWavRecorded);
         FileOps::deleteFile(mrmFolderUri, uriPartWavProcessed);
     }

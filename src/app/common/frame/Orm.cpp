@@ -6,6 +6,7 @@
 #include "Bounds.h"
 #include "Event.h"
 #include "GnoImage.h"
+#include "InputStream.h"
 #include "Listener.h"
 #include "OrmCanvas.h"
 #include "OspBase.h"
@@ -88,6 +89,7 @@ void Orm::static_dtor() {
     receivers = nullptr;
     delete canvas;
     canvas = nullptr;
+    midlet = nullptr;
 }
 
 void Orm::schedEvent(String* type, String* subType, GnoObject* payload, int32_t delayMs) {
@@ -234,7 +236,14 @@ AppImage* Orm::getScreen() {
 }
 
 AppImage* Orm::loadImage(InputStream* in) {
-    const std::unique_ptr<GnoImage> decoded(GnoImage::createImage(in));
+    const int32_t bytes = in->available();
+    if (bytes < 1 || bytes > kMaxArrayLength) {
+        return nullptr;
+    }
+    auto* data = newArray<signed char>(bytes);
+    in->read(data);
+    const std::unique_ptr<GnoImage> decoded(GnoImage::createImage(data, 0, bytes));
+    deleteArrFunc(data);
     const int32_t w = decoded->getWidth();
     const int32_t h = decoded->getHeight();
     if (w < 1 || h < 1) {
