@@ -22,4 +22,3 @@ endif()
 
 # Asserts stay on in the optimised build; its loops are written for the vectoriser.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3")
-set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g")

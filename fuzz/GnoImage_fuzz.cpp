@@ -8,18 +8,24 @@
 
 namespace {
 
-constexpr int32_t kMaxPixels = 1 << 16;  // of the inputs worth the time; the cap has its own test
-constexpr size_t kHeaderBytes = 33;
+constexpr int64_t kMaxPixels = 1 << 14;  // of the inputs worth the time; the cap has its own test
 
-/// Files that announce a large picture in their first chunk would only cost time.
+/// Whether some header in the file announces a large picture, which would only cost time.
 bool isLarge(const uint8_t* data, size_t size) {
-    if (size < kHeaderBytes || std::memcmp(data + 12, "IHDR", 4) != 0) {
-        return false;
-    }
     const auto edge = [data](size_t at) {
         return int64_t{data[at]} << 24 | data[at + 1] << 16 | data[at + 2] << 8 | data[at + 3];
     };
-    return edge(16) > kMaxPixels || edge(20) > kMaxPixels || edge(16) * edge(20) > kMaxPixels;
+    for (size_t at = 0; at + 12 <= size; at++) {
+        if (std::memcmp(data + at, "IHDR", 4) != 0) {
+            continue;
+        }
+        const int64_t w = edge(at + 4);
+        const int64_t h = edge(at + 8);
+        if (w > 0 && h > 0 && (w > kMaxPixels || h > kMaxPixels || w * h > kMaxPixels)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace

@@ -53,16 +53,16 @@ Sound EffectRun::apply(Sound sound) {
     return sound != nullptr ? run(*processor, effectName, sound) : nullptr;
 }
 
-Sound EffectRun::run(WavProc& processor, const char* step, const Sound& sound) {
-    processor.init(sound.get(), WavFile::kRateHz);
-    while (processor.getLastProgress() < WavProc::kFinished) {
-        const int32_t done = processor.process();
+Sound EffectRun::run(WavProc& work, const char* step, const Sound& sound) {
+    work.init(sound.get(), WavFile::kRateHz);
+    while (work.getLastProgress() < WavProc::kFinished) {
+        const int32_t done = work.process();
         if (done < 0) {
             return nullptr;
         }
         progress.show(step, done, WavProc::kFinished);
     }
-    return Sound(processor.getResult());
+    return Sound(work.getResult());
 }
 
 const char* EffectRun::description(int32_t effect) {

@@ -95,7 +95,10 @@ bool InputFile::keep(int pipe) {
         wrong = "more than 1 GiB came through the pipe, which is no sound for an effect";
         return false;
     }
-    return got == 0 || complain("cannot be kept in a temporary file", stopped);
+    if (got > 0 || lseek(kept, 0, SEEK_SET) != 0) {
+        return complain("cannot be kept in a temporary file", got > 0 ? stopped : errno);
+    }
+    return true;
 }
 
 int64_t InputFile::readAt(void* bytes, int64_t count, int64_t offset) const {

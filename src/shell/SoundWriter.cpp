@@ -114,12 +114,12 @@ std::string encode(int format, const int32_t* samples, Memory& memory) {
         return sf_strerror(nullptr);
     }
     std::string wrong;
-    std::array<short, kBlockSamples> block{};
+    std::array<int16_t, kBlockSamples> block{};
     for (int32_t done = 0; done < length(samples) && wrong.empty();) {
         const int32_t count = std::min(kBlockSamples, length(samples) - done);
         // The low 16 bits, as in a WAV file.
         std::transform(samples + done, samples + done + count, block.begin(),
-                       [](int32_t sample) { return static_cast<short>(sample); });
+                       [](int32_t sample) { return static_cast<int16_t>(sample); });
         if (sf_write_short(file, block.data(), count) != count) {
             wrong = sf_strerror(file);
         }

@@ -146,7 +146,7 @@ BitMapCharacter* FontMaker::makeCharacter(char16_t codePoint, Hinting hinting) {
         message = "the font cannot draw " + codePointName(codePoint);
         return nullptr;
     }
-    const FT_GlyphSlot slot = face->glyph;
+    const FT_GlyphSlotRec_* slot = face->glyph;
     const FT_Bitmap& bitmap = slot->bitmap;
     CoverageMap map(static_cast<int32_t>(bitmap.width), static_cast<int32_t>(bitmap.rows));
     for (int32_t y = 0; y < map.height(); y++) {

@@ -196,6 +196,22 @@ TEST_F(RealProgram, endingInTheMiddleOfARecordingLeavesNothingBehind) {
     }
 }
 
+TEST_F(RealProgram, aStalledSoundServerDoesNotKeepItFromEnding) {
+    const int server = std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    for (int32_t i = 0; i < 3; i++) {
+        key("Return");
+    }
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
+    kill(server, SIGSTOP);
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(6000));
+    kill(server, SIGCONT);
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
+}
+
 TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
     folders.write("config/settings", "lang=0\n");

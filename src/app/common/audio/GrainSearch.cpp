@@ -10,48 +10,140 @@
 
 namespace {
 
-constexpr int32_t kRoughBits = 7;  // besides the sign; a byte then holds a rounded sample
-constexpr int32_t kRoughZero = 128;
-constexpr int32_t kVectorBytes = 32;  // a rough window of whole vectors has no slow remainder
+constexpr int32_t kRoughBits = 8;
+constexpr int32_t kVectorBytes = 32;  // what the sums of a window are worked off in
+constexpr int32_t kOffsetBlock = 16;  // offsets that are passed over together
 
-/// The exact sum for one offset; wraps like all sample arithmetic.
-MURMELO_KERNEL int32_t difference(const int32_t* grain, const int32_t* target, int32_t window) {
-    uint32_t sum = 0;
+struct Range {
+    int32_t lowest;
+    int32_t highest;
+};
+
+/// The exact sum for one offset; fits.
+MURMELO_KERNEL_PART int32_t difference(const int32_t* grain,
+                                       const int32_t* target,
+                                       int32_t window) {
+    int32_t sum = 0;
+    for (int32_t j = 0; j < window; j++) {
+        sum += std::abs(grain[j] - target[j]);
+    }
+    return sum;
+}
+
+/// The same for samples far outside 16 bits; wraps like all sample arithmetic.
+int32_t wrappingDifference(const int32_t* grain, const int32_t* target, int32_t window) {
+    int32_t sum = 0;
     for (int32_t j = 0; j < window; j++) {
         const int32_t d = wrapSub(grain[j], target[j]);
-        sum += d < 0 ? 0U - static_cast<uint32_t>(d) : static_cast<uint32_t>(d);
+        sum = d < 0 ? wrapSub(sum, d) : wrapAdd(sum, d);
     }
-    return static_cast<int32_t>(sum);
+    return sum;
 }
 
-/// Bits that the largest magnitude of count samples needs, the sign not counted.
-MURMELO_KERNEL uint32_t magnitudes(const int32_t* samples, int32_t count) {
-    uint32_t all = 0;
+MURMELO_KERNEL_PART Range rangeOf(const int32_t* grain,
+                                  int32_t grainCount,
+                                  const int32_t* target,
+                                  int32_t targetCount) {
+    int32_t lowest = grain[0];
+    int32_t highest = grain[0];
+    for (int32_t i = 0; i < grainCount; i++) {
+        lowest = grain[i] < lowest ? grain[i] : lowest;
+        highest = grain[i] > highest ? grain[i] : highest;
+    }
+    for (int32_t i = 0; i < targetCount; i++) {
+        lowest = target[i] < lowest ? target[i] : lowest;
+        highest = target[i] > highest ? target[i] : highest;
+    }
+    return {lowest, highest};
+}
+
+MURMELO_KERNEL_PART void roughen(const int32_t* samples,
+                                 int32_t lowest,
+                                 int32_t shift,
+                                 uint8_t* __restrict rough,
+                                 int32_t count) {
     for (int32_t i = 0; i < count; i++) {
-        all |= static_cast<uint32_t>(samples[i] ^ (samples[i] >> 31));
-    }
-    return all;
-}
-
-MURMELO_KERNEL void
-roughen(const int32_t* samples, int32_t shift, uint8_t* __restrict rough, int32_t count) {
-    for (int32_t i = 0; i < count; i++) {
-        rough[i] = static_cast<uint8_t>((samples[i] >> shift) + kRoughZero);
+        rough[i] = static_cast<uint8_t>((samples[i] - lowest) >> shift);
     }
 }
 
-MURMELO_KERNEL void roughDifferences(const uint8_t* grain,
-                                     const uint8_t* target,
-                                     int32_t* __restrict sums,
-                                     int32_t offsets,
-                                     int32_t window) {
+/// Adds the rough differences of a window of whole vectors to each sum; returns the first offset
+/// with the smallest one.
+MURMELO_KERNEL_PART int32_t addWholeVectors(const uint8_t* grain,
+                                            const uint8_t* target,
+                                            int32_t* __restrict sums,
+                                            int32_t offsets,
+                                            int32_t window) {
+    int32_t best = 0;
+    int32_t smallest = std::numeric_limits<int32_t>::max();
     for (int32_t o = 0; o < offsets; o++) {
-        int32_t sum = 0;
+        const uint8_t* here = grain + o;
+        int32_t sum = sums[o];
         for (int32_t j = 0; j < window; j++) {
-            sum += std::abs(grain[o + j] - target[j]);
+            sum += std::abs(here[j] - target[j]);
         }
         sums[o] = sum;
+        best = sum < smallest ? o : best;
+        smallest = sum < smallest ? sum : smallest;
     }
+    return best;
+}
+
+/// The rough sum at each offset; returns the first offset with the smallest one.
+MURMELO_KERNEL_PART int32_t roughDifferences(const uint8_t* grain,
+                                             const uint8_t* target,
+                                             int32_t* __restrict sums,
+                                             int32_t offsets,
+                                             int32_t window) {
+    const int32_t whole = window & -kVectorBytes;
+    std::fill_n(sums, offsets, 0);
+    for (int32_t j = whole; j < window; j++) {
+        const uint8_t* column = grain + j;
+        for (int32_t o = 0; o < offsets; o++) {
+            sums[o] += std::abs(column[o] - target[j]);
+        }
+    }
+    return addWholeVectors(grain, target, sums, offsets, whole);
+}
+
+/// How far the target's remainders may pull an exact sum below its rough one.
+MURMELO_KERNEL_PART int32_t slackOf(const int32_t* target,
+                                    int32_t lowest,
+                                    int32_t shift,
+                                    int32_t window) {
+    const int32_t mask = (1 << shift) - 1;
+    int32_t slack = 0;
+    for (int32_t j = 0; j < window; j++) {
+        const int32_t remainder = (target[j] - lowest) & mask;
+        slack += std::max(remainder, mask - remainder);
+    }
+    return slack;
+}
+
+/// Whether one of a block of sums is at most the limit.
+MURMELO_KERNEL_PART bool hasPromising(const int32_t* sums, int32_t limit) {
+    int32_t promising = 0;
+    for (int32_t k = 0; k < kOffsetBlock; k++) {
+        promising |= sums[k] <= limit ? 1 : 0;
+    }
+    return promising != 0;
+}
+
+/// Puts the offsets with a rough sum up to the limit in place of the sums, in order; returns how
+/// many there are. Inside a block no branch depends on a sum: none could be foretold.
+MURMELO_KERNEL_PART int32_t keepPromising(int32_t* sums, int32_t offsets, int32_t limit) {
+    int32_t count = 0;
+    for (int32_t block = 0; block < offsets; block += kOffsetBlock) {
+        if (!hasPromising(sums + block, limit)) {
+            continue;
+        }
+        for (int32_t o = block; o < block + kOffsetBlock; o++) {
+            const int32_t isPromising = sums[o] <= limit ? 1 : 0;
+            sums[count] = o;  // count <= o: this sum is no longer needed
+            count += isPromising;
+        }
+    }
+    return count;
 }
 
 }  // namespace
@@ -59,47 +151,62 @@ MURMELO_KERNEL void roughDifferences(const uint8_t* grain,
 GrainSearch::GrainSearch(int32_t offsets, int32_t window)
     : offsets(offsets)
     , window(window)
-    , roughWindow(window / kVectorBytes * kVectorBytes)
-    // A difference has one bit more than the samples; the sum as many more as window has.
-    , safeBits(30 - std::bit_width(static_cast<uint32_t>(window)))
     , roughGrain(static_cast<size_t>(offsets + window))
     , roughTarget(static_cast<size_t>(window))
-    , roughSums(static_cast<size_t>(offsets)) {}
+    // Whole blocks. The sums behind the last offset promise nothing.
+    , roughSums(static_cast<size_t>(offsets + kOffsetBlock)) {}
 
-int32_t GrainSearch::bestOffset(const int32_t* grain, const int32_t* target) {
-    if (offsets == 0) {
-        return 0;
-    }
-    const int32_t grainWindow = offsets + window - 1;
-    const int32_t bits =
-        std::bit_width(magnitudes(grain, grainWindow) | magnitudes(target, window));
-    if (bits > safeBits || roughWindow == 0) {
+MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
+                                                const int32_t* target,
+                                                int32_t window) {
+    if (offsets == 0 || window == 0) {
         return bestOffsetInFull(grain, target, offsets, window);
     }
+    const int32_t grainWindow = offsets + window - 1;
+    const Range range = rangeOf(grain, grainWindow, target, window);
+    const int64_t width = int64_t{range.highest} - range.lowest;
+    if (width * window >= std::numeric_limits<int32_t>::max()) {
+        return bestOffsetInFull(grain, target, offsets, window);  // a sum might wrap
+    }
+    const auto bits = static_cast<int32_t>(std::bit_width(static_cast<uint32_t>(width)));
     const int32_t shift = std::max(bits - kRoughBits, 0);
-    roughen(grain, shift, roughGrain.data(), grainWindow);
-    roughen(target, shift, roughTarget.data(), roughWindow);
-    roughDifferences(roughGrain.data(), roughTarget.data(), roughSums.data(), offsets, roughWindow);
+    roughen(grain, range.lowest, shift, roughGrain.data(), grainWindow);
+    roughen(target, range.lowest, shift, roughTarget.data(), window);
+    const int32_t roughBest =
+        roughDifferences(roughGrain.data(), roughTarget.data(), roughSums.data(), offsets, window);
 
-    // Rounding down moves a difference by less than one rough step. So a sum is at least
-    // (rough sum - window) rough steps, and no offset above the sum of the roughly best one wins.
-    const auto roughBest = std::min_element(roughSums.begin(), roughSums.end());
-    const int32_t roughBestOffset = static_cast<int32_t>(roughBest - roughSums.begin());
-    const int32_t enough = difference(grain + roughBestOffset, target, window);
-    const int32_t roughEnough = (enough >> shift) + roughWindow;
-    int32_t best = 0;
-    int32_t smallest = std::numeric_limits<int32_t>::max();
-    for (int32_t o = 0; o < offsets; o++) {
-        if (roughSums[static_cast<size_t>(o)] > roughEnough) {
-            continue;
-        }
+    // The exact sum of the roughly best offset is enough to win. A sum is at least its rough sum in
+    // rough steps less the slack, so whatever has a larger rough sum than this cannot be smaller.
+    const int32_t enough = difference(grain + roughBest, target, window);
+    const int64_t slack = slackOf(target, range.lowest, shift, window);
+    const auto limit = static_cast<int32_t>((enough + slack) >> shift);
+    int32_t* promising = roughSums.data();
+    std::fill_n(promising + offsets, kOffsetBlock, std::numeric_limits<int32_t>::max());
+    const int32_t count = keepPromising(promising, offsets, limit);
+    int32_t best = roughBest;
+    int32_t smallest = enough;
+    for (int32_t i = 0; i < count; i++) {
+        const int32_t o = promising[i];
         const int32_t sum = difference(grain + o, target, window);
-        if (sum < smallest) {
+        // The roughly best offset stands in for itself; an earlier one as good comes before it.
+        if (sum < smallest || (sum == smallest && o < best)) {
             smallest = sum;
             best = o;
         }
     }
     return best;
+}
+
+MURMELO_KERNEL int32_t GrainSearch::bestOffset(const int32_t* grain, const int32_t* target) {
+    // The windows of the catalogue are spelled out: loops of a known length need no remainder.
+    switch (window) {
+    case 100:
+        return search(grain, target, 100);
+    case 200:
+        return search(grain, target, 200);
+    default:
+        return search(grain, target, window);
+    }
 }
 
 int32_t GrainSearch::bestOffsetInFull(const int32_t* grain,
@@ -109,7 +216,7 @@ int32_t GrainSearch::bestOffsetInFull(const int32_t* grain,
     int32_t best = 0;
     int32_t smallest = std::numeric_limits<int32_t>::max();
     for (int32_t o = 0; o < offsets; o++) {
-        const int32_t sum = difference(grain + o, target, window);
+        const int32_t sum = wrappingDifference(grain + o, target, window);
         if (sum < smallest) {
             smallest = sum;
             best = o;

@@ -24,10 +24,10 @@ public:
     bestOffsetInFull(const int32_t* grain, const int32_t* target, int32_t offsets, int32_t window);
 
 private:
+    int32_t search(const int32_t* grain, const int32_t* target, int32_t window);
+
     int32_t offsets;
     int32_t window;
-    int32_t roughWindow;  // the part of the window that fills whole vectors
-    int32_t safeBits;     // samples of at most so many bits cannot overflow a sum
     std::vector<uint8_t> roughGrain;
     std::vector<uint8_t> roughTarget;
     std::vector<int32_t> roughSums;  // for each offset

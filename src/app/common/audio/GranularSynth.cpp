@@ -8,13 +8,15 @@
 #include <algorithm>
 #include <cassert>
 
-GranularSynth::GranularSynth(const int32_t* source, int32_t step, int32_t fade, int32_t search)
+GranularSynth::GranularSynth(
+    const int32_t* source, int32_t step, int32_t fade, int32_t search, Source ownership)
     : numGrains(length(source) / step)
     , step(step)
     , fade(fade)
     , search(search)
     , temp(newArray<int32_t>(kTempSamples))
-    , source(SampleKeep::takeCopy(source))
+    , ownSource(ownership == Source::kCopied ? SampleKeep::takeCopy(source) : nullptr)
+    , source(ownSource != nullptr ? ownSource : source)
     , grainSearch(search, fade) {
     assert(step > 0 && fade >= 0 && search >= 0 && fade + search <= kTempSamples);
     srcPosQ10 = newArray<int32_t>(numGrains);
@@ -40,7 +42,7 @@ GranularSynth::~GranularSynth() {
     deleteArrFunc(meanAmps);
     deleteArrFunc(temp);
     deleteArrFunc(peaks);
-    SampleKeep::giveBack(source);
+    SampleKeep::giveBack(ownSource);
 }
 
 int32_t GranularSynth::getDstLength() {

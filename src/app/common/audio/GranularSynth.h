@@ -27,12 +27,18 @@ public:
 
     static void static_dtor() {}
 
+    enum class Source { kCopied, kBorrowed };
+
     /// Every grain starts where it stands in the source, at its own pitch. Lengths in samples:
-    /// @param source  copied
+    /// @param source  copied; or borrowed, if it neither changes nor goes before the synthesizer
     /// @param step  distance of the grains in the source
     /// @param fade  cross-fade at each join, where the offset is judged as well
     /// @param search  how many offsets are tried at each join
-    GranularSynth(const int32_t* source, int32_t step, int32_t fade, int32_t search);
+    GranularSynth(const int32_t* source,
+                  int32_t step,
+                  int32_t fade,
+                  int32_t search,
+                  Source ownership = Source::kCopied);
     GranularSynth(const GranularSynth&) = delete;
     GranularSynth& operator=(const GranularSynth&) = delete;
     virtual ~GranularSynth();
@@ -83,8 +89,9 @@ private:
     int32_t step;
     int32_t fade;
     int32_t search;
-    int32_t* temp;  // the resampled grain, not cleared between grains
-    int32_t* source;
+    int32_t* temp;       // the resampled grain, not cleared between grains
+    int32_t* ownSource;  // a copy; null if the source is borrowed
+    const int32_t* source;
     int32_t* peaks = nullptr;  // amplitude peaks; not looked for
     GrainSearch grainSearch;
 };

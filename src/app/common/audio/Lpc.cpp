@@ -14,52 +14,68 @@ constexpr int32_t kFirstPeriod = 58;  // samples; 138 Hz, between a man's voice 
 constexpr int32_t kLeastVoiceness = 100;
 constexpr int32_t kFullVoiceness = 1024;
 
-constexpr int32_t kPulseSamples = 32;  // the ramp; longer is duller
 constexpr float kGainFactor = 0.33F;
 
-// Up to here a lag's window ends before the frame does: 80 samples and 5 more for each lag.
+// Up to here a lag's window ends before the frame does: 80 samples and 5 more for each lag. The
+// windows of longer lags run to the end of the frame; with zeros behind it they may be read longer.
 constexpr int32_t kShortLags = 11;
-
-// The longer lags run to the end of the frame. They are worked off in two blocks of neighbours that
-// stay in registers; behind the last lag the block is filled up with some that nobody reads.
-constexpr int32_t kLagBlock = 40;
-constexpr int32_t kPaddedLags = kShortLags + 2 * kLagBlock;
-static_assert(kPaddedLags >= Lpc::kLags);
-
-// The autocorrelation's lags, filled up to whole vectors.
-constexpr int32_t kPaddedOrder = 16;
+constexpr int32_t kPaddedWindow = 144;
 
 constexpr int32_t shortWindow(int32_t lag) {
     return 80 + 5 * lag;
 }
 
-/// sums[lag] = sum of x[i] * y[lag + i] over i < samples, for neighbouring lags; wraps.
-template <int32_t kNeighbours>
-inline void correlate(const int32_t* x, const int32_t* y, int32_t samples, int32_t* sums) {
-    int32_t block[kNeighbours] = {};
-    for (int32_t i = 0; i < samples; i++) {
-        for (int32_t lag = 0; lag < kNeighbours; lag++) {
-            block[lag] = wrapAdd(block[lag], wrapMul(x[i], y[lag + i]));
+/// sums[lag] = sum of x[i] * y[lag + i] over i < window. Numbers of at most 10 bits: the sums fit.
+MURMELO_KERNEL void correlate(
+    const int16_t* x, const int16_t* y, int32_t window, int32_t* __restrict sums, int32_t lags) {
+    for (int32_t lag = 0; lag < lags; lag++) {
+        const int16_t* delayed = y + lag;
+        int32_t sum = 0;
+        for (int32_t i = 0; i < window; i++) {
+            sum += x[i] * delayed[i];
+        }
+        sums[lag] = sum;
+    }
+}
+
+/// sums[lag] of the samples, which have zeros behind them for as many lags.
+void correlateLags(const int16_t* samples, int32_t* sums) {
+    const int16_t* delayed = samples + Lpc::kShortestPeriod;
+    for (int32_t lag = 0; lag < kShortLags; lag++) {
+        correlate(samples, delayed + lag, shortWindow(lag), sums + lag, 1);
+    }
+    correlate(samples, delayed + kShortLags, kPaddedWindow, sums + kShortLags,
+              Lpc::kLags - kShortLags);
+}
+
+/// The same for samples far outside 16 bits, as the sound itself wraps.
+void correlateWideLags(const int32_t* samples, int32_t* sums) {
+    for (int32_t lag = 0; lag < Lpc::kLags; lag++) {
+        const int32_t* delayed = samples + Lpc::kShortestPeriod + lag;
+        const int32_t window = std::min(kPaddedWindow - lag, shortWindow(lag));
+        sums[lag] = 0;
+        for (int32_t i = 0; i < window; i++) {
+            sums[lag] = wrapAdd(sums[lag], wrapMul(samples[i] >> 6, delayed[i] >> 6));
         }
     }
-    std::copy_n(block, kNeighbours, sums);
 }
 
-/// difference: 160 values and 15 zeros behind them.
-MURMELO_KERNEL void correlateDifference(const int32_t* difference, int32_t* sums) {
-    correlate<kPaddedOrder>(difference, difference, Lpc::kFrameSamples, sums);
+void correlateWideDifferences(const int32_t* differences, int32_t* sums) {
+    for (int32_t lag = 0; lag <= Lpc::kOrder; lag++) {
+        sums[lag] = 0;
+        for (int32_t i = 0; i + lag < Lpc::kFrameSamples; i++) {
+            sums[lag] = wrapAdd(sums[lag], wrapMul(differences[i], differences[i + lag]));
+        }
+    }
 }
 
-/// samples: 160 values and enough zeros behind them for the longest padded lag.
-MURMELO_KERNEL void correlateLags(const int32_t* samples, int32_t* sums) {
-    const int32_t* delayed = samples + Lpc::kShortestPeriod;
-    for (int32_t lag = 0; lag < kShortLags; lag++) {
-        correlate<1>(samples, delayed + lag, shortWindow(lag), sums + lag);
+/// Whether all samples of a frame have 16 bits, as every recording's do.
+bool isNarrow(const int32_t* x) {
+    uint32_t magnitudes = 0;
+    for (int32_t i = 0; i < Lpc::kFrameSamples; i++) {
+        magnitudes |= static_cast<uint32_t>(x[i] ^ (x[i] >> 31));
     }
-    for (int32_t lag = kShortLags; lag < kPaddedLags; lag += kLagBlock) {
-        const int32_t window = Lpc::kFrameSamples - Lpc::kShortestPeriod - lag;
-        correlate<kLagBlock>(samples, delayed + lag, window, sums + lag);
-    }
+    return magnitudes <= 0x7FFF;
 }
 
 }  // namespace
@@ -88,12 +104,20 @@ float Lpc::encode(const int32_t* frame, float* a) {
 }
 
 void Lpc::computeAutoCorrelation(const int32_t* x, float* r) {
-    int32_t difference[kFrameSamples + kPaddedOrder] = {};
+    int32_t sums[kCoefficients];
+    int32_t differences[kFrameSamples] = {};
     for (int32_t i = 1; i < kFrameSamples; i++) {
-        difference[i] = (x[i] >> 8) - (x[i - 1] >> 8);
+        differences[i] = (x[i] >> 8) - (x[i - 1] >> 8);
     }
-    int32_t sums[kPaddedOrder];
-    correlateDifference(difference, sums);
+    if (isNarrow(x)) {
+        int16_t padded[kFrameSamples + kOrder] = {};
+        for (int32_t i = 0; i < kFrameSamples; i++) {
+            padded[i] = static_cast<int16_t>(differences[i]);
+        }
+        correlate(padded, padded, kFrameSamples, sums, kCoefficients);
+    } else {
+        correlateWideDifferences(differences, sums);
+    }
     for (int32_t lag = 0; lag <= kOrder; lag++) {
         r[lag] = static_cast<float>(sums[lag]) * 0x1p-14F;
     }
@@ -123,13 +147,15 @@ float Lpc::computeFilterCoeffs(const float* r, float* a, float* tmp) {
 }
 
 int32_t Lpc::computePeriod(const int32_t* x) {
-    int32_t samples[kShortestPeriod + kFrameSamples + kPaddedLags] = {};
-    for (int32_t i = 0; i < kFrameSamples; i++) {
-        samples[i] = x[i] >> 6;
+    if (isNarrow(x)) {
+        int16_t padded[kFrameSamples + kLags] = {};
+        for (int32_t i = 0; i < kFrameSamples; i++) {
+            padded[i] = static_cast<int16_t>(x[i] >> 6);
+        }
+        correlateLags(padded, P_CORR);
+    } else {
+        correlateWideLags(x, P_CORR);
     }
-    int32_t sums[kPaddedLags];
-    correlateLags(samples, sums);
-    std::copy_n(sums, kLags, P_CORR);
 
     int32_t bestLag = -1;
     int32_t bestSum = 0;
@@ -150,15 +176,6 @@ int32_t Lpc::computePeriod(const int32_t* x) {
     }
     LAST_VOICENESS = std::min(voiceness, kFullVoiceness);
     return bestLag + kShortestPeriod;
-}
-
-int32_t Lpc::excitation(int32_t period, int32_t /*unused*/) {
-    if (period <= excOfs) {
-        excOfs = 0;
-    }
-    const int32_t pulse = excOfs < kPulseSamples ? (excOfs - 15) * 2048 : 0;
-    excOfs++;
-    return pulse;
 }
 
 void Lpc::decode(int32_t* x, const float* a) {

@@ -14,6 +14,8 @@ public:
     static constexpr int32_t kShortestPeriod = 16;  // samples; 500 Hz
     static constexpr int32_t kLags = 85;            // the longest has 100 samples; 80 Hz
 
+    static constexpr int32_t kPulseSamples = 32;  // the ramp of a pulse; a longer one is duller
+
     static void static_ctor() { init(); }
 
     static void static_dtor() {}
@@ -35,7 +37,15 @@ public:
     static int32_t computePeriod(const int32_t* x);
 
     /// Next sample of the pulse train: a rising ramp of 32 samples, then silence up to the period.
-    static int32_t excitation(int32_t period, int32_t unused);
+    /// In the header because the robot asks for each sample.
+    static int32_t excitation(int32_t period, int32_t /*unused*/) {
+        if (period <= excOfs) {
+            excOfs = 0;
+        }
+        const int32_t pulse = excOfs < kPulseSamples ? (excOfs - 15) * 2048 : 0;
+        excOfs++;
+        return pulse;
+    }
 
     /// Runs a frame through the filter, in place. The delay line goes on from frame to frame.
     static void decode(int32_t* x, const float* a);

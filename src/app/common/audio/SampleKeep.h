@@ -28,8 +28,8 @@ private:
         bool lent = false;
     };
 
-    // Source and result of a run, and the grain synthesizer's own copy of the source.
-    static constexpr int32_t kSlots = 3;
+    // The source of a run, and a grain synthesizer's own copy of one.
+    static constexpr int32_t kSlots = 2;
 
     static int32_t* lend(int32_t count);
     static Slot* freeSlotFor(int32_t count);

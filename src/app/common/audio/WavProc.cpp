@@ -24,10 +24,11 @@ inline int32_t interpolate(int32_t left, int32_t right, int32_t fractionQ10) {
 /// All of src that is touched lies in its array, and |count * stepQ10| in 32 bits.
 MURMELO_KERNEL void
 stretch(const int32_t* src, int32_t stepQ10, int32_t* __restrict dst, int32_t count) {
+    const int32_t* next = src + 1;
     for (int32_t k = 0; k < count; k++) {
         const int32_t posQ10 = k * stepQ10;
-        const int32_t* at = src + (posQ10 >> 10);
-        dst[k] = interpolate(at[0], at[1], posQ10 & (kOneQ10 - 1));
+        const int32_t i = posQ10 >> 10;
+        dst[k] = interpolate(src[i], next[i], posQ10 & (kOneQ10 - 1));
     }
 }
 
@@ -71,14 +72,14 @@ void WavProc::static_dtor() {
 
 WavProc::~WavProc() {
     SampleKeep::giveBack(source);
-    SampleKeep::giveBack(result);
+    deleteArrFunc(result);
 }
 
 void WavProc::init(const int32_t* samples, int32_t srate) {
     lastProgress = 0;
-    // A run that was in hand is forgotten; its arrays serve the new one.
+    // A run that was in hand is forgotten.
     SampleKeep::giveBack(source);
-    SampleKeep::giveBack(result);
+    deleteArrFunc(result);
     result = nullptr;
     source = SampleKeep::takeCopy(samples);
     srateHz = srate;
@@ -101,20 +102,18 @@ int32_t WavProc::process() {
 }
 
 int32_t* WavProc::getResult() {
-    int32_t* copy = nullptr;
-    if (result != nullptr) {
-        copy = newArray<int32_t>(length(result));
-        std::copy_n(result, length(result), copy);
-    }
+    // The clean-up would delete the result: the caller gets the array itself in place of a copy.
+    int32_t* fetched = result;
+    result = nullptr;
     cleanUp();
-    return copy;
+    return fetched;
 }
 
 void WavProc::cleanUp() {
     lastProgress = -1;
     doCleanup();
     SampleKeep::giveBack(source);
-    SampleKeep::giveBack(result);
+    deleteArrFunc(result);
     source = nullptr;
     result = nullptr;
 }
@@ -128,8 +127,8 @@ void WavProc::exc(Osp::Base::String* /*message*/) {
 }
 
 void WavProc::newResult(int32_t count) {
-    SampleKeep::giveBack(result);
-    result = SampleKeep::take(count);
+    deleteArrFunc(result);
+    result = newArray<int32_t>(count);
 }
 
 void WavProc::addCrossFaded(

@@ -33,8 +33,8 @@ public:
     /// init starts again.
     virtual int32_t process();
 
-    /// Ends the run. Returns a copy of the result, which the caller frees with deleteArrFunc; null
-    /// where there is none.
+    /// Ends the run. Returns the result, which is the caller's from here on (deleteArrFunc frees
+    /// it); null where there is none.
     virtual int32_t* getResult();
 
     /// Sets up the buffers and every field of a run; the result is made here.

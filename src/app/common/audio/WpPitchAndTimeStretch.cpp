@@ -34,7 +34,7 @@ WpPitchAndTimeStretch::~WpPitchAndTimeStretch() {
 void WpPitchAndTimeStretch::doInit() {
     doCleanup();
     rnd = new Rnd();  // the fixed seed: the same take wobbles the same way every time
-    synth = new GranularSynth(source, step, fade, search);
+    synth = new GranularSynth(source, step, fade, search, GranularSynth::Source::kBorrowed);
     grainCount = synth->getNumGrains();
     if (pitch != 1.0F) {
         const int32_t stretchQ10 =

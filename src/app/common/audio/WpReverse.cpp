@@ -28,9 +28,11 @@ int32_t WpReverse::doProcess() {
     if (samples == 0) {
         return kFinished;  // nothing to copy, and nothing to divide by
     }
-    // Deliberate: every slice copies all that is left, not only its own second. The first one has
-    // the whole result; the others only tell the progress.
-    copyBackwards(source + (samples - position), result + position, samples - position);
+    // Deliberate: a slice covers all that is left, not only its own second. So the first one makes
+    // the whole result, and the others would write the same again: they only tell the progress.
+    if (position == 0) {
+        copyBackwards(source + samples, result, samples);
+    }
     position = std::min(position + kSliceSamples, samples);
     return static_cast<int32_t>(int64_t{position} * kFinished / samples);
 }

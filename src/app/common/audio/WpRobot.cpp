@@ -20,11 +20,16 @@ constexpr double kLeastVoicing = 0.7;
 constexpr int32_t kShortestCounted = 16;
 constexpr int32_t kLongestCounted = 100;
 
+// In place of a division by 160 and a product with 1024. The quotient of a single-precision number
+// by 5 is a whole number or further from the next one than a double's rounding reaches, and this
+// double lies a little above 6.4: the truncated results are the same.
+constexpr double kQ10PerFrame = 6.4;
+
 /// gains[i], Q10: glides from one frame's gain to the next one's.
 MURMELO_KERNEL void glideGain(float from, float to, int32_t* __restrict gainsQ10) {
     for (int32_t i = 0; i < kSamples; i++) {
         const float sum = from * static_cast<float>(kSamples - i) + to * static_cast<float>(i);
-        gainsQ10[i] = toInt32(sum / 160.0 * 1024.0);
+        gainsQ10[i] = toInt32(sum * kQ10PerFrame);
     }
 }
 
@@ -33,7 +38,8 @@ MURMELO_KERNEL void glideGain(float from, float to, int32_t* __restrict gainsQ10
 MURMELO_KERNEL void
 mirrorPeriods(int32_t from, int32_t to, float average, int32_t* __restrict periods) {
     for (int32_t i = 0; i < kSamples; i++) {
-        const int32_t current = toInt32((from * (kSamples - i) + to * i) / 160.0);
+        // A period has at most 100 samples: no need to look for what does not fit.
+        const auto current = static_cast<int32_t>((from * (kSamples - i) + to * i) / 160.0);
         const float mirrored = average / (static_cast<float>(current) / average);
         periods[i] = toInt32(mirrored + 0.5);
     }
@@ -149,8 +155,12 @@ void WpRobot::fillBuffer(const Frame& frame) {
     glideGain(previousGain, frame.gain, gainsQ10);
     for (int32_t i = 0; i < kSamples; i++) {
         pulses[i] = Lpc::excitation(periods[i], 0);
-        noises[i] = rnd->nextInt(-kNoise, kNoise);
     }
+    Rnd noise = *rnd;  // a copy stays in registers
+    for (int32_t i = 0; i < kSamples; i++) {
+        noises[i] = noise.nextInt(-kNoise, kNoise);
+    }
+    *rnd = noise;
     mixExcitation(gainsQ10, pulses, noises, frame.voicing, frameBuffer);
 }
 

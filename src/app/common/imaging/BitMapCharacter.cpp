@@ -95,9 +95,9 @@ BitMapCharacter* BitMapCharacter::createFrom(DataInputStream* in) {
         return nullptr;
     }
     const int32_t codePoint = high << 8 | in->readUnsignedByte();
-    const int32_t advanceWidth = in->readByte();
-    const int32_t ofsX = in->readByte();
-    const int32_t ofsY = in->readByte();
+    const signed char advanceWidth = in->readByte();
+    const signed char ofsX = in->readByte();
+    const signed char ofsY = in->readByte();
     const int32_t w = in->readUnsignedByte();
     const int32_t h = in->readUnsignedByte();
     if (w == 0 || h == 0) {

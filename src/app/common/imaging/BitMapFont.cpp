@@ -66,7 +66,7 @@ BitMapFont* BitMapFont::createFrom(InputStream* in) {
     if (size < kSmallestSize) {
         size = kSizeOfNone;
     }
-    const int32_t lineHeight = data.readByte();
+    const signed char lineHeight = data.readByte();
     const int32_t count = data.readShort();
     auto* font = new BitMapFont(name.get(), size, lineHeight);
     for (int32_t i = 0; i < count; i++) {

@@ -72,11 +72,11 @@ Painter* PainterArray::findFrom(int32_t index, int32_t step) {
 }
 
 Painter* PainterArray::getFirstBelow(int32_t index) {
-    return findFrom(std::min(index, length(slots)) - 1, kDown);
+    return findFrom(std::clamp(index, 0, length(slots)) - 1, kDown);
 }
 
 Painter* PainterArray::getFirstAbove(int32_t index) {
-    return findFrom(std::max(index, -1) + 1, kUp);
+    return findFrom(std::clamp(index, -1, length(slots)) + 1, kUp);
 }
 
 Painter* PainterArray::getBottomPainter() {

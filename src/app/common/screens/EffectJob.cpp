@@ -14,5 +14,5 @@ void EffectJob::enter(State* next, State* back) {
         return;
     }
     auto* result = new String(*G::getMrmFolderUri() + *G::uriPartWavProcessed);
-    Process::enter(new Process(samples, G::fxs[G::getCurrFx()]->processor, result, next, back));
+    Process::enter(samples, G::fxs[G::getCurrFx()]->processor, result, next, back);
 }

@@ -127,9 +127,13 @@ void Menu::paint() {
         entry->refresh();
         Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2,
                        firstY + i * pitch() + kBetweenPx / 2);
-        entry->setColour(i == focused ? kFocusedArgb : kWhite);
+        if (i == focused) {
+            entry->setColour(kFocusedArgb);
+        }
         entry->paintOn(G::scr, 0, 0, G::scrB, nullptr);
-        entry->setColour(kWhite);
+        if (i == focused) {
+            entry->setColour(kWhite);
+        }
     }
 }
 

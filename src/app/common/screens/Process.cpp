@@ -35,10 +35,10 @@ Process::~Process() {
     delete path;
 }
 
-void Process::enter(Process* job) {
+void Process::enter(int32_t* samples, WavProc* processor, String* path, State* next, State* back) {
     delete G::stateProcess;
-    G::stateProcess = job;
-    State::setState(job, true, true);
+    G::stateProcess = new Process(samples, processor, path, next, back);
+    State::setState(G::stateProcess, true, true);
 }
 
 void Process::onEnter() {

@@ -4,6 +4,8 @@
 
 #include "State.h"
 
+#include <cstdint>
+
 class WavProc;
 
 class Process : public State {
@@ -17,9 +19,10 @@ public:
         int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
     ~Process() override;
 
-    /// Makes this the job in hand (G::stateProcess owns it) and enters it. The job before it is
-    /// deleted.
-    static void enter(Process* job);
+    /// Deletes the job before (G::stateProcess), makes the next one with the same arguments as the
+    /// constructor's, and enters it.
+    static void
+    enter(int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
 
     void onEnter() override;
 

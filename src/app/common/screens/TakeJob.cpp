@@ -37,8 +37,8 @@ void TakeJob::enter() {
     Main::paintBgAndFx();
     SkBar::setStr(Res::Null, Res::Null, Res::Null);
     SkBar::paint(true);
-    Process::enter(new Process(samples, G::fxMicPostProc, new String(takePath()), G::statePlay,
-                               G::stateOptions));
+    Process::enter(samples, G::fxMicPostProc, new String(takePath()), G::statePlay,
+                   G::stateOptions);
 }
 
 void TakeJob::use(const int16_t* samples, int32_t count) {

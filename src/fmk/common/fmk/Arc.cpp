@@ -18,7 +18,8 @@ constexpr int64_t sineQ30(int32_t deg) {
         term *= -angle * angle / (n * (n + 1));
         sum += term;
     }
-    return static_cast<int64_t>(sum * (1 << 30) + 0.5);  // rounded
+    // rounded; NOLINTNEXTLINE(bugprone-incorrect-roundings): never negative, and not at run time
+    return static_cast<int64_t>(sum * (1 << 30) + 0.5);
 }
 
 constexpr std::array<int64_t, kQuarterDeg + 1> makeQuarter() {

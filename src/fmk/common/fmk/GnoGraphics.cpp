@@ -228,15 +228,19 @@ void GnoGraphics::drawRGB(const uint32_t* argb,
         const int64_t cutY = j - (int64_t{y} + ty);
         return argb + offset + cutX + cutY * scanlength;
     };
+    // Rows that follow one another without a gap, in both, are one long row.
+    const bool isWhole = n == scanlength && n == strideBytes / 2;
+    const int32_t rows = isWhole ? 1 : area.y2 - area.y1 + 1;
+    const int32_t rowPixels = isWhole ? n * (area.y2 - area.y1 + 1) : n;
     bool blends = false;
-    for (int32_t j = area.y1; processAlpha && !blends && j <= area.y2; j++) {
-        blends = !Rgb565::isRowOpaque(source(j), n);
+    for (int32_t j = area.y1; processAlpha && !blends && j < area.y1 + rows; j++) {
+        blends = !Rgb565::isRowOpaque(source(j), rowPixels);
     }
-    for (int32_t j = area.y1; j <= area.y2; j++) {
+    for (int32_t j = area.y1; j < area.y1 + rows; j++) {
         if (blends) {
-            Rgb565::blendRow(row(j) + area.x1, source(j), n);
+            Rgb565::blendRow(row(j) + area.x1, source(j), rowPixels);
         } else {
-            Rgb565::storeRow(row(j) + area.x1, source(j), n);
+            Rgb565::storeRow(row(j) + area.x1, source(j), rowPixels);
         }
     }
 }

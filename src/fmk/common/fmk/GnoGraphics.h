@@ -26,6 +26,7 @@ public:
     static constexpr int32_t kBaseline = 64;  // an image stands on its bottom edge
 
     /// Where a finished frame goes; kept for the owner, nothing is drawn into it from here.
+    // NOLINTNEXTLINE(readability-identifier-naming): as the phone spells
     void SetCanvas(Osp::Graphics::Canvas* canvas) { pCanvas = canvas; }
 
     /// @param rgb  0xRRGGBB

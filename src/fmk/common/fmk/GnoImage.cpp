@@ -71,7 +71,7 @@ GnoImage* GnoImage::createImage(int32_t w, int32_t h) {
     auto* image = new GnoImage();
     image->isMutableFlag = true;
     if (image->allocate(w, h, false)) {
-        std::fill(image->pixels, image->pixels + w * h, uint16_t{0xFFFF});
+        std::fill(image->pixels, image->pixels + ::length(image->pixels), uint16_t{0xFFFF});
     }
     return image;
 }
@@ -123,10 +123,14 @@ void GnoImage::getRGB(uint32_t* out,
                       int32_t h) const {
     const int32_t endX = std::min(w, width);  // only pixels that the image has
     const int32_t endY = std::min(h, height);
+    const int32_t startX = std::max(x, 0);
+    if (startX >= endX) {
+        return;  // a picture without columns may announce millions of rows
+    }
     for (int32_t row = std::max(y, 0); row < endY; row++) {
         uint32_t* rowOut = out + offset + (int64_t{row} - y) * scanlength;
         const int32_t start = width * row;
-        for (int32_t column = std::max(x, 0); column < endX; column++) {
+        for (int32_t column = startX; column < endX; column++) {
             const uint32_t a = hasAlpha ? alpha[start + column] : 0xFF;
             rowOut[int64_t{column} - x] = a << 24 | Rgb565::toRgb(pixels[start + column]);
         }

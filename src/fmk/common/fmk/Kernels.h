@@ -19,3 +19,11 @@
 #else
 #define MURMELO_KERNEL
 #endif
+
+/// Before the definition of a function that kernels are made of: it becomes part of each of them,
+/// so that it is compiled for the same processor.
+#if defined(__GNUC__)
+#define MURMELO_KERNEL_PART inline __attribute__((always_inline))
+#else
+#define MURMELO_KERNEL_PART inline
+#endif

@@ -10,8 +10,11 @@ class Rgb565 {
 public:
     /// Keeps the top bits of each channel; the alpha byte is not looked at.
     static constexpr uint16_t fromRgb(uint32_t argb) {
-        return static_cast<uint16_t>(((argb & 0xF80000) >> 8) | ((argb & 0xFC00) >> 5) |
-                                     ((argb >> 3) & 0x1F));
+        // In halves of 16 bits, of which the vectoriser fits twice as many into a register.
+        const auto redHalf = static_cast<uint16_t>(argb >> 16);
+        const auto greenBlueHalf = static_cast<uint16_t>(argb);
+        return static_cast<uint16_t>((redHalf << 8 & 0xF800) | (greenBlueHalf >> 5 & 0x07E0) |
+                                     (greenBlueHalf >> 3 & 0x001F));
     }
 
     /// 0x00RRGGBB; the low bits of each channel are 0.

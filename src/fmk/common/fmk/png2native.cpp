@@ -248,7 +248,7 @@ private:
 
     /// The high byte of each sample is the first one.
     void convertRgb(const unsigned char* row, uint16_t* pixel) const {
-        const int32_t sampleBytes = picture.depth / 8;
+        const int64_t sampleBytes = picture.depth / 8;
         for (int32_t x = 0; x < picture.width; x++, row += 3 * sampleBytes) {
             pixel[x] = Rgb565::fromRgb(uint32_t{row[0]} << 16 | uint32_t{row[sampleBytes]} << 8 |
                                        row[2 * sampleBytes]);
@@ -256,7 +256,7 @@ private:
     }
 
     void convertRgba(const unsigned char* row, uint16_t* pixel, uint8_t* a) const {
-        const int32_t sampleBytes = picture.depth / 8;
+        const int64_t sampleBytes = picture.depth / 8;
         for (int32_t x = 0; x < picture.width; x++, row += 4 * sampleBytes) {
             pixel[x] = Rgb565::fromRgb(uint32_t{row[0]} << 16 | uint32_t{row[sampleBytes]} << 8 |
                                        row[2 * sampleBytes]);

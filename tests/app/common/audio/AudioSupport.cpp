@@ -16,8 +16,11 @@ namespace {
 constexpr double kPi = 3.14159265358979323846;
 
 uint32_t little(const std::vector<unsigned char>& bytes, size_t at) {
-    return bytes[at] | bytes[at + 1] << 8 | bytes[at + 2] << 16 |
-           static_cast<uint32_t>(bytes[at + 3]) << 24;
+    uint32_t value = 0;
+    for (size_t i = 4; i > 0; i--) {
+        value = value << 8 | bytes[at + i - 1];
+    }
+    return value;
 }
 
 }  // namespace

@@ -18,7 +18,12 @@ struct ArrayDeleter {
 
 /// A counted array that frees itself.
 template <typename T>
-using Array = std::unique_ptr<T[], ArrayDeleter>;
+class Array : public std::unique_ptr<T[], ArrayDeleter> {
+public:
+    using std::unique_ptr<T[], ArrayDeleter>::unique_ptr;
+
+    T& operator[](int64_t i) const { return this->get()[i]; }
+};
 
 using Samples = std::vector<int32_t>;
 

@@ -94,7 +94,7 @@ TEST(GranularSynth, highPitchedGrainReads719SamplesForIts400) {
     synth.pasteGrain(0, dst.get());
     const Samples grain = audio::slow::stretched(source, 0, 718, 400);
     for (size_t i = 101; i < 300; i++) {
-        EXPECT_EQ(grain[i], dst[static_cast<ptrdiff_t>(i)]) << i;
+        EXPECT_EQ(grain[i], dst[static_cast<int64_t>(i)]) << i;
     }
 }
 
@@ -107,7 +107,7 @@ TEST(GranularSynth, readPastTheEndIsShortenedToEndOneSampleBefore) {
     synth.pasteGrain(0, dst.get());
     const Samples grain = audio::slow::stretched(source, 0, 398, 400);
     for (size_t i = 101; i < 300; i++) {
-        EXPECT_EQ(grain[i], dst[static_cast<ptrdiff_t>(i)]) << i;
+        EXPECT_EQ(grain[i], dst[static_cast<int64_t>(i)]) << i;
     }
 }
 
@@ -117,7 +117,7 @@ TEST(GranularSynth, readThatEndsOneSampleBeforeIsNotShortened) {
     const Array<int32_t> dst = silence(synth.getDstLength());
     synth.pasteGrain(0, dst.get());
     for (size_t i = 101; i < 300; i++) {
-        EXPECT_EQ(source[i], dst[static_cast<ptrdiff_t>(i)]) << i;
+        EXPECT_EQ(source[i], dst[static_cast<int64_t>(i)]) << i;
     }
 }
 

@@ -85,6 +85,15 @@ TEST_F(LpcTest, autoCorrelationIsThePlainSums) {
     }
 }
 
+TEST_F(LpcTest, samplesBeyondSixteenBitsAreCorrelatedToo) {
+    const Samples frame = audio::noise(160, 100000);
+    Lpc::computePeriod(frame.data());
+    EXPECT_EQ(audio::slow::lagCorrelations(frame.data()), Samples(Lpc::P_CORR, Lpc::P_CORR + 85));
+    float r[11];
+    Lpc::computeAutoCorrelation(frame.data(), r);
+    expectSameBits(audio::slow::autoCorrelation(frame.data()).data(), r, 11);
+}
+
 TEST_F(LpcTest, autoCorrelationOfAStepByHand) {
     Samples frame(160);
     std::fill(frame.begin() + 80, frame.end(), 256 * 4);

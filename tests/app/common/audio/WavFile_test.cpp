@@ -1,6 +1,10 @@
 #include "AudioSupport.h"
 #include "ByteArrayInputStream.h"
 #include "ByteArrayOutputStream.h"
+#include "FileInputStream.h"
+#include "FileOutputStream.h"
+#include "OspIo.h"
+#include "TestHost.h"
 #include "WavFile.h"
 #include "WavProps.h"
 
@@ -190,6 +194,35 @@ TEST_F(WavFileTest, savedSoundsLoadAsTheyWere) {
         const Samples samples = audio::noise(count, 32767);
         EXPECT_EQ(samples, load(save(samples)));
     }
+}
+
+TEST_F(WavFileTest, everyFailedWriteToAFileIsReported) {
+    TestHost host;
+    host.mappedFolders.home = testing::TempDir();
+    const Osp::Base::String path("/Home/WavFileTest.wav");
+    const Array<int32_t> samples = audio::toArray(audio::noise(20000, 1000));
+    const auto saves = [&] {
+        FileOutputStream stream(path);
+        return WavFile::save8Khz(&stream, samples.get(), headerBuffer.get(), sampleBuffer.get());
+    };
+    EXPECT_TRUE(saves());
+    for (const char* operation : {"File.Construct", "File.Write", "File.Flush"}) {
+        host.failNth(operation, 1);
+        EXPECT_FALSE(saves()) << operation;
+    }
+    for (const int32_t nth : {2, 3}) {  // header, 10240 samples, the rest
+        host.failNth("File.Write", nth);
+        EXPECT_FALSE(saves()) << nth;
+    }
+    EXPECT_TRUE(saves());
+    Osp::Io::File::Remove(path);
+}
+
+TEST_F(WavFileTest, missingFileIsNoSound) {
+    TestHost host;
+    host.mappedFolders.home = testing::TempDir();
+    FileInputStream stream(Osp::Base::String("/Home/nothing of this name.wav"));
+    EXPECT_EQ(nullptr, WavFile::loadTo8Khz(&stream, headerBuffer.get(), sampleBuffer.get()));
 }
 
 TEST_F(WavFileTest, lostByteIsReported) {

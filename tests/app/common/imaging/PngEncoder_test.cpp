@@ -1,9 +1,11 @@
 #include "ArrFunc.h"
 #include "PngEncoder.h"
+#include "TestFolders.h"
 #include "TestPng.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <random>
 
 namespace {
@@ -85,6 +87,18 @@ TEST(PngEncoder, libpngReadsBackWhatWasWritten) {
     expectReadBack(240, 320);
     expectReadBack(1, 1000);
     expectReadBack(1000, 1);
+}
+
+TEST(PngEncoder, pngcheckFindsNothingWrong) {
+    const TestFolders folders;
+    const Bytes file = encoded(noise(240 * 320, 4), 240, 320);
+    folders.write("shot.png", std::string(file.begin(), file.end()));
+    EXPECT_EQ(0, std::system(("pngcheck -q " + folders.path("shot.png")).c_str()));
+    folders.write("cut.png", std::string(file.begin(), file.end() - 20));
+    EXPECT_NE(
+        0,
+        std::system(
+            ("pngcheck -q " + folders.path("cut.png") + " >" + folders.path("complaint")).c_str()));
 }
 
 TEST(PngEncoder, aSinglePixelIsOneBlockOfFourBytes) {

@@ -174,6 +174,14 @@ TEST(GnoImage, getRgbLeavesOutWhatTheImageDoesNotHave) {
     EXPECT_EQ(expected, out);
 }
 
+TEST(GnoImage, aPictureWithoutColumnsIsReadAtOnceWhateverItsHeight) {
+    const ImagePointer image = decode(TestPng::signature() + TestPng::header(0, 0x7FFFFFFF, 8, 6));
+    EXPECT_EQ(0x7FFFFFFF, image->getHeight());
+    for (int32_t round = 0; round < 1000; round++) {  // row by row this would take many minutes
+        image->getRGB(nullptr, 0, 0, 0, 0, image->getWidth(), image->getHeight());
+    }
+}
+
 TEST(GnoImage, theAlphaPlaneCanBeReplacedAndTakenAway) {
     const ImagePointer image = picture();
     auto* plane = newArray<uint8_t>(6);

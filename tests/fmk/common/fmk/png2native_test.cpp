@@ -4,10 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 namespace {
+
+const std::string kPictures = MURMELO_TEST_DATA "/../../res/Res";
 
 /// What the decoder answers, freed at the end.
 class Decoded {
@@ -47,24 +51,29 @@ uint16_t to565(uint32_t argb) {
 }
 
 /// Our pixels are libpng's, cut down to 565, and our alpha plane is there where it belongs.
+void expectAsLibpng(const Bytes& file) {
+    const TestPicture expected = TestPng::read(file);
+    ASSERT_FALSE(expected.argb.empty());
+    const Decoded decoded(file);
+    ASSERT_EQ(0, decoded.status);
+    ASSERT_EQ(expected.w, decoded.width);
+    ASSERT_EQ(expected.h, decoded.height);
+    ASSERT_EQ(decoded.hasAlpha, decoded.alpha != nullptr);
+    ASSERT_EQ(static_cast<int32_t>(expected.argb.size()), length(decoded.pixels));
+    for (size_t i = 0; i < expected.argb.size(); i++) {
+        ASSERT_EQ(to565(expected.argb[i]), decoded.pixels[i]) << "pixel " << i;
+        ASSERT_EQ(expected.argb[i] >> 24, decoded.hasAlpha ? decoded.alpha[i] : 255U)
+            << "pixel " << i;
+    }
+}
+
 void expectAsLibpng(const TestPngSpec& spec, bool alphaPlane) {
     SCOPED_TRACE("type " + std::to_string(spec.colorType) + " depth " + std::to_string(spec.depth) +
                  " filter " + std::to_string(spec.filter) + " size " + std::to_string(spec.w) +
                  "x" + std::to_string(spec.h));
     const Bytes file = TestPng::write(spec);
-    const TestPicture expected = TestPng::read(file);
-    ASSERT_FALSE(expected.argb.empty());
-    const Decoded decoded(file);
-    ASSERT_EQ(0, decoded.status);
-    ASSERT_EQ(spec.w, decoded.width);
-    ASSERT_EQ(spec.h, decoded.height);
-    ASSERT_EQ(alphaPlane, decoded.hasAlpha);
-    ASSERT_EQ(alphaPlane, decoded.alpha != nullptr);
-    ASSERT_EQ(static_cast<int32_t>(expected.argb.size()), length(decoded.pixels));
-    for (size_t i = 0; i < expected.argb.size(); i++) {
-        ASSERT_EQ(to565(expected.argb[i]), decoded.pixels[i]) << "pixel " << i;
-        ASSERT_EQ(expected.argb[i] >> 24, alphaPlane ? decoded.alpha[i] : 255U) << "pixel " << i;
-    }
+    expectAsLibpng(file);
+    EXPECT_EQ(alphaPlane, Decoded(file).hasAlpha);
 }
 
 const Bytes kPlte = TestPng::chunk("PLTE", {255, 0, 0, 0, 255, 0, 0, 0, 255});
@@ -108,6 +117,19 @@ TEST(png2native, everyRgbAndRgbaDepthAndFilterDecodesAsLibpngDoes) {
             }
         }
     }
+}
+
+TEST(png2native, everyPictureOfTheApplicationDecodesAsLibpngDoes) {
+    int32_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(kPictures)) {
+        if (entry.path().extension() == ".png") {
+            std::ifstream in(entry.path(), std::ios::binary);
+            SCOPED_TRACE(entry.path().filename().string());
+            expectAsLibpng(Bytes(std::istreambuf_iterator<char>(in), {}));
+            count++;
+        }
+    }
+    EXPECT_GT(count, 20);
 }
 
 TEST(png2native, anyNumberOfImageDataChunksDecodesTheSame) {

@@ -1,0 +1,28 @@
+// Other programs' engines doing the same work on the same samples, each in the way its makers
+// recommend for a whole sound in memory. Every call makes its engine anew, as a run of ours does;
+// converting the samples to the engine's own type is not counted.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace peers {
+
+/// Tempo 2.0 is twice as fast. Returns the samples made.
+size_t soundTouch(const std::vector<float>& samples, float pitch, float tempo);
+
+enum class RubberBandEngine { kFaster, kFiner };
+
+size_t
+rubberBand(const std::vector<float>& samples, double pitch, double tempo, RubberBandEngine engine);
+
+/// A chain of SoX effects, each a name and its arguments.
+size_t sox(const std::vector<int32_t>& samples,
+           const std::vector<std::vector<std::string>>& effects);
+
+/// There and back through the codec.
+size_t lpc10(const std::vector<int16_t>& samples);
+size_t codec2(const std::vector<int16_t>& samples);
+
+}  // namespace peers

@@ -1,0 +1,42 @@
+# Completion of murmelo-fx for bash.
+
+_murmelo_fx() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word index
+    local effects="none robot backwards high low fast drunk flip"
+    local options="--list --measure --clean --no-clean --seed --out-dir --format --long --help --version"
+
+    case $previous in
+        --seed) return ;;
+        --format)
+            mapfile -t COMPREPLY < <(compgen -W "wav flac ogg" -- "$current")
+            return
+            ;;
+        --out-dir)
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
+            return
+            ;;
+    esac
+    if [[ $current == -?* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
+    fi
+    # The first word that is no option and belongs to none is the effect; files follow.
+    for ((index = 1; index < COMP_CWORD; index++)); do
+        word=${COMP_WORDS[index]}
+        case $word in
+            --measure) break ;;
+            --seed | --out-dir | --format) ((index++)) ;;
+            -?*) ;;
+            *) break ;;
+        esac
+    done
+    if ((index >= COMP_CWORD)); then
+        mapfile -t COMPREPLY < <(compgen -W "$effects" -- "$current")
+        return
+    fi
+    compopt -o filenames
+    mapfile -t COMPREPLY < <(compgen -f -- "$current")
+}
+
+complete -F _murmelo_fx murmelo-fx

@@ -1,0 +1,225 @@
+#include "AppImage.h"
+#include "ArrFunc.h"
+#include "BitMapFont.h"
+#include "Bounds.h"
+#include "FileOps.h"
+#include "Fx.h"
+#include "FxCatalogue.h"
+#include "G.h"
+#include "GEngine.h"
+#include "Menu.h"
+#include "Orm.h"
+#include "OspBase.h"
+#include "PaImage.h"
+#include "PaStretcher.h"
+#include "Res.h"
+#include "ScreensTest.h"
+#include "State.h"
+
+using Osp::Base::String;
+
+namespace {
+
+class GTest : public ScreensTest {
+protected:
+    static Names namesOf(String** types) {
+        Names names;
+        for (int32_t i = 0; i < length(types); i++) {
+            names.push_back(types[i]->ToUtf8());
+        }
+        return names;
+    }
+
+    static void expectPlaced(PaImage* painter, int32_t x, int32_t y, int32_t w, int32_t h) {
+        EXPECT_EQ(x, painter->getX());
+        EXPECT_EQ(y, painter->getY());
+        EXPECT_EQ(w, painter->getWidth());
+        EXPECT_EQ(h, painter->getHeight());
+    }
+};
+
+}  // namespace
+
+TEST_F(GTest, beginsWithTheFirstEffectNonePlayedAndNoFolder) {
+    EXPECT_EQ(nullptr, G::uriWavFolder);
+    EXPECT_EQ(nullptr, G::uriPartWavRecorded);
+    EXPECT_EQ(nullptr, G::uriPartWavProcessed);
+    EXPECT_EQ(nullptr, G::getMrmFolderUri());
+    EXPECT_EQ(0, G::getCurrFx());
+    EXPECT_EQ(-1, G::getLastPlayedFx());
+    EXPECT_EQ(nullptr, G::stateProcess);
+    EXPECT_EQ(nullptr, State::currState);
+}
+
+TEST_F(GTest, subscriptionsAreTheSharedNameObjectsInTheirOrder) {
+    const Names seven = {"SysPause",   "SysResume",      "SysDispose", "KeyPress",
+                         "KeyRelease", "PointerRelease", "Update"};
+    EXPECT_EQ(seven, namesOf(G::eventTypesAllStd));
+    EXPECT_EQ(Orm::EV_T_SYS_PAUSE, G::eventTypesAllStd[0]);
+    EXPECT_EQ(Orm::EV_T_UPDATE, G::eventTypesAllStd[6]);
+    Names recording = seven;
+    recording.emplace_back("TimeOut");
+    EXPECT_EQ(recording, namesOf(G::eventTypesRecording));
+    EXPECT_EQ(G::EV_T_TIME_OUT, G::eventTypesRecording[7]);
+    Names playing = seven;
+    playing.emplace_back("EndOfMedia");
+    EXPECT_EQ(playing, namesOf(G::eventTypesPlaying));
+    EXPECT_EQ(G::EV_T_END_OF_MEDIA, G::eventTypesPlaying[7]);
+}
+
+TEST_F(GTest, theScreenIsTheCanvassPicture) {
+    EXPECT_EQ(Orm::getScreen(), G::scr);
+    EXPECT_EQ(0, G::scrB->x);
+    EXPECT_EQ(0, G::scrB->y);
+    EXPECT_EQ(240, G::scrB->w);
+    EXPECT_EQ(320, G::scrB->h);
+}
+
+TEST_F(GTest, picturesStandWhereTheirNamesSay) {
+    expectPlaced(G::piBg, 0, 0, 240, 320);
+    expectPlaced(G::piMicLedFlash, 0, 192, 83, 86);
+    expectPlaced(G::piMicOverlay, 13, 151, 49, 42);
+    expectPlaced(G::piWheelsOverlay, 175, 179, 57, 14);
+    expectPlaced(G::piButtonsPlay, 154, 212, 35, 23);
+    expectPlaced(G::piButtonsRec, 155, 213, 51, 27);
+    expectPlaced(G::piButtonsStop, 195, 226, 29, 21);
+    for (PaImage* wheels :
+         {G::piWheels15, G::piWheels30, G::piWheels45, G::piWheels60, G::piWheels75}) {
+        expectPlaced(wheels, 176, 179, 64, 32);
+    }
+    for (PaImage* arrow : {G::piArrowLeftWhite, G::piArrowRightWhite, G::piArrowRightBlack}) {
+        EXPECT_GT(arrow->getWidth(), 0);
+        EXPECT_GT(arrow->getHeight(), 0);
+    }
+    EXPECT_TRUE(Res::getImage(G::piBg->getImage())->opaque);
+    EXPECT_FALSE(Res::getImage(G::piMicOverlay->getImage())->opaque);
+}
+
+TEST_F(GTest, framesAreSplitWhereTheirNamesSay) {
+    EXPECT_EQ(5, G::psFocusBar->getStretchColumn());
+    EXPECT_EQ(5, G::psFocusBar->getStretchRow());
+    EXPECT_EQ(0, G::psSkBg->getStretchColumn());
+    EXPECT_EQ(15, G::psSkBg->getStretchRow());
+    EXPECT_EQ(16, G::psWndBg->getStretchColumn());
+    EXPECT_EQ(16, G::psWndBg->getStretchRow());
+}
+
+TEST_F(GTest, fontsAreRegisteredOneAfterTheOtherAndHaveGlyphs) {
+    EXPECT_EQ(G::fntMedium + 1, G::fntSmall);
+    for (const int32_t font : {G::fntMedium, G::fntSmall}) {
+        ASSERT_TRUE(Res::isFont(font));
+        EXPECT_TRUE(Res::getFont(font)->hasCodePoint('A'));
+        EXPECT_TRUE(Res::getFont(font)->hasCodePoint(0xE9));
+    }
+    EXPECT_EQ(G::fntMedium, Menu::fntId);
+}
+
+TEST_F(GTest, hasEightEffects) {
+    EXPECT_EQ(FxCatalogue::kCount, length(G::fxs));
+    EXPECT_EQ(8, length(G::fxs));
+}
+
+TEST_F(GTest, everyScreenExistsFromTheStart) {
+    for (const State* state : {G::stateSplash, G::stateFirstLang, G::stateOptions, G::stateRecord,
+                               G::stateRecording, G::statePlay, G::statePlaying, G::stateSave}) {
+        EXPECT_NE(nullptr, state);
+    }
+    EXPECT_NE(nullptr, G::fxMicPostProc);
+}
+
+TEST_F(GTest, nothingIsLeftAtTheEnd) {
+    makeSoundFolder();
+    end();
+    EXPECT_EQ(nullptr, G::fxs);
+    EXPECT_EQ(nullptr, G::piBg);
+    EXPECT_EQ(nullptr, G::psWndBg);
+    EXPECT_EQ(nullptr, G::stateSplash);
+    EXPECT_EQ(nullptr, G::fxMicPostProc);
+    EXPECT_EQ(nullptr, G::uriWavFolder);
+    EXPECT_EQ(nullptr, G::getMrmFolderUri());
+    EXPECT_EQ(nullptr, G::eventTypesAllStd);
+    EXPECT_EQ(nullptr, State::currState);
+}
+
+TEST_F(GTest, namesTheFolderAndTheTwoTemporaryFiles) {
+    G::setDirTones();
+    EXPECT_EQ("/Home/Murmelo/", G::uriWavFolder->ToUtf8());
+    EXPECT_EQ("MrmLastRec.wav", G::uriPartWavRecorded->ToUtf8());
+    EXPECT_EQ("MrmLastProc.wav", G::uriPartWavProcessed->ToUtf8());
+    EXPECT_EQ(nullptr, G::getMrmFolderUri());
+}
+
+TEST_F(GTest, theFolderIsCopiedAndTheCopyBeforeStaysWhole) {
+    String first("/Home/Murmelo/");
+    G::setMrmFolderUri(&first);
+    const std::unique_ptr<String> kept(G::getMrmFolderUri());
+    EXPECT_NE(&first, kept.get());
+    first = String("/changed/");
+    EXPECT_EQ("/Home/Murmelo/", G::getMrmFolderUri()->ToUtf8());
+    String second("/Home/Other/");
+    G::setMrmFolderUri(&second);
+    EXPECT_EQ("/Home/Other/", G::getMrmFolderUri()->ToUtf8());
+    EXPECT_EQ("/Home/Murmelo/", kept->ToUtf8());
+}
+
+TEST_F(GTest, aFolderBelowTheCardsRootIsOnTheCard) {
+    String folder = *FileOps::URI_MEM_CARD_ROOT + String("Murmelo/");
+    G::setMrmFolderUri(&folder);
+    EXPECT_TRUE(G::usesMemCard());
+    String home = String("/Home") + *FileOps::URI_MEM_CARD_ROOT;
+    G::setMrmFolderUri(&home);
+    EXPECT_FALSE(G::usesMemCard());
+}
+
+TEST_F(GTest, deletesTheTemporaryFilesInTheUsersFolder) {
+    makeSoundFolder();
+    putTake({1});
+    folders.write(kResult, "x");
+    folders.write("home/Murmelo/rec_00000.wav", "x");
+    G::deleteRecordedAndProcessed();
+    EXPECT_FALSE(hasTake());
+    EXPECT_FALSE(hasResult());
+    EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
+    G::deleteRecordedAndProcessed();
+}
+
+TEST_F(GTest, deletesNothingBeforeTheFolderIsKnown) {
+    G::setDirTones();
+    putTake({1});
+    G::deleteRecordedAndProcessed();
+    EXPECT_TRUE(hasTake());
+}
+
+TEST_F(GTest, noLanguageIsSavedAtFirst) {
+    EXPECT_EQ(-1, G::getSavedLang());
+}
+
+TEST_F(GTest, aSavedLanguageIsAddedAndThenChanged) {
+    for (const int32_t lang : {2, 4, 0}) {
+        Res::setCurrLangIndex(lang);
+        G::saveCurrentLang();
+        EXPECT_EQ(lang, G::getSavedLang());
+        EXPECT_NE(std::string::npos,
+                  folders.read("config/settings").find("lang=" + std::to_string(lang)));
+    }
+}
+
+TEST_F(GTest, aSavedLanguageIsThereInTheNextRun) {
+    Res::setCurrLangIndex(3);
+    G::saveCurrentLang();
+    Osp::App::AppRegistry later;
+    later.Open(folders.path("config"));
+    GEngine::pAppRegistry = &later;
+    EXPECT_EQ(3, G::getSavedLang());
+}
+
+TEST_F(GTest, aSavedTextThatIsNoLanguageCountsAsNone) {
+    for (const char* value : {"5", "-2", "English", "999999999999"}) {
+        Osp::App::AppRegistry other;
+        other.Open("");
+        other.Add("lang", value);
+        GEngine::pAppRegistry = &other;
+        EXPECT_EQ(-1, G::getSavedLang()) << value;
+    }
+    GEngine::pAppRegistry = &registry;
+}

@@ -1,0 +1,175 @@
+#include "AudioDev.h"
+#include "G.h"
+#include "Message.h"
+#include "MessageAndQuit.h"
+#include "Orm.h"
+#include "PaTextArea.h"
+#include "Res.h"
+#include "ScreensTest.h"
+#include "State.h"
+#include "Str.h"
+#include "TestSounds.h"
+
+namespace {
+
+constexpr const char* kFileError =
+    "An unexpected file read or write error has occured.\nThe application will end.";
+constexpr const char* kNoAudio = "Can not get access to the audio device.";
+
+class RecordTest : public ScreensTest {
+protected:
+    RecordTest() { makeSoundFolder(); }
+
+    static std::string fatalText() {
+        if (screen() != "MessageAndQuit") {
+            return "none";
+        }
+        const auto* message = static_cast<MessageAndQuit*>(State::currState);
+        return text(message->heading != Res::Null ? message->heading : message->body);
+    }
+};
+
+}  // namespace
+
+TEST_F(RecordTest, preparesTheMicrophoneAndWaitsForTheWord) {
+    enter(G::stateRecord);
+    EXPECT_EQ("Record", screen());
+    EXPECT_EQ((Names{"-", "Record", "Back"}), labels());
+    EXPECT_EQ(Str::str_START_RECORDING, Message::paTxt->getText());
+    EXPECT_EQ(G::fntMedium, Message::paTxt->getFont());
+    EXPECT_EQ(AudioDev::kRecordingPrepared, AudioDev::state);
+    EXPECT_EQ(44U, folders.read(kTake).size());
+    EXPECT_TRUE(pending().empty());
+}
+
+TEST_F(RecordTest, removesTheTakeAndTheResultOfBefore) {
+    putTake({1, 2, 3});
+    folders.write(kResult, "result");
+    enter(G::stateRecord);
+    EXPECT_EQ("Record", screen());
+    EXPECT_EQ(44U, folders.read(kTake).size());
+    EXPECT_FALSE(hasResult());
+}
+
+TEST_F(RecordTest, aTakeThatCannotBeRemovedIsFatal) {
+    putTake({1, 2, 3});
+    folders.write(kResult, "result");
+    host.failNth("File.Remove", 1);
+    enter(G::stateRecord);
+    EXPECT_EQ(kFileError, fatalText());
+    EXPECT_TRUE(hasResult());
+    EXPECT_EQ(AudioDev::kReady, AudioDev::state);
+}
+
+TEST_F(RecordTest, aResultThatCannotBeRemovedIsFatal) {
+    putTake({1, 2, 3});
+    folders.write(kResult, "result");
+    host.failNth("File.Remove", 2);
+    enter(G::stateRecord);
+    EXPECT_EQ(kFileError, fatalText());
+    EXPECT_FALSE(hasTake());
+    EXPECT_TRUE(hasResult());
+}
+
+TEST_F(RecordTest, aMicrophoneThatCannotBePreparedIsFatal) {
+    host.failNth("AudioIn.Prepare", 1);
+    enter(G::stateRecord);
+    EXPECT_EQ(kNoAudio, fatalText());
+    EXPECT_EQ((Names{"-", "Ok", "-"}), labels());
+}
+
+TEST_F(RecordTest, aPhoneWithoutAMicrophoneIsFatal) {
+    host.hasDevices = false;
+    enter(G::stateRecord);
+    EXPECT_EQ(kNoAudio, fatalText());
+}
+
+TEST_F(RecordTest, aTakeThatCannotBeOpenedIsFatal) {
+    enter(G::stateOptions);  // loads the pictures
+    host.failNth("File.Construct", 1);
+    enter(G::stateRecord);
+    EXPECT_EQ(kNoAudio, fatalText());
+}
+
+TEST_F(RecordTest, keysPressedMeanwhileAreForgotten) {
+    State::setState(G::stateOptions, true, true);
+    Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_MSK, nullptr, 0);
+    Orm::schedEvent(Orm::EV_T_KEY_RELEASE, Orm::EV_ST_KEY_MSK, nullptr, 0);
+    State::setState(G::stateRecord, false, false);
+    EXPECT_TRUE(pending().empty());
+}
+
+TEST_F(RecordTest, keysPressedMeanwhileStayIfThePreparationFails) {
+    State::setState(G::stateOptions, true, true);
+    Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_MSK, nullptr, 50);
+    AudioDev::state = AudioDev::kPlaying;
+    G::stateRecord->onEnter();
+    EXPECT_EQ(kNoAudio, fatalText());
+    AudioDev::state = AudioDev::kReady;
+}
+
+TEST_F(RecordTest, theWordStartsTheRecording) {
+    enter(G::stateRecord);
+    touch(kMiddle);
+    EXPECT_EQ("Recording", screen());
+    EXPECT_EQ(AudioDev::kRecording, AudioDev::state);
+}
+
+TEST_F(RecordTest, theMiddleKeyStartsTheRecordingToo) {
+    enter(G::stateRecord);
+    key(-5);
+    EXPECT_EQ("Recording", screen());
+}
+
+TEST_F(RecordTest, theWayBackLeavesNoTake) {
+    enter(G::stateRecord);
+    touch(kRight);
+    EXPECT_EQ("Options", screen());
+    EXPECT_FALSE(hasTake());
+    EXPECT_EQ(AudioDev::kReady, AudioDev::state);
+    EXPECT_EQ((Names{"-", "Select", "Quit"}), labels());
+}
+
+TEST_F(RecordTest, theWayBackIsOpenEvenIfTheTakeIsGoneAlready) {
+    enter(G::stateRecord);
+    folders.remove(kTake);
+    key(-7);
+    EXPECT_EQ("Options", screen());
+}
+
+TEST_F(RecordTest, aPauseGivesTheTakeUp) {
+    enter(G::stateRecord);
+    Orm::setPaused(true);
+    EXPECT_EQ("Options", screen());
+    EXPECT_FALSE(hasTake());
+    EXPECT_EQ(AudioDev::kReady, AudioDev::state);
+}
+
+TEST_F(RecordTest, theEndOfTheProgramGivesTheTakeUpAndStays) {
+    enter(G::stateRecord);
+    deliver(Orm::EV_T_SYS_DISPOSE);
+    EXPECT_EQ("Record", screen());
+    EXPECT_FALSE(hasTake());
+    EXPECT_EQ(AudioDev::kReady, AudioDev::state);
+    deliver(Orm::EV_T_SYS_DISPOSE);
+    EXPECT_EQ("Record", screen());
+}
+
+TEST_F(RecordTest, everythingElseChangesNothing) {
+    enter(G::stateRecord);
+    const Pixels before = picture();
+    for (const int32_t code : {-1, -2, -3, -4, -6, -9}) {
+        key(code);
+    }
+    touch(kLeft);
+    touch(120, 100);
+    deliver(Orm::EV_T_UPDATE);
+    deliver(Orm::EV_T_SYS_RESUME);
+    EXPECT_EQ("Record", screen());
+    EXPECT_EQ(before, picture());
+    EXPECT_EQ(AudioDev::kRecordingPrepared, AudioDev::state);
+}
+
+TEST_F(RecordTest, hearsTheSevenNamesOfEveryScreen) {
+    EXPECT_EQ(G::eventTypesAllStd, G::stateRecord->getSubscriptions());
+}

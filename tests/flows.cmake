@@ -1,0 +1,25 @@
+# Whole journeys, each a script for the headless program, and what that program says when it cannot
+# run at all.
+add_executable(flow-heard flows/heard.cpp)
+target_include_directories(flow-heard PRIVATE ${CMAKE_SOURCE_DIR}/src/shell)
+target_link_libraries(flow-heard PRIVATE murmelo_audio murmelo_fmk murmelo_sounds)
+
+file(GLOB flow_scripts CONFIGURE_DEPENDS flows/*.txt)
+foreach(script ${flow_scripts})
+    get_filename_component(flow ${script} NAME_WE)
+    add_test(NAME flow/${flow}
+        COMMAND flows/run-flow.sh ${script} $<TARGET_FILE:murmelo-headless>
+            $<TARGET_FILE:flow-heard> ${CMAKE_SOURCE_DIR}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_tests_properties(flow/${flow} PROPERTIES TIMEOUT 300)
+endforeach()
+
+foreach(case script-mistakes usage failed-expectations pictures-missing home-not-writable
+        settings-not-writable second-instance)
+    add_test(NAME flow-status/${case}
+        COMMAND flows/run-status.sh ${case} $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_tests_properties(flow-status/${case} PROPERTIES
+        TIMEOUT 300
+        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+endforeach()

@@ -1,0 +1,88 @@
+#!/bin/bash
+# Runs one journey and looks at everything that it leaves behind.
+#
+#   run-flow.sh SCRIPT PROGRAM HEARD SOURCE
+#
+# PROGRAM is murmelo-headless, HEARD the program that compares what was heard with the effects
+# themselves, SOURCE the source tree. The journey starts with an empty home and no settings, in a
+# folder of its own that holds hello.wav. Comments of the script prepare and judge it:
+#
+#   #! home NAME [FILE]     a file in the sound folder beforehand (FILE: its content; else a text)
+#   #! config LINE          a line of the settings beforehand
+#   #! args WORD...         more arguments for the program
+#   #! left NAME...         files in the sound folder afterwards (none if left out)
+#   #! same NAME NAME       two files of the sound folder are equal afterwards
+#   #! settings LINE        the settings afterwards ("none": there are none; left out: not looked at)
+#   #! heard FILE EFFECT VOICE TAKE_MS VOLUME [heard=MS] [clock=MS]
+#                           what the speaker has played into FILE (see heard.cpp)
+#   #! status N             exit status, 0 if left out
+#   #! error TEXT           the one line on standard error contains this; nothing there if left out
+#   #! again                what follows is another run with the same home and settings
+set -u
+script=$(realpath "$1") program=$(realpath "$2") heard=$(realpath "$3") source=$(realpath "$4")
+
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+mkdir home config
+ln -s "$source/res/sample/hello.wav" hello.wav
+export LSAN_OPTIONS="suppressions=$source/tests/lsan.supp:print_suppressions=0"
+
+wrong=0
+complain() {
+    echo "$(basename "$script"): $*" >&2
+    wrong=1
+}
+
+# The arguments of each directive of that name in a part.
+said() {
+    sed -n "s/^#! $1\( \|\$\)//p" "$2"
+}
+
+prepare() {
+    local name file line
+    while read -r name file; do
+        mkdir -p home/Murmelo
+        if [ -n "$file" ]; then cp "$file" "home/Murmelo/$name"; else echo kept >"home/Murmelo/$name"; fi
+    done < <(said home "$1")
+    while read -r line; do echo "$line" >>config/settings; done < <(said config "$1")
+}
+
+judge() {
+    local part=$1 status=$2 wanted error line first second
+    wanted=$(said status "$part")
+    [ "$status" = "${wanted:-0}" ] || complain "status $status instead of ${wanted:-0}"
+    error=$(said error "$part")
+    if [ -z "$error" ]; then
+        [ ! -s stderr ] || complain "standard error: $(cat stderr)"
+    elif [ "$(wc -l <stderr)" != 1 ] || ! grep -qF -- "$error" stderr; then
+        complain "standard error is \"$(cat stderr)\", wanted one line with \"$error\""
+    fi
+    wanted=$(said left "$part" | tr ' ' '\n' | sed '/^$/d' | sort)
+    line=$(ls -A home/Murmelo 2>/dev/null | sort)
+    [ "$line" = "$wanted" ] || complain "left \"${line//$'\n'/ }\" instead of \"${wanted//$'\n'/ }\""
+    while read -r first second; do
+        cmp -s "home/Murmelo/$first" "home/Murmelo/$second" || complain "$first is not $second"
+    done < <(said same "$part")
+    while read -r line; do
+        if [ "$line" = none ]; then
+            [ ! -e config/settings ] || complain "there are settings: $(cat config/settings)"
+        else
+            grep -qxF -- "$line" config/settings 2>/dev/null || complain "no setting \"$line\""
+        fi
+    done < <(said settings "$part")
+    while read -r line; do
+        # shellcheck disable=SC2086  # the words of the directive
+        "$heard" $line || complain "heard something else: $line"
+    done < <(said heard "$part")
+}
+
+csplit -s -z -f part- -b %02d "$script" '/^#! again/' '{*}'
+for part in part-*; do
+    prepare "$part"
+    # shellcheck disable=SC2046  # each word is an argument
+    "$program" --home home --config config $(said args "$part") "$part" >stdout 2>stderr
+    judge "$part" $?
+    [ ! -s stdout ] || complain "standard output: $(cat stdout)"
+done
+exit $wrong

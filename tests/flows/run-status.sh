@@ -1,0 +1,125 @@
+#!/bin/bash
+# What murmelo-headless answers when something is wrong: one clear sentence and the right status.
+#
+#   run-status.sh CASE PROGRAM SOURCE
+set -u
+program=$(realpath "$2") source=$(realpath "$3")
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+mkdir home config
+echo 'expect screen FirstLang' >fine
+unset MURMELO_DATA MURMELO_HOME
+
+wrong=0
+
+# expect STATUS TEXT COMMAND...: TEXT is part of the one line on standard error, "" for none there.
+expect() {
+    local status=$1 text=$2 found
+    shift 2
+    "$@" </dev/null >stdout 2>stderr
+    found=$?
+    if [ $found != "$status" ]; then
+        echo "status $found instead of $status: $*" >&2
+        wrong=1
+    fi
+    if [ -z "$text" ] && [ -s stderr ]; then
+        echo "standard error is not empty: $*: $(cat stderr)" >&2
+        wrong=1
+    elif [ -n "$text" ] && { [ "$(wc -l <stderr)" != 1 ] || ! grep -qF -- "$text" stderr; }; then
+        echo "wanted one line with \"$text\", found: $(cat stderr)" >&2
+        wrong=1
+    fi
+}
+
+run() {
+    echo "$program --home home --config config"
+}
+
+# A script of one line that fails.
+line() {
+    echo "$3" >line
+    expect "$1" "line 1: $2" $(run) line
+}
+
+case $1 in
+script-mistakes)
+    line 2 'there is no command "jump"' 'jump 3'
+    line 2 '"tap" wants more' 'tap 3'
+    line 2 '"x" is not a number' 'tap 3 x'
+    line 2 '"9" is too much' 'tap 3 4 9'
+    line 2 '"key" wants left or middle or right' 'key up'
+    expect 2 'the script "none" cannot be read' $(run) none
+    head -c 4096 /dev/urandom | tr -d '#\n' | sed 's/^/x/' >noise
+    expect 2 'line 1: there is no command' $(run) noise
+    printf 'expect screen FirstLang\n\n# fine\nwait\n' >fourth
+    expect 2 'line 4: "wait" wants more' $(run) fourth
+    ;;
+usage)
+    for words in '' '--nonsense fine' '--clock-start x fine' 'fine fine'; do
+        # shellcheck disable=SC2086  # each word is an argument
+        "$program" $words >stdout 2>stderr
+        if [ $? != 2 ] || [ ! -s stderr ]; then
+            echo "status or complaint of: $words" >&2
+            wrong=1
+        fi
+    done
+    expect 0 '' "$program" --help
+    grep -q -- --home stdout || wrong=1
+    expect 0 '' "$program" --version
+    ;;
+failed-expectations)
+    line 1 'expected screen "Play", found "FirstLang"' 'expect screen Play'
+    line 1 'expected screen "Play", found "FirstLang"' 'until Play 50'
+    line 1 'expected file "a.wav", there is none' 'expect file a.wav'
+    line 1 'expected effect 3, found 0' 'expect effect 3'
+    line 1 'expected the program to have ended' 'expect ended'
+    mkdir -p home/Murmelo
+    touch home/Murmelo/a.wav
+    line 1 'expected no file "a.wav", there is one' 'expect no file a.wav'
+    printf 'key right\nuntil Splash\n' >ended
+    expect 1 'line 2: the program has ended' $(run) ended
+    line 1 'the sound "fine" cannot be read' 'mic fine'
+    line 1 'the sound "/nowhere/a.wav" cannot be written' 'speaker /nowhere/a.wav'
+    line 1 '"/nowhere/a.png" cannot be written' 'shot /nowhere/a.png'
+    ;;
+pictures-missing)
+    cp "$program" alone
+    expect 1 'the folder with the pictures, "Res", is missing' \
+        ./alone --home home --config config fine
+    # An empty folder, and one of damaged files: nothing to see, but everything works.
+    mkdir -p data/Res
+    printf 'expect screen FirstLang\nkey middle\nuntil Options\nkey right\nexpect ended\n' >blind
+    expect 0 '' env MURMELO_DATA="$folder/data" ./alone --home home --config config blind
+    rm -r config
+    for name in "$source"/res/Res/*; do
+        head -c 100 "$name" >"data/Res/$(basename "$name")"
+    done
+    expect 0 '' env MURMELO_DATA="$folder/data" ./alone --home home --config config blind
+    ;;
+home-not-writable)
+    expect 1 'the home folder "fine/home" cannot be made' \
+        "$program" --home fine/home --config config fine
+    expect 1 'cannot be written' "$program" --home fine --config config fine
+    expect 1 'the home folder "/proc" cannot be written' \
+        "$program" --home /proc --config config fine
+    ;;
+settings-not-writable)
+    # The language holds for this run, and is asked for again in the next one.
+    printf 'tap 240 432\nkey middle\nexpect screen Splash\nuntil Options\n' >spanish
+    expect 0 '' "$program" --home home --config fine spanish
+    expect 0 '' "$program" --home home --config fine fine
+    ;;
+second-instance)
+    expect 1 'Murmelo is already running with the home folder' \
+        flock -n home/.murmelo.lock $(run) fine
+    expect 0 '' $(run) fine
+    mkdir other
+    expect 0 '' flock -n home/.murmelo.lock "$program" --home other --config config fine
+    ;;
+*)
+    echo "there is no case \"$1\"" >&2
+    wrong=1
+    ;;
+esac
+exit $wrong

@@ -1,0 +1,323 @@
+// What the outside may ask of the program, screen by screen.
+#include "AppImage.h"
+#include "AudioDev.h"
+#include "Event.h"
+#include "G.h"
+#include "GameInterface.h"
+#include "GEngine.h"
+#include "MessageAndQuit.h"
+#include "Orm.h"
+#include "OrmCanvas.h"
+#include "OspApp.h"
+#include "OspGraphics.h"
+#include "Res.h"
+#include "SkBar.h"
+#include "SoundHost.h"
+#include "State.h"
+#include "Str.h"
+#include "TestFolders.h"
+#include "TestPng.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using Samples = TestSounds::Samples;
+
+namespace {
+
+class DoorsHost : public SoundHost {
+public:
+    void setDoors(HostDoors* offered) override { doors = offered; }
+
+    void frameShown(HostFrame* newest) override { frame = newest; }
+
+    HostDoors* doors = nullptr;
+    HostFrame* frame = nullptr;
+};
+
+class GameInterfaceTest : public testing::Test {
+protected:
+    GameInterfaceTest() {
+        folders.makeFolder("home");
+        host.mappedFolders.home = folders.path("home");
+        host.mappedFolders.res = MURMELO_SOURCE_DIR "/res/Res";
+        host.mappedFolders.framework = MURMELO_SOURCE_DIR "/res/framework";
+        registry.Open("");
+        registry.Add("lang", "0");
+        GEngine::pAppRegistry = &registry;
+        game = std::make_unique<GameInterface>();
+        game->AppInit();
+        splashSaved = host.doors->saveSound();
+        splashUsed = use(Samples(10, 1));
+        State::setState(G::stateOptions, true, true);
+    }
+
+    ~GameInterfaceTest() override {
+        game->AppQuit();
+        game.reset();
+        GEngine::pAppRegistry = nullptr;
+    }
+
+    static void tick() {
+        while (!Orm::isDisposed && Orm::msUntilDue() == 0) {
+            Orm::canvas->run();
+        }
+    }
+
+    bool use(const Samples& samples) {
+        return host.doors->useSound(samples.data(), static_cast<int32_t>(samples.size()));
+    }
+
+    void putTake() const {
+        folders.write("home/Murmelo/MrmLastRec.wav", TestSounds::wav(Samples(400, 5), 16000));
+    }
+
+    bool hasSaved() const { return folders.has("home/Murmelo/rec_00000.wav"); }
+
+    void touch(int32_t x, int32_t y) {
+        game->OnPointerPressed(2 * x, 2 * y + 160);
+        game->OnPointerReleased(2 * x, 2 * y + 160);
+    }
+
+    TestFolders folders;
+    DoorsHost host;
+    Osp::App::AppRegistry registry;
+    std::unique_ptr<GameInterface> game;
+    bool splashSaved = false;
+    bool splashUsed = false;
+};
+
+}  // namespace
+
+TEST_F(GameInterfaceTest, aSoundIsTakenInTheMenuAndInTheChoiceOfTheEffect) {
+    EXPECT_TRUE(use(Samples(400, 5)));
+    EXPECT_EQ("Process", host.doors->screenName());
+    tick();
+    EXPECT_EQ("Play", host.doors->screenName());
+    EXPECT_TRUE(use(Samples(600, 7)));
+    tick();
+    EXPECT_EQ("Play", host.doors->screenName());
+    EXPECT_EQ(44U + 2 * 300, folders.read("home/Murmelo/MrmLastRec.wav").size());
+}
+
+TEST_F(GameInterfaceTest, theTakeIsSavedInTheMenuAndInTheChoiceOfTheEffect) {
+    putTake();
+    EXPECT_TRUE(host.doors->saveSound());
+    tick();
+    EXPECT_EQ("Save", host.doors->screenName());
+    EXPECT_EQ(1, host.doors->savedCount());
+    EXPECT_EQ("rec_00000.wav", host.doors->savedName());
+    State::setState(G::statePlay, true, true);
+    EXPECT_TRUE(host.doors->saveSound());
+    tick();
+    EXPECT_EQ(2, host.doors->savedCount());
+    EXPECT_EQ("rec_00001.wav", host.doors->savedName());
+}
+
+TEST_F(GameInterfaceTest, nothingIsSavedWithoutATake) {
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_EQ("Options", host.doors->screenName());
+    EXPECT_EQ(0, host.doors->savedCount());
+    EXPECT_EQ("", host.doors->savedName());
+}
+
+TEST_F(GameInterfaceTest, aSoundWithoutSamplesIsRefused) {
+    EXPECT_FALSE(use({}));
+    EXPECT_EQ("Options", host.doors->screenName());
+}
+
+TEST_F(GameInterfaceTest, everyOtherScreenRefusesBoth) {
+    putTake();
+    folders.write("home/Murmelo/MrmLastProc.wav", TestSounds::wav(Samples(400, 5), 8000));
+    EXPECT_FALSE(splashSaved);
+    EXPECT_FALSE(splashUsed);
+    for (State* screen : {G::stateFirstLang, G::statePlaying}) {
+        State::setState(screen, true, true);
+        putTake();
+        EXPECT_FALSE(host.doors->saveSound()) << host.doors->screenName();
+        EXPECT_FALSE(use(Samples(10, 1))) << host.doors->screenName();
+        EXPECT_EQ(screen, State::currState);
+    }
+    State::setState(G::statePlay, true, true);
+    AudioDev::stopPlay();
+    G::setLastPlayedFx(0);
+    State::setState(G::stateSave, true, true);
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_FALSE(use(Samples(10, 1)));
+    State::setState(G::stateRecord, true, true);
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_FALSE(use(Samples(10, 1)));
+    State::setState(G::stateRecording, true, true);
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_FALSE(use(Samples(10, 1)));
+    EXPECT_EQ("Recording", host.doors->screenName());
+    AudioDev::stopRec();
+    MessageAndQuit::enter(MessageAndQuit::kFileError);
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_FALSE(use(Samples(10, 1)));
+    EXPECT_EQ("MessageAndQuit", host.doors->screenName());
+}
+
+TEST_F(GameInterfaceTest, theHelpTextAndTheLanguageListRefuseBoth) {
+    putTake();
+    for (int32_t downs = 1; downs <= 2; downs++) {
+        State::setState(G::stateOptions, true, true);
+        host.doors->navigate(HostKey::kDown);  // from the entry of before
+        tick();
+        host.doors->navigate(HostKey::kMiddle);
+        tick();
+        EXPECT_FALSE(host.doors->saveSound()) << downs;
+        EXPECT_FALSE(use(Samples(10, 1))) << downs;
+        EXPECT_EQ("Options", host.doors->screenName());
+        host.doors->navigate(HostKey::kMiddle);
+        tick();
+    }
+    EXPECT_FALSE(hasSaved());
+}
+
+TEST_F(GameInterfaceTest, nothingIsTakenOrSavedWhilePausedOrAfterTheEnd) {
+    putTake();
+    game->AppPause();
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_FALSE(use(Samples(10, 1)));
+    game->AppResume();
+    Orm::dispose();
+    EXPECT_FALSE(host.doors->saveSound());
+    EXPECT_FALSE(use(Samples(10, 1)));
+}
+
+TEST_F(GameInterfaceTest, thePictureIsTheCanvassOwn) {
+    const std::vector<uint8_t> png = host.doors->canvasPng();
+    const TestPicture picture = TestPng::read({png.begin(), png.end()});
+    EXPECT_EQ(240, picture.w);
+    EXPECT_EQ(320, picture.h);
+    for (size_t i = 0; i < picture.argb.size(); i++) {
+        ASSERT_EQ(Orm::getScreen()->pixels[i] | 0xFF000000U, picture.argb[i]) << i;
+    }
+}
+
+TEST_F(GameInterfaceTest, displayPixelsAreHalvedAndThePictureBeginsAtRow160) {
+    SkBar::setStr(Str::str_SK_YES, Str::str_SK_OK, Str::str_SK_NO);
+    State::setState(G::stateOptions, true, true);
+    game->OnPointerReleased(159, 160 + 2 * 288);  // canvas 79: the left third, without a label
+    tick();
+    EXPECT_TRUE(GameInterface::Active);
+    game->OnPointerReleased(320, 160 + 2 * 288 - 1);  // canvas row 287: above the bar
+    tick();
+    EXPECT_TRUE(GameInterface::Active);
+    game->OnPointerReleased(320, 160 + 2 * 288);
+    tick();
+    EXPECT_FALSE(GameInterface::Active);
+}
+
+TEST_F(GameInterfaceTest, aFrameIsThePictureDoubledAtRow160WithTheBorderAroundIt) {
+    Osp::Graphics::Canvas canvas;
+    game->AppPaint(&canvas);
+    canvas.Show();
+    ASSERT_NE(nullptr, host.frame);
+    std::vector<uint16_t> display(480 * 800);
+    host.frame->compose(display.data(), 960);
+    const auto at = [&](int32_t x, int32_t y) { return display[static_cast<size_t>(y * 480 + x)]; };
+    for (const int32_t x : {0, 240, 479}) {
+        // 0x10 in each channel is 2 in five bits and 4 in six.
+        EXPECT_EQ(0x1082, at(x, 0));
+        EXPECT_EQ(0x1082, at(x, 159));
+    }
+    for (int32_t y = 0; y < 320; y += 7) {
+        for (int32_t x = 0; x < 240; x += 11) {
+            const uint32_t argb = Orm::getScreen()->get(x, y);
+            const auto wanted = static_cast<uint16_t>((argb >> 8 & 0xF800) | (argb >> 5 & 0x07E0) |
+                                                      (argb >> 3 & 0x001F));
+            for (const int32_t d : {0, 1}) {
+                ASSERT_EQ(wanted, at(2 * x + d, 160 + 2 * y)) << x << " " << y;
+                ASSERT_EQ(wanted, at(2 * x + d, 161 + 2 * y)) << x << " " << y;
+            }
+        }
+    }
+}
+
+TEST_F(GameInterfaceTest, aFrameIsOneTickBeforeItIsPainted) {
+    Osp::Graphics::Canvas canvas;
+    Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_RSK, nullptr, 0);
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+    game->AppPaint(&canvas);
+    EXPECT_FALSE(GameInterface::Active);
+    ASSERT_NE(nullptr, Orm::firstEvent);
+    EXPECT_EQ(nullptr, Orm::firstEvent->next);
+}
+
+TEST_F(GameInterfaceTest, aPhoneThatHadItsVoiceBackIsAskedAboutAgain) {
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    host.silent = false;
+    game->AppPause();
+    game->AppResume();
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_TRUE(OrmCanvas::showIsSilentPopup);
+    EXPECT_TRUE(Orm::isPaused());
+}
+
+TEST_F(GameInterfaceTest, aSilentPhoneAtTheResumeIsAskedAboutOnlyOnce) {
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_TRUE(OrmCanvas::showIsSilentPopup);
+    EXPECT_TRUE(OrmCanvas::silentPopupShown);
+    EXPECT_TRUE(Orm::isPaused());
+    SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);  // as a frame does
+    game->AppPause();
+    game->AppResume();
+    EXPECT_TRUE(Orm::isPaused());
+    touch(200, 304);
+    EXPECT_TRUE(AudioDev::isSilent);
+    EXPECT_FALSE(Orm::isPaused());
+    EXPECT_EQ(Str::str_SK_SELECT, SkBar::strMsk);  // the menu's own labels were kept
+    game->AppPause();
+    game->AppResume();
+    EXPECT_FALSE(OrmCanvas::showIsSilentPopup);
+    EXPECT_FALSE(Orm::isPaused());
+    EXPECT_TRUE(AudioDev::isSilent);
+}
+
+TEST_F(GameInterfaceTest, aPhoneWithItsVoiceBackTakesQuestionAndAnswerAway) {
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    host.silent = false;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_FALSE(OrmCanvas::showIsSilentPopup);
+    EXPECT_FALSE(OrmCanvas::silentPopupShown);
+    EXPECT_FALSE(Orm::isPaused());
+    EXPECT_EQ(Str::str_SK_SELECT, SkBar::strMsk);
+    AudioDev::isSilent = true;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_FALSE(AudioDev::isSilent);
+}
+
+TEST_F(GameInterfaceTest, aPhoneThatTurnsSilentDuringARecordingIsAskedAboutAtTheResume) {
+    host.ears.setVoice(TestSounds::noise(16000));
+    State::setState(G::stateRecord, true, true);
+    State::setState(G::stateRecording, true, true);
+    host.silent = true;
+    game->AppPause();
+    EXPECT_EQ("Options", host.doors->screenName());
+    game->AppResume();
+    EXPECT_TRUE(OrmCanvas::showIsSilentPopup);
+    EXPECT_TRUE(Orm::isPaused());
+    SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
+    touch(40, 304);
+    EXPECT_FALSE(OrmCanvas::showIsSilentPopup);
+    EXPECT_FALSE(Orm::isPaused());
+    EXPECT_EQ(Str::str_SK_QUIT, SkBar::strRsk);
+}
+
+TEST_F(GameInterfaceTest, handlesNoOtherEvent) {
+    EXPECT_EQ(0, game->HandleEvent(nullptr, 1));
+}

@@ -1,0 +1,24 @@
+# The command line tool, run as a shell runs it.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(SNDFILE REQUIRED IMPORTED_TARGET sndfile)
+
+murmelo_tests(shell_tests
+    SOURCES
+        app/common/audio/AudioSupport.cpp
+        shell/MurmeloFx_test.cpp
+        shell/MurmeloFxFiles_test.cpp
+        shell/ToolRunner.cpp
+    LINK murmelo_audio PkgConfig::SNDFILE)
+target_include_directories(shell_tests PRIVATE app/common/audio shell)
+target_compile_definitions(shell_tests PRIVATE
+    MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_VERSION="${PROJECT_VERSION}")
+add_dependencies(shell_tests murmelo-fx)
+
+# The tool's papers, and its demonstration.
+add_test(NAME MurmeloFx.docsKnowEveryOption
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/shell/check-docs.sh $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
+add_test(NAME MurmeloFx.demoMeasuresEveryEffect
+    COMMAND ${CMAKE_SOURCE_DIR}/tools/demo.sh $<TARGET_FILE:murmelo-fx>
+        ${CMAKE_SOURCE_DIR}/res/sample/hello.wav ${CMAKE_BINARY_DIR}/demo-test)
+set_tests_properties(MurmeloFx.demoMeasuresEveryEffect PROPERTIES
+    PASS_REGULAR_EXPRESSION "robot .* 88[.][0-9] .*flip .*" TIMEOUT 120)

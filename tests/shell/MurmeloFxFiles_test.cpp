@@ -1,0 +1,434 @@
+// What the tool does when something is wrong: clear words, the right status, and never a lost file.
+#include "FxCatalogue.h"
+#include "TestFolders.h"
+#include "ToolRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <sndfile.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using audio::Samples;
+using shell::run;
+using shell::ToolRunner;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int32_t kMinuteSamples = 480000;
+
+class MurmeloFxFiles : public testing::Test {
+protected:
+    void SetUp() override {
+        good = file("good.wav", shell::wavBytes(8000, audio::noise(8000, 9000)));
+    }
+
+    std::string file(const std::string& name, const std::string& bytes) const {
+        folders.write(name, bytes);
+        return folders.path(name);
+    }
+
+    std::string path(const std::string& name) const { return folders.path(name); }
+
+    /// A canonical file of count silent samples, which takes no room on the disk.
+    std::string silence(const std::string& name, int64_t count) const {
+        std::string header = shell::wavBytes(8000, {});
+        const auto bytes = static_cast<uint32_t>(2 * count);
+        std::memcpy(&header[40], &bytes, sizeof bytes);  // little-endian, as every machine we test
+        file(name, header);
+        fs::resize_file(path(name), static_cast<uintmax_t>(44 + 2 * count));
+        return path(name);
+    }
+
+    /// The run must fail with status 1 and one line that names the file and says these words.
+    static void
+    expectFailure(const shell::Result& result, const std::string& name, const std::string& words) {
+        EXPECT_EQ(1, result.status);
+        EXPECT_EQ("", result.out);
+        EXPECT_EQ(0U, result.err.find("murmelo-fx: " + name + ": ")) << result.err;
+        EXPECT_NE(std::string::npos, result.err.find(words)) << result.err;
+        EXPECT_EQ(result.err.size() - 1, result.err.find('\n')) << result.err;
+    }
+
+    /// How many files lie in a folder, hidden ones as well.
+    static int32_t filesIn(const std::string& folder) {
+        int32_t count = 0;
+        for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder)) {
+            count++;
+        }
+        return count;
+    }
+
+    /// The tool where a user without rights can start it.
+    std::string toolForNobody() const {
+        fs::permissions(path(""), fs::perms::owner_all | fs::perms::group_read |
+                                      fs::perms::group_exec | fs::perms::others_read |
+                                      fs::perms::others_exec);
+        fs::copy_file(MURMELO_FX, path("tool"), fs::copy_options::overwrite_existing);
+        return path("tool");
+    }
+
+    TestFolders folders;
+    std::string good;
+};
+
+/// A full disk of 64 KiB, where this user may mount one.
+class SmallDisk {
+public:
+    explicit SmallDisk(const std::string& folder)
+        : folder(folder) {
+        fs::create_directories(folder);
+        mounted = mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
+    }
+
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+    ~SmallDisk() {
+        if (mounted) {
+            umount(folder.c_str());
+        }
+    }
+
+    bool isMounted() const { return mounted; }
+
+private:
+    std::string folder;
+    bool mounted = false;
+};
+
+/// The disk takes no file beyond so many bytes.
+void limitFiles(rlim_t bytes) {
+    const struct rlimit limit = {bytes, bytes};
+    std::signal(SIGXFSZ, SIG_IGN);
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+        _exit(125);
+    }
+}
+
+}  // namespace
+
+TEST_F(MurmeloFxFiles, listNamesTheCatalogueInItsOrder) {
+    const shell::Result result = run({"--list"});
+    EXPECT_EQ(0, result.status);
+    size_t at = 0;
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        const std::string name = FxCatalogue::toolName(effect);
+        EXPECT_EQ(name + " ", result.out.substr(at, name.size() + 1));
+        at = result.out.find('\n', at) + 1;
+    }
+    EXPECT_EQ(result.out.size(), at);
+}
+
+TEST_F(MurmeloFxFiles, helpAndVersionGoToStandardOutput) {
+    EXPECT_EQ(0, run({"--help"}).status);
+    EXPECT_NE(std::string::npos, run({"--help"}).out.find("EFFECT INPUT OUTPUT"));
+    EXPECT_EQ(0, run({"--version"}).status);
+    EXPECT_EQ("murmelo-fx " MURMELO_VERSION "\n", run({"--version"}).out);
+}
+
+TEST_F(MurmeloFxFiles, mistakesOnTheCommandLineEndWithStatus2AndDoNothing) {
+    const std::string out = path("out.wav");
+    const std::string folder = path("made");
+    const std::vector<std::vector<std::string>> mistakes = {
+        {},
+        {"robot"},
+        {"robot", good},
+        {"robotic", good, out},
+        {"Robot", good, out},
+        {"robot", good, out, out},
+        {"robot", "--bogus", good, out},
+        {"robot", "--seed", "ten", good, out},
+        {"robot", "--seed", "4294967296", good, out},
+        {"robot", "--seed"},
+        {"robot", good, path("out.mp3")},
+        {"robot", "--format", "mp3", good, out},
+        {"robot", "--out-dir", folder},
+        {"robot", "--out-dir", folder, "-", "-"},
+        {"robot", "--out-dir", folder, good, path("x/good.flac")},
+        {"robot", "--out-dir", path(""), good},
+        {"--measure"},
+        {"--measure", "-", "-"},
+        {"--list", good},
+    };
+    for (const auto& mistake : mistakes) {
+        const shell::Result result = run(mistake);
+        EXPECT_EQ(2, result.status) << testing::PrintToString(mistake);
+        EXPECT_EQ("", result.out);
+        EXPECT_EQ(0U, result.err.find("murmelo-fx: ")) << result.err;
+        EXPECT_EQ(result.err.size() - 1, result.err.find('\n')) << result.err;
+    }
+    EXPECT_EQ(1, filesIn(path("")));
+}
+
+TEST_F(MurmeloFxFiles, oneBadInputFailsAloneAndTheOthersAreDone) {
+    const std::string bad = file("bad.wav", "no sound\n");
+    const std::string last = file("last.wav", shell::wavBytes(8000, audio::noise(500, 500)));
+    const shell::Result result = run({"low", "--out-dir", path("out"), good, bad, last});
+    expectFailure(result, bad, "is no sound file");
+    EXPECT_TRUE(folders.has("out/good.wav"));
+    EXPECT_TRUE(folders.has("out/last.wav"));
+    EXPECT_EQ(2, filesIn(path("out")));
+}
+
+TEST_F(MurmeloFxFiles, inputsThatAreNoSoundsAreToldApart) {
+    const std::string out = path("out.wav");
+    expectFailure(run({"low", path("gone.wav"), out}), path("gone.wav"), "No such file");
+    expectFailure(run({"low", path(""), out}), path(""), "Is a directory");
+    const std::string text = file("text.wav", "just a few words in a file\n");
+    expectFailure(run({"low", text, out}), text, "is no sound file");
+    const std::string nothing = file("nothing.wav", "");
+    expectFailure(run({"low", nothing, out}), nothing, "is no sound file");
+    expectFailure(run({"low", "-", out}), "standard input", "is no sound file");
+    EXPECT_FALSE(folders.has("out.wav"));
+    EXPECT_EQ(3, filesIn(path("")));
+}
+
+TEST_F(MurmeloFxFiles, aSampleRateFarOffIsRefused) {
+    std::string bytes = shell::wavBytes(8000, audio::noise(100, 100));
+    bytes.replace(24, 4, std::string("\x01\0\0\0\x02\0\0\0", 4));
+    const std::string input = file("slow.wav", bytes);
+    expectFailure(run({"low", input, path("out.wav")}), input, "sample rate");
+}
+
+TEST_F(MurmeloFxFiles, aDamagedFileIsRefused) {
+    shell::writeSound(path("whole.flac"), SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 8000, 1,
+                      audio::noise(100000, 30000));
+    const std::string whole = folders.read("whole.flac");
+    std::string scratched = whole;
+    std::fill_n(scratched.begin() + static_cast<std::ptrdiff_t>(whole.size() / 2), 30000, '\x55');
+    for (const std::string& bytes : {scratched, whole.substr(0, whole.size() / 2)}) {
+        const std::string input = file("damaged.flac", bytes);
+        expectFailure(run({"low", input, path("out.wav")}), input, "is damaged");
+        EXPECT_FALSE(folders.has("out.wav"));
+    }
+}
+
+TEST_F(MurmeloFxFiles, unreadableInputSaysSo) {
+    fs::permissions(good, fs::perms::none);
+    const std::string tool = toolForNobody();
+    const shell::Result result =
+        ToolRunner().program(tool).before(shell::becomeNobody).run({"low", good, "-"});
+    expectFailure(result, good, "Permission denied");
+}
+
+TEST_F(MurmeloFxFiles, aFolderThatCannotBeWrittenSaysSo) {
+    folders.makeFolder("locked");
+    fs::permissions(path("locked"), fs::perms::owner_read | fs::perms::owner_exec |
+                                        fs::perms::others_read | fs::perms::others_exec);
+    const std::string out = path("locked/out.wav");
+    const std::string tool = toolForNobody();
+    const shell::Result result =
+        ToolRunner().program(tool).before(shell::becomeNobody).run({"low", good, out});
+    expectFailure(result, out, "Permission denied");
+    expectFailure(run({"low", good, path("gone/out.wav")}), path("gone/out.wav"), "No such file");
+    folders.makeFolder("folder");
+    expectFailure(run({"low", good, path("folder")}), path("folder"), "Is a directory");
+}
+
+TEST_F(MurmeloFxFiles, aProtectedTargetIsNotReplaced) {
+    folders.makeFolder("open");
+    fs::permissions(path("open"), fs::perms::all);
+    const std::string out = file("open/out.wav", "precious");
+    fs::permissions(out, fs::perms::owner_read | fs::perms::others_read);
+    const std::string tool = toolForNobody();
+    const shell::Result result =
+        ToolRunner().program(tool).before(shell::becomeNobody).run({"low", good, out});
+    expectFailure(result, out, "Permission denied");
+    EXPECT_EQ("precious", folders.read("open/out.wav"));
+    EXPECT_EQ(1, filesIn(path("open")));
+}
+
+TEST_F(MurmeloFxFiles, theOldTargetStaysWhereTheInputFails) {
+    const std::string out = file("out/out.wav", "precious");
+    const std::string bad = file("bad.wav", "no sound");
+    EXPECT_EQ(1, run({"low", bad, out}).status);
+    EXPECT_EQ("precious", folders.read("out/out.wav"));
+    EXPECT_EQ(1, filesIn(path("out")));
+}
+
+TEST_F(MurmeloFxFiles, theOldTargetStaysWhereTheDiskTakesNoMore) {
+    for (const char* name : {"out/out.wav", "out/out.flac", "out/out.ogg"}) {
+        const std::string out = file(name, "precious");
+        for (const rlim_t bytes : {0, 20, 1000}) {  // before, within and behind a header
+            const shell::Result result = ToolRunner()
+                                             .before([bytes] { limitFiles(bytes); })
+                                             .outputTo("/dev/null")
+                                             .run({"low", good, out});
+            EXPECT_EQ(1, result.status) << name << " " << bytes;
+            EXPECT_EQ("precious", folders.read(name));
+        }
+    }
+    EXPECT_EQ(3, filesIn(path("out")));
+}
+
+TEST_F(MurmeloFxFiles, aFullDiskIsToldAndTheOldTargetStays) {
+    const SmallDisk disk(path("disk"));
+    if (!disk.isMounted()) {
+        GTEST_SKIP() << "this user may not mount a small disk; the limit on files is tested anyway";
+    }
+    const std::string big = file("big.wav", shell::wavBytes(8000, audio::noise(60000, 9000)));
+    for (const char* name : {"out.wav", "out.flac"}) {
+        const std::string out = path("disk/") + name;
+        folders.write(std::string("disk/") + name, "precious");
+        expectFailure(run({"low", big, out}), out, "No space left on device");
+        EXPECT_EQ("precious", folders.read(std::string("disk/") + name));
+    }
+    EXPECT_EQ(2, filesIn(path("disk")));
+    EXPECT_EQ(0, run({"low", good, path("disk/out.wav")}).status);  // there is room for this one
+}
+
+TEST_F(MurmeloFxFiles, aFullDeviceIsTold) {
+    expectFailure(run({"low", good, "/dev/full"}), "/dev/full", "No space left on device");
+    const shell::Result result = ToolRunner().outputTo("/dev/full").run({"low", good, "-"});
+    expectFailure(result, "standard output", "No space left on device");
+    EXPECT_EQ(1, ToolRunner().outputTo("/dev/full").run({"--list"}).status);
+    EXPECT_EQ(1, ToolRunner().outputTo("/dev/full").run({"--measure", good}).status);
+    EXPECT_EQ(1, ToolRunner().outputTo("/dev/full").run({"--help"}).status);
+    EXPECT_EQ(0, run({"low", good, "/dev/null"}).status);
+}
+
+TEST_F(MurmeloFxFiles, anInputMayBeItsOwnOutput) {
+    const Samples samples = audio::noise(8000, 9000);
+    const shell::Result result = run({"backwards", "--no-clean", good, good});
+    EXPECT_EQ(0, result.status) << result.err;
+    EXPECT_EQ(Samples(samples.rbegin(), samples.rend()),
+              shell::samplesOf(folders.read("good.wav")));
+    EXPECT_EQ(1, filesIn(path("")));
+}
+
+TEST_F(MurmeloFxFiles, aLinkStaysALinkAndItsTargetIsReplaced) {
+    file("real/out.wav", "old");
+    fs::create_symlink("real/out.wav", path("link.wav"));
+    EXPECT_EQ(0, run({"none", "--no-clean", good, path("link.wav")}).status);
+    EXPECT_TRUE(fs::is_symlink(path("link.wav")));
+    EXPECT_EQ(folders.read("good.wav"), folders.read("real/out.wav"));
+}
+
+TEST_F(MurmeloFxFiles, newFilesObeyTheMaskAndReplacedOnesKeepTheirMode) {
+    const auto mode = [this](const char* name) {
+        struct stat facts = {};
+        EXPECT_EQ(0, stat(path(name).c_str(), &facts));
+        return facts.st_mode & 07777;
+    };
+    const auto masked = [this](const char* name) {
+        return ToolRunner().before([] { umask(027); }).run({"low", good, path(name)}).status;
+    };
+    EXPECT_EQ(0, masked("new.wav"));
+    EXPECT_EQ(0640U, mode("new.wav"));
+    fs::permissions(path("new.wav"), static_cast<fs::perms>(0604));
+    EXPECT_EQ(0, masked("new.wav"));
+    EXPECT_EQ(0604U, mode("new.wav"));
+}
+
+TEST_F(MurmeloFxFiles, anInterruptLeavesNothingBehind) {
+    const std::string out = file("out/out.wav", "precious");
+    // The tool waits for a pipe that the shell holds open, until the signal has come.
+    const std::string folder = path("out");
+    const std::string script = "mkfifo pipe; exec 3<>pipe; " MURMELO_FX " low pipe " + out +
+                               " & until ls -A " + folder +
+                               " | grep -q murmelo; do sleep 0.01; done; kill -TERM $!; "
+                               "wait $!; echo $?";
+    const shell::Result result =
+        ToolRunner().program("/bin/bash").run({"-c", "cd " + path("") + "; " + script});
+    EXPECT_EQ("143\n", result.out) << result.err;
+    EXPECT_EQ("precious", folders.read("out/out.wav"));
+    EXPECT_EQ(1, filesIn(path("out")));
+}
+
+TEST_F(MurmeloFxFiles, aMinuteIsTakenAndOneSampleMoreIsNot) {
+    const std::string out = path("out.wav");
+    EXPECT_EQ(0, run({"none", silence("minute.wav", kMinuteSamples), out}).status);
+    const std::string longer = silence("longer.wav", kMinuteSamples + 1);
+    folders.remove("out.wav");
+    expectFailure(run({"none", longer, out}), longer, "longer than 60 s");
+    EXPECT_FALSE(folders.has("out.wav"));
+    EXPECT_EQ(0, run({"none", "--long", longer, out}).status);
+    EXPECT_EQ(44U + 2 * (kMinuteSamples + 1), fs::file_size(out));
+}
+
+TEST_F(MurmeloFxFiles, otherKindsOfFilesAreRefusedWhenTheMinuteIsOver) {
+    shell::writeSound(path("long.flac"), SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 11025, 1,
+                      Samples(11025 * 61));
+    expectFailure(run({"none", path("long.flac"), path("out.wav")}), path("long.flac"),
+                  "longer than 60 s");
+    EXPECT_EQ(0, run({"none", "--long", path("long.flac"), path("out.wav")}).status);
+}
+
+TEST_F(MurmeloFxFiles, longSoundsEndWhereAnEffectLosesItsPlace) {
+    const struct {
+        const char* effect;
+        int64_t samples;
+        const char* words;
+    } limits[] = {
+        {"high", 1 << 21, "262 s"},   {"low", 1 << 21, "262 s"},
+        {"fast", 1 << 21, "262 s"},   {"drunk", 1 << 20, "131 s"},
+        {"none", 0xFFFFFF, "2097 s"}, {"robot", 0xFFFFFF, "2097 s"},
+        {"flip", 0xFFFFFF, "2097 s"}, {"backwards", 0xFFFFFF, "2097 s"},
+    };
+
+    for (const auto& limit : limits) {
+        const std::string input = silence("long.wav", limit.samples + 1);
+        expectFailure(run({limit.effect, "--long", input, path("out.wav")}), input, limit.words);
+    }
+}
+
+TEST_F(MurmeloFxFiles, theLongestSoundStillHasItsEnd) {
+    // Silence, and a tone in the last two seconds: it must come out at the end, and changed.
+    const Samples tone = audio::glide(16000, 150, 150);
+    const std::string toneBytes = shell::wavBytes(8000, tone).substr(44);
+    for (const auto& [effect, count] : {std::pair("high", 1 << 21), std::pair("drunk", 1 << 20)}) {
+        const std::string input = silence("long.wav", count - 16000);
+        std::string bytes = folders.read("long.wav") + toneBytes;
+        const auto dataBytes = static_cast<uint32_t>(2 * count);
+        std::memcpy(&bytes[40], &dataBytes, sizeof dataBytes);
+        file("long.wav", bytes);
+        const shell::Result result = run({effect, "--long", "--no-clean", input, path("out.wav")});
+        ASSERT_EQ(0, result.status) << result.err;
+        const Samples output = shell::samplesOf(folders.read("out.wav"));
+        const Samples end(output.end() - 12000, output.end() - 400);
+        const double ratio = audio::medianPitchHz(end) / 150.0;
+        EXPECT_GT(ratio, effect == std::string("high") ? 1.75 : 0.85) << effect;
+        EXPECT_LT(ratio, effect == std::string("high") ? 1.85 : 1.06) << effect;
+    }
+}
+
+TEST_F(MurmeloFxFiles, progressIsShownOnATerminalOnly) {
+    EXPECT_EQ("", run({"low", good, path("out.wav")}).err);
+    const std::string command = MURMELO_FX " low " + good + " " + path("out.wav");
+    // script(1) gives the command a terminal and copies what appears there.
+    const shell::Result result =
+        ToolRunner().program("/usr/bin/script").run({"-qefc", command, "/dev/null"});
+    EXPECT_EQ(0, result.status) << result.err;
+    EXPECT_NE(std::string::npos, result.out.find("good.wav: clean-up  19 %")) << result.out;
+    EXPECT_EQ(result.out.size() - 4, result.out.rfind("\r\033[K")) << result.out;  // taken away
+}
+
+TEST_F(MurmeloFxFiles, soundIsNotWrittenToATerminal) {
+    const std::string command = MURMELO_FX " low " + good + " -";
+    const shell::Result result =
+        ToolRunner().program("/usr/bin/script").run({"-qefc", command, "/dev/null"});
+    EXPECT_EQ(2, result.status);
+    EXPECT_NE(std::string::npos, result.out.find("terminal")) << result.out;
+}
+
+TEST_F(MurmeloFxFiles, namesThatLookLikeOptionsStandBehindTwoDashes) {
+    folders.write("-odd.wav", folders.read("good.wav"));
+    const shell::Result result = ToolRunner()
+                                     .before([this] {
+                                         if (chdir(path("").c_str()) != 0) {
+                                             _exit(125);
+                                         }
+                                     })
+                                     .run({"low", "--", "-odd.wav", "-out.wav"});
+    EXPECT_EQ(0, result.status) << result.err;
+    EXPECT_TRUE(folders.has("-out.wav"));
+}
