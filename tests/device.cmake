@@ -29,12 +29,14 @@ add_executable(real_tests
 target_link_libraries(real_tests PRIVATE
     murmelo_tests_support murmelo_app murmelo_sdl_host X11::X11 GTest::gtest_main)
 target_compile_definitions(real_tests PRIVATE
-    MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED)
+    MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED
+    $<$<BOOL:${MURMELO_SANITIZE}>:MURMELO_SANITIZED>)
 add_dependencies(real_tests murmelo)
 foreach(group RealProgram RealWindow RealSound)
     add_test(NAME ${group}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
             $<TARGET_FILE:real_tests> --gtest_filter=${group}.*)
     set_tests_properties(${group} PROPERTIES
-        SKIP_RETURN_CODE 77 TIMEOUT 120 RUN_SERIAL TRUE)
+        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE
+        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endforeach()

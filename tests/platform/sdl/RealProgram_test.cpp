@@ -21,6 +21,13 @@ namespace {
 constexpr int32_t kLeft = 400;
 constexpr int32_t kTop = 250;
 
+// Of a build as it is shipped; one that watches every access is not that fast.
+#ifdef MURMELO_SANITIZED
+constexpr int64_t kFirstPictureUs = 1000000;
+#else
+constexpr int64_t kFirstPictureUs = 40000;
+#endif
+
 int64_t nowUs() {
     return std::chrono::duration_cast<std::chrono::microseconds>(
                std::chrono::steady_clock::now().time_since_epoch())
@@ -87,7 +94,7 @@ TEST_F(RealProgram, theFirstPictureStandsWithin40Milliseconds) {
         }
     }
     std::cout << "first picture after " << static_cast<double>(bestUs) / 1000 << " ms\n";
-    EXPECT_GT(40000, bestUs);
+    EXPECT_GT(kFirstPictureUs, bestUs);
 }
 
 TEST_F(RealProgram, aStillScreenSleeps) {
@@ -187,6 +194,22 @@ TEST_F(RealProgram, endingInTheMiddleOfARecordingLeavesNothingBehind) {
         EXPECT_EQ(0, program.waitForEnd(3000));
         EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
     }
+}
+
+TEST_F(RealProgram, aStalledSoundServerDoesNotKeepItFromEnding) {
+    const int server = std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    for (int32_t i = 0; i < 3; i++) {
+        key("Return");
+    }
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
+    kill(server, SIGSTOP);
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(6000));
+    kill(server, SIGCONT);
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
 }
 
 TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
