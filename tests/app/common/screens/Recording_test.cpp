@@ -109,6 +109,18 @@ TEST_F(RecordingTest, theBarShowsTheTimeRoundedHalfUp) {
     EXPECT_EQ(filledAt(512), filled());
 }
 
+TEST_F(RecordingTest, theBarIsFullFromTheMillisecondThatRoundsUpTo1024) {
+    start();
+    host.nowMs += 19990;  // 1023.488
+    tick();
+    EXPECT_EQ(filledAt(1023), filled());
+    EXPECT_LT(filledAt(1023), filledAt(1024));
+    host.nowMs += 1;  // 1023.54
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+    tick();
+    EXPECT_EQ(filledAt(1024), filled());
+}
+
 TEST_F(RecordingTest, theLightShinesFor16FramesAndIsDarkFor16) {
     start();
     G::piMicLedFlash->paintOn(G::scr, 0, 0, G::scrB, nullptr);
