@@ -79,9 +79,9 @@ failed-expectations)
     line 1 'expected no file "a.wav", there is one' 'expect no file a.wav'
     printf 'key right\nuntil Splash\n' >ended
     expect 1 'line 2: the program has ended' $(run) ended
-    line 1 'the sound "fine" cannot be read' 'mic fine'
-    line 1 'the sound "/nowhere/a.wav" cannot be written' 'speaker /nowhere/a.wav'
-    line 1 '"/nowhere/a.png" cannot be written' 'shot /nowhere/a.png'
+    line 2 'the sound "fine" cannot be read' 'mic fine'
+    line 2 'the sound "/nowhere/a.wav" cannot be written' 'speaker /nowhere/a.wav'
+    line 2 '"/nowhere/a.png" cannot be written' 'shot /nowhere/a.png'
     ;;
 pictures-missing)
     cp "$program" alone
@@ -100,7 +100,7 @@ pictures-missing)
 home-not-writable)
     expect 1 'the home folder "fine/home" cannot be made' \
         "$program" --home fine/home --config config fine
-    expect 1 'cannot be written' "$program" --home fine --config config fine
+    expect 1 'cannot be made' "$program" --home fine --config config fine
     expect 1 'the home folder "/proc" cannot be written' \
         "$program" --home /proc --config config fine
     ;;

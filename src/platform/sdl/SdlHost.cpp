@@ -66,8 +66,10 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , fileEars([this] { return uptimeMs(); })
     , voice(
           audio, options.speaker, [this] { return uptimeMs(); }, [this] { rouse(); })
-    , input(*this) {
+    , input(*this)
+    , extraDoors(options.folders) {
     fileEars.setVoice(options.voice);
+    extraDoors.offer(options.take);
 }
 
 SdlHost::~SdlHost() {
@@ -116,8 +118,9 @@ HostMicrophone* SdlHost::microphone() {
 bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
     const int64_t endMs = timeoutMs < 0 ? kNever : uptimeMs() + timeoutMs;
     for (;;) {
-        if (deliverSignals(listener) || deliverSound() || deliverEvent(listener) ||
-            deliverAway(listener)) {
+        extraDoors.tellSaved();
+        if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
+            deliverEvent(listener) || deliverAway(listener)) {
             return true;
         }
         presentIfDue();
@@ -171,7 +174,7 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         setAway(kBySystem, false);
         return false;
     default:
-        return input.handle(event, listener, doors);
+        return extraDoors.handle(event) || input.handle(event, listener, doors);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "FileMicrophone.h"
 #include "Host.h"
 #include "SdlAudio.h"
+#include "SdlDoors.h"
 #include "SdlInput.h"
 #include "SdlMicrophone.h"
 #include "SdlSpeaker.h"
@@ -25,6 +26,7 @@ struct SdlOptions {
     std::string speaker;         // likewise
     bool hearsFile = false;      // a sound file in the place of the microphone:
     std::vector<int16_t> voice;  // 16 kHz
+    std::vector<int16_t> take;   // 16 kHz; becomes the take once the program is ready, empty: none
     bool silent = false;
 };
 
@@ -57,7 +59,10 @@ public:
 
     HostSpeaker* speaker() override { return &voice; }
 
-    void setDoors(HostDoors* offered) override { doors = offered; }
+    void setDoors(HostDoors* offered) override {
+        doors = offered;
+        extraDoors.setDoors(offered);
+    }
 
     /// Pictures that came onto the screen.
     int64_t presented() const { return pictures; }
@@ -97,6 +102,7 @@ private:
     SdlWindow window;
     SdlInput input;
 
+    SdlDoors extraDoors;
     HostDoors* doors = nullptr;
     HostFrame* frame = nullptr;
     bool frameIsNew = false;

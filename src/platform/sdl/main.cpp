@@ -61,6 +61,7 @@ int main(int argc, char** argv) {
     std::string home;
     std::string config;
     SdlOptions options;
+    std::string take;
     bool listsDevices = false;
     CLI::App parser("Murmelo records your voice and changes it.");
     parser.set_version_flag("--version", "murmelo " MURMELO_VERSION);
@@ -72,6 +73,7 @@ int main(int argc, char** argv) {
     parser.add_option("--speaker", options.speaker, "A device")->type_name("NAME");
     parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
     parser.add_flag("--silent", options.silent, "As a phone in silent mode");
+    parser.add_option("FILE", take, "A sound file to begin with: it becomes the take");
     CLI11_PARSE(parser, argc, argv);
     if (listsDevices) {
         return listDevices();
@@ -81,6 +83,9 @@ int main(int argc, char** argv) {
     if (!options.microphone.empty() && isSoundFile(options.microphone)) {
         options.hearsFile = true;
         wrong = SoundFile::read(options.microphone, HostMicrophone::kRateHz, options.voice);
+    }
+    if (wrong.empty() && !take.empty()) {
+        wrong = SoundFile::read(take, HostMicrophone::kRateHz, options.take);
     }
     HomeLock lock;
     if (wrong.empty()) {

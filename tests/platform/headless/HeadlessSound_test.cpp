@@ -109,15 +109,15 @@ TEST_F(HeadlessSoundTest, theEndComesAtItsExactTimeAndTheSpeakerKeepsWhatWasPlay
     EXPECT_EQ(clip[8003] * 90 / 100, heard[8003]);
 }
 
-TEST_F(HeadlessSoundTest, aMicrophoneFileThatCannotBeReadFailsTheRunInItsLine) {
+TEST_F(HeadlessSoundTest, aMicrophoneFileThatCannotBeReadIsAMistakeInItsLine) {
     run("wait 1\nmic " + folders.path("missing.wav") + "\nwait 1\n");
-    EXPECT_EQ(1, status);
+    EXPECT_EQ(2, status);
     EXPECT_EQ(0U, host->complaint().find("line 2: ")) << host->complaint();
 }
 
-TEST_F(HeadlessSoundTest, aSpeakerFileThatCannotBeWrittenFailsTheRunInItsLine) {
+TEST_F(HeadlessSoundTest, aSpeakerFileThatCannotBeWrittenIsAMistakeInItsLine) {
     run("speaker " + folders.path("missing/heard.wav") + "\n");
-    EXPECT_EQ(1, status);
+    EXPECT_EQ(2, status);
     EXPECT_EQ(0U, host->complaint().find("line 1: ")) << host->complaint();
 }
 

@@ -1,0 +1,43 @@
+// What a computer offers beyond the phone: sound files as the take, saving by a key, pictures of
+// the screen.
+#pragma once
+
+#include "Host.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+union SDL_Event;
+
+class SdlDoors {
+public:
+    /// @param folders  where saved sounds and pictures lie; not owned
+    explicit SdlDoors(const HostFolders& folders);
+
+    void setDoors(HostDoors* offered) { doors = offered; }
+
+    /// A sound that becomes the take as soon as the program rests in its menu. @param samples  16
+    /// kHz mono
+    void offer(std::vector<int16_t> samples) { offered = std::move(samples); }
+
+    /// Ctrl+S saves, F12 takes a picture, a file dropped on the window becomes the take. What
+    /// cannot be done is said on standard error. @returns whether a callback was delivered
+    bool handle(const SDL_Event& event);
+
+    /// Hands over the offered sound if it is time. @returns whether a callback was delivered
+    bool deliver();
+
+    /// Prints the real path of a sound that was saved since the last call.
+    void tellSaved();
+
+private:
+    bool save();
+    bool dropped(const std::string& path);
+    void takePicture();
+
+    const HostFolders& folders;
+    HostDoors* doors = nullptr;
+    std::vector<int16_t> offered;  // empty: none
+    int32_t savedBefore = 0;
+};
