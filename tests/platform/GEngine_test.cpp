@@ -1,4 +1,5 @@
 // The whole loop: OspMain on a host that works off steps.
+#include "AppImage.h"
 #include "AudioDev.h"
 #include "G.h"
 #include "GameInterface.h"
@@ -356,9 +357,78 @@ TEST_F(GEngineTest, theDoorsTellTheScreenAndTakeKeys) {
     EXPECT_EQ(nullptr, host.doors);
 }
 
-TEST(Thread, yieldingDeliversNothingAndEndsNothing) {
-    TestHost host;
-    const int32_t before = System::currentTimeMillis();
-    Osp::Base::Runtime::Thread::Yield();
-    EXPECT_EQ(before + 1, System::currentTimeMillis());
+TEST_F(GEngineTest, yieldingDeliversNothingAndEndsNothing) {
+    host.check([this] {
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+        for (int32_t i = 0; i < 5; i++) {
+            Osp::Base::Runtime::Thread::Yield();
+        }
+        EXPECT_EQ(Heard{"enter"}, screen->heard);
+        EXPECT_EQ(0, frames());
+    });
+    host.wait(1);
+    host.check([this] { EXPECT_EQ((Heard{"enter", "Update"}), screen->heard); });
+    run();
+}
+
+TEST_F(GEngineTest, aFrameShowsWhatItsOwnTickPaintedDoubledBelowTheBand) {
+    host.check([this] {
+        screen->handler = [](Event*) {
+            G::scr->set(0xFFFF0000, 0, 0);
+            G::scr->set(0xFF00FF00, 239, 319);
+        };
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
+    });
+    host.wait(1);
+    host.check([this] {
+        std::vector<uint16_t> display(480 * 800);
+        host.frame->compose(display.data(), 480 * 2);
+        auto at = [&display](int32_t x, int32_t y) {
+            return display[static_cast<size_t>(y * 480 + x)];
+        };
+        EXPECT_EQ(1, frames());
+        EXPECT_EQ(0x2104, at(0, 0));
+        EXPECT_EQ(0x2104, at(479, 159));
+        EXPECT_EQ(0xF800, at(0, 160));
+        EXPECT_EQ(0xF800, at(1, 161));
+        EXPECT_NE(0xF800, at(2, 160));
+        EXPECT_EQ(0x07E0, at(478, 798));
+        EXPECT_EQ(0x07E0, at(479, 799));
+    });
+    run();
+}
+
+TEST_F(GEngineTest, whatIsQueuedTwiceIsConsumedOnceAndThenNothingIsDue) {
+    foreground();
+    foreground();
+    background();
+    host.check([this] { EXPECT_EQ(-1, host.lastTimeoutMs); });
+    run();
+}
+
+TEST_F(GEngineTest, screensGoAfterTheCanvasBecauseFinalisersRunForward) {
+    class LastLook : public TestScreen {
+    public:
+        explicit LastLook(bool& canvasWasGone)
+            : canvasWasGone(canvasWasGone) {}
+
+        ~LastLook() override { canvasWasGone = Orm::canvas == nullptr; }
+
+    private:
+        bool& canvasWasGone;
+    };
+
+    bool canvasWasGone = false;
+    host.check([&canvasWasGone] {
+        delete G::stateSave;
+        G::stateSave = new LastLook(canvasWasGone);
+    });
+    run();
+    EXPECT_TRUE(canvasWasGone);
+}
+
+TEST(OspMain, keepsTheLowWordOfAFailure) {
+    EXPECT_EQ(0, exitStatusOf(E_SUCCESS));
+    EXPECT_EQ(0x0835, exitStatusOf(E_KEY_NOT_FOUND));
+    EXPECT_NE(0, exitStatusOf(E_FAILURE));
 }

@@ -35,6 +35,7 @@ public:
     }
 
     bool pump(HostListener& listener, int64_t timeoutMs) override {
+        lastTimeoutMs = timeoutMs;
         if (timeoutMs == 0) {
             return false;
         }
@@ -63,6 +64,7 @@ public:
     /// Frames of the application do not give way to anybody: the clock stands while it works.
     void yielded() override { yields++; }
 
+    int64_t lastTimeoutMs = 0;  // of the newest pump
     int32_t framesShown = 0;
     int32_t sleeps = 0;
     int32_t yields = 0;

@@ -3,9 +3,11 @@
 
 #include "ArrFunc.h"
 #include "Event.h"
+#include "Orm.h"
 #include "OspBase.h"
 #include "Payload.h"
 #include "State.h"
+#include "Vector.h"
 
 #include <functional>
 #include <initializer_list>
@@ -26,9 +28,15 @@ public:
 
     ~TestScreen() override { deleteArrFunc(subscriptions); }
 
-    void onEnter() override { heard.emplace_back("enter"); }
+    void onEnter() override {
+        heard.emplace_back("enter");
+        registeredAtEnter = Orm::listeners->contains(this);
+    }
 
-    void onExit() override { heard.emplace_back("exit"); }
+    void onExit() override {
+        heard.emplace_back("exit");
+        registeredAtExit = Orm::listeners->contains(this);
+    }
 
     void onEvent(Event* event) override {
         std::string text = event->type->ToUtf8();
@@ -46,6 +54,8 @@ public:
 
     std::vector<std::string> heard;
     int32_t lastWord = 0;
+    bool registeredAtEnter = false;
+    bool registeredAtExit = true;
     std::function<void(Event*)> handler;
 
 private:

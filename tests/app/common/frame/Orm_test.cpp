@@ -1,3 +1,4 @@
+#include "Bounds.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
 #include "Orm.h"
@@ -222,11 +223,24 @@ TEST_F(OrmTest, persistentMemoryKeepsNothing) {
 }
 
 TEST_F(OrmTest, flushingAnAreaTakesItsBounds) {
-    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 0);
-    Orm::printEvents();
-    Orm::flush();
+    Bounds area;
+    Bounds::set(&area, 3, 5, 7, 11);
+    Orm::flush(&area);
+    EXPECT_TRUE(Bounds::equals(&area, Orm::tb));
+    Orm::flush(1, 2, 3, 4);
+    Orm::flush(nullptr);
+    EXPECT_TRUE(Bounds::equals(&area, Orm::tb));  // everything needs no bounds
+}
+
+TEST_F(OrmTest, theScreenAndTheMidletAreTheApplications) {
     EXPECT_EQ(Orm::canvas->getScreen(), Orm::getScreen());
     EXPECT_EQ(midlet, static_cast<void*>(Orm::getMidlet()));
+}
+
+TEST_F(OrmTest, lookingAtWhatIsPendingChangesNothing) {
+    Orm::schedEvent(Orm::EV_T_UPDATE, Orm::EV_ST_KEY_UP, nullptr, 0);
+    Orm::printEvents();
+    EXPECT_EQ(Heard{"KeyUp"}, pendingSubTypes());
 }
 
 TEST(Orm, theClassFinaliserTakesPendingEventsAndNamesAlong) {

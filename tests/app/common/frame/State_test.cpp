@@ -68,6 +68,13 @@ TEST_F(StateTest, enteringTheCurrentScreenLeavesItFirst) {
     EXPECT_EQ(4U, first->heard.size());
 }
 
+TEST_F(StateTest, aScreenIsRegisteredBeforeItIsEnteredAndNotAnyMoreWhenItIsLeft) {
+    EXPECT_TRUE(first->registeredAtEnter);
+    State::setState(second, true, true);
+    EXPECT_FALSE(first->registeredAtExit);
+    EXPECT_TRUE(second->registeredAtEnter);
+}
+
 TEST_F(StateTest, theCurrentScreenIsForgottenWithItsClass) {
     EXPECT_EQ(first, State::currState);
     State::static_dtor();
