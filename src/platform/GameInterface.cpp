@@ -169,6 +169,9 @@ bool GameInterface::navigate(HostKey key) {
     if (Orm::canvas == nullptr) {
         return false;
     }
+    if (OrmCanvas::showIsSilentPopup) {
+        return answerByKey(key);
+    }
     Orm::canvas->keyPressed(static_cast<int32_t>(key));
     Orm::canvas->keyReleased(static_cast<int32_t>(key));
     return true;
@@ -196,6 +199,18 @@ bool GameInterface::useSound(const int16_t* samples, int32_t count) {
         return false;
     }
     TakeJob::use(samples, count);
+    return true;
+}
+
+/// While the question stands the canvas takes nothing but a touch on the soft keys: so a soft key
+/// is one.
+bool GameInterface::answerByKey(HostKey key) {
+    if (key != HostKey::kLeftSoft && key != HostKey::kRightSoft) {
+        return false;
+    }
+    const int32_t third = kWidthPx / 3;
+    const int32_t x = key == HostKey::kLeftSoft ? third / 2 : kWidthPx - third / 2;
+    Orm::canvas->pointerReleased(x, kHeightPx - SkBar::kHeightPx / 2);
     return true;
 }
 

@@ -47,6 +47,7 @@ private:
     std::string screenName() override;
     int32_t currentEffect() override;
     bool navigate(HostKey key) override;
+    static bool answerByKey(HostKey key);
     bool saveSound() override;
     bool useSound(const int16_t* samples, int32_t count) override;
     int32_t savedCount() override;

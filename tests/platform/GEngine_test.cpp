@@ -317,6 +317,25 @@ TEST_F(GEngineTest, thePhonesVoiceBackTakesTheQuestionAway) {
     run();
 }
 
+TEST_F(GEngineTest, theQuestionAboutSilenceIsAnsweredBySoftKeysOfAKeyboardToo) {
+    host.check([this] {
+        host.silent = true;
+        OrmCanvas::safeToShowIsSilentPopup = true;
+    });
+    background();
+    foreground();
+    host.callback([this](HostListener&) {
+        EXPECT_FALSE(host.doors->navigate(HostKey::kMiddle));
+        EXPECT_TRUE(host.doors->navigate(HostKey::kRightSoft));
+    });
+    host.check([] {
+        EXPECT_FALSE(OrmCanvas::showIsSilentPopup);
+        EXPECT_FALSE(Orm::isPaused());
+        EXPECT_TRUE(AudioDev::isSilent);
+    });
+    run();
+}
+
 TEST_F(GEngineTest, silenceIsNotAskedAboutBeforeItIsSafe) {
     host.check([this] { host.silent = true; });
     background();

@@ -66,7 +66,8 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
         if (framesAtThisTime <= kMostFramesAtOnce) {
             return false;
         }
-        failure = "the program never comes to rest";
+        failure = (next > 0 ? "line " + std::to_string(script[next - 1].line) + ": " : "") +
+                  "the program never comes to rest";
         status = kFailed;
     }
     while (status == kOk && pending.empty()) {
@@ -74,7 +75,7 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
             framesAtThisTime = 0;
             return false;
         }
-        if (next == script.size()) {
+        if (status != kOk || next == script.size()) {
             break;
         }
         next++;
@@ -106,7 +107,9 @@ void HeadlessHost::watch() {
 bool HeadlessHost::awaitedScreenCame() {
     const bool untilIsNext = !waiting && pending.empty() && next < script.size() &&
                              script[next].verb == ScriptVerb::kUntil;
-    if (untilIsNext && doors != nullptr && doors->screenName() != script[next].text) {
+    const std::string& wanted = untilIsNext ? script[next].text : awaitedScreen;
+    const bool came = doors != nullptr && (doors->screenName() != wanted || screenBefore != wanted);
+    if (untilIsNext && came) {
         next++;
         start(script[next - 1]);
     }
@@ -145,6 +148,9 @@ int64_t HeadlessHost::longestSleep(int64_t timeoutMs) const {
 }
 
 void HeadlessHost::start(const ScriptCommand& command) {
+    if (doors != nullptr && command.verb != ScriptVerb::kUntil) {
+        screenBefore = doors->screenName();
+    }
     switch (command.verb) {
     case ScriptVerb::kTap:
     case ScriptVerb::kPress:

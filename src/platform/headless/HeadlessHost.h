@@ -100,6 +100,7 @@ private:
     int64_t waitEndMs = 0;
     std::string watchedScreen;  // empty: none
     std::string watchedFile;
+    std::string screenBefore;   // when the command in hand began
     std::string awaitedScreen;  // empty: only time counts
 
     FileMicrophone ears;

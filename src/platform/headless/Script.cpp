@@ -88,20 +88,13 @@ bool isNumber(const std::string& word, int64_t& number) {
 /// Every operation of the platform that can be told to fail.
 bool isOperation(const std::string& word) {
     static const std::set<std::string> kOperations = {
-        "AppRegistry.Write",    "AudioIn.AddBuffer",
-        "AudioIn.Construct",    "AudioIn.Prepare",
-        "AudioIn.Reset",        "AudioIn.Start",
-        "AudioIn.Stop",         "AudioIn.Unprepare",
-        "Canvas.Show",          "Directory.Construct",
-        "Directory.Create",     "Directory.Read",
-        "File.Construct",       "File.Copy",
-        "File.Flush",           "File.Read",
-        "File.Remove",          "File.Seek",
-        "File.Write",           "Player.Close",
-        "Player.Construct",     "Player.OpenFile",
-        "Player.Play",          "Player.SetVolume",
-        "Player.Stop",          "RuntimeInfo.GetValue",
-        "SettingInfo.GetValue",
+        "AppRegistry.Write", "AudioIn.AddBuffer",   "AudioIn.Construct",    "AudioIn.Prepare",
+        "AudioIn.Reset",     "AudioIn.Start",       "AudioIn.Stop",         "AudioIn.Unprepare",
+        "Canvas.Show",       "Directory.Construct", "Directory.Create",     "Directory.Read",
+        "File.Construct",    "File.Copy",           "File.Flush",           "File.Read",
+        "File.Remove",       "File.Seek",           "File.Write",           "Player.Close",
+        "Player.Construct",  "Player.OpenFile",     "Player.Pause",         "Player.Play",
+        "Player.SetVolume",  "Player.Stop",         "RuntimeInfo.GetValue", "SettingInfo.GetValue",
     };
     return kOperations.count(word) != 0;
 }

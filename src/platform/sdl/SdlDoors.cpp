@@ -91,7 +91,11 @@ bool SdlDoors::deliver() {
 }
 
 void SdlDoors::takePicture() {
-    const std::string path = freePictureName(folders.home + "/Murmelo");
+    const std::string folder = folders.home + "/Murmelo";
+    std::error_code error;
+    std::filesystem::create_directories(
+        folder, error);  // the start makes it, but not before the first language
+    const std::string path = freePictureName(folder);
     const std::vector<uint8_t> png = doors->canvasPng();
     std::ofstream file(path, std::ios::binary);
     file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));

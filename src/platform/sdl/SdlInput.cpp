@@ -8,6 +8,7 @@ using Touch = HostListener::Touch;
 
 namespace {
 
+constexpr uint32_t kDoubleTapMs = 500;
 constexpr int32_t kSoftKeysTopPx = 736;  // the soft-key bar lies from here to the lower edge
 
 bool isOnDisplay(int32_t x, int32_t y) {
@@ -86,7 +87,7 @@ bool SdlInput::mousePressed(const SDL_MouseButtonEvent& button, HostListener& li
     places.fromMouse(button.x, button.y, x, y);
     // A job that took the phone seconds is done within a double click: its second half would press
     // a key of the next screen, that nobody has seen yet.
-    const bool secondOfDouble = button.clicks % 2 == 0 && y >= kSoftKeysTopPx;
+    const bool secondOfDouble = button.clicks > 1 && y >= kSoftKeysTopPx;
     return button.button == SDL_BUTTON_LEFT && !secondOfDouble &&
            pressed(Pointer::kMouse, button.which, x, y, listener);
 }
@@ -97,8 +98,16 @@ bool SdlInput::fingerMoved(const SDL_Event& event, HostListener& listener) {
     const SDL_TouchFingerEvent& finger = event.tfinger;
     places.fromShares(finger.x, finger.y, x, y);
     switch (event.type) {
-    case SDL_FINGERDOWN:
-        return pressed(Pointer::kFinger, finger.fingerId, x, y, listener);
+    case SDL_FINGERDOWN: {
+        const bool onBar = y >= kSoftKeysTopPx;
+        const bool secondOfDouble =
+            onBar && lastBarTapMs != kNoTap && finger.timestamp - lastBarTapMs < kDoubleTapMs;
+        if (secondOfDouble || !pressed(Pointer::kFinger, finger.fingerId, x, y, listener)) {
+            return false;
+        }
+        lastBarTapMs = onBar ? finger.timestamp : kNoTap;
+        return true;
+    }
     case SDL_FINGERMOTION:
         return moved(Pointer::kFinger, finger.fingerId, x, y, listener);
     default:

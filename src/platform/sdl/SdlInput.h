@@ -44,4 +44,6 @@ private:
     const SdlPlaces& places;
     Pointer down = Pointer::kNone;  // what holds the one finger
     int64_t downId = 0;
+    static constexpr uint32_t kNoTap = 0;
+    uint32_t lastBarTapMs = kNoTap;  // when a finger last touched the soft-key bar
 };

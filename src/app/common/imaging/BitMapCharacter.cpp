@@ -16,6 +16,7 @@ using Osp::Base::String;
 namespace {
 
 constexpr int32_t kPixelsPerWord = 8;
+constexpr int32_t kHeaderBytes = 7;  // of a record: code point, advance, offsets, size
 
 int32_t wordCount(int32_t w, int32_t h) {
     return (w * h + kPixelsPerWord - 1) / kPixelsPerWord;
@@ -90,16 +91,19 @@ void BitMapCharacter::letGo() {
 }
 
 BitMapCharacter* BitMapCharacter::createFrom(DataInputStream* in) {
-    const int32_t high = in->read();
-    if (high < 0) {
-        return nullptr;
+    int32_t header[kHeaderBytes];
+    for (int32_t& byte : header) {
+        byte = in->read();
+        if (byte < 0) {
+            return nullptr;  // half a record would be taken for another character
+        }
     }
-    const int32_t codePoint = high << 8 | in->readUnsignedByte();
-    const signed char advanceWidth = in->readByte();
-    const signed char ofsX = in->readByte();
-    const signed char ofsY = in->readByte();
-    const int32_t w = in->readUnsignedByte();
-    const int32_t h = in->readUnsignedByte();
+    const int32_t codePoint = header[0] << 8 | header[1];
+    const auto advanceWidth = static_cast<signed char>(header[2]);
+    const auto ofsX = static_cast<signed char>(header[3]);
+    const auto ofsY = static_cast<signed char>(header[4]);
+    const int32_t w = header[5];
+    const int32_t h = header[6];
     if (w == 0 || h == 0) {
         return new BitMapCharacter(codePoint, advanceWidth, ofsX, ofsY);
     }

@@ -123,7 +123,7 @@ int32_t PaTextArea::findRowEnd(const String& text, BitMapFont* font, int32_t sta
             inSpaces = true;
         }
         const BitMapCharacter* character = font->getChar(text[i]);
-        if (pen + character->ofsX + character->w > bounds->w) {
+        if (pen + character->ofsX + character->w > std::max(bounds->w, kMinWidth)) {
             if (breakAt != kNone) {
                 return breakAt;
             }

@@ -25,7 +25,6 @@ Options::Options()
 
 void Options::onEnter() {
     showOptions();
-    askAboutSilence();
 }
 
 void Options::showOptions() {
@@ -44,6 +43,7 @@ void Options::showOptions() {
     SkBar::paint(true);
     Menu::paint();
     Orm::flush();
+    askAboutSilence();
 }
 
 void Options::askAboutSilence() {

@@ -51,7 +51,6 @@ void Playing::onEnter() {
         return;
     }
     startMs = System::currentTimeMillis();
-    frame = 0;
     SkBar::setStr(Res::Null, Str::str_SK_STOP, Res::Null);
     SkBar::paint(true);
     Orm::flush(G::psSkBg);

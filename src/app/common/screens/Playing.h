@@ -19,5 +19,5 @@ private:
     void animate();
 
     int32_t startMs = 0;
-    int32_t frame = 0;
+    int32_t frame = 0;  // of the wheels, which go on from where they stood
 };

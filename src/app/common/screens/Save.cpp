@@ -29,6 +29,11 @@ Save::~Save() {
 
 void Save::onEnter() {
     if (G::getLastPlayedFx() != G::getCurrFx()) {
+        // Whatever screen it comes from, the progress stands on the plain picture.
+        Header::set(false, false, false, false);
+        Main::paintBgAndFx();
+        SkBar::setStr(Res::Null, Res::Null, Res::Null);
+        SkBar::paint(true);
         EffectJob::enter(this, G::stateOptions);
         return;
     }

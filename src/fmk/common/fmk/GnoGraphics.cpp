@@ -12,12 +12,7 @@
 
 namespace {
 
-// Half a billion pixels to every side: lines are cut here, so that their products fit 64 bits.
-constexpr int64_t kFarthestPx = int64_t{1} << 29;
-
-int64_t nearBy(int64_t coordinate) {
-    return std::clamp(coordinate, -kFarthestPx, kFarthestPx);
-}
+__extension__ using Wide = unsigned __int128;  // for the product of two distances
 
 /// Of the steps 0 .. count of a line that moves one pixel a step from position start on, the first
 /// and last ones within low .. high.
@@ -93,10 +88,10 @@ void GnoGraphics::fillRect(int32_t x, int32_t y, int32_t w, int32_t h) {
 }
 
 void GnoGraphics::drawLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-    const int64_t x = nearBy(int64_t{x1} + tx);
-    const int64_t y = nearBy(int64_t{y1} + ty);
-    const int64_t dx = nearBy(int64_t{x2} + tx) - x;
-    const int64_t dy = nearBy(int64_t{y2} + ty) - y;
+    const int64_t x = int64_t{x1} + tx;
+    const int64_t y = int64_t{y1} + ty;
+    const int64_t dx = int64_t{x2} + tx - x;
+    const int64_t dy = int64_t{y2} + ty - y;
     if (std::abs(dx) >= std::abs(dy)) {
         drawSteps({x, dx, clipX, clipX + clipW - 1}, {y, dy, clipY, clipY + clipH - 1}, false);
     } else {
@@ -111,9 +106,13 @@ void GnoGraphics::drawSteps(const Axis& longer, const Axis& shorter, bool steep)
     const Steps steps(longer.start, longer.distance, count, longer.low, longer.high);
     for (int64_t i = steps.first; i <= steps.last; i++) {
         const int64_t at = longer.start + (longer.distance < 0 ? -i : i);
-        // i / count of the shorter way, rounded, halves up: at most 2**61
-        const int64_t moved =
-            count == 0 ? 0 : (2 * i * std::abs(shorter.distance) + count) / (2 * count);
+        // i / count of the shorter way, rounded, halves up: the product takes up to 66 bits
+        const auto doubled =
+            Wide{2} * static_cast<uint64_t>(i) * static_cast<uint64_t>(std::abs(shorter.distance));
+        const auto moved =
+            static_cast<int64_t>(count == 0 ? 0
+                                            : (doubled + static_cast<uint64_t>(count)) /
+                                                  static_cast<uint64_t>(2 * count));
         const int64_t side = shorter.start + (shorter.distance < 0 ? -moved : moved);
         if (side >= shorter.low && side <= shorter.high) {
             row(static_cast<int32_t>(steep ? at : side))[steep ? side : at] = pixel;

@@ -296,7 +296,8 @@ TEST_F(BitMapFontTest, everyTruncationOfAFileIsSafe) {
             parse(std::vector<int32_t>(whole.begin(), whole.begin() + static_cast<int64_t>(n)));
         EXPECT_GE(cut->getNumChars(), 2) << n;
         EXPECT_LE(cut->getNumChars(), 6) << n;
-        EXPECT_NE(nullptr, cut->getMissingChar());
+        ASSERT_NE(nullptr, cut->getMissingChar());
+        EXPECT_NE(nullptr, cut->getMissingChar()->pixels) << n;
     }
 }
 

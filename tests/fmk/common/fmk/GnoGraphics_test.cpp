@@ -314,6 +314,12 @@ TEST_F(GnoGraphicsTest, endlessLinesEndAtTheClip) {
     expectInk([](int32_t x, int32_t y) { return x == y && y >= 3 && y < 5; });
 }
 
+TEST_F(GnoGraphicsTest, aLineOfAnyLengthKeepsItsSlope) {
+    g.setColor(kInk);
+    g.drawLine(0, 0, 0x7FFFFFFF, 0x20000000);  // a quarter, and a trace more
+    expectInk([](int32_t x, int32_t y) { return y == (x + 2) / 4; });
+}
+
 TEST_F(GnoGraphicsTest, outlinesAreOnePixelLargerThanTheirSize) {
     g.setColor(kInk);
     g.drawRect(0, 0, 10, 10);
