@@ -151,6 +151,9 @@ std::string FxOptions::addSingleJob() {
     if (!kindOfName && !kind) {
         return "the output " + inQuotes(output) + " must end in .wav, .flac or .ogg";
     }
+    if (kindOfName && kind && *kind != *kindOfName) {
+        return "the output " + inQuotes(output) + " does not end as --format says";
+    }
     jobs.push_back({arguments[0], output, kind ? *kind : *kindOfName});
     return "";
 }

@@ -161,7 +161,10 @@ void OutputFile::discard() {
 }
 
 void OutputFile::removeOnSignals() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXCPU}) {
+    // A file that grows beyond the user's limit is a failed write, not an end without a word.
+    std::signal(SIGXFSZ, SIG_IGN);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGALRM, SIGVTALRM,
+                             SIGUSR1, SIGUSR2}) {
         struct sigaction action = {};
         sigaction(signal, nullptr, &action);
         // A signal that the caller wants ignored (nohup) stays ignored.

@@ -116,8 +116,8 @@ Sound SoundReader::read(const std::string& path) {
 }
 
 /// Samples of 8 kHz in a file with the header that the application writes; -1 for any other file.
-/// A header with a negative length (it was written into a pipe, before the length was known) is
-/// left to the library, which takes the whole file.
+/// A header whose length is negative or none at all before a sound (it was written into a pipe, or
+/// never finished) is left to the library, which takes the whole file.
 int32_t SoundReader::canonicalSamples(const InputFile& file) {
     const Bytes header(newArray<signed char>(WavProps::kHeaderBytes));
     if (file.readAt(header.get(), WavProps::kHeaderBytes, 0) != WavProps::kHeaderBytes) {
@@ -126,7 +126,8 @@ int32_t SoundReader::canonicalSamples(const InputFile& file) {
     const WavProps props(header.get());
     const int32_t rateHz = props.getSampleRate();
     if ((rateHz != WavFile::kRateHz && rateHz != WavFile::kRecordedRateHz) ||
-        props.getSampleCount() < 0) {
+        props.getSampleCount() < 0 ||
+        (props.getSampleCount() == 0 && file.size() > WavProps::kHeaderBytes)) {
         return -1;
     }
     const Bytes own(WavProps(props.getSampleCount(), rateHz).toByteArray());

@@ -108,7 +108,6 @@ private:
 /// The disk takes no file beyond so many bytes.
 void limitFiles(rlim_t bytes) {
     const struct rlimit limit = {bytes, bytes};
-    std::signal(SIGXFSZ, SIG_IGN);
     if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
         _exit(125);
     }

@@ -30,15 +30,6 @@ size_t bytesOf(int32_t count) {
 
 SampleKeep::Slot SampleKeep::slots[kSlots];
 
-int32_t* SampleKeep::take(int32_t count) {
-    int32_t* samples = lend(count);
-    if (samples == nullptr) {
-        return newArray<int32_t>(count);
-    }
-    std::memset(samples, 0, bytesOf(count));
-    return samples;
-}
-
 int32_t* SampleKeep::takeCopy(const int32_t* samples) {
     const int32_t count = length(samples);
     int32_t* copy = lend(count);
@@ -63,10 +54,11 @@ void SampleKeep::giveBack(int32_t* samples) {
 
 void SampleKeep::clear() {
     for (Slot& slot : slots) {
+        // One that is in use is forgotten: whoever gives it back after this has it deleted.
         if (!slot.lent) {
             deleteArrFunc(slot.samples);
-            slot = Slot();
         }
+        slot = Slot();
     }
 }
 

@@ -9,16 +9,13 @@
 
 class SampleKeep {
 public:
-    /// A zero-filled array of count samples. It goes back with giveBack.
-    static int32_t* take(int32_t count);
-
     /// A copy of samples (null: of no samples). It goes back with giveBack.
     static int32_t* takeCopy(const int32_t* samples);
 
     /// Takes back any counted array; one that did not come from here is deleted. Null does nothing.
     static void giveBack(int32_t* samples);
 
-    /// Frees everything that is not in use.
+    /// Frees everything that is not in use, and will free the rest when it comes back.
     static void clear();
 
 private:

@@ -5,11 +5,23 @@
 
 using audio::Samples;
 
+namespace {
+
+/// Silence of that length, from the keep.
+int32_t* take(int32_t count) {
+    auto* silence = newArray<int32_t>(count);
+    int32_t* copy = SampleKeep::takeCopy(silence);
+    deleteArrFunc(silence);
+    return copy;
+}
+
+}  // namespace
+
 TEST(SampleKeep, takenArrayIsSilentAndCounted) {
-    int32_t* first = SampleKeep::take(100);
+    int32_t* first = take(100);
     std::fill_n(first, 100, 9);
     SampleKeep::giveBack(first);
-    int32_t* second = SampleKeep::take(60);
+    int32_t* second = take(60);
     EXPECT_EQ(Samples(60), audio::toVector(second));
     SampleKeep::giveBack(second);
     SampleKeep::clear();
@@ -17,7 +29,7 @@ TEST(SampleKeep, takenArrayIsSilentAndCounted) {
 
 TEST(SampleKeep, copyHasTheSamplesAndTheirCount) {
     const Samples samples = audio::noise(77, 100);
-    int32_t* large = SampleKeep::take(1000);
+    int32_t* large = take(1000);
     SampleKeep::giveBack(large);
     int32_t* copy = SampleKeep::takeCopy(audio::toArray(samples).get());
     EXPECT_EQ(samples, audio::toVector(copy));
@@ -31,7 +43,7 @@ TEST(SampleKeep, copyHasTheSamplesAndTheirCount) {
 TEST(SampleKeep, moreArraysThanItKeepsAreArraysAllTheSame) {
     int32_t* arrays[6];
     for (int32_t i = 0; i < 6; i++) {
-        arrays[i] = SampleKeep::take(10 + i);
+        arrays[i] = take(10 + i);
         arrays[i][9] = i;
     }
     for (int32_t i = 0; i < 6; i++) {
@@ -49,7 +61,7 @@ TEST(SampleKeep, foreignArraysAndNullAreTakenBackToo) {
 }
 
 TEST(SampleKeep, clearLeavesWhatIsInUse) {
-    int32_t* used = SampleKeep::take(5);
+    int32_t* used = take(5);
     SampleKeep::clear();
     used[4] = 3;
     EXPECT_EQ(3, used[4]);

@@ -30,6 +30,41 @@ TEST(WpNoEffect, everySliceCopiesTheWholeRest) {
     EXPECT_EQ(samples, audio::toVector(Array<int32_t>(proc.getResult()).get()));
 }
 
+namespace {
+
+/// Lets a test spoil the result between two slices.
+template <typename Processor>
+class Spoiled : public Processor {
+public:
+    void spoil() { std::fill_n(this->result, length(this->result), 12345); }
+};
+
+template <typename Processor>
+Samples secondSliceOver(const Samples& samples) {
+    Spoiled<Processor> proc;
+    proc.init(audio::toArray(samples).get(), 8000);
+    proc.process();
+    proc.spoil();
+    proc.process();
+    return audio::toVector(Array<int32_t>(proc.getResult()).get());
+}
+
+}  // namespace
+
+TEST(WpNoEffect, theSecondSliceCopiesAllThatIsLeft) {
+    const Samples samples = audio::noise(20000, 32767);
+    const Samples result = secondSliceOver<WpNoEffect>(samples);
+    EXPECT_EQ(12345, result[7999]);
+    EXPECT_TRUE(std::equal(samples.begin() + 8000, samples.end(), result.begin() + 8000));
+}
+
+TEST(WpReverse, theSecondSliceReversesAllThatIsLeft) {
+    const Samples samples = audio::noise(20000, 32767);
+    const Samples result = secondSliceOver<WpReverse>(samples);
+    EXPECT_EQ(12345, result[7999]);
+    EXPECT_TRUE(std::equal(result.begin() + 8000, result.end(), samples.rbegin() + 8000));
+}
+
 TEST(WpNoEffect, soundOfNoSamplesEndsAtOnce) {
     WpNoEffect proc;
     std::vector<int32_t> progress;
