@@ -1,6 +1,8 @@
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(pixman REQUIRED IMPORTED_TARGET pixman-1)
 murmelo_bench(frame_bench
     SOURCES
         ../tests/support/TestHost.cpp
         app/common/frame/Orm_bench.cpp
-    LINK murmelo_app)
+    LINK murmelo_app PkgConfig::pixman)
 target_include_directories(frame_bench PRIVATE ../tests/support)

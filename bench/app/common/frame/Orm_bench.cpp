@@ -9,8 +9,8 @@
 #include "TestScreen.h"
 
 #include <benchmark/benchmark.h>
-
 #include <memory>
+#include <pixman.h>
 #include <random>
 #include <vector>
 
@@ -77,6 +77,29 @@ void composeTheDisplay(benchmark::State& state) {
     }
 }
 
+/// The same work by pixman: a fill of the band, and the picture doubled below it.
+void composeWithPixman(benchmark::State& state) {
+    std::vector<uint32_t> picture(size_t{240} * 320 / 2, 0x12345678);
+    std::vector<uint32_t> display(size_t{480} * 800 / 2);
+    pixman_image_t* source =
+        pixman_image_create_bits(PIXMAN_r5g6b5, 240, 320, picture.data(), 240 * 2);
+    pixman_image_t* target =
+        pixman_image_create_bits(PIXMAN_r5g6b5, 480, 800, display.data(), 480 * 2);
+    pixman_transform_t half;
+    pixman_transform_init_scale(&half, pixman_fixed_1 / 2, pixman_fixed_1 / 2);
+    pixman_image_set_transform(source, &half);
+    pixman_image_set_filter(source, PIXMAN_FILTER_NEAREST, nullptr, 0);
+    for (auto _ : state) {
+        pixman_fill(display.data(), 480 / 2, 16, 0, 0, 480, 160, 0x2104);
+        pixman_image_composite32(PIXMAN_OP_SRC, source, nullptr, target, 0, 0, 0, 0, 0, 160, 480,
+                                 640);
+        benchmark::DoNotOptimize(display.data());
+        benchmark::ClobberMemory();
+    }
+    pixman_image_unref(source);
+    pixman_image_unref(target);
+}
+
 /// For comparison: what filling the display's memory costs.
 void fillTheDisplay(benchmark::State& state) {
     std::vector<uint16_t> display(size_t{480} * 800);
@@ -93,4 +116,5 @@ BENCHMARK(scheduleAndDeliver)->Arg(10)->Arg(1000)->Arg(10000);
 BENCHMARK(frameWithoutEvent);
 BENCHMARK(frameOnTheDisplay);
 BENCHMARK(composeTheDisplay);
+BENCHMARK(composeWithPixman);
 BENCHMARK(fillTheDisplay);
