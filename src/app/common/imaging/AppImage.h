@@ -45,7 +45,8 @@ public:
     /// loaded and the colours that are named keep the tints that they were matched with.
     virtual void premult();
 
-    /// Premultiplied to straight colours, 255 * channel / alpha truncated; alpha 0 and 255 stay.
+    /// Premultiplied to straight colours, 255 * channel / alpha truncated; alpha 0 and 255 stay. A
+    /// channel above its alpha, which no premultiplied picture has, keeps only the low eight bits.
     virtual void unpremult();
 
     virtual uint32_t get(int32_t x, int32_t y);

@@ -10,6 +10,8 @@
 /// Pictures with more pixels are refused; one of this size takes 32 MB while it is decoded.
 constexpr int32_t kPngMaxPixels = 2048 * 2048;
 
+/// An index beyond the palette is opaque black.
+///
 /// @param pixels    new counted array of width * height pixels, for the caller to delete
 /// @param alpha     new counted array of width * height bytes, or null without hasAlpha
 /// @return 0; or -1, with null arrays and size 0, if the data is shorter than 9 bytes, has no PNG
