@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr const char* kRecording = "/usr/share/asterisk/sounds/en/demo-instruct.wav";
+constexpr const char* kRecording = "/usr/share/asterisk/sounds/en_US_f_Allison/demo-instruct.wav";
 
 }  // namespace
 

@@ -68,7 +68,7 @@ Samples glide(int32_t count, double fromHz, double toHz) {
 }
 
 Samples speech(const std::string& name) {
-    const std::string path = "/usr/share/asterisk/sounds/en/" + name + ".wav";
+    const std::string path = "/usr/share/asterisk/sounds/en_US_f_Allison/" + name + ".wav";
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         ADD_FAILURE() << path << " is missing: install asterisk-core-sounds-en-wav";
