@@ -269,6 +269,14 @@ TEST_F(RecordingTest, aTakeThatCannotBeReadAtStopIsFatal) {
     EXPECT_EQ(kFileError, fatalText());
 }
 
+TEST_F(RecordingTest, aTakeThatDidNotFitOnTheDiskIsFatal) {
+    start();
+    host.failNth("File.Write", 2);
+    pass(2000);
+    touch(kMiddle);
+    EXPECT_EQ(kFileError, fatalText());
+}
+
 TEST_F(RecordingTest, silenceFromAMicrophoneWithoutSamplesStillEndsAfterTwentySeconds) {
     host.ears.setVoice({});
     start();
