@@ -1,0 +1,18 @@
+# What goes wrong outside the program: a full disk, a folder that goes, damaged files, a kill, a
+# signal, a clock. Each test states its outcomes at its head.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+# fault_test(name SCRIPT [ARGUMENT ...]): runs tests/faults/SCRIPT ARGUMENT ... PROGRAM SOURCE.
+function(fault_test name script)
+    add_test(NAME faults/${name}
+        COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/${script} ${ARGN}
+            $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR})
+    set_tests_properties(faults/${name} PROPERTIES
+        SKIP_RETURN_CODE 77
+        TIMEOUT 300
+        LABELS faults
+        ENVIRONMENT "MURMELO_SANITIZED=$<BOOL:${MURMELO_SANITIZE}>")
+endfunction()
+
+fault_test(disk-full-by-size disk_full.py limit)
+fault_test(disk-full-on-a-small-disk disk_full.py tmpfs)
