@@ -16,3 +16,4 @@ endfunction()
 
 fault_test(disk-full-by-size disk_full.py limit)
 fault_test(disk-full-on-a-small-disk disk_full.py tmpfs)
+fault_test(end-signal end_signal.py)

@@ -50,8 +50,10 @@ def environment(source):
     return env
 
 
-def ignore_file_size_signal():
-    """A write beyond the limit then fails as on a full disk."""
+def fresh_signals():
+    """Whoever runs the tests may have signals ignored. A write beyond a size limit fails as on a full disk."""
+    for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
+        signal.signal(number, signal.SIG_DFL)
     signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
 
 
@@ -170,7 +172,7 @@ class Place:
         self.stops += 1
         return Stop(self.path("stop%d" % self.stops))
 
-    def start(self, script, prefix=(), preexec=ignore_file_size_signal, home="home", config="config", env=None):
+    def start(self, script, prefix=(), preexec=fresh_signals, home="home", config="config", env=None):
         self.write("script", script)
         variables = environment(self.source)
         if self.data:
