@@ -2,6 +2,15 @@
 # signal, a clock. Each test states its outcomes at its head.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
+murmelo_tests(fault_tests
+    SOURCES
+        app/common/audio/AudioSupport.cpp
+        app/common/screens/ScreensTest.cpp
+        faults/SoundMutations_test.cpp
+    LINK murmelo_app murmelo_headless_host murmelo_sounds)
+target_include_directories(fault_tests PRIVATE app/common/screens app/common/audio)
+target_compile_definitions(fault_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+
 # fault_test(name SCRIPT [ARGUMENT ...]): runs tests/faults/SCRIPT ARGUMENT ... PROGRAM SOURCE.
 function(fault_test name script)
     add_test(NAME faults/${name}
@@ -16,5 +25,6 @@ endfunction()
 
 fault_test(disk-full-by-size disk_full.py limit)
 fault_test(disk-full-on-a-small-disk disk_full.py tmpfs)
-fault_test(end-signal end_signal.py)
 fault_test(home-gone home_gone.py)
+fault_test(end-signal end_signal.py)
+fault_test(damaged-sounds sound_files.py)
