@@ -17,7 +17,7 @@ import tempfile
 
 SKIPPED = 77
 CRASH_STATUS = 97  # of a program that a sanitizer ended
-TIMEOUT_SECONDS = 120
+TIMEOUT_SECONDS = 60
 TEMPORARY = ("MrmLastRec.wav", "MrmLastProc.wav")
 
 LANGUAGE_KNOWN = "lang=0\n"
