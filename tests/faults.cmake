@@ -31,3 +31,10 @@ fault_test(damaged-sounds sound_files.py)
 fault_test(damaged-settings damaged.py settings)
 fault_test(damaged-resources damaged.py resources)
 fault_test(kill kill.py)
+
+# The monkey: a small piece with every test run, and the proof that it finds what is broken. A million
+# events: tests/faults/monkey.py --events 1000000 build/asan/murmelo-headless .
+fault_test(monkey monkey.py --seed 1 --events $<IF:$<BOOL:${MURMELO_SANITIZE}>,4000,10000> --finds ${CMAKE_CURRENT_BINARY_DIR})
+add_test(NAME faults/monkey-finds-and-shrinks
+    COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/monkey_test.py ${CMAKE_SOURCE_DIR})
+set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 300 LABELS faults)
