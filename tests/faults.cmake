@@ -6,6 +6,7 @@ murmelo_tests(fault_tests
     SOURCES
         app/common/audio/AudioSupport.cpp
         app/common/screens/ScreensTest.cpp
+        faults/ClockJumps_test.cpp
         faults/SoundMutations_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_sounds)
 target_include_directories(fault_tests PRIVATE app/common/screens app/common/audio)
@@ -38,3 +39,6 @@ fault_test(monkey monkey.py --seed 1 --events $<IF:$<BOOL:${MURMELO_SANITIZE}>,4
 add_test(NAME faults/monkey-finds-and-shrinks
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/monkey_test.py ${CMAKE_SOURCE_DIR})
 set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 300 LABELS faults)
+
+add_library(clock_shim SHARED faults/clock_shim.c)
+fault_test(clock clock.py $<TARGET_FILE:clock_shim>)
