@@ -42,3 +42,13 @@ set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 300 LABE
 
 add_library(clock_shim SHARED faults/clock_shim.c)
 fault_test(clock clock.py $<TARGET_FILE:clock_shim>)
+
+# The same with a window, on servers of its own.
+foreach(mode end clock)
+    add_test(NAME faults/desktop-${mode}
+        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
+            ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/desktop.py ${mode}
+            $<TARGET_FILE:clock_shim> $<TARGET_FILE:murmelo> ${CMAKE_SOURCE_DIR})
+    set_tests_properties(faults/desktop-${mode} PROPERTIES
+        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS faults)
+endforeach()
