@@ -127,7 +127,7 @@ class Killing:
 
 def main(program, source):
     killing = Killing(program, source, int(os.environ.get("MURMELO_TEST_SEED", "1")))
-    kills = int(os.environ.get("MURMELO_TEST_KILLS", "40" if sanitized() else "200"))
+    kills = int(os.environ.get("MURMELO_TEST_KILLS", "12" if sanitized() else "200"))
     for number in range(kills):
         killing.once(number)
     print("%d journeys, %d of them over before the kill; %d sounds saved before it; left behind: %s"
