@@ -58,10 +58,12 @@ void doWithoutDesktopServices() {
 
 SdlHost::SdlHost(SdlOptions givenOptions)
     : options(std::move(givenOptions))
-    , signals([this](int signal) {
-        (signal == SIGTSTP ? stopAsked : endAsked) = true;
-        rouse();
-    })
+    , signals(
+          [this](int signal) {
+              (signal == SIGTSTP ? stopAsked : endAsked) = true;
+              rouse();
+          },
+          [this] { return rouseAgain(); })
     , ears(audio, options.microphone, [this] { rouse(); })
     , fileEars([this] { return uptimeMs(); })
     , voice(
@@ -270,6 +272,16 @@ void SdlHost::rouse() {
         event.type = type;
         SDL_PushEvent(&event);
     }
+}
+
+/// The window system can lose what rouses it when two threads use its connection at one time, and
+/// nothing else may happen for hours.
+bool SdlHost::rouseAgain() {
+    const bool unheard = stopAsked || endAsked;
+    if (unheard) {
+        rouse();
+    }
+    return unheard;
 }
 
 void SdlHost::fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const {
