@@ -76,6 +76,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
 
 SdlHost::~SdlHost() {
     rousingEvent = 0;
+    window.rememberSize();
 }
 
 std::string SdlHost::open() {
@@ -89,7 +90,7 @@ std::string SdlHost::open() {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // it has no other way
     }
     rousingEvent = SDL_RegisterEvents(1);
-    return window.open();
+    return window.open(options.folders.config);
 }
 
 int64_t SdlHost::nowUs() const {

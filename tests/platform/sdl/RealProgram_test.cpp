@@ -129,6 +129,33 @@ TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
     }
 }
 
+TEST_F(RealProgram, theWindowIsAsLargeAsTheUserLeftIt) {
+    for (const int32_t width : {480, 432}) {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        const uint64_t window = screen.windowOf("Murmelo");
+        EXPECT_EQ(width, screen.widthOf(window));
+        screen.resize(window, 432, 720);
+        pass(300);
+        program.send(SIGTERM);
+        EXPECT_EQ(0, program.waitForEnd(3000));
+        while (screen.pixel(kLeft + 240, kTop + 60) != 0) {
+            pass(1);
+        }
+    }
+    EXPECT_EQ("432 720\n", folders.read("config/window"));
+}
+
+TEST_F(RealProgram, aSizeThatTheScreenHasNoRoomForIsCutToIt) {
+    folders.write("config/window", "5000 6000\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(1280, screen.widthOf(screen.windowOf("Murmelo")));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    EXPECT_EQ("5000 6000\n", folders.read("config/window"));  // on a larger screen it fits again
+}
+
 TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
     Program program(command());
     ASSERT_TRUE(waitForPicture());

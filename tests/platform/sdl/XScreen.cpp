@@ -165,6 +165,12 @@ bool XScreen::drop(uint64_t window, const std::string& path) {
     return drag.hear("XdndFinished");
 }
 
+int32_t XScreen::widthOf(uint64_t window) {
+    XWindowAttributes place{};
+    XGetWindowAttributes(server(display), window, &place);
+    return place.width;
+}
+
 void XScreen::map(uint64_t window) {
     XMapWindow(server(display), window);
     XFlush(server(display));

@@ -30,6 +30,7 @@ public:
     /// whether the window took it
     bool drop(uint64_t window, const std::string& path);
 
+    int32_t widthOf(uint64_t window);
     void map(uint64_t window);
     void unmap(uint64_t window);
     void resize(uint64_t window, int32_t width, int32_t height);
