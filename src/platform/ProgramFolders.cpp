@@ -73,7 +73,7 @@ fs::path dataFolder() {
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
     const fs::path beside = executable.parent_path();
     for (const fs::path& folder :
-         {fs::path(environment("MURMELO_DATA")), beside, beside / "../share/murmelo"}) {
+         {fs::path(environment("MURMELO_DATA")), beside, beside / MURMELO_INSTALLED_DATA}) {
         if (!folder.empty() && fs::is_directory(folder / "Res", error)) {
             return folder;
         }
