@@ -58,14 +58,14 @@ murmelo-fx)
     expect flac "$name" robot --format f
     expect flac "$name" robot --format = f
     expect "" "$name" --seed ""
-    expect "some folder" "$name" --out-dir s
+    expect "some folder" "$name" --out-dir ""
     ;;
 murmelo)
     expect "verse.txt voice.wav" "$name" v
     expect voice.wav "$name" --silent vo
-    expect "some folder" "$name" --home s
-    expect "some folder" "$name" --home = s
-    expect "some folder" "$name" --config s
+    expect "some folder" "$name" --home ""
+    expect "some folder" "$name" --home = ""
+    expect "some folder" "$name" --config ""
     expect voice.wav "$name" --microphone v
     # The names of devices, as the program tells them.
     cat >murmelo <<'END'
@@ -80,8 +80,8 @@ END
     ;;
 murmelo-headless)
     expect verse.txt "$name" ve
-    expect "some folder" "$name" --home s
-    expect "some folder" "$name" --config = s
+    expect "some folder" "$name" --home ""
+    expect "some folder" "$name" --config = ""
     expect "" "$name" --clock-start ""
     ;;
 esac

@@ -21,6 +21,9 @@ journey-from-staging-folder)
     for picture in options play; do
         cmp "$folder/here/$picture.png" "$folder/elsewhere/$picture.png" || complain "$picture differs"
     done
+    for part in Res framework; do
+        diff -r "$source/res/$part" "$prefix/share/murmelo/$part" || complain "$part is not all there"
+    done
     # And really its own.
     mv "$prefix/share/murmelo" "$folder/away"
     (cd "$folder/elsewhere" && "$prefix/bin/murmelo-headless" --home home --config config robot.txt) 2>"$folder/err" &&
