@@ -16,7 +16,7 @@ file(RELATIVE_PATH murmelo_data_from_programs
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/murmelo)
 target_compile_definitions(murmelo_programs PRIVATE MURMELO_INSTALLED_DATA="${murmelo_data_from_programs}")
 
-# Remembers the folders that this installation has to make, so that uninstalling can take exactly those away.
+# Makes the folders that are missing and remembers them, so that uninstalling can take exactly those away.
 set(murmelo_folders
     ${CMAKE_INSTALL_BINDIR}
     ${murmelo_data}/Res
@@ -32,8 +32,8 @@ set(murmelo_folders
 foreach(size 16 24 32 48 64 128 256 512)
     list(APPEND murmelo_folders ${murmelo_icons}/${size}x${size}/apps)
 endforeach()
-configure_file(cmake/RememberFolders.cmake.in ${CMAKE_BINARY_DIR}/RememberFolders.cmake @ONLY)
-install(SCRIPT ${CMAKE_BINARY_DIR}/RememberFolders.cmake COMPONENT byhand)
+configure_file(cmake/MakeFolders.cmake.in ${CMAKE_BINARY_DIR}/MakeFolders.cmake @ONLY)
+install(SCRIPT ${CMAKE_BINARY_DIR}/MakeFolders.cmake COMPONENT byhand)
 
 install(TARGETS murmelo murmelo-headless murmelo-fx DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY res/Res res/framework DESTINATION ${murmelo_data})
@@ -85,7 +85,8 @@ install(FILES ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz
     DESTINATION ${murmelo_papers} COMPONENT debian EXCLUDE_FROM_ALL)
 install(FILES packaging/debian/lintian-overrides
     DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME murmelo COMPONENT debian EXCLUDE_FROM_ALL)
-add_custom_target(murmelo_papers ALL DEPENDS ${murmelo_zipped})
+add_custom_target(murmelo_papers DEPENDS ${murmelo_zipped})
+add_dependencies(murmelo murmelo_papers)  # so that what ./run builds can be installed
 
 # Takes away what the last "cmake --install" brought.
 add_custom_target(uninstall

@@ -3,8 +3,8 @@ murmelo_tests(program_tests
     SOURCES platform/ProgramFolders_test.cpp
     LINK murmelo_programs)
 
-foreach(case journey-from-staging-folder effects-from-staging-folder moved-tree window-program icons licences
-        uninstalled-without-a-trace uninstalled-from-staging-folder)
+foreach(case journey-from-staging-folder effects-from-staging-folder readable-by-everybody moved-tree
+        window-program icons licences uninstalled-without-a-trace uninstalled-from-staging-folder)
     add_test(NAME packaging/${case}
         COMMAND packaging/installation.sh ${case} ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})

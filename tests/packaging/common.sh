@@ -16,15 +16,16 @@ complain() {
 stage() {
     local build=$1
     sed -e "s#\"$build/\${CMAKE_INSTALL_MANIFEST}\"#\"$folder/install_manifest.txt\"#" \
-        -e "s#\"$build/RememberFolders.cmake\"#\"$folder/RememberFolders.cmake\"#" \
+        -e "s#\"$build/MakeFolders.cmake\"#\"$folder/MakeFolders.cmake\"#" \
         "$build/cmake_install.cmake" >"$folder/install.cmake"
     sed "s#$build/install_folders.txt#$folder/install_folders.txt#" \
-        "$build/RememberFolders.cmake" >"$folder/RememberFolders.cmake"
+        "$build/MakeFolders.cmake" >"$folder/MakeFolders.cmake"
     if [ "$(grep -c "$folder" "$folder/install.cmake")" != 2 ]; then
         echo "the script that installs does not look as it did" >&2
         exit 1
     fi
-    DESTDIR=$2 cmake -DCMAKE_INSTALL_PREFIX="$3" -P "$folder/install.cmake" >"$folder/log" 2>&1 ||
+    # By somebody whose own files are private.
+    (umask 077 && DESTDIR=$2 cmake -DCMAKE_INSTALL_PREFIX="$3" -P "$folder/install.cmake") >"$folder/log" 2>&1 ||
         complain "installing failed: $(cat "$folder/log")"
 }
 

@@ -6,7 +6,7 @@ build=$(realpath "$1") source=$(realpath "$2") version=$3
 # shellcheck source=tests/packaging/common.sh
 . "$(dirname "$0")/common.sh"
 
-if ! (cd "$build" && cpack --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
+if ! (umask 077 && cd "$build" && cpack --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
     complain "cpack failed: $(cat "$folder/log")"
     exit $wrong
 fi

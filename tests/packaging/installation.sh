@@ -41,6 +41,12 @@ effects-from-staging-folder)
     [ "$(find . -name '*.wav' -size +10k | wc -l)" = 8 ] || complain "these are no eight sounds: $(ls -l)"
     expect_robot "$folder/stage/usr" robot.wav
     ;;
+readable-by-everybody)
+    stage "$build" "$folder/stage" /usr
+    [ "$(find "$folder/stage" -type f | wc -l)" -gt 50 ] || complain "too little is installed"
+    secret=$(find "$folder/stage" ! -perm -go=r -o -type d ! -perm 755 -o -type f -perm /go=w)
+    [ -z "$secret" ] || complain "these are not for everybody, or too much so: $secret"
+    ;;
 moved-tree)
     stage "$build" "" "$folder/first"
     mkdir -p "$folder/a folder"
