@@ -47,11 +47,20 @@ shot-canvas $folder/play.png
 swipe left
 wait 1000
 shot-canvas $folder/robot.png
+$(for effect in backwards high low fast drunk flip; do
+    echo "swipe left
+wait 1000
+shot-canvas $folder/$effect.png"
+done)
+watch Process $folder/working.png
 key middle
 until Playing
 wait 507
 shot-canvas $folder/playing.png
 until Play
+swipe right
+wait 1000
+watch Process $folder/saving.png
 save
 until Save
 shot-canvas $folder/save.png
@@ -99,8 +108,8 @@ shot-canvas $folder/file.png
 END
 
 cd "$folder"
-names=(first splash options help language record recording process play robot playing save asking storage unsupported
-    audio file)
+names=(first splash options help language record recording process play robot backwards high low fast drunk flip
+    working playing saving save asking storage unsupported audio file)
 if [ -n "${UPDATE:-}" ]; then
     "$sheet" --columns 6 "$golden" "${names[@]/%/.png}"
 else

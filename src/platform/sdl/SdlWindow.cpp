@@ -43,6 +43,16 @@ void initialSize(int32_t& width, int32_t& height) {
     width = height * HostFrame::kWidthPx / HostFrame::kHeightPx;
 }
 
+/// The size of an earlier run, as far as today's screen has room for it.
+void useRemembered(WindowMemory::Size remembered, int32_t& width, int32_t& height) {
+    SDL_Rect room;
+    if (!remembered.isKnown() || SDL_GetDisplayUsableBounds(0, &room) != 0) {
+        return;
+    }
+    width = std::clamp(remembered.width, kLeastWidthPx, std::max(room.w, kLeastWidthPx));
+    height = std::clamp(remembered.height, kLeastHeightPx, std::max(room.h, kLeastHeightPx));
+}
+
 }  // namespace
 
 SdlWindow::~SdlWindow() {
@@ -51,17 +61,30 @@ SdlWindow::~SdlWindow() {
     }
 }
 
-std::string SdlWindow::open() {
-    int32_t width = 0;
-    int32_t height = 0;
-    initialSize(width, height);
-    window = SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width,
-                              height, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
+std::string SdlWindow::open(const std::string& settingsFolder) {
+    memory = std::make_unique<WindowMemory>(settingsFolder);
+    initialSize(openedWidth, openedHeight);
+    useRemembered(memory->read(), openedWidth, openedHeight);
+    window =
+        SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, openedWidth,
+                         openedHeight, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
     if (window == nullptr) {
         return std::string("no window can be opened: ") + SDL_GetError();
     }
     SDL_SetWindowMinimumSize(window, kLeastWidthPx, kLeastHeightPx);
     return "";
+}
+
+void SdlWindow::rememberSize() const {
+    constexpr uint32_t kNotByHand =
+        SDL_WINDOW_MAXIMIZED | SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MINIMIZED;
+    if (window == nullptr || (SDL_GetWindowFlags(window) & kNotByHand) != 0) {
+        return;
+    }
+    const WindowMemory::Size size{widthUnits(), heightUnits()};
+    if (size.width != openedWidth || size.height != openedHeight) {
+        memory->write(size);
+    }
 }
 
 void SdlWindow::present(HostFrame* frame) {

@@ -129,6 +129,33 @@ TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
     }
 }
 
+TEST_F(RealProgram, theWindowIsAsLargeAsTheUserLeftIt) {
+    for (const int32_t width : {480, 432}) {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        const uint64_t window = screen.windowOf("Murmelo");
+        EXPECT_EQ(width, screen.widthOf(window));
+        screen.resize(window, 432, 720);
+        pass(300);
+        program.send(SIGTERM);
+        EXPECT_EQ(0, program.waitForEnd(3000));
+        while (screen.pixel(kLeft + 240, kTop + 60) != 0) {
+            pass(1);
+        }
+    }
+    EXPECT_EQ("432 720\n", folders.read("config/window"));
+}
+
+TEST_F(RealProgram, aSizeThatTheScreenHasNoRoomForIsCutToIt) {
+    folders.write("config/window", "5000 6000\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(1280, screen.widthOf(screen.windowOf("Murmelo")));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    EXPECT_EQ("5000 6000\n", folders.read("config/window"));  // on a larger screen it fits again
+}
+
 TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
     Program program(command());
     ASSERT_TRUE(waitForPicture());
@@ -175,6 +202,45 @@ TEST_F(RealProgram, aJourneyByKeyboardRecordsChangesAndPlaysAVoice) {
     EXPECT_EQ(0, program.waitForEnd(3000));
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastProc.wav"));
+}
+
+TEST_F(RealProgram, aDroppedFileIsTheTakeAndIsSavedByAKeyAndPictured) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
+    Program program(command(), folders.path("said"));
+    ASSERT_TRUE(waitForPicture());
+    key("Return");  // past the splash picture
+    ASSERT_TRUE(screen.drop(screen.windowOf("Murmelo"), folders.path("voice.wav")));
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").substr(0, 4) == "RIFF"; }));
+    EXPECT_EQ(44U + 2 * 8000, sound("MrmLastRec.wav").size());  // a second, cleaned up at 8 kHz
+    pass(400);
+    key("ctrl+s");
+    const std::string saved = folders.path("home/Murmelo/rec_00000.wav") + "\n";
+    EXPECT_TRUE(until([&] { return folders.read("said") == saved; }));
+    EXPECT_EQ(sound("MrmLastProc.wav"), sound("rec_00000.wav"));
+    key("F12");
+    EXPECT_TRUE(until([&] {
+        return folders.read("said") == saved + folders.path("home/Murmelo/screen_00000.png") + "\n";
+    }));
+    EXPECT_EQ("\x89PNG", sound("screen_00000.png").substr(0, 4));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
+}
+
+TEST_F(RealProgram, aFileOnTheCommandLineIsTheTake) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(32000), 16000));
+    std::vector<std::string> words = command();
+    words.push_back(folders.path("voice.wav"));
+    Program program(words);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ("", sound("MrmLastRec.wav"));  // not before the opening is over
+    key("Return");
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").substr(0, 4) == "RIFF"; }));
+    EXPECT_EQ(44U + 2 * 16000, sound("MrmLastRec.wav").size());
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
 }
 
 TEST_F(RealProgram, endingInTheMiddleOfARecordingLeavesNothingBehind) {
