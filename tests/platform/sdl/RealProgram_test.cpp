@@ -278,6 +278,22 @@ TEST_F(RealProgram, aStalledSoundServerDoesNotKeepItFromEnding) {
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
 }
 
+TEST_F(RealProgram, aSoundServerThatNeverAnswersIsToldInTheWindow) {
+    const int server = std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    key("Return");  // past the splash picture
+    kill(server, SIGSTOP);
+    key("Return");  // "Record" of the menu
+    key("Return");  // "Record", or the "Ok" of the message
+    pass(4500);
+    key("Return");  // the "Ok" of the message: the program ends
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    kill(server, SIGCONT);
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
+}
+
 TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
     folders.write("config/settings", "lang=0\n");
@@ -301,4 +317,13 @@ TEST_F(RealProgram, aMicrophoneFileThatIsNoneIsAComplaint) {
     words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
     Program program(words);
     EXPECT_EQ(1, program.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, aDeviceThatIsNotThereIsAComplaintAtOnce) {
+    for (const char* option : {"--microphone", "--speaker"}) {
+        std::vector<std::string> words = command();
+        words.insert(words.end(), {option, "no such device"});
+        Program program(words);
+        EXPECT_EQ(1, program.waitForEnd(3000)) << option;
+    }
 }
