@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr int kUsage = 2;  // a mistake on the command line, as the other programs answer it
+
 int complain(const std::string& message) {
     std::cerr << "murmelo: " << message << "\n";
     return EXIT_FAILURE;
@@ -88,7 +90,11 @@ int main(int argc, char** argv) {
     parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
     parser.add_flag("--silent", options.silent, "As a phone in silent mode");
     parser.add_option("FILE", take, "A sound file to begin with: it becomes the take");
-    CLI11_PARSE(parser, argc, argv);
+    try {
+        parser.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return parser.exit(error) == 0 ? EXIT_SUCCESS : kUsage;
+    }
     if (listsDevices) {
         return listDevices();
     }
