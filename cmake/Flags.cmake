@@ -20,5 +20,10 @@ else()
     target_compile_options(murmelo_flags INTERFACE -fwrapv)
 endif()
 
+if(MURMELO_COVERAGE)
+    target_compile_options(murmelo_flags INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(murmelo_flags INTERFACE --coverage)
+endif()
+
 # Asserts stay on in the optimised build; its loops are written for the vectoriser.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3")

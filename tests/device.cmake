@@ -13,8 +13,10 @@ murmelo_tests(device_tests
 murmelo_tests(sdl_tests
     SOURCES
         platform/sdl/PictureScaler_test.cpp
+        platform/sdl/SdlDoors_test.cpp
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
+        platform/sdl/WindowMemory_test.cpp
     LINK murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
 

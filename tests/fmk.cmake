@@ -7,6 +7,7 @@ murmelo_tests(fmk_tests
         fmk/common/fmk/ByteArrayOutputStream_test.cpp
         fmk/common/fmk/DataInputStream_test.cpp
         fmk/common/fmk/DataOutputStream_test.cpp
+        fmk/common/fmk/Wrappers_test.cpp
         fmk/common/fmk/FileInputStream_test.cpp
         fmk/common/fmk/FileOutputStream_test.cpp
         fmk/common/fmk/GnoCanvas_test.cpp

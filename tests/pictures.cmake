@@ -11,4 +11,16 @@ if(MURMELO_TOOLS)
             ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
         math(EXPR index "${index} + 1")
     endforeach()
+
+    add_executable(screen-messages flows/messages.cpp app/common/screens/ScreensTest.cpp)
+    target_include_directories(screen-messages PRIVATE app/common/screens)
+    target_link_libraries(screen-messages PRIVATE
+        murmelo_tests_support murmelo_app murmelo_headless_host murmelo_sounds)
+    target_compile_definitions(screen-messages PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    add_test(NAME screen_messages
+        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/messages.sh
+            $<TARGET_FILE:screen-messages> $<TARGET_FILE:murmelo-sheet>
+            ${CMAKE_CURRENT_SOURCE_DIR}/data/screens/messages.png)
+    set_tests_properties(screen_messages PROPERTIES TIMEOUT 300
+        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endif()

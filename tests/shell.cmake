@@ -14,9 +14,7 @@ target_compile_definitions(shell_tests PRIVATE
     MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_VERSION="${PROJECT_VERSION}")
 add_dependencies(shell_tests murmelo-fx)
 
-# The tool's papers, and its demonstration.
-add_test(NAME MurmeloFx.docsKnowEveryOption
-    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/shell/check-docs.sh $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
+# The tool's demonstration.
 add_test(NAME MurmeloFx.demoMeasuresEveryEffect
     COMMAND ${CMAKE_SOURCE_DIR}/tools/demo.sh $<TARGET_FILE:murmelo-fx>
         ${CMAKE_SOURCE_DIR}/res/sample/hello.wav ${CMAKE_BINARY_DIR}/demo-test)

@@ -5,6 +5,12 @@ _murmelo_fx() {
     local effects="none robot backwards high low fast drunk flip"
     local options="--list --measure --clean --no-clean --seed --out-dir --format --long --help --version"
 
+    # bash takes the sign of --format=KIND for a word of its own.
+    if [[ $current == = ]]; then
+        current=
+    elif [[ $previous == = ]]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
     case $previous in
         --seed) return ;;
         --format)
@@ -26,7 +32,12 @@ _murmelo_fx() {
         word=${COMP_WORDS[index]}
         case $word in
             --measure) break ;;
-            --seed | --out-dir | --format) ((index++)) ;;
+            --seed | --out-dir | --format)
+                ((index++))
+                if [[ ${COMP_WORDS[index]} == = ]]; then
+                    ((index++))
+                fi
+                ;;
             -?*) ;;
             *) break ;;
         esac

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <system_error>
 #include <unistd.h>
@@ -19,6 +20,10 @@ constexpr const char* kLockName = ".murmelo.lock";
 std::string environment(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr ? value : "";
+}
+
+std::string lastError() {
+    return std::error_code(errno, std::generic_category()).message();
 }
 
 /// The folder of an XDG variable, or the given one below the user's home.
@@ -73,7 +78,7 @@ fs::path dataFolder() {
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
     const fs::path beside = executable.parent_path();
     for (const fs::path& folder :
-         {fs::path(environment("MURMELO_DATA")), beside, beside / "../share/murmelo"}) {
+         {fs::path(environment("MURMELO_DATA")), beside, beside / MURMELO_INSTALLED_DATA}) {
         if (!folder.empty() && fs::is_directory(folder / "Res", error)) {
             return folder;
         }
@@ -119,29 +124,41 @@ int64_t ProgramFolders::freeBytes(const std::string& folder) {
 }
 
 HomeLock::~HomeLock() {
+    if (isHeld && isStillAt(path)) {
+        ::unlink(path.c_str());
+    }
     if (file >= 0) {
         ::close(file);
     }
 }
 
 std::string HomeLock::take(const std::string& home) {
-    const std::string path = home + "/" + kLockName;
-    file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0) {
-        const std::string reason = std::error_code(errno, std::generic_category()).message();
-        return "the home folder \"" + home + "\" cannot be written: " + reason;
-    }
-    if (::access(home.c_str(), W_OK) !=
-        0) {  // an old lock can still be opened where nothing new can be made
-        const std::string reason = std::error_code(errno, std::generic_category()).message();
-        return "the home folder \"" + home + "\" cannot be written: " + reason;
-    }
-    if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK) {
-            const std::string reason = std::error_code(errno, std::generic_category()).message();
-            return "the home folder \"" + home + "\" cannot be locked: " + reason;
+    path = home + "/" + kLockName;
+    // Once more when another program took its lock away between the opening and the locking.
+    while (!isHeld) {
+        if (file >= 0) {
+            ::close(file);
         }
-        return "Murmelo is already running with the home folder \"" + home + "\"";
+        file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        // An old lock can still be opened where nothing new can be made.
+        if (file < 0 || ::access(home.c_str(), W_OK) != 0) {
+            return "the home folder \"" + home + "\" cannot be written: " + lastError();
+        }
+        if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+            return errno == EWOULDBLOCK
+                       ? "Murmelo is already running with the home folder \"" + home + "\""
+                       : "the home folder \"" + home + "\" cannot be locked: " + lastError();
+        }
+        isHeld = isStillAt(path);
     }
     return "";
+}
+
+bool HomeLock::isStillAt(const std::string& place) const {
+    struct stat mine {};
+
+    struct stat there {};
+
+    return ::fstat(file, &mine) == 0 && ::stat(place.c_str(), &there) == 0 &&
+           mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
 }

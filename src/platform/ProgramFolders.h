@@ -22,7 +22,8 @@ public:
     static int64_t freeBytes(const std::string& folder);
 };
 
-/// Holds a home for one running program.
+/// Holds a home for one running program. The file that says so goes away with the program, so that
+/// only sounds stay in the user's music folder.
 class HomeLock {
 public:
     HomeLock() = default;
@@ -34,5 +35,10 @@ public:
     std::string take(const std::string& home);
 
 private:
+    /// False once the file was taken away, or another one lies in its place.
+    bool isStillAt(const std::string& place) const;
+
+    std::string path;
     int file = -1;
+    bool isHeld = false;
 };

@@ -74,6 +74,10 @@ failed-expectations)
     line 1 'expected file "a.wav", there is none' 'expect file a.wav'
     line 1 'expected effect 3, found 0' 'expect effect 3'
     line 1 'expected the program to have ended' 'expect ended'
+    line 1 'there is no file "a.wav" to remove' 'remove a.wav'
+    printf 'key middle\nexpect screen Splash\nstill 2000\nstill 2000\n' >awake
+    expect 1 'line 4: something is due in 1000 ms' $(run) awake
+    rm config/*
     mkdir -p home/Murmelo
     touch home/Murmelo/a.wav
     line 1 'expected no file "a.wav", there is one' 'expect no file a.wav'

@@ -17,8 +17,9 @@ run() {
 
 rm -rf "$folder/home" "$folder/config"
 row=$((306 + 62 * lang))  # of the language list, on the display
+# English has the focus already: a touch on it would choose it.
 "$headless" --home "$folder/home" --config "$folder/config" - <<END
-tap 240 $row
+$([ "$lang" = 0 ] || echo "tap 240 $row")
 shot-canvas $folder/first.png
 END
 
@@ -47,11 +48,20 @@ shot-canvas $folder/play.png
 swipe left
 wait 1000
 shot-canvas $folder/robot.png
+$(for effect in backwards high low fast drunk flip; do
+    echo "swipe left
+wait 1000
+shot-canvas $folder/$effect.png"
+done)
+watch Process $folder/working.png
 key middle
 until Playing
 wait 507
 shot-canvas $folder/playing.png
 until Play
+swipe right
+wait 1000
+watch Process $folder/saving.png
 save
 until Save
 shot-canvas $folder/save.png
@@ -98,9 +108,21 @@ until MessageAndQuit
 shot-canvas $folder/file.png
 END
 
+run <<END
+until Options
+tap 240 368
+mic $voice
+key middle
+wait 1000
+remove MrmLastRec.wav
+key middle
+until MessageAndQuit
+shot-canvas $folder/gone.png
+END
+
 cd "$folder"
-names=(first splash options help language record recording process play robot playing save asking storage unsupported
-    audio file)
+names=(first splash options help language record recording process play robot backwards high low fast drunk flip
+    working playing saving save asking storage unsupported audio file gone)
 if [ -n "${UPDATE:-}" ]; then
     "$sheet" --columns 6 "$golden" "${names[@]/%/.png}"
 else

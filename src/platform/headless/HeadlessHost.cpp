@@ -2,6 +2,7 @@
 
 #include "EndSignal.h"
 #include "PngFile.h"
+#include "ScriptHand.h"
 #include "SoundFile.h"
 
 #include <algorithm>
@@ -12,11 +13,6 @@
 namespace {
 
 constexpr int64_t kUntilMs = 60000;  // how long "until" waits if it does not say
-constexpr int64_t kPictureTopPx = 160;
-constexpr int64_t kSoftKeyRow = 304;  // middle of the bar, in canvas pixels
-constexpr int64_t kThirdPx = 80;      // width of a soft key
-constexpr int64_t kSwipeStepPx = 20;
-constexpr int64_t kSwipeSteps = 6;
 
 // A program that is due again and again without time going on would never let the script go on
 // either.
@@ -146,6 +142,10 @@ bool HeadlessHost::waitOver(int64_t timeoutMs) {
     }
     const int64_t sleepMs = longestSleep(timeoutMs);
     const bool dueBefore = sleepMs >= 0 && sleepMs < waitEndMs - nowMs;
+    if (dueBefore && stayingStill && sleepMs > 0) {  // 0: the rest of the command before it
+        fail(script[next - 1], "something is due in " + std::to_string(sleepMs) + " ms");
+        return true;
+    }
     nowMs = dueBefore ? nowMs + sleepMs : waitEndMs;
     return false;
 }
@@ -171,11 +171,13 @@ void HeadlessHost::start(const ScriptCommand& command) {
     case ScriptVerb::kRelease:
     case ScriptVerb::kSwipe:
     case ScriptVerb::kKey:
-        startTouch(command);
+        ScriptHand::append(command, pending);
         break;
     case ScriptVerb::kWait:
+    case ScriptVerb::kStill:
     case ScriptVerb::kUntil:
         waiting = true;
+        stayingStill = command.verb == ScriptVerb::kStill;
         awaitedScreen = command.text;
         waitEndMs = nowMs + (command.numbers.empty() ? kUntilMs : command.numbers[0]);
         break;
@@ -191,9 +193,13 @@ void HeadlessHost::start(const ScriptCommand& command) {
         watchedFile = command.second;
         break;
     case ScriptVerb::kShotCanvas:
+    case ScriptVerb::kNavigate:
     case ScriptVerb::kSave:
     case ScriptVerb::kTake:
         useDoor(command);
+        break;
+    case ScriptVerb::kRemove:
+        removeSoundFile(command);
         break;
     case ScriptVerb::kExpectScreen:
     case ScriptVerb::kExpectFile:
@@ -205,33 +211,6 @@ void HeadlessHost::start(const ScriptCommand& command) {
     default:
         startDevice(command);
         break;
-    }
-}
-
-void HeadlessHost::startTouch(const ScriptCommand& command) {
-    using Touch = HostListener::Touch;
-    switch (command.verb) {
-    case ScriptVerb::kTap:
-        touch(Touch::kPress, command.numbers[0], command.numbers[1]);
-        touch(Touch::kRelease, command.numbers[0], command.numbers[1]);
-        break;
-    case ScriptVerb::kPress:
-        touch(Touch::kPress, command.numbers[0], command.numbers[1]);
-        break;
-    case ScriptVerb::kMove:
-        touch(Touch::kMove, command.numbers[0], command.numbers[1]);
-        break;
-    case ScriptVerb::kRelease:
-        touch(Touch::kRelease, command.numbers[0], command.numbers[1]);
-        break;
-    case ScriptVerb::kSwipe:
-        swipe(command.text == "left");
-        break;
-    default: {
-        const int64_t third = command.text == "left" ? 0 : (command.text == "middle" ? 1 : 2);
-        tapCanvas(third * kThirdPx + kThirdPx / 2, kSoftKeyRow);
-        break;
-    }
     }
 }
 
@@ -280,30 +259,6 @@ void HeadlessHost::startSound(const ScriptCommand& command) {
     }
 }
 
-void HeadlessHost::touch(HostListener::Touch kind, int64_t displayX, int64_t displayY) {
-    const auto x = static_cast<int32_t>(displayX);
-    const auto y = static_cast<int32_t>(displayY);
-    pending.emplace_back([kind, x, y](HostListener& listener) { listener.onTouch(kind, x, y); });
-}
-
-void HeadlessHost::tapCanvas(int64_t x, int64_t y) {
-    touch(HostListener::Touch::kPress, 2 * x, 2 * y + kPictureTopPx);
-    touch(HostListener::Touch::kRelease, 2 * x, 2 * y + kPictureTopPx);
-}
-
-void HeadlessHost::swipe(bool left) {
-    constexpr int64_t kMiddleX = 240;  // of the display
-    constexpr int64_t kMiddleY = 480;
-    const int64_t step = left ? -2 * kSwipeStepPx : 2 * kSwipeStepPx;
-    int64_t x = kMiddleX - step * kSwipeSteps / 2;
-    touch(HostListener::Touch::kPress, x, kMiddleY);
-    for (int64_t i = 0; i < kSwipeSteps; i++) {
-        x += step;
-        touch(HostListener::Touch::kMove, x, kMiddleY);
-    }
-    touch(HostListener::Touch::kRelease, x, kMiddleY);
-}
-
 void HeadlessHost::takeShot(const ScriptCommand& command) {
     if (frame == nullptr && lastPicture.empty()) {
         fail(command, "there is no picture yet");
@@ -321,6 +276,9 @@ void HeadlessHost::useDoor(const ScriptCommand& command) {
         fail(command, "the program has no doors yet");
     } else if (command.verb == ScriptVerb::kShotCanvas) {
         writeCanvas(command, command.text);
+    } else if (command.verb == ScriptVerb::kNavigate) {
+        pending.emplace_back(
+            [this, key = ScriptHand::keyOf(command)](HostListener&) { doors->navigate(key); });
     } else if (command.verb == ScriptVerb::kSave) {
         pending.emplace_back([this, command](HostListener&) {
             if (!doors->saveSound()) {
@@ -355,9 +313,20 @@ void HeadlessHost::useSoundFile(const ScriptCommand& command) {
     });
 }
 
+std::string HeadlessHost::soundPath(const std::string& name) const {
+    return mapped.home + "/Murmelo/" + name;
+}
+
 bool HeadlessHost::soundFileExists(const std::string& name) const {
     std::error_code error;
-    return std::filesystem::exists(mapped.home + "/Murmelo/" + name, error);
+    return std::filesystem::exists(soundPath(name), error);
+}
+
+void HeadlessHost::removeSoundFile(const ScriptCommand& command) {
+    std::error_code error;
+    if (!std::filesystem::remove(soundPath(command.text), error)) {
+        fail(command, "there is no file " + inQuotes(command.text) + " to remove");
+    }
 }
 
 void HeadlessHost::expect(const ScriptCommand& command) {

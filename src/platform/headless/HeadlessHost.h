@@ -76,17 +76,15 @@ private:
     static std::vector<uint16_t> pictureOf(HostFrame& shown);
     void mistake(const ScriptCommand& command, const std::string& message);
     void start(const ScriptCommand& command);
-    void startTouch(const ScriptCommand& command);
     void startDevice(const ScriptCommand& command);
     void startSound(const ScriptCommand& command);
     void expect(const ScriptCommand& command);
-    void touch(HostListener::Touch kind, int64_t displayX, int64_t displayY);
-    void tapCanvas(int64_t x, int64_t y);
-    void swipe(bool left);
     void takeShot(const ScriptCommand& command);
     void useDoor(const ScriptCommand& command);
     void writeCanvas(const ScriptCommand& command, const std::string& path);
     void useSoundFile(const ScriptCommand& command);
+    void removeSoundFile(const ScriptCommand& command);
+    std::string soundPath(const std::string& name) const;
     bool soundFileExists(const std::string& name) const;
     void fail(const ScriptCommand& command, const std::string& message);
 
@@ -100,6 +98,7 @@ private:
     int64_t framesAtThisTime = 0;
 
     bool waiting = false;
+    bool stayingStill = false;  // the wait fails if anything falls due before its end
     int64_t waitEndMs = 0;
     std::string watchedScreen;  // empty: none
     std::string watchedFile;

@@ -25,7 +25,9 @@ const std::vector<Form>& forms() {
         {"release", ScriptVerb::kRelease, "nn", {}},
         {"swipe", ScriptVerb::kSwipe, "o", {"left", "right"}},
         {"key", ScriptVerb::kKey, "o", {"left", "middle", "right"}},
+        {"navigate", ScriptVerb::kNavigate, "o", {"up", "down", "left", "right", "middle"}},
         {"wait", ScriptVerb::kWait, "n", {}},
+        {"still", ScriptVerb::kStill, "n", {}},
         {"until", ScriptVerb::kUntil, "w?", {}},
         {"mic", ScriptVerb::kMic, "w", {}},
         {"speaker", ScriptVerb::kSpeaker, "w", {}},
@@ -41,6 +43,7 @@ const std::vector<Form>& forms() {
         {"watch", ScriptVerb::kWatch, "ww", {}},
         {"save", ScriptVerb::kSave, "", {}},
         {"take", ScriptVerb::kTake, "w", {}},
+        {"remove", ScriptVerb::kRemove, "w", {}},
         {"expect screen", ScriptVerb::kExpectScreen, "w", {}},
         {"expect file", ScriptVerb::kExpectFile, "w", {}},
         {"expect no file", ScriptVerb::kExpectNoFile, "w", {}},
@@ -107,7 +110,8 @@ std::string checkValues(const ScriptCommand& command) {
         }
         return command.numbers[0] < 1 ? "the calls of an operation count from 1" : "";
     }
-    const bool waits = command.verb == ScriptVerb::kWait || command.verb == ScriptVerb::kUntil;
+    const bool waits = command.verb == ScriptVerb::kWait || command.verb == ScriptVerb::kStill ||
+                       command.verb == ScriptVerb::kUntil;
     return waits && !command.numbers.empty() && command.numbers[0] < 0 ? "time does not go back"
                                                                        : "";
 }

@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <atomic>
 #include <chrono>
 #include <dlfcn.h>
 #include <thread>
@@ -38,9 +39,10 @@ SdlAudio::~SdlAudio() {
 }
 
 bool SdlAudio::begin() {
-    if (!ready) {
+    if (!ready && !isBusy()) {
         silenceSoundLibrary();
-        ready = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+        const auto begun = std::make_shared<std::atomic<bool>>(false);
+        ready = doPatiently([begun] { *begun = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0; }) && *begun;
     }
     return ready;
 }
@@ -64,34 +66,68 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
     if (!begin()) {
         return 0;
     }
-    waitForClosing(kClosingMs);  // the same device may be still on its way out
-    const SDL_AudioDeviceID device = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(),
-                                                         isCapture(kind), &wanted, nullptr, 0);
-    if (device != 0) {
-        SDL_PauseAudioDevice(device, 0);
+    if (!waitForWork(kClosingMs)) {  // the same device may be still on its way out
+        return 0;
     }
-    return device;
+
+    // Whoever comes second cleans up: the thread that opens, or this one that waits for it.
+    struct Opening {
+        std::mutex mutex;
+        SDL_AudioDeviceID device = 0;
+        bool abandoned = false;
+    };
+
+    const auto opening = std::make_shared<Opening>();
+    doPatiently([opening, name, wanted, kind] {
+        const SDL_AudioDeviceID device = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(),
+                                                             isCapture(kind), &wanted, nullptr, 0);
+        const std::lock_guard<std::mutex> lock(opening->mutex);
+        opening->device = device;
+        if (opening->abandoned && device != 0) {
+            SDL_CloseAudioDevice(device);
+        }
+    });
+    const std::lock_guard<std::mutex> lock(opening->mutex);
+    opening->abandoned = true;
+    if (opening->device != 0) {
+        SDL_PauseAudioDevice(opening->device, 0);  // only now its callback is called
+    }
+    return opening->device;
 }
 
 void SdlAudio::closeLater(uint32_t device, std::shared_ptr<void> callbackState) {
+    start([device, state = std::move(callbackState)] { SDL_CloseAudioDevice(device); });
+}
+
+void SdlAudio::start(std::function<void()> piece) {
     {
-        const std::lock_guard<std::mutex> lock(closing->mutex);
-        closing->devices++;
+        const std::lock_guard<std::mutex> lock(work->mutex);
+        work->pieces++;
     }
-    std::thread([device, state = std::move(callbackState), shared = closing] {
-        SDL_CloseAudioDevice(device);
+    std::thread([piece = std::move(piece), shared = work]() mutable {
+        piece();
+        piece = nullptr;  // what it holds on to goes before anybody hears that it is done
         const std::lock_guard<std::mutex> lock(shared->mutex);
-        shared->devices--;
+        shared->pieces--;
         shared->done.notify_all();
     }).detach();
 }
 
-bool SdlAudio::isStuck() {
-    return !waitForClosing(kClosingMs);
+bool SdlAudio::doPatiently(std::function<void()> piece) {
+    start(std::move(piece));
+    return waitForWork(kPatienceMs);
 }
 
-bool SdlAudio::waitForClosing(int32_t ms) {
-    std::unique_lock<std::mutex> lock(closing->mutex);
-    return closing->done.wait_for(lock, std::chrono::milliseconds(ms),
-                                  [this] { return closing->devices == 0; });
+bool SdlAudio::isBusy() {
+    return !waitForWork(0);
+}
+
+bool SdlAudio::isStuck() {
+    return !waitForWork(kClosingMs);
+}
+
+bool SdlAudio::waitForWork(int32_t ms) {
+    std::unique_lock<std::mutex> lock(work->mutex);
+    return work->done.wait_for(lock, std::chrono::milliseconds(ms),
+                               [this] { return work->pieces == 0; });
 }

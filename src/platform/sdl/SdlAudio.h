@@ -3,6 +3,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -14,6 +15,9 @@ class SdlAudio {
 public:
     enum class Kind { kMicrophone, kSpeaker };
 
+    // The longest that the window stands still for a sound server that has stalled.
+    static constexpr int32_t kPatienceMs = 3000;
+
     SdlAudio() = default;
     SdlAudio(const SdlAudio&) = delete;
     SdlAudio& operator=(const SdlAudio&) = delete;
@@ -22,7 +26,7 @@ public:
     ~SdlAudio();
 
     /// Makes the sound system ready, on first use: a program that makes no sound never asks for
-    /// it. False if the machine has none.
+    /// it. False if the machine has none, or it does not answer within kPatienceMs.
     bool begin();
 
     /// Whether there is any device of that kind.
@@ -32,7 +36,7 @@ public:
 
     /// Opens a device in exactly the format wanted (SDL converts) and lets it run.
     /// @param name  empty: the system's default
-    /// @returns SDL's number of the device, 0 if it cannot be opened
+    /// @returns SDL's number of the device, 0 if it cannot be opened within kPatienceMs
     uint32_t open(Kind kind, const std::string& name, const SDL_AudioSpec& wanted);
 
     /// Closes a device behind the program's back: one whose source has stalled never answers, and
@@ -40,19 +44,28 @@ public:
     /// @param callbackState  what the device's callback works on; kept until it is closed
     void closeLater(uint32_t device, std::shared_ptr<void> callbackState);
 
-    /// A device is being closed for so long that it never will be. Then nothing of SDL may be shut
-    /// down any more, for that would wait too.
+    /// Something is being opened or closed for so long that it never will be. Then nothing of SDL
+    /// may be shut down any more, for that would wait too.
     bool isStuck();
 
 private:
-    struct Closing {
+    /// What other threads are doing with SDL's sound.
+    struct Work {
         std::mutex mutex;
         std::condition_variable done;
-        int32_t devices = 0;
+        int32_t pieces = 0;
     };
 
-    bool waitForClosing(int32_t ms);
+    /// Begins a piece of work on another thread.
+    void start(std::function<void()> piece);
 
-    std::shared_ptr<Closing> closing = std::make_shared<Closing>();
+    /// Waits until all of it is done. False if it is not after so long.
+    bool waitForWork(int32_t ms);
+
+    /// Does a piece of work there and waits for it. False after kPatienceMs; then it goes on.
+    bool doPatiently(std::function<void()> piece);
+    bool isBusy();
+
+    std::shared_ptr<Work> work = std::make_shared<Work>();
     bool ready = false;
 };

@@ -58,10 +58,12 @@ void doWithoutDesktopServices() {
 
 SdlHost::SdlHost(SdlOptions givenOptions)
     : options(std::move(givenOptions))
-    , signals([this](int signal) {
-        (signal == SIGTSTP ? stopAsked : endAsked) = true;
-        rouse();
-    })
+    , signals(
+          [this](int signal) {
+              (signal == SIGTSTP ? stopAsked : endAsked) = true;
+              rouse();
+          },
+          [this] { return rouseAgain(); })
     , ears(audio, options.microphone, [this] { rouse(); })
     , fileEars([this] { return uptimeMs(); })
     , voice(
@@ -74,6 +76,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
 
 SdlHost::~SdlHost() {
     rousingEvent = 0;
+    window.rememberSize();
 }
 
 std::string SdlHost::open() {
@@ -87,7 +90,7 @@ std::string SdlHost::open() {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // it has no other way
     }
     rousingEvent = SDL_RegisterEvents(1);
-    return window.open();
+    return window.open(options.folders.config);
 }
 
 int64_t SdlHost::nowUs() const {
@@ -270,6 +273,16 @@ void SdlHost::rouse() {
         event.type = type;
         SDL_PushEvent(&event);
     }
+}
+
+/// The window system can lose what rouses it when two threads use its connection at one time, and
+/// nothing else may happen for hours.
+bool SdlHost::rouseAgain() {
+    const bool unheard = stopAsked || endAsked;
+    if (unheard) {
+        rouse();
+    }
+    return unheard;
 }
 
 void SdlHost::fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const {

@@ -82,6 +82,7 @@ private:
     int64_t nextDueMs();
     int64_t nowUs() const;
     void rouse();
+    bool rouseAgain();
     void setAway(Away reason, bool away);
 
     void fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const override;

@@ -43,6 +43,16 @@ void initialSize(int32_t& width, int32_t& height) {
     width = height * HostFrame::kWidthPx / HostFrame::kHeightPx;
 }
 
+/// The size of an earlier run, as far as today's screen has room for it.
+void useRemembered(WindowMemory::Size remembered, int32_t& width, int32_t& height) {
+    SDL_Rect room;
+    if (!remembered.isKnown() || SDL_GetDisplayUsableBounds(0, &room) != 0) {
+        return;
+    }
+    width = std::clamp(remembered.width, kLeastWidthPx, std::max(room.w, kLeastWidthPx));
+    height = std::clamp(remembered.height, kLeastHeightPx, std::max(room.h, kLeastHeightPx));
+}
+
 }  // namespace
 
 SdlWindow::~SdlWindow() {
@@ -51,12 +61,13 @@ SdlWindow::~SdlWindow() {
     }
 }
 
-std::string SdlWindow::open() {
-    int32_t width = 0;
-    int32_t height = 0;
-    initialSize(width, height);
-    window = SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width,
-                              height, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
+std::string SdlWindow::open(const std::string& settingsFolder) {
+    memory = std::make_unique<WindowMemory>(settingsFolder);
+    initialSize(openedWidth, openedHeight);
+    useRemembered(memory->read(), openedWidth, openedHeight);
+    window =
+        SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, openedWidth,
+                         openedHeight, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
     if (window == nullptr) {
         return std::string("no window can be opened: ") + SDL_GetError();
     }
@@ -64,18 +75,70 @@ std::string SdlWindow::open() {
     return "";
 }
 
-void SdlWindow::present(HostFrame* frame) {
-    if (frame != nullptr) {
-        picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
-        frame->compose(picture.data(),
-                       HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
+void SdlWindow::rememberSize() const {
+    constexpr uint32_t kNotByHand =
+        SDL_WINDOW_MAXIMIZED | SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MINIMIZED;
+    if (window == nullptr || (SDL_GetWindowFlags(window) & kNotByHand) != 0) {
+        return;
     }
+    const WindowMemory::Size size{widthUnits(), heightUnits()};
+    if (size.width != openedWidth || size.height != openedHeight) {
+        memory->write(size);
+    }
+}
+
+void SdlWindow::present(HostFrame* frame) {
+    noteChanges(frame);
     SDL_Surface* surface = SDL_GetWindowSurface(window);
     if (surface == nullptr || picture.empty()) {
         return;
     }
+    if (frame != nullptr && surface == drawn && surface->w == drawnWidth &&
+        surface->h == drawnHeight && surface->format->format == SDL_PIXELFORMAT_RGB888) {
+        drawChangesOn(*surface);
+        return;
+    }
     drawOn(*surface);
     SDL_UpdateWindowSurface(window);
+    drawn = surface;
+    drawnWidth = surface->w;
+    drawnHeight = surface->h;
+}
+
+/// Takes the frame's picture, and which of its rows differ from the one before.
+void SdlWindow::noteChanges(HostFrame* frame) {
+    if (frame == nullptr) {
+        return;
+    }
+    constexpr int32_t kStrideBytes = HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t));
+    constexpr size_t kRowPixels = size_t{2} * HostFrame::kWidthPx;  // of the program, doubled
+    before.swap(picture);
+    picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
+    frame->compose(picture.data(), kStrideBytes);
+    before.resize(picture.size());
+    changed.assign(PictureScaler::kProgramRows, false);
+    for (size_t row = 0; row < changed.size(); row++) {
+        changed[row] = std::memcmp(picture.data() + row * kRowPixels,
+                                   before.data() + row * kRowPixels, kStrideBytes) != 0;
+    }
+}
+
+void SdlWindow::drawChangesOn(SDL_Surface& surface) {
+    if (SDL_LockSurface(&surface) != 0) {
+        return;
+    }
+    const std::vector<RowBand> bands =
+        scaler.drawChanged(picture.data(), static_cast<uint32_t*>(surface.pixels),
+                           surface.pitch / static_cast<int32_t>(sizeof(uint32_t)), changed);
+    SDL_UnlockSurface(&surface);
+    std::vector<SDL_Rect> rectangles;
+    for (const RowBand& band : bands) {
+        rectangles.push_back({0, band.top, surface.w, band.count});
+    }
+    if (!rectangles.empty()) {
+        SDL_UpdateWindowSurfaceRects(window, rectangles.data(),
+                                     static_cast<int>(rectangles.size()));
+    }
 }
 
 void SdlWindow::drawOn(SDL_Surface& surface) {

@@ -3,8 +3,10 @@
 
 #include "Host.h"
 #include "PictureScaler.h"
+#include "WindowMemory.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,9 +20,14 @@ public:
     SdlWindow& operator=(const SdlWindow&) = delete;
     ~SdlWindow();
 
-    /// Opens the window, as large as the phone or as the screen has room for.
+    /// Opens the window: as large as the user left it in an earlier run, else as the phone, and
+    /// never larger than the screen has room for.
+    /// @param settingsFolder  where its size is kept; empty: nowhere
     /// @returns empty, or what is wrong
-    std::string open();
+    std::string open(const std::string& settingsFolder);
+
+    /// Keeps the size if the user has changed it.
+    void rememberSize() const;
 
     /// Draws the newest picture, or the last one again if there is none.
     void present(HostFrame* frame);
@@ -46,9 +53,21 @@ public:
 
 private:
     void pixelSize(int32_t& width, int32_t& height) const;
+    void noteChanges(HostFrame* frame);
     void drawOn(SDL_Surface& surface);
+    void drawChangesOn(SDL_Surface& surface);
 
     SDL_Window* window = nullptr;
+    std::unique_ptr<WindowMemory> memory;
+    int32_t openedWidth = 0;
+    int32_t openedHeight = 0;
     PictureScaler scaler;
     std::vector<uint16_t> picture;  // the last one presented
+    std::vector<uint16_t> before;   // and the one before it
+    std::vector<bool> changed;      // the program's rows in which the two differ
+
+    // The surface that holds the whole picture before the last, and its size then; not owned.
+    const SDL_Surface* drawn = nullptr;
+    int32_t drawnWidth = 0;
+    int32_t drawnHeight = 0;
 };

@@ -1,10 +1,12 @@
 #include "SignalWatch.h"
 
+#include <ctime>
 #include <utility>
 
 namespace {
 
 constexpr int kEndOfWatch = SIGUSR2;
+constexpr timespec kReminderAfter = {0, 50000000};
 
 bool isIgnored(int signal) {
     struct sigaction action {};
@@ -14,8 +16,9 @@ bool isIgnored(int signal) {
 
 }  // namespace
 
-SignalWatch::SignalWatch(std::function<void(int signal)> onSignal)
-    : onSignal(std::move(onSignal)) {
+SignalWatch::SignalWatch(std::function<void(int signal)> onSignal, std::function<bool()> remind)
+    : onSignal(std::move(onSignal))
+    , remind(std::move(remind)) {
     sigemptyset(&watched);
     for (const int signal : {SIGTERM, SIGINT, kEndOfWatch}) {
         sigaddset(&watched, signal);
@@ -38,10 +41,15 @@ SignalWatch::~SignalWatch() {
 }
 
 void SignalWatch::watch() {
+    bool reminding = false;
     while (!ending) {
-        int signal = 0;
-        if (sigwait(&watched, &signal) == 0 && signal != kEndOfWatch) {
+        const int signal = reminding ? sigtimedwait(&watched, nullptr, &kReminderAfter)
+                                     : sigwaitinfo(&watched, nullptr);
+        if (signal < 0) {
+            reminding = reminding && remind();
+        } else if (signal != kEndOfWatch) {
             onSignal(signal);
+            reminding = true;
         }
     }
 }

@@ -4,12 +4,15 @@
 #include "SdlHost.h"
 #include "SoundFile.h"
 
+#include <algorithm>
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
 namespace {
+
+constexpr int kUsage = 2;  // a mistake on the command line, as the other programs answer it
 
 int complain(const std::string& message) {
     std::cerr << "murmelo: " << message << "\n";
@@ -31,6 +34,19 @@ int listDevices() {
     list("Microphones:", audio.names(SdlAudio::Kind::kMicrophone));
     list("Speakers:", audio.names(SdlAudio::Kind::kSpeaker));
     return EXIT_SUCCESS;
+}
+
+/// Empty, or that there is no device of that name. An empty name is the system's choice.
+std::string checkDevice(SdlAudio::Kind kind, const char* what, const std::string& name) {
+    if (name.empty()) {
+        return "";
+    }
+    SdlAudio audio;
+    const std::vector<std::string> names = audio.names(kind);
+    return std::find(names.begin(), names.end(), name) != names.end()
+               ? ""
+               : std::string("there is no ") + what + " \"" + name +
+                     "\"; --list-devices tells the names";
 }
 
 bool isSoundFile(const std::string& microphone) {
@@ -74,7 +90,11 @@ int main(int argc, char** argv) {
     parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
     parser.add_flag("--silent", options.silent, "As a phone in silent mode");
     parser.add_option("FILE", take, "A sound file to begin with: it becomes the take");
-    CLI11_PARSE(parser, argc, argv);
+    try {
+        parser.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return parser.exit(error) == 0 ? EXIT_SUCCESS : kUsage;
+    }
     if (listsDevices) {
         return listDevices();
     }
@@ -86,6 +106,12 @@ int main(int argc, char** argv) {
     }
     if (wrong.empty() && !take.empty()) {
         wrong = SoundFile::read(take, HostMicrophone::kRateHz, options.take);
+    }
+    if (wrong.empty() && !options.hearsFile) {
+        wrong = checkDevice(SdlAudio::Kind::kMicrophone, "microphone", options.microphone);
+    }
+    if (wrong.empty()) {
+        wrong = checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
     }
     HomeLock lock;
     if (wrong.empty()) {

@@ -24,8 +24,10 @@ constexpr int32_t kTop = 250;
 // Of a build as it is shipped; one that watches every access is not that fast.
 #ifdef MURMELO_SANITIZED
 constexpr int64_t kFirstPictureUs = 1000000;
+constexpr int64_t kMostRecordingMs = 500;  // of processor time in a second
 #else
 constexpr int64_t kFirstPictureUs = 40000;
+constexpr int64_t kMostRecordingMs = 40;  // twice what it may take where nothing else runs
 #endif
 
 int64_t nowUs() {
@@ -114,6 +116,24 @@ TEST_F(RealProgram, aStillScreenSleeps) {
     EXPECT_GE(seconds, rousings);
 }
 
+TEST_F(RealProgram, aRecordingCostsLittle) {
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    for (int32_t i = 0; i < 3; i++) {
+        key("Return");
+    }
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
+    constexpr int64_t kSeconds = 5;
+    const int64_t ticks = program.processorTicks();
+    pass(kSeconds * 1000);
+    const int64_t usedMs = (program.processorTicks() - ticks) * 10;
+    std::cout << "recording: " << usedMs << " ms of processor time in " << kSeconds << " s\n";
+    EXPECT_GT(kSeconds * kMostRecordingMs, usedMs);
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+}
+
 TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP, 0}) {
         Program program(command());
@@ -127,6 +147,33 @@ TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {
         EXPECT_EQ(0, program.waitForEnd(3000)) << signal;
         EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
     }
+}
+
+TEST_F(RealProgram, theWindowIsAsLargeAsTheUserLeftIt) {
+    for (const int32_t width : {480, 432}) {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        const uint64_t window = screen.windowOf("Murmelo");
+        EXPECT_EQ(width, screen.widthOf(window));
+        screen.resize(window, 432, 720);
+        pass(300);
+        program.send(SIGTERM);
+        EXPECT_EQ(0, program.waitForEnd(3000));
+        while (screen.pixel(kLeft + 240, kTop + 60) != 0) {
+            pass(1);
+        }
+    }
+    EXPECT_EQ("432 720\n", folders.read("config/window"));
+}
+
+TEST_F(RealProgram, aSizeThatTheScreenHasNoRoomForIsCutToIt) {
+    folders.write("config/window", "5000 6000\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(1280, screen.widthOf(screen.windowOf("Murmelo")));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    EXPECT_EQ("5000 6000\n", folders.read("config/window"));  // on a larger screen it fits again
 }
 
 TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
@@ -177,6 +224,45 @@ TEST_F(RealProgram, aJourneyByKeyboardRecordsChangesAndPlaysAVoice) {
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastProc.wav"));
 }
 
+TEST_F(RealProgram, aDroppedFileIsTheTakeAndIsSavedByAKeyAndPictured) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
+    Program program(command(), folders.path("said"));
+    ASSERT_TRUE(waitForPicture());
+    key("Return");  // past the splash picture
+    ASSERT_TRUE(screen.drop(screen.windowOf("Murmelo"), folders.path("voice.wav")));
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").substr(0, 4) == "RIFF"; }));
+    EXPECT_EQ(44U + 2 * 8000, sound("MrmLastRec.wav").size());  // a second, cleaned up at 8 kHz
+    pass(400);
+    key("ctrl+s");
+    const std::string saved = folders.path("home/Murmelo/rec_00000.wav") + "\n";
+    EXPECT_TRUE(until([&] { return folders.read("said") == saved; }));
+    EXPECT_EQ(sound("MrmLastProc.wav"), sound("rec_00000.wav"));
+    key("F12");
+    EXPECT_TRUE(until([&] {
+        return folders.read("said") == saved + folders.path("home/Murmelo/screen_00000.png") + "\n";
+    }));
+    EXPECT_EQ("\x89PNG", sound("screen_00000.png").substr(0, 4));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
+}
+
+TEST_F(RealProgram, aFileOnTheCommandLineIsTheTake) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(32000), 16000));
+    std::vector<std::string> words = command();
+    words.push_back(folders.path("voice.wav"));
+    Program program(words);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ("", sound("MrmLastRec.wav"));  // not before the opening is over
+    key("Return");
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").substr(0, 4) == "RIFF"; }));
+    EXPECT_EQ(44U + 2 * 16000, sound("MrmLastRec.wav").size());
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
+}
+
 TEST_F(RealProgram, endingInTheMiddleOfARecordingLeavesNothingBehind) {
     folders.write("config/settings", "lang=0\n");
     for (const int signal : {SIGTERM, 0}) {
@@ -212,6 +298,22 @@ TEST_F(RealProgram, aStalledSoundServerDoesNotKeepItFromEnding) {
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
 }
 
+TEST_F(RealProgram, aSoundServerThatNeverAnswersIsToldInTheWindow) {
+    const int server = std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    key("Return");  // past the splash picture
+    kill(server, SIGSTOP);
+    key("Return");  // "Record" of the menu
+    key("Return");  // "Record", or the "Ok" of the message
+    pass(4500);
+    key("Return");  // the "Ok" of the message: the program ends
+    EXPECT_EQ(0, program.waitForEnd(3000));
+    kill(server, SIGCONT);
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
+}
+
 TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
     folders.write("config/settings", "lang=0\n");
@@ -235,4 +337,13 @@ TEST_F(RealProgram, aMicrophoneFileThatIsNoneIsAComplaint) {
     words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
     Program program(words);
     EXPECT_EQ(1, program.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, aDeviceThatIsNotThereIsAComplaintAtOnce) {
+    for (const char* option : {"--microphone", "--speaker"}) {
+        std::vector<std::string> words = command();
+        words.insert(words.end(), {option, "no such device"});
+        Program program(words);
+        EXPECT_EQ(1, program.waitForEnd(3000)) << option;
+    }
 }

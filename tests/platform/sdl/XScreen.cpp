@@ -1,5 +1,8 @@
 #include "XScreen.h"
 
+#include <chrono>
+#include <initializer_list>
+#include <thread>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -9,6 +12,76 @@ namespace {
 Display* server(void* display) {
     return static_cast<Display*>(display);
 }
+
+/// The side of a drag that offers one file.
+class Drag {
+public:
+    Drag(Display* x11, Window target, const std::string& path)
+        : x11(x11)
+        , source(XCreateSimpleWindow(x11, DefaultRootWindow(x11), 0, 0, 1, 1, 0, 0, 0))
+        , target(target)
+        , content("file://" + path + "\r\n") {
+        XSetSelectionOwner(x11, atom("XdndSelection"), source, CurrentTime);
+    }
+
+    ~Drag() { XDestroyWindow(x11, source); }
+
+    Atom atom(const char* name) { return XInternAtom(x11, name, False); }
+
+    /// A message to the target; its first word is always the source.
+    void say(const char* message, std::initializer_list<uint64_t> words) {
+        XEvent event{};
+        event.xclient.type = ClientMessage;
+        event.xclient.window = target;
+        event.xclient.message_type = atom(message);
+        event.xclient.format = 32;
+        event.xclient.data.l[0] = static_cast<int64_t>(source);
+        int32_t at = 1;
+        for (const uint64_t word : words) {
+            event.xclient.data.l[at++] = static_cast<int64_t>(word);
+        }
+        XSendEvent(x11, target, False, NoEventMask, &event);
+        XFlush(x11);
+    }
+
+    /// Waits for the target's answer and hands over the file meanwhile, for at most two seconds.
+    bool hear(const char* message) {
+        for (int32_t i = 0; i < 200; i++) {
+            while (XPending(x11) > 0) {
+                XEvent event{};
+                XNextEvent(x11, &event);
+                if (event.type == SelectionRequest) {
+                    give(event.xselectionrequest);
+                } else if (event.type == ClientMessage &&
+                           event.xclient.message_type == atom(message)) {
+                    return (event.xclient.data.l[1] & 1) != 0;  // accepted
+                }
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return false;
+    }
+
+private:
+    void give(const XSelectionRequestEvent& request) {
+        XChangeProperty(x11, request.requestor, request.property, request.target, 8,
+                        PropModeReplace, reinterpret_cast<const unsigned char*>(content.data()),
+                        static_cast<int>(content.size()));
+        XEvent event{};
+        event.xselection.type = SelectionNotify;
+        event.xselection.requestor = request.requestor;
+        event.xselection.selection = request.selection;
+        event.xselection.target = request.target;
+        event.xselection.property = request.property;
+        XSendEvent(x11, request.requestor, False, NoEventMask, &event);
+        XFlush(x11);
+    }
+
+    Display* x11;
+    Window source;
+    Window target;
+    std::string content;
+};
 
 }  // namespace
 
@@ -73,6 +146,29 @@ void XScreen::noteIcon(uint64_t window) {
     XChangeProperty(x11, window, name, name, 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(words), 2);
     XFlush(x11);
+}
+
+bool XScreen::drop(uint64_t window, const std::string& path) {
+    Display* x11 = server(display);
+    XWindowAttributes place{};
+    XGetWindowAttributes(x11, window, &place);
+    const auto x = static_cast<uint64_t>(place.x + place.width / 2);
+    const auto y = static_cast<uint64_t>(place.y + place.height / 2);
+    constexpr uint64_t kVersion = 5;
+    Drag drag(x11, window, path);
+    drag.say("XdndEnter", {kVersion << 24, drag.atom("text/uri-list"), 0, 0});
+    drag.say("XdndPosition", {0, x << 16 | y, CurrentTime, drag.atom("XdndActionCopy")});
+    if (!drag.hear("XdndStatus")) {
+        return false;
+    }
+    drag.say("XdndDrop", {0, CurrentTime, 0, 0});
+    return drag.hear("XdndFinished");
+}
+
+int32_t XScreen::widthOf(uint64_t window) {
+    XWindowAttributes place{};
+    XGetWindowAttributes(server(display), window, &place);
+    return place.width;
 }
 
 void XScreen::map(uint64_t window) {

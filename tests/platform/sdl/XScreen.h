@@ -26,6 +26,11 @@ public:
     void askToClose(uint64_t window);
     void noteIcon(uint64_t window);
 
+    /// As a file manager does: drags a file over the window and lets go in its middle. @returns
+    /// whether the window took it
+    bool drop(uint64_t window, const std::string& path);
+
+    int32_t widthOf(uint64_t window);
     void map(uint64_t window);
     void unmap(uint64_t window);
     void resize(uint64_t window, int32_t width, int32_t height);

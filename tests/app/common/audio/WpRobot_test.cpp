@@ -41,6 +41,16 @@ TEST_F(WpRobotTest, bothModesAreThePlainModelOnRealSpeech) {
     EXPECT_EQ(audio::slow::robot(samples, 2, 4711), audio::run(flip, samples));
 }
 
+TEST_F(WpRobotTest, anyOtherModeKeepsTheVoicesOwnPitch) {
+    WpRobot same(0);
+    const Samples voice = audio::glide(8000, 160, 160);
+    WpRobot::fixSeed(1);
+    const Samples spoken = audio::run(same, voice);
+    EXPECT_NEAR(160, audio::pitchHz(spoken.data() + 2000, 4000), 4);
+    const Samples metal = audio::run(robot, voice);
+    EXPECT_NEAR(89, audio::pitchHz(metal.data() + 2000, 4000), 2);
+}
+
 TEST_F(WpRobotTest, soundWithoutAVoicedFrameMirrorsAboutInfinity) {
     const Samples hiss = audio::noise(8000, 300);
     WpRobot::fixSeed(1);

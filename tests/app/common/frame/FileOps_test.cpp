@@ -47,6 +47,7 @@ TEST_F(FileOpsTest, theHighestNumberCounts) {
 
 TEST_F(FileOpsTest, namesThatAreNotOursAreIgnored) {
     put("rec_7.wav");
+    put("rec_.wav");
     put("rec_0001x.wav");
     put("rec_00044.txt");
     put("old_00044.wav");

@@ -23,6 +23,16 @@ TEST_F(PaTextLabelTest, isAsWideAsItsInkAndAsHighAsTheFont) {
     EXPECT_EQ((std::vector<int32_t>{0, 0, 10, 10}), rectOf(label));  // 4 + 1 + 1 + 4
 }
 
+TEST_F(PaTextLabelTest, withoutATextThereIsNothingToPaint) {
+    PaTextLabel label;
+    EXPECT_EQ((std::vector<int32_t>{0, 0, 0, 0}), rectOf(label));
+    AppImage image(4, 4, 0xFF123456);
+    Bounds clip(0, 0, 4, 4);
+    label.paintOn(&image, 0, 0, &clip, nullptr);
+    EXPECT_EQ(0xFF123456U, image.pixels[0]);
+    EXPECT_EQ(0xFF123456U, image.pixels[15]);
+}
+
 TEST_F(PaTextLabelTest, inkBeginsInItsCorner) {
     PaTextLabel label(Res::addStr("ab"), font, 0xFF00FF00);
     Bounds::setPos(&label, 2, 3);

@@ -134,6 +134,11 @@ TEST_F(ResTest, bytesBecomeATextUpToTheirEndOrFirstZero) {
     deleteArrFunc(bytes);
 }
 
+TEST_F(ResTest, nothingHasNothingToGive) {
+    ResNull nothing;
+    EXPECT_EQ(nullptr, nothing.get());
+}
+
 TEST_F(ResTest, kindsAreToldApart) {
     Bounds object;
     const int32_t text = Res::addStr("x");

@@ -13,6 +13,7 @@
 #include "Recording.h"
 #include "Res.h"
 #include "ScreensTest.h"
+#include "SkBar.h"
 #include "State.h"
 #include "Str.h"
 #include "TestSounds.h"
@@ -259,6 +260,8 @@ TEST_F(RecordingTest, aTakeThatIsGoneAtStopIsFatal) {
     touch(kMiddle);
     EXPECT_EQ(kFileError, fatalText());
     EXPECT_EQ((Names{"-", "Ok", "-"}), labels());
+    const Pixels shown = picture(0, 0, 240, SkBar::y1);
+    EXPECT_TRUE(fatalPicture(3) == shown);  // no "Please wait" shines through
 }
 
 TEST_F(RecordingTest, aTakeThatCannotBeReadAtStopIsFatal) {

@@ -77,6 +77,14 @@ TEST_F(TakeJobTest, aTakeThatCannotBeWrittenIsFatalAndNotLeft) {
     }
 }
 
+TEST_F(TakeJobTest, aResultThatWillNotGoIsFatal) {
+    putTake({9, 9, 9});
+    folders.makeFolder(kResult);  // no file, so it cannot be removed as one
+    folders.write(std::string(kResult) + "/inside", "x");
+    use({1, 2, 3, 4});
+    EXPECT_EQ(kFileError, fatalBody());
+}
+
 TEST_F(TakeJobTest, withoutATakeTheMessageStands) {
     TakeJob::enter();
     EXPECT_EQ(kFileError, fatalBody());

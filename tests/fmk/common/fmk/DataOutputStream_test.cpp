@@ -56,6 +56,21 @@ TEST(DataOutputStream, writesNumbersMostSignificantByteFirst) {
     EXPECT_EQ((Bytes{0xFE, 0xFF, 0xFE, 0x20, 0xAC, 0x80, 0, 0, 1, 1, 0}), bytesOf(bytes));
 }
 
+TEST(DataOutputStream, failsWhenTheWrappedStreamHasFailed) {
+    class Lossy : public ByteArrayOutputStream {
+    public:
+        bool hasFailed() override { return failed; }
+
+        bool failed = false;
+    };
+
+    Lossy bytes;
+    DataOutputStream out(&bytes);
+    EXPECT_FALSE(out.hasFailed());
+    bytes.failed = true;
+    EXPECT_TRUE(out.hasFailed());
+}
+
 TEST(DataOutputStream, writesFloatingPointByItsBits) {
     ByteArrayOutputStream bytes;
     DataOutputStream out(&bytes);

@@ -105,6 +105,8 @@ TEST_F(FileInputStreams, failuresOfTheFileAreNegative) {
     host.failNth("File.Seek", 1);
     EXPECT_EQ(0, stream.available());
     EXPECT_EQ(255, stream.read());
+    host.failNth("File.Seek", 2);  // on the way back
+    EXPECT_EQ(0, stream.available());
 }
 
 TEST_F(FileInputStreams, theMidletOpensThemByEveryFormOfAPath) {

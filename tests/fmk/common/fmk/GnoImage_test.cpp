@@ -204,3 +204,9 @@ TEST(GnoImage, itsGraphicsDrawIntoItsPixels) {
                                      0xFF080000}),
               words(image.get()));
 }
+
+TEST(GnoImage, aPictureOfNoSizeIsEmpty) {
+    const ImagePointer none(GnoImage::createRGBImage(kPicture, -3, 2, true));
+    EXPECT_EQ(0, none->getWidth());
+    EXPECT_EQ(0, none->getHeight());
+}

@@ -163,6 +163,7 @@ TEST(Math, nearSearchTakesTheUpperOnlyIfStrictlyNearer) {
     EXPECT_EQ(0, Math::search2(down.data(), 0, 1, 5, false));
     EXPECT_EQ(1, Math::search2(down.data(), 0, 1, 4, false));
     EXPECT_EQ(1, Math::search2(down.data(), 1, 1, 99, false));
+    EXPECT_EQ(2, Math::search2(up.data(), 2, 1, 5, true));  // an empty range
 }
 
 TEST(Math, nearSearchBearsTheLargestDistances) {

@@ -88,6 +88,7 @@ TEST(Vector, findsByEqualsAndFindsNull) {
     EXPECT_EQ(3, vector.indexOf(&two, 2));
     EXPECT_EQ(3, vector.lastIndexOf(&two));
     EXPECT_EQ(1, vector.lastIndexOf(&two, 2));
+    EXPECT_EQ(-1, vector.lastIndexOf(&two, 0));
     EXPECT_EQ(2, vector.indexOf(nullptr));
     Item three(3);
     EXPECT_EQ(-1, vector.indexOf(&three));

@@ -1,0 +1,94 @@
+# What is installed, and where: the three programs, their data, and what a desktop and a shell want to know of them.
+# The parts: "murmelo" goes everywhere, "byhand" only where no package manager looks after the files, and "debian" only
+# into a Debian package (Package.cmake).
+include(GNUInstallDirs)
+
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME murmelo)
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(murmelo_id org.murmelo.Murmelo)
+set(murmelo_data ${CMAKE_INSTALL_DATADIR}/murmelo)
+set(murmelo_icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+set(murmelo_papers ${CMAKE_INSTALL_DATADIR}/doc/murmelo)
+
+# The programs look for their data on the same way from where they lie, so that the whole tree can be moved.
+file(RELATIVE_PATH murmelo_data_from_programs
+    ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/murmelo)
+target_compile_definitions(murmelo_programs PRIVATE MURMELO_INSTALLED_DATA="${murmelo_data_from_programs}")
+
+# Makes the folders that are missing and remembers them, so that uninstalling can take exactly those away.
+set(murmelo_folders
+    ${CMAKE_INSTALL_BINDIR}
+    ${murmelo_data}/Res
+    ${murmelo_data}/framework/image/font
+    ${murmelo_data}/icons
+    ${CMAKE_INSTALL_DATADIR}/applications
+    ${CMAKE_INSTALL_DATADIR}/metainfo
+    ${CMAKE_INSTALL_MANDIR}/man1
+    ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
+    ${murmelo_papers}/licences
+    ${murmelo_icons}/scalable/apps)
+foreach(size 16 24 32 48 64 128 256 512)
+    list(APPEND murmelo_folders ${murmelo_icons}/${size}x${size}/apps)
+endforeach()
+configure_file(cmake/MakeFolders.cmake.in ${CMAKE_BINARY_DIR}/MakeFolders.cmake @ONLY)
+install(SCRIPT ${CMAKE_BINARY_DIR}/MakeFolders.cmake COMPONENT byhand)
+
+install(TARGETS murmelo murmelo-headless murmelo-fx DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY res/Res res/framework DESTINATION ${murmelo_data})
+
+foreach(size 16 24 32 48 64 128 256 512)
+    install(FILES res/icons/murmelo-${size}.png
+        DESTINATION ${murmelo_icons}/${size}x${size}/apps RENAME ${murmelo_id}.png)
+endforeach()
+install(FILES art/icon.svg DESTINATION ${murmelo_icons}/scalable/apps RENAME ${murmelo_id}.svg)
+
+# The window's own icon is looked for beside the pictures.
+file(RELATIVE_PATH murmelo_icon_from_data
+    ${CMAKE_INSTALL_FULL_DATADIR}/murmelo/icons
+    ${CMAKE_INSTALL_FULL_DATADIR}/icons/hicolor/64x64/apps/${murmelo_id}.png)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install)
+file(CREATE_LINK ${murmelo_icon_from_data} ${CMAKE_BINARY_DIR}/install/murmelo-64.png SYMBOLIC)
+install(FILES ${CMAKE_BINARY_DIR}/install/murmelo-64.png DESTINATION ${murmelo_data}/icons)
+
+install(FILES packaging/${murmelo_id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/${murmelo_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+
+find_program(GZIP gzip REQUIRED)
+
+# murmelo_gzip(source result): the same bytes for the same source, whenever and by whomever it is built.
+function(murmelo_gzip source result)
+    add_custom_command(OUTPUT ${result}
+        COMMAND ${GZIP} -9nc ${source} > ${result}
+        DEPENDS ${source} VERBATIM)
+endfunction()
+
+foreach(program murmelo murmelo-headless murmelo-fx)
+    murmelo_gzip(${CMAKE_SOURCE_DIR}/docs/man/${program}.1 ${CMAKE_BINARY_DIR}/install/${program}.1.gz)
+    list(APPEND murmelo_zipped ${CMAKE_BINARY_DIR}/install/${program}.1.gz)
+    install(FILES ${CMAKE_BINARY_DIR}/install/${program}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES packaging/completion/${program}.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+    install(FILES packaging/completion/_${program}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT byhand)
+    install(FILES packaging/completion/_${program}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT debian EXCLUDE_FROM_ALL)
+endforeach()
+
+# Whose work is in here, and on what terms.
+install(FILES packaging/debian/copyright DESTINATION ${murmelo_papers})
+install(DIRECTORY res/licences DESTINATION ${murmelo_papers})
+murmelo_gzip(${CMAKE_SOURCE_DIR}/packaging/debian/changelog ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz)
+list(APPEND murmelo_zipped ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz)
+install(FILES ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz
+    DESTINATION ${murmelo_papers} COMPONENT debian EXCLUDE_FROM_ALL)
+install(FILES packaging/debian/lintian-overrides
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME murmelo COMPONENT debian EXCLUDE_FROM_ALL)
+add_custom_target(murmelo_papers DEPENDS ${murmelo_zipped})
+add_dependencies(murmelo murmelo_papers)  # so that what ./run builds can be installed
+
+# Takes away what the last "cmake --install" brought.
+add_custom_target(uninstall
+    COMMAND ${CMAKE_COMMAND} -DBUILD_DIR=${CMAKE_BINARY_DIR} -P ${CMAKE_SOURCE_DIR}/cmake/Uninstall.cmake
+    COMMENT "" VERBATIM)

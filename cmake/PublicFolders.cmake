@@ -1,0 +1,7 @@
+# Run by CPack before it packs: a package's folders are for everybody, whatever the umask of whoever builds it.
+file(GLOB_RECURSE entries LIST_DIRECTORIES TRUE "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*")
+foreach(entry IN LISTS entries)
+    if(IS_DIRECTORY "${entry}" AND NOT IS_SYMLINK "${entry}")
+        file(CHMOD "${entry}" PERMISSIONS ${CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+    endif()
+endforeach()

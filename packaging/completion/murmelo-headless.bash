@@ -1,0 +1,29 @@
+# Completion of murmelo-headless for bash.
+
+_murmelo_headless() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local options="--home --config --clock-start --silent --help --version"
+
+    # bash takes the sign of --home=DIR for a word of its own.
+    if [[ $current == = ]]; then
+        current=
+    elif [[ $previous == = ]]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+    case $previous in
+        --clock-start) return ;;
+        --home | --config)
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
+            return
+            ;;
+    esac
+    if [[ $current == -?* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
+    fi
+    compopt -o filenames
+    mapfile -t COMPREPLY < <(compgen -f -- "$current")
+}
+
+complete -F _murmelo_headless murmelo-headless

@@ -1,0 +1,28 @@
+// The size that the user gave the window, kept from one run to the next.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+class WindowMemory {
+public:
+    /// In the window system's units; 0 x 0 is none.
+    struct Size {
+        int32_t width = 0;
+        int32_t height = 0;
+
+        bool isKnown() const { return width > 0 && height > 0; }
+    };
+
+    /// @param folder  of the settings; empty: nothing is kept
+    explicit WindowMemory(const std::string& folder);
+
+    /// What was kept last; none if there is nothing, or nothing sensible.
+    Size read() const;
+
+    /// Kept for the next run. Where that is impossible the window begins as large as it did before.
+    void write(Size size) const;
+
+private:
+    std::string path;  // empty: none
+};

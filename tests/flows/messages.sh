@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# The fatal messages that no journey can raise, a row for each language, pixel for pixel:
+#   messages.sh SCREEN-MESSAGES SHEET GOLDEN.png
+# A difference leaves GOLDEN_actual.png beside it for the eye. With UPDATE=1 the golden is written.
+set -eu
+messages=$1 sheet=$2 golden=$3
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+"$messages" "$folder"
+cd "$folder"
+pictures=()
+for language in 0 1 2 3 4; do
+    for kind in 1 5 7; do pictures+=("${kind}_$language.png"); done
+done
+if [ -n "${UPDATE:-}" ]; then
+    "$sheet" --columns 3 "$golden" "${pictures[@]}"
+else
+    "$sheet" --columns 3 --compare "$golden" "${golden%.png}_actual.png" "${pictures[@]}"
+fi

@@ -1,0 +1,38 @@
+# What is installed, and what stays when it is taken away again.
+murmelo_tests(program_tests
+    SOURCES platform/ProgramFolders_test.cpp
+    LINK murmelo_programs)
+
+foreach(case journey-from-staging-folder effects-from-staging-folder readable-by-everybody moved-tree
+        window-program icons licences uninstalled-without-a-trace uninstalled-from-staging-folder)
+    add_test(NAME packaging/${case}
+        COMMAND packaging/installation.sh ${case} ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    list(APPEND packaging_tests packaging/${case})
+endforeach()
+
+add_test(NAME packaging/desktop-entry-and-metainfo
+    COMMAND packaging/desktop.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION}
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+list(APPEND packaging_tests packaging/desktop-entry-and-metainfo)
+
+foreach(program murmelo murmelo-headless murmelo-fx)
+    foreach(paper man-pages completions)
+        add_test(NAME packaging/${paper}-${program}
+            COMMAND packaging/${paper}.sh $<TARGET_FILE:${program}> ${CMAKE_SOURCE_DIR}
+            WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+        list(APPEND packaging_tests packaging/${paper}-${program})
+    endforeach()
+endforeach()
+
+# What is shipped bears no sanitizers.
+if(NOT MURMELO_SANITIZE)
+    add_test(NAME packaging/debian-package
+        COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    list(APPEND packaging_tests packaging/debian-package)
+endif()
+
+set_tests_properties(${packaging_tests} PROPERTIES
+    TIMEOUT 120
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")

@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# The Debian package satisfies lintian, works once it is installed, and leaves nothing when it is purged.
+#
+#   debian-package.sh BUILD SOURCE VERSION
+build=$(realpath "$1") source=$(realpath "$2") version=$3
+# shellcheck source=tests/packaging/common.sh
+. "$(dirname "$0")/common.sh"
+
+if ! (umask 077 && cd "$build" && cpack --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
+    complain "cpack failed: $(cat "$folder/log")"
+    exit $wrong
+fi
+deb=$(echo "$folder"/packed/murmelo_"$version"-1_*.deb)
+[ -f "$deb" ] || complain "the package has another name: $(ls "$folder/packed")"
+
+# Its warnings are as good as errors.
+said=$(lintian --fail-on error,warning "$deb" 2>/dev/null) || complain "lintian: $said"
+[[ $said == *[EW]:* ]] && complain "lintian: $said"
+zcat < <(dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/doc/murmelo/changelog.Debian.gz) >"$folder/changelog"
+grep -q "^murmelo ($version-1) " <<<"$(head -n 1 "$folder/changelog")" || complain "the changelog is of another version"
+dpkg-deb --fsys-tarfile "$deb" | tar -tv | awk '$2 != "root/root"' | grep . && complain "not all of that is root's"
+
+# A root folder of its own, as dpkg wants to find it. Being root is pretended.
+root=$folder/root
+mkdir -p "$root/var/lib/dpkg"/{info,updates,triggers,parts} "$root/usr/share/icons/hicolor" "$root/etc"
+touch "$root/var/lib/dpkg/status" "$root/var/lib/dpkg/available" "$root/usr/share/icons/hicolor/index.theme"
+as_root() {
+    PATH=/usr/sbin:/sbin:$PATH fakeroot dpkg --root="$root" --force-depends --force-script-chrootless --log=/dev/null \
+        "$@" >"$folder/log" 2>&1 || complain "dpkg $1: $(cat "$folder/log")"
+}
+everything() { inventory "$root" | grep -v ' \./var/lib/dpkg\|^\./var/lib/dpkg\|^\./var/lib '; }
+everything >"$folder/before"
+as_root --install "$deb"
+[ "$(readlink -f "$root/usr/share/murmelo/icons/murmelo-64.png")" = \
+    "$root/usr/share/icons/hicolor/64x64/apps/org.murmelo.Murmelo.png" ] || complain "the window has no icon"
+for program in murmelo murmelo-headless murmelo-fx; do
+    "$root/usr/bin/$program" --version | grep -q "$program $version" || complain "$program is of another version"
+    [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || complain "zsh does not find how to complete $program"
+    [ -f "$root/usr/share/bash-completion/completions/$program" ] || complain "bash does not know how to complete $program"
+    [ -f "$root/usr/share/man/man1/$program.1.gz" ] || complain "$program has no man page"
+done
+journey "$root/usr"
+expect_robot "$root/usr" "$folder/elsewhere/heard.wav"
+as_root --purge murmelo
+everything >"$folder/after"
+diff "$folder/before" "$folder/after" || complain "something is left of the package"
+[ -f "$folder/user/.local/share/murmelo/Murmelo/rec_00000.wav" ] || complain "the user's sound is gone"
+exit $wrong

@@ -1,0 +1,133 @@
+#!/usr/bin/env bash
+# What is installed works where it is, from anywhere, and goes away without a trace.
+#
+#   installation.sh CASE BUILD SOURCE
+build=$(realpath "$2") source=$(realpath "$3")
+# shellcheck source=tests/packaging/common.sh
+. "$(dirname "$0")/common.sh"
+
+case $1 in
+journey-from-staging-folder)
+    stage "$build" "$folder/stage" /usr
+    prefix=$folder/stage/usr
+    journey "$prefix"
+    expect_robot "$prefix" "$folder/elsewhere/heard.wav"
+    expect_robot "$prefix" "$folder/user/.local/share/murmelo/Murmelo/rec_00000.wav"
+    # Its pictures and fonts are those of the build folder, to the byte.
+    mkdir "$folder/here"
+    mv "$folder/elsewhere"/*.png "$folder/here"
+    (cd "$folder/elsewhere" && "$build/murmelo-headless" --home home --config config robot.txt) ||
+        complain "the journey failed in the build folder"
+    for picture in options play; do
+        cmp "$folder/here/$picture.png" "$folder/elsewhere/$picture.png" || complain "$picture differs"
+    done
+    for part in Res framework; do
+        diff -r "$source/res/$part" "$prefix/share/murmelo/$part" || complain "$part is not all there"
+    done
+    # And really its own.
+    mv "$prefix/share/murmelo" "$folder/away"
+    (cd "$folder/elsewhere" && "$prefix/bin/murmelo-headless" --home home --config config robot.txt) 2>"$folder/err" &&
+        complain "there are pictures without pictures"
+    grep -q 'the folder with the pictures, "Res", is missing' "$folder/err" || complain "$(cat "$folder/err")"
+    ;;
+effects-from-staging-folder)
+    stage "$build" "$folder/stage" /usr
+    bin=$folder/stage/usr/bin
+    mkdir "$folder/elsewhere"
+    cd "$folder/elsewhere" || exit 1
+    for effect in $("$bin/murmelo-fx" --list | cut -d ' ' -f 1); do
+        "$bin/murmelo-fx" "$effect" "$source/res/sample/hello.wav" "$effect.wav" || complain "$effect failed"
+    done
+    [ "$(find . -name '*.wav' -size +10k | wc -l)" = 8 ] || complain "these are no eight sounds: $(ls -l)"
+    expect_robot "$folder/stage/usr" robot.wav
+    ;;
+readable-by-everybody)
+    stage "$build" "$folder/stage" /usr
+    [ "$(find "$folder/stage" -type f | wc -l)" -gt 50 ] || complain "too little is installed"
+    secret=$(find "$folder/stage" ! -perm -go=r -o -type d ! -perm 755 -o -type f -perm /go=w)
+    [ -z "$secret" ] || complain "these are not for everybody, or too much so: $secret"
+    ;;
+moved-tree)
+    stage "$build" "" "$folder/first"
+    mkdir -p "$folder/a folder"
+    mv "$folder/first" "$folder/a folder/second"
+    journey "$folder/a folder/second"
+    # A link to a program, as people keep them in a folder of their own.
+    mkdir "$folder/links"
+    ln -s "$folder/a folder/second/bin/murmelo-headless" "$folder/links/mh"
+    (cd "$folder/elsewhere" && "$folder/links/mh" --home home --config config robot.txt) || complain "not by its link"
+    ;;
+window-program)
+    stage "$build" "$folder/stage" /usr
+    prefix=$folder/stage/usr
+    [ "$("$prefix/bin/murmelo" --version)" = "$("$build/murmelo" --version)" ] || complain "--version"
+    "$prefix/bin/murmelo" --help | grep -q -- --microphone || complain "--help"
+    "$prefix/bin/murmelo" --nonsense >"$folder/out" 2>"$folder/err"
+    [ $? = 2 ] || complain "a mistake on the command line has another status than 2"
+    grep -q -- --nonsense "$folder/err" || complain "the mistake is not named: $(cat "$folder/err")"
+    "$prefix/bin/murmelo" --home "$folder/home" "$folder/nothing.wav" >"$folder/out" 2>"$folder/err"
+    [ $? = 1 ] || complain "a missing sound has another status than 1"
+    # The icon of its window lies where it is looked for, and is no second copy.
+    icon=$prefix/share/murmelo/icons/murmelo-64.png
+    [ -L "$icon" ] || complain "$icon is no link"
+    cmp "$icon" "$source/res/icons/murmelo-64.png" || complain "$icon is no icon"
+    ;;
+icons)
+    stage "$build" "$folder/stage" /usr
+    hicolor=$folder/stage/usr/share/icons/hicolor
+    for icon in "$source"/res/icons/murmelo-*.png; do
+        size=${icon##*-} size=${size%.png}
+        [ "$(identify -format '%wx%h' "$hicolor/${size}x$size/apps/org.murmelo.Murmelo.png")" = "${size}x$size" ] ||
+            complain "no icon of $size pixels"
+    done
+    [ "$(find "$hicolor" -mindepth 1 -maxdepth 1 | wc -l)" = 9 ] || complain "there should be eight sizes and a scalable one: $(ls "$hicolor")"
+    rsvg-convert -w 64 "$hicolor/scalable/apps/org.murmelo.Murmelo.svg" -o "$folder/scalable.png" ||
+        complain "the scalable icon cannot be drawn"
+    # Drawn at one of the sizes, it is the same picture, but for the other's dither.
+    difference=$(compare -metric MAE "$folder/scalable.png" "$hicolor/64x64/apps/org.murmelo.Murmelo.png" null: 2>&1 |
+        sed 's/.*(\(.*\))/\1/')
+    awk "BEGIN { exit !($difference < 0.02) }" || complain "the scalable icon is another picture: $difference"
+    ;;
+licences)
+    stage "$build" "$folder/stage" /usr
+    papers=$folder/stage/usr/share/doc/murmelo
+    grep -q 'Copyright 2013 Intel' "$papers/licences/clear-sans.txt" || complain "the fonts have no notice"
+    grep -q 'END OF TERMS AND CONDITIONS' "$papers/licences/clear-sans.txt" || complain "the fonts' terms are not whole"
+    grep -q 'Redistributions in binary form' "$papers/licences/cli11.txt" || complain "CLI11 has no notice"
+    # Every font that is installed is named.
+    find "$folder/stage/usr/share/murmelo" -name '*.bmf' -printf '%P\n' >"$folder/fonts"
+    [ "$(wc -l <"$folder/fonts")" = 3 ] || complain "there should be three fonts: $(cat "$folder/fonts")"
+    while read -r font; do
+        grep -q "res/$font" "$papers/copyright" || complain "whose is $font?"
+        grep -q "$font" "$papers/licences/clear-sans.txt" || complain "$font is made from what?"
+    done <"$folder/fonts"
+    ;;
+uninstalled-without-a-trace)
+    # A prefix that others use too, with an empty folder that was there before.
+    prefix=$folder/prefix
+    mkdir -p "$prefix/share/man/man1" "$prefix/share/applications" "$prefix/share/icons/hicolor/64x64/apps" "$prefix/bin"
+    echo other | tee "$prefix/bin/other" "$prefix/share/applications/other.desktop" >"$prefix/share/icons/hicolor/icon"
+    inventory "$prefix" >"$folder/before"
+    stage "$build" "" "$prefix"
+    stage "$build" "" "$prefix" # again, as for a newer version
+    journey "$prefix"
+    unstage ""
+    inventory "$prefix" >"$folder/after"
+    diff "$folder/before" "$folder/after" || complain "the prefix is not as it was"
+    # What the user keeps: the sound, and the language.
+    (cd "$folder/user" && find . -type f | sort) >"$folder/kept"
+    printf '%s\n' ./.config/murmelo/settings ./.local/share/murmelo/Murmelo/rec_00000.wav |
+        diff - "$folder/kept" || complain "the user keeps something else"
+    ;;
+uninstalled-from-staging-folder)
+    stage "$build" "$folder/stage" /opt/murmelo
+    [ -x "$folder/stage/opt/murmelo/bin/murmelo" ] || complain "nothing was installed"
+    unstage "$folder/stage"
+    [ -z "$(ls -A "$folder/stage" 2>/dev/null)" ] || complain "left: $(find "$folder/stage")"
+    DESTDIR=$folder/stage cmake -DBUILD_DIR="$folder" -P "$source/cmake/Uninstall.cmake" 2>"$folder/err" &&
+        complain "what is not there was uninstalled"
+    grep -q 'Nothing was installed from here' "$folder/err" || complain "$(cat "$folder/err")"
+    ;;
+*) complain "there is no case \"$1\"" ;;
+esac
+exit $wrong

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# A program's man page renders without a warning and has the options that the program has, and no others.
+#
+#   man-pages.sh PROGRAM SOURCE
+program=$(realpath "$1") source=$(realpath "$2")
+# shellcheck source=tests/packaging/common.sh
+. "$(dirname "$0")/common.sh"
+name=$(basename "$program")
+page=$source/docs/man/$name.1
+
+warnings=$(groff -ww -man -Tutf8 "$page" 2>&1 >/dev/null)
+[ -z "$warnings" ] || complain "groff: $warnings"
+warnings=$(MANROFFSEQ='' man --warnings -E UTF-8 -l -Tutf8 "$page" 2>&1 >/dev/null)
+[ -z "$warnings" ] || complain "man: $warnings"
+lexgrog "$page" | grep -q "\"$name - " || complain "whatis would not find it: $(lexgrog "$page")"
+
+groff -man -Tascii -P-cbou "$page" >"$folder/text"
+sed -n '/^OPTIONS/,/^[A-Z]/p' "$folder/text" | grep -E '^ {7}-' >"$folder/entries"
+option='-(-[a-z][a-z-]*|[a-z]\b)'
+"$program" --help | sed -n '/^Options:/,/^$/p' | grep -oE -- " $option|,$option" | tr -d ' ,' | sort -u >"$folder/helped"
+grep -oE -- "(^| )$option" "$folder/entries" | tr -d ' ' | sort -u >"$folder/written"
+[ "$(wc -l <"$folder/helped")" -ge 7 ] || complain "--help names too few options: $(cat "$folder/helped")"
+diff "$folder/helped" "$folder/written" || complain "--help (<) and the man page (>) have other options"
+
+case $name in
+murmelo-fx)
+    for effect in $("$program" --list | cut -d ' ' -f 1); do
+        grep -qE "^ {7}$effect$|^ {7}$effect  " "$folder/text" || complain "the effect $effect is not explained"
+    done
+    ;;
+murmelo-headless)
+    sed -n 's/^        {"\([a-z -]*\)", ScriptVerb::.*/\1/p' "$source/src/platform/headless/Script.cpp" >"$folder/commands"
+    [ "$(wc -l <"$folder/commands")" -ge 27 ] || complain "too few commands: $(cat "$folder/commands")"
+    sed -n '/^SCRIPT/,/^EXIT/p' "$folder/text" | grep -E '^ {7}[a-z]' >"$folder/explained"
+    while read -r command; do
+        grep -qE "(^ {7}|, )$command( |,|$)" "$folder/explained" || complain "the command $command is not explained"
+    done <"$folder/commands"
+    ;;
+esac
+if [ "$name" != murmelo-fx ]; then
+    sed -n '/^ENVIRONMENT/,/^FILES/p' "$folder/text" >"$folder/environment"
+    variables=$(grep -ohE '"(MURMELO|XDG)_[A-Z_]*"' "$source/src/platform/ProgramFolders.cpp" | tr -d '"' | sort -u)
+    [ "$(wc -w <<<"$variables")" -ge 4 ] || complain "too few variables: $variables"
+    for variable in $variables; do
+        grep -q "$variable" "$folder/environment" || complain "the variable $variable is not explained"
+    done
+fi
+sed -n '/^EXIT STATUS/,/^[A-DF-Z]/p' "$folder/text" >"$folder/statuses"
+for status in 0 1 2; do
+    grep -qE "^ {7}$status " "$folder/statuses" || complain "the exit status $status is not explained"
+done
+exit $wrong

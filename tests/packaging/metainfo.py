@@ -1,0 +1,39 @@
+"""What a validator does not know of the metainfo: metainfo.py FILE VERSION DESKTOP_ENTRY MIME_TYPES."""
+
+import sys
+import xml.etree.ElementTree as tree
+
+LANGUAGES = [None, "de", "es", "fr", "it"]  # English bears no mark
+TRANSLATED = ["name", "summary", "developer_name", "p", "li"]
+
+
+def language(element):
+    return element.get("{http://www.w3.org/XML/1998/namespace}lang")
+
+
+def complaints(root, version, entry, types):
+    for tag in TRANSLATED:
+        found = [language(element) for element in root.iter(tag)]
+        # Each text stands with all its translations, one after the other.
+        if not found or found != LANGUAGES * (len(found) // len(LANGUAGES)):
+            yield f"<{tag}> does not come in every language: {found}"
+    texts = [element.text for tag in ("summary", "p", "li") for element in root.iter(tag)]
+    for text in set(texts):
+        if texts.count(text) > 1:
+            yield f"this is no translation: {text}"
+    spoken = [element.text for element in root.iter("lang")]
+    if spoken != [code or "en" for code in LANGUAGES]:
+        yield f"the program is said to speak {spoken}"
+    if root.find("launchable").text != entry:
+        yield "the metainfo launches something else"
+    if root.find("releases/release").get("version") != version:
+        yield f"the newest release is not {version}"
+    for element in root.iter("mediatype"):
+        if element.text not in types.split(";"):
+            yield f"the desktop entry does not offer to open {element.text}"
+
+
+root = tree.parse(sys.argv[1]).getroot()
+wrong = list(complaints(root, *sys.argv[2:]))
+print("\n".join(wrong), file=sys.stderr)
+sys.exit(1 if wrong else 0)
