@@ -6,6 +6,7 @@
 #include "Saturating.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
@@ -190,7 +191,7 @@ void ImageOps::copyWidth16To1(AppImage* src, AppImage* dst, int32_t x, int32_t y
         if (dstRow < 0 || dstRow >= dst->h) {
             continue;
         }
-        const uint32_t* pixels = src->pixels + src->w * row;
+        const uint32_t* pixels = src->pixels + ptrdiff_t{src->w} * row;
         for (int32_t cell = firstCell; cell < endCell; cell++) {
             const int64_t begin = (int64_t{cell} << kReductionShift) - x;  // source column
             dst->set(reduceCell(pixels, static_cast<int32_t>(std::max(begin, int64_t{0})),

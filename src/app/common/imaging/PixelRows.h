@@ -4,6 +4,7 @@
 // destination must not overlap.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 /// One rectangle in a destination image and one of the same size in a source image.
@@ -14,6 +15,10 @@ struct PixelBlock {
     int32_t srcStride;
     int32_t w;  // px
     int32_t h;
+
+    uint32_t* dstRow(int32_t row) const { return dst + ptrdiff_t{dstStride} * row; }
+
+    const uint32_t* srcRow(int32_t row) const { return src + ptrdiff_t{srcStride} * row; }
 };
 
 /// Pixel properties made ready: factors without special cases.
