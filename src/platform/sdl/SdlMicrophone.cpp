@@ -31,7 +31,7 @@ SdlMicrophone::SdlMicrophone(SdlAudio& audio, std::string name, Wake wake)
     , wake(std::move(wake)) {}
 
 SdlMicrophone::~SdlMicrophone() {
-    stop();
+    SdlMicrophone::stop();
 }
 
 bool SdlMicrophone::isThere() {

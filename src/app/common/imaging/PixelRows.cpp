@@ -155,21 +155,21 @@ MURMELO_KERNEL void PixelRows::overWithOpacity(const PixelBlock& rows, uint32_t 
     }
 }
 
-MURMELO_KERNEL void PixelRows::overWithTint(const PixelBlock& rows, const PixelTint& sharedTint) {
+MURMELO_KERNEL void PixelRows::overWithTint(const PixelBlock& rows, const PixelTint& tint) {
     const PixelBlock block = joinRows(rows);
-    const PixelTint tint = sharedTint;  // known not to change while pixels are written
+    const PixelTint fixedTint = tint;  // known not to change while pixels are written
     for (int32_t row = 0; row < block.h; row++) {
         uint32_t* dst = block.dstRow(row);
         const uint32_t* src = block.srcRow(row);
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
             if (*src != 0 || !isNothing(src)) {
-                overGroup(dst, src, tint);
+                overGroup(dst, src, fixedTint);
             }
             dst += kGroupPx;
             src += kGroupPx;
         }
-        overRest(dst, src, left, tint);
+        overRest(dst, src, left, fixedTint);
     }
 }
 

@@ -31,18 +31,18 @@ struct PixelTint {
 
 class PixelRows {
 public:
-    static void over(const PixelBlock& block);
+    static void over(const PixelBlock& rows);
 
     /// @param opacity256  1..255
-    static void overWithOpacity(const PixelBlock& block, uint32_t opacity256);
-    static void overWithTint(const PixelBlock& block, const PixelTint& tint);
+    static void overWithOpacity(const PixelBlock& rows, uint32_t opacity256);
+    static void overWithTint(const PixelBlock& rows, const PixelTint& tint);
 
     /// The colour over the destination. Like fill(), it leaves the source alone.
-    static void overWithColour(const PixelBlock& block, uint32_t argb);
+    static void overWithColour(const PixelBlock& rows, uint32_t argb);
 
     /// The colour through the source's alpha.
-    static void overThroughMask(const PixelBlock& block, uint32_t argb);
+    static void overThroughMask(const PixelBlock& rows, uint32_t argb);
 
-    static void fill(const PixelBlock& block, uint32_t argb);
+    static void fill(const PixelBlock& rows, uint32_t argb);
     static void premult(uint32_t* pixels, int32_t count);
 };
