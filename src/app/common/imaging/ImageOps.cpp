@@ -130,9 +130,10 @@ void ImageOps::blendStretched(AppImage* dst,
     const bool anything = clipTo(r, dst, clip);
     const int32_t lines = anything ? (acrossRows ? r->h : r->w) : 0;
     for (int32_t i = 0; i < lines; i++) {
-        const int64_t x = acrossRows ? int64_t{sx} : int64_t{sx} + (int64_t{r->x} - tx) + i;
-        const int64_t y = acrossRows ? int64_t{sy} + (int64_t{r->y} - ty) + i : int64_t{sy};
-        const uint32_t c = AppImage::applyProps(pixelOrNothing(src, x, y), props);
+        const int64_t line = i + (acrossRows ? int64_t{r->y} - ty : int64_t{r->x} - tx);
+        const uint32_t pixel =
+            acrossRows ? pixelOrNothing(src, sx, sy + line) : pixelOrNothing(src, sx + line, sy);
+        const uint32_t c = AppImage::applyProps(pixel, props);
         if (c >> 24 == 0) {
             continue;
         }
