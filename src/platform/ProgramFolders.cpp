@@ -61,7 +61,7 @@ std::string chosenHome(const std::string& given) {
     if (!given.empty()) {
         return given;
     }
-    const std::string fromEnvironment = environment("MURMELO_HOME");
+    std::string fromEnvironment = environment("MURMELO_HOME");
     if (!fromEnvironment.empty()) {
         return fromEnvironment;
     }

@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kFileName = "settings";
 constexpr const char* kDamagedName = "settings.damaged";
 constexpr const char* kNewName = "settings.new";
-constexpr size_t kLargestFileBytes = 64 * 1024;  // a handful of short lines; more is not ours
+constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
 bool isKey(const std::string& text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
