@@ -20,6 +20,8 @@ public:
     static Osp::App::Application* CreateInstance();
 
     GEngine();
+    GEngine(const GEngine&) = delete;
+    GEngine& operator=(const GEngine&) = delete;
     ~GEngine() override;
 
     bool OnAppInitializing(Osp::App::AppRegistry& appRegistry) override;

@@ -25,7 +25,6 @@
 using Osp::Graphics::Bitmap;
 using Osp::Graphics::BufferInfo;
 using Osp::Graphics::Canvas;
-using Osp::Graphics::Rectangle;
 
 namespace {
 
@@ -156,7 +155,7 @@ std::string GameInterface::screenName() {
     }
     int status = 0;
     char* name = abi::__cxa_demangle(typeid(*State::currState).name(), nullptr, nullptr, &status);
-    const std::string text = name != nullptr ? name : "";
+    std::string text = name != nullptr ? name : "";
     std::free(name);
     return text;
 }

@@ -61,7 +61,7 @@ std::string chosenHome(const std::string& given) {
     if (!given.empty()) {
         return given;
     }
-    const std::string fromEnvironment = environment("MURMELO_HOME");
+    std::string fromEnvironment = environment("MURMELO_HOME");
     if (!fromEnvironment.empty()) {
         return fromEnvironment;
     }
@@ -92,7 +92,9 @@ std::string
 ProgramFolders::find(const std::string& home, const std::string& config, HostFolders& folders) {
     const fs::path data = dataFolder();
     if (data.empty()) {
-        return "the folder with the pictures, \"Res\", is missing beside the program";
+        return "the folder with the pictures, \"Res\", is missing: it is sought in MURMELO_DATA, "
+               "beside the "
+               "program, and where it is installed";
     }
     std::error_code error;
     folders.res = fs::canonical(data / "Res", error).string();

@@ -79,7 +79,7 @@ SoundFile::read(const std::string& path, int32_t rateHz, std::vector<int16_t>& s
         return "the sound \"" + path + "\" cannot be read: " + sf_strerror(nullptr);
     }
     if (info.channels < 1 || info.channels > kMostChannels || info.samplerate < 1 ||
-        info.samplerate > kMostRateHz || !src_is_valid_ratio(1.0 * rateHz / info.samplerate)) {
+        info.samplerate > kMostRateHz || src_is_valid_ratio(1.0 * rateHz / info.samplerate) == 0) {
         return "the sound \"" + path + "\" has a rate or channels beyond use";
     }
     samples = toInt16(atRate(readMono(file.get(), info), info.samplerate, rateHz));

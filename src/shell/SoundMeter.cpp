@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -20,9 +22,10 @@ constexpr double kVoiced = 0.6;      // likeness of neighbouring periods; noise 
 constexpr double kNearlyBest = 0.9;  // a multiple of the period is as like as the period itself
 constexpr double kQuietest = 300.0;  // RMS of a window that counts
 constexpr int32_t kCompared = kWindow - kLongest - 1;
+constexpr size_t kLags = kLongest + 2;  // from 0 to one beyond the longest that counts
 
 double toDb(double ratio) {
-    return 20.0 * std::log10(ratio);
+    return ratio > 0.0 ? 20.0 * std::log10(ratio) : -std::numeric_limits<double>::infinity();
 }
 
 /// How like a window is to itself, lag samples later: 1.0 if it is the same.
@@ -91,7 +94,7 @@ double SoundMeter::pitchHz() const {
 
 // The shortest lag that is nearly as good as the best, read between the samples by a parabola.
 double SoundMeter::windowPitchHz(const int32_t* samples) {
-    std::array<double, kLongest + 2> likeness{};
+    std::array<double, kLags> likeness{};
     double best = 0.0;
     for (int32_t lag = kShortest - 1; lag <= kLongest + 1; lag++) {
         likeness[static_cast<size_t>(lag)] = likenessAt(samples, lag);

@@ -62,12 +62,16 @@ Samples processed(const Samples& samples, WavProc& processor) {
     return out;
 }
 
+int32_t number(const char* text) {
+    return static_cast<int32_t>(std::strtol(text, nullptr, 10));
+}
+
 /// The number behind a word of the command line.
 std::optional<int32_t> option(int argc, char** argv, const std::string& word) {
     for (int i = 6; i < argc; i++) {
         const std::string argument = argv[i];
         if (argument.compare(0, word.size(), word) == 0) {
-            return std::atoi(argument.c_str() + word.size());
+            return number(argument.c_str() + word.size());
         }
     }
     return {};
@@ -85,9 +89,9 @@ int main(int argc, char** argv) {
     const Samples found = read(argv[1], kRateHz);
     Samples take = read(argv[3], kMicrophoneHz);
     if (std::string(argv[4]) != "all") {
-        take.resize(static_cast<size_t>(std::atoi(argv[4])) * kMicrophoneHz / 1000);
+        take.resize(static_cast<size_t>(number(argv[4])) * kMicrophoneHz / 1000);
     }
-    const int32_t volume = std::atoi(argv[5]);
+    const int32_t volume = number(argv[5]);
 
     const ShellHost host(option(argc, argv, "clock="));
     const std::optional<int32_t> heardMs = option(argc, argv, "heard=");

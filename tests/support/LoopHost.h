@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <utility>
 
 class LoopHost : public TestHost {
 public:
@@ -15,7 +16,7 @@ public:
 
     /// A callback of the platform.
     void callback(std::function<void(HostListener&)> deliver) {
-        steps.emplace_back([deliver](HostListener& listener) {
+        steps.emplace_back([deliver = std::move(deliver)](HostListener& listener) {
             deliver(listener);
             return true;
         });
@@ -23,7 +24,7 @@ public:
 
     /// A look or a change from inside the test, which is no callback.
     void check(std::function<void()> look) {
-        steps.emplace_back([look](HostListener&) {
+        steps.emplace_back([look = std::move(look)](HostListener&) {
             look();
             return false;
         });

@@ -92,6 +92,7 @@ void writeAll(png_structp png, png_infop info, const TestPngSpec& spec) {
     png_set_compression_buffer_size(png, static_cast<size_t>(spec.idatBytes));
     std::vector<Bytes> rows = makeRows(spec, random);
     std::vector<png_bytep> pointers;
+    pointers.reserve(rows.size());
     for (Bytes& row : rows) {
         pointers.push_back(row.data());
     }

@@ -18,7 +18,7 @@ class TestScreen : public State {
 public:
     TestScreen() = default;
 
-    explicit TestScreen(std::initializer_list<Osp::Base::String*> names) {
+    TestScreen(std::initializer_list<Osp::Base::String*> names) {
         subscriptions = newArray<Osp::Base::String*>(static_cast<int32_t>(names.size()));
         int32_t i = 0;
         for (Osp::Base::String* name : names) {

@@ -293,8 +293,8 @@ void HeadlessHost::useDoor(const ScriptCommand& command) {
 void HeadlessHost::writeCanvas(const ScriptCommand& command, const std::string& path) {
     const std::vector<uint8_t> png = doors->canvasPng();
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
-    if (png.empty() || !file.flush()) {
+    const auto* bytes = reinterpret_cast<const char*>(png.data());
+    if (png.empty() || !file.write(bytes, static_cast<std::streamsize>(png.size())).flush()) {
         mistake(command, inQuotes(path) + " cannot be written");
     }
 }

@@ -32,6 +32,7 @@ bool readAll(const std::string& path, std::string& text) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): out of memory ends the program, here as anywhere
 int main(int argc, char** argv) {
     std::string home;
     std::string config;

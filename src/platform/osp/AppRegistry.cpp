@@ -21,8 +21,8 @@ namespace {
 constexpr const char* kFileName = "settings";
 constexpr const char* kDamagedName = "settings.damaged";
 constexpr const char* kNewName = "settings.new";
-constexpr mode_t kNewFileMode = 0666;            // less what the user's mask takes away
-constexpr size_t kLargestFileBytes = 64 * 1024;  // a handful of short lines; more is not ours
+constexpr mode_t kNewFileMode = 0666;                    // less what the user's mask takes away
+constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
 bool isKey(const std::string& text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {

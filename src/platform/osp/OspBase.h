@@ -27,9 +27,10 @@ public:
 class String : public Object {
 public:
     String() = default;
-    String(const char* utf8);  // NOLINT(google-explicit-constructor): texts convert as on the phone
-    String(const char16_t*
-               text);  // NOLINT(google-explicit-constructor): texts convert as on the phone
+    // NOLINTNEXTLINE(google-explicit-constructor): texts convert as on the phone
+    String(const char* utf8);
+    // NOLINTNEXTLINE(google-explicit-constructor): texts convert as on the phone
+    String(const char16_t* text);
 
     explicit String(char16_t character)
         : text(1, character) {}

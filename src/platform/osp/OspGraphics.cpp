@@ -135,10 +135,9 @@ void Canvas::compose(uint16_t* pixels, int32_t strideBytes) {
         uint16_t* row = pixels + static_cast<ptrdiff_t>(y) * (strideBytes / 2);
         size_t first = 0;
         const Operation* sole = soleOperation(y, first);
-        const bool again = sole != nullptr && sole == above && sole->pixels != nullptr &&
-                           sourceRow(*sole, y) == sourceRow(*sole, y - 1);
-        if (again) {
-            std::copy_n(row - strideBytes / 2, sole->visible.width, row);
+        if (above != nullptr && above == sole && above->pixels != nullptr &&
+            sourceRow(*above, y) == sourceRow(*above, y - 1)) {
+            std::copy_n(row - strideBytes / 2, above->visible.width, row);
         } else {
             composeRow(row, y, first);
         }

@@ -60,7 +60,7 @@ class Bitmap : public Osp::Base::Object {
 public:
     using Pixels = std::vector<uint16_t>;
 
-    result Construct(const Dimension& size, BitmapPixelFormat format);
+    result Construct(const Dimension& wanted, BitmapPixelFormat format);
 
     /// The memory stays where it is for the bitmap's life, locked or not. The time limit means
     /// nothing here.

@@ -107,7 +107,7 @@ RealPath::RealPath(const String& phonePath) {
             continue;
         }
         std::vector<std::string> parts;
-        pushParts(parts, std::string_view(path).substr(std::string_view(root.phonePath).size()));
+        pushParts(parts, std::string_view{path}.substr(std::string_view{root.phonePath}.size()));
         if (!hasParentStep(parts)) {
             real = resolve(folder, std::move(parts));
             writable = root.writable;

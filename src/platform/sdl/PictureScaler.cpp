@@ -22,7 +22,7 @@ uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
 }
 
 uint32_t pixelAt(const uint16_t* row, int32_t programX) {
-    return PictureScaler::toRgb32(row[2 * programX]);
+    return PictureScaler::toRgb32(row[ptrdiff_t{2} * programX]);
 }
 
 const uint16_t* rowAt(const uint16_t* picture, int32_t programY) {

@@ -98,8 +98,8 @@ void SdlDoors::takePicture() {
     const std::string path = freePictureName(folder);
     const std::vector<uint8_t> png = doors->canvasPng();
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
-    if (png.empty() || !file.flush()) {
+    const auto* bytes = reinterpret_cast<const char*>(png.data());
+    if (png.empty() || !file.write(bytes, static_cast<std::streamsize>(png.size())).flush()) {
         complain("the picture \"" + path + "\" cannot be written");
         return;
     }

@@ -13,7 +13,7 @@ namespace {
 constexpr uint16_t kDeviceSamples = 512;
 
 // What a program that takes nothing lets pile up: a minute, then the rest is lost.
-constexpr size_t kMostSamples = 60 * HostMicrophone::kRateHz;
+constexpr size_t kMostSamples = size_t{60} * HostMicrophone::kRateHz;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ SdlMicrophone::SdlMicrophone(SdlAudio& audio, std::string name, Wake wake)
     , wake(std::move(wake)) {}
 
 SdlMicrophone::~SdlMicrophone() {
-    stop();
+    SdlMicrophone::stop();
 }
 
 bool SdlMicrophone::isThere() {

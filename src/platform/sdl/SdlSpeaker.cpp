@@ -56,7 +56,7 @@ SdlSpeaker::SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake
     , wake(std::move(wake)) {}
 
 SdlSpeaker::~SdlSpeaker() {
-    stop();
+    SdlSpeaker::stop();
 }
 
 bool SdlSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) {

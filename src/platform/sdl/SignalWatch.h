@@ -5,7 +5,7 @@
 #include <atomic>
 #include <functional>
 #include <pthread.h>
-#include <signal.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): the system's, for sigset_t
 #include <thread>
 
 class SignalWatch {

@@ -73,6 +73,7 @@ int run(int argc, char** argv, SdlOptions options) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): out of memory ends the program, here as anywhere
 int main(int argc, char** argv) {
     std::string home;
     std::string config;

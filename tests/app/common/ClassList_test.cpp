@@ -80,6 +80,7 @@ TEST(ClassList, initialisersRunInTheirFixedOrder) {
     int32_t count = 0;
     const ClassListEntry* entries = ClassList::entries(count);
     std::vector<std::string> found;
+    found.reserve(static_cast<size_t>(count));
     for (int32_t i = 0; i < count; i++) {
         found.emplace_back(entries[i].name);
     }

@@ -1,6 +1,7 @@
 // The program itself on a real X server and a real sound server: how soon it is there, what it
 // costs to leave it alone, how it ends, and a whole journey by keyboard.
 #include "Program.h"
+#include "SoundServer.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 #include "XScreen.h"
@@ -101,7 +102,7 @@ TEST_F(RealProgram, theFirstPictureStandsWithin40Milliseconds) {
 
 TEST_F(RealProgram, aStillScreenSleeps) {
     const char* wanted = std::getenv("MURMELO_TEST_IDLE_SECONDS");
-    const int64_t seconds = wanted != nullptr ? std::atoll(wanted) : 5;
+    const int64_t seconds = wanted != nullptr ? std::strtoll(wanted, nullptr, 10) : 5;
     Program program(command());
     ASSERT_TRUE(waitForPicture());
     pass(1000);
@@ -283,7 +284,6 @@ TEST_F(RealProgram, endingInTheMiddleOfARecordingLeavesNothingBehind) {
 }
 
 TEST_F(RealProgram, aStalledSoundServerDoesNotKeepItFromEnding) {
-    const int server = std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
     folders.write("config/settings", "lang=0\n");
     Program program(command());
     ASSERT_TRUE(waitForPicture());
@@ -291,26 +291,25 @@ TEST_F(RealProgram, aStalledSoundServerDoesNotKeepItFromEnding) {
         key("Return");
     }
     ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
-    kill(server, SIGSTOP);
+    SoundServer::send(SIGSTOP);
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd(6000));
-    kill(server, SIGCONT);
+    SoundServer::send(SIGCONT);
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
 }
 
 TEST_F(RealProgram, aSoundServerThatNeverAnswersIsToldInTheWindow) {
-    const int server = std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
     folders.write("config/settings", "lang=0\n");
     Program program(command());
     ASSERT_TRUE(waitForPicture());
     key("Return");  // past the splash picture
-    kill(server, SIGSTOP);
+    SoundServer::send(SIGSTOP);
     key("Return");  // "Record" of the menu
     key("Return");  // "Record", or the "Ok" of the message
     pass(4500);
     key("Return");  // the "Ok" of the message: the program ends
     EXPECT_EQ(0, program.waitForEnd(3000));
-    kill(server, SIGCONT);
+    SoundServer::send(SIGCONT);
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
 }
 

@@ -6,6 +6,7 @@
 #include "OspBase.h"
 #include "Program.h"
 #include "SdlHost.h"
+#include "SoundServer.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 
@@ -174,10 +175,6 @@ protected:
     size_t bytesAtEnd = 0;
 };
 
-int soundServer() {
-    return std::atoi(std::getenv("MURMELO_TEST_SOUND_SERVER"));
-}
-
 }  // namespace
 
 TEST_F(RealSound, twentySecondsOfSpeechLoseAndDoubleNothing) {
@@ -283,7 +280,7 @@ TEST_F(RealSound, aStalledServerHoldsNeitherStopNorWindowNorEndUp) {
     ASSERT_TRUE(AudioDev::initRec(&takePath));
     ASSERT_TRUE(AudioDev::startRec());
     ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, 5000));
-    kill(soundServer(), SIGSTOP);
+    SoundServer::send(SIGSTOP);
     run(1000);
     const int32_t length = AudioDev::recordLength;
     const int64_t stopMs = host->uptimeMs();
@@ -293,7 +290,7 @@ TEST_F(RealSound, aStalledServerHoldsNeitherStopNorWindowNorEndUp) {
     EXPECT_EQ(TestSounds::header(static_cast<uint32_t>(AudioDev::recordLength / 2), 16000),
               folders.read("home/take.wav").substr(0, 44));
     run(200);
-    kill(soundServer(), SIGCONT);
+    SoundServer::send(SIGCONT);
     EXPECT_FALSE(host->isStuck());
 }
 
@@ -301,9 +298,9 @@ TEST_F(RealSound, aClipWhoseDeviceStallsEndsByTheClock) {
     folders.write("home/clip.wav", TestSounds::wav(TestSounds::noise(2 * kEarHz), kEarHz));
     ASSERT_TRUE(AudioDev::startPlay(&clipPath, &endEvent));
     run(500);
-    kill(soundServer(), SIGSTOP);
+    SoundServer::send(SIGSTOP);
     EXPECT_TRUE(runUntil(ended, 6000));
-    kill(soundServer(), SIGCONT);
+    SoundServer::send(SIGCONT);
     EXPECT_EQ(4, AudioDev::state);
     EXPECT_TRUE(AudioDev::stopPlay());
 }
@@ -313,7 +310,7 @@ TEST_F(RealSound, theServersDeathEndsAClipByTheClockAndKeepsATake) {
     ASSERT_TRUE(AudioDev::initRec(&takePath));
     ASSERT_TRUE(AudioDev::startRec());
     ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, 5000));
-    kill(soundServer(), SIGKILL);
+    SoundServer::send(SIGKILL);
     run(500);
     const int64_t stopMs = host->uptimeMs();
     EXPECT_TRUE(AudioDev::stopRec());

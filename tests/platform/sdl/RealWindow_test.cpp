@@ -134,7 +134,7 @@ TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
             const bool inside = x >= 10 && x < 730 && y >= 10 && y < 1210;
             const uint32_t expected =
                 inside ? picture.rgb32((x - 10) / 3 * 2, (y - 10) / 3 * 2) : 0;
-            wrong += all[static_cast<size_t>(y * 740 + x)] != expected ? 1 : 0;
+            wrong += all[static_cast<size_t>(y) * 740 + static_cast<size_t>(x)] != expected ? 1 : 0;
         }
     }
     EXPECT_EQ(0, wrong);

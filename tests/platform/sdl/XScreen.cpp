@@ -152,8 +152,8 @@ bool XScreen::drop(uint64_t window, const std::string& path) {
     Display* x11 = server(display);
     XWindowAttributes place{};
     XGetWindowAttributes(x11, window, &place);
-    const auto x = static_cast<uint64_t>(place.x + place.width / 2);
-    const auto y = static_cast<uint64_t>(place.y + place.height / 2);
+    const auto x = static_cast<uint64_t>(int64_t{place.x} + place.width / 2);
+    const auto y = static_cast<uint64_t>(int64_t{place.y} + place.height / 2);
     constexpr uint64_t kVersion = 5;
     Drag drag(x11, window, path);
     drag.say("XdndEnter", {kVersion << 24, drag.atom("text/uri-list"), 0, 0});

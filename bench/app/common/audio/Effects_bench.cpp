@@ -55,8 +55,10 @@ size_t runOurs(WavProc& processor, const int32_t* samples) {
 void add(const std::string& work,
          const std::string& engine,
          const std::function<size_t(const Speech&)>& run) {
+    const std::string family = work + "/" + engine + "/";
     for (const int32_t seconds : kSeconds) {
-        const std::string name = work + "/" + engine + "/" + std::to_string(seconds) + "s";
+        std::string name = family;
+        name.append(std::to_string(seconds)).append("s");
         benchmark::RegisterBenchmark(name.c_str(), [run, seconds](benchmark::State& state) {
             const Speech& speech = speechOf(seconds);
             size_t made = 0;

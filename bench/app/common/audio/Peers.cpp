@@ -80,6 +80,7 @@ void addSoxEffect(sox_effects_chain_t* chain,
                   const sox_signalinfo_t& outSignal) {
     sox_effect_t* effect = sox_create_effect(handler);
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments) {
         pointers.push_back(argument.data());
     }

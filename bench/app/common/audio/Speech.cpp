@@ -30,7 +30,7 @@ std::vector<int32_t> loadSpeech(int32_t seconds) {
         std::fprintf(stderr, "%s: install asterisk-core-sounds-en-wav\n", kRecording);
         std::exit(1);
     }
-    std::vector<int32_t> speech(samples, samples + seconds * WavFile::kRateHz);
+    std::vector<int32_t> speech(samples, samples + ptrdiff_t{seconds} * WavFile::kRateHz);
     deleteArrFunc(samples);
     deleteArrFunc(sampleBuffer);
     deleteArrFunc(headerBuffer);

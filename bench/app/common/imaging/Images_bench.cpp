@@ -67,6 +67,7 @@ public:
     PixmanImage(const PixmanImage&) = delete;
     PixmanImage& operator=(const PixmanImage&) = delete;
 
+    // NOLINTNEXTLINE(google-explicit-constructor): goes into its functions as it is
     operator pixman_image_t*() const { return image; }
 
 private:

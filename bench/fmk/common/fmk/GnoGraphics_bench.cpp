@@ -14,7 +14,7 @@ constexpr int32_t kH = 320;
 /// @param alphaMask  which words get another alpha than 255
 std::vector<uint32_t> picture(uint32_t alphaMask) {
     std::mt19937 random(1);
-    std::vector<uint32_t> words(kW * kH);
+    std::vector<uint32_t> words(size_t{kW} * kH);
     for (uint32_t& word : words) {
         word = static_cast<uint32_t>(random()) | (0xFF000000 & ~alphaMask);
     }
@@ -23,7 +23,7 @@ std::vector<uint32_t> picture(uint32_t alphaMask) {
 
 void drawOurs(benchmark::State& state, uint32_t alphaMask, bool processAlpha) {
     const std::vector<uint32_t> words = picture(alphaMask);
-    std::vector<uint16_t> surface(kW * kH);
+    std::vector<uint16_t> surface(size_t{kW} * kH);
     CanvasGraphics g(reinterpret_cast<unsigned char*>(surface.data()), kW, kH);
     for (auto _ : state) {
         g.drawRGB(words.data(), 0, kW, 0, 0, kW, kH, processAlpha);

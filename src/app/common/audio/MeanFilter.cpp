@@ -5,12 +5,20 @@
 
 #include <cassert>
 
+namespace {
+
+int32_t windowSamples(int32_t shift) {
+    assert(shift >= 0 && shift <= 23);  // a counted array holds no longer window
+    return 1 << shift;
+}
+
+}  // namespace
+
 MeanFilter::MeanFilter(int32_t shift)
     : shift(shift)
-    , length(1 << shift)
+    , length(windowSamples(shift))
     , mask(length - 1)
     , half(length / 2) {
-    assert(shift >= 0 && shift <= 23);  // a counted array holds no longer window
     ring = newArray<int32_t>(length);
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstddef>
 
 namespace {
 
@@ -40,7 +41,7 @@ readSamples(InputStream* stream, int32_t samplesPerTarget, int32_t* target, sign
         const int32_t wanted = std::min(most, length(target) - done);
         const int32_t got = readUpTo(stream, buffer, wanted * stride) / stride;
         for (int32_t i = 0; i < got; i++) {
-            const signed char* bytes = buffer + i * stride;
+            const signed char* bytes = buffer + ptrdiff_t{stride} * i;
             target[done + i] = samplesPerTarget == 1
                                    ? sampleAt(bytes)
                                    : (sampleAt(bytes) + sampleAt(bytes + kSampleBytes)) >> 1;
@@ -100,8 +101,9 @@ bool WavFile::save8Khz(OutputStream* stream,
         for (int32_t i = 0; i < count; i++) {
             // Deliberate: no clamping. A sample outside 16 bits wraps; the effects limit theirs.
             const int32_t sample = samples[done + i];
-            sampleBuffer[kSampleBytes * i] = static_cast<signed char>(sample);
-            sampleBuffer[kSampleBytes * i + 1] = static_cast<signed char>(sample >> 8);
+            signed char* bytes = sampleBuffer + ptrdiff_t{kSampleBytes} * i;
+            bytes[0] = static_cast<signed char>(sample);
+            bytes[1] = static_cast<signed char>(sample >> 8);
         }
         stream->write(sampleBuffer, 0, kSampleBytes * count);
         done += count;

@@ -7,6 +7,7 @@
 #include "System.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
@@ -111,7 +112,7 @@ int32_t WpRobot::analyseFrame() {
         return kHalfway;  // shorter than a frame, or cleaned up
     }
     Frame& frame = frames[static_cast<size_t>(frameIndex)];
-    std::copy_n(source + frameIndex * kSamples, kSamples, frameBuffer);
+    std::copy_n(source + ptrdiff_t{frameIndex} * kSamples, kSamples, frameBuffer);
     frame.gain = Lpc::encode(frameBuffer, frame.coefficients);
     frame.period = Lpc::LAST_PERIOD;
     frame.voicing = Lpc::LAST_VOICENESS;
@@ -137,7 +138,7 @@ int32_t WpRobot::synthesiseFrame() {
     const Frame& frame = frames[static_cast<size_t>(frameIndex)];
     fillBuffer(frame);
     Lpc::decode(frameBuffer, frame.coefficients);
-    int32_t* target = result + frameIndex * kSamples;
+    int32_t* target = result + ptrdiff_t{frameIndex} * kSamples;
     std::transform(frameBuffer, frameBuffer + kSamples, target, clampToSample);
     previousGain = frame.gain;
     previousPeriod = frame.period;

@@ -37,12 +37,12 @@ public:
 
     static void static_dtor() {}
 
-    Osp::Base::String* type;
-    Osp::Base::String* subType;  // null: none
-    GnoObject* payload;
-    int32_t time;
-    Event* prev;
-    Event* next;
+    Osp::Base::String* type = nullptr;
+    Osp::Base::String* subType = nullptr;  // null: none
+    GnoObject* payload = nullptr;
+    int32_t time = 0;
+    Event* prev = nullptr;
+    Event* next = nullptr;
 
 private:
     void dynamic_ctor();

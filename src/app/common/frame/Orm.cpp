@@ -78,11 +78,12 @@ void Orm::static_dtor() {
     }
     delete tb;
     tb = nullptr;
-    while (firstEvent != nullptr) {
-        Event* head = firstEvent;
-        firstEvent = head->next;
-        delete head;
+    for (Event* event = firstEvent; event != nullptr;) {
+        Event* following = event->next;
+        delete event;
+        event = following;
     }
+    firstEvent = nullptr;
     delete listeners;
     listeners = nullptr;
     delete receivers;

@@ -62,7 +62,7 @@ private:
     void answerSilentPopup(int32_t x, int32_t y);
     static void schedSwipe(Osp::Base::String* key);
 
-    AppImage* screen;  // owned
-    int32_t lastX;     // of the press in progress; -1: none
-    int32_t lastY;
+    AppImage* screen = nullptr;  // owned
+    int32_t lastX = -1;          // of the press in progress; -1: none
+    int32_t lastY = -1;
 };

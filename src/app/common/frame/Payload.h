@@ -7,6 +7,7 @@
 class GnoObject;
 
 inline GnoObject* wordToPayload(int32_t word) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a word that travels; nobody follows it
     return reinterpret_cast<GnoObject*>(static_cast<uintptr_t>(static_cast<uint32_t>(word)));
 }
 

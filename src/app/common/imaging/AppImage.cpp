@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstddef>
 #include <cstring>
 
 using Osp::Base::String;
@@ -25,7 +26,7 @@ bool isInside(const AppImage* image, int32_t x, int32_t y, int32_t w, int32_t h)
 }
 
 uint32_t* pixelAt(const AppImage* image, int32_t x, int32_t y) {
-    return image->pixels + x + image->w * y;
+    return image->pixels + x + ptrdiff_t{image->w} * y;
 }
 
 /// The rectangles of an operation from one image into another.
@@ -168,7 +169,7 @@ void AppImage::set(
     for (int32_t i = 0; i < h; i++) {
         // An image moved down within itself starts with its last row, or it would copy copies.
         const int32_t row = src == this && dy > sy ? h - 1 - i : i;
-        std::memmove(block.dst + block.dstStride * row, block.src + block.srcStride * row,
+        std::memmove(block.dstRow(row), block.srcRow(row),
                      static_cast<size_t>(w) * sizeof(uint32_t));
     }
 }

@@ -1,4 +1,4 @@
-// Whole lists of rectangles: what the painting pipeline needs to repaint each changed pixel once.
+// Whole lists of rectangles: what it takes to repaint each changed pixel once.
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "Saturating.h"
@@ -146,6 +146,7 @@ void Bounds::substract(Bounded* a, Vector* b, int32_t dx, int32_t dy, Vector* ou
     parts.addElement(alloc(a));
     for (int32_t i = 0; i < b->size(); i++) {
         substract(&parts, boundedAt(b, i), dx, dy, &next);
+        // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): back to the pool; not the library's free()
         free(&parts);
         moveInto(&next, &parts);
     }
@@ -171,6 +172,7 @@ void Bounds::removeOverlapping(Vector* a, Vector* b) {
     Vector remaining;
     substract(b, a, &remaining);
     free(b);
+    // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): only b's elements went back to the pool
     moveInto(&remaining, b);
 }
 

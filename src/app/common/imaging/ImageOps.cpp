@@ -6,6 +6,7 @@
 #include "Saturating.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
@@ -129,9 +130,10 @@ void ImageOps::blendStretched(AppImage* dst,
     const bool anything = clipTo(r, dst, clip);
     const int32_t lines = anything ? (acrossRows ? r->h : r->w) : 0;
     for (int32_t i = 0; i < lines; i++) {
-        const int64_t x = acrossRows ? int64_t{sx} : int64_t{sx} + (int64_t{r->x} - tx) + i;
-        const int64_t y = acrossRows ? int64_t{sy} + (int64_t{r->y} - ty) + i : int64_t{sy};
-        const uint32_t c = AppImage::applyProps(pixelOrNothing(src, x, y), props);
+        const int64_t line = i + (acrossRows ? int64_t{r->y} - ty : int64_t{r->x} - tx);
+        const uint32_t pixel =
+            acrossRows ? pixelOrNothing(src, sx, sy + line) : pixelOrNothing(src, sx + line, sy);
+        const uint32_t c = AppImage::applyProps(pixel, props);
         if (c >> 24 == 0) {
             continue;
         }
@@ -190,7 +192,7 @@ void ImageOps::copyWidth16To1(AppImage* src, AppImage* dst, int32_t x, int32_t y
         if (dstRow < 0 || dstRow >= dst->h) {
             continue;
         }
-        const uint32_t* pixels = src->pixels + src->w * row;
+        const uint32_t* pixels = src->pixels + ptrdiff_t{src->w} * row;
         for (int32_t cell = firstCell; cell < endCell; cell++) {
             const int64_t begin = (int64_t{cell} << kReductionShift) - x;  // source column
             dst->set(reduceCell(pixels, static_cast<int32_t>(std::max(begin, int64_t{0})),

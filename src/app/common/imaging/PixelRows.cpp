@@ -16,7 +16,7 @@ constexpr uint64_t kAlphasMask = 0xFF000000FF000000;  // of two pixels
 /// Pixels 2 * pair and 2 * pair + 1, in either order.
 inline uint64_t pairOf(const uint32_t* src, int32_t pair) {
     uint64_t both = 0;
-    std::memcpy(&both, src + 2 * pair, sizeof both);
+    std::memcpy(&both, src + ptrdiff_t{2} * pair, sizeof both);
     return both;
 }
 
@@ -121,8 +121,8 @@ PixelBlock joinRows(const PixelBlock& block) {
 MURMELO_KERNEL void PixelRows::over(const PixelBlock& rows) {
     const PixelBlock block = joinRows(rows);
     for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dst + block.dstStride * row;
-        const uint32_t* src = block.src + block.srcStride * row;
+        uint32_t* dst = block.dstRow(row);
+        const uint32_t* src = block.srcRow(row);
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
             // The first pixel mostly tells what its group is like.
@@ -141,8 +141,8 @@ MURMELO_KERNEL void PixelRows::over(const PixelBlock& rows) {
 MURMELO_KERNEL void PixelRows::overWithOpacity(const PixelBlock& rows, uint32_t opacity256) {
     const PixelBlock block = joinRows(rows);
     for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dst + block.dstStride * row;
-        const uint32_t* src = block.src + block.srcStride * row;
+        uint32_t* dst = block.dstRow(row);
+        const uint32_t* src = block.srcRow(row);
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
             if (*src != 0 || !isNothing(src)) {
@@ -155,21 +155,21 @@ MURMELO_KERNEL void PixelRows::overWithOpacity(const PixelBlock& rows, uint32_t 
     }
 }
 
-MURMELO_KERNEL void PixelRows::overWithTint(const PixelBlock& rows, const PixelTint& sharedTint) {
+MURMELO_KERNEL void PixelRows::overWithTint(const PixelBlock& rows, const PixelTint& tint) {
     const PixelBlock block = joinRows(rows);
-    const PixelTint tint = sharedTint;  // known not to change while pixels are written
+    const PixelTint fixedTint = tint;  // known not to change while pixels are written
     for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dst + block.dstStride * row;
-        const uint32_t* src = block.src + block.srcStride * row;
+        uint32_t* dst = block.dstRow(row);
+        const uint32_t* src = block.srcRow(row);
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
             if (*src != 0 || !isNothing(src)) {
-                overGroup(dst, src, tint);
+                overGroup(dst, src, fixedTint);
             }
             dst += kGroupPx;
             src += kGroupPx;
         }
-        overRest(dst, src, left, tint);
+        overRest(dst, src, left, fixedTint);
     }
 }
 
@@ -179,7 +179,7 @@ MURMELO_KERNEL void PixelRows::overWithColour(const PixelBlock& rows, uint32_t a
     const uint32_t agUpper = argb & kUpperPairMask;
     const uint32_t rbUpper = (argb & kPairMask) << 8;
     for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dst + block.dstStride * row;
+        uint32_t* dst = block.dstRow(row);
         for (int32_t i = 0; i < block.w; i++) {
             dst[i] = overPixelColour(dst[i], agUpper, rbUpper, k256);
         }
@@ -189,8 +189,8 @@ MURMELO_KERNEL void PixelRows::overWithColour(const PixelBlock& rows, uint32_t a
 MURMELO_KERNEL void PixelRows::overThroughMask(const PixelBlock& rows, uint32_t argb) {
     const PixelBlock block = joinRows(rows);
     for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dst + block.dstStride * row;
-        const uint32_t* mask = block.src + block.srcStride * row;
+        uint32_t* dst = block.dstRow(row);
+        const uint32_t* mask = block.srcRow(row);
         for (int32_t i = 0; i < block.w; i++) {
             dst[i] = overPixel(dst[i], scalePixel(argb, mask[i] >> 24));
         }
@@ -200,7 +200,7 @@ MURMELO_KERNEL void PixelRows::overThroughMask(const PixelBlock& rows, uint32_t 
 MURMELO_KERNEL void PixelRows::fill(const PixelBlock& rows, uint32_t argb) {
     const PixelBlock block = joinRows(rows);
     for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dst + block.dstStride * row;
+        uint32_t* dst = block.dstRow(row);
         for (int32_t i = 0; i < block.w; i++) {
             dst[i] = argb;
         }

@@ -4,6 +4,7 @@
 // destination must not overlap.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 /// One rectangle in a destination image and one of the same size in a source image.
@@ -14,6 +15,10 @@ struct PixelBlock {
     int32_t srcStride;
     int32_t w;  // px
     int32_t h;
+
+    uint32_t* dstRow(int32_t row) const { return dst + ptrdiff_t{dstStride} * row; }
+
+    const uint32_t* srcRow(int32_t row) const { return src + ptrdiff_t{srcStride} * row; }
 };
 
 /// Pixel properties made ready: factors without special cases.
@@ -26,18 +31,18 @@ struct PixelTint {
 
 class PixelRows {
 public:
-    static void over(const PixelBlock& block);
+    static void over(const PixelBlock& rows);
 
     /// @param opacity256  1..255
-    static void overWithOpacity(const PixelBlock& block, uint32_t opacity256);
-    static void overWithTint(const PixelBlock& block, const PixelTint& tint);
+    static void overWithOpacity(const PixelBlock& rows, uint32_t opacity256);
+    static void overWithTint(const PixelBlock& rows, const PixelTint& tint);
 
     /// The colour over the destination. Like fill(), it leaves the source alone.
-    static void overWithColour(const PixelBlock& block, uint32_t argb);
+    static void overWithColour(const PixelBlock& rows, uint32_t argb);
 
     /// The colour through the source's alpha.
-    static void overThroughMask(const PixelBlock& block, uint32_t argb);
+    static void overThroughMask(const PixelBlock& rows, uint32_t argb);
 
-    static void fill(const PixelBlock& block, uint32_t argb);
+    static void fill(const PixelBlock& rows, uint32_t argb);
     static void premult(uint32_t* pixels, int32_t count);
 };

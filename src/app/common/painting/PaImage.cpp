@@ -9,8 +9,6 @@
 #include "Res.h"
 #include "StrUtils.h"
 
-using Osp::Base::String;
-
 namespace {
 
 constexpr int32_t kMaxNumbers = 8;

@@ -11,8 +11,6 @@
 
 #include <algorithm>
 
-using Osp::Base::String;
-
 namespace {
 
 constexpr int32_t kNumbers = 2;

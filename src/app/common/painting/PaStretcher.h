@@ -65,5 +65,5 @@ private:
     int32_t imageId;
     int32_t splitX = 0;
     int32_t splitY = 0;
-    Bounds* parts[kParts];  // relative to the rectangle's top left corner, owned
+    Bounds* parts[kParts] = {};  // relative to the rectangle's top left corner, owned
 };

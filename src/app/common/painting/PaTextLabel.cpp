@@ -13,8 +13,11 @@ PaTextLabel::PaTextLabel()
     : strId(Res::Null)
     , fntId(Res::Null) {}
 
-PaTextLabel::PaTextLabel(int32_t strId, int32_t fntId, uint32_t argb) {
-    set(strId, fntId, argb);
+PaTextLabel::PaTextLabel(int32_t strId, int32_t fntId, uint32_t argb)
+    : strId(strId)
+    , fntId(fntId)
+    , argb(argb) {
+    PaTextLabel::refresh();
 }
 
 void PaTextLabel::set(int32_t strId, int32_t fntId, uint32_t argb) {

@@ -6,8 +6,6 @@
 
 #include <memory>
 
-using Osp::Base::String;
-
 ResFont::ResFont(const String& file)
     : file(file) {}
 

@@ -7,8 +7,6 @@
 
 #include <memory>
 
-using Osp::Base::String;
-
 ResImage::ResImage(const String& file, bool premultiply, bool opaque)
     : file(file)
     , premultiply(premultiply)

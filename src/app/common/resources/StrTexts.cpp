@@ -13,6 +13,7 @@ namespace {
 // Spanish and Italian say "tu", German and French "Sie" and "vous". Help and messages name keys and
 // menus by the very words that stand on them.
 // clang-format off
+// NOLINTBEGIN(bugprone-suspicious-missing-comma): long texts go on on the next line
 constexpr StrTexts kRows[] = {
     {"APP_NAME",
      &Str::str_APP_NAME,
@@ -259,6 +260,7 @@ constexpr StrTexts kRows[] = {
       "Votre appareil est en mode silencieux. Voulez-vous utiliser les sons quand même\u00a0?",
       "Il dispositivo è in modalità silenziosa. Vuoi usare comunque i suoni?"}},
 };
+// NOLINTEND(bugprone-suspicious-missing-comma)
 // clang-format on
 
 }  // namespace

@@ -91,6 +91,10 @@ void Menu::setBgCol(uint32_t argb) {
     bgCol = argb | kOpaque;
 }
 
+int32_t Menu::getFocusedStrId() {
+    return length(strIds) > 0 ? strIds[focused] : Res::Null;
+}
+
 void Menu::setFocusedStrId(int32_t id) {
     const int32_t* end = strIds + length(strIds);
     const int32_t* found = std::find(const_cast<const int32_t*>(strIds), end, id);
@@ -140,6 +144,9 @@ void Menu::paint() {
 
 void Menu::moveFocus(int32_t by) {
     const int32_t count = length(strIds);
+    if (count == 0) {
+        return;  // nothing to go around
+    }
     focused = (focused + by + count) % count;
     paint();
     Orm::flush(G::psWndBg);

@@ -27,7 +27,8 @@ public:
 
     static void setFocusedIndex(int32_t index) { focused = index; }
 
-    static int32_t getFocusedStrId() { return strIds[focused]; }
+    /// Res::Null in a menu without entries.
+    static int32_t getFocusedStrId();
 
     /// Focuses the first entry with that id, or the first of all.
     static void setFocusedStrId(int32_t id);

@@ -15,6 +15,7 @@
 #include "WavProps.h"
 
 #include <algorithm>
+#include <cstddef>
 
 using Osp::Base::String;
 
@@ -65,8 +66,9 @@ bool TakeJob::write(const int16_t* samples, int32_t count) {
     deleteArrFunc(header);
     auto* bytes = newArray<signed char>(2 * count);
     for (int32_t i = 0; i < count; i++) {
-        bytes[2 * i] = static_cast<signed char>(samples[i] & 0xFF);
-        bytes[2 * i + 1] = static_cast<signed char>(samples[i] >> 8);
+        signed char* sample = bytes + ptrdiff_t{2} * i;
+        sample[0] = static_cast<signed char>(samples[i] & 0xFF);
+        sample[1] = static_cast<signed char>(samples[i] >> 8);
     }
     stream.write(bytes);
     deleteArrFunc(bytes);

@@ -1,12 +1,14 @@
 #include "Arc.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 
 namespace {
 
 constexpr int32_t kQuarterDeg = 90;
 constexpr int32_t kFullDeg = 360;
+constexpr size_t kSines = kQuarterDeg + 1;  // both ends of the quarter
 constexpr double kPi = 3.14159265358979323846;
 
 /// Sine by its power series, worked out by the compiler: the same on every machine.
@@ -22,15 +24,15 @@ constexpr int64_t sineQ30(int32_t deg) {
     return static_cast<int64_t>(sum * (1 << 30) + 0.5);
 }
 
-constexpr std::array<int64_t, kQuarterDeg + 1> makeQuarter() {
-    std::array<int64_t, kQuarterDeg + 1> sines = {};
+constexpr std::array<int64_t, kSines> makeQuarter() {
+    std::array<int64_t, kSines> sines = {};
     for (int32_t deg = 0; deg <= kQuarterDeg; deg++) {
         sines[static_cast<size_t>(deg)] = sineQ30(deg);
     }
     return sines;
 }
 
-constexpr std::array<int64_t, kQuarterDeg + 1> kSinesQ30 = makeQuarter();
+constexpr std::array<int64_t, kSines> kSinesQ30 = makeQuarter();
 
 }  // namespace
 

@@ -60,6 +60,7 @@ inline int32_t elementsInRange(const void* array, int32_t off, int32_t len) {
 template <typename T>
 T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = __builtin_LINE()) {
     assert(count >= 0 && count <= kMaxArrayLength);
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer, where pointers are the elements
     constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
     return static_cast<T*>(newArrFunc(count * kElemSize, kElemSize, file, line));
 }

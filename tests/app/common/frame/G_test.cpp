@@ -211,6 +211,7 @@ TEST_F(GTest, aSavedLanguageIsThereInTheNextRun) {
     later.Open(folders.path("config"));
     GEngine::pAppRegistry = &later;
     EXPECT_EQ(3, G::getSavedLang());
+    GEngine::pAppRegistry = &registry;
 }
 
 TEST_F(GTest, aSavedTextThatIsNoLanguageCountsAsNone) {
@@ -220,6 +221,6 @@ TEST_F(GTest, aSavedTextThatIsNoLanguageCountsAsNone) {
         other.Add("lang", value);
         GEngine::pAppRegistry = &other;
         EXPECT_EQ(-1, G::getSavedLang()) << value;
+        GEngine::pAppRegistry = &registry;
     }
-    GEngine::pAppRegistry = &registry;
 }

@@ -170,6 +170,18 @@ TEST_F(MenuTest, otherKeysAndEventsChooseNothing) {
     EXPECT_EQ(0, Menu::getFocusedIndex());
 }
 
+TEST_F(MenuTest, anEmptyMenuChoosesNothingWhateverIsPressed) {
+    int32_t* none = newArray<int32_t>(0);
+    Menu::init(none);
+    deleteArrFunc(none);
+    for (String* key : {Orm::EV_ST_KEY_UP, Orm::EV_ST_KEY_DOWN, Orm::EV_ST_KEY_MSK}) {
+        EXPECT_EQ(Res::Null, press(key));
+        EXPECT_EQ(0, Menu::getFocusedIndex());
+    }
+    EXPECT_EQ(Res::Null, touchAt(120, Menu::y + 10));
+    EXPECT_EQ(Res::Null, Menu::getFocusedStrId());
+}
+
 TEST_F(MenuTest, aTouchOnARowFocusesAndChoosesIt) {
     EXPECT_EQ(id(3), touchAt(120, rowTop(3)));
     EXPECT_EQ(3, Menu::getFocusedIndex());

@@ -96,7 +96,7 @@ std::string ScreensTest::screen() {
     }
     int status = 0;
     char* name = abi::__cxa_demangle(typeid(*State::currState).name(), nullptr, nullptr, &status);
-    const std::string text = name;
+    std::string text = name;
     std::free(name);
     return text;
 }

@@ -1,0 +1,19 @@
+// The sound server that the tests have for themselves: they stall it, rouse it and end it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+
+class SoundServer {
+public:
+    static void send(int signal) {
+        const char* text = std::getenv("MURMELO_TEST_SOUND_SERVER");
+        const auto server =
+            text != nullptr ? static_cast<pid_t>(std::strtol(text, nullptr, 10)) : 0;
+        ASSERT_LT(1, server)
+            << "whoever starts the tests must name their server; 0 would be us all";
+        kill(server, signal);
+    }
+};
