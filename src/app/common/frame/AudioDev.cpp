@@ -41,7 +41,6 @@ ByteBuffer* AudioDev::__pTempBuffer;
 File* AudioDev::record;
 signed char* AudioDev::recordFileHeader;
 int32_t AudioDev::recordLength;
-bool AudioDev::recordLostBytes;
 String* AudioDev::endOfMediaEventType;
 bool AudioDev::isSilent;
 String* AudioDev::msg;
@@ -62,7 +61,6 @@ void AudioDev::static_ctor() {
     record = nullptr;
     recordFileHeader = nullptr;
     recordLength = 0;
-    recordLostBytes = false;
     endOfMediaEventType = nullptr;
     isSilent = false;
     msg = new String("");
@@ -131,7 +129,6 @@ bool AudioDev::openRecord(String* path) {
     deleteArrFunc(recordFileHeader);
     recordFileHeader = newArray<signed char>(kHeaderBytes);
     recordLength = 0;
-    recordLostBytes = false;
     if (record->Write(recordFileHeader, kHeaderBytes) != E_SUCCESS) {
         deleteRecord();
         return false;
@@ -188,11 +185,6 @@ bool AudioDev::hasRecorderStopped() {
 }
 
 void AudioDev::writeHeader() {
-    if (recordLostBytes) {
-        // The disk was full in the middle of a word. Its header stays zero, so that the take is
-        // refused with a message and not played as if nobody had said more.
-        return;
-    }
     WavProps props(recordLength >> 1);
     props.toByteArray(recordFileHeader, 0);
     record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0);
@@ -204,9 +196,7 @@ void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {
     if (record == nullptr) {
         return;
     }
-    if (record->Write(*buffer) != E_SUCCESS) {
-        recordLostBytes = true;
-    }
+    record->Write(*buffer);
     if (hasRecorderStopped()) {
         writeHeader();
         // Back to the end: a further late buffer must not overwrite the start of the take.
