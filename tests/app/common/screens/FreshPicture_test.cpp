@@ -3,12 +3,17 @@
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "G.h"
+#include "Header.h"
+#include "Main.h"
 #include "Menu.h"
+#include "Message.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
-#include "Recording.h"
+#include "Progress.h"
 #include "ScreensTest.h"
+#include "SkBar.h"
 #include "State.h"
+#include "Str.h"
 #include "TakeJob.h"
 #include "TestSounds.h"
 
@@ -27,8 +32,12 @@ protected:
     }
 
     /// The step leads to the screen named with the same picture from a screen of one colour, from
-    /// one of another, and twice from where the preparation leads.
-    static void expectFresh(const std::string& screenName, const Step& prepare, const Step& step) {
+    /// one of another, and twice from where the preparation leads. The box, if there is one, stands
+    /// there once.
+    static void expectFresh(const std::string& screenName,
+                            const Step& prepare,
+                            const Step& step,
+                            const Step& paintBox = nullptr) {
         prepare();
         G::scr->set(0xFF123456);
         step();
@@ -44,7 +53,15 @@ protected:
             EXPECT_TRUE(shown == picture()) << visit;
         }
         EXPECT_EQ(screenName, screen());
+        if (paintBox) {
+            Main::paintBgAndFx();
+            SkBar::paint(true);
+            paintBox();
+            EXPECT_TRUE(shown == picture());
+        }
     }
+
+    static void waitBox() { Progress::paintInit(Str::str_PLEASE_WAIT); }
 
     static void show(State* next) { State::setState(next, true, true); }
 
@@ -84,7 +101,7 @@ TEST_F(FreshPictureTest, theMenu) {
 
 TEST_F(FreshPictureTest, theHelp) {
     expectFresh(
-        "Options", [] { show(G::stateOptions); }, [] { touchRow(1); });
+        "Options", [] { show(G::stateOptions); }, [] { touchRow(1); }, Message::paint);
 }
 
 TEST_F(FreshPictureTest, theLanguages) {
@@ -97,7 +114,8 @@ TEST_F(FreshPictureTest, theWordBeforeARecording) {
         AudioDev::stopRec();
         show(G::stateOptions);
     };
-    expectFresh("Record", prepare, [] { show(G::stateRecord); });
+    expectFresh(
+        "Record", prepare, [] { show(G::stateRecord); }, Message::paint);
 }
 
 TEST_F(FreshPictureTest, aRecording) {
@@ -107,7 +125,9 @@ TEST_F(FreshPictureTest, aRecording) {
         }
         show(G::stateRecord);
     };
-    expectFresh("Recording", prepare, [] { show(G::stateRecording); });
+    expectFresh(
+        "Recording", prepare, [] { show(G::stateRecording); },
+        [] { Progress::paintInit(Str::str_LBL_RECORDING); });
 }
 
 TEST_F(FreshPictureTest, theMenuAfterARecordingThatWasGivenUp) {
@@ -119,13 +139,14 @@ TEST_F(FreshPictureTest, theJobOfATake) {
         startRecording();
         pass(1000);
     };
-    expectFresh("Process", prepare, [] { deliver(G::EV_T_TIME_OUT); });
+    expectFresh(
+        "Process", prepare, [] { deliver(G::EV_T_TIME_OUT); }, waitBox);
 }
 
 TEST_F(FreshPictureTest, theJobOfASoundFromOutside) {
     const int16_t samples[] = {1, 2, 3, 4};
     expectFresh(
-        "Process", [] { show(G::statePlay); }, [&samples] { TakeJob::use(samples, 4); });
+        "Process", [] { show(G::statePlay); }, [&samples] { TakeJob::use(samples, 4); }, waitBox);
 }
 
 TEST_F(FreshPictureTest, theChoiceOfTheEffect) {
@@ -135,7 +156,11 @@ TEST_F(FreshPictureTest, theChoiceOfTheEffect) {
 
 TEST_F(FreshPictureTest, theJobOfAnEffect) {
     expectFresh(
-        "Process", [] { show(G::statePlay); }, press);
+        "Process", [] { show(G::statePlay); }, press,
+        [] {
+            Header::paint(false);
+            waitBox();
+        });
 }
 
 TEST_F(FreshPictureTest, playing) {
@@ -148,7 +173,7 @@ TEST_F(FreshPictureTest, playing) {
 
 TEST_F(FreshPictureTest, theJobBeforeASave) {
     expectFresh(
-        "Process", [] { show(G::stateOptions); }, [] { show(G::stateSave); });
+        "Process", [] { show(G::stateOptions); }, [] { show(G::stateSave); }, waitBox);
 }
 
 TEST_F(FreshPictureTest, aSavedSound) {
@@ -156,7 +181,8 @@ TEST_F(FreshPictureTest, aSavedSound) {
         show(G::stateOptions);
         haveResult();
     };
-    expectFresh("Save", prepare, [] { show(G::stateSave); });
+    expectFresh(
+        "Save", prepare, [] { show(G::stateSave); }, Message::paint);
 }
 
 TEST_F(FreshPictureTest, aMessageInsteadOfASavedSound) {
