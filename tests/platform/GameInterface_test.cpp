@@ -175,8 +175,8 @@ TEST_F(GameInterfaceTest, aJobRefusesBothUntilItIsDone) {
     ASSERT_TRUE(use(Samples(400, 5)));
     for (int32_t slices = 0; slices < 3; slices++) {
         ASSERT_EQ("Process", host.doors->screenName());
-        EXPECT_FALSE(host.doors->saveSound()) << slices;
-        EXPECT_FALSE(use(Samples(600, 7))) << slices;
+        ASSERT_FALSE(host.doors->saveSound()) << slices;
+        ASSERT_FALSE(use(Samples(600, 7))) << slices;
         Orm::canvas->run();
     }
     tick();
