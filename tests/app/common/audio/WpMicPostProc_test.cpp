@@ -146,7 +146,7 @@ TEST(WpMicPostProc, theCurveOfALevelOf100IsTheOneWorkedOutByHand) {
         {-32768, -32766},
     };
     // 100 blocks of 32 samples: what the filter makes of a block's single sample A is A - (A >> 5)
-    // in its middle and -(A >> 5), a small sample, around that. Four of 3200 samples lie above the
+    // in its middle and -(A >> 5), a small sample, around that. Five of 3200 samples lie above the
     // level of 100 and nearly a hundred in it: the 26 loudest, 0.8 %, end there.
     Samples samples(3200);
     for (size_t block = 0; block < 100; block++) {
