@@ -5,6 +5,7 @@ murmelo_tests(screens_tests
         app/common/frame/Murmelo_test.cpp
         app/common/frame/Screenshooter_test.cpp
         app/common/screens/FirstLang_test.cpp
+        app/common/screens/FreshPicture_test.cpp
         app/common/screens/Header_test.cpp
         app/common/screens/Main_test.cpp
         app/common/screens/Menu_test.cpp

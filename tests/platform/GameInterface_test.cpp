@@ -76,6 +76,17 @@ protected:
 
     bool hasSaved() const { return folders.has("home/Murmelo/rec_00000.wav"); }
 
+    /// The soft keys as the next frame shows them: the display's rows under the doubled picture's.
+    std::vector<uint16_t> shownKeys() {
+        Osp::Graphics::Canvas canvas;
+        game->AppPaint(&canvas);
+        canvas.Show();
+        std::vector<uint16_t> display(480 * 800);
+        host.frame->compose(display.data(), 960);
+        const auto first = display.begin() + ptrdiff_t{480} * (160 + 2 * SkBar::y1);
+        return {first, first + ptrdiff_t{480} * 64};
+    }
+
     void touch(int32_t x, int32_t y) {
         game->OnPointerPressed(2 * x, 2 * y + 160);
         game->OnPointerReleased(2 * x, 2 * y + 160);
@@ -158,6 +169,20 @@ TEST_F(GameInterfaceTest, everyOtherScreenRefusesBoth) {
     EXPECT_FALSE(host.doors->saveSound());
     EXPECT_FALSE(use(Samples(10, 1)));
     EXPECT_EQ("MessageAndQuit", host.doors->screenName());
+}
+
+TEST_F(GameInterfaceTest, aJobRefusesBothUntilItIsDone) {
+    ASSERT_TRUE(use(Samples(400, 5)));
+    for (int32_t slices = 0; slices < 3; slices++) {
+        ASSERT_EQ("Process", host.doors->screenName());
+        ASSERT_FALSE(host.doors->saveSound()) << slices;
+        ASSERT_FALSE(use(Samples(600, 7))) << slices;
+        Orm::canvas->run();
+    }
+    tick();
+    EXPECT_EQ("Play", host.doors->screenName());
+    EXPECT_FALSE(hasSaved());
+    EXPECT_EQ(44U + 2 * 200, folders.read("home/Murmelo/MrmLastRec.wav").size());  // the first one
 }
 
 TEST_F(GameInterfaceTest, theHelpTextAndTheLanguageListRefuseBoth) {
@@ -299,6 +324,18 @@ TEST_F(GameInterfaceTest, aPhoneWithItsVoiceBackTakesQuestionAndAnswerAway) {
     game->AppPause();
     game->AppResume();
     EXPECT_FALSE(AudioDev::isSilent);
+}
+
+TEST_F(GameInterfaceTest, aPhoneWithItsVoiceBackShowsTheScreensOwnKeysAgain) {
+    const std::vector<uint16_t> before = shownKeys();
+    host.silent = true;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_FALSE(before == shownKeys());  // "Yes" and "No"
+    host.silent = false;
+    game->AppPause();
+    game->AppResume();
+    EXPECT_TRUE(before == shownKeys());
 }
 
 TEST_F(GameInterfaceTest, aPhoneThatTurnsSilentDuringARecordingIsAskedAboutAtTheResume) {

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 using audio::Samples;
 
 namespace {
@@ -116,6 +120,48 @@ TEST(WpMicPostProc, minusOneMapsToMinusTheFirstEntryAndZeroToTheFirst) {
     const auto two = std::find(shaped.begin(), shaped.end(), 2);
     ASSERT_NE(shaped.end(), two);
     EXPECT_EQ((2 * 30005) >> 6, result[static_cast<size_t>(two - shaped.begin())]);
+}
+
+TEST(WpMicPostProc, theCurveOfALevelOf100IsTheOneWorkedOutByHand) {
+    // The sample, and what becomes of it. With k = 100 and m = 2 the entries of the curve are
+    // 0: 0, 1: 250, 2: 500, 3: 500 + 29500 / 98 = 801.02, 51: half way from 500 to 30000 = 15250,
+    // 100: 30000, 101: 30000 + 2767 / 412 = 30006.7, 306: half way from there to 32767 = 31383.5,
+    // 511: 32767 - 2767 / 412 = 32760.3, 512: 32767.
+    constexpr std::pair<int32_t, int32_t> kMapped[] = {
+        {0, 0},
+        {64, 250},
+        {64 * 2, 500},
+        {64 * 2 + 32, 650},  // (500 + 801) / 2
+        {64 * 3, 801},
+        {64 * 51, 15250},
+        {64 * 100, 30000},
+        {64 * 101, 30006},
+        {64 * 306, 31383},
+        {32767, 32766},  // (63 * 32767 + 32760) / 64 = 32766.9
+        {-1, 0},         // mirrored: -1 lies where 0 does
+        {-65, -250},
+        {-64 * 2 - 1, -500},
+        {-64 * 51 - 1, -15250},
+        {-64 * 100 - 1, -30000},
+        {-32768, -32766},
+    };
+    // 100 blocks of 32 samples: what the filter makes of a block's single sample A is A - (A >> 5)
+    // in its middle and -(A >> 5), a small sample, around that. Five of 3200 samples lie above the
+    // level of 100 and nearly a hundred in it: the 26 loudest, 0.8 %, end there.
+    Samples samples(3200);
+    for (size_t block = 0; block < 100; block++) {
+        const int32_t wanted = block < std::size(kMapped) ? kMapped[block].first : 64 * 100;
+        const int32_t before = wanted + (wanted >= 0 ? wanted / 31 : (wanted - 30) / 31);
+        samples[32 * block] = before;
+        if (block < std::size(kMapped)) {
+            ASSERT_EQ(wanted, std::clamp(before - (before >> 5), -32768, 32767));
+        }
+    }
+    WpMicPostProc proc;
+    const Samples result = audio::run(proc, samples);
+    for (size_t block = 0; block < std::size(kMapped); block++) {
+        EXPECT_EQ(kMapped[block].second, result[32 * block + 16]) << kMapped[block].first;
+    }
 }
 
 TEST(WpMicPostProc, soundOfNoSamplesGivesNone) {

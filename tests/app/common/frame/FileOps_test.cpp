@@ -66,6 +66,21 @@ TEST_F(FileOpsTest, theLastNumberIsUsedAgainAndAgain) {
     EXPECT_EQ("rec_99999.wav", nextName());
 }
 
+TEST_F(FileOpsTest, theLastNumberTriesToRemoveAFileOfItsBareNameFirst) {
+    put("rec_99999.wav");
+    host.failNth("File.Remove", 1);
+    EXPECT_EQ("rec_99999.wav", nextName());
+    // The failure hit that attempt; it is not waiting for this one any more.
+    EXPECT_TRUE(FileOps::deleteFile("/Home/Murmelo/rec_99999.wav"));
+}
+
+TEST_F(FileOpsTest, anyOtherNumberRemovesNothing) {
+    put("rec_99998.wav");
+    host.failNth("File.Remove", 1);
+    EXPECT_EQ("rec_99999.wav", nextName());
+    EXPECT_FALSE(FileOps::deleteFile("/Home/Murmelo/rec_99998.wav"));
+}
+
 TEST_F(FileOpsTest, aMissingFolderIsMade) {
     folders.remove("home/Murmelo");
     EXPECT_EQ("rec_00000.wav", nextName());

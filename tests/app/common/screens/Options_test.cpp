@@ -1,6 +1,7 @@
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "AudioDev.h"
+#include "Bounds.h"
 #include "G.h"
 #include "GameInterface.h"
 #include "Header.h"
@@ -10,9 +11,11 @@
 #include "Options.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
+#include "PaStretcher.h"
 #include "PaTextArea.h"
 #include "Res.h"
 #include "ScreensTest.h"
+#include "SkBar.h"
 #include "Str.h"
 
 #include <algorithm>
@@ -73,9 +76,22 @@ TEST_F(OptionsTest, offersTheWayBackWithATake) {
 TEST_F(OptionsTest, standsOverTheCurrentCreature) {
     G::setCurrFx(4);
     enter(G::stateOptions);
-    const Pixels band = picture(0, 0, 240, 30);
+    const Pixels shown = picture();
     Main::paintBgAndFx();
-    EXPECT_EQ(picture(0, 0, 240, 30), band);
+    const Pixels withCreature = picture();
+    Main::paintBg();
+    const Pixels background = picture();
+    int32_t creaturePixels = 0;
+    for (int32_t y = 0; y < SkBar::y1; y++) {
+        for (int32_t x = 0; x < 240; x++) {
+            const auto at = static_cast<size_t>(y * 240 + x);
+            if (!Bounds::contains(G::psWndBg, x, y)) {
+                ASSERT_EQ(withCreature[at], shown[at]) << x << " " << y;
+                creaturePixels += withCreature[at] != background[at] ? 1 : 0;
+            }
+        }
+    }
+    EXPECT_GT(creaturePixels, 500);  // its head looks over the menu's window
 }
 
 TEST_F(OptionsTest, quittingEndsTheProgram) {

@@ -104,7 +104,7 @@ TEST_F(PlayTest, aTouchOnAnArrowTurns) {
     EXPECT_EQ(7, G::getCurrFx());
 }
 
-TEST_F(PlayTest, theArrowsReachExactlyToTheirPicturesEdges) {
+TEST_F(PlayTest, theLeftArrowReachesExactlyToItsPicturesEdges) {
     const int32_t w = G::piArrowLeftWhite->getWidth();
     const int32_t h = G::piArrowLeftWhite->getHeight();
     touch(7, 2);
@@ -116,6 +116,22 @@ TEST_F(PlayTest, theArrowsReachExactlyToTheirPicturesEdges) {
     EXPECT_EQ(7, G::getCurrFx());
     touch(8 + w - 1, 2 + h - 1);
     EXPECT_EQ(6, G::getCurrFx());
+}
+
+TEST_F(PlayTest, theRightArrowReachesExactlyToItsPicturesEdges) {
+    const int32_t w = G::piArrowRightWhite->getWidth();
+    const int32_t h = G::piArrowRightWhite->getHeight();
+    const int32_t last = 232;  // eight pixels from the header's end, which is column 240
+    const int32_t first = last - w + 1;
+    touch(first - 1, 2);
+    touch(first, 1);
+    touch(last + 1, 2);
+    touch(first, 2 + h);
+    EXPECT_EQ(0, G::getCurrFx());
+    touch(first, 2);
+    EXPECT_EQ(1, G::getCurrFx());
+    touch(last, 2 + h - 1);
+    EXPECT_EQ(2, G::getCurrFx());
 }
 
 TEST_F(PlayTest, aTouchElsewhereDoesNothing) {

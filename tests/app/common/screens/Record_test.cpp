@@ -99,12 +99,14 @@ TEST_F(RecordTest, keysPressedMeanwhileAreForgotten) {
     EXPECT_TRUE(pending().empty());
 }
 
-TEST_F(RecordTest, keysPressedMeanwhileStayIfThePreparationFails) {
+TEST_F(RecordTest, keysPressedMeanwhileAreForgottenIfThePreparationFailsToo) {
     State::setState(G::stateOptions, true, true);
     Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_MSK, nullptr, 50);
+    Orm::schedEvent(Orm::EV_T_KEY_RELEASE, Orm::EV_ST_KEY_MSK, nullptr, 60);
     AudioDev::state = AudioDev::kPlaying;
     G::stateRecord->onEnter();
     EXPECT_EQ(kNoAudio, fatalText());
+    EXPECT_TRUE(pending().empty());  // "Ok" of the message is not pressed before it was read
     AudioDev::state = AudioDev::kReady;
 }
 

@@ -1,6 +1,7 @@
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "Bounds.h"
+#include "Fx.h"
 #include "G.h"
 #include "Main.h"
 #include "MessageAndQuit.h"
@@ -56,9 +57,44 @@ protected:
 
     static int32_t filledAt(int32_t progress) { return (Progress::bar->w - 4) * progress / 1024; }
 
-    static Pixels light() { return picture(0, 192, 83, 86); }
+    static Pixels part(AppImage* image, int32_t x, int32_t y, int32_t w, int32_t h) {
+        Pixels pixels;
+        for (int32_t row = y; row < y + h; row++) {
+            for (int32_t column = x; column < x + w; column++) {
+                pixels.push_back(image->get(column, row));
+            }
+        }
+        return pixels;
+    }
 
-    static Pixels wheels() { return picture(176, 179, 64, 32); }
+    static Pixels light() { return part(G::scr, 0, 192, 83, 86); }
+
+    /// The lamp's rectangle as it should be.
+    static Pixels lightOf(bool isLit) {
+        AppImage expected(240, 320);
+        G::piBg->paintOn(&expected, 0, 0, G::scrB, nullptr);
+        if (isLit) {
+            G::piMicLedFlash->paintOn(&expected, 0, 0, G::scrB, nullptr);
+        }
+        return part(&expected, 0, 192, 83, 86);
+    }
+
+    /// Rows 213 and on belong to the keys.
+    static Pixels wheels(AppImage* image) { return part(image, 176, 179, 64, 32); }
+
+    static Pixels recordKey(AppImage* image) { return part(image, 155, 213, 51, 27); }
+
+    /// One frame of both, over the frames before it.
+    static void paintWheelsAndKey(AppImage* image, int32_t frame) {
+        PaImage* const phases[] = {nullptr,       G::piWheels15, G::piWheels30,
+                                   G::piWheels45, G::piWheels60, G::piWheels75};
+        Bounds window(176, 179, 64, 32);
+        G::piBg->paintOn(image, 0, 0, &window, nullptr);
+        if (phases[frame % 6] != nullptr) {
+            phases[frame % 6]->paintOn(image, 0, 0, G::scrB, nullptr);
+        }
+        G::piButtonsRec->paintOn(image, 0, 0, G::scrB, nullptr);
+    }
 };
 
 }  // namespace
@@ -124,37 +160,53 @@ TEST_F(RecordingTest, theBarIsFullFromTheMillisecondThatRoundsUpTo1024) {
 
 TEST_F(RecordingTest, theLightShinesFor16FramesAndIsDarkFor16) {
     start();
-    G::piMicLedFlash->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    const Pixels lit = lightOf(true);
+    const Pixels dark = lightOf(false);
+    ASSERT_NE(lit, dark);
     for (int32_t frame = 0; frame < 70; frame++) {
-        // What one frame leaves there, on a light that it has to paint whole.
+        const bool isDark = frame % 32 >= 16;
+        // The lit lamp lies over what is there; the dark one is painted over the lit one.
         Main::paintBg(G::piMicLedFlash, nullptr);
-        const Pixels dark = light();
+        if (isDark) {
+            G::piMicLedFlash->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+        }
         pass(10);
-        const bool isDark = light() == dark;
-        EXPECT_EQ(frame % 32 >= 16, isDark) << frame;
+        EXPECT_TRUE((isDark ? dark : lit) == light()) << frame;
     }
 }
 
 TEST_F(RecordingTest, theWheelsTurnInSixPhasesWithTheRecordKeyDown) {
     start();
-    PaImage* const phases[] = {nullptr,       G::piWheels15, G::piWheels30,
-                               G::piWheels45, G::piWheels60, G::piWheels75};
-    Bounds window(176, 179, 64, 32);
+    AppImage expected(240, 320);
+    G::piBg->paintOn(&expected, 0, 0, G::scrB, nullptr);
+    G::fxs[G::getCurrFx()]->image->paintOn(&expected, 0, 0, G::scrB, nullptr);
+    const Pixels keyUp = recordKey(&expected);
     for (int32_t frame = 0; frame < 13; frame++) {
         pass(10);
+        paintWheelsAndKey(&expected, frame);
+        EXPECT_TRUE(wheels(&expected) == wheels(G::scr)) << frame;
+        EXPECT_TRUE(recordKey(&expected) == recordKey(G::scr)) << frame;
+        EXPECT_FALSE(keyUp == recordKey(G::scr)) << frame;
+    }
+}
+
+TEST_F(RecordingTest, everyTakeBeginsWithTheFirstFrame) {
+    start();
+    pass(210);  // 21 frames: the light is dark and the wheels stand in their fourth phase
+    Orm::setPaused(true);
+    Orm::setPaused(false);
+    ASSERT_EQ("Options", screen());
+    enter(G::stateRecord);
+    start();
+    const Pixels lit = lightOf(true);
+    for (int32_t frame = 0; frame < 16; frame++) {
+        Main::paintBg(G::piMicLedFlash, nullptr);
+        pass(10);
+        EXPECT_TRUE(lit == light()) << frame;
         AppImage expected(240, 320);
-        G::piBg->paintOn(&expected, 0, 0, &window, nullptr);
-        if (phases[frame % 6] != nullptr) {
-            phases[frame % 6]->paintOn(&expected, 0, 0, G::scrB, nullptr);
-        }
-        G::piButtonsRec->paintOn(&expected, 0, 0, G::scrB, nullptr);
-        Pixels there;
-        for (int32_t y = 179; y < 211; y++) {
-            for (int32_t x = 176; x < 240; x++) {
-                there.push_back(expected.get(x, y));
-            }
-        }
-        EXPECT_EQ(there, wheels()) << frame;
+        G::piBg->paintOn(&expected, 0, 0, G::scrB, nullptr);
+        paintWheelsAndKey(&expected, frame);
+        EXPECT_TRUE(wheels(&expected) == wheels(G::scr)) << frame;
     }
 }
 

@@ -36,11 +36,16 @@ protected:
         return out + colour;
     }
 
-    /// One frame of the slide as it should be, over the current screen.
+    /// One frame of the slide as it should be, over the current screen and its background.
     static Pixels slowFrame(int32_t p) {
         AppImage image(G::scr);
         G::piBg->paintOn(&image, 0, 0, Scroller::bounds, nullptr);
-        const AppImage background(&image);
+        return slowFrameOver(&image, p);
+    }
+
+    static Pixels slowFrameOver(AppImage* below, int32_t p) {
+        AppImage image(below);
+        const AppImage background(below);
         AppImage* strip = Res::getImage(Scroller::scrollImgId);
         const int32_t first = ((strip->w / 3) * p >> 10) + strip->w / 8;
         for (int32_t row = 0; row < Scroller::bounds->h; row++) {
@@ -160,6 +165,37 @@ TEST_F(ScrollerTest, aFramePaintedTwiceIsTheSame) {
     const Pixels once = picture();
     Scroller::paint(true, 300);
     EXPECT_EQ(once, picture());
+}
+
+TEST_F(ScrollerTest, aFrameWithoutBackgroundLiesOverTheBackgroundPictureNeverthelessAndOnlyThere) {
+    G::setCurrFx(1);
+    Scroller::initScroll(false);
+    for (const int32_t progress : {0, 512, 1024}) {
+        G::scr->set(0xFF00FF00);
+        const Pixels expected = slowFrame(progress);
+        ASSERT_EQ(0xFF00FF00, expected[0]);
+        Scroller::paint(false, progress);
+        EXPECT_TRUE(expected == picture()) << "at " << progress;
+    }
+}
+
+TEST_F(ScrollerTest, overABackgroundPictureThatIsTooSmallAFrameLiesOverTheScreen) {
+    const int32_t small = Res::addImage(100, 320);
+    Res::getImage(small)->set(0xFF204060);
+    G::piBg->setImage(small);
+    G::setCurrFx(1);
+    Scroller::initScroll(false);
+    for (const int32_t progress : {0, 512, 1024}) {
+        G::scr->set(0xFF00FF00);
+        const Pixels bare = slowFrameOver(G::scr, progress);
+        const Pixels withBackground = slowFrame(progress);
+        ASSERT_FALSE(bare == withBackground);
+        Scroller::paint(false, progress);
+        EXPECT_TRUE(bare == picture()) << "at " << progress;
+        G::scr->set(0xFF00FF00);
+        Scroller::paint(true, progress);
+        EXPECT_TRUE(withBackground == picture()) << "at " << progress;
+    }
 }
 
 TEST_F(ScrollerTest, afterAScrollTheSharpPictureAndTheNameOfTheNewEffectStand) {

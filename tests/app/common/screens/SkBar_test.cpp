@@ -228,18 +228,21 @@ TEST_F(SkBarTest, withoutLabelsOnlyTheGlassIsDrawn) {
     expectScreen(expected);
 }
 
-TEST_F(SkBarTest, theLabelOfTheKeyHeldDownIsGrey) {
+TEST_F(SkBarTest, theLabelOfTheKeyHeldDownIsGreyAndTheOthersAreWhite) {
     setThree();
-    press(Orm::EV_ST_KEY_RSK);
-    AppImage expected(G::scr);
-    paintEmptyBar(expected);
-    draw(expected, Str::str_SK_OPTIONS, G::fntSmall, 8, 298, 0xFFFFFFFF);
-    draw(expected, Str::str_SK_QUIT, G::fntSmall, 231 - width(Str::str_SK_QUIT, G::fntSmall), 298,
-         0x80808080);
-    draw(expected, Str::str_SK_PLAY, G::fntMedium,
-         119 - (width(Str::str_SK_PLAY, G::fntMedium) >> 1), 296, 0xFFFFFFFF);
-    SkBar::paint(true);
-    expectScreen(expected);
+    for (String* held : {Orm::EV_ST_KEY_LSK, Orm::EV_ST_KEY_MSK, Orm::EV_ST_KEY_RSK}) {
+        const auto colour = [held](String* key) { return key == held ? 0x80808080 : 0xFFFFFFFF; };
+        press(held);
+        AppImage expected(G::scr);
+        paintEmptyBar(expected);
+        draw(expected, Str::str_SK_OPTIONS, G::fntSmall, 8, 298, colour(Orm::EV_ST_KEY_LSK));
+        draw(expected, Str::str_SK_QUIT, G::fntSmall, 231 - width(Str::str_SK_QUIT, G::fntSmall),
+             298, colour(Orm::EV_ST_KEY_RSK));
+        draw(expected, Str::str_SK_PLAY, G::fntMedium,
+             119 - (width(Str::str_SK_PLAY, G::fntMedium) >> 1), 296, colour(Orm::EV_ST_KEY_MSK));
+        SkBar::paint(true);
+        expectScreen(expected);
+    }
 }
 
 TEST_F(SkBarTest, withoutBackgroundTheGlassLiesOverWhatIsThere) {
