@@ -57,10 +57,11 @@ class Monkey:
     def event(self):
         chance = self.chance
         kind = chance.choices(
-            ["tap", "part", "middle", "left", "right", "swipe", "wait", "front", "away", "volume", "silent", "save",
+            ["navigate", "tap", "part", "middle", "left", "right", "swipe", "wait", "front", "away", "volume", "silent", "save",
              "fail", "storage", "take", "shot"],
-            [14, 7, 30, 4, 0.3, 12, 15, 8, 0.7, 3, 0.5, 0.15, 0.2, 0.03, 0.04, 0.02])[0]
+            [8, 14, 7, 22, 4, 0.3, 12, 15, 8, 0.7, 3, 0.5, 0.15, 0.2, 0.03, 0.04, 0.02])[0]
         return {
+            "navigate": lambda: "navigate " + chance.choice(["up", "down", "left", "right", "middle"]),
             "tap": lambda: "tap " + self.place(),
             "part": lambda: chance.choice(["press ", "move ", "move ", "release "]) + self.place(),
             "middle": lambda: "key middle",

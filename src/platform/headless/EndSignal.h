@@ -3,7 +3,7 @@
 #pragma once
 
 #include <array>
-#include <signal.h>
+#include <csignal>
 
 /// While one lives, the signals only leave their number; what was set before holds again
 /// afterwards.
