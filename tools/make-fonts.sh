@@ -13,9 +13,13 @@ freetype=2.12.1+dfsg-5+deb12u4     # libfreetype6: another one may round a pixel
 outlines=/usr/share/fonts/truetype/clear-sans
 
 check=
-if [ "$1" = --check ]; then
+if [ "${1:-}" = --check ]; then
     check=yes
     shift
+fi
+if [ $# = 0 ]; then
+    echo "make-fonts.sh: wants the font maker, build/release/tools/murmelo-bmfgen" >&2
+    exit 2
 fi
 bmfgen=$1
 res=${2:-$here/../res}

@@ -25,6 +25,7 @@ bool FileMicrophone::deliver() {
     if (due == kNever || due > nowMs()) {
         return false;
     }
+    forgetOldest();
     listener->onSamples();
     return true;
 }
@@ -42,6 +43,7 @@ bool FileMicrophone::start(HostMicrophoneListener& newListener) {
 
 void FileMicrophone::stop() {
     if (listener != nullptr) {
+        forgetOldest();
         heardAtStop = heard();
         listener = nullptr;
     }
@@ -49,6 +51,12 @@ void FileMicrophone::stop() {
 
 int64_t FileMicrophone::heard() const {
     return listener != nullptr ? (nowMs() - startMs) * kSamplesPerMs : heardAtStop;
+}
+
+/// Time beyond what may wait has passed without anybody listening.
+void FileMicrophone::forgetOldest() {
+    const int64_t tooMuchMs = nowMs() - startMs - taken / kSamplesPerMs - kMostWaitingMs;
+    startMs += std::max<int64_t>(tooMuchMs, 0);
 }
 
 int32_t FileMicrophone::take(int16_t* samples, int32_t count) {

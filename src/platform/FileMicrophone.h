@@ -14,6 +14,10 @@ public:
 
     static constexpr int64_t kNever = -1;
 
+    // What waits to be taken at most: three times the longest take. A clock that jumps by a day
+    // does not make a day of sound.
+    static constexpr int64_t kMostWaitingMs = 60000;
+
     /// @param nowMs  the host's clock
     explicit FileMicrophone(Clock nowMs);
 
@@ -34,6 +38,7 @@ public:
 
 private:
     int64_t heard() const;
+    void forgetOldest();
 
     Clock nowMs;
     std::vector<int16_t> voice;

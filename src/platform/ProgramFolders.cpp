@@ -92,7 +92,9 @@ std::string
 ProgramFolders::find(const std::string& home, const std::string& config, HostFolders& folders) {
     const fs::path data = dataFolder();
     if (data.empty()) {
-        return "the folder with the pictures, \"Res\", is missing beside the program";
+        return "the folder with the pictures, \"Res\", is missing: it is sought in MURMELO_DATA, "
+               "beside the "
+               "program, and where it is installed";
     }
     std::error_code error;
     folders.res = fs::canonical(data / "Res", error).string();

@@ -10,7 +10,8 @@
 class ProgramFolders {
 public:
     /// Finds the folders and makes the user's home if it is not there. The data ("Res",
-    /// "framework") lie beside the executable or in the installed share folder.
+    /// "framework") lie in the folder that MURMELO_DATA names, beside the executable, or in the
+    /// installed share folder; the first that has them is taken.
     /// @param home    as given by the user; empty: MURMELO_HOME, the music folder, or the XDG data
     /// folder
     /// @param config  as given by the user; empty: the XDG configuration folder

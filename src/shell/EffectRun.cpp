@@ -69,7 +69,7 @@ const char* EffectRun::description(int32_t effect) {
     return kDescriptions[effect];
 }
 
-int32_t EffectRun::systemsLongest() {
+int32_t EffectRun::applicationsLongest() {
     return WavProps::kLongestSoundSeconds * WavFile::kRateHz;
 }
 

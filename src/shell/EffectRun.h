@@ -26,8 +26,8 @@ public:
     /// One line about an effect, for people.
     static const char* description(int32_t effect);
 
-    /// Longest sound that the system plays and records, samples.
-    static int32_t systemsLongest();
+    /// Longest sound that the application works on, samples: 60 seconds.
+    static int32_t applicationsLongest();
 
     /// Longest sound that an effect works on without losing its place, samples.
     static int32_t effectsLongest(int32_t effect);

@@ -105,7 +105,7 @@ std::string FxOptions::setTask(bool list, bool measure, const std::string& kindN
         return arguments.empty() ? "" : "--list takes no files";
     }
     if (!kindName.empty()) {
-        kind = SoundWriter::kindOfName(kindName);
+        kind = SoundWriter::kindOfName(SoundWriter::lowerCase(kindName));
         if (!kind) {
             return inQuotes(kindName) + " is no format for the output: wav, flac and ogg are";
         }
@@ -149,9 +149,11 @@ std::string FxOptions::addSingleJob() {
     }
     const std::optional<SoundWriter::Kind> kindOfName = SoundWriter::kindOfPath(output);
     if (!kindOfName && !kind) {
-        return "the output " + inQuotes(output) + " must end in .wav, .flac or .ogg";
+        return "the output " + inQuotes(output) +
+               " must end in .wav, .flac or .ogg, or have no extension";
     }
-    if (kindOfName && kind && *kind != *kindOfName) {
+    const bool nameTells = fs::path(output).has_extension();
+    if (nameTells && kindOfName && kind && *kind != *kindOfName) {
         return "the output " + inQuotes(output) + " does not end as --format says";
     }
     jobs.push_back({arguments[0], output, kind ? *kind : *kindOfName});

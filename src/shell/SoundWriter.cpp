@@ -129,13 +129,13 @@ std::string encode(int format, const int32_t* samples, Memory& memory) {
     return wrong.empty() && closed != 0 ? sf_error_number(closed) : wrong;
 }
 
-std::string lowerCase(std::string text) {
+}  // namespace
+
+std::string SoundWriter::lowerCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
     return text;
 }
-
-}  // namespace
 
 std::optional<SoundWriter::Kind> SoundWriter::kindOfPath(const std::string& path) {
     const std::string dotted = std::filesystem::path(path).extension().string();

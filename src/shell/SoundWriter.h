@@ -14,8 +14,10 @@ public:
     /// By the extension of a file's name; WAV for a name without one. Nothing for any other.
     static std::optional<Kind> kindOfPath(const std::string& path);
 
-    /// By the kind's own name: wav, flac or ogg.
+    /// By the kind's own name in small letters: wav, flac, ogg or oga.
     static std::optional<Kind> kindOfName(const std::string& name);
+
+    static std::string lowerCase(std::string text);
 
     /// The extension, without its dot.
     static const char* extension(Kind kind);

@@ -89,7 +89,7 @@ public:
 private:
     int32_t longest() const {
         return options.longSounds ? EffectRun::effectsLongest(options.effect)
-                                  : EffectRun::systemsLongest();
+                                  : EffectRun::applicationsLongest();
     }
 
     std::string lengthComplaint() const {

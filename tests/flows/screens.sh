@@ -17,8 +17,9 @@ run() {
 
 rm -rf "$folder/home" "$folder/config"
 row=$((306 + 62 * lang))  # of the language list, on the display
+# English has the focus already: a touch on it would choose it.
 "$headless" --home "$folder/home" --config "$folder/config" - <<END
-tap 240 $row
+$([ "$lang" = 0 ] || echo "tap 240 $row")
 shot-canvas $folder/first.png
 END
 
@@ -107,9 +108,21 @@ until MessageAndQuit
 shot-canvas $folder/file.png
 END
 
+run <<END
+until Options
+tap 240 368
+mic $voice
+key middle
+wait 1000
+remove MrmLastRec.wav
+key middle
+until MessageAndQuit
+shot-canvas $folder/gone.png
+END
+
 cd "$folder"
 names=(first splash options help language record recording process play robot backwards high low fast drunk flip
-    working playing saving save asking storage unsupported audio file)
+    working playing saving save asking storage unsupported audio file gone)
 if [ -n "${UPDATE:-}" ]; then
     "$sheet" --columns 6 "$golden" "${names[@]/%/.png}"
 else

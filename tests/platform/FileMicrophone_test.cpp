@@ -78,6 +78,23 @@ TEST_F(FileMicrophoneTest, whatWasHeardUntilTheStopCanStillBeTaken) {
     EXPECT_TRUE(take(1000).empty());
 }
 
+TEST_F(FileMicrophoneTest, aClockThatJumpsByADayMakesAMinuteOfSound) {
+    for (const bool stopsFirst : {true, false}) {
+        nowMs = 1000;
+        microphone.start(taker);
+        take(160);
+        nowMs += 86400000;
+        if (stopsFirst) {
+            microphone.stop();
+        } else {
+            EXPECT_TRUE(microphone.deliver());
+        }
+        EXPECT_EQ(60000U * 16, take(2000000).size());
+        EXPECT_TRUE(take(1).empty());
+        microphone.stop();
+    }
+}
+
 TEST_F(FileMicrophoneTest, eachRecordingStartsAtTheBeginningOfTheFile) {
     microphone.setVoice(voice);
     for (int32_t i = 0; i < 2; i++) {

@@ -248,6 +248,10 @@ TEST_F(MurmeloFx, theFormatOptionDecidesWhereTheNameDoesNot) {
     ASSERT_EQ(0, run({"none", "--format", "flac", input, path("take.1")}).status);
     EXPECT_EQ("fLaC", folders.read("take.1").substr(0, 4));
     EXPECT_EQ("OggS", run({"none", "--format", "ogg", input, "-"}).out.substr(0, 4));
+    // A name without an extension tells nothing, and capitals mean the same.
+    ASSERT_EQ(0, run({"none", "--format", "FLAC", input, path("take")}).status);
+    EXPECT_EQ("fLaC", folders.read("take").substr(0, 4));
+    EXPECT_NE(0, run({"none", "--format", "flac", input, path("take.wav")}).status);
     EXPECT_EQ(0, run({"none", input, path("take")}).status);
     EXPECT_EQ("RIFF", folders.read("take").substr(0, 4));
 }

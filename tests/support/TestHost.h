@@ -4,8 +4,10 @@
 
 #include "Host.h"
 
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 
 /// Installs itself for its lifetime.
 class TestHost : public Host {
@@ -38,6 +40,11 @@ public:
     /// The n-th next call of the operation (1: the next one) fails.
     void failNth(const std::string& operation, int32_t n) { failures[operation] = n; }
 
+    /// Something happens outside just before each call of the operation.
+    void onCall(const std::string& operation, std::function<void()> happens) {
+        happenings[operation] = std::move(happens);
+    }
+
     int64_t nowMs = 0;
     HostFolders mappedFolders;
     bool silent = false;
@@ -46,4 +53,5 @@ public:
 
 private:
     std::map<std::string, int32_t> failures;
+    std::map<std::string, std::function<void()>> happenings;
 };

@@ -1,5 +1,6 @@
 #include "HeadlessHost.h"
 
+#include "EndSignal.h"
 #include "PngFile.h"
 #include "ScriptHand.h"
 #include "SoundFile.h"
@@ -54,6 +55,7 @@ void HeadlessHost::yielded() {
 bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     yieldsSincePump = 0;
     watch();
+    heedSignal();
     if (status == kOk && (ears.deliver() || voice.deliver())) {
         return true;
     }
@@ -77,6 +79,7 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
         next++;
         framesAtThisTime = 0;
         start(script[next - 1]);
+        heedSignal();
     }
     if (status != kOk || pending.empty()) {
         ended = true;
@@ -87,6 +90,16 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     pending.pop_front();
     callback(listener);
     return true;
+}
+
+/// A run that was asked to end before its script did not do what the script wanted.
+void HeadlessHost::heedSignal() {
+    const int signal = EndSignal::received();
+    if (signal != 0 && status == kOk) {
+        failure = (next > 0 ? "line " + std::to_string(script[next - 1].line) + ": " : "") +
+                  "ended by signal " + std::to_string(signal);
+        status = kSignalled + signal;
+    }
 }
 
 /// Pictures a screen that comes and goes within one command, such as the processing of a take.

@@ -21,6 +21,8 @@ public:
     static constexpr int32_t kOk = 0;
     static constexpr int32_t kFailed = 1;  // an expectation was not met
     static constexpr int32_t kUsage = 2;   // a mistake in the script or on the command line
+    static constexpr int32_t kSignalled =
+        128;  // and the number of the signal that asked for the end
 
     HeadlessHost(HostFolders folders, std::vector<ScriptCommand> script, int64_t clockStartMs);
 
@@ -68,6 +70,7 @@ private:
     /// How long until the program or its sound has something to do, -1 if neither.
     int64_t longestSleep(int64_t timeoutMs) const;
     void watch();
+    void heedSignal();
     bool awaitedScreenCame();
     bool awaitedScreenIsThere() const;
     static std::vector<uint16_t> pictureOf(HostFrame& shown);

@@ -1,4 +1,5 @@
 // murmelo-headless: the application driven by a script, on a virtual clock.
+#include "EndSignal.h"
 #include "HeadlessHost.h"
 #include "OspMain.h"
 #include "ProgramFolders.h"
@@ -74,6 +75,7 @@ int main(int argc, char** argv) {
     HeadlessHost host(folders, script, clockStartMs);
     host.setSilent(silent);
     Host::install(&host);
+    const EndSignal endSignal;
     const int result = OspMain(argc, argv);
     Host::install(nullptr);
     const int32_t status = host.finish();

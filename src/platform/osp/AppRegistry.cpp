@@ -6,7 +6,9 @@
 #include <cctype>
 #include <charconv>
 #include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -19,6 +21,7 @@ namespace {
 constexpr const char* kFileName = "settings";
 constexpr const char* kDamagedName = "settings.damaged";
 constexpr const char* kNewName = "settings.new";
+constexpr mode_t kNewFileMode = 0666;                    // less what the user's mask takes away
 constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
 bool isKey(const std::string& text) {
@@ -59,9 +62,26 @@ bool parse(const std::string& text, std::map<std::string, std::string>& values) 
     return true;
 }
 
+/// Opens an ordinary file; null for everything else: a pipe would wait for its other end.
+std::FILE* openToRead(const std::string& path) {
+    std::error_code error;
+    const int fd = fs::is_regular_file(path, error)
+                       ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)
+                       : -1;
+    return fd >= 0 ? ::fdopen(fd, "rb") : nullptr;
+}
+
+/// A file of its own, whatever lay there. Null where none can be made.
+std::FILE* openNew(const std::string& path) {
+    std::error_code error;
+    fs::remove(path, error);
+    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+    return fd >= 0 ? ::fdopen(fd, "wb") : nullptr;
+}
+
 /// False if the file exists but cannot be taken.
 bool readFile(const std::string& path, std::map<std::string, std::string>& values) {
-    std::FILE* file = std::fopen(path.c_str(), "rbe");
+    std::FILE* file = openToRead(path);
     if (file == nullptr) {
         std::error_code error;
         return !fs::exists(path, error);
@@ -130,7 +150,7 @@ bool AppRegistry::saveFile() const {
     std::error_code error;
     fs::create_directories(folder, error);
     const std::string newPath = folder + "/" + kNewName;
-    std::FILE* file = std::fopen(newPath.c_str(), "wbe");
+    std::FILE* file = openNew(newPath);
     if (file == nullptr) {
         return false;
     }

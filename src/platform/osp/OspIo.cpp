@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <limits>
@@ -22,7 +23,6 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666;    // less what the user's mask takes away
 constexpr mode_t kNewFolderMode = 0777;  // likewise
-constexpr int32_t kTemporaryNames = 100;
 constexpr size_t kCopyBytes = 16384;
 
 struct Mode {
@@ -113,17 +113,28 @@ bool copyBytes(int source, int target) {
     }
 }
 
-/// Makes a new file beside the target and tells its name; -1 if none could be made.
+/// Makes a new file beside the target; -1 if none could be made. One program holds a home: an
+/// unfinished copy that lies there already was left by a program that was killed.
 int createBeside(const std::string& target, std::string& name) {
-    for (int32_t i = 0; i < kTemporaryNames; i++) {
-        name = target + ".part" + std::to_string(i);
-        const int fd =
-            open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
-        if (fd >= 0 || errno != EEXIST) {
-            return fd;
-        }
+    name = target + ".part";
+    unlink(name.c_str());
+    return open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
+}
+
+/// Gives a file its name unless another file has it, in one step. Where the file system has no such
+/// step, an empty file takes the name first.
+bool renameToFree(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return true;
     }
-    return -1;
+    if (errno != EINVAL && errno != ENOSYS) {
+        return false;
+    }
+#endif
+    const Descriptor placeholder(
+        open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode));
+    return placeholder.get() >= 0 && std::rename(from.c_str(), to.c_str()) == 0;
 }
 
 /// All bytes on the disk before the rename: after a power cut the target is the old file or the
@@ -265,8 +276,7 @@ result File::Copy(const String& source, const String& target, bool failIfExists)
         return E_FAILURE;
     }
     const RealPath to(target);
-    if (!to.isValid() || !to.isWritable() || to.saysFolder() ||
-        (failIfExists && IsFileExist(target))) {
+    if (!to.isValid() || !to.isWritable() || to.saysFolder()) {
         return E_FAILURE;
     }
     const Descriptor from(openRegular(RealPath(source), O_RDONLY));
@@ -276,7 +286,8 @@ result File::Copy(const String& source, const String& target, bool failIfExists)
         return E_FAILURE;
     }
     if (fillTemporary(from.get(), temporary) &&
-        std::rename(temporaryName.c_str(), to.path().c_str()) == 0) {
+        (failIfExists ? renameToFree(temporaryName, to.path())
+                      : std::rename(temporaryName.c_str(), to.path().c_str()) == 0)) {
         return E_SUCCESS;
     }
     unlink(temporaryName.c_str());

@@ -61,6 +61,8 @@ public:
 
     /// Copies through a temporary file beside the target, so that a failed copy leaves no half
     /// file.
+    /// @param failIfExists  a file of that name is never overwritten, not even one that appears
+    ///                      while the copy is made
     static result
     Copy(const Osp::Base::String& source, const Osp::Base::String& target, bool failIfExists);
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int32_t kDisplayWidth = 480;
 constexpr int32_t kProgramWidth = 240;
-constexpr int32_t kProgramHeight = 400;
+constexpr int32_t kProgramHeight = PictureScaler::kProgramRows;
 
 uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
     if (a == b || aWeight256 == 256) {
@@ -75,8 +75,23 @@ std::vector<PictureScaler::Cover> PictureScaler::covers(int32_t windowPixels,
     return covers;
 }
 
+/// Each of the program's pixels the same whole number of times.
+void PictureScaler::drawWholePixels(const uint16_t* row, uint32_t* target) const {
+    const int32_t factor = prepared.width / kProgramWidth;
+    for (int32_t x = 0; x < kProgramWidth; x++) {
+        const uint32_t colour = pixelAt(row, x);
+        for (int32_t i = 0; i < factor; i++) {
+            *target++ = colour;
+        }
+    }
+}
+
 void PictureScaler::drawRow(const uint16_t* picture, const Cover& row, uint32_t* target) {
     const uint16_t* upper = rowAt(picture, row.first);
+    if (prepared.width % kProgramWidth == 0 && row.firstWeight256 == 256) {
+        drawWholePixels(upper, target);
+        return;
+    }
     const uint16_t* lower = rowAt(picture, row.second);
     if (row.firstWeight256 == 256) {
         lower = upper;
@@ -121,4 +136,33 @@ void PictureScaler::draw(const uint16_t* picture,
         }
         above = &cover;
     }
+}
+
+std::vector<RowBand> PictureScaler::drawChanged(const uint16_t* picture,
+                                                uint32_t* target,
+                                                int32_t stridePixels,
+                                                const std::vector<bool>& changed) {
+    std::vector<RowBand> bands;
+    const auto width = static_cast<size_t>(prepared.width);
+    const Cover* above = nullptr;  // of the row above, if that was drawn
+    for (int32_t y = 0; y < prepared.height; y++) {
+        const Cover& cover = rows[static_cast<size_t>(y)];
+        if (!changed[static_cast<size_t>(cover.first)] &&
+            !changed[static_cast<size_t>(cover.second)]) {
+            above = nullptr;
+            continue;
+        }
+        uint32_t* row = target + static_cast<ptrdiff_t>(prepared.y + y) * stridePixels + prepared.x;
+        if (above != nullptr && cover == *above) {
+            std::memcpy(row, row - stridePixels, width * sizeof *row);
+        } else {
+            drawRow(picture, cover, row);
+        }
+        if (above == nullptr) {
+            bands.push_back({prepared.y + y, 0});
+        }
+        bands.back().count++;
+        above = &cover;
+    }
+    return bands;
 }

@@ -21,8 +21,16 @@ struct PicturePlace {
     }
 };
 
+/// Rows of the window, one below the other.
+struct RowBand {
+    int32_t top = 0;
+    int32_t count = 0;
+};
+
 class PictureScaler {
 public:
+    static constexpr int32_t kProgramRows = 400;
+
     /// Where the picture lies in a window of that size.
     static PicturePlace place(int32_t windowWidth, int32_t windowHeight);
 
@@ -37,6 +45,15 @@ public:
               int32_t stridePixels,
               int32_t windowWidth,
               int32_t windowHeight);
+
+    /// Draws again what shows one of the program's changed rows, into a target that has held the
+    /// whole picture since draw() in the same size.
+    /// @param changed  kProgramRows entries
+    /// @returns where it has drawn, from the top down
+    std::vector<RowBand> drawChanged(const uint16_t* picture,
+                                     uint32_t* target,
+                                     int32_t stridePixels,
+                                     const std::vector<bool>& changed);
 
 private:
     /// What one row or column of the window covers: one of the program's pixels, or two neighbours.
@@ -53,6 +70,7 @@ private:
 
     static std::vector<Cover> covers(int32_t windowPixels, int32_t programPixels);
     void drawRow(const uint16_t* picture, const Cover& row, uint32_t* target);
+    void drawWholePixels(const uint16_t* row, uint32_t* target) const;
 
     PicturePlace prepared;
     std::vector<Cover> columns;

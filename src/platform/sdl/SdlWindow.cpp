@@ -88,17 +88,57 @@ void SdlWindow::rememberSize() const {
 }
 
 void SdlWindow::present(HostFrame* frame) {
-    if (frame != nullptr) {
-        picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
-        frame->compose(picture.data(),
-                       HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
-    }
+    noteChanges(frame);
     SDL_Surface* surface = SDL_GetWindowSurface(window);
     if (surface == nullptr || picture.empty()) {
         return;
     }
+    if (frame != nullptr && surface == drawn && surface->w == drawnWidth &&
+        surface->h == drawnHeight && surface->format->format == SDL_PIXELFORMAT_RGB888) {
+        drawChangesOn(*surface);
+        return;
+    }
     drawOn(*surface);
     SDL_UpdateWindowSurface(window);
+    drawn = surface;
+    drawnWidth = surface->w;
+    drawnHeight = surface->h;
+}
+
+/// Takes the frame's picture, and which of its rows differ from the one before.
+void SdlWindow::noteChanges(HostFrame* frame) {
+    if (frame == nullptr) {
+        return;
+    }
+    constexpr int32_t kStrideBytes = HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t));
+    constexpr size_t kRowPixels = size_t{2} * HostFrame::kWidthPx;  // of the program, doubled
+    before.swap(picture);
+    picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
+    frame->compose(picture.data(), kStrideBytes);
+    before.resize(picture.size());
+    changed.assign(PictureScaler::kProgramRows, false);
+    for (size_t row = 0; row < changed.size(); row++) {
+        changed[row] = std::memcmp(picture.data() + row * kRowPixels,
+                                   before.data() + row * kRowPixels, kStrideBytes) != 0;
+    }
+}
+
+void SdlWindow::drawChangesOn(SDL_Surface& surface) {
+    if (SDL_LockSurface(&surface) != 0) {
+        return;
+    }
+    const std::vector<RowBand> bands =
+        scaler.drawChanged(picture.data(), static_cast<uint32_t*>(surface.pixels),
+                           surface.pitch / static_cast<int32_t>(sizeof(uint32_t)), changed);
+    SDL_UnlockSurface(&surface);
+    std::vector<SDL_Rect> rectangles;
+    for (const RowBand& band : bands) {
+        rectangles.push_back({0, band.top, surface.w, band.count});
+    }
+    if (!rectangles.empty()) {
+        SDL_UpdateWindowSurfaceRects(window, rectangles.data(),
+                                     static_cast<int>(rectangles.size()));
+    }
 }
 
 void SdlWindow::drawOn(SDL_Surface& surface) {

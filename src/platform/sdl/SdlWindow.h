@@ -53,7 +53,9 @@ public:
 
 private:
     void pixelSize(int32_t& width, int32_t& height) const;
+    void noteChanges(HostFrame* frame);
     void drawOn(SDL_Surface& surface);
+    void drawChangesOn(SDL_Surface& surface);
 
     SDL_Window* window = nullptr;
     std::unique_ptr<WindowMemory> memory;
@@ -61,4 +63,11 @@ private:
     int32_t openedHeight = 0;
     PictureScaler scaler;
     std::vector<uint16_t> picture;  // the last one presented
+    std::vector<uint16_t> before;   // and the one before it
+    std::vector<bool> changed;      // the program's rows in which the two differ
+
+    // The surface that holds the whole picture before the last, and its size then; not owned.
+    const SDL_Surface* drawn = nullptr;
+    int32_t drawnWidth = 0;
+    int32_t drawnHeight = 0;
 };

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 using Osp::App::AppRegistry;
 
 namespace {
@@ -92,6 +94,20 @@ TEST_F(AppRegistryTest, aFileThatCannotBeWrittenLeavesTheOldOne) {
     int lang = -1;
     registry.Get("lang", lang);
     EXPECT_EQ(2, lang);  // it holds for this run
+}
+
+TEST_F(AppRegistryTest, aPipeInThePlaceOfAFileKeepsNobodyWaiting) {
+    folders.makeFolder("config");
+    for (const char* name : {"config/settings", "config/settings.new"}) {
+        ASSERT_EQ(0, mkfifo(folders.path(name).c_str(), 0600));
+    }
+    open();
+    int lang = -1;
+    EXPECT_EQ(0xA0000835U, registry.Get("lang", lang));
+    EXPECT_EQ(E_SUCCESS, registry.Add("lang", "3"));
+    EXPECT_EQ("lang=3\n", folders.read("config/settings"));
+    EXPECT_TRUE(folders.has("config/settings.damaged"));
+    EXPECT_FALSE(folders.has("config/settings.new"));
 }
 
 TEST_F(AppRegistryTest, theFolderIsMadeWhenSomethingIsFirstWritten) {

@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 using Osp::Base::String;
@@ -39,6 +42,8 @@ protected:
     std::string home(const std::string& name) { return folders.read("home/" + name); }
 
     bool homeHas(const std::string& name) { return folders.has("home/" + name); }
+
+    void removeHome(const std::string& name) { folders.remove("home/" + name); }
 
     void link(const std::string& target, const std::string& name) {
         ASSERT_EQ(0, symlink(target.c_str(), folders.path("home/" + name).c_str()));
@@ -294,6 +299,33 @@ TEST_F(OspIo, copiesOverAnExistingFileOnlyWhenAllowed) {
     EXPECT_EQ("picture", home("new.png"));
     EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "new.png", "to.txt"}),
               namesIn("/Home/"));
+}
+
+TEST_F(OspIo, aCopyToAFreeNameNeverHitsAFileThatAppearsMeanwhile) {
+    writeHome("from.txt", std::string(500000, 'n'));
+    for (int32_t i = 0; i < 100; i++) {
+        removeHome("to.txt");
+        std::thread other([this, i] {
+            std::this_thread::sleep_for(std::chrono::microseconds(5 * i));
+            writeHome("foreign.txt", "foreign");
+            EXPECT_TRUE(::link(folders.path("home/foreign.txt").c_str(),
+                               folders.path("home/to.txt").c_str()) == 0 ||
+                        errno == EEXIST);
+        });
+        const bool copied = File::Copy("/Home/from.txt", "/Home/to.txt", true) == E_SUCCESS;
+        other.join();
+        ASSERT_EQ(copied ? std::string(500000, 'n') : "foreign", home("to.txt")) << i;
+        removeHome("foreign.txt");
+    }
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
+}
+
+TEST_F(OspIo, aCopyThatAKilledProgramLeftUnfinishedIsReplaced) {
+    writeHome("from.txt", "new");
+    writeHome("to.txt.part", "half a so");
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ("new", home("to.txt"));
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
 }
 
 TEST_F(OspIo, copyingAFileOntoItselfKeepsIt) {

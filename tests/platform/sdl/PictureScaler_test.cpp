@@ -131,3 +131,35 @@ TEST_F(PictureScalerTest, rowsMayBeFurtherApartThanTheWindowIsWide) {
     EXPECT_EQ(program(0, 399), window[799 * 500]);
     EXPECT_EQ(kUntouched, window[480]);
 }
+
+TEST_F(PictureScalerTest, drawingWhatHasChangedMakesTheWholeNewPicture) {
+    for (const int32_t height : {200, 401, 700, 800, 833, 1200}) {
+        const int32_t width = height * 3 / 5 + 7;
+        draw(width, height);
+        std::vector<bool> changed(400, false);
+        for (const size_t row : {0U, 57U, 58U, 59U, 200U, 399U}) {
+            changed[row] = true;
+            for (size_t i = 2 * row * 480; i < (2 * row + 2) * 480; i++) {
+                picture[i] = static_cast<uint16_t>(picture[i] ^ 0x5A5A);
+            }
+        }
+        const std::vector<RowBand> bands =
+            scaler.drawChanged(picture.data(), window.data(), width, changed);
+        const std::vector<uint32_t> partly = window;
+        draw(width, height);
+        EXPECT_TRUE(window == partly) << height;
+        EXPECT_EQ(4U, bands.size()) << height;
+        EXPECT_EQ(PictureScaler::place(width, height).y, bands[0].top) << height;
+        for (size_t i = 1; i < bands.size(); i++) {
+            EXPECT_LT(bands[i - 1].top + bands[i - 1].count, bands[i].top) << height;
+        }
+    }
+}
+
+TEST_F(PictureScalerTest, whereNothingHasChangedNothingIsDrawn) {
+    draw(480, 800);
+    window.assign(window.size(), kUntouched);
+    EXPECT_TRUE(
+        scaler.drawChanged(picture.data(), window.data(), 480, std::vector<bool>(400)).empty());
+    EXPECT_EQ(kUntouched, window[0]);
+}

@@ -25,8 +25,10 @@ constexpr int32_t kTop = 250;
 // Of a build as it is shipped; one that watches every access is not that fast.
 #ifdef MURMELO_SANITIZED
 constexpr int64_t kFirstPictureUs = 1000000;
+constexpr int64_t kMostRecordingMs = 500;  // of processor time in a second
 #else
 constexpr int64_t kFirstPictureUs = 40000;
+constexpr int64_t kMostRecordingMs = 40;  // twice what it may take where nothing else runs
 #endif
 
 int64_t nowUs() {
@@ -113,6 +115,24 @@ TEST_F(RealProgram, aStillScreenSleeps) {
               << rousings << " times\n";
     EXPECT_EQ(0, usedTicks);
     EXPECT_GE(seconds, rousings);
+}
+
+TEST_F(RealProgram, aRecordingCostsLittle) {
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    for (int32_t i = 0; i < 3; i++) {
+        key("Return");
+    }
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() > 44; }));
+    constexpr int64_t kSeconds = 5;
+    const int64_t ticks = program.processorTicks();
+    pass(kSeconds * 1000);
+    const int64_t usedMs = (program.processorTicks() - ticks) * 10;
+    std::cout << "recording: " << usedMs << " ms of processor time in " << kSeconds << " s\n";
+    EXPECT_GT(kSeconds * kMostRecordingMs, usedMs);
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
 }
 
 TEST_F(RealProgram, signalsAndTheCloseButtonEndItInGoodOrder) {

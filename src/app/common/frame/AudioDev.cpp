@@ -41,6 +41,7 @@ ByteBuffer* AudioDev::__pTempBuffer;
 File* AudioDev::record;
 signed char* AudioDev::recordFileHeader;
 int32_t AudioDev::recordLength;
+bool AudioDev::recordLostBytes;
 String* AudioDev::endOfMediaEventType;
 bool AudioDev::isSilent;
 String* AudioDev::msg;
@@ -61,6 +62,7 @@ void AudioDev::static_ctor() {
     record = nullptr;
     recordFileHeader = nullptr;
     recordLength = 0;
+    recordLostBytes = false;
     endOfMediaEventType = nullptr;
     isSilent = false;
     msg = new String("");
@@ -129,6 +131,7 @@ bool AudioDev::openRecord(String* path) {
     deleteArrFunc(recordFileHeader);
     recordFileHeader = newArray<signed char>(kHeaderBytes);
     recordLength = 0;
+    recordLostBytes = false;
     if (record->Write(recordFileHeader, kHeaderBytes) != E_SUCCESS) {
         deleteRecord();
         return false;
@@ -185,6 +188,11 @@ bool AudioDev::hasRecorderStopped() {
 }
 
 void AudioDev::writeHeader() {
+    if (recordLostBytes) {
+        // The disk was full in the middle of a word. Its header stays zero, so that the take is
+        // refused with a message and not played as if nobody had said more.
+        return;
+    }
     WavProps props(recordLength >> 1);
     props.toByteArray(recordFileHeader, 0);
     record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0);
@@ -196,7 +204,9 @@ void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {
     if (record == nullptr) {
         return;
     }
-    record->Write(*buffer);
+    if (record->Write(*buffer) != E_SUCCESS) {
+        recordLostBytes = true;
+    }
     if (hasRecorderStopped()) {
         writeHeader();
         // Back to the end: a further late buffer must not overwrite the start of the take.

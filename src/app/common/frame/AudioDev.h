@@ -75,6 +75,7 @@ public:
     static Osp::Io::File* record;          // the take, while it is written
     static signed char* recordFileHeader;  // counted array of 44
     static int32_t recordLength;           // bytes of samples received
+    static bool recordLostBytes;           // not all of them could be written
     static String* endOfMediaEventType;    // not owned
     static bool isSilent;                  // play without a sound
     static String* msg;                    // last error

@@ -89,6 +89,10 @@ bool FileOps::copy(const String& source, const String& target) {
     return File::Copy(source, target, false) == E_SUCCESS;
 }
 
+bool FileOps::copyToFree(const String& source, const String& target) {
+    return File::Copy(source, target, true) == E_SUCCESS;
+}
+
 int32_t FileOps::getAvailMemCard() {
     return lowWord("AvailableExternalStorage");
 }

@@ -24,6 +24,9 @@ public:
     /// An existing target is overwritten.
     static bool copy(const String& source, const String& target);
 
+    /// False if there is a file of that name, whenever it came; that file stays as it is.
+    static bool copyToFree(const String& source, const String& target);
+
     /// Free bytes (the low 32 bits of what the phone says), -1 when unknown.
     static int32_t getAvailMemCard();
     static int32_t getAvailPhone();

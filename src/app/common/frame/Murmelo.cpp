@@ -107,7 +107,7 @@ int32_t* Murmelo::loadLastRec8Khz() {
     String path = *G::getMrmFolderUri() + *G::uriPartWavRecorded;
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
-        MessageAndQuit::enter(
+        MessageAndQuit::enterOnPicture(
             MessageAndQuit::kFileError);  // no screen is left standing without keys
     }
     return samples;

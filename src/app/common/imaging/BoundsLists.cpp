@@ -1,4 +1,4 @@
-// Whole lists of rectangles: what the painting pipeline needs to repaint each changed pixel once.
+// Whole lists of rectangles: what it takes to repaint each changed pixel once.
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "Saturating.h"

@@ -1,4 +1,4 @@
-// Something that knows its rectangle and how to paint itself. Screens are trees of painters.
+// Something that knows its rectangle and how to paint itself.
 #pragma once
 
 #include "Bounded.h"

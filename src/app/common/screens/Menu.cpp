@@ -71,6 +71,7 @@ void Menu::freeEntries() {
 
 void Menu::init(const int32_t* ids) {
     freeEntries();
+    fntId = G::fntMedium;
     bgCol = 0;
     bgImgId = Res::Null;
     focused = 0;

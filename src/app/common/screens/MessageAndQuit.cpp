@@ -4,6 +4,7 @@
 #include "Bounds.h"
 #include "G.h"
 #include "ImageOps.h"
+#include "Main.h"
 #include "Message.h"
 #include "Orm.h"
 #include "OspBase.h"
@@ -73,6 +74,11 @@ void MessageAndQuit::enter(int32_t kind) {
     entered = new MessageAndQuit(kind);
     State::setState(entered, true, true);
     delete earlier;
+}
+
+void MessageAndQuit::enterOnPicture(int32_t kind) {
+    Main::paintBgAndFx();
+    enter(kind);
 }
 
 void MessageAndQuit::onEnter() {

@@ -19,6 +19,9 @@ public:
     /// kept until the program ends.
     static void enter(int32_t kind);
 
+    /// The same over the plain picture: a window that stands on the screen would show through.
+    static void enterOnPicture(int32_t kind);
+
     void onEnter() override;
 
     void onExit() override {}

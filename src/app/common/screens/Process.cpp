@@ -97,7 +97,7 @@ void Process::finish() {
     if (!Murmelo::save8KhzWav(samples, path)) {
         deleteArrFunc(samples);
         samples = nullptr;
-        MessageAndQuit::enter(MessageAndQuit::kStorageLow);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
     if (*path == *G::getMrmFolderUri() + *G::uriPartWavProcessed) {

@@ -37,7 +37,7 @@ void Record::onEnter() {
     }
     String* folder = G::getMrmFolderUri();
     if (!removed(folder, G::uriPartWavRecorded) || !removed(folder, G::uriPartWavProcessed)) {
-        MessageAndQuit::enter(MessageAndQuit::kFileError);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }
     if (!Murmelo::checkEnoughSpace()) {
@@ -45,7 +45,7 @@ void Record::onEnter() {
     }
     String take = *folder + *G::uriPartWavRecorded;
     if (!AudioDev::initRec(&take)) {
-        MessageAndQuit::enter(MessageAndQuit::kNoAudio);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kNoAudio);
         return;
     }
     Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);

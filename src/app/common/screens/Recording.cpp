@@ -41,7 +41,7 @@ void setEmptyKeys() {
 
 void Recording::onEnter() {
     if (!AudioDev::startRec()) {
-        MessageAndQuit::enter(MessageAndQuit::kNoAudio);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kNoAudio);
         return;
     }
     Orm::schedEvent(G::EV_T_TIME_OUT, nullptr, nullptr, kTakeMaxMs);
@@ -114,7 +114,7 @@ void Recording::finish(bool keepTake) {
     setEmptyKeys();
     Orm::flush();
     if (!AudioDev::stopRec()) {
-        MessageAndQuit::enter(MessageAndQuit::kNoAudio);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kNoAudio);
     } else if (keepTake) {
         TakeJob::enter();
     } else {
@@ -126,7 +126,7 @@ void Recording::giveUpTake() {
     String* folder = G::getMrmFolderUri();
     if (FileOps::exists(folder, G::uriPartWavRecorded) &&
         !FileOps::deleteFile(folder, G::uriPartWavRecorded)) {
-        MessageAndQuit::enter(MessageAndQuit::kFileError);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }
     State::setState(G::stateOptions, true, true);

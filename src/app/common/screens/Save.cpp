@@ -17,6 +17,20 @@
 
 using Osp::Base::String;
 
+namespace {
+
+constexpr const char* kLastName = "rec_99999.wav";
+
+// Whoever else puts files into the folder would have to be this quick so many times in a row.
+constexpr int32_t kMostTries = 10;
+
+/// A name that was free when it was chosen may be taken by now; only the last one is used again.
+bool copyTo(const String& name, const String& source, const String& target) {
+    return name == kLastName ? FileOps::copy(source, target) : FileOps::copyToFree(source, target);
+}
+
+}  // namespace
+
 int32_t Save::uriStrId;
 
 void Save::static_ctor() {
@@ -65,16 +79,22 @@ void Save::onEnter() {
 /// False if there is no free name, or the copy failed.
 bool Save::copyResult() {
     String* folder = G::getMrmFolderUri();
-    delete name;
-    name = FileOps::getNextAvailableName(*folder, "rec_", ".wav");
-    if (name == nullptr) {
-        return false;
+    for (int32_t i = 0; i < kMostTries; i++) {
+        delete name;
+        name = FileOps::getNextAvailableName(*folder, "rec_", ".wav");
+        if (name == nullptr) {
+            return false;
+        }
+        const String target = *folder + *name;
+        if (copyTo(*name, *folder + *G::uriPartWavProcessed, target)) {
+            savedCount++;
+            return true;
+        }
+        if (!FileOps::exists(target)) {
+            return false;  // it was not for the name
+        }
     }
-    if (!FileOps::copy(*folder + *G::uriPartWavProcessed, *folder + *name)) {
-        return false;
-    }
-    savedCount++;
-    return true;
+    return false;
 }
 
 void Save::onEvent(Event* event) {

@@ -174,6 +174,8 @@ void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn
 void Scroller::startSlide(int32_t nowMs) {
     slideStartMs = nowMs;
     sliding = true;
+    Header::set(true, true, left, !left);  // held down for as long as the pictures move
+    paintHeader();
     paint(true, 0);
     Orm::flush(bounds);
 }
@@ -183,6 +185,8 @@ bool Scroller::slide(int32_t nowMs) {
     if (!sliding || elapsedMs >= kSlideMs || elapsedMs < 0) {
         if (sliding) {
             sliding = false;
+            Header::set(true, true, false, false);
+            paintHeader();
             paint(true);
             Orm::flush(bounds);
         }

@@ -46,13 +46,13 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
     G::deleteRecordedAndProcessed();
     G::setLastPlayedFx(-1);
     if (FileOps::exists(G::getMrmFolderUri(), G::uriPartWavProcessed)) {
-        MessageAndQuit::enter(
+        MessageAndQuit::enterOnPicture(
             MessageAndQuit::kFileError);  // as when a recording finds it in its way
         return;
     }
     if (!write(samples, std::min(count, kMostSamples))) {
         FileOps::deleteFile(takePath());
-        MessageAndQuit::enter(MessageAndQuit::kStorageLow);
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
     enter();

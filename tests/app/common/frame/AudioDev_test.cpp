@@ -219,6 +219,20 @@ TEST_F(AudioDevTest, aProgramThatWasBusyForLongLosesNothing) {
     EXPECT_EQ(takeOf(80000), take());
 }
 
+TEST_F(AudioDevTest, aTakeThatLostABufferKeepsItsHeaderOfZerosAndTheNextIsWholeAgain) {
+    for (const int32_t lost : {1, 2, 3}) {  // the third is filled in part, by the stop
+        record(0);
+        host.failNth("File.Write", lost);
+        host.pass(2000);
+        EXPECT_TRUE(AudioDev::stopRec());
+        EXPECT_EQ(std::string(44, '\0'), take().substr(0, 44)) << lost;
+        EXPECT_EQ(64000, AudioDev::recordLength);
+    }
+    record(1000);
+    EXPECT_TRUE(AudioDev::stopRec());
+    EXPECT_EQ(takeOf(16000), take());
+}
+
 TEST_F(AudioDevTest, eachRecordingStartsAnew) {
     record(2000);
     AudioDev::stopRec();

@@ -82,7 +82,9 @@ TEST_F(MenuTest, aNewListForgetsTheColourAndTheFocusOfTheOldOne) {
     Menu::setBgCol(0x00123456);
     EXPECT_EQ(0xFF123456U, Menu::bgCol);
     Menu::setFocusedIndex(3);
+    Menu::fntId = G::fntSmall;
     Menu::init(Str::str_LangNameIds);
+    EXPECT_EQ(G::fntMedium, Menu::fntId);
     EXPECT_EQ(0U, Menu::bgCol);
     EXPECT_EQ(Res::Null, Menu::bgImgId);
     EXPECT_EQ(0, Menu::getFocusedIndex());

@@ -138,6 +138,25 @@ TEST_F(PlayTest, theSlideIsPlayedForTheEyeAndEndsSharp) {
     EXPECT_EQ(picture(0, 0, 240, 288), upper);
 }
 
+TEST_F(PlayTest, theArrowIsHeldDownWhileThePicturesMove) {
+    const int32_t w = G::piArrowLeftWhite->getWidth();
+    const int32_t h = G::piArrowLeftWhite->getHeight();
+    const Pixels left = picture(8, 2, w, h);
+    const Pixels right = picture(232 - w, 2, w, h);
+    key(kRightCode);
+    pass(50);
+    EXPECT_EQ(left, picture(8, 2, w, h));
+    EXPECT_NE(right, picture(232 - w, 2, w, h));
+    pass(1000);
+    EXPECT_EQ(right, picture(232 - w, 2, w, h));
+    key(kLeftCode);
+    pass(50);
+    EXPECT_NE(left, picture(8, 2, w, h));
+    EXPECT_EQ(right, picture(232 - w, 2, w, h));
+    pass(1000);
+    EXPECT_EQ(left, picture(8, 2, w, h));
+}
+
 TEST_F(PlayTest, aTurnDuringASlideStartsTheNextSlide) {
     key(kRightCode);
     pass(50);

@@ -139,6 +139,21 @@ TEST_F(PlayingTest, theWheelsTurnWithThePlayKeyDownAndTheLightStays) {
     EXPECT_EQ(left, picture(0, 26, 150, 262));
 }
 
+TEST_F(PlayingTest, theWheelsGoOnFromWhereTheyStood) {
+    Pixels phases[3];
+    start();
+    pass(20);  // two frames
+    phases[0] = picture(176, 179, 64, 32);
+    touch(kMiddle);
+    start();
+    pass(10);
+    phases[1] = picture(176, 179, 64, 32);
+    EXPECT_TRUE(phases[0] != phases[1]);  // the third phase, not the first
+    pass(50);
+    phases[2] = picture(176, 179, 64, 32);
+    EXPECT_TRUE(phases[0] == phases[2]);  // six frames after the second
+}
+
 TEST_F(PlayingTest, aClipOfMoreThanSevenSecondsPlaysToItsEnd) {
     folders.write(kResult, TestSounds::wav(TestSounds::noise(8 * 8000), 8000));
     start();

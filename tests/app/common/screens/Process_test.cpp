@@ -11,6 +11,7 @@
 #include "Process.h"
 #include "Progress.h"
 #include "ScreensTest.h"
+#include "SkBar.h"
 #include "State.h"
 #include "Str.h"
 #include "TestSounds.h"
@@ -153,6 +154,8 @@ TEST_F(ProcessTest, aResultThatCannotBeWrittenIsFatal) {
     EXPECT_EQ(kStorageLow, fatalBody());
     EXPECT_EQ(-1, G::getLastPlayedFx());
     EXPECT_FALSE(hasResult());
+    const Pixels shown = picture(0, 0, 240, SkBar::y1);
+    EXPECT_TRUE(fatalPicture(2) == shown);  // no progress shines through
 }
 
 TEST_F(ProcessTest, aResultThatCannotBeOpenedIsFatal) {

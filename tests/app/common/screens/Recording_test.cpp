@@ -13,6 +13,7 @@
 #include "Recording.h"
 #include "Res.h"
 #include "ScreensTest.h"
+#include "SkBar.h"
 #include "State.h"
 #include "Str.h"
 #include "TestSounds.h"
@@ -259,12 +260,22 @@ TEST_F(RecordingTest, aTakeThatIsGoneAtStopIsFatal) {
     touch(kMiddle);
     EXPECT_EQ(kFileError, fatalText());
     EXPECT_EQ((Names{"-", "Ok", "-"}), labels());
+    const Pixels shown = picture(0, 0, 240, SkBar::y1);
+    EXPECT_TRUE(fatalPicture(3) == shown);  // no "Please wait" shines through
 }
 
 TEST_F(RecordingTest, aTakeThatCannotBeReadAtStopIsFatal) {
     start();
     pass(2000);
     host.failNth("File.Construct", 1);
+    touch(kMiddle);
+    EXPECT_EQ(kFileError, fatalText());
+}
+
+TEST_F(RecordingTest, aTakeThatDidNotFitOnTheDiskIsFatal) {
+    start();
+    host.failNth("File.Write", 2);
+    pass(2000);
     touch(kMiddle);
     EXPECT_EQ(kFileError, fatalText());
 }

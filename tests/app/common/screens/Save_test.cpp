@@ -164,6 +164,33 @@ TEST_F(SaveTest, theHighestNumberCounts) {
     EXPECT_EQ("/Home/Murmelo/rec_00013.wav", text(Save::uriStrId));
 }
 
+TEST_F(SaveTest, aNameThatIsTakenBetweenItsChoiceAndTheCopyIsLeftAlone) {
+    haveResult();
+    host.onCall("File.Copy", [this] { folders.write("home/Murmelo/rec_00000.wav", "foreign"); });
+    enter(G::stateSave);
+    EXPECT_EQ("Save", screen());
+    EXPECT_EQ("foreign", saved("rec_00000.wav"));
+    EXPECT_EQ(TestSounds::wav({1, 2, 3}, 8000), saved("rec_00001.wav"));
+    EXPECT_EQ("/Home/Murmelo/rec_00001.wav", text(Save::uriStrId));
+    EXPECT_EQ(1, static_cast<Save*>(G::stateSave)->getSavedCount());
+}
+
+TEST_F(SaveTest, namesThatAreTakenAgainAndAgainEndInAMessage) {
+    haveResult();
+    int32_t taken = 0;
+    host.onCall("File.Copy", [this, &taken] {
+        const std::string number = std::to_string(taken++);
+        folders.write("home/Murmelo/rec_" + std::string(5 - number.size(), '0') + number + ".wav",
+                      "foreign");
+    });
+    enter(G::stateSave);
+    EXPECT_EQ(kFileError, fatalBody());
+    EXPECT_EQ(10, taken);
+    EXPECT_EQ("foreign", saved("rec_00000.wav"));
+    EXPECT_EQ("foreign", saved("rec_00009.wav"));
+    EXPECT_EQ(0, static_cast<Save*>(G::stateSave)->getSavedCount());
+}
+
 TEST_F(SaveTest, keysPressedMeanwhileAreForgotten) {
     haveResult();
     Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_MSK, nullptr, 0);

@@ -6,6 +6,8 @@
 #include "G.h"
 #include "GameInterface.h"
 #include "GEngine.h"
+#include "Main.h"
+#include "MessageAndQuit.h"
 #include "Murmelo.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
@@ -132,6 +134,12 @@ ScreensTest::Pixels ScreensTest::picture(int32_t x, int32_t y, int32_t w, int32_
         }
     }
     return pixels;
+}
+
+ScreensTest::Pixels ScreensTest::fatalPicture(int32_t kind) {
+    Main::paintBgAndFx();
+    MessageAndQuit::enter(kind);
+    return picture(0, 0, G::scr->w, SkBar::y1);
 }
 
 void ScreensTest::putTake(const std::vector<int16_t>& samples) const {

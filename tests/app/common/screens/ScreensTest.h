@@ -74,6 +74,9 @@ protected:
     /// The picture's pixels inside a rectangle.
     static Pixels picture(int32_t x, int32_t y, int32_t w, int32_t h);
 
+    /// What a fatal message of that kind looks like over the plain picture, down to the soft keys.
+    static Pixels fatalPicture(int32_t kind);
+
     /// A take on file, 16 kHz.
     void putTake(const std::vector<int16_t>& samples) const;
     bool hasTake() const;

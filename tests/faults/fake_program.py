@@ -1,0 +1,27 @@
+#!/usr/bin/env python3
+"""A stand-in for murmelo-headless that breaks on purpose: it dies when its script holds "swipe left", "background" and
+"volume up" in this order, whatever lies between. With MURMELO_FAKE_FAULT=none it does not.
+"""
+import os
+import signal
+import sys
+
+FATAL = ["swipe left", "background", "volume up"]
+
+
+def main():
+    with open(sys.argv[-1]) as file:
+        lines = file.read().splitlines()
+    wanted = [] if os.environ.get("MURMELO_FAKE_FAULT") == "none" else list(FATAL)
+    for number, line in enumerate(lines, 1):
+        if wanted and line == wanted[0]:
+            wanted.pop(0)
+            if not wanted:
+                os.kill(os.getpid(), signal.SIGSEGV)
+        if line == "key right":
+            print("murmelo-headless: script: line %d: the program has ended" % (number + 1), file=sys.stderr)
+            sys.exit(1)
+
+
+if __name__ == "__main__":
+    main()

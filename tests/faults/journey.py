@@ -1,0 +1,250 @@
+"""What the fault tests share: journeys of the headless program in folders of their own, what came of them, and a look
+at what they leave behind.
+
+A test stops the program at any point of its script by a picture written into a pipe: Stop.reached() answers once the
+program stands there, and it goes on at release().
+"""
+import os
+import re
+import resource
+import select
+import shutil
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+
+SKIPPED = 77
+CRASH_STATUS = 97  # of a program that a sanitizer ended
+TIMEOUT_SECONDS = 60
+TEMPORARY = ("MrmLastRec.wav", "MrmLastProc.wav")
+
+LANGUAGE_KNOWN = "lang=0\n"
+
+# From the menu to the choice of the effect, with a take of that many milliseconds.
+RECORD = """until Options
+mic hello.wav
+key middle
+until Record
+key middle
+until Recording
+wait %d
+key middle
+until Play
+"""
+
+
+def sanitized():
+    """True where the sanitizers watch: everything takes ten times as long."""
+    return os.environ.get("MURMELO_SANITIZED") == "1"
+
+
+def environment(source):
+    env = dict(os.environ)
+    env["LSAN_OPTIONS"] = "suppressions=%s/tests/lsan.supp:print_suppressions=0" % source
+    env["ASAN_OPTIONS"] = "exitcode=%d:detect_leaks=1" % CRASH_STATUS
+    env["UBSAN_OPTIONS"] = "exitcode=%d:print_stacktrace=1" % CRASH_STATUS
+    for name in ("MURMELO_DATA", "MURMELO_HOME"):
+        env.pop(name, None)
+    return env
+
+
+def fresh_signals():
+    """Whoever runs the tests may have signals ignored. A write beyond a size limit fails as on a full disk."""
+    for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
+        signal.signal(number, signal.SIG_DFL)
+    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+
+
+class Outcome:
+    """How one run ended."""
+
+    def __init__(self, status, complaint, seconds_out=False):
+        self.status = status
+        self.complaint = complaint
+        self.seconds_out = seconds_out
+
+    def kind(self):
+        """"done": the whole script. "message": the application's own message stands at some line. "sentence": one
+        sentence, and an end. Anything else is what must never happen."""
+        lines = self.complaint.splitlines()
+        if self.seconds_out:
+            return "hang"
+        if self.status == 0 and not lines:
+            return "done"
+        if self.status == 1 and len(lines) == 1 and lines[0].startswith("murmelo-headless: "):
+            return "message" if lines[0].endswith('found "MessageAndQuit"') else "sentence"
+        return "crash"
+
+    def line(self):
+        """Where the script failed."""
+        found = re.search(r": line (\d+): ", self.complaint)
+        return int(found.group(1)) if found else 0
+
+    def __str__(self):
+        return "%s (status %s) %s" % (self.kind(), self.status, self.complaint.strip()[:2000])
+
+
+class Stop:
+    """A point of the script at which the program waits."""
+
+    def __init__(self, path):
+        self.path = path
+        os.mkfifo(path)
+        self.reader = None
+
+    def command(self, screen=None):
+        """At this line of the script, or when that screen next comes."""
+        return ("watch %s " % screen if screen else "shot-canvas ") + self.path
+
+    def reached(self, process):
+        """True once the program stands here; false if it ended before."""
+        self.reader = os.open(self.path, os.O_RDONLY | os.O_NONBLOCK)
+        for _ in range(TIMEOUT_SECONDS * 100):
+            if select.select([self.reader], [], [], 0.01)[0] and self._bytes_wait():
+                return True
+            if process.poll() is not None:
+                return False
+        return False
+
+    def _bytes_wait(self):
+        try:
+            self.first = os.read(self.reader, 1)
+        except BlockingIOError:
+            return False
+        return self.first != b""
+
+    def release(self):
+        os.set_blocking(self.reader, True)
+        while os.read(self.reader, 1 << 20):
+            pass
+        os.close(self.reader)
+        self.reader = None
+
+
+class Place:
+    """A home, settings and a voice for one journey. Removed at the end of a with."""
+
+    def __init__(self, program, source, settings=LANGUAGE_KNOWN, folder=None):
+        self.program = os.path.realpath(program)
+        self.source = os.path.realpath(source)
+        self.folder = tempfile.mkdtemp(prefix="murmelo_fault_", dir=folder)
+        self.stops = 0
+        self.data = None
+        for name in ("home", "config"):
+            os.mkdir(self.path(name))
+        os.symlink(self.source + "/res/sample/hello.wav", self.path("hello.wav"))
+        if settings is not None:
+            self.write("config/settings", settings)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def sound(self, name):
+        return self.path("home/Murmelo/" + name)
+
+    def write(self, name, content):
+        os.makedirs(os.path.dirname(self.path(name)), exist_ok=True)
+        with open(self.path(name), "wb") as file:
+            file.write(content if isinstance(content, bytes) else content.encode())
+
+    def read(self, name):
+        with open(self.path(name), "rb") as file:
+            return file.read()
+
+    def sounds(self):
+        """Everything in the sound folder, name to content."""
+        folder = self.path("home/Murmelo")
+        found = {}
+        for name in sorted(os.listdir(folder)) if os.path.isdir(folder) else []:
+            with open(os.path.join(folder, name), "rb") as file:
+                found[name] = file.read()
+        return found
+
+    def stop(self):
+        self.stops += 1
+        return Stop(self.path("stop%d" % self.stops))
+
+    def start(self, script, prefix=(), preexec=fresh_signals, home="home", config="config", env=None):
+        self.write("script", script)
+        variables = environment(self.source)
+        if self.data:
+            variables["MURMELO_DATA"] = self.data
+        variables.update(env or {})
+        command = list(prefix) + [self.program, "--home", home, "--config", config, "script"]
+        return subprocess.Popen(command, cwd=self.folder, env=variables, preexec_fn=preexec,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+    def finish(self, process):
+        try:
+            out, complaint = process.communicate(timeout=TIMEOUT_SECONDS)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            out, complaint = process.communicate()
+            return Outcome(process.returncode, complaint.decode(errors="replace"), True)
+        return Outcome(process.returncode, (out + complaint).decode(errors="replace"))
+
+    def run(self, script, **how):
+        return self.finish(self.start(script, **how))
+
+
+def limit_file_size(process, most_bytes):
+    """From now on no file of the program grows beyond so many bytes."""
+    resource.prlimit(process.pid, resource.RLIMIT_FSIZE, (most_bytes, resource.RLIM_INFINITY))
+
+
+def is_whole(sound, rate=8000):
+    """A sound file in the one form that is written, as long as its header says."""
+    if len(sound) < 44 or sound[:4] != b"RIFF" or sound[8:16] != b"WAVEfmt " or sound[36:40] != b"data":
+        return False
+    riff, data = struct.unpack("<I", sound[4:8])[0], struct.unpack("<I", sound[40:44])[0]
+    form = struct.unpack("<IHHIIHH", sound[16:36])
+    return form == (16, 1, 1, rate, 2 * rate, 2, 16) and data == len(sound) - 44 and riff == len(sound) - 8
+
+
+class Verdict:
+    """Collects what is wrong, and says how much was looked at."""
+
+    def __init__(self):
+        self.wrong = []
+        self.looked = 0
+        self.kinds = {}
+
+    def check(self, fine, what):
+        self.looked += 1
+        if not fine:
+            self.wrong.append(str(what))
+            print("WRONG: " + str(what), flush=True)
+        return fine
+
+    def outcome(self, case, outcome, allowed):
+        self.kinds[outcome.kind()] = self.kinds.get(outcome.kind(), 0) + 1
+        return self.check(outcome.kind() in allowed, "%s: wanted %s, found %s" % (case, " or ".join(allowed), outcome))
+
+    def end(self, *more):
+        print("looked at %d things; outcomes: %s" % (self.looked, dict(sorted(self.kinds.items()))), *more)
+        sys.exit(1 if self.wrong else 0)
+
+
+def skip(reason):
+    print("SKIPPED: " + reason, flush=True)
+    sys.exit(SKIPPED)
+
+
+def can_mount():
+    """The command that gives a program mounts of its own; none where that is not permitted."""
+    for prefix in (["unshare", "-m"], ["unshare", "-rm"]):
+        test = "d=$(mktemp -d) && mount -t tmpfs -o size=64k none $d && umount $d; s=$?; rmdir $d; exit $s"
+        try:
+            if subprocess.run(prefix + ["sh", "-c", test], stderr=subprocess.DEVNULL, check=False).returncode == 0:
+                return prefix
+        except FileNotFoundError:
+            return None
+    return None

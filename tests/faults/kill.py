@@ -1,0 +1,139 @@
+"""kill.py PROGRAM SOURCE: the program is killed at a random moment of a random journey, two hundred times.
+
+Outcome: every sound in the folder, whether it was reported as saved or not, is whole and the very sound that the same
+journey saves when nobody disturbs it; every sound that was reported is there. Then a start as ever: it clears up what
+the kill left, records, and saves under the next number.
+
+MURMELO_TEST_KILLS and MURMELO_TEST_SEED change the number and the journeys.
+"""
+import os
+import random
+import signal
+import subprocess
+import sys
+import time
+
+from journey import TEMPORARY, Place, Verdict, is_whole, sanitized
+
+LATER = """until Options
+mic hello.wav
+key middle
+until Record
+key middle
+until Recording
+wait 300
+key middle
+until Play
+save
+until Save
+expect file %s
+key middle
+"""
+
+
+class Journey:
+    """Recordings, effects, plays and saves as they come; after each save a file says that it was reported."""
+
+    def __init__(self, chance):
+        self.chance = chance
+        self.lines = ["until Options", "mic hello.wav"]
+        self.saves = 0
+
+    def record(self):
+        self.lines += ["key middle", "until Record", "key middle", "until Recording",
+                       "wait %d" % self.chance.randrange(100, 1500), "key middle", "until Play"]
+
+    def again(self):
+        self.lines += ["key left", "until Options"]
+        self.record()
+
+    def turn(self):
+        self.lines += ["swipe " + self.chance.choice(["left", "right"]), "wait 700"]
+
+    def play(self):
+        self.lines += ["key middle", "until Playing", "until Play"]
+
+    def save(self):
+        self.lines += ["save", "until Save", "speaker reported_%05d.wav" % self.saves, "key middle", "until Options",
+                       "key right", "until Play"]
+        self.saves += 1
+
+    def script(self):
+        self.record()
+        for _ in range(self.chance.randrange(3, 9)):
+            self.chance.choices([self.again, self.turn, self.play, self.save], [1, 2, 1, 4])[0]()
+        return "\n".join(self.lines) + "\n"
+
+
+class Killing:
+    def __init__(self, program, source, seed):
+        self.program, self.source = program, source
+        self.verdict = Verdict()
+        self.chance = random.Random(seed)
+        self.seed = seed
+        self.left = {}
+        self.saved = 0
+        self.after_the_end = 0
+
+    def undisturbed(self, case, script):
+        """The sounds of the journey, and how long it takes."""
+        with Place(self.program, self.source) as place:
+            start = time.monotonic()
+            outcome = place.run(script)
+            seconds = time.monotonic() - start
+            self.verdict.outcome(case + ", undisturbed", outcome, ["done"])
+            return place.sounds(), seconds
+
+    def once(self, number):
+        case = "journey %d of seed %d" % (number, self.seed)
+        script = Journey(self.chance).script()
+        wanted, seconds = self.undisturbed(case, script)
+        with Place(self.program, self.source) as place:
+            process = place.start(script)
+            try:
+                process.wait(self.chance.uniform(0, seconds))
+                self.after_the_end += 1
+            except subprocess.TimeoutExpired:
+                process.kill()
+            outcome = place.finish(process)
+            self.verdict.check(outcome.status in (0, -signal.SIGKILL), "%s: %s" % (case, outcome))
+            sounds = self.look(case, place, wanted)
+            self.start_again(case, place, sounds)
+
+    def look(self, case, place, wanted):
+        sounds = place.sounds()
+        saved = {name: content for name, content in sounds.items()
+                 if name.startswith("rec_") and name.endswith(".wav")}
+        for name, content in saved.items():
+            self.verdict.check(is_whole(content) and content == wanted.get(name), "%s: %s is not whole" % (case, name))
+        for name in os.listdir(place.folder):
+            if name.startswith("reported_"):
+                self.verdict.check(name.replace("reported", "rec") in saved, "%s: %s is lost" % (case, name))
+        self.saved += len(saved)
+        for name in sounds:
+            kind = "rec_*.part" if name.endswith(".part") else name
+            if name not in saved:
+                self.verdict.check(kind == "rec_*.part" or name in TEMPORARY, "%s: left %s" % (case, name))
+                self.left[kind] = self.left.get(kind, 0) + 1
+        return saved
+
+    def start_again(self, case, place, saved):
+        name = "rec_%05d.wav" % len(saved)
+        self.verdict.outcome(case + ", later", place.run(LATER % name), ["done"])
+        sounds = place.sounds()
+        self.verdict.check(is_whole(sounds.pop(name, b"")), "%s: %s of the later start is not whole" % (case, name))
+        self.verdict.check(sounds == saved, "%s: after a later start %s" % (case, list(sounds)))
+
+
+def main(program, source):
+    killing = Killing(program, source, int(os.environ.get("MURMELO_TEST_SEED", "1")))
+    kills = int(os.environ.get("MURMELO_TEST_KILLS", "12" if sanitized() else "200"))
+    for number in range(kills):
+        killing.once(number)
+    print("%d journeys, %d of them over before the kill; %d sounds saved before it; left behind: %s"
+          % (kills, killing.after_the_end, killing.saved, killing.left))
+    killing.verdict.end()
+
+
+if __name__ == "__main__":
+    main(sys.argv[1], sys.argv[2])

@@ -1,0 +1,134 @@
+"""sound_files.py PROGRAM SOURCE: the take or the result is replaced between recording and playing, by anything.
+
+Outcomes: the message about files or sound, or a journey that goes on with what the file still holds. Never a crash or a
+hang, and a sound that was saved before stays as it was. A later start works and clears up.
+"""
+import os
+import random
+import shutil
+import struct
+import sys
+
+from journey import RECORD, Place, Verdict, sanitized
+
+EARLIER = b"a sound of earlier days"
+TAKE = RECORD % 700
+PLAYED = TAKE + "key middle\nuntil Playing\nuntil Play\n"
+
+# Name, way to the replacement, which file, what the user does then.
+POINTS = [
+    ("take before an effect", TAKE, "MrmLastRec.wav", "swipe right\nkey middle\nuntil Play 9000\nkey right\nexpect ended\n"),
+    ("take before another", PLAYED, "MrmLastRec.wav", "swipe left\nwait 900\nkey middle\nuntil Play\nwait 9\n"),
+    ("take before a save", TAKE, "MrmLastRec.wav", "swipe left\nsave\nwait 5000\nkey middle\nexpect screen Options\n"),
+    ("take before a recording", TAKE, "MrmLastRec.wav", "key left\nkey middle\nuntil Record\n"),
+    ("result before playing", PLAYED, "MrmLastProc.wav", "key middle\nuntil Playing\n"),
+    ("result while playing", PLAYED + "key middle\nuntil Playing\n", "MrmLastProc.wav", "until Play\n"),
+    ("result before a save", PLAYED, "MrmLastProc.wav", "save\nuntil Save\n"),
+]
+
+
+def header(samples, rate=8000):
+    return (b"RIFF" + struct.pack("<I", (36 + 2 * samples) & 0xFFFFFFFF) + b"WAVEfmt "
+            + struct.pack("<IHHIIHH", 16, 1, 1, rate, 2 * rate, 2, 16) + b"data"
+            + struct.pack("<I", (2 * samples) & 0xFFFFFFFF))
+
+
+def sparse(path, head, size):
+    with open(path, "wb") as file:
+        file.write(head)
+        file.truncate(size)
+
+
+def content(path, content):
+    with open(path, "wb") as file:
+        file.write(content)
+
+
+def replacements():
+    """Name and what puts it in the place of the file."""
+    noise = random.Random(3)
+    random_bytes = bytes(noise.randrange(256) for _ in range(10000))
+    yield "nothing", lambda path: os.unlink(path)
+    yield "an empty file", lambda path: content(path, b"")
+    yield "half a header", lambda path: os.truncate(path, 22)
+    yield "a header", lambda path: os.truncate(path, 44)
+    yield "half of it", lambda path: os.truncate(path, 5001)
+    yield "random bytes", lambda path: content(path, random_bytes)
+    yield "a header and random bytes", lambda path: content(path, header(4000) + random_bytes)
+    yield "a length beyond the end", lambda path: content(path, header(0x3FFFFFFF) + random_bytes)
+    yield "a negative length", lambda path: content(path, header(0x7FFFFFF0) + random_bytes)
+    yield "another rate", lambda path: content(path, header(4000, 44100) + random_bytes)
+    yield "the other rate", lambda path: content(path, header(4000, 16000) + random_bytes)
+    yield "a folder", replace_by_folder
+    yield "a pipe", replace_by_pipe
+    yield "a link elsewhere", lambda path: (os.unlink(path), os.symlink("/etc/passwd", path))
+
+
+def huge_replacements():
+    """More than the arrays of the program hold; each only where it is read as a whole."""
+    if not sanitized():
+        yield "five minutes", lambda path: sparse(path, header(2400000), 44 + 4800000)
+        yield "half an hour", lambda path: sparse(path, header(16777000), 44 + 33554000)
+        yield "an hour", lambda path: sparse(path, header(28800000), 44 + 57600000)
+        yield "three gigabytes", lambda path: sparse(path, header(1600000000), 44 + 3200000000)
+
+
+def replace_by_folder(path):
+    os.unlink(path)
+    os.mkdir(path)
+
+
+def replace_by_pipe(path):
+    os.unlink(path)
+    os.mkfifo(path)
+
+
+def restore(path):
+    """What the program never removes: a folder, and a link that leads out of the home."""
+    if os.path.islink(path):
+        os.unlink(path)
+    elif os.path.isdir(path):
+        shutil.rmtree(path)
+
+
+def journey(verdict, program, source, point, replacement):
+    name, way, file, then = point
+    what, put = replacement
+    case = "%s: %s" % (name, what)
+    with Place(program, source) as place:
+        place.write("home/Murmelo/rec_00007.wav", EARLIER)
+        stop = place.stop()
+        process = place.start(way + stop.command() + "\n" + then)
+        if verdict.check(stop.reached(process), case + ": never came there"):
+            put(place.sound(file))
+            stop.release()
+        outcome = place.finish(process)
+        # A sound of no length is over before a script can see it: then it names another screen. Without a take there
+        # is nothing to save.
+        fine = outcome.kind() in ("done", "message") or (outcome.kind() == "sentence" and (
+            "expected screen" in outcome.complaint or "nothing can be saved" in outcome.complaint))
+        verdict.kinds[outcome.kind()] = verdict.kinds.get(outcome.kind(), 0) + 1
+        verdict.check(fine, "%s: %s" % (case, outcome))
+        restore(place.sound(file))
+        verdict.check(place.read("home/Murmelo/rec_00007.wav") == EARLIER, case + ": an earlier sound is not what it was")
+        # What was saved of a damaged result is a copy of it, and no concern of the next start.
+        later = PLAYED + "save\nuntil Save\nkey middle\n"
+        verdict.outcome(case + ", later", place.run(later), ["done"])
+        left = [entry for entry in os.listdir(place.path("home/Murmelo")) if not entry.startswith("rec_")]
+        verdict.check(left == [], "%s: later left %s" % (case, left))
+
+
+def main(program, source):
+    verdict = Verdict()
+    some = 6 if sanitized() else 1  # then each replacement comes at one point or two
+    for number, point in enumerate(POINTS):
+        for replacement in list(replacements())[number % some::some]:
+            journey(verdict, program, source, point, replacement)
+    for point in (POINTS[0], POINTS[4]):
+        for replacement in huge_replacements():
+            journey(verdict, program, source, point, replacement)
+    verdict.end()
+
+
+if __name__ == "__main__":
+    main(sys.argv[1], sys.argv[2])
