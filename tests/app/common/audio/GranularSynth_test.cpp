@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using audio::Array;
 using audio::Samples;
 
@@ -58,7 +60,7 @@ TEST(GranularSynth, addDstPosMovesARangeInSamplesOrQ10) {
 TEST(GranularSynth, scaledPositionsAreRounded) {
     GranularSynth synth(silence(1000).get(), 1, 100, 100);
     synth.scaleDstPos(0.3335F);
-    EXPECT_EQ(static_cast<int32_t>(3 * 1024 * static_cast<double>(0.3335F) + 0.5),
+    EXPECT_EQ(static_cast<int32_t>(std::lround(3 * 1024 * static_cast<double>(0.3335F))),
               synth.getDstPos(3, true));
     EXPECT_EQ(1, synth.getDstPos(3, false));
 }

@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <limits>
 
 using audio::Samples;
@@ -43,7 +44,7 @@ void expectSameBits(const float* expected, const float* found, int32_t count) {
         if (std::isnan(expected[i])) {
             EXPECT_TRUE(std::isnan(found[i])) << i;
         } else {
-            EXPECT_EQ(0, std::memcmp(&expected[i], &found[i], sizeof(float)))
+            EXPECT_EQ(std::bit_cast<uint32_t>(expected[i]), std::bit_cast<uint32_t>(found[i]))
                 << i << ": " << expected[i] << " and " << found[i];
         }
     }

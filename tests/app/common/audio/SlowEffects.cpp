@@ -76,6 +76,7 @@ Samples granular(const Samples& source, const Grains& grains) {
     const int32_t count = samples / grains.step;
     std::vector<int32_t> stretch(static_cast<size_t>(count), 1024);
     std::vector<int32_t> dstPos;
+    dstPos.reserve(stretch.size());
     if (grains.pitch != 1.0) {
         stretch.assign(stretch.size(), truncated(1024 * grains.pitch + 0.5));
     }

@@ -41,6 +41,6 @@ void decode(int32_t* frame, const float* a, float* ring, int32_t& offset);
 /// The voice with another throat; mode 1 at a constant pitch, mode 2 mirrored.
 Samples robot(const Samples& source, int32_t mode, int32_t seed);
 
-Samples cleanUp(const Samples& source);
+Samples cleanUp(const Samples& recording);
 
 }  // namespace audio::slow
