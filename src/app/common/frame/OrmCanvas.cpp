@@ -1,7 +1,6 @@
 #include "OrmCanvas.h"
 
 #include "AppImage.h"
-#include "Arithmetic.h"
 #include "AudioDev.h"
 #include "Event.h"
 #include "G.h"
@@ -42,11 +41,6 @@ String* keyName(int32_t keyCode) {
     default:
         return nullptr;
     }
-}
-
-/// x in the high half, y in the low half; a negative y reaches into x, and listeners live with it.
-GnoObject* packedPosition(int32_t x, int32_t y) {
-    return wordToPayload(wrapShl(x, 16) | y);
 }
 
 }  // namespace
@@ -130,7 +124,7 @@ void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
 }
 
 void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
-    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
     const int32_t answer = SkBar::update(&release, true);
     if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {
         return;
@@ -190,7 +184,7 @@ void OrmCanvas::pointerReleased(int32_t x, int32_t y) {
     if (!Orm::isPaused()) {
         lastX = kNoPress;
         lastY = kNoPress;
-        Orm::schedEvent(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+        Orm::schedEvent(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
     } else if (showIsSilentPopup) {
         lastX = kNoPress;
         lastY = kNoPress;

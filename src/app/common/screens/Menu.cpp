@@ -183,9 +183,8 @@ bool Menu::isOnMiddleKey(int32_t px, int32_t py) {
 }
 
 int32_t Menu::updateByTouch(Event* event) {
-    const int32_t word = payloadToWord(event->payload);
-    const int32_t px = word >> 16;
-    const int32_t py = word & 0xFFFF;
+    const int32_t px = payloadToX(event->payload);
+    const int32_t py = payloadToY(event->payload);
     if (isOnMiddleKey(px, py)) {
         return getFocusedStrId();
     }

@@ -173,9 +173,8 @@ int32_t SkBar::chooseByKey(Event* event) {
 }
 
 int32_t SkBar::chooseByTouch(Event* event) {
-    const int32_t word = payloadToWord(event->payload);
-    const int32_t x = word >> 16;
-    const int32_t y = word & 0xFFFF;
+    const int32_t x = payloadToX(event->payload);
+    const int32_t y = payloadToY(event->payload);
     const int32_t third = (x2 - x1 + 1) / 3;
 
     const struct {
