@@ -207,9 +207,8 @@ bool GameInterface::answerByKey(HostKey key) {
     if (key != HostKey::kLeftSoft && key != HostKey::kRightSoft) {
         return false;
     }
-    const int32_t third = kWidthPx / 3;
-    const int32_t x = key == HostKey::kLeftSoft ? third / 2 : kWidthPx - third / 2;
-    Orm::canvas->pointerReleased(x, kHeightPx - SkBar::kHeightPx / 2);
+    const auto* softKey = key == HostKey::kLeftSoft ? Orm::EV_ST_KEY_LSK : Orm::EV_ST_KEY_RSK;
+    Orm::canvas->pointerReleased(SkBar::middleXOf(softKey), SkBar::middleY());
     return true;
 }
 

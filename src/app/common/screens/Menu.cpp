@@ -175,17 +175,10 @@ int32_t Menu::rowAt(int32_t px, int32_t py) {
     return row < length(strIds) ? row : -1;
 }
 
-bool Menu::isOnMiddleKey(int32_t px, int32_t py) {
-    const int32_t third = (SkBar::x2 - SkBar::x1 + 1) / 3;
-    const int32_t left = SkBar::x1 + third;
-    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 &&
-           py <= SkBar::y2;
-}
-
 int32_t Menu::updateByTouch(Event* event) {
     const int32_t px = payloadToX(event->payload);
     const int32_t py = payloadToY(event->payload);
-    if (isOnMiddleKey(px, py)) {
+    if (SkBar::strMsk != Res::Null && SkBar::keyAt(px, py) == Orm::EV_ST_KEY_MSK) {
         return getFocusedStrId();
     }
     const int32_t row = rowAt(px, py);
