@@ -11,7 +11,6 @@
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspGraphics.h"
-#include "OspSystem.h"
 #include "PngEncoder.h"
 #include "Save.h"
 #include "SkBar.h"
@@ -76,14 +75,8 @@ void GameInterface::AppPause() {
     Orm::canvas->hideNotify();
 }
 
-bool GameInterface::isSilentMode() {
-    bool silent = false;
-    Osp::System::SettingInfo::GetValue("SilentMode", silent);
-    return silent;
-}
-
 void GameInterface::AppResume() {
-    const bool silent = isSilentMode();
+    const bool silent = OrmCanvas::isPhoneSilent();
     if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
         if (!OrmCanvas::showIsSilentPopup) {
             SkBar::save();

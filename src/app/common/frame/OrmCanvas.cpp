@@ -7,6 +7,7 @@
 #include "GnoGraphics.h"
 #include "Message.h"
 #include "Orm.h"
+#include "OspSystem.h"
 #include "Payload.h"
 #include "Res.h"
 #include "SkBar.h"
@@ -121,6 +122,12 @@ void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
     Orm::flush();
     copyScreenTo(g);
     screen->set(&below);
+}
+
+bool OrmCanvas::isPhoneSilent() {
+    bool silent = false;
+    Osp::System::SettingInfo::GetValue("SilentMode", silent);
+    return silent;
 }
 
 void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {

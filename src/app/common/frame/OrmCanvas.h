@@ -45,6 +45,9 @@ public:
 
     AppImage* getScreen() const { return screen; }
 
+    /// The phone's own setting; false if it cannot be read.
+    static bool isPhoneSilent();
+
     static void static_ctor();
 
     static void static_dtor() {}

@@ -9,7 +9,6 @@
 #include "Message.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
-#include "OspSystem.h"
 #include "PaStretcher.h"
 #include "Quit.h"
 #include "Res.h"
@@ -47,11 +46,7 @@ void Options::showOptions() {
 }
 
 void Options::askAboutSilence() {
-    bool silent = false;
-    if (!OrmCanvas::silentPopupShown) {
-        Osp::System::SettingInfo::GetValue("SilentMode", silent);
-    }
-    if (silent) {
+    if (!OrmCanvas::silentPopupShown && OrmCanvas::isPhoneSilent()) {
         OrmCanvas::showIsSilentPopup = true;
         Orm::setPaused(true);
         SkBar::save();
