@@ -179,7 +179,7 @@ bool GameInterface::isAtRest() {
 }
 
 bool GameInterface::saveSound() {
-    if (!isAtRest() || !FileOps::exists(G::getMrmFolderUri(), G::uriPartWavRecorded)) {
+    if (!isAtRest() || !FileOps::exists(G::takePath())) {
         return false;
     }
     State::setState(G::stateSave, true, true);

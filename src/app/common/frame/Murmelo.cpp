@@ -104,7 +104,7 @@ bool Murmelo::save8KhzWav(const int32_t* samples, String* path) {
 }
 
 int32_t* Murmelo::loadLastRec8Khz() {
-    String path = *G::getMrmFolderUri() + *G::uriPartWavRecorded;
+    String path = G::takePath();
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
         MessageAndQuit::enterOnPicture(

@@ -37,7 +37,7 @@ void Options::showOptions() {
     Menu::init(entries);
     deleteArrFunc(entries);
     Menu::setFocusedStrId(lastFocused);
-    const bool takeExists = FileOps::exists(G::getMrmFolderUri(), G::uriPartWavRecorded);
+    const bool takeExists = FileOps::exists(G::takePath());
     SkBar::setStr(Res::Null, Str::str_SK_SELECT, takeExists ? Str::str_SK_BACK : Str::str_SK_QUIT);
     SkBar::paint(true);
     Menu::paint();

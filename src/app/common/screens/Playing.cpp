@@ -41,7 +41,7 @@ void Playing::paintScene() {
 void Playing::onEnter() {
     paintScene();
     Orm::flush();
-    String result = *G::getMrmFolderUri() + *G::uriPartWavProcessed;
+    String result = G::resultPath();
     if (!FileOps::exists(result)) {
         MessageAndQuit::enter(MessageAndQuit::kFileError);
         return;

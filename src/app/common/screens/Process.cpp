@@ -100,7 +100,7 @@ void Process::finish() {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
-    if (*path == *G::getMrmFolderUri() + *G::uriPartWavProcessed) {
+    if (*path == G::resultPath()) {
         G::setLastPlayedFx(G::getCurrFx());
     }
     deleteArrFunc(samples);

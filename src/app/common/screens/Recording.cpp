@@ -123,9 +123,8 @@ void Recording::finish(bool keepTake) {
 }
 
 void Recording::giveUpTake() {
-    String* folder = G::getMrmFolderUri();
-    if (FileOps::exists(folder, G::uriPartWavRecorded) &&
-        !FileOps::deleteFile(folder, G::uriPartWavRecorded)) {
+    const String take = G::takePath();
+    if (FileOps::exists(take) && !FileOps::deleteFile(take)) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }

@@ -70,7 +70,7 @@ bool Save::copyResult() {
     if (name == nullptr) {
         return false;
     }
-    if (!FileOps::copy(*folder + *G::uriPartWavProcessed, *folder + *name)) {
+    if (!FileOps::copy(G::resultPath(), *folder + *name)) {
         return false;
     }
     savedCount++;

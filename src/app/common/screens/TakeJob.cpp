@@ -24,10 +24,6 @@ namespace {
 constexpr int32_t kTakeRateHz = 16000;
 constexpr int32_t kMostSamples = kTakeRateHz / 1000 * Recording::kTakeMaxMs;
 
-String takePath() {
-    return *G::getMrmFolderUri() + *G::uriPartWavRecorded;
-}
-
 }  // namespace
 
 void TakeJob::enter() {
@@ -38,20 +34,20 @@ void TakeJob::enter() {
     Main::paintBgAndFx();
     SkBar::setStr(Res::Null, Res::Null, Res::Null);
     SkBar::paint(true);
-    Process::enter(samples, G::fxMicPostProc, new String(takePath()), G::statePlay,
+    Process::enter(samples, G::fxMicPostProc, new String(G::takePath()), G::statePlay,
                    G::stateOptions);
 }
 
 void TakeJob::use(const int16_t* samples, int32_t count) {
     G::deleteRecordedAndProcessed();
     G::setLastPlayedFx(-1);
-    if (FileOps::exists(G::getMrmFolderUri(), G::uriPartWavProcessed)) {
+    if (FileOps::exists(G::resultPath())) {
         MessageAndQuit::enterOnPicture(
             MessageAndQuit::kFileError);  // as when a recording finds it in its way
         return;
     }
     if (!write(samples, std::min(count, kMostSamples))) {
-        FileOps::deleteFile(takePath());
+        FileOps::deleteFile(G::takePath());
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
@@ -59,7 +55,7 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
 }
 
 bool TakeJob::write(const int16_t* samples, int32_t count) {
-    FileOutputStream stream(takePath());
+    FileOutputStream stream(G::takePath());
     WavProps props(count, kTakeRateHz);
     signed char* header = props.toByteArray();
     stream.write(header);
