@@ -57,8 +57,7 @@ void Play::onEvent(Event* event) {
 }
 
 void Play::turn(bool left) {
-    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
-    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    dropKeyEvents();
     Orm::unschedule(Orm::EV_T_UPDATE, nullptr);
     Scroller::scroll(left);
     Scroller::startSlide(System::currentTimeMillis());

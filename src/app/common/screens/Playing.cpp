@@ -31,8 +31,7 @@ constexpr int32_t kMarkMs = 7000;
 
 void Playing::paintScene() {
     Main::paintBg();
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Header::set(false, true, false, false);
     Header::paint(false);
     Scroller::paint(false);

@@ -8,7 +8,6 @@
 #include "Orm.h"
 #include "OspBase.h"
 #include "Progress.h"
-#include "Res.h"
 #include "SkBar.h"
 #include "Str.h"
 #include "WavProc.h"
@@ -43,8 +42,7 @@ void Process::enter(int32_t* samples, WavProc* processor, String* path, State* n
 
 void Process::onEnter() {
     Progress::paintInit(Str::str_PLEASE_WAIT);
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Orm::flush();
     schedUpdate();
 }

@@ -29,8 +29,7 @@ void Record::onEnter() {
     Main::paintBgAndFx();
     Message::setText(Str::str_PLEASE_WAIT, G::fntMedium);
     Message::paint();
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Orm::flush();
     if (!Murmelo::checkMemCardRemoved()) {
         return;
@@ -47,8 +46,7 @@ void Record::onEnter() {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kNoAudio);
         return;
     }
-    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
-    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    dropKeyEvents();
     Main::paintBgAndFx();
     Message::setText(Str::str_START_RECORDING, G::fntMedium);
     Message::paint();

@@ -86,6 +86,11 @@ void SkBar::setStr(int32_t lsk, int32_t msk, int32_t rsk) {
     pressed = nullptr;
 }
 
+void SkBar::clear() {
+    setStr(Res::Null, Res::Null, Res::Null);
+    paint(true);
+}
+
 void SkBar::save() {
     if (s_psWndBg != nullptr) {
         return;

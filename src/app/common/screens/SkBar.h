@@ -23,6 +23,9 @@ public:
     /// Three labels (string ids, Res::Null for none); no key is held down any more.
     static void setStr(int32_t lsk, int32_t msk, int32_t rsk);
 
+    /// No label, painted: the screen takes no key for a while.
+    static void clear();
+
     /// Keeps labels and message painters aside, and puts fresh painters in their place: a question
     /// is raised over the screen. Nothing happens if something is kept already.
     static void save();

@@ -10,7 +10,6 @@
 #include "OspBase.h"
 #include "Process.h"
 #include "Recording.h"
-#include "Res.h"
 #include "SkBar.h"
 #include "WavProps.h"
 
@@ -32,8 +31,7 @@ void TakeJob::enter() {
         return;  // the message stands already
     }
     Main::paintBgAndFx();
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Process::enter(samples, G::fxMicPostProc, new String(G::takePath()), G::statePlay,
                    G::stateOptions);
 }
