@@ -27,9 +27,14 @@ using Osp::Graphics::Canvas;
 
 namespace {
 
-constexpr int32_t kWidthPx = 240;
-constexpr int32_t kHeightPx = 320;
-constexpr int32_t kPictureTopPx = 160;  // on the display, where the doubled picture begins
+constexpr int32_t kWidthPx = OrmCanvas::kWidthPx;
+constexpr int32_t kHeightPx = OrmCanvas::kHeightPx;
+constexpr int32_t kFactor = HostFrame::kCanvasFactor;
+constexpr int32_t kTopPx = HostFrame::kCanvasTopPx;
+static_assert(kFactor == 2, "the two shifts below halve");
+static_assert(kFactor * kWidthPx == HostFrame::kWidthPx);
+static_assert(kTopPx + kFactor * kHeightPx == HostFrame::kHeightPx);
+static_assert(kFactor * SkBar::kHeightPx == HostFrame::kSoftKeysHeightPx);
 
 // Deliberate: wider than the display's 480 pixels; the fill covers more than there is, and nothing
 // is left over.
@@ -41,7 +46,7 @@ int32_t canvasX(int32_t displayX) {
 }
 
 int32_t canvasY(int32_t displayY) {
-    return wrapSub(displayY, kPictureTopPx) >> 1;
+    return wrapSub(displayY, kTopPx) >> 1;
 }
 
 }  // namespace
@@ -120,7 +125,7 @@ void GameInterface::AppPaint(Canvas* canvas) {
     Orm::canvas->paint(pGraphics);
     pBitmap->Unlock();
     canvas->FillRectangle(*Murmelo::pBkgColor, {0, 0, kFillWidthPx, kFillHeightPx});
-    canvas->DrawBitmap({0, kPictureTopPx, 2 * kWidthPx, 2 * kHeightPx}, *pBitmap,
+    canvas->DrawBitmap({0, kTopPx, kFactor * kWidthPx, kFactor * kHeightPx}, *pBitmap,
                        {0, 0, kWidthPx, kHeightPx});
 }
 

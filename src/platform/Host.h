@@ -38,6 +38,13 @@ public:
     static constexpr int32_t kWidthPx = 480;
     static constexpr int32_t kHeightPx = 800;
 
+    // The program's canvas lies on it doubled, down to the lower edge; its last rows are the
+    // soft-key bar.
+    static constexpr int32_t kCanvasFactor = 2;
+    static constexpr int32_t kCanvasTopPx = 160;
+    static constexpr int32_t kSoftKeysHeightPx = 64;
+    static constexpr int32_t kSoftKeysTopPx = kHeightPx - kSoftKeysHeightPx;
+
     virtual ~HostFrame() = default;
 
     /// Writes all 480 x 800 pixels as RGB565, rows strideBytes apart (at least 960, a multiple of

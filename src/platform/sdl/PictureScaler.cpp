@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int32_t kDisplayWidth = 480;
-constexpr int32_t kProgramWidth = 240;
+constexpr int32_t kFactor = HostFrame::kCanvasFactor;
+constexpr int32_t kProgramWidth = HostFrame::kWidthPx / kFactor;
 constexpr int32_t kProgramHeight = PictureScaler::kProgramRows;
 
 uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
@@ -22,11 +22,11 @@ uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
 }
 
 uint32_t pixelAt(const uint16_t* row, int32_t programX) {
-    return PictureScaler::toRgb32(row[ptrdiff_t{2} * programX]);
+    return PictureScaler::toRgb32(row[ptrdiff_t{kFactor} * programX]);
 }
 
 const uint16_t* rowAt(const uint16_t* picture, int32_t programY) {
-    return picture + static_cast<ptrdiff_t>(2 * programY) * kDisplayWidth;
+    return picture + static_cast<ptrdiff_t>(kFactor * programY) * HostFrame::kWidthPx;
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 // covers.
 #pragma once
 
+#include "Host.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -29,7 +31,7 @@ struct RowBand {
 
 class PictureScaler {
 public:
-    static constexpr int32_t kProgramRows = 400;
+    static constexpr int32_t kProgramRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
 
     /// Where the picture lies in a window of that size.
     static PicturePlace place(int32_t windowWidth, int32_t windowHeight);
