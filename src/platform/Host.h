@@ -108,6 +108,9 @@ struct HostFolders {
     std::string home;       // "/Home/"
     std::string framework;  // the framework's own files (its default font), read-only
     std::string config;     // settings
+
+    /// Where the program keeps the sounds.
+    std::string sounds() const { return home + "/Murmelo"; }
 };
 
 class Host {

@@ -91,7 +91,7 @@ bool SdlDoors::deliver() {
 }
 
 void SdlDoors::takePicture() {
-    const std::string folder = folders.home + "/Murmelo";
+    const std::string folder = folders.sounds();
     std::error_code error;
     std::filesystem::create_directories(
         folder, error);  // the start makes it, but not before the first language
@@ -110,6 +110,6 @@ void SdlDoors::tellSaved() {
     const int32_t saved = doors != nullptr ? doors->savedCount() : savedBefore;
     if (saved != savedBefore) {
         savedBefore = saved;
-        std::cout << folders.home << "/Murmelo/" << doors->savedName() << std::endl;
+        std::cout << folders.sounds() << "/" << doors->savedName() << std::endl;
     }
 }
