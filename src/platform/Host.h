@@ -45,6 +45,15 @@ public:
     static constexpr int32_t kSoftKeysHeightPx = 64;
     static constexpr int32_t kSoftKeysTopPx = kHeightPx - kSoftKeysHeightPx;
 
+    /// One of its pixels as 0x00RRGGBB, the high bits repeated below so that white is white.
+    static constexpr uint32_t toRgb32(uint16_t rgb565) {
+        const uint32_t red = rgb565 >> 11;
+        const uint32_t green = (rgb565 >> 5) & 0x3F;
+        const uint32_t blue = rgb565 & 0x1F;
+        return ((red << 3 | red >> 2) << 16) | ((green << 2 | green >> 4) << 8) |
+               (blue << 3 | blue >> 2);
+    }
+
     virtual ~HostFrame() = default;
 
     /// Writes all 480 x 800 pixels as RGB565, rows strideBytes apart (at least 960, a multiple of
