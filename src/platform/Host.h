@@ -173,3 +173,8 @@ public:
     /// never does.
     virtual bool fails(const char* /*operation*/) { return false; }
 };
+
+/// Whether the back end in use wants this call of the named platform operation to fail.
+inline bool hostFails(const char* operation) {
+    return Host::current().fails(operation);
+}

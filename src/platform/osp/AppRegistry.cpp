@@ -124,7 +124,7 @@ result AppRegistry::write(const std::string& key, const std::string& value) {
 }
 
 bool AppRegistry::saveFile() const {
-    if (Host::current().fails("AppRegistry.Write")) {
+    if (hostFails("AppRegistry.Write")) {
         return false;
     }
     std::error_code error;
