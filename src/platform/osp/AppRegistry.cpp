@@ -1,6 +1,7 @@
 // The settings file: "key=value" lines, replaced atomically, read tolerantly.
 #include "Host.h"
 #include "OspApp.h"
+#include "ReplacedFile.h"
 
 #include <algorithm>
 #include <cctype>
@@ -8,7 +9,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -18,7 +18,6 @@ namespace {
 
 constexpr const char* kFileName = "settings";
 constexpr const char* kDamagedName = "settings.damaged";
-constexpr const char* kNewName = "settings.new";
 constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
 bool isKey(const std::string& text) {
@@ -127,28 +126,14 @@ bool AppRegistry::saveFile() const {
     if (hostFails("AppRegistry.Write")) {
         return false;
     }
-    std::error_code error;
-    fs::create_directories(folder, error);
-    const std::string newPath = folder + "/" + kNewName;
-    std::FILE* file = std::fopen(newPath.c_str(), "wbe");
-    if (file == nullptr) {
-        return false;
-    }
-    bool written = true;
+    std::string text;
     for (const auto& [key, value] : values) {
-        written = std::fprintf(file, "%s=%s\n", key.c_str(), value.c_str()) > 0 && written;
+        text += key;
+        text += '=';
+        text += value;
+        text += '\n';
     }
-    written = std::fflush(file) == 0 && written;
-    written = ::fsync(::fileno(file)) == 0 && written;
-    written = std::fclose(file) == 0 && written;
-    if (written) {
-        fs::rename(newPath, folder + "/" + kFileName, error);
-        written = !error;
-    }
-    if (!written) {
-        fs::remove(newPath, error);
-    }
-    return written;
+    return ReplacedFile::write(folder + "/" + kFileName, text);
 }
 
 }  // namespace Osp::App

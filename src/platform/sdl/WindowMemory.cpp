@@ -1,8 +1,8 @@
 #include "WindowMemory.h"
 
-#include <filesystem>
+#include "ReplacedFile.h"
+
 #include <fstream>
-#include <system_error>
 
 namespace {
 
@@ -29,16 +29,6 @@ void WindowMemory::write(Size size) const {
     if (path.empty() || !isSensible(size)) {
         return;
     }
-    std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
-    const std::string fresh = path + ".new";
-    std::ofstream file(fresh);
-    file << size.width << " " << size.height << "\n";
-    file.close();
-    if (file) {
-        std::filesystem::rename(fresh, path, error);  // the old size or the new one, never half
-    }
-    if (!file || error) {
-        std::filesystem::remove(fresh, error);
-    }
+    ReplacedFile::write(path,
+                        std::to_string(size.width) + " " + std::to_string(size.height) + "\n");
 }
