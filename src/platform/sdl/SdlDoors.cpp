@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int32_t kRateHz = 16000;
 constexpr int32_t kMostPictures = 100000;
 
 void complain(const std::string& sentence) {
@@ -68,7 +67,7 @@ bool SdlDoors::save() {
 
 bool SdlDoors::dropped(const std::string& path) {
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(path, kRateHz, samples);
+    const std::string wrong = SoundFile::read(path, HostMicrophone::kRateHz, samples);
     if (!wrong.empty()) {
         complain(wrong);
         return false;

@@ -10,17 +10,10 @@
 #include "Progress.h"
 #include "SkBar.h"
 #include "Str.h"
+#include "WavFile.h"
 #include "WavProc.h"
 
 using Osp::Base::String;
-
-namespace {
-
-constexpr int32_t kRateHz = 8000;
-constexpr int32_t kNotBegun = -1;
-constexpr int32_t kDone = 1024;
-
-}  // namespace
 
 Process::Process(int32_t* samples, WavProc* processor, String* path, State* next, State* back)
     : samples(samples)
@@ -71,18 +64,18 @@ void Process::onEvent(Event* event) {
 }
 
 void Process::update() {
-    if (processor->getLastProgress() == kNotBegun) {
-        processor->init(samples, kRateHz);
+    if (processor->getLastProgress() == WavProc::kIdle) {
+        processor->init(samples, WavFile::kRateHz);
         schedUpdate();
         return;
     }
-    if (processor->getLastProgress() >= kDone) {
+    if (processor->getLastProgress() >= WavProc::kFinished) {
         return;
     }
     const int32_t progress = processor->process();
     Progress::paintProgress(progress);
     Progress::flushProgress();
-    if (progress == kDone) {
+    if (progress == WavProc::kFinished) {
         finish();
     } else {
         schedUpdate();

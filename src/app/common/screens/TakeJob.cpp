@@ -11,6 +11,7 @@
 #include "Process.h"
 #include "Recording.h"
 #include "SkBar.h"
+#include "WavFile.h"
 #include "WavProps.h"
 
 #include <algorithm>
@@ -20,8 +21,7 @@ using Osp::Base::String;
 
 namespace {
 
-constexpr int32_t kTakeRateHz = 16000;
-constexpr int32_t kMostSamples = kTakeRateHz / 1000 * Recording::kTakeMaxMs;
+constexpr int32_t kMostSamples = WavFile::kRecordedRateHz / 1000 * Recording::kTakeMaxMs;
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
 
 bool TakeJob::write(const int16_t* samples, int32_t count) {
     FileOutputStream stream(G::takePath());
-    WavProps props(count, kTakeRateHz);
+    WavProps props(count, WavFile::kRecordedRateHz);
     signed char* header = props.toByteArray();
     stream.write(header);
     deleteArrFunc(header);
