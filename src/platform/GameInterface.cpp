@@ -36,6 +36,18 @@ static_assert(kFactor * kWidthPx == HostFrame::kWidthPx);
 static_assert(kTopPx + kFactor * kHeightPx == HostFrame::kHeightPx);
 static_assert(kFactor * SkBar::kHeightPx == HostFrame::kSoftKeysHeightPx);
 
+constexpr bool isCode(HostKey key, int32_t keyCode) {
+    return static_cast<int32_t>(key) == keyCode;
+}
+
+static_assert(isCode(HostKey::kUp, OrmCanvas::kKeyUp));
+static_assert(isCode(HostKey::kDown, OrmCanvas::kKeyDown));
+static_assert(isCode(HostKey::kLeft, OrmCanvas::kKeyLeft));
+static_assert(isCode(HostKey::kRight, OrmCanvas::kKeyRight));
+static_assert(isCode(HostKey::kMiddle, OrmCanvas::kKeyMiddle));
+static_assert(isCode(HostKey::kLeftSoft, OrmCanvas::kKeyLeftSoft));
+static_assert(isCode(HostKey::kRightSoft, OrmCanvas::kKeyRightSoft));
+
 // Deliberate: wider than the display's 480 pixels; the fill covers more than there is, and nothing
 // is left over.
 constexpr int32_t kFillWidthPx = 640;

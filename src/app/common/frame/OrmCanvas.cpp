@@ -25,19 +25,19 @@ constexpr int32_t kGreen = 0x80FF00;  // never seen in normal running
 
 String* keyName(int32_t keyCode) {
     switch (keyCode) {
-    case -1:
+    case OrmCanvas::kKeyUp:
         return Orm::EV_ST_KEY_UP;
-    case -2:
+    case OrmCanvas::kKeyDown:
         return Orm::EV_ST_KEY_DOWN;
-    case -3:
+    case OrmCanvas::kKeyLeft:
         return Orm::EV_ST_KEY_LEFT;
-    case -4:
+    case OrmCanvas::kKeyRight:
         return Orm::EV_ST_KEY_RIGHT;
-    case -5:
+    case OrmCanvas::kKeyMiddle:
         return Orm::EV_ST_KEY_MSK;
-    case -6:
+    case OrmCanvas::kKeyLeftSoft:
         return Orm::EV_ST_KEY_LSK;
-    case -7:
+    case OrmCanvas::kKeyRightSoft:
         return Orm::EV_ST_KEY_RSK;
     default:
         return nullptr;
