@@ -69,7 +69,7 @@ void SkBar::init() {
     margy = 6;
     yOfsSides = 4;
     yOfsCenter = 2;
-    argb = 0xFFFFFFFF;
+    argb = Chrome::kWhite;
     argbPressed = 0x80808080;
     Bounds* bar = Bounds::alloc(static_cast<Bounded*>(G::psSkBg));
     x1 = bar->getLeft();
