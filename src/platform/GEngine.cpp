@@ -2,6 +2,7 @@
 
 #include "AudioDev.h"
 #include "GameInterface.h"
+#include "Host.h"
 #include "Orm.h"
 
 using Osp::App::AppRegistry;
@@ -87,7 +88,7 @@ void GEngine::OnUserEventReceivedN(RequestId /*requestId*/, IList* /*arguments*/
         return;  // the loop ends here; the next foreground starts it again
     }
     if (!terminated) {
-        pCanvas->SetClipBounds({0, 0, 480, 800});
+        pCanvas->SetClipBounds({0, 0, HostFrame::kWidthPx, HostFrame::kHeightPx});
         pGameInterface->AppPaint(pCanvas);
         const result shown = pCanvas->Show();
         Osp::Base::Runtime::Thread::Yield();

@@ -11,7 +11,6 @@
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspGraphics.h"
-#include "OspSystem.h"
 #include "PngEncoder.h"
 #include "Save.h"
 #include "SkBar.h"
@@ -28,9 +27,26 @@ using Osp::Graphics::Canvas;
 
 namespace {
 
-constexpr int32_t kWidthPx = 240;
-constexpr int32_t kHeightPx = 320;
-constexpr int32_t kPictureTopPx = 160;  // on the display, where the doubled picture begins
+constexpr int32_t kWidthPx = OrmCanvas::kWidthPx;
+constexpr int32_t kHeightPx = OrmCanvas::kHeightPx;
+constexpr int32_t kFactor = HostFrame::kCanvasFactor;
+constexpr int32_t kTopPx = HostFrame::kCanvasTopPx;
+static_assert(kFactor == 2, "the two shifts below halve");
+static_assert(kFactor * kWidthPx == HostFrame::kWidthPx);
+static_assert(kTopPx + kFactor * kHeightPx == HostFrame::kHeightPx);
+static_assert(kFactor * SkBar::kHeightPx == HostFrame::kSoftKeysHeightPx);
+
+constexpr bool isCode(HostKey key, int32_t keyCode) {
+    return static_cast<int32_t>(key) == keyCode;
+}
+
+static_assert(isCode(HostKey::kUp, OrmCanvas::kKeyUp));
+static_assert(isCode(HostKey::kDown, OrmCanvas::kKeyDown));
+static_assert(isCode(HostKey::kLeft, OrmCanvas::kKeyLeft));
+static_assert(isCode(HostKey::kRight, OrmCanvas::kKeyRight));
+static_assert(isCode(HostKey::kMiddle, OrmCanvas::kKeyMiddle));
+static_assert(isCode(HostKey::kLeftSoft, OrmCanvas::kKeyLeftSoft));
+static_assert(isCode(HostKey::kRightSoft, OrmCanvas::kKeyRightSoft));
 
 // Deliberate: wider than the display's 480 pixels; the fill covers more than there is, and nothing
 // is left over.
@@ -42,7 +58,7 @@ int32_t canvasX(int32_t displayX) {
 }
 
 int32_t canvasY(int32_t displayY) {
-    return wrapSub(displayY, kPictureTopPx) >> 1;
+    return wrapSub(displayY, kTopPx) >> 1;
 }
 
 }  // namespace
@@ -76,14 +92,8 @@ void GameInterface::AppPause() {
     Orm::canvas->hideNotify();
 }
 
-bool GameInterface::isSilentMode() {
-    bool silent = false;
-    Osp::System::SettingInfo::GetValue("SilentMode", silent);
-    return silent;
-}
-
 void GameInterface::AppResume() {
-    const bool silent = isSilentMode();
+    const bool silent = OrmCanvas::isPhoneSilent();
     if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
         if (!OrmCanvas::showIsSilentPopup) {
             SkBar::save();
@@ -127,7 +137,7 @@ void GameInterface::AppPaint(Canvas* canvas) {
     Orm::canvas->paint(pGraphics);
     pBitmap->Unlock();
     canvas->FillRectangle(*Murmelo::pBkgColor, {0, 0, kFillWidthPx, kFillHeightPx});
-    canvas->DrawBitmap({0, kPictureTopPx, 2 * kWidthPx, 2 * kHeightPx}, *pBitmap,
+    canvas->DrawBitmap({0, kTopPx, kFactor * kWidthPx, kFactor * kHeightPx}, *pBitmap,
                        {0, 0, kWidthPx, kHeightPx});
 }
 
@@ -186,7 +196,7 @@ bool GameInterface::isAtRest() {
 }
 
 bool GameInterface::saveSound() {
-    if (!isAtRest() || !FileOps::exists(G::getMrmFolderUri(), G::uriPartWavRecorded)) {
+    if (!isAtRest() || !FileOps::exists(G::takePath())) {
         return false;
     }
     State::setState(G::stateSave, true, true);
@@ -207,9 +217,8 @@ bool GameInterface::answerByKey(HostKey key) {
     if (key != HostKey::kLeftSoft && key != HostKey::kRightSoft) {
         return false;
     }
-    const int32_t third = kWidthPx / 3;
-    const int32_t x = key == HostKey::kLeftSoft ? third / 2 : kWidthPx - third / 2;
-    Orm::canvas->pointerReleased(x, kHeightPx - SkBar::kHeightPx / 2);
+    const auto* softKey = key == HostKey::kLeftSoft ? Orm::EV_ST_KEY_LSK : Orm::EV_ST_KEY_RSK;
+    Orm::canvas->pointerReleased(SkBar::middleXOf(softKey), SkBar::middleY());
     return true;
 }
 

@@ -57,8 +57,6 @@ private:
     /// Whether the screen is one from which the doors may lead elsewhere.
     static bool isAtRest();
 
-    static bool isSilentMode();
-
     Murmelo* pMidlet;                // owned
     CanvasGraphics* pGraphics;       // owned
     Osp::Graphics::Bitmap* pBitmap;  // owned

@@ -38,6 +38,22 @@ public:
     static constexpr int32_t kWidthPx = 480;
     static constexpr int32_t kHeightPx = 800;
 
+    // The program's canvas lies on it doubled, down to the lower edge; its last rows are the
+    // soft-key bar.
+    static constexpr int32_t kCanvasFactor = 2;
+    static constexpr int32_t kCanvasTopPx = 160;
+    static constexpr int32_t kSoftKeysHeightPx = 64;
+    static constexpr int32_t kSoftKeysTopPx = kHeightPx - kSoftKeysHeightPx;
+
+    /// One of its pixels as 0x00RRGGBB, the high bits repeated below so that white is white.
+    static constexpr uint32_t toRgb32(uint16_t rgb565) {
+        const uint32_t red = rgb565 >> 11;
+        const uint32_t green = (rgb565 >> 5) & 0x3F;
+        const uint32_t blue = rgb565 & 0x1F;
+        return ((red << 3 | red >> 2) << 16) | ((green << 2 | green >> 4) << 8) |
+               (blue << 3 | blue >> 2);
+    }
+
     virtual ~HostFrame() = default;
 
     /// Writes all 480 x 800 pixels as RGB565, rows strideBytes apart (at least 960, a multiple of
@@ -101,6 +117,9 @@ struct HostFolders {
     std::string home;       // "/Home/"
     std::string framework;  // the framework's own files (its default font), read-only
     std::string config;     // settings
+
+    /// Where the program keeps the sounds.
+    std::string sounds() const { return home + "/Murmelo"; }
 };
 
 class Host {
@@ -154,3 +173,8 @@ public:
     /// never does.
     virtual bool fails(const char* /*operation*/) { return false; }
 };
+
+/// Whether the back end in use wants this call of the named platform operation to fail.
+inline bool hostFails(const char* operation) {
+    return Host::current().fails(operation);
+}

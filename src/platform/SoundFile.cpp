@@ -10,7 +10,8 @@ namespace {
 
 constexpr int32_t kMostChannels = 8;
 constexpr int32_t kMostRateHz = 384000;
-constexpr int64_t kMostSeconds = 600;  // of a voice file; what comes later is not read
+constexpr int32_t kMostTimesSlower = 256;  // than the wanted rate: the converter takes no more
+constexpr int64_t kMostSeconds = 600;      // of a voice file; what comes later is not read
 constexpr float kFullScale = 32768.0F;
 
 using OpenFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
@@ -78,9 +79,14 @@ SoundFile::read(const std::string& path, int32_t rateHz, std::vector<int16_t>& s
     if (file == nullptr) {
         return "the sound \"" + path + "\" cannot be read: " + sf_strerror(nullptr);
     }
-    if (info.channels < 1 || info.channels > kMostChannels || info.samplerate < 1 ||
-        info.samplerate > kMostRateHz || src_is_valid_ratio(1.0 * rateHz / info.samplerate) == 0) {
-        return "the sound \"" + path + "\" has a rate or channels beyond use";
+    const int32_t leastRateHz = (rateHz + kMostTimesSlower - 1) / kMostTimesSlower;
+    if (info.channels < 1 || info.channels > kMostChannels || info.samplerate < leastRateHz ||
+        info.samplerate > kMostRateHz) {
+        return "the sound \"" + path + "\" has " + std::to_string(info.channels) +
+               (info.channels == 1 ? " channel at " : " channels at ") +
+               std::to_string(info.samplerate) + " Hz; at most " + std::to_string(kMostChannels) +
+               " channels at " + std::to_string(leastRateHz) + " to " +
+               std::to_string(kMostRateHz) + " Hz can be used";
     }
     samples = toInt16(atRate(readMono(file.get(), info), info.samplerate, rateHz));
     return "";

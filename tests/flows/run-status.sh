@@ -48,7 +48,10 @@ script-mistakes)
     line 2 '"tap" wants more' 'tap 3'
     line 2 '"x" is not a number' 'tap 3 x'
     line 2 '"9" is too much' 'tap 3 4 9'
-    line 2 '"key" wants left or middle or right' 'key up'
+    line 2 '"key" wants left, middle or right' 'key up'
+    line 2 '"expect" wants screen, file, no file, effect or ended' 'expect'
+    line 2 'there is no screen "Menu", only FirstLang, ' 'until Menu'
+    line 2 'there is no operation "Write", only AppRegistry.Write, ' 'fail Write 1'
     expect 2 'the script "none" cannot be read' $(run) none
     head -c 4096 /dev/urandom | tr -d '#\n' | sed 's/^/x/' >noise
     expect 2 'line 1: there is no command' $(run) noise

@@ -86,11 +86,15 @@ TEST(SoundFile, aHeaderThatPromisesTooMuchIsReadAsFarAsTheFileGoes) {
     EXPECT_EQ((Samples{1, 2}), read);
 }
 
-TEST(SoundFile, aRateBeyondUseIsRefused) {
+TEST(SoundFile, theSlowestRateIsReadAndTheNextSlowerOneRefusedByName) {
     const TestFolders folders;
-    folders.write("voice.wav", TestSounds::wav({1, 2, 3, 4}, 10));
+    folders.write("voice.wav", TestSounds::wav({1, 2, 3, 4}, 62));
     Samples read;
-    EXPECT_NE("", SoundFile::read(folders.path("voice.wav"), 16000, read));
+    EXPECT_EQ("the sound \"" + folders.path("voice.wav") +
+                  "\" has 1 channel at 62 Hz; at most 8 channels at 63 to 384000 Hz can be used",
+              SoundFile::read(folders.path("voice.wav"), 16000, read));
+    folders.write("voice.wav", TestSounds::wav({1, 2, 3, 4}, 63));
+    EXPECT_EQ("", SoundFile::read(folders.path("voice.wav"), 16000, read));
 }
 
 TEST(SoundFile, writesThePlainForm) {

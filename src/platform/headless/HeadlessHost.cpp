@@ -314,7 +314,7 @@ void HeadlessHost::useSoundFile(const ScriptCommand& command) {
 }
 
 std::string HeadlessHost::soundPath(const std::string& name) const {
-    return mapped.home + "/Murmelo/" + name;
+    return mapped.sounds() + "/" + name;
 }
 
 bool HeadlessHost::soundFileExists(const std::string& name) const {

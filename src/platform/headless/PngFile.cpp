@@ -1,5 +1,7 @@
 #include "PngFile.h"
 
+#include "Host.h"
+
 #include <png.h>
 #include <vector>
 
@@ -10,13 +12,10 @@ bool PngFile::writeRgb565(const std::string& path,
     std::vector<uint8_t> rgb;
     rgb.reserve(static_cast<size_t>(width) * static_cast<size_t>(height) * 3);
     for (int64_t i = 0; i < int64_t{width} * height; i++) {
-        const uint32_t pixel = pixels[i];
-        const uint32_t red = pixel >> 11;
-        const uint32_t green = (pixel >> 5) & 0x3F;
-        const uint32_t blue = pixel & 0x1F;
-        rgb.push_back(static_cast<uint8_t>(red << 3 | red >> 2));
-        rgb.push_back(static_cast<uint8_t>(green << 2 | green >> 4));
-        rgb.push_back(static_cast<uint8_t>(blue << 3 | blue >> 2));
+        const uint32_t pixel = HostFrame::toRgb32(pixels[i]);
+        rgb.push_back(static_cast<uint8_t>(pixel >> 16));
+        rgb.push_back(static_cast<uint8_t>(pixel >> 8));
+        rgb.push_back(static_cast<uint8_t>(pixel));
     }
     png_image image{};
     image.version = PNG_IMAGE_VERSION;

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
-#include <set>
 #include <sstream>
 #include <system_error>
 
 namespace {
 
-/// What follows a verb: a word (w), one of the given words (o), numbers (n), a number that may be
-/// left out (?).
+/// What follows a verb: a word (w), one of the given words (o), a screen (s), an operation of the
+/// platform (p), numbers (n), a number that may be left out (?).
 struct Form {
     const char* name;  // one or more words
     ScriptVerb verb;
@@ -28,7 +27,7 @@ const std::vector<Form>& forms() {
         {"navigate", ScriptVerb::kNavigate, "o", {"up", "down", "left", "right", "middle"}},
         {"wait", ScriptVerb::kWait, "n", {}},
         {"still", ScriptVerb::kStill, "n", {}},
-        {"until", ScriptVerb::kUntil, "w?", {}},
+        {"until", ScriptVerb::kUntil, "s?", {}},
         {"mic", ScriptVerb::kMic, "w", {}},
         {"speaker", ScriptVerb::kSpeaker, "w", {}},
         {"silent", ScriptVerb::kSilent, "o", {"on", "off"}},
@@ -37,14 +36,14 @@ const std::vector<Form>& forms() {
         {"foreground", ScriptVerb::kForeground, "", {}},
         {"screen", ScriptVerb::kScreen, "o", {"on", "off"}},
         {"volume", ScriptVerb::kVolume, "o", {"up", "down"}},
-        {"fail", ScriptVerb::kFail, "wn", {}},
+        {"fail", ScriptVerb::kFail, "pn", {}},
         {"shot", ScriptVerb::kShot, "w", {}},
         {"shot-canvas", ScriptVerb::kShotCanvas, "w", {}},
-        {"watch", ScriptVerb::kWatch, "ww", {}},
+        {"watch", ScriptVerb::kWatch, "sw", {}},
         {"save", ScriptVerb::kSave, "", {}},
         {"take", ScriptVerb::kTake, "w", {}},
         {"remove", ScriptVerb::kRemove, "w", {}},
-        {"expect screen", ScriptVerb::kExpectScreen, "w", {}},
+        {"expect screen", ScriptVerb::kExpectScreen, "s", {}},
         {"expect file", ScriptVerb::kExpectFile, "w", {}},
         {"expect no file", ScriptVerb::kExpectNoFile, "w", {}},
         {"expect effect", ScriptVerb::kExpectEffect, "n", {}},
@@ -88,9 +87,17 @@ bool isNumber(const std::string& word, int64_t& number) {
            number <= INT32_MAX;
 }
 
+const std::vector<std::string>& screens() {
+    static const std::vector<std::string> kScreens = {
+        "FirstLang", "Splash", "Options", "Record", "Recording",
+        "Process",   "Play",   "Playing", "Save",   "MessageAndQuit",
+    };
+    return kScreens;
+}
+
 /// Every operation of the platform that can be told to fail.
-bool isOperation(const std::string& word) {
-    static const std::set<std::string> kOperations = {
+const std::vector<std::string>& operations() {
+    static const std::vector<std::string> kOperations = {
         "AppRegistry.Write", "AudioIn.AddBuffer",   "AudioIn.Construct",    "AudioIn.Prepare",
         "AudioIn.Reset",     "AudioIn.Start",       "AudioIn.Stop",         "AudioIn.Unprepare",
         "Canvas.Show",       "Directory.Construct", "Directory.Create",     "Directory.Read",
@@ -99,15 +106,12 @@ bool isOperation(const std::string& word) {
         "Player.Construct",  "Player.OpenFile",     "Player.Pause",         "Player.Play",
         "Player.SetVolume",  "Player.Stop",         "RuntimeInfo.GetValue", "SettingInfo.GetValue",
     };
-    return kOperations.count(word) != 0;
+    return kOperations;
 }
 
 /// Empty, or what is wrong with arguments that have the right form.
 std::string checkValues(const ScriptCommand& command) {
     if (command.verb == ScriptVerb::kFail) {
-        if (!isOperation(command.text)) {
-            return "there is no operation \"" + command.text + "\"";
-        }
         return command.numbers[0] < 1 ? "the calls of an operation count from 1" : "";
     }
     const bool waits = command.verb == ScriptVerb::kWait || command.verb == ScriptVerb::kStill ||
@@ -116,12 +120,41 @@ std::string checkValues(const ScriptCommand& command) {
                                                                        : "";
 }
 
+/// "a, b or c".
 std::string joined(const std::vector<std::string>& words) {
     std::string text;
-    for (const std::string& word : words) {
-        text += text.empty() ? word : " or " + word;
+    for (size_t i = 0; i < words.size(); i++) {
+        text += i == 0 ? "" : (i + 1 == words.size() ? " or " : ", ");
+        text += words[i];
     }
     return text;
+}
+
+/// Empty, or that the word is none of those that may stand there.
+std::string checkWord(char kind, const Form& form, const std::string& word) {
+    const std::vector<std::string>& choices =
+        kind == 's' ? screens() : (kind == 'p' ? operations() : form.choices);
+    if (kind == 'w' || std::find(choices.begin(), choices.end(), word) != choices.end()) {
+        return "";
+    }
+    if (kind == 'o') {
+        return std::string("\"") + form.name + "\" wants " + joined(choices);
+    }
+    return std::string("there is no ") + (kind == 's' ? "screen" : "operation") + " \"" + word +
+           "\", only " + joined(choices);
+}
+
+/// What is wrong with a line that begins with no form's name.
+std::string noForm(const std::string& firstWord) {
+    std::vector<std::string> choices;
+    for (const Form& form : forms()) {
+        const std::string name = form.name;
+        if (name.substr(0, firstWord.size() + 1) == firstWord + " ") {
+            choices.push_back(name.substr(firstWord.size() + 1));
+        }
+    }
+    return choices.empty() ? "there is no command \"" + firstWord + "\""
+                           : "\"" + firstWord + "\" wants " + joined(choices);
 }
 
 /// Empty, or what is wrong with the arguments that stand from words[at] on.
@@ -138,13 +171,12 @@ std::string readArguments(const Form& form,
         }
         const std::string& word = words[at++];
         int64_t number = 0;
-        if (*kind == 'w') {
-            (kind == form.arguments ? command.text : command.second) = word;
-        } else if (*kind == 'o') {
-            if (std::find(form.choices.begin(), form.choices.end(), word) == form.choices.end()) {
-                return std::string("\"") + form.name + "\" wants " + joined(form.choices);
+        if (*kind != 'n' && *kind != '?') {
+            const std::string wrong = checkWord(*kind, form, word);
+            if (!wrong.empty()) {
+                return wrong;
             }
-            command.text = word;
+            (kind == form.arguments ? command.text : command.second) = word;
         } else if (isNumber(word, number)) {
             command.numbers.push_back(number);
         } else {
@@ -168,7 +200,7 @@ std::string Script::parse(const std::string& text, std::vector<ScriptCommand>& c
         size_t nameWords = 0;
         const Form* form = formOf(words, nameWords);
         if (form == nullptr) {
-            return where + "there is no command \"" + words[0] + "\"";
+            return where + noForm(words[0]);
         }
         ScriptCommand command;
         command.verb = form->verb;

@@ -7,10 +7,11 @@ using Touch = HostListener::Touch;
 
 namespace {
 
-constexpr int32_t kPictureTopPx = 160;
-constexpr int32_t kSoftKeyRow = 304;  // middle of the bar, in canvas pixels
-constexpr int32_t kThirdPx = 80;      // width of a soft key
-constexpr int32_t kSwipeStepPx = 20;
+constexpr int32_t kSoftKeysMiddleY = HostFrame::kSoftKeysTopPx + HostFrame::kSoftKeysHeightPx / 2;
+constexpr int32_t kThirdPx = HostFrame::kWidthPx / 3;  // width of a soft key
+constexpr int32_t kMiddleX = HostFrame::kWidthPx / 2;
+constexpr int32_t kMiddleY = (HostFrame::kCanvasTopPx + HostFrame::kHeightPx) / 2;
+constexpr int32_t kSwipeStepPx = 20 * HostFrame::kCanvasFactor;
 constexpr int32_t kSwipeSteps = 6;
 
 class Finger {
@@ -29,14 +30,10 @@ public:
         touch(Touch::kRelease, x, y);
     }
 
-    void softKey(int32_t third) {
-        tap(2 * (third * kThirdPx + kThirdPx / 2), 2 * kSoftKeyRow + kPictureTopPx);
-    }
+    void softKey(int32_t third) { tap(third * kThirdPx + kThirdPx / 2, kSoftKeysMiddleY); }
 
     void swipe(bool left) {
-        constexpr int32_t kMiddleX = 240;
-        constexpr int32_t kMiddleY = 480;
-        const int32_t step = left ? -2 * kSwipeStepPx : 2 * kSwipeStepPx;
+        const int32_t step = left ? -kSwipeStepPx : kSwipeStepPx;
         int32_t x = kMiddleX - step * kSwipeSteps / 2;
         touch(Touch::kPress, x, kMiddleY);
         for (int32_t i = 0; i < kSwipeSteps; i++) {

@@ -44,7 +44,8 @@ int main(int argc, char** argv) {
     options.add_option("--home", home, "Folder of the user's sounds")->type_name("DIR");
     options.add_option("--config", config, "Folder of the settings")->type_name("DIR");
     options.add_option("--clock-start", clockStartMs, "Where the clock begins")->type_name("MS");
-    options.add_flag("--silent", silent, "The phone is in silent mode");
+    options.add_flag("--silent", silent,
+                     "The phone is in silent mode and asks before anything is played");
     options.add_option("script", scriptPath, "The script; - is standard input")->required();
     try {
         options.parse(argc, argv);

@@ -1,6 +1,7 @@
 // The settings file: "key=value" lines, replaced atomically, read tolerantly.
 #include "Host.h"
 #include "OspApp.h"
+#include "ReplacedFile.h"
 
 #include <algorithm>
 #include <cctype>
@@ -8,9 +9,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -20,8 +19,6 @@ namespace {
 
 constexpr const char* kFileName = "settings";
 constexpr const char* kDamagedName = "settings.damaged";
-constexpr const char* kNewName = "settings.new";
-constexpr mode_t kNewFileMode = 0666;                    // less what the user's mask takes away
 constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
 bool isKey(const std::string& text) {
@@ -69,14 +66,6 @@ std::FILE* openToRead(const std::string& path) {
                        ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)
                        : -1;
     return fd >= 0 ? ::fdopen(fd, "rb") : nullptr;
-}
-
-/// A file of its own, whatever lay there. Null where none can be made.
-std::FILE* openNew(const std::string& path) {
-    std::error_code error;
-    fs::remove(path, error);
-    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
-    return fd >= 0 ? ::fdopen(fd, "wb") : nullptr;
 }
 
 /// False if the file exists but cannot be taken.
@@ -144,31 +133,17 @@ result AppRegistry::write(const std::string& key, const std::string& value) {
 }
 
 bool AppRegistry::saveFile() const {
-    if (Host::current().fails("AppRegistry.Write")) {
+    if (hostFails("AppRegistry.Write")) {
         return false;
     }
-    std::error_code error;
-    fs::create_directories(folder, error);
-    const std::string newPath = folder + "/" + kNewName;
-    std::FILE* file = openNew(newPath);
-    if (file == nullptr) {
-        return false;
-    }
-    bool written = true;
+    std::string text;
     for (const auto& [key, value] : values) {
-        written = std::fprintf(file, "%s=%s\n", key.c_str(), value.c_str()) > 0 && written;
+        text += key;
+        text += '=';
+        text += value;
+        text += '\n';
     }
-    written = std::fflush(file) == 0 && written;
-    written = ::fsync(::fileno(file)) == 0 && written;
-    written = std::fclose(file) == 0 && written;
-    if (written) {
-        fs::rename(newPath, folder + "/" + kFileName, error);
-        written = !error;
-    }
-    if (!written) {
-        fs::remove(newPath, error);
-    }
-    return written;
+    return ReplacedFile::write(folder + "/" + kFileName, text);
 }
 
 }  // namespace Osp::App

@@ -12,10 +12,6 @@ namespace {
 
 constexpr int32_t kSampleBytes = 2;
 
-bool hostFails(const char* operation) {
-    return Host::current().fails(operation);
-}
-
 HostMicrophone* microphone() {
     return Host::current().microphone();
 }

@@ -49,8 +49,6 @@ public:
 
     bool operator!=(const String& other) const { return text != other.text; }
 
-    bool Equals(const String& other) const { return text == other.text; }
-
     /// Whether other stands in this text at the given position.
     bool StartsWith(const String& other, int32_t from) const;
     bool EndsWith(const String& other) const;

@@ -103,7 +103,7 @@ Canvas::DrawBitmap(const Rectangle& destination, const Bitmap& bitmap, const Rec
 }
 
 result Canvas::Show() {
-    if (Host::current().fails("Canvas.Show")) {
+    if (hostFails("Canvas.Show")) {
         return E_FAILURE;
     }
     Host::current().frameShown(this);

@@ -39,10 +39,6 @@ constexpr std::array<Mode, 6> kModes = {{
     {"w+b", O_RDWR | O_CREAT | O_TRUNC},
 }};
 
-bool hostFails(const char* operation) {
-    return Host::current().fails(operation);
-}
-
 /// Closes a file descriptor when it goes out of sight.
 class Descriptor {
 public:

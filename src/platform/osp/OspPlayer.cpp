@@ -21,10 +21,6 @@ constexpr int32_t kMostDataBytes = 1 << 26;  // half an hour at the microphone's
 
 using Header = std::array<unsigned char, kHeaderBytes>;
 
-bool hostFails(const char* operation) {
-    return Host::current().fails(operation);
-}
-
 HostSpeaker* speaker() {
     return Host::current().speaker();
 }

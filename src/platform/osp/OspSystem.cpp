@@ -26,7 +26,7 @@ result SystemTime::GetTicks(int64_t& ticksMs) {
 }
 
 result SettingInfo::GetValue(const String& key, bool& value) {
-    if (key != String("SilentMode") || Host::current().fails("SettingInfo.GetValue")) {
+    if (key != String("SilentMode") || hostFails("SettingInfo.GetValue")) {
         return E_FAILURE;
     }
     value = Host::current().isSilent();
@@ -40,7 +40,7 @@ result RuntimeInfo::GetValue(const String& key, int64_t& value) {
     } else if (key == String("AvailableExternalStorage")) {
         bytes = Host::current().freeCardBytes();
     }
-    if (bytes < 0 || Host::current().fails("RuntimeInfo.GetValue")) {
+    if (bytes < 0 || hostFails("RuntimeInfo.GetValue")) {
         return E_FAILURE;
     }
     value = std::min(bytes, kMostBytesReported);

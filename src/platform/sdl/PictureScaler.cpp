@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int32_t kDisplayWidth = 480;
-constexpr int32_t kProgramWidth = 240;
+constexpr int32_t kFactor = HostFrame::kCanvasFactor;
+constexpr int32_t kProgramWidth = HostFrame::kWidthPx / kFactor;
 constexpr int32_t kProgramHeight = PictureScaler::kProgramRows;
 
 uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
@@ -22,11 +22,11 @@ uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
 }
 
 uint32_t pixelAt(const uint16_t* row, int32_t programX) {
-    return PictureScaler::toRgb32(row[ptrdiff_t{2} * programX]);
+    return HostFrame::toRgb32(row[ptrdiff_t{kFactor} * programX]);
 }
 
 const uint16_t* rowAt(const uint16_t* picture, int32_t programY) {
-    return picture + static_cast<ptrdiff_t>(2 * programY) * kDisplayWidth;
+    return picture + static_cast<ptrdiff_t>(kFactor * programY) * HostFrame::kWidthPx;
 }
 
 }  // namespace
@@ -47,14 +47,6 @@ PicturePlace PictureScaler::place(int32_t windowWidth, int32_t windowHeight) {
     place.x = (windowWidth - place.width) / 2;
     place.y = (windowHeight - place.height) / 2;
     return place;
-}
-
-uint32_t PictureScaler::toRgb32(uint16_t rgb565) {
-    const uint32_t red = rgb565 >> 11;
-    const uint32_t green = (rgb565 >> 5) & 0x3F;
-    const uint32_t blue = rgb565 & 0x1F;
-    return ((red << 3 | red >> 2) << 16) | ((green << 2 | green >> 4) << 8) |
-           (blue << 3 | blue >> 2);
 }
 
 std::vector<PictureScaler::Cover> PictureScaler::covers(int32_t windowPixels,

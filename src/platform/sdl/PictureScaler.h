@@ -6,6 +6,8 @@
 // covers.
 #pragma once
 
+#include "Host.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -29,13 +31,10 @@ struct RowBand {
 
 class PictureScaler {
 public:
-    static constexpr int32_t kProgramRows = 400;
+    static constexpr int32_t kProgramRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
 
     /// Where the picture lies in a window of that size.
     static PicturePlace place(int32_t windowWidth, int32_t windowHeight);
-
-    /// 0x00RRGGBB, the high bits repeated below so that white is white.
-    static uint32_t toRgb32(uint16_t rgb565);
 
     /// Draws the picture (rows of 480 without padding), with black around it.
     /// @param target        windowWidth x windowHeight pixels 0x00RRGGBB

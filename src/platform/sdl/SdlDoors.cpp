@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int32_t kRateHz = 16000;
 constexpr int32_t kMostPictures = 100000;
 
 void complain(const std::string& sentence) {
@@ -68,7 +67,7 @@ bool SdlDoors::save() {
 
 bool SdlDoors::dropped(const std::string& path) {
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(path, kRateHz, samples);
+    const std::string wrong = SoundFile::read(path, HostMicrophone::kRateHz, samples);
     if (!wrong.empty()) {
         complain(wrong);
         return false;
@@ -91,7 +90,7 @@ bool SdlDoors::deliver() {
 }
 
 void SdlDoors::takePicture() {
-    const std::string folder = folders.home + "/Murmelo";
+    const std::string folder = folders.sounds();
     std::error_code error;
     std::filesystem::create_directories(
         folder, error);  // the start makes it, but not before the first language
@@ -110,6 +109,6 @@ void SdlDoors::tellSaved() {
     const int32_t saved = doors != nullptr ? doors->savedCount() : savedBefore;
     if (saved != savedBefore) {
         savedBefore = saved;
-        std::cout << folders.home << "/Murmelo/" << doors->savedName() << std::endl;
+        std::cout << folders.sounds() << "/" << doors->savedName() << std::endl;
     }
 }

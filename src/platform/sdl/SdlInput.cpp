@@ -9,7 +9,6 @@ using Touch = HostListener::Touch;
 namespace {
 
 constexpr uint32_t kDoubleTapMs = 500;
-constexpr int32_t kSoftKeysTopPx = 736;  // the soft-key bar lies from here to the lower edge
 
 bool isOnDisplay(int32_t x, int32_t y) {
     return x >= 0 && x < HostFrame::kWidthPx && y >= 0 && y < HostFrame::kHeightPx;
@@ -87,7 +86,7 @@ bool SdlInput::mousePressed(const SDL_MouseButtonEvent& button, HostListener& li
     places.fromMouse(button.x, button.y, x, y);
     // A job that took the phone seconds is done within a double click: its second half would press
     // a key of the next screen, that nobody has seen yet.
-    const bool secondOfDouble = button.clicks > 1 && y >= kSoftKeysTopPx;
+    const bool secondOfDouble = button.clicks > 1 && y >= HostFrame::kSoftKeysTopPx;
     return button.button == SDL_BUTTON_LEFT && !secondOfDouble &&
            pressed(Pointer::kMouse, button.which, x, y, listener);
 }
@@ -99,7 +98,7 @@ bool SdlInput::fingerMoved(const SDL_Event& event, HostListener& listener) {
     places.fromShares(finger.x, finger.y, x, y);
     switch (event.type) {
     case SDL_FINGERDOWN: {
-        const bool onBar = y >= kSoftKeysTopPx;
+        const bool onBar = y >= HostFrame::kSoftKeysTopPx;
         const bool secondOfDouble =
             onBar && lastBarTapMs != kNoTap && finger.timestamp - lastBarTapMs < kDoubleTapMs;
         if (secondOfDouble || !pressed(Pointer::kFinger, finger.fingerId, x, y, listener)) {

@@ -1,5 +1,7 @@
 #include "WindowMemory.h"
 
+#include "ReplacedFile.h"
+
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -19,6 +21,10 @@ WindowMemory::WindowMemory(const std::string& folder)
     : path(folder.empty() ? "" : folder + "/window") {}
 
 WindowMemory::Size WindowMemory::read() const {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        return {};  // a pipe would wait for its other end
+    }
     std::ifstream file(path);
     Size size;
     file >> size.width >> size.height;
@@ -29,16 +35,6 @@ void WindowMemory::write(Size size) const {
     if (path.empty() || !isSensible(size)) {
         return;
     }
-    std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
-    const std::string fresh = path + ".new";
-    std::ofstream file(fresh);
-    file << size.width << " " << size.height << "\n";
-    file.close();
-    if (file) {
-        std::filesystem::rename(fresh, path, error);  // the old size or the new one, never half
-    }
-    if (!file || error) {
-        std::filesystem::remove(fresh, error);
-    }
+    ReplacedFile::write(path,
+                        std::to_string(size.width) + " " + std::to_string(size.height) + "\n");
 }

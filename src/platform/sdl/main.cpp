@@ -89,7 +89,8 @@ int main(int argc, char** argv) {
         ->type_name("NAME|FILE.wav");
     parser.add_option("--speaker", options.speaker, "A device")->type_name("NAME");
     parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
-    parser.add_flag("--silent", options.silent, "As a phone in silent mode");
+    parser.add_flag("--silent", options.silent,
+                    "Ask before anything is played, as a phone in silent mode does");
     parser.add_option("FILE", take, "A sound file to begin with: it becomes the take");
     try {
         parser.parse(argc, argv);

@@ -40,8 +40,25 @@ TEST(Script, namesTheLineOfAMistake) {
     EXPECT_EQ("line 1: \"tap\" wants more", mistakeIn("tap 5"));
     EXPECT_EQ("line 1: \"6\" is too much", mistakeIn("wait 5 6"));
     EXPECT_EQ("line 1: \"swipe\" wants left or right", mistakeIn("swipe up"));
-    EXPECT_EQ("line 1: there is no command \"expect\"", mistakeIn("expect nothing"));
-    EXPECT_EQ("line 1: there is no operation \"File.Nonsense\"", mistakeIn("fail File.Nonsense 3"));
     EXPECT_EQ("line 1: the calls of an operation count from 1", mistakeIn("fail File.Write 0"));
     EXPECT_EQ("line 1: time does not go back", mistakeIn("wait -5"));
+}
+
+TEST(Script, aWordThatIsNoneOfTheChoicesIsAnsweredWithThem) {
+    EXPECT_EQ("line 1: \"key\" wants left, middle or right", mistakeIn("key up"));
+    for (const char* line : {"expect", "expect nothing", "expect no screen"}) {
+        EXPECT_EQ("line 1: \"expect\" wants screen, file, no file, effect or ended",
+                  mistakeIn(line));
+    }
+    for (const char* line : {"until Nowhere", "watch Nowhere a.png", "expect screen Nowhere"}) {
+        EXPECT_EQ(
+            "line 1: there is no screen \"Nowhere\", only FirstLang, Splash, Options, Record, "
+            "Recording, Process, Play, Playing, Save or MessageAndQuit",
+            mistakeIn(line));
+    }
+    const std::string noOperation = mistakeIn("fail File.Nonsense 3");
+    EXPECT_EQ(0U, noOperation.find("line 1: there is no operation \"File.Nonsense\", only "
+                                   "AppRegistry.Write, AudioIn.AddBuffer, "));
+    EXPECT_NE(std::string::npos, noOperation.find("File.Write, "));
+    EXPECT_NE(std::string::npos, noOperation.find(" or SettingInfo.GetValue"));
 }

@@ -27,7 +27,7 @@ protected:
     }
 
     uint32_t program(int32_t x, int32_t y) const {
-        return PictureScaler::toRgb32(picture[static_cast<size_t>(2 * y * 480 + 2 * x)]);
+        return HostFrame::toRgb32(picture[static_cast<size_t>(2 * y * 480 + 2 * x)]);
     }
 
     /// Pixels that differ from whole-number scaling with black around it.
@@ -55,13 +55,13 @@ protected:
 }  // namespace
 
 TEST_F(PictureScalerTest, highBitsAreRepeatedBelow) {
-    EXPECT_EQ(0x000000U, PictureScaler::toRgb32(0x0000));
-    EXPECT_EQ(0xFFFFFFU, PictureScaler::toRgb32(0xFFFF));
-    EXPECT_EQ(0xFF0000U, PictureScaler::toRgb32(0xF800));
-    EXPECT_EQ(0x00FF00U, PictureScaler::toRgb32(0x07E0));
-    EXPECT_EQ(0x0000FFU, PictureScaler::toRgb32(0x001F));
-    EXPECT_EQ(0x840000U, PictureScaler::toRgb32(0x8000));  // 10000 -> 10000100
-    EXPECT_EQ(0x008200U, PictureScaler::toRgb32(0x0400));  // 100000 -> 10000010
+    EXPECT_EQ(0x000000U, HostFrame::toRgb32(0x0000));
+    EXPECT_EQ(0xFFFFFFU, HostFrame::toRgb32(0xFFFF));
+    EXPECT_EQ(0xFF0000U, HostFrame::toRgb32(0xF800));
+    EXPECT_EQ(0x00FF00U, HostFrame::toRgb32(0x07E0));
+    EXPECT_EQ(0x0000FFU, HostFrame::toRgb32(0x001F));
+    EXPECT_EQ(0x840000U, HostFrame::toRgb32(0x8000));  // 10000 -> 10000100
+    EXPECT_EQ(0x008200U, HostFrame::toRgb32(0x0400));  // 100000 -> 10000010
 }
 
 TEST_F(PictureScalerTest, wholeNumbersFitWhereTheyCan) {
@@ -113,7 +113,7 @@ TEST_F(PictureScalerTest, oneColourStaysThatColourAtEverySize) {
     for (const int32_t height : {200, 333, 401, 555, 777, 799}) {
         draw(height * 3 / 5, height);
         const PicturePlace place = PictureScaler::place(height * 3 / 5, height);
-        const auto same = std::count(window.begin(), window.end(), PictureScaler::toRgb32(0x8C51));
+        const auto same = std::count(window.begin(), window.end(), HostFrame::toRgb32(0x8C51));
         EXPECT_EQ(place.width * place.height, same) << height;
     }
 }

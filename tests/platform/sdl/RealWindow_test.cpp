@@ -73,7 +73,7 @@ public:
             noise[static_cast<size_t>((y / 2 * 240 + x / 2 + shift) % 96000)]);
     }
 
-    uint32_t rgb32(int32_t x, int32_t y) const { return PictureScaler::toRgb32(at(x, y)); }
+    uint32_t rgb32(int32_t x, int32_t y) const { return HostFrame::toRgb32(at(x, y)); }
 
     TestSounds::Samples noise = TestSounds::noise(96000);
     int32_t shift = 0;

@@ -95,7 +95,7 @@ int32_t WavProc::process() {
         exc("Illegal progress returned!");
     }
     // An error on the way has ended the run: -1 stays, so that the driver starts it again.
-    if (lastProgress != -1) {
+    if (lastProgress != kIdle) {
         lastProgress = progress;
     }
     return lastProgress;
@@ -110,7 +110,7 @@ int32_t* WavProc::getResult() {
 }
 
 void WavProc::cleanUp() {
-    lastProgress = -1;
+    lastProgress = kIdle;
     doCleanup();
     SampleKeep::giveBack(source);
     deleteArrFunc(result);

@@ -13,6 +13,7 @@ class String;
 
 class WavProc {
 public:
+    static constexpr int32_t kIdle = -1;        // progress of no run
     static constexpr int32_t kFinished = 1024;  // progress of a run whose result is complete
 
     static void static_ctor() {}
@@ -86,6 +87,6 @@ protected:
 
     int32_t* source = nullptr;  // owned
     int32_t* result = nullptr;  // owned
-    int32_t lastProgress = -1;
+    int32_t lastProgress = kIdle;
     int32_t srateHz = 0;
 };

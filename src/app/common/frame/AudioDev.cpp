@@ -5,6 +5,7 @@
 #include "GnoObject.h"
 #include "Orm.h"
 #include "OspIo.h"
+#include "WavFile.h"
 #include "WavProps.h"
 
 using Osp::Base::ByteBuffer;
@@ -14,9 +15,6 @@ using Osp::Media::AudioIn;
 using Osp::Media::Player;
 
 namespace {
-
-constexpr int32_t kMicrophoneRateHz = 16000;
-constexpr int32_t kHeaderBytes = 44;
 
 // 0.75 s of sound. The "Stop" key appears with the first filled buffer: larger ones would keep it
 // away longer.
@@ -103,7 +101,8 @@ bool AudioDev::prepareRecorder() {
     pRecorder = new AudioIn();
     return pRecorder->Construct(*pRecorderListener) == E_SUCCESS &&
            pRecorder->Prepare(Osp::Media::AUDIO_INPUT_DEVICE_MIC, Osp::Media::AUDIO_TYPE_PCM_S16_LE,
-                              Osp::Media::AUDIO_CHANNEL_TYPE_MONO, kMicrophoneRateHz) == E_SUCCESS;
+                              Osp::Media::AUDIO_CHANNEL_TYPE_MONO,
+                              WavFile::kRecordedRateHz) == E_SUCCESS;
 }
 
 bool AudioDev::queueBuffers() {
@@ -127,9 +126,9 @@ bool AudioDev::openRecord(String* path) {
         return false;
     }
     deleteArrFunc(recordFileHeader);
-    recordFileHeader = newArray<signed char>(kHeaderBytes);
+    recordFileHeader = newArray<signed char>(WavProps::kHeaderBytes);
     recordLength = 0;
-    if (record->Write(recordFileHeader, kHeaderBytes) != E_SUCCESS) {
+    if (record->Write(recordFileHeader, WavProps::kHeaderBytes) != E_SUCCESS) {
         deleteRecord();
         return false;
     }
@@ -188,7 +187,7 @@ void AudioDev::writeHeader() {
     WavProps props(recordLength >> 1);
     props.toByteArray(recordFileHeader, 0);
     record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0);
-    record->Write(recordFileHeader, kHeaderBytes);
+    record->Write(recordFileHeader, WavProps::kHeaderBytes);
 }
 
 void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {

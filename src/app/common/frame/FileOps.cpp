@@ -116,18 +116,16 @@ FileOps::getNextAvailableName(const String& folder, const String& prefix, const 
         highest =
             std::max(highest, numberOf(entries->GetCurrentDirEntry().GetName(), prefix, suffix));
     }
-    if (highest == kHighestNumber) {
-        auto* name = new String(prefix + String("99999") + suffix);
-        // Deliberate: the bare name, without its folder, so nothing goes; the new sound then
-        // overwrites the old one.
-        File::Remove(*name);
-        return name;
-    }
     auto* name = new String(prefix);
-    name->Append(highest + 1);
+    name->Append(std::min(highest + 1, kHighestNumber));
     while (name->GetLength() <= prefix.GetLength() + kDigits - 1) {
         name->Insert(u'0', prefix.GetLength());
     }
     name->Append(suffix);
+    if (highest == kHighestNumber) {
+        // Deliberate: the bare name, without its folder, so nothing goes; the new sound then
+        // overwrites the old one.
+        File::Remove(*name);
+    }
     return name;
 }

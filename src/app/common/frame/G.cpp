@@ -285,6 +285,14 @@ void G::setDirTones() {
     replace(uriPartWavProcessed, "MrmLastProc.wav");
 }
 
+String G::takePath() {
+    return *mrmFolderUri + *uriPartWavRecorded;
+}
+
+String G::resultPath() {
+    return *mrmFolderUri + *uriPartWavProcessed;
+}
+
 void G::deleteRecordedAndProcessed() {
     if (mrmFolderUri != nullptr && uriPartWavRecorded != nullptr) {
         FileOps::deleteFile(mrmFolderUri, uriPartWavRecorded);

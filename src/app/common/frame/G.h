@@ -33,6 +33,10 @@ public:
     /// Names the working folder and the two temporary files.
     static void setDirTones();
 
+    /// Where in the user's folder the take lies, and what the effect has made of it.
+    static String takePath();
+    static String resultPath();
+
     /// Deletes the two temporary files in the user's folder; nothing if that is not set yet.
     static void deleteRecordedAndProcessed();
 

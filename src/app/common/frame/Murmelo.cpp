@@ -13,14 +13,14 @@
 #include "Res.h"
 #include "State.h"
 #include "WavFile.h"
+#include "WavProps.h"
 
 using Osp::Base::String;
 using Osp::Graphics::Color;
 
 namespace {
 
-constexpr int32_t kHeaderBytes = 44;
-constexpr int32_t kSampleBytes = 20480;
+constexpr int32_t kSampleBufferBytes = 20480;
 
 }  // namespace
 
@@ -30,8 +30,8 @@ String* Murmelo::msg;
 Color* Murmelo::pBkgColor;
 
 void Murmelo::static_ctor() {
-    TempHdrBuf = newArray<signed char>(kHeaderBytes);
-    TempSmpBuf = newArray<signed char>(kSampleBytes);
+    TempHdrBuf = newArray<signed char>(WavProps::kHeaderBytes);
+    TempSmpBuf = newArray<signed char>(kSampleBufferBytes);
     msg = new String();
     pBkgColor = new Color(kFirstRunArgb);
 }
@@ -104,7 +104,7 @@ bool Murmelo::save8KhzWav(const int32_t* samples, String* path) {
 }
 
 int32_t* Murmelo::loadLastRec8Khz() {
-    String path = *G::getMrmFolderUri() + *G::uriPartWavRecorded;
+    String path = G::takePath();
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
         MessageAndQuit::enterOnPicture(

@@ -1,13 +1,13 @@
 #include "OrmCanvas.h"
 
 #include "AppImage.h"
-#include "Arithmetic.h"
 #include "AudioDev.h"
 #include "Event.h"
 #include "G.h"
 #include "GnoGraphics.h"
 #include "Message.h"
 #include "Orm.h"
+#include "OspSystem.h"
 #include "Payload.h"
 #include "Res.h"
 #include "SkBar.h"
@@ -25,28 +25,23 @@ constexpr int32_t kGreen = 0x80FF00;  // never seen in normal running
 
 String* keyName(int32_t keyCode) {
     switch (keyCode) {
-    case -1:
+    case OrmCanvas::kKeyUp:
         return Orm::EV_ST_KEY_UP;
-    case -2:
+    case OrmCanvas::kKeyDown:
         return Orm::EV_ST_KEY_DOWN;
-    case -3:
+    case OrmCanvas::kKeyLeft:
         return Orm::EV_ST_KEY_LEFT;
-    case -4:
+    case OrmCanvas::kKeyRight:
         return Orm::EV_ST_KEY_RIGHT;
-    case -5:
+    case OrmCanvas::kKeyMiddle:
         return Orm::EV_ST_KEY_MSK;
-    case -6:
+    case OrmCanvas::kKeyLeftSoft:
         return Orm::EV_ST_KEY_LSK;
-    case -7:
+    case OrmCanvas::kKeyRightSoft:
         return Orm::EV_ST_KEY_RSK;
     default:
         return nullptr;
     }
-}
-
-/// x in the high half, y in the low half; a negative y reaches into x, and listeners live with it.
-GnoObject* packedPosition(int32_t x, int32_t y) {
-    return wordToPayload(wrapShl(x, 16) | y);
 }
 
 }  // namespace
@@ -129,8 +124,14 @@ void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
     screen->set(&below);
 }
 
+bool OrmCanvas::isPhoneSilent() {
+    bool silent = false;
+    Osp::System::SettingInfo::GetValue("SilentMode", silent);
+    return silent;
+}
+
 void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
-    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
     const int32_t answer = SkBar::update(&release, true);
     if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {
         return;
@@ -190,7 +191,7 @@ void OrmCanvas::pointerReleased(int32_t x, int32_t y) {
     if (!Orm::isPaused()) {
         lastX = kNoPress;
         lastY = kNoPress;
-        Orm::schedEvent(Orm::EV_T_POINTER_RELEASE, nullptr, packedPosition(x, y), 0);
+        Orm::schedEvent(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
     } else if (showIsSilentPopup) {
         lastX = kNoPress;
         lastY = kNoPress;

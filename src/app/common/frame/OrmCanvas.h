@@ -17,14 +17,21 @@ public:
     static constexpr int32_t kWidthPx = 240;
     static constexpr int32_t kHeightPx = 320;
 
+    static constexpr int32_t kKeyUp = -1;
+    static constexpr int32_t kKeyDown = -2;
+    static constexpr int32_t kKeyLeft = -3;
+    static constexpr int32_t kKeyRight = -4;
+    static constexpr int32_t kKeyMiddle = -5;
+    static constexpr int32_t kKeyLeftSoft = -6;
+    static constexpr int32_t kKeyRightSoft = -7;
+
     OrmCanvas();
     ~OrmCanvas() override;
 
     void hideNotify() override;
     void showNotify() override;
 
-    /// Key codes -1 to -7: up, down, left, right, middle, left and right soft key. Dropped while
-    /// paused.
+    /// One of the key codes above. Dropped while paused.
     void keyPressed(int32_t keyCode) override;
     void keyReleased(int32_t keyCode) override;
     void paint(GnoGraphics* g) override;
@@ -44,6 +51,9 @@ public:
     virtual void paintWRMessage(GnoGraphics* /*g*/) {}
 
     AppImage* getScreen() const { return screen; }
+
+    /// The phone's own setting; false if it cannot be read.
+    static bool isPhoneSilent();
 
     static void static_ctor();
 

@@ -1,6 +1,8 @@
 // An event's payload is a pointer that also carries a plain 32-bit word: this pair, and nothing
-// else, converts.
+// else, converts. A touch travels as such a word too: x in its high half, y in the low one.
 #pragma once
+
+#include "Arithmetic.h"
 
 #include <cstdint>
 
@@ -13,4 +15,17 @@ inline GnoObject* wordToPayload(int32_t word) {
 
 inline int32_t payloadToWord(const GnoObject* payload) {
     return static_cast<int32_t>(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(payload)));
+}
+
+/// A negative y reaches into x, and arrives as 65536 more; listeners live with both.
+inline GnoObject* positionToPayload(int32_t x, int32_t y) {
+    return wordToPayload(wrapShl(x, 16) | y);
+}
+
+inline int32_t payloadToX(const GnoObject* payload) {
+    return payloadToWord(payload) >> 16;
+}
+
+inline int32_t payloadToY(const GnoObject* payload) {
+    return payloadToWord(payload) & 0xFFFF;
 }

@@ -13,8 +13,7 @@ void State::setState(State* next, bool dropKeys, bool dropUpdates) {
         currState->onExit();
     }
     if (dropKeys) {
-        Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
-        Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+        dropKeyEvents();
     }
     if (dropUpdates) {
         Orm::unschedule(Orm::EV_T_UPDATE, nullptr);
@@ -23,4 +22,9 @@ void State::setState(State* next, bool dropKeys, bool dropUpdates) {
     currState = next;
     Orm::registerListener(next);
     next->onEnter();
+}
+
+void State::dropKeyEvents() {
+    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
+    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
 }

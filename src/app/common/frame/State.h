@@ -16,6 +16,9 @@ public:
     /// @param dropUpdates  stops the old screen's animation
     static void setState(State* next, bool dropKeys, bool dropUpdates);
 
+    /// Forgets the key presses and releases that still wait.
+    static void dropKeyEvents();
+
     static void static_ctor() { currState = nullptr; }
 
     static void static_dtor() { currState = nullptr; }

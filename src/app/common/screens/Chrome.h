@@ -5,6 +5,11 @@
 
 class Chrome {
 public:
+    static constexpr uint32_t kWhite = 0xFFFFFFFF;
+
+    /// Menu and message stand a little above the middle, clear of the soft keys.
+    static constexpr int32_t kAboveCentrePx = -24;
+
     /// Draws a text of the table in the current language, cut at the screen's edges; nothing if
     /// text or font is missing. (x, y) is the top left corner of its ink and line.
     static void drawText(int32_t strId, int32_t fntId, int32_t x, int32_t y, uint32_t argb);

@@ -13,6 +13,6 @@ void EffectJob::enter(State* next, State* back) {
     if (samples == nullptr) {
         return;
     }
-    auto* result = new String(*G::getMrmFolderUri() + *G::uriPartWavProcessed);
+    auto* result = new String(G::resultPath());
     Process::enter(samples, G::fxs[G::getCurrFx()]->processor, result, next, back);
 }

@@ -44,7 +44,7 @@ void Header::init() {
     delete bounds;
     bounds = Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), kHeightPx);
     fntFxName = G::fntMedium;
-    argb = 0xFFFFFFFF;
+    argb = Chrome::kWhite;
     margx = 8;
     margyArrows = 2;
     margyName = 6;

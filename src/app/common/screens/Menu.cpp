@@ -4,6 +4,7 @@
 #include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "Bounds.h"
+#include "Chrome.h"
 #include "Event.h"
 #include "G.h"
 #include "ImageOps.h"
@@ -24,8 +25,6 @@ constexpr int32_t kWidthPx = 220;
 constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
 constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
 constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
-constexpr int32_t kAboveCentrePx = -24;  // as the message box
-constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kFocusedArgb = 0xA0000000;
 constexpr uint32_t kOpaque = 0xFF000000;
 
@@ -80,10 +79,11 @@ void Menu::init(const int32_t* ids) {
     std::copy(ids, ids + count, strIds);
     entries = newArray<PaTextLabel*>(count);
     const BitMapFont* font = Res::getFont(fntId);
-    rh = font != nullptr ? const_cast<BitMapFont*>(font)->getLineHeight() : 0;
-    y = (Bounds::getHeight(G::scrB) - (count * pitch() + 2 * kMarginPx)) / 2 + kAboveCentrePx;
+    rh = font != nullptr ? font->getLineHeight() : 0;
+    y = (Bounds::getHeight(G::scrB) - (count * pitch() + 2 * kMarginPx)) / 2 +
+        Chrome::kAboveCentrePx;
     for (int32_t i = 0; i < count; i++) {
-        entries[i] = new PaTextLabel(ids[i], fntId, kWhite);
+        entries[i] = new PaTextLabel(ids[i], fntId, Chrome::kWhite);
     }
 }
 
@@ -137,7 +137,7 @@ void Menu::paint() {
         }
         entry->paintOn(G::scr, 0, 0, G::scrB, nullptr);
         if (i == focused) {
-            entry->setColour(kWhite);
+            entry->setColour(Chrome::kWhite);
         }
     }
 }
@@ -175,18 +175,10 @@ int32_t Menu::rowAt(int32_t px, int32_t py) {
     return row < length(strIds) ? row : -1;
 }
 
-bool Menu::isOnMiddleKey(int32_t px, int32_t py) {
-    const int32_t third = (SkBar::x2 - SkBar::x1 + 1) / 3;
-    const int32_t left = SkBar::x1 + third;
-    return SkBar::strMsk != Res::Null && px >= left && px < left + third && py >= SkBar::y1 &&
-           py <= SkBar::y2;
-}
-
 int32_t Menu::updateByTouch(Event* event) {
-    const int32_t word = payloadToWord(event->payload);
-    const int32_t px = word >> 16;
-    const int32_t py = word & 0xFFFF;
-    if (isOnMiddleKey(px, py)) {
+    const int32_t px = payloadToX(event->payload);
+    const int32_t py = payloadToY(event->payload);
+    if (SkBar::strMsk != Res::Null && SkBar::keyAt(px, py) == Orm::EV_ST_KEY_MSK) {
         return getFocusedStrId();
     }
     const int32_t row = rowAt(px, py);

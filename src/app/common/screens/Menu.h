@@ -58,6 +58,5 @@ private:
     static void paintBackground();
     static void moveFocus(int32_t by);
     static int32_t rowAt(int32_t px, int32_t py);
-    static bool isOnMiddleKey(int32_t px, int32_t py);
     static int32_t updateByTouch(Event* event);
 };

@@ -1,6 +1,7 @@
 #include "Message.h"
 
 #include "Bounds.h"
+#include "Chrome.h"
 #include "G.h"
 #include "PaStretcher.h"
 #include "PaTextArea.h"
@@ -13,13 +14,10 @@ constexpr int32_t kBoxTopPx = 70;
 constexpr int32_t kBoxWidthPx = 220;
 constexpr int32_t kTextWidthPx = 180;
 constexpr int32_t kTextHeightPx = 100;  // until the text's own height is known
-constexpr int32_t kAboveCentrePx =
-    -24;  // the box stands a little above the middle, clear of the soft keys
 constexpr int32_t kMarginOfOnePx = 60;
 constexpr int32_t kMarginOfTwoPx = 70;
 constexpr int32_t kHeadTopPx = 30;
 constexpr int32_t kBodyTopPx = 40;  // below the box's top, and the heading
-constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr int32_t kTopCentre = Bounds::kTop | Bounds::kCentre;
 
 }  // namespace
@@ -40,7 +38,7 @@ void Message::static_dtor() {
 }
 
 int32_t Message::prepare(PaTextArea* area, int32_t textId, int32_t fontId) {
-    area->set(textId, fontId, kWhite, Bounds::kCentre, 0, 0, kTextWidthPx, kTextHeightPx);
+    area->set(textId, fontId, Chrome::kWhite, Bounds::kCentre, 0, 0, kTextWidthPx, kTextHeightPx);
     const int32_t height = area->getTextHeight();
     Bounds::setHeight(area, height);
     return height;
@@ -48,7 +46,8 @@ int32_t Message::prepare(PaTextArea* area, int32_t textId, int32_t fontId) {
 
 void Message::placeBox(int32_t height) {
     Bounds::set(G::psWndBg, kBoxLeftPx, kBoxTopPx, kBoxWidthPx, height);
-    Bounds::setPos(G::psWndBg, Bounds::kCentre, G::scrB, Bounds::kCentre, 0, kAboveCentrePx);
+    Bounds::setPos(G::psWndBg, Bounds::kCentre, G::scrB, Bounds::kCentre, 0,
+                   Chrome::kAboveCentrePx);
 }
 
 void Message::setText(int32_t textId, int32_t fontId) {

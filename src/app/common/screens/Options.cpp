@@ -9,7 +9,6 @@
 #include "Message.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
-#include "OspSystem.h"
 #include "PaStretcher.h"
 #include "Quit.h"
 #include "Res.h"
@@ -38,7 +37,7 @@ void Options::showOptions() {
     Menu::init(entries);
     deleteArrFunc(entries);
     Menu::setFocusedStrId(lastFocused);
-    const bool takeExists = FileOps::exists(G::getMrmFolderUri(), G::uriPartWavRecorded);
+    const bool takeExists = FileOps::exists(G::takePath());
     SkBar::setStr(Res::Null, Str::str_SK_SELECT, takeExists ? Str::str_SK_BACK : Str::str_SK_QUIT);
     SkBar::paint(true);
     Menu::paint();
@@ -47,11 +46,7 @@ void Options::showOptions() {
 }
 
 void Options::askAboutSilence() {
-    bool silent = false;
-    if (!OrmCanvas::silentPopupShown) {
-        Osp::System::SettingInfo::GetValue("SilentMode", silent);
-    }
-    if (silent) {
+    if (!OrmCanvas::silentPopupShown && OrmCanvas::isPhoneSilent()) {
         OrmCanvas::showIsSilentPopup = true;
         Orm::setPaused(true);
         SkBar::save();

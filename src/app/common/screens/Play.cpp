@@ -57,8 +57,7 @@ void Play::onEvent(Event* event) {
 }
 
 void Play::turn(bool left) {
-    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
-    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    dropKeyEvents();
     Orm::unschedule(Orm::EV_T_UPDATE, nullptr);
     Scroller::scroll(left);
     Scroller::startSlide(System::currentTimeMillis());
@@ -72,9 +71,8 @@ void Play::slide() {
 }
 
 void Play::touch(Event* event) {
-    const int32_t word = payloadToWord(event->payload);
-    const int32_t x = word >> 16;
-    const int32_t y = word & 0xFFFF;
+    const int32_t x = payloadToX(event->payload);
+    const int32_t y = payloadToY(event->payload);
     Header::placeArrows();
     if (Bounds::contains(G::piArrowLeftWhite, x, y)) {
         Orm::schedEvent(Orm::EV_T_KEY_PRESS, Orm::EV_ST_KEY_LEFT, nullptr, 0);

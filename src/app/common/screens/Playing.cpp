@@ -31,8 +31,7 @@ constexpr int32_t kMarkMs = 7000;
 
 void Playing::paintScene() {
     Main::paintBg();
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Header::set(false, true, false, false);
     Header::paint(false);
     Scroller::paint(false);
@@ -41,7 +40,7 @@ void Playing::paintScene() {
 void Playing::onEnter() {
     paintScene();
     Orm::flush();
-    String result = *G::getMrmFolderUri() + *G::uriPartWavProcessed;
+    String result = G::resultPath();
     if (!FileOps::exists(result)) {
         MessageAndQuit::enter(MessageAndQuit::kFileError);
         return;

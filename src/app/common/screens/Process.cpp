@@ -8,20 +8,12 @@
 #include "Orm.h"
 #include "OspBase.h"
 #include "Progress.h"
-#include "Res.h"
 #include "SkBar.h"
 #include "Str.h"
+#include "WavFile.h"
 #include "WavProc.h"
 
 using Osp::Base::String;
-
-namespace {
-
-constexpr int32_t kRateHz = 8000;
-constexpr int32_t kNotBegun = -1;
-constexpr int32_t kDone = 1024;
-
-}  // namespace
 
 Process::Process(int32_t* samples, WavProc* processor, String* path, State* next, State* back)
     : samples(samples)
@@ -43,8 +35,7 @@ void Process::enter(int32_t* samples, WavProc* processor, String* path, State* n
 
 void Process::onEnter() {
     Progress::paintInit(Str::str_PLEASE_WAIT);
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Orm::flush();
     schedUpdate();
 }
@@ -73,18 +64,18 @@ void Process::onEvent(Event* event) {
 }
 
 void Process::update() {
-    if (processor->getLastProgress() == kNotBegun) {
-        processor->init(samples, kRateHz);
+    if (processor->getLastProgress() == WavProc::kIdle) {
+        processor->init(samples, WavFile::kRateHz);
         schedUpdate();
         return;
     }
-    if (processor->getLastProgress() >= kDone) {
+    if (processor->getLastProgress() >= WavProc::kFinished) {
         return;
     }
     const int32_t progress = processor->process();
     Progress::paintProgress(progress);
     Progress::flushProgress();
-    if (progress == kDone) {
+    if (progress == WavProc::kFinished) {
         finish();
     } else {
         schedUpdate();
@@ -100,7 +91,7 @@ void Process::finish() {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
-    if (*path == *G::getMrmFolderUri() + *G::uriPartWavProcessed) {
+    if (*path == G::resultPath()) {
         G::setLastPlayedFx(G::getCurrFx());
     }
     deleteArrFunc(samples);

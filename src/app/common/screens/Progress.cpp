@@ -2,6 +2,7 @@
 
 #include "AppImage.h"
 #include "Bounds.h"
+#include "Chrome.h"
 #include "G.h"
 #include "ImageOps.h"
 #include "Orm.h"
@@ -26,7 +27,6 @@ constexpr int32_t kBarWidthPx = 180;
 constexpr int32_t kBarHeightPx = 14;
 constexpr int32_t kFullQ10 = 1024;
 
-constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kFrameArgb = 0xFFE8E0D0;  // the ivory of the recorder's keys
 constexpr uint32_t kTroughArgb = 0xFF2A2420;
 constexpr uint32_t kFillArgb = 0xFFF08A24;  // and the amber of its light
@@ -59,7 +59,7 @@ void Progress::paintInit(int32_t captionId) {
     Bounds::set(G::psWndBg, kLeftPx, kTopPx, kWidthPx, kHeightPx);
     G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     const int32_t x = (Bounds::getWidth(G::scrB) - kCaptionWidthPx) / 2;
-    caption->set(captionId, G::fntMedium, kWhite, Bounds::kCentre, x, kCaptionTopPx,
+    caption->set(captionId, G::fntMedium, Chrome::kWhite, Bounds::kCentre, x, kCaptionTopPx,
                  kCaptionWidthPx, kCaptionHeightPx);
     caption->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     paintProgress(0);

@@ -19,8 +19,8 @@ using Osp::Base::String;
 namespace {
 
 /// True if the file is gone afterwards.
-bool removed(String* folder, String* name) {
-    return !FileOps::exists(folder, name) || FileOps::deleteFile(folder, name);
+bool removed(const String& path) {
+    return !FileOps::exists(path) || FileOps::deleteFile(path);
 }
 
 }  // namespace
@@ -29,27 +29,24 @@ void Record::onEnter() {
     Main::paintBgAndFx();
     Message::setText(Str::str_PLEASE_WAIT, G::fntMedium);
     Message::paint();
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Orm::flush();
     if (!Murmelo::checkMemCardRemoved()) {
         return;
     }
-    String* folder = G::getMrmFolderUri();
-    if (!removed(folder, G::uriPartWavRecorded) || !removed(folder, G::uriPartWavProcessed)) {
+    String take = G::takePath();
+    if (!removed(take) || !removed(G::resultPath())) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }
     if (!Murmelo::checkEnoughSpace()) {
         return;
     }
-    String take = *folder + *G::uriPartWavRecorded;
     if (!AudioDev::initRec(&take)) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kNoAudio);
         return;
     }
-    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
-    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    dropKeyEvents();
     Main::paintBgAndFx();
     Message::setText(Str::str_START_RECORDING, G::fntMedium);
     Message::paint();
@@ -60,7 +57,7 @@ void Record::onEnter() {
 
 void Record::giveUpTake() {
     AudioDev::stopRec();
-    FileOps::deleteFile(G::getMrmFolderUri(), G::uriPartWavRecorded);
+    FileOps::deleteFile(G::takePath());
 }
 
 void Record::onEvent(Event* event) {

@@ -32,11 +32,6 @@ constexpr int32_t kFullQ10 = 1024;
 constexpr int32_t kBlinkMask = 31;  // the light shines for 16 frames and is dark for 16
 constexpr int32_t kLitFrames = 15;
 
-void setEmptyKeys() {
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
-}
-
 }  // namespace
 
 void Recording::onEnter() {
@@ -48,7 +43,7 @@ void Recording::onEnter() {
     startMs = System::currentTimeMillis();
     Main::paintBgAndFx();
     Progress::paintInit(Str::str_LBL_RECORDING);
-    setEmptyKeys();
+    SkBar::clear();
     Orm::flush();
     Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, kFrameMs);
     frame = 0;
@@ -111,7 +106,7 @@ void Recording::paintLight() const {
 void Recording::finish(bool keepTake) {
     Main::paintBgAndFx();
     Progress::paintInit(Str::str_PLEASE_WAIT);
-    setEmptyKeys();
+    SkBar::clear();
     Orm::flush();
     if (!AudioDev::stopRec()) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kNoAudio);
@@ -123,9 +118,8 @@ void Recording::finish(bool keepTake) {
 }
 
 void Recording::giveUpTake() {
-    String* folder = G::getMrmFolderUri();
-    if (FileOps::exists(folder, G::uriPartWavRecorded) &&
-        !FileOps::deleteFile(folder, G::uriPartWavRecorded)) {
+    const String take = G::takePath();
+    if (FileOps::exists(take) && !FileOps::deleteFile(take)) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }

@@ -46,16 +46,14 @@ void Save::onEnter() {
         // Whatever screen it comes from, the progress stands on the plain picture.
         Header::set(false, false, false, false);
         Main::paintBgAndFx();
-        SkBar::setStr(Res::Null, Res::Null, Res::Null);
-        SkBar::paint(true);
+        SkBar::clear();
         EffectJob::enter(this, G::stateOptions);
         return;
     }
     Header::set(false, false, false, false);
     Main::paintBgAndFx();
     Header::paint(false);
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
+    SkBar::clear();
     Orm::flush();
     if (!Murmelo::checkMemCardRemoved()) {
         return;
@@ -72,8 +70,7 @@ void Save::onEnter() {
     Message::setText(Str::str_LBL_SOUND_SAVED_PHONE, G::fntMedium, uriStrId, G::fntSmall);
     Message::paint();
     Orm::flush();
-    Orm::unschedule(Orm::EV_T_KEY_PRESS, nullptr);
-    Orm::unschedule(Orm::EV_T_KEY_RELEASE, nullptr);
+    dropKeyEvents();
 }
 
 /// False if there is no free name, or the copy failed.
@@ -86,7 +83,7 @@ bool Save::copyResult() {
             return false;
         }
         const String target = *folder + *name;
-        if (copyTo(*name, *folder + *G::uriPartWavProcessed, target)) {
+        if (copyTo(*name, G::resultPath(), target)) {
             savedCount++;
             return true;
         }

@@ -10,6 +10,7 @@
 #include "ImageOps.h"
 #include "Orm.h"
 #include "PaImage.h"
+#include "PixelMath.h"
 #include "Res.h"
 
 #include <algorithm>
@@ -29,22 +30,9 @@ constexpr int32_t kSlideMs =
 constexpr int32_t kFirstPx = kStripColumns / 8 * kBlurPx;
 constexpr int32_t kSecondPx = (kStripColumns / 3 + kStripColumns / 8) * kBlurPx;
 
-constexpr uint32_t kRbMask = 0x00FF00FF;
-
-/// ((16 - k) * a + k * b) >> 4 in each of the four channels.
-uint32_t mixed(uint32_t a, uint32_t b, uint32_t k) {
-    const uint32_t rb = (((a & kRbMask) * (16 - k) + (b & kRbMask) * k) >> 4) & kRbMask;
-    const uint32_t ag =
-        ((((a >> 8) & kRbMask) * (16 - k) + ((b >> 8) & kRbMask) * k) >> 4) & kRbMask;
-    return rb | (ag << 8);
-}
-
 /// A premultiplied colour over a background pixel.
 uint32_t over(uint32_t colour, uint32_t background) {
-    const uint32_t rest = 256 - (colour >> 24);
-    const uint32_t rb = ((background & kRbMask) * rest >> 8) & kRbMask;
-    const uint32_t ag = (((background >> 8) & kRbMask) * rest) & ~kRbMask;
-    return colour + (rb | ag);
+    return colour + scalePixel(background, remainder256(colour));
 }
 
 }  // namespace
@@ -164,8 +152,8 @@ void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn
     const int32_t shown = std::min(strip->w / 2, G::scr->w / kBlurPx);
     for (int32_t column = 0; column < shown; column++) {
         for (int32_t k = 0; k < kBlurPx; k++) {
-            const uint32_t colour =
-                mixed(columns[column], columns[column + 1], static_cast<uint32_t>(k));
+            const uint32_t colour = lerpPixel(columns[column], columns[column + 1],
+                                              static_cast<uint32_t>(k * (256 / kBlurPx)));
             target[column * kBlurPx + k] = over(colour, below[column * kBlurPx + k]);
         }
     }

@@ -69,7 +69,7 @@ void SkBar::init() {
     margy = 6;
     yOfsSides = 4;
     yOfsCenter = 2;
-    argb = 0xFFFFFFFF;
+    argb = Chrome::kWhite;
     argbPressed = 0x80808080;
     Bounds* bar = Bounds::alloc(static_cast<Bounded*>(G::psSkBg));
     x1 = bar->getLeft();
@@ -84,6 +84,11 @@ void SkBar::setStr(int32_t lsk, int32_t msk, int32_t rsk) {
     strMsk = msk;
     strRsk = rsk;
     pressed = nullptr;
+}
+
+void SkBar::clear() {
+    setStr(Res::Null, Res::Null, Res::Null);
+    paint(true);
 }
 
 void SkBar::save() {
@@ -143,10 +148,10 @@ int32_t SkBar::update(Event* event, bool repaint) {
 
 int32_t SkBar::choose(Event* event) {
     if (event->type == Orm::EV_T_KEY_PRESS) {
-        return chooseByKey(event);
+        return choose(event->subType);
     }
     if (event->type == Orm::EV_T_POINTER_RELEASE) {
-        return chooseByTouch(event);
+        return choose(keyAt(payloadToX(event->payload), payloadToY(event->payload)));
     }
     const bool softKey = event->subType == Orm::EV_ST_KEY_LSK ||
                          event->subType == Orm::EV_ST_KEY_MSK ||
@@ -157,41 +162,40 @@ int32_t SkBar::choose(Event* event) {
     return Res::Null;
 }
 
-int32_t SkBar::chooseByKey(Event* event) {
-    int32_t label = Res::Null;
-    if (event->subType == Orm::EV_ST_KEY_LSK) {
-        label = strLsk;
-    } else if (event->subType == Orm::EV_ST_KEY_MSK) {
-        label = strMsk;
-    } else if (event->subType == Orm::EV_ST_KEY_RSK) {
-        label = strRsk;
-    }
+int32_t SkBar::choose(String* key) {
+    const int32_t label = labelOf(key);
     if (label != Res::Null) {
-        pressed = event->subType;
+        pressed = key;
     }
     return label;
 }
 
-int32_t SkBar::chooseByTouch(Event* event) {
-    const int32_t word = payloadToWord(event->payload);
-    const int32_t x = word >> 16;
-    const int32_t y = word & 0xFFFF;
-    const int32_t third = (x2 - x1 + 1) / 3;
-
-    const struct {
-        int32_t label;
-        String* key;
-    } columns[] = {
-        {strLsk, Orm::EV_ST_KEY_LSK}, {strMsk, Orm::EV_ST_KEY_MSK}, {strRsk, Orm::EV_ST_KEY_RSK}};
-
-    int32_t left = x1;
-    for (const auto& column : columns) {
-        const bool inside = x >= left && x < left + third && y >= y1 && y <= y2;
-        if (column.label != Res::Null && inside) {
-            pressed = column.key;
-            return column.label;
-        }
-        left += third;
+int32_t SkBar::labelOf(const String* key) {
+    if (key == Orm::EV_ST_KEY_LSK) {
+        return strLsk;
     }
-    return Res::Null;
+    if (key == Orm::EV_ST_KEY_MSK) {
+        return strMsk;
+    }
+    return key == Orm::EV_ST_KEY_RSK ? strRsk : Res::Null;
+}
+
+int32_t SkBar::thirdPx() {
+    return (x2 - x1 + 1) / 3;
+}
+
+String* SkBar::keyAt(int32_t x, int32_t y) {
+    int32_t left = x1;
+    for (String* key : {Orm::EV_ST_KEY_LSK, Orm::EV_ST_KEY_MSK, Orm::EV_ST_KEY_RSK}) {
+        if (x >= left && x < left + thirdPx() && y >= y1 && y <= y2) {
+            return key;
+        }
+        left += thirdPx();
+    }
+    return nullptr;
+}
+
+int32_t SkBar::middleXOf(const String* key) {
+    const int32_t column = key == Orm::EV_ST_KEY_LSK ? 0 : (key == Orm::EV_ST_KEY_MSK ? 1 : 2);
+    return x1 + column * thirdPx() + thirdPx() / 2;
 }

@@ -23,6 +23,9 @@ public:
     /// Three labels (string ids, Res::Null for none); no key is held down any more.
     static void setStr(int32_t lsk, int32_t msk, int32_t rsk);
 
+    /// No label, painted: the screen takes no key for a while.
+    static void clear();
+
     /// Keeps labels and message painters aside, and puts fresh painters in their place: a question
     /// is raised over the screen. Nothing happens if something is kept already.
     static void save();
@@ -37,6 +40,15 @@ public:
     /// The label's id of the soft key that the event chooses, or Res::Null.
     /// @param repaint  paints and flushes the bar afterwards, whatever the event was
     static int32_t update(Event* event, bool repaint);
+
+    /// Sub-name of the soft key at that point of the screen, with a label or without; null beside
+    /// them all. Each has a third of the bar.
+    static Osp::Base::String* keyAt(int32_t x, int32_t y);
+
+    /// Middle of the soft key of that sub-name.
+    static int32_t middleXOf(const Osp::Base::String* key);
+
+    static int32_t middleY() { return y1 + kHeightPx / 2; }
 
     static void static_ctor();
     static void static_dtor();
@@ -66,6 +78,7 @@ public:
 
 private:
     static int32_t choose(Event* event);
-    static int32_t chooseByKey(Event* event);
-    static int32_t chooseByTouch(Event* event);
+    static int32_t choose(Osp::Base::String* key);
+    static int32_t labelOf(const Osp::Base::String* key);
+    static int32_t thirdPx();
 };

@@ -10,8 +10,8 @@
 #include "OspBase.h"
 #include "Process.h"
 #include "Recording.h"
-#include "Res.h"
 #include "SkBar.h"
+#include "WavFile.h"
 #include "WavProps.h"
 
 #include <algorithm>
@@ -21,12 +21,7 @@ using Osp::Base::String;
 
 namespace {
 
-constexpr int32_t kTakeRateHz = 16000;
-constexpr int32_t kMostSamples = kTakeRateHz / 1000 * Recording::kTakeMaxMs;
-
-String takePath() {
-    return *G::getMrmFolderUri() + *G::uriPartWavRecorded;
-}
+constexpr int32_t kMostSamples = WavFile::kRecordedRateHz / 1000 * Recording::kTakeMaxMs;
 
 }  // namespace
 
@@ -36,22 +31,21 @@ void TakeJob::enter() {
         return;  // the message stands already
     }
     Main::paintBgAndFx();
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);
-    SkBar::paint(true);
-    Process::enter(samples, G::fxMicPostProc, new String(takePath()), G::statePlay,
+    SkBar::clear();
+    Process::enter(samples, G::fxMicPostProc, new String(G::takePath()), G::statePlay,
                    G::stateOptions);
 }
 
 void TakeJob::use(const int16_t* samples, int32_t count) {
     G::deleteRecordedAndProcessed();
     G::setLastPlayedFx(-1);
-    if (FileOps::exists(G::getMrmFolderUri(), G::uriPartWavProcessed)) {
+    if (FileOps::exists(G::resultPath())) {
         MessageAndQuit::enterOnPicture(
             MessageAndQuit::kFileError);  // as when a recording finds it in its way
         return;
     }
     if (!write(samples, std::min(count, kMostSamples))) {
-        FileOps::deleteFile(takePath());
+        FileOps::deleteFile(G::takePath());
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
@@ -59,8 +53,8 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
 }
 
 bool TakeJob::write(const int16_t* samples, int32_t count) {
-    FileOutputStream stream(takePath());
-    WavProps props(count, kTakeRateHz);
+    FileOutputStream stream(G::takePath());
+    WavProps props(count, WavFile::kRecordedRateHz);
     signed char* header = props.toByteArray();
     stream.write(header);
     deleteArrFunc(header);

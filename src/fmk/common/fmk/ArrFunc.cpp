@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr uint32_t kCountMask = 0xFFFFFF;
 constexpr uint32_t kArrayOfArrays = 0x1000000;
 constexpr int32_t kCallersPointerBytes = 4;  // what callers count for one row of an outer array
 constexpr size_t kElement0Bytes = 16;        // padding and header together; keeps element 0 aligned
@@ -26,7 +25,7 @@ void setHeader(void* array, uint32_t header) {
 }
 
 void* newBlock(size_t bytes, uint32_t count) {
-    assert(count <= kCountMask);
+    assert(count <= kArrayLengthMask);
     void* block = std::calloc(1, kElement0Bytes + bytes);
     if (block == nullptr) {
         throw std::bad_alloc();  // as the platform's own allocation does; nobody catches it

@@ -12,6 +12,7 @@
 
 /// Largest element count that the header can hold.
 constexpr int32_t kMaxArrayLength = 0xFFFFFF;
+constexpr uint32_t kArrayLengthMask = kMaxArrayLength;
 
 /// A new zero-filled array of bytes / elemSize elements (at most kMaxArrayLength; the caller checks
 /// sizes from outside). file and line name the place that asked, for a debugger.
@@ -43,7 +44,7 @@ inline int32_t length(const void* array) {
     }
     uint32_t header = 0;
     std::memcpy(&header, static_cast<const char*>(array) - sizeof header, sizeof header);
-    return static_cast<int32_t>(header & 0xFFFFFF);
+    return static_cast<int32_t>(header & kArrayLengthMask);
 }
 
 /// How many of the len elements from off on lie inside a counted array; 0 for null and for an off

@@ -1,0 +1,12 @@
+// A small file that is there whole, the old one or the new one, whatever happens while it is
+// written.
+#pragma once
+
+#include <string>
+
+class ReplacedFile {
+public:
+    /// Writes the text beside the file, onto the disk, and puts it in the file's place; makes the
+    /// folder if it is missing. False if that failed: the file is as it was.
+    static bool write(const std::string& path, const std::string& text);
+};
