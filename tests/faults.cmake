@@ -19,7 +19,7 @@ function(fault_test name script)
             $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR})
     set_tests_properties(faults/${name} PROPERTIES
         SKIP_RETURN_CODE 77
-        TIMEOUT 300
+        TIMEOUT 600
         LABELS faults
         ENVIRONMENT "MURMELO_SANITIZED=$<BOOL:${MURMELO_SANITIZE}>")
 endfunction()
