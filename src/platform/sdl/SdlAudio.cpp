@@ -83,15 +83,14 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
                                                              isCapture(kind), &wanted, nullptr, 0);
         const std::lock_guard<std::mutex> lock(opening->mutex);
         opening->device = device;
-        if (opening->abandoned && device != 0) {
+        if (opening->abandoned) {
             SDL_CloseAudioDevice(device);
+        } else {
+            SDL_PauseAudioDevice(device, 0);  // at once: until then it plays silence
         }
     });
     const std::lock_guard<std::mutex> lock(opening->mutex);
     opening->abandoned = true;
-    if (opening->device != 0) {
-        SDL_PauseAudioDevice(opening->device, 0);  // only now its callback is called
-    }
     return opening->device;
 }
 
