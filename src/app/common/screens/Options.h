@@ -32,7 +32,8 @@ private:
     void onMenuEvent(int32_t softKey, Event* event);
     void onLanguageEvent(int32_t softKey, Event* event);
 
-    /// Raises the question about silence, unless it was raised already since the phone was last not silent.
+    /// Raises the question about silence, unless it was raised already since the phone was last not
+    /// silent.
     static void askAboutSilence();
 
     int32_t mode;
