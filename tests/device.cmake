@@ -39,6 +39,6 @@ foreach(group RealProgram RealWindow RealSound)
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
             $<TARGET_FILE:real_tests> --gtest_filter=${group}.*)
     set_tests_properties(${group} PROPERTIES
-        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE
+        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS desktop
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endforeach()

@@ -28,13 +28,14 @@ fault_test(disk-full-by-size disk_full.py limit)
 fault_test(disk-full-on-a-small-disk disk_full.py tmpfs)
 fault_test(home-gone home_gone.py)
 fault_test(end-signal end_signal.py)
-if(NOT MURMELO_SANITIZE)  # the sanitizers see ten thousand damaged sounds in fault_tests
-    fault_test(damaged-sounds sound_files.py)
-    fault_test(kill kill.py)
-    set_tests_properties(faults/damaged-sounds faults/kill PROPERTIES COST 1000)  # the longest begin first
-endif()
+fault_test(damaged-sounds sound_files.py)
 fault_test(damaged-settings damaged.py settings)
 fault_test(damaged-resources damaged.py resources)
+fault_test(kill kill.py)
+# Hundreds of runs each: they begin first, and ./test leaves them out where the sanitizers watch.
+foreach(name damaged-sounds damaged-settings damaged-resources kill)
+    set_tests_properties(faults/${name} PROPERTIES COST 1000 LABELS "faults;slow")
+endforeach()
 
 # The monkey: a small piece with every test run, and the proof that it finds what is broken. A million
 # events: tests/faults/monkey.py --events 1000000 build/asan/murmelo-headless .
@@ -53,5 +54,5 @@ foreach(mode end clock)
             ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/desktop.py ${mode}
             $<TARGET_FILE:clock_shim> $<TARGET_FILE:murmelo> ${CMAKE_SOURCE_DIR})
     set_tests_properties(faults/desktop-${mode} PROPERTIES
-        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS faults)
+        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS "faults;desktop")
 endforeach()
