@@ -172,7 +172,7 @@ std::string readArguments(const Form& form,
         const std::string& word = words[at++];
         int64_t number = 0;
         if (*kind != 'n' && *kind != '?') {
-            const std::string wrong = checkWord(*kind, form, word);
+            std::string wrong = checkWord(*kind, form, word);
             if (!wrong.empty()) {
                 return wrong;
             }

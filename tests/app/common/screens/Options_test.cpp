@@ -84,7 +84,7 @@ TEST_F(OptionsTest, standsOverTheCurrentCreature) {
     int32_t creaturePixels = 0;
     for (int32_t y = 0; y < SkBar::y1; y++) {
         for (int32_t x = 0; x < 240; x++) {
-            const auto at = static_cast<size_t>(y * 240 + x);
+            const auto at = static_cast<size_t>(y) * 240 + static_cast<size_t>(x);
             if (!Bounds::contains(G::psWndBg, x, y)) {
                 ASSERT_EQ(withCreature[at], shown[at]) << x << " " << y;
                 creaturePixels += withCreature[at] != background[at] ? 1 : 0;
