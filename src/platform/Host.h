@@ -9,6 +9,8 @@
 
 #include "HostSound.h"
 
+#include <bitset>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -54,14 +56,24 @@ public:
                (blue << 3 | blue >> 2);
     }
 
+    /// Some of its rows, from the top down.
+    using Rows = std::bitset<static_cast<size_t>(kHeightPx)>;
+
     virtual ~HostFrame() = default;
 
-    /// Writes all 480 x 800 pixels as RGB565, rows strideBytes apart (at least 960, a multiple of
-    /// 4).
-    virtual void compose(uint16_t* pixels, int32_t strideBytes) = 0;
+    /// Writes the pixels of those rows as RGB565.
+    /// @param pixels  of the first row of the display, whether or not it is asked for
+    /// @param strideBytes  from row to row (at least 960, a multiple of 4)
+    virtual void composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) = 0;
 
-    /// True if a pixel may differ from what the last call of this saw; the first call answers true.
-    virtual bool takeChange() = 0;
+    /// Writes all 480 x 800 pixels.
+    void compose(uint16_t* pixels, int32_t strideBytes) {
+        composeRows(pixels, strideBytes, Rows().set());
+    }
+
+    /// The rows in which a pixel may differ from what the last call of this saw; all of them at the
+    /// first call.
+    virtual Rows takeChanges() = 0;
 };
 
 /// Navigation keys for people without a touch screen; the values are the canvas's key codes.

@@ -129,9 +129,13 @@ void Canvas::keep(Operation operation) {
     kept[keptCount++] = std::move(operation);
 }
 
-void Canvas::compose(uint16_t* pixels, int32_t strideBytes) {
+void Canvas::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) {
     const Operation* above = nullptr;  // what drew the row above, all by itself
     for (int32_t y = 0; y < kHeightPx; y++) {
+        if (!rows[static_cast<size_t>(y)]) {
+            above = nullptr;
+            continue;
+        }
         uint16_t* row = pixels + static_cast<ptrdiff_t>(y) * (strideBytes / 2);
         size_t first = 0;
         const Operation* sole = soleOperation(y, first);
@@ -204,37 +208,62 @@ void Canvas::drawRow(const Operation& operation, uint16_t* row, int32_t y) {
     }
 }
 
-bool Canvas::takeChange() {
-    bool changed = !everSeen || keptCount != seenCount;
-    size_t needed = 0;
-    for (size_t i = 0; i < keptCount; i++) {
-        changed = changed || !(kept[i] == seen[i]);
-        needed += kept[i].pixels != nullptr ? kept[i].pixels->size() : 0;
+bool Canvas::showsOtherOperations() const {
+    return !everSeen || !std::equal(kept.begin(), kept.begin() + keptCount, seen.begin(),
+                                    seen.begin() + seenCount);
+}
+
+HostFrame::Rows Canvas::takeChanges() {
+    if (showsOtherOperations()) {
+        seeAll();
+        return Rows().set();
     }
-    changed = changed || needed != seenPixels.size();
-    size_t at = 0;
-    for (size_t i = 0; i < keptCount && !changed; i++) {
+    Rows changed;
+    auto seenBitmap = seenPixels.begin();
+    for (size_t i = 0; i < keptCount; i++) {
         if (kept[i].pixels != nullptr) {
-            const Bitmap::Pixels& pixels = *kept[i].pixels;
-            changed = std::memcmp(pixels.data(), seenPixels.data() + at,
-                                  pixels.size() * sizeof(uint16_t)) != 0;
-            at += pixels.size();
+            seeChanges(kept[i], seenBitmap, changed);
+            seenBitmap += static_cast<ptrdiff_t>(kept[i].pixels->size());
         }
     }
-    if (!changed) {
-        return false;
-    }
+    return changed;
+}
+
+void Canvas::seeAll() {
     everSeen = true;
     seen = kept;
     seenCount = keptCount;
     seenPixels.clear();
-    seenPixels.reserve(needed);
     for (size_t i = 0; i < keptCount; i++) {
         if (kept[i].pixels != nullptr) {
             seenPixels.insert(seenPixels.end(), kept[i].pixels->begin(), kept[i].pixels->end());
         }
     }
-    return true;
+}
+
+/// Adds the display's rows that show a bitmap's row with another pixel than it had when it was seen
+/// last.
+void Canvas::seeChanges(const Operation& operation,
+                        Bitmap::Pixels::iterator seenBitmap,
+                        Rows& changed) {
+    const Rectangle& visible = operation.visible;
+    int32_t above = -1;  // the bitmap's row that the row above shows
+    bool differs = false;
+    for (int32_t y = visible.y; y < visible.y + visible.height; y++) {
+        const int32_t row = sourceRow(operation, y);
+        if (row != above) {
+            const ptrdiff_t at =
+                static_cast<ptrdiff_t>(row) * operation.pixelsPerRow + operation.source.x;
+            const auto pixels = operation.pixels->begin() + at;
+            const auto pixelsEnd = pixels + operation.source.width;
+            differs = !std::equal(pixels, pixelsEnd, seenBitmap + at);
+            if (differs) {
+                std::copy(pixels, pixelsEnd, seenBitmap + at);
+            }
+        }
+        above = row;
+        changed[static_cast<size_t>(y)] = changed[static_cast<size_t>(y)] || differs;
+    }
 }
 
 }  // namespace Osp::Graphics

@@ -120,10 +120,14 @@ private:
     /// out at once.
     static constexpr size_t kKept = 8;
 
-    void compose(uint16_t* pixels, int32_t strideBytes) override;
-    bool takeChange() override;
+    void composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) override;
+    Rows takeChanges() override;
 
     void keep(Operation operation);
+    bool showsOtherOperations() const;
+    void seeAll();
+    static void
+    seeChanges(const Operation& operation, Bitmap::Pixels::iterator seenBitmap, Rows& changed);
     /// The one operation that gives a row all its pixels, null if there are several or none.
     const Operation* soleOperation(int32_t y, size_t& first) const;
     void composeRow(uint16_t* row, int32_t y, size_t first) const;
@@ -136,9 +140,9 @@ private:
     std::shared_ptr<Bitmap::Pixels>
         workedOut;  // the picture below the kept operations, once there were too many
 
-    std::array<Operation, kKept> seen;  // what takeChange() saw last
+    std::array<Operation, kKept> seen;  // what takeChanges() saw last
     size_t seenCount = 0;
-    std::vector<uint16_t> seenPixels;
+    Bitmap::Pixels seenPixels;  // of the bitmaps in it, one after the other
     bool everSeen = false;
 };
 

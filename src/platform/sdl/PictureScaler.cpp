@@ -8,7 +8,7 @@ namespace {
 
 constexpr int32_t kFactor = HostFrame::kCanvasFactor;
 constexpr int32_t kProgramWidth = HostFrame::kWidthPx / kFactor;
-constexpr int32_t kProgramHeight = PictureScaler::kProgramRows;
+constexpr int32_t kProgramHeight = HostFrame::kHeightPx / kFactor;
 
 uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
     if (a == b || aWeight256 == 256) {
@@ -133,14 +133,14 @@ void PictureScaler::draw(const uint16_t* picture,
 std::vector<RowBand> PictureScaler::drawChanged(const uint16_t* picture,
                                                 uint32_t* target,
                                                 int32_t stridePixels,
-                                                const std::vector<bool>& changed) {
+                                                const HostFrame::Rows& changed) {
     std::vector<RowBand> bands;
     const auto width = static_cast<size_t>(prepared.width);
     const Cover* above = nullptr;  // of the row above, if that was drawn
     for (int32_t y = 0; y < prepared.height; y++) {
         const Cover& cover = rows[static_cast<size_t>(y)];
-        if (!changed[static_cast<size_t>(cover.first)] &&
-            !changed[static_cast<size_t>(cover.second)]) {
+        if (!changed[static_cast<size_t>(kFactor * cover.first)] &&
+            !changed[static_cast<size_t>(kFactor * cover.second)]) {
             above = nullptr;
             continue;
         }

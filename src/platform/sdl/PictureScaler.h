@@ -31,8 +31,6 @@ struct RowBand {
 
 class PictureScaler {
 public:
-    static constexpr int32_t kProgramRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
-
     /// Where the picture lies in a window of that size.
     static PicturePlace place(int32_t windowWidth, int32_t windowHeight);
 
@@ -45,14 +43,13 @@ public:
               int32_t windowWidth,
               int32_t windowHeight);
 
-    /// Draws again what shows one of the program's changed rows, into a target that has held the
-    /// whole picture since draw() in the same size.
-    /// @param changed  kProgramRows entries
+    /// Draws again what shows one of the changed rows, into a target that has held the whole
+    /// picture since draw() in the same size.
     /// @returns where it has drawn, from the top down
     std::vector<RowBand> drawChanged(const uint16_t* picture,
                                      uint32_t* target,
                                      int32_t stridePixels,
-                                     const std::vector<bool>& changed);
+                                     const HostFrame::Rows& changed);
 
 private:
     /// What one row or column of the window covers: one of the program's pixels, or two neighbours.

@@ -234,11 +234,12 @@ void SdlHost::presentIfDue() {
         return;
     }
     frameIsNew = false;
-    if (!frame->takeChange()) {
+    const HostFrame::Rows changed = frame->takeChanges();
+    if (changed.none()) {
         nextPictureUs = nowUs() + window.refreshUs();
         return;
     }
-    window.present(frame);
+    window.present(*frame, changed);
     pictures++;
     // In step with the display, unless it was still for a while.
     nextPictureUs = std::max(nextPictureUs + window.refreshUs(), nowUs());

@@ -6,7 +6,6 @@
 #include <SDL.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -87,15 +86,21 @@ void SdlWindow::rememberSize() const {
     }
 }
 
-void SdlWindow::present(HostFrame* frame) {
-    noteChanges(frame);
+void SdlWindow::present(HostFrame& frame, const HostFrame::Rows& changed) {
+    picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
+    frame.composeRows(picture.data(), HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t)),
+                      changed);
+    SDL_Surface* surface = SDL_GetWindowSurface(window);
+    if (surface != nullptr && isDrawnOn(*surface)) {
+        drawChangesOn(*surface, changed);
+    } else {
+        redraw();
+    }
+}
+
+void SdlWindow::redraw() {
     SDL_Surface* surface = SDL_GetWindowSurface(window);
     if (surface == nullptr || picture.empty()) {
-        return;
-    }
-    if (frame != nullptr && surface == drawn && surface->w == drawnWidth &&
-        surface->h == drawnHeight && surface->format->format == SDL_PIXELFORMAT_RGB888) {
-        drawChangesOn(*surface);
         return;
     }
     drawOn(*surface);
@@ -105,25 +110,13 @@ void SdlWindow::present(HostFrame* frame) {
     drawnHeight = surface->h;
 }
 
-/// Takes the frame's picture, and which of its rows differ from the one before.
-void SdlWindow::noteChanges(HostFrame* frame) {
-    if (frame == nullptr) {
-        return;
-    }
-    constexpr int32_t kStrideBytes = HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t));
-    constexpr size_t kRowPixels = size_t{2} * HostFrame::kWidthPx;  // of the program, doubled
-    before.swap(picture);
-    picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
-    frame->compose(picture.data(), kStrideBytes);
-    before.resize(picture.size());
-    changed.assign(PictureScaler::kProgramRows, false);
-    for (size_t row = 0; row < changed.size(); row++) {
-        changed[row] = std::memcmp(picture.data() + row * kRowPixels,
-                                   before.data() + row * kRowPixels, kStrideBytes) != 0;
-    }
+/// Whether the surface holds the picture before this one, in pixels that can be written directly.
+bool SdlWindow::isDrawnOn(const SDL_Surface& surface) const {
+    return &surface == drawn && surface.w == drawnWidth && surface.h == drawnHeight &&
+           surface.format->format == SDL_PIXELFORMAT_RGB888;
 }
 
-void SdlWindow::drawChangesOn(SDL_Surface& surface) {
+void SdlWindow::drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& changed) {
     if (SDL_LockSurface(&surface) != 0) {
         return;
     }

@@ -29,11 +29,11 @@ public:
     /// Keeps the size if the user has changed it.
     void rememberSize() const;
 
-    /// Draws the newest picture, or the last one again if there is none.
-    void present(HostFrame* frame);
+    /// Draws the rows that have changed since the last call; the first one gets them all.
+    void present(HostFrame& frame, const HostFrame::Rows& changed);
 
-    /// The window was resized or uncovered.
-    void redraw() { present(nullptr); }
+    /// The window was resized or uncovered: draws the last picture again.
+    void redraw();
 
     /// From a place in the window to pixels of the phone's display, which may lie outside it.
     /// @param xShare, yShare  0 at the left and upper edge, 1 at the right and lower one
@@ -53,9 +53,9 @@ public:
 
 private:
     void pixelSize(int32_t& width, int32_t& height) const;
-    void noteChanges(HostFrame* frame);
+    bool isDrawnOn(const SDL_Surface& surface) const;
     void drawOn(SDL_Surface& surface);
-    void drawChangesOn(SDL_Surface& surface);
+    void drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& changed);
 
     SDL_Window* window = nullptr;
     std::unique_ptr<WindowMemory> memory;
@@ -63,10 +63,8 @@ private:
     int32_t openedHeight = 0;
     PictureScaler scaler;
     std::vector<uint16_t> picture;  // the last one presented
-    std::vector<uint16_t> before;   // and the one before it
-    std::vector<bool> changed;      // the program's rows in which the two differ
 
-    // The surface that holds the whole picture before the last, and its size then; not owned.
+    // The surface that holds the picture, and its size then; not owned.
     const SDL_Surface* drawn = nullptr;
     int32_t drawnWidth = 0;
     int32_t drawnHeight = 0;

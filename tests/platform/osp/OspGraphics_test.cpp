@@ -132,20 +132,64 @@ TEST_F(OspGraphicsTest, moreOperationsThanAreKeptLookTheSame) {
     EXPECT_EQ(pixels[199 * 240 + 239], at(shown, 479, 799));
 }
 
-TEST_F(OspGraphicsTest, aChangeIsSeenOnceAndOnlyWhenAPixelDiffers) {
+TEST_F(OspGraphicsTest, aChangeIsSeenOnceAndOnlyInTheRowsThatShowIt) {
     auto frame = [this] {
         canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
         canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
         canvas->Show();
-        return host.frame->takeChange();
+        return host.frame->takeChanges();
     };
-    EXPECT_TRUE(frame());
-    EXPECT_FALSE(frame());
-    pixels[77]++;
-    EXPECT_TRUE(frame());
-    EXPECT_FALSE(frame());
+    EXPECT_TRUE(frame().all());
+    EXPECT_TRUE(frame().none());
+    pixels[77]++;  // at the top of the picture
+    pixels[319 * 240 + 239]++;
+    HostFrame::Rows expected;
+    expected.set(160).set(161).set(798).set(799);
+    EXPECT_EQ(expected, frame());
+    EXPECT_TRUE(frame().none());
     canvas->FillRectangle(Color(0xFF101010), {0, 0, 640, 800});
-    EXPECT_TRUE(host.frame->takeChange());
+    EXPECT_TRUE(host.frame->takeChanges().all());
+}
+
+TEST_F(OspGraphicsTest, whatABitmapDoesNotShowDoesNotCount) {
+    canvas->DrawBitmap({0, 0, 20, 20}, bitmap, {10, 10, 20, 20});
+    canvas->Show();
+    host.frame->takeChanges();
+    pixels[9 * 240 + 15]++;
+    pixels[15 * 240 + 9]++;
+    pixels[15 * 240 + 30]++;
+    pixels[30 * 240 + 15]++;
+    EXPECT_TRUE(host.frame->takeChanges().none());
+    pixels[29 * 240 + 29]++;
+    EXPECT_EQ(HostFrame::Rows().set(19), host.frame->takeChanges());
+}
+
+TEST_F(OspGraphicsTest, changedRowsAloneMakeTheWholeNewPicture) {
+    std::mt19937 random(2);
+    canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
+    canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
+    canvas->DrawBitmap({3, 100, 111, 77}, bitmap, {20, 30, 140, 150});  // lies over its own rows
+    std::vector<uint16_t> shown = display();
+    host.frame->takeChanges();
+    for (int32_t i = 0; i < 50; i++) {
+        for (int32_t j = 0; j < 3; j++) {
+            pixels[random() % (240 * 320)] ^= 0x4210;
+        }
+        const HostFrame::Rows changed = host.frame->takeChanges();
+        EXPECT_FALSE(changed.all());
+        host.frame->composeRows(shown.data(), kW * 2, changed);
+        ASSERT_EQ(display(), shown) << i;
+    }
+}
+
+TEST_F(OspGraphicsTest, rowsThatAreNotAskedForStayAsTheyAre) {
+    canvas->FillRectangle(Color(0xFFFFFFFF), {0, 0, 480, 800});
+    canvas->Show();
+    std::vector<uint16_t> shown(static_cast<size_t>(kW) * kH, 0x1234);
+    host.frame->composeRows(shown.data(), kW * 2, HostFrame::Rows().set(7));
+    EXPECT_EQ(480, std::count(shown.begin(), shown.end(), 0xFFFF));
+    EXPECT_EQ(0xFFFF, at(shown, 0, 7));
+    EXPECT_EQ(0xFFFF, at(shown, 479, 7));
 }
 
 TEST_F(OspGraphicsTest, theCanvasOutlivesItsBitmap) {

@@ -136,9 +136,10 @@ TEST_F(PictureScalerTest, drawingWhatHasChangedMakesTheWholeNewPicture) {
     for (const int32_t height : {200, 401, 700, 800, 833, 1200}) {
         const int32_t width = height * 3 / 5 + 7;
         draw(width, height);
-        std::vector<bool> changed(400, false);
+        HostFrame::Rows changed;
         for (const size_t row : {0U, 57U, 58U, 59U, 200U, 399U}) {
-            changed[row] = true;
+            changed.set(2 * row);
+            changed.set(2 * row + 1);
             for (size_t i = 2 * row * 480; i < (2 * row + 2) * 480; i++) {
                 picture[i] = static_cast<uint16_t>(picture[i] ^ 0x5A5A);
             }
@@ -159,7 +160,6 @@ TEST_F(PictureScalerTest, drawingWhatHasChangedMakesTheWholeNewPicture) {
 TEST_F(PictureScalerTest, whereNothingHasChangedNothingIsDrawn) {
     draw(480, 800);
     window.assign(window.size(), kUntouched);
-    EXPECT_TRUE(
-        scaler.drawChanged(picture.data(), window.data(), 480, std::vector<bool>(400)).empty());
+    EXPECT_TRUE(scaler.drawChanged(picture.data(), window.data(), 480, {}).empty());
     EXPECT_EQ(kUntouched, window[0]);
 }

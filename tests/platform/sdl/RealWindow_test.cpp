@@ -53,16 +53,16 @@ private:
 
 class Picture : public HostFrame {
 public:
-    void compose(uint16_t* target, int32_t strideBytes) override {
+    void composeRows(uint16_t* target, int32_t strideBytes, const Rows& rows) override {
         composed++;
         for (int32_t y = 0; y < kHeightPx; y++) {
-            for (int32_t x = 0; x < kWidthPx; x++) {
+            for (int32_t x = 0; x < kWidthPx && rows[static_cast<size_t>(y)]; x++) {
                 target[y * strideBytes / 2 + x] = at(x, y);
             }
         }
     }
 
-    bool takeChange() override {
+    Rows takeChanges() override {
         looks++;
         return changes;
     }
@@ -79,7 +79,7 @@ public:
     int32_t shift = 0;
     int32_t composed = 0;
     int32_t looks = 0;
-    bool changes = true;
+    Rows changes = Rows().set();
 };
 
 class RealWindow : public testing::Test {
@@ -140,8 +140,25 @@ TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
     EXPECT_EQ(0, wrong);
 }
 
+TEST_F(RealWindow, onlyTheRowsThatChangedAreDrawnAgain) {
+    const std::vector<uint32_t> old = screen.pixels(kLeft, kTop, 480, 800);
+    picture.shift = 7;
+    picture.changes.reset().set(200).set(201).set(798).set(799);
+    host.frameShown(&picture);
+    run(100);
+    const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
+    int32_t wrong = 0;
+    for (int32_t i = 0; i < 480 * 800; i++) {
+        const auto at = static_cast<size_t>(i);
+        const bool isNew = picture.changes[at / 480];
+        wrong += pixels[at] != (isNew ? picture.rgb32(i % 480, i / 480) : old[at]) ? 1 : 0;
+    }
+    EXPECT_EQ(0, wrong);
+    EXPECT_FALSE(old == pixels);
+}
+
 TEST_F(RealWindow, aStillPictureIsNotPresentedAgain) {
-    picture.changes = false;
+    picture.changes.reset();
     const int64_t before = host.presented();
     for (int32_t i = 0; i < 1000; i++) {
         host.frameShown(&picture);
