@@ -20,5 +20,5 @@ private:
 
     int32_t startMs = 0;
     [[maybe_unused]] int32_t markMs = 0;  // as Recording has; nothing is marked while playing
-    int32_t frame = 0;  // of the wheels, which go on from where they stood
+    int32_t frame = 0;                    // of the wheels, which go on from where they stood
 };
