@@ -134,13 +134,15 @@ std::vector<RowBand> PictureScaler::drawChanged(const uint16_t* picture,
                                                 uint32_t* target,
                                                 int32_t stridePixels,
                                                 const HostFrame::Rows& changed) {
+    const auto isChanged = [&changed](int32_t programY) {
+        return changed[size_t{kFactor} * static_cast<size_t>(programY)];
+    };
     std::vector<RowBand> bands;
     const auto width = static_cast<size_t>(prepared.width);
     const Cover* above = nullptr;  // of the row above, if that was drawn
     for (int32_t y = 0; y < prepared.height; y++) {
         const Cover& cover = rows[static_cast<size_t>(y)];
-        if (!changed[static_cast<size_t>(kFactor * cover.first)] &&
-            !changed[static_cast<size_t>(kFactor * cover.second)]) {
+        if (!isChanged(cover.first) && !isChanged(cover.second)) {
             above = nullptr;
             continue;
         }

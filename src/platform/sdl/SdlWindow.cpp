@@ -125,6 +125,7 @@ void SdlWindow::drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& chang
                            surface.pitch / static_cast<int32_t>(sizeof(uint32_t)), changed);
     SDL_UnlockSurface(&surface);
     std::vector<SDL_Rect> rectangles;
+    rectangles.reserve(bands.size());
     for (const RowBand& band : bands) {
         rectangles.push_back({0, band.top, surface.w, band.count});
     }
