@@ -1,7 +1,6 @@
-#include "OspMain.h"
-
 #include "GEngine.h"
 #include "OspBase.h"
+#include "OspMain.h"
 
 using Osp::Base::String;
 using Osp::Base::Collection::ArrayList;
