@@ -91,23 +91,23 @@ void SdlWindow::present(HostFrame& frame, const HostFrame::Rows& changed) {
     frame.composeRows(picture.data(), HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t)),
                       changed);
     SDL_Surface* surface = SDL_GetWindowSurface(window);
-    if (surface != nullptr && isDrawnOn(*surface)) {
-        drawChangesOn(*surface, changed);
-    } else {
+    const bool isEnough =
+        surface != nullptr && isDrawnOn(*surface) && drawChangesOn(*surface, changed);
+    if (!isEnough) {
         redraw();
     }
 }
 
 void SdlWindow::redraw() {
+    drawn = nullptr;
     SDL_Surface* surface = SDL_GetWindowSurface(window);
-    if (surface == nullptr || picture.empty()) {
-        return;
+    const bool isDrawn = surface != nullptr && !picture.empty() && drawOn(*surface) &&
+                         SDL_UpdateWindowSurface(window) == 0;
+    if (isDrawn) {
+        drawn = surface;
+        drawnWidth = surface->w;
+        drawnHeight = surface->h;
     }
-    drawOn(*surface);
-    SDL_UpdateWindowSurface(window);
-    drawn = surface;
-    drawnWidth = surface->w;
-    drawnHeight = surface->h;
 }
 
 /// Whether the surface holds the picture before this one, in pixels that can be written directly.
@@ -116,9 +116,9 @@ bool SdlWindow::isDrawnOn(const SDL_Surface& surface) const {
            surface.format->format == SDL_PIXELFORMAT_RGB888;
 }
 
-void SdlWindow::drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& changed) {
+bool SdlWindow::drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& changed) {
     if (SDL_LockSurface(&surface) != 0) {
-        return;
+        return false;
     }
     const std::vector<RowBand> bands =
         scaler.drawChanged(picture.data(), static_cast<uint32_t*>(surface.pixels),
@@ -129,28 +129,29 @@ void SdlWindow::drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& chang
     for (const RowBand& band : bands) {
         rectangles.push_back({0, band.top, surface.w, band.count});
     }
-    if (!rectangles.empty()) {
-        SDL_UpdateWindowSurfaceRects(window, rectangles.data(),
-                                     static_cast<int>(rectangles.size()));
-    }
+    return rectangles.empty() ||
+           SDL_UpdateWindowSurfaceRects(window, rectangles.data(),
+                                        static_cast<int>(rectangles.size())) == 0;
 }
 
-void SdlWindow::drawOn(SDL_Surface& surface) {
+bool SdlWindow::drawOn(SDL_Surface& surface) {
     SDL_Surface* target = &surface;
     if (surface.format->format != SDL_PIXELFORMAT_RGB888) {
         target =
             SDL_CreateRGBSurfaceWithFormat(0, surface.w, surface.h, 32, SDL_PIXELFORMAT_RGB888);
     }
     if (target == nullptr || SDL_LockSurface(target) != 0) {
-        return;
+        return false;
     }
     scaler.draw(picture.data(), static_cast<uint32_t*>(target->pixels),
                 target->pitch / static_cast<int32_t>(sizeof(uint32_t)), target->w, target->h);
     SDL_UnlockSurface(target);
+    bool isDrawn = true;
     if (target != &surface) {
-        SDL_BlitSurface(target, nullptr, &surface, nullptr);
+        isDrawn = SDL_BlitSurface(target, nullptr, &surface, nullptr) == 0;
         SDL_FreeSurface(target);
     }
+    return isDrawn;
 }
 
 void SdlWindow::pixelSize(int32_t& width, int32_t& height) const {

@@ -54,8 +54,8 @@ public:
 private:
     void pixelSize(int32_t& width, int32_t& height) const;
     bool isDrawnOn(const SDL_Surface& surface) const;
-    void drawOn(SDL_Surface& surface);
-    void drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& changed);
+    bool drawOn(SDL_Surface& surface);
+    bool drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& changed);
 
     SDL_Window* window = nullptr;
     std::unique_ptr<WindowMemory> memory;
@@ -64,7 +64,7 @@ private:
     PictureScaler scaler;
     std::vector<uint16_t> picture;  // the last one presented
 
-    // The surface that holds the picture, and its size then; not owned.
+    // The surface that holds the picture, and its size then; not owned. Null: none holds it whole.
     const SDL_Surface* drawn = nullptr;
     int32_t drawnWidth = 0;
     int32_t drawnHeight = 0;

@@ -69,14 +69,16 @@ public:
 
     /// As the program's are, each pixel is four of the display.
     uint16_t at(int32_t x, int32_t y) const {
+        const int32_t moved = shifted[static_cast<size_t>(y)] ? shift : 0;
         return static_cast<uint16_t>(
-            noise[static_cast<size_t>((y / 2 * 240 + x / 2 + shift) % 96000)]);
+            noise[static_cast<size_t>((y / 2 * 240 + x / 2 + moved) % 96000)]);
     }
 
     uint32_t rgb32(int32_t x, int32_t y) const { return HostFrame::toRgb32(at(x, y)); }
 
     TestSounds::Samples noise = TestSounds::noise(96000);
     int32_t shift = 0;
+    Rows shifted = Rows().set();
     int32_t composed = 0;
     int32_t looks = 0;
     Rows changes = Rows().set();
@@ -99,6 +101,25 @@ protected:
         }
     }
 
+    /// Some rows of the picture change, and the window says so.
+    void changeSomeRows() {
+        picture.shift += 7;
+        picture.shifted.reset().set(200).set(201).set(798).set(799);
+        picture.changes = picture.shifted;
+        host.frameShown(&picture);
+        run(100);
+    }
+
+    /// Pixels that differ from the picture at its own size.
+    int32_t wrongPixels() {
+        const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
+        int32_t wrong = 0;
+        for (int32_t i = 0; i < 480 * 800; i++) {
+            wrong += pixels[static_cast<size_t>(i)] != picture.rgb32(i % 480, i / 480) ? 1 : 0;
+        }
+        return wrong;
+    }
+
     static void hand(const std::string& actions) {
         ASSERT_EQ(0, std::system(("xdotool " + actions).c_str()));
     }
@@ -115,12 +136,7 @@ using Notes = std::vector<std::string>;
 }  // namespace
 
 TEST_F(RealWindow, everyPixelOfThePictureIsOnTheScreen) {
-    const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
-    int32_t wrong = 0;
-    for (int32_t i = 0; i < 480 * 800; i++) {
-        wrong += pixels[static_cast<size_t>(i)] != picture.rgb32(i % 480, i / 480) ? 1 : 0;
-    }
-    EXPECT_EQ(0, wrong);
+    EXPECT_EQ(0, wrongPixels());
 }
 
 TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
@@ -155,6 +171,29 @@ TEST_F(RealWindow, onlyTheRowsThatChangedAreDrawnAgain) {
     }
     EXPECT_EQ(0, wrong);
     EXPECT_FALSE(old == pixels);
+}
+
+TEST_F(RealWindow, changedRowsAreEnoughAlsoAfterTheWindowWasElsewhere) {
+    changeSomeRows();
+    EXPECT_EQ(0, wrongPixels());
+    screen.unmap(window);
+    run(300);
+    screen.map(window);
+    run(300);
+    changeSomeRows();
+    EXPECT_EQ(0, wrongPixels()) << "taken off the screen";
+    screen.resize(window, 300, 500);
+    run(300);
+    screen.resize(window, 480, 800);
+    run(300);
+    changeSomeRows();
+    EXPECT_EQ(0, wrongPixels()) << "small for a while";
+    screen.unmap(window);
+    run(300);
+    changeSomeRows();  // nobody sees it
+    screen.map(window);
+    run(300);
+    EXPECT_EQ(0, wrongPixels()) << "changed off the screen";
 }
 
 TEST_F(RealWindow, aStillPictureIsNotPresentedAgain) {
