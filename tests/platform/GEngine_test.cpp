@@ -129,6 +129,17 @@ TEST_F(GEngineTest, thereAreNeverTwoFramesForOneForeground) {
     run();
 }
 
+TEST_F(GEngineTest, eachForegroundShowsThePictureOnACanvasOfItsOwn) {
+    host.check([this] { host.frame->takeChanges(); });
+    host.callback(
+        [](HostListener& listener) { listener.onTouch(HostListener::Touch::kPress, 5, 5); });
+    host.check([this] { EXPECT_TRUE(host.frame->takeChanges().none()); });
+    background();
+    foreground();
+    host.check([this] { EXPECT_TRUE(host.frame->takeChanges().all()); });
+    run();
+}
+
 TEST_F(GEngineTest, eachCallbackOfThePlatformIsFollowedByOneFrame) {
     host.callback(
         [](HostListener& listener) { listener.onTouch(HostListener::Touch::kPress, 5, 5); });

@@ -358,3 +358,16 @@ TEST_F(GameInterfaceTest, aPhoneThatTurnsSilentDuringARecordingIsAskedAboutAtThe
 TEST_F(GameInterfaceTest, handlesNoOtherEvent) {
     EXPECT_EQ(0, game->HandleEvent(nullptr, 1));
 }
+
+TEST_F(GameInterfaceTest, afterTheEndTouchesAndFramesAreNobodys) {
+    game->AppQuit();
+    ASSERT_EQ(nullptr, Orm::canvas);
+    touch(120, 300);
+    game->OnPointerMove(10, 10);
+    Osp::Graphics::Canvas canvas;
+    game->AppPaint(&canvas);
+    canvas.Show();
+    std::vector<uint16_t> display(size_t{480} * 800, 1);
+    host.frame->compose(display.data(), 960);
+    EXPECT_EQ(std::vector<uint16_t>(size_t{480} * 800), display);  // not even the band above
+}

@@ -26,10 +26,14 @@ Screenshooter::~Screenshooter() {
     deleteArrFunc(subscriptions);
 }
 
+/// By the event's text, not one of the shared names: a key that no phone of this program had.
+bool Screenshooter::asksForPicture(Event* event) {
+    return event->type == Orm::EV_T_KEY_PRESS && event->subType != nullptr &&
+           *event->subType == String(kKey);
+}
+
 void Screenshooter::onEvent(Event* event) {
-    // The event's text, not one of the shared names: a key that no phone of this program had.
-    if (event->type == Orm::EV_T_KEY_PRESS && event->subType != nullptr &&
-        *event->subType == String(kKey)) {
+    if (asksForPicture(event)) {
         String path("screenshot.png");
         Orm::dumpToFile(Orm::getScreen(), &path);
     }

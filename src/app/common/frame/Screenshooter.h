@@ -14,6 +14,9 @@ public:
 
     Osp::Base::String** getSubscriptions() override { return subscriptions; }
 
+    /// Whether it is a press of the key that asks for the picture.
+    static bool asksForPicture(Event* event);
+
     static void static_ctor() {}
 
     static void static_dtor() {}

@@ -2,12 +2,14 @@
 #include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "Bounds.h"
+#include "FileInputStream.h"
 #include "FileOps.h"
 #include "Fx.h"
 #include "FxCatalogue.h"
 #include "G.h"
 #include "GEngine.h"
 #include "Menu.h"
+#include "MIDlet.h"
 #include "Orm.h"
 #include "OspBase.h"
 #include "PaImage.h"
@@ -15,6 +17,12 @@
 #include "Res.h"
 #include "ScreensTest.h"
 #include "State.h"
+
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 using Osp::Base::String;
 
@@ -35,6 +43,18 @@ protected:
         EXPECT_EQ(y, painter->getY());
         EXPECT_EQ(w, painter->getWidth());
         EXPECT_EQ(h, painter->getHeight());
+    }
+
+    static std::vector<uint32_t> pixelsOf(const AppImage& image) {
+        return {image.pixels, image.pixels + length(image.pixels)};
+    }
+
+    static std::vector<uint32_t> premultipliedFile(const std::string& name) {
+        String path(name.c_str());
+        const std::unique_ptr<InputStream> in(MIDlet::getResourceAsStream(&path));
+        const std::unique_ptr<AppImage> image(Orm::loadImage(in.get()));
+        image->premult();
+        return pixelsOf(*image);
     }
 };
 
@@ -91,8 +111,34 @@ TEST_F(GTest, picturesStandWhereTheirNamesSay) {
         EXPECT_GT(arrow->getWidth(), 0);
         EXPECT_GT(arrow->getHeight(), 0);
     }
-    EXPECT_TRUE(Res::getImage(G::piBg->getImage())->opaque);
-    EXPECT_FALSE(Res::getImage(G::piMicOverlay->getImage())->opaque);
+}
+
+TEST_F(GTest, everyPictureIsTheFileOfItsName) {
+    const std::vector<std::pair<PaImage*, std::string>> named = {
+        {G::piBg, "background_0_0_240_320"},
+        {G::piMicLedFlash, "mic_led_0_192_83_86"},
+        {G::piMicOverlay, "mic_overlay_13_151_49_42"},
+        {G::piWheelsOverlay, "wheels_overlay_175_179_57_14"},
+        {G::piButtonsPlay, "play_154_212_35_23"},
+        {G::piButtonsRec, "record_155_213_51_27"},
+        {G::piButtonsStop, "stop_195_226_29_21"},
+        {G::piArrowLeftWhite, "arrow_left_white"},
+        {G::piArrowRightWhite, "arrow_right_white"},
+        {G::piArrowRightBlack, "arrow_right_black"},
+        {G::piWheels15, "wheels_15_176_179_64_32"},
+        {G::piWheels30, "wheels_30_176_179_64_32"},
+        {G::piWheels45, "wheels_45_176_179_64_32"},
+        {G::piWheels60, "wheels_60_176_179_64_32"},
+        {G::piWheels75, "wheels_75_176_179_64_32"},
+    };
+    std::set<std::vector<uint32_t>> different;
+    for (const auto& [picture, file] : named) {
+        const std::vector<uint32_t> pixels = pixelsOf(*Res::getImage(picture->getImage()));
+        EXPECT_EQ(premultipliedFile("/Res/" + file + ".png"), pixels) << file;
+        EXPECT_EQ(picture == G::piBg, Res::getImage(picture->getImage())->opaque) << file;
+        different.insert(pixels);
+    }
+    EXPECT_EQ(named.size(), different.size());
 }
 
 TEST_F(GTest, framesAreSplitWhereTheirNamesSay) {

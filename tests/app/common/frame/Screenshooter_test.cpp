@@ -38,6 +38,19 @@ TEST_F(ScreenshooterTest, noKeyChangesThePicture) {
     EXPECT_FALSE(folders.has("home/screenshot.png"));
 }
 
+TEST_F(ScreenshooterTest, onePressOfOneKeyAsksForThePicture) {
+    String key("Keycode: 42");
+    String other("Keycode: 43");
+    Event press(Orm::EV_T_KEY_PRESS, &key, nullptr, 0);
+    Event release(Orm::EV_T_KEY_RELEASE, &key, nullptr, 0);
+    Event otherKey(Orm::EV_T_KEY_PRESS, &other, nullptr, 0);
+    Event noKey(Orm::EV_T_KEY_PRESS, nullptr, nullptr, 0);
+    EXPECT_TRUE(Screenshooter::asksForPicture(&press));
+    EXPECT_FALSE(Screenshooter::asksForPicture(&release));
+    EXPECT_FALSE(Screenshooter::asksForPicture(&otherKey));
+    EXPECT_FALSE(Screenshooter::asksForPicture(&noKey));
+}
+
 TEST_F(ScreenshooterTest, mayOutliveTheScheduler) {
     const Screenshooter shooter;
     end();
