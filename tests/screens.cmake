@@ -4,6 +4,7 @@ murmelo_tests(screens_tests
         app/common/frame/G_test.cpp
         app/common/frame/Murmelo_test.cpp
         app/common/frame/Screenshooter_test.cpp
+        app/common/screens/CleanStart_test.cpp
         app/common/screens/FirstLang_test.cpp
         app/common/screens/FreshPicture_test.cpp
         app/common/screens/Header_test.cpp

@@ -2,12 +2,14 @@
 
 #include "AppImage.h"
 #include "AudioDev.h"
+#include "Bounds.h"
 #include "Event.h"
 #include "G.h"
 #include "GnoGraphics.h"
 #include "Message.h"
 #include "Orm.h"
 #include "OspSystem.h"
+#include "PaStretcher.h"
 #include "Payload.h"
 #include "Res.h"
 #include "SkBar.h"
@@ -118,6 +120,8 @@ void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
     SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
     SkBar::paint(true);
     Message::setText(Str::str_SILENT_DEVICE, G::fntMedium);
+    // Other words may stand below, and would be read through a single glass.
+    G::psWndBg->paintOn(screen, 0, 0, G::scrB, nullptr);
     Message::paint();
     Orm::flush();
     copyScreenTo(g);

@@ -63,7 +63,56 @@ protected:
     }
 };
 
+/// Notes what stands on the screen each time it is painted there.
+class FrameWatch : public PaImage {
+public:
+    explicit FrameWatch(PaImage* painter)
+        : painter(painter) {}
+
+    void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* props) override {
+        painter->paintOn(dst, x, y, clip, props);
+        effects.push_back(G::getCurrFx());
+        leftPressed.push_back(Header::leftP && !Header::rightP);
+        rightPressed.push_back(Header::rightP && !Header::leftP);
+        frames.emplace_back(dst->pixels, dst->pixels + 240 * 320);
+    }
+
+    std::vector<int32_t> effects;
+    std::vector<bool> leftPressed;
+    std::vector<bool> rightPressed;
+    std::vector<std::vector<uint32_t>> frames;
+
+private:
+    PaImage* painter;
+};
+
 }  // namespace
+
+TEST_F(ScrollerTest, aTurnShowsItsThreeFramesBeforeTheEffectIsChosen) {
+    for (const bool left : {false, true}) {
+        G::setCurrFx(3);
+        PaImage* wheels = G::piWheelsOverlay;
+        FrameWatch watch(wheels);
+        G::piWheelsOverlay = &watch;  // painted last in each frame
+        Scroller::scroll(left);
+        G::piWheelsOverlay = wheels;
+        EXPECT_EQ((std::vector<int32_t>{3, 3, 3}), watch.effects);
+        EXPECT_EQ(std::vector<bool>(3, left), watch.leftPressed);
+        EXPECT_EQ(std::vector<bool>(3, !left), watch.rightPressed);
+        G::setCurrFx(3);
+        Scroller::initScroll(left);
+        ASSERT_EQ(3U, watch.frames.size());
+        for (size_t i = 0; i < 3; i++) {
+            const int32_t progress = 512 * static_cast<int32_t>(i);
+            const Pixels expected = slowFrame(left ? 1024 - progress : progress);
+            const auto first = ptrdiff_t{240} * Scroller::bounds->y;
+            const auto end = first + ptrdiff_t{240} * Scroller::bounds->h;
+            EXPECT_TRUE(std::equal(expected.begin() + first, expected.begin() + end,
+                                   watch.frames[i].begin() + first))
+                << left << progress;
+        }
+    }
+}
 
 TEST_F(ScrollerTest, theStripCoversEveryCreature) {
     EXPECT_EQ(kNumFxs, Scroller::numFxs);

@@ -7,6 +7,7 @@
 #include "Message.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
+#include "PaStretcher.h"
 #include "PaTextArea.h"
 #include "Res.h"
 #include "ScreensTest.h"
@@ -14,6 +15,9 @@
 #include "State.h"
 #include "Str.h"
 #include "TestSounds.h"
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -63,6 +67,27 @@ TEST_F(SilentQuestionTest, standsOverThePictureWithYesAndNoButNeverInIt) {
     EXPECT_EQ(Str::str_SILENT_DEVICE, Message::paTxt->getText());
     EXPECT_EQ(G::fntMedium, Message::paTxt->getFont());
     EXPECT_EQ(with, paint());
+}
+
+TEST_F(SilentQuestionTest, wordsBelowTheQuestionCannotBeRead) {
+    raise();
+    G::scr->set(0xFFFFFFFF);
+    const Shown overWhite = paint();
+    G::scr->set(0xFF000000);
+    const Shown overBlack = paint();
+    constexpr int32_t kCornerPx = 16;
+    const PaStretcher& box = *G::psWndBg;
+    int32_t most = 0;
+    for (int32_t y = box.getY() + kCornerPx; y < box.getY() + box.getHeight() - kCornerPx; y++) {
+        for (int32_t x = box.getX() + kCornerPx; x < box.getX() + box.getWidth() - kCornerPx; x++) {
+            const auto at = static_cast<size_t>(240 * y + x);
+            const int32_t greenDifference =
+                (overWhite[at] >> 5 & 0x3F) - (overBlack[at] >> 5 & 0x3F);
+            most = std::max(most, 4 * std::abs(greenDifference));
+        }
+    }
+    EXPECT_GE(12, most);  // of 255, between the brightest and the darkest of all pictures
+    EXPECT_NE(overWhite, overBlack);
 }
 
 TEST_F(SilentQuestionTest, yesUsesSoundsAndGoesOn) {
