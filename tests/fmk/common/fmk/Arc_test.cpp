@@ -29,8 +29,8 @@ std::vector<std::string> drawn(int32_t w, int32_t h, const Points& points) {
 
 /// Half pixels between the point and the ellipse, along its row or its column, the shorter way.
 double distance(int32_t w, int32_t h, int32_t u, int32_t v) {
-    const double insideX = 1.0 - double(v) * v / (double(h) * h);
-    const double insideY = 1.0 - double(u) * u / (double(w) * w);
+    const double insideX = 1.0 - static_cast<double>(v) * v / (static_cast<double>(h) * h);
+    const double insideY = 1.0 - static_cast<double>(u) * u / (static_cast<double>(w) * w);
     const double alongRow = std::abs(std::abs(u) - w * std::sqrt(std::max(0.0, insideX)));
     const double alongColumn = std::abs(std::abs(v) - h * std::sqrt(std::max(0.0, insideY)));
     return std::min(alongRow, alongColumn);

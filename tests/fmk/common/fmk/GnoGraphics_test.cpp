@@ -268,7 +268,7 @@ TEST_F(GnoGraphicsTest, linesHaveBothEndsInEveryDirection) {
             expectInk([=](int32_t x, int32_t y) {
                 for (int32_t i = 0; i <= steps; i++) {
                     // the nearest pixel to the true line, halves away from the start
-                    const double part = steps == 0 ? 0.0 : double(i) / steps;
+                    const double part = steps == 0 ? 0.0 : static_cast<double>(i) / steps;
                     const auto nearest = [part](int32_t d) {
                         const auto way = static_cast<int32_t>(std::abs(d) * part + 0.5 + 1e-9);
                         return d < 0 ? -way : way;
