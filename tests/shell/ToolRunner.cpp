@@ -159,9 +159,9 @@ void writeSound(
     const std::string& path, int format, int rateHz, int channels, const audio::Samples& frames) {
     SNDFILE* file = openToWrite(path, format, rateHz, channels);
     ASSERT_NE(nullptr, file);
-    const std::vector<short> shorts(frames.begin(), frames.end());
-    const auto count = static_cast<sf_count_t>(shorts.size());
-    EXPECT_EQ(count, sf_write_short(file, shorts.data(), count));
+    const std::vector<int16_t> words(frames.begin(), frames.end());
+    const auto count = static_cast<sf_count_t>(words.size());
+    EXPECT_EQ(count, sf_write_short(file, words.data(), count));
     EXPECT_EQ(0, sf_close(file));
 }
 
@@ -184,7 +184,7 @@ ReadSound readSound(const std::string& path) {
     sound.rateHz = facts.samplerate;
     sound.channels = facts.channels;
     sound.format = facts.format;
-    std::vector<short> block(4096);
+    std::vector<int16_t> block(4096);
     for (sf_count_t got = 0; (got = sf_read_short(file, block.data(), 4096)) > 0;) {
         sound.samples.insert(sound.samples.end(), block.begin(), block.begin() + got);
     }

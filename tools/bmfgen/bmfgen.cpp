@@ -49,6 +49,7 @@ bool writeFile(BitMapFont& font, const std::string& path) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): for want of memory, and then it may just end
 int main(int argc, char** argv) {
     CLI::App app("Makes a bitmap font file from an outline font.", "murmelo-bmfgen");
     Options options;

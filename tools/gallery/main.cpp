@@ -33,6 +33,7 @@ void describe(CLI::App& app, Options& options) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): for want of memory, and then it may just end
 int main(int argc, char** argv) {
     CLI::App app("Shows everything that lies under \"/Res/\" on one sheet.", "murmelo-gallery");
     Options options;

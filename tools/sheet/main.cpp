@@ -113,6 +113,7 @@ bool compare(Picture& sheet,
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): for want of memory, and then it may just end
 int main(int argc, char** argv) {
     CLI::App options("Puts pictures of one size side by side on a sheet.");
     uint32_t columns = 4;

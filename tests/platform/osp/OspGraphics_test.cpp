@@ -10,7 +10,6 @@ using Osp::Graphics::Bitmap;
 using Osp::Graphics::BufferInfo;
 using Osp::Graphics::Canvas;
 using Osp::Graphics::Color;
-using Osp::Graphics::Rectangle;
 
 namespace {
 

@@ -44,8 +44,8 @@ void pass(int64_t ms) {
 class RealProgram : public testing::Test {
 protected:
     std::vector<std::string> command() const {
-        return {MURMELO_PROGRAM_FOLDER "/murmelo", "--home", folders.path("home"), "--config",
-                folders.path("config")};
+        const std::string program = MURMELO_PROGRAM_FOLDER "/murmelo";
+        return {program, "--home", folders.path("home"), "--config", folders.path("config")};
     }
 
     bool waitForPicture() {
@@ -185,7 +185,9 @@ TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
 }
 
 TEST_F(RealProgram, withoutAScreenItSaysSoAndEnds) {
-    const std::string display = std::getenv("DISPLAY");
+    const char* given = std::getenv("DISPLAY");
+    ASSERT_NE(nullptr, given);
+    const std::string display = given;
     setenv("DISPLAY", ":9999", 1);
     Program program(command());
     setenv("DISPLAY", display.c_str(), 1);

@@ -74,13 +74,13 @@ protected:
 
     /// What was printed since the last look.
     static std::string output() {
-        const std::string text = testing::internal::GetCapturedStdout();
+        std::string text = testing::internal::GetCapturedStdout();
         testing::internal::CaptureStdout();
         return text;
     }
 
     static std::string error() {
-        const std::string text = testing::internal::GetCapturedStderr();
+        std::string text = testing::internal::GetCapturedStderr();
         testing::internal::CaptureStderr();
         return text;
     }

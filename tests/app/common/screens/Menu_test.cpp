@@ -45,7 +45,6 @@ protected:
         int32_t seen = -1;
         for (int32_t i = 0; i < length(Menu::entries); i++) {
             const Pixels row = picture(10, rowTop(i), 220, Menu::rh + 12);
-            Pixels other = row;
             seen = std::count(row.begin(), row.end(), 0xFFFFFFFFU) == 0 ? i : seen;
         }
         return seen;
