@@ -34,6 +34,12 @@ target_compile_definitions(real_tests PRIVATE
     MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED
     $<$<BOOL:${MURMELO_SANITIZE}>:MURMELO_SANITIZED>)
 add_dependencies(real_tests murmelo)
+add_test(NAME RealWayland
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
+        ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/wayland.sh
+        $<TARGET_FILE:murmelo> $<TARGET_FILE:murmelo-headless>)
+set_tests_properties(RealWayland PROPERTIES
+    SKIP_RETURN_CODE 77 TIMEOUT 120 RUN_SERIAL TRUE LABELS desktop)
 foreach(group RealProgram RealWindow RealSound)
     add_test(NAME ${group}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop

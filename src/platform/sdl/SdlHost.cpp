@@ -40,11 +40,22 @@ void setHints() {
     SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
 }
 
+/// Where SDL is going to look for a window system: X11 comes first, unless somebody has chosen.
+bool comesToX11() {
+    const char* chosen = std::getenv("SDL_VIDEODRIVER");
+    const char* display = std::getenv("DISPLAY");
+    return chosen != nullptr && *chosen != 0 ? SDL_strcmp(chosen, "x11") == 0
+                                             : display != nullptr && *display != 0;
+}
+
 /// Keeps SDL from what this program has no use for, and what would take longer than everything else
 /// up to the first picture.
 void doWithoutDesktopServices() {
-    // Nobody writes text: the table of accented letters need not be read.
-    ::setenv("XCOMPOSEFILE", "/dev/null", 1);
+    // Nobody writes text: the table of accented letters need not be read. Wayland's keyboard takes
+    // no empty one.
+    if (comesToX11()) {
+        ::setenv("XCOMPOSEFILE", "/dev/null", 1);
+    }
     // Where the session has no message bus, asking for one forks a search for a program that starts
     // one.
     const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
