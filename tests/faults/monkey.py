@@ -30,9 +30,10 @@ FINE = re.compile(r"^murmelo-headless: script: line \d+: (the program has ended|
 
 OPERATIONS = ["AudioIn.AddBuffer", "AudioIn.Construct", "AudioIn.Prepare", "AudioIn.Start", "AudioIn.Stop",
               "AudioIn.Unprepare", "AudioIn.Reset", "Canvas.Show", "Directory.Construct", "Directory.Create",
-              "Directory.Read", "File.Construct", "File.Copy", "File.Flush", "File.Read", "File.Remove", "File.Seek",
-              "File.Write", "Player.Close", "Player.Construct", "Player.OpenFile", "Player.Play", "Player.SetVolume",
-              "Player.Stop", "RuntimeInfo.GetValue", "SettingInfo.GetValue", "AppRegistry.Write"]
+              "Directory.Read", "File.Construct", "File.Copy", "File.Flush", "File.Read", "File.Remove", "File.Rename",
+              "File.RenameToFree", "File.Seek", "File.Write", "Player.Close", "Player.Construct", "Player.OpenFile",
+              "Player.Play", "Player.SetVolume", "Player.Stop", "RuntimeInfo.GetValue", "SettingInfo.GetValue",
+              "AppRegistry.Write"]
 
 
 class Monkey:

@@ -117,20 +117,33 @@ int createBeside(const std::string& target, std::string& name) {
     return open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
 }
 
-/// Gives a file its name unless another file has it, in one step. Where the file system has no such
-/// step, an empty file takes the name first.
+bool renameOver(const std::string& from, const std::string& to) {
+    return !hostFails("File.Rename") && std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+/// Gives a file its name unless another file has it. In one step if the file system has such a
+/// step, else an empty file takes the name first.
 bool renameToFree(const std::string& from, const std::string& to) {
 #ifdef RENAME_NOREPLACE
-    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
-        return true;
-    }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return false;
+    if (!hostFails("File.RenameToFree")) {
+        if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+            return true;
+        }
+        if (errno != EINVAL && errno != ENOSYS) {
+            return false;
+        }
     }
 #endif
-    const Descriptor placeholder(
+    const Descriptor empty(
         open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode));
-    return placeholder.get() >= 0 && std::rename(from.c_str(), to.c_str()) == 0;
+    if (empty.get() < 0) {
+        return false;
+    }
+    if (!renameOver(from, to)) {
+        unlink(to.c_str());  // nobody wants an empty sound
+        return false;
+    }
+    return true;
 }
 
 /// All bytes on the disk before the rename: after a power cut the target is the old file or the
@@ -283,7 +296,7 @@ result File::Copy(const String& source, const String& target, bool failIfExists)
     }
     if (fillTemporary(from.get(), temporary) &&
         (failIfExists ? renameToFree(temporaryName, to.path())
-                      : std::rename(temporaryName.c_str(), to.path().c_str()) == 0)) {
+                      : renameOver(temporaryName, to.path()))) {
         return E_SUCCESS;
     }
     unlink(temporaryName.c_str());

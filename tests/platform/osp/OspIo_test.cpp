@@ -301,6 +301,25 @@ TEST_F(OspIo, copiesOverAnExistingFileOnlyWhenAllowed) {
               namesIn("/Home/"));
 }
 
+TEST_F(OspIo, aCopyToAFreeNameWorksWithoutTheOneStepForIt) {
+    const std::vector<std::string> both = {"Murmelo", "from.txt", "to.txt"};
+    writeHome("from.txt", "new");
+    host.failNth("File.RenameToFree", 1);
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ("new", home("to.txt"));
+    EXPECT_EQ(both, namesIn("/Home/"));
+    writeHome("to.txt", "old");
+    host.failNth("File.RenameToFree", 1);
+    EXPECT_NE(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ("old", home("to.txt"));
+    EXPECT_EQ(both, namesIn("/Home/"));
+    removeHome("to.txt");
+    host.failNth("File.RenameToFree", 1);
+    host.failNth("File.Rename", 1);
+    EXPECT_NE(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt"}), namesIn("/Home/"));
+}
+
 TEST_F(OspIo, aCopyToAFreeNameNeverHitsAFileThatAppearsMeanwhile) {
     writeHome("from.txt", std::string(500000, 'n'));
     for (int32_t i = 0; i < 100; i++) {
