@@ -38,13 +38,11 @@ add_test(NAME RealWayland
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
         ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/wayland.sh
         $<TARGET_FILE:murmelo> $<TARGET_FILE:murmelo-headless>)
-set_tests_properties(RealWayland PROPERTIES
-    SKIP_RETURN_CODE 77 TIMEOUT 120 RUN_SERIAL TRUE LABELS desktop)
 foreach(group RealProgram RealWindow RealSound)
     add_test(NAME ${group}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
             $<TARGET_FILE:real_tests> --gtest_filter=${group}.*)
-    set_tests_properties(${group} PROPERTIES
-        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS desktop
-        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endforeach()
+set_tests_properties(RealWayland RealProgram RealWindow RealSound PROPERTIES
+    SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS desktop
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
