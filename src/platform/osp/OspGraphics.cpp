@@ -121,10 +121,9 @@ void Canvas::keep(Operation operation) {
     if (keptCount == kKept) {
         auto picture = std::make_shared<Bitmap::Pixels>(static_cast<size_t>(kWidthPx) * kHeightPx);
         compose(picture->data(), kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
-        workedOut = std::move(picture);
         keptCount = 0;
         const Rectangle all{0, 0, kWidthPx, kHeightPx};
-        kept[keptCount++] = Operation{all, 0, workedOut, kWidthPx, all, all};
+        kept[keptCount++] = Operation{all, 0, std::move(picture), kWidthPx, all, all};
     }
     kept[keptCount++] = std::move(operation);
 }

@@ -137,8 +137,6 @@ private:
     Rectangle clip{0, 0, kWidthPx, kHeightPx};
     std::array<Operation, kKept> kept;
     size_t keptCount = 0;
-    std::shared_ptr<Bitmap::Pixels>
-        workedOut;  // the picture below the kept operations, once there were too many
 
     std::array<Operation, kKept> seen;  // what takeChanges() saw last
     size_t seenCount = 0;

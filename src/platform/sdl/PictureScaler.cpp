@@ -58,9 +58,10 @@ std::vector<PictureScaler::Cover> PictureScaler::covers(int32_t windowPixels,
         const int64_t to = from + programPixels;
         Cover& cover = covers[static_cast<size_t>(i)];
         cover.first = static_cast<int32_t>(from / windowPixels);
-        cover.second = std::min(cover.first + 1, programPixels - 1);
+        cover.second = cover.first;
         const int64_t border = (int64_t{cover.first} + 1) * windowPixels;
         if (to > border) {
+            cover.second = cover.first + 1;
             cover.firstWeight256 = static_cast<int32_t>((border - from) * 256 / programPixels);
         }
     }

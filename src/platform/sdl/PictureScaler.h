@@ -44,7 +44,7 @@ public:
               int32_t windowHeight);
 
     /// Draws again what shows one of the changed rows, into a target that has held the whole
-    /// picture since draw() in the same size.
+    /// picture since draw() in the same size. Of the program's doubled rows the upper ones count.
     /// @returns where it has drawn, from the top down
     std::vector<RowBand> drawChanged(const uint16_t* picture,
                                      uint32_t* target,

@@ -40,7 +40,7 @@ void setHints() {
     SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
 }
 
-/// Where SDL is going to look for a window system: X11 comes first, unless somebody has chosen.
+/// Where SDL will look first for a window system: on X11, unless somebody has chosen.
 bool comesToX11() {
     const char* chosen = std::getenv("SDL_VIDEODRIVER");
     const char* display = std::getenv("DISPLAY");
