@@ -122,15 +122,16 @@ bool renameOver(const std::string& from, const std::string& to) {
 }
 
 /// Gives a file its name unless another file has it. In one step if the file system has such a
-/// step, else an empty file takes the name first.
+/// step, else an empty file takes the name first; that way is not proof against somebody who
+/// replaces the empty file, nor against a power cut, which leaves it.
 bool renameToFree(const std::string& from, const std::string& to) {
 #ifdef RENAME_NOREPLACE
     if (!hostFails("File.RenameToFree")) {
         if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
             return true;
         }
-        if (errno != EINVAL && errno != ENOSYS) {
-            return false;
+        if (errno == EEXIST) {
+            return false;  // whatever else is wrong, the longer way meets it too
         }
     }
 #endif

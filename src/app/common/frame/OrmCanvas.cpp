@@ -120,8 +120,8 @@ void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
     SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
     SkBar::paint(true);
     Message::setText(Str::str_SILENT_DEVICE, G::fntMedium);
-    // Other words may stand below, and would be read through a single glass.
-    G::psWndBg->paintOn(screen, 0, 0, G::scrB, nullptr);
+    // Other words may stand under the box, and would be read through a single glass.
+    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     Message::paint();
     Orm::flush();
     copyScreenTo(g);
