@@ -95,11 +95,7 @@ void GameInterface::AppPause() {
 void GameInterface::AppResume() {
     const bool silent = OrmCanvas::isPhoneSilent();
     if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
-        if (!OrmCanvas::showIsSilentPopup) {
-            SkBar::save();
-            OrmCanvas::silentPopupShown = true;
-            OrmCanvas::showIsSilentPopup = true;
-        }
+        OrmCanvas::raiseSilentPopup();
         return;  // paused until the question is answered
     }
     if (silent && OrmCanvas::showIsSilentPopup) {

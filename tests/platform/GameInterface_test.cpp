@@ -355,6 +355,39 @@ TEST_F(GameInterfaceTest, aPhoneThatTurnsSilentDuringARecordingIsAskedAboutAtThe
     EXPECT_EQ(Str::str_SK_QUIT, SkBar::strRsk);
 }
 
+TEST_F(GameInterfaceTest, aQuestionRaisedWhileTheProgramRunsPausesItFirst) {
+    State::setState(G::statePlay, true, true);
+    host.silent = true;
+    game->AppResume();
+    EXPECT_TRUE(OrmCanvas::showIsSilentPopup);
+    EXPECT_TRUE(Orm::isPaused());
+    shownKeys();  // a frame sets "Yes" and "No"
+    touch(40, 304);
+    EXPECT_FALSE(OrmCanvas::showIsSilentPopup);
+    EXPECT_FALSE(Orm::isPaused());
+    EXPECT_EQ(Str::str_SK_OPTIONS, SkBar::strLsk);
+    EXPECT_EQ(Str::str_SK_PLAY, SkBar::strMsk);
+    EXPECT_EQ(Str::str_SK_QUIT, SkBar::strRsk);
+}
+
+TEST_F(GameInterfaceTest, aQuestionRaisedDuringARecordingEndsItAndKeepsTheMenusKeys) {
+    host.ears.setVoice(TestSounds::noise(16000));
+    State::setState(G::stateRecord, true, true);
+    State::setState(G::stateRecording, true, true);
+    SkBar::setStr(Res::Null, Str::str_SK_STOP, Res::Null);
+    host.silent = true;
+    game->AppResume();
+    EXPECT_EQ("Options", host.doors->screenName());
+    EXPECT_TRUE(OrmCanvas::showIsSilentPopup);
+    EXPECT_TRUE(Orm::isPaused());
+    shownKeys();
+    touch(200, 304);
+    EXPECT_FALSE(Orm::isPaused());
+    EXPECT_EQ(Res::Null, SkBar::strLsk);
+    EXPECT_EQ(Str::str_SK_SELECT, SkBar::strMsk);
+    EXPECT_EQ(Str::str_SK_QUIT, SkBar::strRsk);
+}
+
 TEST_F(GameInterfaceTest, handlesNoOtherEvent) {
     EXPECT_EQ(0, game->HandleEvent(nullptr, 1));
 }

@@ -135,6 +135,14 @@ bool OrmCanvas::isPhoneSilent() {
 }
 
 void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
+void OrmCanvas::raiseSilentPopup() {
+    showIsSilentPopup = true;
+    // First, because a screen may give its work up at a pause and leave other soft keys.
+    Orm::setPaused(true);
+    SkBar::save();
+    silentPopupShown = true;
+}
+
     Event release(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
     const int32_t answer = SkBar::update(&release, true);
     if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {

@@ -55,6 +55,10 @@ public:
     /// The phone's own setting; false if it cannot be read.
     static bool isPhoneSilent();
 
+    /// Pauses the program and raises the question about silence over whatever screen the pause
+    /// leaves. Does no harm if the pause has raised it already.
+    static void raiseSilentPopup();
+
     static void static_ctor();
 
     static void static_dtor() {}

@@ -47,10 +47,7 @@ void Options::showOptions() {
 
 void Options::askAboutSilence() {
     if (!OrmCanvas::silentPopupShown && OrmCanvas::isPhoneSilent()) {
-        OrmCanvas::showIsSilentPopup = true;
-        Orm::setPaused(true);
-        SkBar::save();
-        OrmCanvas::silentPopupShown = true;
+        OrmCanvas::raiseSilentPopup();
     }
     OrmCanvas::safeToShowIsSilentPopup = true;
 }
