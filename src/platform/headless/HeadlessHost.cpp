@@ -31,12 +31,14 @@ bool isDeviceFact(ScriptVerb verb) {
 
 HeadlessHost::HeadlessHost(HostFolders folders,
                            std::vector<ScriptCommand> script,
-                           int64_t clockStartMs)
+                           int64_t clockStartMs,
+                           bool silent)
     : mapped(std::move(folders))
     , script(std::move(script))
     , nowMs(clockStartMs)
     , ears([this] { return nowMs; })
-    , voice([this] { return nowMs; }) {
+    , voice([this] { return nowMs; })
+    , silent(silent) {
     // What the device is like before the first touch holds from the start on.
     while (next < this->script.size() && isDeviceFact(this->script[next].verb)) {
         next++;

@@ -24,9 +24,11 @@ public:
     static constexpr int32_t kSignalled =
         128;  // and the number of the signal that asked for the end
 
-    HeadlessHost(HostFolders folders, std::vector<ScriptCommand> script, int64_t clockStartMs);
-
-    void setSilent(bool isSilent) { silent = isSilent; }
+    /// @param silent  what the phone is at first, unless the script's first lines say otherwise
+    HeadlessHost(HostFolders folders,
+                 std::vector<ScriptCommand> script,
+                 int64_t clockStartMs,
+                 bool silent = false);
 
     /// Works off what the script still expects once the program has ended.
     /// @returns the status of the whole run
@@ -107,7 +109,7 @@ private:
 
     FileMicrophone ears;
     FileSpeaker voice;
-    bool silent = false;
+    bool silent;
     int64_t phoneBytes = int64_t{1} << 30;
     int64_t cardBytes = -1;
     std::map<std::string, int64_t> failures;  // operation, calls until it fails

@@ -73,8 +73,7 @@ int main(int argc, char** argv) {
         return complain(wrong, HeadlessHost::kFailed);
     }
 
-    HeadlessHost host(folders, script, clockStartMs);
-    host.setSilent(silent);
+    HeadlessHost host(folders, script, clockStartMs, silent);
     Host::install(&host);
     const EndSignal endSignal;
     const int result = OspMain(argc, argv);
