@@ -23,3 +23,12 @@ foreach(case script-mistakes usage failed-expectations pictures-missing home-not
         TIMEOUT 300
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endforeach()
+
+foreach(bits 31 32)
+    add_test(NAME flow-clock/${bits}
+        COMMAND flows/clock.sh $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR} ${bits}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_tests_properties(flow-clock/${bits} PROPERTIES
+        TIMEOUT 600
+        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+endforeach()

@@ -125,3 +125,53 @@ TEST_F(ClockJumps, aDayForwardInTheMiddleOfASlideEndsIt) {
     EXPECT_TRUE(pending().empty());
     EXPECT_EQ(1, G::getCurrFx());
 }
+
+// A program may stay open until its clock of 32 bits wraps round, in the middle of anything.
+TEST_F(ClockJumps, theWrapBetweenAnyTwoSlicesChangesNothingOfTheResult) {
+    record(TestSounds::noise(3 * 16000), 2000);
+    const std::string take = folders.read(kTake);
+    for (const int64_t wrapMs : {int64_t{1} << 31, int64_t{1} << 32}) {
+        for (int32_t before = 0; before < 4; before++) {
+            folders.remove("home/Murmelo/rec_00000.wav");
+            G::setLastPlayedFx(-1);
+            host.nowMs = wrapMs - before;
+            State::setState(G::stateSave, true, true);
+            for (int32_t slices = 0; screen() == "Process"; slices++) {
+                ASSERT_GT(100, slices);
+                ASSERT_EQ(0, Orm::msUntilDue());
+                Orm::canvas->run();
+                host.nowMs++;
+            }
+            EXPECT_EQ("Save", screen());
+            EXPECT_EQ(take, folders.read("home/Murmelo/rec_00000.wav"));
+        }
+    }
+}
+
+TEST_F(ClockJumps, theWrapWhilePlayingLeavesTheFramesTheirPace) {
+    for (const int64_t wrapMs : {int64_t{1} << 31, int64_t{1} << 32}) {
+        record(TestSounds::noise(3 * 16000), 2000);
+        host.nowMs = wrapMs - 1005;
+        touch(kMiddle);
+        ASSERT_EQ("Playing", screen());
+        for (int32_t ms = 0; ms < 1500; ms += 10) {
+            ASSERT_EQ(Names{"Update@10"}, pending()) << ms;
+            pass(10);
+        }
+        touch(kMiddle);
+        EXPECT_EQ("Play", screen());
+    }
+}
+
+TEST_F(ClockJumps, theWrapWhileRecordingLeavesTheTakeItsTwentySeconds) {
+    for (const int64_t wrapMs : {int64_t{1} << 31, int64_t{1} << 32}) {
+        enter(G::stateRecord);
+        host.nowMs = wrapMs - 12345;
+        enter(G::stateRecording);
+        pass(19999);
+        EXPECT_EQ("Recording", screen());
+        pass(1);
+        EXPECT_EQ("Play", screen());
+        EXPECT_EQ(44U + 2 * 8000 * 20, folders.read(kTake).size());
+    }
+}

@@ -103,7 +103,7 @@ void Orm::insertSorted(Event* event) {
         return;
     }
     for (Event* current = firstEvent;; current = current->next) {
-        if (current->time > event->time) {
+        if (timeBefore(event->time, current->time)) {
             current->insertBeforeMe(event);
             if (current == firstEvent) {
                 firstEvent = event;
@@ -210,7 +210,7 @@ int64_t Orm::msUntilDue() {
         return -1;
     }
     const int32_t now = System::currentTimeMillis();
-    return firstEvent->time <= now ? 0 : int64_t{firstEvent->time} - now;
+    return timeBefore(now, firstEvent->time) ? wrapSub(firstEvent->time, now) : 0;
 }
 
 void Orm::flush() {

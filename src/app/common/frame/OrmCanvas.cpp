@@ -1,6 +1,7 @@
 #include "OrmCanvas.h"
 
 #include "AppImage.h"
+#include "Arithmetic.h"
 #include "AudioDev.h"
 #include "Bounds.h"
 #include "Event.h"
@@ -87,7 +88,7 @@ void OrmCanvas::run() {
         Orm::deliverToReceivers(&sysDispose);
     } else if (Orm::isPaused()) {
         Orm::setReceivers(Orm::EV_T_SYS_PAUSE);  // the pause itself was delivered when it began
-    } else if (Orm::firstEvent != nullptr && Orm::firstEvent->time <= now) {
+    } else if (Orm::firstEvent != nullptr && !timeBefore(now, Orm::firstEvent->time)) {
         Event* head = Orm::firstEvent;
         Orm::firstEvent = head->next;
         head->detachMe();
@@ -134,7 +135,6 @@ bool OrmCanvas::isPhoneSilent() {
     return silent;
 }
 
-void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
 void OrmCanvas::raiseSilentPopup() {
     showIsSilentPopup = true;
     // First, because a screen may give its work up at a pause and leave other soft keys.
@@ -143,6 +143,7 @@ void OrmCanvas::raiseSilentPopup() {
     silentPopupShown = true;
 }
 
+void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
     Event release(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
     const int32_t answer = SkBar::update(&release, true);
     if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {

@@ -19,6 +19,12 @@ constexpr int32_t wrapMul(int32_t a, int32_t b) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b));
 }
 
+/// Whether a comes before b on a clock of 32 bits that wraps round: times up to 2^31 - 1 apart keep
+/// their order.
+constexpr bool timeBefore(int32_t a, int32_t b) {
+    return wrapSub(a, b) < 0;
+}
+
 /// a << shift for 0 <= shift <= 31, also for negative a; bits that leave at the top are lost.
 constexpr int32_t wrapShl(int32_t a, int32_t shift) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) << shift);

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 using Osp::Base::String;
 using Heard = std::vector<std::string>;
 
@@ -205,12 +208,73 @@ TEST_F(OrmTest, msUntilDueCountsToTheFirstEvent) {
     EXPECT_EQ(0, Orm::msUntilDue());
 }
 
-TEST_F(OrmTest, theClockWrapsWithoutTrouble) {
-    host.nowMs = 0x7FFFFFFF;
-    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 10);
-    EXPECT_EQ(-2147483639,
-              Orm::firstEvent->time);  // a sum wraps, a comparison is signed: due at once
-    EXPECT_EQ(0, Orm::msUntilDue());
+TEST_F(OrmTest, whatIsDueAfterTheClockWrappedComesThenAndNotBefore) {
+    TestScreen screen({Orm::EV_T_UPDATE, Orm::EV_T_KEY_PRESS});
+    Orm::registerListener(&screen);
+    for (const int64_t wrapMs : {int64_t{1} << 31, int64_t{1} << 32}) {
+        screen.heard.clear();
+        host.nowMs = wrapMs - 5;
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 10);
+        Orm::schedEvent(Orm::EV_T_KEY_PRESS, nullptr, nullptr, 3);
+        EXPECT_EQ(3, Orm::msUntilDue());
+        host.nowMs += 3;
+        EXPECT_EQ(0, Orm::msUntilDue());
+        ticks(2);
+        EXPECT_EQ(Heard{"KeyPress"}, screen.heard);
+        EXPECT_EQ(7, Orm::msUntilDue());
+        host.nowMs += 6;
+        ticks(1);
+        EXPECT_EQ(1U, screen.heard.size());
+        host.nowMs += 1;
+        ticks(1);
+        EXPECT_EQ((Heard{"KeyPress", "Update"}), screen.heard);
+    }
+    Orm::unregisterListener(&screen);
+}
+
+TEST_F(OrmTest, eventsKeepTheirOrderWhereverTheClockStands) {
+    constexpr int32_t kEvents = 20;
+    std::mt19937 random(13);
+    for (int32_t round = 0; round < 500; round++) {
+        const int64_t wrapMs = (round % 2 == 0 ? int64_t{1} << 31 : int64_t{1} << 32);
+        const int64_t startMs = wrapMs - static_cast<int64_t>(random() % 25000);
+        std::vector<int64_t> wanted;
+        for (int32_t i = 0; i < kEvents; i++) {
+            host.nowMs = startMs + 40 * i;
+            const auto delayMs = static_cast<int32_t>(random() % 20001);
+            wanted.push_back(host.nowMs + delayMs);
+            Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, delayMs);
+        }
+        std::sort(wanted.begin(), wanted.end());
+        for (const int64_t dueMs : wanted) {
+            EXPECT_EQ(std::max<int64_t>(dueMs - host.nowMs, 0), Orm::msUntilDue());
+            host.nowMs = std::max(host.nowMs, dueMs);
+            ticks(1);
+        }
+        ASSERT_EQ(nullptr, Orm::firstEvent);
+    }
+}
+
+TEST_F(OrmTest, aPauseOverTheWrapKeepsTheRemainingDelay) {
+    for (const int64_t wrapMs : {int64_t{1} << 31, int64_t{1} << 32}) {
+        host.nowMs = wrapMs - 100;
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 200);
+        Orm::setPaused(true);
+        host.nowMs += 5000;
+        Orm::setPaused(false);
+        EXPECT_EQ(200, Orm::msUntilDue());
+        host.nowMs += 200;
+        ticks(1);
+        EXPECT_EQ(nullptr, Orm::firstEvent);
+    }
+}
+
+TEST_F(OrmTest, aPauseMayLastLongerThanHalfTheClock) {
+    Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 200);
+    Orm::setPaused(true);
+    host.nowMs += 3000000000;
+    Orm::setPaused(false);
+    EXPECT_EQ(200, Orm::msUntilDue());
 }
 
 TEST_F(OrmTest, persistentMemoryKeepsNothing) {

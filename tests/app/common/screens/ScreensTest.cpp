@@ -1,6 +1,7 @@
 #include "ScreensTest.h"
 
 #include "AppImage.h"
+#include "Arithmetic.h"
 #include "Event.h"
 #include "FileOps.h"
 #include "G.h"
@@ -108,7 +109,8 @@ ScreensTest::Names ScreensTest::pending() const {
         if (event->subType != nullptr) {
             name += "/" + event->subType->ToUtf8();
         }
-        names.push_back(name + "@" + std::to_string(event->time - System::currentTimeMillis()));
+        names.push_back(name + "@" +
+                        std::to_string(wrapSub(event->time, System::currentTimeMillis())));
     }
     return names;
 }

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace {
 
@@ -18,6 +19,28 @@ TEST(Arithmetic, sumsDifferencesAndProductsWrapAtTheEnds) {
     EXPECT_EQ(0, wrapMul(0x10000, 0x10000));
     EXPECT_EQ(-131072, wrapShl(-1, 17));
     EXPECT_EQ(kMin, wrapShl(1, 31));
+}
+
+TEST(Arithmetic, aTimeIsBeforeAllThatFollowUpTo24DaysLater) {
+    std::mt19937 random(13);
+    for (int32_t i = 0; i < 100000; i++) {
+        const auto time = static_cast<int32_t>(random());
+        const auto laterMs = static_cast<int32_t>(random() % 0x7FFFFFFF) + 1;  // up to the largest
+        const int32_t later = wrapAdd(time, laterMs);
+        ASSERT_TRUE(timeBefore(time, later)) << time << " and " << laterMs << " ms";
+        ASSERT_FALSE(timeBefore(later, time)) << time << " and " << laterMs << " ms";
+        ASSERT_FALSE(timeBefore(time, time)) << time;
+    }
+}
+
+TEST(Arithmetic, timesKeepTheirOrderWhereTheClockWraps) {
+    EXPECT_TRUE(timeBefore(kMax, kMin));
+    EXPECT_FALSE(timeBefore(kMin, kMax));
+    EXPECT_TRUE(timeBefore(-1, 0));
+    EXPECT_FALSE(timeBefore(0, -1));
+    EXPECT_TRUE(timeBefore(1, kMin));  // 2^31 - 1 apart, the most that is told
+    EXPECT_TRUE(timeBefore(0, kMax));
+    EXPECT_FALSE(timeBefore(kMax, 0));
 }
 
 TEST(Arithmetic, floatToIntegerTruncatesTowardZero) {
