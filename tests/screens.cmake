@@ -13,6 +13,7 @@ murmelo_tests(screens_tests
         app/common/screens/Message_test.cpp
         app/common/screens/Options_test.cpp
         app/common/screens/MessageAndQuit_test.cpp
+        app/common/screens/OnScreen_test.cpp
         app/common/screens/Play_test.cpp
         app/common/screens/Playing_test.cpp
         app/common/screens/Process_test.cpp

@@ -1,12 +1,14 @@
 #include "Main.h"
 
 #include "Bounds.h"
+#include "Chrome.h"
 #include "Fx.h"
 #include "G.h"
 #include "PaImage.h"
 #include "Scroller.h"
 
 void Main::paintBg() {
+    Chrome::cover();
     paintBg(G::scrB, nullptr);
 }
 

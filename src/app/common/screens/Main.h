@@ -6,6 +6,7 @@ class PixProps;
 
 class Main {
 public:
+    /// Without a clip: over the whole screen, and whatever stood there is gone.
     static void paintBg();
     static void paintBg(Bounded* clip, PixProps* props);
 

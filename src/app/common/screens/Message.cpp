@@ -22,10 +22,12 @@ constexpr int32_t kTopCentre = Bounds::kTop | Bounds::kCentre;
 
 }  // namespace
 
+bool Message::visible;
 PaTextArea* Message::paTxt;
 PaTextArea* Message::paTxt2;
 
 void Message::static_ctor() {
+    visible = false;
     paTxt = new PaTextArea();
     paTxt2 = new PaTextArea();
 }
@@ -66,6 +68,7 @@ void Message::setText(int32_t headId, int32_t headFont, int32_t bodyId, int32_t 
 }
 
 void Message::paint() {
+    visible = true;
     G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     paTxt->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     if (paTxt2->getText() != Res::Null) {

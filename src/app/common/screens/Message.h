@@ -15,9 +15,13 @@ public:
     /// background first.
     static void paint();
 
+    /// Whether it stands on the screen: from paint() until a whole picture covers it.
+    static bool isVisible() { return visible; }
+
     static void static_ctor();
     static void static_dtor();
 
+    static bool visible;
     static PaTextArea* paTxt;   // the text, or the heading; owned
     static PaTextArea* paTxt2;  // the body, Res::Null if there is none; owned
 

@@ -40,10 +40,12 @@ void fill(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
 
 }  // namespace
 
+bool Progress::visible;
 PaTextArea* Progress::caption;
 Bounds* Progress::bar;
 
 void Progress::static_ctor() {
+    visible = false;
     caption = new PaTextArea();
     bar = Bounds::alloc(kBarLeftPx, kBarTopPx, kBarWidthPx, kBarHeightPx);
 }
@@ -56,6 +58,7 @@ void Progress::static_dtor() {
 }
 
 void Progress::paintInit(int32_t captionId) {
+    visible = true;
     Bounds::set(G::psWndBg, kLeftPx, kTopPx, kWidthPx, kHeightPx);
     G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     const int32_t x = (Bounds::getWidth(G::scrB) - kCaptionWidthPx) / 2;

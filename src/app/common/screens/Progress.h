@@ -16,9 +16,13 @@ public:
     static void paintProgress(int32_t progress);
     static void flushProgress();
 
+    /// Whether the window stands on the screen: from paintInit() until a whole picture covers it.
+    static bool isVisible() { return visible; }
+
     static void static_ctor();
     static void static_dtor();
 
+    static bool visible;
     static PaTextArea* caption;  // owned
     static Bounds* bar;          // the trough, owned
 };

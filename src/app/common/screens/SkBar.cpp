@@ -18,6 +18,7 @@
 
 using Osp::Base::String;
 
+bool SkBar::visible;
 int32_t SkBar::strLsk;
 int32_t SkBar::strMsk;
 int32_t SkBar::strRsk;
@@ -27,6 +28,7 @@ int32_t SkBar::s_strRsk;
 PaTextArea* SkBar::s_paTxt;
 PaTextArea* SkBar::s_paTxt2;
 PaStretcher* SkBar::s_psWndBg;
+bool SkBar::s_messageVisible;
 int32_t SkBar::fntSides;
 int32_t SkBar::fntCenter;
 int32_t SkBar::margx;
@@ -42,11 +44,13 @@ int32_t SkBar::x2;
 int32_t SkBar::y2;
 
 void SkBar::static_ctor() {
+    visible = false;
     strLsk = strMsk = strRsk = Res::Null;
     s_strLsk = s_strMsk = s_strRsk = Res::Null;
     s_paTxt = nullptr;
     s_paTxt2 = nullptr;
     s_psWndBg = nullptr;
+    s_messageVisible = false;
     pressed = nullptr;
 }
 
@@ -103,6 +107,7 @@ void SkBar::save() {
     s_psWndBg = std::exchange(G::psWndBg, new PaStretcher());
     String window("/Res/menu_bg_x16y16.png");
     G::psWndBg->set(&window, true, false);
+    s_messageVisible = std::exchange(Message::visible, false);  // the question's words cover it
 }
 
 void SkBar::restore() {
@@ -112,10 +117,12 @@ void SkBar::restore() {
     delete std::exchange(Message::paTxt, std::exchange(s_paTxt, nullptr));
     delete std::exchange(Message::paTxt2, std::exchange(s_paTxt2, nullptr));
     delete std::exchange(G::psWndBg, std::exchange(s_psWndBg, nullptr));
+    Message::visible = s_messageVisible;
     setStr(s_strLsk, s_strMsk, s_strRsk);
 }
 
 void SkBar::paint(bool withBg) {
+    visible = true;
     if (withBg) {
         G::piBg->paintOn(G::scr, 0, 0, G::psSkBg, nullptr);
     }

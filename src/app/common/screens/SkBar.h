@@ -41,6 +41,10 @@ public:
     /// @param repaint  paints and flushes the bar afterwards, whatever the event was
     static int32_t update(Event* event, bool repaint);
 
+    /// Whether the bar stands on the screen: from paint() until a whole picture covers it. With no
+    /// label it is an empty strip.
+    static bool isVisible() { return visible; }
+
     /// Sub-name of the soft key at that point of the screen, with a label or without; null beside
     /// them all. Each has a third of the bar.
     static Osp::Base::String* keyAt(int32_t x, int32_t y);
@@ -53,6 +57,7 @@ public:
     static void static_ctor();
     static void static_dtor();
 
+    static bool visible;
     static int32_t strLsk;
     static int32_t strMsk;
     static int32_t strRsk;
@@ -62,6 +67,7 @@ public:
     static PaTextArea* s_paTxt;
     static PaTextArea* s_paTxt2;
     static PaStretcher* s_psWndBg;
+    static bool s_messageVisible;
     static int32_t fntSides;
     static int32_t fntCenter;
     static int32_t margx;

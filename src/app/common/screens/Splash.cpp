@@ -2,6 +2,7 @@
 
 #include "AppImage.h"
 #include "Bounds.h"
+#include "Chrome.h"
 #include "Event.h"
 #include "FileInputStream.h"
 #include "FileOps.h"
@@ -12,6 +13,8 @@
 #include "Murmelo.h"
 #include "Orm.h"
 #include "OspBase.h"
+#include "Res.h"
+#include "SkBar.h"
 
 namespace {
 
@@ -34,6 +37,8 @@ void Splash::onEnter() {
 }
 
 void Splash::begin() {
+    SkBar::setStr(Res::Null, Res::Null, Res::Null);  // the pictures leave no bar
+    Chrome::cover();
     paintPicture("/Res/splash_top.png", kTopHeightPx, 0);
     paintPicture("/Res/splash_eu.png", kBottomHeightPx, kTopHeightPx);
     Orm::flush();
