@@ -8,6 +8,7 @@ murmelo_tests(imaging_tests
         app/common/imaging/BoundsLists_test.cpp
         app/common/imaging/ImageOps_test.cpp
         app/common/imaging/PixelArithmetic_test.cpp
+        app/common/imaging/PixelRows_test.cpp
         app/common/imaging/PixProps_test.cpp
         app/common/imaging/PngEncoder_test.cpp
         app/common/imaging/Point_test.cpp

@@ -189,6 +189,36 @@ TEST_F(GEngineTest, aScreenOffConsumesItsEventAndAScreenOnGivesNoFrames) {
     run();
 }
 
+TEST_F(GEngineTest, aScreenThatIsOnAgainBeforeTheNextFrameGoesOnWithoutAForeground) {
+    host.callback([](HostListener& listener) {
+        listener.onScreenOff();
+        listener.onScreenOn();
+    });
+    host.check([this] {
+        EXPECT_EQ(1, frames());
+        Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 5);
+    });
+    host.wait(10);
+    host.check([this] {
+        EXPECT_EQ(2, frames());
+        EXPECT_EQ("Update", screen->heard.back());
+    });
+    run();
+}
+
+TEST_F(GEngineTest, aForegroundAfterAScreenOnIsNoSecondResume) {
+    host.check([] { OrmCanvas::safeToShowIsSilentPopup = true; });
+    host.callback([](HostListener& listener) { listener.onScreenOff(); });
+    host.callback([](HostListener& listener) { listener.onScreenOn(); });
+    host.check([this] { host.silent = true; });
+    foreground();
+    host.check([] {
+        EXPECT_FALSE(OrmCanvas::showIsSilentPopup);  // it is asked at a resume
+        EXPECT_FALSE(Orm::isPaused());
+    });
+    run();
+}
+
 TEST_F(GEngineTest, quittingPaintsOneMoreFrameAndEnds) {
     host.callback([this](HostListener& listener) {
         listener.onTouch(HostListener::Touch::kPress, 5, 5);

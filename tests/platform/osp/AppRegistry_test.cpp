@@ -116,6 +116,18 @@ TEST_F(AppRegistryTest, theFolderIsMadeWhenSomethingIsFirstWritten) {
     EXPECT_EQ("lang=0\n", folders.read("config/new/deep/settings"));
 }
 
+TEST_F(AppRegistryTest, valuesMayHaveBlanksAndEverySignThatIsNoControlCode) {
+    openOn("note= a b ~\nempty=\nlang=1\n");
+    EXPECT_EQ(E_SUCCESS, registry.Set("lang", "2"));
+    EXPECT_EQ("empty=\nlang=2\nnote= a b ~\n", folders.read("config/settings"));
+    EXPECT_EQ(E_SUCCESS, registry.Set("note", "c d"));
+    EXPECT_EQ("empty=\nlang=2\nnote=c d\n", folders.read("config/settings"));
+    for (const char* control : {"a\x1F", "a\x7F", "\t"}) {
+        EXPECT_EQ(E_FAILURE, registry.Set("note", control));
+    }
+    EXPECT_EQ("empty=\nlang=2\nnote=c d\n", folders.read("config/settings"));
+}
+
 TEST_F(AppRegistryTest, keysAndValuesThatWouldBreakALineAreRefused) {
     open();
     EXPECT_EQ(E_FAILURE, registry.Add("a b", "1"));

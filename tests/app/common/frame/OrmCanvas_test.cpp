@@ -116,6 +116,26 @@ TEST_F(OrmCanvasTest, inputIsDroppedWhilePaused) {
     EXPECT_TRUE(delivered().empty());
 }
 
+TEST_F(OrmCanvasTest, aReleaseInAPauseIsDroppedAndTheDragGoesOn) {
+    canvas->pointerPressed(0, 0);
+    canvas->hideNotify();
+    canvas->pointerReleased(0, 0);
+    canvas->showNotify();
+    canvas->pointerDragged(100, 0);
+    EXPECT_EQ((Heard{"KeyPress/KeyLeft", "KeyRelease/KeyLeft"}), delivered());
+}
+
+TEST_F(OrmCanvasTest, aPressInAPauseBeginsADrag) {
+    canvas->hideNotify();
+    canvas->pointerPressed(50, 0);
+    canvas->pointerDragged(150, 0);  // a move is dropped, and ends nothing
+    canvas->showNotify();
+    canvas->pointerDragged(149, 0);
+    EXPECT_TRUE(delivered().empty());
+    canvas->pointerDragged(150, 0);
+    EXPECT_EQ((Heard{"KeyPress/KeyLeft", "KeyRelease/KeyLeft"}), delivered());
+}
+
 TEST_F(OrmCanvasTest, twoDueEventsTakeTwoTicks) {
     canvas->keyPressed(-1);
     canvas->keyPressed(-2);

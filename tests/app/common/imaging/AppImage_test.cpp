@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 using model::pixelsOf;
 
@@ -308,6 +309,31 @@ TEST(AppImage, rectanglesWithoutPixelsDoNothing) {
         dst.blend(&src, 0, 0, 2, h, 0, 0, 128);
         dst.blend(&src, 0, 0, 2, h, 0, 0, &grey);
         dst.blend(0xFFFFFFFFu, &src, 0, 0, 2, h, 0, 0, nullptr);
+    }
+    EXPECT_EQ((std::vector<uint32_t>{5, 5, 5, 5}), pixelsOf(dst));
+}
+
+TEST(AppImage, rectanglesWithoutPixelsMayLieBesideThePicture) {
+    AppImage src(2, 2, 0x80112233u);
+    AppImage opaque(2, 2, 0xFF112233u);
+    opaque.opaque = true;
+    AppImage dst(2, 2, 5u);
+    PixProps grey(300, 0, 200);
+    const std::pair<int32_t, int32_t> sizes[] = {{0, 1}, {0, 2}, {1, 0}, {2, 0}, {0, 0}};
+    for (const int32_t at : {-100, -1, 2, 3, 100}) {
+        for (const auto& [w, h] : sizes) {
+            dst.set(9u, at, at, w, h);
+            dst.blend(0x80000000u, at, at, w, h);
+            dst.blend(0xFF000000u, at, at, w, h);
+            dst.blend(0x80000000u, at, at, w, h, &grey);
+            for (AppImage* source : {&src, &opaque}) {
+                dst.set(source, at, at, w, h, at, at);
+                dst.blend(source, at, at, w, h, at, at);
+                dst.blend(source, at, at, w, h, at, at, 128);
+                dst.blend(source, at, at, w, h, at, at, &grey);
+                dst.blend(0xFFFFFFFFu, source, at, at, w, h, at, at, nullptr);
+            }
+        }
     }
     EXPECT_EQ((std::vector<uint32_t>{5, 5, 5, 5}), pixelsOf(dst));
 }

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
 #include <set>
 
 namespace {
@@ -212,6 +213,24 @@ TEST_F(StrTest, helpNamesTheKeysAsTheyAreLabelled) {
         const std::string start = textIn(language, Str::str_START_RECORDING);
         EXPECT_NE(std::string::npos, start.find(textIn(language, Str::str_SK_RECORD))) << start;
     }
+}
+
+TEST_F(StrTest, aStartAndItsEndLeaveNoMemoryTaken) {
+    constexpr int32_t kStarts = 50;
+    const auto startAndEnd = [](int32_t times) {
+        for (int32_t i = 0; i < times; i++) {
+            Str::static_dtor();
+            Res::static_dtor();
+            Res::static_ctor();
+            Str::static_ctor();
+        }
+    };
+    startAndEnd(kStarts);
+    const size_t before = mallinfo2().uordblks;
+    startAndEnd(kStarts);
+    // The smallest array of a start takes 32 bytes. (The sanitizer's heap counts nothing here; it
+    // looks for leaks itself.)
+    EXPECT_LT(mallinfo2().uordblks, before + kStarts * 16);
 }
 
 TEST_F(StrTest, noTwoEffectsAreCalledTheSame) {

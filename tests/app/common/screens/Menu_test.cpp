@@ -117,6 +117,23 @@ TEST_F(MenuTest, theFocusBarLiesUnderTheFocusedRow) {
     }
 }
 
+TEST_F(MenuTest, theFocusedEntryIsInkOnTheFocusBar) {
+    Menu::setFocusedIndex(1);
+    Menu::paint();
+    const Pixels shown = picture();
+    // Once more by hand: the bar of the focus, and on it the label in black of alpha 160.
+    Main::paintBgAndFx(G::psWndBg);
+    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    G::psFocusBar->paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    PaTextLabel label(id(1), G::fntMedium, 0xA0000000);
+    Bounds::setPos(&label, Menu::entries[1]->getX(), Menu::entries[1]->getY());
+    label.paintOn(G::scr, 0, 0, G::scrB, nullptr);
+    const Pixels byHand = picture(10, rowTop(1), 220, Menu::rh + 12);
+    Menu::paint();
+    EXPECT_TRUE(byHand == picture(10, rowTop(1), 220, Menu::rh + 12));
+    EXPECT_TRUE(shown == picture());
+}
+
 TEST_F(MenuTest, otherEntriesKeepTheirOwnColour) {
     Menu::entries[2]->setColour(0xFFFF0000);
     Menu::paint();

@@ -94,6 +94,15 @@ TEST_F(OptionsTest, standsOverTheCurrentCreature) {
     EXPECT_GT(creaturePixels, 500);  // its head looks over the menu's window
 }
 
+TEST_F(OptionsTest, theMenuHasAnEmptyHeaderAlsoAfterTheChoiceOfTheEffect) {
+    enter(G::statePlay);
+    ASSERT_TRUE(Header::arrows && Header::fxName);
+    enter(G::stateOptions);
+    const Pixels shown = picture(0, 0, 240, Header::bounds->h);
+    Main::paintBgAndFx();
+    EXPECT_TRUE(shown == picture(0, 0, 240, Header::bounds->h));
+}
+
 TEST_F(OptionsTest, quittingEndsTheProgram) {
     enter(G::stateOptions);
     touch(kRight);

@@ -1,6 +1,8 @@
 #include "AppImage.h"
+#include "Bounds.h"
 #include "G.h"
 #include "Header.h"
+#include "Main.h"
 #include "Message.h"
 #include "MessageAndQuit.h"
 #include "Orm.h"
@@ -57,6 +59,20 @@ TEST_F(SaveTest, copiesTheResultToTheFirstNumberAndSaysWhere) {
     EXPECT_EQ("/Home/Murmelo/rec_00000.wav", text(Save::uriStrId));
     EXPECT_FALSE(Header::fxName);
     EXPECT_TRUE(hasResult());
+}
+
+TEST_F(SaveTest, theMessageHasAnEmptyHeaderAlsoAfterTheChoiceOfTheEffect) {
+    for (const bool fresh : {true, false}) {
+        haveResult();
+        G::setLastPlayedFx(fresh ? G::getCurrFx() : -1);
+        enter(G::statePlay);
+        ASSERT_TRUE(Header::arrows && Header::fxName);
+        enter(G::stateSave);
+        ASSERT_EQ("Save", screen());
+        const Pixels shown = picture(0, 0, 240, Header::bounds->h);
+        Main::paintBgAndFx();
+        EXPECT_TRUE(shown == picture(0, 0, 240, Header::bounds->h)) << fresh;
+    }
 }
 
 TEST_F(SaveTest, thePathStaysInOneRow) {

@@ -136,6 +136,24 @@ TEST_F(SilentQuestionTest, touchesElsewhereAndKeysAreIgnored) {
     EXPECT_EQ("Options", screen());
 }
 
+TEST_F(SilentQuestionTest, aReleaseElsewhereEndsTheDrag) {
+    raise();
+    Orm::canvas->pointerPressed(0, 100);
+    Orm::canvas->pointerReleased(0, 100);
+    OrmCanvas::showIsSilentPopup = false;  // as when the phone has its voice back
+    Orm::canvas->showNotify();
+    Orm::canvas->pointerDragged(200, 100);
+    EXPECT_TRUE(pending().empty());
+}
+
+TEST_F(SilentQuestionTest, thePressOfAnAnswerIsNoBeginningOfADrag) {
+    raise();
+    press(40, 304);
+    ASSERT_FALSE(Orm::isPaused());
+    Orm::canvas->pointerDragged(200, 304);
+    EXPECT_TRUE(pending().empty());
+}
+
 TEST_F(SilentQuestionTest, isNotAskedAgainInTheSameRun) {
     raise();
     press(40, 304);
