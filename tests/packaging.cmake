@@ -28,9 +28,23 @@ endforeach()
 # What is shipped bears no sanitizers.
 if(NOT MURMELO_SANITIZE)
     add_test(NAME packaging/debian-package
-        COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION}
+        COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION} ${MURMELO_HARDENED}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     list(APPEND packaging_tests packaging/debian-package)
+endif()
+
+# What stands between a mistake and an attack. Unoptimised and counted builds go without.
+if(MURMELO_HARDENED)
+    foreach(program murmelo murmelo-headless murmelo-fx)
+        add_test(NAME packaging/hardening-${program}
+            COMMAND packaging/hardening.sh $<TARGET_FILE:${program}>
+            WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+        list(APPEND packaging_tests packaging/hardening-${program})
+    endforeach()
+    add_test(NAME packaging/build-flags
+        COMMAND packaging/build-flags.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    list(APPEND packaging_tests packaging/build-flags)
 endif()
 
 set_tests_properties(${packaging_tests} PROPERTIES

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The Debian package satisfies lintian, works once it is installed, and leaves nothing when it is purged.
 #
-#   debian-package.sh BUILD SOURCE VERSION
-build=$(realpath "$1") source=$(realpath "$2") version=$3
+#   debian-package.sh BUILD SOURCE VERSION HARDENED     HARDENED: whether the build folder's programs are (ON or OFF)
+build=$(realpath "$1") source=$(realpath "$2") version=$3 hardened=$4
 # shellcheck source=tests/packaging/common.sh
 . "$(dirname "$0")/common.sh"
 
@@ -38,6 +38,7 @@ for program in murmelo murmelo-headless murmelo-fx; do
     [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || complain "zsh does not find how to complete $program"
     [ -f "$root/usr/share/bash-completion/completions/$program" ] || complain "bash does not know how to complete $program"
     [ -f "$root/usr/share/man/man1/$program.1.gz" ] || complain "$program has no man page"
+    [ "$hardened" = ON ] && { "$(dirname "$0")/hardening.sh" "$root/usr/bin/$program" || wrong=1; }
 done
 journey "$root/usr"
 expect_robot "$root/usr" "$folder/elsewhere/heard.wav"

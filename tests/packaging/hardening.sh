@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# A shipped program makes it hard to turn a mistake in it into an attack. Each is read from the program's own headers:
+# it is loaded at another address each time, its table of library functions is read-only before it begins, its stack
+# holds no code, and overwritten stacks and overrun buffers end it.
+#
+#   hardening.sh PROGRAM
+set -u
+program=$1 wrong=0
+
+complain() {
+    echo "$program: $1" >&2
+    wrong=1
+}
+
+header=$(LC_ALL=C readelf --wide --file-header "$program") || exit 1
+segments=$(LC_ALL=C readelf --wide --program-headers "$program") || exit 1
+dynamic=$(LC_ALL=C readelf --wide --dynamic "$program") || exit 1
+imports=$(LC_ALL=C readelf --wide --dyn-syms "$program" | awk '$7 == "UND" { sub(/@.*/, "", $8); print $8 }')
+
+grep -qE '^ *Type: *DYN' <<<"$header" || complain "it is always loaded at the same address (no PIE)"
+grep -qE '\(FLAGS_1\).*\<PIE\>' <<<"$dynamic" || complain "it is not marked as a program for any address (no PIE)"
+grep -qE '^ *GNU_RELRO ' <<<"$segments" || complain "its tables stay writable (no GNU_RELRO)"
+grep -qE '\(FLAGS_1\).*\<NOW\>' <<<"$dynamic" || complain "functions are looked up while it runs (no BIND_NOW)"
+grep -qE '^ *GNU_STACK .* RW  *0x' <<<"$segments" || complain "its stack may hold code, or says nothing of that"
+grep -qE '^ *LOAD .* RWE ' <<<"$segments" && complain "a segment can be both written and executed"
+grep -qxF __stack_chk_fail <<<"$imports" || complain "no function checks its stack (no -fstack-protector-strong)"
+grep -qE '^__[a-z0-9_]+_chk$' <<<"$imports" || complain "no library call checks its buffer (no _FORTIFY_SOURCE)"
+exit $wrong
