@@ -36,7 +36,9 @@ breach $app/screens/Save.cpp '#include <chrono>' 'chrono'
 breach $app/screens/Menu.cpp 'static const char* home = std::getenv("HOME");  // where else' 'getenv'
 breach $app/screens/Main.cpp 'const auto now = time(nullptr);' 'time('
 breach src/fmk/common/fmk/Math.cpp 'void end() { ::exit(1); }' 'exit('
-breach src/fmk/common/fmk/GnoImage.cpp '#include <zlib.h>' ''
+breach src/fmk/common/fmk/GnoImage.cpp '#include <zlib.h>' 'zlib'
+# Found by its name: also where the file that may include zlib is not the first in its folder, or not there at all.
+sed -i '/#include <zlib/d' src/fmk/common/fmk/png2native.cpp
 if tools/check-layers >"$folder/said"; then
     echo "nothing found"
     wrong=1
