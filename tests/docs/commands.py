@@ -1,0 +1,209 @@
+#!/usr/bin/env python3
+"""commands.py BUILD SOURCE: every command of the documentation works where it is read, or stands in a list with a reason.
+
+The commands are taken from the pages: from README.md, CONTRIBUTING.md and the Markdown of docs and art every line of an
+indented or fenced block, and what stands in the text between backquotes and begins as a command does; from the man pages what
+stands between .EX and .EE. Those that not-run.txt lists are not run. All others run in a folder that looks like the
+source tree with the build in build/release; the commands of man pages run in a folder of a user's own. Outcome: status
+0, nothing on standard error, and the files and folders that the command names as its results.
+
+A command of a page that is run and fails, and an entry of the list that no page has any more, fail the test.
+"""
+import glob
+import os
+import re
+import shlex
+import shutil
+import subprocess
+import sys
+import tempfile
+
+PROGRAMS = ("murmelo", "murmelo-headless", "murmelo-fx")
+STARTERS = PROGRAMS + ("cmake", "ctest", "sudo", "man", "apt", "apt-get", "git", "ninja", "python3")
+SOUND = re.compile(r"\.(wav|flac|ogg|opus|mp3)$")
+
+
+def starts_a_command(text, source):
+    """True for a program that is known, with words after it, and for a file of the tree that can be run."""
+    words = text.split()
+    while words and re.match(r"[A-Z_]+=", words[0]):
+        words.pop(0)
+    if not words:
+        return False
+    file = os.path.join(source, words[0])
+    runnable = "/" in words[0] and os.path.isfile(file) and os.access(file, os.X_OK)
+    return runnable or words[0].startswith("build/") and len(words) > 1 or words[0] in STARTERS and len(words) > 1
+
+
+def without_remark(line):
+    """A page tells what a command does after at least two blanks."""
+    return re.split(r"\s{2,}", line.strip())[0]
+
+
+def joined(lines):
+    """Commands of a block: a line that ends in | or \\ goes on in the next one, << goes on to its word."""
+    commands, lines = [], list(lines)
+    while lines:
+        command = lines.pop(0)
+        while lines and command.rstrip().endswith(("|", "\\")):
+            command += "\n" + lines.pop(0)
+        here = re.search(r"<<\s*(\w+)", command)
+        while lines and here and command.splitlines()[-1] != here.group(1):
+            command += "\n" + lines.pop(0)
+        commands.append(command)
+    return commands
+
+
+def of_markdown(text, source):
+    """Commands of a page. A block that is a script for murmelo-headless says so in its first line."""
+    text = re.sub(r"^```\w*\n(.*?)^```\n", lambda fenced: re.sub("^", "    ", fenced.group(1), flags=re.M).rstrip(" "), text,
+                  flags=re.M | re.S)
+    blocks = re.findall(r"(?:(?<=\n\n)|\A)((?:    .*\n|\n(?=    ))+)", text)
+    for block in blocks:
+        text = text.replace(block, "\n", 1)
+        lines = [line[4:] for line in block.splitlines() if line.strip()]
+        script = re.match(r"# (murmelo-headless .*) SCRIPT$", lines[0])
+        if script:
+            yield script.group(1) + " - <<END\n" + "\n".join(lines) + "\nEND"
+        elif lines[0].startswith(" "):
+            yield "a picture: " + lines[0].strip()
+        else:
+            yield from joined(without_remark(line) for line in lines)
+    for quoted in re.findall(r"`([^`]+)`", text):
+        quoted = " ".join(quoted.split())
+        if starts_a_command(quoted, source):
+            yield quoted
+
+
+def of_man_page(text):
+    for example in re.findall(r"^\.EX\n(.*?)^\.EE\n", text, re.M | re.S):
+        for escape, sign in ((r"\-", "-"), (r"\(aq", "'"), (r"\(dq", '"'), (r"\e", "\\"), (r"\&", "")):
+            example = example.replace(escape, sign)
+        yield from joined(example.splitlines())
+
+
+def all_commands(source):
+    """Page and command, in the order in which they are read."""
+    pages = ["README.md", "CONTRIBUTING.md"]
+    for pattern in ("docs/*.md", "art/*.md", "docs/man/*.1"):
+        pages += sorted(os.path.relpath(page, source) for page in glob.glob(os.path.join(source, pattern)))
+    for page in pages:
+        with open(os.path.join(source, page), encoding="utf-8") as file:
+            text = file.read()
+        seen = set()
+        for command in of_man_page(text) if page.endswith(".1") else of_markdown(text, source):
+            if command not in seen:
+                seen.add(command)
+                yield page, command
+
+
+def listed(path):
+    """What is not run: page and the first line of the command, to the reason."""
+    reasons, reason = {}, ""
+    with open(path, encoding="utf-8") as file:
+        for line in file.read().splitlines():
+            if line.startswith("# "):
+                reason = line[2:]
+            elif line.strip():
+                reasons[tuple(line.split(": ", 1))] = reason
+    return reasons
+
+
+class Folder:
+    """A source tree with its build, as a reader of the pages has it. Nothing in it is written in the real one."""
+
+    def __init__(self, build, source):
+        self.folder = tempfile.TemporaryDirectory(prefix="murmelo_docs_")
+        self.path = os.path.realpath(self.folder.name)
+        self.build = self.path + "/tree/build/release"
+        for name in ("home", "user/voices"):
+            os.makedirs(os.path.join(self.path, name))
+        os.makedirs(self.build)
+        shutil.copytree(source, self.path + "/tree", symlinks=True, dirs_exist_ok=True,
+                        ignore=lambda folder, _: ["build", ".git"] if folder == source else [])
+        for name in PROGRAMS:
+            shutil.copy(os.path.join(build, name), self.build)
+        for name in ("Res", "framework"):
+            os.symlink(os.path.join(source, "res", name), os.path.join(self.build, name))
+        self.copy_what_installs(build)
+        self.environment = {name: value for name, value in os.environ.items()
+                            if not name.startswith(("MURMELO_", "XDG_")) and name != "DESTDIR"}
+        self.environment.update(HOME=self.path + "/home", PATH=self.build + ":" + os.environ["PATH"], LC_ALL="C.UTF-8",
+                                LSAN_OPTIONS="suppressions=%s/tests/lsan.supp:print_suppressions=0" % source)
+        self.users_files()
+
+    def copy_what_installs(self, build):
+        """The scripts of the build folder, about this folder instead."""
+        shutil.copytree(build + "/install", self.build + "/install", symlinks=True)
+        for folder, _, names in os.walk(build):
+            for name in names:
+                if name in ("cmake_install.cmake", "MakeFolders.cmake"):
+                    target = os.path.join(self.build, os.path.relpath(folder, build))
+                    os.makedirs(target, exist_ok=True)
+                    with open(os.path.join(folder, name), encoding="utf-8") as file:
+                        text = file.read().replace(build + "/", self.build + "/")
+                    with open(os.path.join(target, name), "w", encoding="utf-8") as file:
+                        file.write(text)
+
+    def users_files(self):
+        """The sounds that the man pages speak of."""
+        sample = self.path + "/tree/res/sample/hello.wav"
+        for name in ("voice.wav", "voices/a.wav", "voices/b b.wav"):
+            shutil.copy(sample, os.path.join(self.path, "user", name))
+        for name in ("voice.flac", "another.flac"):
+            subprocess.run([self.build + "/murmelo-fx", "none", sample, os.path.join(self.path, "user", name)],
+                           env=self.environment, check=True)
+
+    def run(self, page, command):
+        """What is wrong, or nothing."""
+        where = os.path.join(self.path, "user" if page.endswith(".1") else "tree")
+        done = subprocess.run(["bash", "-e", "-o", "pipefail", "-c", command], cwd=where, env=self.environment,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+        if done.returncode != 0:
+            return "status %d: %s" % (done.returncode, done.stderr.decode(errors="replace").strip())
+        if done.stderr:
+            return "standard error: " + done.stderr.decode(errors="replace").strip()
+        missing = [name for name in self.results(command) if not self.holds_something(os.path.join(where, name))]
+        if missing:
+            return "left no " + " and no ".join(missing)
+        return ""
+
+    def results(self, command):
+        """Sounds and folders that a command names: they are there afterwards."""
+        words = shlex.split(command, comments=True)
+        found = [word for word in words if SOUND.search(word) and "*" not in word]
+        for option in ("--out-dir", "--prefix"):
+            found += [words[words.index(option) + 1]] if option in words else []
+        staged = [word.removeprefix("DESTDIR=") for word in words if word.startswith("DESTDIR=")]
+        if staged:
+            found = [staged[0] + words[words.index("--prefix") + 1]]
+        return [os.path.join(self.path, "home", name[2:]) if name.startswith("~/") else name for name in found
+                if not name.startswith("rec_")]
+
+    @staticmethod
+    def holds_something(path):
+        return bool(os.listdir(path)) if os.path.isdir(path) else os.path.isfile(path) and os.path.getsize(path) > 44
+
+
+def main(build, source):
+    reasons = listed(source + "/tests/docs/not-run.txt")
+    wrong, ran, unused = [], 0, set(reasons)
+    folder = Folder(build, source)
+    for page, command in all_commands(source):
+        key = (page, command.splitlines()[0])
+        if key in reasons:
+            unused.discard(key)
+            continue
+        ran += 1
+        complaint = folder.run(page, command)
+        print("%s: %s: %s" % (page, key[1], complaint or "works"))
+        if complaint:
+            wrong.append(key)
+    for page, command in sorted(unused):
+        print("%s: %s: is listed in not-run.txt, and not in the page" % (page, command))
+    print("%d commands run, %d not run, %d of them fail" % (ran, len(reasons) - len(unused), len(wrong)))
+    sys.exit(1 if wrong or unused or ran < 8 else 0)
+
+
+if __name__ == "__main__":
+    main(os.path.realpath(sys.argv[1]), os.path.realpath(sys.argv[2]))
