@@ -8,7 +8,6 @@ trap 'rm -rf "$folder"' EXIT
 mkdir "$folder/copy"
 cp -r "$source/src" "$source/tools" "$folder/copy"
 cd "$folder/copy" || exit 1
-git init -q .
 
 wrong=0
 if ! tools/check-layers >"$folder/said"; then
