@@ -44,6 +44,11 @@ add_test(NAME faults/monkey-finds-and-shrinks
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/monkey_test.py ${CMAKE_SOURCE_DIR})
 set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 300 LABELS faults)
 
+# A program that hangs is told from one that a busy machine keeps waiting.
+add_test(NAME faults/hangs-are-told-from-waiting
+    COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/journey_test.py)
+set_tests_properties(faults/hangs-are-told-from-waiting PROPERTIES TIMEOUT 300 LABELS faults)
+
 add_library(clock_shim SHARED faults/clock_shim.c)
 fault_test(clock clock.py $<TARGET_FILE:clock_shim>)
 

@@ -14,10 +14,13 @@ import struct
 import subprocess
 import sys
 import tempfile
+import time
 
 SKIPPED = 77
 CRASH_STATUS = 97  # of a program that a sanitizer ended
-TIMEOUT_SECONDS = 60
+PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
+ASLEEP_SECONDS = 60  # that it may sleep without using any
+LOOK_SECONDS = 0.2
 TEMPORARY = ("MrmLastRec.wav", "MrmLastProc.wav")
 
 LANGUAGE_KNOWN = "lang=0\n"
@@ -86,6 +89,46 @@ class Outcome:
         return "%s (status %s) %s" % (self.kind(), self.status, self.complaint.strip()[:2000])
 
 
+class Patience:
+    """Tells a program that hangs from one that a busy machine keeps waiting, however long.
+
+    One that hangs either uses more processor time than any run needs, or sleeps and waits for what never comes. To be
+    asked again and again while the program runs.
+    """
+
+    def __init__(self, process, processor_seconds=PROCESSOR_SECONDS, asleep_seconds=ASLEEP_SECONDS):
+        self.process = process
+        self.processor_seconds, self.asleep_seconds = processor_seconds, asleep_seconds
+        self.used = -1.0
+        self.asleep_since = None
+
+    def is_over(self):
+        try:
+            with open("/proc/%d/stat" % self.process.pid) as file:
+                fields = file.read().rsplit(")", 1)[1].split()
+        except OSError:
+            return False  # it has ended
+        used = (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+        if fields[0] != "S" or used != self.used:
+            self.asleep_since = None  # it works, waits for the processor or the disk, or was stopped
+        elif self.asleep_since is None:
+            self.asleep_since = time.monotonic()
+        self.used = used
+        asleep = 0 if self.asleep_since is None else time.monotonic() - self.asleep_since
+        return used > self.processor_seconds or asleep > self.asleep_seconds
+
+
+def ended(process, patience):
+    """Output and errors of a program, and whether it ended by itself: one that hangs is killed."""
+    while True:
+        try:
+            return (*process.communicate(timeout=LOOK_SECONDS), True)
+        except subprocess.TimeoutExpired:
+            if patience.is_over():
+                process.kill()
+                return (*process.communicate(), False)
+
+
 class Stop:
     """A point of the script at which the program waits."""
 
@@ -101,7 +144,8 @@ class Stop:
     def reached(self, process):
         """True once the program stands here; false if it ended before."""
         self.reader = os.open(self.path, os.O_RDONLY | os.O_NONBLOCK)
-        for _ in range(TIMEOUT_SECONDS * 100):
+        patience = Patience(process)
+        while not patience.is_over():
             if select.select([self.reader], [], [], 0.01)[0] and self._bytes_wait():
                 return True
             if process.poll() is not None:
@@ -183,11 +227,8 @@ class Place:
                                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
     def finish(self, process):
-        try:
-            out, complaint = process.communicate(timeout=TIMEOUT_SECONDS)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            out, complaint = process.communicate()
+        out, complaint, by_itself = ended(process, Patience(process))
+        if not by_itself:
             return Outcome(process.returncode, complaint.decode(errors="replace"), True)
         return Outcome(process.returncode, (out + complaint).decode(errors="replace"))
 
