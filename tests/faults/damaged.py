@@ -9,7 +9,7 @@ import random
 import shutil
 import sys
 
-from journey import RECORD, Place, Verdict, sanitized
+from journey import RECORD, STOP_OFFERED_MS, Place, Verdict, sanitized
 
 JOURNEY = """key middle
 until Options
@@ -159,7 +159,7 @@ def settings(program, source):
             else:
                 what(path)
             verdict.outcome(case, place.run("expect screen %s\n" % first), ["done"])
-            later = "expect screen %s\nkey middle\nuntil Options\n" % first + (RECORD % 700)[len("until Options\n"):]
+            later = "expect screen %s\nkey middle\nuntil Options\n" % first + (RECORD % STOP_OFFERED_MS)[len("until Options\n"):]
             verdict.outcome(case + ", and a journey", place.run(later), ["done"])
             # Chosen or kept: the language is there the next time.
             verdict.outcome(case + ", later", place.run("expect screen Splash\n"), ["done"])

@@ -25,7 +25,11 @@ TEMPORARY = ("MrmLastRec.wav", "MrmLastProc.wav")
 
 LANGUAGE_KNOWN = "lang=0\n"
 
-# From the menu to the choice of the effect, with a take of that many milliseconds.
+# From here on a recording offers "Stop": the first buffer, 750 ms, has arrived.
+STOP_OFFERED_MS = 800
+
+# From the menu to the choice of the effect, with a take of that many milliseconds, at least STOP_OFFERED_MS. A "Stop"
+# that is not offered would be overheard, and the recording go on for its twenty seconds: then the last line fails.
 RECORD = """until Options
 mic hello.wav
 key middle
@@ -34,7 +38,7 @@ key middle
 until Recording
 wait %d
 key middle
-until Play
+until Play 1000
 """
 
 

@@ -13,7 +13,7 @@ import subprocess
 import sys
 import time
 
-from journey import TEMPORARY, Place, Verdict, is_whole, sanitized
+from journey import STOP_OFFERED_MS, TEMPORARY, Place, Verdict, is_whole, sanitized
 
 LATER = """until Options
 mic hello.wav
@@ -21,9 +21,9 @@ key middle
 until Record
 key middle
 until Recording
-wait 300
+wait 800
 key middle
-until Play
+until Play 1000
 save
 until Save
 expect file %s
@@ -40,8 +40,11 @@ class Journey:
         self.saves = 0
 
     def record(self):
-        self.lines += ["key middle", "until Record", "key middle", "until Recording",
-                       "wait %d" % self.chance.randrange(100, 1500), "key middle", "until Play"]
+        self.lines += ["key middle", "until Record", "key middle", "until Recording"]
+        if self.chance.random() < 0.2:
+            self.lines += ["until Play"]  # the whole twenty seconds
+        else:
+            self.lines += ["wait %d" % self.chance.randrange(STOP_OFFERED_MS, 2000), "key middle", "until Play 1000"]
 
     def again(self):
         self.lines += ["key left", "until Options"]

@@ -9,10 +9,10 @@ import shutil
 import struct
 import sys
 
-from journey import RECORD, Place, Verdict, sanitized
+from journey import RECORD, STOP_OFFERED_MS, Place, Verdict, sanitized
 
 EARLIER = b"a sound of earlier days"
-TAKE = RECORD % 700
+TAKE = RECORD % STOP_OFFERED_MS
 PLAYED = TAKE + "key middle\nuntil Playing\nuntil Play\n"
 
 # Name, way to the replacement, which file, what the user does then.
