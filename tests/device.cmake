@@ -44,5 +44,5 @@ foreach(group RealProgram RealWindow RealSound)
             $<TARGET_FILE:real_tests> --gtest_filter=${group}.*)
 endforeach()
 set_tests_properties(RealWayland RealProgram RealWindow RealSound PROPERTIES
-    SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS desktop
+    SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS desktop
     ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")

@@ -59,5 +59,5 @@ foreach(mode end clock)
             ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/desktop.py ${mode}
             $<TARGET_FILE:clock_shim> $<TARGET_FILE:murmelo> ${CMAKE_SOURCE_DIR})
     set_tests_properties(faults/desktop-${mode} PROPERTIES
-        SKIP_RETURN_CODE 77 TIMEOUT 230 RUN_SERIAL TRUE LABELS "faults;desktop")
+        SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS "faults;desktop")
 endforeach()

@@ -1,9 +1,11 @@
 """desktop.py end|clock SHIM PROGRAM SOURCE: the program in its window, run by with-desktop.
 
-end: SIGTERM on one screen after the other. Outcome: status 0 within seconds, nothing left but what was saved, and what
-was told as saved is whole.
-clock: the time of day jumps all the while. Outcome: the journey of recording, playing and saving takes its time and no
-more, and the program sleeps where nothing moves.
+end: SIGTERM on one screen after the other. Outcome: status 0, nothing left but what was saved, and what was told as
+saved is whole.
+clock: the time of day jumps all the while. Outcome: the journey of recording, playing and saving goes on as ever, a clip
+takes its time, and the program sleeps where nothing moves.
+
+Each key waits for the screen before it: the window's soft keys are those that murmelo-headless shows on that screen.
 """
 import os
 import signal
@@ -13,25 +15,87 @@ import sys
 import tempfile
 import time
 
-from journey import Verdict, environment, is_whole
+from journey import Patience, Verdict, ended, environment, is_whole
 
-# Screen, the keys from the start picture on, and after each what has to be seen in the sound folder (a name, and the
-# least size) or how long to wait.
-TO_MENU = [("Return", 0.4)]
-TO_RECORD = TO_MENU + [("Return", ("MrmLastRec.wav", 44))]
-TO_RECORDING = TO_RECORD + [("Return", ("MrmLastRec.wav", 44 + 24000))]
-TO_PLAY = TO_RECORDING + [("Return", "cleaned up")]
-TO_PLAYING = TO_PLAY + [("Return", ("MrmLastProc.wav", 45))]
-TO_SAVE = TO_PLAY + [("ctrl+s", ("rec_00000.wav", 45))]
-SCREENS = [("start picture", []), ("menu", TO_MENU), ("record", TO_RECORD), ("recording", TO_RECORDING),
-           ("choice of the effect", TO_PLAY), ("playing", TO_PLAYING), ("saved", TO_SAVE)]
+PATIENCE_SECONDS = 60  # for what takes a moment, on a machine that does much else
+SLEEP_SECONDS = 2  # without any processor time: then it sleeps
+TAKE_BYTES = 44 + 3 * 32000  # long enough to be seen while it plays
+SOFT_KEYS = ["-crop", "480x72+0+728", "+repage", "-depth", "8"]
+
+# Makes a picture of each screen, to know it by.
+PICTURES = """expect screen Splash
+shot Splash.png
+until Options
+shot Options.png
+mic hello.wav
+key middle
+until Record
+shot Record.png
+key middle
+wait 1000
+shot Recording.png
+key middle
+until Play
+wait 1000
+shot Play.png
+key middle
+until Playing
+shot Playing.png
+until Play
+wait 1000
+save
+until Save
+shot Save.png
+"""
+
+# The keys from the start picture to the saved sound, and the screen that each leads to.
+KEYS = [("Return", "Options"), ("Return", "Record"), ("Return", "Recording"), ("Return", "Play"), ("Return", "Playing")]
+SAVE = ("ctrl+s", "Save")
+# Screen at which the program is ended, and the keys that lead there.
+SCREENS = [("start picture", []), ("menu", KEYS[:1]), ("record", KEYS[:2]), ("recording", KEYS[:3]),
+           ("choice of the effect", KEYS[:4]), ("playing", KEYS), ("saved", KEYS[:4] + [SAVE])]
+
+
+def until(happened, seconds=PATIENCE_SECONDS):
+    """What happened() returned in the end; false if it never became true."""
+    end = time.monotonic() + seconds
+    while True:
+        result = happened()
+        if result or time.monotonic() > end:
+            return result
+        time.sleep(0.02)
+
+
+def soft_keys(picture_or_window):
+    """The pixels of the soft keys, of a file or (with import's options) of a window."""
+    return subprocess.run([*picture_or_window, *SOFT_KEYS, "rgb:-"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          check=False).stdout
+
+
+def pictures(headless, source):
+    """Each screen's name, to the pixels of its soft keys."""
+    with tempfile.TemporaryDirectory(prefix="murmelo_fault_") as folder:
+        os.mkdir(folder + "/config")
+        with open(folder + "/config/settings", "w") as file:
+            file.write("lang=0\n")
+        os.symlink(source + "/res/sample/hello.wav", folder + "/hello.wav")
+        subprocess.run([headless, "--home", "home", "--config", "config", "-"], input=PICTURES.encode(), cwd=folder,
+                       env=environment(source), check=True)
+        found = {name[:-len(".png")]: soft_keys(["convert", os.path.join(folder, name)])
+                 for name in sorted(os.listdir(folder)) if name.endswith(".png")}
+    different = set(found.values()) - {b""}
+    if len(different) != len(found) - 1:  # "Stop" stands on two screens
+        print("the screens %s cannot be told apart" % sorted(found))
+        sys.exit(1)
+    return found
 
 
 class Window:
     """One run of the program."""
 
-    def __init__(self, program, source, env=None):
+    def __init__(self, program, source, screens, env=None):
         self.folder = tempfile.TemporaryDirectory(prefix="murmelo_fault_")
+        self.screens = screens
         os.makedirs(self.path("config"))
         with open(self.path("config/settings"), "w") as file:
             file.write("lang=0\n")
@@ -41,7 +105,7 @@ class Window:
         self.process = subprocess.Popen(
             [program, "--home", self.path("home"), "--config", self.path("config"), "--microphone",
              source + "/res/sample/hello.wav"], env=variables, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        self.window = self.until(self.find)
+        self.window = until(self.find)
 
     def path(self, name):
         return os.path.join(self.folder.name, name)
@@ -51,14 +115,8 @@ class Window:
                                stderr=subprocess.DEVNULL, check=False).stdout.split()
         return found[-1].decode() if found else None
 
-    def until(self, happened, seconds=20):
-        end = time.monotonic() + seconds
-        while time.monotonic() < end:
-            answer = happened()
-            if answer:
-                return answer
-            time.sleep(0.05)
-        return None
+    def shows(self, screen):
+        return soft_keys(["import", "-silent", "-window", self.window]) == self.screens[screen]
 
     def sound(self, name):
         try:
@@ -67,38 +125,21 @@ class Window:
         except OSError:
             return b""
 
-    def cleaned_up(self):
-        take = self.sound("MrmLastRec.wav")
-        return is_whole(take) and struct.unpack("<I", take[24:28])[0] == 8000
-
-    def key(self, name, then):
-        subprocess.run(["xdotool", "windowfocus", self.window, "key", name], check=False)
-        if then == "cleaned up":
-            return self.until(self.cleaned_up)
-        if isinstance(then, tuple):
-            return self.until(lambda: len(self.sound(then[0])) >= then[1])
-        time.sleep(then)
-        return True
-
     def keys(self, keys):
-        time.sleep(0.3)
-        for name, then in keys:
-            if not self.key(name, then):
-                return "nothing came of the key " + name
-            time.sleep(0.3)
+        """Presses each, and waits for the screen that it leads to. Empty, or what is wrong."""
+        for name, screen in keys:
+            subprocess.run(["xdotool", "windowfocus", "--sync", self.window, "key", name], check=False)
+            if not until(lambda screen=screen: self.shows(screen)):
+                return "the key %s does not lead to %s" % (name, screen)
+            if screen == "Recording" and not until(lambda: len(self.sound("MrmLastRec.wav")) >= TAKE_BYTES):
+                return "the recording does not grow"
         return ""
 
     def end(self):
-        """Status, output, complaint, seconds."""
-        start = time.monotonic()
+        """Status, output, complaint."""
         self.process.send_signal(signal.SIGTERM)
-        try:
-            out, complaint = self.process.communicate(timeout=10)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
-            out, complaint = self.process.communicate()
-            return "hang", out.decode(), complaint.decode(), 10
-        return self.process.returncode, out.decode(), complaint.decode(), time.monotonic() - start
+        out, complaint, by_itself = ended(self.process, Patience(self.process, asleep_seconds=PATIENCE_SECONDS))
+        return self.process.returncode if by_itself else "hang", out.decode(), complaint.decode()
 
     def left(self):
         folder = self.path("home/Murmelo")
@@ -106,9 +147,8 @@ class Window:
 
 
 def check_end(verdict, case, window, saved):
-    status, out, complaint, seconds = window.end()
+    status, out, complaint = window.end()
     verdict.check(status == 0 and complaint == "", "%s: status %s, %s" % (case, status, complaint))
-    verdict.check(seconds < 5, "%s: ended after %.1f s" % (case, seconds))
     wanted = ["rec_00000.wav"] if saved else []
     verdict.check(window.left() == wanted, "%s: left %s" % (case, window.left()))
     verdict.check(out.splitlines() == [os.path.realpath(window.path("home/Murmelo/" + name)) for name in wanted],
@@ -116,15 +156,21 @@ def check_end(verdict, case, window, saved):
     verdict.check(not saved or is_whole(window.sound("rec_00000.wav")), case + ": the saved sound is not whole")
 
 
-def end(verdict, program, source, _):
+def opens(verdict, case, window):
+    if verdict.check(window.window and until(lambda: window.shows("Splash")), case + ": no start picture"):
+        return True
+    window.process.kill()
+    window.process.communicate()
+    return False
+
+
+def end(verdict, program, source, screens, _):
     for screen, keys in SCREENS:
-        window = Window(program, source)
-        if not verdict.check(window.window, screen + ": no window"):
-            window.process.kill()
-            continue
-        wrong = window.keys(keys)
-        verdict.check(wrong == "", "%s: %s" % (screen, wrong))
-        check_end(verdict, screen, window, screen == "saved")
+        window = Window(program, source, screens)
+        if opens(verdict, screen, window):
+            wrong = window.keys(keys)
+            verdict.check(wrong == "", "%s: %s" % (screen, wrong))
+            check_end(verdict, screen, window, screen == "saved")
 
 
 def processor_seconds(process):
@@ -133,31 +179,46 @@ def processor_seconds(process):
     return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
-def clock(verdict, program, source, shim):
+def sleeps(process):
+    """True if the program used hardly any processor time for a while."""
+    used = processor_seconds(process)
+    time.sleep(SLEEP_SECONDS)
+    return processor_seconds(process) - used < 0.1 * SLEEP_SECONDS
+
+
+def clock(verdict, program, source, screens, shim):
     jumping = {"LD_PRELOAD": os.path.realpath(shim), "ASAN_OPTIONS": "verify_asan_link_order=0:exitcode=97"}
-    window = Window(program, source, jumping)
-    verdict.check(window.window, "no window")
+    window = Window(program, source, screens, jumping)
+    if not verdict.check(window.window, "no window"):
+        return
     # The start picture yields by its own timer.
-    time.sleep(3.5)
-    used = processor_seconds(window.process)
-    time.sleep(2)
-    verdict.check(processor_seconds(window.process) - used < 0.5, "the menu does not sleep")
-    start = time.monotonic()
-    wrong = window.keys(TO_PLAYING[1:])
+    verdict.check(until(lambda: window.shows("Options")), "the start picture stays")
+    verdict.check(until(lambda: sleeps(window.process)), "the menu does not sleep")
+    wrong = window.keys(KEYS[1:4])
     verdict.check(wrong == "", wrong)
-    verdict.check(time.monotonic() - start < 20, "the journey took %.1f s" % (time.monotonic() - start))
-    take = len(window.sound("MrmLastRec.wav"))
-    verdict.check(44 + 16 * 700 < take < 44 + 16 * 10000, "a take of %d bytes" % take)
-    time.sleep(take / 16000 + 1)  # until the clip has ended
-    used = processor_seconds(window.process)
-    time.sleep(2)
-    verdict.check(processor_seconds(window.process) - used < 0.5, "the clip has not ended")
-    verdict.check(window.key("ctrl+s", ("rec_00000.wav", 45)), "nothing was saved")
-    time.sleep(0.3)
+    start = time.monotonic()
+    wrong = window.keys(KEYS[4:])
+    verdict.check(wrong == "", wrong)
+    take = window.sound("MrmLastRec.wav")
+    verdict.check(is_whole(take) and struct.unpack("<I", take[24:28])[0] == 8000, "the take is not cleaned up")
+    seconds = (len(take) - 44) / 16000
+    verdict.check(2.9 < seconds <= 20.1, "a take of %.1f s" % seconds)
+    verdict.check(until(lambda: window.shows("Play"), PATIENCE_SECONDS + seconds), "the clip does not end")
+    verdict.check(time.monotonic() - start > seconds, "a clip of %.1f s ends after %.1f s"
+                  % (seconds, time.monotonic() - start))
+    verdict.check(until(lambda: sleeps(window.process)), "the choice of the effect does not sleep")
+    wrong = window.keys([SAVE])
+    verdict.check(wrong == "", wrong)
     check_end(verdict, "with a clock that jumps", window, True)
 
 
+def main(mode, shim, program, source):
+    verdict = Verdict()
+    program, source = os.path.realpath(program), os.path.realpath(source)
+    screens = pictures(os.path.join(os.path.dirname(program), "murmelo-headless"), source)
+    {"end": end, "clock": clock}[mode](verdict, program, source, screens, shim)
+    verdict.end()
+
+
 if __name__ == "__main__":
-    seen = Verdict()
-    {"end": end, "clock": clock}[sys.argv[1]](seen, os.path.realpath(sys.argv[3]), os.path.realpath(sys.argv[4]), sys.argv[2])
-    seen.end()
+    main(*sys.argv[1:])

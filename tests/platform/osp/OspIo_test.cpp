@@ -5,14 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 using Osp::Base::String;
@@ -321,22 +319,36 @@ TEST_F(OspIo, aCopyToAFreeNameWorksWithoutTheOneStepForIt) {
 }
 
 TEST_F(OspIo, aCopyToAFreeNameNeverHitsAFileThatAppearsMeanwhile) {
-    writeHome("from.txt", std::string(500000, 'n'));
-    for (int32_t i = 0; i < 100; i++) {
-        removeHome("to.txt");
-        std::thread other([this, i] {
-            std::this_thread::sleep_for(std::chrono::microseconds(5 * i));
-            writeHome("foreign.txt", "foreign");
-            EXPECT_TRUE(::link(folders.path("home/foreign.txt").c_str(),
-                               folders.path("home/to.txt").c_str()) == 0 ||
-                        errno == EEXIST);
-        });
-        const bool copied = File::Copy("/Home/from.txt", "/Home/to.txt", true) == E_SUCCESS;
-        other.join();
-        ASSERT_EQ(copied ? std::string(500000, 'n') : "foreign", home("to.txt")) << i;
-        removeHome("foreign.txt");
+    writeHome("from.txt", "new");
+    for (const char* moment : {"File.Copy", "File.RenameToFree"}) {
+        for (const bool inOneStep : {true, false}) {
+            host.onCall(moment, [this] { writeHome("to.txt", "foreign"); });
+            if (!inOneStep) {
+                host.failNth("File.RenameToFree", 1);
+            }
+            EXPECT_NE(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true)) << moment;
+            EXPECT_EQ("foreign", home("to.txt")) << moment;
+            EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}),
+                      namesIn("/Home/"));
+            host.onCall(moment, [] {});
+            removeHome("to.txt");
+        }
     }
-    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
+}
+
+TEST_F(OspIo, aCopyInTwoStepsHoldsItsNameFromTheFirstStepOn) {
+    writeHome("from.txt", "new");
+    writeHome("foreign.txt", "foreign");
+    int32_t errorOfTheOther = 0;
+    host.onCall("File.Rename", [&] {
+        EXPECT_EQ(-1, ::link(folders.path("home/foreign.txt").c_str(),
+                             folders.path("home/to.txt").c_str()));
+        errorOfTheOther = errno;
+    });
+    host.failNth("File.RenameToFree", 1);
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ(EEXIST, errorOfTheOther);
+    EXPECT_EQ("new", home("to.txt"));
 }
 
 TEST_F(OspIo, aCopyThatAKilledProgramLeftUnfinishedIsReplaced) {

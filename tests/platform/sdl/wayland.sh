@@ -8,9 +8,10 @@ if ! command -v weston >/dev/null; then
     echo "skipped: weston is not installed"
     exit 77
 fi
-folder=$(mktemp -d)
-chmod 700 "$folder"
+folder=$(mktemp -d "$HOME/wayland_XXXXXX")  # the name of a socket has to be short: not below any TMPDIR
+patience=60  # seconds for what takes a moment, on a machine that does much else
 started=()
+touch "$folder/errors" "$folder/weston"
 clean() {
     kill "${started[@]}" 2>/dev/null || true
     wait
@@ -37,8 +38,10 @@ END
 XDG_RUNTIME_DIR=$folder weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so --socket=wayland \
     --width=480 --height=800 --idle-time=0 >"$folder/weston" 2>&1 &
 started+=($!)
-for ((i = 0; i < 100; i++)); do
+desktop=$!
+for ((SECONDS = 0; SECONDS < patience;)); do
     [[ -S $folder/wayland ]] && break
+    kill -0 "$desktop" 2>/dev/null || fail "weston ended"
     sleep 0.1
 done
 xdotool mousemove 240 20  # into the empty band above the picture: weston shows its arrow always
@@ -50,7 +53,7 @@ started+=("$program")
 # shows SCREEN: waits until the window is the picture that the headless program made, pixel by pixel.
 shows() {
     local different=unknown
-    for ((i = 0; i < 100; i++)); do
+    for ((SECONDS = 0; SECONDS < patience;)); do
         import -silent -window root -crop 480x640+0+160 +repage "$folder/shown.png"
         different=$(compare -metric AE -extract 480x640+0+160 "$folder/$1.png" +extract "$folder/shown.png" null: 2>&1) &&
             return
@@ -60,12 +63,22 @@ shows() {
     fail "$different pixels differ from $1"
 }
 
+# Processor time of the program, in hundredths of a second.
 ticks() { awk '{print $14 + $15}' "/proc/$program/stat"; }
 
+# sleeps: waits until the program has used no processor time for two seconds.
+sleeps() {
+    local before
+    for ((SECONDS = 0; SECONDS < patience;)); do
+        before=$(ticks)
+        sleep 2
+        [[ $(ticks) = "$before" ]] && return
+    done
+    fail "standing still costs $(($(ticks) - before)) ticks in two seconds"
+}
+
 shows Options
-before=$(ticks)
-sleep 2
-[[ $(ticks) = "$before" ]] || fail "standing still cost $(($(ticks) - before)) ticks"
+sleeps
 xdotool key Return
 shows Record
 xdotool mousemove 440 770 click 1 mousemove 240 20  # "Back"

@@ -10,6 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
+using audio::Samples;
+
 namespace {
 
 template <typename T>
@@ -52,10 +56,18 @@ TEST(FxCatalogue, thereIsNoNinthEffect) {
 }
 
 TEST(FxCatalogue, classesOutsideTheCatalogueHaveNothingToInitialise) {
+    EXPECT_TRUE(std::is_empty_v<WpVocoder>);
+    EXPECT_TRUE(std::is_empty_v<Butterworth>);
+    EXPECT_TRUE(std::is_empty_v<IntArrayCurve>);
+    const Samples samples = audio::roughSignal(1000);
+    const std::unique_ptr<WavProc> processor(FxCatalogue::newProcessor(FxCatalogue::kDrunk));
+    const Samples expected = audio::run(*processor, samples);
     WpVocoder::static_ctor();
     Butterworth::static_ctor();
     IntArrayCurve::static_ctor();
+    EXPECT_EQ(expected, audio::run(*processor, samples));
     WpVocoder::static_dtor();
     Butterworth::static_dtor();
     IntArrayCurve::static_dtor();
+    EXPECT_EQ(expected, audio::run(*processor, samples));
 }

@@ -54,9 +54,22 @@ TEST(SampleKeep, moreArraysThanItKeepsAreArraysAllTheSame) {
     SampleKeep::clear();
 }
 
-TEST(SampleKeep, foreignArraysAndNullAreTakenBackToo) {
+TEST(SampleKeep, foreignArraysAndNullAreTakenBackAndNotKept) {
+    int32_t* used = take(5);
+    used[4] = 3;
+    int32_t* kept = take(7);
+    SampleKeep::giveBack(kept);
     SampleKeep::giveBack(nullptr);
-    SampleKeep::giveBack(newArray<int32_t>(5));  // the leak checker sees that it goes
+    SampleKeep::giveBack(newArray<int32_t>(7));  // the leak checker sees that it goes
+    EXPECT_EQ(5, length(used));
+    EXPECT_EQ(3, used[4]);
+    int32_t* again = take(7);
+#ifndef __SANITIZE_ADDRESS__  // under which nothing is kept
+    EXPECT_EQ(kept, again);
+#endif
+    EXPECT_EQ(Samples(7), audio::toVector(again));
+    SampleKeep::giveBack(again);
+    SampleKeep::giveBack(used);
     SampleKeep::clear();
 }
 

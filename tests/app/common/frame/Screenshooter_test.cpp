@@ -7,6 +7,8 @@
 #include "ScreensTest.h"
 #include "Vector.h"
 
+#include <memory>
+
 using Osp::Base::String;
 
 namespace {
@@ -52,6 +54,10 @@ TEST_F(ScreenshooterTest, onePressOfOneKeyAsksForThePicture) {
 }
 
 TEST_F(ScreenshooterTest, mayOutliveTheScheduler) {
-    const Screenshooter shooter;
+    auto shooter = std::make_unique<Screenshooter>();
+    ASSERT_TRUE(Orm::listeners->contains(shooter.get()));
     end();
+    EXPECT_EQ(nullptr, Orm::listeners);
+    shooter.reset();  // there is nothing left to leave
+    EXPECT_EQ(nullptr, Orm::listeners);
 }

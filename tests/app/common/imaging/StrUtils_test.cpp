@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 namespace {
 
 struct Parsed {
@@ -57,9 +59,17 @@ TEST(StrUtils, numbersBeyond32BitsWrap) {
     EXPECT_EQ((std::vector<int32_t>{INT32_MIN}), parse("2147483648").numbers);
 }
 
-TEST(VectorUtils, startsAndEndsWithNothingToDo) {
+TEST(StrUtils, neitherItsStartNorItsEndChangesWhatItFinds) {
+    const std::vector<int32_t> expected{10, 20};
+    StrUtils::static_ctor();
+    EXPECT_EQ(expected, parse("x10y20").numbers);
+    StrUtils::static_dtor();
+    EXPECT_EQ(expected, parse("x10y20").numbers);
+}
+
+TEST(VectorUtils, holdsNothingThatItsStartWouldHaveToMake) {
+    EXPECT_TRUE(std::is_empty_v<VectorUtils>);
     VectorUtils::static_ctor();
     VectorUtils::static_dtor();
-    StrUtils::static_ctor();
-    StrUtils::static_dtor();
+    EXPECT_EQ((std::vector<int32_t>{10, 20}), parse("x10y20").numbers);
 }
