@@ -19,6 +19,7 @@
 #   #! error TEXT           the one line on standard error contains this; nothing there if left out
 #   #! again                what follows is another run with the same home and settings
 set -u
+export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 script=$(realpath "$1") program=$(realpath "$2") heard=$(realpath "$3") source=$(realpath "$4")
 
 folder=$(mktemp -d)

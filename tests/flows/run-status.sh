@@ -3,6 +3,7 @@
 #
 #   run-status.sh CASE PROGRAM SOURCE
 set -u
+export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 program=$(realpath "$2") source=$(realpath "$3")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

@@ -1,6 +1,7 @@
 # What the tests of the packaging share: a folder of their own, and complaints that are counted. Sourced.
 # shellcheck shell=bash
 set -u
+export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 unset MURMELO_DATA MURMELO_HOME XDG_CONFIG_HOME XDG_DATA_HOME DESTDIR
