@@ -52,6 +52,9 @@ set_tests_properties(faults/hangs-are-told-from-waiting PROPERTIES TIMEOUT 300 L
 add_library(clock_shim SHARED faults/clock_shim.c)
 fault_test(clock clock.py $<TARGET_FILE:clock_shim>)
 
+add_library(sync_shim SHARED faults/sync_shim.c)
+fault_test(sync sync.py $<TARGET_FILE:sync_shim> $<TARGET_FILE:murmelo-fx>)
+
 # The same with a window, on servers of its own.
 foreach(mode end clock)
     add_test(NAME faults/desktop-${mode}

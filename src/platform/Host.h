@@ -125,13 +125,14 @@ public:
 
 /// Real folders behind the phone's roots, without a trailing "/". Empty: that root is not mapped.
 struct HostFolders {
-    std::string res;        // "/Res/", read-only
-    std::string home;       // "/Home/"
-    std::string framework;  // the framework's own files (its default font), read-only
-    std::string config;     // settings
+    std::string res;          // "/Res/", read-only
+    std::string home;         // "/Home/"
+    std::string soundFolder;  // "/Home/Murmelo/", if it lies elsewhere; empty: below home
+    std::string framework;    // the framework's own files (its default font), read-only
+    std::string config;       // settings
 
     /// Where the program keeps the sounds.
-    std::string sounds() const { return home + "/Murmelo"; }
+    std::string sounds() const { return soundFolder.empty() ? home + "/Murmelo" : soundFolder; }
 };
 
 class Host {
@@ -180,6 +181,10 @@ public:
 
     /// The application's doors; null when it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}
+
+    /// Tells the user what no screen shows.
+    /// @param sentence  without a full stop, and without the program's name in front
+    virtual void say(const std::string& /*sentence*/) {}
 
     /// True if this call of the named platform operation is to fail. Tests ask for it; a phone
     /// never does.

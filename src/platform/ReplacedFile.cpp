@@ -1,7 +1,8 @@
 #include "ReplacedFile.h"
 
-#include <cstdio>
-#include <fcntl.h>
+#include "SafeFile.h"
+
+#include <cerrno>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
@@ -11,41 +12,45 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+constexpr mode_t kPermissionBits = 07777;
 
-/// A file of its own, whatever lay there: a pipe would wait for its other end. Null where none can
-/// be made.
-std::FILE* openNew(const std::string& path) {
-    std::error_code error;
-    fs::remove(path, error);
-    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
-    return fd >= 0 ? ::fdopen(fd, "wb") : nullptr;
+bool writeAll(int fd, const std::string& text) {
+    size_t done = 0;
+    while (done < text.size()) {
+        const ssize_t count = ::write(fd, text.data() + done, text.size() - done);
+        if (count < 0 && errno != EINTR) {
+            return false;
+        }
+        done += count > 0 ? static_cast<size_t>(count) : 0;
+    }
+    return true;
 }
 
-bool writeWhole(const std::string& path, const std::string& text) {
-    std::FILE* file = openNew(path);
-    if (file == nullptr) {
-        return false;
+/// The new file may be read and written by whom the old one was made for.
+void keepMode(int fd, const std::string& old) {
+    struct stat facts = {};
+    if (::stat(old.c_str(), &facts) == 0) {
+        // A file system without permissions loses nothing by refusing.
+        static_cast<void>(::fchmod(fd, facts.st_mode & kPermissionBits) == 0);
     }
-    bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    written = std::fflush(file) == 0 && written;
-    written = ::fsync(::fileno(file)) == 0 && written;
-    return std::fclose(file) == 0 && written;
 }
 
 }  // namespace
 
 bool ReplacedFile::write(const std::string& path, const std::string& text) {
-    std::error_code error;
-    fs::create_directories(fs::path(path).parent_path(), error);
-    const std::string fresh = path + ".new";
-    bool replaced = writeWhole(fresh, text);
-    if (replaced) {
-        fs::rename(fresh, path, error);
-        replaced = !error;
+    const std::string target = SafeFile::realTarget(path);
+    std::error_code ignored;
+    fs::create_directories(fs::path(target).parent_path(), ignored);
+    const std::string fresh = target + ".new";
+    const int fd = SafeFile::create(fresh);
+    if (fd < 0) {
+        return false;
     }
-    if (!replaced) {
-        fs::remove(fresh, error);
+    keepMode(fd, target);
+    const bool written = writeAll(fd, text);
+    if (SafeFile::finish(fd) && written && SafeFile::replace(fresh, target)) {
+        return true;
     }
-    return replaced;
+    ::unlink(fresh.c_str());
+    return false;
 }

@@ -7,6 +7,8 @@
 class ReplacedFile {
 public:
     /// Writes the text beside the file, onto the disk, and puts it in the file's place; makes the
-    /// folder if it is missing. False if that failed: the file is as it was.
+    /// folder if it is missing. A symbolic link stays: the file that it leads to is replaced.
+    /// False if that failed: the file is as it was, or it is the new one and a power cut may still
+    /// bring back the old one.
     static bool write(const std::string& path, const std::string& text);
 };

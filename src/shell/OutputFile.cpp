@@ -1,5 +1,7 @@
 #include "OutputFile.h"
 
+#include "SafeFile.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -136,7 +138,7 @@ bool OutputFile::commit() {
     }
     beside = false;
     unfinished[0] = '\0';
-    return true;
+    return SafeFile::syncFolderOf(path) || complain("may be lost in a power cut", errno);
 }
 
 bool OutputFile::complain(const char* what, int error) {

@@ -8,6 +8,10 @@
 # folder of its own that holds hello.wav. Comments of the script prepare and judge it:
 #
 #   #! home NAME [FILE]     a file in the sound folder beforehand (FILE: its content; else a text)
+#   #! folder NAME          a folder in the sound folder beforehand, with a file "kept" in it
+#   #! pipe NAME            a pipe in the sound folder beforehand
+#   #! link NAME TARGET     a symbolic link in the sound folder beforehand
+#   #! elsewhere            the sound folder is a symbolic link to a folder outside the home
 #   #! config LINE          a line of the settings beforehand
 #   #! args WORD...         more arguments for the program
 #   #! left NAME...         files in the sound folder afterwards (none if left out)
@@ -42,10 +46,22 @@ said() {
 
 prepare() {
     local name file line
+    if grep -q '^#! elsewhere' "$1"; then
+        mkdir sounds
+        ln -s "$folder/sounds" home/Murmelo
+    elif grep -qE '^#! (folder|pipe|link) ' "$1"; then
+        mkdir -p home/Murmelo
+    fi
     while read -r name file; do
         mkdir -p home/Murmelo
         if [ -n "$file" ]; then cp "$file" "home/Murmelo/$name"; else echo kept >"home/Murmelo/$name"; fi
     done < <(said home "$1")
+    while read -r name; do
+        mkdir -p "home/Murmelo/$name"
+        echo kept >"home/Murmelo/$name/kept"
+    done < <(said folder "$1")
+    while read -r name; do mkfifo "home/Murmelo/$name"; done < <(said pipe "$1")
+    while read -r name file; do ln -s "$file" "home/Murmelo/$name"; done < <(said link "$1")
     while read -r line; do echo "$line" >>config/settings; done < <(said config "$1")
 }
 
@@ -60,7 +76,7 @@ judge() {
         complain "standard error is \"$(cat stderr)\", wanted one line with \"$error\""
     fi
     wanted=$(said left "$part" | tr ' ' '\n' | sed '/^$/d' | sort)
-    line=$(ls -A home/Murmelo 2>/dev/null | sort)
+    line=$(ls -A home/Murmelo/ 2>/dev/null | sort)
     [ "$line" = "$wanted" ] || complain "left \"${line//$'\n'/ }\" instead of \"${wanted//$'\n'/ }\""
     while read -r first second; do
         cmp -s "home/Murmelo/$first" "home/Murmelo/$second" || complain "$first is not $second"

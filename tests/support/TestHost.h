@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 /// Installs itself for its lifetime.
 class TestHost : public Host {
@@ -35,6 +36,8 @@ public:
 
     void frameShown(HostFrame* /*frame*/) override {}
 
+    void say(const std::string& sentence) override { said.push_back(sentence); }
+
     bool fails(const char* operation) override;
 
     /// The n-th next call of the operation (1: the next one) fails.
@@ -47,6 +50,7 @@ public:
 
     int64_t nowMs = 0;
     HostFolders mappedFolders;
+    std::vector<std::string> said;
     bool silent = false;
     int64_t phoneBytes = 1 << 30;
     int64_t cardBytes = -1;

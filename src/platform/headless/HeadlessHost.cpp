@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <utility>
 
 namespace {
@@ -326,7 +327,10 @@ bool HeadlessHost::soundFileExists(const std::string& name) const {
 
 void HeadlessHost::removeSoundFile(const ScriptCommand& command) {
     std::error_code error;
-    if (!std::filesystem::remove(soundPath(command.text), error)) {
+    if (command.text.find('/') != std::string::npos || command.text == "." ||
+        command.text == "..") {
+        mistake(command, inQuotes(command.text) + " is not the name of a file in the sound folder");
+    } else if (!std::filesystem::remove(soundPath(command.text), error)) {
         fail(command, "there is no file " + inQuotes(command.text) + " to remove");
     }
 }
@@ -364,6 +368,10 @@ void HeadlessHost::expect(const ScriptCommand& command) {
         }
         break;
     }
+}
+
+void HeadlessHost::say(const std::string& sentence) {
+    std::cerr << "murmelo-headless: " << sentence << "\n";
 }
 
 bool HeadlessHost::fails(const char* operation) {

@@ -61,6 +61,9 @@ public:
 
     void setDoors(HostDoors* offered) override { doors = offered; }
 
+    /// One line on standard error.
+    void say(const std::string& sentence) override;
+
     bool fails(const char* operation) override;
 
 private:

@@ -98,21 +98,14 @@ const std::vector<std::string>& screens() {
 /// Every operation of the platform that can be told to fail.
 const std::vector<std::string>& operations() {
     static const std::vector<std::string> kOperations = {
-        "AppRegistry.Write",    "AudioIn.AddBuffer",
-        "AudioIn.Construct",    "AudioIn.Prepare",
-        "AudioIn.Reset",        "AudioIn.Start",
-        "AudioIn.Stop",         "AudioIn.Unprepare",
-        "Canvas.Show",          "Directory.Construct",
-        "Directory.Create",     "Directory.Read",
-        "File.Construct",       "File.Copy",
-        "File.Flush",           "File.Read",
-        "File.Remove",          "File.Rename",
-        "File.RenameToFree",    "File.Seek",
-        "File.Write",           "Player.Close",
-        "Player.Construct",     "Player.OpenFile",
-        "Player.Pause",         "Player.Play",
-        "Player.SetVolume",     "Player.Stop",
-        "RuntimeInfo.GetValue", "SettingInfo.GetValue",
+        "AppRegistry.Write", "AudioIn.AddBuffer",   "AudioIn.Construct",    "AudioIn.Prepare",
+        "AudioIn.Reset",     "AudioIn.Start",       "AudioIn.Stop",         "AudioIn.Unprepare",
+        "Canvas.Show",       "Directory.Construct", "Directory.Create",     "Directory.Read",
+        "File.Construct",    "File.Copy",           "File.Flush",           "File.MoveAside",
+        "File.Read",         "File.Remove",         "File.Rename",          "File.RenameToFree",
+        "File.Seek",         "File.SyncFolder",     "File.Write",           "Player.Close",
+        "Player.Construct",  "Player.OpenFile",     "Player.Pause",         "Player.Play",
+        "Player.SetVolume",  "Player.Stop",         "RuntimeInfo.GetValue", "SettingInfo.GetValue",
     };
     return kOperations;
 }

@@ -10,6 +10,8 @@ using result = uint32_t;
 
 constexpr result E_SUCCESS = 0;
 constexpr result E_FAILURE = 0x8000000F;
+constexpr result E_FILE_NOT_FOUND = 0x80000010;
+constexpr result E_FILE_ALREADY_EXIST = 0x80000011;
 constexpr result E_KEY_NOT_FOUND = 0xA0000835;
 constexpr result E_KEY_ALREADY_EXIST = 0xA0000836;
 

@@ -1,8 +1,8 @@
 // The phone's files and folders, mapped to real folders; no path leaves the mapped roots.
 //
-// "/Res/" is read-only, "/Home/" the user's data, and the framework's own files are read-only. A
-// path under no mapped root, with a ".." in it, with an embedded zero, or through a symbolic link
-// that leads out, fails.
+// "/Res/" is read-only, "/Home/" the user's data ("/Home/Murmelo/" may lie elsewhere), and the
+// framework's own files are read-only. A path under no mapped root, with a ".." in it, with an
+// embedded zero, or through a symbolic link that leads out, fails.
 #pragma once
 
 #include "OspBase.h"
@@ -56,15 +56,24 @@ public:
     /// True for folders too, with or without the last "/".
     static bool IsFileExist(const Osp::Base::String& path);
 
-    /// Removes a file, never a folder.
+    /// Removes an ordinary file. A folder, a symbolic link and whatever else there is stay.
     static result Remove(const Osp::Base::String& path);
 
+    /// Makes a path free for a new file: an ordinary file is removed, anything else (a folder, a
+    /// pipe, a symbolic link, whatever it leads to) is moved aside to "NAME.aside-N".
+    /// E_FILE_NOT_FOUND if nothing lies there.
+    static result MakeWay(const Osp::Base::String& path);
+
     /// Copies through a temporary file beside the target, so that a failed copy leaves no half
-    /// file.
+    /// file. On success the bytes and the name are on the disk. If only the name could not be put
+    /// there, the copy fails but stays.
     /// @param failIfExists  a file of that name is never overwritten, not even one that appears
-    ///                      while the copy is made
+    ///                      while the copy is made: E_FILE_ALREADY_EXIST
     static result
     Copy(const Osp::Base::String& source, const Osp::Base::String& target, bool failIfExists);
+
+    /// The same in the place of an existing target, which is first moved aside to "NAME.aside-N".
+    static result CopyKeeping(const Osp::Base::String& source, const Osp::Base::String& target);
 
 private:
     enum class Direction { kNone, kReading, kWriting };
@@ -110,7 +119,7 @@ public:
     /// it. Null on failure.
     DirEnumerator* ReadN();
 
-    /// Fails if the folder exists already.
+    /// Fails if the folder exists already. The host says why a folder cannot be made.
     static result Create(const Osp::Base::String& path, bool createParentFolders);
 
 private:

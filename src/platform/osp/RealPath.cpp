@@ -24,8 +24,10 @@ struct Root {
     bool writable;
 };
 
-constexpr std::array<Root, 3> kRoots = {{
+// The first that fits and is mapped counts.
+constexpr std::array<Root, 4> kRoots = {{
     {"/Res", &HostFolders::res, false},
+    {"/Home/Murmelo", &HostFolders::soundFolder, true},
     {"/Home", &HostFolders::home, true},
     {"/com/tallowin/orm", &HostFolders::framework, false},
 }};
@@ -62,7 +64,7 @@ std::string linkTarget(const std::string& path) {
 }
 
 /// Walks the parts from the root on, following links by hand; empty if the way leads out.
-std::string resolve(const std::string& root, std::vector<std::string> parts) {
+std::string resolve(const std::string& root, std::vector<std::string> parts, LastLink lastLink) {
     std::string real = root;
     std::vector<size_t> parents;  // length of the real path before each step down
     int32_t links = 0;
@@ -75,7 +77,8 @@ std::string resolve(const std::string& root, std::vector<std::string> parts) {
         if (part != "..") {
             parents.push_back(real.size());
             real += '/' + part;
-            const std::string target = linkTarget(real);
+            const bool follows = !parts.empty() || lastLink == LastLink::kFollow;
+            const std::string target = follows ? linkTarget(real) : std::string();
             if (target.empty()) {
                 continue;
             }
@@ -95,7 +98,7 @@ std::string resolve(const std::string& root, std::vector<std::string> parts) {
 
 }  // namespace
 
-RealPath::RealPath(const String& phonePath) {
+RealPath::RealPath(const String& phonePath, LastLink lastLink) {
     const std::string path = phonePath.ToUtf8();
     if (path.find('\0') != std::string::npos) {
         return;
@@ -109,7 +112,7 @@ RealPath::RealPath(const String& phonePath) {
         std::vector<std::string> parts;
         pushParts(parts, std::string_view{path}.substr(std::string_view{root.phonePath}.size()));
         if (!hasParentStep(parts)) {
-            real = resolve(folder, std::move(parts));
+            real = resolve(folder, std::move(parts), lastLink);
             writable = root.writable;
             endsWithSlash = path.back() == '/';
         }

@@ -8,11 +8,17 @@
 
 namespace Osp::Io {
 
+/// What becomes of a path whose last part is a symbolic link.
+enum class LastLink {
+    kFollow,  // it is the path that the link leads to
+    kKeep,    // it is the link itself
+};
+
 class RealPath {
 public:
     /// Refused: a path under no mapped root, a ".." or an embedded zero in it, an absolute symbolic
     /// link on the way, and a relative one that climbs out of the root.
-    explicit RealPath(const Osp::Base::String& phonePath);
+    explicit RealPath(const Osp::Base::String& phonePath, LastLink lastLink = LastLink::kFollow);
 
     bool isValid() const { return !real.empty(); }
 
@@ -22,7 +28,8 @@ public:
     /// Written with a last "/": can only be a folder.
     bool saysFolder() const { return endsWithSlash; }
 
-    /// The real path with its symbolic links resolved; need not exist. Empty if refused.
+    /// The real path with its symbolic links resolved (the last one only if it is followed); need
+    /// not exist. Empty if refused.
     const std::string& path() const { return real; }
 
 private:

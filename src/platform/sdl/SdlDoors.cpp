@@ -13,10 +13,6 @@ namespace {
 
 constexpr int32_t kMostPictures = 100000;
 
-void complain(const std::string& sentence) {
-    std::cerr << "murmelo: " << sentence << "\n";
-}
-
 /// The first name in the folder that is still free; empty if there is none.
 std::string freePictureName(const std::string& folder) {
     for (int32_t number = 0; number < kMostPictures; number++) {
@@ -31,6 +27,10 @@ std::string freePictureName(const std::string& folder) {
 }
 
 }  // namespace
+
+void SdlDoors::complain(const std::string& sentence) {
+    std::cerr << "murmelo: " << sentence << "\n";
+}
 
 SdlDoors::SdlDoors(const HostFolders& folders)
     : folders(folders) {}

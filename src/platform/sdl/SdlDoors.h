@@ -28,6 +28,9 @@ public:
     /// Hands over the offered sound if it is time. @returns whether a callback was delivered
     bool deliver();
 
+    /// Says one sentence on standard error.
+    static void complain(const std::string& sentence);
+
     /// Prints the real path of a sound that was saved since the last call.
     void tellSaved();
 

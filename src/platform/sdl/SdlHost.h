@@ -64,6 +64,9 @@ public:
         extraDoors.setDoors(offered);
     }
 
+    /// One line on standard error.
+    void say(const std::string& sentence) override { SdlDoors::complain(sentence); }
+
     /// Pictures that came onto the screen.
     int64_t presented() const { return pictures; }
 

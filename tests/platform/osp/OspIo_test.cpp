@@ -286,10 +286,87 @@ TEST_F(OspIo, removesFilesButNoFolders) {
     EXPECT_TRUE(homeHas("Murmelo"));
 }
 
+TEST_F(OspIo, removingALinkWouldLoseWhatItLeadsTo) {
+    writeHome("Murmelo/rec_00000.wav", "a saved sound");
+    link("rec_00000.wav", "Murmelo/MrmLastRec.wav");
+    EXPECT_NE(E_SUCCESS, File::Remove("/Home/Murmelo/MrmLastRec.wav"));
+    EXPECT_FALSE(opens("/Home/Murmelo/MrmLastRec.wav", "wb+"));
+    EXPECT_FALSE(opens("/Home/Murmelo/MrmLastRec.wav", "rb+"));
+    EXPECT_EQ("a saved sound", home("Murmelo/rec_00000.wav"));
+    EXPECT_EQ("a saved sound", contentOf("/Home/Murmelo/MrmLastRec.wav"));
+}
+
+TEST_F(OspIo, makingWayRemovesOrdinaryFilesOnly) {
+    writeHome("a.txt", "a");
+    EXPECT_EQ(E_SUCCESS, File::MakeWay("/Home/a.txt"));
+    EXPECT_EQ(std::vector<std::string>{"Murmelo"}, namesIn("/Home"));
+    EXPECT_EQ(E_FILE_NOT_FOUND, File::MakeWay("/Home/a.txt"));
+    EXPECT_EQ(E_FILE_NOT_FOUND, File::MakeWay("/Home/missing/a.txt"));
+    EXPECT_EQ(E_FAILURE, File::MakeWay("/Res/logo.png"));
+    EXPECT_EQ(E_FAILURE, File::MakeWay("/Home/Murmelo/"));
+    EXPECT_EQ(E_FAILURE, File::MakeWay("/secret.txt"));
+    EXPECT_EQ("picture", folders.read("res/logo.png"));
+}
+
+TEST_F(OspIo, makingWayMovesEverythingElseAside) {
+    writeHome("a.txt.aside-2", "of earlier days");
+    writeHome("a.txt/inside.txt", "mine");
+    EXPECT_EQ(E_SUCCESS, File::MakeWay("/Home/a.txt"));
+    EXPECT_EQ("mine", home("a.txt.aside-1/inside.txt"));
+    ASSERT_EQ(0, mkfifo(folders.path("home/a.txt").c_str(), 0600));
+    EXPECT_EQ(E_SUCCESS, File::MakeWay("/Home/a.txt"));
+    EXPECT_TRUE(homeHas("a.txt.aside-3"));
+    EXPECT_EQ("of earlier days", home("a.txt.aside-2"));
+    writeHome("b.txt", "what it leads to");
+    for (const char* target : {"b.txt", "../secret.txt", "nowhere", "/nowhere", "a.txt"}) {
+        link(target, "a.txt");
+        EXPECT_EQ(E_SUCCESS, File::MakeWay("/Home/a.txt")) << target;
+        EXPECT_EQ(E_FILE_NOT_FOUND, File::MakeWay("/Home/a.txt")) << target;
+    }
+    EXPECT_EQ("what it leads to", home("b.txt"));
+    EXPECT_EQ("what it leads to", contentOf("/Home/a.txt.aside-4"));
+    EXPECT_EQ("secret", folders.read("secret.txt"));
+    EXPECT_EQ(10U, namesIn("/Home").size());  // eight moved aside, "Murmelo" and b.txt
+}
+
+TEST_F(OspIo, whatCannotBeMovedAsideStays) {
+    writeHome("a.txt/inside.txt", "mine");
+    host.failNth("File.MoveAside", 1);
+    EXPECT_EQ(E_FAILURE, File::MakeWay("/Home/a.txt"));
+    EXPECT_EQ("mine", home("a.txt/inside.txt"));
+}
+
+TEST_F(OspIo, theSoundFolderMayLieElsewhere) {
+    folders.makeFolder("disk");
+    host.mappedFolders.soundFolder = folders.path("disk");
+    File file;
+    ASSERT_EQ(E_SUCCESS, file.Construct("/Home/Murmelo/a.txt", "wb+"));
+    EXPECT_EQ(E_SUCCESS, file.Write("mine", 4));
+    EXPECT_EQ("mine", folders.read("disk/a.txt"));
+    EXPECT_EQ(std::vector<std::string>{"a.txt"}, namesIn("/Home/Murmelo/"));
+    EXPECT_TRUE(File::IsFileExist("/Home/Murmelo"));
+    EXPECT_FALSE(opens("/Home/Murmelo/../secret.txt"));
+    EXPECT_FALSE(opens("/Home/Murmelooo"));
+    writeHome("b.txt", "below home");
+    EXPECT_EQ("below home", contentOf("/Home/b.txt"));
+    folders.remove("disk");
+    EXPECT_FALSE(File::IsFileExist("/Home/Murmelo/"));
+    EXPECT_EQ(E_SUCCESS, Directory::Create("/Home/Murmelo/", false));
+    EXPECT_TRUE(folders.has("disk"));
+}
+
+TEST_F(OspIo, theHostSaysWhyAFolderCannotBeMade) {
+    EXPECT_NE(E_SUCCESS, Directory::Create("/Home/missing/new", false));
+    ASSERT_EQ(1U, host.said.size());
+    EXPECT_EQ("the folder \"" + folders.path("home/missing/new") +
+                  "\" cannot be made: No such file or directory",
+              host.said[0]);
+}
+
 TEST_F(OspIo, copiesOverAnExistingFileOnlyWhenAllowed) {
     writeHome("from.txt", std::string(50000, 'n'));
     writeHome("to.txt", "old");
-    EXPECT_NE(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ(E_FILE_ALREADY_EXIST, File::Copy("/Home/from.txt", "/Home/to.txt", true));
     EXPECT_EQ("old", home("to.txt"));
     EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", false));
     EXPECT_EQ(std::string(50000, 'n'), home("to.txt"));
@@ -308,7 +385,7 @@ TEST_F(OspIo, aCopyToAFreeNameWorksWithoutTheOneStepForIt) {
     EXPECT_EQ(both, namesIn("/Home/"));
     writeHome("to.txt", "old");
     host.failNth("File.RenameToFree", 1);
-    EXPECT_NE(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ(E_FILE_ALREADY_EXIST, File::Copy("/Home/from.txt", "/Home/to.txt", true));
     EXPECT_EQ("old", home("to.txt"));
     EXPECT_EQ(both, namesIn("/Home/"));
     removeHome("to.txt");
@@ -355,6 +432,75 @@ TEST_F(OspIo, aCopyThatAKilledProgramLeftUnfinishedIsReplaced) {
     writeHome("from.txt", "new");
     writeHome("to.txt.part", "half a so");
     EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ("new", home("to.txt"));
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
+}
+
+TEST_F(OspIo, whatIsNoFileInThePlaceOfAnUnfinishedCopyIsMovedAside) {
+    writeHome("from.txt", "new");
+    writeHome("to.txt.part/inside.txt", "mine");
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ("mine", home("to.txt.part.aside-1/inside.txt"));
+    ASSERT_EQ(0, mkfifo(folders.path("home/to.txt.part").c_str(), 0600));
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", false));
+    EXPECT_TRUE(homeHas("to.txt.part.aside-2"));
+    link("../secret.txt", "to.txt.part");
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", false));
+    EXPECT_TRUE(homeHas("to.txt.part.aside-3"));
+    EXPECT_EQ("secret", folders.read("secret.txt"));
+    EXPECT_EQ("new", home("to.txt"));
+}
+
+TEST_F(OspIo, aLinkTakesANameAsAFileDoes) {
+    writeHome("from.txt", "new");
+    for (const char* target : {"from.txt", "nowhere", "../secret.txt"}) {
+        link(target, "to.txt");
+        EXPECT_EQ(E_FILE_ALREADY_EXIST, File::Copy("/Home/from.txt", "/Home/to.txt", true))
+            << target;
+        removeHome("to.txt");
+    }
+    EXPECT_EQ("secret", folders.read("secret.txt"));
+}
+
+TEST_F(OspIo, aCopyThatKeepsMovesTheOldFileAside) {
+    writeHome("from.txt", "new");
+    EXPECT_EQ(E_SUCCESS, File::CopyKeeping("/Home/from.txt", "/Home/to.txt"));
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
+    writeHome("to.txt", "first");
+    EXPECT_EQ(E_SUCCESS, File::CopyKeeping("/Home/from.txt", "/Home/to.txt"));
+    writeHome("to.txt", "second");
+    EXPECT_EQ(E_SUCCESS, File::CopyKeeping("/Home/from.txt", "/Home/to.txt"));
+    EXPECT_EQ("new", home("to.txt"));
+    EXPECT_EQ("first", home("to.txt.aside-1"));
+    EXPECT_EQ("second", home("to.txt.aside-2"));
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt", "to.txt.aside-1",
+                                        "to.txt.aside-2"}),
+              namesIn("/Home/"));
+}
+
+TEST_F(OspIo, aCopyThatKeepsAndFailsLeavesTheOldFileInItsPlace) {
+    writeHome("from.txt", std::string(50000, 'n'));
+    writeHome("to.txt", "old");
+    const std::vector<std::string> both = {"Murmelo", "from.txt", "to.txt"};
+    for (const char* operation : {"File.Copy", "File.MoveAside"}) {
+        host.failNth(operation, 1);
+        EXPECT_EQ(E_FAILURE, File::CopyKeeping("/Home/from.txt", "/Home/to.txt")) << operation;
+        EXPECT_EQ("old", home("to.txt")) << operation;
+        EXPECT_EQ(both, namesIn("/Home/")) << operation;
+    }
+    EXPECT_EQ(E_FAILURE, File::CopyKeeping("/Home/missing", "/Home/to.txt"));
+    {
+        const FullDisk disk(20000);
+        EXPECT_EQ(E_FAILURE, File::CopyKeeping("/Home/from.txt", "/Home/to.txt"));
+    }
+    EXPECT_EQ("old", home("to.txt"));
+    EXPECT_EQ(both, namesIn("/Home/"));
+}
+
+TEST_F(OspIo, aCopyWhoseNameIsNotOnTheDiskFailsAndStays) {
+    writeHome("from.txt", "new");
+    host.failNth("File.SyncFolder", 1);
+    EXPECT_EQ(E_FAILURE, File::Copy("/Home/from.txt", "/Home/to.txt", true));
     EXPECT_EQ("new", home("to.txt"));
     EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
 }

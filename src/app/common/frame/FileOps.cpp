@@ -74,11 +74,16 @@ bool FileOps::exists(String* folder, String* name) {
 }
 
 bool FileOps::deleteFile(const String& path) {
-    return File::IsFileExist(path) && File::Remove(path) == E_SUCCESS;
+    return File::MakeWay(path) == E_SUCCESS;
 }
 
 bool FileOps::deleteFile(String* folder, String* name) {
     return deleteFile(*folder + *name);
+}
+
+bool FileOps::makeWay(const String& path) {
+    const result r = File::MakeWay(path);
+    return r == E_SUCCESS || r == E_FILE_NOT_FOUND;
 }
 
 bool FileOps::mkdir(const String& path) {
@@ -89,8 +94,14 @@ bool FileOps::copy(const String& source, const String& target) {
     return File::Copy(source, target, false) == E_SUCCESS;
 }
 
-bool FileOps::copyToFree(const String& source, const String& target) {
-    return File::Copy(source, target, true) == E_SUCCESS;
+bool FileOps::copyKeeping(const String& source, const String& target) {
+    return File::CopyKeeping(source, target) == E_SUCCESS;
+}
+
+bool FileOps::copyToFree(const String& source, const String& target, bool& isTaken) {
+    const result r = File::Copy(source, target, true);
+    isTaken = r == E_FILE_ALREADY_EXIST;
+    return r == E_SUCCESS;
 }
 
 int32_t FileOps::getAvailMemCard() {

@@ -14,9 +14,14 @@ public:
     static bool exists(const String& path);
     static bool exists(String* folder, String* name);
 
-    /// False too if there is no such file.
+    /// False too if there is no such file. What is no ordinary file is not deleted but moved aside,
+    /// to "NAME.aside-N".
     static bool deleteFile(const String& path);
     static bool deleteFile(String* folder, String* name);
+
+    /// Deletes what lies at the path, or moves it aside as deleteFile does. True too if nothing
+    /// lies there: the path is free then.
+    static bool makeWay(const String& path);
 
     /// True too if the path exists. Parents are not made.
     static bool mkdir(const String& path);
@@ -24,8 +29,12 @@ public:
     /// An existing target is overwritten.
     static bool copy(const String& source, const String& target);
 
+    /// An existing target is moved aside, to "NAME.aside-N".
+    static bool copyKeeping(const String& source, const String& target);
+
     /// False if there is a file of that name, whenever it came; that file stays as it is.
-    static bool copyToFree(const String& source, const String& target);
+    /// @param isTaken  set to whether it was for such a file that the copy failed
+    static bool copyToFree(const String& source, const String& target, bool& isTaken);
 
     /// Free bytes (the low 32 bits of what the phone says), -1 when unknown.
     static int32_t getAvailMemCard();

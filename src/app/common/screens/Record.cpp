@@ -16,15 +16,6 @@
 
 using Osp::Base::String;
 
-namespace {
-
-/// True if the file is gone afterwards.
-bool removed(const String& path) {
-    return !FileOps::exists(path) || FileOps::deleteFile(path);
-}
-
-}  // namespace
-
 void Record::onEnter() {
     Main::paintBgAndFx();
     Message::setText(Str::str_PLEASE_WAIT, G::fntMedium);
@@ -35,7 +26,7 @@ void Record::onEnter() {
         return;
     }
     String take = G::takePath();
-    if (!removed(take) || !removed(G::resultPath())) {
+    if (!FileOps::makeWay(take) || !FileOps::makeWay(G::resultPath())) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }

@@ -118,8 +118,7 @@ void Recording::finish(bool keepTake) {
 }
 
 void Recording::giveUpTake() {
-    const String take = G::takePath();
-    if (FileOps::exists(take) && !FileOps::deleteFile(take)) {
+    if (!FileOps::makeWay(G::takePath())) {
         MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }

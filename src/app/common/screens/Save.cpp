@@ -21,13 +21,8 @@ namespace {
 
 constexpr const char* kLastName = "rec_99999.wav";
 
-// Whoever else puts files into the folder would have to be this quick so many times in a row.
-constexpr int32_t kMostTries = 10;
-
-/// A name that was free when it was chosen may be taken by now; only the last one is used again.
-bool copyTo(const String& name, const String& source, const String& target) {
-    return name == kLastName ? FileOps::copy(source, target) : FileOps::copyToFree(source, target);
-}
+// Another program that puts files into the folder would have to be this quick each time.
+constexpr int32_t kMaxTries = 10;
 
 }  // namespace
 
@@ -73,22 +68,26 @@ void Save::onEnter() {
     dropKeyEvents();
 }
 
-/// False if there is no free name, or the copy failed.
+/// False if there is no free name, or the copy failed. A name that was free when it was chosen may
+/// be taken by now: only then another one is tried. The last name alone is used again, and what had
+/// it before is moved aside.
 bool Save::copyResult() {
     String* folder = G::getMrmFolderUri();
-    for (int32_t i = 0; i < kMostTries; i++) {
+    for (int32_t i = 0; i < kMaxTries; i++) {
         delete name;
         name = FileOps::getNextAvailableName(*folder, "rec_", ".wav");
         if (name == nullptr) {
             return false;
         }
         const String target = *folder + *name;
-        if (copyTo(*name, G::resultPath(), target)) {
+        bool isTaken = false;
+        if (*name == kLastName ? FileOps::copyKeeping(G::resultPath(), target)
+                               : FileOps::copyToFree(G::resultPath(), target, isTaken)) {
             savedCount++;
             return true;
         }
-        if (!FileOps::exists(target)) {
-            return false;  // it was not for the name
+        if (!isTaken) {
+            return false;
         }
     }
     return false;

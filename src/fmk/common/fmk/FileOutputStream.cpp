@@ -7,9 +7,7 @@ using Osp::Io::File;
 
 FileOutputStream::FileOutputStream(const Osp::Base::String& path)
     : file(std::make_unique<File>()) {
-    if (File::IsFileExist(path)) {
-        File::Remove(path);
-    }
+    File::MakeWay(path);
     if (file->Construct(path, "wb+") != E_SUCCESS) {
         file.reset();
         failed = true;

@@ -1,4 +1,4 @@
-// Writes a file from its start; what was there before is gone. If the file cannot be opened,
+// Writes a file from its start; a file that was there before is gone. If the file cannot be opened,
 // everything written is lost, and the stream has failed.
 #pragma once
 

@@ -105,6 +105,47 @@ TEST_F(FileOpsTest, deletingReportsWhatIsMissing) {
     EXPECT_FALSE(FileOps::deleteFile("/Home/Murmelo/a.wav"));
 }
 
+TEST_F(FileOpsTest, whatIsNoFileIsMovedAsideInsteadOfDeleted) {
+    put("a.wav/inside.txt");
+    EXPECT_TRUE(FileOps::deleteFile("/Home/Murmelo/a.wav"));
+    EXPECT_EQ("x", folders.read("home/Murmelo/a.wav.aside-1/inside.txt"));
+    EXPECT_FALSE(FileOps::deleteFile("/Home/Murmelo/a.wav"));
+}
+
+TEST_F(FileOpsTest, makingWayLeavesTheNameFreeOrSaysThatItIsNot) {
+    EXPECT_TRUE(FileOps::makeWay("/Home/Murmelo/a.wav"));
+    put("a.wav");
+    EXPECT_TRUE(FileOps::makeWay("/Home/Murmelo/a.wav"));
+    EXPECT_FALSE(folders.has("home/Murmelo/a.wav"));
+    put("a.wav");
+    host.failNth("File.Remove", 1);
+    EXPECT_FALSE(FileOps::makeWay("/Home/Murmelo/a.wav"));
+    EXPECT_TRUE(folders.has("home/Murmelo/a.wav"));
+    put("b.wav/inside.txt");
+    host.failNth("File.MoveAside", 1);
+    EXPECT_FALSE(FileOps::makeWay("/Home/Murmelo/b.wav"));
+    EXPECT_TRUE(FileOps::makeWay("/Home/Murmelo/b.wav"));
+}
+
+TEST_F(FileOpsTest, copyingToAFreeNameTellsWhetherItWasTaken) {
+    put("a.wav");
+    bool isTaken = true;
+    EXPECT_TRUE(FileOps::copyToFree("/Home/Murmelo/a.wav", "/Home/Murmelo/b.wav", isTaken));
+    EXPECT_FALSE(isTaken);
+    EXPECT_FALSE(FileOps::copyToFree("/Home/Murmelo/a.wav", "/Home/Murmelo/b.wav", isTaken));
+    EXPECT_TRUE(isTaken);
+    EXPECT_FALSE(FileOps::copyToFree("/Home/Murmelo/none.wav", "/Home/Murmelo/b.wav", isTaken));
+    EXPECT_FALSE(isTaken);
+}
+
+TEST_F(FileOpsTest, copyingMayKeepTheOldFile) {
+    put("a.wav");
+    folders.write("home/Murmelo/b.wav", "old");
+    EXPECT_TRUE(FileOps::copyKeeping("/Home/Murmelo/a.wav", "/Home/Murmelo/b.wav"));
+    EXPECT_EQ("x", folders.read("home/Murmelo/b.wav"));
+    EXPECT_EQ("old", folders.read("home/Murmelo/b.wav.aside-1"));
+}
+
 TEST_F(FileOpsTest, copyingOverwrites) {
     put("a.wav");
     folders.write("home/Murmelo/b.wav", "something longer");

@@ -10,6 +10,8 @@
 #include "Str.h"
 #include "TestSounds.h"
 
+#include <unistd.h>
+
 namespace {
 
 constexpr const char* kFileError =
@@ -49,6 +51,27 @@ TEST_F(RecordTest, removesTheTakeAndTheResultOfBefore) {
     EXPECT_EQ("Record", screen());
     EXPECT_EQ(44U, folders.read(kTake).size());
     EXPECT_FALSE(hasResult());
+}
+
+TEST_F(RecordTest, whatIsNoFileInThePlaceOfTheTwoIsMovedAside) {
+    folders.write(std::string(kTake) + "/inside.txt", "mine");
+    folders.write("home/Murmelo/rec_00000.wav", "a saved sound");
+    ASSERT_EQ(0, symlink("rec_00000.wav", folders.path(kResult).c_str()));
+    enter(G::stateRecord);
+    EXPECT_EQ("Record", screen());
+    EXPECT_EQ(44U, folders.read(kTake).size());
+    EXPECT_FALSE(hasResult());
+    EXPECT_EQ("mine", folders.read(std::string(kTake) + ".aside-1/inside.txt"));
+    EXPECT_EQ("a saved sound", folders.read(std::string(kResult) + ".aside-1"));
+    EXPECT_EQ("a saved sound", folders.read("home/Murmelo/rec_00000.wav"));
+}
+
+TEST_F(RecordTest, whatCannotBeMovedAsideIsFatal) {
+    folders.write(std::string(kTake) + "/inside.txt", "mine");
+    host.failNth("File.MoveAside", 1);
+    enter(G::stateRecord);
+    EXPECT_EQ(kFileError, fatalText());
+    EXPECT_EQ("mine", folders.read(std::string(kTake) + "/inside.txt"));
 }
 
 TEST_F(RecordTest, aTakeThatCannotBeRemovedIsFatal) {

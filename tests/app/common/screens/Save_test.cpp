@@ -160,15 +160,57 @@ TEST_F(SaveTest, aFolderThatCannotBeListedIsFatal) {
     EXPECT_EQ(kFileError, fatalBody());
 }
 
-TEST_F(SaveTest, theLastNumberIsOverwrittenAgainAndAgain) {
+TEST_F(SaveTest, theLastNumberIsUsedAgainAndAgainAndWhatHadItIsMovedAside) {
     folders.write("home/Murmelo/rec_99999.wav", "old");
     haveResult();
     enter(G::stateSave);
     EXPECT_EQ(TestSounds::wav({1, 2, 3}, 8000), saved("rec_99999.wav"));
+    EXPECT_EQ("old", saved("rec_99999.wav.aside-1"));
     folders.write(kResult, TestSounds::wav({4}, 8000));
     enter(G::stateSave);
     EXPECT_EQ(TestSounds::wav({4}, 8000), saved("rec_99999.wav"));
+    EXPECT_EQ("old", saved("rec_99999.wav.aside-1"));
+    EXPECT_EQ(TestSounds::wav({1, 2, 3}, 8000), saved("rec_99999.wav.aside-2"));
     EXPECT_EQ("/Home/Murmelo/rec_99999.wav", text(Save::uriStrId));
+}
+
+TEST_F(SaveTest, aCopyToTheLastNumberIsTriedOnce) {
+    folders.write("home/Murmelo/rec_99999.wav", "old");
+    haveResult();
+    int32_t tries = 0;
+    host.onCall("File.Copy", [this, &tries] {
+        tries++;
+        host.failNth("File.Copy", 1);
+    });
+    enter(G::stateSave);
+    EXPECT_EQ(kFileError, fatalBody());
+    EXPECT_EQ(1, tries);
+    EXPECT_EQ("old", saved("rec_99999.wav"));
+    EXPECT_FALSE(folders.has("home/Murmelo/rec_99999.wav.aside-1"));
+}
+
+TEST_F(SaveTest, aCopyThatFailsForItselfIsNotTriedUnderAnotherName) {
+    haveResult();
+    int32_t tries = 0;
+    host.onCall("File.Copy", [this, &tries] {
+        tries++;
+        folders.write("home/Murmelo/rec_00000.wav", "foreign");
+        host.failNth("File.Copy", 1);
+    });
+    enter(G::stateSave);
+    EXPECT_EQ(kFileError, fatalBody());
+    EXPECT_EQ(1, tries);
+    EXPECT_EQ("foreign", saved("rec_00000.wav"));
+    EXPECT_FALSE(folders.has("home/Murmelo/rec_00001.wav"));
+}
+
+TEST_F(SaveTest, aSoundWhoseNameMayBeLostIsNotCalledSaved) {
+    haveResult();
+    host.failNth("File.SyncFolder", 1);
+    enter(G::stateSave);
+    EXPECT_EQ(kFileError, fatalBody());
+    EXPECT_EQ(TestSounds::wav({1, 2, 3}, 8000), saved("rec_00000.wav"));
+    EXPECT_EQ(0, static_cast<Save*>(G::stateSave)->getSavedCount());
 }
 
 TEST_F(SaveTest, theHighestNumberCounts) {

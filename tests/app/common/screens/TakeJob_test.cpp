@@ -79,10 +79,29 @@ TEST_F(TakeJobTest, aTakeThatCannotBeWrittenIsFatalAndNotLeft) {
 
 TEST_F(TakeJobTest, aResultThatWillNotGoIsFatal) {
     putTake({9, 9, 9});
-    folders.makeFolder(kResult);  // no file, so it cannot be removed as one
-    folders.write(std::string(kResult) + "/inside", "x");
+    folders.write(kResult, "result");
+    host.failNth("File.Remove", 2);
     use({1, 2, 3, 4});
     EXPECT_EQ(kFileError, fatalBody());
+    EXPECT_EQ("result", folders.read(kResult));
+}
+
+TEST_F(TakeJobTest, whatIsNoFileInThePlaceOfTheTwoIsMovedAside) {
+    folders.write(std::string(kTake) + "/inside.txt", "mine");
+    folders.write(std::string(kResult) + "/inside.txt", "mine too");
+    use({1, 2, 3, 4});
+    tick();
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ("mine", folders.read(std::string(kTake) + ".aside-1/inside.txt"));
+    EXPECT_EQ("mine too", folders.read(std::string(kResult) + ".aside-1/inside.txt"));
+}
+
+TEST_F(TakeJobTest, aResultThatCannotBeMovedAsideIsFatal) {
+    folders.write(std::string(kResult) + "/inside.txt", "mine");
+    host.failNth("File.MoveAside", 1);
+    use({1, 2, 3, 4});
+    EXPECT_EQ(kFileError, fatalBody());
+    EXPECT_EQ("mine", folders.read(std::string(kResult) + "/inside.txt"));
 }
 
 TEST_F(TakeJobTest, withoutATakeTheMessageStands) {

@@ -1,0 +1,120 @@
+#include "SafeFile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more is a circle
+constexpr int kMaxAside = 100000;      // numbers that are tried
+
+bool liesAt(const std::string& path) {
+    struct stat facts = {};
+    return ::lstat(path.c_str(), &facts) == 0;
+}
+
+/// Renames to a name that nothing has. In one step where the file system has such a step.
+bool renameToFree(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return true;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return false;
+    }
+#endif
+    if (liesAt(to)) {
+        errno = EEXIST;
+        return false;
+    }
+    return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+}  // namespace
+
+std::string SafeFile::realTarget(const std::string& path) {
+    fs::path target = path;
+    for (int links = 0; links < kMaxLinks; links++) {
+        std::error_code error;
+        const fs::path next = fs::read_symlink(target, error);
+        if (error) {
+            return target.string();  // no link, or nothing there
+        }
+        target = target.parent_path() / next;  // the next one alone if it is absolute
+    }
+    return path;
+}
+
+int SafeFile::create(const std::string& path) {
+    struct stat facts = {};
+    const bool isThere = ::lstat(path.c_str(), &facts) == 0;
+    if (isThere && S_ISREG(facts.st_mode)) {
+        ::unlink(path.c_str());
+    } else if (isThere && !moveAside(path)) {
+        return -1;
+    }
+    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
+}
+
+bool SafeFile::finish(int fd) {
+    const bool synced = ::fsync(fd) == 0;
+    const int reason = errno;
+    const bool closed = ::close(fd) == 0;
+    if (!synced) {
+        errno = reason;
+    }
+    return synced && closed;
+}
+
+bool SafeFile::replace(const std::string& from, const std::string& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0 && syncFolderOf(to);
+}
+
+bool SafeFile::syncFolderOf(const std::string& path) {
+    const fs::path parent = fs::path(path).parent_path();
+    const int folder =
+        ::open(parent.empty() ? "." : parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) {
+        return errno == EACCES;
+    }
+    const bool synced =
+        ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+    const int reason = errno;
+    ::close(folder);
+    errno = reason;
+    return synced;
+}
+
+bool SafeFile::moveAside(const std::string& path) {
+    for (int number = 1; number <= kMaxAside; number++) {
+        if (!liesAt(path)) {
+            return errno == ENOENT;
+        }
+        if (renameToFree(path, path + ".aside-" + std::to_string(number))) {
+            return true;
+        }
+        if (errno != EEXIST && errno != ENOENT) {
+            return false;
+        }
+    }
+    return false;
+}
+
+std::string SafeFile::whyNotOrdinary(const std::string& path) {
+    struct stat facts = {};
+    if (::stat(path.c_str(), &facts) != 0 || S_ISREG(facts.st_mode)) {
+        return "";
+    }
+    if (S_ISDIR(facts.st_mode)) {
+        return "is a folder";
+    }
+    return S_ISFIFO(facts.st_mode) ? "is a pipe" : "is a device";
+}

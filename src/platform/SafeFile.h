@@ -1,0 +1,52 @@
+// The one safe way to put a user's file onto the disk: the target is the old file or the whole new
+// one at any moment, also after a power cut, and nothing that was there before is deleted.
+//
+// How to use it:
+//
+//     const std::string target = SafeFile::realTarget(path);   // a link stays a link
+//     const std::string fresh = target + ".new";
+//     const int fd = SafeFile::create(fresh);                  // -1: errno says why
+//     ... write everything to fd ...
+//     if (SafeFile::finish(fd) && SafeFile::replace(fresh, target)) { it is saved }
+//     else { unlink(fresh) }
+//
+// Whoever makes and renames the file in another way calls syncFolderOf(target) after the rename:
+// until then a power cut can bring back the old name. Every operation that fails leaves the reason
+// in errno.
+#pragma once
+
+#include <string>
+
+class SafeFile {
+public:
+    /// Follows the symbolic links that the path itself is made of, also where the last one leads to
+    /// nothing yet. Returns the path where the links go in a circle.
+    static std::string realTarget(const std::string& path);
+
+    /// Makes a new file to write to, less what the user's mask takes away. An ordinary file that
+    /// lies there is deleted: it was left by a program that was killed. Anything else that lies
+    /// there is moved aside.
+    /// @returns a file descriptor for finish(), -1 on failure
+    static int create(const std::string& path);
+
+    /// Puts every byte onto the disk and closes the descriptor, also on failure.
+    static bool finish(int fd);
+
+    /// Renames over whatever has the name, and syncs the folder. False: from was not renamed, or
+    /// the folder could not be synced; the new file has its name then, but may lose it in a power
+    /// cut.
+    static bool replace(const std::string& from, const std::string& to);
+
+    /// Puts the names in the folder of this file onto the disk. File systems that cannot do that,
+    /// and folders that may not be read, count as synced.
+    static bool syncFolderOf(const std::string& path);
+
+    /// Renames whatever lies there (a link itself, not what it leads to) to the first free name of
+    /// "PATH.aside-1", "PATH.aside-2" and so on. True if nothing lies there afterwards.
+    static bool moveAside(const std::string& path);
+
+    /// What a path leads to if it is no ordinary file, for a sentence: "is a folder", "is a pipe".
+    /// Empty for ordinary files, and where nothing can be found out. Opens nothing: a pipe would
+    /// wait for its other end.
+    static std::string whyNotOrdinary(const std::string& path);
+};

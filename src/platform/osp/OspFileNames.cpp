@@ -1,0 +1,186 @@
+// What is done to files by their names: whether they exist, taking them away, copying.
+#include "Host.h"
+#include "OrdinaryFile.h"
+#include "OspIo.h"
+#include "RealPath.h"
+#include "SafeFile.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using Osp::Base::String;
+
+namespace Osp::Io {
+
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+constexpr size_t kCopyBytes = 16384;
+
+bool writeAll(int fd, const char* bytes, size_t count) {
+    while (count > 0) {
+        const ssize_t written = write(fd, bytes, count);
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            return false;
+        }
+        bytes += written;
+        count -= static_cast<size_t>(written);
+    }
+    return true;
+}
+
+bool copyBytes(int source, int target) {
+    std::array<char, kCopyBytes> bytes = {};
+    for (;;) {
+        const ssize_t count = read(source, bytes.data(), bytes.size());
+        if (count == 0) {
+            return true;
+        }
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0 || !writeAll(target, bytes.data(), static_cast<size_t>(count))) {
+            return false;
+        }
+    }
+}
+
+/// The name of an unfinished copy. One program holds a home: one that lies there already was left
+/// by a program that was killed.
+std::string besideOf(const std::string& target) {
+    return target + ".part";
+}
+
+bool renameOver(const std::string& from, const std::string& to) {
+    return !hostFails("File.Rename") && std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+/// Gives a file its name unless another file has it. In one step if the file system has such a
+/// step, else an empty file takes the name first; that way is not proof against somebody who
+/// replaces the empty file, nor against a power cut, which leaves it.
+result renameToFree(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+    if (!hostFails("File.RenameToFree")) {
+        if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+            return E_SUCCESS;
+        }
+        if (errno == EEXIST) {
+            return E_FILE_ALREADY_EXIST;  // whatever else is wrong, the longer way meets it too
+        }
+    }
+#endif
+    const Descriptor empty(
+        open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode));
+    if (empty.get() < 0) {
+        return errno == EEXIST ? E_FILE_ALREADY_EXIST : E_FAILURE;
+    }
+    if (!renameOver(from, to)) {
+        unlink(to.c_str());  // nobody wants an empty sound
+        return E_FAILURE;
+    }
+    return E_SUCCESS;
+}
+
+bool moveAside(const std::string& path) {
+    return !hostFails("File.MoveAside") && SafeFile::moveAside(path);
+}
+
+/// What has the name of the target keeps its content under another name.
+result renameKeeping(const std::string& from, const std::string& to) {
+    return moveAside(to) ? renameToFree(from, to) : E_FAILURE;
+}
+
+/// The name is on the disk too: after a power cut the target is the old file or the whole new one.
+bool syncFolderOf(const std::string& path) {
+    return !hostFails("File.SyncFolder") && SafeFile::syncFolderOf(path);
+}
+
+/// Copies through a new file beside the target, which gets its name by rename(from, to) only when
+/// all its bytes are on the disk.
+template <typename Rename>
+result copyBeside(const String& source, const RealPath& to, Rename rename) {
+    if (!to.isValid() || !to.isWritable() || to.saysFolder()) {
+        return E_FAILURE;
+    }
+    const Descriptor from(openOrdinary(RealPath(source), O_RDONLY));
+    const std::string temporary = besideOf(to.path());
+    Descriptor target(from.get() < 0 ? -1 : SafeFile::create(temporary));
+    if (target.get() < 0) {
+        return E_FAILURE;
+    }
+    result r = E_FAILURE;
+    if (copyBytes(from.get(), target.get()) && SafeFile::finish(target.release())) {
+        r = rename(temporary, to.path());
+    }
+    if (r != E_SUCCESS) {
+        unlink(temporary.c_str());
+        return r;
+    }
+    return syncFolderOf(to.path()) ? E_SUCCESS : E_FAILURE;
+}
+
+}  // namespace
+
+bool File::IsFileExist(const String& path) {
+    const RealPath real(path);
+    struct stat status = {};
+    return real.isValid() && stat(real.path().c_str(), &status) == 0 &&
+           (!real.saysFolder() || S_ISDIR(status.st_mode));
+}
+
+result File::Remove(const String& path) {
+    if (hostFails("File.Remove")) {
+        return E_FAILURE;
+    }
+    const RealPath real(path, LastLink::kKeep);
+    struct stat status = {};
+    if (!real.isValid() || !real.isWritable() || real.saysFolder() ||
+        lstat(real.path().c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return E_FAILURE;
+    }
+    return unlink(real.path().c_str()) == 0 ? E_SUCCESS : E_FAILURE;
+}
+
+result File::MakeWay(const String& path) {
+    const RealPath real(path, LastLink::kKeep);
+    if (!real.isValid() || !real.isWritable() || real.saysFolder()) {
+        return E_FAILURE;
+    }
+    struct stat status = {};
+    if (lstat(real.path().c_str(), &status) != 0) {
+        return errno == ENOENT ? E_FILE_NOT_FOUND : E_FAILURE;
+    }
+    if (S_ISREG(status.st_mode)) {
+        return Remove(path);
+    }
+    return moveAside(real.path()) ? E_SUCCESS : E_FAILURE;
+}
+
+result File::Copy(const String& source, const String& target, bool failIfExists) {
+    if (hostFails("File.Copy")) {
+        return E_FAILURE;
+    }
+    if (failIfExists) {
+        return copyBeside(source, RealPath(target, LastLink::kKeep), renameToFree);
+    }
+    return copyBeside(source, RealPath(target),
+                      [](const std::string& from, const std::string& to) -> result {
+                          return renameOver(from, to) ? E_SUCCESS : E_FAILURE;
+                      });
+}
+
+result File::CopyKeeping(const String& source, const String& target) {
+    if (hostFails("File.Copy")) {
+        return E_FAILURE;
+    }
+    return copyBeside(source, RealPath(target, LastLink::kKeep), renameKeeping);
+}
+
+}  // namespace Osp::Io
