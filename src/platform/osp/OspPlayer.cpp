@@ -47,12 +47,14 @@ bool isPlainSound(const Header& header, int32_t rateHz, int32_t dataBytes) {
            dataBytes >= 0 && dataBytes <= kMostDataBytes && dataBytes % kSampleBytes == 0;
 }
 
-int32_t bytesBehindHeader(File& file) {
+/// -1 if that cannot be found out.
+int32_t bytesAfterHeader(File& file) {
     const bool measured = file.Seek(Osp::Io::FILESEEKPOSITION_END, 0) == E_SUCCESS;
-    const int32_t end = measured ? file.Tell() : 0;
-    return file.Seek(Osp::Io::FILESEEKPOSITION_BEGIN, kHeaderBytes) == E_SUCCESS
-               ? std::max(end - kHeaderBytes, 0)
-               : 0;
+    const int32_t end = measured ? file.Tell() : -1;
+    return end >= kHeaderBytes &&
+                   file.Seek(Osp::Io::FILESEEKPOSITION_BEGIN, kHeaderBytes) == E_SUCCESS
+               ? end - kHeaderBytes
+               : -1;
 }
 
 /// Null for everything that is no plain sound. A file cut short plays as far as it goes.
@@ -69,7 +71,10 @@ std::shared_ptr<const HostClip> readClip(const String& path) {
     if (!isPlainSound(header, clip->rateHz, dataBytes)) {
         return nullptr;
     }
-    const int32_t there = std::min(dataBytes, bytesBehindHeader(file));
+    const int32_t there = std::min(dataBytes, bytesAfterHeader(file));
+    if (there < 0) {
+        return nullptr;
+    }
     clip->samples.resize(static_cast<size_t>(there / kSampleBytes));
     const int32_t wanted = there / kSampleBytes * kSampleBytes;
     if (file.Read(clip->samples.data(), wanted) != wanted) {

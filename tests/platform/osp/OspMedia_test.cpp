@@ -415,6 +415,18 @@ TEST_F(PlayerTest, aFileCutShortPlaysAsFarAsItGoes) {
     EXPECT_EQ(TestSounds::part(clip, 0, 80), played());
 }
 
+TEST_F(PlayerTest, aFileThatCannotBeReadOrMeasuredIsRefused) {
+    Player player;
+    player.Construct(end, nullptr);
+    for (const auto& [operation, calls] : {std::pair{"File.Read", 2}, std::pair{"File.Seek", 2}}) {
+        for (int32_t nth = 1; nth <= calls; nth++) {
+            host.failNth(operation, nth);
+            EXPECT_NE(E_SUCCESS, player.OpenFile("/Home/clip.wav", false)) << operation << nth;
+        }
+    }
+    EXPECT_EQ(E_SUCCESS, player.OpenFile("/Home/clip.wav", false));
+}
+
 TEST_F(PlayerTest, whatFollowsTheSamplesIsNotPlayed) {
     folders.write("home/clip.wav", TestSounds::wav(clip, 8000) + "LIST and more of that");
     Player player;

@@ -72,11 +72,15 @@ WavFile::loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char*
     // Never more memory than the stream can fill, whatever the header says.
     const int32_t there = std::max(stream->available(), 0) / kSampleBytes;
     const int32_t count = std::clamp(props.getSampleCount(), 0, there) / samplesPerTarget;
-    if (count > kMaxArrayLength) {
+    if (count > kMaxArrayLength || stream->hasFailed()) {
         return nullptr;
     }
     auto* samples = newArray<int32_t>(count);
     const int32_t done = readSamples(stream, samplesPerTarget, samples, sampleBuffer);
+    if (stream->hasFailed()) {
+        deleteArrFunc(samples);
+        return nullptr;
+    }
     if (done < count) {
         auto* shorter = newArray<int32_t>(done);
         std::copy_n(samples, done, shorter);

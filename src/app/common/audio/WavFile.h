@@ -17,7 +17,8 @@ public:
 
     /// Loads a sound of 8000 Hz as it is, one of 16000 Hz as the means of its pairs of samples.
     /// Returns a new counted array, the caller's; null for a stream without a whole header, for any
-    /// other rate, and for more samples than an array can hold. Samples that the header promises
+    /// other rate, for more samples than an array can hold, and where the stream has failed: half a
+    /// sound would replace the whole one. Samples that the header promises
     /// and the stream does not have are dropped: the array ends with the stream. A negative length
     /// is a sound of no samples.
     static int32_t*

@@ -186,8 +186,10 @@ bool AudioDev::hasRecorderStopped() {
 void AudioDev::writeHeader() {
     WavProps props(recordLength >> 1);
     props.toByteArray(recordFileHeader, 0);
-    record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0);
-    record->Write(recordFileHeader, WavProps::kHeaderBytes);
+    // A header anywhere else would be heard. Without one the take is no sound, and loading says so.
+    if (record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0) == E_SUCCESS) {
+        record->Write(recordFileHeader, WavProps::kHeaderBytes);
+    }
 }
 
 void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {

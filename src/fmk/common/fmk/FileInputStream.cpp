@@ -21,11 +21,13 @@ int32_t FileInputStream::available() {
         return 0;
     }
     const int32_t position = file->Tell();
-    if (file->Seek(Osp::Io::FILESEEKPOSITION_END, 0) != E_SUCCESS) {
+    if (position < 0 || file->Seek(Osp::Io::FILESEEKPOSITION_END, 0) != E_SUCCESS) {
+        failed = true;
         return 0;
     }
     const int32_t end = file->Tell();
-    if (file->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, position) != E_SUCCESS) {
+    if (end < 0 || file->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, position) != E_SUCCESS) {
+        failed = true;
         return 0;
     }
     return std::max(end - position, 0);
@@ -37,7 +39,7 @@ void FileInputStream::close() {
 
 int32_t FileInputStream::read() {
     unsigned char byte = 0;
-    return file != nullptr && file->Read(&byte, 1) == 1 ? byte : -1;
+    return file != nullptr && readFile(&byte, 1) == 1 ? byte : -1;
 }
 
 int32_t FileInputStream::read(signed char* bytes, int32_t off, int32_t len) {
@@ -45,7 +47,13 @@ int32_t FileInputStream::read(signed char* bytes, int32_t off, int32_t len) {
         return -1;
     }
     const int32_t count = elementsInRange(bytes, off, len);
-    return count > 0 ? file->Read(bytes + off, count) : 0;
+    return count > 0 ? readFile(bytes + off, count) : 0;
+}
+
+int32_t FileInputStream::readFile(void* bytes, int32_t count) {
+    const int32_t got = file->Read(bytes, count);
+    failed = failed || got < 0;
+    return got;
 }
 
 int32_t FileInputStream::skip(int32_t n) {
@@ -55,6 +63,7 @@ int32_t FileInputStream::skip(int32_t n) {
     const int32_t before = file->Tell();
     const int32_t distance = n > 0 ? std::min(n, available()) : n;
     if (file->Seek(Osp::Io::FILESEEKPOSITION_CURRENT, distance) != E_SUCCESS) {
+        failed = failed || n > 0;  // backwards, before the start of the file is no place to go
         return 0;
     }
     return file->Tell() - before;

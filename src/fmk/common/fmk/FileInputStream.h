@@ -1,5 +1,5 @@
-// Reads a file. One that could not be opened is at its end from the start: available() answers 0,
-// read() -1.
+// Reads a file. One that could not be opened is at its end from the start: available() returns 0,
+// read() -1. Where the platform reports an error the stream has failed.
 #pragma once
 
 #include "InputStream.h"
@@ -27,9 +27,14 @@ public:
     /// Bytes read as the platform tells: 0 at the end, negative for a failure.
     int32_t read(signed char* bytes, int32_t off, int32_t len) override;
 
+    bool hasFailed() override { return failed; }
+
     /// Moves n bytes on, not beyond the end (a negative n moves back); returns the distance moved.
     int32_t skip(int32_t n) override;
 
 private:
+    int32_t readFile(void* bytes, int32_t count);
+
+    bool failed = false;                  // to be read, or to be measured
     std::unique_ptr<Osp::Io::File> file;  // null if not open
 };

@@ -25,6 +25,8 @@ public:
         return in->read(bytes, off, len);
     }
 
+    bool hasFailed() override { return in->hasFailed(); }
+
     void reset() override { in->reset(); }
 
     int32_t skip(int32_t n) override { return in->skip(n); }

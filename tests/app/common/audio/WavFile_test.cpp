@@ -63,6 +63,25 @@ public:
     }
 };
 
+/// Breaks off with an error at the given read, as a damaged disk does.
+class FailingStream : public ByteArrayInputStream {
+public:
+    FailingStream(signed char* bytes, int32_t readsUntilItFails)
+        : ByteArrayInputStream(bytes)
+        , readsLeft(readsUntilItFails) {}
+
+    using InputStream::read;
+
+    int32_t read(signed char* target, int32_t off, int32_t len) override {
+        return --readsLeft <= 0 ? -1 : ByteArrayInputStream::read(target, off, len);
+    }
+
+    bool hasFailed() override { return readsLeft <= 0; }
+
+private:
+    int32_t readsLeft;
+};
+
 /// Promises more than it has.
 class BoastingStream : public ByteArrayInputStream {
 public:
@@ -179,6 +198,46 @@ TEST_F(WavFileTest, streamThatEndsBeforeItSaidIsCutThere) {
     const Array<int32_t> loaded(
         WavFile::loadTo8Khz(&stream, headerBuffer.get(), sampleBuffer.get()));
     EXPECT_EQ((Samples{7, 8, 9}), audio::toVector(loaded.get()));
+}
+
+TEST_F(WavFileTest, streamThatFailsIsNoSound) {
+    const Array<signed char> bytes = audio::toArray(file(8000, audio::noise(10240 + 7, 1000)));
+    for (const int32_t nth : {1, 2, 3}) {  // header, 10240 samples, the rest
+        FailingStream stream(bytes.get(), nth);
+        EXPECT_EQ(nullptr, WavFile::loadTo8Khz(&stream, headerBuffer.get(), sampleBuffer.get()))
+            << nth;
+    }
+    FailingStream stream(bytes.get(), 4);
+    const Array<int32_t> loaded(
+        WavFile::loadTo8Khz(&stream, headerBuffer.get(), sampleBuffer.get()));
+    EXPECT_EQ(10247, length(loaded.get()));
+}
+
+TEST_F(WavFileTest, fileThatCannotBeReadOrMeasuredIsNoSound) {
+    TestHost host;
+    host.mappedFolders.home = testing::TempDir();
+    const Osp::Base::String path("/Home/WavFileTest.wav");
+    const Array<int32_t> samples = audio::toArray(audio::noise(20000, 1000));
+    {
+        FileOutputStream stream(path);
+        ASSERT_TRUE(
+            WavFile::save8Khz(&stream, samples.get(), headerBuffer.get(), sampleBuffer.get()));
+    }
+    const auto loads = [&] {
+        FileInputStream stream(path);
+        const Array<int32_t> loaded(
+            WavFile::loadTo8Khz(&stream, headerBuffer.get(), sampleBuffer.get()));
+        return length(loaded.get());
+    };
+    EXPECT_EQ(20000, loads());
+    for (const auto& [operation, calls] : {std::pair{"File.Read", 3}, std::pair{"File.Seek", 2}}) {
+        for (int32_t nth = 1; nth <= calls; nth++) {
+            host.failNth(operation, nth);
+            EXPECT_EQ(-1, loads()) << operation << " " << nth;
+        }
+    }
+    EXPECT_EQ(20000, loads());
+    Osp::Io::File::Remove(path);
 }
 
 TEST_F(WavFileTest, savingWritesTheHeaderAndLittleEndianSamples) {

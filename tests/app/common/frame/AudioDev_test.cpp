@@ -291,6 +291,13 @@ TEST_F(AudioDevTest, aBufferOfAnOddSizeCountsWholeSamples) {
     EXPECT_EQ(TestSounds::header(12001, 16000), take().substr(0, 44));
 }
 
+TEST_F(AudioDevTest, aHeaderThatCannotBePlacedIsNotWrittenIntoTheSound) {
+    record(750);
+    host.failNth("File.Seek", 1);
+    EXPECT_TRUE(AudioDev::stopRec());
+    EXPECT_EQ(std::string(44, '\0') + TestSounds::bytes(TestSounds::part(voice, 0, 12000)), take());
+}
+
 TEST_F(AudioDevTest, stoppingWhilePausedLeavesTheHeaderZero) {
     record(800);
     Orm::paused = true;

@@ -324,6 +324,17 @@ TEST_F(RecordingTest, aTakeThatCannotBeReadAtStopIsFatal) {
     EXPECT_EQ(kFileError, fatalText());
 }
 
+TEST_F(RecordingTest, aTakeThatCannotBeReadToItsEndIsFatalAndStaysAsItIs) {
+    start();
+    pass(2000);
+    host.failNth("File.Read", 2);  // the header was the first
+    touch(kMiddle);
+    tick();
+    EXPECT_EQ(kFileError, fatalText());
+    EXPECT_EQ(44U + 64000U, folders.read(kTake).size());
+    EXPECT_EQ(TestSounds::header(32000, 16000), folders.read(kTake).substr(0, 44));
+}
+
 TEST_F(RecordingTest, aTakeThatDidNotFitOnTheDiskGoesOnWithWhatWasWritten) {
     start();
     host.failNth("File.Write", 2);

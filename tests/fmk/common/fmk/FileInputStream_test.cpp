@@ -1,4 +1,5 @@
 #include "ArrFunc.h"
+#include "DataInputStream.h"
 #include "FileInputStream.h"
 #include "MIDlet.h"
 #include "OspBase.h"
@@ -107,6 +108,35 @@ TEST_F(FileInputStreams, failuresOfTheFileAreNegative) {
     EXPECT_EQ(255, stream.read());
     host.failNth("File.Seek", 2);  // on the way back
     EXPECT_EQ(0, stream.available());
+}
+
+TEST_F(FileInputStreams, anEndIsNoFailure) {
+    FileInputStream stream("/Home/a.bin");
+    stream.skip(100);
+    EXPECT_EQ(0, stream.read(bytes, 0, 8));
+    EXPECT_EQ(-1, stream.read());
+    EXPECT_EQ(0, stream.skip(-100));
+    stream.close();
+    EXPECT_EQ(-1, stream.read(bytes));
+    EXPECT_FALSE(stream.hasFailed());
+    EXPECT_FALSE(FileInputStream("/Home/missing.bin").hasFailed());
+}
+
+TEST_F(FileInputStreams, aFailureIsRememberedWhateverCallMetIt) {
+    const auto failsAt = [this](const char* operation, int32_t nth, auto call) {
+        FileInputStream stream("/Home/a.bin");
+        DataInputStream around(&stream);
+        host.failNth(operation, nth);
+        call(stream);
+        EXPECT_EQ(stream.hasFailed(), around.hasFailed());
+        stream.read();  // nothing fails any more, and the failure is not forgotten
+        return stream.hasFailed();
+    };
+    EXPECT_TRUE(failsAt("File.Read", 1, [](InputStream& s) { s.read(); }));
+    EXPECT_TRUE(failsAt("File.Read", 1, [this](InputStream& s) { s.read(bytes); }));
+    EXPECT_TRUE(failsAt("File.Seek", 1, [](InputStream& s) { s.available(); }));
+    EXPECT_TRUE(failsAt("File.Seek", 2, [](InputStream& s) { s.available(); }));
+    EXPECT_TRUE(failsAt("File.Seek", 3, [](InputStream& s) { s.skip(4); }));
 }
 
 TEST_F(FileInputStreams, theMidletOpensThemByEveryFormOfAPath) {
