@@ -1,5 +1,7 @@
 #include "ProgramFolders.h"
 
+#include "SafeFile.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -32,10 +34,24 @@ std::string xdgFolder(const char* variable, const char* otherwise) {
     return !folder.empty() && folder[0] == '/' ? folder : environment("HOME") + "/" + otherwise;
 }
 
-/// The music folder as the user's desktop names it; empty if it names none that exists.
+std::string folderOrNone(const std::string& path) {
+    std::error_code error;
+    return fs::is_directory(path, error) ? path : "";
+}
+
+/// The music folder as the user's desktop names it; empty if it names none that exists. Without a
+/// desktop that names folders it is "Music".
 std::string musicFolder() {
     const std::string key = "XDG_MUSIC_DIR=\"";
-    std::ifstream file(xdgFolder("XDG_CONFIG_HOME", ".config") + "/user-dirs.dirs");
+    const std::string names = xdgFolder("XDG_CONFIG_HOME", ".config") + "/user-dirs.dirs";
+    std::error_code missing;
+    if (!fs::exists(names, missing)) {
+        return environment("HOME").empty() ? "" : folderOrNone(environment("HOME") + "/Music");
+    }
+    if (!SafeFile::whyNotOrdinary(names).empty()) {
+        return "";  // a pipe would wait for its other end
+    }
+    std::ifstream file(names);
     std::string line;
     while (std::getline(file, line)) {
         const size_t end = line.rfind('"');
@@ -70,6 +86,18 @@ std::string chosenHome(const std::string& given) {
     }
     const std::string music = musicFolder();
     return !music.empty() ? music : xdgFolder("XDG_DATA_HOME", ".local/share") + "/murmelo";
+}
+
+/// Where the sound folder leads to if it is a symbolic link, even if nothing is there yet; empty if
+/// it is none.
+std::string linkedSoundFolder(const std::string& home) {
+    const std::string path = home + "/Murmelo";
+    std::error_code error;
+    if (!fs::is_symlink(path, error)) {
+        return "";
+    }
+    const fs::path real = fs::canonical(path, error);
+    return error ? SafeFile::realTarget(path) : real.string();
 }
 
 /// The folder that holds "Res" and "framework"; empty if there is none.
@@ -111,15 +139,26 @@ ProgramFolders::find(const std::string& home, const std::string& config, HostFol
     if (error) {
         return "the home folder \"" + wanted + "\" cannot be made: " + error.message();
     }
+    folders.soundFolder = linkedSoundFolder(folders.home);
     folders.config =
         !config.empty() ? config : xdgFolder("XDG_CONFIG_HOME", ".config") + "/murmelo";
     return "";
 }
 
-int64_t ProgramFolders::freeBytes(const std::string& folder) {
+std::string ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
+    const std::string folder = folders.sounds();
+    std::error_code error;
+    if (!fs::is_directory(folder, error) || ::access(folder.c_str(), W_OK | X_OK) == 0) {
+        return "";
+    }
+    return "the sound folder \"" + folder + "\" cannot be written: " + lastError();
+}
+
+int64_t ProgramFolders::freeBytes(const HostFolders& folders) {
     struct statvfs facts {};
 
-    if (::statvfs(folder.c_str(), &facts) != 0) {
+    if (::statvfs(folders.sounds().c_str(), &facts) != 0 &&
+        ::statvfs(folders.home.c_str(), &facts) != 0) {
         return -1;
     }
     return static_cast<int64_t>(facts.f_bavail) * static_cast<int64_t>(facts.f_frsize);
@@ -141,7 +180,10 @@ std::string HomeLock::take(const std::string& home) {
         if (file >= 0) {
             ::close(file);
         }
-        file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
+        if ((file < 0 && errno == ELOOP) || !isOrdinary()) {
+            return "\"" + path + "\" is not the file that keeps a second program out: take it away";
+        }
         // An old lock can still be opened where nothing new can be made.
         if (file < 0 || ::access(home.c_str(), W_OK) != 0) {
             return "the home folder \"" + home + "\" cannot be written: " + lastError();
@@ -156,11 +198,27 @@ std::string HomeLock::take(const std::string& home) {
     return "";
 }
 
+bool HomeLock::isOrdinary() const {
+    struct stat mine {};
+
+    return file < 0 || (::fstat(file, &mine) == 0 && S_ISREG(mine.st_mode));
+}
+
 bool HomeLock::isStillAt(const std::string& place) const {
     struct stat mine {};
 
     struct stat there {};
 
-    return ::fstat(file, &mine) == 0 && ::stat(place.c_str(), &there) == 0 &&
+    return ::fstat(file, &mine) == 0 && ::lstat(place.c_str(), &there) == 0 &&
            mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
+}
+
+std::string FolderLocks::take(const HostFolders& folders) {
+    const std::string wrong = home.take(folders.home);
+    std::error_code error;
+    const bool elsewhere = fs::is_directory(folders.soundFolder, error) &&
+                           !fs::equivalent(folders.soundFolder, folders.home, error);
+    // One that cannot be written needs no lock; the program says so in its own way.
+    const bool usable = elsewhere && ProgramFolders::whySoundsCannotBeKept(folders).empty();
+    return wrong.empty() && usable ? sounds.take(folders.soundFolder) : wrong;
 }

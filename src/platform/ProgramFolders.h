@@ -9,18 +9,23 @@
 
 class ProgramFolders {
 public:
-    /// Finds the folders and makes the user's home if it is not there. The data ("Res",
+    /// Finds the folders and makes the user's home if it is not there. A sound folder that is a
+    /// symbolic link is followed once, here, wherever it leads. The data ("Res",
     /// "framework") lie in the folder that MURMELO_DATA names, beside the executable, or in the
     /// installed share folder; the first that has them is taken.
-    /// @param home    as given by the user; empty: MURMELO_HOME, the music folder, or the XDG data
-    /// folder
+    /// @param home    as given by the user; empty: MURMELO_HOME, the music folder (~/Music where
+    /// user-dirs.dirs is missing), or the XDG data folder
     /// @param config  as given by the user; empty: the XDG configuration folder
     /// @returns empty, or one sentence that says what is wrong
     static std::string
     find(const std::string& home, const std::string& config, HostFolders& folders);
 
-    /// Bytes that this user can still write below the folder, -1 if unknown.
-    static int64_t freeBytes(const std::string& folder);
+    /// Why the sound folder cannot be used, as one sentence that names it; empty if it can, or is
+    /// still to be made.
+    static std::string whySoundsCannotBeKept(const HostFolders& folders);
+
+    /// Bytes that this user can still write where the sounds lie, -1 if unknown.
+    static int64_t freeBytes(const HostFolders& folders);
 };
 
 /// Holds a home for one running program. The file that says so goes away with the program, so that
@@ -32,14 +37,30 @@ public:
     HomeLock& operator=(const HomeLock&) = delete;
     ~HomeLock();
 
-    /// @returns empty, or one sentence: the home cannot be written, or another program holds it
+    /// @returns empty, or one sentence: the home cannot be written, another program holds it, or
+    /// something else has the name of the lock
     std::string take(const std::string& home);
 
 private:
+    /// False if a pipe or a device was opened.
+    bool isOrdinary() const;
+
     /// False once the file was taken away, or another one lies in its place.
     bool isStillAt(const std::string& place) const;
 
     std::string path;
     int file = -1;
     bool isHeld = false;
+};
+
+/// What one running program holds: its home, and the sound folder where that lies elsewhere, which
+/// another home may lead to as well.
+class FolderLocks {
+public:
+    /// @returns empty, or one sentence as HomeLock::take
+    std::string take(const HostFolders& folders);
+
+private:
+    HomeLock home;
+    HomeLock sounds;
 };

@@ -1,5 +1,7 @@
 #include "SoundFile.h"
 
+#include "SafeFile.h"
+
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -74,6 +76,10 @@ std::vector<int16_t> toInt16(const std::vector<float>& samples) {
 
 std::string
 SoundFile::read(const std::string& path, int32_t rateHz, std::vector<int16_t>& samples) {
+    const std::string kind = SafeFile::whyNotOrdinary(path);
+    if (!kind.empty()) {
+        return "the sound \"" + path + "\" cannot be read: it " + kind;
+    }
     SF_INFO info{};
     const OpenFile file(sf_open(path.c_str(), SFM_READ, &info), &sf_close);
     if (file == nullptr) {

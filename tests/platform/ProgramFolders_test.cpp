@@ -3,13 +3,160 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <map>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr const char* kLock = ".murmelo.lock";
 
+/// A user with a home and pictures, and nothing else in the environment that names a folder.
+class ProgramFoldersTest : public testing::Test {
+protected:
+    ProgramFoldersTest() {
+        for (const char* name :
+             {"HOME", "MURMELO_DATA", "MURMELO_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+            const char* value = std::getenv(name);
+            before[name] = value != nullptr ? std::make_unique<std::string>(value) : nullptr;
+            unsetenv(name);
+        }
+        folders.makeFolder("data/Res");
+        folders.makeFolder("user/.config");
+        setenv("MURMELO_DATA", folders.path("data").c_str(), 1);
+        setenv("HOME", folders.path("user").c_str(), 1);
+    }
+
+    ~ProgramFoldersTest() override {
+        for (const auto& [name, value] : before) {
+            value != nullptr ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
+        }
+    }
+
+    /// Finds the folders with a home given on the command line, or without one.
+    HostFolders find(const std::string& home = "") const {
+        HostFolders found;
+        EXPECT_EQ("", ProgramFolders::find(home, "", found));
+        return found;
+    }
+
+    std::string real(const std::string& name) const {
+        return std::filesystem::canonical(folders.path(name)).string();
+    }
+
+    void link(const std::string& target, const std::string& name) {
+        ASSERT_EQ(0, symlink(target.c_str(), folders.path(name).c_str()));
+    }
+
+    TestFolders folders;
+
+private:
+    std::map<std::string, std::unique_ptr<std::string>> before;
+};
+
 }  // namespace
+
+TEST_F(ProgramFoldersTest, theMusicFolderIsTheOneThatTheDesktopNames) {
+    folders.makeFolder("user/Music");
+    folders.makeFolder("user/Musik");
+    folders.write("user/.config/user-dirs.dirs", "XDG_MUSIC_DIR=\"$HOME/Musik\"\n");
+    EXPECT_EQ(real("user/Musik"), find().home);
+    folders.write("user/.config/user-dirs.dirs", "XDG_MUSIC_DIR=\"$HOME/\"\n");
+    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);
+    folders.write("user/.config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/\"\n");
+    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);
+}
+
+TEST_F(ProgramFoldersTest, withoutADesktopItIsMusicIfThereIsSuchAFolder) {
+    EXPECT_EQ(folders.path("user/.local/share/murmelo"), find().home);
+    folders.write("user/Music", "no folder");
+    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);
+    folders.remove("user/Music");
+    folders.makeFolder("user/Music");
+    EXPECT_EQ(real("user/Music"), find().home);
+    ASSERT_EQ(0, mkfifo(folders.path("user/.config/user-dirs.dirs").c_str(), 0600));
+    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);  // names nothing, and nobody waits
+}
+
+TEST_F(ProgramFoldersTest, theSoundFolderIsBelowTheHome) {
+    folders.makeFolder("home/Murmelo");
+    const HostFolders found = find(folders.path("home"));
+    EXPECT_EQ("", found.soundFolder);
+    EXPECT_EQ(real("home/Murmelo"), found.sounds());
+    EXPECT_EQ("", ProgramFolders::whySoundsCannotBeKept(found));
+}
+
+TEST_F(ProgramFoldersTest, aSoundFolderThatIsALinkMayLeadAnywhere) {
+    folders.makeFolder("disk/deep/sounds");
+    folders.makeFolder("home");
+    link(folders.path("disk/deep"), "disk/link");
+    for (const std::string& target :
+         {folders.path("disk/link/sounds"), std::string("../disk/link/sounds")}) {
+        folders.remove("home/Murmelo");
+        link(target, "home/Murmelo");
+        const HostFolders found = find(folders.path("home"));
+        EXPECT_EQ(real("disk/deep/sounds"), found.soundFolder);
+        EXPECT_EQ(real("disk/deep/sounds"), found.sounds());
+        EXPECT_EQ("", ProgramFolders::whySoundsCannotBeKept(found));
+    }
+}
+
+TEST_F(ProgramFoldersTest, aSoundFolderThatIsALinkToNothingYetIsWhereItLeadsTo) {
+    folders.makeFolder("home");
+    link(folders.path("disk/sounds"), "home/Murmelo");
+    const HostFolders found = find(folders.path("home"));
+    EXPECT_EQ(folders.path("disk/sounds"), found.soundFolder);
+    EXPECT_EQ("", ProgramFolders::whySoundsCannotBeKept(found));
+    EXPECT_LT(0, ProgramFolders::freeBytes(found));
+}
+
+TEST_F(ProgramFoldersTest, twoHomesThatLeadToOneSoundFolderDoNotRunTogether) {
+    folders.makeFolder("disk");
+    for (const std::string home : {"one", "two"}) {
+        folders.makeFolder(home);
+        link("../disk", home + "/Murmelo");
+    }
+    {
+        FolderLocks first;
+        EXPECT_EQ("", first.take(find(folders.path("one"))));
+        const std::string wrong = FolderLocks().take(find(folders.path("two")));
+        EXPECT_NE(std::string::npos, wrong.find("already running")) << wrong;
+        EXPECT_NE(std::string::npos, wrong.find(real("disk"))) << wrong;
+    }
+    EXPECT_FALSE(folders.has(std::string("disk/") + kLock));
+    EXPECT_EQ("", FolderLocks().take(find(folders.path("two"))));
+}
+
+TEST_F(ProgramFoldersTest, aSoundFolderThatLeadsToItsOwnHomeIsLockedOnce) {
+    folders.makeFolder("home");
+    link(".", "home/Murmelo");
+    EXPECT_EQ("", FolderLocks().take(find(folders.path("home"))));
+}
+
+TEST(HomeLock, aLinkInItsPlaceIsNotFollowed) {
+    const TestFolders folders;
+    folders.write("mine", "precious");
+    for (const char* target : {"mine", "nothing yet"}) {
+        folders.remove(kLock);
+        ASSERT_EQ(0, symlink(target, folders.path(kLock).c_str()));
+        EXPECT_EQ("\"" + folders.path("") + "/" + kLock +
+                      "\" is not the file that keeps a second program out: take it away",
+                  HomeLock().take(folders.path("")));
+        EXPECT_TRUE(std::filesystem::is_symlink(folders.path(kLock)));
+    }
+    EXPECT_EQ("precious", folders.read("mine"));
+    EXPECT_FALSE(folders.has("nothing yet"));
+}
+
+TEST(HomeLock, aPipeInItsPlaceStays) {
+    const TestFolders folders;
+    ASSERT_EQ(0, mkfifo(folders.path(kLock).c_str(), 0600));
+    EXPECT_NE("", HomeLock().take(folders.path("")));
+    EXPECT_TRUE(folders.has(kLock));
+}
 
 TEST(HomeLock, aHomeThatIsHeldIsRefusedUntilItIsLetGo) {
     const TestFolders folders;

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <sys/stat.h>
 
 using Samples = TestSounds::Samples;
 
@@ -75,6 +76,19 @@ TEST(SoundFile, whatIsNoSoundIsRefusedWithItsName) {
         const std::string wrong = SoundFile::read(folders.path(name), 16000, read);
         EXPECT_NE(std::string::npos, wrong.find(name)) << wrong;
     }
+    EXPECT_EQ(Samples{1}, read);
+}
+
+TEST(SoundFile, whatIsNoOrdinaryFileIsRefusedAtOnce) {
+    const TestFolders folders;
+    ASSERT_EQ(0, mkfifo(folders.path("pipe.wav").c_str(), 0600));
+    Samples read{1};
+    EXPECT_EQ("the sound \"" + folders.path("pipe.wav") + "\" cannot be read: it is a pipe",
+              SoundFile::read(folders.path("pipe.wav"), 16000, read));
+    EXPECT_EQ("the sound \"" + folders.path("") + "\" cannot be read: it is a folder",
+              SoundFile::read(folders.path(""), 16000, read));
+    EXPECT_EQ("the sound \"/dev/zero\" cannot be read: it is a device",
+              SoundFile::read("/dev/zero", 16000, read));
     EXPECT_EQ(Samples{1}, read);
 }
 

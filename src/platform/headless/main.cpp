@@ -5,29 +5,38 @@
 #include "ProgramFolders.h"
 #include "Script.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <CLI/CLI.hpp>
-#include <fstream>
+#include <fcntl.h>
 #include <iostream>
-#include <iterator>
+#include <system_error>
+#include <unistd.h>
 
 namespace {
+
+constexpr size_t kReadBytes = 4096;
 
 int complain(const std::string& message, int status) {
     std::cerr << "murmelo-headless: " << message << "\n";
     return status;
 }
 
-bool readAll(const std::string& path, std::string& text) {
-    std::ifstream file;
-    if (path != "-") {
-        file.open(path, std::ios::binary);
-        if (!file) {
-            return false;
-        }
+/// A file, a pipe or standard input ("-"), to its end. @returns empty, or why it cannot be read
+std::string readAll(const std::string& path, std::string& text) {
+    const int file = path == "-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    std::array<char, kReadBytes> bytes{};
+    ssize_t count = file < 0 ? -1 : 1;
+    while (count > 0 || (count < 0 && errno == EINTR)) {
+        count = ::read(file, bytes.data(), bytes.size());
+        text.append(bytes.data(), static_cast<size_t>(std::max<ssize_t>(count, 0)));
     }
-    std::istream& in = path == "-" ? std::cin : file;
-    text.assign(std::istreambuf_iterator<char>(in), {});
-    return true;
+    const std::error_code error(count < 0 ? errno : 0, std::generic_category());
+    if (file >= 0) {
+        ::close(file);
+    }
+    return error ? error.message() : "";
 }
 
 }  // namespace
@@ -54,8 +63,10 @@ int main(int argc, char** argv) {
     }
 
     std::string text;
-    if (!readAll(scriptPath, text)) {
-        return complain("the script \"" + scriptPath + "\" cannot be read", HeadlessHost::kUsage);
+    const std::string unreadable = readAll(scriptPath, text);
+    if (!unreadable.empty()) {
+        return complain("the script \"" + scriptPath + "\" cannot be read: " + unreadable,
+                        HeadlessHost::kUsage);
     }
     std::vector<ScriptCommand> script;
     const std::string mistake = Script::parse(text, script);
@@ -64,10 +75,10 @@ int main(int argc, char** argv) {
     }
 
     HostFolders folders;
-    HomeLock lock;
+    FolderLocks locks;
     std::string wrong = ProgramFolders::find(home, config, folders);
     if (wrong.empty()) {
-        wrong = lock.take(folders.home);
+        wrong = locks.take(folders);
     }
     if (!wrong.empty()) {
         return complain(wrong, HeadlessHost::kFailed);
@@ -75,6 +86,10 @@ int main(int argc, char** argv) {
 
     HeadlessHost host(folders, script, clockStartMs, silent);
     Host::install(&host);
+    const std::string trouble = ProgramFolders::whySoundsCannotBeKept(folders);
+    if (!trouble.empty()) {
+        host.say(trouble);
+    }
     const EndSignal endSignal;
     const int result = OspMain(argc, argv);
     Host::install(nullptr);

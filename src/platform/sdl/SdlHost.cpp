@@ -119,7 +119,7 @@ int64_t SdlHost::ticksMs() {
 }
 
 int64_t SdlHost::freePhoneBytes() {
-    return ProgramFolders::freeBytes(options.folders.home);
+    return ProgramFolders::freeBytes(options.folders);
 }
 
 HostMicrophone* SdlHost::microphone() {

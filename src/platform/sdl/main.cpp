@@ -63,6 +63,10 @@ int run(int argc, char** argv, SdlOptions options) {
         return complain(wrong);
     }
     Host::install(&host);
+    const std::string trouble = ProgramFolders::whySoundsCannotBeKept(host.folders());
+    if (!trouble.empty()) {
+        host.say(trouble);
+    }
     result = OspMain(argc, argv);
     Host::install(nullptr);
     if (host.isStuck()) {
@@ -115,12 +119,12 @@ int main(int argc, char** argv) {
     if (wrong.empty()) {
         wrong = checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
     }
-    HomeLock lock;
+    FolderLocks locks;
     if (wrong.empty()) {
         wrong = ProgramFolders::find(home, config, options.folders);
     }
     if (wrong.empty()) {
-        wrong = lock.take(options.folders.home);
+        wrong = locks.take(options.folders);
     }
     return wrong.empty() ? run(argc, argv, std::move(options)) : complain(wrong);
 }
