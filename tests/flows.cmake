@@ -15,7 +15,8 @@ foreach(script ${flow_scripts})
 endforeach()
 
 foreach(case script-mistakes usage failed-expectations pictures-missing home-not-writable
-        settings-not-writable second-instance)
+        settings-not-writable second-instance sound-folder lock-in-the-way remove-stays-inside
+        odd-scripts odd-sounds settings-out-of-reach settings-elsewhere)
     add_test(NAME flow-status/${case}
         COMMAND flows/run-status.sh ${case} $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})

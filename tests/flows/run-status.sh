@@ -125,6 +125,95 @@ second-instance)
     mkdir other
     expect 0 '' flock -n home/.murmelo.lock "$program" --home other --config config fine
     ;;
+sound-folder)
+    # Whatever is wrong with it, the sentence names it, and then comes the message of the screen.
+    printf 'key middle\nexpect screen MessageAndQuit\nkey middle\nexpect ended\n' >refused
+    ln -s "$folder/disk/sounds" home/Murmelo
+    expect 0 "the folder \"$folder/disk/sounds\" cannot be made: No such file or directory" $(run) refused
+    rm -r home/Murmelo config
+    touch home/Murmelo
+    expect 0 "the folder \"$folder/home/Murmelo\" cannot be made: File exists" $(run) refused
+    rm -r home/Murmelo config
+    mkdir disk
+    ln -s "$folder/disk/sounds" home/Murmelo
+    printf 'key middle\nuntil Options\n' >menu
+    expect 0 '' $(run) menu
+    [ -d disk/sounds ] || wrong=1
+    rm -r disk/sounds config
+    touch disk/sounds
+    expect 0 "the folder \"$folder/disk/sounds\" cannot be made: File exists" $(run) refused
+    ;;
+lock-in-the-way)
+    echo precious >mine
+    ln -s ../mine home/.murmelo.lock
+    expect 1 '.murmelo.lock" is not the file that keeps a second program out' $(run) fine
+    [ "$(cat mine)" = precious ] && [ -L home/.murmelo.lock ] || wrong=1
+    rm home/.murmelo.lock
+    mkfifo home/.murmelo.lock
+    expect 1 '.murmelo.lock" is not the file that keeps a second program out' $(run) fine
+    [ -p home/.murmelo.lock ] || wrong=1
+    ;;
+remove-stays-inside)
+    mkdir -p home/Murmelo/folder
+    touch home/outside home/Murmelo/folder/inside
+    for name in ../outside "$folder/home/outside" folder/inside . ..; do
+        line 2 "\"$name\" is not the name of a file in the sound folder" "remove $name"
+    done
+    line 2 '"../outside" is not the name of a file' 'remove ../outside'
+    [ -e home/outside ] && [ -e home/Murmelo/folder/inside ] || wrong=1
+    touch home/Murmelo/a.wav
+    ln -s ../outside home/Murmelo/link
+    printf 'remove a.wav\nremove link\nexpect no file a.wav\n' >inside
+    expect 0 '' $(run) inside
+    [ -e home/outside ] || wrong=1
+    ;;
+odd-scripts)
+    mkfifo pipe
+    cat fine >pipe &
+    expect 0 '' $(run) pipe
+    wait
+    expect 0 '' bash -c "$(run) - <fine"
+    expect 0 '' bash -c "cat fine | $(run) -"
+    expect 0 '' bash -c "$(run) <(cat fine)"
+    expect 2 'the script "home" cannot be read: Is a directory' $(run) home
+    expect 2 'the script "-" cannot be read: Is a directory' bash -c "$(run) - <home"
+    expect 2 'the script "-" cannot be read: Bad file descriptor' bash -c "$(run) - <&-"
+    # It opens, and its first byte cannot be read.
+    expect 2 'the script "/proc/self/mem" cannot be read: Input/output error' $(run) /proc/self/mem
+    ;;
+odd-sounds)
+    mkfifo pipe
+    for name in pipe home /dev/zero; do
+        line 2 "the sound \"$name\" cannot be read: it is a" "mic $name"
+    done
+    printf 'key middle\nuntil Options\ntake pipe\n' >taken
+    expect 2 'line 3: the sound "pipe" cannot be read: it is a pipe' $(run) taken
+    for name in pipe home /dev/zero; do
+        expect 1 "the sound \"$name\" cannot be read: it is a" \
+            "$(dirname "$program")/murmelo" --home home --config config $name
+    done
+    ;;
+settings-out-of-reach)
+    # The language holds for this run, and nothing is written.
+    printf 'tap 240 432\nkey middle\nexpect screen Splash\nuntil Options\n' >spanish
+    mkfifo config/settings
+    expect 0 'config/settings" cannot be read and stay as they are: it is a pipe' $(run) spanish
+    [ -p config/settings ] && [ "$(ls config)" = settings ] || wrong=1
+    rm config/settings
+    ln -s /proc/self/mem config/settings
+    expect 0 'cannot be read and stay as they are: Input/output error' $(run) spanish
+    [ -L config/settings ] && [ "$(ls config)" = settings ] || wrong=1
+    ;;
+settings-elsewhere)
+    printf 'tap 240 432\nkey middle\nexpect screen Splash\n' >spanish
+    mkdir dotfiles
+    ln -s "$folder/dotfiles/murmelo" config/settings
+    expect 0 '' $(run) spanish
+    [ -L config/settings ] && [ "$(cat dotfiles/murmelo)" = lang=2 ] || wrong=1
+    [ "$(ls config dotfiles | tr '\n' ' ')" = 'config: settings  dotfiles: murmelo ' ] || wrong=1
+    echo 'expect screen Splash' >later
+    expect 0 '' $(run) later
+    ;;
 *)
     echo "there is no case \"$1\"" >&2
     wrong=1

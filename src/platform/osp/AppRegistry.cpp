@@ -2,9 +2,11 @@
 #include "Host.h"
 #include "OspApp.h"
 #include "ReplacedFile.h"
+#include "SafeFile.h"
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <fcntl.h>
@@ -18,8 +20,21 @@ namespace Osp::App {
 namespace {
 
 constexpr const char* kFileName = "settings";
-constexpr const char* kDamagedName = "settings.damaged";
+constexpr const char* kDamaged = ".damaged";             // behind the name of what was set aside
 constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
+
+std::string lastError() {
+    return std::error_code(errno, std::generic_category()).message();
+}
+
+/// Renames damaged settings, so that they can be looked at; a symbolic link to them stays. @returns
+/// empty, or why that failed
+std::string setAside(const std::string& path) {
+    const std::string target = SafeFile::realTarget(path);
+    std::error_code error;
+    fs::rename(target, target + kDamaged, error);
+    return error ? error.message() : "";
+}
 
 bool isKey(const std::string& text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
@@ -59,42 +74,58 @@ bool parse(const std::string& text, std::map<std::string, std::string>& values) 
     return true;
 }
 
-/// Opens an ordinary file; null for everything else: a pipe would wait for its other end.
-std::FILE* openToRead(const std::string& path) {
-    std::error_code error;
-    const int fd = fs::is_regular_file(path, error)
-                       ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)
-                       : -1;
-    return fd >= 0 ? ::fdopen(fd, "rb") : nullptr;
+/// Opens an ordinary file; null for everything else, and then wrong says why. Without a file there
+/// is nothing wrong.
+std::FILE* openToRead(const std::string& path, std::string& wrong) {
+    wrong = SafeFile::whyNotOrdinary(path);  // a pipe would wait for its other end
+    if (!wrong.empty()) {
+        wrong = "it " + wrong;
+        return nullptr;
+    }
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    std::FILE* file = fd >= 0 ? ::fdopen(fd, "rb") : nullptr;
+    if (file == nullptr && errno != ENOENT && errno != ENOTDIR) {
+        wrong = lastError();
+    }
+    return file;
 }
 
-/// False if the file exists but cannot be taken.
-bool readFile(const std::string& path, std::map<std::string, std::string>& values) {
-    std::FILE* file = openToRead(path);
+/// The text of a small file, as far as it can be one of ours; wrong says why it cannot be read.
+std::string readFile(const std::string& path, std::string& wrong) {
+    std::FILE* file = openToRead(path, wrong);
     if (file == nullptr) {
-        std::error_code error;
-        return !fs::exists(path, error);
+        return "";
     }
     std::string text(kLargestFileBytes + 1, '\0');
     text.resize(std::fread(text.data(), 1, text.size(), file));
-    const bool readable = std::ferror(file) == 0;
+    if (std::ferror(file) != 0) {
+        wrong = lastError();
+    }
     std::fclose(file);
-    return readable && text.size() <= kLargestFileBytes && parse(text, values);
+    return text;
 }
 
 }  // namespace
 
 void AppRegistry::Open(const std::string& configFolder) {
     folder = configFolder;
+    keeps = !folder.empty();
     values.clear();
-    if (folder.empty()) {
+    if (!keeps) {
         return;
     }
     const std::string path = folder + "/" + kFileName;
-    if (!readFile(path, values)) {
+    std::string wrong;
+    const std::string text = readFile(path, wrong);
+    if (wrong.empty() && (text.size() > kLargestFileBytes || !parse(text, values))) {
         values.clear();
-        std::error_code ignored;
-        fs::rename(path, folder + "/" + kDamagedName, ignored);
+        wrong = setAside(path);
+    }
+    if (!wrong.empty()) {
+        // Not damaged, only out of reach: the next run may find them again.
+        keeps = false;
+        Host::current().say("the settings \"" + path +
+                            "\" cannot be read and stay as they are: " + wrong);
     }
 }
 
@@ -129,7 +160,7 @@ result AppRegistry::write(const std::string& key, const std::string& value) {
         return E_FAILURE;
     }
     values[key] = value;
-    return folder.empty() || saveFile() ? E_SUCCESS : E_FAILURE;
+    return !keeps || saveFile() ? E_SUCCESS : E_FAILURE;
 }
 
 bool AppRegistry::saveFile() const {

@@ -23,7 +23,8 @@ using RequestId = int32_t;
 class AppRegistry {
 public:
     /// Reads the settings. A file that is damaged is set aside as "settings.damaged" and the
-    /// registry starts empty.
+    /// registry starts empty. It starts empty too if the file cannot be read; the host says so, and
+    /// the file stays as it is for this run.
     /// @param folder  real folder, made when something is first written; empty keeps nothing
     void Open(const std::string& folder);
 
@@ -42,6 +43,7 @@ private:
     bool saveFile() const;
 
     std::string folder;
+    bool keeps = false;  // changes go into the file
     std::map<std::string, std::string> values;
 };
 

@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using Osp::App::AppRegistry;
 
@@ -20,9 +24,53 @@ protected:
         open();
     }
 
+    void link(const std::string& target, const std::string& name) {
+        ASSERT_EQ(0, symlink(target.c_str(), folders.path(name).c_str()));
+    }
+
+    std::vector<std::string> namesIn(const std::string& folder) const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folders.path(folder))) {
+            names.push_back(entry.path().filename().string());
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    /// The host has said why, there are no settings, and a change holds but is not written.
+    void expectOutOfReach(const std::string& why) {
+        ASSERT_EQ(1U, host.said.size());
+        EXPECT_NE(std::string::npos, host.said[0].find("config/settings\" cannot be read"))
+            << host.said[0];
+        EXPECT_NE(std::string::npos, host.said[0].find(why)) << host.said[0];
+        host.said.clear();
+        int lang = -1;
+        EXPECT_EQ(E_KEY_NOT_FOUND, registry.Get("lang", lang));
+        host.failNth("AppRegistry.Write", 1);
+        EXPECT_EQ(E_SUCCESS, registry.Add("lang", "3"));
+        EXPECT_TRUE(host.fails("AppRegistry.Write")) << "something was written";
+        registry.Get("lang", lang);
+        EXPECT_EQ(3, lang);
+    }
+
     TestFolders folders;
     TestHost host;
     AppRegistry registry;
+};
+
+/// While it lives, the process can open no more files.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit none = {0, before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before); }
+
+private:
+    rlimit before = {};
 };
 
 }  // namespace
@@ -96,18 +144,116 @@ TEST_F(AppRegistryTest, aFileThatCannotBeWrittenLeavesTheOldOne) {
     EXPECT_EQ(2, lang);  // it holds for this run
 }
 
-TEST_F(AppRegistryTest, aPipeInThePlaceOfAFileKeepsNobodyWaiting) {
+TEST_F(AppRegistryTest, whatIsNoOrdinaryFileStaysAndTheRunHasItsOwnSettings) {
     folders.makeFolder("config");
-    for (const char* name : {"config/settings", "config/settings.new"}) {
-        ASSERT_EQ(0, mkfifo(folders.path(name).c_str(), 0600));
+    ASSERT_EQ(0, mkfifo(folders.path("config/settings").c_str(), 0600));
+    open();
+    expectOutOfReach("it is a pipe");
+    EXPECT_EQ(std::vector<std::string>{"settings"}, namesIn("config"));
+    folders.remove("config");
+    folders.makeFolder("config/settings/mine");
+    open();
+    expectOutOfReach("it is a folder");
+    EXPECT_TRUE(folders.has("config/settings/mine"));
+    folders.remove("config/settings");
+    link("/dev/null", "config/settings");
+    open();
+    expectOutOfReach("it is a device");
+}
+
+TEST_F(AppRegistryTest, aFileThatCannotBeOpenedIsNotDamaged) {
+    folders.write("config/settings", "lang=1\n");
+    {
+        const NoMoreFiles limit;
+        open();
     }
+    expectOutOfReach("Too many open files");
+    EXPECT_EQ("lang=1\n", folders.read("config/settings"));
+    EXPECT_EQ(std::vector<std::string>{"settings"}, namesIn("config"));
+    registry = AppRegistry();
     open();
     int lang = -1;
-    EXPECT_EQ(0xA0000835U, registry.Get("lang", lang));
-    EXPECT_EQ(E_SUCCESS, registry.Add("lang", "3"));
-    EXPECT_EQ("lang=3\n", folders.read("config/settings"));
-    EXPECT_TRUE(folders.has("config/settings.damaged"));
-    EXPECT_FALSE(folders.has("config/settings.new"));
+    EXPECT_EQ(E_SUCCESS, registry.Get("lang", lang));
+    EXPECT_EQ(1, lang);
+}
+
+TEST_F(AppRegistryTest, aFileThatCannotBeReadIsNotDamaged) {
+    folders.makeFolder("config");
+    link("/proc/self/mem", "config/settings");  // opens, and its first byte cannot be read
+    open();
+    expectOutOfReach("Input/output error");
+}
+
+TEST_F(AppRegistryTest, aCircleOfLinksIsNotDamaged) {
+    folders.makeFolder("config");
+    link("settings", "config/settings");
+    open();
+    expectOutOfReach("symbolic links");
+    EXPECT_EQ(std::vector<std::string>{"settings"}, namesIn("config"));
+}
+
+TEST_F(AppRegistryTest, aDamagedFileThatCannotBeSetAsideStays) {
+    folders.makeFolder("config/settings.damaged/full");
+    openOn("nonsense\n");
+    expectOutOfReach("directory");
+    EXPECT_EQ("nonsense\n", folders.read("config/settings"));
+}
+
+TEST_F(AppRegistryTest, aLinkIsWrittenThrough) {
+    for (const std::string& target :
+         {std::string("../elsewhere/mine"), folders.path("elsewhere/mine")}) {
+        folders.remove("config");
+        folders.makeFolder("config");
+        folders.write("elsewhere/mine", "lang=1\n");
+        link("between", "config/settings");
+        link(target, "config/between");
+        open();
+        EXPECT_EQ(E_SUCCESS, registry.Set("lang", "2"));
+        EXPECT_EQ("lang=2\n", folders.read("elsewhere/mine"));
+        EXPECT_EQ((std::vector<std::string>{"between", "settings"}), namesIn("config"));
+        EXPECT_EQ(std::vector<std::string>{"mine"}, namesIn("elsewhere"));
+        EXPECT_TRUE(std::filesystem::is_symlink(folders.path("config/settings")));
+        EXPECT_TRUE(std::filesystem::is_symlink(folders.path("config/between")));
+    }
+    EXPECT_TRUE(host.said.empty());
+}
+
+TEST_F(AppRegistryTest, aLinkToNothingIsWrittenThroughToo) {
+    folders.makeFolder("config");
+    link("../elsewhere/mine", "config/settings");
+    open();
+    EXPECT_EQ(E_SUCCESS, registry.Add("lang", "2"));
+    EXPECT_EQ("lang=2\n", folders.read("elsewhere/mine"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folders.path("config/settings")));
+}
+
+TEST_F(AppRegistryTest, damagedSettingsThatALinkLeadsToAreSetAsideWhereTheyLie) {
+    folders.makeFolder("config");
+    folders.write("elsewhere/mine", "nonsense\n");
+    link("../elsewhere/mine", "config/settings");
+    open();
+    EXPECT_EQ("nonsense\n", folders.read("elsewhere/mine.damaged"));
+    EXPECT_EQ(E_SUCCESS, registry.Add("lang", "2"));
+    EXPECT_EQ("lang=2\n", folders.read("elsewhere/mine"));
+}
+
+TEST_F(AppRegistryTest, whoMayReadTheFileStaysTheSame) {
+    folders.write("config/settings", "lang=1\n");
+    ASSERT_EQ(0, chmod(folders.path("config/settings").c_str(), 0640));
+    open();
+    registry.Set("lang", "2");
+    struct stat facts = {};
+    ASSERT_EQ(0, stat(folders.path("config/settings").c_str(), &facts));
+    EXPECT_EQ(0640U, facts.st_mode & 0777U);
+}
+
+TEST_F(AppRegistryTest, whatIsInTheWayOfTheNewFileIsMovedAside) {
+    openOn("lang=1\n");
+    folders.makeFolder("config/settings.new/mine");
+    EXPECT_EQ(E_SUCCESS, registry.Set("lang", "2"));
+    EXPECT_EQ("lang=2\n", folders.read("config/settings"));
+    EXPECT_TRUE(folders.has("config/settings.new.aside-1/mine"));
+    EXPECT_EQ((std::vector<std::string>{"settings", "settings.new.aside-1"}), namesIn("config"));
 }
 
 TEST_F(AppRegistryTest, theFolderIsMadeWhenSomethingIsFirstWritten) {
