@@ -2,6 +2,7 @@
 # shellcheck shell=bash
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
+export MANWIDTH=80
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 unset MURMELO_DATA MURMELO_HOME XDG_CONFIG_HOME XDG_DATA_HOME DESTDIR
