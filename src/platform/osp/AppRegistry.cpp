@@ -20,7 +20,7 @@ namespace Osp::App {
 namespace {
 
 constexpr const char* kFileName = "settings";
-constexpr const char* kDamaged = ".damaged";             // behind the name of what was set aside
+constexpr const char* kDamaged = ".damaged";             // after the name of what was set aside
 constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
 std::string lastError() {

@@ -24,9 +24,6 @@ public:
     /// how many were read; -1 if the end came before the first.
     virtual int32_t read(signed char* bytes, int32_t off, int32_t len);
 
-    /// True once a byte that is there could not be read: what looks like the end is none then.
-    virtual bool hasFailed() { return false; }
-
     virtual void reset() {}
 
     /// Leaves out up to n bytes; returns how many.
@@ -34,4 +31,7 @@ public:
 
     /// Frees the memory that the stream reads from, where it reads from memory.
     virtual void disposeBufferData() {}
+
+    /// True once a byte that is there could not be read: what looks like the end is none then.
+    virtual bool hasFailed() { return false; }
 };
