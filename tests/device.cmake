@@ -8,7 +8,7 @@ murmelo_tests(device_tests
         platform/headless/HeadlessSound_test.cpp
         platform/osp/OspBuffer_test.cpp
         platform/osp/OspMedia_test.cpp
-    LINK murmelo_app murmelo_headless_host murmelo_sounds)
+    LINK murmelo_app murmelo_headless_host murmelo_sounds PkgConfig::SNDFILE)
 
 murmelo_tests(sdl_tests
     SOURCES

@@ -18,6 +18,10 @@ public:
     // does not make a day of sound.
     static constexpr int64_t kMostWaitingMs = 60000;
 
+    // What is read of a file: the longest take, and a second more because the end of a recording
+    // may come some frames late.
+    static constexpr int64_t kLongestVoiceSamples = int64_t{kLongestTakeSamples} + kRateHz;
+
     /// @param nowMs  the host's clock
     explicit FileMicrophone(Clock nowMs);
 

@@ -12,6 +12,7 @@
 #include "OrmCanvas.h"
 #include "OspGraphics.h"
 #include "PngEncoder.h"
+#include "Recording.h"
 #include "Save.h"
 #include "SkBar.h"
 #include "State.h"
@@ -35,6 +36,9 @@ static_assert(kFactor == 2, "the two shifts below halve");
 static_assert(kFactor * kWidthPx == HostFrame::kWidthPx);
 static_assert(kTopPx + kFactor * kHeightPx == HostFrame::kHeightPx);
 static_assert(kFactor * SkBar::kHeightPx == HostFrame::kSoftKeysHeightPx);
+
+static_assert(HostMicrophone::kLongestTakeSamples ==
+              HostMicrophone::kRateHz / 1000 * Recording::kTakeMaxMs);
 
 constexpr bool isCode(HostKey key, int32_t keyCode) {
     return static_cast<int32_t>(key) == keyCode;

@@ -23,6 +23,9 @@ class HostMicrophone {
 public:
     static constexpr int32_t kRateHz = 16000;
 
+    /// The longest take: 20 s.
+    static constexpr int32_t kLongestTakeSamples = 20 * kRateHz;
+
     virtual ~HostMicrophone() = default;
 
     /// Whether start() has a chance. Opens nothing.

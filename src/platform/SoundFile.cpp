@@ -1,8 +1,10 @@
 #include "SoundFile.h"
 
+#include "FloatSample.h"
 #include "SafeFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <samplerate.h>
@@ -10,42 +12,118 @@
 
 namespace {
 
-constexpr int32_t kMostChannels = 8;
-constexpr int32_t kMostRateHz = 384000;
-constexpr int32_t kMostTimesSlower = 256;  // than the wanted rate: the converter takes no more
-constexpr int64_t kMostSeconds = 600;      // of a voice file; what comes later is not read
+constexpr int32_t kMaxChannels = 8;
+constexpr int32_t kMaxRateHz = 384000;
+constexpr int32_t kMaxTimesSlower = 256;   // than the wanted rate: the converter takes no more
+constexpr sf_count_t kBlockFrames = 4096;  // read at once
 constexpr float kFullScale = 32768.0F;
 
 using OpenFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
+using Converter = std::unique_ptr<SRC_STATE, SRC_STATE* (*)(SRC_STATE*)>;
 
+/// @param value  full scale is 32768
 int16_t toInt16(float value) {
-    return static_cast<int16_t>(
-        std::clamp<int32_t>(static_cast<int32_t>(std::lrint(value)), INT16_MIN, INT16_MAX));
+    return static_cast<int16_t>(std::lrint(FloatSample::clamped(value, INT16_MIN, INT16_MAX)));
 }
 
-/// The mean of the channels, full scale 1.
-std::vector<float> readMono(SNDFILE* file, const SF_INFO& info) {
-    const int64_t frames = std::min<int64_t>(info.frames, kMostSeconds * info.samplerate);
-    std::vector<float> mono;
-    mono.reserve(static_cast<size_t>(std::max<int64_t>(frames, 0)));
-    constexpr sf_count_t kBlockFrames = 4096;
-    std::vector<float> block(static_cast<size_t>(kBlockFrames * info.channels));
-    while (static_cast<int64_t>(mono.size()) < frames) {
-        const sf_count_t wanted =
-            std::min<sf_count_t>(kBlockFrames, frames - static_cast<int64_t>(mono.size()));
-        const sf_count_t got = sf_readf_float(file, block.data(), wanted);
-        if (got <= 0) {
-            break;
+/// The mean of the channels of an open file, full scale 1, block by block.
+class MonoReader {
+public:
+    MonoReader(SNDFILE* file, int32_t channels)
+        : file(file)
+        , channels(static_cast<size_t>(channels))
+        , frames(static_cast<size_t>(kBlockFrames) * this->channels) {}
+
+    /// The next frames, at most this many; fewer only at the end of the file.
+    const std::vector<float>& next(int64_t most) {
+        const auto wanted = std::min<sf_count_t>(kBlockFrames, most);
+        const auto got = static_cast<size_t>(
+            std::max<sf_count_t>(sf_readf_float(file, frames.data(), wanted), 0));
+        atEnd = got < static_cast<size_t>(wanted);
+        done += static_cast<int64_t>(got);
+        mono.resize(got);
+        for (size_t frame = 0; frame < got; frame++) {
+            mono[frame] = mean(&frames[frame * channels]);
         }
-        for (sf_count_t frame = 0; frame < got; frame++) {
-            float sum = 0;
-            for (int32_t channel = 0; channel < info.channels; channel++) {
-                sum += block[static_cast<size_t>(frame * info.channels + channel)];
-            }
-            mono.push_back(sum / static_cast<float>(info.channels));
+        return mono;
+    }
+
+    bool isAtEnd() const { return atEnd; }
+
+    int64_t framesRead() const { return done; }
+
+private:
+    float mean(const float* frame) const {
+        float sum = 0;
+        for (size_t channel = 0; channel < channels; channel++) {
+            sum += FloatSample::tamed(frame[channel]);
+        }
+        return sum / static_cast<float>(channels);
+    }
+
+    SNDFILE* file;
+    size_t channels;
+    std::vector<float> frames;
+    std::vector<float> mono;
+    int64_t done = 0;
+    bool atEnd = false;
+};
+
+/// Frames at their own rate, no more than maxSamples.
+std::vector<float> readAll(MonoReader& reader, int64_t maxSamples) {
+    std::vector<float> samples;
+    while (!reader.isAtEnd() && reader.framesRead() < maxSamples) {
+        const std::vector<float>& block = reader.next(maxSamples - reader.framesRead());
+        samples.insert(samples.end(), block.begin(), block.end());
+    }
+    return samples;
+}
+
+/// Puts frames into the converter and appends what it makes of them, until out holds maxSamples.
+/// False if the converter failed.
+bool feed(SRC_STATE* converter,
+          SRC_DATA& data,
+          const std::vector<float>& frames,
+          int64_t maxSamples,
+          std::vector<float>& out) {
+    std::array<float, static_cast<size_t>(kBlockFrames)> made{};
+    data.data_in = frames.data();
+    data.input_frames = static_cast<decltype(data.input_frames)>(frames.size());
+    data.data_out = made.data();
+    do {
+        const auto room = maxSamples - static_cast<int64_t>(out.size());
+        data.output_frames =
+            static_cast<decltype(data.output_frames)>(std::min<int64_t>(room, kBlockFrames));
+        if (src_process(converter, &data) != 0) {
+            return false;
+        }
+        out.insert(out.end(), made.begin(), made.begin() + data.output_frames_gen);
+        data.data_in += data.input_frames_used;
+        data.input_frames -= data.input_frames_used;
+    } while (static_cast<int64_t>(out.size()) < maxSamples &&
+             (data.input_frames > 0 || data.output_frames_gen > 0));
+    return true;
+}
+
+/// Frames brought to another rate, at most maxSamples; nothing is read that is not needed for
+/// them. False if the converter failed.
+bool convertAll(MonoReader& reader, double ratio, int64_t maxSamples, std::vector<float>& out) {
+    int error = 0;
+    const Converter converter(src_new(SRC_SINC_MEDIUM_QUALITY, 1, &error), &src_delete);
+    SRC_DATA data{};
+    data.src_ratio = ratio;
+    while (converter != nullptr && !reader.isAtEnd() &&
+           static_cast<int64_t>(out.size()) < maxSamples) {
+        const std::vector<float>& block = reader.next(kBlockFrames);
+        data.end_of_input = reader.isAtEnd() ? 1 : 0;
+        if (!feed(converter.get(), data, block, maxSamples, out)) {
+            return false;
         }
     }
-    return mono;
+    // Rounded to whole samples; what the converter did not fill is the silence after the end.
+    const int64_t whole = std::llround(static_cast<double>(reader.framesRead()) * ratio);
+    out.resize(static_cast<size_t>(std::min(whole, maxSamples)));
+    return converter != nullptr;
 }
 
 std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int32_t toHz) {
@@ -62,7 +140,7 @@ std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int
     data.output_frames = static_cast<decltype(data.output_frames)>(converted.size());
     data.src_ratio = ratio;
     src_simple(&data, SRC_SINC_MEDIUM_QUALITY, 1);
-    return converted;  // what the library did not fill is the silence behind the end
+    return converted;  // what the library did not fill is the silence after the end
 }
 
 std::vector<int16_t> toInt16(const std::vector<float>& samples) {
@@ -74,8 +152,11 @@ std::vector<int16_t> toInt16(const std::vector<float>& samples) {
 
 }  // namespace
 
-std::string
-SoundFile::read(const std::string& path, int32_t rateHz, std::vector<int16_t>& samples) {
+std::string SoundFile::read(const std::string& path,
+                            int32_t rateHz,
+                            int64_t maxSamples,
+                            std::vector<int16_t>& samples,
+                            int64_t* framesRead) {
     const std::string kind = SafeFile::whyNotOrdinary(path);
     if (!kind.empty()) {
         return "the sound \"" + path + "\" cannot be read: it " + kind;
@@ -85,16 +166,27 @@ SoundFile::read(const std::string& path, int32_t rateHz, std::vector<int16_t>& s
     if (file == nullptr) {
         return "the sound \"" + path + "\" cannot be read: " + sf_strerror(nullptr);
     }
-    const int32_t leastRateHz = (rateHz + kMostTimesSlower - 1) / kMostTimesSlower;
-    if (info.channels < 1 || info.channels > kMostChannels || info.samplerate < leastRateHz ||
-        info.samplerate > kMostRateHz) {
+    const int32_t leastRateHz = (rateHz + kMaxTimesSlower - 1) / kMaxTimesSlower;
+    if (info.channels < 1 || info.channels > kMaxChannels || info.samplerate < leastRateHz ||
+        info.samplerate > kMaxRateHz) {
         return "the sound \"" + path + "\" has " + std::to_string(info.channels) +
                (info.channels == 1 ? " channel at " : " channels at ") +
-               std::to_string(info.samplerate) + " Hz; at most " + std::to_string(kMostChannels) +
-               " channels at " + std::to_string(leastRateHz) + " to " +
-               std::to_string(kMostRateHz) + " Hz can be used";
+               std::to_string(info.samplerate) + " Hz; at most " + std::to_string(kMaxChannels) +
+               " channels at " + std::to_string(leastRateHz) + " to " + std::to_string(kMaxRateHz) +
+               " Hz can be used";
     }
-    samples = toInt16(atRate(readMono(file.get(), info), info.samplerate, rateHz));
+    MonoReader reader(file.get(), info.channels);
+    std::vector<float> sound;
+    if (info.samplerate == rateHz) {
+        sound = readAll(reader, maxSamples);
+    } else if (!convertAll(reader, static_cast<double>(rateHz) / info.samplerate, maxSamples,
+                           sound)) {
+        return "the sound \"" + path + "\" cannot be brought to " + std::to_string(rateHz) + " Hz";
+    }
+    if (framesRead != nullptr) {
+        *framesRead = reader.framesRead();
+    }
+    samples = toInt16(sound);
     return "";
 }
 

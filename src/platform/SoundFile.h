@@ -8,10 +8,19 @@
 
 class SoundFile {
 public:
-    /// Reads a file of any rate and up to eight channels as 16-bit mono (the mean of the channels)
-    /// at the wanted rate. 16-bit mono at that rate comes through untouched.
+    /// Reads the start of a file of any rate and up to eight channels as 16-bit mono (the mean of
+    /// the channels) at the wanted rate. 16-bit mono at that rate comes through untouched. Memory
+    /// follows what was read, never what a header promises; floats beyond full scale are clamped,
+    /// and one that is not a number is silence.
+    /// @param maxSamples  what lies after so many samples of the wanted rate is not read
+    /// @param samples     untouched on an error
+    /// @param framesRead  if given: frames of the file that were taken from the library
     /// @returns empty, or what is wrong
-    static std::string read(const std::string& path, int32_t rateHz, std::vector<int16_t>& samples);
+    static std::string read(const std::string& path,
+                            int32_t rateHz,
+                            int64_t maxSamples,
+                            std::vector<int16_t>& samples,
+                            int64_t* framesRead = nullptr);
 
     /// Writes a 16-bit mono WAV file. @returns empty, or what is wrong
     static std::string

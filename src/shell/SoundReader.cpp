@@ -1,5 +1,6 @@
 #include "SoundReader.h"
 
+#include "FloatSample.h"
 #include "InputFile.h"
 #include "InputStream.h"
 #include "ProgressLine.h"
@@ -92,7 +93,7 @@ void mixDown(const std::vector<float>& frames,
     for (size_t i = 0; i < count; i++) {
         double sum = 0.0;
         for (size_t channel = 0; channel < channels; channel++) {
-            sum += static_cast<double>(frames[i * channels + channel]);
+            sum += static_cast<double>(FloatSample::tamed(frames[i * channels + channel]));
         }
         mono[i] = static_cast<float>(sum / static_cast<double>(channels));
     }

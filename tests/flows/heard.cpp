@@ -29,7 +29,7 @@ using Samples = std::vector<int16_t>;
 
 Samples read(const char* path, int32_t rateHz) {
     Samples samples;
-    const std::string wrong = SoundFile::read(path, rateHz, samples);
+    const std::string wrong = SoundFile::read(path, rateHz, INT64_MAX, samples);
     if (!wrong.empty()) {
         std::fprintf(stderr, "flow-heard: %s\n", wrong.c_str());
         std::exit(2);

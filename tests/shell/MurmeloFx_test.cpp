@@ -194,6 +194,23 @@ TEST_F(MurmeloFx, floatsBeyondFullScaleAreClampedAndNotANumberIsSilence) {
               apply({"none", "--no-clean"}, path("in.wav")));
 }
 
+TEST_F(MurmeloFx, aDamagedFloatReachesNoFurtherThanTheConvertersFilter) {
+    for (const float damaged : {std::nanf(""), INFINITY, -INFINITY}) {
+        std::vector<float> values(44100, 0.25F);
+        values[22050] = damaged;
+        shell::writeFloats(path("in.wav"), values, 44100);
+        const Samples output = apply({"none", "--no-clean"}, path("in.wav"));
+        ASSERT_EQ(8000U, output.size());
+        for (const size_t at : {1000U, 3800U, 4200U, 7000U}) {
+            EXPECT_NEAR(8192, output[at], 8) << damaged << " at " << at;
+        }
+        if (std::isnan(damaged)) {  // one silent sample is a faint click, not a gap
+            EXPECT_NEAR(8192, output[3970], 200);
+            EXPECT_NEAR(8192, output[4030], 200);
+        }
+    }
+}
+
 TEST_F(MurmeloFx, sixChannelsBecomeTheirMean) {
     shell::writeSound(path("in.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 6,
                       {6000, 3000, -600, 0, 0, 0});

@@ -165,8 +165,8 @@ void writeSound(
     EXPECT_EQ(0, sf_close(file));
 }
 
-void writeFloats(const std::string& path, const std::vector<float>& samples) {
-    SNDFILE* file = openToWrite(path, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 8000, 1);
+void writeFloats(const std::string& path, const std::vector<float>& samples, int rateHz) {
+    SNDFILE* file = openToWrite(path, SF_FORMAT_WAV | SF_FORMAT_FLOAT, rateHz, 1);
     ASSERT_NE(nullptr, file);
     const auto count = static_cast<sf_count_t>(samples.size());
     EXPECT_EQ(count, sf_write_float(file, samples.data(), count));

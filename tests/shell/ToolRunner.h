@@ -55,8 +55,8 @@ audio::Samples samplesOf(const std::string& wavBytes);
 void writeSound(
     const std::string& path, int format, int rateHz, int channels, const audio::Samples& frames);
 
-/// Writes one channel of floats of 8 kHz, as they are.
-void writeFloats(const std::string& path, const std::vector<float>& samples);
+/// Writes one channel of floats, as they are.
+void writeFloats(const std::string& path, const std::vector<float>& samples, int rateHz = 8000);
 
 struct ReadSound {
     int rateHz = 0;

@@ -254,7 +254,8 @@ void HeadlessHost::startSound(const ScriptCommand& command) {
         wrong = voice.openFile(command.text);
     } else {
         std::vector<int16_t> samples;
-        wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+        wrong = SoundFile::read(command.text, HostMicrophone::kRateHz,
+                                FileMicrophone::kLongestVoiceSamples, samples);
         ears.setVoice(std::move(samples));
     }
     if (!wrong.empty()) {
@@ -304,7 +305,8 @@ void HeadlessHost::writeCanvas(const ScriptCommand& command, const std::string& 
 
 void HeadlessHost::useSoundFile(const ScriptCommand& command) {
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz, samples);
+    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz,
+                                              HostMicrophone::kLongestTakeSamples, samples);
     if (!wrong.empty()) {
         mistake(command, wrong);
         return;

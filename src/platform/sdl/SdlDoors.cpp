@@ -67,7 +67,8 @@ bool SdlDoors::save() {
 
 bool SdlDoors::dropped(const std::string& path) {
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(path, HostMicrophone::kRateHz, samples);
+    const std::string wrong = SoundFile::read(path, HostMicrophone::kRateHz,
+                                              HostMicrophone::kLongestTakeSamples, samples);
     if (!wrong.empty()) {
         complain(wrong);
         return false;

@@ -108,10 +108,12 @@ int main(int argc, char** argv) {
     std::string wrong;
     if (!options.microphone.empty() && isSoundFile(options.microphone)) {
         options.hearsFile = true;
-        wrong = SoundFile::read(options.microphone, HostMicrophone::kRateHz, options.voice);
+        wrong = SoundFile::read(options.microphone, HostMicrophone::kRateHz,
+                                FileMicrophone::kLongestVoiceSamples, options.voice);
     }
     if (wrong.empty() && !take.empty()) {
-        wrong = SoundFile::read(take, HostMicrophone::kRateHz, options.take);
+        wrong = SoundFile::read(take, HostMicrophone::kRateHz, HostMicrophone::kLongestTakeSamples,
+                                options.take);
     }
     if (wrong.empty() && !options.hearsFile) {
         wrong = checkDevice(SdlAudio::Kind::kMicrophone, "microphone", options.microphone);

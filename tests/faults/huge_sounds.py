@@ -1,0 +1,92 @@
+"""huge_sounds.py TOOL PROGRAM SOURCE: sounds that are long, or claim to be, within a bounded memory.
+
+Outcomes: the start of the sound becomes the take, or one sentence. Never an end by want of memory: only what is needed
+of a file is read, and nothing is set aside for what a header merely claims.
+"""
+import os
+import resource
+import struct
+import subprocess
+import sys
+
+from journey import Place, Verdict, fresh_signals, sanitized
+
+# Room for the programs and their libraries, and not for a sound of ten minutes (more than 100 MB as floats).
+ADDRESS_BYTES = 160 << 20
+STEREO_SECONDS = 600
+
+
+def bounded():
+    fresh_signals()
+    if not sanitized():  # the address sanitizer sets terabytes of addresses aside
+        resource.setrlimit(resource.RLIMIT_AS, (ADDRESS_BYTES, ADDRESS_BYTES))
+
+
+def ten_minutes(path):
+    """Stereo of 44.1 kHz; a second of it is a wave, the rest takes no room on the disk."""
+    size = STEREO_SECONDS * 44100 * 4
+    with open(path, "wb") as file:
+        file.write(b"RIFF" + struct.pack("<I", 36 + size) + b"WAVEfmt "
+                   + struct.pack("<IHHIIHH", 16, 1, 2, 44100, 176400, 4, 16) + b"data" + struct.pack("<I", size))
+        file.write(b"".join(struct.pack("<hh", *[(i * 300) % 20000 - 10000] * 2) for i in range(44100)))
+        file.truncate(44 + size)
+
+
+def lying_wav(path):
+    with open(path, "wb") as file:
+        file.write(b"RIFF" + struct.pack("<I", 0xFFFFFFFF) + b"WAVEfmt "
+                   + struct.pack("<IHHIIHH", 16, 1, 1, 384000, 768000, 2, 16) + b"data"
+                   + struct.pack("<I", 0xFFFFFFF0) + struct.pack("<h", 1000) * 500)
+
+
+def lying_flac(path):
+    """A header that promises 2^36 - 1 samples of 192 kHz, and noise instead of frames."""
+    info = struct.pack(">HH", 4096, 4096) + bytes(6) + struct.pack(">Q", 192000 << 44 | 15 << 36 | (1 << 36) - 1) + bytes(16)
+    with open(path, "wb") as file:
+        file.write(b"fLaC\x80" + struct.pack(">I", len(info))[1:] + info + b"\x55" * 286)
+
+
+SOUNDS = [("ten-minutes.wav", ten_minutes, True), ("lying.wav", lying_wav, True), ("lying.flac", lying_flac, False)]
+
+
+def with_headless(verdict, program, source):
+    for name, make, is_sound in SOUNDS:
+        for way in ("take", "mic"):
+            with Place(program, source) as place:
+                make(place.path(name))
+                use = "take %s\n" % name if way == "take" else \
+                    "mic %s\nkey middle\nuntil Record\nkey middle\nuntil Recording\n" % name
+                outcome = place.run("until Options\n" + use + "until Play\nswipe left\nkey middle\nuntil Playing\n",
+                                    preexec=bounded)
+                case = "%s %s" % (way, name)
+                if is_sound:
+                    verdict.outcome(case, outcome, ["done"])
+                else:
+                    fine = outcome.kind() == "done" or (outcome.status in (1, 2) and outcome.complaint.count("\n") == 1)
+                    verdict.check(fine, "%s: %s" % (case, outcome))
+
+
+def with_tool(verdict, tool, program, source):
+    for name, make, is_sound in SOUNDS:
+        with Place(program, source) as place:
+            make(place.path(name))
+            done = subprocess.run([os.path.realpath(tool), "robot", name, "out.wav"], cwd=place.folder,
+                                  preexec_fn=bounded, capture_output=True, check=False, timeout=300)
+            words = done.stderr.decode(errors="replace")
+            case = "%s: status %d, %s" % (name, done.returncode, words)
+            if name == "lying.wav":
+                verdict.check(done.returncode == 0 and words == "", case)
+            else:  # longer than a minute, or damaged
+                verdict.check(done.returncode == 1 and words.count("\n") == 1 and done.stdout == b"", case)
+                verdict.check(not os.path.exists(place.path("out.wav")), case)
+
+
+def main(tool, program, source):
+    verdict = Verdict()
+    with_headless(verdict, program, source)
+    with_tool(verdict, tool, program, source)
+    verdict.end()
+
+
+if __name__ == "__main__":
+    main(sys.argv[1], sys.argv[2], sys.argv[3])
