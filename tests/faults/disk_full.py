@@ -2,9 +2,9 @@
 
 Of the take, of the cleaned-up take, of an effect's result, of a save, and of the settings: at the header, in the first
 buffer, in the middle, at the last byte. Outcomes: a message whose key ends the program, and for the settings no visible
-effect. Of a take that does not fit, what was written is kept: it goes on to its effect and its save, each of which is
-whole or a message. A sound that was saved before stays as it was, no half file stays anywhere, and with room again
-everything works.
+effect. Of a take that does not fit, what was written is kept, and one sentence says so: it goes on to its effect and its
+save, each of which is whole or a message. A sound that was saved before stays as it was, no half file stays anywhere,
+and with room again everything works.
 
 limit: a limit on the size of files, as real as a full disk and in need of no rights. tmpfs: a small file system.
 """
@@ -58,11 +58,13 @@ class ByLimit:
             if take and 'expected screen "Playing", found "Play"' in str(outcome):
                 pass  # not a sample was written: such a sound has been played before anybody looks
             elif take and outcome.kind() == "done":
+                self.verdict.check(len(outcome.cut_short) == 1, case + ": it was not said once that the take is cut short")
                 saved = place.sounds().get("rec_00008.wav", b"")
                 self.verdict.outcome(case, outcome, ["done"])
                 self.verdict.check(is_whole(saved) and len(saved) < CLEAN_BYTES, case + ": what was saved is not whole")
                 os.unlink(place.path("home/Murmelo/rec_00008.wav"))
             elif self.verdict.outcome(case, outcome, ["message"]):
+                self.verdict.check(take or not outcome.cut_short, case + ": what is no take was called one")
                 self.left_in_order(case, place)
                 lines = script.splitlines()
                 lines = lines[:outcome.line() - 1] + ["expect screen MessageAndQuit", "key middle", "expect ended"]

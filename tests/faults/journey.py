@@ -17,6 +17,7 @@ import tempfile
 import time
 
 SKIPPED = 77
+CUT_SHORT = "murmelo-headless: the take is cut short: "
 CRASH_STATUS = 97  # of a program that a sanitizer ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
 ASLEEP_SECONDS = 60  # that it may sleep without using any
@@ -68,8 +69,10 @@ class Outcome:
     """How one run ended."""
 
     def __init__(self, status, complaint, seconds_out=False):
+        lines = complaint.splitlines(True)
+        self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]  # said besides, and no end
         self.status = status
-        self.complaint = complaint
+        self.complaint = "".join(line for line in lines if line not in self.cut_short)
         self.seconds_out = seconds_out
 
     def kind(self):

@@ -1,7 +1,10 @@
 #include "Host.h"
+#include "OspIo.h"
 #include "OspMedia.h"
 
 #include <algorithm>
+#include <string>
+#include <system_error>
 #include <utility>
 
 using Osp::Base::ByteBuffer;
@@ -11,12 +14,28 @@ namespace Osp::Media {
 namespace {
 
 constexpr int32_t kSampleBytes = 2;
+constexpr int64_t kHeaderBytes = 44;
+constexpr int64_t kLongestTakeBytes =
+    kHeaderBytes + int64_t{kSampleBytes} * HostMicrophone::kLongestTakeSamples;
+constexpr int64_t kKilobyte = 1000;
 
 HostMicrophone* microphone() {
     return Host::current().microphone();
 }
 
+/// A warning only: the user may mean to speak a few words.
+void sayIfRoomIsShort() {
+    const int64_t freeBytes = Host::current().freePhoneBytes();
+    if (freeBytes >= 0 && freeBytes < kLongestTakeBytes) {
+        Host::current().say("only " + std::to_string(freeBytes / kKilobyte) +
+                            " KB are free; a take of 20 seconds needs " +
+                            std::to_string(kLongestTakeBytes / kKilobyte) + " KB");
+    }
+}
+
 }  // namespace
+
+bool AudioIn::saidCutShort = false;
 
 AudioIn::~AudioIn() {
     silence();
@@ -45,6 +64,7 @@ result AudioIn::Prepare(AudioInputDevice device,
         return E_FAILURE;
     }
     state = AUDIOIN_STATE_PREPARED;
+    sayIfRoomIsShort();
     return E_SUCCESS;
 }
 
@@ -67,6 +87,7 @@ result AudioIn::Start() {
         return E_FAILURE;
     }
     state = AUDIOIN_STATE_RECORDING;
+    saidCutShort = false;
     return E_SUCCESS;
 }
 
@@ -110,7 +131,7 @@ int32_t AudioIn::samplesWanted() {
 void AudioIn::onSamples() {
     ByteBuffer* filled = queue.empty() ? nullptr : fillNext();
     if (filled != nullptr) {
-        listener->OnAudioInBufferIsFilled(filled);  // may delete this object
+        handOver(filled);  // may delete this object
     }
 }
 
@@ -128,6 +149,18 @@ ByteBuffer* AudioIn::fillNext() {
     return buffer;
 }
 
+/// Whatever the listener fails to write down meanwhile will be missing in the take.
+void AudioIn::handOver(ByteBuffer* filled) {
+    Osp::Io::File::takeWriteError();
+    listener->OnAudioInBufferIsFilled(filled);  // may delete this object
+    const int32_t error = Osp::Io::File::takeWriteError();
+    if (error != 0 && !saidCutShort) {
+        saidCutShort = true;
+        Host::current().say("the take is cut short: " +
+                            std::error_code(error, std::generic_category()).message());
+    }
+}
+
 /// False if a listener deleted this object meanwhile, or stopped it itself.
 bool AudioIn::deliverRest() {
     bool deleted = false;
@@ -137,7 +170,7 @@ bool AudioIn::deliverRest() {
         if (filled == nullptr) {
             break;
         }
-        listener->OnAudioInBufferIsFilled(filled);
+        handOver(filled);
         if (deleted) {
             if (outerMark != nullptr) {
                 *outerMark = true;

@@ -65,6 +65,8 @@ int openOrdinary(const RealPath& path, int flags) {
     return fd.release();
 }
 
+int32_t File::writeError = 0;
+
 File::~File() {
     if (file != nullptr) {
         std::fclose(file);
@@ -117,17 +119,23 @@ int32_t File::Read(void* buffer, int32_t lengthBytes) {
 }
 
 result File::Write(const void* buffer, int32_t lengthBytes) {
-    if (hostFails("File.Write") || lengthBytes < 0 || !turnTo(Direction::kWriting)) {
+    if (hostFails("File.Write")) {
+        writeError = ENOSPC;
+        return E_FAILURE;
+    }
+    if (lengthBytes < 0 || !turnTo(Direction::kWriting)) {
         return E_FAILURE;
     }
     const auto count = static_cast<size_t>(lengthBytes);
-    if (std::fwrite(buffer, 1, count, file) != count) {
-        return E_FAILURE;
-    }
-    if (count > 1 && std::fflush(file) != 0) {
+    if (std::fwrite(buffer, 1, count, file) != count || (count > 1 && std::fflush(file) != 0)) {
+        writeError = errno;
         return E_FAILURE;
     }
     return E_SUCCESS;
+}
+
+int32_t File::takeWriteError() {
+    return std::exchange(writeError, 0);
 }
 
 result File::Write(const Osp::Base::ByteBuffer& buffer) {

@@ -47,6 +47,10 @@ public:
     /// Writes what lies between the buffer's position and its limit; neither moves.
     result Write(const Osp::Base::ByteBuffer& buffer);
 
+    /// The system's number for why the last failed Write() of any file failed; 0 if none failed
+    /// since the last call of this.
+    static int32_t takeWriteError();
+
     result Seek(FileSeekPosition position, int32_t offsetBytes);
 
     /// Position in bytes, -1 if the file is not open.
@@ -79,6 +83,8 @@ private:
     enum class Direction { kNone, kReading, kWriting };
 
     bool turnTo(Direction wanted);
+
+    static int32_t writeError;
 
     std::FILE* file = nullptr;
     Direction direction = Direction::kNone;

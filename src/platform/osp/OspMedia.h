@@ -80,8 +80,14 @@ private:
 
     /// Fills the first queued buffer and takes it out of the queue; null if nothing was heard.
     Osp::Base::ByteBuffer* fillNext();
+
+    /// Calls the listener, which may delete this object. The host says if the listener could not
+    /// write a buffer to the disk, once for each recording.
+    void handOver(Osp::Base::ByteBuffer* filled);
     bool deliverRest();
     void silence();
+
+    static bool saidCutShort;  // of the current recording
 
     IAudioInEventListener* listener = nullptr;
     std::deque<Osp::Base::ByteBuffer*> queue;

@@ -1,3 +1,4 @@
+#include "OspIo.h"
 #include "OspMedia.h"
 #include "SoundHost.h"
 #include "TestFolders.h"
@@ -323,6 +324,64 @@ TEST_F(AudioInTest, eachOperationFailsWhenToldTo) {
         EXPECT_EQ(before, in.GetState()) << name;
         EXPECT_EQ(E_SUCCESS, operation()) << name;
     }
+}
+
+TEST_F(AudioInTest, tooLittleRoomForATakeIsToldBeforeItIsRecorded) {
+    for (const int64_t freeBytes : {640044, 640045, 1 << 30, -1}) {
+        host.phoneBytes = freeBytes;
+        AudioIn in;
+        start(in);
+        EXPECT_TRUE(host.said.empty()) << freeBytes;
+    }
+    host.phoneBytes = 640043;  // one byte less than 20 seconds and their header
+    AudioIn in;
+    ASSERT_EQ(E_SUCCESS, in.Construct(ear));
+    EXPECT_EQ(E_SUCCESS, prepare(in));  // a few words have room
+    EXPECT_EQ((std::vector<std::string>{"only 640 KB are free; a take of 20 seconds needs 640 KB"}),
+              host.said);
+}
+
+TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
+    TestFolders folders;
+    folders.makeFolder("home");
+    host.mappedFolders.home = folders.path("home");
+    Osp::Io::File file;
+    ASSERT_EQ(E_SUCCESS, file.Construct("/Home/take.wav", "wb+"));
+    AudioIn in;
+    start(in);
+    ear.onFilled = [&] {
+        host.failNth("File.Write", 1);
+        EXPECT_NE(E_SUCCESS, file.Write("sound", 5));
+    };
+    const std::vector<std::string> once = {"the take is cut short: No space left on device"};
+    host.pass(100);
+    EXPECT_EQ(once, host.said);
+    host.pass(100);
+    EXPECT_EQ(once, host.said);
+    ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
+    host.pass(50);
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_EQ(once, host.said);
+    ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
+    ASSERT_EQ(E_SUCCESS, in.Start());
+    host.pass(50);
+    EXPECT_EQ(E_SUCCESS, in.Stop());  // the last buffer counts as well
+    EXPECT_EQ(2U, host.said.size());
+}
+
+TEST_F(AudioInTest, aFailedWriteOutsideARecordingIsNoMatterOfTheTake) {
+    TestFolders folders;
+    folders.makeFolder("home");
+    host.mappedFolders.home = folders.path("home");
+    Osp::Io::File file;
+    ASSERT_EQ(E_SUCCESS, file.Construct("/Home/other.wav", "wb+"));
+    AudioIn in;
+    start(in);
+    host.failNth("File.Write", 1);
+    EXPECT_NE(E_SUCCESS, file.Write("sound", 5));
+    host.pass(200);
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_TRUE(host.said.empty());
 }
 
 TEST_F(PlayerTest, playsAClipAndEndsWhenItsLastSampleWasHeard) {
