@@ -3,6 +3,7 @@ murmelo_tests(device_tests
     SOURCES
         app/common/frame/AudioDev_test.cpp
         platform/FileMicrophone_test.cpp
+        platform/QuietLibrary_test.cpp
         platform/SoundFile_test.cpp
         platform/headless/FileSpeaker_test.cpp
         platform/headless/HeadlessSound_test.cpp

@@ -10,9 +10,12 @@ murmelo_tests(shell_tests
         shell/ToolRunner.cpp
     LINK murmelo_audio PkgConfig::SNDFILE)
 target_include_directories(shell_tests PRIVATE app/common/audio shell)
+add_library(old_sndfile SHARED shell/old_sndfile.c)
+target_link_libraries(old_sndfile PRIVATE PkgConfig::SNDFILE ${CMAKE_DL_LIBS})
 target_compile_definitions(shell_tests PRIVATE
+    MURMELO_OLD_SNDFILE="$<TARGET_FILE:old_sndfile>"
     MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_VERSION="${PROJECT_VERSION}")
-add_dependencies(shell_tests murmelo-fx)
+add_dependencies(shell_tests murmelo-fx old_sndfile)
 
 # The tool's demonstration.
 add_test(NAME MurmeloFx.demoMeasuresEveryEffect

@@ -14,7 +14,7 @@ _murmelo_fx() {
     case $previous in
         --seed) return ;;
         --format)
-            mapfile -t COMPREPLY < <(compgen -W "wav flac ogg" -- "$current")
+            mapfile -t COMPREPLY < <(compgen -W "wav flac ogg opus mp3" -- "$current")
             return
             ;;
         --out-dir)

@@ -1,6 +1,7 @@
 #include "SoundFile.h"
 
 #include "FloatSample.h"
+#include "QuietLibrary.h"
 #include "SafeFile.h"
 
 #include <algorithm>
@@ -161,6 +162,7 @@ std::string SoundFile::read(const std::string& path,
     if (!kind.empty()) {
         return "the sound \"" + path + "\" cannot be read: it " + kind;
     }
+    const QuietLibrary quiet;
     SF_INFO info{};
     const OpenFile file(sf_open(path.c_str(), SFM_READ, &info), &sf_close);
     if (file == nullptr) {

@@ -1,7 +1,6 @@
 #include "FxOptions.h"
 
-#include "EffectRun.h"
-#include "FxCatalogue.h"
+#include "EffectName.h"
 #include "InputFile.h"
 #include "OutputFile.h"
 
@@ -16,8 +15,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kFooter = R"(
-EFFECT is one of: none, robot, backwards, high, low, fast, drunk, flip.
-INPUT is a sound file of nearly any kind; OUTPUT ends in .wav, .flac or .ogg.
+EFFECT is one of: none, robot, backwards, high, low, fast, drunk, flip; or its
+number in that order, from 0 (none) and 1 (robot) to 7.
+INPUT is a sound file of nearly any kind; OUTPUT ends in .wav, .flac, .ogg,
+.opus or .mp3.
 "-" is standard input or standard output.
 
 Exit status: 0 all done, 1 some input failed (the others were done), 2 mistake
@@ -53,6 +54,18 @@ std::string stemOf(const std::string& input) {
     return input == InputFile::kStandard ? "stdin" : fs::path(input).stem().string();
 }
 
+std::string noEffect(const std::string& text) {
+    const std::string nearest = EffectName::nearest(text);
+    return inQuotes(text) + " is no effect; " +
+           (nearest.empty() ? "murmelo-fx --list names them"
+                            : "did you mean " + inQuotes(nearest) + "?");
+}
+
+std::string cannotWrite(SoundWriter::Kind kind) {
+    return std::string("the libsndfile of this machine cannot write ") +
+           SoundWriter::extension(kind);
+}
+
 bool isSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
     return fs::equivalent(a, b, error) && !error;
@@ -81,7 +94,7 @@ std::string FxOptions::parse(int argc, char** argv) {
                         .description(""));
     app.add_option("--out-dir", outFolder, "Folder for the outputs of several inputs")
         ->type_name("DIR");
-    app.add_option("--format", kindName, "wav, flac or ogg, where no output name tells")
+    app.add_option("--format", kindName, "wav, flac, ogg, opus or mp3, where no output name tells")
         ->type_name("KIND");
     app.add_flag("--long", longSounds, "Allow sounds longer than 60 s");
     app.add_option("arguments", arguments)->group("");
@@ -107,16 +120,20 @@ std::string FxOptions::setTask(bool list, bool measure, const std::string& kindN
     if (!kindName.empty()) {
         kind = SoundWriter::kindOfName(SoundWriter::lowerCase(kindName));
         if (!kind) {
-            return inQuotes(kindName) + " is no format for the output: wav, flac and ogg are";
+            return inQuotes(kindName) +
+                   " is no format for the output: wav, flac, ogg, opus and mp3 are";
+        }
+        if (!SoundWriter::isPossible(*kind)) {
+            return cannotWrite(*kind);
         }
     }
     if (arguments.empty()) {
         return measure ? "no input is named" : "no effect is named";
     }
     if (!measure) {
-        effect = FxCatalogue::find(arguments.front().c_str());
+        effect = EffectName::find(arguments.front());
         if (effect < 0) {
-            return inQuotes(arguments.front()) + " is no effect; murmelo-fx --list names them";
+            return noEffect(arguments.front());
         }
         arguments.erase(arguments.begin());
     }
@@ -150,13 +167,17 @@ std::string FxOptions::addSingleJob() {
     const std::optional<SoundWriter::Kind> kindOfName = SoundWriter::kindOfPath(output);
     if (!kindOfName && !kind) {
         return "the output " + inQuotes(output) +
-               " must end in .wav, .flac or .ogg, or have no extension";
+               " must end in .wav, .flac, .ogg, .opus or .mp3, or have no extension";
     }
     const bool nameTells = fs::path(output).has_extension();
     if (nameTells && kindOfName && kind && *kind != *kindOfName) {
         return "the output " + inQuotes(output) + " does not end as --format says";
     }
-    jobs.push_back({arguments[0], output, kind ? *kind : *kindOfName});
+    const SoundWriter::Kind wanted = kind ? *kind : *kindOfName;
+    if (!SoundWriter::isPossible(wanted)) {
+        return cannotWrite(wanted);
+    }
+    jobs.push_back({arguments[0], output, wanted});
     return "";
 }
 

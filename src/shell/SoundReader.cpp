@@ -4,6 +4,7 @@
 #include "InputFile.h"
 #include "InputStream.h"
 #include "ProgressLine.h"
+#include "QuietLibrary.h"
 #include "RateConverter.h"
 #include "WavFile.h"
 #include "WavProps.h"
@@ -75,10 +76,30 @@ std::string libraryComplaint(SNDFILE* file) {
 }
 
 struct FileCloser {
-    void operator()(SNDFILE* file) const { sf_close(file); }
+    void operator()(SNDFILE* file) const {
+        const QuietLibrary quiet;
+        sf_close(file);
+    }
 };
 
 using LibraryFile = std::unique_ptr<SNDFILE, FileCloser>;
+
+/// The library's own lines come to nothing, the progress between two blocks does not.
+SNDFILE* openQuietly(const InputFile& file, const std::string& path) {
+    const QuietLibrary quiet;
+    SF_INFO facts = {};
+    // By its path, where there is one: kinds without a header are known by their extension.
+    return file.isPiped() ? sf_open_fd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
+                          : sf_open(path.c_str(), SFM_READ, &facts);
+}
+
+/// Frames read; fewer than there is room for only at the end.
+size_t readQuietly(SNDFILE* file, std::vector<float>& frames, size_t blockFrames) {
+    const QuietLibrary quiet;
+    const auto wanted = static_cast<sf_count_t>(blockFrames);
+    return static_cast<size_t>(
+        std::max<sf_count_t>(sf_readf_float(file, frames.data(), wanted), 0));
+}
 
 void blank(signed char* header, int32_t off) {
     std::fill_n(header + off, kSizeBytes, static_cast<signed char>(0));
@@ -113,7 +134,11 @@ Sound SoundReader::read(const std::string& path) {
         return refuse(file.complaint());
     }
     const int32_t count = canonicalSamples(file);
-    return count >= 0 ? readCanonical(file, count) : readAnyKind(file, path);
+    Sound sound = count >= 0 ? readCanonical(file, count) : readAnyKind(file, path);
+    if (sound != nullptr && length(sound.get()) == 0) {
+        return refuse("holds no sound, not one sample of 8 kHz");
+    }
+    return sound;
 }
 
 /// Samples of 8 kHz in a file with the header that the application writes; -1 for any other file.
@@ -159,11 +184,7 @@ Sound SoundReader::readCanonical(const InputFile& file, int32_t count) {
 }
 
 Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
-    SF_INFO facts = {};
-    // By its path, where there is one: kinds without a header are known by their extension.
-    const LibraryFile opened(file.isPiped()
-                                 ? sf_open_fd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
-                                 : sf_open(path.c_str(), SFM_READ, &facts));
+    const LibraryFile opened(openQuietly(file, path));
     if (opened == nullptr) {
         return refuse("is no sound file that can be read (" + libraryComplaint(nullptr) + ")");
     }
@@ -192,8 +213,7 @@ bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
     std::vector<float> mono;
     int64_t done = 0;
     for (bool last = false; !last;) {
-        const auto got = static_cast<size_t>(std::max<sf_count_t>(
-            sf_readf_float(file, frames.data(), static_cast<sf_count_t>(blockFrames)), 0));
+        const size_t got = readQuietly(file, frames, blockFrames);
         last = got < blockFrames;
         mixDown(frames, got, channels, mono);
         if (!converter.convert(mono.data(), got, last, samples)) {

@@ -2,6 +2,7 @@
 
 #include "OutputFile.h"
 #include "OutputStream.h"
+#include "QuietLibrary.h"
 #include "Sound.h"
 #include "WavFile.h"
 #include "WavProps.h"
@@ -24,12 +25,53 @@ struct KindName {
     SoundWriter::Kind kind;
 };
 
-constexpr std::array<KindName, 4> kKindNames = {{
+/// The first name of a kind is its extension.
+constexpr std::array<KindName, 6> kKindNames = {{
     {"wav", SoundWriter::Kind::kWav},
     {"flac", SoundWriter::Kind::kFlac},
     {"ogg", SoundWriter::Kind::kOgg},
     {"oga", SoundWriter::Kind::kOgg},
+    {"opus", SoundWriter::Kind::kOpus},
+    {"mp3", SoundWriter::Kind::kMp3},
 }};
+
+int formatOf(SoundWriter::Kind kind) {
+    switch (kind) {
+    case SoundWriter::Kind::kFlac:
+        return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
+    case SoundWriter::Kind::kOgg:
+        return SF_FORMAT_OGG | SF_FORMAT_VORBIS;
+    case SoundWriter::Kind::kOpus:
+        return SF_FORMAT_OGG | SF_FORMAT_OPUS;
+    case SoundWriter::Kind::kMp3:
+        return SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
+    default:
+        return SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    }
+}
+
+/// Whether a list of the library has this format.
+/// @param count, entry  the commands that tell how long the list is, and one of its entries
+bool isListed(int count, int entry, int format) {
+    int entries = 0;
+    sf_command(nullptr, count, &entries, sizeof entries);
+    for (int i = 0; i < entries; i++) {
+        SF_FORMAT_INFO info = {};
+        info.format = i;
+        if (sf_command(nullptr, entry, &info, sizeof info) == 0 && info.format == format) {
+            return true;
+        }
+    }
+    return false;
+}
+
+SF_INFO factsOf(int format) {
+    SF_INFO facts = {};
+    facts.samplerate = WavFile::kRateHz;
+    facts.channels = 1;
+    facts.format = format;
+    return facts;
+}
 
 /// A file of the system as a stream for the application's writer.
 class OpenFileStream : public OutputStream {
@@ -104,10 +146,8 @@ SF_VIRTUAL_IO memoryCalls() {
 
 /// Empty on success, else the library's words.
 std::string encode(int format, const int32_t* samples, Memory& memory) {
-    SF_INFO facts = {};
-    facts.samplerate = WavFile::kRateHz;
-    facts.channels = 1;
-    facts.format = format;
+    const QuietLibrary quiet;
+    SF_INFO facts = factsOf(format);
     SF_VIRTUAL_IO calls = memoryCalls();
     SNDFILE* file = sf_open_virtual(&calls, SFM_WRITE, &facts, &memory);
     if (file == nullptr) {
@@ -160,6 +200,19 @@ const char* SoundWriter::extension(Kind kind) {
     return "";
 }
 
+bool SoundWriter::isPossible(Kind kind) {
+    if (kind == Kind::kWav) {
+        return true;
+    }
+    const int format = formatOf(kind);
+    const SF_INFO facts = factsOf(format);
+    return isListed(SFC_GET_FORMAT_MAJOR_COUNT, SFC_GET_FORMAT_MAJOR,
+                    format & SF_FORMAT_TYPEMASK) &&
+           isListed(SFC_GET_FORMAT_SUBTYPE_COUNT, SFC_GET_FORMAT_SUBTYPE,
+                    format & SF_FORMAT_SUBMASK) &&
+           sf_format_check(&facts) != 0;
+}
+
 std::string SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) {
     if (kind == Kind::kWav) {
         const CountedArray<signed char> header(newArray<signed char>(WavProps::kHeaderBytes));
@@ -168,10 +221,8 @@ std::string SoundWriter::write(OutputFile& file, Kind kind, const int32_t* sampl
         return WavFile::save8Khz(&stream, samples, header.get(), block.get()) ? ""
                                                                               : file.complaint();
     }
-    const int format =
-        kind == Kind::kFlac ? SF_FORMAT_FLAC | SF_FORMAT_PCM_16 : SF_FORMAT_OGG | SF_FORMAT_VORBIS;
     Memory memory;
-    const std::string wrong = encode(format, samples, memory);
+    const std::string wrong = encode(formatOf(kind), samples, memory);
     if (!wrong.empty()) {
         return "cannot be encoded (" + wrong + ")";
     }

@@ -9,12 +9,15 @@ class OutputFile;
 
 class SoundWriter {
 public:
-    enum class Kind { kWav, kFlac, kOgg };
+    enum class Kind { kWav, kFlac, kOgg, kOpus, kMp3 };
+
+    /// True if the library of this machine can write that kind; it may be built without some.
+    static bool isPossible(Kind kind);
 
     /// By the extension of a file's name; WAV for a name without one. Nothing for any other.
     static std::optional<Kind> kindOfPath(const std::string& path);
 
-    /// By the kind's own name in small letters: wav, flac, ogg or oga.
+    /// By the kind's own name in small letters: wav, flac, ogg or oga, opus, mp3.
     static std::optional<Kind> kindOfName(const std::string& name);
 
     static std::string lowerCase(std::string text);

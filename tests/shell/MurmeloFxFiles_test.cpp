@@ -9,6 +9,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <random>
 #include <sndfile.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -153,14 +154,16 @@ TEST_F(MurmeloFxFiles, mistakesOnTheCommandLineEndWithStatus2AndDoNothing) {
         {"robot"},
         {"robot", good},
         {"robotic", good, out},
-        {"Robot", good, out},
+        {"8", good, out},
+        {"-1", good, out},
+        {"01", good, out},
         {"robot", good, out, out},
         {"robot", "--bogus", good, out},
         {"robot", "--seed", "ten", good, out},
         {"robot", "--seed", "4294967296", good, out},
         {"robot", "--seed"},
-        {"robot", good, path("out.mp3")},
-        {"robot", "--format", "mp3", good, out},
+        {"robot", good, path("out.aac")},
+        {"robot", "--format", "aac", good, out},
         {"robot", "--out-dir", folder},
         {"robot", "--out-dir", folder, "-", "-"},
         {"robot", "--out-dir", folder, good, path("x/good.flac")},
@@ -177,6 +180,102 @@ TEST_F(MurmeloFxFiles, mistakesOnTheCommandLineEndWithStatus2AndDoNothing) {
         EXPECT_EQ(result.err.size() - 1, result.err.find('\n')) << result.err;
     }
     EXPECT_EQ(1, filesIn(path("")));
+}
+
+TEST_F(MurmeloFxFiles, anUnknownEffectIsAnsweredWithTheNearestOne) {
+    const std::pair<const char*, const char*> texts[] = {
+        {"robotic", "robot"}, {"rob", "robot"},       {"Rboot", "robot"},
+        {"hihg", "high"},     {"high pitch", "high"}, {"Low-Pitch", "low"},
+        {"drunken", "drunk"}, {"drnk", "drunk"},      {"backward", "backwards"},
+        {"nome", "none"},     {"No Effect", "none"},  {"fast talker", "fast"},
+        {"flop", "flip"},     {"intonation", "flip"},
+    };
+    for (const auto& [text, meant] : texts) {
+        const shell::Result result = run({text, good, path("out.wav")});
+        EXPECT_EQ(2, result.status);
+        EXPECT_EQ(std::string("murmelo-fx: \"") + text + "\" is no effect; did you mean \"" +
+                      meant + "\"? (see murmelo-fx --help)\n",
+                  result.err);
+    }
+    for (const std::string& text :
+         {std::string("chipmunk"), std::string("8"), std::string(), std::string(100000, 'r')}) {
+        const shell::Result result = run({text, good, path("out.wav")});
+        EXPECT_EQ(2, result.status);
+        EXPECT_EQ("murmelo-fx: \"" + text +
+                      "\" is no effect; murmelo-fx --list names them (see murmelo-fx --help)\n",
+                  result.err);
+    }
+}
+
+TEST_F(MurmeloFxFiles, aSoundWithoutSamplesSaysSo) {
+    const std::string empty = file("empty.wav", shell::wavBytes(8000, {}));
+    const std::string single = file("single.wav", shell::wavBytes(16000, {5}));  // half a pair
+    shell::writeSound(path("empty.aiff"), SF_FORMAT_AIFF | SF_FORMAT_PCM_16, 44100, 2, {});
+    const std::string out = file("out.wav", "precious");
+    for (const std::string& input : {empty, single, path("empty.aiff")}) {
+        expectFailure(run({"robot", input, out}), input, "holds no sound");
+        expectFailure(run({"high", input, "-"}), input, "holds no sound");
+        expectFailure(run({"--measure", input}), input, "holds no sound");
+        EXPECT_EQ("precious", folders.read("out.wav"));
+    }
+    const shell::Result piped =
+        ToolRunner().input(folders.read("empty.wav")).run({"drunk", "-", "-"});
+    expectFailure(piped, "standard input", "holds no sound");
+}
+
+TEST_F(MurmeloFxFiles, noLibraryTalksWhereASoundIsDamaged) {
+    const Samples tone = shell::sine(44100, 220.0, 0.5, 44100);
+    const std::pair<const char*, int> kinds[] = {
+        {"in.mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III},
+        {"in.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS},
+        {"in.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16},
+    };
+    int32_t read = 0;
+    for (const auto& [name, format] : kinds) {
+        shell::writeSound(path(name), format, 44100, 1, tone);
+        const std::string whole = folders.read(name);
+        for (uint32_t seed = 1; seed <= 12; seed++) {
+            std::string bytes = whole;
+            std::mt19937 random(seed);
+            for (uint32_t i = 0; i < 5 * seed; i++) {
+                bytes[random() % bytes.size()] = static_cast<char>(random() & 0xFF);
+            }
+            if (seed % 3 == 0) {
+                bytes.resize(bytes.size() / 2);
+            }
+            const std::string input = file(std::string("damaged-") + name, bytes);
+            const shell::Result result = run({"none", input, "-"});
+            if (result.status != 0) {
+                expectFailure(result, input, "");
+                continue;
+            }
+            read++;
+            EXPECT_EQ("", result.err) << name << " " << seed;
+            EXPECT_FALSE(shell::samplesOf(result.out).empty());  // the header says its length
+        }
+    }
+    EXPECT_LT(5, read);  // what a damaged frame leaves is still a sound
+}
+
+TEST_F(MurmeloFxFiles, aLibraryWithoutAKindOfOutputIsToldBeforeAnythingIsDone) {
+    const auto without = [this](const std::vector<std::string>& arguments) {
+        return ToolRunner()
+            .before([] { setenv("LD_PRELOAD", MURMELO_OLD_SNDFILE, 1); })
+            .run(arguments);
+    };
+    const std::string words = "murmelo-fx: the libsndfile of this machine cannot write ";
+    for (const std::string kind : {"mp3", "opus"}) {
+        const std::string out = path("out." + kind);
+        for (const shell::Result& result :
+             {without({"robot", good, out}), without({"robot", "--format", kind, good, "-"}),
+              without({"robot", "--format", kind, "--out-dir", path("made"), good})}) {
+            EXPECT_EQ(2, result.status);
+            EXPECT_EQ("", result.out);
+            EXPECT_EQ(words + kind + " (see murmelo-fx --help)\n", result.err);
+        }
+    }
+    EXPECT_EQ(1, filesIn(path("")));
+    EXPECT_EQ(0, without({"robot", good, path("out.ogg")}).status);
 }
 
 TEST_F(MurmeloFxFiles, oneBadInputFailsAloneAndTheOthersAreDone) {

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <chrono>
 #include <cmath>
 #include <sndfile.h>
@@ -217,12 +218,17 @@ TEST_F(MurmeloFx, sixChannelsBecomeTheirMean) {
     EXPECT_EQ((Samples{1400}), apply({"none", "--no-clean"}, path("in.wav")));
 }
 
-TEST_F(MurmeloFx, soundWithoutSamplesGivesNoneOrTheGrainsSilence) {
-    const std::string input = file("in.wav", shell::wavBytes(8000, {}));
-    EXPECT_EQ(Samples(), apply({"none"}, input));
-    EXPECT_EQ(Samples(), apply({"robot"}, input));
-    EXPECT_EQ(Samples(200, 0), apply({"high"}, input));
-    EXPECT_EQ(Samples(300, 0), apply({"drunk"}, input));
+TEST_F(MurmeloFx, anEffectGoesByLargeLettersAndByItsNumberToo) {
+    const std::string input = file("in.wav", shell::wavBytes(8000, audio::speechOf(3)));
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        const std::string name = FxCatalogue::toolName(effect);
+        std::string large = name;
+        large[0] = static_cast<char>(std::toupper(large[0]));
+        const Samples byName = apply({name, "--seed", "7"}, input);
+        EXPECT_EQ(byName, apply({large, "--seed", "7"}, input)) << large;
+        EXPECT_EQ(byName, apply({std::to_string(effect), "--seed", "7"}, input)) << effect;
+    }
+    EXPECT_EQ(apply({"robot", "--seed", "7"}, input), apply({"ROBOT", "--seed", "7"}, input));
 }
 
 TEST_F(MurmeloFx, flacOutHoldsTheVerySamplesOfTheWav) {
@@ -248,6 +254,28 @@ TEST_F(MurmeloFx, oggOutSoundsLikeTheWav) {
         ASSERT_EQ(24000U, sound.samples.size());
         EXPECT_NEAR(200.0, audio::medianPitchHz(sound.samples), 1.0);
     }
+}
+
+TEST_F(MurmeloFx, opusAndMp3OutSoundLikeTheWav) {
+    const std::string input = file("in.wav", shell::wavBytes(8000, audio::glide(24000, 200, 200)));
+    const std::pair<const char*, int> kinds[] = {
+        {"out.opus", SF_FORMAT_OGG | SF_FORMAT_OPUS},
+        {"OUT.MP3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III},
+    };
+    for (const auto& [name, format] : kinds) {
+        const shell::Result result = run({"none", "--no-clean", input, path(name)});
+        ASSERT_EQ(0, result.status) << result.err;
+        EXPECT_EQ("", result.out + result.err);
+        const shell::ReadSound sound = shell::readSound(path(name));
+        EXPECT_EQ(format, sound.format & (SF_FORMAT_TYPEMASK | SF_FORMAT_SUBMASK)) << name;
+        EXPECT_EQ(8000, sound.rateHz);
+        EXPECT_EQ(1, sound.channels);
+        ASSERT_EQ(24000U, sound.samples.size()) << name;
+        EXPECT_NEAR(200.0, audio::medianPitchHz(sound.samples), 1.0) << name;
+    }
+    EXPECT_EQ("OggS", run({"none", "--format", "opus", input, "-"}).out.substr(0, 4));
+    const std::string mp3 = run({"none", "--no-clean", "--format", "MP3", input, "-"}).out;
+    EXPECT_TRUE(folders.read("OUT.MP3") == mp3);  // nothing but the sound comes out
 }
 
 TEST_F(MurmeloFx, oggAndFlacComeInAsWell) {

@@ -1,0 +1,46 @@
+#include "QuietLibrary.h"
+
+#include <cstdio>
+#include <fcntl.h>
+#include <iostream>
+#include <unistd.h>
+
+QuietLibrary::QuietLibrary() {
+    flush();
+    turn(streams[0], STDOUT_FILENO);
+    turn(streams[1], STDERR_FILENO);
+}
+
+QuietLibrary::~QuietLibrary() {
+    flush();  // what a library left in a buffer comes to nothing as well
+    for (const Turned& stream : streams) {
+        turnBack(stream);
+    }
+}
+
+void QuietLibrary::flush() {
+    std::cout.flush();
+    std::fflush(stdout);
+    std::fflush(stderr);
+}
+
+void QuietLibrary::turn(Turned& stream, int from) {
+    static const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (nowhere < 0) {
+        return;
+    }
+    stream.from = from;
+    stream.kept = fcntl(from, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    stream.isTurned = dup2(nowhere, from) == from;
+}
+
+void QuietLibrary::turnBack(const Turned& stream) {
+    if (stream.kept >= 0) {
+        if (stream.isTurned) {
+            dup2(stream.kept, stream.from);
+        }
+        close(stream.kept);
+    } else if (stream.isTurned) {
+        close(stream.from);
+    }
+}

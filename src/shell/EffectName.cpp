@@ -1,0 +1,84 @@
+#include "EffectName.h"
+
+#include "FxCatalogue.h"
+#include "SoundWriter.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace {
+
+constexpr size_t kMinPrefix = 3;          // letters of a name that tell it from the others
+constexpr size_t kMaxNameLetters = 32;    // a longer text means no effect
+constexpr size_t kLettersPerMistake = 3;  // one mistake in so many letters is a slip
+
+/// As the application shows them, in the order of the catalogue.
+constexpr std::array<const char*, FxCatalogue::kCount> kShownNames = {
+    "no effect", "robot",       "backwards", "high pitch",
+    "low pitch", "fast talker", "drunk",     "intonation flip",
+};
+
+bool startsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+
+/// Letters to be put in, taken out, replaced or swapped with their neighbours to come from a to b.
+size_t mistakes(const std::string& a, const std::string& b) {
+    std::vector<std::vector<size_t>> table(a.size() + 1, std::vector<size_t>(b.size() + 1));
+    for (size_t i = 0; i <= a.size(); i++) {
+        for (size_t j = 0; j <= b.size(); j++) {
+            if (i == 0 || j == 0) {
+                table[i][j] = i + j;
+                continue;
+            }
+            const size_t other = a[i - 1] == b[j - 1] ? 0 : 1;
+            table[i][j] =
+                std::min({table[i - 1][j] + 1, table[i][j - 1] + 1, table[i - 1][j - 1] + other});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1]) {
+                table[i][j] = std::min(table[i][j], table[i - 2][j - 2] + 1);
+            }
+        }
+    }
+    return table[a.size()][b.size()];
+}
+
+/// How far a text is from a name; a text that only goes on after the name, or ends before it does,
+/// is as near as one mistake.
+size_t distance(const std::string& text, const std::string& name) {
+    const size_t shorter = std::min(text.size(), name.size());
+    if (shorter >= kMinPrefix && (startsWith(text, name) || startsWith(name, text))) {
+        return 1;
+    }
+    return mistakes(text, name);
+}
+
+}  // namespace
+
+int32_t EffectName::find(const std::string& text) {
+    if (text.size() == 1 && text[0] >= '0' && text[0] < '0' + FxCatalogue::kCount) {
+        return text[0] - '0';
+    }
+    return FxCatalogue::find(SoundWriter::lowerCase(text).c_str());
+}
+
+std::string EffectName::nearest(const std::string& text) {
+    if (text.size() > kMaxNameLetters) {
+        return "";
+    }
+    const std::string small = SoundWriter::lowerCase(text);
+    const size_t most = std::max<size_t>(small.size() / kLettersPerMistake, 1);
+    size_t best = most + 1;
+    std::string found;
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        for (const std::string name :
+             {FxCatalogue::toolName(effect), kShownNames[static_cast<size_t>(effect)]}) {
+            const size_t far = distance(small, name);
+            if (far < best) {
+                best = far;
+                found = FxCatalogue::toolName(effect);
+            }
+        }
+    }
+    return found;
+}
