@@ -2,11 +2,17 @@
 // so that old finds stay found without the fuzzing library.
 #include <cstdint>
 #include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <unistd.h>
 #include <vector>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/common_interface_defs.h>
+#endif
 
 namespace fs = std::filesystem;
 
@@ -30,6 +36,11 @@ bool replay(const fs::path& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef __SANITIZE_ADDRESS__
+    // Where standard error leads nowhere for a while, a report must come out all the same.
+    const intptr_t reports = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    __sanitizer_set_report_fd(reinterpret_cast<void*>(reports));
+#endif
     int32_t replayed = 0;
     for (int32_t i = 1; i < argc; i++) {
         std::vector<fs::path> files = {argv[i]};

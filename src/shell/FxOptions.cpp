@@ -157,6 +157,9 @@ std::string FxOptions::addSingleJob() {
                                     : "several inputs need --out-dir";
     }
     const std::string& output = arguments[1];
+    if (output.empty()) {
+        return "the output has no name";
+    }
     if (output == OutputFile::kStandard) {
         if (isatty(STDOUT_FILENO) == 1) {
             return "standard output is a terminal, which cannot show a sound";

@@ -163,6 +163,7 @@ TEST_F(MurmeloFxFiles, mistakesOnTheCommandLineEndWithStatus2AndDoNothing) {
         {"robot", "--seed", "4294967296", good, out},
         {"robot", "--seed"},
         {"robot", good, path("out.aac")},
+        {"robot", good, ""},
         {"robot", "--format", "aac", good, out},
         {"robot", "--out-dir", folder},
         {"robot", "--out-dir", folder, "-", "-"},
