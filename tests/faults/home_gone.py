@@ -1,6 +1,7 @@
 """home_gone.py PROGRAM SOURCE: the home cannot be written, or goes, before and while the program runs.
 
-Outcomes. Not writable from the start: one sentence. From then on: the message about files or sound, whose key ends the
+Outcomes. Not writable from the start: one sentence, after which the program runs on if it is only the sound folder or
+the settings. From then on: the message about files or sound, whose key ends the
 program, or no visible effect where nothing is written any more. Sounds that were saved before stay as they were as long
 as the folder itself does, and with the home back everything works.
 
@@ -138,6 +139,29 @@ def from_the_start(verdict, way):
                 verdict.outcome("read-only settings", place.finish(way.start(place, script)), ["done"])
 
 
+def said(verdict, case, outcome, words):
+    """The program runs on, and has said one sentence."""
+    lines = outcome.complaint.splitlines()
+    verdict.check(outcome.status == 0 and len(lines) == 1 and words in lines[0], "%s: %s" % (case, outcome))
+
+
+def out_of_reach(verdict, way):
+    with way.place() as place:
+        os.chmod(place.path("home/Murmelo"), 0o555)
+        script = MENU + "mic hello.wav\nkey middle\nexpect screen MessageAndQuit\nkey middle\nexpect ended\n"
+        where = 'the sound folder "%s" cannot be written: Permission denied' % os.path.realpath(
+            place.path("home/Murmelo"))
+        said(verdict, "read-only sound folder", place.finish(way.start(place, script)), where)
+    with way.place() as place:
+        os.chmod(place.path("config/settings"), 0)
+        script = "tap 240 432\nkey middle\nexpect screen Splash\n"
+        said(verdict, "unreadable settings", place.finish(way.start(place, script)),
+             'config/settings" cannot be read and stay as they are: Permission denied')
+        os.chmod(place.path("config/settings"), 0o644)
+        verdict.check(os.listdir(place.path("config")) == ["settings"] and place.read("config/settings") == b"lang=0\n",
+                      "unreadable settings: not as they were")
+
+
 def read_only_mount(verdict, program, source):
     prefix = can_mount()
     if prefix is None:
@@ -156,6 +180,7 @@ def main(program, source):
     way = Nobody(os.path.realpath(program), os.path.realpath(source))
     if way.prefix is not None:
         from_the_start(verdict, way)
+        out_of_reach(verdict, way)
     for name, before, after, read_only, removed in CASES:
         for how, happens, wanted in (("read-only", lock_up, read_only), ("removed", take_away, removed)):
             if wanted is None or (happens is lock_up and way.prefix is None):
