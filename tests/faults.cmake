@@ -19,7 +19,7 @@ function(fault_test name script)
             $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR})
     set_tests_properties(faults/${name} PROPERTIES
         SKIP_RETURN_CODE 77
-        TIMEOUT 600
+        TIMEOUT 3000
         LABELS faults
         ENVIRONMENT "MURMELO_SANITIZED=$<BOOL:${MURMELO_SANITIZE}>")
 endfunction()
@@ -43,12 +43,12 @@ endforeach()
 fault_test(monkey monkey.py --seed 1 --events $<IF:$<BOOL:${MURMELO_SANITIZE}>,4000,10000> --finds ${CMAKE_CURRENT_BINARY_DIR})
 add_test(NAME faults/monkey-finds-and-shrinks
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/monkey_test.py ${CMAKE_SOURCE_DIR})
-set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 300 LABELS faults)
+set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 1500 LABELS faults)
 
 # A program that hangs is told from one that a busy machine keeps waiting.
 add_test(NAME faults/hangs-are-told-from-waiting
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/journey_test.py)
-set_tests_properties(faults/hangs-are-told-from-waiting PROPERTIES TIMEOUT 300 LABELS faults)
+set_tests_properties(faults/hangs-are-told-from-waiting PROPERTIES TIMEOUT 1500 LABELS faults)
 
 add_library(clock_shim SHARED faults/clock_shim.c)
 fault_test(clock clock.py $<TARGET_FILE:clock_shim>)

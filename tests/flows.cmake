@@ -11,7 +11,7 @@ foreach(script ${flow_scripts})
         COMMAND flows/run-flow.sh ${script} $<TARGET_FILE:murmelo-headless>
             $<TARGET_FILE:flow-heard> ${CMAKE_SOURCE_DIR}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
-    set_tests_properties(flow/${flow} PROPERTIES TIMEOUT 300)
+    set_tests_properties(flow/${flow} PROPERTIES TIMEOUT 1500)
 endforeach()
 
 foreach(case script-mistakes usage failed-expectations pictures-missing home-not-writable
@@ -21,7 +21,7 @@ foreach(case script-mistakes usage failed-expectations pictures-missing home-not
         COMMAND flows/run-status.sh ${case} $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(flow-status/${case} PROPERTIES
-        TIMEOUT 300
+        TIMEOUT 1500
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endforeach()
 

@@ -7,7 +7,7 @@ if(MURMELO_TOOLS)
                 $<TARGET_FILE:murmelo-headless> $<TARGET_FILE:murmelo-sheet>
                 ${CMAKE_SOURCE_DIR}/res/sample/hello.wav ${index}
                 ${CMAKE_CURRENT_SOURCE_DIR}/data/screens/${language}.png)
-        set_tests_properties(screens_${language} PROPERTIES TIMEOUT 300
+        set_tests_properties(screens_${language} PROPERTIES TIMEOUT 1500
             ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
         math(EXPR index "${index} + 1")
     endforeach()
@@ -21,6 +21,6 @@ if(MURMELO_TOOLS)
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/messages.sh
             $<TARGET_FILE:screen-messages> $<TARGET_FILE:murmelo-sheet>
             ${CMAKE_CURRENT_SOURCE_DIR}/data/screens/messages.png)
-    set_tests_properties(screen_messages PROPERTIES TIMEOUT 300
+    set_tests_properties(screen_messages PROPERTIES TIMEOUT 1500
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endif()

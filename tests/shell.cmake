@@ -22,4 +22,4 @@ add_test(NAME MurmeloFx.demoMeasuresEveryEffect
     COMMAND ${CMAKE_SOURCE_DIR}/tools/demo.sh $<TARGET_FILE:murmelo-fx>
         ${CMAKE_SOURCE_DIR}/res/sample/hello.wav ${CMAKE_BINARY_DIR}/demo-test)
 set_tests_properties(MurmeloFx.demoMeasuresEveryEffect PROPERTIES
-    PASS_REGULAR_EXPRESSION "robot .* 88[.][0-9] .*flip .*" TIMEOUT 120)
+    PASS_REGULAR_EXPRESSION "robot .* 88[.][0-9] .*flip .*" TIMEOUT 1500)

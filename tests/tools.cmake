@@ -8,7 +8,9 @@ murmelo_tests(tools_tests
     LINK murmelo_fontmaker)
 target_compile_definitions(tools_tests PRIVATE MURMELO_TEST_FONT="${MURMELO_TEST_FONT}")
 
-add_test(NAME bmfgen.makesAFont COMMAND murmelo-bmfgen ${MURMELO_TEST_FONT} 15 ${CMAKE_CURRENT_BINARY_DIR}/made.bmf)
+add_test(NAME bmfgen.makesAFont
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/sheets.sh makes-a-font
+        $<TARGET_FILE:murmelo-bmfgen> ${CMAKE_SOURCE_DIR} ${MURMELO_TEST_FONT})
 add_test(NAME bmfgen.refusesWhatIsNoFont COMMAND murmelo-bmfgen ${CMAKE_CURRENT_LIST_FILE} 15 no.bmf)
 set_tests_properties(bmfgen.refusesWhatIsNoFont PROPERTIES WILL_FAIL TRUE)
 
@@ -17,8 +19,8 @@ add_test(NAME Fonts.matchTheirOutlines
     COMMAND ${CMAKE_SOURCE_DIR}/tools/make-fonts.sh --check $<TARGET_FILE:murmelo-bmfgen>)
 set_tests_properties(Fonts.matchTheirOutlines PROPERTIES SKIP_RETURN_CODE 77)
 
-add_test(NAME Gallery.showsEverything COMMAND murmelo-gallery ${CMAKE_CURRENT_BINARY_DIR}/gallery.png)
-add_test(NAME Gallery.showsAnEmptyFolder
-    COMMAND murmelo-gallery --data ${CMAKE_CURRENT_SOURCE_DIR}/tools ${CMAKE_CURRENT_BINARY_DIR}/empty.png)
+add_test(NAME Gallery.showsEverythingAndAnEmptyFolder
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/sheets.sh shows-everything
+        $<TARGET_FILE:murmelo-gallery> ${CMAKE_SOURCE_DIR})
 add_test(NAME Gallery.saysWhereItCannotWrite COMMAND murmelo-gallery ${CMAKE_CURRENT_LIST_FILE}/no.png)
 set_tests_properties(Gallery.saysWhereItCannotWrite PROPERTIES WILL_FAIL TRUE)
