@@ -1,13 +1,12 @@
 #include "SdlHost.h"
 
 #include "ProgramFolders.h"
+#include "VideoDriver.h"
 
 #include <SDL.h>
 
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -24,45 +23,6 @@ int64_t earlier(int64_t a, int64_t b) {
         return std::max(a, b);
     }
     return std::min(a, b);
-}
-
-void setHints() {
-    // The window's pixels come ready-made: looking for a graphics processor to double them takes
-    // longer than everything else up to the first picture.
-    if (SDL_GetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION) == nullptr) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
-    }
-    SDL_SetHint(SDL_HINT_APP_NAME, "Murmelo");
-    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
-    SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
-    SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
-}
-
-/// Where SDL will look first for a window system: on X11, unless somebody has chosen.
-bool comesToX11() {
-    const char* chosen = std::getenv("SDL_VIDEODRIVER");
-    const char* display = std::getenv("DISPLAY");
-    return chosen != nullptr && *chosen != 0 ? SDL_strcmp(chosen, "x11") == 0
-                                             : display != nullptr && *display != 0;
-}
-
-/// Keeps SDL from what this program has no use for, and what would take longer than everything else
-/// up to the first picture.
-void doWithoutDesktopServices() {
-    // Nobody writes text: the table of accented letters need not be read. Wayland's keyboard takes
-    // no empty one.
-    if (comesToX11()) {
-        ::setenv("XCOMPOSEFILE", "/dev/null", 1);
-    }
-    // Where the session has no message bus, asking for one forks a search for a program that starts
-    // one.
-    const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
-    const std::string bus = (runtimeFolder != nullptr ? runtimeFolder : "") + std::string("/bus");
-    if (::access(bus.c_str(), F_OK) != 0) {
-        ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 0);  // unless the session names one
-    }
 }
 
 }  // namespace
@@ -86,21 +46,16 @@ SdlHost::SdlHost(SdlOptions givenOptions)
 }
 
 SdlHost::~SdlHost() {
-    rousingEvent = 0;
+    events.end();
     window.rememberSize();
 }
 
 std::string SdlHost::open() {
-    setHints();
-    doWithoutDesktopServices();
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        return std::string("no window can be opened: ") + SDL_GetError();
+    std::string wrong = VideoDriver::begin();
+    if (!wrong.empty()) {
+        return wrong;
     }
-    const char* driver = SDL_GetCurrentVideoDriver();
-    if (driver != nullptr && SDL_strcmp(driver, "wayland") == 0) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // it has no other way
-    }
-    rousingEvent = SDL_RegisterEvents(1);
+    events.begin();
     return window.open(options.folders.config);
 }
 
@@ -268,22 +223,14 @@ int64_t SdlHost::nextDueMs() {
     return earlier(dueMs, hiddenCheckMs);
 }
 
-/// SDL waits on the window system's own connection: nothing runs while nothing happens.
 void SdlHost::sleep(int64_t untilMs) {
-    const int64_t ms = untilMs == kNever ? kNever : std::max<int64_t>(untilMs - uptimeMs(), 0);
-    if (ms == kNever) {
-        SDL_WaitEvent(nullptr);
-    } else if (ms > 0) {
-        SDL_WaitEventTimeout(nullptr, static_cast<int>(std::min<int64_t>(ms, INT32_MAX)));
+    if (untilMs == kNever) {
+        events.wait(EventWait::kForever);
+        return;
     }
-}
-
-void SdlHost::rouse() {
-    const uint32_t type = rousingEvent;
-    if (type != 0) {
-        SDL_Event event{};
-        event.type = type;
-        SDL_PushEvent(&event);
+    const int64_t ms = untilMs - uptimeMs();
+    if (ms > 0) {
+        events.wait(ms);
     }
 }
 

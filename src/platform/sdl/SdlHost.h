@@ -4,6 +4,7 @@
 // A picture is looked at once for each refresh of the display at most.
 #pragma once
 
+#include "EventWait.h"
 #include "FileMicrophone.h"
 #include "Host.h"
 #include "SdlAudio.h"
@@ -84,7 +85,9 @@ private:
     void sleep(int64_t untilMs);
     int64_t nextDueMs();
     int64_t nowUs() const;
-    void rouse();
+
+    void rouse() { events.rouse(); }
+
     bool rouseAgain();
     void setAway(Away reason, bool away);
 
@@ -96,7 +99,7 @@ private:
 
     std::atomic<bool> endAsked{false};   // by a signal
     std::atomic<bool> stopAsked{false};  // likewise
-    std::atomic<uint32_t> rousingEvent{0};
+    EventWait events;
     SignalWatch signals;  // its thread comes first and goes last
 
     SdlAudio audio;

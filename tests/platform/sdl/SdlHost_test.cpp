@@ -84,6 +84,18 @@ protected:
         SDL_PushEvent(&event);
     }
 
+    /// How many events SDL's queue has room for.
+    static int32_t room() {
+        SDL_Event event{};
+        event.type = SDL_USEREVENT;
+        int32_t count = 0;
+        while (SDL_PushEvent(&event) == 1) {
+            count++;
+        }
+        SDL_FlushEvent(SDL_USEREVENT);
+        return count;
+    }
+
     static std::shared_ptr<const HostClip> clipOf(Samples samples) {
         return std::make_shared<HostClip>(HostClip{std::move(samples), 8000});
     }
@@ -102,6 +114,13 @@ TEST_F(SdlHostTest, nothingHappensUntilTheTimeIsUp) {
     EXPECT_LE(50, host->uptimeMs() - startMs);
     EXPECT_FALSE(host->pump(heard, 0));
     EXPECT_TRUE(heard.notes.empty());
+}
+
+TEST_F(SdlHostTest, waitingLeavesNothingInTheQueue) {
+    open();
+    const int32_t before = room();
+    run(300);
+    EXPECT_EQ(before, room());
 }
 
 TEST_F(SdlHostTest, oneCallbackAtATime) {

@@ -1,0 +1,70 @@
+#include "EventWait.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <utility>
+
+EventWait::EventWait()
+    : doNap([this](int64_t ms) { return nap(ms); }) {}
+
+EventWait::EventWait(Nap nap)
+    : doNap(std::move(nap)) {}
+
+void EventWait::begin() {
+    // SDL marks the end of each look at the window system with an event of its own. A wait makes
+    // many looks and takes none of the marks away: after a minute or two they would fill the queue,
+    // no other event would find room, and each look would go through all of them.
+    SDL_EventState(SDL_POLLSENTINEL, SDL_IGNORE);
+    const char* name = SDL_GetCurrentVideoDriver();
+    const std::string driver = name != nullptr ? name : "";
+    driverWaits = driver == "x11" || driver == "wayland";
+    rousingEvent = SDL_RegisterEvents(1);
+}
+
+void EventWait::wait(int64_t ms) {
+    if (!driverWaits) {
+        look(ms);
+    } else if (ms == kForever) {
+        SDL_WaitEvent(nullptr);
+    } else {
+        SDL_WaitEventTimeout(nullptr, static_cast<int>(std::min<int64_t>(ms, INT32_MAX)));
+    }
+}
+
+/// With the other drivers SDL itself only looks again and again, a thousand times a second.
+void EventWait::look(int64_t ms) {
+    int64_t leftMs = ms;
+    for (;;) {
+        SDL_PumpEvents();
+        if (SDL_HasEvents(SDL_FIRSTEVENT, SDL_LASTEVENT) == SDL_TRUE || leftMs == 0) {
+            return;
+        }
+        const int64_t passedMs = doNap(ms == kForever ? kLookMs : std::min(leftMs, kLookMs));
+        leftMs = ms == kForever ? kForever : std::max<int64_t>(leftMs - passedMs, 0);
+    }
+}
+
+int64_t EventWait::nap(int64_t ms) {
+    const auto begin = std::chrono::steady_clock::now();
+    std::unique_lock<std::mutex> lock(mutex);
+    rousing.wait_for(lock, std::chrono::milliseconds(ms), [this] { return roused; });
+    roused = false;
+    const auto passed = std::chrono::steady_clock::now() - begin;
+    return std::chrono::ceil<std::chrono::milliseconds>(passed).count();
+}
+
+void EventWait::rouse() {
+    const uint32_t type = rousingEvent;
+    if (type == 0) {
+        return;
+    }
+    SDL_Event event{};
+    event.type = type;
+    SDL_PushEvent(&event);
+    const std::lock_guard<std::mutex> lock(mutex);
+    roused = true;
+    rousing.notify_all();
+}

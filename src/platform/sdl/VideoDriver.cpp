@@ -1,0 +1,88 @@
+#include "VideoDriver.h"
+
+#include <SDL.h>
+
+#include <cstdlib>
+#include <unistd.h>
+
+namespace {
+
+void setHints() {
+    // The window's pixels come ready-made: looking for a graphics processor to double them takes
+    // longer than everything else up to the first picture.
+    if (SDL_GetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION) == nullptr) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    }
+    SDL_SetHint(SDL_HINT_APP_NAME, "Murmelo");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+    SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
+    SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
+}
+
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != 0;
+}
+
+/// Whether the user has named the driver.
+bool isChosen() {
+    return isSet("SDL_VIDEODRIVER");
+}
+
+/// Where SDL will look first for a window system: on X11, unless the user has named another.
+bool comesToX11() {
+    return isChosen() ? SDL_strcmp(std::getenv("SDL_VIDEODRIVER"), "x11") == 0 : isSet("DISPLAY");
+}
+
+/// Without a display SDL would take a driver that shows nothing, and the program would run unseen
+/// until somebody ends it.
+void chooseWindowSystem() {
+    if (!isChosen()) {
+        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "x11,wayland", SDL_HINT_OVERRIDE);
+    }
+}
+
+std::string noWindow() {
+    const std::string sentence = "no window can be opened: ";
+    if (isChosen()) {
+        return sentence + SDL_GetError();
+    }
+    return sentence + (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY")
+                           ? "the display that DISPLAY or WAYLAND_DISPLAY names cannot be reached"
+                           : "there is no display, neither DISPLAY nor WAYLAND_DISPLAY names one");
+}
+
+/// Keeps SDL from what this program has no use for, and what would take longer than everything else
+/// up to the first picture.
+void doWithoutDesktopServices() {
+    // Nobody writes text: the table of accented letters need not be read. Wayland's keyboard takes
+    // no empty one.
+    if (comesToX11()) {
+        ::setenv("XCOMPOSEFILE", "/dev/null", 1);
+    }
+    // Where the session has no message bus, asking for one forks a search for a program that starts
+    // one.
+    const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+    const std::string bus = (runtimeFolder != nullptr ? runtimeFolder : "") + std::string("/bus");
+    if (::access(bus.c_str(), F_OK) != 0) {
+        ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 0);  // unless the session names one
+    }
+}
+
+}  // namespace
+
+std::string VideoDriver::begin() {
+    setHints();
+    chooseWindowSystem();
+    doWithoutDesktopServices();
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        return noWindow();
+    }
+    const char* driver = SDL_GetCurrentVideoDriver();
+    if (driver != nullptr && SDL_strcmp(driver, "wayland") == 0) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // it has no other way
+    }
+    return "";
+}

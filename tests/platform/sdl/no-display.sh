@@ -1,0 +1,64 @@
+#!/bin/bash
+# no-display.sh PROGRAM: what murmelo does where there is no display. It needs none itself.
+set -u
+program=$(realpath "$1")
+folder=$(mktemp -d)
+running=
+clean() {
+    [ -z "$running" ] || kill -KILL "$running" 2>/dev/null
+    rm -rf "$folder"
+}
+trap clean EXIT
+cd "$folder" || exit 1
+unset DISPLAY WAYLAND_DISPLAY SDL_VIDEODRIVER MURMELO_HOME DBUS_SESSION_BUS_ADDRESS
+mkdir home config
+echo lang=0 >config/settings
+export XDG_RUNTIME_DIR=$folder SDL_AUDIODRIVER=dummy
+wrong=0
+
+complain() {
+    echo "$*" >&2
+    wrong=1
+}
+
+# refused TEXT NAME=VALUE...: with these variables it ends with status 1 and one sentence with TEXT in it.
+refused() {
+    local text=$1 status
+    shift
+    env "$@" timeout --kill-after=5 60 "$program" --home home --config config >stdout 2>stderr
+    status=$?
+    [ $status = 1 ] || complain "status $status with: $*"
+    if [ "$(wc -l <stderr)" != 1 ] || ! grep -qF -- "$text" stderr || [ -s stdout ]; then
+        complain "wanted one line with \"$text\" with: $*; found: $(cat stdout stderr)"
+    fi
+}
+
+refused 'murmelo: no window can be opened: there is no display'
+refused 'murmelo: no window can be opened: there is no display' SDL_VIDEODRIVER=
+refused 'murmelo: no window can be opened: there is no display' DISPLAY= WAYLAND_DISPLAY=
+refused 'murmelo: no window can be opened: the display' DISPLAY=:9999
+refused 'murmelo: no window can be opened: the display' WAYLAND_DISPLAY=nowhere
+refused 'murmelo: no window can be opened: ' SDL_VIDEODRIVER=nonsense
+
+# A driver without a window is used where it is named, and hears a signal.
+for driver in offscreen dummy; do
+    rm -rf home/Murmelo
+    SDL_VIDEODRIVER=$driver "$program" --home home --config config >stdout 2>stderr &
+    running=$!
+    for ((i = 0; i < 600; i++)); do  # the opening makes the sound folder
+        [ -d home/Murmelo ] && break
+        sleep 0.1
+    done
+    kill -TERM $running
+    for ((i = 0; i < 600; i++)); do
+        kill -0 $running 2>/dev/null || break
+        sleep 0.1
+    done
+    kill -KILL $running 2>/dev/null && complain "$driver: SIGTERM was not heard"
+    wait $running
+    status=$?
+    running=
+    [ $status = 0 ] || complain "$driver: status $status"
+    [ ! -s stderr ] || complain "$driver: standard error: $(cat stderr)"
+done
+exit $wrong
