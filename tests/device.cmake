@@ -33,6 +33,7 @@ set_tests_properties(NoDisplay PROPERTIES
 find_package(X11 REQUIRED)
 add_executable(real_tests
     platform/sdl/Program.cpp
+    platform/sdl/RealLoss_test.cpp
     platform/sdl/RealProgram_test.cpp
     platform/sdl/RealSound_test.cpp
     platform/sdl/RealWindow_test.cpp
@@ -47,11 +48,11 @@ add_test(NAME RealWayland
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
         ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/wayland.sh
         $<TARGET_FILE:murmelo> $<TARGET_FILE:murmelo-headless>)
-foreach(group RealProgram RealWindow RealSound)
+foreach(group RealProgram RealWindow RealSound RealLoss)
     add_test(NAME ${group}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
-            $<TARGET_FILE:real_tests> --gtest_filter=${group}.*)
+            $<TARGET_FILE:real_tests> --gtest_filter=${group}.*:*/${group}.*:${group}Program.*)
 endforeach()
-set_tests_properties(RealWayland RealProgram RealWindow RealSound PROPERTIES
+set_tests_properties(RealWayland RealProgram RealWindow RealSound RealLoss PROPERTIES
     SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS desktop
     ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")

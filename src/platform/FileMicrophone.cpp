@@ -35,6 +35,7 @@ bool FileMicrophone::start(HostMicrophoneListener& newListener) {
         return false;
     }
     listener = &newListener;
+    lost = false;
     hearing = voice;
     startMs = nowMs();
     taken = 0;
@@ -42,11 +43,27 @@ bool FileMicrophone::start(HostMicrophoneListener& newListener) {
 }
 
 void FileMicrophone::stop() {
+    lost = false;
     if (listener != nullptr) {
-        forgetOldest();
-        heardAtStop = heard();
-        listener = nullptr;
+        listenNoMore();
     }
+}
+
+bool FileMicrophone::lose() {
+    HostMicrophoneListener* const losing = listener;
+    if (losing == nullptr) {
+        return false;
+    }
+    listenNoMore();
+    lost = true;
+    losing->onDeviceLost();
+    return true;
+}
+
+void FileMicrophone::listenNoMore() {
+    forgetOldest();
+    heardAtStop = heard();
+    listener = nullptr;
 }
 
 int64_t FileMicrophone::heard() const {

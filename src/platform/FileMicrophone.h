@@ -40,8 +40,15 @@ public:
     void stop() override;
     int32_t take(int16_t* samples, int32_t count) override;
 
+    /// True from the loss of the device until the next start() or stop().
+    bool isLost() const { return lost; }
+
+    /// Dies and calls the listener. False if nobody listens.
+    bool lose();
+
 private:
     int64_t heard() const;
+    void listenNoMore();
     void forgetOldest();
 
     Clock nowMs;
@@ -51,4 +58,5 @@ private:
     int64_t startMs = 0;
     int64_t taken = 0;
     int64_t heardAtStop = 0;
+    bool lost = false;
 };

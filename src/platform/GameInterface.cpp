@@ -16,6 +16,7 @@
 #include "Save.h"
 #include "SkBar.h"
 #include "State.h"
+#include "Str.h"
 #include "TakeJob.h"
 
 #include <cstdlib>
@@ -193,6 +194,12 @@ bool GameInterface::isAtRest() {
     const bool inMenu = State::currState == G::stateOptions &&
                         static_cast<Options*>(G::stateOptions)->isMenuShown();
     return inMenu || State::currState == G::statePlay;
+}
+
+bool GameInterface::stopRecording() {
+    const bool offered = Orm::canvas != nullptr && !Orm::isPaused() && !Orm::isDisposed &&
+                         State::currState == G::stateRecording && SkBar::strMsk == Str::str_SK_STOP;
+    return offered && navigate(HostKey::kMiddle);
 }
 
 bool GameInterface::saveSound() {

@@ -48,6 +48,7 @@ private:
     int32_t currentEffect() override;
     bool navigate(HostKey key) override;
     static bool answerByKey(HostKey key);
+    bool stopRecording() override;
     bool saveSound() override;
     bool useSound(const int16_t* samples, int32_t count) override;
     int32_t savedCount() override;

@@ -102,6 +102,10 @@ public:
     /// A key pressed and let go. False if there is nobody to take it.
     virtual bool navigate(HostKey key) = 0;
 
+    /// Presses the soft key "Stop" of a recording. False, and nothing happens, unless it is
+    /// offered.
+    virtual bool stopRecording() = 0;
+
     /// Saves the take with the current effect under the next free number. False, and nothing
     /// happens, unless the main menu or the choice of the effect is on the screen and there is a
     /// take.

@@ -17,6 +17,10 @@ public:
 
     /// At least as many as wanted wait to be taken. Counts as a callback of Host::pump().
     virtual void onSamples() = 0;
+
+    /// The device died while it listened: it was removed, or its server went away. It has stopped;
+    /// what was heard before can still be taken. Counts as a callback of Host::pump().
+    virtual void onDeviceLost() = 0;
 };
 
 class HostMicrophone {
@@ -53,6 +57,10 @@ public:
 
     /// The last sample of the clip was heard. Counts as a callback of Host::pump().
     virtual void onClipEnd() = 0;
+
+    /// The device died while it played: it was removed, or its server went away. The clip has
+    /// stopped, and onClipEnd() does not follow. Counts as a callback of Host::pump().
+    virtual void onDeviceLost() = 0;
 };
 
 class HostSpeaker {

@@ -51,6 +51,7 @@ script-mistakes)
     line 2 '"9" is too much' 'tap 3 4 9'
     line 2 '"key" wants left, middle or right' 'key up'
     line 2 '"expect" wants screen, file, no file, effect or ended' 'expect'
+    line 2 '"lose" wants microphone or speaker' 'lose voice'
     line 2 'there is no screen "Menu", only FirstLang, ' 'until Menu'
     line 2 'there is no operation "Write", only AppRegistry.Write, ' 'fail Write 1'
     expect 2 'the script "none" cannot be read' $(run) none
@@ -79,6 +80,8 @@ failed-expectations)
     line 1 'expected effect 3, found 0' 'expect effect 3'
     line 1 'expected the program to have ended' 'expect ended'
     line 1 'there is no file "a.wav" to remove' 'remove a.wav'
+    line 1 'the microphone is not in use' 'lose microphone'
+    line 1 'the speaker is not in use' 'lose speaker'
     printf 'key middle\nexpect screen Splash\nstill 2000\nstill 2000\n' >awake
     expect 1 'line 4: something is due in 1000 ms' $(run) awake
     rm config/*

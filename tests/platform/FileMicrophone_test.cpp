@@ -13,8 +13,11 @@ public:
 
     void onSamples() override { calls++; }
 
+    void onDeviceLost() override { losses++; }
+
     int32_t wanted = 160;
     int32_t calls = 0;
+    int32_t losses = 0;
 };
 
 class FileMicrophoneTest : public testing::Test {
@@ -116,4 +119,32 @@ TEST_F(FileMicrophoneTest, aNewFileIsHeardFromTheNextRecordingOn) {
     microphone.start(taker);
     nowMs += 1;
     EXPECT_EQ(Samples(16, 7), take(16));
+}
+
+TEST_F(FileMicrophoneTest, aLostMicrophoneKeepsWhatItHeardAndHearsNoMore) {
+    microphone.setVoice(voice);
+    EXPECT_FALSE(microphone.lose());
+    microphone.start(taker);
+    EXPECT_FALSE(microphone.isLost());
+    nowMs += 5;
+    EXPECT_TRUE(microphone.lose());
+    EXPECT_EQ(1, taker.losses);
+    EXPECT_TRUE(microphone.isLost());
+    nowMs += 1000;
+    EXPECT_FALSE(microphone.deliver());
+    EXPECT_FALSE(microphone.lose());
+    EXPECT_EQ(TestSounds::part(voice, 0, 80), take(1000));
+}
+
+TEST_F(FileMicrophoneTest, theLossIsForgottenAtTheStopOrTheNextStart) {
+    for (const bool stops : {true, false}) {
+        microphone.start(taker);
+        EXPECT_TRUE(microphone.lose());
+        if (stops) {
+            microphone.stop();
+        } else {
+            EXPECT_TRUE(microphone.start(taker));
+        }
+        EXPECT_FALSE(microphone.isLost()) << stops;
+    }
 }

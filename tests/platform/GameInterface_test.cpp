@@ -213,6 +213,40 @@ TEST_F(GameInterfaceTest, nothingIsTakenOrSavedWhilePausedOrAfterTheEnd) {
     EXPECT_FALSE(use(Samples(10, 1)));
 }
 
+TEST_F(GameInterfaceTest, stopIsPressedOnlyWhileARecordingOffersIt) {
+    host.ears.setVoice(TestSounds::noise(16000));
+    EXPECT_FALSE(host.doors->stopRecording());
+    State::setState(G::stateRecord, true, true);
+    EXPECT_FALSE(host.doors->stopRecording());
+    State::setState(G::stateRecording, true, true);
+    EXPECT_FALSE(host.doors->stopRecording());  // nothing was heard yet
+    host.pass(800);
+    EXPECT_FALSE(host.doors->stopRecording());  // no frame has shown the key yet
+    tick();
+    EXPECT_TRUE(host.doors->stopRecording());
+    EXPECT_EQ("Recording", host.doors->screenName());
+    tick();
+    EXPECT_EQ("Play", host.doors->screenName());  // the take is cleaned up
+    EXPECT_FALSE(host.doors->stopRecording());
+}
+
+TEST_F(GameInterfaceTest, stopIsNotPressedWhileAClipPlaysOrTheProgramIsPausedOrHasEnded) {
+    putTake();
+    folders.write("home/Murmelo/MrmLastProc.wav", TestSounds::wav(Samples(400, 5), 8000));
+    State::setState(G::statePlaying, true, true);
+    ASSERT_EQ(Str::str_SK_STOP, SkBar::strMsk);
+    EXPECT_FALSE(host.doors->stopRecording());
+    AudioDev::stopPlay();
+    State::setState(G::stateRecord, true, true);
+    State::setState(G::stateRecording, true, true);
+    SkBar::setStr(Res::Null, Str::str_SK_STOP, Res::Null);
+    Orm::paused = true;
+    EXPECT_FALSE(host.doors->stopRecording());
+    Orm::paused = false;
+    Orm::dispose();
+    EXPECT_FALSE(host.doors->stopRecording());
+}
+
 TEST_F(GameInterfaceTest, thePictureIsTheCanvassOwn) {
     const std::vector<uint8_t> png = host.doors->canvasPng();
     const TestPicture picture = TestPng::read({png.begin(), png.end()});

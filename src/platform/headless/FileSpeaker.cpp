@@ -49,6 +49,16 @@ bool FileSpeaker::deliver() {
     return true;
 }
 
+bool FileSpeaker::lose() {
+    HostSpeakerListener* const losing = listener;
+    if (losing == nullptr) {
+        return false;
+    }
+    stop();
+    losing->onDeviceLost();
+    return true;
+}
+
 bool FileSpeaker::play(std::shared_ptr<const HostClip> newClip, HostSpeakerListener& newListener) {
     if (clip != nullptr) {
         return false;

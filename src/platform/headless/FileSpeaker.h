@@ -32,6 +32,9 @@ public:
     /// Ends the clip if it is time. True if it was.
     bool deliver();
 
+    /// Dies and calls the listener. False if no clip plays.
+    bool lose();
+
     bool play(std::shared_ptr<const HostClip> newClip, HostSpeakerListener& newListener) override;
     void setVolume(int32_t newVolume) override;
     void pause() override;

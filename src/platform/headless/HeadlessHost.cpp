@@ -59,7 +59,8 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     yieldsSincePump = 0;
     watch();
     heedSignal();
-    if (status == kOk && (ears.deliver() || voice.deliver())) {
+    if (status == kOk &&
+        (ears.deliver() || voice.deliver() || lostMicrophone.deliver(ears.isLost(), doors))) {
         return true;
     }
     if (timeoutMs == 0 && status == kOk && !awaitedScreenCame()) {
@@ -191,6 +192,9 @@ void HeadlessHost::start(const ScriptCommand& command) {
     case ScriptVerb::kSpeaker:
         startSound(command);
         break;
+    case ScriptVerb::kLose:
+        loseDevice(command);
+        break;
     case ScriptVerb::kWatch:
         watchedScreen = command.text;
         watchedFile = command.second;
@@ -261,6 +265,14 @@ void HeadlessHost::startSound(const ScriptCommand& command) {
     if (!wrong.empty()) {
         mistake(command, wrong);
     }
+}
+
+void HeadlessHost::loseDevice(const ScriptCommand& command) {
+    pending.emplace_back([this, command](HostListener&) {
+        if (!(command.text == "speaker" ? voice.lose() : ears.lose())) {
+            fail(command, "the " + command.text + " is not in use");
+        }
+    });
 }
 
 void HeadlessHost::takeShot(const ScriptCommand& command) {

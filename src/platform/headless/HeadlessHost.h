@@ -7,6 +7,7 @@
 #include "FileMicrophone.h"
 #include "FileSpeaker.h"
 #include "Host.h"
+#include "LostMicrophone.h"
 #include "Script.h"
 
 #include <cstdint>
@@ -83,6 +84,7 @@ private:
     void start(const ScriptCommand& command);
     void startDevice(const ScriptCommand& command);
     void startSound(const ScriptCommand& command);
+    void loseDevice(const ScriptCommand& command);
     void expect(const ScriptCommand& command);
     void takeShot(const ScriptCommand& command);
     void useDoor(const ScriptCommand& command);
@@ -112,6 +114,7 @@ private:
 
     FileMicrophone ears;
     FileSpeaker voice;
+    LostMicrophone lostMicrophone;
     bool silent;
     int64_t phoneBytes = int64_t{1} << 30;
     int64_t cardBytes = -1;

@@ -37,6 +37,7 @@ const std::vector<Form>& forms() {
         {"screen", ScriptVerb::kScreen, "o", {"on", "off"}},
         {"volume", ScriptVerb::kVolume, "o", {"up", "down"}},
         {"fail", ScriptVerb::kFail, "pn", {}},
+        {"lose", ScriptVerb::kLose, "o", {"microphone", "speaker"}},
         {"shot", ScriptVerb::kShot, "w", {}},
         {"shot-canvas", ScriptVerb::kShotCanvas, "w", {}},
         {"watch", ScriptVerb::kWatch, "sw", {}},

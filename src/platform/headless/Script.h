@@ -25,6 +25,7 @@ enum class ScriptVerb {
     kScreen,
     kVolume,
     kFail,
+    kLose,
     kShot,
     kShotCanvas,
     kWatch,

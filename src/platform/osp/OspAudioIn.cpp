@@ -135,6 +135,12 @@ void AudioIn::onSamples() {
     }
 }
 
+void AudioIn::onDeviceLost() {
+    if (deliverRest()) {
+        listener->OnAudioInErrorOccurred(AUDIOIN_ERROR_DEVICE_FAILED);  // may delete this object
+    }
+}
+
 ByteBuffer* AudioIn::fillNext() {
     ByteBuffer* buffer = queue.front();
     buffer->Clear();

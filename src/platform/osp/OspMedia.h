@@ -1,5 +1,6 @@
 // The phone's microphone and its player of sound files. Every callback comes on the event thread,
-// between two user events; none comes from an object that was closed or deleted.
+// between two user events; none comes from an object that was closed or deleted, but for the end of
+// the clip after an error.
 #pragma once
 
 #include "HostSound.h"
@@ -35,6 +36,9 @@ public:
     /// Position 0; the limit stands behind the last byte filled. The buffer is the listener's
     /// again.
     virtual void OnAudioInBufferIsFilled(Osp::Base::ByteBuffer* buffer) = 0;
+
+    /// The microphone died. What it had heard came before, the last buffer filled in part. The
+    /// recorder counts as recording until it is stopped.
     virtual void OnAudioInErrorOccurred(AudioInErrorReason reason) = 0;
     virtual void OnAudioInInterrupted() = 0;
     virtual void OnAudioInReleased() = 0;
@@ -77,6 +81,7 @@ public:
 private:
     int32_t samplesWanted() override;
     void onSamples() override;
+    void onDeviceLost() override;
 
     /// Fills the first queued buffer and takes it out of the queue; null if nothing was heard.
     Osp::Base::ByteBuffer* fillNext();
@@ -116,6 +121,9 @@ public:
     /// The last sample was heard.
     virtual void OnPlayerEndOfClip() = 0;
     virtual void OnPlayerBuffering(int32_t percent) = 0;
+
+    /// The speaker died. OnPlayerEndOfClip follows even if the player is closed in here, but not if
+    /// it is deleted or plays again.
     virtual void OnPlayerErrorOccurred(PlayerErrorReason reason) = 0;
     virtual void OnPlayerInterrupted() = 0;
     virtual void OnPlayerReleased() = 0;
@@ -156,12 +164,14 @@ public:
 
 private:
     void onClipEnd() override;
+    void onDeviceLost() override;
     void silence();
 
     IPlayerEventListener* listener = nullptr;
     std::shared_ptr<const HostClip> clip;
     int32_t volume = kMostVolume;
     PlayerState state = PLAYER_STATE_INITIALIZED;
+    bool* deletedMark = nullptr;  // of the error being told: a listener may delete this object
 };
 
 }  // namespace Osp::Media

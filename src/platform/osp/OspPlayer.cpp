@@ -87,6 +87,9 @@ std::shared_ptr<const HostClip> readClip(const String& path) {
 
 Player::~Player() {
     silence();
+    if (deletedMark != nullptr) {
+        *deletedMark = true;
+    }
 }
 
 result Player::Construct(IPlayerEventListener& newListener, const void* videoBuffer) {
@@ -168,6 +171,20 @@ result Player::Close() {
 void Player::onClipEnd() {
     state = PLAYER_STATE_ENDOFCLIP;
     listener->OnPlayerEndOfClip();  // may delete this object
+}
+
+void Player::onDeviceLost() {
+    state = PLAYER_STATE_ENDOFCLIP;
+    bool deleted = false;
+    deletedMark = &deleted;
+    listener->OnPlayerErrorOccurred(PLAYER_ERROR_DEVICE_FAILED);
+    if (deleted) {
+        return;
+    }
+    deletedMark = nullptr;
+    if (state != PLAYER_STATE_PLAYING) {
+        listener->OnPlayerEndOfClip();  // may delete this object
+    }
 }
 
 void Player::silence() {

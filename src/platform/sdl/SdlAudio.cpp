@@ -62,6 +62,10 @@ std::vector<std::string> SdlAudio::names(Kind kind) {
     return names;
 }
 
+bool SdlAudio::hasDied(uint32_t device) {
+    return SDL_GetAudioDeviceStatus(device) == SDL_AUDIO_STOPPED;
+}
+
 uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec& wanted) {
     if (!begin()) {
         return 0;

@@ -34,6 +34,10 @@ public:
 
     std::vector<std::string> names(Kind kind);
 
+    /// Whether SDL itself has stopped a device that it opened: it was removed, or its server went
+    /// away. False for a device that runs, whatever an older event says.
+    static bool hasDied(uint32_t device);
+
     /// Opens a device in exactly the format wanted (SDL converts) and lets it run.
     /// @param name  empty: the system's default
     /// @returns SDL's number of the device, 0 if it cannot be opened within kPatienceMs

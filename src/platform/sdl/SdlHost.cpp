@@ -116,7 +116,8 @@ bool SdlHost::deliverSignals(HostListener& listener) {
 }
 
 bool SdlHost::deliverSound() {
-    return ears.deliver() || fileEars.deliver() || voice.deliver();
+    return ears.deliver() || fileEars.deliver() || voice.deliver() ||
+           lostMicrophone.deliver(ears.isLost(), doors);
 }
 
 bool SdlHost::deliverEvent(HostListener& listener) {
@@ -136,6 +137,8 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         return true;
     case SDL_WINDOWEVENT:
         return handleWindow(event.window);
+    case SDL_AUDIODEVICEREMOVED:
+        return ears.lose(event.adevice.which) || voice.lose(event.adevice.which);
     case SDL_APP_WILLENTERBACKGROUND:
         setAway(kBySystem, true);
         return false;

@@ -7,6 +7,7 @@
 #include "EventWait.h"
 #include "FileMicrophone.h"
 #include "Host.h"
+#include "LostMicrophone.h"
 #include "SdlAudio.h"
 #include "SdlDoors.h"
 #include "SdlInput.h"
@@ -105,6 +106,7 @@ private:
     SdlAudio audio;
     SdlMicrophone ears;
     FileMicrophone fileEars;
+    LostMicrophone lostMicrophone;
     SdlSpeaker voice;
     SdlWindow window;
     SdlInput input;

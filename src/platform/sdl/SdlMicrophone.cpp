@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <iostream>
 #include <mutex>
 #include <utility>
 
@@ -56,6 +57,7 @@ bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
         return false;
     }
     listener = &newListener;
+    lost = false;
     return true;
 }
 
@@ -96,10 +98,26 @@ bool SdlMicrophone::deliver() {
     return true;
 }
 
-void SdlMicrophone::stop() {
-    if (listener == nullptr) {
-        return;
+bool SdlMicrophone::lose(uint32_t lostDevice) {
+    HostMicrophoneListener* const losing = listener;
+    if (losing == nullptr || lostDevice != device || !SdlAudio::hasDied(device)) {
+        return false;
     }
+    listenNoMore();
+    lost = true;
+    std::cerr << "murmelo: the microphone is gone; what it heard until now is kept\n";
+    losing->onDeviceLost();
+    return true;
+}
+
+void SdlMicrophone::stop() {
+    lost = false;
+    if (listener != nullptr) {
+        listenNoMore();
+    }
+}
+
+void SdlMicrophone::listenNoMore() {
     {
         const std::lock_guard<std::mutex> lock(heard->mutex);
         heard->open = false;

@@ -3,6 +3,7 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <iostream>
 #include <mutex>
 #include <utility>
 
@@ -128,10 +129,34 @@ bool SdlSpeaker::deliver() {
     if (due == kNever || due > nowMs()) {
         return false;
     }
+    if (!hasAllGoneOut()) {
+        tellLoss();
+        return true;
+    }
     HostSpeakerListener* const ending = listener;
     stop();
     ending->onClipEnd();
     return true;
+}
+
+bool SdlSpeaker::hasAllGoneOut() const {
+    const std::lock_guard<std::mutex> lock(playing->mutex);
+    return playing->endMs != kNever;
+}
+
+bool SdlSpeaker::lose(uint32_t lostDevice) {
+    if (listener == nullptr || lostDevice != device || !SdlAudio::hasDied(device)) {
+        return false;
+    }
+    tellLoss();
+    return true;
+}
+
+void SdlSpeaker::tellLoss() {
+    HostSpeakerListener* const losing = listener;
+    stop();
+    std::cerr << "murmelo: the speaker is gone\n";
+    losing->onDeviceLost();
 }
 
 void SdlSpeaker::setVolume(int32_t newVolume) {

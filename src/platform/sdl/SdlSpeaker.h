@@ -28,9 +28,13 @@ public:
     /// When to look next whether the clip has ended; kNever if none plays.
     int64_t dueMs();
 
-    /// Ends the clip if its last sample was heard, or its device has died and it would have been.
-    /// True if it did.
+    /// Ends the clip if its last sample was heard, or if its device takes nothing any more and it
+    /// would have been: then the device is lost. True if it did.
     bool deliver();
+
+    /// SDL says that this device of its own died. True if it was the one that plays: then that was
+    /// said on standard error and the listener was called.
+    bool lose(uint32_t lostDevice);
 
     bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) override;
     void setVolume(int32_t newVolume) override;
@@ -46,6 +50,8 @@ private:
 
     static void onWanted(void* playing, uint8_t* bytes, int byteCount);
     void setPaused(bool paused);
+    bool hasAllGoneOut() const;
+    void tellLoss();
 
     SdlAudio& audio;
     std::string name;

@@ -12,7 +12,10 @@ class End : public HostSpeakerListener {
 public:
     void onClipEnd() override { ends++; }
 
+    void onDeviceLost() override { losses++; }
+
     int32_t ends = 0;
+    int32_t losses = 0;
 };
 
 class FileSpeakerTest : public testing::Test {
@@ -103,4 +106,20 @@ TEST_F(FileSpeakerTest, nothingIsHeardWithoutAFile) {
 
 TEST_F(FileSpeakerTest, aPlaceThatCannotBeWrittenShowsAtOnce) {
     EXPECT_NE("", speaker.openFile(folders.path("missing/a.wav")));
+}
+
+TEST_F(FileSpeakerTest, aLostSpeakerKeepsWhatWasPlayedAndTellsNoEnd) {
+    ASSERT_EQ("", speaker.openFile(folders.path("heard.wav")));
+    EXPECT_FALSE(speaker.lose());
+    speaker.play(clipOf(samples, 8000), end);
+    nowMs = 50;
+    EXPECT_TRUE(speaker.lose());
+    EXPECT_EQ(1, end.losses);
+    nowMs = 1000;
+    EXPECT_FALSE(speaker.deliver());
+    EXPECT_FALSE(speaker.lose());
+    EXPECT_EQ(0, end.ends);
+    EXPECT_EQ("", speaker.finishFile());
+    EXPECT_EQ(TestSounds::part(samples, 0, 400), file("heard.wav"));
+    EXPECT_TRUE(speaker.play(clipOf(samples, 8000), end));  // the next clip finds a speaker
 }

@@ -40,6 +40,7 @@ TEST(Script, namesTheLineOfAMistake) {
     EXPECT_EQ("line 1: \"tap\" wants more", mistakeIn("tap 5"));
     EXPECT_EQ("line 1: \"6\" is too much", mistakeIn("wait 5 6"));
     EXPECT_EQ("line 1: \"swipe\" wants left or right", mistakeIn("swipe up"));
+    EXPECT_EQ("line 1: \"lose\" wants microphone or speaker", mistakeIn("lose voice"));
     EXPECT_EQ("line 1: the calls of an operation count from 1", mistakeIn("fail File.Write 0"));
     EXPECT_EQ("line 1: time does not go back", mistakeIn("wait -5"));
 }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
 
 using Osp::Base::ByteBuffer;
 using Osp::Media::AudioIn;
@@ -27,7 +28,9 @@ public:
         }
     }
 
-    void OnAudioInErrorOccurred(Osp::Media::AudioInErrorReason) override {}
+    void OnAudioInErrorOccurred(Osp::Media::AudioInErrorReason) override {
+        sizesAtError.push_back(static_cast<int32_t>(sizes.size()));
+    }
 
     void OnAudioInInterrupted() override {}
 
@@ -35,6 +38,7 @@ public:
 
     std::vector<ByteBuffer*> buffers;
     std::vector<int32_t> sizes;
+    std::vector<int32_t> sizesAtError;  // how many buffers had come before each error
     Samples heard;
     std::function<void()> onFilled;
 };
@@ -80,7 +84,13 @@ public:
 
     void OnPlayerBuffering(int32_t) override {}
 
-    void OnPlayerErrorOccurred(Osp::Media::PlayerErrorReason) override {}
+    void OnPlayerErrorOccurred(Osp::Media::PlayerErrorReason) override {
+        errors++;
+        endsAtError = ends;
+        if (onError) {
+            onError();
+        }
+    }
 
     void OnPlayerInterrupted() override {}
 
@@ -89,8 +99,11 @@ public:
     void OnPlayerSeekCompleted(result) override {}
 
     int32_t ends = 0;
+    int32_t errors = 0;
+    int32_t endsAtError = -1;
     int32_t opened = 0;
     std::function<void()> onEnd;
+    std::function<void()> onError;
 };
 
 class PlayerTest : public testing::Test {
@@ -242,6 +255,55 @@ TEST_F(AudioInTest, aListenerMayResetTheRecorderThatIsBeingStopped) {
     in.Stop();
     EXPECT_EQ(1U, ear.sizes.size());
     EXPECT_EQ(Osp::Media::AUDIOIN_STATE_STOPPED, in.GetState());
+}
+
+TEST_F(AudioInTest, aLostMicrophoneDeliversWhatItHeardAndThenTheError) {
+    AudioIn in;
+    start(in);
+    host.nowMs += 150;
+    EXPECT_TRUE(host.ears.lose());
+    EXPECT_EQ((std::vector<int32_t>{3200, 1600}), ear.sizes);
+    EXPECT_EQ((std::vector<int32_t>{2}), ear.sizesAtError);
+    EXPECT_EQ(TestSounds::part(voice, 0, 2400), ear.heard);
+    host.pass(1000);
+    EXPECT_EQ(2U, ear.sizes.size());
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_RECORDING, in.GetState());
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_EQ(Osp::Media::AUDIOIN_STATE_STOPPED, in.GetState());
+    EXPECT_EQ(2U, ear.sizes.size());
+    EXPECT_EQ(1U, ear.sizesAtError.size());
+}
+
+TEST_F(AudioInTest, aMicrophoneLostBeforeItHeardAnythingOnlyTellsTheError) {
+    AudioIn in;
+    start(in);
+    EXPECT_TRUE(host.ears.lose());
+    EXPECT_EQ((std::vector<int32_t>{0}), ear.sizesAtError);
+    EXPECT_FALSE(host.ears.lose());
+}
+
+TEST_F(AudioInTest, aListenerMayDeleteOrStopTheRecorderWhoseMicrophoneIsLost) {
+    for (const bool deletes : {true, false}) {
+        auto* in = new AudioIn();
+        start(*in);
+        bool first = true;
+        ear.onFilled = [&] {
+            if (!std::exchange(first, false)) {
+                return;
+            }
+            if (deletes) {
+                delete in;
+                in = nullptr;
+            } else {
+                EXPECT_EQ(E_SUCCESS, in->Stop());
+            }
+        };
+        host.nowMs += 150;
+        EXPECT_TRUE(host.ears.lose());
+        EXPECT_TRUE(ear.sizesAtError.empty());  // there is no recording any more
+        ear.onFilled = nullptr;
+        delete in;
+    }
 }
 
 TEST_F(AudioInTest, onlyThePhonesOwnFormatIsPrepared) {
@@ -454,6 +516,53 @@ TEST_F(PlayerTest, aListenerMayDeleteThePlayer) {
     };
     host.pass(1000);
     EXPECT_EQ(nullptr, player);
+}
+
+TEST_F(PlayerTest, aLostSpeakerTellsTheErrorAndThenTheEnd) {
+    for (const bool paused : {false, true}) {
+        end = {};
+        Player player;
+        start(player);
+        host.pass(300);
+        if (paused) {
+            player.Pause();
+        }
+        EXPECT_TRUE(host.voice.lose());
+        EXPECT_EQ(1, end.errors);
+        EXPECT_EQ(0, end.endsAtError);
+        EXPECT_EQ(1, end.ends);
+        EXPECT_EQ(Osp::Media::PLAYER_STATE_ENDOFCLIP, player.GetState());
+        host.pass(2000);
+        EXPECT_EQ(1, end.ends);
+    }
+    EXPECT_EQ(2U * 2400, played().size());
+}
+
+TEST_F(PlayerTest, theEndFollowsTheErrorEvenIfThePlayerIsClosedBetweenThem) {
+    Player player;
+    start(player);
+    end.onError = [&] { EXPECT_EQ(E_SUCCESS, player.Close()); };
+    EXPECT_TRUE(host.voice.lose());
+    EXPECT_EQ(1, end.ends);
+    EXPECT_EQ(Osp::Media::PLAYER_STATE_CLOSED, player.GetState());
+}
+
+TEST_F(PlayerTest, theEndDoesNotFollowTheErrorIfThePlayerIsDeletedOrPlaysAgain) {
+    for (const bool deletes : {true, false}) {
+        auto* player = new Player();
+        start(*player);
+        end.onError = [&] {
+            if (deletes) {
+                delete player;
+                player = nullptr;
+            } else {
+                EXPECT_EQ(E_SUCCESS, player->Play());
+            }
+        };
+        EXPECT_TRUE(host.voice.lose());
+        EXPECT_EQ(0, end.ends);
+        delete player;
+    }
 }
 
 TEST_F(PlayerTest, anEmptyClipEndsAtOnce) {

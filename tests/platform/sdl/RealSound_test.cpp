@@ -270,6 +270,8 @@ TEST_F(RealSound, devicesAreChosenByName) {
             int32_t samplesWanted() override { return 1; }
 
             void onSamples() override {}
+
+            void onDeviceLost() override {}
         } listener;
 
         EXPECT_EQ(known, microphone.start(listener));

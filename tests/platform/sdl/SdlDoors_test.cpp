@@ -18,6 +18,8 @@ public:
 
     bool navigate(HostKey) override { return false; }
 
+    bool stopRecording() override { return false; }
+
     bool saveSound() override {
         saves++;
         return open;

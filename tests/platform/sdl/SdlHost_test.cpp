@@ -43,15 +43,21 @@ public:
 
     void onSamples() override { calls++; }
 
+    void onDeviceLost() override { losses++; }
+
     int32_t wanted = 1600;
     int32_t calls = 0;
+    int32_t losses = 0;
 };
 
 class End : public HostSpeakerListener {
 public:
     void onClipEnd() override { ends++; }
 
+    void onDeviceLost() override { losses++; }
+
     int32_t ends = 0;
+    int32_t losses = 0;
 };
 
 class SdlHostTest : public testing::Test {
@@ -249,6 +255,27 @@ TEST_F(SdlHostTest, aStoppedClipDoesNotEnd) {
     host->speaker()->stop();
     run(800);
     EXPECT_EQ(0, end.ends);
+}
+
+TEST_F(SdlHostTest, theLossOfAnOlderDeviceOfTheSameNumberIsNotThatOfThisOne) {
+    folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
+    open();
+    Ear ear;
+    ear.wanted = 0;
+    End end;
+    host->microphone()->start(ear);
+    host->speaker()->play(clipOf(TestSounds::noise(16000)), end);
+    for (uint32_t number = 0; number < 10; number++) {
+        SDL_Event event{};
+        event.type = SDL_AUDIODEVICEREMOVED;
+        event.adevice.which = number;
+        SDL_PushEvent(&event);
+    }
+    run(100);
+    EXPECT_EQ(0, ear.losses);
+    EXPECT_EQ(0, end.losses);
+    host->microphone()->stop();
+    host->speaker()->stop();
 }
 
 TEST_F(SdlHostTest, aPausedClipWaitsAndGoesOn) {

@@ -31,6 +31,8 @@ public:
 
     int32_t currentEffect() override { return 0; }
 
+    bool stopRecording() override { return false; }
+
     bool saveSound() override { return false; }
 
     bool useSound(const int16_t*, int32_t) override { return false; }
