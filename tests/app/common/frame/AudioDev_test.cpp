@@ -254,6 +254,21 @@ TEST_F(AudioDevTest, stoppingWhenNothingRecordsIsRefused) {
     EXPECT_FALSE(AudioDev::stopRec());
 }
 
+TEST_F(AudioDevTest, itsStatesHaveTheNumbersOneToFour) {
+    EXPECT_EQ(1, AudioDev::state);
+    ASSERT_TRUE(AudioDev::initRec(&takePath));
+    EXPECT_EQ(2, AudioDev::state);
+    ASSERT_TRUE(AudioDev::startRec());
+    EXPECT_EQ(3, AudioDev::state);
+    ASSERT_TRUE(AudioDev::stopRec());
+    EXPECT_EQ(1, AudioDev::state);
+    String event("EndOfMedia");
+    ASSERT_TRUE(AudioDev::startPlay(&takePath, &event));
+    EXPECT_EQ(4, AudioDev::state);
+    ASSERT_TRUE(AudioDev::stopPlay());
+    EXPECT_EQ(1, AudioDev::state);
+}
+
 TEST_F(AudioDevTest, aLateBufferMendsTheHeaderAndKeepsTheStart) {
     record(750);
     AudioDev::pRecorder->Stop();  // as a device does whose last buffers are still under way

@@ -46,6 +46,14 @@ TEST_F(ProgressTest, fillsInProportion) {
     EXPECT_EQ(0, filled());
 }
 
+TEST_F(ProgressTest, beginsToFillWithASingleColumn) {
+    const int32_t first = (1024 + inner() - 1) / inner();  // the least that is a column
+    Progress::paintProgress(first - 1);
+    EXPECT_EQ(0, filled());
+    Progress::paintProgress(first);
+    EXPECT_EQ(1, filled());
+}
+
 TEST_F(ProgressTest, isFullAt1024AndNotBefore) {
     Progress::paintProgress(0);
     const uint32_t trough = pixelAt(inner() + 1);

@@ -113,6 +113,16 @@ TEST_F(SaveTest, aStaleResultIsMadeAnewFirst) {
     EXPECT_FALSE(folders.has("home/Murmelo/rec_00001.wav"));
 }
 
+TEST_F(SaveTest, theWorkOnAStaleResultHasAnEmptyHeader) {
+    haveResult();
+    G::setLastPlayedFx(-1);
+    enter(G::statePlay);
+    State::setState(G::stateSave, true, true);
+    ASSERT_EQ("Process", screen());
+    EXPECT_FALSE(Header::arrows);
+    EXPECT_FALSE(Header::fxName);
+}
+
 TEST_F(SaveTest, withoutAResultOneIsMadeFirst) {
     enter(G::stateSave);
     EXPECT_EQ("Save", screen());
