@@ -10,7 +10,7 @@
 //     if (SafeFile::finish(fd) && SafeFile::replace(fresh, target)) { it is saved }
 //     else { unlink(fresh) }
 //
-// Whoever makes and renames the file in another way calls syncFolderOf(target) after the rename:
+// Code that makes and renames the file in another way calls syncFolderOf(target) after the rename:
 // until then a power cut can bring back the old name. Every operation that fails leaves the reason
 // in errno.
 #pragma once

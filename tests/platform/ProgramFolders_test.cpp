@@ -78,7 +78,7 @@ TEST_F(ProgramFoldersTest, withoutADesktopItIsMusicIfThereIsSuchAFolder) {
     folders.makeFolder("user/Music");
     EXPECT_EQ(real("user/Music"), find().home);
     ASSERT_EQ(0, mkfifo(folders.path("user/.config/user-dirs.dirs").c_str(), 0600));
-    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);  // names nothing, and nobody waits
+    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);  // it names nothing
 }
 
 TEST_F(ProgramFoldersTest, theSoundFolderIsBelowTheHome) {

@@ -82,7 +82,7 @@ result renameToFree(const std::string& from, const std::string& to) {
         return errno == EEXIST ? E_FILE_ALREADY_EXIST : E_FAILURE;
     }
     if (!renameOver(from, to)) {
-        unlink(to.c_str());  // no empty sound is left behind
+        unlink(to.c_str());  // an empty sound is of no use
         return E_FAILURE;
     }
     return E_SUCCESS;
