@@ -18,6 +18,9 @@ import time
 
 SKIPPED = 77
 CUT_SHORT = "murmelo-headless: the take is cut short: "
+# What the host says besides, while the program goes on.
+SAID = (CUT_SHORT, "murmelo-headless: only ", "murmelo-headless: the folder ", "murmelo-headless: the microphone ",
+        "murmelo-headless: the speaker ")
 CRASH_STATUS = 97  # of a program that a sanitizer ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
 ASLEEP_SECONDS = 60  # that it may sleep without using any
@@ -70,9 +73,9 @@ class Outcome:
 
     def __init__(self, status, complaint, seconds_out=False):
         lines = complaint.splitlines(True)
-        self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]  # said besides, and no end
+        self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]
         self.status = status
-        self.complaint = "".join(line for line in lines if line not in self.cut_short)
+        self.complaint = "".join(line for line in lines if not line.startswith(SAID))
         self.seconds_out = seconds_out
 
     def kind(self):
