@@ -10,7 +10,9 @@
 
 namespace {
 
-constexpr int32_t kClosingMs = 1000;  // a healthy device needs a tenth of this
+// A healthy device needs half of this: before it is closed it plays what it has taken, up to three
+// of its chunks.
+constexpr int32_t kClosingMs = 1500;
 
 int isCapture(SdlAudio::Kind kind) {
     return kind == SdlAudio::Kind::kMicrophone ? 1 : 0;
@@ -70,11 +72,18 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
     if (!begin()) {
         return 0;
     }
-    if (!waitForWork(kClosingMs)) {  // the same device may be still on its way out
-        return 0;
+    bool inTime = false;
+    uint32_t device = tryToOpen(kind, name, wanted, inTime);
+    // A device that only one program at a time may use can be still on its way out.
+    if (device == 0 && inTime && isBusy() && waitForWork(kClosingMs)) {
+        device = tryToOpen(kind, name, wanted, inTime);
     }
+    return device;
+}
 
-    // Whoever comes second cleans up: the thread that opens, or this one that waits for it.
+uint32_t
+SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wanted, bool& inTime) {
+    // Whichever comes second cleans up: the thread that opens, or this one that waits for it.
     struct Opening {
         std::mutex mutex;
         SDL_AudioDeviceID device = 0;
@@ -82,7 +91,7 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
     };
 
     const auto opening = std::make_shared<Opening>();
-    doPatiently([opening, name, wanted, kind] {
+    inTime = doPatiently([opening, name, wanted, kind] {
         const SDL_AudioDeviceID device = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(),
                                                              isCapture(kind), &wanted, nullptr, 0);
         const std::lock_guard<std::mutex> lock(opening->mutex);
@@ -118,8 +127,15 @@ void SdlAudio::start(std::function<void()> piece) {
 }
 
 bool SdlAudio::doPatiently(std::function<void()> piece) {
-    start(std::move(piece));
-    return waitForWork(kPatienceMs);
+    const auto done = std::make_shared<bool>(false);
+    start([piece = std::move(piece), done, shared = work] {
+        piece();
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        *done = true;
+    });
+    std::unique_lock<std::mutex> lock(work->mutex);
+    return work->done.wait_for(lock, std::chrono::milliseconds(kPatienceMs),
+                               [done] { return *done; });
 }
 
 bool SdlAudio::isBusy() {

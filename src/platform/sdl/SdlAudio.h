@@ -66,6 +66,9 @@ private:
     /// Waits until all of it is done. False if it is not after so long.
     bool waitForWork(int32_t ms);
 
+    uint32_t
+    tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wanted, bool& inTime);
+
     /// Does a piece of work there and waits for it. False after kPatienceMs; then it goes on.
     bool doPatiently(std::function<void()> piece);
     bool isBusy();

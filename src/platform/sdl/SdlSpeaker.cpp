@@ -11,23 +11,18 @@ namespace {
 
 constexpr int64_t kMsPerSecond = 1000;
 
-// How often the device asks for samples. Longer, and the end of a clip is told late and a stop is
-// heard late; shorter, and a busy machine stutters.
-constexpr int32_t kChunksPerSecond = 16;
+// How often the device asks for samples, at least. Less often, and a stop, a volume and the end of
+// a clip come later; sixteen times a second, and a machine that is busy eight times over stutters.
+constexpr int32_t kChunksPerSecond = 4;
+
+constexpr int32_t kMinChunkSamples = 64;
+constexpr int32_t kMaxChunkSamples = 1 << 15;  // what SDL's 16 bits can say
 
 // From handing over samples to hearing the last of them: one chunk that plays, one that waits.
 constexpr int64_t kChunksUnderWay = 2;
 
 // A device that has asked for nothing for so long, beyond what it still had to play, is dead.
 constexpr int64_t kDeadAfterMs = 1500;
-
-uint16_t chunkSamples(int32_t rateHz) {
-    uint16_t samples = 64;
-    while (samples * kChunksPerSecond < rateHz) {
-        samples = static_cast<uint16_t>(2 * samples);
-    }
-    return samples;
-}
 
 }  // namespace
 
@@ -84,6 +79,14 @@ bool SdlSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener&
     }
     listener = &newListener;
     return true;
+}
+
+uint16_t SdlSpeaker::chunkSamples(int32_t rateHz) {
+    int32_t samples = kMinChunkSamples;
+    while (samples * kChunksPerSecond < rateHz && samples < kMaxChunkSamples) {
+        samples *= 2;
+    }
+    return static_cast<uint16_t>(samples);
 }
 
 void SdlSpeaker::onWanted(void* playingState, uint8_t* bytes, int byteCount) {

@@ -1,4 +1,5 @@
-// The machine's speaker.
+// The machine's speaker. What its device has taken is heard in any case: a stop is silent after at
+// most a chunk.
 #pragma once
 
 #include "HostSound.h"
@@ -44,6 +45,10 @@ public:
     void resume() override { setPaused(false); }
 
     void stop() override;
+
+    /// Samples that the device asks for at a time, a power of two: a quarter of a second of sound
+    /// or up to twice as much, less at rates above 131,072 Hz.
+    static uint16_t chunkSamples(int32_t rateHz);
 
 private:
     struct Playing;

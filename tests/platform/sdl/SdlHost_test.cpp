@@ -305,3 +305,14 @@ TEST_F(SdlHostTest, withoutASoundSystemThereIsNoMicrophoneAndNoSpeaker) {
     run(50);
     EXPECT_EQ(0, end.ends);
 }
+
+TEST(SdlSpeaker, aChunkIsAQuarterOfASecondOrUpToTwiceAsMuch) {
+    for (const int32_t rateHz : {1000, 8000, 11025, 16000, 44100, 48000, 96000, 131072}) {
+        const int32_t samples = SdlSpeaker::chunkSamples(rateHz);
+        EXPECT_EQ(0, samples & (samples - 1)) << rateHz;
+        EXPECT_LE(rateHz, 4 * samples) << rateHz;
+        EXPECT_GT(2 * rateHz, 4 * samples) << rateHz;
+    }
+    EXPECT_EQ(2048, SdlSpeaker::chunkSamples(8000));
+    EXPECT_EQ(32768, SdlSpeaker::chunkSamples(192000));  // the highest that fits into 16 bits
+}
