@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# How the sources are compiled: with all that Debian's hardening=+all asks for, and with what CPPFLAGS bring from outside.
+# How the sources are compiled: with all that Debian's hardening=+all asks for, and with what CPPFLAGS and
+# LDFLAGS bring from outside.
 #
 #   build-flags.sh BUILD SOURCE
 build=$(realpath "$1") source=$(realpath "$2")
@@ -34,7 +35,8 @@ for flag in $hardening; do
 done
 
 # A builder of packages may ask for more than we do, and it is not taken back.
-CPPFLAGS='-DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3' cmake -S "$source" -B "$folder/configured" -G Ninja \
+LDFLAGS=-Wl,--defsym=murmelo_from_outside=1 \
+    CPPFLAGS='-DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3' cmake -S "$source" -B "$folder/configured" -G Ninja \
     -DCMAKE_BUILD_TYPE=Release -DMURMELO_TESTS=OFF -DMURMELO_TOOLS=OFF >"$folder/log" 2>&1 ||
     complain "configuring failed: $(cat "$folder/log")"
 for flag in -DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3; do
@@ -42,4 +44,22 @@ for flag in -DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3; do
     [ -z "$missing" ] || complain "CPPFLAGS has $flag, but it is missing for: $missing"
 done
 grep -q -- '-D_FORTIFY_SOURCE=2' "$folder/configured/compile_commands.json" && complain "level 3 was lowered to 2"
+
+# unlinked FLAG FOLDER: the programs of this build folder that are not linked with this flag.
+unlinked() {
+    python3 - "$1" "$2/build.ninja" <<'END_PYTHON'
+import re, shlex, sys
+flag, ninja = sys.argv[1:]
+# One paragraph for each program: "build NAME: CXX_EXECUTABLE_LINKER__... ", then its variables.
+links = re.findall(r"^build (\S+): CXX_EXECUTABLE_LINKER__.*\n((?: .*\n)*)", open(ninja).read(), re.M)
+if len(links) < 3:
+    print("only %d programs" % len(links))
+for name, variables in links:
+    flags = re.search(r"^ +LINK_FLAGS = (.*)$", variables, re.M)
+    if flag not in shlex.split(flags.group(1) if flags else ""):
+        print(name)
+END_PYTHON
+}
+missing=$(unlinked -Wl,--defsym=murmelo_from_outside=1 "$folder/configured")
+[ -z "$missing" ] || complain "LDFLAGS do not reach the link of: $missing"
 exit $wrong
