@@ -2,7 +2,6 @@
 
 #include "SafeFile.h"
 
-#include <cerrno>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
@@ -13,18 +12,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr mode_t kPermissionBits = 07777;
-
-bool writeAll(int fd, const std::string& text) {
-    size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t count = ::write(fd, text.data() + done, text.size() - done);
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-        done += count > 0 ? static_cast<size_t>(count) : 0;
-    }
-    return true;
-}
 
 /// The new file may be read and written by whom the old one was made for.
 void keepMode(int fd, const std::string& old) {
@@ -47,7 +34,7 @@ bool ReplacedFile::write(const std::string& path, const std::string& text) {
         return false;
     }
     keepMode(fd, target);
-    const bool written = writeAll(fd, text);
+    const bool written = SafeFile::writeAll(fd, text.data(), text.size());
     if (SafeFile::finish(fd) && written && SafeFile::replace(fresh, target)) {
         return true;
     }

@@ -13,29 +13,23 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
-constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more is a circle
-constexpr int kMaxAside = 100000;      // numbers that are tried
+constexpr mode_t kNewFolderMode = 0777;
+constexpr int kMaxLinks = 40;      // as many as a Linux kernel follows; more is a circle
+constexpr int kMaxAside = 100000;  // numbers that are tried
 
 bool liesAt(const std::string& path) {
     struct stat facts = {};
     return ::lstat(path.c_str(), &facts) == 0;
 }
 
-/// Renames to a name that nothing has. In one step where the file system has such a step.
-bool renameToFree(const std::string& from, const std::string& to) {
-#ifdef RENAME_NOREPLACE
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
-        return true;
+/// Takes a free name with an empty file, or with an empty folder if a folder is to get the name.
+bool takeName(const std::string& name, bool forFolder) {
+    if (forFolder) {
+        return ::mkdir(name.c_str(), kNewFolderMode) == 0;
     }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return false;
-    }
-#endif
-    if (liesAt(to)) {
-        errno = EEXIST;
-        return false;
-    }
-    return std::rename(from.c_str(), to.c_str()) == 0;
+    const int fd =
+        ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
+    return fd >= 0 && ::close(fd) == 0;
 }
 
 }  // namespace
@@ -64,6 +58,23 @@ int SafeFile::create(const std::string& path) {
     return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
 }
 
+bool SafeFile::writeAll(int fd, const void* bytes, size_t count) {
+    const auto* next = static_cast<const char*>(bytes);
+    while (count > 0) {
+        const ssize_t written = ::write(fd, next, count);
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            errno = written == 0 ? EIO : errno;
+            return false;
+        }
+        next += written;
+        count -= static_cast<size_t>(written);
+    }
+    return true;
+}
+
 bool SafeFile::finish(int fd) {
     const bool synced = ::fsync(fd) == 0;
     const int reason = errno;
@@ -75,7 +86,41 @@ bool SafeFile::finish(int fd) {
 }
 
 bool SafeFile::replace(const std::string& from, const std::string& to) {
-    return std::rename(from.c_str(), to.c_str()) == 0 && syncFolderOf(to);
+    return over(from, to) && syncFolderOf(to);
+}
+
+bool SafeFile::renameToFree(const std::string& from,
+                            const std::string& to,
+                            Step inOneStep,
+                            Step overEmpty) {
+    if (inOneStep(from, to)) {
+        return true;
+    }
+    struct stat facts = {};
+    if (errno == EEXIST || ::lstat(from.c_str(), &facts) != 0 ||
+        !takeName(to, S_ISDIR(facts.st_mode))) {
+        return false;  // whatever else was wrong, the longer way meets it too
+    }
+    if (overEmpty(from, to)) {
+        return true;
+    }
+    const int reason = errno;
+    std::remove(to.c_str());  // an empty file is of no use
+    errno = reason;
+    return false;
+}
+
+bool SafeFile::atOnce(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+    return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0;
+#else
+    errno = ENOSYS;
+    return false;
+#endif
+}
+
+bool SafeFile::over(const std::string& from, const std::string& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
 bool SafeFile::syncFolderOf(const std::string& path) {
@@ -93,12 +138,19 @@ bool SafeFile::syncFolderOf(const std::string& path) {
     return synced;
 }
 
-bool SafeFile::moveAside(const std::string& path) {
+bool SafeFile::moveAside(const std::string& path, std::string* newName) {
+    if (newName != nullptr) {
+        newName->clear();
+    }
     for (int number = 1; number <= kMaxAside; number++) {
         if (!liesAt(path)) {
             return errno == ENOENT;
         }
-        if (renameToFree(path, path + ".aside-" + std::to_string(number))) {
+        const std::string aside = path + ".aside-" + std::to_string(number);
+        if (renameToFree(path, aside)) {
+            if (newName != nullptr) {
+                *newName = aside;
+            }
             return true;
         }
         if (errno != EEXIST && errno != ENOENT) {
@@ -117,4 +169,8 @@ std::string SafeFile::whyNotOrdinary(const std::string& path) {
         return "is a folder";
     }
     return S_ISFIFO(facts.st_mode) ? "is a pipe" : "is a device";
+}
+
+std::string SafeFile::lastError() {
+    return std::error_code(errno, std::generic_category()).message();
 }

@@ -15,6 +15,7 @@
 // in errno.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 class SafeFile {
@@ -29,6 +30,9 @@ public:
     /// @returns a file descriptor for finish(), -1 on failure
     static int create(const std::string& path);
 
+    /// Writes every byte to a file, a pipe or a device, however many calls it takes.
+    static bool writeAll(int fd, const void* bytes, size_t count);
+
     /// Puts every byte onto the disk and closes the descriptor, also on failure.
     static bool finish(int fd);
 
@@ -37,16 +41,40 @@ public:
     /// cut.
     static bool replace(const std::string& from, const std::string& to);
 
+    /// One step of renaming: true on success, else errno says why it failed.
+    using Step = bool (*)(const std::string& from, const std::string& to);
+
+    /// Renames to a name that nothing has; errno is EEXIST if something has it. In one step where
+    /// the file system has such a step. Elsewhere an empty file (an empty folder for a folder)
+    /// takes the name first and is then renamed over: something that appears meanwhile is never
+    /// lost, unless it replaces that empty file, and a power cut in between leaves the empty file.
+    /// @param inOneStep  in place of atOnce(), for tests
+    /// @param overEmpty  in place of over(), for tests
+    static bool renameToFree(const std::string& from,
+                             const std::string& to,
+                             Step inOneStep = atOnce,
+                             Step overEmpty = over);
+
+    /// Renames in one step to a name that nothing has. Fails also where there is no such step.
+    static bool atOnce(const std::string& from, const std::string& to);
+
+    /// Renames over whatever has the name.
+    static bool over(const std::string& from, const std::string& to);
+
     /// Puts the names in the folder of this file onto the disk. File systems that cannot do that,
     /// and folders that may not be read, count as synced.
     static bool syncFolderOf(const std::string& path);
 
     /// Renames whatever lies there (a link itself, not what it leads to) to the first free name of
     /// "PATH.aside-1", "PATH.aside-2" and so on. True if nothing lies there afterwards.
-    static bool moveAside(const std::string& path);
+    /// @param newName  where it lies now; empty if nothing was moved. May be null.
+    static bool moveAside(const std::string& path, std::string* newName = nullptr);
 
     /// What a path leads to if it is no ordinary file, for a sentence: "is a folder", "is a pipe".
     /// Empty for ordinary files, and where nothing can be found out. Opens nothing: a pipe would
     /// wait for its other end.
     static std::string whyNotOrdinary(const std::string& path);
+
+    /// What errno says, in words.
+    static std::string lastError();
 };

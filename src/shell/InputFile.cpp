@@ -1,5 +1,7 @@
 #include "InputFile.h"
 
+#include "SafeFile.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -13,20 +15,6 @@ namespace {
 // A pipe that never ends must not fill the disk. No sound that an effect can take is this long.
 constexpr int64_t kMostPipedBytes = int64_t{1} << 30;
 constexpr size_t kBlockBytes = 1 << 16;
-
-bool writeAll(int fd, const char* bytes, int64_t count) {
-    while (count > 0) {
-        const ssize_t done = write(fd, bytes, static_cast<size_t>(count));
-        if (done < 0 && errno != EINTR) {
-            return false;
-        }
-        if (done > 0) {
-            bytes += done;
-            count -= done;
-        }
-    }
-    return true;
-}
 
 int64_t readSome(int fd, std::vector<char>& block) {
     ssize_t got = -1;
@@ -82,7 +70,8 @@ bool InputFile::keep(int pipe) {
     fd = kept;
     std::vector<char> block(kBlockBytes);
     int64_t got = readSome(pipe, block);
-    while (got > 0 && sizeBytes + got <= kMostPipedBytes && writeAll(kept, block.data(), got)) {
+    while (got > 0 && sizeBytes + got <= kMostPipedBytes &&
+           SafeFile::writeAll(kept, block.data(), static_cast<size_t>(got))) {
         sizeBytes += got;
         got = readSome(pipe, block);
     }

@@ -34,6 +34,17 @@ protected:
     TestFolders folders;
 };
 
+/// A file system that has no step for renaming to a free name.
+bool noStep(const std::string& /*from*/, const std::string& /*to*/) {
+    errno = EINVAL;
+    return false;
+}
+
+bool failsToRename(const std::string& /*from*/, const std::string& /*to*/) {
+    errno = EIO;
+    return false;
+}
+
 }  // namespace
 
 TEST_F(SafeFileTest, aFileIsReplacedAndNothingElseIsLeft) {
@@ -108,6 +119,53 @@ TEST_F(SafeFileTest, movingAsideTakesTheFirstFreeNumber) {
     EXPECT_EQ("first", folders.read("a.aside-1"));
     EXPECT_EQ("second", folders.read("a.aside-2"));
     EXPECT_EQ("third", folders.read("a.aside-3"));
+}
+
+TEST_F(SafeFileTest, movingAsideTellsTheNewName) {
+    std::string name = "before";
+    EXPECT_TRUE(SafeFile::moveAside(folders.path("a"), &name));
+    EXPECT_EQ("", name);
+    folders.write("a", "mine");
+    EXPECT_TRUE(SafeFile::moveAside(folders.path("a"), &name));
+    EXPECT_EQ(folders.path("a.aside-1"), name);
+}
+
+TEST_F(SafeFileTest, whateverIsRenamedToAFreeNameInTwoStepsArrivesWhole) {
+    folders.write("file", "mine");
+    folders.write("folder/inside", "mine");
+    link("nowhere", "link");
+    for (const std::string name : {"file", "folder", "link"}) {
+        const std::string to = folders.path("new " + name);
+        EXPECT_TRUE(SafeFile::renameToFree(folders.path(name), to, noStep)) << name;
+        EXPECT_FALSE(folders.has(name)) << name;
+    }
+    EXPECT_EQ("mine", folders.read("new file"));
+    EXPECT_EQ("mine", folders.read("new folder/inside"));
+    EXPECT_TRUE(isLink("new link"));
+}
+
+TEST_F(SafeFileTest, aNameThatIsTakenIsNotRenamedOverInTwoSteps) {
+    folders.write("file", "mine");
+    folders.write("taken", "foreign");
+    EXPECT_FALSE(SafeFile::renameToFree(folders.path("file"), folders.path("taken"), noStep));
+    EXPECT_EQ(EEXIST, errno);
+    EXPECT_EQ("mine", folders.read("file"));
+    EXPECT_EQ("foreign", folders.read("taken"));
+}
+
+TEST_F(SafeFileTest, aRenamingInTwoStepsThatFailsLeavesNothingEmpty) {
+    folders.write("file", "mine");
+    folders.makeFolder("folder");
+    for (const char* name : {"file", "folder"}) {
+        EXPECT_FALSE(
+            SafeFile::renameToFree(folders.path(name), folders.path("new"), noStep, failsToRename));
+        EXPECT_EQ(EIO, errno);
+        EXPECT_TRUE(folders.has(name));
+        EXPECT_FALSE(folders.has("new"));
+    }
+    EXPECT_FALSE(SafeFile::renameToFree(folders.path("missing"), folders.path("new"), noStep));
+    EXPECT_EQ(ENOENT, errno);
+    EXPECT_FALSE(folders.has("new"));
 }
 
 TEST_F(SafeFileTest, aLinkIsMovedAsideAndNotWhatItLeadsTo) {

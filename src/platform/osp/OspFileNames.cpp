@@ -18,23 +18,7 @@ namespace Osp::Io {
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
 constexpr size_t kCopyBytes = 16384;
-
-bool writeAll(int fd, const char* bytes, size_t count) {
-    while (count > 0) {
-        const ssize_t written = write(fd, bytes, count);
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written <= 0) {
-            return false;
-        }
-        bytes += written;
-        count -= static_cast<size_t>(written);
-    }
-    return true;
-}
 
 bool copyBytes(int source, int target) {
     std::array<char, kCopyBytes> bytes = {};
@@ -46,7 +30,7 @@ bool copyBytes(int source, int target) {
         if (count < 0 && errno == EINTR) {
             continue;
         }
-        if (count < 0 || !writeAll(target, bytes.data(), static_cast<size_t>(count))) {
+        if (count < 0 || !SafeFile::writeAll(target, bytes.data(), static_cast<size_t>(count))) {
             return false;
         }
     }
@@ -59,42 +43,41 @@ std::string besideOf(const std::string& target) {
 }
 
 bool renameOver(const std::string& from, const std::string& to) {
-    return !hostFails("File.Rename") && std::rename(from.c_str(), to.c_str()) == 0;
+    return !hostFails("File.Rename") && SafeFile::over(from, to);
 }
 
-/// Gives a file its name unless another file has it. In one step if the file system has such a
-/// step, else an empty file takes the name first; that way is not proof against somebody who
-/// replaces the empty file, nor against a power cut, which leaves it.
+bool renameAtOnce(const std::string& from, const std::string& to) {
+    if (hostFails("File.RenameToFree")) {
+        errno = ENOSYS;  // as where the file system has no such step
+        return false;
+    }
+    return SafeFile::atOnce(from, to);
+}
+
+/// Gives a file its name unless another file has it.
 result renameToFree(const std::string& from, const std::string& to) {
-#ifdef RENAME_NOREPLACE
-    if (!hostFails("File.RenameToFree")) {
-        if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
-            return E_SUCCESS;
-        }
-        if (errno == EEXIST) {
-            return E_FILE_ALREADY_EXIST;  // whatever else is wrong, the longer way meets it too
-        }
+    if (SafeFile::renameToFree(from, to, renameAtOnce, renameOver)) {
+        return E_SUCCESS;
     }
-#endif
-    const Descriptor empty(
-        open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode));
-    if (empty.get() < 0) {
-        return errno == EEXIST ? E_FILE_ALREADY_EXIST : E_FAILURE;
-    }
-    if (!renameOver(from, to)) {
-        unlink(to.c_str());  // an empty sound is of no use
-        return E_FAILURE;
-    }
-    return E_SUCCESS;
+    return errno == EEXIST ? E_FILE_ALREADY_EXIST : E_FAILURE;
 }
 
-bool moveAside(const std::string& path) {
-    return !hostFails("File.MoveAside") && SafeFile::moveAside(path);
+bool moveAside(const std::string& path, std::string* newName = nullptr) {
+    return !hostFails("File.MoveAside") && SafeFile::moveAside(path, newName);
 }
 
 /// What has the name of the target keeps its content under another name.
 result renameKeeping(const std::string& from, const std::string& to) {
-    return moveAside(to) ? renameToFree(from, to) : E_FAILURE;
+    std::string aside;
+    if (!moveAside(to, &aside)) {
+        return E_FAILURE;
+    }
+    const result r = renameToFree(from, to);
+    if (r != E_SUCCESS && !aside.empty()) {
+        // Something that has taken the name meanwhile stays; the old file then lies aside.
+        static_cast<void>(SafeFile::renameToFree(aside, to));
+    }
+    return r;
 }
 
 /// The name is on the disk too: after a power cut the target is the old file or the whole new one.

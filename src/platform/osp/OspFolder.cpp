@@ -2,12 +2,12 @@
 #include "Host.h"
 #include "OspIo.h"
 #include "RealPath.h"
+#include "SafeFile.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <dirent.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <utility>
 
 using Osp::Base::String;
@@ -17,10 +17,6 @@ namespace Osp::Io {
 namespace {
 
 constexpr mode_t kNewFolderMode = 0777;  // less what the user's mask takes away
-
-std::string lastError() {
-    return std::error_code(errno, std::generic_category()).message();
-}
 
 bool isFolder(const std::string& path) {
     struct stat status = {};
@@ -94,7 +90,8 @@ result Directory::Create(const String& path, bool createParentFolders) {
         mkdir(folder.substr(0, slash).c_str(), kNewFolderMode);
     }
     if (mkdir(folder.c_str(), kNewFolderMode) != 0) {
-        Host::current().say("the folder \"" + folder + "\" cannot be made: " + lastError());
+        Host::current().say("the folder \"" + folder +
+                            "\" cannot be made: " + SafeFile::lastError());
         return E_FAILURE;
     }
     return E_SUCCESS;

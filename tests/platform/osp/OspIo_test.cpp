@@ -497,6 +497,25 @@ TEST_F(OspIo, aCopyThatKeepsAndFailsLeavesTheOldFileInItsPlace) {
     EXPECT_EQ(both, namesIn("/Home/"));
 }
 
+TEST_F(OspIo, aCopyThatKeepsGivesTheOldFileItsNameBackIfTheNewOneCannotHaveIt) {
+    writeHome("from.txt", "new");
+    writeHome("to.txt", "old");
+    host.failNth("File.RenameToFree", 1);
+    host.failNth("File.Rename", 1);
+    EXPECT_EQ(E_FAILURE, File::CopyKeeping("/Home/from.txt", "/Home/to.txt"));
+    EXPECT_EQ("old", home("to.txt"));
+    EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home/"));
+}
+
+TEST_F(OspIo, aCopyThatKeepsLosesNeitherTheOldFileNorOneThatTakesItsName) {
+    writeHome("from.txt", "new");
+    writeHome("to.txt", "old");
+    host.onCall("File.RenameToFree", [this] { writeHome("to.txt", "foreign"); });
+    EXPECT_EQ(E_FILE_ALREADY_EXIST, File::CopyKeeping("/Home/from.txt", "/Home/to.txt"));
+    EXPECT_EQ("foreign", home("to.txt"));
+    EXPECT_EQ("old", home("to.txt.aside-1"));
+}
+
 TEST_F(OspIo, aCopyWhoseNameIsNotOnTheDiskFailsAndStays) {
     writeHome("from.txt", "new");
     host.failNth("File.SyncFolder", 1);
