@@ -34,13 +34,6 @@ private:
     sigset_t before = {};
 };
 
-/// A link stays a link: what it leads to is replaced.
-std::string behindLinks(const std::string& path) {
-    std::error_code error;
-    const fs::path real = fs::canonical(path, error);
-    return error ? path : real.string();
-}
-
 mode_t userMask() {
     const mode_t mask = umask(0);
     umask(mask);
@@ -65,7 +58,8 @@ bool OutputFile::open() {
     }
     struct stat facts = {};
     if (stat(path.c_str(), &facts) != 0) {
-        return openBeside();
+        // Links that go in a circle lead to no target that could be made.
+        return errno == ENOENT ? openBeside() : complain("cannot be written", errno);
     }
     if (S_ISDIR(facts.st_mode)) {
         return complain("cannot be written", EISDIR);
@@ -80,7 +74,7 @@ bool OutputFile::open() {
 }
 
 bool OutputFile::openBeside() {
-    path = behindLinks(path);
+    path = SafeFile::realTarget(path);  // a link stays a link
     const std::string name = (fs::path(path).parent_path() / ".murmelo-fx.XXXXXX").string();
     if (name.size() >= kPathBytes) {
         return complain("cannot be written", ENAMETOOLONG);
@@ -102,18 +96,10 @@ bool OutputFile::openBeside() {
 }
 
 bool OutputFile::write(const void* bytes, size_t count) {
-    const auto* next = static_cast<const char*>(bytes);
-    while (count > 0 && fd >= 0) {
-        const ssize_t done = ::write(fd, next, count);
-        if (done < 0 && errno != EINTR) {
-            return complain("cannot be written", errno);
-        }
-        if (done > 0) {
-            next += done;
-            count -= static_cast<size_t>(done);
-        }
+    if (fd < 0) {
+        return count == 0;
     }
-    return count == 0;
+    return SafeFile::writeAll(fd, bytes, count) || complain("cannot be written", errno);
 }
 
 bool OutputFile::commit() {

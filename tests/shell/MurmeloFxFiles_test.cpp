@@ -439,6 +439,26 @@ TEST_F(MurmeloFxFiles, newFilesObeyTheMaskAndReplacedOnesKeepTheirMode) {
     EXPECT_EQ(0604U, mode("new.wav"));
 }
 
+TEST_F(MurmeloFxFiles, aLinkToNothingYetStaysALink) {
+    folders.makeFolder("sub");
+    fs::create_symlink("sub/target.wav", path("link.wav"));
+    EXPECT_EQ(0, run({"low", good, path("link.wav")}).status);
+    EXPECT_TRUE(fs::is_symlink(path("link.wav")));
+    EXPECT_FALSE(shell::samplesOf(folders.read("sub/target.wav")).empty());
+    EXPECT_EQ(1, filesIn(path("sub")));
+    folders.remove("sub");
+    expectFailure(run({"low", good, path("link.wav")}), path("link.wav"), "No such file");
+    EXPECT_TRUE(fs::is_symlink(path("link.wav")));
+}
+
+TEST_F(MurmeloFxFiles, linksThatGoInACircleStay) {
+    fs::create_symlink("b.wav", path("a.wav"));
+    fs::create_symlink("a.wav", path("b.wav"));
+    expectFailure(run({"low", good, path("a.wav")}), path("a.wav"), "symbolic links");
+    EXPECT_TRUE(fs::is_symlink(path("a.wav")));
+    EXPECT_TRUE(fs::is_symlink(path("b.wav")));
+}
+
 TEST_F(MurmeloFxFiles, anInterruptLeavesNothingBehind) {
     const std::string out = file("out/out.wav", "precious");
     // The tool waits for a pipe that the shell holds open, until the signal has come.
