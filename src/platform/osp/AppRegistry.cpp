@@ -10,10 +10,8 @@
 #include <charconv>
 #include <cstdio>
 #include <fcntl.h>
-#include <filesystem>
 #include <system_error>
-
-namespace fs = std::filesystem;
+#include <unistd.h>
 
 namespace Osp::App {
 
@@ -23,17 +21,14 @@ constexpr const char* kFileName = "settings";
 constexpr const char* kDamaged = ".damaged";             // after the name of what was set aside
 constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
 
-std::string lastError() {
-    return std::error_code(errno, std::generic_category()).message();
-}
-
-/// Renames damaged settings, so that they can be looked at; a symbolic link to them stays. @returns
-/// empty, or why that failed
+/// Renames damaged settings, so that they can be looked at; a symbolic link to them stays. The
+/// first ones become NAME.damaged, later ones NAME.aside-N: each may be the user's only copy.
+/// @returns empty, or why that failed
 std::string setAside(const std::string& path) {
     const std::string target = SafeFile::realTarget(path);
-    std::error_code error;
-    fs::rename(target, target + kDamaged, error);
-    return error ? error.message() : "";
+    const bool moved = SafeFile::renameToFree(target, target + kDamaged) ||
+                       (errno == EEXIST && SafeFile::moveAside(target));
+    return moved ? "" : SafeFile::lastError();
 }
 
 bool isKey(const std::string& text) {
@@ -84,10 +79,16 @@ std::FILE* openToRead(const std::string& path, std::string& wrong) {
     }
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     std::FILE* file = fd >= 0 ? ::fdopen(fd, "rb") : nullptr;
-    if (file == nullptr && errno != ENOENT && errno != ENOTDIR) {
-        wrong = lastError();
+    if (file != nullptr) {
+        return file;
     }
-    return file;
+    if (errno != ENOENT && errno != ENOTDIR) {
+        wrong = SafeFile::lastError();
+    }
+    if (fd >= 0) {
+        ::close(fd);
+    }
+    return nullptr;
 }
 
 /// The text of a small file, as far as it can be one of ours; wrong says why it cannot be read.
@@ -99,7 +100,7 @@ std::string readFile(const std::string& path, std::string& wrong) {
     std::string text(kLargestFileBytes + 1, '\0');
     text.resize(std::fread(text.data(), 1, text.size(), file));
     if (std::ferror(file) != 0) {
-        wrong = lastError();
+        wrong = SafeFile::lastError();
     }
     std::fclose(file);
     return text;

@@ -22,9 +22,10 @@ using RequestId = int32_t;
 /// returns.
 class AppRegistry {
 public:
-    /// Reads the settings. A file that is damaged is set aside as "settings.damaged" and the
-    /// registry starts empty. It starts empty too if the file cannot be read; the host says so, and
-    /// the file stays as it is for this run.
+    /// Reads the settings. A file that is damaged is set aside as "settings.damaged" (as
+    /// "settings.aside-1" and so on if that name is taken) and the registry starts empty. It starts
+    /// empty too if the file cannot be read; the host says so, and the file stays as it is for this
+    /// run.
     /// @param folder  real folder, made when something is first written; empty keeps nothing
     void Open(const std::string& folder);
 

@@ -193,10 +193,23 @@ TEST_F(AppRegistryTest, aCircleOfLinksIsNotDamaged) {
 }
 
 TEST_F(AppRegistryTest, aDamagedFileThatCannotBeSetAsideStays) {
-    folders.makeFolder("config/settings.damaged/full");
-    openOn("nonsense\n");
-    expectOutOfReach("directory");
-    EXPECT_EQ("nonsense\n", folders.read("config/settings"));
+    const std::string longest(255, 'n');  // no longer name is possible
+    folders.write("config/" + longest, "nonsense\n");
+    link(longest, "config/settings");
+    open();
+    expectOutOfReach("too long");
+    EXPECT_EQ("nonsense\n", folders.read("config/" + longest));
+    EXPECT_EQ((std::vector<std::string>{longest, "settings"}), namesIn("config"));
+}
+
+TEST_F(AppRegistryTest, everyDamagedFileIsKept) {
+    for (const char* text : {"first\n", "second\n", "third\n"}) {
+        openOn(text);
+    }
+    EXPECT_EQ("first\n", folders.read("config/settings.damaged"));
+    EXPECT_EQ("second\n", folders.read("config/settings.aside-1"));
+    EXPECT_EQ("third\n", folders.read("config/settings.aside-2"));
+    EXPECT_TRUE(host.said.empty());
 }
 
 TEST_F(AppRegistryTest, aLinkIsWrittenThrough) {
