@@ -24,10 +24,6 @@ std::string environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
-std::string lastError() {
-    return std::error_code(errno, std::generic_category()).message();
-}
-
 /// The folder of an XDG variable, or the given one below the user's home.
 std::string xdgFolder(const char* variable, const char* otherwise) {
     const std::string folder = environment(variable);
@@ -148,18 +144,29 @@ ProgramFolders::find(const std::string& home, const std::string& config, HostFol
 std::string ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
     const std::string folder = folders.sounds();
     std::error_code error;
-    if (!fs::is_directory(folder, error) || ::access(folder.c_str(), W_OK | X_OK) == 0) {
+    if (!fs::is_directory(folder, error)) {
         return "";
     }
-    return "the sound folder \"" + folder + "\" cannot be written: " + lastError();
+    if (::access(folder.c_str(), W_OK | X_OK) != 0) {
+        return "the sound folder \"" + folder + "\" cannot be written: " + SafeFile::lastError();
+    }
+    // A save looks for the next free number in it.
+    if (::access(folder.c_str(), R_OK) != 0) {
+        return "the sound folder \"" + folder + "\" cannot be read: " + SafeFile::lastError();
+    }
+    return "";
 }
 
 int64_t ProgramFolders::freeBytes(const HostFolders& folders) {
     struct statvfs facts {};
 
-    if (::statvfs(folders.sounds().c_str(), &facts) != 0 &&
-        ::statvfs(folders.home.c_str(), &facts) != 0) {
-        return -1;
+    // A folder that is still to be made will lie on the disk of the folder above it.
+    fs::path folder = folders.sounds();
+    while (::statvfs(folder.c_str(), &facts) != 0) {
+        if (!folder.has_relative_path()) {
+            return -1;
+        }
+        folder = folder.parent_path();
     }
     return static_cast<int64_t>(facts.f_bavail) * static_cast<int64_t>(facts.f_frsize);
 }
@@ -181,17 +188,18 @@ std::string HomeLock::take(const std::string& home) {
             ::close(file);
         }
         file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
-        if ((file < 0 && errno == ELOOP) || !isOrdinary()) {
+        if (!isOrdinary()) {
             return "\"" + path + "\" is not the file that keeps a second program out: take it away";
         }
         // An old lock can still be opened where nothing new can be made.
         if (file < 0 || ::access(home.c_str(), W_OK) != 0) {
-            return "the home folder \"" + home + "\" cannot be written: " + lastError();
+            return "the home folder \"" + home + "\" cannot be written: " + SafeFile::lastError();
         }
         if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
             return errno == EWOULDBLOCK
                        ? "Murmelo is already running with the home folder \"" + home + "\""
-                       : "the home folder \"" + home + "\" cannot be locked: " + lastError();
+                       : "the home folder \"" + home +
+                             "\" cannot be locked: " + SafeFile::lastError();
         }
         isHeld = isStillAt(path);
     }
@@ -199,9 +207,15 @@ std::string HomeLock::take(const std::string& home) {
 }
 
 bool HomeLock::isOrdinary() const {
-    struct stat mine {};
+    const int reason = errno;
 
-    return file < 0 || (::fstat(file, &mine) == 0 && S_ISREG(mine.st_mode));
+    struct stat facts {};
+
+    // What cannot be opened may be something else as well: a folder, a socket, a link.
+    const bool isThere =
+        file >= 0 ? ::fstat(file, &facts) == 0 : ::lstat(path.c_str(), &facts) == 0;
+    errno = reason;
+    return isThere ? S_ISREG(facts.st_mode) : file < 0;
 }
 
 bool HomeLock::isStillAt(const std::string& place) const {
@@ -214,8 +228,14 @@ bool HomeLock::isStillAt(const std::string& place) const {
 }
 
 std::string FolderLocks::take(const HostFolders& folders) {
-    const std::string wrong = home.take(folders.home);
+    std::string wrong = home.take(folders.home);
     std::error_code error;
+    if (wrong.empty() && !folders.soundFolder.empty()) {
+        // One that is still to be made is made now: another home may lead to it as well. Where that
+        // fails, the program says so when it needs the folder.
+        fs::create_directory(folders.soundFolder, error);
+        error.clear();
+    }
     const bool elsewhere = fs::is_directory(folders.soundFolder, error) &&
                            !fs::equivalent(folders.soundFolder, folders.home, error);
     // One that cannot be written needs no lock; the program says so in its own way.

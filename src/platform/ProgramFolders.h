@@ -20,11 +20,12 @@ public:
     static std::string
     find(const std::string& home, const std::string& config, HostFolders& folders);
 
-    /// Why the sound folder cannot be used, as one sentence that names it; empty if it can, or is
-    /// still to be made.
+    /// Why the sound folder cannot be written or read, as one sentence that names it; empty if it
+    /// can, or is still to be made.
     static std::string whySoundsCannotBeKept(const HostFolders& folders);
 
-    /// Bytes that this user can still write where the sounds lie, -1 if unknown.
+    /// Bytes that this user can still write where the sounds lie, or will lie once their folder is
+    /// made; -1 if unknown.
     static int64_t freeBytes(const HostFolders& folders);
 };
 
@@ -42,7 +43,7 @@ public:
     std::string take(const std::string& home);
 
 private:
-    /// False if a pipe or a device was opened.
+    /// False if something that is no ordinary file has the name of the lock. Leaves errno alone.
     bool isOrdinary() const;
 
     /// False once the file was taken away, or another one lies in its place.
@@ -57,6 +58,7 @@ private:
 /// another home may lead to as well.
 class FolderLocks {
 public:
+    /// Makes a sound folder that lies elsewhere if it is missing, so that it can be locked too.
     /// @returns empty, or one sentence as HomeLock::take
     std::string take(const HostFolders& folders);
 

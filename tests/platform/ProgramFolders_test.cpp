@@ -4,10 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -45,6 +49,27 @@ protected:
 
     std::string real(const std::string& name) const {
         return std::filesystem::canonical(folders.path(name)).string();
+    }
+
+    /// Asks in a child process: a user with all rights can read everything.
+    static bool isWhatAUserWithoutRightsHears(const HostFolders& found, const std::string& words) {
+        constexpr uid_t kNobody = 65534;
+        if (geteuid() == 0 && chown(found.sounds().c_str(), kNobody, kNobody) != 0) {
+            return false;
+        }
+        const pid_t child = fork();
+        if (child == 0) {
+            if (geteuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0) {
+                _exit(2);
+            }
+            const std::string said = ProgramFolders::whySoundsCannotBeKept(found);
+            const bool fits = words.empty()
+                                  ? said.empty()
+                                  : said.find(found.sounds() + "\" " + words) != std::string::npos;
+            _exit(fits ? 0 : 1);
+        }
+        int status = -1;
+        return waitpid(child, &status, 0) == child && status == 0;
     }
 
     void link(const std::string& target, const std::string& name) {
@@ -130,6 +155,49 @@ TEST_F(ProgramFoldersTest, twoHomesThatLeadToOneSoundFolderDoNotRunTogether) {
     EXPECT_EQ("", FolderLocks().take(find(folders.path("two"))));
 }
 
+TEST_F(ProgramFoldersTest, twoHomesThatLeadToASoundFolderThatIsStillToBeMadeDoNotRunTogether) {
+    folders.makeFolder("disk");
+    for (const std::string home : {"one", "two"}) {
+        folders.makeFolder(home);
+        link("../disk/sounds", home + "/Murmelo");
+    }
+    const HostFolders one = find(folders.path("one"));
+    const HostFolders two = find(folders.path("two"));
+    FolderLocks first;
+    EXPECT_EQ("", first.take(one));
+    const std::string wrong = FolderLocks().take(two);
+    EXPECT_NE(std::string::npos, wrong.find("already running")) << wrong;
+}
+
+TEST_F(ProgramFoldersTest, aSoundFolderThatCannotBeMadeNeedsNoLock) {
+    folders.makeFolder("home");
+    link("../missing/sounds", "home/Murmelo");
+    EXPECT_EQ("", FolderLocks().take(find(folders.path("home"))));
+    EXPECT_FALSE(folders.has("missing"));
+}
+
+TEST_F(ProgramFoldersTest, theRoomForSoundsIsThatOfTheDiskWhereTheirFolderWillLie) {
+    folders.makeFolder("home");
+    link("/proc/missing/sounds", "home/Murmelo");  // a disk that has no room at all
+    EXPECT_EQ(0, ProgramFolders::freeBytes(find(folders.path("home"))));
+    folders.remove("home/Murmelo");
+    EXPECT_LT(0, ProgramFolders::freeBytes(find(folders.path("home"))));
+}
+
+TEST_F(ProgramFoldersTest, aSoundFolderThatCannotBeReadSaysSo) {
+    folders.makeFolder("home/Murmelo");
+    const HostFolders found = find(folders.path("home"));
+    for (const char* folder : {"", "home"}) {
+        ASSERT_EQ(0, chmod(folders.path(folder).c_str(), 0755));
+    }
+    for (const auto& [mode, words] :
+         {std::pair(0300, "cannot be read: Permission denied"),
+          std::pair(0500, "cannot be written: Permission denied"), std::pair(0700, "")}) {
+        ASSERT_EQ(0, chmod(found.sounds().c_str(), static_cast<mode_t>(mode)));
+        EXPECT_TRUE(isWhatAUserWithoutRightsHears(found, words)) << words;
+    }
+}
+
 TEST_F(ProgramFoldersTest, aSoundFolderThatLeadsToItsOwnHomeIsLockedOnce) {
     folders.makeFolder("home");
     link(".", "home/Murmelo");
@@ -156,6 +224,25 @@ TEST(HomeLock, aPipeInItsPlaceStays) {
     ASSERT_EQ(0, mkfifo(folders.path(kLock).c_str(), 0600));
     EXPECT_NE("", HomeLock().take(folders.path("")));
     EXPECT_TRUE(folders.has(kLock));
+}
+
+TEST(HomeLock, aFolderOrASocketInItsPlaceIsCalledWhatItIs) {
+    const TestFolders folders;
+    const std::string words = "is not the file that keeps a second program out: take it away";
+    folders.makeFolder(kLock);
+    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).find(words));
+    EXPECT_TRUE(folders.has(kLock));
+    folders.remove(kLock);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const std::string path = folders.path(kLock);
+    ASSERT_LT(path.size(), sizeof address.sun_path);
+    std::memcpy(address.sun_path, path.c_str(), path.size());
+    const int server = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(0, bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address));
+    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).find(words));
+    EXPECT_TRUE(folders.has(kLock));
+    close(server);
 }
 
 TEST(HomeLock, aHomeThatIsHeldIsRefusedUntilItIsLetGo) {
