@@ -31,9 +31,6 @@ private:
     int fd;
 };
 
-/// True if these flags of open() ask for writing.
-bool isWriting(int flags);
-
 /// Opens an ordinary file; -1 for everything else: a folder opens for reading as well, and a pipe
 /// would wait for its other end. Its last part is never followed as a symbolic link: that is the
 /// path's work.

@@ -6,11 +6,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <limits>
 #include <string_view>
 #include <sys/stat.h>
+#include <utility>
 
 using Osp::Base::String;
 
@@ -45,11 +47,12 @@ int whenceOf(FileSeekPosition position) {
     }
 }
 
-}  // namespace
-
+/// True if these flags of open() ask for writing.
 bool isWriting(int flags) {
     return (flags & O_ACCMODE) != O_RDONLY;
 }
+
+}  // namespace
 
 int openOrdinary(const RealPath& path, int flags) {
     const bool writes = isWriting(flags);
@@ -123,7 +126,12 @@ result File::Write(const void* buffer, int32_t lengthBytes) {
         writeError = ENOSPC;
         return E_FAILURE;
     }
-    if (lengthBytes < 0 || !turnTo(Direction::kWriting)) {
+    if (lengthBytes < 0) {
+        writeError = EINVAL;
+        return E_FAILURE;
+    }
+    if (!turnTo(Direction::kWriting)) {
+        writeError = errno;
         return E_FAILURE;
     }
     const auto count = static_cast<size_t>(lengthBytes);
@@ -167,6 +175,7 @@ result File::Flush() {
 
 bool File::turnTo(Direction wanted) {
     if (file == nullptr) {
+        errno = EBADF;
         return false;
     }
     // The C library wants a seek between writing and reading.

@@ -551,6 +551,22 @@ TEST_F(OspIo, aCopyThatFillsTheDiskLeavesNoHalfFile) {
     EXPECT_EQ((std::vector<std::string>{"Murmelo", "from.txt", "to.txt"}), namesIn("/Home"));
 }
 
+TEST_F(OspIo, everyWriteThatFailsTellsItsReason) {
+    File::takeWriteError();
+    File file;
+    EXPECT_NE(E_SUCCESS, file.Write("a", 1));  // not open
+    EXPECT_EQ(EBADF, File::takeWriteError());
+    EXPECT_EQ(0, File::takeWriteError());
+    ASSERT_EQ(E_SUCCESS, file.Construct("/Home/a.txt", "wb+"));
+    EXPECT_NE(E_SUCCESS, file.Write("a", -1));
+    EXPECT_EQ(EINVAL, File::takeWriteError());
+    host.failNth("File.Write", 1);
+    EXPECT_NE(E_SUCCESS, file.Write("a", 1));
+    EXPECT_EQ(ENOSPC, File::takeWriteError());
+    EXPECT_EQ(E_SUCCESS, file.Write("a", 1));
+    EXPECT_EQ(0, File::takeWriteError());
+}
+
 TEST_F(OspIo, aFullDiskIsReportedByTheWriteThatMeetsIt) {
     const std::string block(600, 'b');
     File file;
