@@ -91,6 +91,13 @@ protected:
         return full > 0;
     }
 
+    /// The question is painted with a frame only.
+    static void paintFrame() {
+        std::vector<uint16_t> shown(240 * 320);
+        CanvasGraphics graphics(reinterpret_cast<unsigned char*>(shown.data()), 240, 320);
+        Orm::canvas->paint(&graphics);
+    }
+
     static std::string seen() {
         return screen() + (SkBar::isVisible() ? " bar" : "") +
                (Message::isVisible() ? " message" : "") +
@@ -245,9 +252,7 @@ TEST_F(OnScreenTest, theQuestionIsTheMessageWhileItStands) {
     for (const SoftKey answer : {kLeft, kRight}) {
         OrmCanvas::raiseSilentPopup();
         EXPECT_EQ("Options bar", seen());  // it has not been painted yet
-        std::vector<uint16_t> shown(240 * 320);
-        CanvasGraphics graphics(reinterpret_cast<unsigned char*>(shown.data()), 240, 320);
-        Orm::canvas->paint(&graphics);
+        paintFrame();
         EXPECT_EQ("Options bar message", seen());
         EXPECT_EQ(Str::str_SILENT_DEVICE, Message::paTxt->getText());
         EXPECT_EQ((Names{"Yes", "-", "No"}), labels());
@@ -258,6 +263,8 @@ TEST_F(OnScreenTest, theQuestionIsTheMessageWhileItStands) {
     }
     touchAndLook(kMiddle);
     OrmCanvas::raiseSilentPopup();
+    paintFrame();
+    EXPECT_EQ("Options bar message", seen());
     touch(kRight);
     expectTruth();
     EXPECT_EQ("Options bar", seen());
