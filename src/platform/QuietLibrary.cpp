@@ -5,6 +5,22 @@
 #include <iostream>
 #include <unistd.h>
 
+namespace {
+
+/// A descriptor of /dev/null, -1 if there is none. Never one of the three standard streams: where
+/// one of them was closed, it would take that place for good.
+int openNowhere() {
+    const int fd = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (fd < 0 || fd > STDERR_FILENO) {
+        return fd;
+    }
+    const int above = fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    close(fd);
+    return above;
+}
+
+}  // namespace
+
 QuietLibrary::QuietLibrary() {
     flush();
     turn(streams[0], STDOUT_FILENO);
@@ -25,7 +41,7 @@ void QuietLibrary::flush() {
 }
 
 void QuietLibrary::turn(Turned& stream, int from) {
-    static const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    static const int nowhere = openNowhere();
     if (nowhere < 0) {
         return;
     }

@@ -5,7 +5,8 @@
 #include <array>
 
 /// While one of these lives, whatever the process prints to standard output and standard error
-/// comes to nothing. Both are what they were before when it ends.
+/// comes to nothing. Both are what they were before when it ends. Should the process abort
+/// meanwhile, inside the library, its last message may be lost as well.
 class QuietLibrary {
 public:
     QuietLibrary();
