@@ -16,6 +16,8 @@
 #   #! args WORD...         more arguments for the program
 #   #! left NAME...         files in the sound folder afterwards (none if left out)
 #   #! same NAME NAME       two files of the sound folder are equal afterwards
+#   #! alike NAME NAME      two pictures that the script took are equal afterwards
+#   #! unlike NAME NAME     two pictures that the script took differ afterwards
 #   #! settings LINE        the settings afterwards ("none": there are none; left out: not looked at)
 #   #! heard FILE EFFECT VOICE TAKE_MS VOLUME [heard=MS] [clock=MS]
 #                           what the speaker has played into FILE (see heard.cpp)
@@ -81,6 +83,14 @@ judge() {
     while read -r first second; do
         cmp -s "home/Murmelo/$first" "home/Murmelo/$second" || complain "$first is not $second"
     done < <(said same "$part")
+    while read -r first second; do
+        cmp -s "$first" "$second" || complain "$first does not look like $second"
+    done < <(said alike "$part")
+    while read -r first second; do
+        if [ ! -s "$first" ] || [ ! -s "$second" ] || cmp -s "$first" "$second"; then
+            complain "$first looks like $second"
+        fi
+    done < <(said unlike "$part")
     while read -r line; do
         if [ "$line" = none ]; then
             [ ! -e config/settings ] || complain "there are settings: $(cat config/settings)"

@@ -12,6 +12,8 @@
 #include "State.h"
 #include "TestSounds.h"
 
+#include <sys/stat.h>
+
 namespace {
 
 constexpr const char* kFileError =
@@ -73,6 +75,25 @@ TEST_F(PlayingTest, aPlayerThatDoesNotPlayIsFatal) {
 
 TEST_F(PlayingTest, aResultThatIsNoSoundIsFatal) {
     folders.write(kResult, "no sound at all");
+    start();
+    EXPECT_EQ(kNoAudio, fatalText());
+}
+
+TEST_F(PlayingTest, aResultThatCannotBeReadOrMeasuredCountsAsASpeakerThatFails) {
+    for (const char* operation : {"File.Construct", "File.Seek", "File.Read"}) {
+        State::setState(G::statePlay, true, true);
+        host.failNth(operation, 1);
+        start();
+        EXPECT_EQ(kNoAudio, fatalText()) << operation;
+    }
+    folders.remove(kResult);
+    folders.makeFolder(kResult);
+    State::setState(G::statePlay, true, true);
+    start();
+    EXPECT_EQ(kNoAudio, fatalText());
+    folders.remove(kResult);
+    ASSERT_EQ(0, mkfifo(folders.path(kResult).c_str(), 0600));
+    State::setState(G::statePlay, true, true);
     start();
     EXPECT_EQ(kNoAudio, fatalText());
 }
