@@ -9,7 +9,7 @@ import struct
 import subprocess
 import sys
 
-from journey import Place, Verdict, fresh_signals, sanitized
+from journey import Patience, Place, Verdict, ended, fresh_signals, sanitized
 
 # Room for the programs and their libraries, and not for a sound of ten minutes (more than 100 MB as floats).
 ADDRESS_BYTES = 160 << 20
@@ -70,14 +70,15 @@ def with_tool(verdict, tool, program, source):
     for name, make, is_sound in SOUNDS:
         with Place(program, source) as place:
             make(place.path(name))
-            done = subprocess.run([os.path.realpath(tool), "robot", name, "out.wav"], cwd=place.folder,
-                                  preexec_fn=bounded, capture_output=True, check=False, timeout=300)
-            words = done.stderr.decode(errors="replace")
-            case = "%s: status %d, %s" % (name, done.returncode, words)
+            with subprocess.Popen([os.path.realpath(tool), "robot", name, "out.wav"], cwd=place.folder,
+                                  preexec_fn=bounded, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+                out, complaint, by_itself = ended(process, Patience(process))
+            words = complaint.decode(errors="replace")
+            case = "%s: status %d, %s" % (name, process.returncode, words if by_itself else "it hangs")
             if name == "lying.wav":
-                verdict.check(done.returncode == 0 and words == "", case)
+                verdict.check(process.returncode == 0 and words == "", case)
             else:  # longer than a minute, or damaged
-                verdict.check(done.returncode == 1 and words.count("\n") == 1 and done.stdout == b"", case)
+                verdict.check(process.returncode == 1 and words.count("\n") == 1 and out == b"", case)
                 verdict.check(not os.path.exists(place.path("out.wav")), case)
 
 
