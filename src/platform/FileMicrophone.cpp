@@ -72,7 +72,7 @@ int64_t FileMicrophone::heard() const {
 
 /// Time beyond what may wait has passed without anybody listening.
 void FileMicrophone::forgetOldest() {
-    const int64_t tooMuchMs = nowMs() - startMs - taken / kSamplesPerMs - kMostWaitingMs;
+    const int64_t tooMuchMs = nowMs() - startMs - taken / kSamplesPerMs - kMaxWaitingMs;
     startMs += std::max<int64_t>(tooMuchMs, 0);
 }
 

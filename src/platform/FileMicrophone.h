@@ -16,7 +16,7 @@ public:
 
     // What waits to be taken at most: three times the longest take. A clock that jumps by a day
     // does not make a day of sound.
-    static constexpr int64_t kMostWaitingMs = 60000;
+    static constexpr int64_t kMaxWaitingMs = 60000;
 
     // What is read of a file: the longest take, and a second more because the end of a recording
     // may come some frames late.
@@ -43,7 +43,7 @@ public:
     /// True from the loss of the device until the next start() or stop().
     bool isLost() const { return lost; }
 
-    /// Dies and calls the listener. False if nobody listens.
+    /// Dies and calls the listener. False if there is no listener.
     bool lose();
 
 private:
@@ -53,7 +53,7 @@ private:
 
     Clock nowMs;
     std::vector<int16_t> voice;
-    std::vector<int16_t> hearing;  // the voice of the recording in hand
+    std::vector<int16_t> hearing;  // the voice of the current recording
     HostMicrophoneListener* listener = nullptr;
     int64_t startMs = 0;
     int64_t taken = 0;

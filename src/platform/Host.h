@@ -99,7 +99,7 @@ public:
     /// Index of the chosen effect.
     virtual int32_t currentEffect() = 0;
 
-    /// A key pressed and let go. False if there is nobody to take it.
+    /// A key pressed and let go. False if the program does not take it.
     virtual bool navigate(HostKey key) = 0;
 
     /// Presses the soft key "Stop" of a recording. False, and nothing happens, unless it is

@@ -12,7 +12,7 @@ public:
     /// the channels) at the wanted rate. 16-bit mono at that rate comes through untouched. Memory
     /// follows what was read, never what a header promises; floats beyond full scale are clamped,
     /// and one that is not a number is silence.
-    /// @param maxSamples  what lies after so many samples of the wanted rate is not read
+    /// @param maxSamples  what lies after this number of samples of the wanted rate is not read
     /// @param samples     untouched on an error
     /// @param framesRead  if given: frames of the file that were taken from the library
     /// @returns empty, or what is wrong

@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kMinPrefix = 3;          // letters of a name that tell it from the others
 constexpr size_t kMaxNameLetters = 32;    // a longer text means no effect
-constexpr size_t kLettersPerMistake = 3;  // one mistake in so many letters is a slip
+constexpr size_t kLettersPerMistake = 3;  // one mistake in that number of letters is a slip
 
 /// As the application shows them, in the order of the catalogue.
 constexpr std::array<const char*, FxCatalogue::kCount> kShownNames = {

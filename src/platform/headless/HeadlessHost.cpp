@@ -17,7 +17,7 @@ constexpr int64_t kUntilMs = 60000;  // how long "until" waits if it does not sa
 
 // A program that is due again and again without time going on would never let the script go on
 // either.
-constexpr int64_t kMostFramesAtOnce = 1000000;
+constexpr int64_t kMaxFramesAtOnce = 1000000;
 
 std::string inQuotes(const std::string& text) {
     return "\"" + text + "\"";
@@ -40,7 +40,7 @@ HeadlessHost::HeadlessHost(HostFolders folders,
     , ears([this] { return nowMs; })
     , voice([this] { return nowMs; })
     , silent(silent) {
-    // What the device is like before the first touch holds from the start on.
+    // The facts of the device with which a script begins hold from the start on.
     while (next < this->script.size() && isDeviceFact(this->script[next].verb)) {
         next++;
         start(this->script[next - 1]);
@@ -65,7 +65,7 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     }
     if (timeoutMs == 0 && status == kOk && !awaitedScreenCame()) {
         framesAtThisTime++;
-        if (framesAtThisTime <= kMostFramesAtOnce) {
+        if (framesAtThisTime <= kMaxFramesAtOnce) {
             return false;
         }
         failure = (next > 0 ? "line " + std::to_string(script[next - 1].line) + ": " : "") +
@@ -115,8 +115,8 @@ void HeadlessHost::watch() {
 }
 
 /// An "until" looks at every frame, also while more is due, and begins with the frames of the
-/// command before it: so it meets a screen that lasts only as long as its work. A screen that is
-/// there already is awaited anew, at rest.
+/// command before it: so it meets a screen that lasts only as long as its work. For a screen
+/// that is there already it waits until that screen is there again, at rest.
 bool HeadlessHost::awaitedScreenCame() {
     const bool untilIsNext = !waiting && pending.empty() && next < script.size() &&
                              script[next].verb == ScriptVerb::kUntil;

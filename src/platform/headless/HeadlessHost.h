@@ -98,7 +98,7 @@ private:
     HostFolders mapped;
     std::vector<ScriptCommand> script;
     size_t next = 0;               // of the script
-    std::deque<Callback> pending;  // callbacks of the command in hand
+    std::deque<Callback> pending;  // callbacks of the current command
 
     int64_t nowMs;
     int32_t yieldsSincePump = 0;
@@ -109,7 +109,7 @@ private:
     int64_t waitEndMs = 0;
     std::string watchedScreen;  // empty: none
     std::string watchedFile;
-    std::string screenBefore;   // when the command in hand began
+    std::string screenBefore;   // when the current command began
     std::string awaitedScreen;  // empty: only time counts
 
     FileMicrophone ears;

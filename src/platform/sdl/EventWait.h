@@ -15,7 +15,7 @@ public:
     // and an idle program wakes up more often.
     static constexpr int64_t kLookMs = 10;
 
-    /// Sleeps for at most so many milliseconds. Returns how many passed.
+    /// Sleeps for at most ms milliseconds. Returns how many passed.
     using Nap = std::function<int64_t(int64_t ms)>;
 
     EventWait();

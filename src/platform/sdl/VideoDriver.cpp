@@ -57,8 +57,8 @@ std::string noWindow() {
 /// Keeps SDL from what this program has no use for, and what would take longer than everything else
 /// up to the first picture.
 void doWithoutDesktopServices() {
-    // Nobody writes text: the table of accented letters need not be read. Wayland's keyboard takes
-    // no empty one.
+    // The user writes no text: the table of accented letters need not be read. Wayland's keyboard
+    // takes no empty one.
     if (comesToX11()) {
         ::setenv("XCOMPOSEFILE", "/dev/null", 1);
     }

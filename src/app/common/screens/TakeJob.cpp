@@ -21,7 +21,7 @@ using Osp::Base::String;
 
 namespace {
 
-constexpr int32_t kMostSamples = WavFile::kRecordedRateHz / 1000 * Recording::kTakeMaxMs;
+constexpr int32_t kMaxSamples = WavFile::kRecordedRateHz / 1000 * Recording::kTakeMaxMs;
 
 }  // namespace
 
@@ -44,7 +44,7 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
             MessageAndQuit::kFileError);  // as when a recording finds it in its way
         return;
     }
-    if (!write(samples, std::min(count, kMostSamples))) {
+    if (!write(samples, std::min(count, kMaxSamples))) {
         FileOps::deleteFile(G::takePath());
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
