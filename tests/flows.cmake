@@ -30,6 +30,6 @@ foreach(bits 31 32)
         COMMAND flows/clock.sh $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR} ${bits}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(flow-clock/${bits} PROPERTIES
-        TIMEOUT 1800
+        TIMEOUT 3600
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endforeach()
