@@ -39,6 +39,7 @@ ByteBuffer* AudioDev::__pTempBuffer;
 File* AudioDev::record;
 signed char* AudioDev::recordFileHeader;
 int32_t AudioDev::recordLength;
+bool AudioDev::isCutShort;
 String* AudioDev::endOfMediaEventType;
 bool AudioDev::isSilent;
 String* AudioDev::msg;
@@ -59,6 +60,7 @@ void AudioDev::static_ctor() {
     record = nullptr;
     recordFileHeader = nullptr;
     recordLength = 0;
+    isCutShort = false;
     endOfMediaEventType = nullptr;
     isSilent = false;
     msg = new String("");
@@ -128,6 +130,7 @@ bool AudioDev::openRecord(String* path) {
     deleteArrFunc(recordFileHeader);
     recordFileHeader = newArray<signed char>(WavProps::kHeaderBytes);
     recordLength = 0;
+    isCutShort = false;
     if (record->Write(recordFileHeader, WavProps::kHeaderBytes) != E_SUCCESS) {
         deleteRecord();
         return false;
@@ -197,7 +200,8 @@ void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {
     if (record == nullptr) {
         return;
     }
-    record->Write(*buffer);
+    // What follows a lost buffer would be heard with a gap before it.
+    isCutShort = isCutShort || record->Write(*buffer) != E_SUCCESS;
     if (hasRecorderStopped()) {
         writeHeader();
         // Back to the end: a further late buffer must not overwrite the start of the take.

@@ -52,13 +52,14 @@ public:
     static void changeVolume(int32_t direction);
 
     /// Appends a filled buffer to the file. One that comes after the stop mends the header too.
+    /// After one that could not be written whole nothing more is appended, only counted.
     static void ConsumeBuffer(ByteBuffer* buffer);
 
     static void static_ctor();
     static void static_dtor();
 
     static int32_t state;
-    static Osp::Media::Player* pPlayer;  // of the playback in hand, or of the last one
+    static Osp::Media::Player* pPlayer;  // of the current playback, or of the last one
     static PlayerListener* pPlayerListener;
     static Osp::Media::AudioIn* pRecorder;
     static AudioInListener* pRecorderListener;
@@ -92,4 +93,6 @@ private:
     static void deleteBuffers();
     static void deleteRecorder();
     static void deletePlayer();
+
+    static bool isCutShort;  // a buffer of the take could not be written whole
 };

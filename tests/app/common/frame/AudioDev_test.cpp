@@ -226,10 +226,26 @@ TEST_F(AudioDevTest, aTakeThatDoesNotFitOnTheDiskKeepsWhatWasWrittenAndTheNextIs
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(64000, AudioDev::recordLength);  // the header tells what was heard
     EXPECT_EQ(TestSounds::header(32000, 16000), take().substr(0, 44));
-    EXPECT_EQ(44U + 64000 - 24000, take().size());
+    EXPECT_EQ(44U + 24000, take().size());  // up to the buffer that was lost
     record(1000);
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(takeOf(16000), take());
+}
+
+TEST_F(AudioDevTest, aTakeEndsWhereABufferCouldNotBeWrittenAndHasNoGap) {
+    for (const bool early : {false, true}) {
+        ASSERT_TRUE(AudioDev::initRec(&takePath));
+        ASSERT_TRUE(AudioDev::startRec());
+        host.failNth("File.Write", early ? 1 : 2);
+        host.pass(4 * 750);  // after the one that is lost, there is room again
+        EXPECT_TRUE(AudioDev::stopRec());
+        EXPECT_EQ(4 * 24000, AudioDev::recordLength);  // all that came counts as received
+        const Samples whole = early ? Samples{} : TestSounds::part(voice, 0, 12000);
+        EXPECT_EQ(TestSounds::header(48000, 16000) + TestSounds::bytes(whole), take());
+    }
+    record(750);  // the next take is whole
+    EXPECT_TRUE(AudioDev::stopRec());
+    EXPECT_EQ(takeOf(12000), take());
 }
 
 TEST_F(AudioDevTest, eachRecordingStartsAnew) {
