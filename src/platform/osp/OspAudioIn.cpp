@@ -27,9 +27,11 @@ HostMicrophone* microphone() {
 void sayIfRoomIsShort() {
     const int64_t freeBytes = Host::current().freePhoneBytes();
     if (freeBytes >= 0 && freeBytes < kLongestTakeBytes) {
+        // Rounded apart: too little never reads as enough.
+        const int64_t neededKb = (kLongestTakeBytes + kKilobyte - 1) / kKilobyte;
         Host::current().say("only " + std::to_string(freeBytes / kKilobyte) +
-                            " KB are free; a take of 20 seconds needs " +
-                            std::to_string(kLongestTakeBytes / kKilobyte) + " KB");
+                            " KB are free; a take of 20 seconds needs " + std::to_string(neededKb) +
+                            " KB");
     }
 }
 
@@ -38,6 +40,7 @@ void sayIfRoomIsShort() {
 bool AudioIn::saidCutShort = false;
 
 AudioIn::~AudioIn() {
+    sayLoss(false);
     silence();
     if (deletedMark != nullptr) {
         *deletedMark = true;
@@ -88,6 +91,8 @@ result AudioIn::Start() {
     }
     state = AUDIOIN_STATE_RECORDING;
     saidCutShort = false;
+    isLossUnsaid = false;
+    hasHeard = false;
     return E_SUCCESS;
 }
 
@@ -98,6 +103,7 @@ result AudioIn::Stop() {
     silence();
     if (deliverRest()) {
         state = AUDIOIN_STATE_STOPPED;
+        sayLoss(hasHeard && !saidCutShort);
     }
     return E_SUCCESS;
 }
@@ -108,6 +114,7 @@ result AudioIn::Reset() {
     if (hostFails("AudioIn.Reset") || !prepared) {
         return E_FAILURE;
     }
+    sayLoss(false);
     silence();
     queue.clear();
     state = AUDIOIN_STATE_STOPPED;
@@ -136,7 +143,11 @@ void AudioIn::onSamples() {
 }
 
 void AudioIn::onDeviceLost() {
+    isLossUnsaid = true;
     if (deliverRest()) {
+        if (!hasHeard) {
+            sayLoss(false);  // no "Stop" follows soon
+        }
         listener->OnAudioInErrorOccurred(AUDIOIN_ERROR_DEVICE_FAILED);  // may delete this object
     }
 }
@@ -152,6 +163,7 @@ ByteBuffer* AudioIn::fillNext() {
     }
     queue.pop_front();
     buffer->SetLimit(count * kSampleBytes);
+    hasHeard = true;
     return buffer;
 }
 
@@ -186,6 +198,14 @@ bool AudioIn::deliverRest() {
     }
     deletedMark = outerMark;
     return state == AUDIOIN_STATE_RECORDING;
+}
+
+void AudioIn::sayLoss(bool isTakeKept) {
+    if (isLossUnsaid) {
+        isLossUnsaid = false;
+        Host::current().say(isTakeKept ? "the microphone is gone; what it heard until now is kept"
+                                       : "the microphone is gone");
+    }
 }
 
 void AudioIn::silence() {

@@ -33,7 +33,7 @@ class IAudioInEventListener {
 public:
     virtual ~IAudioInEventListener() = default;
 
-    /// Position 0; the limit stands behind the last byte filled. The buffer is the listener's
+    /// Position 0; the limit is the number of bytes filled. The buffer is the listener's
     /// again.
     virtual void OnAudioInBufferIsFilled(Osp::Base::ByteBuffer* buffer) = 0;
 
@@ -90,6 +90,10 @@ private:
     /// write a buffer to the disk, once for each recording.
     void handOver(Osp::Base::ByteBuffer* filled);
     bool deliverRest();
+
+    /// Says that the microphone died, if it did. Waits until it is known what becomes of the take:
+    /// a pause still throws it away.
+    void sayLoss(bool isTakeKept);
     void silence();
 
     static bool saidCutShort;  // of the current recording
@@ -97,7 +101,9 @@ private:
     IAudioInEventListener* listener = nullptr;
     std::deque<Osp::Base::ByteBuffer*> queue;
     AudioInState state = AUDIOIN_STATE_INITIALIZED;
-    bool* deletedMark = nullptr;  // of the delivery in hand: a listener may delete this object
+    bool isLossUnsaid = false;    // the microphone died in the current recording
+    bool hasHeard = false;        // a buffer was filled in the current recording
+    bool* deletedMark = nullptr;  // of the current delivery: a listener may delete this object
 };
 
 enum PlayerState {
@@ -133,7 +139,7 @@ public:
 /// Plays one sound file.
 class Player : public Osp::Base::Object, private HostSpeakerListener {
 public:
-    static constexpr int32_t kMostVolume = HostSpeaker::kFullVolume;
+    static constexpr int32_t kMaxVolume = HostSpeaker::kFullVolume;
 
     Player() = default;
     Player(const Player&) = delete;
@@ -151,7 +157,7 @@ public:
     /// @param isAsync  false: nothing opens behind the program's back
     result OpenFile(const Osp::Base::String& path, bool isAsync);
 
-    /// 0 to kMostVolume.
+    /// 0 to kMaxVolume.
     result SetVolume(int32_t level);
 
     /// From the beginning, or where it was paused.
@@ -169,7 +175,7 @@ private:
 
     IPlayerEventListener* listener = nullptr;
     std::shared_ptr<const HostClip> clip;
-    int32_t volume = kMostVolume;
+    int32_t volume = kMaxVolume;
     PlayerState state = PLAYER_STATE_INITIALIZED;
     bool* deletedMark = nullptr;  // of the error being told: a listener may delete this object
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 using Osp::Base::String;
 using Osp::Io::File;
@@ -16,8 +17,8 @@ namespace {
 constexpr int32_t kHeaderBytes = 44;
 constexpr int32_t kSampleBytes = 2;
 constexpr int32_t kLeastRateHz = 1000;
-constexpr int32_t kMostRateHz = 192000;
-constexpr int32_t kMostDataBytes = 1 << 26;  // half an hour at the microphone's rate
+constexpr int32_t kMaxRateHz = 192000;
+constexpr int32_t kMaxDataBytes = 1 << 26;  // half an hour at the microphone's rate
 
 using Header = std::array<unsigned char, kHeaderBytes>;
 
@@ -41,10 +42,10 @@ int32_t word(const Header& header, size_t off, int32_t bytes) {
 bool isPlainSound(const Header& header, int32_t rateHz, int32_t dataBytes) {
     return hasText(header, 0, "RIFF") && hasText(header, 8, "WAVE") &&
            hasText(header, 12, "fmt ") && word(header, 16, 4) == 16 && word(header, 20, 2) == 1 &&
-           word(header, 22, 2) == 1 && rateHz >= kLeastRateHz && rateHz <= kMostRateHz &&
+           word(header, 22, 2) == 1 && rateHz >= kLeastRateHz && rateHz <= kMaxRateHz &&
            word(header, 28, 4) == kSampleBytes * rateHz && word(header, 32, 2) == kSampleBytes &&
            word(header, 34, 2) == 8 * kSampleBytes && hasText(header, 36, "data") &&
-           dataBytes >= 0 && dataBytes <= kMostDataBytes && dataBytes % kSampleBytes == 0;
+           dataBytes >= 0 && dataBytes <= kMaxDataBytes && dataBytes % kSampleBytes == 0;
 }
 
 /// -1 if that cannot be found out.
@@ -114,7 +115,7 @@ result Player::OpenFile(const String& path, bool isAsync) {
 }
 
 result Player::SetVolume(int32_t level) {
-    if (hostFails("Player.SetVolume") || level < 0 || level > kMostVolume) {
+    if (hostFails("Player.SetVolume") || level < 0 || level > kMaxVolume) {
         return E_FAILURE;
     }
     volume = level;
@@ -175,13 +176,17 @@ void Player::onClipEnd() {
 
 void Player::onDeviceLost() {
     state = PLAYER_STATE_ENDOFCLIP;
+    Host::current().say("the speaker is gone");
     bool deleted = false;
-    deletedMark = &deleted;
+    bool* const outerMark = std::exchange(deletedMark, &deleted);
     listener->OnPlayerErrorOccurred(PLAYER_ERROR_DEVICE_FAILED);
     if (deleted) {
+        if (outerMark != nullptr) {
+            *outerMark = true;
+        }
         return;
     }
-    deletedMark = nullptr;
+    deletedMark = outerMark;
     if (state != PLAYER_STATE_PLAYING) {
         listener->OnPlayerEndOfClip();  // may delete this object
     }

@@ -28,10 +28,6 @@ std::string freePictureName(const std::string& folder) {
 
 }  // namespace
 
-void SdlDoors::complain(const std::string& sentence) {
-    std::cerr << "murmelo: " << sentence << "\n";
-}
-
 SdlDoors::SdlDoors(const HostFolders& folders)
     : folders(folders) {}
 
@@ -61,7 +57,8 @@ bool SdlDoors::save() {
     if (doors->saveSound()) {
         return true;
     }
-    complain("a sound can be saved in the menu and at the choice of the effect, once there is one");
+    Host::current().say(
+        "a sound can be saved in the menu and at the choice of the effect, once there is one");
     return false;
 }
 
@@ -70,13 +67,13 @@ bool SdlDoors::dropped(const std::string& path) {
     const std::string wrong = SoundFile::read(path, HostMicrophone::kRateHz,
                                               HostMicrophone::kLongestTakeSamples, samples);
     if (!wrong.empty()) {
-        complain(wrong);
+        Host::current().say(wrong);
         return false;
     }
     if (doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {
         return true;
     }
-    complain(
+    Host::current().say(
         "a sound file is taken in the menu and at the choice of the effect, if it holds any sound");
     return false;
 }
@@ -100,7 +97,7 @@ void SdlDoors::takePicture() {
     std::ofstream file(path, std::ios::binary);
     const auto* bytes = reinterpret_cast<const char*>(png.data());
     if (png.empty() || !file.write(bytes, static_cast<std::streamsize>(png.size())).flush()) {
-        complain("the picture \"" + path + "\" cannot be written");
+        Host::current().say("the picture \"" + path + "\" cannot be written");
         return;
     }
     std::cout << path << std::endl;

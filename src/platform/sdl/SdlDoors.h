@@ -22,14 +22,11 @@ public:
     void offer(std::vector<int16_t> samples) { offered = std::move(samples); }
 
     /// Ctrl+S saves, F12 takes a picture, a file dropped on the window becomes the take. What
-    /// cannot be done is said on standard error. @returns whether a callback was delivered
+    /// cannot be done is told by Host::say(). @returns whether a callback was delivered
     bool handle(const SDL_Event& event);
 
     /// Hands over the offered sound if it is time. @returns whether a callback was delivered
     bool deliver();
-
-    /// Says one sentence on standard error.
-    static void complain(const std::string& sentence);
 
     /// Prints the real path of a sound that was saved since the last call.
     void tellSaved();

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <iostream>
 #include <utility>
 
 namespace {
@@ -48,6 +49,10 @@ SdlHost::SdlHost(SdlOptions givenOptions)
 SdlHost::~SdlHost() {
     events.end();
     window.rememberSize();
+}
+
+void SdlHost::print(const std::string& sentence) {
+    std::cerr << "murmelo: " << sentence << "\n";
 }
 
 std::string SdlHost::open() {

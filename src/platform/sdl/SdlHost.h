@@ -25,7 +25,7 @@
 struct SdlOptions {
     HostFolders folders;
     std::string microphone;      // name of a device; empty: the system's default
-    std::string speaker;         // likewise
+    std::string speaker;         // name of a device; empty: the system's default
     bool hearsFile = false;      // a sound file in the place of the microphone:
     std::vector<int16_t> voice;  // 16 kHz
     std::vector<int16_t> take;   // 16 kHz; becomes the take once the program is ready, empty: none
@@ -67,13 +67,17 @@ public:
     }
 
     /// One line on standard error.
-    void say(const std::string& sentence) override { SdlDoors::complain(sentence); }
+    void say(const std::string& sentence) override { print(sentence); }
+
+    /// The same, also before there is a host.
+    static void print(const std::string& sentence);
 
     /// Pictures that came onto the screen.
     int64_t presented() const { return pictures; }
 
 private:
-    /// Why nobody sees or hears the program; it is in the background while there is any reason.
+    /// Why the program is neither seen nor heard; it is in the background while there is any
+    /// reason.
     enum Away : uint32_t { kHidden = 1, kStopped = 2, kBySystem = 4 };
 
     bool deliverSound();
@@ -99,7 +103,7 @@ private:
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 
     std::atomic<bool> endAsked{false};   // by a signal
-    std::atomic<bool> stopAsked{false};  // likewise
+    std::atomic<bool> stopAsked{false};  // by a signal
     EventWait events;
     SignalWatch signals;  // its thread comes first and goes last
 

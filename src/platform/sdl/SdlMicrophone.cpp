@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <iostream>
 #include <mutex>
 #include <utility>
 
@@ -14,14 +13,14 @@ namespace {
 constexpr uint16_t kDeviceSamples = 512;
 
 // What a program that takes nothing lets pile up: a minute, then the rest is lost.
-constexpr size_t kMostSamples = size_t{60} * HostMicrophone::kRateHz;
+constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 
 }  // namespace
 
 struct SdlMicrophone::Heard {
     std::mutex mutex;
     std::deque<int16_t> samples;
-    size_t wanted = 0;  // rouse the event thread when there are so many; 0: let it sleep
+    size_t wanted = 0;  // the event thread is roused when as many wait; 0: let it sleep
     bool open = true;
     Wake wake;
 };
@@ -68,7 +67,7 @@ void SdlMicrophone::onHeard(void* heardState, uint8_t* bytes, int byteCount) {
     bool enough = false;
     {
         const std::lock_guard<std::mutex> lock(heard->mutex);
-        if (!heard->open || heard->samples.size() + count > kMostSamples) {
+        if (!heard->open || heard->samples.size() + count > kMaxSamples) {
             return;
         }
         heard->samples.insert(heard->samples.end(), samples, samples + count);
@@ -105,7 +104,6 @@ bool SdlMicrophone::lose(uint32_t lostDevice) {
     }
     listenNoMore();
     lost = true;
-    std::cerr << "murmelo: the microphone is gone; what it heard until now is kept\n";
     losing->onDeviceLost();
     return true;
 }

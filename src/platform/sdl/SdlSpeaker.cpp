@@ -3,7 +3,6 @@
 #include <SDL.h>
 
 #include <algorithm>
-#include <iostream>
 #include <mutex>
 #include <utility>
 
@@ -158,7 +157,6 @@ bool SdlSpeaker::lose(uint32_t lostDevice) {
 void SdlSpeaker::tellLoss() {
     HostSpeakerListener* const losing = listener;
     stop();
-    std::cerr << "murmelo: the speaker is gone\n";
     losing->onDeviceLost();
 }
 

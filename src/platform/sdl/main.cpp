@@ -15,7 +15,7 @@ namespace {
 constexpr int kUsage = 2;  // a mistake on the command line, as the other programs answer it
 
 int complain(const std::string& message) {
-    std::cerr << "murmelo: " << message << "\n";
+    SdlHost::print(message);
     return EXIT_FAILURE;
 }
 

@@ -274,6 +274,42 @@ TEST_F(AudioInTest, aLostMicrophoneDeliversWhatItHeardAndThenTheError) {
     EXPECT_EQ(1U, ear.sizesAtError.size());
 }
 
+TEST_F(AudioInTest, aLostMicrophoneIsToldWithWhatBecomesOfTheTake) {
+    const std::string gone = "the microphone is gone";
+    AudioIn in;
+    start(in);
+    host.nowMs += 150;
+    EXPECT_TRUE(host.ears.lose());
+    EXPECT_TRUE(host.said.empty());  // a pause may still throw the take away
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_EQ((std::vector<std::string>{gone + "; what it heard until now is kept"}), host.said);
+
+    host.said.clear();
+    ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
+    ASSERT_EQ(E_SUCCESS, in.Start());
+    host.nowMs += 50;
+    EXPECT_TRUE(host.ears.lose());
+    EXPECT_EQ(E_SUCCESS, in.Reset());
+    EXPECT_EQ((std::vector<std::string>{gone}), host.said);
+
+    host.said.clear();
+    ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
+    ASSERT_EQ(E_SUCCESS, in.Start());
+    EXPECT_TRUE(host.ears.lose());
+    EXPECT_EQ((std::vector<std::string>{gone}), host.said);  // at once: nothing was heard
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    EXPECT_EQ((std::vector<std::string>{gone}), host.said);
+
+    host.said.clear();
+    {
+        AudioIn deleted;
+        start(deleted);
+        host.nowMs += 50;
+        EXPECT_TRUE(host.ears.lose());
+    }
+    EXPECT_EQ((std::vector<std::string>{gone}), host.said);
+}
+
 TEST_F(AudioInTest, aMicrophoneLostBeforeItHeardAnythingOnlyTellsTheError) {
     AudioIn in;
     start(in);
@@ -399,7 +435,7 @@ TEST_F(AudioInTest, tooLittleRoomForATakeIsToldBeforeItIsRecorded) {
     AudioIn in;
     ASSERT_EQ(E_SUCCESS, in.Construct(ear));
     EXPECT_EQ(E_SUCCESS, prepare(in));  // a few words have room
-    EXPECT_EQ((std::vector<std::string>{"only 640 KB are free; a take of 20 seconds needs 640 KB"}),
+    EXPECT_EQ((std::vector<std::string>{"only 640 KB are free; a take of 20 seconds needs 641 KB"}),
               host.said);
 }
 
@@ -534,6 +570,8 @@ TEST_F(PlayerTest, aLostSpeakerTellsTheErrorAndThenTheEnd) {
         EXPECT_EQ(Osp::Media::PLAYER_STATE_ENDOFCLIP, player.GetState());
         host.pass(2000);
         EXPECT_EQ(1, end.ends);
+        EXPECT_EQ((std::vector<std::string>{"the speaker is gone"}), host.said);
+        host.said.clear();
     }
     EXPECT_EQ(2U * 2400, played().size());
 }
@@ -563,6 +601,24 @@ TEST_F(PlayerTest, theEndDoesNotFollowTheErrorIfThePlayerIsDeletedOrPlaysAgain) 
         EXPECT_EQ(0, end.ends);
         delete player;
     }
+}
+
+TEST_F(PlayerTest, aPlayerDeletedAtASecondLossWithinTheFirstIsNotTouchedAgain) {
+    auto* player = new Player();
+    start(*player);
+    end.onError = [&] {
+        if (end.errors == 1) {
+            EXPECT_EQ(E_SUCCESS, player->Play());
+            EXPECT_TRUE(host.voice.lose());
+        } else {
+            delete player;
+            player = nullptr;
+        }
+    };
+    EXPECT_TRUE(host.voice.lose());
+    EXPECT_EQ(nullptr, player);
+    EXPECT_EQ(2, end.errors);
+    EXPECT_EQ(0, end.ends);
 }
 
 TEST_F(PlayerTest, anEmptyClipEndsAtOnce) {

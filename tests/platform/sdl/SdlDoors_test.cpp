@@ -1,10 +1,13 @@
 // What a computer offers beyond the phone, with doors that only take notes.
 #include "SdlDoors.h"
 #include "TestFolders.h"
+#include "TestHost.h"
 #include "TestSounds.h"
 
 #include <gtest/gtest.h>
 #include <SDL.h>
+
+#include <utility>
 
 using Samples = TestSounds::Samples;
 
@@ -50,13 +53,9 @@ protected:
         mapped.home = folders.path("home");
         doors.setDoors(&program);
         testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
     }
 
-    ~SdlDoorsTest() override {
-        testing::internal::GetCapturedStdout();
-        testing::internal::GetCapturedStderr();
-    }
+    ~SdlDoorsTest() override { testing::internal::GetCapturedStdout(); }
 
     bool press(int32_t symbol, uint16_t modifiers = 0, uint8_t repeat = 0) {
         SDL_Event event{};
@@ -81,12 +80,16 @@ protected:
         return text;
     }
 
-    static std::string error() {
-        std::string text = testing::internal::GetCapturedStderr();
-        testing::internal::CaptureStderr();
+    /// What the host was asked to say since the last look, line by line.
+    std::string error() {
+        std::string text;
+        for (const std::string& sentence : std::exchange(host.said, {})) {
+            text += sentence + "\n";
+        }
         return text;
     }
 
+    TestHost host;
     TestFolders folders;
     HostFolders mapped;
     NotingDoors program;
@@ -107,10 +110,9 @@ TEST_F(SdlDoorsTest, controlAndSSavesOnce) {
 TEST_F(SdlDoorsTest, aSaveThatIsRefusedSaysWhere) {
     program.open = false;
     EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL));
-    EXPECT_EQ(
-        "murmelo: a sound can be saved in the menu and at the choice of the effect, once there is "
-        "one\n",
-        error());
+    EXPECT_EQ("a sound can be saved in the menu and at the choice of the effect, once there is "
+              "one\n",
+              error());
 }
 
 TEST_F(SdlDoorsTest, aSavedSoundIsToldByItsRealPathOnce) {
