@@ -9,28 +9,8 @@
 #include "WpMicPostProc.h"
 #include "WpRobot.h"
 
-namespace {
-
-constexpr const char* kDescriptions[FxCatalogue::kCount] = {
-    "the voice as it is",
-    "a machine that speaks at one pitch",
-    "from the end to the start",
-    "1.8 times as high",
-    "three quarters as high",
-    "twice as fast, at the same pitch",
-    "half as fast, with a wobbling pitch",
-    "the melody of the voice upside down",
-};
-
-// The grains stand at positions in 1/1024 of a sample, in 32 bits. A drunk's grains lie twice as
-// far apart in what comes out.
-constexpr int32_t kGrainSamples = 1 << 21;  // 262 s
-constexpr int32_t kDrunkSamples = 1 << 20;  // 131 s
-
-}  // namespace
-
 EffectRun::EffectRun(int32_t effect, bool clean, ProgressLine& progress)
-    : effectName(FxCatalogue::toolName(effect))
+    : effectName(FxCatalogue::at(effect).word)
     , progress(progress) {
     Lpc::static_ctor();
     WpRobot::static_ctor();
@@ -66,7 +46,7 @@ Sound EffectRun::run(WavProc& work, const char* step, const Sound& sound) {
 }
 
 const char* EffectRun::description(int32_t effect) {
-    return kDescriptions[effect];
+    return FxCatalogue::at(effect).sentence;
 }
 
 int32_t EffectRun::applicationsLongest() {
@@ -74,14 +54,5 @@ int32_t EffectRun::applicationsLongest() {
 }
 
 int32_t EffectRun::effectsLongest(int32_t effect) {
-    switch (effect) {
-    case FxCatalogue::kHighPitch:
-    case FxCatalogue::kLowPitch:
-    case FxCatalogue::kFastTalker:
-        return kGrainSamples;
-    case FxCatalogue::kDrunk:
-        return kDrunkSamples;
-    default:
-        return kMaxArrayLength;
-    }
+    return FxCatalogue::at(effect).longestSamples;
 }

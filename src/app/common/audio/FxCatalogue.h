@@ -1,4 +1,5 @@
-// The effects that a user can choose, in their order; the index is the effect's number everywhere.
+// The effects that a user can choose: one row for each, in their order. The index of a row is the
+// effect's number everywhere.
 #pragma once
 
 #include <cstdint>
@@ -7,15 +8,27 @@ class WavProc;
 
 class FxCatalogue {
 public:
-    static constexpr int32_t kNoEffect = 0;
-    static constexpr int32_t kRobot = 1;
-    static constexpr int32_t kBackwards = 2;
-    static constexpr int32_t kHighPitch = 3;
-    static constexpr int32_t kLowPitch = 4;
-    static constexpr int32_t kFastTalker = 5;
-    static constexpr int32_t kDrunk = 6;
-    static constexpr int32_t kIntonationFlip = 7;
-    static constexpr int32_t kCount = 8;
+    enum Index : int32_t {
+        kNoEffect,
+        kRobot,
+        kBackwards,
+        kHighPitch,
+        kLowPitch,
+        kFastTalker,
+        kDrunk,
+        kIntonationFlip,
+        kCount
+    };
+
+    struct Effect {
+        const char* word;        // on the command line; lower case
+        const char* sentence;    // what one hears, for people; no full stop
+        int32_t longestSamples;  // a longer sound makes the effect lose its place
+        WavProc* (*make)();      // a new processor; the caller deletes it
+    };
+
+    /// @param index  0 to kCount - 1
+    static const Effect& at(int32_t index);
 
     /// A new processor; the caller deletes it. Null outside the catalogue.
     static WavProc* newProcessor(int32_t index);
