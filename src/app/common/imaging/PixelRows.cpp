@@ -116,9 +116,10 @@ PixelBlock joinRows(const PixelBlock& block) {
     return joined;
 }
 
-}  // namespace
-
-MURMELO_KERNEL void PixelRows::over(const PixelBlock& rows) {
+/// Blends row by row, in groups as far as they go.
+/// @param modifier  none, an opacity, or a tint; a copy, so that writing pixels cannot change it
+template <typename... Modifier>
+MURMELO_KERNEL_PART void overRows(const PixelBlock& rows, Modifier... modifier) {
     const PixelBlock block = joinRows(rows);
     for (int32_t row = 0; row < block.h; row++) {
         uint32_t* dst = block.dstRow(row);
@@ -126,51 +127,31 @@ MURMELO_KERNEL void PixelRows::over(const PixelBlock& rows) {
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
             // The first pixel mostly tells what its group is like.
-            if (isBetween(*src) || !(*src == 0 ? isNothing(src) : isOpaque(src))) {
-                overGroup(dst, src);
-            } else if (*src != 0) {
+            const bool isModified = sizeof...(modifier) > 0;
+            if (!isModified && *src != 0 && !isBetween(*src) && isOpaque(src)) {
                 std::memcpy(dst, src, kGroupBytes);
+            } else if (*src != 0 || !isNothing(src)) {
+                overGroup(dst, src, modifier...);
             }
             dst += kGroupPx;
             src += kGroupPx;
         }
-        overRest(dst, src, left);
+        overRest(dst, src, left, modifier...);
     }
+}
+
+}  // namespace
+
+MURMELO_KERNEL void PixelRows::over(const PixelBlock& rows) {
+    overRows(rows);
 }
 
 MURMELO_KERNEL void PixelRows::overWithOpacity(const PixelBlock& rows, uint32_t opacity256) {
-    const PixelBlock block = joinRows(rows);
-    for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dstRow(row);
-        const uint32_t* src = block.srcRow(row);
-        int32_t left = block.w;
-        for (; left >= kGroupPx; left -= kGroupPx) {
-            if (*src != 0 || !isNothing(src)) {
-                overGroup(dst, src, opacity256);
-            }
-            dst += kGroupPx;
-            src += kGroupPx;
-        }
-        overRest(dst, src, left, opacity256);
-    }
+    overRows(rows, opacity256);
 }
 
 MURMELO_KERNEL void PixelRows::overWithTint(const PixelBlock& rows, const PixelTint& tint) {
-    const PixelBlock block = joinRows(rows);
-    const PixelTint fixedTint = tint;  // known not to change while pixels are written
-    for (int32_t row = 0; row < block.h; row++) {
-        uint32_t* dst = block.dstRow(row);
-        const uint32_t* src = block.srcRow(row);
-        int32_t left = block.w;
-        for (; left >= kGroupPx; left -= kGroupPx) {
-            if (*src != 0 || !isNothing(src)) {
-                overGroup(dst, src, fixedTint);
-            }
-            dst += kGroupPx;
-            src += kGroupPx;
-        }
-        overRest(dst, src, left, fixedTint);
-    }
+    overRows(rows, tint);
 }
 
 MURMELO_KERNEL void PixelRows::overWithColour(const PixelBlock& rows, uint32_t argb) {
