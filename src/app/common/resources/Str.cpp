@@ -1,6 +1,6 @@
 #include "Str.h"
 
-#include "ArrFunc.h"
+#include "Array.h"
 #include "OspBase.h"
 #include "Res.h"
 #include "StrTexts.h"
@@ -10,10 +10,10 @@ using Osp::Base::String;
 namespace {
 
 /// A new counted array of new strings.
-String** newTexts(const char* const (&utf8)[Res::kLanguages]) {
+String** newTexts(const Translations& translations) {
     auto** texts = newArray<String*>(Res::kLanguages);
     for (int32_t language = 0; language < Res::kLanguages; language++) {
-        texts[language] = new String(utf8[language]);
+        texts[language] = new String(translations.utf8[language]);
     }
     return texts;
 }
@@ -21,13 +21,12 @@ String** newTexts(const char* const (&utf8)[Res::kLanguages]) {
 }  // namespace
 
 void Str::static_ctor() {
-    String** names = newTexts(StrTexts::kLanguageNames);
+    const Array<String*> names(newTexts(StrTexts::kLanguageNames));
     str_LangNameIds = Res::addLanguageNames(names);
-    deleteArrFunc(names);
     int32_t count = 0;
     const StrTexts* rows = StrTexts::rows(count);
     for (int32_t i = 0; i < count; i++) {
-        *rows[i].id = Res::addStr(newTexts(rows[i].utf8));
+        *rows[i].id = Res::addStr(newTexts(rows[i].texts));
     }
 }
 

@@ -8,13 +8,24 @@
 
 #include <cstdint>
 
+/// One text in every language. Leaving one out does not compile.
+struct Translations {
+    template <typename... Text>
+
+    requires(sizeof...(Text) == Res::kLanguages) constexpr Translations(
+        Text... text)  // NOLINT(google-explicit-constructor): a list of texts
+        : utf8{text...} {}
+
+    const char* utf8[Res::kLanguages];
+};
+
 struct StrTexts {
     const char* name;  // of the id, without "str_"
     int32_t* id;       // where Str keeps it
-    const char* utf8[Res::kLanguages];
+    Translations texts;
 
-    static constexpr const char* kLanguageNames[Res::kLanguages] = {"English", "Deutsch", "Español",
-                                                                    "Français", "Italiano"};
+    static constexpr Translations kLanguageNames = {"English", "Deutsch", "Español", "Français",
+                                                    "Italiano"};
 
     /// The whole table; count becomes the number of its rows.
     static const StrTexts* rows(int32_t& count);

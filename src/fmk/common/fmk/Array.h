@@ -1,0 +1,41 @@
+// Owns a counted array (ArrFunc.h) and frees it with deleteArrFunc.
+#pragma once
+
+#include "ArrFunc.h"
+
+#include <utility>
+
+template <typename T>
+class Array {
+public:
+    /// No array; length() of it is 0.
+    Array() = default;
+
+    /// Takes a counted array over; null is none.
+    explicit Array(T* array)
+        : elements(array) {}
+
+    Array(Array&& other) noexcept
+        : elements(other.release()) {}
+
+    Array& operator=(Array&& other) noexcept {
+        reset(other.release());
+        return *this;
+    }
+
+    ~Array() { deleteArrFunc(elements); }
+
+    T* get() const { return elements; }
+
+    // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the array itself could
+    operator T*() const { return elements; }
+
+    /// Frees the array and takes another one over.
+    void reset(T* array = nullptr) { deleteArrFunc(std::exchange(elements, array)); }
+
+    /// Hands the array to the caller, who frees it with deleteArrFunc.
+    [[nodiscard]] T* release() { return std::exchange(elements, nullptr); }
+
+private:
+    T* elements = nullptr;
+};
