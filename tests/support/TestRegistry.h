@@ -76,7 +76,7 @@ public:
     }
 
     static std::vector<uint32_t> pixelsOf(const AppImage& image) {
-        return {image.pixels, image.pixels + image.w * image.h};
+        return {image.pixels.get(), image.pixels + image.w * image.h};
     }
 
     /// x, y, w, h

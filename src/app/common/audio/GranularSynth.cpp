@@ -19,12 +19,12 @@ GranularSynth::GranularSynth(
     , source(ownSource != nullptr ? ownSource : source)
     , grainSearch(search, fade) {
     assert(step > 0 && fade >= 0 && search >= 0 && fade + search <= kTempSamples);
-    srcPosQ10 = newArray<int32_t>(numGrains);
-    dstPosQ10 = newArray<int32_t>(numGrains);
-    stretchesQ10 = newArray<int32_t>(numGrains);
-    periods = newArray<int32_t>(numGrains);
-    correlations = newArray<int32_t>(numGrains);
-    meanAmps = newArray<int32_t>(numGrains);
+    srcPosQ10.reset(newArray<int32_t>(numGrains));
+    dstPosQ10.reset(newArray<int32_t>(numGrains));
+    stretchesQ10.reset(newArray<int32_t>(numGrains));
+    periods.reset(newArray<int32_t>(numGrains));
+    correlations.reset(newArray<int32_t>(numGrains));
+    meanAmps.reset(newArray<int32_t>(numGrains));
     for (int32_t g = 0; g < numGrains; g++) {
         srcPosQ10[g] = wrapMul(g * step, POS_ONE);
         dstPosQ10[g] = srcPosQ10[g];
@@ -34,14 +34,6 @@ GranularSynth::GranularSynth(
 }
 
 GranularSynth::~GranularSynth() {
-    deleteArrFunc(srcPosQ10);
-    deleteArrFunc(dstPosQ10);
-    deleteArrFunc(stretchesQ10);
-    deleteArrFunc(periods);
-    deleteArrFunc(correlations);
-    deleteArrFunc(meanAmps);
-    deleteArrFunc(temp);
-    deleteArrFunc(peaks);
     SampleKeep::giveBack(ownSource);
 }
 
@@ -103,7 +95,7 @@ void GranularSynth::resampleGrain(int32_t from, int32_t count, int32_t samples) 
     }
     const int32_t fitting = std::min(count, kTempSamples);
     if (fitting > 0) {
-        std::copy_n(source + from, fitting, temp);
+        std::copy_n(source + from, fitting, temp.get());
     }
 }
 

@@ -5,6 +5,7 @@
 // sample 2097151 (262 s at 8 kHz).
 #pragma once
 
+#include "Array.h"
 #include "GrainSearch.h"
 
 #include <cstdint>
@@ -79,19 +80,19 @@ private:
     void resampleGrain(int32_t from, int32_t count, int32_t samples);
     int32_t findOffset(const int32_t* dst, int32_t dstPos);
 
-    int32_t* srcPosQ10;
-    int32_t* dstPosQ10;
-    int32_t* stretchesQ10;
-    int32_t* periods;       // pitch period of each grain; -1: not looked for
-    int32_t* correlations;  // voicing strength of each grain
-    int32_t* meanAmps;
+    Array<int32_t> srcPosQ10;
+    Array<int32_t> dstPosQ10;
+    Array<int32_t> stretchesQ10;
+    Array<int32_t> periods;       // pitch period of each grain; -1: not looked for
+    Array<int32_t> correlations;  // voicing strength of each grain
+    Array<int32_t> meanAmps;
     int32_t numGrains;
     int32_t step;
     int32_t fade;
     int32_t search;
-    int32_t* temp;       // the resampled grain, not cleared between grains
-    int32_t* ownSource;  // a copy; null if the source is borrowed
+    Array<int32_t> temp;  // the resampled grain, not cleared between grains
+    int32_t* ownSource;   // a copy from SampleKeep; null if the source is borrowed
     const int32_t* source;
-    int32_t* peaks = nullptr;  // amplitude peaks; not looked for
+    Array<int32_t> peaks;  // amplitude peaks; not looked for
     GrainSearch grainSearch;
 };

@@ -18,13 +18,8 @@ MeanFilter::MeanFilter(int32_t shift)
     : shift(shift)
     , length(windowSamples(shift))
     , mask(length - 1)
-    , half(length / 2) {
-    ring = newArray<int32_t>(length);
-}
-
-MeanFilter::~MeanFilter() {
-    deleteArrFunc(ring);
-}
+    , half(length / 2)
+    , ring(newArray<int32_t>(length)) {}
 
 inline void MeanFilter::take(int32_t sample) {
     int32_t& slot = ring[index & mask];

@@ -1,6 +1,8 @@
 // Running mean over a power-of-two window: takes out rumble (highpass) or hiss (lowpass).
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
 
 class MeanFilter {
@@ -13,7 +15,7 @@ public:
     explicit MeanFilter(int32_t shift);
     MeanFilter(const MeanFilter&) = delete;
     MeanFilter& operator=(const MeanFilter&) = delete;
-    virtual ~MeanFilter();
+    virtual ~MeanFilter() = default;
 
     /// The input half a window ago minus the window's mean, clamped to 16 bits. State carries over,
     /// so a long take may come in pieces; src may equal dst.
@@ -32,7 +34,7 @@ private:
     int32_t length;  // window, samples
     int32_t mask;
     int32_t half;
-    int32_t* ring;      // the last window of samples
-    int32_t index = 0;  // samples taken so far
-    int32_t sum = 0;    // of the ring; |sum| <= 32768 << shift fits up to shift 15, wraps beyond
+    Array<int32_t> ring;  // the last window of samples
+    int32_t index = 0;    // samples taken so far
+    int32_t sum = 0;      // of the ring; |sum| <= 32768 << shift fits up to shift 15, wraps beyond
 };

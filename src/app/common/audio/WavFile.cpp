@@ -1,6 +1,6 @@
 #include "WavFile.h"
 
-#include "ArrFunc.h"
+#include "Array.h"
 #include "InputStream.h"
 #include "OutputStream.h"
 #include "WavProps.h"
@@ -75,19 +75,17 @@ WavFile::loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char*
     if (count > kMaxArrayLength || stream->hasFailed()) {
         return nullptr;
     }
-    auto* samples = newArray<int32_t>(count);
+    Array<int32_t> samples(newArray<int32_t>(count));
     const int32_t done = readSamples(stream, samplesPerTarget, samples, sampleBuffer);
     if (stream->hasFailed()) {
-        deleteArrFunc(samples);
         return nullptr;
     }
     if (done < count) {
         auto* shorter = newArray<int32_t>(done);
-        std::copy_n(samples, done, shorter);
-        deleteArrFunc(samples);
+        std::copy_n(samples.get(), done, shorter);
         return shorter;
     }
-    return samples;
+    return samples.release();
 }
 
 bool WavFile::save8Khz(OutputStream* stream,

@@ -72,15 +72,13 @@ void WavProc::static_dtor() {
 
 WavProc::~WavProc() {
     SampleKeep::giveBack(source);
-    deleteArrFunc(result);
 }
 
 void WavProc::init(const int32_t* samples, int32_t srate) {
     lastProgress = 0;
     // A run that was in hand is forgotten.
     SampleKeep::giveBack(source);
-    deleteArrFunc(result);
-    result = nullptr;
+    result.reset();
     source = SampleKeep::takeCopy(samples);
     srateHz = srate;
     doInit();
@@ -103,8 +101,7 @@ int32_t WavProc::process() {
 
 int32_t* WavProc::getResult() {
     // The clean-up would delete the result: the caller gets the array itself in place of a copy.
-    int32_t* fetched = result;
-    result = nullptr;
+    int32_t* fetched = result.release();
     cleanUp();
     return fetched;
 }
@@ -113,9 +110,8 @@ void WavProc::cleanUp() {
     lastProgress = kIdle;
     doCleanup();
     SampleKeep::giveBack(source);
-    deleteArrFunc(result);
     source = nullptr;
-    result = nullptr;
+    result.reset();
 }
 
 void WavProc::exc(const char* /*message*/) {
@@ -127,8 +123,7 @@ void WavProc::exc(Osp::Base::String* /*message*/) {
 }
 
 void WavProc::newResult(int32_t count) {
-    deleteArrFunc(result);
-    result = newArray<int32_t>(count);
+    result.reset(newArray<int32_t>(count));
 }
 
 void WavProc::addCrossFaded(

@@ -5,6 +5,8 @@
 // getResult -> idle. cleanUp ends a run at any time. A processor is made once and run many times.
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
 
 namespace Osp::Base {
@@ -85,8 +87,8 @@ protected:
     /// Makes the result, count samples of silence.
     void newResult(int32_t count);
 
-    int32_t* source = nullptr;  // owned
-    int32_t* result = nullptr;  // owned
+    int32_t* source = nullptr;  // a copy from SampleKeep, owned
+    Array<int32_t> result;
     int32_t lastProgress = kIdle;
     int32_t srateHz = 0;
 };

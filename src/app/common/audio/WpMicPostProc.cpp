@@ -66,7 +66,7 @@ WpMicPostProc::~WpMicPostProc() {
 void WpMicPostProc::doInit() {
     newResult(length(source));
     doCleanup();
-    levelTable = newArray<int32_t>(kTopLevel + 1);
+    levelTable.reset(newArray<int32_t>(kTopLevel + 1));
 }
 
 int32_t WpMicPostProc::doProcess() {
@@ -86,8 +86,7 @@ int32_t WpMicPostProc::doProcess() {
 }
 
 void WpMicPostProc::doCleanup() {
-    deleteArrFunc(levelTable);
-    levelTable = nullptr;
+    levelTable.reset();
 }
 
 // Deliberate: the ramps end just under half gain and the sample behind them has its full gain. The

@@ -2,6 +2,7 @@
 // noise down and raises speech to nearly full scale.
 #pragma once
 
+#include "Array.h"
 #include "WavProc.h"
 
 class WpMicPostProc : public WavProc {
@@ -23,5 +24,5 @@ private:
     int32_t findLevel() const;
     void drawCurve(int32_t level);
 
-    int32_t* levelTable = nullptr;  // 513 entries, owned; first a histogram, then the level curve
+    Array<int32_t> levelTable;  // 513 entries; first a histogram, then the level curve
 };

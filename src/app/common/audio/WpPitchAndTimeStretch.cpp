@@ -33,8 +33,9 @@ WpPitchAndTimeStretch::~WpPitchAndTimeStretch() {
 
 void WpPitchAndTimeStretch::doInit() {
     doCleanup();
-    rnd = new Rnd();  // the fixed seed: the same take wobbles the same way every time
-    synth = new GranularSynth(source, step, fade, search, GranularSynth::Source::kBorrowed);
+    rnd = std::make_unique<Rnd>();  // the fixed seed: the same take wobbles the same way every time
+    synth = std::make_unique<GranularSynth>(source, step, fade, search,
+                                            GranularSynth::Source::kBorrowed);
     grainCount = synth->getNumGrains();
     if (pitch != 1.0F) {
         const int32_t stretchQ10 =
@@ -61,10 +62,8 @@ int32_t WpPitchAndTimeStretch::doProcess() {
 }
 
 void WpPitchAndTimeStretch::doCleanup() {
-    delete synth;
-    synth = nullptr;
-    delete rnd;
-    rnd = nullptr;
+    synth.reset();
+    rnd.reset();
 }
 
 // One grain; the progress runs from progressBefore to the end over all grains.

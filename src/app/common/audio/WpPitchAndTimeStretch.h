@@ -4,6 +4,8 @@
 
 #include "WavProc.h"
 
+#include <memory>
+
 class GranularSynth;
 class Rnd;
 
@@ -32,7 +34,7 @@ private:
     int32_t countNext();
     void buildWobble();
 
-    GranularSynth* synth = nullptr;  // owned; null when no run is in hand
+    std::unique_ptr<GranularSynth> synth;  // null between runs
     int32_t step;
     int32_t fade;
     int32_t search;
@@ -41,5 +43,5 @@ private:
     int32_t mode;
     int32_t grainCount = 0;
     int32_t grainCounter = 0;
-    Rnd* rnd = nullptr;  // owned
+    std::unique_ptr<Rnd> rnd;
 };

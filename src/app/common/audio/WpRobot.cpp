@@ -93,7 +93,7 @@ void WpRobot::doInit() {
     previousGain = 0.0F;
     previousPeriod = 0;
     frameIndex = 0;
-    rnd = new Rnd(seedIsFixed ? fixedSeed : System::currentTimeMillis());
+    rnd = std::make_unique<Rnd>(seedIsFixed ? fixedSeed : System::currentTimeMillis());
 }
 
 int32_t WpRobot::doProcess() {
@@ -103,8 +103,7 @@ int32_t WpRobot::doProcess() {
 void WpRobot::doCleanup() {
     frameCount = 0;
     frames.clear();
-    delete rnd;
-    rnd = nullptr;
+    rnd.reset();
 }
 
 int32_t WpRobot::analyseFrame() {

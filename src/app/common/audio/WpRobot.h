@@ -5,6 +5,7 @@
 #include "Lpc.h"
 #include "WavProc.h"
 
+#include <memory>
 #include <vector>
 
 class Rnd;
@@ -59,6 +60,6 @@ private:
     float previousGain = 0.0F;
     int32_t previousPeriod = 0;
     int32_t frameIndex = 0;
-    Rnd* rnd = nullptr;  // owned
+    std::unique_ptr<Rnd> rnd;
     int32_t mode;
 };

@@ -100,8 +100,7 @@ AppImage::~AppImage() {
 }
 
 void AppImage::dynamic_dtor() {
-    deleteArrFunc(pixels);
-    pixels = nullptr;
+    pixels.reset();
 }
 
 void AppImage::allocate(int32_t w, int32_t h) {
@@ -109,7 +108,7 @@ void AppImage::allocate(int32_t w, int32_t h) {
     if (w < 1 || h < 1) {
         this->w = 0;
         this->h = 0;
-        pixels = nullptr;
+        static_cast<void>(pixels.release());
         return;
     }
     const bool tooLarge = count > kMaxArrayLength;
@@ -118,8 +117,7 @@ void AppImage::allocate(int32_t w, int32_t h) {
     if (pixels != nullptr && count == length(pixels)) {
         return;
     }
-    deleteArrFunc(pixels);
-    pixels = tooLarge ? nullptr : newArray<uint32_t>(static_cast<int32_t>(count));
+    pixels.reset(tooLarge ? nullptr : newArray<uint32_t>(static_cast<int32_t>(count)));
 }
 
 void AppImage::premult() {
@@ -151,7 +149,7 @@ void AppImage::blend(uint32_t argb, int32_t x, int32_t y) {
 }
 
 void AppImage::set(uint32_t argb) {
-    std::fill_n(pixels, length(pixels), argb);
+    std::fill_n(pixels.get(), length(pixels), argb);
 }
 
 void AppImage::set(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
@@ -181,7 +179,7 @@ void AppImage::set(AppImage* src, int32_t dx, int32_t dy) {
 void AppImage::set(AppImage* src) {
     assert(length(src->pixels) == length(pixels));
     // The source's length rules; never behind the end of a smaller image.
-    std::copy_n(src->pixels, std::min(length(src->pixels), length(pixels)), pixels);
+    std::copy_n(src->pixels.get(), std::min(length(src->pixels), length(pixels)), pixels.get());
 }
 
 void AppImage::blend(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {

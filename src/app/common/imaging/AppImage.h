@@ -9,6 +9,7 @@
 // slots, so a derived class that overrides one changes all that are built on it.
 #pragma once
 
+#include "Array.h"
 #include "GnoObject.h"
 
 #include <cstdint>
@@ -135,10 +136,10 @@ public:
                       int32_t fA,
                       int32_t fB);
 
-    int32_t w = 0;               // px
-    int32_t h = 0;               // px
-    uint32_t* pixels = nullptr;  // counted array of w * h words, owned
-    bool opaque = false;         // no transparent pixel: whole images of it are copied, not blended
+    int32_t w = 0;           // px
+    int32_t h = 0;           // px
+    Array<uint32_t> pixels;  // w * h words
+    bool opaque = false;     // no transparent pixel: whole images of it are copied, not blended
 
 private:
     void dynamic_dtor();

@@ -79,10 +79,6 @@ BitMapCharacter::BitMapCharacter(int32_t codePoint,
     }
 }
 
-BitMapCharacter::~BitMapCharacter() {
-    deleteArrFunc(pixels);
-}
-
 void BitMapCharacter::letGo() {
     holders--;
     if (holders < 1) {
@@ -108,13 +104,12 @@ BitMapCharacter* BitMapCharacter::createFrom(DataInputStream* in) {
         return new BitMapCharacter(codePoint, advanceWidth, ofsX, ofsY);
     }
     const int32_t count = wordCount(w, h);
-    auto* bytes = newArray<signed char>(4 * count);
+    const Array<signed char> bytes(newArray<signed char>(4 * count));
     in->readFully(bytes);
     auto* words = newArray<uint32_t>(count);
     for (int32_t i = 0; i < 4 * count; i++) {
         words[i >> 2] |= (static_cast<uint32_t>(bytes[i]) & 255) << (24 - 8 * (i & 3));
     }
-    deleteArrFunc(bytes);
     return new BitMapCharacter(codePoint, words, w, h, advanceWidth, ofsX, ofsY);
 }
 

@@ -4,6 +4,8 @@
 // first one in bits 28..31. A glyph may stand in more than one font; the last one deletes it.
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
 
 class AppImage;
@@ -46,7 +48,7 @@ public:
 
     BitMapCharacter(const BitMapCharacter&) = delete;
     BitMapCharacter& operator=(const BitMapCharacter&) = delete;
-    virtual ~BitMapCharacter();
+    virtual ~BitMapCharacter() = default;
 
     /// Reads one record of a font file; the caller owns the character. Null if the stream has
     /// ended; what is missing of a record that is cut short is zero.
@@ -76,12 +78,12 @@ public:
     void letGo();
 
     int32_t codePoint;
-    int32_t advanceWidth;        // px, how far the pen moves on
-    int32_t ofsX;                // px, from the pen to the bitmap
-    int32_t ofsY;                // px, from the baseline to the top row; negative above it
-    uint32_t* pixels = nullptr;  // counted array, owned; null without ink
-    int32_t w = 0;               // px
-    int32_t h = 0;               // px
+    int32_t advanceWidth;    // px, how far the pen moves on
+    int32_t ofsX;            // px, from the pen to the bitmap
+    int32_t ofsY;            // px, from the baseline to the top row; negative above it
+    Array<uint32_t> pixels;  // none without ink
+    int32_t w = 0;           // px
+    int32_t h = 0;           // px
 
 private:
     int32_t holders = 0;

@@ -55,7 +55,6 @@ BitMapFont::~BitMapFont() {
     for (int32_t i = 0; i < numChars; i++) {
         characters[i]->letGo();
     }
-    deleteArrFunc(characters);
 }
 
 BitMapFont* BitMapFont::createFrom(InputStream* in) {
@@ -138,9 +137,8 @@ void BitMapFont::insert(BitMapCharacter* character) {
 
 void BitMapFont::reallocate() {
     auto* larger = newArray<BitMapCharacter*>(2 * length(characters));
-    std::copy(characters, characters + numChars, larger);
-    deleteArrFunc(characters);
-    characters = larger;
+    std::copy_n(characters.get(), numChars, larger);
+    characters.reset(larger);
 }
 
 void BitMapFont::setMissingChar(int32_t s) {
@@ -169,7 +167,7 @@ void BitMapFont::setLineHeight(int32_t lineHeight) {
 /// Index of the code point, or where it would have to be inserted.
 int32_t BitMapFont::indexAtOrAfter(int32_t codePoint) const {
     BitMapCharacter** found =
-        std::lower_bound(characters, characters + numChars, codePoint,
+        std::lower_bound(characters.get(), characters + numChars, codePoint,
                          [](const BitMapCharacter* character, int32_t wanted) {
                              return character->codePoint < wanted;
                          });

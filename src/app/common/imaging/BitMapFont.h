@@ -4,6 +4,7 @@
 // (code point 0, a hollow square), which stands in for every code point that the font lacks.
 #pragma once
 
+#include "Array.h"
 #include "GnoObject.h"
 #include "OspBase.h"
 
@@ -122,7 +123,7 @@ private:
 
     Osp::Base::String originalFontName;
     float originalFontSize;
-    BitMapCharacter** characters;  // counted array, its length is the capacity
+    Array<BitMapCharacter*> characters;  // its length is the capacity
     int32_t numChars = 0;
     int32_t lineHeight;
     int32_t maxAbove = 0;

@@ -2,6 +2,7 @@
 
 #include "HexText.h"
 #include "OspBase.h"
+#include "Pooled.h"
 #include "Saturating.h"
 #include "Vector.h"
 
@@ -14,18 +15,16 @@ namespace {
 /// Reads the rectangle, lets change work on the copy, and writes it back.
 template <typename Change>
 void edit(Bounded* bounded, Change change) {
-    Bounds* copy = Bounds::alloc(bounded);
+    const PooledBounds copy(Bounds::alloc(bounded));
     change(copy);
     bounded->setBounds(copy);
-    copy->free();
 }
 
 /// Answers a question about the rectangle.
 template <typename Question>
 auto ask(Bounded* bounded, Question question) {
-    Bounds* copy = Bounds::alloc(bounded);
+    const PooledBounds copy(Bounds::alloc(bounded));
     const auto answer = question(copy);
-    copy->free();
     return answer;
 }
 
@@ -218,15 +217,13 @@ void Bounds::makeInvalid(Bounded* bounded) {
 }
 
 void Bounds::set(Bounded* bounded, int32_t x, int32_t y, int32_t w, int32_t h) {
-    Bounds* bounds = alloc(x, y, w, h);
+    const PooledBounds bounds(alloc(x, y, w, h));
     bounded->setBounds(bounds);
-    bounds->free();
 }
 
 void Bounds::set(Bounded* bounded, Bounded* source) {
-    Bounds* bounds = alloc(source);
+    const PooledBounds bounds(alloc(source));
     bounded->setBounds(bounds);
-    bounds->free();
 }
 
 void Bounds::setPos(Bounded* bounded, int32_t x, int32_t y) {
@@ -289,9 +286,9 @@ bool Bounds::intersects(Bounded* a, Bounded* b) {
 }
 
 void Bounds::intersect(Bounded* a, Bounded* b) {
-    Bounds* other = alloc(b);
+    const PooledBounds other(alloc(b));
     x2y2(other);
-    edit(a, [other](Bounds* shared) {
+    edit(a, [&other](Bounds* shared) {
         x2y2(shared);
         shared->x = std::max(shared->x, other->x);
         shared->y = std::max(shared->y, other->y);
@@ -299,13 +296,11 @@ void Bounds::intersect(Bounded* a, Bounded* b) {
         shared->h = std::min(shared->h, other->h);
         wh(shared);
     });
-    other->free();
 }
 
 void Bounds::intersect(Bounded* a, int32_t x, int32_t y) {
-    Bounds* pixel = alloc(x, y, 1, 1);
+    const PooledBounds pixel(alloc(x, y, 1, 1));
     intersect(a, pixel);
-    pixel->free();
 }
 
 void Bounds::union_(Bounded* a, Bounded* b) {
@@ -313,9 +308,9 @@ void Bounds::union_(Bounded* a, Bounded* b) {
         set(a, b);
         return;
     }
-    Bounds* other = alloc(b);
+    const PooledBounds other(alloc(b));
     x2y2(other);
-    edit(a, [other](Bounds* box) {
+    edit(a, [&other](Bounds* box) {
         x2y2(box);
         box->x = std::min(box->x, other->x);
         box->y = std::min(box->y, other->y);
@@ -323,7 +318,6 @@ void Bounds::union_(Bounded* a, Bounded* b) {
         box->h = std::max(box->h, other->h);
         wh(box);
     });
-    other->free();
 }
 
 bool Bounds::equals(Bounded* a, Bounded* b) {

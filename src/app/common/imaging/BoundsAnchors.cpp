@@ -1,6 +1,7 @@
 // Anchors, edges and directions of Bounds.
 #include "Bounds.h"
 #include "Point.h"
+#include "Pooled.h"
 #include "Saturating.h"
 #include "Vector.h"
 
@@ -36,14 +37,12 @@ int32_t oppositeOf(int32_t direction) {
 
 /// How far b's point lies beyond a's in the direction, in pixels; negative on the other side.
 int64_t beyond(Bounded* a, int32_t anchorA, Bounded* b, int32_t anchorB, int32_t direction) {
-    Point* from = Point::alloc();
-    Point* to = Point::alloc();
+    const PooledPoint from(Point::alloc());
+    const PooledPoint to(Point::alloc());
     Bounds::getPoint(from, a, anchorA);
     Bounds::getPoint(to, b, anchorB);
     const int64_t dx = int64_t{to->x} - from->x;
     const int64_t dy = int64_t{to->y} - from->y;
-    from->free();
-    to->free();
     const int64_t way = (direction & kHorizontal) != 0 ? dx : dy;
     return (direction & (Bounds::kTop | Bounds::kLeft)) != 0 ? -way : way;
 }
@@ -56,13 +55,12 @@ bool shareRowOrColumn(Bounds* a, Bounds* b, int32_t direction) {
 }
 
 bool counts(Bounds* from, Bounded* candidate, int32_t direction, bool aligned, bool touching) {
-    Bounds* to = Bounds::alloc(candidate);
+    const PooledBounds to(Bounds::alloc(candidate));
     bool inDirection = beyond(from, direction, to, oppositeOf(direction), direction) > 0;
     if (touching && Bounds::intersects(from, to)) {
         inDirection = beyond(from, Bounds::kCentre, to, Bounds::kCentre, direction) > 0;
     }
     const bool result = inDirection && (!aligned || shareRowOrColumn(from, to, direction));
-    to->free();
     return result;
 }
 
@@ -73,7 +71,7 @@ Bounded* search(Bounded* bounded,
                 bool aligned,
                 bool touching,
                 bool farthest) {
-    Bounds* from = Bounds::alloc(bounded);
+    const PooledBounds from(Bounds::alloc(bounded));
     Bounded* best = nullptr;
     double bestDistance = 0;
     for (int32_t i = 0; i < vector->size(); i++) {
@@ -88,20 +86,18 @@ Bounded* search(Bounded* bounded,
             bestDistance = distance;
         }
     }
-    from->free();
     return best;
 }
 
 }  // namespace
 
 void Bounds::setEdges(Bounded* bounded, int32_t left, int32_t top, int32_t right, int32_t bottom) {
-    Bounds* bounds = allocX2Y2(left, top, right, bottom);
+    const PooledBounds bounds(allocX2Y2(left, top, right, bottom));
     bounded->setBounds(bounds);
-    bounds->free();
 }
 
 void Bounds::setEdges(Bounded* bounded, int32_t anchor, int32_t x, int32_t y) {
-    Bounds* bounds = alloc(bounded);
+    const PooledBounds bounds(alloc(bounded));
     if ((anchor & kLeft) != 0) {
         bounds->setLeft(x);
     }
@@ -115,7 +111,6 @@ void Bounds::setEdges(Bounded* bounded, int32_t anchor, int32_t x, int32_t y) {
         bounds->setBottom(y);
     }
     bounded->setBounds(bounds);
-    bounds->free();
 }
 
 void Bounds::setEdges(Bounded* bounded,
@@ -124,14 +119,13 @@ void Bounds::setEdges(Bounded* bounded,
                       int32_t referenceAnchor,
                       int32_t dx,
                       int32_t dy) {
-    Point* point = Point::alloc();
+    const PooledPoint point(Point::alloc());
     getPoint(point, reference, referenceAnchor);
     setEdges(bounded, anchor, satAdd(point->x, dx), satAdd(point->y, dy));
-    point->free();
 }
 
 void Bounds::moveEdges(Bounded* bounded, int32_t anchor, int32_t dx, int32_t dy) {
-    Bounds* bounds = alloc(bounded);
+    const PooledBounds bounds(alloc(bounded));
     x2y2(bounds);
     if ((anchor & kLeft) != 0) {
         bounds->x = satAdd(bounds->x, dx);
@@ -147,11 +141,10 @@ void Bounds::moveEdges(Bounded* bounded, int32_t anchor, int32_t dx, int32_t dy)
     }
     wh(bounds);
     bounded->setBounds(bounds);
-    bounds->free();
 }
 
 void Bounds::setPos(Bounded* bounded, int32_t anchor, int32_t x, int32_t y) {
-    Bounds* bounds = alloc(bounded);
+    const PooledBounds bounds(alloc(bounded));
     if ((anchor & kCentre) != 0) {
         bounds->x = satSub(x, bounds->w >> 1);
         bounds->y = satSub(y, bounds->h >> 1);
@@ -167,7 +160,6 @@ void Bounds::setPos(Bounded* bounded, int32_t anchor, int32_t x, int32_t y) {
         bounds->y = saturate(int64_t{y} - bounds->h + 1);
     }
     bounded->setBounds(bounds);
-    bounds->free();
 }
 
 void Bounds::setPos(Bounded* bounded,
@@ -176,14 +168,13 @@ void Bounds::setPos(Bounded* bounded,
                     int32_t referenceAnchor,
                     int32_t dx,
                     int32_t dy) {
-    Point* point = Point::alloc();
+    const PooledPoint point(Point::alloc());
     getPoint(point, reference, referenceAnchor);
     setPos(bounded, anchor, satAdd(point->x, dx), satAdd(point->y, dy));
-    point->free();
 }
 
 void Bounds::getPoint(Point* point, Bounded* bounded, int32_t anchor) {
-    Bounds* bounds = alloc(bounded);
+    const PooledBounds bounds(alloc(bounded));
     if ((anchor & kCentre) != 0) {
         point->x = satAdd(bounds->x, bounds->w >> 1);
         point->y = satAdd(bounds->y, bounds->h >> 1);
@@ -200,11 +191,10 @@ void Bounds::getPoint(Point* point, Bounded* bounded, int32_t anchor) {
     if ((anchor & kRight) != 0) {
         point->x = bounds->getRight();
     }
-    bounds->free();
 }
 
 int32_t Bounds::getClosestAnchor(Bounded* bounded, int32_t x, int32_t y) {
-    Bounds* pixel = alloc(x, y, 1, 1);
+    const PooledBounds pixel(alloc(x, y, 1, 1));
     int32_t best = kAnchors[0];
     double bestDistance = getDistance(bounded, best, pixel, kTop | kLeft);
     for (const int32_t anchor : kAnchors) {
@@ -214,18 +204,15 @@ int32_t Bounds::getClosestAnchor(Bounded* bounded, int32_t x, int32_t y) {
             bestDistance = distance;
         }
     }
-    pixel->free();
     return best;
 }
 
 double Bounds::getDistance(Bounded* a, int32_t anchorA, Bounded* b, int32_t anchorB) {
-    Point* from = Point::alloc();
-    Point* to = Point::alloc();
+    const PooledPoint from(Point::alloc());
+    const PooledPoint to(Point::alloc());
     getPoint(from, a, anchorA);
     getPoint(to, b, anchorB);
     const double distance = Point::getDistance(from, to);
-    from->free();
-    to->free();
     return distance;
 }
 

@@ -1,6 +1,7 @@
 // Whole lists of rectangles: what it takes to repaint each changed pixel once.
 #include "ArrFunc.h"
 #include "Bounds.h"
+#include "Pooled.h"
 #include "Saturating.h"
 #include "Vector.h"
 
@@ -111,8 +112,8 @@ void Bounds::copyInto(Vector* source, Vector* target) {
 }
 
 void Bounds::substract(Bounded* a, Bounded* b, int32_t dx, int32_t dy, Vector* out) {
-    Bounds* rest = alloc(a);
-    Bounds* hole = shiftedHole(b, dx, dy);
+    const PooledBounds rest(alloc(a));
+    const PooledBounds hole(shiftedHole(b, dx, dy));
     x2y2(rest);
     const bool apart =
         hole->y > rest->h || hole->h < rest->y || hole->x > rest->w || hole->w < rest->x;
@@ -121,8 +122,6 @@ void Bounds::substract(Bounded* a, Bounded* b, int32_t dx, int32_t dy, Vector* o
     } else {
         splitAround(rest, hole, out);
     }
-    rest->free();
-    hole->free();
 }
 
 void Bounds::substract(Bounded* a, Bounded* b, Vector* out) {

@@ -3,6 +3,7 @@
 #include "AppImage.h"
 #include "Bounds.h"
 #include "PixelMath.h"
+#include "Pooled.h"
 #include "Saturating.h"
 
 #include <algorithm>
@@ -16,9 +17,8 @@ constexpr uint32_t kRoundUpPair = kRoundUp << 16 | kRoundUp;
 
 /// Cuts r to the destination, then to the clip; false if nothing remains.
 bool clipTo(Bounds* r, AppImage* dst, Bounded* clip) {
-    Bounds* area = Bounds::alloc(0, 0, dst->w, dst->h);
+    const PooledBounds area(Bounds::alloc(0, 0, dst->w, dst->h));
     Bounds::intersect(r, area);
-    area->free();
     if (!Bounds::isValid(r)) {
         return false;
     }
@@ -48,11 +48,10 @@ uint32_t reduceCell(const uint32_t* row, int32_t begin, int32_t end) {
 
 void ImageOps::blend(
     AppImage* dst, AppImage* src, int32_t x, int32_t y, Bounded* clip, PixProps* props) {
-    Bounds* r = Bounds::alloc(x, y, src->w, src->h);
+    const PooledBounds r(Bounds::alloc(x, y, src->w, src->h));
     if (clipTo(r, dst, clip)) {
         dst->blend(src, r->x - x, r->y - y, r->w, r->h, r->x, r->y, props);
     }
-    r->free();
 }
 
 void ImageOps::blend(AppImage* dst,
@@ -67,11 +66,10 @@ void ImageOps::blend(AppImage* dst,
     if (c >> 24 == 0) {
         return;
     }
-    Bounds* r = Bounds::alloc(x, y, w, h);
+    const PooledBounds r(Bounds::alloc(x, y, w, h));
     if (clipTo(r, dst, clip)) {
         dst->blend(c, r->x, r->y, r->w, r->h);
     }
-    r->free();
 }
 
 void ImageOps::blend(AppImage* dst,
@@ -81,11 +79,10 @@ void ImageOps::blend(AppImage* dst,
                      int32_t y,
                      Bounded* clip,
                      PixProps* props) {
-    Bounds* r = Bounds::alloc(x, y, mask->w, mask->h);
+    const PooledBounds r(Bounds::alloc(x, y, mask->w, mask->h));
     if (clipTo(r, dst, clip)) {
         dst->blend(argb, mask, r->x - x, r->y - y, r->w, r->h, r->x, r->y, props);
     }
-    r->free();
 }
 
 void ImageOps::blendRect(AppImage* dst,
@@ -95,10 +92,9 @@ void ImageOps::blendRect(AppImage* dst,
                          int32_t dy,
                          Bounded* clip,
                          PixProps* props) {
-    Bounds* r = Bounds::alloc(rect);
+    const PooledBounds r(Bounds::alloc(rect));
     Bounds::move(r, dx, dy);
     blend(dst, argb, r->x, r->y, r->w, r->h, clip, props);
-    r->free();
 }
 
 void ImageOps::fillRect(AppImage* dst,
@@ -108,12 +104,11 @@ void ImageOps::fillRect(AppImage* dst,
                         int32_t dy,
                         Bounded* clip,
                         PixProps* props) {
-    Bounds* r = Bounds::alloc(rect);
+    const PooledBounds r(Bounds::alloc(rect));
     Bounds::move(r, dx, dy);
     if (clipTo(r, dst, clip)) {
         dst->set(AppImage::applyProps(argb, props), r->x, r->y, r->w, r->h);
     }
-    r->free();
 }
 
 void ImageOps::blendStretched(AppImage* dst,
@@ -124,7 +119,7 @@ void ImageOps::blendStretched(AppImage* dst,
                               Bounded* target,
                               Bounded* clip,
                               PixProps* props) {
-    Bounds* r = Bounds::alloc(target);
+    const PooledBounds r(Bounds::alloc(target));
     const int32_t tx = r->x;
     const int32_t ty = r->y;
     const bool anything = clipTo(r, dst, clip);
@@ -143,7 +138,6 @@ void ImageOps::blendStretched(AppImage* dst,
             dst->blend(c, r->x + i, r->y, 1, r->h);
         }
     }
-    r->free();
 }
 
 void ImageOps::blendMap(AppImage* dst,
@@ -153,15 +147,13 @@ void ImageOps::blendMap(AppImage* dst,
                         int32_t y,
                         Bounded* clip,
                         PixProps* props) {
-    Bounds* r = Bounds::alloc(part);
-    Bounds* whole = Bounds::alloc(satSub(x, r->x), satSub(y, r->y), map->w, map->h);
+    const PooledBounds r(Bounds::alloc(part));
+    const PooledBounds whole(Bounds::alloc(satSub(x, r->x), satSub(y, r->y), map->w, map->h));
     Bounds::setPos(r, x, y);
     Bounds::intersect(r, whole);
     if (clipTo(r, dst, clip)) {
         dst->blend(map, r->x - whole->x, r->y - whole->y, r->w, r->h, r->x, r->y, props);
     }
-    whole->free();
-    r->free();
 }
 
 void ImageOps::blendMap(AppImage* dst,
@@ -178,9 +170,9 @@ void ImageOps::blendMap(AppImage* dst,
     }
     const int32_t cellW = map->w / columns;
     const int32_t cellH = map->h / rows;
-    Bounds* cell = Bounds::alloc(index % columns * cellW, index / columns * cellH, cellW, cellH);
+    const PooledBounds cell(
+        Bounds::alloc(index % columns * cellW, index / columns * cellH, cellW, cellH));
     blendMap(dst, map, cell, x, y, clip, props);
-    cell->free();
 }
 
 void ImageOps::copyWidth16To1(AppImage* src, AppImage* dst, int32_t x, int32_t y) {

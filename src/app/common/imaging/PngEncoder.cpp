@@ -31,14 +31,8 @@ int64_t rawBytes(int64_t w, int64_t h) {
 PngEncoder::PngEncoder()
     : crcTable(newArray<uint32_t>(kCrcEntries)) {}
 
-PngEncoder::~PngEncoder() {
-    deleteArrFunc(output);
-    deleteArrFunc(crcTable);
-}
-
 bool PngEncoder::setImageData(const uint32_t* argb, int32_t w, int32_t h) {
-    deleteArrFunc(output);
-    output = nullptr;
+    output.reset();
     pixels = nullptr;
     position = 0;
     if (w < 1 || h < 1 || int64_t{w} * h > kMaxArrayLength) {
@@ -53,7 +47,7 @@ bool PngEncoder::setImageData(const uint32_t* argb, int32_t w, int32_t h) {
     pixels = argb;
     width = w;
     height = h;
-    output = newArray<signed char>(slackBytes + 3 * w * h);
+    output.reset(newArray<signed char>(slackBytes + 3 * w * h));
     return true;
 }
 
@@ -122,7 +116,7 @@ void PngEncoder::addPixelRows(signed char* raw) const {
 
 void PngEncoder::addImgData() {
     const auto total = static_cast<int32_t>(rawBytes(width, height));
-    auto* raw = newArray<signed char>(total);
+    const Array<signed char> raw(newArray<signed char>(total));
     addPixelRows(raw);
     addByte(0x78);
     addByte(0x01);
@@ -133,7 +127,6 @@ void PngEncoder::addImgData() {
         adler = updateAdler(adler, raw, start, n);
     }
     addInt(static_cast<int32_t>(adler));
-    deleteArrFunc(raw);
 }
 
 /// One stored block: last or not, length and its complement, least significant byte first.
@@ -195,7 +188,6 @@ void PngEncoder::reserve(int32_t bytes) {
     }
     const int32_t doubled = std::min(2 * length(output), kMaxArrayLength);
     auto* larger = newArray<signed char>(std::max(needed, doubled));
-    std::copy(output, output + position, larger);
-    deleteArrFunc(output);
-    output = larger;
+    std::copy_n(output.get(), position, larger);
+    output.reset(larger);
 }

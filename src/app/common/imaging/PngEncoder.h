@@ -1,6 +1,8 @@
 // Writes an image as a PNG file without any compressor: stored blocks only.
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
 
 class PngEncoder {
@@ -13,7 +15,7 @@ public:
     PngEncoder();
     PngEncoder(const PngEncoder&) = delete;
     PngEncoder& operator=(const PngEncoder&) = delete;
-    virtual ~PngEncoder();
+    virtual ~PngEncoder() = default;
 
     /// Remembers the pixels, which stay the caller's and must be there until encode(), and
     /// allocates the output. False, and nothing to encode, if the size is none or too large.
@@ -55,11 +57,11 @@ private:
 
     int32_t slackBytes = 4096;
     const uint32_t* pixels = nullptr;  // not owned
-    signed char* output = nullptr;     // counted array, owned
+    Array<signed char> output;
     int32_t position = 0;
     int32_t width = 0;
     int32_t height = 0;
-    uint32_t* crcTable;  // counted array, owned
+    Array<uint32_t> crcTable;
     uint32_t adlerModulus = 65521;
     int32_t chunkStart = 0;
 };

@@ -7,10 +7,7 @@ AbstractPainter::AbstractPainter()
     : bounds(new Bounds())
     , props(new PixProps()) {}
 
-AbstractPainter::~AbstractPainter() {
-    delete bounds;
-    delete props;
-}
+AbstractPainter::~AbstractPainter() = default;
 
 int32_t AbstractPainter::getX() const {
     return bounds->x;

@@ -3,6 +3,8 @@
 
 #include "Painter.h"
 
+#include <memory>
+
 class AbstractPainter : public Painter {
 public:
     static void static_ctor() {}
@@ -21,13 +23,13 @@ public:
     void getBounds(Bounds* target) override;
     void setBounds(Bounds* source) override;
 
-    PixProps* getPixProps() override { return props; }
+    PixProps* getPixProps() override { return props.get(); }
 
     void setPixProps(PixProps* source) override;
 
     void refresh() override {}
 
 protected:
-    Bounds* bounds;   // owned
-    PixProps* props;  // owned
+    const std::unique_ptr<Bounds> bounds;
+    const std::unique_ptr<PixProps> props;
 };

@@ -42,7 +42,7 @@ void PaImage::set(int32_t id, int32_t x, int32_t y) {
 
 void PaImage::set(String* path, bool premultiply, bool opaque) {
     setImage(Res::addImage(path, premultiply, opaque));
-    auto* numbers = newArray<int32_t>(kMaxNumbers);
+    const Array<int32_t> numbers(newArray<int32_t>(kMaxNumbers));
     const int32_t count = StrUtils::parseInts(path, numbers);
     if (count == kPlacement || count == kPlacement + 1) {
         const int32_t* placement = numbers + (count - kPlacement);
@@ -50,7 +50,6 @@ void PaImage::set(String* path, bool premultiply, bool opaque) {
             setPos(placement[0], placement[1]);
         }
     }
-    deleteArrFunc(numbers);
 }
 
 void PaImage::set(const char* path, bool premultiply, bool opaque) {
@@ -62,13 +61,12 @@ void PaImage::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixPro
     if (imageId == Res::Null) {
         return;
     }
-    PixProps* combined = PixProps::alloc();
-    combined->set(props, inherited);
-    AppImage* image = Res::getImage(imageId);
-    if (image != nullptr) {
-        ImageOps::blend(dst, image, x + bounds->x, y + bounds->y, clip, combined);
-    }
     // Deliberate: not given back to the pool. Pictures are few in a frame, texts many: the pool
     // stays as large as the deepest nesting of arrays needs it.
-    delete combined;
+    const std::unique_ptr<PixProps> combined(PixProps::alloc());
+    combined->set(props.get(), inherited);
+    AppImage* image = Res::getImage(imageId);
+    if (image != nullptr) {
+        ImageOps::blend(dst, image, x + bounds->x, y + bounds->y, clip, combined.get());
+    }
 }

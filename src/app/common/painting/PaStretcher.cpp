@@ -6,6 +6,7 @@
 #include "ImageOps.h"
 #include "OspBase.h"
 #include "PixProps.h"
+#include "Pooled.h"
 #include "Res.h"
 #include "StrUtils.h"
 
@@ -35,16 +36,12 @@ Thirds cut(int32_t split, int32_t length, int32_t target) {
 
 PaStretcher::PaStretcher()
     : imageId(Res::Null) {
-    for (Bounds*& part : parts) {
-        part = new Bounds();
+    for (std::unique_ptr<Bounds>& part : parts) {
+        part = std::make_unique<Bounds>();
     }
 }
 
-PaStretcher::~PaStretcher() {
-    for (Bounds* part : parts) {
-        delete part;
-    }
-}
+PaStretcher::~PaStretcher() = default;
 
 AppImage* PaStretcher::picture() const {
     AppImage* image = Res::getImage(imageId);
@@ -53,7 +50,7 @@ AppImage* PaStretcher::picture() const {
 
 void PaStretcher::set(String* path, bool premultiply, bool opaque) {
     setImage(Res::addImage(path, premultiply, opaque));
-    auto* numbers = newArray<int32_t>(kNumbers);
+    const Array<int32_t> numbers(newArray<int32_t>(kNumbers));
     const AppImage* image = picture();
     if (image != nullptr && StrUtils::parseInts(path, numbers) == kNumbers && numbers[0] >= 0 &&
         numbers[0] <= image->w && numbers[1] >= 0 && numbers[1] <= image->h) {
@@ -61,7 +58,6 @@ void PaStretcher::set(String* path, bool premultiply, bool opaque) {
         splitY = numbers[1];
         updateSubBounds();
     }
-    deleteArrFunc(numbers);
 }
 
 void PaStretcher::set(const char* path, bool premultiply, bool opaque) {
@@ -113,7 +109,7 @@ void PaStretcher::updateSubBounds() {
     for (int32_t part = 0; part < kParts; part++) {
         const int32_t column = part % kColumns;
         const int32_t row = part / kColumns;
-        Bounds::set(parts[part], columns.begin[column], rows.begin[row], columns.size[column],
+        Bounds::set(parts[part].get(), columns.begin[column], rows.begin[row], columns.size[column],
                     rows.size[row]);
     }
 }
@@ -123,16 +119,14 @@ void PaStretcher::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, Pi
     if (image == nullptr) {
         return;
     }
-    PixProps* combined = PixProps::alloc(props, inherited);
+    const PooledPixProps combined(PixProps::alloc(props.get(), inherited));
     for (int32_t part = 0; part < kParts; part++) {
-        Bounds* target = Bounds::alloc(parts[part]);
+        const PooledBounds target(Bounds::alloc(parts[part].get()));
         Bounds::move(target, x + bounds->x, y + bounds->y);
         if (Bounds::isValid(target)) {
             paintPart(part, dst, image, target, clip, combined);
         }
-        target->free();
     }
-    combined->free();
 }
 
 void PaStretcher::paintPart(int32_t part,
@@ -155,9 +149,8 @@ void PaStretcher::paintPart(int32_t part,
     } else if (column == kMiddle || row == kMiddle) {
         ImageOps::blendStretched(dst, image, sx, sy, column == kMiddle, target, clip, combined);
     } else {
-        Bounds* corner = Bounds::alloc(target);
+        const PooledBounds corner(Bounds::alloc(target));
         Bounds::intersect(corner, clip);
         ImageOps::blend(dst, image, target->x - sx, target->y - sy, corner, combined);
-        corner->free();
     }
 }

@@ -10,6 +10,8 @@
 
 #include "AbstractPainter.h"
 
+#include <memory>
+
 namespace Osp::Base {
 class String;
 }
@@ -65,5 +67,5 @@ private:
     int32_t imageId;
     int32_t splitX = 0;
     int32_t splitY = 0;
-    Bounds* parts[kParts] = {};  // relative to the rectangle's top left corner, owned
+    std::unique_ptr<Bounds> parts[kParts];  // relative to the rectangle's top left corner
 };

@@ -6,6 +6,7 @@
 #include "Bounds.h"
 #include "OspBase.h"
 #include "PixProps.h"
+#include "Pooled.h"
 #include "Res.h"
 #include "Vector.h"
 
@@ -36,7 +37,7 @@ void PaTextArea::set(int32_t strId,
     this->fntId = fntId;
     this->argb = argb;
     this->align = align;
-    Bounds::set(bounds, x, y, std::max(w, kMinWidth), h);
+    Bounds::set(bounds.get(), x, y, std::max(w, kMinWidth), h);
     layOut();
 }
 
@@ -200,10 +201,9 @@ void PaTextArea::appendCharBounds(Vector* out) {
 void PaTextArea::appendInk(Vector* out, size_t firstGlyph, size_t endGlyph) const {
     Bounds* ink = Bounds::alloc(0, 0);
     for (size_t i = firstGlyph; i < endGlyph; i++) {
-        Bounds* glyph = Bounds::alloc(bounds->x + glyphs[i].x, bounds->y + offsetY + glyphs[i].y,
-                                      glyphs[i].w, glyphs[i].h);
+        const PooledBounds glyph(Bounds::alloc(
+            bounds->x + glyphs[i].x, bounds->y + offsetY + glyphs[i].y, glyphs[i].w, glyphs[i].h));
         Bounds::union_(ink, glyph);
-        glyph->free();
     }
     out->addElement(ink);
 }
@@ -213,17 +213,15 @@ void PaTextArea::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, Pix
     if (font == nullptr || glyphs.empty()) {
         return;
     }
-    PixProps* combined = PixProps::alloc(props, inherited);
+    const PooledPixProps combined(PixProps::alloc(props.get(), inherited));
     const uint32_t colour = AppImage::applyProps(argb, combined);
-    combined->free();
-    Bounds* area = Bounds::alloc(bounds);
+    const PooledBounds area(Bounds::alloc(bounds.get()));
     Bounds::move(area, x, y);
     const int32_t originX = area->x;
     const int32_t originY = area->y + offsetY;
-    Bounds* whole = Bounds::alloc(0, 0, dst->w, dst->h);
+    const PooledBounds whole(Bounds::alloc(0, 0, dst->w, dst->h));
     Bounds::intersect(area, clip);
     Bounds::intersect(area, whole);
-    whole->free();
     if (Bounds::isValid(area)) {
         for (const Glyph& glyph : glyphs) {
             // By code point: the font may have been freed and loaded again since the layout.
@@ -232,5 +230,4 @@ void PaTextArea::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, Pix
                        area->h, colour);
         }
     }
-    area->free();
 }

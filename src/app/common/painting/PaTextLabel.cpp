@@ -5,6 +5,7 @@
 #include "Bounds.h"
 #include "OspBase.h"
 #include "PixProps.h"
+#include "Pooled.h"
 #include "Res.h"
 
 using Osp::Base::String;
@@ -51,14 +52,12 @@ void PaTextLabel::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, Pi
     if (text == nullptr || font == nullptr) {
         return;
     }
-    PixProps* combined = PixProps::alloc(props, inherited);
+    const PooledPixProps combined(PixProps::alloc(props.get(), inherited));
     const uint32_t colour = AppImage::applyProps(argb, combined);
-    combined->free();
-    Bounds* area = Bounds::alloc(0, 0, dst->w, dst->h);
+    const PooledBounds area(Bounds::alloc(0, 0, dst->w, dst->h));
     Bounds::intersect(area, clip);
     if (Bounds::isValid(area)) {
         font->drawString(text, dst, x + bounds->x, y + bounds->y, area->x, area->y, area->w,
                          area->h, colour);
     }
-    area->free();
 }

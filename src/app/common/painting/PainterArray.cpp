@@ -3,6 +3,7 @@
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "PixProps.h"
+#include "Pooled.h"
 
 #include <algorithm>
 
@@ -24,11 +25,7 @@ PainterArray::PainterArray(Painter** slots)
     , props(new PixProps())
     , bounds(new Bounds()) {}
 
-PainterArray::~PainterArray() {
-    deleteArrFunc(slots);
-    delete props;
-    delete bounds;
-}
+PainterArray::~PainterArray() = default;
 
 void PainterArray::getBounds(Bounds* target) {
     bounds->getBounds(target);
@@ -102,13 +99,12 @@ void PainterArray::removePainter(Painter* painter) {
 }
 
 void PainterArray::removeAllPainters() {
-    deleteArrFunc(slots);
-    slots = newArray<Painter*>(0);
+    slots.reset(newArray<Painter*>(0));
 }
 
 int32_t PainterArray::getIndexOf(Painter* painter) {
     Painter** const end = slots + length(slots);
-    Painter** const found = std::find(slots, end, painter);
+    Painter** const found = std::find(slots.get(), end, painter);
     return found == end ? -1 : static_cast<int32_t>(found - slots);
 }
 
@@ -132,21 +128,20 @@ void PainterArray::paintOn(int32_t from,
     if (from > to || length(slots) == 0) {
         return;
     }
-    PixProps* combined = PixProps::alloc(props, inherited);
+    const PooledPixProps combined(PixProps::alloc(props.get(), inherited));
     const int32_t last = clamp(to);
     for (int32_t i = clamp(from); i <= last; i++) {
         if (slots[i] != nullptr) {
             slots[i]->paintOn(dst, x + bounds->x, y + bounds->y, clip, combined);
         }
     }
-    combined->free();
 }
 
 PainterArray* PainterArray::getCopy() {
     auto** copies = newArray<Painter*>(length(slots));
-    std::copy(slots, slots + length(slots), copies);
+    std::copy_n(slots.get(), length(slots), copies);
     auto* copy = new PainterArray(copies);
-    copy->setBounds(bounds);
-    copy->setPixProps(props);
+    copy->setBounds(bounds.get());
+    copy->setPixProps(props.get());
     return copy;
 }

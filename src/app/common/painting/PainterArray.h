@@ -4,7 +4,10 @@
 // and stay their makers'. The array's modifiers go down to them; its size clips nothing.
 #pragma once
 
+#include "Array.h"
 #include "Painter.h"
+
+#include <memory>
 
 class PainterArray : public Painter {
 public:
@@ -31,7 +34,7 @@ public:
     /// Refreshes all painters.
     void refresh() override;
 
-    PixProps* getPixProps() override { return props; }
+    PixProps* getPixProps() override { return props.get(); }
 
     void setPixProps(PixProps* source) override;
 
@@ -85,7 +88,7 @@ public:
 private:
     Painter* findFrom(int32_t index, int32_t step);
 
-    Painter** slots;  // counted array, owned
-    PixProps* props;  // owned
-    Bounds* bounds;   // owned
+    Array<Painter*> slots;
+    const std::unique_ptr<PixProps> props;
+    const std::unique_ptr<Bounds> bounds;
 };

@@ -4,6 +4,8 @@
 #include "OspBase.h"
 #include "Resource.h"
 
+#include <memory>
+
 class BitMapFont;
 
 class ResFont : public Resource {
@@ -27,5 +29,5 @@ public:
 
 private:
     String file;
-    BitMapFont* font = nullptr;  // owned, null while not loaded
+    std::unique_ptr<BitMapFont> font;  // null while not loaded
 };

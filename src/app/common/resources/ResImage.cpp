@@ -5,8 +5,6 @@
 #include "MIDlet.h"
 #include "Orm.h"
 
-#include <memory>
-
 ResImage::ResImage(const String& file, bool premultiply, bool opaque)
     : file(file)
     , premultiply(premultiply)
@@ -20,15 +18,13 @@ ResImage::ResImage(AppImage* image)
     : madeInMemory(true)
     , image(image) {}
 
-ResImage::~ResImage() {
-    delete image;
-}
+ResImage::~ResImage() = default;
 
 void* ResImage::get() {
     if (image == nullptr && !madeInMemory) {
-        image = file.IsEmpty() ? new AppImage(w, h, 0) : load();
+        image.reset(file.IsEmpty() ? new AppImage(w, h, 0) : load());
     }
-    return static_cast<GnoObject*>(image);
+    return static_cast<GnoObject*>(image.get());
 }
 
 AppImage* ResImage::load() {
@@ -46,7 +42,6 @@ AppImage* ResImage::load() {
 
 void ResImage::free() {
     if (!madeInMemory) {
-        delete image;
-        image = nullptr;
+        image.reset();
     }
 }

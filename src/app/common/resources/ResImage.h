@@ -4,6 +4,8 @@
 #include "OspBase.h"
 #include "Resource.h"
 
+#include <memory>
+
 class AppImage;
 
 class ResImage : public Resource {
@@ -44,5 +46,5 @@ private:
     bool premultiply = false;
     bool opaque = false;
     bool madeInMemory = false;
-    AppImage* image = nullptr;  // owned, null while not loaded
+    std::unique_ptr<AppImage> image;  // null while not loaded
 };

@@ -1,6 +1,5 @@
 #include "ResString.h"
 
-#include "ArrFunc.h"
 #include "OspBase.h"
 
 using Osp::Base::String;
@@ -27,18 +26,17 @@ ResString::~ResString() {
 
 void ResString::replace(String* text) {
     deleteTexts();
-    texts = newTexts(text);
+    texts.reset(newTexts(text));
 }
 
 void ResString::replace(String** newTexts) {
     deleteTexts();
-    texts = newTexts;
+    texts.reset(newTexts);
 }
 
 void ResString::deleteTexts() {
     for (int32_t i = 0; i < length(texts); i++) {
         delete texts[i];
     }
-    deleteArrFunc(texts);
-    texts = nullptr;
+    texts.reset();
 }

@@ -1,6 +1,7 @@
 // A text: one for all languages, or one for each.
 #pragma once
 
+#include "Array.h"
 #include "Resource.h"
 
 class ResString : public Resource {
@@ -33,5 +34,5 @@ public:
 private:
     void deleteTexts();
 
-    String** texts;  // counted array, owned
+    Array<String*> texts;  // the strings are owned
 };

@@ -1,30 +1,17 @@
 // What the tests of the sound engine share: arrays, signals, real speech, runs, and a pitch meter.
 #pragma once
 
-#include "ArrFunc.h"
+#include "Array.h"
 #include "WavProc.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace audio {
 
-struct ArrayDeleter {
-    void operator()(void* array) const { deleteArrFunc(array); }
-};
-
-/// A counted array that frees itself.
-template <typename T>
-class Array : public std::unique_ptr<T[], ArrayDeleter> {
-public:
-    using std::unique_ptr<T[], ArrayDeleter>::unique_ptr;
-
-    T& operator[](int64_t i) const { return this->get()[i]; }
-};
-
+using ::Array;
 using Samples = std::vector<int32_t>;
 
 template <typename T>

@@ -36,7 +36,7 @@ namespace {
 template <typename Processor>
 class Spoiled : public Processor {
 public:
-    void spoil() { std::fill_n(this->result, length(this->result), 12345); }
+    void spoil() { std::fill_n(this->result.get(), length(this->result), 12345); }
 };
 
 template <typename Processor>

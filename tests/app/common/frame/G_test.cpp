@@ -46,7 +46,7 @@ protected:
     }
 
     static std::vector<uint32_t> pixelsOf(const AppImage& image) {
-        return {image.pixels, image.pixels + length(image.pixels)};
+        return {image.pixels.get(), image.pixels + length(image.pixels)};
     }
 
     static std::vector<uint32_t> premultipliedFile(const std::string& name) {

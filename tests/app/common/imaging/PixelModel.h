@@ -136,7 +136,7 @@ private:
 };
 
 inline std::vector<uint32_t> pixelsOf(const AppImage& image) {
-    return std::vector<uint32_t>(image.pixels, image.pixels + image.w * image.h);
+    return std::vector<uint32_t>(image.pixels.get(), image.pixels + image.w * image.h);
 }
 
 }  // namespace model

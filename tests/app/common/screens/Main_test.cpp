@@ -17,7 +17,7 @@ protected:
     }
 
     static Pixels pixelsOf(const AppImage& image) {
-        return {image.pixels, image.pixels + 240 * 320};
+        return {image.pixels.get(), image.pixels + 240 * 320};
     }
 };
 

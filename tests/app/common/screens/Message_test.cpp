@@ -77,11 +77,11 @@ TEST_F(MessageTest, paintsTheBoxAndThenTheTexts) {
     Message::setText(Str::str_DLG_TITLE_LOW_MEM, G::fntMedium, Str::str_LOW_MEM_TXT, G::fntSmall);
     AppImage expected(G::scr);
     G::psWndBg->paintOn(&expected, 0, 0, G::scrB, nullptr);
-    const Pixels boxOnly(expected.pixels, expected.pixels + 240 * 320);
+    const Pixels boxOnly(expected.pixels.get(), expected.pixels + 240 * 320);
     Message::paTxt->paintOn(&expected, 0, 0, G::scrB, nullptr);
-    const Pixels withHead(expected.pixels, expected.pixels + 240 * 320);
+    const Pixels withHead(expected.pixels.get(), expected.pixels + 240 * 320);
     Message::paTxt2->paintOn(&expected, 0, 0, G::scrB, nullptr);
-    const Pixels all(expected.pixels, expected.pixels + 240 * 320);
+    const Pixels all(expected.pixels.get(), expected.pixels + 240 * 320);
     EXPECT_NE(boxOnly, withHead);
     EXPECT_NE(withHead, all);
     Message::paint();
@@ -95,5 +95,5 @@ TEST_F(MessageTest, anEmptyBodyIsNotPainted) {
     G::psWndBg->paintOn(&expected, 0, 0, G::scrB, nullptr);
     Message::paTxt->paintOn(&expected, 0, 0, G::scrB, nullptr);
     Message::paint();
-    EXPECT_EQ(Pixels(expected.pixels, expected.pixels + 240 * 320), picture());
+    EXPECT_EQ(Pixels(expected.pixels.get(), expected.pixels + 240 * 320), picture());
 }

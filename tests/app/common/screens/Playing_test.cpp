@@ -155,7 +155,7 @@ TEST_F(PlayingTest, theWheelsTurnWithThePlayKeyDownAndTheLightStays) {
         G::piButtonsPlay->paintOn(&expected, 0, 0, G::scrB, nullptr);
         pass(10);
         EXPECT_EQ(Names{"Update@10"}, pending());
-        ASSERT_EQ(Pixels(expected.pixels, expected.pixels + 240 * 320), picture()) << frame;
+        ASSERT_EQ(Pixels(expected.pixels.get(), expected.pixels + 240 * 320), picture()) << frame;
     }
     EXPECT_EQ(left, picture(0, 26, 150, 262));
 }

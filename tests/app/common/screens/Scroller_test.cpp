@@ -18,7 +18,7 @@ constexpr int32_t kNumFxs = 8;
 class ScrollerTest : public ScreensTest {
 protected:
     static Pixels pixelsOf(const AppImage& image) {
-        return {image.pixels, image.pixels + 240 * 320};
+        return {image.pixels.get(), image.pixels + 240 * 320};
     }
 
     static uint32_t channel(uint32_t argb, int32_t shift) { return (argb >> shift) & 0xFF; }
@@ -74,7 +74,7 @@ public:
         effects.push_back(G::getCurrFx());
         leftPressed.push_back(Header::leftP && !Header::rightP);
         rightPressed.push_back(Header::rightP && !Header::leftP);
-        frames.emplace_back(dst->pixels, dst->pixels + 240 * 320);
+        frames.emplace_back(dst->pixels.get(), dst->pixels + 240 * 320);
     }
 
     std::vector<int32_t> effects;

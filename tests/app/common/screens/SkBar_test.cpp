@@ -56,7 +56,7 @@ protected:
     }
 
     static void expectScreen(const AppImage& expected) {
-        EXPECT_EQ(Pixels(expected.pixels, expected.pixels + 240 * 320), picture());
+        EXPECT_EQ(Pixels(expected.pixels.get(), expected.pixels + 240 * 320), picture());
     }
 };
 

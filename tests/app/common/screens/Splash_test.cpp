@@ -22,7 +22,7 @@ protected:
         std::unique_ptr<InputStream> stream(MIDlet::getResourceAsStream(path));
         const std::unique_ptr<AppImage> image(Orm::loadImage(stream.get()));
         stream->close();
-        return {image->pixels, image->pixels + image->w * image->h};
+        return {image->pixels.get(), image->pixels + image->w * image->h};
     }
 
     static std::string fatalBody() {

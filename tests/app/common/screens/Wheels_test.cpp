@@ -28,7 +28,7 @@ TEST_F(WheelsTest, sixPhasesTurnOverTheBackground) {
             phases[frame % 6]->paintOn(&expected, 0, 0, G::scrB, nullptr);
         }
         Wheels::paint(frame);
-        EXPECT_EQ(Pixels(expected.pixels, expected.pixels + 240 * 320), picture()) << frame;
+        EXPECT_EQ(Pixels(expected.pixels.get(), expected.pixels + 240 * 320), picture()) << frame;
     }
 }
 
