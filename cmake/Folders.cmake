@@ -1,21 +1,9 @@
-# Every folder of the sources is on the include path, so that #include "WavProc.h" finds it anywhere.
-# Which folder may include which is held by tools/check-layers.
-set(MURMELO_INCLUDE_DIRS
-    ${CMAKE_SOURCE_DIR}/src/fmk/common/fmk
-    ${CMAKE_SOURCE_DIR}/src/app/common
-    ${CMAKE_SOURCE_DIR}/src/app/common/audio
-    ${CMAKE_SOURCE_DIR}/src/app/common/imaging
-    ${CMAKE_SOURCE_DIR}/src/app/common/frame
-    ${CMAKE_SOURCE_DIR}/src/app/common/resources
-    ${CMAKE_SOURCE_DIR}/src/app/common/painting
-    ${CMAKE_SOURCE_DIR}/src/app/common/screens
-    ${CMAKE_SOURCE_DIR}/src/platform
-    ${CMAKE_SOURCE_DIR}/src/platform/osp)
-
-# A static library of ours: sources relative to the calling folder, the libraries it stands on after LINK.
+# murmelo_library(name SOURCES ... LINK ... PRIVATE_LINK ...): a static library of ours, one for each
+# folder of the sources. The calling folder (or INCLUDE, relative to it) is its include path, and what
+# it may include is that of the libraries after LINK: any other #include "Name.h" does not compile.
 function(murmelo_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "INCLUDE" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
-    target_include_directories(${name} PUBLIC ${MURMELO_INCLUDE_DIRS})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_INCLUDE})
     target_link_libraries(${name} PUBLIC murmelo_flags ${ARG_LINK} PRIVATE ${ARG_PRIVATE_LINK})
 endfunction()

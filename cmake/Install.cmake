@@ -14,7 +14,7 @@ set(murmelo_papers ${CMAKE_INSTALL_DATADIR}/doc/murmelo)
 # The programs look for their data on the same way from where they lie, so that the whole tree can be moved.
 file(RELATIVE_PATH murmelo_data_from_programs
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/murmelo)
-target_compile_definitions(murmelo_programs PRIVATE MURMELO_INSTALLED_DATA="${murmelo_data_from_programs}")
+target_compile_definitions(murmelo_files PRIVATE MURMELO_INSTALLED_DATA="${murmelo_data_from_programs}")
 
 # Makes the folders that are missing and remembers them, so that uninstalling can take exactly those away.
 set(murmelo_folders

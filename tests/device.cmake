@@ -3,17 +3,15 @@ murmelo_tests(device_tests
     SOURCES
         app/common/frame/AudioDev_test.cpp
         platform/FileMicrophone_test.cpp
-        platform/QuietLibrary_test.cpp
         platform/SoundFile_test.cpp
         platform/headless/FileSpeaker_test.cpp
         platform/headless/HeadlessSound_test.cpp
         platform/osp/OspBuffer_test.cpp
         platform/osp/OspMedia_test.cpp
-    LINK murmelo_app murmelo_headless_host murmelo_sounds PkgConfig::SNDFILE)
+    LINK murmelo_app murmelo_headless_host murmelo_files PkgConfig::SNDFILE)
 
 murmelo_tests(sdl_tests
     SOURCES
-        platform/sdl/EventWait_test.cpp
         platform/sdl/PictureScaler_test.cpp
         platform/sdl/SdlDoors_test.cpp
         platform/sdl/SdlHost_test.cpp
@@ -21,13 +19,6 @@ murmelo_tests(sdl_tests
         platform/sdl/WindowMemory_test.cpp
     LINK murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
-
-# Where there is no display.
-add_test(NAME NoDisplay
-    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/no-display.sh $<TARGET_FILE:murmelo>)
-set_tests_properties(NoDisplay PROPERTIES
-    TIMEOUT 600
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 
 # The window and its sound, on servers of their own: each case starts and ends them.
 find_package(X11 REQUIRED)

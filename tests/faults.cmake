@@ -8,7 +8,7 @@ murmelo_tests(fault_tests
         app/common/screens/ScreensTest.cpp
         faults/ClockJumps_test.cpp
         faults/SoundMutations_test.cpp
-    LINK murmelo_app murmelo_headless_host murmelo_sounds)
+    LINK murmelo_app murmelo_headless_host murmelo_files)
 target_include_directories(fault_tests PRIVATE app/common/screens app/common/audio)
 target_compile_definitions(fault_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
 

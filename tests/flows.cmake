@@ -2,7 +2,7 @@
 # run at all.
 add_executable(flow-heard flows/heard.cpp)
 target_include_directories(flow-heard PRIVATE ${CMAKE_SOURCE_DIR}/src/shell)
-target_link_libraries(flow-heard PRIVATE murmelo_audio murmelo_fmk murmelo_sounds)
+target_link_libraries(flow-heard PRIVATE murmelo_audio murmelo_fmk murmelo_files)
 
 file(GLOB flow_scripts CONFIGURE_DEPENDS flows/*.txt)
 foreach(script ${flow_scripts})

@@ -1,7 +1,7 @@
 # What is installed, and what stays when it is taken away again.
 murmelo_tests(program_tests
     SOURCES platform/ProgramFolders_test.cpp
-    LINK murmelo_programs)
+    LINK murmelo_files)
 
 foreach(case journey-from-staging-folder effects-from-staging-folder readable-by-everybody moved-tree
         window-program icons licences uninstalled-without-a-trace uninstalled-from-staging-folder)

@@ -15,7 +15,7 @@ if(MURMELO_TOOLS)
     add_executable(screen-messages flows/messages.cpp app/common/screens/ScreensTest.cpp)
     target_include_directories(screen-messages PRIVATE app/common/screens)
     target_link_libraries(screen-messages PRIVATE
-        murmelo_tests_support murmelo_app murmelo_headless_host murmelo_sounds)
+        murmelo_tests_support murmelo_app murmelo_headless_host murmelo_files)
     target_compile_definitions(screen-messages PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     add_test(NAME screen_messages
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/messages.sh

@@ -29,6 +29,6 @@ murmelo_tests(screens_tests
         app/common/screens/TakeJob_test.cpp
         app/common/screens/Wheels_test.cpp
         platform/GameInterface_test.cpp
-    LINK murmelo_app murmelo_headless_host murmelo_sounds)
+    LINK murmelo_app murmelo_headless_host murmelo_files)
 target_include_directories(screens_tests PRIVATE app/common/screens)
 target_compile_definitions(screens_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

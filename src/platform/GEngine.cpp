@@ -1,6 +1,7 @@
 #include "GEngine.h"
 
 #include "AudioDev.h"
+#include "G.h"
 #include "GameInterface.h"
 #include "Host.h"
 #include "Orm.h"
@@ -16,7 +17,7 @@ constexpr RequestId kFrame = 1;
 }  // namespace
 
 Osp::Base::String GEngine::appVersion;
-AppRegistry* GEngine::pAppRegistry;
+AppRegistry*& GEngine::pAppRegistry = G::appRegistry;  // where the frame reaches it
 
 Osp::App::Application* GEngine::CreateInstance() {
     return new GEngine();

@@ -71,7 +71,7 @@ public:
     int32_t Run() { return 0; }
 
     static Osp::Base::String appVersion;
-    static Osp::App::AppRegistry* pAppRegistry;  // null after termination
+    static Osp::App::AppRegistry*& pAppRegistry;  // null after termination
 
 private:
     GameInterface* pGameInterface;  // owned

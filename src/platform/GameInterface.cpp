@@ -2,7 +2,7 @@
 
 #include "AppImage.h"
 #include "Arithmetic.h"
-#include "AudioDev.h"
+#include "Assembly.h"
 #include "CanvasGraphics.h"
 #include "FileOps.h"
 #include "G.h"
@@ -14,14 +14,12 @@
 #include "PngEncoder.h"
 #include "Recording.h"
 #include "Save.h"
+#include "ScreenTable.h"
+#include "SilentQuestion.h"
 #include "SkBar.h"
 #include "State.h"
 #include "Str.h"
 #include "TakeJob.h"
-
-#include <cstdlib>
-#include <cxxabi.h>
-#include <typeinfo>
 
 using Osp::Graphics::Bitmap;
 using Osp::Graphics::BufferInfo;
@@ -68,10 +66,11 @@ int32_t canvasY(int32_t displayY) {
 
 }  // namespace
 
-bool GameInterface::Active = true;
+bool& GameInterface::Active = OrmMidlet::active;  // where the screens reach it
 
 GameInterface::GameInterface() {
     Active = true;  // a second start in one process begins afresh
+    Assembly::install();
     pMidlet = new Murmelo();
     pBitmap = new Bitmap();
     pBitmap->Construct({kWidthPx, kHeightPx}, Osp::Graphics::BITMAP_PIXEL_FORMAT_RGB565);
@@ -98,25 +97,7 @@ void GameInterface::AppPause() {
 }
 
 void GameInterface::AppResume() {
-    const bool silent = OrmCanvas::isPhoneSilent();
-    if (silent && OrmCanvas::safeToShowIsSilentPopup && !OrmCanvas::silentPopupShown) {
-        OrmCanvas::raiseSilentPopup();
-        return;  // paused until the question is answered
-    }
-    if (silent && OrmCanvas::showIsSilentPopup) {
-        return;  // it still stands: answers are taken only while the scheduler is paused
-    }
-    Orm::canvas->showNotify();
-    if (silent) {
-        return;
-    }
-    OrmCanvas::silentPopupShown = false;
-    AudioDev::isSilent = false;
-    if (OrmCanvas::showIsSilentPopup) {
-        OrmCanvas::showIsSilentPopup = false;
-        SkBar::restore();
-        SkBar::paint(true);
-    }
+    SilentQuestion::resume();
 }
 
 void GameInterface::AppQuit() {
@@ -161,14 +142,7 @@ void GameInterface::OnPointerMove(int32_t x, int32_t y) {
 }
 
 std::string GameInterface::screenName() {
-    if (State::currState == nullptr) {
-        return {};
-    }
-    int status = 0;
-    char* name = abi::__cxa_demangle(typeid(*State::currState).name(), nullptr, nullptr, &status);
-    std::string text = name != nullptr ? name : "";
-    std::free(name);
-    return text;
+    return ScreenTable::currentName();
 }
 
 int32_t GameInterface::currentEffect() {

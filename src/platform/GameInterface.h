@@ -41,7 +41,7 @@ public:
 
     int32_t HandleEvent(void* /*data*/, int32_t /*event*/) { return 0; }
 
-    static bool Active;  // cleared when the user quits: one more frame, then the program ends
+    static bool& Active;  // cleared when the user quits: one more frame, then the program ends
 
 private:
     std::string screenName() override;

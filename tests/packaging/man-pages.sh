@@ -39,7 +39,7 @@ murmelo-headless)
 esac
 if [ "$name" != murmelo-fx ]; then
     sed -n '/^ENVIRONMENT/,/^FILES/p' "$folder/text" >"$folder/environment"
-    variables=$(grep -ohE '"(MURMELO|XDG)_[A-Z_]*"' "$source/src/platform/ProgramFolders.cpp" | tr -d '"' | sort -u)
+    variables=$(grep -ohE '"(MURMELO|XDG)_[A-Z_]*"' "$source/src/platform/files/ProgramFolders.cpp" | tr -d '"' | sort -u)
     [ "$(wc -w <<<"$variables")" -ge 4 ] || complain "too few variables: $variables"
     for variable in $variables; do
         grep -q "$variable" "$folder/environment" || complain "the variable $variable is not explained"

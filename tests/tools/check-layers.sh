@@ -23,13 +23,6 @@ breach() {
 }
 
 app=src/app/common
-breach $app/audio/WavProc.cpp '#include "AppImage.h"' 'AppImage.h'
-breach $app/audio/WavProc.h '#include "Orm.h"' 'Orm.h'
-breach $app/painting/PaImage.cpp '#include "SkBar.h"' 'SkBar.h'
-breach $app/frame/Orm.cpp '#include "SkBar.h"' 'SkBar.h'
-breach src/platform/headless/HeadlessHost.cpp '#include "GameInterface.h"' 'GameInterface.h'
-breach src/platform/osp/OspIo.cpp '#include "Vector.h"' 'Vector.h'
-breach src/fmk/common/fmk/Vector.cpp '#include "Orm.h"' 'Orm.h'
 breach $app/screens/Play.cpp '#include <SDL.h>' 'SDL.h'
 breach $app/screens/Save.cpp '#include <chrono>' 'chrono'
 breach $app/screens/Menu.cpp 'static const char* home = std::getenv("HOME");  // where else' 'getenv'

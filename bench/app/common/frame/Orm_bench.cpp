@@ -1,5 +1,6 @@
 // What the loop costs: pending events, a frame without one, and the display.
 #include "AppImage.h"
+#include "Assembly.h"
 #include "GameInterface.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
@@ -19,6 +20,7 @@ namespace {
 /// Schedules one event into a list of that length and delivers the first one.
 void scheduleAndDeliver(benchmark::State& state) {
     LoopHost host;
+    Assembly::install();
     const auto midlet = std::make_unique<Murmelo>();
     TestScreen screen({Orm::EV_T_UPDATE});
     Orm::registerListener(&screen);

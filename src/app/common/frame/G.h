@@ -13,6 +13,10 @@ class Process;
 class State;
 class WavProc;
 
+namespace Osp::App {
+class AppRegistry;
+}
+
 namespace Osp::Base {
 class String;
 }
@@ -65,6 +69,8 @@ public:
 
     static String* EV_T_END_OF_MEDIA;
     static String* EV_T_TIME_OUT;
+    static Osp::App::AppRegistry* appRegistry;  // of the platform, not owned; null outside a run
+
     static String** eventTypesAllStd;     // shared by the screens, never freed by them
     static String** eventTypesRecording;  // and "TimeOut"
     static String** eventTypesPlaying;    // and "EndOfMedia"
@@ -114,11 +120,5 @@ public:
 
 private:
     static void makeEventTypes();
-    static void makePainters();
-    static void setPictures();
-    static void makeEffects();
-    static void makeScreens();
     static void freeNames();
-    static void freePainters();
-    static void freeScreens();
 };

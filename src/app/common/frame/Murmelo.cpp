@@ -6,11 +6,10 @@
 #include "FileOps.h"
 #include "FileOutputStream.h"
 #include "G.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OspBase.h"
 #include "OspGraphics.h"
-#include "Res.h"
+#include "Roof.h"
 #include "State.h"
 #include "WavFile.h"
 #include "WavProps.h"
@@ -58,7 +57,7 @@ void Murmelo::onInit() {
     const int32_t lang = G::getSavedLang();
     if (lang != -1) {
         setBkgColor(kLaterRunArgb);
-        Res::setCurrLangIndex(lang);
+        Roof::installed->setLanguage(lang);
         State::setState(G::stateSplash, true, true);
     } else {
         setBkgColor(kFirstRunArgb);
@@ -107,8 +106,7 @@ int32_t* Murmelo::loadLastRec8Khz() {
     String path = G::takePath();
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
-        MessageAndQuit::enterOnPicture(
-            MessageAndQuit::kFileError);  // no screen is left standing without keys
+        Roof::installed->enterFileError();  // no screen is left standing without keys
     }
     return samples;
 }

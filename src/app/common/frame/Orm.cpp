@@ -5,16 +5,13 @@
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "Event.h"
-#include "GnoImage.h"
-#include "InputStream.h"
+#include "ImageReader.h"
 #include "Listener.h"
 #include "OrmCanvas.h"
 #include "OspBase.h"
 #include "RecordStore.h"
 #include "System.h"
 #include "Vector.h"
-
-#include <memory>
 
 using Osp::Base::String;
 
@@ -237,25 +234,7 @@ AppImage* Orm::getScreen() {
 }
 
 AppImage* Orm::loadImage(InputStream* in) {
-    const int32_t bytes = in->available();
-    if (bytes < 1 || bytes > kMaxArrayLength) {
-        return nullptr;
-    }
-    auto* data = newArray<signed char>(bytes);
-    in->read(data);
-    const std::unique_ptr<GnoImage> decoded(GnoImage::createImage(data, 0, bytes));
-    deleteArrFunc(data);
-    const int32_t w = decoded->getWidth();
-    const int32_t h = decoded->getHeight();
-    if (w < 1 || h < 1) {
-        return nullptr;
-    }
-    auto image = std::make_unique<AppImage>(w, h);
-    if (image->pixels == nullptr) {
-        return nullptr;  // more pixels than an image can have
-    }
-    decoded->getRGB(image->pixels, 0, w, 0, 0, w, h);
-    return image.release();
+    return ImageReader::read(in);
 }
 
 void Orm::setPersistentMemory(String* name, signed char* data) {

@@ -2,19 +2,11 @@
 
 #include "AppImage.h"
 #include "Arithmetic.h"
-#include "AudioDev.h"
-#include "Bounds.h"
+#include "CanvasOverlay.h"
 #include "Event.h"
-#include "G.h"
 #include "GnoGraphics.h"
-#include "Message.h"
 #include "Orm.h"
-#include "OspSystem.h"
-#include "PaStretcher.h"
 #include "Payload.h"
-#include "Res.h"
-#include "SkBar.h"
-#include "Str.h"
 #include "System.h"
 
 using Osp::Base::String;
@@ -49,6 +41,7 @@ String* keyName(int32_t keyCode) {
 
 }  // namespace
 
+CanvasOverlay* OrmCanvas::overlay;
 bool OrmCanvas::wrongRes;
 bool OrmCanvas::showIsSilentPopup;
 bool OrmCanvas::silentPopupShown;
@@ -109,50 +102,18 @@ void OrmCanvas::paint(GnoGraphics* g) {
         return;
     }
     if (showIsSilentPopup) {
-        paintSilentPopup(g);
+        paintOverlay(g);
     } else {
         copyScreenTo(g);
     }
 }
 
-/// The question stands over the picture for as long as it is asked, and never in it.
-void OrmCanvas::paintSilentPopup(GnoGraphics* g) {
+/// What stands over the picture is painted for as long as it stands, and never into it.
+void OrmCanvas::paintOverlay(GnoGraphics* g) {
     AppImage below(screen);
-    SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
-    SkBar::paint(true);
-    Message::setText(Str::str_SILENT_DEVICE, G::fntMedium);
-    // Other words may stand under the box, and would be read through a single glass.
-    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
-    Message::paint();
-    Orm::flush();
+    overlay->paint();
     copyScreenTo(g);
     screen->set(&below);
-}
-
-bool OrmCanvas::isPhoneSilent() {
-    bool silent = false;
-    Osp::System::SettingInfo::GetValue("SilentMode", silent);
-    return silent;
-}
-
-void OrmCanvas::raiseSilentPopup() {
-    showIsSilentPopup = true;
-    // First, because a screen may give its work up at a pause and leave other soft keys.
-    Orm::setPaused(true);
-    SkBar::save();
-    silentPopupShown = true;
-}
-
-void OrmCanvas::answerSilentPopup(int32_t x, int32_t y) {
-    Event release(Orm::EV_T_POINTER_RELEASE, nullptr, positionToPayload(x, y), 0);
-    const int32_t answer = SkBar::update(&release, true);
-    if (answer != Str::str_SK_YES && answer != Str::str_SK_NO) {
-        return;
-    }
-    AudioDev::isSilent = answer == Str::str_SK_NO;
-    showIsSilentPopup = false;
-    SkBar::restore();
-    showNotify();
 }
 
 void OrmCanvas::copyScreenTo(GnoGraphics* g) {
@@ -208,7 +169,7 @@ void OrmCanvas::pointerReleased(int32_t x, int32_t y) {
     } else if (showIsSilentPopup) {
         lastX = kNoPress;
         lastY = kNoPress;
-        answerSilentPopup(x, y);
+        overlay->release(x, y);
     }
 }
 

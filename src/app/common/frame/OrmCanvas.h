@@ -7,6 +7,7 @@
 #include <cstdint>
 
 class AppImage;
+class CanvasOverlay;
 
 namespace Osp::Base {
 class String;
@@ -52,17 +53,11 @@ public:
 
     AppImage* getScreen() const { return screen; }
 
-    /// The phone's own setting; false if it cannot be read.
-    static bool isPhoneSilent();
-
-    /// Pauses the program and raises the question about silence over whatever screen the pause
-    /// leaves. Does no harm if the pause has raised it already.
-    static void raiseSilentPopup();
-
     static void static_ctor();
 
     static void static_dtor() {}
 
+    static CanvasOverlay* overlay;        // the question, not owned; shown by showIsSilentPopup
     static bool wrongRes;                 // the display is landscape
     static bool showIsSilentPopup;        // the silent-mode question stands on the screen
     static bool silentPopupShown;         // it was raised since the last resume that was not silent
@@ -72,8 +67,7 @@ private:
     void dynamic_ctor();
     void dynamic_dtor();
     void copyScreenTo(GnoGraphics* g);
-    void paintSilentPopup(GnoGraphics* g);
-    void answerSilentPopup(int32_t x, int32_t y);
+    void paintOverlay(GnoGraphics* g);
     static void schedSwipe(Osp::Base::String* key);
 
     AppImage* screen = nullptr;  // owned

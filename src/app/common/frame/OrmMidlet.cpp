@@ -1,7 +1,10 @@
 #include "OrmMidlet.h"
 
-#include "ClassList.h"
+#include "ClassListEntry.h"
 #include "Orm.h"
+#include "Roof.h"
+
+bool OrmMidlet::active = true;
 
 OrmMidlet::OrmMidlet() {
     static_ctors();
@@ -24,7 +27,7 @@ void OrmMidlet::pauseApp() {
 
 void OrmMidlet::static_ctors() {
     int32_t count = 0;
-    const ClassListEntry* entries = ClassList::entries(count);
+    const ClassListEntry* entries = Roof::installed->classes(count);
     for (int32_t i = 0; i < count; i++) {
         entries[i].staticCtor();
     }
@@ -32,7 +35,7 @@ void OrmMidlet::static_ctors() {
 
 void OrmMidlet::static_dtors() {
     int32_t count = 0;
-    const ClassListEntry* entries = ClassList::entries(count);
+    const ClassListEntry* entries = Roof::installed->classes(count);
     for (int32_t i = 0; i < count; i++) {
         entries[i].staticDtor();
     }

@@ -18,11 +18,13 @@ public:
 
     virtual void onShutDown() {}
 
-    /// All class initialisers, in the fixed order of ClassList.
+    /// All class initialisers, in the fixed order of Roof::classes().
     static void static_ctors();
 
     /// All class finalisers, in that same order.
     /// Deliberate: not reversed. A class finalised late may not use what an earlier one has
     /// released.
     static void static_dtors();
+
+    static bool active;  // cleared when the user quits: one more frame, then the program ends
 };

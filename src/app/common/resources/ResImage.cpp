@@ -2,8 +2,8 @@
 
 #include "AppImage.h"
 #include "FileInputStream.h"
+#include "ImageReader.h"
 #include "MIDlet.h"
-#include "Orm.h"
 
 ResImage::ResImage(const String& file, bool premultiply, bool opaque)
     : file(file)
@@ -29,7 +29,7 @@ void* ResImage::get() {
 
 AppImage* ResImage::load() {
     const std::unique_ptr<FileInputStream> in(MIDlet::getResourceAsStream(file));
-    AppImage* loaded = Orm::loadImage(in.get());
+    AppImage* loaded = ImageReader::read(in.get());
     if (loaded != nullptr) {
         if (premultiply) {
             loaded->premult();

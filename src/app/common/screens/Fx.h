@@ -22,6 +22,10 @@ public:
     /// Deletes the picture's painter and then the processor.
     virtual ~Fx();
 
+    /// The effects that the user can choose, in the order of FxCatalogue: a counted array whose
+    /// elements and memory are the caller's.
+    static Fx** newCatalogue();
+
     static void static_ctor() {}
 
     static void static_dtor() {}

@@ -22,6 +22,9 @@ public:
     /// The same over the plain picture: a window that stands on the screen would show through.
     static void enterOnPicture(int32_t kind);
 
+    /// The one that was entered last; null before the first.
+    static State* current() { return entered; }
+
     void onEnter() override;
 
     void onExit() override {}

@@ -8,10 +8,10 @@
 #include "Menu.h"
 #include "Message.h"
 #include "Orm.h"
-#include "OrmCanvas.h"
 #include "PaStretcher.h"
 #include "Quit.h"
 #include "Res.h"
+#include "SilentQuestion.h"
 #include "SkBar.h"
 #include "Str.h"
 
@@ -42,14 +42,7 @@ void Options::showOptions() {
     SkBar::paint(true);
     Menu::paint();
     Orm::flush();
-    askAboutSilence();
-}
-
-void Options::askAboutSilence() {
-    if (!OrmCanvas::silentPopupShown && OrmCanvas::isPhoneSilent()) {
-        OrmCanvas::raiseSilentPopup();
-    }
-    OrmCanvas::safeToShowIsSilentPopup = true;
+    SilentQuestion::offer();
 }
 
 void Options::showHelp() {

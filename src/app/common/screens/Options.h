@@ -34,7 +34,6 @@ private:
 
     /// Raises the question about silence, unless it was raised already since the phone was last not
     /// silent.
-    static void askAboutSilence();
 
     int32_t mode;
     int32_t lastFocused;  // string id of the entry that the focus returns to

@@ -1,9 +1,9 @@
 #include "Quit.h"
 
-#include "GameInterface.h"
 #include "Orm.h"
+#include "OrmMidlet.h"
 
 void Quit::now() {
-    GameInterface::Active = false;
+    OrmMidlet::active = false;
     Orm::dispose();
 }

@@ -1,4 +1,5 @@
 #include "AppImage.h"
+#include "Assembly.h"
 #include "CanvasGraphics.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
@@ -15,6 +16,7 @@ namespace {
 class OrmCanvasTest : public testing::Test {
 protected:
     void SetUp() override {
+        Assembly::install();
         midlet = new Murmelo();
         canvas = Orm::canvas;
         screen =

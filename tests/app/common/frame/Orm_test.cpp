@@ -1,3 +1,4 @@
+#include "Assembly.h"
 #include "Bounds.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
@@ -18,7 +19,10 @@ namespace {
 
 class OrmTest : public testing::Test {
 protected:
-    void SetUp() override { midlet = new Murmelo(); }
+    void SetUp() override {
+        Assembly::install();
+        midlet = new Murmelo();
+    }
 
     void TearDown() override { delete midlet; }
 
@@ -309,6 +313,7 @@ TEST_F(OrmTest, lookingAtWhatIsPendingChangesNothing) {
 
 TEST(Orm, theClassFinaliserTakesPendingEventsAndNamesAlong) {
     LoopHost host;
+    Assembly::install();
     auto* midlet = new Murmelo();
     Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 5);
     delete midlet;

@@ -1,3 +1,4 @@
+#include "Assembly.h"
 #include "LoopHost.h"
 #include "Murmelo.h"
 #include "Orm.h"
@@ -14,6 +15,7 @@ namespace {
 class StateTest : public testing::Test {
 protected:
     void SetUp() override {
+        Assembly::install();
         midlet = new Murmelo();
         first = new TestScreen({Orm::EV_T_UPDATE, Orm::EV_T_KEY_PRESS});
         second = new TestScreen({Orm::EV_T_UPDATE, Orm::EV_T_KEY_PRESS});

@@ -1,6 +1,7 @@
 // What the soft-key bar, the message and the progress window say of being on the screen is what the
 // picture shows, after every event of every screen.
 #include "AppImage.h"
+#include "Assembly.h"
 #include "AudioDev.h"
 #include "Bounds.h"
 #include "CanvasGraphics.h"
@@ -12,6 +13,7 @@
 #include "PaTextArea.h"
 #include "Progress.h"
 #include "ScreensTest.h"
+#include "SilentQuestion.h"
 #include "SkBar.h"
 #include "State.h"
 #include "Str.h"
@@ -250,7 +252,7 @@ TEST_F(OnScreenTest, theQuestionIsTheMessageWhileItStands) {
     tickAndLook();
     ASSERT_EQ("Options bar message", seen());
     for (const SoftKey answer : {kLeft, kRight}) {
-        OrmCanvas::raiseSilentPopup();
+        SilentQuestion::raise();
         EXPECT_EQ("Options bar", seen());  // it has not been painted yet
         paintFrame();
         EXPECT_EQ("Options bar message", seen());
@@ -262,7 +264,7 @@ TEST_F(OnScreenTest, theQuestionIsTheMessageWhileItStands) {
         EXPECT_EQ(Str::str_HELP_TXT, Message::paTxt->getText());
     }
     touchAndLook(kMiddle);
-    OrmCanvas::raiseSilentPopup();
+    SilentQuestion::raise();
     paintFrame();
     EXPECT_EQ("Options bar message", seen());
     touch(kRight);
@@ -276,6 +278,7 @@ TEST_F(OnScreenTest, aSecondStartBeginsWithNothing) {
     ASSERT_TRUE(SkBar::isVisible());
     Message::paint();
     end();
+    Assembly::install();
     midlet = std::make_unique<Murmelo>();
     EXPECT_EQ("none", seen());
 }

@@ -1,3 +1,4 @@
+#include "Assembly.h"
 #include "ScreensTest.h"
 
 #include "AppImage.h"
@@ -31,6 +32,7 @@ ScreensTest::ScreensTest() {
     registry.Open(host.mappedFolders.config);
     GEngine::pAppRegistry = &registry;
     GameInterface::Active = true;
+    Assembly::install();
     midlet = std::make_unique<Murmelo>();
 }
 

@@ -1,13 +1,9 @@
 // Every class with a class initialiser, in the one order in which they run.
 #pragma once
 
-#include <cstdint>
+#include "ClassListEntry.h"
 
-struct ClassListEntry {
-    const char* name;
-    void (*staticCtor)();
-    void (*staticDtor)();
-};
+#include <cstdint>
 
 class ClassList {
 public:

@@ -1,0 +1,25 @@
+// Every screen of the program, one row for each: its name, and how it is made, found and freed.
+#pragma once
+
+#include <cstdint>
+
+class State;
+
+class ScreenTable {
+public:
+    struct Row {
+        const char* name;    // for scripts and hosts
+        void (*make)();      // with the globals; null: made when it is needed
+        void (*free)();      // with the globals; null: its class frees it
+        State* (*screen)();  // null while there is none
+    };
+
+    static const Row* rows(int32_t& count);
+
+    /// Makes all screens that live for the whole run, in the order of the rows.
+    static void make();
+    static void free();
+
+    /// Name of the current screen; empty before the first.
+    static const char* currentName();
+};

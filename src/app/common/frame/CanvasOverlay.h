@@ -1,0 +1,18 @@
+// What may stand over the canvas's picture while the program is paused: a question above all screens.
+#pragma once
+
+#include <cstdint>
+
+class CanvasOverlay {
+public:
+    CanvasOverlay() = default;
+    CanvasOverlay(const CanvasOverlay&) = delete;
+    CanvasOverlay& operator=(const CanvasOverlay&) = delete;
+    virtual ~CanvasOverlay() = default;
+
+    /// Paints over the picture. The canvas shows the result and puts the picture back afterwards.
+    virtual void paint() = 0;
+
+    /// A finger was lifted at (x, y), in canvas pixels.
+    virtual void release(int32_t x, int32_t y) = 0;
+};

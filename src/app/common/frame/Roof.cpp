@@ -1,0 +1,3 @@
+#include "Roof.h"
+
+Roof* Roof::installed;

@@ -1,0 +1,32 @@
+// What the frame needs of the rooms above it. The assembly fills it in before the application object
+// is made; the frame includes nothing from up there.
+#pragma once
+
+#include <cstdint>
+
+struct ClassListEntry;
+
+class Roof {
+public:
+    Roof() = default;
+    Roof(const Roof&) = delete;
+    Roof& operator=(const Roof&) = delete;
+    virtual ~Roof() = default;
+
+    /// Every class with a class initialiser, in the order in which initialisers and finalisers run.
+    virtual const ClassListEntry* classes(int32_t& count) = 0;
+
+    /// Makes and frees what G holds besides its names: painters, fonts, effects, screens.
+    virtual void makeGlobals() = 0;
+    virtual void freeGlobals() = 0;
+
+    /// How many languages there are, and the index of the current one.
+    virtual int32_t languages() const = 0;
+    virtual int32_t language() const = 0;
+    virtual void setLanguage(int32_t index) = 0;
+
+    /// The fatal screen that says that a file cannot be read or written, over the plain picture.
+    virtual void enterFileError() = 0;
+
+    static Roof* installed;  // not owned
+};

@@ -1,0 +1,12 @@
+// Reads a picture file from a stream.
+#pragma once
+
+class AppImage;
+class InputStream;
+
+class ImageReader {
+public:
+    /// Decodes all that the stream still has as a PNG. The pixels are straight ARGB. The caller
+    /// owns the image; the stream stays the caller's. Null if it is no picture that can be decoded.
+    static AppImage* read(InputStream* in);
+};

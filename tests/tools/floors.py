@@ -1,0 +1,62 @@
+"""floors.py BUILD SOURCE: the build lets each folder include what docs/architecture.md says, and nothing else.
+
+The table of the floors has a line for each folder: its path, and the folders whose headers it may include.
+What the compiler is really given stands in the build folder's compile_commands.json.
+"""
+import json
+import os
+import re
+import shlex
+import sys
+
+
+def drawn(source):
+    """Folder, to the folders that the table lets it include."""
+    with open(os.path.join(source, "docs/architecture.md"), encoding="utf-8") as file:
+        lines = re.findall(r"^\| `(src/\S+)` \| ([^|]*) \|", file.read(), re.M)
+    short = {os.path.basename(folder): folder for folder, _ in lines}
+    floors = {}
+    for folder, names in lines:
+        floors[folder] = {short[name.strip()] for name in names.split(",") if name.strip()}
+    return floors
+
+
+def built(build, source):
+    """Folder, to the folders of ours on the include path of its sources."""
+    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
+        commands = json.load(file)
+    found = {}
+    for command in commands:
+        folder = os.path.relpath(os.path.dirname(command["file"]), source)
+        if not folder.startswith("src/") or os.path.basename(command["file"]) == "main.cpp":
+            continue  # a main() also sees the program's entry
+        paths = {os.path.relpath(word[2:], source) for word in shlex.split(command["command"]) if word.startswith("-I")}
+        found.setdefault(folder, set()).update(path for path in paths - {folder} if path.startswith("src/"))
+    return found
+
+
+def main(build, source):
+    wanted, found = drawn(source), built(build, source)
+    wrong = 0
+    for folder in sorted(wanted.keys() | found.keys()):
+        if folder not in wanted or folder not in found:
+            print("%s: only in the %s" % (folder, "build" if folder in found else "table"))
+            wrong = 1
+            continue
+        for more, where in ((found[folder] - wanted[folder], "may be included, but is not in the table"),
+                            (wanted[folder] - found[folder], "is in the table, but cannot be included")):
+            for other in sorted(more):
+                print("%s: %s %s" % (folder, other, where))
+                wrong = 1
+    # The table is ordered: a folder includes only folders on lower lines, so there is no circle.
+    lines = list(wanted)
+    for folder, others in wanted.items():
+        for other in others:
+            if lines.index(other) < lines.index(folder):
+                print("%s stands below %s, which it includes" % (folder, other))
+                wrong = 1
+    return wrong or not wanted
+
+
+if __name__ == "__main__":
+    sys.exit(main(os.path.realpath(sys.argv[1]), os.path.realpath(sys.argv[2])))
