@@ -13,9 +13,11 @@ murmelo_tests(device_tests
 murmelo_tests(sdl_tests
     SOURCES
         platform/sdl/PictureScaler_test.cpp
+        platform/sdl/PngIcon_test.cpp
         platform/sdl/SdlDoors_test.cpp
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
+        platform/sdl/SdlWindow_test.cpp
         platform/sdl/WindowMemory_test.cpp
     LINK murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
@@ -33,7 +35,8 @@ target_link_libraries(real_tests PRIVATE
     murmelo_tests_support murmelo_app murmelo_sdl_host X11::X11 GTest::gtest_main)
 target_compile_definitions(real_tests PRIVATE
     MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED
-    $<$<BOOL:${MURMELO_SANITIZE}>:MURMELO_SANITIZED>)
+    MURMELO_ICON_FILE="${CMAKE_SOURCE_DIR}/res/icons/murmelo-64.png"
+    $<$<OR:$<BOOL:${MURMELO_SANITIZE}>,$<BOOL:${MURMELO_COVERAGE}>>:MURMELO_SANITIZED>)
 add_dependencies(real_tests murmelo)
 add_test(NAME RealWayland
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop

@@ -55,6 +55,8 @@ fault_test(clock clock.py $<TARGET_FILE:clock_shim>)
 
 add_library(sync_shim SHARED faults/sync_shim.c)
 fault_test(sync sync.py $<TARGET_FILE:sync_shim> $<TARGET_FILE:murmelo-fx>)
+add_library(short_io_shim SHARED faults/short_io_shim.c)
+fault_test(short-io short_io.py $<TARGET_FILE:short_io_shim> $<TARGET_FILE:murmelo-fx>)
 
 # The same with a window, on servers of its own.
 foreach(mode end clock)

@@ -549,6 +549,23 @@ TEST_F(MurmeloFxFiles, progressIsShownOnATerminalOnly) {
     EXPECT_EQ(result.out.size() - 4, result.out.rfind("\r\033[K")) << result.out;  // taken away
 }
 
+TEST_F(MurmeloFxFiles, progressIsTakenAwayOnceBeforeTheFacts) {
+    if (!hasTerminals()) {
+        GTEST_SKIP() << "this machine has no pseudo-terminals: is /dev/pts mounted?";
+    }
+    const std::string sound = path("good.flac");
+    shell::writeSound(sound, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 8000, 1, audio::noise(8000, 9000));
+    const std::string command = MURMELO_FX " --measure " + sound;
+    const shell::Result result =
+        ToolRunner().program("/usr/bin/script").run({"-qefc", command, "/dev/null"});
+    EXPECT_EQ(0, result.status) << result.err;
+    const size_t taken = result.out.find("\r\033[K");
+    ASSERT_NE(std::string::npos, taken) << result.out;
+    EXPECT_EQ(taken, result.out.rfind("\r\033[K")) << result.out;
+    EXPECT_EQ(taken + 4, result.out.find(sound + ": 1.000 s")) << result.out;
+    EXPECT_EQ('\n', result.out.back());
+}
+
 TEST_F(MurmeloFxFiles, soundIsNotWrittenToATerminal) {
     if (!hasTerminals()) {
         GTEST_SKIP() << "this machine has no pseudo-terminals: is /dev/pts mounted?";

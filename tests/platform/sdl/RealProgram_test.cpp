@@ -1,8 +1,10 @@
 // The program itself on a real X server and a real sound server: how soon it is there, what it
 // costs to leave it alone, how it ends, and a whole journey by keyboard.
 #include "Program.h"
+#include "SdlAudio.h"
 #include "SoundServer.h"
 #include "TestFolders.h"
+#include "TestPng.h"
 #include "TestSounds.h"
 #include "XScreen.h"
 
@@ -12,9 +14,15 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <iostream>
+#include <iterator>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -175,6 +183,38 @@ TEST_F(RealProgram, aSizeThatTheScreenHasNoRoomForIsCutToIt) {
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd(3000));
     EXPECT_EQ("5000 6000\n", folders.read("config/window"));  // on a larger screen it fits again
+}
+
+TEST_F(RealProgram, theWindowHasItsIcon) {
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    const uint64_t window = screen.windowOf("Murmelo");
+    ASSERT_TRUE(until([this, window] { return !screen.iconOf(window).empty(); }));
+    std::ifstream file(MURMELO_ICON_FILE, std::ios::binary);
+    const Bytes png{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const TestPicture picture = TestPng::read(png);
+    std::vector<uint32_t> wanted = {64, 64};
+    wanted.insert(wanted.end(), picture.argb.begin(), picture.argb.end());
+    EXPECT_EQ(wanted, screen.iconOf(window));
+}
+
+TEST_F(RealProgram, aMessageBusOfTheSessionIsUsedWhereThereIsOne) {
+    const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+    ASSERT_NE(nullptr, runtimeFolder);
+    const std::string path = std::string(runtimeFolder) + "/bus";
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    ASSERT_GT(sizeof address.sun_path, path.size());
+    path.copy(address.sun_path, path.size());
+    const int bus = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(0, bind(bus, reinterpret_cast<const sockaddr*>(&address), sizeof address));
+    ASSERT_EQ(0, listen(bus, 4));
+    Program program(command());
+    pollfd called = {bus, POLLIN, 0};
+    EXPECT_EQ(1, poll(&called, 1, 20000));
+    close(bus);  // hangs up: whatever was called must not wait for an answer
+    unlink(path.c_str());
+    EXPECT_TRUE(until([this] { return screen.pixel(kLeft + 240, kTop + 60) != 0; }));
 }
 
 TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {
@@ -338,6 +378,26 @@ TEST_F(RealProgram, aMicrophoneFileThatIsNoneIsAComplaint) {
     words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
     Program program(words);
     EXPECT_EQ(1, program.waitForEnd(3000));
+}
+
+TEST_F(RealProgram, theListOfDevicesNamesThemOrSaysThatThereAreNone) {
+    std::vector<std::string> listing = command();
+    listing.emplace_back("--list-devices");
+    Program some(listing, folders.path("some"));
+    EXPECT_EQ(0, some.waitForEnd(10000));
+    SdlAudio audio;
+    const std::vector<std::string> microphones = audio.names(SdlAudio::Kind::kMicrophone);
+    const std::vector<std::string> speakers = audio.names(SdlAudio::Kind::kSpeaker);
+    ASSERT_EQ(1U, microphones.size());
+    ASSERT_EQ(2U, speakers.size());
+    EXPECT_EQ("Microphones:\n  " + microphones[0] + "\nSpeakers:\n  " + speakers[0] + "\n  " +
+                  speakers[1] + "\n",
+              folders.read("some"));
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    Program none(listing, folders.path("none"));
+    setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
+    EXPECT_EQ(0, none.waitForEnd(10000));
+    EXPECT_EQ("Microphones:\n  (none)\nSpeakers:\n  (none)\n", folders.read("none"));
 }
 
 TEST_F(RealProgram, aDeviceThatIsNotThereIsAComplaintAtOnce) {

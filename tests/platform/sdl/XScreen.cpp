@@ -171,6 +171,30 @@ int32_t XScreen::widthOf(uint64_t window) {
     return place.width;
 }
 
+std::vector<uint32_t> XScreen::iconOf(uint64_t window) {
+    constexpr int64_t kMaxWords = 1 << 20;
+    Display* x11 = server(display);
+    Atom type = None;
+    int format = 0;
+    uint64_t count = 0;
+    uint64_t left = 0;
+    unsigned char* words = nullptr;
+    std::vector<uint32_t> icon;
+    if (XGetWindowProperty(x11, window, XInternAtom(x11, "_NET_WM_ICON", False), 0, kMaxWords,
+                           False, XA_CARDINAL, &type, &format, &count, &left, &words) == Success &&
+        format == 32) {
+        // Xlib hands over words of 32 bits in elements of 64.
+        const auto* elements = reinterpret_cast<const uint64_t*>(words);
+        for (uint64_t i = 0; i < count; i++) {
+            icon.push_back(static_cast<uint32_t>(elements[i]));
+        }
+    }
+    if (words != nullptr) {
+        XFree(words);
+    }
+    return icon;
+}
+
 void XScreen::map(uint64_t window) {
     XMapWindow(server(display), window);
     XFlush(server(display));

@@ -31,6 +31,11 @@ public:
     bool drop(uint64_t window, const std::string& path);
 
     int32_t widthOf(uint64_t window);
+
+    /// The picture that it has in lists and bars: width, height, then 0xAARRGGBB row by row; empty
+    /// if it has none.
+    std::vector<uint32_t> iconOf(uint64_t window);
+
     void map(uint64_t window);
     void unmap(uint64_t window);
     void resize(uint64_t window, int32_t width, int32_t height);
