@@ -19,8 +19,8 @@ import time
 SKIPPED = 77
 CUT_SHORT = "murmelo-headless: the take is cut short: "
 # What the host says besides, while the program goes on.
-SAID = (CUT_SHORT, "murmelo-headless: only ", "murmelo-headless: the folder ", "murmelo-headless: the microphone ",
-        "murmelo-headless: the speaker ")
+SAID = re.compile(r'murmelo-headless: (the take is cut short: |only \d+ KB are free; |the microphone |the speaker |'
+                  r'the folder ".*" cannot be made: |the settings ".*" cannot be read and stay as they are: )')
 CRASH_STATUS = 97  # of a program that a sanitizer ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
 ASLEEP_SECONDS = 60  # that it may sleep without using any
@@ -75,7 +75,7 @@ class Outcome:
         lines = complaint.splitlines(True)
         self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]
         self.status = status
-        self.complaint = "".join(line for line in lines if not line.startswith(SAID))
+        self.complaint = "".join(line for line in lines if not SAID.match(line))
         self.seconds_out = seconds_out
 
     def kind(self):
