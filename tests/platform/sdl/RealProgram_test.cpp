@@ -33,10 +33,11 @@ constexpr int32_t kTop = 250;
 // Of a build as it is shipped; one that watches every access is not that fast.
 #ifdef MURMELO_SANITIZED
 constexpr int64_t kFirstPictureUs = 1000000;
-constexpr int64_t kMostRecordingMs = 500;  // of processor time in a second
+constexpr int64_t kMaxRecordingMs = 500;  // of processor time in a second
 #else
 constexpr int64_t kFirstPictureUs = 40000;
-constexpr int64_t kMostRecordingMs = 30;  // 20 where nothing else runs, a busy machine takes more
+// About 14 where nothing else runs, 32 beside a build; a loop that does not sleep takes 1000.
+constexpr int64_t kMaxRecordingMs = 100;
 #endif
 
 int64_t nowUs() {
@@ -138,7 +139,7 @@ TEST_F(RealProgram, aRecordingCostsLittle) {
     pass(kSeconds * 1000);
     const int64_t usedMs = (program.processorTicks() - ticks) * 10;
     std::cout << "recording: " << usedMs << " ms of processor time in " << kSeconds << " s\n";
-    EXPECT_GT(kSeconds * kMostRecordingMs, usedMs);
+    EXPECT_GT(kSeconds * kMaxRecordingMs, usedMs);
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd(3000));
 }
