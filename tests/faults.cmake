@@ -40,7 +40,7 @@ endforeach()
 
 # The monkey: a small piece with every test run, and the proof that it finds what is broken. A million
 # events: tests/faults/monkey.py --events 1000000 build/asan/murmelo-headless .
-fault_test(monkey monkey.py --seed 1 --events $<IF:$<BOOL:${MURMELO_SANITIZE}>,4000,10000> --finds ${CMAKE_CURRENT_BINARY_DIR})
+fault_test(monkey monkey.py --seed 1 --events $<IF:$<OR:$<BOOL:${MURMELO_SANITIZE}>,$<BOOL:${MURMELO_COVERAGE}>>,4000,10000> --finds ${CMAKE_CURRENT_BINARY_DIR})
 add_test(NAME faults/monkey-finds-and-shrinks
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/monkey_test.py ${CMAKE_SOURCE_DIR})
 set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 1500 LABELS faults)

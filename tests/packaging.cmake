@@ -25,8 +25,8 @@ foreach(program murmelo murmelo-headless murmelo-fx)
     endforeach()
 endforeach()
 
-# What is shipped bears no sanitizers.
-if(NOT MURMELO_SANITIZE)
+# What is shipped bears no sanitizers and no counters.
+if(NOT MURMELO_SANITIZE AND NOT MURMELO_COVERAGE)
     add_test(NAME packaging/debian-package
         COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION} ${MURMELO_HARDENED}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
