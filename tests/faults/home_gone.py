@@ -141,8 +141,9 @@ def from_the_start(verdict, way):
 
 def said(verdict, case, outcome, words):
     """The program runs on, and has said one sentence."""
-    lines = outcome.complaint.splitlines()
-    verdict.check(outcome.status == 0 and len(lines) == 1 and words in lines[0], "%s: %s" % (case, outcome))
+    lines = outcome.everything.splitlines()
+    verdict.check(outcome.status == 0 and len(lines) == 1 and words in lines[0],
+                  "%s: %s: %s" % (case, outcome, lines))
 
 
 def out_of_reach(verdict, way):

@@ -75,6 +75,7 @@ class Outcome:
         lines = complaint.splitlines(True)
         self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]
         self.status = status
+        self.everything = complaint
         self.complaint = "".join(line for line in lines if not SAID.match(line))
         self.seconds_out = seconds_out
 
