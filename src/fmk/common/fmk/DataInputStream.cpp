@@ -2,10 +2,10 @@
 
 #include "Arithmetic.h"
 #include "ArrFunc.h"
+#include "Bits.h"
 #include "OspBase.h"
 
 #include <algorithm>
-#include <bit>
 
 using Osp::Base::String;
 
@@ -113,13 +113,13 @@ int32_t DataInputStream::readLong() {
 }
 
 float DataInputStream::readFloat() {
-    return std::bit_cast<float>(readInt());
+    return bitsAs<float>(readInt());
 }
 
 double DataInputStream::readDouble() {
     const auto high = static_cast<uint32_t>(readInt());
     const auto low = static_cast<uint32_t>(readInt());
-    return std::bit_cast<double>(uint64_t{high} << 32 | low);
+    return bitsAs<double>(uint64_t{high} << 32 | low);
 }
 
 void DataInputStream::readFully(signed char* bytes) {

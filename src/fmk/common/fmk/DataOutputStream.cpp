@@ -1,9 +1,8 @@
 #include "DataOutputStream.h"
 
 #include "ArrFunc.h"
+#include "Bits.h"
 #include "OspBase.h"
-
-#include <bit>
 
 using Osp::Base::String;
 
@@ -78,11 +77,11 @@ void DataOutputStream::writeLong(int32_t value) {
 }
 
 void DataOutputStream::writeFloat(float value) {
-    writeInt(std::bit_cast<int32_t>(value));
+    writeInt(bitsAs<int32_t>(value));
 }
 
 void DataOutputStream::writeDouble(double value) {
-    const auto bits = std::bit_cast<uint64_t>(value);
+    const auto bits = bitsAs<uint64_t>(value);
     writeInt(static_cast<int32_t>(bits >> 32));
     writeInt(static_cast<int32_t>(bits & 0xFFFFFFFF));
 }

@@ -1,9 +1,8 @@
 #include "png2native.h"
 
 #include "ArrFunc.h"
+#include "Inflate.h"
 #include "Rgb565.h"
-
-#include <zlib.h>
 
 #include <algorithm>
 #include <array>
@@ -97,9 +96,7 @@ void readChunks(Picture& picture, const unsigned char* data, int64_t length) {
 /// The decoded bytes, zero where the stream is damaged or ends early.
 std::vector<unsigned char> inflateRows(const Picture& picture, int64_t bytes) {
     std::vector<unsigned char> rows(static_cast<size_t>(bytes));
-    auto inflated = static_cast<uLongf>(bytes);
-    uncompress(rows.data(), &inflated, picture.compressed.data(),
-               static_cast<uLong>(picture.compressed.size()));
+    Inflate::unpack(picture.compressed.data(), picture.compressed.size(), rows.data(), rows.size());
     return rows;
 }
 
