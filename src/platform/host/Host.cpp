@@ -16,8 +16,3 @@ Host& Host::current() {
 void Host::install(Host* host) {
     installed = host;
 }
-
-void Host::run(bool (*step)(void* context), void* context) {
-    while (step(context)) {
-    }
-}

@@ -171,9 +171,6 @@ public:
     /// ever), then delivers at most one callback. Returns whether it delivered one.
     virtual bool pump(HostListener& listener, int64_t timeoutMs) = 0;
 
-    /// Calls step until it answers false. A back end whose loop is not its own overrides this.
-    virtual void run(bool (*step)(void* context), void* context);
-
     /// A frame was finished (Canvas::Show). Never waits; shows it when the display refreshes next.
     /// Null: the frame is gone, the last picture stays.
     virtual void frameShown(HostFrame* frame) = 0;

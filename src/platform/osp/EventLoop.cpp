@@ -13,15 +13,27 @@ EventLoop::~EventLoop() {
     application.loop = nullptr;
 }
 
-result EventLoop::run() {
+bool EventLoop::begin() {
     registry.Open(Host::current().folders().config);
     if (!application.OnAppInitializing(registry)) {
-        return E_FAILURE;
+        return false;
     }
     application.OnForeground();
     calledBack = true;
-    Host::current().run(&EventLoop::step, this);
+    return true;
+}
+
+void EventLoop::end() {
     application.OnAppTerminating(registry, endedFromOutside);
+}
+
+result EventLoop::run() {
+    if (!begin()) {
+        return E_FAILURE;
+    }
+    while (step()) {
+    }
+    end();
     return E_SUCCESS;
 }
 
@@ -30,27 +42,20 @@ void EventLoop::queueUserEvent(RequestId requestId) {
     queued = true;
 }
 
-bool EventLoop::step(void* loop) {
-    auto* self = static_cast<EventLoop*>(loop);
-    if (!self->ended) {
-        self->step();
+bool EventLoop::step() {
+    if (ended) {
+        return false;
     }
-    return !self->ended;
-}
-
-/// At most one callback, then the user event if it is due: an event queued before a pause is
-/// consumed before the callback that ends the pause can queue another.
-void EventLoop::step() {
     if (Host::current().pump(*this, longestWait())) {
         calledBack = true;
     }
     const bool due = queued && (calledBack || application.TimeUntilDue() == 0);
-    if (ended || !due) {
-        return;
+    if (!ended && due) {
+        queued = false;
+        calledBack = false;
+        application.OnUserEventReceivedN(queuedRequest, nullptr);
     }
-    queued = false;
-    calledBack = false;
-    application.OnUserEventReceivedN(queuedRequest, nullptr);
+    return !ended;
 }
 
 int64_t EventLoop::longestWait() {

@@ -1,4 +1,8 @@
 // Runs one application on the host: callbacks in, user events by need.
+//
+// A program that owns its time calls run(). One whose time belongs to somebody else, as in a
+// browser, calls begin(), then step() whenever the host has something to deliver or a due time has
+// come, and end() once step() has returned false.
 #pragma once
 
 #include "Host.h"
@@ -14,6 +18,18 @@ public:
     EventLoop(const EventLoop&) = delete;
     EventLoop& operator=(const EventLoop&) = delete;
 
+    /// Initialises the application and brings it to the foreground. False if it cannot be
+    /// initialised: there is nothing to step through or to end then.
+    bool begin();
+
+    /// Delivers at most one callback of the host, then the user event if it is due: one queued
+    /// before a pause is consumed before the callback that ends the pause can queue another.
+    /// @returns false once the application has ended
+    bool step();
+
+    /// Lets the application clean up.
+    void end();
+
     /// The application's whole life between its making and its deletion.
     result run();
 
@@ -25,8 +41,6 @@ public:
     Osp::Ui::Controls::Frame frame;
 
 private:
-    static bool step(void* loop);
-    void step();
     int64_t longestWait();
 
     void onTouch(Touch touch, int32_t x, int32_t y) override;

@@ -1,0 +1,9 @@
+#include "OspProgram.h"
+
+#include "GEngine.h"
+
+OspProgram::OspProgram()
+    : application(GEngine::CreateInstance())
+    , loop(*application) {}
+
+OspProgram::~OspProgram() = default;
