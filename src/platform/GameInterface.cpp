@@ -20,6 +20,7 @@
 #include "State.h"
 #include "Str.h"
 #include "TakeJob.h"
+#include "TextsReader.h"
 
 using Osp::Graphics::Bitmap;
 using Osp::Graphics::BufferInfo;
@@ -224,4 +225,8 @@ std::vector<uint8_t> GameInterface::canvasPng() {
     }
     const auto* bytes = reinterpret_cast<const uint8_t*>(encoder.encode());
     return {bytes, bytes + encoder.getLength()};
+}
+
+ScreenTexts GameInterface::texts() {
+    return TextsReader::read();
 }

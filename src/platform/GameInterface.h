@@ -54,6 +54,7 @@ private:
     int32_t savedCount() override;
     std::string savedName() override;
     std::vector<uint8_t> canvasPng() override;
+    ScreenTexts texts() override;
 
     /// Whether the screen is one from which the doors may lead elsewhere.
     static bool isAtRest();

@@ -11,6 +11,7 @@
 #include "OspApp.h"
 #include "OspGraphics.h"
 #include "Res.h"
+#include "SilentQuestion.h"
 #include "SkBar.h"
 #include "SoundHost.h"
 #include "State.h"
@@ -437,4 +438,93 @@ TEST_F(GameInterfaceTest, afterTheEndTouchesAndFramesAreNobodys) {
     std::vector<uint16_t> display(size_t{480} * 800, 1);
     host.frame->compose(display.data(), 960);
     EXPECT_EQ(std::vector<uint16_t>(size_t{480} * 800), display);  // not even the band above
+}
+
+TEST_F(GameInterfaceTest, textsOfTheMenuAreItsEntriesAndKeys) {
+    const ScreenTexts texts = host.doors->texts();
+    EXPECT_EQ("en", texts.language);
+    EXPECT_EQ("Options", texts.screen);
+    EXPECT_EQ("", texts.title);
+    ASSERT_EQ(3U, texts.entries.size());
+    EXPECT_EQ("Record", texts.entries[0].text);
+    EXPECT_TRUE(texts.entries[0].isFocused);
+    EXPECT_FALSE(texts.entries[1].isFocused);
+    EXPECT_EQ("", texts.softKeys[0].text);
+    EXPECT_EQ("Select", texts.softKeys[1].text);
+    EXPECT_EQ("Quit", texts.softKeys[2].text);
+    EXPECT_EQ("", texts.message);
+    EXPECT_EQ(ScreenTexts::kNoProgress, texts.progressQ10);
+}
+
+TEST_F(GameInterfaceTest, aTouchOnTheMiddleOfAnEntryChoosesIt) {
+    const ScreenPlace& help = host.doors->texts().entries[1].place;
+    touch(help.x + help.w / 2, help.y + help.h / 2);
+    tick();
+    const ScreenTexts texts = host.doors->texts();
+    EXPECT_TRUE(texts.entries.empty()) << "the help covers the menu";
+    EXPECT_NE("", texts.message);
+    EXPECT_EQ("Ok", texts.softKeys[1].text);
+    const ScreenPlace& ok = texts.softKeys[1].place;
+    touch(ok.x + ok.w / 2, ok.y + ok.h / 2);
+    tick();
+    EXPECT_EQ(3U, host.doors->texts().entries.size());
+}
+
+TEST_F(GameInterfaceTest, textsFollowTheLanguage) {
+    Res::setCurrLangIndex(1);
+    State::setState(G::stateOptions, true, true);
+    const ScreenTexts texts = host.doors->texts();
+    EXPECT_EQ("de", texts.language);
+    EXPECT_EQ("Aufnahme", texts.entries[0].text);
+    Res::setCurrLangIndex(0);
+}
+
+TEST_F(GameInterfaceTest, textsOfTheChoiceAreTheEffectAndTheArrows) {
+    putTake();
+    State::setState(G::statePlay, true, true);
+    ScreenTexts texts = host.doors->texts();
+    EXPECT_EQ("No effect", texts.title);
+    ASSERT_EQ(2U, texts.arrows.size());
+    const ScreenPlace right = texts.arrows[1].place;
+    touch(right.x + right.w / 2, right.y + right.h / 2);
+    tick();
+    texts = host.doors->texts();
+    EXPECT_EQ("Robot", texts.title);
+    EXPECT_EQ(1, host.doors->currentEffect());
+    EXPECT_TRUE(texts.entries.empty());
+    EXPECT_EQ("Play", texts.softKeys[1].text);
+}
+
+TEST_F(GameInterfaceTest, textsOfWorkInProgressTellHowFarItIs) {
+    use(Samples(160000, 5));
+    ScreenTexts texts = host.doors->texts();
+    EXPECT_EQ("Process", texts.screen);
+    EXPECT_EQ("Please wait", texts.caption);
+    EXPECT_EQ(0, texts.progressQ10);
+    Orm::canvas->run();
+    Orm::canvas->run();
+    texts = host.doors->texts();
+    EXPECT_GT(texts.progressQ10, 0);
+    EXPECT_LT(texts.progressQ10, 1024);
+    tick();
+    EXPECT_EQ(ScreenTexts::kNoProgress, host.doors->texts().progressQ10);
+}
+
+TEST_F(GameInterfaceTest, theQuestionAboutSilenceHidesTheMenuFromTheTexts) {
+    host.silent = true;
+    SilentQuestion::raise();
+    Osp::Graphics::Canvas canvas;
+    game->AppPaint(&canvas);
+    const ScreenTexts texts = host.doors->texts();
+    EXPECT_TRUE(texts.isQuestion);
+    EXPECT_NE("", texts.message);
+    EXPECT_TRUE(texts.entries.empty());
+    EXPECT_EQ("Yes", texts.softKeys[0].text);
+    EXPECT_EQ("No", texts.softKeys[2].text);
+}
+
+TEST_F(GameInterfaceTest, thereAreNoTextsAfterTheEnd) {
+    game->AppQuit();
+    EXPECT_EQ("", host.doors->texts().screen);
+    EXPECT_EQ("", host.doors->texts().language);
 }

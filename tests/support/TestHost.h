@@ -38,6 +38,8 @@ public:
 
     void say(const std::string& sentence) override { said.push_back(sentence); }
 
+    void kept(const std::string& path) override { keptPaths.push_back(path); }
+
     bool fails(const char* operation) override;
 
     /// The n-th next call of the operation (1: the next one) fails.
@@ -51,6 +53,7 @@ public:
     int64_t nowMs = 0;
     HostFolders mappedFolders;
     std::vector<std::string> said;
+    std::vector<std::string> keptPaths;
     bool silent = false;
     int64_t phoneBytes = 1 << 30;
     int64_t cardBytes = -1;

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "HostSound.h"
+#include "ScreenTexts.h"
 
 #include <bitset>
 #include <cstddef>
@@ -125,6 +126,9 @@ public:
 
     /// The 240 x 320 canvas as the bytes of a PNG file.
     virtual std::vector<uint8_t> canvasPng() = 0;
+
+    /// What the picture says in words.
+    virtual ScreenTexts texts() = 0;
 };
 
 /// Real folders behind the phone's roots, without a trailing "/". Empty: that root is not mapped.
@@ -182,6 +186,11 @@ public:
 
     /// The application's doors; null when it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}
+
+    /// A file of the user's is on the disk, whole: a saved sound, or the settings. A host whose disk
+    /// is not one stores it now.
+    /// @param path  the real one
+    virtual void kept(const std::string& /*path*/) {}
 
     /// Tells the user what no screen shows.
     /// @param sentence  without a full stop, and without the program's name in front

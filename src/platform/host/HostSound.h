@@ -35,6 +35,13 @@ public:
     /// Whether start() has a chance. Opens nothing.
     virtual bool isThere() = 0;
 
+    /// A recording will be offered: time to ask the user for the microphone, where that is needed.
+    virtual void prepare() {}
+
+    /// The recording was made, or given up: nobody needs the microphone, nor what it has heard and
+    /// nobody took.
+    virtual void release() {}
+
     /// Begins to listen; samples that nobody took before are forgotten. False if there is no such
     /// device, or somebody listens already.
     virtual bool start(HostMicrophoneListener& listener) = 0;

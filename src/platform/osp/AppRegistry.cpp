@@ -175,7 +175,12 @@ bool AppRegistry::saveFile() const {
         text += value;
         text += '\n';
     }
-    return ReplacedFile::write(folder + "/" + kFileName, text);
+    const std::string path = folder + "/" + kFileName;
+    if (!ReplacedFile::write(path, text)) {
+        return false;
+    }
+    Host::current().kept(path);
+    return true;
 }
 
 }  // namespace Osp::App

@@ -42,6 +42,7 @@ bool AudioIn::saidCutShort = false;
 AudioIn::~AudioIn() {
     sayLoss(false);
     silence();
+    release();
     if (deletedMark != nullptr) {
         *deletedMark = true;
     }
@@ -67,6 +68,8 @@ result AudioIn::Prepare(AudioInputDevice device,
         return E_FAILURE;
     }
     state = AUDIOIN_STATE_PREPARED;
+    microphone()->prepare();
+    isMicrophoneHeld = true;
     sayIfRoomIsShort();
     return E_SUCCESS;
 }
@@ -128,6 +131,7 @@ result AudioIn::Unprepare() {
     }
     queue.clear();
     state = AUDIOIN_STATE_UNPREPARED;
+    release();
     return E_SUCCESS;
 }
 
@@ -205,6 +209,13 @@ void AudioIn::sayLoss(bool isTakeKept) {
         isLossUnsaid = false;
         Host::current().say(isTakeKept ? "the microphone is gone; what it heard until now is kept"
                                        : "the microphone is gone");
+    }
+}
+
+void AudioIn::release() {
+    if (isMicrophoneHeld) {
+        isMicrophoneHeld = false;
+        microphone()->release();
     }
 }
 

@@ -106,7 +106,11 @@ result copyBeside(const String& source, const RealPath& to, Rename rename) {
         unlink(temporary.c_str());
         return r;
     }
-    return syncFolderOf(to.path()) ? E_SUCCESS : E_FAILURE;
+    if (!syncFolderOf(to.path())) {
+        return E_FAILURE;
+    }
+    Host::current().kept(to.path());
+    return E_SUCCESS;
 }
 
 }  // namespace

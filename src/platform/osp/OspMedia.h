@@ -95,15 +95,17 @@ private:
     /// a pause still throws it away.
     void sayLoss(bool isTakeKept);
     void silence();
+    void release();
 
     static bool saidCutShort;  // of the current recording
 
     IAudioInEventListener* listener = nullptr;
     std::deque<Osp::Base::ByteBuffer*> queue;
     AudioInState state = AUDIOIN_STATE_INITIALIZED;
-    bool isLossUnsaid = false;    // the microphone died in the current recording
-    bool hasHeard = false;        // a buffer was filled in the current recording
-    bool* deletedMark = nullptr;  // of the current delivery: a listener may delete this object
+    bool isMicrophoneHeld = false;  // prepared, and not released yet
+    bool isLossUnsaid = false;      // the microphone died in the current recording
+    bool hasHeard = false;          // a buffer was filled in the current recording
+    bool* deletedMark = nullptr;    // of the current delivery: a listener may delete this object
 };
 
 enum PlayerState {

@@ -277,3 +277,11 @@ TEST_F(AppRegistryTest, keysAndValuesThatWouldBreakALineAreRefused) {
     EXPECT_EQ(E_FAILURE, registry.Add("a b", "1"));
     EXPECT_EQ(E_FAILURE, registry.Add("lang", "1\nother=2"));
 }
+
+TEST_F(AppRegistryTest, theHostHearsOfEachChangeThatIsOnTheDisk) {
+    open();
+    EXPECT_EQ(E_SUCCESS, registry.Add("lang", "3"));
+    host.failNth("AppRegistry.Write", 1);
+    EXPECT_NE(E_SUCCESS, registry.Set("lang", "1"));
+    EXPECT_EQ(std::vector<std::string>{folders.path("config/settings")}, host.keptPaths);
+}

@@ -636,3 +636,18 @@ TEST_F(OspIo, everyOperationFailsWhenTheHostSaysSo) {
     EXPECT_EQ((std::vector<std::string>{"Murmelo", "a.txt"}), namesIn("/Home"));
     EXPECT_EQ("abc", home("a.txt"));
 }
+
+TEST_F(OspIo, theHostHearsOfACopyThatIsOnTheDisk) {
+    writeHome("from.txt", "sound");
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", true));
+    EXPECT_EQ(std::vector<std::string>{folders.path("home/to.txt")}, host.keptPaths);
+}
+
+TEST_F(OspIo, theHostHearsNothingOfACopyThatFailed) {
+    writeHome("from.txt", "sound");
+    for (const char* operation : {"File.Copy", "File.Rename", "File.SyncFolder"}) {
+        host.failNth(operation, 1);
+        EXPECT_NE(E_SUCCESS, File::Copy("/Home/from.txt", "/Home/to.txt", false)) << operation;
+    }
+    EXPECT_TRUE(host.keptPaths.empty());
+}

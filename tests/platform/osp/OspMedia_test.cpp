@@ -71,6 +71,25 @@ protected:
     ByteBuffer second;
 };
 
+/// Notes when it is asked for and when nobody needs it any more.
+class NotingEars : public FileMicrophone {
+public:
+    using FileMicrophone::FileMicrophone;
+
+    void prepare() override { notes += "prepared "; }
+
+    void release() override { notes += "released "; }
+
+    std::string notes;
+};
+
+class NotingHost : public SoundHost {
+public:
+    HostMicrophone* microphone() override { return &notingEars; }
+
+    NotingEars notingEars{[this] { return nowMs; }};
+};
+
 class End : public Osp::Media::IPlayerEventListener {
 public:
     void OnPlayerOpened(result) override { opened++; }
@@ -140,6 +159,40 @@ protected:
 };
 
 }  // namespace
+
+TEST(AudioInMicrophone, isAskedForOnceAndReleasedOnce) {
+    NotingHost host;
+    Ear ear;
+    ByteBuffer buffer;
+    buffer.Construct(3200);
+    {
+        AudioIn in;
+        in.Construct(ear);
+        in.Prepare(Osp::Media::AUDIO_INPUT_DEVICE_MIC, Osp::Media::AUDIO_TYPE_PCM_S16_LE,
+                   Osp::Media::AUDIO_CHANNEL_TYPE_MONO, 16000);
+        EXPECT_EQ("prepared ", host.notingEars.notes);
+        in.AddBuffer(&buffer);
+        in.Start();
+        in.Stop();
+        EXPECT_EQ("prepared ", host.notingEars.notes);
+        in.Unprepare();
+        EXPECT_EQ("prepared released ", host.notingEars.notes);
+    }
+    EXPECT_EQ("prepared released ", host.notingEars.notes);
+}
+
+TEST(AudioInMicrophone, isReleasedByARecorderThatIsDeleted) {
+    NotingHost host;
+    Ear ear;
+    {
+        AudioIn in;
+        in.Construct(ear);
+        in.Prepare(Osp::Media::AUDIO_INPUT_DEVICE_MIC, Osp::Media::AUDIO_TYPE_PCM_S16_LE,
+                   Osp::Media::AUDIO_CHANNEL_TYPE_MONO, 16000);
+        in.Start();
+    }
+    EXPECT_EQ("prepared released ", host.notingEars.notes);
+}
 
 TEST_F(AudioInTest, fillsTheBuffersInTheirOrderAndInTime) {
     AudioIn in;

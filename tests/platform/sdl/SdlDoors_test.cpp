@@ -41,6 +41,8 @@ public:
 
     std::vector<uint8_t> canvasPng() override { return {'p', 'n', 'g'}; }
 
+    ScreenTexts texts() override { return {}; }
+
     bool open = true;
     int32_t saves = 0;
     int32_t saved = 0;

@@ -43,6 +43,8 @@ public:
 
     std::vector<uint8_t> canvasPng() override { return {}; }
 
+    ScreenTexts texts() override { return {}; }
+
     bool navigate(HostKey key) override {
         notes.push_back("key " + std::to_string(static_cast<int32_t>(key)));
         return taking;

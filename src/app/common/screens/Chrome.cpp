@@ -3,6 +3,7 @@
 #include "AppImage.h"
 #include "BitMapFont.h"
 #include "G.h"
+#include "Menu.h"
 #include "Message.h"
 #include "OspBase.h"
 #include "Progress.h"
@@ -12,6 +13,7 @@
 using Osp::Base::String;
 
 void Chrome::cover() {
+    Menu::visible = false;
     SkBar::visible = false;
     Message::visible = false;
     Progress::visible = false;

@@ -20,20 +20,15 @@
 
 namespace {
 
-constexpr int32_t kLeftPx = 10;  // of the focus bar, and of what a touch meets
-constexpr int32_t kWidthPx = 220;
 constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
 constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
 constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
 constexpr uint32_t kFocusedArgb = 0xA0000000;
 constexpr uint32_t kOpaque = 0xFF000000;
 
-int32_t pitch() {
-    return Menu::rh + kBetweenPx;
-}
-
 }  // namespace
 
+bool Menu::visible;
 int32_t Menu::fntId;
 uint32_t Menu::bgCol;
 int32_t Menu::bgImgId;
@@ -44,6 +39,7 @@ int32_t Menu::rh;
 int32_t Menu::y;
 
 void Menu::static_ctor() {
+    visible = false;
     fntId = G::fntMedium;
     bgCol = 0;
     bgImgId = Res::Null;
@@ -80,7 +76,7 @@ void Menu::init(const int32_t* ids) {
     entries = newArray<PaTextLabel*>(count);
     const BitMapFont* font = Res::getFont(fntId);
     rh = font != nullptr ? font->getLineHeight() : 0;
-    y = (Bounds::getHeight(G::scrB) - (count * pitch() + 2 * kMarginPx)) / 2 +
+    y = (Bounds::getHeight(G::scrB) - (count * pitchPx() + 2 * kMarginPx)) / 2 +
         Chrome::kAboveCentrePx;
     for (int32_t i = 0; i < count; i++) {
         entries[i] = new PaTextLabel(ids[i], fntId, Chrome::kWhite);
@@ -101,8 +97,16 @@ void Menu::setFocusedStrId(int32_t id) {
     focused = found != end ? static_cast<int32_t>(found - strIds) : 0;
 }
 
+int32_t Menu::firstTopPx() {
+    return y + kMarginPx;
+}
+
+int32_t Menu::pitchPx() {
+    return rh + kBetweenPx;
+}
+
 void Menu::placeWindow() {
-    const int32_t height = length(strIds) * pitch() + 2 * kMarginPx;
+    const int32_t height = length(strIds) * pitchPx() + 2 * kMarginPx;
     Bounds::set(G::psWndBg, kLeftPx - kFramePx, y, kWidthPx + 2 * kFramePx, height);
 }
 
@@ -120,18 +124,19 @@ void Menu::paintBackground() {
 }
 
 void Menu::paint() {
+    visible = true;
     placeWindow();
     paintBackground();
     G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
-    const int32_t firstY = y + kMarginPx;
-    Bounds::set(G::psFocusBar, kLeftPx, firstY + focused * pitch(), kWidthPx, pitch());
+    const int32_t firstY = firstTopPx();
+    Bounds::set(G::psFocusBar, kLeftPx, firstY + focused * pitchPx(), kWidthPx, pitchPx());
     G::psFocusBar->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     for (int32_t i = 0; i < length(entries); i++) {
         PaTextLabel* entry = entries[i];
         // The text may have changed its language, and with it its width.
         entry->refresh();
         Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2,
-                       firstY + i * pitch() + kBetweenPx / 2);
+                       firstY + i * pitchPx() + kBetweenPx / 2);
         if (i == focused) {
             entry->setColour(kFocusedArgb);
         }
@@ -169,9 +174,9 @@ int32_t Menu::update(Event* event) {
 
 /// Index of the entry at that point of the screen, -1 if there is none.
 int32_t Menu::rowAt(int32_t px, int32_t py) {
-    const int32_t fromFirst = py - (y + kMarginPx);
+    const int32_t fromFirst = py - firstTopPx();
     const bool inside = px >= kLeftPx && px < kLeftPx + kWidthPx && fromFirst >= 0;
-    const int32_t row = inside ? fromFirst / pitch() : -1;
+    const int32_t row = inside ? fromFirst / pitchPx() : -1;
     return row < length(strIds) ? row : -1;
 }
 

@@ -40,8 +40,19 @@ public:
     /// or Res::Null
     static int32_t update(Event* event);
 
+    /// Whether it stands on the screen: from paint() until a whole picture covers it.
+    static bool isVisible() { return visible; }
+
+    // Where a touch meets the entries: one below the other, each pitchPx() high.
+    static constexpr int32_t kLeftPx = 10;
+    static constexpr int32_t kWidthPx = 220;
+    static int32_t firstTopPx();
+    static int32_t pitchPx();
+
     static void static_ctor();
     static void static_dtor();
+
+    static bool visible;
 
     static int32_t fntId;
     static uint32_t bgCol;  // 0: none

@@ -41,11 +41,13 @@ void fill(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
 }  // namespace
 
 bool Progress::visible;
+int32_t Progress::shownQ10;
 PaTextArea* Progress::caption;
 Bounds* Progress::bar;
 
 void Progress::static_ctor() {
     visible = false;
+    shownQ10 = 0;
     caption = new PaTextArea();
     bar = Bounds::alloc(kBarLeftPx, kBarTopPx, kBarWidthPx, kBarHeightPx);
 }
@@ -69,8 +71,9 @@ void Progress::paintInit(int32_t captionId) {
 }
 
 void Progress::paintProgress(int32_t progress) {
+    shownQ10 = std::clamp(progress, 0, kFullQ10);
     const int32_t inner = bar->w - 4;
-    const int32_t filled = inner * std::clamp(progress, 0, kFullQ10) / kFullQ10;
+    const int32_t filled = inner * shownQ10 / kFullQ10;
     fill(kFrameArgb, bar->x, bar->y, bar->w, bar->h);
     fill(kTroughArgb, bar->x + 1, bar->y + 1, bar->w - 2, bar->h - 2);
     fill(kFillArgb, bar->x + 2, bar->y + 2, filled, bar->h - 4);

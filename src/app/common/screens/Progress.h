@@ -23,6 +23,7 @@ public:
     static void static_dtor();
 
     static bool visible;
+    static int32_t shownQ10;     // of the bar, 0 to 1024
     static PaTextArea* caption;  // owned
     static Bounds* bar;          // the trough, owned
 };

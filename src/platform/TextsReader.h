@@ -1,0 +1,10 @@
+// Reads from the screen's furniture what the picture says in words.
+#pragma once
+
+#include "ScreenTexts.h"
+
+class TextsReader {
+public:
+    /// Of the picture as it was painted last; empty before the first screen and after the end.
+    static ScreenTexts read();
+};

@@ -1,0 +1,43 @@
+// What the current picture says in words: for people who do not see it, for window titles and
+// tests.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A part of the 240 x 320 canvas, in its pixels.
+struct ScreenPlace {
+    int32_t x = 0;
+    int32_t y = 0;
+    int32_t w = 0;
+    int32_t h = 0;
+};
+
+/// Only what stands on the screen is in here. Texts are UTF-8 in the program's language; an empty
+/// one means that there is none.
+struct ScreenTexts {
+    struct Entry {
+        std::string text;
+        ScreenPlace place;  // a touch on its middle chooses it
+        bool isFocused = false;
+    };
+
+    /// Left, middle and right.
+    static constexpr int32_t kSoftKeys = 3;
+
+    static constexpr int32_t kNoProgress = -1;
+
+    std::string language;       // as in HTML: "en", "de", "es", "fr", "it"
+    std::string screen;         // the screen's own name, the same in every language
+    std::string title;          // the effect's name
+    std::vector<Entry> arrows;  // to the effect before and after; their texts are empty
+    std::string heading;        // of the message
+    std::string message;
+    bool isQuestion = false;  // the message is the question about silence
+    std::vector<Entry> entries;
+    std::string caption;                // of what goes on
+    int32_t progressQ10 = kNoProgress;  // 0 to 1024 while something goes on
+    std::array<Entry, kSoftKeys> softKeys;
+};
