@@ -110,7 +110,8 @@ bool SafeFile::renameToFree(const std::string& from,
     return false;
 }
 
-bool SafeFile::atOnce(const std::string& from, const std::string& to) {
+bool SafeFile::atOnce([[maybe_unused]] const std::string& from,
+                      [[maybe_unused]] const std::string& to) {
 #ifdef RENAME_NOREPLACE
     return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0;
 #else

@@ -2,23 +2,9 @@
 
 #include <SDL.h>
 
-#include <algorithm>
-
-using Touch = HostListener::Touch;
+using Pointer = OneFinger::Pointer;
 
 namespace {
-
-constexpr uint32_t kDoubleTapMs = 500;
-
-bool isOnDisplay(int32_t x, int32_t y) {
-    return x >= 0 && x < HostFrame::kWidthPx && y >= 0 && y < HostFrame::kHeightPx;
-}
-
-/// A finger that leaves the display lets go, or goes on, at its edge.
-void deliver(Touch touch, int32_t x, int32_t y, HostListener& listener) {
-    listener.onTouch(touch, std::clamp(x, 0, HostFrame::kWidthPx - 1),
-                     std::clamp(y, 0, HostFrame::kHeightPx - 1));
-}
 
 bool navigate(HostKey key, HostDoors* doors) {
     return doors != nullptr && doors->navigate(key);
@@ -37,11 +23,11 @@ bool SdlInput::handle(const SDL_Event& event, HostListener& listener, HostDoors*
         return mousePressed(event.button, listener);
     case SDL_MOUSEMOTION:
         places.fromMouse(event.motion.x, event.motion.y, x, y);
-        return moved(Pointer::kMouse, event.motion.which, x, y, listener);
+        return finger.moved(Pointer::kMouse, event.motion.which, x, y, listener);
     case SDL_MOUSEBUTTONUP:
         places.fromMouse(event.button.x, event.button.y, x, y);
         return event.button.button == SDL_BUTTON_LEFT &&
-               released(Pointer::kMouse, event.button.which, x, y, listener);
+               finger.released(Pointer::kMouse, event.button.which, x, y, listener);
     case SDL_FINGERDOWN:
     case SDL_FINGERMOTION:
     case SDL_FINGERUP:
@@ -53,64 +39,27 @@ bool SdlInput::handle(const SDL_Event& event, HostListener& listener, HostDoors*
     }
 }
 
-bool SdlInput::pressed(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener) {
-    if (down != Pointer::kNone || !isOnDisplay(x, y)) {
-        return false;
-    }
-    down = pointer;
-    downId = id;
-    deliver(Touch::kPress, x, y, listener);
-    return true;
-}
-
-bool SdlInput::moved(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener) {
-    if (down != pointer || downId != id) {
-        return false;
-    }
-    deliver(Touch::kMove, x, y, listener);
-    return true;
-}
-
-bool SdlInput::released(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener) {
-    if (down != pointer || downId != id) {
-        return false;
-    }
-    down = Pointer::kNone;
-    deliver(Touch::kRelease, x, y, listener);
-    return true;
-}
-
 bool SdlInput::mousePressed(const SDL_MouseButtonEvent& button, HostListener& listener) {
     int32_t x = 0;
     int32_t y = 0;
     places.fromMouse(button.x, button.y, x, y);
-    // A job that took the phone seconds is done within a double click: its second half would press
-    // a key of the next screen, that nobody has seen yet.
-    const bool secondOfDouble = button.clicks > 1 && y >= HostFrame::kSoftKeysTopPx;
+    const bool secondOfDouble = button.clicks > 1 && OneFinger::isOnSoftKeys(y);
     return button.button == SDL_BUTTON_LEFT && !secondOfDouble &&
-           pressed(Pointer::kMouse, button.which, x, y, listener);
+           finger.pressed(Pointer::kMouse, button.which, x, y, listener);
 }
 
 bool SdlInput::fingerMoved(const SDL_Event& event, HostListener& listener) {
     int32_t x = 0;
     int32_t y = 0;
-    const SDL_TouchFingerEvent& finger = event.tfinger;
-    places.fromShares(finger.x, finger.y, x, y);
+    const SDL_TouchFingerEvent& touch = event.tfinger;
+    places.fromShares(touch.x, touch.y, x, y);
     switch (event.type) {
-    case SDL_FINGERDOWN: {
-        const bool onBar = y >= HostFrame::kSoftKeysTopPx;
-        const bool secondOfDouble =
-            onBar && lastBarTapMs != kNoTap && finger.timestamp - lastBarTapMs < kDoubleTapMs;
-        if (secondOfDouble || !pressed(Pointer::kFinger, finger.fingerId, x, y, listener)) {
-            return false;
-        }
-        lastBarTapMs = onBar ? finger.timestamp : kNoTap;
-        return true;
-    }
+    case SDL_FINGERDOWN:
+        return finger.tapped(Pointer::kFinger, touch.fingerId, x, y, touch.timestamp, listener);
     case SDL_FINGERMOTION:
-        return moved(Pointer::kFinger, finger.fingerId, x, y, listener);
+        return finger.moved(Pointer::kFinger, touch.fingerId, x, y, listener);
     default:
-        return released(Pointer::kFinger, finger.fingerId, x, y, listener);
+        return finger.released(Pointer::kFinger, touch.fingerId, x, y, listener);
     }
 }
 

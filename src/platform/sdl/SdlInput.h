@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Host.h"
+#include "OneFinger.h"
 
 #include <cstdint>
 
@@ -32,18 +33,10 @@ public:
     bool handle(const SDL_Event& event, HostListener& listener, HostDoors* doors);
 
 private:
-    enum class Pointer { kNone, kMouse, kFinger };
-
-    bool pressed(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
-    bool moved(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
-    bool released(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
     bool mousePressed(const SDL_MouseButtonEvent& button, HostListener& listener);
     bool fingerMoved(const SDL_Event& event, HostListener& listener);
     static bool keyPressed(const SDL_KeyboardEvent& key, HostListener& listener, HostDoors* doors);
 
     const SdlPlaces& places;
-    Pointer down = Pointer::kNone;  // what holds the one finger
-    int64_t downId = 0;
-    static constexpr uint32_t kNoTap = 0;
-    uint32_t lastBarTapMs = kNoTap;  // when a finger last touched the soft-key bar
+    OneFinger finger;
 };

@@ -1,0 +1,37 @@
+// The phone knows one finger. Several pointers become one here: whichever is down first holds it
+// until it lets go, and the others are not there.
+#pragma once
+
+#include "Host.h"
+
+#include <cstdint>
+
+class OneFinger {
+public:
+    enum class Pointer { kNone, kMouse, kFinger };
+
+    /// Positions are pixels of the phone's display; one outside it presses nothing.
+    /// @param id  tells pointers of one kind apart
+    /// @returns here and below: whether a callback was delivered
+    bool pressed(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
+
+    /// As pressed(), unless it is the second tap of a double tap on the soft-key bar: a job that
+    /// took the phone seconds is done within a double tap, and its second half would press a key of
+    /// the next screen, which the user has not seen yet.
+    /// @param timeMs  of the tap, on a clock that may wrap at 2^32
+    bool tapped(
+        Pointer pointer, int64_t id, int32_t x, int32_t y, uint32_t timeMs, HostListener& listener);
+
+    /// A pointer that leaves the display goes on, or lets go, at its edge.
+    bool moved(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
+    bool released(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
+
+    /// Whether a place of the display belongs to the soft-key bar.
+    static bool isOnSoftKeys(int32_t y) { return y >= HostFrame::kSoftKeysTopPx; }
+
+private:
+    Pointer down = Pointer::kNone;
+    int64_t downId = 0;
+    bool hasTappedBar = false;  // the last tap was on the soft-key bar
+    uint32_t barTapMs = 0;
+};
