@@ -1,0 +1,149 @@
+"""One tab of the browser: its address, its script, its picture, its surroundings."""
+import base64
+import os
+import time
+
+from devtools import DevToolsError
+from hands import Hands
+
+WAIT_SECONDS = 120  # generous: only what never happens reaches it
+_POLL_SECONDS = 0.05
+
+
+# JavaScript decides what is true: an object without properties of its own is {} here, which Python takes for false.
+_TRUTH = """(async () => {
+    const value = await (%s);
+    const isPlain = Object(value) !== value || Array.isArray(value) || Object.getPrototypeOf(value) === Object.prototype;
+    return [Boolean(value), isPlain ? value : true];
+})()"""
+
+
+class PageError(Exception):
+    """The page's script threw, or what was waited for did not come."""
+
+
+class Page(Hands):
+    """Made by Browser. `call` reaches every method of the protocol; the operations here are the frequent ones."""
+
+    def __init__(self, session, records):
+        self._session, self._records = session, records
+        self.call, self.send, self.target = session.call, session.send, session.target
+
+    def open(self, address):
+        """Goes to the address and waits until the page is loaded. One that cannot be reached raises PageError."""
+        result = self.call("Page.navigate", url=address)
+        if result.get("errorText"):
+            raise PageError("%s: %s" % (address, result["errorText"]))
+        self.wait_for("document.readyState === 'complete'")
+
+    def reload(self, past_cache=False):
+        """Loads the page again and waits until it is loaded."""
+        self.evaluate("window.murmeloTestOldPage = true")
+        self.call("Page.reload", ignoreCache=past_cache)
+        self.wait_for("!window.murmeloTestOldPage && document.readyState === 'complete'")
+
+    def evaluate(self, expression, gesture=False):
+        """The value of a JavaScript expression; a promise is awaited. What JSON cannot tell is None.
+        gesture: the expression runs as if the user had just touched the page."""
+        result = self.call("Runtime.evaluate", expression=expression, awaitPromise=True, returnByValue=True,
+                           userGesture=gesture)
+        if "exceptionDetails" in result:
+            details = result["exceptionDetails"]
+            thrown = details.get("exception", {})
+            raise PageError("%s\n%s" % (expression, thrown.get("description", thrown.get("value", details["text"]))))
+        return result["result"].get("value")
+
+    def wait_for(self, expression, seconds=WAIT_SECONDS):
+        """Asks until the expression is true (or a promise of it), and returns its value; True for what JSON cannot
+        tell, such as an element. A page on its way to another address is asked again."""
+        limit = time.monotonic() + seconds
+        while True:
+            try:
+                is_true, value = self.evaluate(_TRUTH % expression)
+                if is_true:
+                    return value
+            except DevToolsError as error:
+                if not any(word in str(error) for word in ("context", "navigated", "Promise was collected")):
+                    raise
+                value = error
+            except PageError as error:
+                value = error  # may refer to what is not there yet
+            if time.monotonic() > limit:
+                raise PageError("not in %d s: %s\nlast: %s\n%s" % (
+                    seconds, expression, value, "\n".join(map(str, self._records.complaints()))))
+            time.sleep(_POLL_SECONDS)
+
+    def before_load(self, script):
+        """Runs the script at the start of every document from now on, before any script of the page: for stubs."""
+        return self.call("Page.addScriptToEvaluateOnNewDocument", source=script)["identifier"]
+
+    def size(self, width, height, ratio=1, mobile=False):
+        """The window's inner size in CSS pixels, and how many device pixels make one. mobile: also touch, and a
+        viewport as on a phone."""
+        orientation = {"type": "portraitPrimary", "angle": 0} if height >= width else {
+            "type": "landscapePrimary", "angle": 90}
+        self.call("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=ratio,
+                  mobile=mobile, screenWidth=width, screenHeight=height, screenOrientation=orientation)
+        self.call("Emulation.setTouchEmulationEnabled", enabled=mobile, maxTouchPoints=5)
+
+    def safe_area(self, top=0, left=0, bottom=0, right=0):
+        """What a notch or a rounded corner leaves over: env(safe-area-inset-top) and its like, in CSS pixels."""
+        self.call("Emulation.setSafeAreaInsetsOverride", insets={
+            "top": top, "left": left, "bottom": bottom, "right": right})
+
+    def media(self, **features):
+        """What the user prefers: media(prefers_reduced_motion="reduce", prefers_color_scheme="dark")."""
+        self.call("Emulation.setEmulatedMedia", features=[
+            {"name": name.replace("_", "-"), "value": value} for name, value in features.items()])
+
+    def screenshot(self, path):
+        """What the window shows, in device pixels, as a PNG file."""
+        picture = self.call("Page.captureScreenshot", format="png")["data"]
+        with open(path, "wb") as file:
+            file.write(base64.b64decode(picture))
+
+    def quota(self, size=None, origin=None):
+        """How many bytes an origin (None: the page's) may store; None: as many as the browser allows.
+        Chromium remembers for half a minute how much space it found: call it before the page opens its store, or
+        let the page write until it is refused. navigator.storage.estimate() does not tell the limit."""
+        limit = {} if size is None else {"quotaSize": size}
+        self.call("Storage.overrideQuotaForOrigin", origin=origin or self.evaluate("location.origin"), **limit)
+
+    def front(self):
+        """Shows this tab; the others are then hidden."""
+        self.call("Page.bringToFront")
+
+    def freeze(self):
+        """What a phone does to a page that was hidden for long: no script runs until thaw."""
+        self.call("Page.setWebLifecycleState", state="frozen")
+
+    def thaw(self):
+        """Ends freeze."""
+        self.call("Page.setWebLifecycleState", state="active")
+
+    def words(self):
+        """What a screen reader finds, in reading order: a list of (role, name, properties)."""
+        nodes = self.call("Accessibility.getFullAXTree")["nodes"]
+        return [(node["role"]["value"], node.get("name", {}).get("value", ""),
+                 {entry["name"]: entry["value"].get("value") for entry in node.get("properties", [])})
+                for node in nodes if not node["ignored"]]
+
+    def pick_files(self, press, paths):
+        """Calls press, which makes the page ask for files, and chooses those at paths as the user would."""
+        self.call("Page.setInterceptFileChooserDialog", enabled=True)
+        try:
+            press()
+            asked = self._records.wait_for("file-chooser", self.target["targetId"], WAIT_SECONDS)
+            self.call("DOM.setFileInputFiles", files=[os.path.abspath(path) for path in paths],
+                      backendNodeId=int(asked.text))
+        finally:
+            self.call("Page.setInterceptFileChooserDialog", enabled=False)
+
+    def close(self):
+        """Closes the tab."""
+        self.call("Page.close")
+
+    @property
+    def records(self):
+        """What was recorded of this tab alone."""
+        return self._records.all(target=self.target["targetId"])
