@@ -13,7 +13,8 @@ _POLL_SECONDS = 0.05
 # JavaScript decides what is true: an object without properties of its own is {} here, which Python takes for false.
 _TRUTH = """(async () => {
     const value = await (%s);
-    const isPlain = Object(value) !== value || Array.isArray(value) || Object.getPrototypeOf(value) === Object.prototype;
+    const kinds = [Array.prototype, Object.prototype];
+    const isPlain = Object(value) !== value || kinds.includes(Object.getPrototypeOf(value));
     return [Boolean(value), isPlain ? value : true];
 })()"""
 
