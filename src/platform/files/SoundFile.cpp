@@ -22,11 +22,6 @@ constexpr float kFullScale = 32768.0F;
 using OpenFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
 using Converter = std::unique_ptr<SRC_STATE, SRC_STATE* (*)(SRC_STATE*)>;
 
-/// @param value  full scale is 32768
-int16_t toInt16(float value) {
-    return static_cast<int16_t>(std::lrint(FloatSample::clamped(value, INT16_MIN, INT16_MAX)));
-}
-
 /// The mean of the channels of an open file, full scale 1, block by block.
 class MonoReader {
 public:
@@ -147,7 +142,7 @@ std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int
 std::vector<int16_t> toInt16(const std::vector<float>& samples) {
     std::vector<int16_t> converted(samples.size());
     std::transform(samples.begin(), samples.end(), converted.begin(),
-                   [](float sample) { return toInt16(sample * kFullScale); });
+                   [](float sample) { return FloatSample::toInt16(sample * kFullScale); });
     return converted;
 }
 

@@ -1,8 +1,9 @@
-// A sample as a decoder delivers it: a damaged file holds anything.
+// A sample as a decoder or a browser delivers it: a damaged file holds anything.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 class FloatSample {
 public:
@@ -14,6 +15,12 @@ public:
     /// Not a number becomes silence, wherever low and high lie.
     static float clamped(float value, float low, float high) {
         return std::isnan(value) ? 0.0F : std::clamp(value, low, high);
+    }
+
+    /// Rounded, a half to the even neighbour; clamped; not a number becomes silence.
+    /// @param value  full scale is 32768
+    static int16_t toInt16(float value) {
+        return static_cast<int16_t>(std::lrint(clamped(value, INT16_MIN, INT16_MAX)));
     }
 
 private:
