@@ -10,6 +10,11 @@ murmelo_tests(device_tests
         platform/osp/OspMedia_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_files PkgConfig::SNDFILE)
 
+murmelo_tests(web_tests
+    SOURCES
+        platform/web/RateTo16k_test.cpp
+    LINK murmelo_rate)
+
 murmelo_tests(sdl_tests
     SOURCES
         platform/sdl/PictureScaler_test.cpp
