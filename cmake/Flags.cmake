@@ -41,5 +41,9 @@ if(MURMELO_HARDEN AND CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSize
     target_link_options(murmelo_flags INTERFACE -pie -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endif()
 
-# Asserts stay on in the optimised build; its loops are written for the vectoriser.
+# Asserts stay on in the optimised build; its loops are written for the vectoriser. The page is made
+# to be downloaded: there the size counts.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3")
+if(EMSCRIPTEN)
+    set(CMAKE_CXX_FLAGS_RELEASE "-Os")
+endif()

@@ -11,7 +11,7 @@
 #define STBI_NO_THREAD_LOCALS
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Weverything"
-#include <stb/stb_image.h>
+#include <stb_image.h>
 #pragma clang diagnostic pop
 
 void Inflate::unpack(const unsigned char* packed,

@@ -1,0 +1,19 @@
+// The program as a host sees it whose time belongs to somebody else, as a browser's: begun, stepped
+// and ended by the host.
+#pragma once
+
+class HostProgram {
+public:
+    virtual ~HostProgram() = default;
+
+    /// Initialises the program and brings it to the foreground.
+    /// @returns false if it cannot be initialised: then neither step() nor end() is called
+    virtual bool begin() = 0;
+
+    /// One turn of the loop; the host's pump() is asked once.
+    /// @returns false once the program has ended
+    virtual bool step() = 0;
+
+    /// Lets the program clean up.
+    virtual void end() = 0;
+};

@@ -1,0 +1,31 @@
+// The words of what lies around the phone's picture, in the program's languages.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+class HostWords {
+public:
+    static constexpr size_t kLanguages = 5;  // English, German, Spanish, French, Italian
+
+    struct Row {
+        const char* name;
+        std::array<const char*, kLanguages> texts;  // UTF-8
+
+        /// A missing translation does not compile.
+        template <typename... Text>
+
+        requires(sizeof...(Text) == kLanguages) constexpr Row(const char* name, Text... texts)
+            : name(name)
+            , texts{texts...} {}
+    };
+
+    static const std::vector<Row>& rows();
+
+    /// The row's text in that language ("de"); English in one that is not known.
+    static const char* text(const Row& row, const std::string& language);
+
+    /// The text of that name; empty if there is none.
+    static const char* text(const std::string& name, const std::string& language);
+};

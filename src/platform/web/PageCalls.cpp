@@ -1,0 +1,99 @@
+#include "PageCalls.h"
+
+#include <emscripten.h>
+
+// Samples and texts are copied out of the heap before anything of the page goes on later.
+// clang-format off
+EM_JS(double, pageNow, (), { return Module.page.now(); })
+EM_JS(double, pageRealNow, (), { return performance.now(); })
+EM_JS(double, pageFreeBytes, (), { return Module.page.freeBytes(); })
+EM_JS(void, pageAskMicrophone, (int32_t ticket), { Module.page.askMicrophone(ticket); })
+EM_JS(void, pageStartMicrophone, (), { Module.page.startMicrophone(); })
+EM_JS(void, pageStopMicrophone, (), { Module.page.stopMicrophone(); })
+EM_JS(void, pageReleaseMicrophone, (), { Module.page.releaseMicrophone(); })
+EM_JS(void, pagePlayClip, (int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz), {
+    Module.page.playClip(ticket, HEAP16.slice(samples >> 1, (samples >> 1) + count), rateHz);
+})
+EM_JS(void, pagePauseClip, (), { Module.page.pauseClip(); })
+EM_JS(void, pageResumeClip, (), { Module.page.resumeClip(); })
+EM_JS(void, pageStopClip, (), { Module.page.stopClip(); })
+EM_JS(void, pageSetVolume, (int32_t volume), { Module.page.setVolume(volume); })
+EM_JS(void, pageKeepFile, (const char* path, int32_t effect), {
+    Module.page.keepFile(UTF8ToString(path), effect);
+})
+EM_JS(void, pageKeepTake, (const int16_t* samples, int32_t count), {
+    Module.page.keepTake(HEAP16.slice(samples >> 1, (samples >> 1) + count));
+})
+EM_JS(void, pageFrameWaits, (), { Module.page.frameWaits(); })
+EM_JS(void, pageTell, (const char* name), { Module.page.tell(UTF8ToString(name)); })
+EM_JS(void, pageSay, (const char* sentence), { Module.page.say(UTF8ToString(sentence)); })
+
+// clang-format on
+
+double PageCalls::nowMs() {
+    return pageNow();
+}
+
+double PageCalls::realNowMs() {
+    return pageRealNow();
+}
+
+double PageCalls::freeBytes() {
+    return pageFreeBytes();
+}
+
+void PageCalls::askMicrophone(int32_t ticket) {
+    pageAskMicrophone(ticket);
+}
+
+void PageCalls::startMicrophone() {
+    pageStartMicrophone();
+}
+
+void PageCalls::stopMicrophone() {
+    pageStopMicrophone();
+}
+
+void PageCalls::releaseMicrophone() {
+    pageReleaseMicrophone();
+}
+
+void PageCalls::playClip(int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz) {
+    pagePlayClip(ticket, samples, count, rateHz);
+}
+
+void PageCalls::pauseClip() {
+    pagePauseClip();
+}
+
+void PageCalls::resumeClip() {
+    pageResumeClip();
+}
+
+void PageCalls::stopClip() {
+    pageStopClip();
+}
+
+void PageCalls::setVolume(int32_t volume) {
+    pageSetVolume(volume);
+}
+
+void PageCalls::keepFile(const std::string& path, int32_t effect) {
+    pageKeepFile(path.c_str(), effect);
+}
+
+void PageCalls::keepTake(const int16_t* samples, int32_t count) {
+    pageKeepTake(samples, count);
+}
+
+void PageCalls::frameWaits() {
+    pageFrameWaits();
+}
+
+void PageCalls::say(const std::string& sentence) {
+    pageSay(sentence.c_str());
+}
+
+void PageCalls::tell(const std::string& name) {
+    pageTell(name.c_str());
+}

@@ -1,0 +1,26 @@
+// The page as WebHost sees it: each call goes to the method of the same name of the object
+// `Module.page`.
+#pragma once
+
+#include "WebPage.h"
+
+class PageCalls : public WebPage {
+public:
+    double nowMs() override;
+    double realNowMs() override;
+    double freeBytes() override;
+    void askMicrophone(int32_t ticket) override;
+    void startMicrophone() override;
+    void stopMicrophone() override;
+    void releaseMicrophone() override;
+    void playClip(int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz) override;
+    void pauseClip() override;
+    void resumeClip() override;
+    void stopClip() override;
+    void setVolume(int32_t volume) override;
+    void keepFile(const std::string& path, int32_t effect) override;
+    void keepTake(const int16_t* samples, int32_t count) override;
+    void frameWaits() override;
+    void say(const std::string& sentence) override;
+    void tell(const std::string& name) override;
+};

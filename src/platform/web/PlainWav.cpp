@@ -1,0 +1,122 @@
+#include "PlainWav.h"
+
+#include "HostSound.h"
+#include "RateTo16k.h"
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+
+namespace {
+
+constexpr uint32_t kWholeNumbers = 1;
+constexpr uint32_t kFloats = 3;
+constexpr uint32_t kExtensible = 0xFFFE;  // the real format stands further on
+constexpr size_t kRiffBytes = 12;
+constexpr size_t kChunkHeadBytes = 8;
+constexpr size_t kFormatBytes = 16;
+constexpr size_t kSubFormatAt = 24;
+constexpr int32_t kLongestSeconds = HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
+
+uint32_t word(const uint8_t* bytes, size_t count) {
+    uint32_t value = 0;
+    for (size_t i = count; i > 0; i--) {
+        value = value << 8 | bytes[i - 1];
+    }
+    return value;
+}
+
+struct Format {
+    uint32_t kind = 0;
+    uint32_t channels = 0;
+    uint32_t rateHz = 0;
+    uint32_t bits = 0;
+
+    bool isKnown() const {
+        const bool whole =
+            kind == kWholeNumbers && (bits == 8 || bits == 16 || bits == 24 || bits == 32);
+        return (whole || (kind == kFloats && bits == 32)) && channels >= 1 &&
+               channels <= PlainWav::kMaxChannels && rateHz >= PlainWav::kMinRateHz &&
+               rateHz <= PlainWav::kMaxRateHz;
+    }
+
+    size_t sampleBytes() const { return bits / 8; }
+
+    /// One sample as -1 to 1.
+    float sampleAt(const uint8_t* bytes) const {
+        if (kind == kFloats) {
+            float value = 0;
+            std::memcpy(&value, bytes, sizeof value);
+            return value;
+        }
+        if (bits == 8) {
+            return static_cast<float>(bytes[0] - 128) / 128.0F;  // the one width without a sign
+        }
+        const auto top = static_cast<int32_t>(word(bytes, sampleBytes()) << (32 - bits));
+        return static_cast<float>(top) / 2147483648.0F;
+    }
+};
+
+Format formatOf(const uint8_t* chunk, size_t size) {
+    Format format;
+    if (size >= kFormatBytes) {
+        format = {word(chunk, 2), word(chunk + 2, 2), word(chunk + 4, 4), word(chunk + 14, 2)};
+        if (format.kind == kExtensible && size >= kSubFormatAt + 2) {
+            format.kind = word(chunk + kSubFormatAt, 2);
+        }
+    }
+    return format;
+}
+
+std::vector<float> meanOfChannels(const Format& format, const uint8_t* data, size_t size) {
+    const size_t frameBytes = format.sampleBytes() * format.channels;
+    const size_t frames =
+        std::min(size / frameBytes, static_cast<size_t>(format.rateHz) * kLongestSeconds);
+    std::vector<float> mean(frames);
+    for (size_t i = 0; i < frames; i++) {
+        float sum = 0;
+        for (uint32_t channel = 0; channel < format.channels; channel++) {
+            sum += format.sampleAt(data + i * frameBytes + channel * format.sampleBytes());
+        }
+        mean[i] = sum / static_cast<float>(format.channels);
+    }
+    return mean;
+}
+
+}  // namespace
+
+std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
+    if (count < kRiffBytes || std::memcmp(bytes, "RIFF", 4) != 0 ||
+        std::memcmp(bytes + 8, "WAVE", 4) != 0) {
+        return {};
+    }
+    Format format;
+    size_t at = kRiffBytes;
+    while (count - at >= kChunkHeadBytes) {
+        const uint8_t* head = bytes + at;
+        at += kChunkHeadBytes;
+        const size_t size = std::min<size_t>(word(head + 4, 4), count - at);
+        if (std::memcmp(head, "fmt ", 4) == 0) {
+            format = formatOf(bytes + at, size);
+        } else if (std::memcmp(head, "data", 4) == 0 && format.isKnown()) {
+            const std::vector<float> mean = meanOfChannels(format, bytes + at, size);
+            return toTake(mean.data(), static_cast<int32_t>(mean.size()),
+                          static_cast<int32_t>(format.rateHz));
+        }
+        at += std::min(size + size % 2, count - at);  // chunks begin at even places
+    }
+    return {};
+}
+
+std::vector<int16_t> PlainWav::toTake(const float* samples, int32_t count, int32_t rateHz) {
+    if (rateHz < kMinRateHz || rateHz > kMaxRateHz || count < 1) {
+        return {};
+    }
+    RateTo16k converter(rateHz);
+    std::deque<int16_t> converted;
+    converter.convert(samples, std::min(count, kLongestSeconds * rateHz), converted);
+    converter.finish(converted);
+    const size_t kept =
+        std::min(converted.size(), static_cast<size_t>(HostMicrophone::kLongestTakeSamples));
+    return {converted.begin(), converted.begin() + static_cast<ptrdiff_t>(kept)};
+}

@@ -1,0 +1,22 @@
+// Reads plain WAV files for the page, and makes takes of sounds at any rate. The browser decodes
+// every other kind of file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+class PlainWav {
+public:
+    static constexpr int32_t kMinRateHz = 8000;
+    static constexpr int32_t kMaxRateHz = 192000;
+    static constexpr int32_t kMaxChannels = 8;
+
+    /// The first 20 s of a WAV file as 16 kHz mono: 8, 16, 24 or 32-bit whole numbers or 32-bit
+    /// floats, 1 to 8 channels (their mean), kMinRateHz to kMaxRateHz. Empty for everything else. A
+    /// file that is cut short counts as far as it goes.
+    static std::vector<int16_t> read(const uint8_t* bytes, size_t count);
+
+    /// The first 20 s of samples from -1 to 1 as 16 kHz. Empty if the rate is out of range.
+    static std::vector<int16_t> toTake(const float* samples, int32_t count, int32_t rateHz);
+};

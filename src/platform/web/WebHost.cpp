@@ -1,0 +1,225 @@
+#include "WebHost.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr double kTurnMs = 8;  // leaves the page half of a frame for everything else
+
+}  // namespace
+
+WebHost::WebHost(WebPage& page, HostFolders folders)
+    : page(page)
+    , mapped(std::move(folders))
+    , ears(*this, page)
+    , voice(page) {
+    Host::install(this);
+}
+
+WebHost::~WebHost() {
+    program.reset();
+    Host::install(nullptr);
+}
+
+bool WebHost::begin(std::unique_ptr<HostProgram> made) {
+    program = std::move(made);
+    if (!program->begin()) {
+        program.reset();
+        return false;
+    }
+    return true;
+}
+
+double WebHost::turn() {
+    const double stopMs = page.realNowMs() + kTurnMs;
+    do {
+        if (ears.isAsked() || program == nullptr) {
+            return ended ? kEnded : kNever;
+        }
+        if (!step()) {
+            return kEnded;
+        }
+    } while (restMs == 0 && page.realNowMs() < stopMs);
+    return ears.isAsked() ? kNever : restMs;
+}
+
+/// False once the program has ended.
+bool WebHost::step() {
+    restMs = 0;
+    if (program->step()) {
+        return true;
+    }
+    end();
+    return false;
+}
+
+void WebHost::end() {
+    program->end();
+    program.reset();
+    ended = true;
+}
+
+bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
+    while (!tasks.empty()) {
+        const Task task = std::move(tasks.front());
+        tasks.pop_front();
+        if (task(listener)) {
+            return true;
+        }
+    }
+    if (ears.deliver() || lostMicrophone.deliver(ears.isLost(), doors) || bringTakeBack()) {
+        return true;
+    }
+    restMs = timeoutMs < 0 ? kNever : static_cast<double>(timeoutMs);
+    return false;
+}
+
+void WebHost::touch(
+    HostListener::Touch touch, bool isFinger, int32_t id, int32_t x, int32_t y, uint32_t timeMs) {
+    tasks.emplace_back([=, this](HostListener& listener) {
+        const auto pointer = isFinger ? OneFinger::Pointer::kFinger : OneFinger::Pointer::kMouse;
+        switch (touch) {
+        case HostListener::Touch::kPress:
+            return finger.tapped(pointer, id, x, y, timeMs, listener);
+        case HostListener::Touch::kMove:
+            return finger.moved(pointer, id, x, y, listener);
+        default:
+            return finger.released(pointer, id, x, y, listener);
+        }
+    });
+}
+
+void WebHost::key(HostKey key) {
+    tasks.emplace_back(
+        [=, this](HostListener&) { return doors != nullptr && doors->navigate(key); });
+}
+
+void WebHost::volumeKey(bool up) {
+    tasks.emplace_back([=](HostListener& listener) {
+        listener.onVolumeKey(up);
+        return true;
+    });
+}
+
+void WebHost::microphoneGranted(int32_t ticket) {
+    ears.granted(ticket);
+}
+
+void WebHost::microphoneRefused(int32_t ticket) {
+    if (!ears.refused(ticket)) {
+        return;
+    }
+    if (hasTake) {
+        offeredTake = lastTake;
+    }
+    key(HostKey::kRightSoft);
+}
+
+void WebHost::microphoneLost() {
+    tasks.emplace_back([this](HostListener&) { return ears.lose(); });
+}
+
+void WebHost::clipEnded(int32_t ticket) {
+    tasks.emplace_back([=, this](HostListener&) { return voice.ended(ticket); });
+}
+
+void WebHost::clipFailed(int32_t ticket) {
+    tasks.emplace_back([=, this](HostListener&) { return voice.failed(ticket); });
+}
+
+void WebHost::save() {
+    tasks.emplace_back([this](HostListener&) {
+        const bool saves = doors != nullptr && doors->saveSound();
+        if (!saves) {
+            page.tell(hasTake ? "notNow" : "nothingToSave");
+        }
+        return saves;
+    });
+}
+
+void WebHost::use(std::vector<int16_t> samples) {
+    offeredTake = std::move(samples);
+}
+
+bool WebHost::bringTakeBack() {
+    if (offeredTake.empty() || doors == nullptr ||
+        !doors->useSound(offeredTake.data(), static_cast<int32_t>(offeredTake.size()))) {
+        return false;
+    }
+    keepTake(std::move(offeredTake));
+    offeredTake.clear();
+    return true;
+}
+
+void WebHost::keepTake(std::vector<int16_t> samples) {
+    lastTake = std::move(samples);
+    hasTake = true;
+    page.keepTake(lastTake.data(), static_cast<int32_t>(lastTake.size()));
+}
+
+void WebHost::Ears::release() {
+    WebMicrophone::release();
+    std::vector<int16_t> heard = takeAway();
+    host.hasTake = false;  // the program has deleted the one before
+    if (!heard.empty()) {
+        host.keepTake(std::move(heard));
+    }
+}
+
+WebHost::Away WebHost::leave() {
+    if (program == nullptr || isAway || ears.isAsked()) {
+        return Away::kNothingLost;  // the browser's own question may hide the page
+    }
+    const bool wasRecording = doors != nullptr && doors->screenName() == "Recording";
+    tasks.emplace_back(
+        [this](HostListener&) { return doors != nullptr && doors->stopRecording(); });
+    // A recording that has stopped is cleaned up without a pause, as any job.
+    bool goesOn = step();
+    while (goesOn && restMs == 0) {
+        goesOn = step();
+    }
+    const bool isLost = goesOn && wasRecording && doors->screenName() == "Recording";
+    isAway = true;
+    tasks.emplace_back([](HostListener& listener) {
+        listener.onBackground();
+        return true;
+    });
+    while (goesOn && (!tasks.empty() || restMs == 0)) {
+        goesOn = step();
+    }
+    return isLost ? Away::kRecordingTooShort : Away::kNothingLost;
+}
+
+void WebHost::comeBack() {
+    if (!std::exchange(isAway, false)) {
+        return;
+    }
+    tasks.emplace_back([](HostListener& listener) {
+        listener.onForeground();
+        return true;
+    });
+}
+
+WebPicture::Rows WebHost::paint() {
+    return frame != nullptr ? painted.update(*frame) : WebPicture::Rows{};
+}
+
+int64_t WebHost::uptimeMs() {
+    return static_cast<int64_t>(page.nowMs());
+}
+
+int64_t WebHost::freePhoneBytes() {
+    return static_cast<int64_t>(page.freeBytes());
+}
+
+void WebHost::frameShown(HostFrame* newest) {
+    frame = newest;
+    if (frame != nullptr) {
+        page.frameWaits();
+    }
+}
+
+void WebHost::kept(const std::string& path) {
+    page.keepFile(path, doors != nullptr ? doors->currentEffect() : 0);
+}

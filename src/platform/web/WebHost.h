@@ -1,0 +1,154 @@
+// The phone in a web page. The page owns the time: it calls turn() in each of its events and when
+// the program has asked for it.
+//
+// What the page tells waits in a queue until the next turn. The program stands still, and its clock
+// with it, while the browser asks the user for the microphone.
+#pragma once
+
+#include "Host.h"
+#include "HostProgram.h"
+#include "LostMicrophone.h"
+#include "OneFinger.h"
+#include "WebMicrophone.h"
+#include "WebPage.h"
+#include "WebPicture.h"
+#include "WebSpeaker.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class WebHost : public Host {
+public:
+    // What turn() returns besides milliseconds.
+    static constexpr double kNever = -1;
+    static constexpr double kEnded = -2;
+
+    /// What became of the way out of the foreground.
+    enum class Away { kNothingLost, kRecordingTooShort };
+
+    /// Installs itself for its lifetime. @param page  not owned
+    WebHost(WebPage& page, HostFolders folders);
+    WebHost(const WebHost&) = delete;
+    WebHost& operator=(const WebHost&) = delete;
+    ~WebHost() override;
+
+    /// Starts the program. False if it cannot be started.
+    bool begin(std::unique_ptr<HostProgram> made);
+
+    /// Lets the program work, 8 ms of the real clock at most or one step if that takes longer.
+    /// @returns after how many milliseconds it wants the next turn (0: as soon as the page has
+    /// dealt with its own events), kNever, or kEnded
+    double turn();
+
+    // What the page tells. All of it waits for the next turn.
+    void touch(HostListener::Touch touch,
+               bool isFinger,
+               int32_t id,
+               int32_t x,
+               int32_t y,
+               uint32_t timeMs);
+    void key(HostKey key);
+    void volumeKey(bool up);
+    void microphoneGranted(int32_t ticket);
+
+    /// Goes back to the menu, and brings the earlier take back, which the program has deleted.
+    void microphoneRefused(int32_t ticket);
+    void microphoneLost();
+    void clipEnded(int32_t ticket);
+    void clipFailed(int32_t ticket);
+
+    /// Saves the take, or tells that there is nothing to save.
+    void save();
+
+    /// Makes this sound the take as soon as the program rests in its menu. @param samples  16 kHz
+    void use(std::vector<int16_t> samples);
+
+    /// The page is hidden: stops a running recording, lets its clean-up run to its end, and only
+    /// then goes to the background; all of that within this call.
+    Away leave();
+
+    /// The page is seen again; nothing happens unless it had left.
+    void comeBack();
+
+    /// Samples from the microphone. @returns whether a turn has something to do with them
+    bool heard(const float* samples, int32_t count, int32_t rateHz) {
+        return ears.heard(samples, count, rateHz);
+    }
+
+    /// The rows that changed since the last call.
+    WebPicture::Rows paint();
+
+    const WebPicture& picture() const { return painted; }
+
+    /// Null before the start and after the end.
+    HostDoors* doorsInUse() { return doors; }
+
+    /// Keeps the copy of a take from an earlier visit, for a refusal of the microphone.
+    void rememberTake(std::vector<int16_t> samples) { lastTake = std::move(samples); }
+
+    int64_t uptimeMs() override;
+
+    int64_t ticksMs() override { return uptimeMs(); }
+
+    void yielded() override {}
+
+    const HostFolders& folders() override { return mapped; }
+
+    int64_t freePhoneBytes() override;
+    bool pump(HostListener& listener, int64_t timeoutMs) override;
+    void frameShown(HostFrame* newest) override;
+
+    HostMicrophone* microphone() override { return &ears; }
+
+    HostSpeaker* speaker() override { return &voice; }
+
+    void setDoors(HostDoors* offered) override { doors = offered; }
+
+    void kept(const std::string& path) override;
+
+    void say(const std::string& sentence) override { page.say(sentence); }
+
+private:
+    /// Returns whether it delivered a callback.
+    using Task = std::function<bool(HostListener&)>;
+
+    /// The microphone that the program sees: tells when a take was recorded.
+    class Ears : public WebMicrophone {
+    public:
+        Ears(WebHost& host, WebPage& page)
+            : WebMicrophone(page)
+            , host(host) {}
+
+        void release() override;
+
+    private:
+        WebHost& host;
+    };
+
+    void keepTake(std::vector<int16_t> samples);
+    bool step();
+    void end();
+    bool bringTakeBack();
+
+    WebPage& page;
+    HostFolders mapped;
+    Ears ears;
+    WebSpeaker voice;
+    LostMicrophone lostMicrophone;
+    OneFinger finger;
+    WebPicture painted;
+    HostDoors* doors = nullptr;
+    HostFrame* frame = nullptr;
+    std::deque<Task> tasks;
+    std::vector<int16_t> lastTake;     // raw, 16 kHz; empty: none
+    std::vector<int16_t> offeredTake;  // becomes the take when the program rests; empty: none
+    bool hasTake = false;              // the program has a take, or had it when it asked to record
+    double restMs = 0;                 // how long the program wants to sleep since the last pump
+    bool isAway = false;
+    bool ended = false;
+    std::unique_ptr<HostProgram> program;
+};

@@ -1,0 +1,65 @@
+// The browser's microphone. The user is asked for it when a recording is offered, and the program
+// stands still until the answer; it is given back after each recording.
+#pragma once
+
+#include "HostSound.h"
+#include "RateTo16k.h"
+#include "WebPage.h"
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <utility>
+#include <vector>
+
+class WebMicrophone : public HostMicrophone {
+public:
+    /// @param page  not owned
+    explicit WebMicrophone(WebPage& page)
+        : page(page) {}
+
+    /// True while the user is being asked.
+    bool isAsked() const { return asked; }
+
+    /// The user's answer. Of an earlier question it is dropped. @returns whether it counted
+    bool granted(int32_t ticket);
+    bool refused(int32_t ticket);
+
+    /// Samples from the page, -1 to 1, at any rate from 8000 to 192000 Hz.
+    /// @returns whether deliver() has something to do now
+    bool heard(const float* samples, int32_t count, int32_t rateHz);
+
+    /// The device is gone. @returns whether it listened: then its listener was called
+    bool lose();
+
+    /// True from the loss of the device until the next start() or stop().
+    bool isLost() const { return lost; }
+
+    /// Calls the listener if enough was heard. True if it called.
+    bool deliver();
+
+    /// What the program took since start(), bit for bit, and forgets it here; empty if nothing.
+    std::vector<int16_t> takeAway() { return std::exchange(taken, {}); }
+
+    /// Always: whether the user lets it listen is found out by asking.
+    bool isThere() override { return true; }
+
+    void prepare() override;
+    void release() override;
+    bool start(HostMicrophoneListener& newListener) override;
+    void stop() override;
+    int32_t take(int16_t* samples, int32_t count) override;
+
+private:
+    bool hasEnough() const;
+
+    WebPage& page;
+    HostMicrophoneListener* listener = nullptr;
+    std::unique_ptr<RateTo16k> converter;
+    int32_t converterRateHz = 0;
+    std::deque<int16_t> waiting;
+    std::vector<int16_t> taken;
+    int32_t ticket = 0;
+    bool asked = false;
+    bool lost = false;
+};

@@ -1,0 +1,58 @@
+// What the program asks of the page around it, one call for each thing that only a page can do.
+//
+// The page calls back through WebHost. Answers that come later carry the ticket of their question:
+// one that is no longer the newest is dropped.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+class WebPage {
+public:
+    virtual ~WebPage() = default;
+
+    /// Milliseconds since the page began; stands still while the browser asks the user for the
+    /// microphone.
+    virtual double nowMs() = 0;
+
+    /// The same clock, never standing still.
+    virtual double realNowMs() = 0;
+
+    /// Free bytes of the browser's store, as far as it tells.
+    virtual double freeBytes() = 0;
+
+    /// Asks the user for the microphone: WebHost::microphoneGranted() or microphoneRefused().
+    virtual void askMicrophone(int32_t ticket) = 0;
+
+    /// Sends what the microphone hears, until stopMicrophone().
+    virtual void startMicrophone() = 0;
+    virtual void stopMicrophone() = 0;
+
+    /// Gives the microphone back, so that the browser's recording light goes out.
+    virtual void releaseMicrophone() = 0;
+
+    /// Plays samples (16 bits, mono) from their beginning: WebHost::clipEnded() or clipFailed().
+    virtual void
+    playClip(int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz) = 0;
+    virtual void pauseClip() = 0;
+    virtual void resumeClip() = 0;
+    virtual void stopClip() = 0;
+
+    /// 0 to 100, in proportion.
+    virtual void setVolume(int32_t volume) = 0;
+
+    /// Stores a file of the user's.
+    virtual void keepFile(const std::string& path, int32_t effect) = 0;
+
+    /// Stores a raw take (16 kHz, mono) in the place of the one before.
+    virtual void keepTake(const int16_t* samples, int32_t count) = 0;
+
+    /// There is a frame to paint.
+    virtual void frameWaits() = 0;
+
+    /// Tells the user one sentence, without a full stop.
+    virtual void say(const std::string& sentence) = 0;
+
+    /// Tells the user what HostWords has under that name.
+    virtual void tell(const std::string& name) = 0;
+};

@@ -1,0 +1,39 @@
+#include "WebSpeaker.h"
+
+#include <utility>
+
+bool WebSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) {
+    if (listener != nullptr) {
+        return false;
+    }
+    listener = &newListener;
+    page.playClip(++ticket, clip->samples.data(), static_cast<int32_t>(clip->samples.size()),
+                  clip->rateHz);
+    return true;
+}
+
+void WebSpeaker::stop() {
+    listener = nullptr;
+    page.stopClip();
+}
+
+bool WebSpeaker::ended(int32_t ofTicket) {
+    HostSpeakerListener* const done = finish(ofTicket);
+    if (done != nullptr) {
+        done->onClipEnd();
+    }
+    return done != nullptr;
+}
+
+bool WebSpeaker::failed(int32_t ofTicket) {
+    HostSpeakerListener* const done = finish(ofTicket);
+    if (done != nullptr) {
+        done->onDeviceLost();
+    }
+    return done != nullptr;
+}
+
+/// Null unless it is the ticket of the current clip.
+HostSpeakerListener* WebSpeaker::finish(int32_t ofTicket) {
+    return ofTicket == ticket ? std::exchange(listener, nullptr) : nullptr;
+}

@@ -1,0 +1,192 @@
+// The page's calls into the program, all in one place. Each is named as the page calls it, without
+// the leading underscore; web/types/murmelo.d.ts lists them for the page.
+//
+// Memory that the page fills belongs to the program: murmeloRoom() gives it, and it holds until the
+// next call of murmeloRoom().
+#include "FxCatalogue.h"
+#include "HostWords.h"
+#include "OspProgram.h"
+#include "PageCalls.h"
+#include "PlainWav.h"
+#include "WebHost.h"
+#include "WebTexts.h"
+
+#include <emscripten.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+PageCalls page;
+std::unique_ptr<WebHost> host;
+std::vector<uint8_t> room;
+std::string answer;     // the last text handed to the page
+std::string toldTexts;  // what the page was told of the screen
+
+HostFolders folders() {
+    HostFolders mapped;
+    mapped.res = "/Res";
+    mapped.home = "/home";
+    mapped.framework = "/framework";
+    mapped.config = "/config";
+    return mapped;
+}
+
+const char* answered(std::string text) {
+    answer = std::move(text);
+    return answer.c_str();
+}
+
+ScreenTexts textsNow() {
+    return host->doorsInUse() != nullptr ? host->doorsInUse()->texts() : ScreenTexts();
+}
+
+int32_t wordCount() {
+    return static_cast<int32_t>(room.size() / sizeof(float));
+}
+
+}  // namespace
+
+extern "C" {
+
+/// Starts the program. 0 if it cannot be started.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloBegin() {
+    host = std::make_unique<WebHost>(page, folders());
+    return host->begin(std::make_unique<OspProgram>()) ? 1 : 0;
+}
+
+/// See WebHost::turn().
+EMSCRIPTEN_KEEPALIVE double murmeloTurn() {
+    return host->turn();
+}
+
+/// @param kind  0 press, 1 move, 2 release; x and y in pixels of the canvas
+EMSCRIPTEN_KEEPALIVE void
+murmeloTouch(int32_t kind, int32_t isFinger, int32_t id, double x, double y, double timeMs) {
+    host->touch(static_cast<HostListener::Touch>(kind), isFinger != 0, id,
+                static_cast<int32_t>(x * HostFrame::kCanvasFactor),
+                static_cast<int32_t>(y * HostFrame::kCanvasFactor) + HostFrame::kCanvasTopPx,
+                static_cast<uint32_t>(static_cast<int64_t>(timeMs)));
+}
+
+/// @param key  a value of HostKey
+EMSCRIPTEN_KEEPALIVE void murmeloKey(int32_t key) {
+    host->key(static_cast<HostKey>(key));
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloVolumeKey(int32_t up) {
+    host->volumeKey(up != 0);
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneGranted(int32_t ticket) {
+    host->microphoneGranted(ticket);
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneRefused(int32_t ticket) {
+    host->microphoneRefused(ticket);
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneLost() {
+    host->microphoneLost();
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloClipEnded(int32_t ticket) {
+    host->clipEnded(ticket);
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloClipFailed(int32_t ticket) {
+    host->clipFailed(ticket);
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloSave() {
+    host->save();
+}
+
+/// 1 if a recording was too short to be kept.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloLeave() {
+    return host->leave() == WebHost::Away::kRecordingTooShort ? 1 : 0;
+}
+
+EMSCRIPTEN_KEEPALIVE void murmeloComeBack() {
+    host->comeBack();
+}
+
+/// Room for that many bytes, aligned to 8.
+EMSCRIPTEN_KEEPALIVE uint8_t* murmeloRoom(int32_t bytes) {
+    room.resize(static_cast<size_t>(bytes));
+    return room.data();
+}
+
+/// The room holds samples of the microphone as floats, to its end. 1 if a turn is due.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloHeard(int32_t rateHz) {
+    return host->heard(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz) ? 1 : 0;
+}
+
+/// The room holds a sound as floats, one channel; it becomes the take. 0 if it is none.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz) {
+    std::vector<int16_t> samples =
+        PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz);
+    const bool isSound = !samples.empty();
+    host->use(std::move(samples));
+    return isSound ? 1 : 0;
+}
+
+/// The room holds a file. 1: it was a plain WAV file and becomes the take. 0: it is none.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile() {
+    std::vector<int16_t> samples = PlainWav::read(room.data(), room.size());
+    const bool isSound = !samples.empty();
+    host->use(std::move(samples));
+    return isSound ? 1 : 0;
+}
+
+/// The room holds a raw take of an earlier visit: 16 kHz, 16 bits.
+EMSCRIPTEN_KEEPALIVE void murmeloRememberTake(int32_t bringsBack) {
+    const auto* samples = reinterpret_cast<const int16_t*>(room.data());
+    std::vector<int16_t> take(samples, samples + room.size() / sizeof(int16_t));
+    if (bringsBack != 0) {
+        host->use(std::move(take));
+    } else {
+        host->rememberTake(std::move(take));
+    }
+}
+
+/// Works out the changed rows. @returns the first, and the last shifted up by 16; -1 if none
+EMSCRIPTEN_KEEPALIVE int32_t murmeloPaint() {
+    const WebPicture::Rows rows = host->paint();
+    return rows.last < rows.first ? -1 : rows.first | rows.last << 16;
+}
+
+/// 240 x 320 pixels of four bytes; always at the same address.
+EMSCRIPTEN_KEEPALIVE const uint8_t* murmeloPixels() {
+    return host->picture().bytes();
+}
+
+/// What the screen says as JSON, or null if it says what it said at the last call.
+EMSCRIPTEN_KEEPALIVE const char* murmeloTextsIfNew() {
+    std::string texts = WebTexts::toJson(textsNow());
+    if (texts == toldTexts) {
+        return nullptr;
+    }
+    toldTexts = std::move(texts);
+    return toldTexts.c_str();
+}
+
+/// All words of the page around the picture, as one JSON object, in that language ("de").
+EMSCRIPTEN_KEEPALIVE const char* murmeloWords(const char* language) {
+    std::string json;
+    for (const HostWords::Row& row : HostWords::rows()) {
+        json += (json.empty() ? "" : ",") + WebTexts::quoted(row.name) + ":" +
+                WebTexts::quoted(HostWords::text(row, language));
+    }
+    return answered("{" + json + "}");
+}
+
+/// The effect's word for file names; empty outside the catalogue.
+EMSCRIPTEN_KEEPALIVE const char* murmeloEffectWord(int32_t effect) {
+    const char* word = FxCatalogue::toolName(effect);
+    return answered(word != nullptr ? word : "");
+}
+
+}  // extern "C"

@@ -1,0 +1,172 @@
+// @ts-check
+// The program: loads it, gives it its turns, and paints when it has a frame.
+//
+// The program asks for its next turn; there is exactly one timer for it, a message when it wants to
+// go on at once, and nothing when it sleeps. It stands still, with its clock, while the browser asks
+// the user for the microphone.
+
+import createMurmelo from '../murmelo.js';
+
+/** @typedef {import('../types/murmelo.js').Murmelo} Murmelo */
+/** @typedef {import('../types/murmelo.js').ScreenTexts} ScreenTexts */
+
+export const ENDED = -2;
+
+export class Core {
+    constructor() {
+        /** @type {Murmelo} */
+        this.program = /** @type {any} */ (null);
+        /** @type {ScreenTexts} */
+        this.texts = /** @type {any} */ ({ screen: '', language: 'en' });
+        this.running = false;
+        this.turns = 0;
+        this.timer = 0;
+        this.frame = 0;
+        this.posted = false;
+        this.stoodStillMs = 0;
+        this.standsStillSince = -1;
+        this.channel = new MessageChannel();
+        this.channel.port1.onmessage = () => {
+            this.posted = false;
+            this.turn();
+        };
+        /** @type {(first: number, last: number) => void} */
+        this.onRows = () => {};
+        /** @type {(texts: ScreenTexts) => void} */
+        this.onTexts = () => {};
+        /** @type {() => void} */
+        this.onEnded = () => {};
+    }
+
+    /** @param {object} page  what the program calls @param {() => void} onAbort */
+    async load(page, onAbort) {
+        const data = fetch('murmelo.data', { credentials: 'omit' }).then((answer) => answer.arrayBuffer());
+        this.program = await createMurmelo({ page, onAbort, print() {}, printErr() {} });
+        this.unpack(await data);
+    }
+
+    /** The pictures and fonts: a line of JSON ([path, bytes] of each file), then the files. @param {ArrayBuffer} data */
+    unpack(data) {
+        const bytes = new Uint8Array(data);
+        const lineEnd = bytes.indexOf(10);
+        let at = lineEnd + 1;
+        for (const [path, size] of JSON.parse(new TextDecoder().decode(bytes.subarray(0, lineEnd)))) {
+            this.writeFile(path, bytes.subarray(at, at + size));
+            at += size;
+        }
+    }
+
+    /** @param {string} path @param {Uint8Array} bytes */
+    writeFile(path, bytes) {
+        this.program.FS.mkdirTree(path.slice(0, path.lastIndexOf('/')));
+        this.program.FS.writeFile(path, bytes);
+    }
+
+    /** @returns {boolean} */
+    begin() {
+        this.running = this.program._murmeloBegin() === 1;
+        return this.running;
+    }
+
+    pixels() {
+        const at = this.program._murmeloPixels();
+        return new Uint8ClampedArray(this.program.HEAPU8.buffer, at, 240 * 320 * 4);
+    }
+
+    turn() {
+        if (!this.running || this.standsStillSince >= 0) {
+            return;
+        }
+        clearTimeout(this.timer);
+        this.timer = 0;
+        this.turns++;
+        const ms = this.program._murmeloTurn();
+        if (ms === ENDED) {
+            this.stop();
+            this.onEnded();
+        } else if (ms === 0) {
+            this.post();
+        } else if (ms > 0) {
+            this.timer = setTimeout(() => this.turn(), ms);
+        }
+    }
+
+    post() {
+        if (!this.posted) {
+            this.posted = true;
+            this.channel.port2.postMessage(0);
+        }
+    }
+
+    /** For good: the program has ended, or another tab has taken over. */
+    stop() {
+        this.running = false;
+        clearTimeout(this.timer);
+        cancelAnimationFrame(this.frame);
+    }
+
+    /** The program has a frame. */
+    frameWaits() {
+        if (this.frame === 0) {
+            this.frame = requestAnimationFrame(() => this.paint());
+        }
+    }
+
+    paint() {
+        this.frame = 0;
+        if (!this.running) {
+            return;
+        }
+        const rows = this.program._murmeloPaint();
+        if (rows >= 0) {
+            this.onRows(rows & 0xffff, rows >> 16);
+        }
+        const texts = this.program._murmeloTextsIfNew();
+        if (texts !== 0) {
+            this.texts = JSON.parse(this.program.UTF8ToString(texts));
+            this.onTexts(this.texts);
+        }
+    }
+
+    /** The program's clock. */
+    now() {
+        const now = this.standsStillSince >= 0 ? this.standsStillSince : performance.now();
+        return now - this.stoodStillMs;
+    }
+
+    standStill() {
+        if (this.standsStillSince < 0) {
+            this.standsStillSince = performance.now();
+        }
+    }
+
+    goOn() {
+        if (this.standsStillSince >= 0) {
+            this.stoodStillMs += performance.now() - this.standsStillSince;
+            this.standsStillSince = -1;
+        }
+        this.turn();
+    }
+
+    /** Puts bytes into the program's room. @param {ArrayBufferView} view */
+    fillRoom(view) {
+        const at = this.program._murmeloRoom(view.byteLength);
+        this.program.HEAPU8.set(new Uint8Array(view.buffer, view.byteOffset, view.byteLength), at);
+    }
+
+    /** A finger taps there. @param {number} x @param {number} y */
+    tap(x, y) {
+        this.program._murmeloTouch(0, 0, -1, x, y, performance.now());
+        this.program._murmeloTouch(2, 0, -1, x, y, performance.now());
+        this.turn();
+    }
+
+    /** The words around the picture, in the program's language. @returns {Record<string, string>} */
+    words() {
+        const program = this.program;
+        const language = this.texts.language || 'en';
+        const at = program._murmeloRoom(8);
+        program.stringToUTF8(language, at, 8);
+        return JSON.parse(program.UTF8ToString(program._murmeloWords(at)));
+    }
+}

@@ -1,0 +1,49 @@
+// @ts-check
+// The one dialog: the list of sounds, or the help.
+
+export class Dialog {
+    /** @param {HTMLDialogElement} box */
+    constructor(box) {
+        this.box = box;
+        /** @type {() => void} */
+        this.paint = () => {};
+        this.box.addEventListener('close', () => {
+            this.paint = () => {};
+        });
+    }
+
+    /** @param {string} title @param {string} closeLabel @param {(body: HTMLElement) => void} fill */
+    open(title, closeLabel, fill) {
+        this.paint = () => {
+            const header = document.createElement('header');
+            const heading = document.createElement('h2');
+            heading.id = 'dialog-title';
+            heading.textContent = title;
+            const button = document.createElement('button');
+            button.type = 'button';
+            button.textContent = closeLabel;
+            button.addEventListener('click', () => this.close());
+            header.append(heading, button);
+            const body = document.createElement('div');
+            fill(body);
+            this.box.replaceChildren(header, body);
+        };
+        this.paint();
+        this.box.setAttribute('aria-labelledby', 'dialog-title');
+        this.box.showModal();
+    }
+
+    /** Paints again what is open, and keeps the focus where it was. */
+    refresh() {
+        const buttons = () => [...this.box.querySelectorAll('button')];
+        const focused = buttons().findIndex((button) => button === document.activeElement);
+        this.paint();
+        if (focused >= 0) {
+            (buttons()[focused] ?? buttons()[0])?.focus();
+        }
+    }
+
+    close() {
+        this.box.close();
+    }
+}

@@ -1,0 +1,151 @@
+// @ts-check
+// The microphone: asked for when a recording is offered, given back after each.
+
+/** @typedef {import('./core.js').Core} Core */
+
+const WANTED_RATE = 16000;
+const SILENT_MS = 1000;
+
+/** Which sentence explains an error of getUserMedia. @type {Record<string, string>} */
+const REASONS = {
+    NotAllowedError: 'microphoneRefused',
+    SecurityError: 'microphoneRefused',
+    NotFoundError: 'microphoneMissing',
+    OverconstrainedError: 'microphoneMissing',
+    NotReadableError: 'microphoneBusy',
+    AbortError: 'microphoneBusy',
+    InsecureError: 'microphoneInsecure',
+};
+
+const CONSTRAINTS = {
+    audio: { channelCount: 1, echoCancellation: false, noiseSuppression: false, autoGainControl: false },
+};
+
+export class Ears {
+    /** @param {Core} core @param {(word: string) => void} tell */
+    constructor(core, tell) {
+        this.core = core;
+        this.tell = tell;
+        this.ticket = 0;
+        this.listens = false;
+        this.silence = 0;
+        /** @type {MediaStream | null} */
+        this.stream = null;
+        /** @type {AudioContext | null} */
+        this.context = null;
+        /** @type {AudioWorkletNode | null} */
+        this.node = null;
+    }
+
+    /** @param {number} ticket */
+    ask(ticket) {
+        this.ticket = ticket;
+        this.core.standStill();
+        this.connect(ticket).then(
+            () => this.answer(ticket, ''),
+            (error) => this.answer(ticket, REASONS[error.name] || 'microphoneBusy')
+        );
+    }
+
+    /** @param {number} ticket @param {string} reason  empty: the user allows it */
+    answer(ticket, reason) {
+        if (ticket !== this.ticket || !this.core.running) {
+            return;
+        }
+        if (reason === '') {
+            this.core.program._murmeloMicrophoneGranted(ticket);
+        } else {
+            this.core.program._murmeloMicrophoneRefused(ticket);
+            this.tell(reason);
+        }
+        this.core.goOn();
+    }
+
+    /** @param {number} ticket */
+    async connect(ticket) {
+        if (!isSecureContext || !navigator.mediaDevices) {
+            throw new DOMException('', 'InsecureError');
+        }
+        const stream = await navigator.mediaDevices.getUserMedia(CONSTRAINTS);
+        if (ticket !== this.ticket) {
+            stopTracks(stream);
+            return;
+        }
+        this.stream = stream;
+        stream.getAudioTracks()[0].addEventListener('ended', () => this.lost(stream));
+        try {
+            await this.listenAt(stream, WANTED_RATE);
+        } catch {
+            await this.closeContext();
+            await this.listenAt(stream, 0); // this browser has one rate only: the program converts
+        }
+    }
+
+    /** @param {MediaStream} stream @param {number} rate  0: the browser's own */
+    async listenAt(stream, rate) {
+        const context = rate ? new AudioContext({ sampleRate: rate }) : new AudioContext();
+        this.context = context;
+        await context.audioWorklet.addModule(new URL('../worklet/ears.js', import.meta.url).href);
+        const node = new AudioWorkletNode(context, 'ears', { numberOfOutputs: 0 });
+        context.createMediaStreamSource(stream).connect(node);
+        node.port.onmessage = (event) => this.heard(event.data, context.sampleRate);
+        this.node = node;
+        context.resume(); // not awaited: without a device's clock it would wait for ever
+    }
+
+    start() {
+        this.listens = true;
+        this.silence = setTimeout(() => this.tell('microphoneSilent'), SILENT_MS);
+    }
+
+    /** @param {Float32Array} piece @param {number} rate */
+    heard(piece, rate) {
+        if (!this.listens || !this.core.running) {
+            return;
+        }
+        clearTimeout(this.silence);
+        this.core.fillRoom(piece);
+        if (this.core.program._murmeloHeard(rate)) {
+            this.core.turn();
+        }
+    }
+
+    /** @param {MediaStream} stream */
+    lost(stream) {
+        if (stream === this.stream && this.core.running) {
+            this.tell('microphoneGone');
+            this.core.program._murmeloMicrophoneLost();
+            this.core.turn();
+        }
+    }
+
+    stop() {
+        this.listens = false;
+        clearTimeout(this.silence);
+    }
+
+    release() {
+        this.stop();
+        this.ticket = 0;
+        if (this.stream) {
+            stopTracks(this.stream);
+            this.stream = null;
+        }
+        this.closeContext();
+    }
+
+    async closeContext() {
+        const context = this.context;
+        this.context = null;
+        this.node?.disconnect();
+        this.node = null;
+        await context?.close();
+    }
+}
+
+/** @param {MediaStream} stream */
+function stopTracks(stream) {
+    for (const track of stream.getTracks()) {
+        track.stop();
+    }
+}

@@ -1,0 +1,81 @@
+// @ts-check
+// Pointers and keys. The program itself makes one finger of all pointers.
+
+/** @typedef {import('./core.js').Core} Core */
+/** @typedef {import('./picture.js').Picture} Picture */
+
+const PRESS = 0;
+const MOVE = 1;
+const RELEASE = 2;
+
+/** The values are the program's key codes. @type {Record<string, number>} */
+const KEYS = {
+    ArrowUp: -1,
+    ArrowDown: -2,
+    ArrowLeft: -3,
+    ArrowRight: -4,
+    Enter: -5,
+    ' ': -5,
+    F1: -6,
+    F2: -7,
+    Escape: -7,
+};
+
+export class Hands {
+    /** @param {Core} core @param {Picture} picture @param {Record<string, () => void>} commands  by key */
+    constructor(core, picture, commands) {
+        this.core = core;
+        this.picture = picture;
+        this.commands = commands;
+        const canvas = picture.canvas;
+        canvas.addEventListener('pointerdown', (event) => {
+            if (event.button === 0) {
+                canvas.setPointerCapture(event.pointerId);
+                this.touch(PRESS, event);
+            }
+        });
+        canvas.addEventListener('pointermove', (event) => {
+            if (event.buttons !== 0) {
+                this.touch(MOVE, event);
+            }
+        });
+        canvas.addEventListener('pointerup', (event) => this.touch(RELEASE, event));
+        canvas.addEventListener('pointercancel', (event) => this.touch(RELEASE, event));
+        canvas.addEventListener('contextmenu', (event) => event.preventDefault());
+        addEventListener('keydown', (event) => this.key(event));
+    }
+
+    /** @param {number} kind @param {PointerEvent} event */
+    touch(kind, event) {
+        if (!this.core.running) {
+            return;
+        }
+        const { x, y } = this.picture.placeOf(event);
+        const isFinger = event.pointerType === 'touch' ? 1 : 0;
+        this.core.program._murmeloTouch(kind, isFinger, event.pointerId, x, y, event.timeStamp);
+        this.core.turn();
+    }
+
+    /** @param {KeyboardEvent} event */
+    key(event) {
+        const target = /** @type {Element} */ (event.target);
+        const forOthers = event.ctrlKey || event.altKey || event.metaKey || event.repeat;
+        const pressesButton = (event.key === 'Enter' || event.key === ' ') && target.closest('button, a');
+        if (!this.core.running || forOthers || pressesButton || document.querySelector('dialog[open]')) {
+            return;
+        }
+        const volume = { '+': 1, '=': 1, '-': 0 }[event.key];
+        const command = this.commands[event.key.toLowerCase()];
+        if (KEYS[event.key] !== undefined) {
+            this.core.program._murmeloKey(KEYS[event.key]);
+        } else if (volume !== undefined) {
+            this.core.program._murmeloVolumeKey(volume);
+        } else if (command) {
+            command();
+        } else {
+            return;
+        }
+        event.preventDefault();
+        this.core.turn();
+    }
+}

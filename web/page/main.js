@@ -1,0 +1,191 @@
+// @ts-check
+// Connects the parts of the page. The program in WebAssembly is the only truth.
+
+import { Core } from './core.js';
+import { Dialog } from './dialog.js';
+import { Ears } from './ears.js';
+import { Hands } from './hands.js';
+import { Message } from './message.js';
+import { Mirror } from './mirror.js';
+import { Picture } from './picture.js';
+import { Sounds } from './sounds.js';
+import { Store } from './store.js';
+import { TakeIn } from './takein.js';
+import { Update } from './update.js';
+import { Voice } from './voice.js';
+
+const UNKNOWN_FREE_BYTES = 1 << 30;
+
+/** @template {HTMLElement} T @param {string} id @returns {T} */
+function find(id) {
+    return /** @type {T} */ (document.getElementById(id));
+}
+
+export class Page {
+    constructor() {
+        this.core = new Core();
+        this.store = new Store();
+        this.picture = new Picture(find('stage'), find('phone'), find('picture'));
+        this.message = new Message(find('message'));
+        this.dialog = new Dialog(find('dialog'));
+        this.mirror = new Mirror(this.core, find('mirror'), find('live'));
+        this.ears = new Ears(this.core, (word) => this.tell(word));
+        this.voice = new Voice(this.core, find('voice'), (word) => this.tell(word));
+        this.sounds = new Sounds(this);
+        this.takeIn = new TakeIn(this, find('file'));
+        this.update = new Update(this);
+        /** @type {Record<string, string>} */
+        this.words = {};
+        this.freeBytes = UNKNOWN_FREE_BYTES;
+        this.language = '';
+    }
+
+    /** What the program calls. */
+    calls() {
+        return {
+            now: () => this.core.now(),
+            freeBytes: () => this.freeBytes,
+            askMicrophone: (/** @type {number} */ ticket) => this.ears.ask(ticket),
+            startMicrophone: () => this.ears.start(),
+            stopMicrophone: () => this.ears.stop(),
+            releaseMicrophone: () => this.ears.release(),
+            playClip: (/** @type {number} */ ticket, /** @type {Int16Array} */ samples, /** @type {number} */ rate) =>
+                this.voice.play(ticket, samples, rate),
+            pauseClip: () => this.voice.pause(),
+            resumeClip: () => this.voice.resume(),
+            stopClip: () => this.voice.stop(),
+            setVolume: (/** @type {number} */ volume) => this.voice.setVolume(volume),
+            keepFile: (/** @type {string} */ path, /** @type {number} */ effect) => this.sounds.keepFile(path, effect),
+            keepTake: (/** @type {Int16Array} */ samples) => this.sounds.keepTake(samples),
+            frameWaits: () => this.core.frameWaits(),
+            say: (/** @type {string} */ text) => this.message.show({ text }),
+            tell: (/** @type {string} */ word) => this.tell(word),
+        };
+    }
+
+    async start() {
+        const estimate = navigator.storage?.estimate?.().catch(() => ({}));
+        await this.core.load(this.calls(), () => this.showOver('broken'));
+        await this.sounds.load();
+        const { quota, usage } = (await estimate) ?? {};
+        this.freeBytes = quota ? quota - (usage ?? 0) : UNKNOWN_FREE_BYTES;
+        this.core.onRows = (first, last) => this.picture.paint(first, last);
+        this.core.onTexts = () => this.showTexts();
+        this.core.onEnded = () => this.showOver('ended');
+        if (!this.core.begin()) {
+            this.showOver('broken');
+            return;
+        }
+        this.picture.setSource(this.core.pixels());
+        this.connectButtons();
+        this.connectVisibility();
+        this.core.turn();
+        this.offerTake();
+        if (!this.sounds.hasStore) {
+            this.tell('storeMissing');
+        }
+        await this.takeIn.useShared();
+        await this.update.register();
+    }
+
+    connectButtons() {
+        /** @type {Record<string, () => void>} */
+        const commands = {
+            save: () => this.save(),
+            open: () => this.takeIn.pick(),
+            sounds: () => this.openSounds(),
+            help: () => this.openHelp(),
+        };
+        for (const [id, act] of Object.entries(commands)) {
+            const button = find(id);
+            button.addEventListener('click', act);
+            /** @type {HTMLButtonElement} */ (button).disabled = false;
+        }
+        new Hands(this.core, this.picture, { s: commands.save, o: commands.open, l: commands.sounds, h: commands.help });
+    }
+
+    connectVisibility() {
+        const look = () => {
+            if (!this.core.running) {
+                return;
+            }
+            if (document.visibilityState === 'hidden') {
+                if (this.core.program._murmeloLeave()) {
+                    this.tell('tooShort');
+                }
+            } else {
+                this.core.program._murmeloComeBack();
+            }
+            this.core.turn();
+        };
+        document.addEventListener('visibilitychange', look);
+    }
+
+    /** A take of an earlier visit. */
+    offerTake() {
+        const take = this.sounds.kept.get('take');
+        if (take) {
+            this.core.fillRoom(take.bytes);
+            this.core.program._murmeloRememberTake(0);
+        }
+    }
+
+    showTexts() {
+        const texts = this.core.texts;
+        if (texts.language !== this.language) {
+            this.language = texts.language;
+            this.words = this.core.words();
+            document.documentElement.lang = texts.language || 'en';
+            for (const id of ['save', 'open', 'sounds', 'help']) {
+                find(id).textContent = this.words[id];
+            }
+        }
+        this.mirror.show(texts, this.words);
+        this.update.offer();
+    }
+
+    save() {
+        this.core.program._murmeloSave();
+        this.core.turn();
+    }
+
+    openSounds() {
+        this.dialog.open(this.words.sounds, this.words.close, (body) => this.sounds.paint(body));
+    }
+
+    openHelp() {
+        this.dialog.open(this.words.help, this.words.close, (body) => {
+            for (const word of ['helpKeys', 'helpPlace', 'helpPrivate']) {
+                const line = document.createElement('p');
+                line.textContent = this.words[word];
+                body.append(line);
+            }
+            const link = document.createElement('a');
+            link.href = 'licences.txt';
+            link.textContent = this.words.licences;
+            body.append(link);
+        });
+    }
+
+    /** @param {string} word @param {string} label  word of the action; empty: none @param {() => void} act */
+    tell(word, label = '', act = () => {}) {
+        this.message.show({ text: this.words[word] ?? word, label: label && this.words[label], act });
+    }
+
+    /** The program is over; what the user has is stored. @param {string} word */
+    showOver(word) {
+        this.core.stop();
+        const over = find('over');
+        const words = { ended: 'Murmelo has ended.', broken: 'Something went wrong.', startAgain: 'Start again', ...this.words };
+        /** @type {HTMLElement} */ (over.querySelector('p')).textContent = words[/** @type {'ended'} */ (word)];
+        const button = /** @type {HTMLButtonElement} */ (over.querySelector('button'));
+        button.textContent = word === 'otherTab' ? this.words.takeOver : words.startAgain;
+        button.onclick = () => location.reload();
+        over.hidden = false;
+        button.focus();
+    }
+}
+
+const page = new Page();
+/** @type {any} */ (window).murmelo = page; // for the curious, and for tests
+page.start();

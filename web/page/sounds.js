@@ -1,0 +1,223 @@
+// @ts-check
+// The sounds of this browser: their store, and the list in which they are played, shared and deleted.
+
+import { secondsOf } from './wav.js';
+
+/** @typedef {import('./store.js').Kept} Kept */
+/** @typedef {import('./main.js').Page} Page */
+
+const TAKE = 'take';
+const SOUND = /\/rec_(\d+)\.wav$/;
+const DELETED_AFTER_MS = 12000; // as long as "undo" is offered
+
+export class Sounds {
+    /** @param {Page} page */
+    constructor(page) {
+        this.page = page;
+        /** @type {Map<string, Kept>} */
+        this.kept = new Map();
+        this.hasStore = false;
+        this.askedToStay = false;
+        this.url = '';
+        this.player = new Audio();
+        /** @type {string} */
+        this.playing = '';
+        this.player.addEventListener('ended', () => this.play(''));
+    }
+
+    /** Files of earlier visits, for the program to find. */
+    async load() {
+        this.hasStore = await this.page.store.open();
+        try {
+            this.kept = await this.page.store.all();
+        } catch {
+            this.hasStore = false;
+        }
+        for (const [path, kept] of this.kept) {
+            if (path !== TAKE) {
+                this.page.core.writeFile(path, kept.bytes);
+            }
+        }
+    }
+
+    /** @param {string} path @param {number} effect  a file that the program has written */
+    keepFile(path, effect) {
+        const bytes = this.page.core.program.FS.readFile(path);
+        this.keep(path, { bytes, effect, when: Date.now() });
+        if (SOUND.test(path)) {
+            const words = this.page.words;
+            this.page.message.show({
+                text: `${words.saved}: ${this.nameOf(path)}`,
+                label: words.share,
+                act: () => this.hand(path),
+            });
+        }
+    }
+
+    /** @param {Int16Array} samples  raw, 16 kHz */
+    keepTake(samples) {
+        const bytes = new Uint8Array(samples.buffer, samples.byteOffset, samples.byteLength);
+        this.keep(TAKE, { bytes, effect: 0, when: Date.now() });
+    }
+
+    /** @param {string} path @param {Kept} kept */
+    async keep(path, kept) {
+        this.kept.set(path, kept);
+        try {
+            await this.page.store.put(path, kept);
+            if (SOUND.test(path) && !this.askedToStay) {
+                this.askedToStay = true;
+                await navigator.storage?.persist?.();
+            }
+        } catch {
+            const isSound = SOUND.test(path);
+            this.page.tell(this.hasStore ? 'storeFull' : 'storeMissing', isSound ? 'share' : '', () => this.hand(path));
+        }
+    }
+
+    /** @param {string} path @returns {string} "murmelo-robot-00003.wav" */
+    nameOf(path) {
+        const number = SOUND.exec(path)?.[1] ?? '';
+        const program = this.page.core.program;
+        const word = program.UTF8ToString(program._murmeloEffectWord(this.kept.get(path)?.effect ?? -1));
+        return ['murmelo', word, number].filter(Boolean).join('-') + '.wav';
+    }
+
+    /** @param {string} path @returns {File} */
+    fileOf(path) {
+        const kept = /** @type {Kept} */ (this.kept.get(path));
+        return new File([kept.bytes], this.nameOf(path), { type: 'audio/wav' });
+    }
+
+    /** The share sheet where there is one, else a download. @param {string} path */
+    async hand(path) {
+        const files = [this.fileOf(path)];
+        if (!navigator.canShare?.({ files })) {
+            this.download(path);
+            return;
+        }
+        try {
+            await navigator.share({ files, title: this.nameOf(path) });
+        } catch (error) {
+            if (/** @type {Error} */ (error).name !== 'AbortError') {
+                this.download(path); // AbortError: the user changed his mind
+            }
+        }
+    }
+
+    /** @param {string} path */
+    download(path) {
+        const link = document.createElement('a');
+        link.href = URL.createObjectURL(this.fileOf(path));
+        link.download = this.nameOf(path);
+        link.click();
+        setTimeout(() => URL.revokeObjectURL(link.href), 60000);
+    }
+
+    /** @param {string} path  empty: silence */
+    play(path) {
+        this.player.pause();
+        URL.revokeObjectURL(this.url);
+        this.url = '';
+        this.playing = this.playing === path ? '' : path;
+        if (this.playing) {
+            this.url = URL.createObjectURL(this.fileOf(path));
+            this.player.src = this.url;
+            this.player.play().catch(() => this.page.tell('cannotPlay'));
+        }
+        this.page.dialog.refresh();
+    }
+
+    /** @param {string} path */
+    remove(path) {
+        const kept = /** @type {Kept} */ (this.kept.get(path));
+        this.kept.delete(path);
+        const files = this.page.core.program.FS;
+        files.unlink(path);
+        const timer = setTimeout(() => this.page.store.delete(path).catch(() => {}), DELETED_AFTER_MS);
+        this.page.message.show({
+            text: this.page.words.deleted,
+            label: this.page.words.undo,
+            act: () => {
+                clearTimeout(timer);
+                this.kept.set(path, kept);
+                files.writeFile(path, kept.bytes);
+                this.page.dialog.refresh();
+            },
+        });
+        this.page.dialog.refresh();
+    }
+
+    /** Makes the last take the program's again. */
+    bringBack() {
+        const take = this.kept.get(TAKE);
+        if (take) {
+            this.page.core.fillRoom(take.bytes);
+            this.page.core.program._murmeloRememberTake(1);
+            this.page.core.turn();
+        }
+    }
+
+    forgetTake() {
+        this.kept.delete(TAKE);
+        this.page.store.delete(TAKE).catch(() => {});
+        this.page.dialog.refresh();
+    }
+
+    hasTake() {
+        return this.kept.has(TAKE);
+    }
+
+    /** @param {HTMLElement} body */
+    paint(body) {
+        const words = this.page.words;
+        const list = document.createElement('ul');
+        const take = this.kept.get(TAKE);
+        if (take) {
+            const row = newRow(list, words.lastTake, take.bytes.length / 32000, words.seconds);
+            newButton(row, words.bringBack, () => {
+                this.page.dialog.close();
+                this.bringBack();
+            });
+            newButton(row, words.forget, () => this.forgetTake());
+        }
+        const paths = [...this.kept.keys()].filter((path) => SOUND.test(path)).sort().reverse();
+        for (const path of paths) {
+            const bytes = /** @type {Kept} */ (this.kept.get(path)).bytes;
+            const row = newRow(list, this.nameOf(path), secondsOf(bytes), words.seconds);
+            newButton(row, this.playing === path ? words.stop : words.play, () => this.play(path));
+            newButton(row, words.share, () => this.hand(path)).hidden = !navigator.canShare;
+            newButton(row, words.download, () => this.download(path));
+            newButton(row, words.delete, () => this.remove(path));
+        }
+        if (paths.length === 0) {
+            const none = document.createElement('p');
+            none.className = 'quiet';
+            none.textContent = words.noSounds;
+            body.append(none);
+        }
+        body.append(list);
+    }
+}
+
+/** @param {HTMLElement} list @param {string} name @param {number} seconds @param {string} unit */
+function newRow(list, name, seconds, unit) {
+    const item = document.createElement('li');
+    const title = document.createElement('p');
+    title.textContent = `${name} (${seconds.toFixed(1)} ${unit})`;
+    const row = document.createElement('div');
+    row.className = 'row';
+    item.append(title, row);
+    list.append(item);
+    return row;
+}
+
+/** @param {HTMLElement} row @param {string} label @param {() => void} act */
+function newButton(row, label, act) {
+    const button = document.createElement('button');
+    button.type = 'button';
+    button.textContent = label;
+    button.addEventListener('click', act);
+    row.append(button);
+    return button;
+}

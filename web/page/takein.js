@@ -1,0 +1,95 @@
+// @ts-check
+// Sound files from outside: picked, dropped, shared with the page, or opened with it.
+
+/** @typedef {import('./main.js').Page} Page */
+
+const MAX_BYTES = 64 << 20; // of a file; decoded it takes several times as much
+const DECODED_SECONDS = 20;
+const DECODING_RATE = 48000;
+
+export class TakeIn {
+    /** @param {Page} page @param {HTMLInputElement} input */
+    constructor(page, input) {
+        this.page = page;
+        this.input = input;
+        input.addEventListener('change', () => {
+            this.use(input.files?.[0]);
+            input.value = ''; // the same file may be chosen again
+        });
+        addEventListener('dragover', (event) => event.preventDefault());
+        addEventListener('drop', (event) => {
+            event.preventDefault();
+            this.use(event.dataTransfer?.files[0]);
+        });
+        /** @type {any} */ (window).launchQueue?.setConsumer(async (/** @type {any} */ launch) => {
+            this.use(await launch.files[0]?.getFile());
+        });
+    }
+
+    pick() {
+        this.input.click();
+    }
+
+    /** A file that was shared with the page waits in the cache of the service worker. */
+    async useShared() {
+        if (!new URLSearchParams(location.search).has('shared')) {
+            return;
+        }
+        history.replaceState(null, '', location.pathname);
+        const cache = await caches.open('murmelo-shared');
+        const answer = await cache.match('shared');
+        await cache.delete('shared');
+        if (answer) {
+            this.use(await answer.blob());
+        }
+    }
+
+    /** @param {Blob | undefined} file */
+    async use(file) {
+        if (!file || !this.page.core.running) {
+            return;
+        }
+        if (file.size > MAX_BYTES) {
+            this.page.tell('fileTooLarge');
+            return;
+        }
+        const bytes = await file.arrayBuffer();
+        if (!this.useWav(bytes) && !(await this.decode(bytes))) {
+            this.page.tell('noSoundFile');
+        }
+        this.page.core.turn();
+    }
+
+    /** The program reads plain WAV files itself. @param {ArrayBuffer} bytes @returns {boolean} */
+    useWav(bytes) {
+        const isWav = new TextDecoder('latin1').decode(bytes.slice(0, 4)) === 'RIFF';
+        const headBytes = 8 << 20; // twenty seconds of eight channels at 48 kHz fit
+        if (!isWav) {
+            return false;
+        }
+        this.page.core.fillRoom(new Uint8Array(bytes, 0, Math.min(bytes.byteLength, headBytes)));
+        const isSound = this.page.core.program._murmeloUseFile() === 1;
+        this.page.core.program._murmeloRoom(0);
+        return isSound;
+    }
+
+    /** @param {ArrayBuffer} bytes @returns {Promise<boolean>} */
+    async decode(bytes) {
+        try {
+            const context = new OfflineAudioContext(1, 1, DECODING_RATE);
+            const sound = await context.decodeAudioData(bytes);
+            const frames = Math.min(sound.length, DECODED_SECONDS * sound.sampleRate);
+            const mean = new Float32Array(frames);
+            for (let channel = 0; channel < sound.numberOfChannels; channel++) {
+                const samples = sound.getChannelData(channel);
+                for (let i = 0; i < frames; i++) {
+                    mean[i] += samples[i] / sound.numberOfChannels;
+                }
+            }
+            this.page.core.fillRoom(mean);
+            return this.page.core.program._murmeloUseFloats(sound.sampleRate) === 1;
+        } catch {
+            return false;
+        }
+    }
+}

@@ -1,0 +1,65 @@
+// @ts-check
+// Keeps the page on this device: all files of one version, or none. A new version waits until the
+// user takes it.
+/* global VERSION, FILES: the packer writes them above */
+
+const PREFIX = 'murmelo-page-';
+const CACHE = PREFIX + VERSION;
+const SHARED = 'murmelo-shared';
+
+/** Fetches a file past the browser's own cache, and checks that it is of this version. */
+async function fetchChecked([path, hash]) {
+    const answer = await fetch(path, { cache: 'no-cache' });
+    const bytes = await answer.clone().arrayBuffer();
+    const digest = new Uint8Array(await crypto.subtle.digest('SHA-256', bytes));
+    const hex = [...digest].map((byte) => byte.toString(16).padStart(2, '0')).join('');
+    if (!answer.ok || hex !== hash) {
+        throw new Error(`${path} is not of this version`);
+    }
+    return /** @type {[string, Response]} */ ([path, answer]);
+}
+
+async function install() {
+    const files = await Promise.all(Object.entries(FILES).map(fetchChecked));
+    const cache = await caches.open(CACHE);
+    await Promise.all(files.map(([path, answer]) => cache.put(path, answer)));
+}
+
+async function removeOlder() {
+    const names = await caches.keys();
+    await Promise.all(names.filter((name) => name.startsWith(PREFIX) && name !== CACHE).map((name) => caches.delete(name)));
+}
+
+/** A sound that was shared with the page waits until the page has begun. */
+async function receive(request) {
+    const file = (await request.formData()).get('sound');
+    const cache = await caches.open(SHARED);
+    await cache.put('shared', new Response(file));
+    return Response.redirect('./?shared', 303);
+}
+
+async function answer(request) {
+    const cache = await caches.open(CACHE);
+    const url = new URL(request.url);
+    const path = url.pathname.endsWith('/') ? 'index.html' : url.pathname;
+    return (await cache.match(path)) ?? fetch(request);
+}
+
+self.addEventListener('install', (event) => event.waitUntil(install()));
+self.addEventListener('activate', (event) => event.waitUntil(removeOlder()));
+self.addEventListener('message', (event) => {
+    if (event.data === 'activate') {
+        self.skipWaiting();
+    }
+});
+self.addEventListener('fetch', (event) => {
+    const { request } = event;
+    if (new URL(request.url).origin !== location.origin) {
+        return;
+    }
+    if (request.method === 'POST') {
+        event.respondWith(receive(request));
+    } else if (request.method === 'GET') {
+        event.respondWith(answer(request));
+    }
+});

@@ -1,0 +1,55 @@
+// What the program in WebAssembly offers to the page; see src/platform/web/main.cpp.
+
+export type Entry = { text: string; place: [number, number, number, number]; isFocused: boolean };
+
+export type ScreenTexts = {
+    language: string;
+    screen: string;
+    title: string;
+    arrows: Entry[];
+    heading: string;
+    message: string;
+    isQuestion: boolean;
+    entries: Entry[];
+    caption: string;
+    progressQ10: number;
+    softKeys: Entry[];
+};
+
+export type Murmelo = {
+    HEAPU8: Uint8Array;
+    FS: {
+        mkdirTree(path: string): void;
+        writeFile(path: string, bytes: Uint8Array): void;
+        readFile(path: string): Uint8Array;
+        unlink(path: string): void;
+    };
+    UTF8ToString(at: number): string;
+    stringToUTF8(text: string, at: number, bytes: number): void;
+    _murmeloBegin(): number;
+    _murmeloTurn(): number;
+    _murmeloTouch(kind: number, isFinger: number, id: number, x: number, y: number, timeMs: number): void;
+    _murmeloKey(key: number): void;
+    _murmeloVolumeKey(up: number): void;
+    _murmeloMicrophoneGranted(ticket: number): void;
+    _murmeloMicrophoneRefused(ticket: number): void;
+    _murmeloMicrophoneLost(): void;
+    _murmeloClipEnded(ticket: number): void;
+    _murmeloClipFailed(ticket: number): void;
+    _murmeloSave(): void;
+    _murmeloLeave(): number;
+    _murmeloComeBack(): void;
+    _murmeloRoom(bytes: number): number;
+    _murmeloHeard(rateHz: number): number;
+    _murmeloUseFloats(rateHz: number): number;
+    _murmeloUseFile(): number;
+    _murmeloRememberTake(bringsBack: number): void;
+    _murmeloPaint(): number;
+    _murmeloPixels(): number;
+    _murmeloTextsIfNew(): number;
+    _murmeloWords(language: number): number;
+    _murmeloEffectWord(effect: number): number;
+};
+
+declare function createMurmelo(options: object): Promise<Murmelo>;
+export default createMurmelo;
