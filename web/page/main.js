@@ -10,11 +10,20 @@ import { Mirror } from './mirror.js';
 import { Picture } from './picture.js';
 import { Sounds } from './sounds.js';
 import { Store } from './store.js';
+import { holdTab } from './tabs.js';
 import { TakeIn } from './takein.js';
 import { Update } from './update.js';
 import { Voice } from './voice.js';
 
 const UNKNOWN_FREE_BYTES = 1 << 30;
+
+/** Before the program has told its words. @type {Record<string, string>} */
+const EARLY_WORDS = {
+    broken: 'Murmelo cannot start in this browser.',
+    otherTab: 'Murmelo is open in another tab.',
+    startAgain: 'Start again',
+    takeOver: 'Use it here',
+};
 
 /** @template {HTMLElement} T @param {string} id @returns {T} */
 function find(id) {
@@ -38,6 +47,8 @@ export class Page {
         this.words = {};
         this.freeBytes = UNKNOWN_FREE_BYTES;
         this.language = '';
+        this.greeted = false;
+        this.opensSounds = false;
     }
 
     /** What the program calls. */
@@ -49,8 +60,7 @@ export class Page {
             startMicrophone: () => this.ears.start(),
             stopMicrophone: () => this.ears.stop(),
             releaseMicrophone: () => this.ears.release(),
-            playClip: (/** @type {number} */ ticket, /** @type {Int16Array} */ samples, /** @type {number} */ rate) =>
-                this.voice.play(ticket, samples, rate),
+            playClip: (/** @type {number} */ ticket, /** @type {Uint8Array} */ file) => this.voice.play(ticket, file),
             pauseClip: () => this.voice.pause(),
             resumeClip: () => this.voice.resume(),
             stopClip: () => this.voice.stop(),
@@ -64,6 +74,12 @@ export class Page {
     }
 
     async start() {
+        const asked = new URLSearchParams(location.search);
+        history.replaceState(null, '', location.pathname);
+        if (!(await holdTab(asked.has('takeover'), () => this.showOver('otherTab')))) {
+            this.showOver('otherTab');
+            return;
+        }
         const estimate = navigator.storage?.estimate?.().catch(() => ({}));
         await this.core.load(this.calls(), () => this.showOver('broken'));
         await this.sounds.load();
@@ -84,7 +100,10 @@ export class Page {
         if (!this.sounds.hasStore) {
             this.tell('storeMissing');
         }
-        await this.takeIn.useShared();
+        this.opensSounds = asked.has('sounds');
+        if (asked.has('shared')) {
+            await this.takeIn.useShared();
+        }
         await this.update.register();
     }
 
@@ -142,6 +161,22 @@ export class Page {
         }
         this.mirror.show(texts, this.words);
         this.update.offer();
+        if (texts.screen === 'Options') {
+            this.greet();
+        }
+    }
+
+    /** Once, in the menu: what the last visit has left. */
+    greet() {
+        if (this.greeted) {
+            return;
+        }
+        this.greeted = true;
+        if (this.opensSounds) {
+            this.openSounds();
+        } else if (this.sounds.hasTake() && !this.update.waiting) {
+            this.tell('lastTake', 'bringBack', () => this.sounds.bringBack());
+        }
     }
 
     save() {
@@ -176,11 +211,12 @@ export class Page {
     showOver(word) {
         this.core.stop();
         const over = find('over');
-        const words = { ended: 'Murmelo has ended.', broken: 'Something went wrong.', startAgain: 'Start again', ...this.words };
-        /** @type {HTMLElement} */ (over.querySelector('p')).textContent = words[/** @type {'ended'} */ (word)];
+        const words = { ...EARLY_WORDS, ...this.words }; // there may be no program to ask
+        /** @type {HTMLElement} */ (over.querySelector('p')).textContent = words[word];
         const button = /** @type {HTMLButtonElement} */ (over.querySelector('button'));
-        button.textContent = word === 'otherTab' ? this.words.takeOver : words.startAgain;
-        button.onclick = () => location.reload();
+        const isElsewhere = word === 'otherTab';
+        button.textContent = isElsewhere ? words.takeOver : words.startAgain;
+        button.onclick = () => location.assign(isElsewhere ? './?takeover' : './');
         over.hidden = false;
         button.focus();
     }

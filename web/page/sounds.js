@@ -1,11 +1,11 @@
 // @ts-check
 // The sounds of this browser: their store, and the list in which they are played, shared and deleted.
 
-import { secondsOf } from './wav.js';
-
 /** @typedef {import('./store.js').Kept} Kept */
 /** @typedef {import('./main.js').Page} Page */
 
+const HEADER_BYTES = 44;
+const BYTES_PER_SECOND = 16000; // of a saved sound
 const TAKE = 'take';
 const SOUND = /\/rec_(\d+)\.wav$/;
 const DELETED_AFTER_MS = 12000; // as long as "undo" is offered
@@ -174,7 +174,7 @@ export class Sounds {
         const list = document.createElement('ul');
         const take = this.kept.get(TAKE);
         if (take) {
-            const row = newRow(list, words.lastTake, take.bytes.length / 32000, words.seconds);
+            const row = newRow(list, words.lastTake, take.bytes.length / (2 * BYTES_PER_SECOND), words.seconds);
             newButton(row, words.bringBack, () => {
                 this.page.dialog.close();
                 this.bringBack();
@@ -184,7 +184,7 @@ export class Sounds {
         const paths = [...this.kept.keys()].filter((path) => SOUND.test(path)).sort().reverse();
         for (const path of paths) {
             const bytes = /** @type {Kept} */ (this.kept.get(path)).bytes;
-            const row = newRow(list, this.nameOf(path), secondsOf(bytes), words.seconds);
+            const row = newRow(list, this.nameOf(path), (bytes.length - HEADER_BYTES) / BYTES_PER_SECOND, words.seconds);
             newButton(row, this.playing === path ? words.stop : words.play, () => this.play(path));
             newButton(row, words.share, () => this.hand(path)).hidden = !navigator.canShare;
             newButton(row, words.download, () => this.download(path));

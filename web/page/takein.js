@@ -32,10 +32,6 @@ export class TakeIn {
 
     /** A file that was shared with the page waits in the cache of the service worker. */
     async useShared() {
-        if (!new URLSearchParams(location.search).has('shared')) {
-            return;
-        }
-        history.replaceState(null, '', location.pathname);
         const cache = await caches.open('murmelo-shared');
         const answer = await cache.match('shared');
         await cache.delete('shared');

@@ -1,11 +1,11 @@
 // @ts-check
 // The speaker: one audio element for everything that is played.
 
-import { toWav } from './wav.js';
-
 /** @typedef {import('./core.js').Core} Core */
 
 const FULL = 100;
+const HEADER_BYTES = 44;
+const SILENCE = 'sound/silence.wav';
 
 export class Voice {
     /** @param {Core} core @param {HTMLAudioElement} audio @param {(word: string) => void} tell */
@@ -34,16 +34,16 @@ export class Voice {
     /** Plays nothing within the user's gesture: later clips may then begin by themselves. */
     unlock() {
         if (this.ticket === 0) {
-            this.load(new Int16Array(8), 8000);
+            this.audio.src = SILENCE;
             this.audio.play().catch(() => {});
         }
     }
 
-    /** @param {number} ticket @param {Int16Array} samples @param {number} rate */
-    play(ticket, samples, rate) {
+    /** @param {number} ticket @param {Uint8Array} file  WAV */
+    play(ticket, file) {
         this.ticket = ticket;
         this.isPaused = false;
-        this.load(this.scales ? samples.map((s) => (s * this.volume) / FULL) : samples, rate);
+        this.load(this.scales ? this.scaled(file) : file);
         this.audio.play().catch((error) => {
             if (error.name !== 'AbortError' && this.ticket === ticket) {
                 this.fail();
@@ -51,10 +51,19 @@ export class Voice {
         });
     }
 
-    /** @param {Int16Array} samples @param {number} rate */
-    load(samples, rate) {
+    /** @param {Uint8Array} file @returns {Uint8Array} */
+    scaled(file) {
+        const samples = new Int16Array(file.buffer, HEADER_BYTES);
+        samples.forEach((sample, i) => {
+            samples[i] = (sample * this.volume) / FULL;
+        });
+        return file;
+    }
+
+    /** @param {Uint8Array} file */
+    load(file) {
         URL.revokeObjectURL(this.url);
-        this.url = URL.createObjectURL(toWav(samples, rate));
+        this.url = URL.createObjectURL(new Blob([file], { type: 'audio/wav' }));
         this.audio.src = this.url;
     }
 

@@ -11,8 +11,8 @@ EM_JS(void, pageAskMicrophone, (int32_t ticket), { Module.page.askMicrophone(tic
 EM_JS(void, pageStartMicrophone, (), { Module.page.startMicrophone(); })
 EM_JS(void, pageStopMicrophone, (), { Module.page.stopMicrophone(); })
 EM_JS(void, pageReleaseMicrophone, (), { Module.page.releaseMicrophone(); })
-EM_JS(void, pagePlayClip, (int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz), {
-    Module.page.playClip(ticket, HEAP16.slice(samples >> 1, (samples >> 1) + count), rateHz);
+EM_JS(void, pagePlayClip, (int32_t ticket, const uint8_t* file, size_t bytes), {
+    Module.page.playClip(ticket, HEAPU8.slice(file, file + bytes));
 })
 EM_JS(void, pagePauseClip, (), { Module.page.pauseClip(); })
 EM_JS(void, pageResumeClip, (), { Module.page.resumeClip(); })
@@ -58,8 +58,8 @@ void PageCalls::releaseMicrophone() {
     pageReleaseMicrophone();
 }
 
-void PageCalls::playClip(int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz) {
-    pagePlayClip(ticket, samples, count, rateHz);
+void PageCalls::playClip(int32_t ticket, const std::vector<uint8_t>& file) {
+    pagePlayClip(ticket, file.data(), file.size());
 }
 
 void PageCalls::pauseClip() {

@@ -13,7 +13,7 @@ public:
     void startMicrophone() override;
     void stopMicrophone() override;
     void releaseMicrophone() override;
-    void playClip(int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz) override;
+    void playClip(int32_t ticket, const std::vector<uint8_t>& file) override;
     void pauseClip() override;
     void resumeClip() override;
     void stopClip() override;

@@ -13,8 +13,8 @@ constexpr uint32_t kWholeNumbers = 1;
 constexpr uint32_t kFloats = 3;
 constexpr uint32_t kExtensible = 0xFFFE;  // the real format stands further on
 constexpr size_t kRiffBytes = 12;
-constexpr size_t kChunkHeadBytes = 8;
-constexpr size_t kFormatBytes = 16;
+constexpr uint32_t kChunkHeadBytes = 8;
+constexpr uint32_t kFormatBytes = 16;
 constexpr size_t kSubFormatAt = 24;
 constexpr int32_t kLongestSeconds = HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
 
@@ -106,6 +106,37 @@ std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
         at += std::min(size + size % 2, count - at);  // chunks begin at even places
     }
     return {};
+}
+
+std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int32_t rateHz) {
+    constexpr uint32_t kSampleBytes = sizeof(int16_t);
+    constexpr uint32_t kHeaderBytes = 44;
+    const auto rate = static_cast<uint32_t>(rateHz);
+    const uint32_t dataBytes = kSampleBytes * static_cast<uint32_t>(count);
+    std::vector<uint8_t> file;
+    file.reserve(kHeaderBytes + dataBytes);
+    const auto letters = [&](const char* text) { file.insert(file.end(), text, text + 4); };
+    const auto number = [&](uint32_t value, int32_t bytes) {
+        for (int32_t i = 0; i < bytes; i++) {
+            file.push_back(static_cast<uint8_t>(value >> (8 * i)));
+        }
+    };
+    letters("RIFF");
+    number(kHeaderBytes - kChunkHeadBytes + dataBytes, 4);
+    letters("WAVE");
+    letters("fmt ");
+    number(kFormatBytes, 4);
+    number(kWholeNumbers, 2);
+    number(1, 2);
+    number(rate, 4);
+    number(rate * kSampleBytes, 4);
+    number(kSampleBytes, 2);
+    number(8 * kSampleBytes, 2);
+    letters("data");
+    number(dataBytes, 4);
+    const auto* bytes = reinterpret_cast<const uint8_t*>(samples);  // little-endian, as every host
+    file.insert(file.end(), bytes, bytes + dataBytes);
+    return file;
 }
 
 std::vector<int16_t> PlainWav::toTake(const float* samples, int32_t count, int32_t rateHz) {

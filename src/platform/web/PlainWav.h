@@ -17,6 +17,9 @@ public:
     /// file that is cut short counts as far as it goes.
     static std::vector<int16_t> read(const uint8_t* bytes, size_t count);
 
+    /// The bytes of a WAV file: 16 bits, one channel.
+    static std::vector<uint8_t> toFile(const int16_t* samples, int32_t count, int32_t rateHz);
+
     /// The first 20 s of samples from -1 to 1 as 16 kHz. Empty if the rate is out of range.
     static std::vector<int16_t> toTake(const float* samples, int32_t count, int32_t rateHz);
 };

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 class WebPage {
 public:
@@ -31,9 +32,8 @@ public:
     /// Gives the microphone back, so that the browser's recording light goes out.
     virtual void releaseMicrophone() = 0;
 
-    /// Plays samples (16 bits, mono) from their beginning: WebHost::clipEnded() or clipFailed().
-    virtual void
-    playClip(int32_t ticket, const int16_t* samples, int32_t count, int32_t rateHz) = 0;
+    /// Plays a WAV file from its beginning: WebHost::clipEnded() or clipFailed().
+    virtual void playClip(int32_t ticket, const std::vector<uint8_t>& file) = 0;
     virtual void pauseClip() = 0;
     virtual void resumeClip() = 0;
     virtual void stopClip() = 0;

@@ -1,5 +1,7 @@
 #include "WebSpeaker.h"
 
+#include "PlainWav.h"
+
 #include <utility>
 
 bool WebSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) {
@@ -7,8 +9,9 @@ bool WebSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener&
         return false;
     }
     listener = &newListener;
-    page.playClip(++ticket, clip->samples.data(), static_cast<int32_t>(clip->samples.size()),
-                  clip->rateHz);
+    page.playClip(++ticket,
+                  PlainWav::toFile(clip->samples.data(), static_cast<int32_t>(clip->samples.size()),
+                                   clip->rateHz));
     return true;
 }
 

@@ -1,0 +1,23 @@
+// @ts-check
+// One tab at a time: two would write over each other's sounds.
+
+const LOCK = 'murmelo-tab';
+
+/**
+ * @param {boolean} steals  takes over from another tab, which stops
+ * @param {() => void} onTaken  another tab has taken over
+ * @returns {Promise<boolean>} whether this tab is the one
+ */
+export function holdTab(steals, onTaken) {
+    if (!navigator.locks) {
+        return Promise.resolve(true);
+    }
+    return new Promise((answer) => {
+        navigator.locks
+            .request(LOCK, steals ? { steal: true } : { ifAvailable: true }, (lock) => {
+                answer(lock !== null);
+                return lock && new Promise(() => {}); // held as long as the page lives
+            })
+            .catch(onTaken);
+    });
+}
