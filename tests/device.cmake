@@ -12,8 +12,14 @@ murmelo_tests(device_tests
 
 murmelo_tests(web_tests
     SOURCES
+        platform/host/HostWords_test.cpp
+        platform/host/OneFinger_test.cpp
+        platform/web/PlainWav_test.cpp
         platform/web/RateTo16k_test.cpp
-    LINK murmelo_rate)
+        platform/web/WebHost_test.cpp
+        platform/web/WebTexts_test.cpp
+    LINK murmelo_app murmelo_web_host)
+target_compile_definitions(web_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
 
 murmelo_tests(sdl_tests
     SOURCES

@@ -113,12 +113,12 @@ std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int
     constexpr uint32_t kHeaderBytes = 44;
     const auto rate = static_cast<uint32_t>(rateHz);
     const uint32_t dataBytes = kSampleBytes * static_cast<uint32_t>(count);
-    std::vector<uint8_t> file;
-    file.reserve(kHeaderBytes + dataBytes);
-    const auto letters = [&](const char* text) { file.insert(file.end(), text, text + 4); };
+    std::vector<uint8_t> file(kHeaderBytes + dataBytes);
+    uint8_t* next = file.data();
+    const auto letters = [&](const char* text) { next = std::copy_n(text, 4, next); };
     const auto number = [&](uint32_t value, int32_t bytes) {
         for (int32_t i = 0; i < bytes; i++) {
-            file.push_back(static_cast<uint8_t>(value >> (8 * i)));
+            *next++ = static_cast<uint8_t>(value >> (8 * i));
         }
     };
     letters("RIFF");
@@ -134,8 +134,7 @@ std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int
     number(8 * kSampleBytes, 2);
     letters("data");
     number(dataBytes, 4);
-    const auto* bytes = reinterpret_cast<const uint8_t*>(samples);  // little-endian, as every host
-    file.insert(file.end(), bytes, bytes + dataBytes);
+    std::memcpy(next, samples, dataBytes);  // little-endian, as every host
     return file;
 }
 

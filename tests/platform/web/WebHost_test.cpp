@@ -1,0 +1,365 @@
+// The whole program in a page that a test plays.
+#include "FakePage.h"
+#include "OspProgram.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+#include "WebHost.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using Notes = std::vector<std::string>;
+using Samples = TestSounds::Samples;
+
+namespace {
+
+class WebHostTest : public testing::Test {
+protected:
+    WebHostTest() {
+        folders.write("config/settings", "lang=0\n");
+        HostFolders mapped;
+        mapped.res = MURMELO_SOURCE_DIR "/res/Res";
+        mapped.framework = MURMELO_SOURCE_DIR "/res/framework";
+        mapped.home = folders.path("home");
+        folders.makeFolder("home");
+        mapped.config = folders.path("config");
+        host = std::make_unique<WebHost>(page, mapped);
+        EXPECT_TRUE(host->begin(std::make_unique<OspProgram>()));
+        settle();
+    }
+
+    std::string screen() const {
+        return host->doorsInUse() != nullptr ? host->doorsInUse()->screenName() : "";
+    }
+
+    /// Turns until the program sleeps. @returns for how long
+    double settle() {
+        double ms = 0;
+        do {
+            ms = host->turn();
+        } while (ms == 0);
+        return ms;
+    }
+
+    /// Time passes, and the program gets its turns when it wants them.
+    void pass(double ms) {
+        const double endMs = page.clockMs + ms;
+        for (double wait = settle(); wait >= 0 && page.clockMs + wait <= endMs; wait = settle()) {
+            page.clockMs += wait;
+        }
+        page.clockMs = std::max(page.clockMs, endMs);
+        settle();
+    }
+
+    void key(HostKey key) {
+        host->key(key);
+        settle();
+    }
+
+    void toMenu() {
+        pass(4000);
+        ASSERT_EQ("Options", screen());
+    }
+
+    void hear(const Samples& samples) {
+        std::vector<float> floats(samples.size());
+        for (size_t i = 0; i < samples.size(); i++) {
+            floats[i] = static_cast<float>(samples[i]) / 32768.0F;
+        }
+        host->heard(floats.data(), static_cast<int32_t>(floats.size()), 16000);
+        settle();
+    }
+
+    /// From the menu to the screen that offers "Record".
+    void ask() {
+        key(HostKey::kMiddle);
+        ASSERT_EQ("Record", screen());
+    }
+
+    void allow() {
+        host->microphoneGranted(page.askedTicket);
+        settle();
+    }
+
+    /// From the menu into a recording that offers "Stop".
+    void beginRecording() {
+        ask();
+        allow();
+        key(HostKey::kMiddle);
+        ASSERT_EQ("Recording", screen());
+        hear(voice);
+        pass(100);
+    }
+
+    void record() {
+        beginRecording();
+        key(HostKey::kMiddle);
+        pass(100);
+        ASSERT_EQ("Play", screen());
+    }
+
+    TestFolders folders;
+    FakePage page;
+    std::unique_ptr<WebHost> host;
+    Samples voice = TestSounds::noise(16000);
+};
+
+}  // namespace
+
+TEST_F(WebHostTest, asksForTheMicrophoneOnlyWhenARecordingIsOffered) {
+    toMenu();
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    ask();
+    EXPECT_EQ((Notes{"ask"}), page.takeNotes());
+}
+
+TEST_F(WebHostTest, standsStillWhileTheUserIsAsked) {
+    toMenu();
+    ask();
+    EXPECT_EQ(WebHost::kNever, host->turn());
+    host->key(HostKey::kRightSoft);
+    page.clockMs += 100000;
+    EXPECT_EQ(WebHost::kNever, host->turn());
+    EXPECT_EQ("Record", screen());
+    allow();
+    EXPECT_EQ("Options", screen()) << "the key that came meanwhile is not lost";
+}
+
+TEST_F(WebHostTest, aRefusalLeadsBackToTheMenu) {
+    toMenu();
+    ask();
+    host->microphoneRefused(page.askedTicket);
+    settle();
+    EXPECT_EQ("Options", screen());
+    EXPECT_EQ((Notes{"ask", "release"}), page.takeNotes());
+    EXPECT_EQ(0, page.takesKept);
+}
+
+TEST_F(WebHostTest, anAnswerToAnEarlierQuestionIsDropped) {
+    toMenu();
+    ask();
+    const int32_t earlier = page.askedTicket;
+    host->microphoneRefused(earlier);
+    settle();
+    ask();
+    host->microphoneRefused(earlier);
+    EXPECT_EQ(WebHost::kNever, host->turn());
+    EXPECT_EQ("Record", screen());
+}
+
+TEST_F(WebHostTest, aRefusalBringsTheEarlierTakeBackBitForBit) {
+    toMenu();
+    record();
+    const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
+    key(HostKey::kLeftSoft);
+    ask();
+    EXPECT_NE(cleaned, folders.read("home/Murmelo/MrmLastRec.wav")) << "the take is deleted";
+    host->microphoneRefused(page.askedTicket);
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(cleaned, folders.read("home/Murmelo/MrmLastRec.wav"));
+}
+
+TEST_F(WebHostTest, theRawTakeIsKeptWhenTheRecorderStops) {
+    toMenu();
+    record();
+    EXPECT_EQ(voice, page.keptTake);
+    EXPECT_EQ(1, page.takesKept);
+    EXPECT_EQ((Notes{"ask", "start", "stop", "release"}), page.takeNotes());
+}
+
+TEST_F(WebHostTest, aTakeThatIsBroughtBackMakesTheSameFile) {
+    toMenu();
+    record();
+    const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
+    key(HostKey::kLeftSoft);
+    ask();
+    allow();
+    key(HostKey::kRightSoft);
+    EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
+    host->use(page.keptTake);
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(cleaned, folders.read("home/Murmelo/MrmLastRec.wav"));
+}
+
+TEST_F(WebHostTest, aSoundWaitsUntilTheProgramRests) {
+    host->use(voice);
+    settle();
+    EXPECT_EQ("Splash", screen());
+    pass(4000);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+}
+
+TEST_F(WebHostTest, aHiddenPageKeepsTheRecordingAndCleansItUpInTheSameCall) {
+    toMenu();
+    beginRecording();
+    EXPECT_EQ(WebHost::Away::kNothingLost, host->leave());
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+    EXPECT_TRUE(folders.has("home/Murmelo/MrmLastRec.wav"));
+    EXPECT_EQ(WebHost::kNever, settle());
+    host->comeBack();
+    settle();
+    EXPECT_EQ("Play", screen());
+}
+
+TEST_F(WebHostTest, aRecordingYoungerThanItsFirstBufferIsLostAndSaidSo) {
+    toMenu();
+    ask();
+    allow();
+    key(HostKey::kMiddle);
+    hear(TestSounds::noise(4000));
+    EXPECT_EQ(WebHost::Away::kRecordingTooShort, host->leave());
+    EXPECT_EQ("Options", screen());
+}
+
+TEST_F(WebHostTest, aPageThatIsHiddenWhileTheUserIsAskedDoesNotLeave) {
+    toMenu();
+    ask();
+    EXPECT_EQ(WebHost::Away::kNothingLost, host->leave());
+    host->comeBack();
+    allow();
+    EXPECT_EQ("Record", screen());
+}
+
+TEST_F(WebHostTest, aMicrophoneThatDiesKeepsWhatItHeard) {
+    toMenu();
+    beginRecording();
+    host->microphoneLost();
+    pass(1000);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+}
+
+TEST_F(WebHostTest, aClipEndsWhenThePageSaysSo) {
+    toMenu();
+    record();
+    key(HostKey::kMiddle);
+    pass(100);
+    EXPECT_EQ("Playing", screen());
+    EXPECT_EQ(50, page.volume);
+    EXPECT_EQ(folders.read("home/Murmelo/MrmLastProc.wav"),
+              std::string(page.clip.begin(), page.clip.end()));
+    host->clipEnded(page.clipTicket - 1);
+    settle();
+    EXPECT_EQ("Playing", screen()) << "the end of an earlier clip";
+    host->clipEnded(page.clipTicket);
+    settle();
+    EXPECT_EQ("Play", screen());
+}
+
+TEST_F(WebHostTest, aClipThatCannotBePlayedEndsToo) {
+    toMenu();
+    record();
+    key(HostKey::kMiddle);
+    pass(100);
+    host->clipFailed(page.clipTicket);
+    settle();
+    EXPECT_EQ("Play", screen());
+}
+
+TEST_F(WebHostTest, aSavedSoundIsToldWithItsEffect) {
+    toMenu();
+    record();
+    key(HostKey::kRight);
+    pass(1000);
+    host->save();
+    pass(100);
+    EXPECT_EQ("Save", screen());
+    EXPECT_EQ(Notes{folders.path("home/Murmelo/rec_00000.wav") + " 1"}, page.keptFiles);
+}
+
+TEST_F(WebHostTest, whatCannotBeSavedIsTold) {
+    toMenu();
+    host->save();
+    settle();
+    EXPECT_EQ((Notes{"tell nothingToSave"}), page.takeNotes());
+    record();
+    key(HostKey::kMiddle);
+    pass(100);
+    page.notes.clear();
+    host->save();
+    settle();
+    EXPECT_EQ((Notes{"tell notNow"}), page.takeNotes());
+}
+
+TEST_F(WebHostTest, anIdleProgramWantsNoTurn) {
+    toMenu();
+    EXPECT_EQ(WebHost::kNever, settle());
+    const int32_t frames = page.frames;
+    EXPECT_EQ(WebHost::kNever, host->turn());
+    EXPECT_EQ(frames, page.frames);
+}
+
+TEST_F(WebHostTest, aWaitingProgramWantsItsTurnWhenItIsDue) {
+    const double ms = settle();
+    EXPECT_EQ("Splash", screen());
+    EXPECT_GT(ms, 0);
+    EXPECT_LE(ms, 3000);
+    page.clockMs += ms;
+    settle();
+    EXPECT_EQ("Options", screen());
+}
+
+TEST_F(WebHostTest, noStepBeginsAfterEightMilliseconds) {
+    toMenu();
+    host->use(TestSounds::noise(320000));
+    settle();
+    key(HostKey::kRight);
+    pass(1000);
+    page.realStepMs = 3;  // each look at the clock
+    host->key(HostKey::kMiddle);
+    int32_t turns = 0;
+    while (host->turn() == 0) {
+        turns++;
+    }
+    EXPECT_GT(turns, 100) << "the robot's hundreds of steps give way again and again";
+    EXPECT_EQ("Playing", screen());
+}
+
+TEST_F(WebHostTest, touchesReachTheProgramAndADoubleTapPressesOneKey) {
+    toMenu();
+    const auto tap = [&](uint32_t timeMs) {
+        host->touch(HostListener::Touch::kPress, true, 5, 240, 770, timeMs);
+        host->touch(HostListener::Touch::kRelease, true, 5, 240, 770, timeMs + 50);
+        settle();
+    };
+    tap(10000);
+    EXPECT_EQ("Record", screen());
+    allow();
+    tap(10300);
+    EXPECT_EQ("Record", screen()) << "the second tap was meant for the menu";
+    tap(11000);
+    EXPECT_EQ("Recording", screen());
+}
+
+TEST_F(WebHostTest, theEndIsToldOnceAndNothingHappensAfterwards) {
+    toMenu();
+    host->key(HostKey::kRightSoft);
+    EXPECT_EQ(WebHost::kEnded, settle());
+    EXPECT_EQ(nullptr, host->doorsInUse());
+    host->key(HostKey::kMiddle);
+    host->save();
+    EXPECT_EQ(WebHost::kEnded, host->turn());
+    EXPECT_EQ(WebHost::Away::kNothingLost, host->leave());
+}
+
+TEST_F(WebHostTest, thePictureIsTheCanvasAndOnlyChangedRowsAreWorkedOut) {
+    toMenu();
+    WebPicture::Rows rows = host->paint();
+    EXPECT_EQ(0, rows.first);
+    EXPECT_EQ(319, rows.last);
+    rows = host->paint();
+    EXPECT_LT(rows.last, rows.first) << "nothing has changed";
+    const uint8_t* pixels = host->picture().bytes();
+    for (int32_t i = 0; i < 240 * 320; i++) {
+        ASSERT_EQ(255, pixels[4 * i + 3]);
+    }
+    key(HostKey::kDown);
+    rows = host->paint();
+    EXPECT_GT(rows.first, 60);
+    EXPECT_LT(rows.last, 288) << "the menu moved its focus";
+}
