@@ -13,4 +13,6 @@ if(MURMELO_WEB)
         set_tests_properties(web/${name} PROPERTIES
             LABELS browser TIMEOUT 1500 ENVIRONMENT "MURMELO_CHROMIUM=${MURMELO_CHROMIUM}")
     endfunction()
+
+    browser_test(harness harness_test.py)
 endif()

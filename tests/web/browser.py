@@ -29,7 +29,11 @@ START_SECONDS = 120  # a cold start on a busy machine
 _SHARED_MEMORY_BYTES = 1 << 29  # with less in /dev/shm, Chromium is told to keep away from it
 
 _FLAGS = (
-    "--headless=new", "--remote-debugging-pipe", "--no-first-run", "--no-default-browser-check", "--no-service-autorun",
+    "--headless=new", "--remote-debugging-pipe",
+    # It sees only pages of ours. Its sandbox refuses root, needs what containers lack, and would keep the fake
+    # microphone from its file.
+    "--no-sandbox",
+    "--no-first-run", "--no-default-browser-check", "--no-service-autorun",
     # Nothing of Chromium's own talks to the network: what is left is the page's.
     "--disable-background-networking", "--disable-component-update", "--disable-sync", "--disable-default-apps",
     "--disable-domain-reliability", "--disable-client-side-phishing-detection", "--disable-breakpad",
@@ -66,8 +70,6 @@ class Browser:
         os.makedirs(self.downloads)
         line = [CHROMIUM, *_FLAGS, "--user-data-dir=" + profile, "--lang=" + language, "--accept-lang=" + language]
         line += self._sound_flags(microphone, ask)
-        if os.geteuid() == 0:
-            line.append("--no-sandbox")
         if not _shared_memory_suffices():
             line.append("--disable-dev-shm-usage")
         try:

@@ -17,6 +17,9 @@ _TRUTH = """(async () => {
     const isPlain = Object(value) !== value || kinds.includes(Object.getPrototypeOf(value));
     return [Boolean(value), isPlain ? value : true];
 })()"""
+# The page that is left stays for a moment, and is complete as well.
+_MARK = "window.isThePageBefore = true"
+_LOADED = "!window.isThePageBefore && document.readyState === 'complete'"
 
 
 class PageError(Exception):
@@ -32,16 +35,18 @@ class Page(Hands):
 
     def open(self, address):
         """Goes to the address and waits until the page is loaded. One that cannot be reached raises PageError."""
+        self.evaluate(_MARK)
         result = self.call("Page.navigate", url=address)
         if result.get("errorText"):
             raise PageError("%s: %s" % (address, result["errorText"]))
-        self.wait_for("document.readyState === 'complete'")
+        if "loaderId" in result:  # not only another #place of the same page
+            self.wait_for(_LOADED)
 
     def reload(self, past_cache=False):
         """Loads the page again and waits until it is loaded."""
-        self.evaluate("window.murmeloTestOldPage = true")
+        self.evaluate(_MARK)
         self.call("Page.reload", ignoreCache=past_cache)
-        self.wait_for("!window.murmeloTestOldPage && document.readyState === 'complete'")
+        self.wait_for(_LOADED)
 
     def evaluate(self, expression, gesture=False):
         """The value of a JavaScript expression; a promise is awaited. What JSON cannot tell is None.
@@ -134,7 +139,8 @@ class Page(Hands):
         self.call("Page.setInterceptFileChooserDialog", enabled=True)
         try:
             press()
-            asked = self._records.wait_for("file-chooser", self.target["targetId"], WAIT_SECONDS)
+            asked = self._records.until(lambda records: records.all("file-chooser", target=self.target["targetId"]))[0]
+            self._records.take_out(asked)
             self.call("DOM.setFileInputFiles", files=[os.path.abspath(path) for path in paths],
                       backendNodeId=int(asked.text))
         finally:

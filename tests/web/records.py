@@ -34,7 +34,7 @@ class Records:
 
     def __init__(self):
         self._records = []
-        self._changed = threading.Condition()
+        self._changed = threading.Condition()  # around a lock that one thread may take twice
 
     def all(self, *kinds, target=None):
         """The records of these kinds (none: of every kind), of one target or of all."""
@@ -54,18 +54,17 @@ class Records:
         """The requests to any other origin than this one ("http://localhost:8000")."""
         return [address for address in self.requests() if origin_of(address) not in ("", origin_of(origin))]
 
-    def wait_for(self, kind, target, seconds):
-        """Waits for a record of this kind, takes it out and returns it."""
-        def look():
-            found.extend(record for record in self._records if (record.kind, record.target) == (kind, target))
-            return found
-
-        found = []
+    def until(self, find, seconds=60):
+        """Waits until find(records) finds something, and returns it: the browser tells events when it likes to."""
         with self._changed:
-            if not self._changed.wait_for(look, seconds):
-                raise DevToolsError("no %s in %d s" % (kind, seconds))
-            self._records.remove(found[0])
-        return found[0]
+            if not self._changed.wait_for(lambda: find(self), seconds):
+                raise DevToolsError("not recorded in %d s; there is:\n%s" % (seconds, "\n".join(map(str, self.all()))))
+            return find(self)
+
+    def take_out(self, record):
+        """Forgets one record."""
+        with self._changed:
+            self._records.remove(record)
 
     def clear(self):
         """Forgets everything: for a test that has looked at what it provoked."""

@@ -1,0 +1,2 @@
+// Works offline once its service worker is there.
+navigator.serviceWorker.register('service.js');
