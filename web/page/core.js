@@ -40,7 +40,7 @@ export class Core {
 
     /** @param {object} page  what the program calls @param {() => void} onAbort */
     async load(page, onAbort) {
-        const data = fetch('murmelo.data', { credentials: 'omit' }).then((answer) => answer.arrayBuffer());
+        const data = fetch('murmelo.data').then((answer) => answer.arrayBuffer());
         this.program = await createMurmelo({ page, onAbort, print() {}, printErr() {} });
         this.unpack(await data);
     }

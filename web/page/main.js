@@ -76,13 +76,17 @@ export class Page {
     async start() {
         const asked = new URLSearchParams(location.search);
         history.replaceState(null, '', location.pathname);
-        if (!(await holdTab(asked.has('takeover'), () => this.showOver('otherTab')))) {
+        const estimate = navigator.storage?.estimate?.().catch(() => ({}));
+        const loaded = this.core.load(this.calls(), () => this.showOver('broken'));
+        const isOurs = await holdTab(asked.has('takeover'), () => this.showOver('otherTab'));
+        const read = isOurs && this.sounds.read();
+        await loaded;
+        if (!isOurs) {
             this.showOver('otherTab');
             return;
         }
-        const estimate = navigator.storage?.estimate?.().catch(() => ({}));
-        await this.core.load(this.calls(), () => this.showOver('broken'));
-        await this.sounds.load();
+        await read;
+        this.sounds.unpack();
         const { quota, usage } = (await estimate) ?? {};
         this.freeBytes = quota ? quota - (usage ?? 0) : UNKNOWN_FREE_BYTES;
         this.core.onRows = (first, last) => this.picture.paint(first, last);

@@ -25,14 +25,17 @@ export class Sounds {
         this.player.addEventListener('ended', () => this.play(''));
     }
 
-    /** Files of earlier visits, for the program to find. */
-    async load() {
+    async read() {
         this.hasStore = await this.page.store.open();
         try {
             this.kept = await this.page.store.all();
         } catch {
             this.hasStore = false;
         }
+    }
+
+    /** Files of earlier visits, for the program to find. */
+    unpack() {
         for (const [path, kept] of this.kept) {
             if (path !== TAKE) {
                 this.page.core.writeFile(path, kept.bytes);
