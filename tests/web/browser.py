@@ -185,7 +185,7 @@ class Browser:
             os.dup2(to_browser[0], 3)
             os.dup2(from_browser[1], 4)
 
-        environment = dict(os.environ, HOME=self._home, LANGUAGE=language, **_NO_SOUND_CARD)
+        environment = dict(os.environ, HOME=self._home, TMPDIR=self._home, LANGUAGE=language, **_NO_SOUND_CARD)
         for name in list(environment):
             if name.startswith("XDG_") or name in _DESKTOP:
                 del environment[name]

@@ -32,7 +32,8 @@ class ServeTest(unittest.TestCase):
             file.write("not for browsers")
 
     def get(self, server, path, **headers):
-        connection = http.client.HTTPConnection(*server.address.split("/")[2].split(":"), timeout=300)
+        connection = http.client.HTTPConnection(
+            "127.0.0.1", int(server.address.rstrip("/").rsplit(":", 1)[1]), timeout=300)
         connection.request("GET", path, headers=headers)
         reply = connection.getresponse()
         body = reply.read().decode()
