@@ -28,3 +28,17 @@ murmelo_tests(fmk_tests
         platform/osp/OspBase_test.cpp
         platform/osp/OspIo_test.cpp
     LINK murmelo_fmk)
+
+# The browser's inflater, under a name of its own beside the native one.
+find_path(STB_INCLUDE_DIR stb_image.h PATH_SUFFIXES stb REQUIRED)
+add_library(murmelo_inflate_stb STATIC ${CMAKE_SOURCE_DIR}/src/fmk/common/fmk/InflateStb.cpp)
+target_include_directories(murmelo_inflate_stb PRIVATE ${CMAKE_SOURCE_DIR}/src/fmk/common/fmk ${STB_INCLUDE_DIR})
+target_compile_definitions(murmelo_inflate_stb PRIVATE Inflate=InflateStb)
+target_compile_options(murmelo_inflate_stb PRIVATE -w)
+target_link_libraries(murmelo_inflate_stb PRIVATE murmelo_flags)
+murmelo_tests(inflate_tests
+    SOURCES
+        fmk/common/fmk/Inflate_test.cpp
+    LINK murmelo_fmk murmelo_inflate_stb ZLIB::ZLIB)
+target_include_directories(inflate_tests PRIVATE fmk/common/fmk)
+target_compile_definitions(inflate_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
