@@ -60,10 +60,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     FxOptions options;
     std::streambuf* const printed = std::cout.rdbuf(nullptr);  // help and version
-    const std::string mistake = options.parse(static_cast<int>(pointers.size()), pointers.data());
+    const Problem mistake = options.parse(static_cast<int>(pointers.size()), pointers.data());
     std::cout.rdbuf(printed);
     std::cout.clear();
-    if (mistake.empty() &&
+    if (!mistake &&
         (options.task == FxOptions::Task::kApply || options.task == FxOptions::Task::kMeasure)) {
         checkJobs(options);
     }

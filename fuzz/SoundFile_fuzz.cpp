@@ -29,13 +29,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     file.fill(data, size);
     std::vector<int16_t> samples;
     int64_t frames = 0;
-    const std::string wrong = SoundFile::read(file.path(), kRateHz, kMaxSamples, samples, &frames);
-    require(wrong.empty() || samples.empty());
+    const Problem problem = SoundFile::read(file.path(), kRateHz, kMaxSamples, samples, &frames);
+    require(!problem || samples.empty());
     require(static_cast<int64_t>(samples.size()) <= kMaxSamples);
     require(samples.empty() || frames > 0);
     std::vector<int16_t> start;
     int64_t startFrames = 0;
-    require(SoundFile::read(file.path(), kRateHz, kFewerSamples, start, &startFrames) == wrong);
+    require(SoundFile::read(file.path(), kRateHz, kFewerSamples, start, &startFrames) == problem);
     require(startFrames <= frames);
     require(start.size() == std::min<size_t>(samples.size(), kFewerSamples));
     require(std::equal(start.begin(), start.end(), samples.begin()));

@@ -24,6 +24,7 @@ murmelo_tests(fmk_tests
         fmk/common/fmk/StringBuffer_test.cpp
         fmk/common/fmk/Utils_test.cpp
         fmk/common/fmk/Vector_test.cpp
+        platform/Problem_test.cpp
         platform/SafeFile_test.cpp
         platform/osp/OspBase_test.cpp
         platform/osp/OspIo_test.cpp

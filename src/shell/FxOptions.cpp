@@ -73,7 +73,7 @@ bool isSameFile(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::string FxOptions::parse(int argc, char** argv) {
+Problem FxOptions::parse(int argc, char** argv) {
     bool list = false;
     bool measure = false;
     int64_t seedNumber = 0;
@@ -102,7 +102,7 @@ std::string FxOptions::parse(int argc, char** argv) {
         app.parse(argc, argv);
     } catch (const CLI::Success& answer) {
         app.exit(answer);
-        return "";
+        return Problem::none();
     } catch (const CLI::ParseError& error) {
         return error.what();
     }
@@ -112,10 +112,10 @@ std::string FxOptions::parse(int argc, char** argv) {
     return setTask(list, measure, kindName);
 }
 
-std::string FxOptions::setTask(bool list, bool measure, const std::string& kindName) {
+Problem FxOptions::setTask(bool list, bool measure, const std::string& kindName) {
     if (list) {
         task = Task::kList;
-        return arguments.empty() ? "" : "--list takes no files";
+        return arguments.empty() ? Problem::none() : "--list takes no files";
     }
     if (!kindName.empty()) {
         kind = SoundWriter::kindOfName(SoundWriter::lowerCase(kindName));
@@ -146,12 +146,12 @@ std::string FxOptions::setTask(bool list, bool measure, const std::string& kindN
         for (const std::string& input : arguments) {
             jobs.push_back({input, "", SoundWriter::Kind::kWav});
         }
-        return "";
+        return Problem::none();
     }
     return outFolder.empty() ? addSingleJob() : addFolderJobs();
 }
 
-std::string FxOptions::addSingleJob() {
+Problem FxOptions::addSingleJob() {
     if (arguments.size() != 2) {
         return arguments.size() < 2 ? "an input and an output are needed, or --out-dir and inputs"
                                     : "several inputs need --out-dir";
@@ -165,7 +165,7 @@ std::string FxOptions::addSingleJob() {
             return "standard output is a terminal, which cannot show a sound";
         }
         jobs.push_back({arguments[0], output, kind.value_or(SoundWriter::Kind::kWav)});
-        return "";
+        return Problem::none();
     }
     const std::optional<SoundWriter::Kind> kindOfName = SoundWriter::kindOfPath(output);
     if (!kindOfName && !kind) {
@@ -181,10 +181,10 @@ std::string FxOptions::addSingleJob() {
         return cannotWrite(wanted);
     }
     jobs.push_back({arguments[0], output, wanted});
-    return "";
+    return Problem::none();
 }
 
-std::string FxOptions::addFolderJobs() {
+Problem FxOptions::addFolderJobs() {
     if (arguments.empty()) {
         return "no input is named";
     }
@@ -202,5 +202,5 @@ std::string FxOptions::addFolderJobs() {
         names.push_back(name);
         jobs.push_back({input, output, kindOfAll});
     }
-    return "";
+    return Problem::none();
 }

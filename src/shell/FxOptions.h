@@ -1,6 +1,7 @@
 // What the command line asks for.
 #pragma once
 
+#include "Problem.h"
 #include "SoundWriter.h"
 
 #include <cstdint>
@@ -26,13 +27,13 @@ struct FxOptions {
     bool longSounds = false;
     std::optional<int32_t> seed;
 
-    /// Empty on success, else one sentence about the mistake.
-    std::string parse(int argc, char** argv);
+    /// @returns one sentence about the mistake, if there is one
+    Problem parse(int argc, char** argv);
 
 private:
-    std::string setTask(bool list, bool measure, const std::string& kindName);
-    std::string addSingleJob();
-    std::string addFolderJobs();
+    Problem setTask(bool list, bool measure, const std::string& kindName);
+    Problem addSingleJob();
+    Problem addFolderJobs();
 
     std::vector<std::string> arguments;
     std::optional<SoundWriter::Kind> kind;  // with --format

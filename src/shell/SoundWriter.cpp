@@ -144,8 +144,8 @@ SF_VIRTUAL_IO memoryCalls() {
     return calls;
 }
 
-/// Empty on success, else the library's words.
-std::string encode(int format, const int32_t* samples, Memory& memory) {
+/// @returns the library's words, if something went wrong
+Problem encode(int format, const int32_t* samples, Memory& memory) {
     const QuietLibrary quiet;
     SF_INFO facts = factsOf(format);
     SF_VIRTUAL_IO calls = memoryCalls();
@@ -153,20 +153,20 @@ std::string encode(int format, const int32_t* samples, Memory& memory) {
     if (file == nullptr) {
         return sf_strerror(nullptr);
     }
-    std::string wrong;
+    Problem problem;
     std::array<int16_t, kBlockSamples> block{};
-    for (int32_t done = 0; done < length(samples) && wrong.empty();) {
+    for (int32_t done = 0; done < length(samples) && !problem;) {
         const int32_t count = std::min(kBlockSamples, length(samples) - done);
         // The low 16 bits, as in a WAV file.
         std::transform(samples + done, samples + done + count, block.begin(),
                        [](int32_t sample) { return static_cast<int16_t>(sample); });
         if (sf_write_short(file, block.data(), count) != count) {
-            wrong = sf_strerror(file);
+            problem = sf_strerror(file);
         }
         done += count;
     }
     const int closed = sf_close(file);
-    return wrong.empty() && closed != 0 ? sf_error_number(closed) : wrong;
+    return !problem && closed != 0 ? sf_error_number(closed) : problem;
 }
 
 }  // namespace
@@ -213,18 +213,18 @@ bool SoundWriter::isPossible(Kind kind) {
            sf_format_check(&facts) != 0;
 }
 
-std::string SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) {
+Problem SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) {
     if (kind == Kind::kWav) {
         const CountedArray<signed char> header(newArray<signed char>(WavProps::kHeaderBytes));
         const CountedArray<signed char> block(newArray<signed char>(kSaveBytes));
         OpenFileStream stream(file);
-        return WavFile::save8Khz(&stream, samples, header.get(), block.get()) ? ""
-                                                                              : file.complaint();
+        const bool isSaved = WavFile::save8Khz(&stream, samples, header.get(), block.get());
+        return isSaved ? Problem::none() : Problem(file.complaint());
     }
     Memory memory;
-    const std::string wrong = encode(formatOf(kind), samples, memory);
-    if (!wrong.empty()) {
-        return "cannot be encoded (" + wrong + ")";
+    if (const Problem problem = encode(formatOf(kind), samples, memory)) {
+        return "cannot be encoded (" + problem.sentence() + ")";
     }
-    return file.write(memory.bytes.data(), memory.bytes.size()) ? "" : file.complaint();
+    const bool isWritten = file.write(memory.bytes.data(), memory.bytes.size());
+    return isWritten ? Problem::none() : Problem(file.complaint());
 }

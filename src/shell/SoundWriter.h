@@ -1,6 +1,8 @@
 // Writes a sound: WAV by the application's own writer, other kinds by a library.
 #pragma once
 
+#include "Problem.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,6 +27,6 @@ public:
     /// The extension, without its dot.
     static const char* extension(Kind kind);
 
-    /// Empty on success, else what went wrong. The file is not committed yet.
-    static std::string write(OutputFile& file, Kind kind, const int32_t* samples);
+    /// @returns what went wrong, if anything. The file is not committed yet.
+    static Problem write(OutputFile& file, Kind kind, const int32_t* samples);
 };

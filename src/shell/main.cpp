@@ -4,6 +4,7 @@
 #include "FxOptions.h"
 #include "InputFile.h"
 #include "OutputFile.h"
+#include "Problem.h"
 #include "ProgressLine.h"
 #include "ShellHost.h"
 #include "SoundMeter.h"
@@ -63,8 +64,7 @@ public:
         , progress(progress)
         , run(options.effect, options.clean, progress) {}
 
-    /// Empty on success, else the sentence to print.
-    std::string apply(const FxOptions::Job& job) {
+    Problem apply(const FxOptions::Job& job) {
         OutputFile file(job.output);
         if (!file.open()) {
             return outputName(job.output) + ": " + file.complaint();
@@ -79,11 +79,13 @@ public:
         if (sound == nullptr) {
             return inputName(job.input) + ": the effect failed on this sound";
         }
-        const std::string wrong = SoundWriter::write(file, job.kind, sound.get());
-        if (!wrong.empty()) {
-            return outputName(job.output) + ": " + wrong;
+        if (const Problem problem = SoundWriter::write(file, job.kind, sound.get())) {
+            return outputName(job.output) + ": " + problem.sentence();
         }
-        return file.commit() ? "" : outputName(job.output) + ": " + file.complaint();
+        if (!file.commit()) {
+            return outputName(job.output) + ": " + file.complaint();
+        }
+        return Problem::none();
     }
 
 private:
@@ -103,7 +105,7 @@ private:
     EffectRun run;
 };
 
-std::string measure(const FxOptions::Job& job, ProgressLine& progress) {
+Problem measure(const FxOptions::Job& job, ProgressLine& progress) {
     SoundReader reader(kMaxArrayLength, progress);
     const Sound sound = reader.read(job.input);
     if (sound == nullptr) {
@@ -122,7 +124,7 @@ std::string measure(const FxOptions::Job& job, ProgressLine& progress) {
                   meter.seconds(), meter.peakDb(), meter.rmsDb(), pitch);
     progress.clear();
     std::cout << inputName(job.input) << ": " << facts;
-    return "";
+    return Problem::none();
 }
 
 /// Does every job, whatever becomes of the others.
@@ -132,10 +134,9 @@ int doAll(const FxOptions& options, ProgressLine& progress, Work work) {
     size_t number = 0;
     for (const FxOptions::Job& job : options.jobs) {
         progress.start(inputName(job.input), ++number, options.jobs.size());
-        const std::string wrong = work(job);
-        if (!wrong.empty()) {
+        if (const Problem problem = work(job)) {
             progress.clear();
-            status = complain(wrong, kSomeFailed);
+            status = complain(problem, kSomeFailed);
         }
     }
     return finishPrinting(status);
@@ -160,9 +161,8 @@ int applyAll(const FxOptions& options, ProgressLine& progress) {
 
 int main(int argc, char** argv) {
     FxOptions options;
-    const std::string mistake = options.parse(argc, argv);
-    if (!mistake.empty()) {
-        return complain(mistake + " (see murmelo-fx --help)", kUsage);
+    if (const Problem mistake = options.parse(argc, argv)) {
+        return complain(mistake.sentence() + " (see murmelo-fx --help)", kUsage);
     }
     ProgressLine progress;
     switch (options.task) {

@@ -29,9 +29,8 @@ using Samples = std::vector<int16_t>;
 
 Samples read(const char* path, int32_t rateHz) {
     Samples samples;
-    const std::string wrong = SoundFile::read(path, rateHz, INT64_MAX, samples);
-    if (!wrong.empty()) {
-        std::fprintf(stderr, "flow-heard: %s\n", wrong.c_str());
+    if (const Problem problem = SoundFile::read(path, rateHz, INT64_MAX, samples)) {
+        std::fprintf(stderr, "flow-heard: %s\n", problem.sentence().c_str());
         std::exit(2);
     }
     return samples;

@@ -230,7 +230,7 @@ TEST(HomeLock, aFolderOrASocketInItsPlaceIsCalledWhatItIs) {
     const TestFolders folders;
     const std::string words = "is not the file that keeps a second program out: take it away";
     folders.makeFolder(kLock);
-    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).find(words));
+    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).sentence().find(words));
     EXPECT_TRUE(folders.has(kLock));
     folders.remove(kLock);
     sockaddr_un address = {};
@@ -240,7 +240,7 @@ TEST(HomeLock, aFolderOrASocketInItsPlaceIsCalledWhatItIs) {
     std::memcpy(address.sun_path, path.c_str(), path.size());
     const int server = socket(AF_UNIX, SOCK_STREAM, 0);
     ASSERT_EQ(0, bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address));
-    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).find(words));
+    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).sentence().find(words));
     EXPECT_TRUE(folders.has(kLock));
     close(server);
 }
@@ -249,7 +249,8 @@ TEST(HomeLock, aHomeThatIsHeldIsRefusedUntilItIsLetGo) {
     const TestFolders folders;
     auto first = std::make_unique<HomeLock>();
     EXPECT_EQ("", first->take(folders.path("")));
-    EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).find("already running"));
+    EXPECT_NE(std::string::npos,
+              HomeLock().take(folders.path("")).sentence().find("already running"));
     first = nullptr;
     EXPECT_EQ("", HomeLock().take(folders.path("")));
 }

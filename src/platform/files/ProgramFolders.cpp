@@ -44,7 +44,7 @@ std::string musicFolder() {
     if (!fs::exists(names, missing)) {
         return environment("HOME").empty() ? "" : folderOrNone(environment("HOME") + "/Music");
     }
-    if (!SafeFile::whyNotOrdinary(names).empty()) {
+    if (SafeFile::whyNotOrdinary(names)) {
         return "";  // a pipe would wait for its other end
     }
     std::ifstream file(names);
@@ -112,7 +112,7 @@ fs::path dataFolder() {
 
 }  // namespace
 
-std::string
+Problem
 ProgramFolders::find(const std::string& home, const std::string& config, HostFolders& folders) {
     const fs::path data = dataFolder();
     if (data.empty()) {
@@ -138,14 +138,14 @@ ProgramFolders::find(const std::string& home, const std::string& config, HostFol
     folders.soundFolder = linkedSoundFolder(folders.home);
     folders.config =
         !config.empty() ? config : xdgFolder("XDG_CONFIG_HOME", ".config") + "/murmelo";
-    return "";
+    return Problem::none();
 }
 
-std::string ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
+Problem ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
     const std::string folder = folders.sounds();
     std::error_code error;
     if (!fs::is_directory(folder, error)) {
-        return "";
+        return Problem::none();
     }
     if (::access(folder.c_str(), W_OK | X_OK) != 0) {
         return "the sound folder \"" + folder + "\" cannot be written: " + SafeFile::lastError();
@@ -154,7 +154,7 @@ std::string ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
     if (::access(folder.c_str(), R_OK) != 0) {
         return "the sound folder \"" + folder + "\" cannot be read: " + SafeFile::lastError();
     }
-    return "";
+    return Problem::none();
 }
 
 int64_t ProgramFolders::freeBytes(const HostFolders& folders) {
@@ -180,7 +180,7 @@ HomeLock::~HomeLock() {
     }
 }
 
-std::string HomeLock::take(const std::string& home) {
+Problem HomeLock::take(const std::string& home) {
     path = home + "/" + kLockName;
     // Once more when another program took its lock away between the opening and the locking.
     while (!isHeld) {
@@ -203,7 +203,7 @@ std::string HomeLock::take(const std::string& home) {
         }
         isHeld = isStillAt(path);
     }
-    return "";
+    return Problem::none();
 }
 
 bool HomeLock::isOrdinary() const {
@@ -227,10 +227,12 @@ bool HomeLock::isStillAt(const std::string& place) const {
            mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
 }
 
-std::string FolderLocks::take(const HostFolders& folders) {
-    std::string wrong = home.take(folders.home);
+Problem FolderLocks::take(const HostFolders& folders) {
+    if (Problem problem = home.take(folders.home)) {
+        return problem;
+    }
     std::error_code error;
-    if (wrong.empty() && !folders.soundFolder.empty()) {
+    if (!folders.soundFolder.empty()) {
         // One that is still to be made is made now: another home may lead to it as well. Where that
         // fails, the program says so when it needs the folder.
         fs::create_directory(folders.soundFolder, error);
@@ -239,6 +241,6 @@ std::string FolderLocks::take(const HostFolders& folders) {
     const bool elsewhere = fs::is_directory(folders.soundFolder, error) &&
                            !fs::equivalent(folders.soundFolder, folders.home, error);
     // One that cannot be written needs no lock; the program says so in its own way.
-    const bool usable = elsewhere && ProgramFolders::whySoundsCannotBeKept(folders).empty();
-    return wrong.empty() && usable ? sounds.take(folders.soundFolder) : wrong;
+    const bool usable = elsewhere && !ProgramFolders::whySoundsCannotBeKept(folders);
+    return usable ? sounds.take(folders.soundFolder) : Problem::none();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Host.h"
+#include "Problem.h"
 
 #include <cstdint>
 #include <string>
@@ -16,13 +17,11 @@ public:
     /// @param home    as given by the user; empty: MURMELO_HOME, the music folder (~/Music where
     /// user-dirs.dirs is missing), or the XDG data folder
     /// @param config  as given by the user; empty: the XDG configuration folder
-    /// @returns empty, or one sentence that says what is wrong
-    static std::string
-    find(const std::string& home, const std::string& config, HostFolders& folders);
+    static Problem find(const std::string& home, const std::string& config, HostFolders& folders);
 
-    /// Why the sound folder cannot be written or read, as one sentence that names it; empty if it
+    /// Why the sound folder cannot be written or read, as one sentence that names it; none if it
     /// can, or is still to be made.
-    static std::string whySoundsCannotBeKept(const HostFolders& folders);
+    static Problem whySoundsCannotBeKept(const HostFolders& folders);
 
     /// Bytes that this user can still write where the sounds lie, or will lie once their folder is
     /// made; -1 if unknown.
@@ -38,9 +37,9 @@ public:
     HomeLock& operator=(const HomeLock&) = delete;
     ~HomeLock();
 
-    /// @returns empty, or one sentence: the home cannot be written, another program holds it, or
-    /// something else has the name of the lock
-    std::string take(const std::string& home);
+    /// @returns what is wrong: the home cannot be written, another program holds it, or something
+    /// else has the name of the lock
+    Problem take(const std::string& home);
 
 private:
     /// False if something that is no ordinary file has the name of the lock. Leaves errno alone.
@@ -59,8 +58,8 @@ private:
 class FolderLocks {
 public:
     /// Makes a sound folder that lies elsewhere if it is missing, so that it can be locked too.
-    /// @returns empty, or one sentence as HomeLock::take
-    std::string take(const HostFolders& folders);
+    /// @returns what is wrong, as HomeLock::take
+    Problem take(const HostFolders& folders);
 
 private:
     HomeLock home;

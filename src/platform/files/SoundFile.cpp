@@ -148,14 +148,13 @@ std::vector<int16_t> toInt16(const std::vector<float>& samples) {
 
 }  // namespace
 
-std::string SoundFile::read(const std::string& path,
-                            int32_t rateHz,
-                            int64_t maxSamples,
-                            std::vector<int16_t>& samples,
-                            int64_t* framesRead) {
-    const std::string kind = SafeFile::whyNotOrdinary(path);
-    if (!kind.empty()) {
-        return "the sound \"" + path + "\" cannot be read: it " + kind;
+Problem SoundFile::read(const std::string& path,
+                        int32_t rateHz,
+                        int64_t maxSamples,
+                        std::vector<int16_t>& samples,
+                        int64_t* framesRead) {
+    if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
+        return "the sound \"" + path + "\" cannot be read: it " + kind.sentence();
     }
     const QuietLibrary quiet;
     SF_INFO info{};
@@ -184,10 +183,10 @@ std::string SoundFile::read(const std::string& path,
         *framesRead = reader.framesRead();
     }
     samples = toInt16(sound);
-    return "";
+    return Problem::none();
 }
 
-std::string
+Problem
 SoundFile::write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples) {
     SF_INFO info{};
     info.samplerate = rateHz;
@@ -199,9 +198,10 @@ SoundFile::write(const std::string& path, int32_t rateHz, const std::vector<int1
     }
     const auto count = static_cast<sf_count_t>(samples.size());
     const bool written = sf_write_short(file.get(), samples.data(), count) == count;
-    return sf_close(file.release()) == 0 && written
-               ? ""
-               : "the sound \"" + path + "\" could not be written whole";
+    if (sf_close(file.release()) != 0 || !written) {
+        return "the sound \"" + path + "\" could not be written whole";
+    }
+    return Problem::none();
 }
 
 std::vector<int16_t>

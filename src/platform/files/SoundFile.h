@@ -2,6 +2,8 @@
 // and what the speaker has played.
 #pragma once
 
+#include "Problem.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,15 +17,14 @@ public:
     /// @param maxSamples  what lies after this number of samples of the wanted rate is not read
     /// @param samples     untouched on an error
     /// @param framesRead  if given: frames of the file that were taken from the library
-    /// @returns empty, or what is wrong
-    static std::string read(const std::string& path,
-                            int32_t rateHz,
-                            int64_t maxSamples,
-                            std::vector<int16_t>& samples,
-                            int64_t* framesRead = nullptr);
+    static Problem read(const std::string& path,
+                        int32_t rateHz,
+                        int64_t maxSamples,
+                        std::vector<int16_t>& samples,
+                        int64_t* framesRead = nullptr);
 
-    /// Writes a 16-bit mono WAV file. @returns empty, or what is wrong
-    static std::string
+    /// Writes a 16-bit mono WAV file.
+    static Problem
     write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples);
 
     /// The same sound at another rate; its length is rounded to whole samples.

@@ -14,20 +14,20 @@ constexpr int64_t kMsPerSecond = 1000;
 FileSpeaker::FileSpeaker(Clock nowMs)
     : nowMs(std::move(nowMs)) {}
 
-std::string FileSpeaker::openFile(const std::string& newPath) {
-    std::string wrong = finishFile();
+Problem FileSpeaker::openFile(const std::string& newPath) {
+    Problem problem = finishFile();
     path = newPath;
     collected.clear();
-    if (wrong.empty()) {
-        wrong = SoundFile::write(path, kRateHz, collected);  // so that a bad place shows at once
+    if (problem) {
+        return problem;
     }
-    return wrong;
+    return SoundFile::write(path, kRateHz, collected);  // so that a bad place shows at once
 }
 
-std::string FileSpeaker::finishFile() {
+Problem FileSpeaker::finishFile() {
     hearUntilNow();
     keepHeard();
-    return path.empty() ? "" : SoundFile::write(path, kRateHz, collected);
+    return path.empty() ? Problem::none() : SoundFile::write(path, kRateHz, collected);
 }
 
 int64_t FileSpeaker::dueMs() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "HostSound.h"
+#include "Problem.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,11 +21,11 @@ public:
     explicit FileSpeaker(Clock nowMs);
 
     /// Finishes the file before, if any, and begins the next.
-    /// @returns empty, or what is wrong with either
-    std::string openFile(const std::string& path);
+    /// @returns what is wrong with either
+    Problem openFile(const std::string& path);
 
-    /// Writes what was heard until now. @returns empty, or what is wrong
-    std::string finishFile();
+    /// Writes what was heard until now.
+    Problem finishFile();
 
     /// When the clip ends, kNever if none plays.
     int64_t dueMs() const;

@@ -2,6 +2,7 @@
 #include "EndSignal.h"
 #include "HeadlessHost.h"
 #include "OspMain.h"
+#include "Problem.h"
 #include "ProgramFolders.h"
 #include "Script.h"
 
@@ -23,8 +24,8 @@ int complain(const std::string& message, int status) {
     return status;
 }
 
-/// A file, a pipe or standard input ("-"), to its end. @returns empty, or why it cannot be read
-std::string readAll(const std::string& path, std::string& text) {
+/// A file, a pipe or standard input ("-"), to its end.
+Problem readAll(const std::string& path, std::string& text) {
     const int file = path == "-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     std::array<char, kReadBytes> bytes{};
     ssize_t count = file < 0 ? -1 : 1;
@@ -36,7 +37,7 @@ std::string readAll(const std::string& path, std::string& text) {
     if (file >= 0) {
         ::close(file);
     }
-    return error ? error.message() : "";
+    return error ? Problem(error.message()) : Problem::none();
 }
 
 }  // namespace
@@ -63,32 +64,28 @@ int main(int argc, char** argv) {
     }
 
     std::string text;
-    const std::string unreadable = readAll(scriptPath, text);
-    if (!unreadable.empty()) {
-        return complain("the script \"" + scriptPath + "\" cannot be read: " + unreadable,
+    if (const Problem problem = readAll(scriptPath, text)) {
+        return complain("the script \"" + scriptPath + "\" cannot be read: " + problem.sentence(),
                         HeadlessHost::kUsage);
     }
     std::vector<ScriptCommand> script;
-    const std::string mistake = Script::parse(text, script);
-    if (!mistake.empty()) {
-        return complain(scriptPath + ": " + mistake, HeadlessHost::kUsage);
+    if (const Problem mistake = Script::parse(text, script)) {
+        return complain(scriptPath + ": " + mistake.sentence(), HeadlessHost::kUsage);
     }
 
     HostFolders folders;
     FolderLocks locks;
-    std::string wrong = ProgramFolders::find(home, config, folders);
-    if (wrong.empty()) {
-        wrong = locks.take(folders);
+    if (const Problem problem = ProgramFolders::find(home, config, folders)) {
+        return complain(problem, HeadlessHost::kFailed);
     }
-    if (!wrong.empty()) {
-        return complain(wrong, HeadlessHost::kFailed);
+    if (const Problem problem = locks.take(folders)) {
+        return complain(problem, HeadlessHost::kFailed);
     }
 
     HeadlessHost host(folders, script, clockStartMs, silent);
     Host::install(&host);
-    const std::string trouble = ProgramFolders::whySoundsCannotBeKept(folders);
-    if (!trouble.empty()) {
-        host.say(trouble);
+    if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(folders)) {
+        host.say(problem);
     }
     const EndSignal endSignal;
     const int result = OspMain(argc, argv);

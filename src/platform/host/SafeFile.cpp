@@ -161,10 +161,10 @@ bool SafeFile::moveAside(const std::string& path, std::string* newName) {
     return false;
 }
 
-std::string SafeFile::whyNotOrdinary(const std::string& path) {
+Problem SafeFile::whyNotOrdinary(const std::string& path) {
     struct stat facts = {};
     if (::stat(path.c_str(), &facts) != 0 || S_ISREG(facts.st_mode)) {
-        return "";
+        return Problem::none();
     }
     if (S_ISDIR(facts.st_mode)) {
         return "is a folder";

@@ -15,6 +15,8 @@
 // in errno.
 #pragma once
 
+#include "Problem.h"
+
 #include <cstddef>
 #include <string>
 
@@ -71,9 +73,9 @@ public:
     static bool moveAside(const std::string& path, std::string* newName = nullptr);
 
     /// What a path leads to if it is no ordinary file, for a sentence: "is a folder", "is a pipe".
-    /// Empty for ordinary files, and where nothing can be found out. Opens nothing: a pipe would
+    /// None for ordinary files, and where nothing can be found out. Opens nothing: a pipe would
     /// wait for its other end.
-    static std::string whyNotOrdinary(const std::string& path);
+    static Problem whyNotOrdinary(const std::string& path);
 
     /// What errno says, in words.
     static std::string lastError();

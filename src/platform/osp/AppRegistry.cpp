@@ -1,6 +1,7 @@
 // The settings file: "key=value" lines, replaced atomically, read tolerantly.
 #include "Host.h"
 #include "OspApp.h"
+#include "Problem.h"
 #include "ReplacedFile.h"
 #include "SafeFile.h"
 
@@ -23,12 +24,12 @@ constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; m
 
 /// Renames damaged settings, so that they can be looked at; a symbolic link to them stays. The
 /// first ones become NAME.damaged, later ones NAME.aside-N: each may be the user's only copy.
-/// @returns empty, or why that failed
-std::string setAside(const std::string& path) {
+/// @returns why that failed, if it did
+Problem setAside(const std::string& path) {
     const std::string target = SafeFile::realTarget(path);
     const bool moved = SafeFile::renameToFree(target, target + kDamaged) ||
                        (errno == EEXIST && SafeFile::moveAside(target));
-    return moved ? "" : SafeFile::lastError();
+    return moved ? Problem::none() : Problem(SafeFile::lastError());
 }
 
 bool isKey(const std::string& text) {
@@ -69,12 +70,12 @@ bool parse(const std::string& text, std::map<std::string, std::string>& values) 
     return true;
 }
 
-/// Opens an ordinary file; null for everything else, and then wrong says why. Without a file there
-/// is nothing wrong.
-std::FILE* openToRead(const std::string& path, std::string& wrong) {
-    wrong = SafeFile::whyNotOrdinary(path);  // a pipe would wait for its other end
-    if (!wrong.empty()) {
-        wrong = "it " + wrong;
+/// Opens an ordinary file; null for everything else, and then problem says why. A missing file is
+/// no problem.
+std::FILE* openToRead(const std::string& path, Problem& problem) {
+    // A pipe would wait for its other end.
+    if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
+        problem = "it " + kind.sentence();
         return nullptr;
     }
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -83,7 +84,7 @@ std::FILE* openToRead(const std::string& path, std::string& wrong) {
         return file;
     }
     if (errno != ENOENT && errno != ENOTDIR) {
-        wrong = SafeFile::lastError();
+        problem = SafeFile::lastError();
     }
     if (fd >= 0) {
         ::close(fd);
@@ -91,16 +92,16 @@ std::FILE* openToRead(const std::string& path, std::string& wrong) {
     return nullptr;
 }
 
-/// The text of a small file, as far as it can be one of ours; wrong says why it cannot be read.
-std::string readFile(const std::string& path, std::string& wrong) {
-    std::FILE* file = openToRead(path, wrong);
+/// The text of a small file, as far as it can be one of ours; problem says why it cannot be read.
+std::string readFile(const std::string& path, Problem& problem) {
+    std::FILE* file = openToRead(path, problem);
     if (file == nullptr) {
         return "";
     }
     std::string text(kLargestFileBytes + 1, '\0');
     text.resize(std::fread(text.data(), 1, text.size(), file));
     if (std::ferror(file) != 0) {
-        wrong = SafeFile::lastError();
+        problem = SafeFile::lastError();
     }
     std::fclose(file);
     return text;
@@ -116,17 +117,17 @@ void AppRegistry::Open(const std::string& configFolder) {
         return;
     }
     const std::string path = folder + "/" + kFileName;
-    std::string wrong;
-    const std::string text = readFile(path, wrong);
-    if (wrong.empty() && (text.size() > kLargestFileBytes || !parse(text, values))) {
+    Problem problem;
+    const std::string text = readFile(path, problem);
+    if (!problem && (text.size() > kLargestFileBytes || !parse(text, values))) {
         values.clear();
-        wrong = setAside(path);
+        problem = setAside(path);
     }
-    if (!wrong.empty()) {
+    if (problem) {
         // Not damaged, only out of reach: the next run may find them again.
         keeps = false;
         Host::current().say("the settings \"" + path +
-                            "\" cannot be read and stay as they are: " + wrong);
+                            "\" cannot be read and stay as they are: " + problem.sentence());
     }
 }
 

@@ -64,10 +64,10 @@ bool SdlDoors::save() {
 
 bool SdlDoors::dropped(const std::string& path) {
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(path, HostMicrophone::kRateHz,
-                                              HostMicrophone::kLongestTakeSamples, samples);
-    if (!wrong.empty()) {
-        Host::current().say(wrong);
+    const Problem problem = SoundFile::read(path, HostMicrophone::kRateHz,
+                                            HostMicrophone::kLongestTakeSamples, samples);
+    if (problem) {
+        Host::current().say(problem);
         return false;
     }
     if (doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {

@@ -60,7 +60,7 @@ SdlWindow::~SdlWindow() {
     }
 }
 
-std::string SdlWindow::open(const std::string& settingsFolder) {
+Problem SdlWindow::open(const std::string& settingsFolder) {
     memory = std::make_unique<WindowMemory>(settingsFolder);
     initialSize(openedWidth, openedHeight);
     useRemembered(memory->read(), openedWidth, openedHeight);
@@ -71,7 +71,7 @@ std::string SdlWindow::open(const std::string& settingsFolder) {
         return std::string("no window can be opened: ") + SDL_GetError();
     }
     SDL_SetWindowMinimumSize(window, kLeastWidthPx, kLeastHeightPx);
-    return "";
+    return Problem::none();
 }
 
 void SdlWindow::rememberSize() const {

@@ -3,6 +3,7 @@
 
 #include "Host.h"
 #include "PictureScaler.h"
+#include "Problem.h"
 #include "WindowMemory.h"
 
 #include <cstdint>
@@ -23,8 +24,7 @@ public:
     /// Opens the window: as large as the user left it in an earlier run, else as the phone, and
     /// never larger than the screen has room for.
     /// @param settingsFolder  where its size is kept; empty: nowhere
-    /// @returns empty, or what is wrong
-    std::string open(const std::string& settingsFolder);
+    Problem open(const std::string& settingsFolder);
 
     /// Keeps the size if the user has changed it.
     void rememberSize() const;

@@ -73,7 +73,7 @@ void doWithoutDesktopServices() {
 
 }  // namespace
 
-std::string VideoDriver::begin() {
+Problem VideoDriver::begin() {
     setHints();
     chooseWindowSystem();
     doWithoutDesktopServices();
@@ -84,5 +84,5 @@ std::string VideoDriver::begin() {
     if (driver != nullptr && SDL_strcmp(driver, "wayland") == 0) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // it has no other way
     }
-    return "";
+    return Problem::none();
 }

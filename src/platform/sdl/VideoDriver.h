@@ -1,11 +1,10 @@
 // Which window system SDL uses, and what it does without.
 #pragma once
 
-#include <string>
+#include "Problem.h"
 
 class VideoDriver {
 public:
     /// Starts SDL's video on X11 or Wayland, or on the drivers that SDL_VIDEODRIVER names.
-    /// @returns empty, or what is wrong
-    static std::string begin();
+    static Problem begin();
 };

@@ -1,5 +1,6 @@
 // murmelo: the application in a window.
 #include "OspMain.h"
+#include "Problem.h"
 #include "ProgramFolders.h"
 #include "SdlHost.h"
 #include "SoundFile.h"
@@ -36,17 +37,17 @@ int listDevices() {
     return EXIT_SUCCESS;
 }
 
-/// Empty, or that there is no device of that name. An empty name is the system's choice.
-std::string checkDevice(SdlAudio::Kind kind, const char* what, const std::string& name) {
+/// A name without a device is a problem. An empty name is the system's choice.
+Problem checkDevice(SdlAudio::Kind kind, const char* what, const std::string& name) {
     if (name.empty()) {
-        return "";
+        return Problem::none();
     }
     SdlAudio audio;
     const std::vector<std::string> names = audio.names(kind);
-    return std::find(names.begin(), names.end(), name) != names.end()
-               ? ""
-               : std::string("there is no ") + what + " \"" + name +
-                     "\"; --list-devices tells the names";
+    if (std::find(names.begin(), names.end(), name) != names.end()) {
+        return Problem::none();
+    }
+    return std::string("there is no ") + what + " \"" + name + "\"; --list-devices tells the names";
 }
 
 bool isSoundFile(const std::string& microphone) {
@@ -55,17 +56,43 @@ bool isSoundFile(const std::string& microphone) {
            std::filesystem::is_regular_file(microphone, error);
 }
 
+/// Reads the sound files that the command line names, and looks for its devices.
+/// @param take  a sound file; empty: none
+Problem prepareSound(const std::string& take, SdlOptions& options) {
+    if (!options.microphone.empty() && isSoundFile(options.microphone)) {
+        options.hearsFile = true;
+        Problem problem = SoundFile::read(options.microphone, HostMicrophone::kRateHz,
+                                          FileMicrophone::kLongestVoiceSamples, options.voice);
+        if (problem) {
+            return problem;
+        }
+    }
+    if (!take.empty()) {
+        Problem problem = SoundFile::read(take, HostMicrophone::kRateHz,
+                                          HostMicrophone::kLongestTakeSamples, options.take);
+        if (problem) {
+            return problem;
+        }
+    }
+    if (!options.hearsFile) {
+        Problem problem =
+            checkDevice(SdlAudio::Kind::kMicrophone, "microphone", options.microphone);
+        if (problem) {
+            return problem;
+        }
+    }
+    return checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
+}
+
 int run(int argc, char** argv, SdlOptions options) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
-    const std::string wrong = host.open();
-    if (!wrong.empty()) {
-        return complain(wrong);
+    if (const Problem problem = host.open()) {
+        return complain(problem);
     }
     Host::install(&host);
-    const std::string trouble = ProgramFolders::whySoundsCannotBeKept(host.folders());
-    if (!trouble.empty()) {
-        host.say(trouble);
+    if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(host.folders())) {
+        host.say(problem);
     }
     result = OspMain(argc, argv);
     Host::install(nullptr);
@@ -105,28 +132,15 @@ int main(int argc, char** argv) {
         return listDevices();
     }
 
-    std::string wrong;
-    if (!options.microphone.empty() && isSoundFile(options.microphone)) {
-        options.hearsFile = true;
-        wrong = SoundFile::read(options.microphone, HostMicrophone::kRateHz,
-                                FileMicrophone::kLongestVoiceSamples, options.voice);
+    if (const Problem problem = prepareSound(take, options)) {
+        return complain(problem);
     }
-    if (wrong.empty() && !take.empty()) {
-        wrong = SoundFile::read(take, HostMicrophone::kRateHz, HostMicrophone::kLongestTakeSamples,
-                                options.take);
-    }
-    if (wrong.empty() && !options.hearsFile) {
-        wrong = checkDevice(SdlAudio::Kind::kMicrophone, "microphone", options.microphone);
-    }
-    if (wrong.empty()) {
-        wrong = checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
+    if (const Problem problem = ProgramFolders::find(home, config, options.folders)) {
+        return complain(problem);
     }
     FolderLocks locks;
-    if (wrong.empty()) {
-        wrong = ProgramFolders::find(home, config, options.folders);
+    if (const Problem problem = locks.take(options.folders)) {
+        return complain(problem);
     }
-    if (wrong.empty()) {
-        wrong = locks.take(options.folders);
-    }
-    return wrong.empty() ? run(argc, argv, std::move(options)) : complain(wrong);
+    return run(argc, argv, std::move(options));
 }

@@ -57,13 +57,13 @@ TEST_F(FileSpeakerTest, manyVolumeStepsDoNotMoveTheEnd) {
 }
 
 TEST_F(FileSpeakerTest, oneFileCollectsEverythingUntilTheNext) {
-    speaker.openFile(folders.path("a.wav"));
+    EXPECT_EQ("", speaker.openFile(folders.path("a.wav")));
     for (int32_t i = 0; i < 2; i++) {
         speaker.play(clipOf({1, 2, 3}, 8000), end);
         nowMs += 1;
         speaker.deliver();
     }
-    speaker.openFile(folders.path("b.wav"));
+    EXPECT_EQ("", speaker.openFile(folders.path("b.wav")));
     speaker.play(clipOf({4}, 8000), end);
     nowMs += 1;
     speaker.deliver();
@@ -73,23 +73,23 @@ TEST_F(FileSpeakerTest, oneFileCollectsEverythingUntilTheNext) {
 }
 
 TEST_F(FileSpeakerTest, aClipThatRunsAcrossTwoFilesIsInBoth) {
-    speaker.openFile(folders.path("a.wav"));
+    EXPECT_EQ("", speaker.openFile(folders.path("a.wav")));
     speaker.play(clipOf(samples, 8000), end);
     nowMs = 50;
-    speaker.openFile(folders.path("b.wav"));
+    EXPECT_EQ("", speaker.openFile(folders.path("b.wav")));
     nowMs = 200;
     speaker.deliver();
-    speaker.finishFile();
+    EXPECT_EQ("", speaker.finishFile());
     EXPECT_EQ(TestSounds::part(samples, 0, 400), file("a.wav"));
     EXPECT_EQ(TestSounds::part(samples, 400, 401), file("b.wav"));
 }
 
 TEST_F(FileSpeakerTest, otherRatesAreConvertedToTheFiles) {
-    speaker.openFile(folders.path("a.wav"));
+    EXPECT_EQ("", speaker.openFile(folders.path("a.wav")));
     speaker.play(clipOf(Samples(16000, 1000), 16000), end);
     nowMs = 1000;
     speaker.deliver();
-    speaker.finishFile();
+    EXPECT_EQ("", speaker.finishFile());
     const Samples heard = file("a.wav");
     ASSERT_EQ(8000U, heard.size());
     EXPECT_NEAR(1000, heard[4000], 2);
@@ -98,7 +98,7 @@ TEST_F(FileSpeakerTest, otherRatesAreConvertedToTheFiles) {
 TEST_F(FileSpeakerTest, nothingIsHeardWithoutAFile) {
     speaker.play(clipOf(samples, 8000), end);
     nowMs = 60;
-    speaker.openFile(folders.path("a.wav"));
+    EXPECT_EQ("", speaker.openFile(folders.path("a.wav")));
     speaker.stop();
     EXPECT_EQ("", speaker.finishFile());
     EXPECT_TRUE(file("a.wav").empty());

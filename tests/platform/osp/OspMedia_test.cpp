@@ -131,7 +131,7 @@ protected:
         folders.makeFolder("home");
         host.mappedFolders.home = folders.path("home");
         folders.write("home/clip.wav", TestSounds::wav(clip, 8000));
-        host.voice.openFile(folders.path("speaker.wav"));
+        EXPECT_EQ("", host.voice.openFile(folders.path("speaker.wav")));
     }
 
     result open(const std::string& content) {
@@ -148,7 +148,7 @@ protected:
     }
 
     Samples played() {
-        host.voice.finishFile();
+        EXPECT_EQ("", host.voice.finishFile());
         return TestSounds::samplesOf(folders.read("speaker.wav"));
     }
 

@@ -64,13 +64,13 @@ protected:
     void SetUp() override {
         AudioDevTest::SetUp();
         folders.write("home/clip.wav", TestSounds::wav(clip, 8000));
-        host.voice.openFile(folders.path("speaker.wav"));
+        EXPECT_EQ("", host.voice.openFile(folders.path("speaker.wav")));
     }
 
     bool play() { return AudioDev::startPlay(&clipPath, &endEvent); }
 
     Samples played() {
-        host.voice.finishFile();
+        EXPECT_EQ("", host.voice.finishFile());
         return TestSounds::samplesOf(folders.read("speaker.wav"));
     }
 

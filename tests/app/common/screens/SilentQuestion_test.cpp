@@ -182,11 +182,11 @@ TEST_F(SilentQuestionTest, withNoTheResultIsPlayedAtVolumeZero) {
     folders.write(kResult, TestSounds::wav(TestSounds::noise(800), 8000));
     raise();
     press(200, 304);
-    host.voice.openFile(folders.path("speaker.wav"));
+    EXPECT_EQ("", host.voice.openFile(folders.path("speaker.wav")));
     enter(G::statePlaying);
     AudioDev::changeVolume(1);
     pass(200);
-    host.voice.finishFile();
+    EXPECT_EQ("", host.voice.finishFile());
     EXPECT_EQ(60, AudioDev::volumeLevel);
     EXPECT_EQ(TestSounds::Samples(800, 0), TestSounds::samplesOf(folders.read("speaker.wav")));
 }
@@ -195,10 +195,10 @@ TEST_F(SilentQuestionTest, withYesTheResultIsHeard) {
     folders.write(kResult, TestSounds::wav({1000, -1000, 500}, 8000));
     raise();
     press(40, 304);
-    host.voice.openFile(folders.path("speaker.wav"));
+    EXPECT_EQ("", host.voice.openFile(folders.path("speaker.wav")));
     enter(G::statePlaying);
     pass(50);
-    host.voice.finishFile();
+    EXPECT_EQ("", host.voice.finishFile());
     // Half as loud: the volume is 50 of 100.
     EXPECT_EQ((TestSounds::Samples{500, -500, 250}),
               TestSounds::samplesOf(folders.read("speaker.wav")));
