@@ -3,8 +3,8 @@ murmelo_tests(device_tests
     SOURCES
         app/common/frame/AudioDev_test.cpp
         platform/FileMicrophone_test.cpp
+        platform/FileSpeaker_test.cpp
         platform/SoundFile_test.cpp
-        platform/headless/FileSpeaker_test.cpp
         platform/headless/HeadlessSound_test.cpp
         platform/osp/OspBuffer_test.cpp
         platform/osp/OspMedia_test.cpp
