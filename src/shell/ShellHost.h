@@ -1,13 +1,13 @@
 // The back end of a program that needs nothing of a phone but its clock.
 #pragma once
 
-#include "Host.h"
+#include "QuietHost.h"
 
 #include <chrono>
 #include <optional>
 
 /// Installs itself for its lifetime.
-class ShellHost : public Host {
+class ShellHost : public QuietHost {
 public:
     /// @param seed  where the clock stands, for ever: whoever takes random numbers from the clock
     /// takes the same ones in every run. Without a seed it is the real clock.
@@ -25,17 +25,6 @@ public:
         return seed ? *seed : std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
     }
 
-    void yielded() override {}
-
-    const HostFolders& folders() override { return noFolders; }
-
-    int64_t freePhoneBytes() override { return -1; }
-
-    bool pump(HostListener& /*listener*/, int64_t /*timeoutMs*/) override { return false; }
-
-    void frameShown(HostFrame* /*frame*/) override {}
-
 private:
     std::optional<int32_t> seed;
-    HostFolders noFolders;
 };

@@ -2,7 +2,7 @@
 // it asks for.
 #pragma once
 
-#include "Host.h"
+#include "QuietHost.h"
 
 #include <functional>
 #include <map>
@@ -11,7 +11,7 @@
 #include <vector>
 
 /// Installs itself for its lifetime.
-class TestHost : public Host {
+class TestHost : public QuietHost {
 public:
     TestHost() { install(this); }
 
@@ -31,10 +31,6 @@ public:
     int64_t freePhoneBytes() override { return phoneBytes; }
 
     int64_t freeCardBytes() override { return cardBytes; }
-
-    bool pump(HostListener& /*listener*/, int64_t /*timeoutMs*/) override { return false; }
-
-    void frameShown(HostFrame* /*frame*/) override {}
 
     void say(const std::string& sentence) override { said.push_back(sentence); }
 
