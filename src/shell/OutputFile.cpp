@@ -4,7 +4,6 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -106,8 +105,8 @@ bool OutputFile::commit() {
     if (fd < 0) {
         return false;
     }
-    // Some disks tell that they are full only now. Pipes and devices have nothing to sync.
-    if (fsync(fd) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS) {
+    // Some disks tell that they are full only now.
+    if (!SafeFile::sync(fd)) {
         return complain("cannot be written", errno);
     }
     const int closed = close(fd);
@@ -119,7 +118,7 @@ bool OutputFile::commit() {
         return true;
     }
     const SignalPause pause;
-    if (std::rename(unfinished, path.c_str()) != 0) {
+    if (!SafeFile::over(unfinished, path)) {
         return complain("cannot be replaced", errno);
     }
     beside = false;

@@ -75,6 +75,10 @@ bool SafeFile::writeAll(int fd, const void* bytes, size_t count) {
     return true;
 }
 
+bool SafeFile::sync(int fd) {
+    return ::fsync(fd) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+}
+
 bool SafeFile::finish(int fd) {
     const bool synced = ::fsync(fd) == 0;
     const int reason = errno;
@@ -131,8 +135,7 @@ bool SafeFile::syncFolderOf(const std::string& path) {
     if (folder < 0) {
         return errno == EACCES;
     }
-    const bool synced =
-        ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+    const bool synced = sync(folder);
     const int reason = errno;
     ::close(folder);
     errno = reason;

@@ -35,6 +35,10 @@ public:
     /// Writes every byte to a file, a pipe or a device, however many calls it takes.
     static bool writeAll(int fd, const void* bytes, size_t count);
 
+    /// Puts every byte onto the disk. Pipes, devices and file systems that cannot do that count as
+    /// synced.
+    static bool sync(int fd);
+
     /// Puts every byte onto the disk and closes the descriptor, also on failure.
     static bool finish(int fd);
 
