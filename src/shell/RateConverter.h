@@ -1,18 +1,15 @@
 // Turns one channel of any rate into samples of 8 kHz, piece by piece.
 #pragma once
 
+#include "Resampler.h"
+
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-struct SRC_STATE_tag;
-
 class RateConverter {
 public:
     explicit RateConverter(int32_t rateHz);
-    RateConverter(const RateConverter&) = delete;
-    RateConverter& operator=(const RateConverter&) = delete;
-    ~RateConverter();
 
     /// False for rates that lie too far from 8 kHz.
     bool isPossible() const { return possible; }
@@ -27,7 +24,7 @@ private:
 
     int32_t rateHz;
     bool possible = true;
-    SRC_STATE_tag* state = nullptr;  // owned; null for 8 and 16 kHz
-    bool hasFirst = false;           // at 16 kHz: one sample waits for its partner
+    std::unique_ptr<Resampler> resampler;  // null for 8 and 16 kHz
+    bool hasFirst = false;                 // at 16 kHz: one sample waits for its partner
     int32_t first = 0;
 };

@@ -2,10 +2,10 @@
 
 #include "FloatSample.h"
 #include "QuietLibrary.h"
+#include "Resampler.h"
 #include "SafeFile.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <memory>
 #include <samplerate.h>
@@ -20,7 +20,6 @@ constexpr sf_count_t kBlockFrames = 4096;  // read at once
 constexpr float kFullScale = 32768.0F;
 
 using OpenFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
-using Converter = std::unique_ptr<SRC_STATE, SRC_STATE* (*)(SRC_STATE*)>;
 
 /// The mean of the channels of an open file, full scale 1, block by block.
 class MonoReader {
@@ -75,51 +74,21 @@ std::vector<float> readAll(MonoReader& reader, int64_t maxSamples) {
     return samples;
 }
 
-/// Puts frames into the converter and appends what it makes of them, until out holds maxSamples.
-/// False if the converter failed.
-bool feed(SRC_STATE* converter,
-          SRC_DATA& data,
-          const std::vector<float>& frames,
-          int64_t maxSamples,
-          std::vector<float>& out) {
-    std::array<float, static_cast<size_t>(kBlockFrames)> made{};
-    data.data_in = frames.data();
-    data.input_frames = static_cast<decltype(data.input_frames)>(frames.size());
-    data.data_out = made.data();
-    do {
-        const auto room = maxSamples - static_cast<int64_t>(out.size());
-        data.output_frames =
-            static_cast<decltype(data.output_frames)>(std::min<int64_t>(room, kBlockFrames));
-        if (src_process(converter, &data) != 0) {
-            return false;
-        }
-        out.insert(out.end(), made.begin(), made.begin() + data.output_frames_gen);
-        data.data_in += data.input_frames_used;
-        data.input_frames -= data.input_frames_used;
-    } while (static_cast<int64_t>(out.size()) < maxSamples &&
-             (data.input_frames > 0 || data.output_frames_gen > 0));
-    return true;
-}
-
 /// Frames brought to another rate, at most maxSamples; nothing is read that is not needed for
-/// them. False if the converter failed.
+/// them. False if the resampler failed.
 bool convertAll(MonoReader& reader, double ratio, int64_t maxSamples, std::vector<float>& out) {
-    int error = 0;
-    const Converter converter(src_new(SRC_SINC_MEDIUM_QUALITY, 1, &error), &src_delete);
-    SRC_DATA data{};
-    data.src_ratio = ratio;
-    while (converter != nullptr && !reader.isAtEnd() &&
-           static_cast<int64_t>(out.size()) < maxSamples) {
+    Resampler resampler(Resampler::Quality::kMedium, ratio);
+    const auto maxCount = static_cast<size_t>(maxSamples);
+    while (!reader.isAtEnd() && out.size() < maxCount) {
         const std::vector<float>& block = reader.next(kBlockFrames);
-        data.end_of_input = reader.isAtEnd() ? 1 : 0;
-        if (!feed(converter.get(), data, block, maxSamples, out)) {
+        if (!resampler.convert(block.data(), block.size(), reader.isAtEnd(), maxCount, out)) {
             return false;
         }
     }
-    // Rounded to whole samples; what the converter did not fill is the silence after the end.
+    // Rounded to whole samples; what the resampler did not fill is the silence after the end.
     const int64_t whole = std::llround(static_cast<double>(reader.framesRead()) * ratio);
     out.resize(static_cast<size_t>(std::min(whole, maxSamples)));
-    return converter != nullptr;
+    return resampler.isReady();
 }
 
 std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int32_t toHz) {
