@@ -30,7 +30,7 @@ Sound EffectRun::apply(Sound sound) {
     if (cleaner != nullptr) {
         sound = run(*cleaner, "clean-up", sound);
     }
-    return sound != nullptr ? run(*processor, effectName, sound) : nullptr;
+    return sound != nullptr ? run(*processor, effectName, sound) : Sound();
 }
 
 Sound EffectRun::run(WavProc& work, const char* step, const Sound& sound) {
@@ -38,7 +38,7 @@ Sound EffectRun::run(WavProc& work, const char* step, const Sound& sound) {
     while (work.getLastProgress() < WavProc::kFinished) {
         const int32_t done = work.process();
         if (done < 0) {
-            return nullptr;
+            return Sound();
         }
         progress.show(step, done, WavProc::kFinished);
     }

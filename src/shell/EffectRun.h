@@ -20,7 +20,7 @@ public:
     EffectRun& operator=(const EffectRun&) = delete;
     ~EffectRun();
 
-    /// Null if a processor ended with an error.
+    /// No sound if a processor ended with an error.
     Sound apply(Sound sound);
 
     /// One line about an effect, for people.

@@ -25,7 +25,7 @@ constexpr int32_t kSampleBytes = 2;
 constexpr int32_t kLoadBytes = 20480;     // read at once by the loader
 constexpr size_t kBlockFloats = 1 << 15;  // read at once from the library
 
-using Bytes = CountedArray<signed char>;
+using Bytes = Array<signed char>;
 
 /// A file of the system as a stream for the loader.
 class OpenFileStream : public InputStream {
@@ -190,7 +190,7 @@ Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
     }
     std::vector<int32_t> samples;
     if (!convertAll(opened.get(), samples)) {
-        return nullptr;
+        return Sound();
     }
     Sound sound(newArray<int32_t>(static_cast<int32_t>(samples.size())));
     std::copy(samples.begin(), samples.end(), sound.get());
@@ -236,7 +236,7 @@ bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
 
 Sound SoundReader::refuse(const std::string& why) {
     wrong = why;
-    return nullptr;
+    return Sound();
 }
 
 Sound SoundReader::refuseLength() {

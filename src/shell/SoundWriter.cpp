@@ -1,9 +1,9 @@
 #include "SoundWriter.h"
 
+#include "Array.h"
 #include "OutputFile.h"
 #include "OutputStream.h"
 #include "QuietLibrary.h"
-#include "Sound.h"
 #include "WavFile.h"
 #include "WavProps.h"
 
@@ -215,8 +215,8 @@ bool SoundWriter::isPossible(Kind kind) {
 
 Problem SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) {
     if (kind == Kind::kWav) {
-        const CountedArray<signed char> header(newArray<signed char>(WavProps::kHeaderBytes));
-        const CountedArray<signed char> block(newArray<signed char>(kSaveBytes));
+        const Array<signed char> header(newArray<signed char>(WavProps::kHeaderBytes));
+        const Array<signed char> block(newArray<signed char>(kSaveBytes));
         OpenFileStream stream(file);
         const bool isSaved = WavFile::save8Khz(&stream, samples, header.get(), block.get());
         return isSaved ? Problem::none() : Problem(file.complaint());
