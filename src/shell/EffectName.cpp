@@ -14,10 +14,12 @@ constexpr size_t kMaxNameLetters = 32;    // a longer text means no effect
 constexpr size_t kLettersPerMistake = 3;  // one mistake in that number of letters is a slip
 
 /// As the application shows them, in the order of the catalogue.
-constexpr std::array<const char*, FxCatalogue::kCount> kShownNames = {
+constexpr std::array kShownNames = {
     "no effect", "robot",       "backwards", "high pitch",
     "low pitch", "fast talker", "drunk",     "intonation flip",
 };
+static_assert(kShownNames.size() == FxCatalogue::kCount, "one name for each effect");
+static_assert(FxCatalogue::kCount <= 10, "the number of an effect is one digit");
 
 bool startsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;

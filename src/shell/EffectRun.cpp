@@ -45,10 +45,6 @@ Sound EffectRun::run(WavProc& work, const char* step, const Sound& sound) {
     return Sound(work.getResult());
 }
 
-const char* EffectRun::description(int32_t effect) {
-    return FxCatalogue::at(effect).sentence;
-}
-
 int32_t EffectRun::applicationsLongest() {
     return WavProps::kLongestSoundSeconds * WavFile::kRateHz;
 }

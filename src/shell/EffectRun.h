@@ -23,9 +23,6 @@ public:
     /// No sound if a processor ended with an error.
     Sound apply(Sound sound);
 
-    /// One line about an effect, for people.
-    static const char* description(int32_t effect);
-
     /// Longest sound that the application works on, samples: 60 seconds.
     static int32_t applicationsLongest();
 

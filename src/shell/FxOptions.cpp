@@ -1,6 +1,7 @@
 #include "FxOptions.h"
 
 #include "EffectName.h"
+#include "FxCatalogue.h"
 #include "InputFile.h"
 #include "OutputFile.h"
 
@@ -8,15 +9,16 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <limits>
+#include <sstream>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
+constexpr size_t kHelpColumns = 79;
+
 constexpr const char* kFooter = R"(
-EFFECT is one of: none, robot, backwards, high, low, fast, drunk, flip; or its
-number in that order, from 0 (none) and 1 (robot) to 7.
 INPUT is a sound file of nearly any kind; OUTPUT ends in .wav, .flac, .ogg,
 .opus or .mp3.
 "-" is standard input or standard output.
@@ -28,6 +30,33 @@ Examples:
   murmelo-fx robot voice.wav robot.wav
   murmelo-fx drunk --out-dir drunk *.flac
   arecord -f S16_LE -r 16000 -d 5 | murmelo-fx high - - | aplay)";
+
+/// The text in lines of the help, broken between words.
+std::string inLines(const std::string& text) {
+    std::istringstream words(text);
+    std::string lines;
+    std::string line;
+    for (std::string word; words >> word; line += word) {
+        if (!line.empty() && line.size() + 1 + word.size() > kHelpColumns) {
+            lines += line + "\n";
+            line.clear();
+        }
+        line += line.empty() ? "" : " ";
+    }
+    return lines + line;
+}
+
+std::string footer() {
+    std::string names;
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        names += (effect == 0 ? "" : ", ") + std::string(FxCatalogue::toolName(effect));
+    }
+    return "\n" +
+           inLines("EFFECT is one of: " + names +
+                   "; or its number in that order, from 0 (none) and 1 (robot) to " +
+                   std::to_string(FxCatalogue::kCount - 1) + ".") +
+           kFooter;
+}
 
 /// The options take their places by number, which the help shows by name.
 class UsageFormatter : public CLI::Formatter {
@@ -80,7 +109,7 @@ Problem FxOptions::parse(int argc, char** argv) {
     std::string kindName;
     CLI::App app("Applies the voice effects of Murmelo to sound files.");
     app.formatter(std::make_shared<UsageFormatter>());
-    app.footer(kFooter);
+    app.footer(footer());
     app.set_version_flag("--version", "murmelo-fx " MURMELO_VERSION);
     app.add_flag("--list", list, "Name the effects");
     app.add_flag("--measure", measure, "Tell length, level and pitch of each input");

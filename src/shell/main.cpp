@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <iomanip>
 #include <iostream>
 
 namespace {
@@ -44,10 +45,8 @@ std::string outputName(const std::string& path) {
 
 int list() {
     for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
-        char line[80];
-        std::snprintf(line, sizeof line, "%-10s %s\n", FxCatalogue::toolName(effect),
-                      EffectRun::description(effect));
-        std::cout << line;
+        std::cout << std::left << std::setw(10) << FxCatalogue::at(effect).word << " "
+                  << FxCatalogue::at(effect).sentence << "\n";
     }
     return finishPrinting(kOk);
 }

@@ -100,27 +100,22 @@ void addStretchers(const std::string& work,
 }
 
 void addVoices() {
-    addOurs("robot", FxCatalogue::newProcessor(FxCatalogue::kRobot));
-    addOurs("flip", FxCatalogue::newProcessor(FxCatalogue::kIntonationFlip));
     add("robot", "lpc10", [](const Speech& speech) { return peers::lpc10(speech.shorts); });
     add("robot", "codec2", [](const Speech& speech) { return peers::codec2(speech.shorts); });
 }
 
 int registerAll() {
     WpRobot::fixSeed(1);
-    addOurs("none", FxCatalogue::newProcessor(FxCatalogue::kNoEffect));
-    addOurs("backwards", FxCatalogue::newProcessor(FxCatalogue::kBackwards));
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        addOurs(FxCatalogue::at(effect).word, FxCatalogue::newProcessor(effect));
+    }
     add("backwards", "sox",
         [](const Speech& speech) { return peers::sox(speech.samples, {{"reverse"}}); });
-    addOurs("high", FxCatalogue::newProcessor(FxCatalogue::kHighPitch));
     addStretchers("high", 1.8, 1.0, {{"pitch", "1017.6"}, {"rate", "8000"}},
                   {{"pitch", "-q", "1017.6"}, {"rate", "-q", "8000"}});
-    addOurs("low", FxCatalogue::newProcessor(FxCatalogue::kLowPitch));
     addStretchers("low", 0.75, 1.0, {{"pitch", "-498.0"}, {"rate", "8000"}},
                   {{"pitch", "-q", "-498.0"}, {"rate", "-q", "8000"}});
-    addOurs("fast", FxCatalogue::newProcessor(FxCatalogue::kFastTalker));
     addStretchers("fast", 1.0, 2.0, {{"tempo", "2.0"}}, {{"tempo", "-q", "2.0"}});
-    addOurs("drunk", FxCatalogue::newProcessor(FxCatalogue::kDrunk));
     addStretchers("drunk", kDrunkPitch, 0.5, {{"pitch", "-76"}, {"rate", "8000"}, {"tempo", "0.5"}},
                   {{"pitch", "-q", "-76"}, {"rate", "-q", "8000"}, {"tempo", "-q", "0.5"}});
     addVoices();

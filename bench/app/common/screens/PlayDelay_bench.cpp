@@ -2,6 +2,7 @@
 // whole application with every frame in between, for a take of twenty seconds.
 //
 // The counter "frames" says how many frames the work took; effects_bench has the effects alone.
+#include "FxCatalogue.h"
 #include "HeadlessHost.h"
 #include "OspMain.h"
 #include "Script.h"
@@ -134,13 +135,11 @@ void play(benchmark::State& state, int32_t effect) {
 }
 
 const bool kRegistered = [] {
-    int32_t effect = 0;
-    for (const char* name :
-         {"none", "robot", "backwards", "high", "low", "fast", "drunk", "flip"}) {
-        benchmark::RegisterBenchmark((std::string("fromPlayToSound/") + name).c_str(), play, effect)
+    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+        const std::string name = std::string("fromPlayToSound/") + FxCatalogue::at(effect).word;
+        benchmark::RegisterBenchmark(name.c_str(), play, effect)
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
-        effect++;
     }
     return true;
 }();

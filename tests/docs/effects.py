@@ -1,0 +1,78 @@
+#!/usr/bin/env python3
+"""effects.py PROGRAM SOURCE: what names the effects names all of them, in their order, and no other.
+
+PROGRAM is murmelo-fx; its --list is the catalogue.
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+program, source = sys.argv[1], pathlib.Path(sys.argv[2])
+wrong = []
+
+
+def said(*arguments):
+    done = subprocess.run([program, *arguments], capture_output=True, text=True, check=False)
+    return done.stdout + done.stderr
+
+
+def read(path):
+    return (source / path).read_text()
+
+
+def between(text, begin, end):
+    return text.split(begin, 1)[1].split(end, 1)[0]
+
+
+def compare(place, wanted, found):
+    if found != wanted:
+        wrong.append(f"{place} names {found} and not {wanted}")
+
+
+def first_cells(table):
+    """The first column of a Markdown table, without its head."""
+    return [line.split("|")[1].strip() for line in table.splitlines() if line.startswith("|")][2:]
+
+
+def meant_by(name):
+    """The effect that murmelo-fx takes a name of the application for."""
+    hint = re.search(r'did you mean "(\w+)"', said(name.lower(), "no-such-input", "no-such-output.wav"))
+    return hint.group(1) if hint else name.lower()
+
+
+rows = [line.split(maxsplit=1) for line in said("--list").splitlines()]
+words = [row[0] for row in rows]
+if len(words) < 8:
+    sys.exit(f"--list names too few effects: {words}")
+
+help_text = " ".join(said("--help").split())
+compare("--help", ", ".join(words), between(help_text, "EFFECT is one of: ", ";"))
+
+page = read("docs/man/murmelo-fx.1")
+compare("the man page", words, re.findall(r"^\.TP\n\.B (\w+)$", between(page, ".SH EFFECTS", ".SH OPTIONS"), re.M))
+
+bash = read("packaging/completion/murmelo-fx.bash")
+compare("completion for bash", words, between(bash, 'effects="', '"').split())
+zsh = between(read("packaging/completion/_murmelo-fx"), "effects=(", "\n)")
+compare("completion for zsh", rows, [row.split(":", 1) for row in re.findall(r"'(.*)'", zsh)])
+
+journeys = {path.stem.removeprefix("effect-"): path for path in (source / "tests/flows").glob("effect-*.txt")}
+compare("tests/flows/effect-*.txt", sorted(words), sorted(journeys))
+for word, path in journeys.items():
+    compare(path.name, [word], re.findall(r"^#! heard speaker\.wav (\w+) ", path.read_text(), re.M))
+
+screens = read("tests/flows/screens.sh")
+compare("the loop of screens.sh", words[2:], between(screens, "$(for effect in ", ";").split())
+compare("the sheet of screens.sh", words[1:], between(screens, " process play ", "\n").split())
+
+compare("README.md", words, [meant_by(name) for name in first_cells(between(read("README.md"), "## What it does", "## "))])
+speed = between(read("docs/speed.md"), "| effect | until", "\n\n")
+compare("docs/speed.md", words, [meant_by(name) for name in first_cells("| effect | until" + speed)])
+
+dictionary = re.findall(r'^"([a-z]+)\\x0a"$', read("fuzz/options.dict"), re.M)
+compare("fuzz/options.dict", words, dictionary)
+
+for line in wrong:
+    print(line)
+sys.exit(1 if wrong else 0)
