@@ -1,7 +1,9 @@
+#include "ClassLife.h"
 #include "ClassList.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -85,4 +87,19 @@ TEST(ClassList, initialisersRunInTheirFixedOrder) {
         found.emplace_back(entries[i].name);
     }
     EXPECT_EQ(expected, found);
+}
+
+TEST(ClassList, noClassInheritsWhatItsBaseDoesForItself) {
+    int32_t count = 0;
+    const ClassListEntry* entries = ClassList::entries(count);
+    std::map<void (*)(), std::vector<std::string>> classes;
+    for (int32_t i = 0; i < count; i++) {
+        classes[entries[i].staticCtor].emplace_back(entries[i].name);
+        classes[entries[i].staticDtor].emplace_back(entries[i].name);
+    }
+    for (const auto& [step, names] : classes) {
+        if (step != &ClassLife::static_ctor && step != &ClassLife::static_dtor) {
+            EXPECT_EQ(1U, names.size()) << names.front() << " and " << names.back();
+        }
+    }
 }

@@ -27,15 +27,15 @@ State* screenIn() {
     return *Slot;
 }
 
-template <class Screen, State** Slot>
+template <class Kind, State** Slot>
 void makeIn() {
-    *Slot = new Screen();
+    *Slot = new Kind();
 }
 
 /// A screen that lives for the whole run.
-template <class Screen, State** Slot>
+template <class Kind, State** Slot>
 constexpr ScreenTable::Row kept(const char* name) {
-    return {name, &makeIn<Screen, Slot>, &freeSlot<Slot>, &screenIn<Slot>};
+    return {name, &makeIn<Kind, Slot>, &freeSlot<Slot>, &screenIn<Slot>};
 }
 
 constexpr ScreenTable::Row kRows[] = {

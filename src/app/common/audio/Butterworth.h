@@ -1,9 +1,6 @@
 // A filter without ripple; no effect of the catalogue uses it.
 #pragma once
 
-class Butterworth {
-public:
-    static void static_ctor() {}
+#include "ClassLife.h"
 
-    static void static_dtor() {}
-};
+class Butterworth : public ClassLife {};

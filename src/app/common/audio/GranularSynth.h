@@ -6,11 +6,12 @@
 #pragma once
 
 #include "Array.h"
+#include "ClassLife.h"
 #include "GrainSearch.h"
 
 #include <cstdint>
 
-class GranularSynth {
+class GranularSynth : public ClassLife {
 public:
     static constexpr int32_t POS_SH = 10;
     static constexpr int32_t POS_ONE = 1024;
@@ -23,10 +24,6 @@ public:
 
     /// Longest resampled grain, samples.
     static constexpr int32_t kTempSamples = 4000;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
     enum class Source { kCopied, kBorrowed };
 

@@ -1,9 +1,6 @@
 // A curve given by its points; no effect of the catalogue uses it.
 #pragma once
 
-class IntArrayCurve {
-public:
-    static void static_ctor() {}
+#include "ClassLife.h"
 
-    static void static_dtor() {}
-};
+class IntArrayCurve : public ClassLife {};

@@ -4,9 +4,11 @@
 // Its working state is class-wide: one voice at a time.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
-class Lpc {
+class Lpc : public ClassLife {
 public:
     static constexpr int32_t kFrameSamples = 160;
     static constexpr int32_t kOrder = 10;
@@ -17,8 +19,6 @@ public:
     static constexpr int32_t kPulseSamples = 32;  // the ramp of a pulse; a longer one is duller
 
     static void static_ctor() { init(); }
-
-    static void static_dtor() {}
 
     /// Forgets the voice before: a fresh delay line, pitch and pulse.
     static void init();

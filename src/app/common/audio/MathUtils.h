@@ -2,13 +2,10 @@
 #pragma once
 
 #include "Arithmetic.h"
+#include "ClassLife.h"
 
-class MathUtils {
+class MathUtils : public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     static constexpr int32_t sqr(int32_t a) { return wrapMul(a, a); }
 
     /// The smallest integer has no positive twin and stays as it is.

@@ -2,15 +2,12 @@
 #pragma once
 
 #include "Array.h"
+#include "ClassLife.h"
 
 #include <cstdint>
 
-class MeanFilter {
+class MeanFilter : public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// @param shift  log2 of the window length in samples, 0 to 23 (5: 32 samples, 4 ms at 8 kHz)
     explicit MeanFilter(int32_t shift);
     MeanFilter(const MeanFilter&) = delete;

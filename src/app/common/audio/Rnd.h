@@ -3,13 +3,10 @@
 #pragma once
 
 #include "Arithmetic.h"
+#include "ClassLife.h"
 
-class Rnd {
+class Rnd : public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     Rnd() { init(kSeedX); }
 
     explicit Rnd(int32_t seed) { init(seed); }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "Array.h"
+#include "ClassLife.h"
 
 #include <cstdint>
 
@@ -13,12 +14,10 @@ namespace Osp::Base {
 class String;
 }
 
-class WavProc {
+class WavProc : public ClassLife {
 public:
     static constexpr int32_t kIdle = -1;        // progress of no run
     static constexpr int32_t kFinished = 1024;  // progress of a run whose result is complete
-
-    static void static_ctor() {}
 
     /// Frees the sample arrays that are kept from run to run.
     static void static_dtor();

@@ -1,16 +1,14 @@
 // What a sound file says about its sound, and the 44-byte header that says it.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
-class WavProps {
+class WavProps : public ClassLife {
 public:
     static constexpr int32_t kHeaderBytes = 44;
     static constexpr int32_t kLongestSoundSeconds = 60;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
     /// 16-bit mono at 16000 Hz, as the microphone delivers it; the sample count is unknown (-1).
     WavProps()

@@ -7,9 +7,7 @@
 
 class WpMicPostProc : public WavProc {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
+    using ClassLife::static_dtor;  // WavProc's runs once, not for each effect
 
     ~WpMicPostProc() override;
 

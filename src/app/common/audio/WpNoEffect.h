@@ -5,9 +5,7 @@
 
 class WpNoEffect : public WavProc {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
+    using ClassLife::static_dtor;  // WavProc's runs once, not for each effect
 
     void doInit() override;
     int32_t doProcess() override;

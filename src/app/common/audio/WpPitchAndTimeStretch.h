@@ -11,12 +11,10 @@ class Rnd;
 
 class WpPitchAndTimeStretch : public WavProc {
 public:
+    using ClassLife::static_dtor;  // WavProc's runs once, not for each effect
+
     static constexpr int32_t kPlain = 0;
     static constexpr int32_t kDrunk = 1;  // the pitch drifts from grain to grain
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
     /// @param step,fade,search  lengths in samples, as GranularSynth has them
     /// @param pitch  2.0 is an octave up

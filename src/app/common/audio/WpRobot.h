@@ -12,13 +12,13 @@ class Rnd;
 
 class WpRobot : public WavProc {
 public:
+    using ClassLife::static_dtor;  // WavProc's runs once, not for each effect
+
     static constexpr int32_t kConstantPitch = 1;
     static constexpr int32_t kMirroredPitch = 2;
 
     /// Seeds come from the clock.
     static void static_ctor() { followClock(); }
-
-    static void static_dtor() {}
 
     /// The noise of every later run comes from this seed, so that runs can be repeated.
     static void fixSeed(int32_t seed);

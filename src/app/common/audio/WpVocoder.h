@@ -1,9 +1,6 @@
 // A voice spoken by an instrument; no effect of the catalogue uses it.
 #pragma once
 
-class WpVocoder {
-public:
-    static void static_ctor() {}
+#include "ClassLife.h"
 
-    static void static_dtor() {}
-};
+class WpVocoder : public ClassLife {};

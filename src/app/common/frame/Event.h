@@ -2,6 +2,8 @@
 // what is pending.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 class GnoObject;
@@ -10,7 +12,7 @@ namespace Osp::Base {
 class String;
 }
 
-class Event {
+class Event : public ClassLife {
 public:
     /// Names are identities: pointers to the shared name objects of Orm and G, never compared as
     /// texts.
@@ -32,10 +34,6 @@ public:
 
     /// A new string for eyes; the caller deletes it.
     virtual Osp::Base::String* toString();
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
     Osp::Base::String* type = nullptr;
     Osp::Base::String* subType = nullptr;  // null: none

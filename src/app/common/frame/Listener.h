@@ -13,8 +13,4 @@ public:
 
     /// A counted array of name objects, not the caller's to free; null subscribes to nothing.
     virtual Osp::Base::String** getSubscriptions() = 0;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 };

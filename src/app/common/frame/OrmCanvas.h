@@ -55,8 +55,6 @@ public:
 
     static void static_ctor();
 
-    static void static_dtor() {}
-
     static CanvasOverlay* overlay;        // the question, not owned; shown by showIsSilentPopup
     static bool wrongRes;                 // the display is landscape
     static bool showIsSilentPopup;        // the silent-mode question stands on the screen

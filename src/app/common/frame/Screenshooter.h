@@ -17,10 +17,6 @@ public:
     /// Whether it is a press of the key that asks for the picture.
     static bool asksForPicture(Event* event);
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
 private:
     Osp::Base::String** subscriptions;  // counted array, owned
 };

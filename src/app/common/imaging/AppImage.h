@@ -18,10 +18,6 @@ class PixProps;
 
 class AppImage : public GnoObject {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Empty: no size, no pixels.
     AppImage() = default;
 

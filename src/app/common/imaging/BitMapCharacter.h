@@ -5,6 +5,7 @@
 #pragma once
 
 #include "Array.h"
+#include "ClassLife.h"
 
 #include <cstdint>
 
@@ -16,14 +17,10 @@ namespace Osp::Base {
 class String;
 }
 
-class BitMapCharacter {
+class BitMapCharacter : public ClassLife {
 public:
     /// Longest edge of a bitmap, in pixels: what one byte of a file can hold.
     static constexpr int32_t kMaxEdgePx = 255;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
     /// Without bitmap.
     BitMapCharacter(int32_t codePoint, int32_t advanceWidth, int32_t ofsX, int32_t ofsY);

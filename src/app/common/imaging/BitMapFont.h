@@ -21,10 +21,6 @@ public:
     static constexpr int32_t DEFAULT_LINE_HEIGHT = 10;  // px
     static constexpr const char* DEFAULT_FONT_NAME = "/com/tallowin/orm/image/font/default.bmf";
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Named "n/a", of the default line height.
     BitMapFont();
 

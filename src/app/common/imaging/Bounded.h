@@ -7,10 +7,6 @@ class Bounds;
 
 class Bounded : public GnoObject {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Copies the given rectangle into this object.
     virtual void setBounds(Bounds* bounds) = 0;
 

@@ -31,8 +31,6 @@ public:
     static constexpr int32_t kSizeWidth = 4;
     static constexpr int32_t kSizeHeight = 5;
 
-    static void static_ctor() {}
-
     /// Deletes the pool's first instance; the others stay behind with the process.
     static void static_dtor();
 

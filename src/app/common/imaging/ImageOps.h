@@ -6,18 +6,16 @@
 // allocated once the pool of rectangles is filled.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 class AppImage;
 class Bounded;
 class PixProps;
 
-class ImageOps {
+class ImageOps : public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// The whole source with its top left corner at (x, y).
     static void
     blend(AppImage* dst, AppImage* src, int32_t x, int32_t y, Bounded* clip, PixProps* props);

@@ -1,16 +1,16 @@
 // Three modifiers that painters carry and blends apply to each pixel, pooled. 256 is "unchanged".
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 namespace Osp::Base {
 class String;
 }
 
-class PixProps {
+class PixProps : public ClassLife {
 public:
-    static void static_ctor() {}
-
     /// Deletes the pool's first instance; the others stay behind with the process.
     static void static_dtor();
 

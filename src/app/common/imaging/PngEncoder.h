@@ -2,15 +2,12 @@
 #pragma once
 
 #include "Array.h"
+#include "ClassLife.h"
 
 #include <cstdint>
 
-class PngEncoder {
+class PngEncoder : public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Allocates the table of the checksum.
     PngEncoder();
     PngEncoder(const PngEncoder&) = delete;

@@ -1,16 +1,16 @@
 // A plain point, pooled.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 namespace Osp::Base {
 class String;
 }
 
-class Point {
+class Point : public ClassLife {
 public:
-    static void static_ctor() {}
-
     /// Deletes the pool's first instance; the others stay behind with the process.
     static void static_dtor();
 

@@ -1,18 +1,16 @@
 // Helpers on texts.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 namespace Osp::Base {
 class String;
 }
 
-class StrUtils {
+class StrUtils : public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Reads the numbers in a text, from left to right, as file names carry them: a number starts
     /// at a digit or a "-" and ends before the next character that is not a digit, which may start
     /// the next one. Answers how many there are.

@@ -1,9 +1,6 @@
 // Helpers on lists; so far the lists need none.
 #pragma once
 
-class VectorUtils {
-public:
-    static void static_ctor() {}
+#include "ClassLife.h"
 
-    static void static_dtor() {}
-};
+class VectorUtils : public ClassLife {};

@@ -7,10 +7,6 @@
 
 class AbstractPainter : public Painter {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// An empty rectangle at (0, 0), default modifiers.
     AbstractPainter();
     ~AbstractPainter() override;

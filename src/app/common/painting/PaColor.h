@@ -5,10 +5,6 @@
 
 class PaColor : public AbstractPainter {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// @param argb  premultiplied
     void set(uint32_t argb) { this->argb = argb; }
 

@@ -14,10 +14,6 @@ class PaImage : public AbstractPainter {
 public:
     using String = Osp::Base::String;
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// No picture.
     PaImage();
 

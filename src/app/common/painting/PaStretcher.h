@@ -20,10 +20,6 @@ class PaStretcher : public AbstractPainter {
 public:
     using String = Osp::Base::String;
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// No picture: paints nothing.
     PaStretcher();
     ~PaStretcher() override;

@@ -21,10 +21,6 @@ class PaTextArea : public AbstractPainter {
 public:
     static constexpr int32_t kMinWidth = 20;  // px; no narrower text is laid out
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Empty: no text, no font, opaque white, left.
     PaTextArea();
 

@@ -9,10 +9,6 @@
 
 class PaTextLabel : public AbstractPainter {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Empty: no text, no font, opaque white.
     PaTextLabel();
 

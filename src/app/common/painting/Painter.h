@@ -10,10 +10,6 @@ class PixProps;
 
 class Painter : public Bounded {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// Paints with the own rectangle shifted by (x, y).
     /// @param clip       never null; nothing outside is touched
     /// @param inherited  modifiers of whatever the painter is part of; may be null

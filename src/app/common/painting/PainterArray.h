@@ -11,10 +11,6 @@
 
 class PainterArray : public Painter {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// No slots.
     PainterArray();
 

@@ -15,10 +15,6 @@ public:
     explicit ResFont(const String& file);
     ~ResFont() override;
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// The BitMapFont. Null if the file cannot be opened; the next call tries again.
     void* get() override;
 

@@ -24,10 +24,6 @@ public:
     explicit ResImage(AppImage* image);
     ~ResImage() override;
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// The AppImage. Null if the file cannot be opened or is no picture; the next call tries again.
     void* get() override;
 

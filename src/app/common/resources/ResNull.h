@@ -5,10 +5,6 @@
 
 class ResNull : public Resource {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     void* get() override { return nullptr; }
 
     void free() override {}

@@ -8,10 +8,6 @@ public:
     explicit ResObject(GnoObject* object)
         : object(object) {}
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     void* get() override { return object; }
 
     void free() override {}

@@ -15,10 +15,6 @@ public:
     explicit ResString(String** texts);
     ~ResString() override;
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// The String** array, of one or five texts.
     void* get() override { return texts; }
 

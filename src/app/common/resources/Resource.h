@@ -14,10 +14,6 @@ public:
     static constexpr int32_t kTypeFont = 3;
     static constexpr int32_t kTypeObject = 4;
 
-    static void static_ctor() {}
-
-    static void static_dtor() {}
-
     /// The object, loaded now if it is not yet; null if there is none or it cannot be loaded.
     /// For texts a counted array of strings (String**), for all other kinds a GnoObject*.
     virtual void* get() = 0;

@@ -2,11 +2,9 @@
 // registered, and every id is that of "nothing".
 #pragma once
 
+#include "ClassLife.h"
 #include "TextIds.h"
 
-class StrEU : public TextIds<StrEU> {
+class StrEU : public TextIds<StrEU>, public ClassLife {
 public:
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 };

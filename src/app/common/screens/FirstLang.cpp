@@ -36,7 +36,3 @@ void FirstLang::onEvent(Event* event) {
         State::setState(G::stateSplash, true, true);
     }
 }
-
-Osp::Base::String** FirstLang::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

@@ -1,6 +1,8 @@
 // An effect that the user can choose: its name, its picture, and the processor that applies it.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 class PaImage;
@@ -10,7 +12,7 @@ namespace Osp::Base {
 class String;
 }
 
-class Fx {
+class Fx : public ClassLife {
 public:
     /// @param nameId     text of the effect's name
     /// @param imagePath  of its picture, whose name carries the place; stays the caller's
@@ -25,10 +27,6 @@ public:
     /// The effects that the user can choose, in the order of FxCatalogue: a counted array whose
     /// elements and memory are the caller's.
     static Fx** newCatalogue();
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
     int32_t name;
     PaImage* image;      // owned

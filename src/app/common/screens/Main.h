@@ -1,10 +1,12 @@
 // The background of every screen: the recorder, and the current effect's creature in front of it.
 #pragma once
 
+#include "ClassLife.h"
+
 class Bounded;
 class PixProps;
 
-class Main {
+class Main : public ClassLife {
 public:
     /// Without a clip: over the whole screen, and whatever stood there is gone.
     static void paintBg();
@@ -13,8 +15,4 @@ public:
     /// Within the clip.
     static void paintBgAndFx(Bounded* clip);
     static void paintBgAndFx();
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 };

@@ -99,7 +99,3 @@ void MessageAndQuit::onEvent(Event* event) {
         Quit::now();
     }
 }
-
-String** MessageAndQuit::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

@@ -1,9 +1,11 @@
 // A fatal condition: what happened, and one key that ends the program.
 #pragma once
 
-#include "State.h"
+#include "Screen.h"
 
-class MessageAndQuit : public State {
+#include <memory>
+
+class MessageAndQuit : public Screen {
 public:
     static constexpr int32_t kHeapLow = 1;
     static constexpr int32_t kStorageLow = 2;
@@ -27,10 +29,7 @@ public:
 
     void onEnter() override;
 
-    void onExit() override {}
-
     void onEvent(Event* event) override;
-    Osp::Base::String** getSubscriptions() override;
 
     static void static_ctor();
     static void static_dtor();

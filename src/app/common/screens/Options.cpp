@@ -119,7 +119,3 @@ void Options::onLanguageEvent(int32_t softKey, Event* event) {
         showOptions();
     }
 }
-
-Osp::Base::String** Options::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

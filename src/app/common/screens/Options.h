@@ -1,9 +1,9 @@
 // The main menu; the help text and the language list are modes of the same screen.
 #pragma once
 
-#include "State.h"
+#include "Screen.h"
 
-class Options : public State {
+class Options : public Screen {
 public:
     static constexpr int32_t kMenu = 1;
     static constexpr int32_t kHelp = 2;
@@ -13,17 +13,10 @@ public:
 
     void onEnter() override;
 
-    void onExit() override {}
-
     void onEvent(Event* event) override;
-    Osp::Base::String** getSubscriptions() override;
 
     /// False while the help text or the language list stands in the menu's place.
     bool isMenuShown() const { return mode == kMenu; }
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
 private:
     void showOptions();

@@ -91,7 +91,3 @@ void Play::play() {
     paintAll();
     EffectJob::enter(G::statePlaying, this);
 }
-
-Osp::Base::String** Play::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

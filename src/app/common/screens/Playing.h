@@ -1,18 +1,14 @@
 // The processed take is heard, and the wheels turn.
 #pragma once
 
-#include "State.h"
+#include "Screen.h"
 
-class Playing : public State {
+class Playing : public Screen {
 public:
     void onEnter() override;
     void onExit() override;
     void onEvent(Event* event) override;
     Osp::Base::String** getSubscriptions() override;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
 private:
     static void paintScene();

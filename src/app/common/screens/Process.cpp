@@ -98,7 +98,3 @@ void Process::finish() {
     samples = nullptr;
     State::setState(next, true, true);
 }
-
-String** Process::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

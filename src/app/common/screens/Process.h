@@ -2,13 +2,14 @@
 // painting.
 #pragma once
 
-#include "State.h"
+#include "Array.h"
+#include "Screen.h"
 
 #include <cstdint>
 
 class WavProc;
 
-class Process : public State {
+class Process : public Screen {
 public:
     /// @param samples    8 kHz; owned from now on
     /// @param processor  not owned
@@ -29,11 +30,6 @@ public:
     /// Forgets samples, processor, next screen and path: a job runs once.
     void onExit() override;
     void onEvent(Event* event) override;
-    Osp::Base::String** getSubscriptions() override;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
 private:
     void update();

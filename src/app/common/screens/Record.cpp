@@ -62,7 +62,3 @@ void Record::onEvent(Event* event) {
         giveUpTake();
     }
 }
-
-String** Record::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

@@ -1,9 +1,9 @@
 // The take is being recorded: the light blinks, the wheels turn, the bar fills for twenty seconds.
 #pragma once
 
-#include "State.h"
+#include "Screen.h"
 
-class Recording : public State {
+class Recording : public Screen {
 public:
     static constexpr int32_t kTakeMaxMs = 20000;
 
@@ -11,10 +11,6 @@ public:
     void onExit() override;
     void onEvent(Event* event) override;
     Osp::Base::String** getSubscriptions() override;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
 private:
     void animate();

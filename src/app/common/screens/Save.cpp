@@ -98,7 +98,3 @@ void Save::onEvent(Event* event) {
         State::setState(G::stateOptions, true, true);
     }
 }
-
-String** Save::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

@@ -1,9 +1,11 @@
 // Copies the processed take to the next free numbered name and says where it lies.
 #pragma once
 
-#include "State.h"
+#include "Screen.h"
 
-class Save : public State {
+#include <memory>
+
+class Save : public Screen {
 public:
     Save() = default;
     ~Save() override;
@@ -11,10 +13,7 @@ public:
     /// A stale result is made anew first; this screen is then entered again.
     void onEnter() override;
 
-    void onExit() override {}
-
     void onEvent(Event* event) override;
-    Osp::Base::String** getSubscriptions() override;
 
     /// How many sounds were saved in this run.
     int32_t getSavedCount() const { return savedCount; }
@@ -24,8 +23,6 @@ public:
     const Osp::Base::String* getSavedName() const { return name; }
 
     static void static_ctor();
-
-    static void static_dtor() {}
 
     static int32_t uriStrId;  // its text is the full path of the file saved last
 

@@ -97,7 +97,3 @@ void Splash::onEvent(Event* event) {
         State::setState(G::stateOptions, true, true);
     }
 }
-
-Osp::Base::String** Splash::getSubscriptions() {
-    return G::eventTypesAllStd;
-}

@@ -1,23 +1,16 @@
 // The start picture; behind it, the check whether this phone can keep sounds at all.
 #pragma once
 
-#include "State.h"
+#include "Screen.h"
 
 class AppImage;
 
-class Splash : public State {
+class Splash : public Screen {
 public:
     /// While the program is paused nothing happens yet: the rest follows when it goes on.
     void onEnter() override;
 
-    void onExit() override {}
-
     void onEvent(Event* event) override;
-    Osp::Base::String** getSubscriptions() override;
-
-    static void static_ctor() {}
-
-    static void static_dtor() {}
 
 private:
     void begin();

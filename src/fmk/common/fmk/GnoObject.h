@@ -1,6 +1,8 @@
 // Root of the runtime's classes: identity, a text form, and waiting for another's notice.
 #pragma once
 
+#include "ClassLife.h"
+
 #include <cstdint>
 
 namespace Osp::Base {
@@ -8,7 +10,7 @@ class String;
 }
 class Vector;
 
-class GnoObject {
+class GnoObject : public ClassLife {
 public:
     GnoObject() = default;
     GnoObject(const GnoObject&) = delete;

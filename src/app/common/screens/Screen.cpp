@@ -1,0 +1,7 @@
+#include "Screen.h"
+
+#include "G.h"
+
+Osp::Base::String** Screen::getSubscriptions() {
+    return G::eventTypesAllStd;
+}
