@@ -4,6 +4,7 @@
 #include "FileOps.h"
 #include "G.h"
 #include "Header.h"
+#include "LanguageMenu.h"
 #include "Main.h"
 #include "Menu.h"
 #include "Message.h"
@@ -60,12 +61,8 @@ void Options::showLanguage() {
     Header::set(false, false, false, false);
     Main::paintBgAndFx();
     Header::paint(false);
-    Menu::init(Str::str_LangNameIds);
-    Menu::setFocusedIndex(Res::getCurrLangIndex());
-    SkBar::setStr(Res::Null, Str::str_SK_SELECT, Str::str_SK_BACK);
-    SkBar::paint(true);
-    Menu::paint();
-    Orm::flush();
+    LanguageMenu::init(Res::getCurrLangIndex(), Str::str_SK_BACK);
+    LanguageMenu::paint();
 }
 
 void Options::onEvent(Event* event) {
@@ -104,18 +101,17 @@ void Options::onMenuEvent(int32_t softKey, Event* event) {
 }
 
 void Options::onLanguageEvent(int32_t softKey, Event* event) {
-    const int32_t focusedBefore = Menu::getFocusedStrId();
-    const int32_t chosen = Menu::update(event);
-    if (Menu::getFocusedIndex() != Res::getCurrLangIndex()) {
-        Res::setCurrLangIndex(Menu::getFocusedIndex());
-        SkBar::paint(true);
-        Orm::flush(G::psSkBg);
-    } else if (softKey == Str::str_SK_BACK) {
+    switch (LanguageMenu::update(event, softKey, Str::str_SK_BACK)) {
+    case LanguageMenu::Outcome::kLeft: {
         const int32_t saved = G::getSavedLang();
         Res::setCurrLangIndex(saved != -1 ? saved : 0);
         showOptions();
-    } else if (softKey == Str::str_SK_SELECT || (chosen == focusedBefore && chosen != Res::Null)) {
-        G::saveCurrentLang();
+        break;
+    }
+    case LanguageMenu::Outcome::kChosen:
+        break;
+    default:
+        break;
         showOptions();
     }
 }

@@ -25,9 +25,6 @@ private:
     void onMenuEvent(int32_t softKey, Event* event);
     void onLanguageEvent(int32_t softKey, Event* event);
 
-    /// Raises the question about silence, unless it was raised already since the phone was last not
-    /// silent.
-
     int32_t mode;
     int32_t lastFocused;  // string id of the entry that the focus returns to
 };
