@@ -1,6 +1,5 @@
 #include "AudioDev.h"
 
-#include "ArrFunc.h"
 #include "AudioDevListeners.h"
 #include "GnoObject.h"
 #include "Orm.h"
@@ -28,42 +27,42 @@ constexpr int32_t kHighestRaisedVolume = 89;
 
 int32_t AudioDev::state;
 Player* AudioDev::pPlayer;
-AudioDev::PlayerListener* AudioDev::pPlayerListener;
+std::unique_ptr<AudioDev::PlayerListener> AudioDev::pPlayerListener;
 AudioIn* AudioDev::pRecorder;
-AudioDev::AudioInListener* AudioDev::pRecorderListener;
+std::unique_ptr<AudioDev::AudioInListener> AudioDev::pRecorderListener;
 int32_t AudioDev::volumeLevel;
 ByteBuffer* AudioDev::__pByteBuffer1;
 ByteBuffer* AudioDev::__pByteBuffer2;
 ByteBuffer* AudioDev::__pByteBuffer3;
-ByteBuffer* AudioDev::__pTempBuffer;
+std::unique_ptr<ByteBuffer> AudioDev::__pTempBuffer;
 File* AudioDev::record;
-signed char* AudioDev::recordFileHeader;
+Array<signed char> AudioDev::recordFileHeader;
 int32_t AudioDev::recordLength;
 bool AudioDev::isCutShort;
 String* AudioDev::endOfMediaEventType;
 bool AudioDev::isSilent;
-String* AudioDev::msg;
+std::unique_ptr<String> AudioDev::msg;
 GnoObject* AudioDev::baos;
 GnoObject* AudioDev::recUri;
 
 void AudioDev::static_ctor() {
     state = kReady;
     pPlayer = nullptr;
-    pPlayerListener = new PlayerListener();
+    pPlayerListener = std::make_unique<PlayerListener>();
     pRecorder = nullptr;
-    pRecorderListener = new AudioInListener();
+    pRecorderListener = std::make_unique<AudioInListener>();
     volumeLevel = kFirstVolume;
     __pByteBuffer1 = nullptr;
     __pByteBuffer2 = nullptr;
     __pByteBuffer3 = nullptr;
-    __pTempBuffer = nullptr;
+    __pTempBuffer.reset();
     record = nullptr;
-    recordFileHeader = nullptr;
+    recordFileHeader.reset();
     recordLength = 0;
     isCutShort = false;
     endOfMediaEventType = nullptr;
     isSilent = false;
-    msg = new String("");
+    msg = std::make_unique<String>("");
     baos = nullptr;
     recUri = nullptr;
 }
@@ -71,22 +70,17 @@ void AudioDev::static_ctor() {
 void AudioDev::static_dtor() {
     deletePlayer();
     deleteRecorder();
-    delete pPlayerListener;
-    pPlayerListener = nullptr;
-    delete pRecorderListener;
-    pRecorderListener = nullptr;
+    pPlayerListener.reset();
+    pRecorderListener.reset();
     deleteBuffers();
-    delete __pTempBuffer;
-    __pTempBuffer = nullptr;
+    __pTempBuffer.reset();
     deleteRecord();
-    deleteArrFunc(recordFileHeader);
-    recordFileHeader = nullptr;
+    recordFileHeader.reset();
     delete baos;
     baos = nullptr;
     delete recUri;
     recUri = nullptr;
-    delete msg;
-    msg = nullptr;
+    msg.reset();
     endOfMediaEventType = nullptr;
 }
 
@@ -127,8 +121,7 @@ bool AudioDev::openRecord(String* path) {
         deleteRecord();
         return false;
     }
-    deleteArrFunc(recordFileHeader);
-    recordFileHeader = newArray<signed char>(WavProps::kHeaderBytes);
+    recordFileHeader.reset(newArray<signed char>(WavProps::kHeaderBytes));
     recordLength = 0;
     isCutShort = false;
     if (record->Write(recordFileHeader, WavProps::kHeaderBytes) != E_SUCCESS) {
@@ -211,8 +204,7 @@ void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {
 
 bool AudioDev::startPlay(String* path, String* endEvent) {
     if (state != kReady) {
-        delete msg;
-        msg = new String("NOT_STATE_READY");
+        msg = std::make_unique<String>("NOT_STATE_READY");
         return false;
     }
     if (!openPlayer(path)) {
@@ -286,13 +278,12 @@ void AudioDev::AudioInListener::OnAudioInBufferIsFilled(ByteBuffer* buffer) {
         return;
     }
     buffer->SetPosition(0);
-    __pTempBuffer = new ByteBuffer();
+    __pTempBuffer = std::make_unique<ByteBuffer>();
     __pTempBuffer->Construct(buffer->GetLimit());
     __pTempBuffer->CopyFrom(*buffer);
-    ConsumeBuffer(__pTempBuffer);
+    ConsumeBuffer(__pTempBuffer.get());
     buffer->Clear();
-    delete __pTempBuffer;
-    __pTempBuffer = nullptr;
+    __pTempBuffer.reset();
     if (pRecorder != nullptr) {
         pRecorder->AddBuffer(buffer);
     }

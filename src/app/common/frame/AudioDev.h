@@ -2,7 +2,10 @@
 // at a time.
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
+#include <memory>
 
 class GnoObject;
 
@@ -60,9 +63,9 @@ public:
 
     static int32_t state;
     static Osp::Media::Player* pPlayer;  // of the current playback, or of the last one
-    static PlayerListener* pPlayerListener;
+    static std::unique_ptr<PlayerListener> pPlayerListener;
     static Osp::Media::AudioIn* pRecorder;
-    static AudioInListener* pRecorderListener;
+    static std::unique_ptr<AudioInListener> pRecorderListener;
     static int32_t volumeLevel;  // 0 to 90
 
     // Three buffers circulate; the fourth holds what is being written, so that its buffer could be
@@ -70,17 +73,17 @@ public:
     static ByteBuffer* __pByteBuffer1;
     static ByteBuffer* __pByteBuffer2;
     static ByteBuffer* __pByteBuffer3;
-    static ByteBuffer* __pTempBuffer;
+    static std::unique_ptr<ByteBuffer> __pTempBuffer;
     // NOLINTEND(bugprone-reserved-identifier)
 
-    static Osp::Io::File* record;          // the take, while it is written
-    static signed char* recordFileHeader;  // counted array of 44
-    static int32_t recordLength;           // bytes of samples received
-    static String* endOfMediaEventType;    // not owned
-    static bool isSilent;                  // play without a sound
-    static String* msg;                    // last error
-    static GnoObject* baos;                // always null
-    static GnoObject* recUri;              // always null
+    static Osp::Io::File* record;                // the take, while it is written
+    static Array<signed char> recordFileHeader;  // of 44
+    static int32_t recordLength;                 // bytes of samples received
+    static String* endOfMediaEventType;          // not owned
+    static bool isSilent;                        // play without a sound
+    static std::unique_ptr<String> msg;          // last error
+    static GnoObject* baos;                      // always null
+    static GnoObject* recUri;                    // always null
 
 private:
     static bool prepareRecorder();

@@ -1,7 +1,6 @@
 #include "Murmelo.h"
 
 #include "AppImage.h"
-#include "ArrFunc.h"
 #include "FileInputStream.h"
 #include "FileOps.h"
 #include "FileOutputStream.h"
@@ -23,32 +22,27 @@ constexpr int32_t kSampleBufferBytes = 20480;
 
 }  // namespace
 
-signed char* Murmelo::TempHdrBuf;
-signed char* Murmelo::TempSmpBuf;
-String* Murmelo::msg;
-Color* Murmelo::pBkgColor;
+Array<signed char> Murmelo::TempHdrBuf;
+Array<signed char> Murmelo::TempSmpBuf;
+std::unique_ptr<String> Murmelo::msg;
+std::unique_ptr<Color> Murmelo::pBkgColor;
 
 void Murmelo::static_ctor() {
-    TempHdrBuf = newArray<signed char>(WavProps::kHeaderBytes);
-    TempSmpBuf = newArray<signed char>(kSampleBufferBytes);
-    msg = new String();
-    pBkgColor = new Color(kFirstRunArgb);
+    TempHdrBuf.reset(newArray<signed char>(WavProps::kHeaderBytes));
+    TempSmpBuf.reset(newArray<signed char>(kSampleBufferBytes));
+    msg = std::make_unique<String>();
+    setBkgColor(kFirstRunArgb);
 }
 
 void Murmelo::static_dtor() {
-    deleteArrFunc(TempHdrBuf);
-    TempHdrBuf = nullptr;
-    deleteArrFunc(TempSmpBuf);
-    TempSmpBuf = nullptr;
-    delete msg;
-    msg = nullptr;
-    delete pBkgColor;
-    pBkgColor = nullptr;
+    TempHdrBuf.reset();
+    TempSmpBuf.reset();
+    msg.reset();
+    pBkgColor.reset();
 }
 
 void Murmelo::setBkgColor(uint32_t argb) {
-    delete pBkgColor;
-    pBkgColor = new Color(argb);
+    pBkgColor = std::make_unique<Color>(argb);
 }
 
 void Murmelo::onInit() {
@@ -81,10 +75,9 @@ int32_t* Murmelo::loadWavTo8Khz(String& uri) {
     if (!checkMemCardRemoved()) {
         return nullptr;
     }
-    InputStream* stream = MIDlet::getResourceAsStream(uri);
-    int32_t* samples = WavFile::loadTo8Khz(stream, TempHdrBuf, TempSmpBuf);
+    const std::unique_ptr<InputStream> stream(MIDlet::getResourceAsStream(uri));
+    int32_t* samples = WavFile::loadTo8Khz(stream.get(), TempHdrBuf, TempSmpBuf);
     stream->close();
-    delete stream;
     return samples;
 }
 
@@ -92,10 +85,12 @@ bool Murmelo::save8KhzWav(const int32_t* samples, String* path) {
     if (!checkMemCardRemoved() || !checkEnoughSpace()) {
         return false;
     }
-    auto* stream = new FileOutputStream(*path);
-    const bool saved = WavFile::save8Khz(stream, samples, TempHdrBuf, TempSmpBuf);
-    stream->close();
-    delete stream;
+    bool saved = false;
+    {
+        FileOutputStream stream(*path);
+        saved = WavFile::save8Khz(&stream, samples, TempHdrBuf, TempSmpBuf);
+        stream.close();
+    }
     if (!saved) {
         FileOps::deleteFile(*path);
     }

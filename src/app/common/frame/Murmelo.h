@@ -1,9 +1,11 @@
 // The application object: chooses the first screen, removes temporary sounds at the end.
 #pragma once
 
+#include "Array.h"
 #include "OrmMidlet.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace Osp::Base {
 class String;
@@ -50,10 +52,8 @@ public:
     static constexpr uint32_t kLaterRunArgb =
         0xFF101010;  // a shade darker once the language is known
 
-    static signed char*
-        TempHdrBuf;  // counted array of 44: header of the file being read or written
-    static signed char*
-        TempSmpBuf;  // counted array of 20480: samples on their way to or from a file
-    static Osp::Base::String* msg;
-    static Osp::Graphics::Color* pBkgColor;
+    static Array<signed char> TempHdrBuf;  // of 44: header of the file being read or written
+    static Array<signed char> TempSmpBuf;  // of 20480: samples on their way to or from a file
+    static std::unique_ptr<Osp::Base::String> msg;
+    static std::unique_ptr<Osp::Graphics::Color> pBkgColor;
 };

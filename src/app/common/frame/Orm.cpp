@@ -13,6 +13,8 @@
 #include "System.h"
 #include "Vector.h"
 
+#include <memory>
+
 using Osp::Base::String;
 
 String* Orm::EV_T_SYS_PAUSE;
@@ -242,10 +244,9 @@ void Orm::setPersistentMemory(String* name, signed char* data) {
     if (data == nullptr) {
         return;
     }
-    RecordStore* store = RecordStore::openRecordStore(name, true);
+    const std::unique_ptr<RecordStore> store(RecordStore::openRecordStore(name, true));
     if (store != nullptr) {
         store->addRecord(data, 0, length(data));
-        delete store;
     }
 }
 

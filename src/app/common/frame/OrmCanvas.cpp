@@ -9,6 +9,8 @@
 #include "Payload.h"
 #include "System.h"
 
+#include <memory>
+
 using Osp::Base::String;
 
 namespace {
@@ -82,12 +84,11 @@ void OrmCanvas::run() {
     } else if (Orm::isPaused()) {
         Orm::setReceivers(Orm::EV_T_SYS_PAUSE);  // the pause itself was delivered when it began
     } else if (Orm::firstEvent != nullptr && !timeBefore(now, Orm::firstEvent->time)) {
-        Event* head = Orm::firstEvent;
+        const std::unique_ptr<Event> head(Orm::firstEvent);
         Orm::firstEvent = head->next;
         head->detachMe();
         Orm::setReceivers(head->type);
-        Orm::deliverToReceivers(head);
-        delete head;
+        Orm::deliverToReceivers(head.get());
     }
 }
 

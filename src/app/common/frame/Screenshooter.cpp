@@ -1,6 +1,5 @@
 #include "Screenshooter.h"
 
-#include "ArrFunc.h"
 #include "Event.h"
 #include "Orm.h"
 #include "OspBase.h"
@@ -23,7 +22,6 @@ Screenshooter::~Screenshooter() {
     if (Orm::listeners != nullptr) {
         Orm::unregisterListener(this);
     }
-    deleteArrFunc(subscriptions);
 }
 
 /// By the event's text, not one of the shared names: a key that no phone of this program had.

@@ -2,6 +2,7 @@
 // Orm::dumpToFile.
 #pragma once
 
+#include "Array.h"
 #include "Listener.h"
 
 class Screenshooter : public Listener {
@@ -18,5 +19,5 @@ public:
     static bool asksForPicture(Event* event);
 
 private:
-    Osp::Base::String** subscriptions;  // counted array, owned
+    Array<Osp::Base::String*> subscriptions;
 };

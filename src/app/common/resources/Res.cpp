@@ -1,7 +1,6 @@
 #include "Res.h"
 
 #include "AppImage.h"
-#include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "OspBase.h"
 #include "ResFont.h"
@@ -11,6 +10,7 @@
 #include "ResString.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 
 using Osp::Base::String;
@@ -34,12 +34,12 @@ int32_t Res::Str_Yes;
 int32_t Res::Str_No;
 int32_t Res::Str_Options;
 int32_t Res::Str_More;
-Resource** Res::resources;
+Array<Resource*> Res::resources;
 int32_t Res::nextId;
 int32_t Res::currLangIndex;
 
 void Res::static_ctor() {
-    resources = newArray<Resource*>(kFirstCapacity);
+    resources.reset(newArray<Resource*>(kFirstCapacity));
     nextId = 0;
     currLangIndex = 0;
     addBuiltIns();
@@ -64,17 +64,15 @@ void Res::static_dtor() {
     for (int32_t id = 0; id < nextId; id++) {
         delete resources[id];
     }
-    deleteArrFunc(resources);
-    resources = nullptr;
+    resources.reset();
     nextId = 0;
 }
 
 int32_t Res::addRes(Resource* resource) {
     if (nextId + 1 == length(resources)) {
         auto** larger = newArray<Resource*>(nextId + kGrowth);
-        std::copy(resources, resources + nextId, larger);
-        deleteArrFunc(resources);
-        resources = larger;
+        std::copy(resources.get(), resources.get() + nextId, larger);
+        resources.reset(larger);
     }
     resources[nextId] = resource;
     return nextId++;
@@ -193,7 +191,7 @@ void Res::replaceStr(int32_t id, String* text) {
     if (isString(id)) {
         static_cast<ResString*>(resources[id])->replace(text);
     } else {
-        delete text;
+        const std::unique_ptr<String> discarded(text);
     }
 }
 

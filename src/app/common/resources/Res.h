@@ -5,6 +5,8 @@
 // nobody registered, or one of another kind than asked for, is answered with null, -1 or false.
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
 
 class AppImage;
@@ -100,7 +102,7 @@ public:
     static int32_t Str_Options;
     static int32_t Str_More;
 
-    static Resource** resources;  // by id; counted array, null from nextId on
+    static Array<Resource*> resources;  // by id, each owned; null from nextId on
     static int32_t nextId;
 
 private:

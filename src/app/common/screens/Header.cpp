@@ -15,7 +15,7 @@ constexpr int32_t kHalf256 = 128;
 
 }  // namespace
 
-Bounds* Header::bounds;
+std::unique_ptr<Bounds> Header::bounds;
 bool Header::arrows;
 bool Header::fxName;
 bool Header::leftP;
@@ -25,31 +25,27 @@ uint32_t Header::argb;
 int32_t Header::margx;
 int32_t Header::margyArrows;
 int32_t Header::margyName;
-PixProps* Header::halfOp;
+std::unique_ptr<PixProps> Header::halfOp;
 
 void Header::static_ctor() {
-    bounds = nullptr;
-    halfOp = nullptr;
+    bounds.reset();
+    halfOp.reset();
     set(false, false, false, false);
 }
 
 void Header::static_dtor() {
-    delete bounds;
-    bounds = nullptr;
-    delete halfOp;
-    halfOp = nullptr;
+    bounds.reset();
+    halfOp.reset();
 }
 
 void Header::init() {
-    delete bounds;
-    bounds = Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), kHeightPx);
+    bounds.reset(Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), kHeightPx));
     fntFxName = G::fntMedium;
     argb = Chrome::kWhite;
     margx = 8;
     margyArrows = 2;
     margyName = 6;
-    delete halfOp;
-    halfOp = PixProps::alloc();
+    halfOp.reset(PixProps::alloc());
     halfOp->opacity = kHalf256;
 }
 
@@ -69,12 +65,12 @@ void Header::placeArrows() {
 
 void Header::paint(bool withBg) {
     if (withBg) {
-        G::piBg->paintOn(G::scr, 0, 0, bounds, nullptr);
+        G::piBg->paintOn(G::scr, 0, 0, bounds.get(), nullptr);
     }
     if (arrows) {
         placeArrows();
-        G::piArrowLeftWhite->paintOn(G::scr, 0, 0, G::scrB, leftP ? halfOp : nullptr);
-        G::piArrowRightWhite->paintOn(G::scr, 0, 0, G::scrB, rightP ? halfOp : nullptr);
+        G::piArrowLeftWhite->paintOn(G::scr, 0, 0, G::scrB, leftP ? halfOp.get() : nullptr);
+        G::piArrowRightWhite->paintOn(G::scr, 0, 0, G::scrB, rightP ? halfOp.get() : nullptr);
     }
     const int32_t nameId = G::fxs[G::getCurrFx()]->name;
     if (fxName && nameId != Res::Null) {

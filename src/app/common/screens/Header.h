@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 class Bounds;
 class PixProps;
@@ -23,7 +24,7 @@ public:
     static void static_ctor();
     static void static_dtor();
 
-    static Bounds* bounds;  // owned
+    static std::unique_ptr<Bounds> bounds;
     static bool arrows;
     static bool fxName;
     static bool leftP;
@@ -33,5 +34,5 @@ public:
     static int32_t margx;
     static int32_t margyArrows;
     static int32_t margyName;
-    static PixProps* halfOp;  // of a pressed arrow; owned
+    static std::unique_ptr<PixProps> halfOp;  // of a pressed arrow
 };

@@ -1,7 +1,6 @@
 #include "Menu.h"
 
 #include "AppImage.h"
-#include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "Bounds.h"
 #include "Chrome.h"
@@ -13,6 +12,7 @@
 #include "PaStretcher.h"
 #include "PaTextLabel.h"
 #include "Payload.h"
+#include "Pooled.h"
 #include "Res.h"
 #include "SkBar.h"
 
@@ -32,8 +32,8 @@ bool Menu::visible;
 int32_t Menu::fntId;
 uint32_t Menu::bgCol;
 int32_t Menu::bgImgId;
-PaTextLabel** Menu::entries;
-int32_t* Menu::strIds;
+Array<PaTextLabel*> Menu::entries;
+Array<int32_t> Menu::strIds;
 int32_t Menu::focused;
 int32_t Menu::rh;
 int32_t Menu::y;
@@ -43,8 +43,8 @@ void Menu::static_ctor() {
     fntId = G::fntMedium;
     bgCol = 0;
     bgImgId = Res::Null;
-    entries = nullptr;
-    strIds = nullptr;
+    entries.reset();
+    strIds.reset();
     focused = 0;
     rh = 0;
     y = 0;
@@ -58,10 +58,8 @@ void Menu::freeEntries() {
     for (int32_t i = 0; i < length(entries); i++) {
         delete entries[i];
     }
-    deleteArrFunc(entries);
-    entries = nullptr;
-    deleteArrFunc(strIds);
-    strIds = nullptr;
+    entries.reset();
+    strIds.reset();
 }
 
 void Menu::init(const int32_t* ids) {
@@ -71,9 +69,9 @@ void Menu::init(const int32_t* ids) {
     bgImgId = Res::Null;
     focused = 0;
     const int32_t count = length(ids);
-    strIds = newArray<int32_t>(count);
-    std::copy(ids, ids + count, strIds);
-    entries = newArray<PaTextLabel*>(count);
+    strIds.reset(newArray<int32_t>(count));
+    std::copy(ids, ids + count, strIds.get());
+    entries.reset(newArray<PaTextLabel*>(count));
     const BitMapFont* font = Res::getFont(fntId);
     rh = font != nullptr ? font->getLineHeight() : 0;
     y = (Bounds::getHeight(G::scrB) - (count * pitchPx() + 2 * kMarginPx)) / 2 +
@@ -92,9 +90,10 @@ int32_t Menu::getFocusedStrId() {
 }
 
 void Menu::setFocusedStrId(int32_t id) {
-    const int32_t* end = strIds + length(strIds);
-    const int32_t* found = std::find(const_cast<const int32_t*>(strIds), end, id);
-    focused = found != end ? static_cast<int32_t>(found - strIds) : 0;
+    const int32_t* begin = strIds;
+    const int32_t* end = begin + length(strIds);
+    const int32_t* found = std::find(begin, end, id);
+    focused = found != end ? static_cast<int32_t>(found - begin) : 0;
 }
 
 int32_t Menu::firstTopPx() {
@@ -111,7 +110,7 @@ void Menu::placeWindow() {
 }
 
 void Menu::paintBackground() {
-    Bounds* area = Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), SkBar::y1);
+    const PooledBounds area(Bounds::alloc(0, 0, Bounds::getWidth(G::scrB), SkBar::y1));
     AppImage* picture = Res::getImage(bgImgId);
     if (picture != nullptr) {
         ImageOps::blend(G::scr, picture, 0, 0, area, nullptr);
@@ -120,7 +119,6 @@ void Menu::paintBackground() {
     } else {
         Main::paintBgAndFx(G::psWndBg);
     }
-    area->free();
 }
 
 void Menu::paint() {

@@ -5,6 +5,8 @@
 // sixty on the display.
 #pragma once
 
+#include "Array.h"
+
 #include <cstdint>
 
 class Bounds;
@@ -57,8 +59,8 @@ public:
     static int32_t fntId;
     static uint32_t bgCol;  // 0: none
     static int32_t bgImgId;
-    static PaTextLabel** entries;  // counted array, owned
-    static int32_t* strIds;        // counted array, owned
+    static Array<PaTextLabel*> entries;  // each is owned
+    static Array<int32_t> strIds;
     static int32_t focused;
     static int32_t rh;  // height of a row's text
     static int32_t y;   // top of the window

@@ -23,20 +23,18 @@ constexpr int32_t kTopCentre = Bounds::kTop | Bounds::kCentre;
 }  // namespace
 
 bool Message::visible;
-PaTextArea* Message::paTxt;
-PaTextArea* Message::paTxt2;
+std::unique_ptr<PaTextArea> Message::paTxt;
+std::unique_ptr<PaTextArea> Message::paTxt2;
 
 void Message::static_ctor() {
     visible = false;
-    paTxt = new PaTextArea();
-    paTxt2 = new PaTextArea();
+    paTxt = std::make_unique<PaTextArea>();
+    paTxt2 = std::make_unique<PaTextArea>();
 }
 
 void Message::static_dtor() {
-    delete paTxt;
-    paTxt = nullptr;
-    delete paTxt2;
-    paTxt2 = nullptr;
+    paTxt.reset();
+    paTxt2.reset();
 }
 
 int32_t Message::prepare(PaTextArea* area, int32_t textId, int32_t fontId) {
@@ -53,18 +51,18 @@ void Message::placeBox(int32_t height) {
 }
 
 void Message::setText(int32_t textId, int32_t fontId) {
-    const int32_t height = prepare(paTxt, textId, fontId);
+    const int32_t height = prepare(paTxt.get(), textId, fontId);
     placeBox(height + kMarginOfOnePx);
-    Bounds::setPos(paTxt, Bounds::kCentre, G::psWndBg, Bounds::kCentre, 0, 0);
+    Bounds::setPos(paTxt.get(), Bounds::kCentre, G::psWndBg, Bounds::kCentre, 0, 0);
     paTxt2->setText(Res::Null);
 }
 
 void Message::setText(int32_t headId, int32_t headFont, int32_t bodyId, int32_t bodyFont) {
-    const int32_t headHeight = prepare(paTxt, headId, headFont);
-    const int32_t bodyHeight = prepare(paTxt2, bodyId, bodyFont);
+    const int32_t headHeight = prepare(paTxt.get(), headId, headFont);
+    const int32_t bodyHeight = prepare(paTxt2.get(), bodyId, bodyFont);
     placeBox(headHeight + bodyHeight + kMarginOfTwoPx);
-    Bounds::setPos(paTxt, kTopCentre, G::psWndBg, kTopCentre, 0, kHeadTopPx);
-    Bounds::setPos(paTxt2, kTopCentre, G::psWndBg, kTopCentre, 0, headHeight + kBodyTopPx);
+    Bounds::setPos(paTxt.get(), kTopCentre, G::psWndBg, kTopCentre, 0, kHeadTopPx);
+    Bounds::setPos(paTxt2.get(), kTopCentre, G::psWndBg, kTopCentre, 0, headHeight + kBodyTopPx);
 }
 
 void Message::paint() {

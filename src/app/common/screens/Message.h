@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 class PaTextArea;
 
@@ -22,8 +23,8 @@ public:
     static void static_dtor();
 
     static bool visible;
-    static PaTextArea* paTxt;   // the text, or the heading; owned
-    static PaTextArea* paTxt2;  // the body, Res::Null if there is none; owned
+    static std::unique_ptr<PaTextArea> paTxt;   // the text, or the heading
+    static std::unique_ptr<PaTextArea> paTxt2;  // the body, Res::Null if there is none
 
 private:
     /// Lays the text out and gives the area its height. @returns that height

@@ -13,6 +13,8 @@
 #include "SkBar.h"
 #include "Str.h"
 
+#include <utility>
+
 using Osp::Base::String;
 
 namespace {
@@ -21,15 +23,14 @@ constexpr uint32_t kDarkArgb = 0x80000000;
 
 }  // namespace
 
-MessageAndQuit* MessageAndQuit::entered;
+std::unique_ptr<MessageAndQuit> MessageAndQuit::entered;
 
 void MessageAndQuit::static_ctor() {
-    entered = nullptr;
+    entered.reset();
 }
 
 void MessageAndQuit::static_dtor() {
-    delete entered;
-    entered = nullptr;
+    entered.reset();
 }
 
 MessageAndQuit::MessageAndQuit(int32_t kind)
@@ -70,10 +71,9 @@ int32_t MessageAndQuit::joined(int32_t firstId, int32_t secondId) {
 }
 
 void MessageAndQuit::enter(int32_t kind) {
-    MessageAndQuit* earlier = entered;
-    entered = new MessageAndQuit(kind);
-    State::setState(entered, true, true);
-    delete earlier;
+    // The earlier one may be the current screen, until the next one is entered.
+    const auto earlier = std::exchange(entered, std::make_unique<MessageAndQuit>(kind));
+    State::setState(entered.get(), true, true);
 }
 
 void MessageAndQuit::enterOnPicture(int32_t kind) {

@@ -25,7 +25,7 @@ public:
     static void enterOnPicture(int32_t kind);
 
     /// The one that was entered last; null before the first.
-    static State* current() { return entered; }
+    static State* current() { return entered.get(); }
 
     void onEnter() override;
 
@@ -40,5 +40,5 @@ public:
 private:
     static int32_t joined(int32_t firstId, int32_t secondId);
 
-    static MessageAndQuit* entered;  // owned
+    static std::unique_ptr<MessageAndQuit> entered;
 };

@@ -1,6 +1,6 @@
 #include "Options.h"
 
-#include "ArrFunc.h"
+#include "Array.h"
 #include "FileOps.h"
 #include "G.h"
 #include "Header.h"
@@ -33,10 +33,9 @@ void Options::showOptions() {
     Main::paintBgAndFx();
     Header::paint(false);
     const int32_t ids[] = {Str::str_SK_RECORD, Str::str_MI_HELP, Str::str_MI_LANGUAGE};
-    auto* entries = newArray<int32_t>(static_cast<int32_t>(std::size(ids)));
-    std::copy(std::begin(ids), std::end(ids), entries);
+    const Array<int32_t> entries(newArray<int32_t>(static_cast<int32_t>(std::size(ids))));
+    std::copy(std::begin(ids), std::end(ids), entries.get());
     Menu::init(entries);
-    deleteArrFunc(entries);
     Menu::setFocusedStrId(lastFocused);
     const bool takeExists = FileOps::exists(G::takePath());
     SkBar::setStr(Res::Null, Str::str_SK_SELECT, takeExists ? Str::str_SK_BACK : Str::str_SK_QUIT);
@@ -109,9 +108,9 @@ void Options::onLanguageEvent(int32_t softKey, Event* event) {
         break;
     }
     case LanguageMenu::Outcome::kChosen:
+        showOptions();
         break;
     default:
         break;
-        showOptions();
     }
 }

@@ -1,6 +1,5 @@
 #include "Process.h"
 
-#include "ArrFunc.h"
 #include "Event.h"
 #include "G.h"
 #include "MessageAndQuit.h"
@@ -22,10 +21,7 @@ Process::Process(int32_t* samples, WavProc* processor, String* path, State* next
     , back(back)
     , path(path) {}
 
-Process::~Process() {
-    deleteArrFunc(samples);
-    delete path;
-}
+Process::~Process() = default;
 
 void Process::enter(int32_t* samples, WavProc* processor, String* path, State* next, State* back) {
     delete G::stateProcess;
@@ -41,12 +37,10 @@ void Process::onEnter() {
 }
 
 void Process::onExit() {
-    deleteArrFunc(samples);
-    samples = nullptr;
+    samples.reset();
     processor = nullptr;
     next = nullptr;
-    delete path;
-    path = nullptr;
+    path.reset();
 }
 
 void Process::schedUpdate() {
@@ -83,18 +77,16 @@ void Process::update() {
 }
 
 void Process::finish() {
-    deleteArrFunc(samples);
-    samples = processor->getResult();
-    if (!Murmelo::save8KhzWav(samples, path)) {
-        deleteArrFunc(samples);
-        samples = nullptr;
+    samples.reset();  // the result needs as much memory
+    samples.reset(processor->getResult());
+    if (!Murmelo::save8KhzWav(samples, path.get())) {
+        samples.reset();
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;
     }
     if (*path == G::resultPath()) {
         G::setLastPlayedFx(G::getCurrFx());
     }
-    deleteArrFunc(samples);
-    samples = nullptr;
+    samples.reset();
     State::setState(next, true, true);
 }

@@ -6,6 +6,7 @@
 #include "Screen.h"
 
 #include <cstdint>
+#include <memory>
 
 class WavProc;
 
@@ -36,9 +37,9 @@ private:
     void finish();
     static void schedUpdate();
 
-    int32_t* samples;
+    Array<int32_t> samples;
     WavProc* processor;
     State* next;
     State* back;
-    Osp::Base::String* path;
+    std::unique_ptr<Osp::Base::String> path;
 };

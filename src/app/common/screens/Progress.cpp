@@ -42,21 +42,19 @@ void fill(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
 
 bool Progress::visible;
 int32_t Progress::shownQ10;
-PaTextArea* Progress::caption;
-Bounds* Progress::bar;
+std::unique_ptr<PaTextArea> Progress::caption;
+std::unique_ptr<Bounds> Progress::bar;
 
 void Progress::static_ctor() {
     visible = false;
     shownQ10 = 0;
-    caption = new PaTextArea();
-    bar = Bounds::alloc(kBarLeftPx, kBarTopPx, kBarWidthPx, kBarHeightPx);
+    caption = std::make_unique<PaTextArea>();
+    bar.reset(Bounds::alloc(kBarLeftPx, kBarTopPx, kBarWidthPx, kBarHeightPx));
 }
 
 void Progress::static_dtor() {
-    delete caption;
-    caption = nullptr;
-    delete bar;
-    bar = nullptr;
+    caption.reset();
+    bar.reset();
 }
 
 void Progress::paintInit(int32_t captionId) {
@@ -81,5 +79,5 @@ void Progress::paintProgress(int32_t progress) {
 }
 
 void Progress::flushProgress() {
-    Orm::flush(bar);
+    Orm::flush(bar.get());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 class Bounds;
 class PaTextArea;
@@ -23,7 +24,7 @@ public:
     static void static_dtor();
 
     static bool visible;
-    static int32_t shownQ10;     // of the bar, 0 to 1024
-    static PaTextArea* caption;  // owned
-    static Bounds* bar;          // the trough, owned
+    static int32_t shownQ10;  // of the bar, 0 to 1024
+    static std::unique_ptr<PaTextArea> caption;
+    static std::unique_ptr<Bounds> bar;  // the trough
 };

@@ -32,9 +32,9 @@ void Save::static_ctor() {
     uriStrId = Res::addStr("");
 }
 
-Save::~Save() {
-    delete name;
-}
+Save::Save() = default;
+
+Save::~Save() = default;
 
 void Save::onEnter() {
     if (G::getLastPlayedFx() != G::getCurrFx()) {
@@ -74,8 +74,7 @@ void Save::onEnter() {
 bool Save::copyResult() {
     String* folder = G::getMrmFolderUri();
     for (int32_t i = 0; i < kMaxTries; i++) {
-        delete name;
-        name = FileOps::getNextAvailableName(*folder, "rec_", ".wav");
+        name.reset(FileOps::getNextAvailableName(*folder, "rec_", ".wav"));
         if (name == nullptr) {
             return false;
         }

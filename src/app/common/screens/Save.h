@@ -7,7 +7,7 @@
 
 class Save : public Screen {
 public:
-    Save() = default;
+    Save();
     ~Save() override;
 
     /// A stale result is made anew first; this screen is then entered again.
@@ -20,7 +20,7 @@ public:
 
     /// Name of the file chosen last; the file of that name is whole once the count has risen. Null
     /// before the first.
-    const Osp::Base::String* getSavedName() const { return name; }
+    const Osp::Base::String* getSavedName() const { return name.get(); }
 
     static void static_ctor();
 
@@ -29,6 +29,6 @@ public:
 private:
     bool copyResult();
 
-    Osp::Base::String* name = nullptr;  // owned
+    std::unique_ptr<Osp::Base::String> name;
     int32_t savedCount = 0;
 };

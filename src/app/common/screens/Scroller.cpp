@@ -37,7 +37,7 @@ uint32_t over(uint32_t colour, uint32_t background) {
 
 }  // namespace
 
-Bounds* Scroller::bounds;
+std::unique_ptr<Bounds> Scroller::bounds;
 int32_t Scroller::scrollImgId;
 bool Scroller::left;
 int32_t Scroller::cFxIndex;
@@ -47,7 +47,7 @@ int32_t Scroller::slideStartMs;
 bool Scroller::sliding;
 
 void Scroller::static_ctor() {
-    bounds = nullptr;
+    bounds.reset();
     scrollImgId = Res::Null;
     left = false;
     cFxIndex = 0;
@@ -58,8 +58,7 @@ void Scroller::static_ctor() {
 }
 
 void Scroller::static_dtor() {
-    delete bounds;
-    bounds = nullptr;
+    bounds.reset();
 }
 
 void Scroller::init() {
@@ -70,15 +69,14 @@ void Scroller::init() {
 
 /// The strip covers the rows of every effect's picture.
 void Scroller::coverEffects() {
-    delete bounds;
-    bounds = Bounds::alloc();
+    bounds.reset(Bounds::alloc());
     for (int32_t i = 0; i < numFxs; i++) {
         if (Bounds::isValid(G::fxs[i]->image)) {
-            Bounds::union_(bounds, G::fxs[i]->image);
+            Bounds::union_(bounds.get(), G::fxs[i]->image);
         }
     }
-    Bounds::setX(bounds, 0);
-    Bounds::setWidth(bounds, Bounds::getWidth(G::scrB));
+    Bounds::setX(bounds.get(), 0);
+    Bounds::setWidth(bounds.get(), Bounds::getWidth(G::scrB));
 }
 
 void Scroller::copyPicture(int32_t fxIndex, int32_t atPx) {
@@ -102,7 +100,7 @@ void Scroller::initScroll(bool toTheLeft) {
 
 void Scroller::paintHeader() {
     Header::paint(true);
-    Orm::flush(Header::bounds);
+    Orm::flush(Header::bounds.get());
 }
 
 void Scroller::scroll(bool toTheLeft) {
@@ -111,25 +109,25 @@ void Scroller::scroll(bool toTheLeft) {
     paintHeader();
     for (const int32_t progress : {0, kDoneQ10 / 2, kDoneQ10}) {
         paint(true, progress);
-        Orm::flush(bounds);
+        Orm::flush(bounds.get());
     }
     G::setCurrFx(nFxIndex);
     Header::set(true, true, false, false);
     paintHeader();
     paint(true);
-    Orm::flush(bounds);
+    Orm::flush(bounds.get());
 }
 
 void Scroller::paint(bool withBg) {
     if (withBg) {
-        G::piBg->paintOn(G::scr, 0, 0, bounds, nullptr);
+        G::piBg->paintOn(G::scr, 0, 0, bounds.get(), nullptr);
     }
     G::fxs[G::getCurrFx()]->image->paintOn(G::scr, 0, 0, G::scrB, nullptr);
 }
 
 void Scroller::paint(bool withBg, int32_t progress) {
     if (withBg) {
-        G::piBg->paintOn(G::scr, 0, 0, bounds, nullptr);
+        G::piBg->paintOn(G::scr, 0, 0, bounds.get(), nullptr);
     }
     const int32_t p = left ? kDoneQ10 - progress : progress;
     const AppImage* strip = Res::getImage(scrollImgId);
@@ -165,7 +163,7 @@ void Scroller::startSlide(int32_t nowMs) {
     Header::set(true, true, left, !left);  // held down for as long as the pictures move
     paintHeader();
     paint(true, 0);
-    Orm::flush(bounds);
+    Orm::flush(bounds.get());
 }
 
 bool Scroller::slide(int32_t nowMs) {
@@ -176,11 +174,11 @@ bool Scroller::slide(int32_t nowMs) {
             Header::set(true, true, false, false);
             paintHeader();
             paint(true);
-            Orm::flush(bounds);
+            Orm::flush(bounds.get());
         }
         return false;
     }
     paint(true, elapsedMs * kDoneQ10 / kSlideMs);
-    Orm::flush(bounds);
+    Orm::flush(bounds.get());
     return true;
 }

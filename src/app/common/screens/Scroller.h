@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 class AppImage;
 class Bounds;
@@ -38,11 +39,11 @@ public:
     static void static_ctor();
     static void static_dtor();
 
-    static Bounds* bounds;       // the strip on the screen; owned
-    static int32_t scrollImgId;  // the two pictures, each pixel as wide as sixteen
-    static bool left;            // direction of the current slide
-    static int32_t cFxIndex;     // from
-    static int32_t nFxIndex;     // to
+    static std::unique_ptr<Bounds> bounds;  // the strip on the screen
+    static int32_t scrollImgId;             // the two pictures, each pixel as wide as sixteen
+    static bool left;                       // direction of the current slide
+    static int32_t cFxIndex;                // from
+    static int32_t nFxIndex;                // to
     static int32_t numFxs;
 
 private:

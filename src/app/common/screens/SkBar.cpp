@@ -12,6 +12,7 @@
 #include "PaStretcher.h"
 #include "PaTextArea.h"
 #include "Payload.h"
+#include "Pooled.h"
 #include "Res.h"
 
 #include <utility>
@@ -25,9 +26,9 @@ int32_t SkBar::strRsk;
 int32_t SkBar::s_strLsk;
 int32_t SkBar::s_strMsk;
 int32_t SkBar::s_strRsk;
-PaTextArea* SkBar::s_paTxt;
-PaTextArea* SkBar::s_paTxt2;
-PaStretcher* SkBar::s_psWndBg;
+std::unique_ptr<PaTextArea> SkBar::s_paTxt;
+std::unique_ptr<PaTextArea> SkBar::s_paTxt2;
+std::unique_ptr<PaStretcher> SkBar::s_psWndBg;
 bool SkBar::s_messageVisible;
 int32_t SkBar::fntSides;
 int32_t SkBar::fntCenter;
@@ -47,21 +48,18 @@ void SkBar::static_ctor() {
     visible = false;
     strLsk = strMsk = strRsk = Res::Null;
     s_strLsk = s_strMsk = s_strRsk = Res::Null;
-    s_paTxt = nullptr;
-    s_paTxt2 = nullptr;
-    s_psWndBg = nullptr;
+    s_paTxt.reset();
+    s_paTxt2.reset();
+    s_psWndBg.reset();
     s_messageVisible = false;
     pressed = nullptr;
 }
 
 void SkBar::static_dtor() {
     // A question that still stands leaves the painters of the screen below it here.
-    delete s_paTxt;
-    s_paTxt = nullptr;
-    delete s_paTxt2;
-    s_paTxt2 = nullptr;
-    delete s_psWndBg;
-    s_psWndBg = nullptr;
+    s_paTxt.reset();
+    s_paTxt2.reset();
+    s_psWndBg.reset();
 }
 
 void SkBar::init() {
@@ -75,12 +73,11 @@ void SkBar::init() {
     yOfsCenter = 2;
     argb = Chrome::kWhite;
     argbPressed = 0x80808080;
-    Bounds* bar = Bounds::alloc(static_cast<Bounded*>(G::psSkBg));
+    const PooledBounds bar(Bounds::alloc(static_cast<Bounded*>(G::psSkBg)));
     x1 = bar->getLeft();
     y1 = bar->getTop();
     x2 = bar->getRight();
     y2 = bar->getBottom();
-    bar->free();
 }
 
 void SkBar::setStr(int32_t lsk, int32_t msk, int32_t rsk) {
@@ -102,9 +99,9 @@ void SkBar::save() {
     s_strLsk = strLsk;
     s_strMsk = strMsk;
     s_strRsk = strRsk;
-    s_paTxt = std::exchange(Message::paTxt, new PaTextArea());
-    s_paTxt2 = std::exchange(Message::paTxt2, new PaTextArea());
-    s_psWndBg = std::exchange(G::psWndBg, new PaStretcher());
+    s_paTxt = std::exchange(Message::paTxt, std::make_unique<PaTextArea>());
+    s_paTxt2 = std::exchange(Message::paTxt2, std::make_unique<PaTextArea>());
+    s_psWndBg.reset(std::exchange(G::psWndBg, new PaStretcher()));
     String window("/Res/menu_bg_x16y16.png");
     G::psWndBg->set(&window, true, false);
     s_messageVisible = std::exchange(Message::visible, false);  // the question's words cover it
@@ -114,9 +111,9 @@ void SkBar::restore() {
     if (s_psWndBg == nullptr) {
         return;
     }
-    delete std::exchange(Message::paTxt, std::exchange(s_paTxt, nullptr));
-    delete std::exchange(Message::paTxt2, std::exchange(s_paTxt2, nullptr));
-    delete std::exchange(G::psWndBg, std::exchange(s_psWndBg, nullptr));
+    Message::paTxt = std::move(s_paTxt);
+    Message::paTxt2 = std::move(s_paTxt2);
+    delete std::exchange(G::psWndBg, s_psWndBg.release());
     Message::visible = s_messageVisible;
     setStr(s_strLsk, s_strMsk, s_strRsk);
 }

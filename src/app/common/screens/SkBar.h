@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 class Event;
 class PaStretcher;
@@ -64,9 +65,9 @@ public:
     static int32_t s_strLsk;
     static int32_t s_strMsk;
     static int32_t s_strRsk;
-    static PaTextArea* s_paTxt;
-    static PaTextArea* s_paTxt2;
-    static PaStretcher* s_psWndBg;
+    static std::unique_ptr<PaTextArea> s_paTxt;
+    static std::unique_ptr<PaTextArea> s_paTxt2;
+    static std::unique_ptr<PaStretcher> s_psWndBg;
     static bool s_messageVisible;
     static int32_t fntSides;
     static int32_t fntCenter;

@@ -13,8 +13,11 @@
 #include "Murmelo.h"
 #include "Orm.h"
 #include "OspBase.h"
+#include "Pooled.h"
 #include "Res.h"
 #include "SkBar.h"
+
+#include <memory>
 
 namespace {
 
@@ -56,16 +59,13 @@ void Splash::begin() {
 }
 
 void Splash::paintPicture(const char* path, int32_t h, int32_t y) {
-    InputStream* stream = MIDlet::getResourceAsStream(path);
-    AppImage* image = Orm::loadImage(stream);
+    const std::unique_ptr<InputStream> stream(MIDlet::getResourceAsStream(path));
+    const std::unique_ptr<AppImage> image(Orm::loadImage(stream.get()));
     if (image != nullptr) {
-        Bounds* area = Bounds::alloc(0, y, kWidthPx, h);
-        ImageOps::blend(G::scr, image, 0, y, area, nullptr);
-        area->free();
+        const PooledBounds area(Bounds::alloc(0, y, kWidthPx, h));
+        ImageOps::blend(G::scr, image.get(), 0, y, area, nullptr);
     }
-    delete image;
     stream->close();
-    delete stream;
 }
 
 /// Shows the fatal message itself when it answers false.

@@ -1,6 +1,6 @@
 #include "TakeJob.h"
 
-#include "ArrFunc.h"
+#include "Array.h"
 #include "FileOps.h"
 #include "FileOutputStream.h"
 #include "G.h"
@@ -55,17 +55,15 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
 bool TakeJob::write(const int16_t* samples, int32_t count) {
     FileOutputStream stream(G::takePath());
     WavProps props(count, WavFile::kRecordedRateHz);
-    signed char* header = props.toByteArray();
+    const Array<signed char> header(props.toByteArray());
     stream.write(header);
-    deleteArrFunc(header);
-    auto* bytes = newArray<signed char>(2 * count);
+    const Array<signed char> bytes(newArray<signed char>(2 * count));
     for (int32_t i = 0; i < count; i++) {
-        signed char* sample = bytes + ptrdiff_t{2} * i;
+        signed char* sample = bytes.get() + ptrdiff_t{2} * i;
         sample[0] = static_cast<signed char>(samples[i] & 0xFF);
         sample[1] = static_cast<signed char>(samples[i] >> 8);
     }
     stream.write(bytes);
-    deleteArrFunc(bytes);
     stream.flush();
     return !stream.hasFailed();
 }

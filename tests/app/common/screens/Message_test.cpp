@@ -38,7 +38,7 @@ TEST_F(MessageTest, aTextStandsInTheMiddleOfItsBox) {
     ASSERT_GT(t, 0);
     expectBounds(10, 160 - ((t + 60) >> 1) - 24, 220, t + 60, G::psWndBg);
     const int32_t top = Bounds::get(G::psWndBg, Bounds::kEdgeTop);
-    expectBounds(30, top + 30, 180, t, Message::paTxt);
+    expectBounds(30, top + 30, 180, t, Message::paTxt.get());
     EXPECT_EQ(Bounds::kCentre, Message::paTxt->getTextAlign());
     EXPECT_EQ(0xFFFFFFFFU, Message::paTxt->getColour());
     EXPECT_EQ(Res::Null, Message::paTxt2->getText());
@@ -50,8 +50,8 @@ TEST_F(MessageTest, aHeadingStands30BelowTheTopAndTheBody10BelowTheHeading) {
     const int32_t t2 = heightOf(Str::str_LOW_MEM_TXT, G::fntSmall);
     expectBounds(10, 160 - ((t1 + t2 + 70) >> 1) - 24, 220, t1 + t2 + 70, G::psWndBg);
     const int32_t top = Bounds::get(G::psWndBg, Bounds::kEdgeTop);
-    expectBounds(30, top + 30, 180, t1, Message::paTxt);
-    expectBounds(30, top + t1 + 40, 180, t2, Message::paTxt2);
+    expectBounds(30, top + 30, 180, t1, Message::paTxt.get());
+    expectBounds(30, top + t1 + 40, 180, t2, Message::paTxt2.get());
     EXPECT_EQ(Str::str_DLG_TITLE_LOW_MEM, Message::paTxt->getText());
     EXPECT_EQ(Str::str_LOW_MEM_TXT, Message::paTxt2->getText());
 }

@@ -39,7 +39,7 @@ protected:
     /// One frame of the slide as it should be, over the current screen and its background.
     static Pixels slowFrame(int32_t p) {
         AppImage image(G::scr);
-        G::piBg->paintOn(&image, 0, 0, Scroller::bounds, nullptr);
+        G::piBg->paintOn(&image, 0, 0, Scroller::bounds.get(), nullptr);
         return slowFrameOver(&image, p);
     }
 

@@ -264,13 +264,13 @@ TEST_F(SkBarTest, paintingTwiceWithBackgroundDarkensNothing) {
 TEST_F(SkBarTest, savingPutsFreshMessagePaintersInPlaceAndRestoringPutsTheKeptOnesBack) {
     setThree();
     Message::setText(Str::str_HELP_TXT, G::fntSmall);
-    PaTextArea* const head = Message::paTxt;
-    PaTextArea* const body = Message::paTxt2;
+    PaTextArea* const head = Message::paTxt.get();
+    PaTextArea* const body = Message::paTxt2.get();
     PaStretcher* const box = G::psWndBg;
     SkBar::save();
     EXPECT_EQ((Names{"Options", "Play", "Quit"}), labels());
-    EXPECT_NE(head, Message::paTxt);
-    EXPECT_NE(body, Message::paTxt2);
+    EXPECT_NE(head, Message::paTxt.get());
+    EXPECT_NE(body, Message::paTxt2.get());
     ASSERT_NE(box, G::psWndBg);
     EXPECT_EQ(16, G::psWndBg->getStretchColumn());
     EXPECT_EQ(16, G::psWndBg->getStretchRow());
@@ -281,8 +281,8 @@ TEST_F(SkBarTest, savingPutsFreshMessagePaintersInPlaceAndRestoringPutsTheKeptOn
     SkBar::restore();
     EXPECT_EQ((Names{"Options", "Play", "Quit"}), labels());
     EXPECT_EQ(nullptr, SkBar::pressed);
-    EXPECT_EQ(head, Message::paTxt);
-    EXPECT_EQ(body, Message::paTxt2);
+    EXPECT_EQ(head, Message::paTxt.get());
+    EXPECT_EQ(body, Message::paTxt2.get());
     EXPECT_EQ(box, G::psWndBg);
     EXPECT_EQ(Str::str_HELP_TXT, Message::paTxt->getText());
 }
