@@ -22,5 +22,4 @@ murmelo_tests(app_tests
     LINK murmelo_app murmelo_headless_host)
 target_include_directories(app_tests PRIVATE ../tools/gallery)
 target_compile_definitions(app_tests PRIVATE
-    MURMELO_SOURCE="${CMAKE_SOURCE_DIR}"
     MURMELO_VERSION="${PROJECT_VERSION}")

@@ -31,4 +31,3 @@ murmelo_tests(screens_tests
         platform/GameInterface_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_files)
 target_include_directories(screens_tests PRIVATE app/common/screens)
-target_compile_definitions(screens_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

@@ -25,8 +25,7 @@ namespace {
 class GEngineTest : public testing::Test {
 protected:
     void SetUp() override {
-        folders.makeFolder("home");
-        host.mappedFolders.home = folders.path("home");
+        host.mapHome(folders);
         host.mappedFolders.config = folders.path("config");
         host.check([this] {
             screen = std::make_unique<TestScreen>(std::initializer_list<Osp::Base::String*>{

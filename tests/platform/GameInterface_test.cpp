@@ -41,10 +41,8 @@ public:
 class GameInterfaceTest : public testing::Test {
 protected:
     GameInterfaceTest() {
-        folders.makeFolder("home");
-        host.mappedFolders.home = folders.path("home");
-        host.mappedFolders.res = MURMELO_SOURCE_DIR "/res/Res";
-        host.mappedFolders.framework = MURMELO_SOURCE_DIR "/res/framework";
+        host.mapHome(folders);
+        host.mapShipped();
         registry.Open("");
         registry.Add("lang", "0");
         GEngine::pAppRegistry = &registry;

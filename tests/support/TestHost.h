@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+class TestFolders;
+
 /// Installs itself for its lifetime.
 class TestHost : public QuietHost {
 public:
@@ -45,6 +47,12 @@ public:
     void onCall(const std::string& operation, std::function<void()> happens) {
         happenings[operation] = std::move(happens);
     }
+
+    /// Makes the folder "home" there, and maps it as the home.
+    void mapHome(const TestFolders& folders);
+
+    /// Maps the pictures and fonts as they are shipped.
+    void mapShipped();
 
     int64_t nowMs = 0;
     HostFolders mappedFolders;

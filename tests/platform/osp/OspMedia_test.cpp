@@ -128,8 +128,7 @@ public:
 class PlayerTest : public testing::Test {
 protected:
     PlayerTest() {
-        folders.makeFolder("home");
-        host.mappedFolders.home = folders.path("home");
+        host.mapHome(folders);
         folders.write("home/clip.wav", TestSounds::wav(clip, 8000));
         EXPECT_EQ("", host.voice.openFile(folders.path("speaker.wav")));
     }
@@ -494,8 +493,7 @@ TEST_F(AudioInTest, tooLittleRoomForATakeIsToldBeforeItIsRecorded) {
 
 TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
     TestFolders folders;
-    folders.makeFolder("home");
-    host.mappedFolders.home = folders.path("home");
+    host.mapHome(folders);
     Osp::Io::File file;
     ASSERT_EQ(E_SUCCESS, file.Construct("/Home/take.wav", "wb+"));
     AudioIn in;
@@ -522,8 +520,7 @@ TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
 
 TEST_F(AudioInTest, aFailedWriteOutsideARecordingIsNoMatterOfTheTake) {
     TestFolders folders;
-    folders.makeFolder("home");
-    host.mappedFolders.home = folders.path("home");
+    host.mapHome(folders);
     Osp::Io::File file;
     ASSERT_EQ(E_SUCCESS, file.Construct("/Home/other.wav", "wb+"));
     AudioIn in;

@@ -19,8 +19,7 @@ namespace {
 class AudioDevTest : public testing::Test {
 protected:
     void SetUp() override {
-        folders.makeFolder("home");
-        host.mappedFolders.home = folders.path("home");
+        host.mapHome(folders);
         host.ears.setVoice(voice);
         Orm::paused = false;
         Orm::firstEvent = nullptr;

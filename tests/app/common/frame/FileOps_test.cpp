@@ -13,8 +13,7 @@ namespace {
 class FileOpsTest : public testing::Test {
 protected:
     void SetUp() override {
-        folders.makeFolder("home");
-        host.mappedFolders.home = folders.path("home");
+        host.mapHome(folders);
         FileOps::static_ctor();
         FileOps::mkdir("/Home/Murmelo/");
     }

@@ -14,9 +14,6 @@ using Osp::Base::String;
 
 namespace {
 
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
-
 class MurmeloTest : public ScreensTest {
 protected:
     MurmeloTest() { makeSoundFolder(); }

@@ -21,8 +21,7 @@ using Osp::Base::String;
 class StrTest : public testing::Test {
 public:
     StrTest() {
-        host.mappedFolders.res = MURMELO_SOURCE "/res/Res";
-        host.mappedFolders.framework = MURMELO_SOURCE "/res/framework";
+        host.mapShipped();
         Res::static_ctor();
         firstId = Res::nextId;
         Str::static_ctor();

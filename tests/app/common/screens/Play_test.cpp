@@ -5,7 +5,6 @@
 #include "GameInterface.h"
 #include "Header.h"
 #include "Main.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "PaImage.h"
@@ -19,8 +18,6 @@ namespace {
 
 constexpr int32_t kLeftCode = -3;
 constexpr int32_t kRightCode = -4;
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
 
 class PlayTest : public ScreensTest {
 protected:
@@ -35,12 +32,6 @@ protected:
         const PaImage* arrow = left ? G::piArrowLeftWhite : G::piArrowRightWhite;
         const int32_t x = left ? 8 : 232 - arrow->getWidth() + 1;
         touch(x + arrow->getWidth() / 2, 2 + arrow->getHeight() / 2);
-    }
-
-    static std::string fatalBody() {
-        return screen() == "MessageAndQuit"
-                   ? text(static_cast<MessageAndQuit*>(State::currState)->body)
-                   : "none";
     }
 };
 

@@ -4,10 +4,8 @@
 #include "G.h"
 #include "Header.h"
 #include "Main.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "PaImage.h"
-#include "Res.h"
 #include "ScreensTest.h"
 #include "State.h"
 #include "TestSounds.h"
@@ -15,10 +13,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
-constexpr const char* kNoAudio = "Can not get access to the audio device.";
 
 class PlayingTest : public ScreensTest {
 protected:
@@ -29,14 +23,6 @@ protected:
     }
 
     static void start() { State::setState(G::statePlaying, true, true); }
-
-    static std::string fatalText() {
-        if (screen() != "MessageAndQuit") {
-            return "none";
-        }
-        const auto* message = static_cast<MessageAndQuit*>(State::currState);
-        return text(message->heading != Res::Null ? message->heading : message->body);
-    }
 };
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "Bounds.h"
 #include "Fx.h"
 #include "G.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspBase.h"
@@ -22,9 +21,6 @@
 using Osp::Base::String;
 
 namespace {
-
-constexpr const char* kStorageLow = "Please free up memory by deleting unnecessary files and "
-                                    "closing running applications.\nThe application will end.";
 
 /// Reports the progresses given, one a slice; the result is the samples it was given, plus one.
 class SlicedProc : public WavProc {
@@ -73,12 +69,6 @@ protected:
     }
 
     static void run() { Orm::canvas->run(); }
-
-    static std::string fatalBody() {
-        return screen() == "MessageAndQuit"
-                   ? text(static_cast<MessageAndQuit*>(State::currState)->body)
-                   : "none";
-    }
 };
 
 }  // namespace

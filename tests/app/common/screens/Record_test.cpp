@@ -1,10 +1,8 @@
 #include "AudioDev.h"
 #include "G.h"
 #include "Message.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "PaTextArea.h"
-#include "Res.h"
 #include "ScreensTest.h"
 #include "State.h"
 #include "Str.h"
@@ -14,21 +12,9 @@
 
 namespace {
 
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
-constexpr const char* kNoAudio = "Can not get access to the audio device.";
-
 class RecordTest : public ScreensTest {
 protected:
     RecordTest() { makeSoundFolder(); }
-
-    static std::string fatalText() {
-        if (screen() != "MessageAndQuit") {
-            return "none";
-        }
-        const auto* message = static_cast<MessageAndQuit*>(State::currState);
-        return text(message->heading != Res::Null ? message->heading : message->body);
-    }
 };
 
 }  // namespace

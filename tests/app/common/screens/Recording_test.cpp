@@ -4,7 +4,6 @@
 #include "Fx.h"
 #include "G.h"
 #include "Main.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "PaImage.h"
@@ -12,7 +11,6 @@
 #include "Process.h"
 #include "Progress.h"
 #include "Recording.h"
-#include "Res.h"
 #include "ScreensTest.h"
 #include "SkBar.h"
 #include "State.h"
@@ -21,10 +19,6 @@
 #include "WavProc.h"
 
 namespace {
-
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
-constexpr const char* kNoAudio = "Can not get access to the audio device.";
 
 class RecordingTest : public ScreensTest {
 protected:
@@ -35,14 +29,6 @@ protected:
     }
 
     void start() { State::setState(G::stateRecording, true, true); }
-
-    static std::string fatalText() {
-        if (screen() != "MessageAndQuit") {
-            return "none";
-        }
-        const auto* message = static_cast<MessageAndQuit*>(State::currState);
-        return text(message->heading != Res::Null ? message->heading : message->body);
-    }
 
     /// Columns of the bar that are filled; it was empty before.
     static int32_t filled() {

@@ -4,7 +4,6 @@
 #include "Header.h"
 #include "Main.h"
 #include "Message.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspBase.h"
@@ -16,9 +15,6 @@
 #include "TestSounds.h"
 
 namespace {
-
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
 
 class SaveTest : public ScreensTest {
 protected:
@@ -35,12 +31,6 @@ protected:
 
     std::string saved(const std::string& name) const {
         return folders.read("home/Murmelo/" + name);
-    }
-
-    static std::string fatalBody() {
-        return screen() == "MessageAndQuit"
-                   ? text(static_cast<MessageAndQuit*>(State::currState)->body)
-                   : "none";
     }
 };
 

@@ -24,11 +24,9 @@
 #include <typeinfo>
 
 ScreensTest::ScreensTest() {
-    folders.makeFolder("home");
-    host.mappedFolders.home = folders.path("home");
+    host.mapHome(folders);
+    host.mapShipped();
     host.mappedFolders.config = folders.path("config");
-    host.mappedFolders.res = MURMELO_SOURCE_DIR "/res/Res";
-    host.mappedFolders.framework = MURMELO_SOURCE_DIR "/res/framework";
     registry.Open(host.mappedFolders.config);
     GEngine::pAppRegistry = &registry;
     GameInterface::Active = true;
@@ -102,6 +100,19 @@ std::string ScreensTest::screen() {
     std::string text = name;
     std::free(name);
     return text;
+}
+
+std::string ScreensTest::fatalBody() {
+    return screen() == "MessageAndQuit" ? text(static_cast<MessageAndQuit*>(State::currState)->body)
+                                        : "none";
+}
+
+std::string ScreensTest::fatalText() {
+    if (screen() != "MessageAndQuit") {
+        return "none";
+    }
+    const auto* message = static_cast<MessageAndQuit*>(State::currState);
+    return text(message->heading != Res::Null ? message->heading : message->body);
 }
 
 ScreensTest::Names ScreensTest::pending() const {

@@ -74,6 +74,12 @@ protected:
     /// The picture's pixels inside a rectangle.
     static Pixels picture(int32_t x, int32_t y, int32_t w, int32_t h);
 
+    /// What stands on the fatal screen under its heading; "none" on any other screen.
+    static std::string fatalBody();
+
+    /// The heading of the fatal screen, or its body if it has no heading; "none" on any other.
+    static std::string fatalText();
+
     /// What a fatal message of that kind looks like over the plain picture, down to the soft keys.
     static Pixels fatalPicture(int32_t kind);
 
@@ -84,6 +90,14 @@ protected:
 
     /// Records the voice given for that long and waits for the choice of the effect.
     void record(const std::vector<int16_t>& voice, int64_t ms);
+
+    // What the fatal screen says, in English.
+    static constexpr const char* kFileError =
+        "An unexpected file read or write error has occured.\nThe application will end.";
+    static constexpr const char* kStorageLow =
+        "Please free up memory by deleting unnecessary files and closing running applications.\n"
+        "The application will end.";
+    static constexpr const char* kNoAudio = "Can not get access to the audio device.";
 
     static constexpr const char* kTake = "home/Murmelo/MrmLastRec.wav";
     static constexpr const char* kResult = "home/Murmelo/MrmLastProc.wav";

@@ -2,7 +2,6 @@
 #include "FileInputStream.h"
 #include "FileOps.h"
 #include "G.h"
-#include "MessageAndQuit.h"
 #include "MIDlet.h"
 #include "Murmelo.h"
 #include "Orm.h"
@@ -12,8 +11,6 @@
 
 namespace {
 
-constexpr const char* kStorageLow = "Please free up memory by deleting unnecessary files and "
-                                    "closing running applications.\nThe application will end.";
 constexpr const char* kNotSupported = "This device is not supported.\nThe application will end.";
 
 class SplashTest : public ScreensTest {
@@ -23,12 +20,6 @@ protected:
         const std::unique_ptr<AppImage> image(Orm::loadImage(stream.get()));
         stream->close();
         return {image->pixels.get(), image->pixels + image->w * image->h};
-    }
-
-    static std::string fatalBody() {
-        return screen() == "MessageAndQuit"
-                   ? text(static_cast<MessageAndQuit*>(State::currState)->body)
-                   : "none";
     }
 
     std::string enterWith(int64_t phone, int64_t card) {

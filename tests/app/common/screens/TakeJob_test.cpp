@@ -1,5 +1,4 @@
 #include "G.h"
-#include "MessageAndQuit.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "ScreensTest.h"
@@ -11,11 +10,6 @@ namespace {
 
 using Samples = TestSounds::Samples;
 
-constexpr const char* kStorageLow = "Please free up memory by deleting unnecessary files and "
-                                    "closing running applications.\nThe application will end.";
-constexpr const char* kFileError =
-    "An unexpected file read or write error has occured.\nThe application will end.";
-
 class TakeJobTest : public ScreensTest {
 protected:
     TakeJobTest() {
@@ -25,12 +19,6 @@ protected:
 
     static void use(const Samples& samples) {
         TakeJob::use(samples.data(), static_cast<int32_t>(samples.size()));
-    }
-
-    static std::string fatalBody() {
-        return screen() == "MessageAndQuit"
-                   ? text(static_cast<MessageAndQuit*>(State::currState)->body)
-                   : "none";
     }
 };
 

@@ -11,8 +11,7 @@ namespace {
 class FileOutputStreams : public testing::Test {
 protected:
     FileOutputStreams() {
-        folders.makeFolder("home");
-        host.mappedFolders.home = folders.path("home");
+        host.mapHome(folders);
         for (int32_t i = 0; i < length(bytes); i++) {
             bytes[i] = static_cast<signed char>('a' + i);
         }
