@@ -7,7 +7,6 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 class TestFolders;
@@ -40,13 +39,12 @@ public:
 
     bool fails(const char* operation) override;
 
-    /// The n-th next call of the operation (1: the next one) fails.
-    void failNth(const std::string& operation, int32_t n) { failures[operation] = n; }
+    /// The n-th next call of the operation (1: the next one) fails. There must be such an
+    /// operation.
+    void failNth(const std::string& operation, int32_t n);
 
     /// Something happens outside just before each call of the operation.
-    void onCall(const std::string& operation, std::function<void()> happens) {
-        happenings[operation] = std::move(happens);
-    }
+    void onCall(const std::string& operation, std::function<void()> happens);
 
     /// Makes the folder "home" there, and maps it as the home.
     void mapHome(const TestFolders& folders);

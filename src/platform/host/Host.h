@@ -7,6 +7,7 @@
 // to say waits for pump().
 #pragma once
 
+#include "HostOperation.h"
 #include "HostSound.h"
 #include "ScreenTexts.h"
 
@@ -196,12 +197,12 @@ public:
     /// @param sentence  without a full stop, and without the program's name in front
     virtual void say(const std::string& /*sentence*/) {}
 
-    /// True if this call of the named platform operation is to fail. Tests ask for it; a phone
-    /// never does.
+    /// True if this call of the named platform operation (HostOperation) is to fail. Tests ask for
+    /// it; a phone never does.
     virtual bool fails(const char* /*operation*/) { return false; }
 };
 
-/// Whether the back end in use wants this call of the named platform operation to fail.
-inline bool hostFails(const char* operation) {
-    return Host::current().fails(operation);
+/// Whether the back end in use wants this call of the platform operation to fail.
+inline bool hostFails(HostOperation operation) {
+    return Host::current().fails(operation.name());
 }

@@ -1,0 +1,44 @@
+// The operations of the platform that a test can tell to fail, each named once.
+#pragma once
+
+#include <array>
+#include <cstdlib>
+#include <string_view>
+
+class HostOperation {
+public:
+    /// Every operation, in the order of the alphabet.
+    static constexpr std::array kNames = {
+        "AppRegistry.Write", "AudioIn.AddBuffer",   "AudioIn.Construct",    "AudioIn.Prepare",
+        "AudioIn.Reset",     "AudioIn.Start",       "AudioIn.Stop",         "AudioIn.Unprepare",
+        "Canvas.Show",       "Directory.Construct", "Directory.Create",     "Directory.Read",
+        "File.Construct",    "File.Copy",           "File.Flush",           "File.MoveAside",
+        "File.Read",         "File.Remove",         "File.Rename",          "File.RenameToFree",
+        "File.Seek",         "File.SyncFolder",     "File.Write",           "Player.Close",
+        "Player.Construct",  "Player.OpenFile",     "Player.Pause",         "Player.Play",
+        "Player.SetVolume",  "Player.Stop",         "RuntimeInfo.GetValue", "SettingInfo.GetValue",
+    };
+
+    static constexpr bool isKnown(std::string_view name) {
+        for (const char* known : kNames) {
+            if (name == known) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// A name written in the code. One that is not in the table does not compile.
+    // NOLINTNEXTLINE(google-explicit-constructor): so that hostFails("File.Write") reads as it does
+    consteval HostOperation(const char* name)
+        : text(name) {
+        if (!isKnown(name)) {
+            std::abort();  // no constant: the compiler refuses it
+        }
+    }
+
+    constexpr const char* name() const { return text; }
+
+private:
+    const char* text;
+};
