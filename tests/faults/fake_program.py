@@ -9,7 +9,20 @@ import sys
 FATAL = ["swipe left", "background", "volume up"]
 
 
+LIST = """Commands:
+  wait MS  lets time pass
+Operations that can be told to fail:
+  File.Read
+  File.Write
+Screens:
+  Options
+"""
+
+
 def main():
+    if "--list" in sys.argv:
+        sys.stdout.write(LIST)
+        return
     with open(sys.argv[-1]) as file:
         lines = file.read().splitlines()
     wanted = [] if os.environ.get("MURMELO_FAKE_FAULT") == "none" else list(FATAL)

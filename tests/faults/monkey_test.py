@@ -13,6 +13,7 @@ import monkey
 from journey import Verdict
 
 HERE = os.path.dirname(os.path.realpath(__file__))
+OPERATIONS = ["File.Read", "File.Write"]
 FATAL = ["swipe left", "background", "volume up"]
 
 
@@ -64,10 +65,10 @@ def shrinks_by_itself(verdict):
 
 
 def journeys_are_their_own(verdict):
-    first = monkey.Monkey(7, 12).events()
-    verdict.check(first == monkey.Monkey(7, 12).events(), "a journey is not the same twice")
-    verdict.check(first != monkey.Monkey(7, 13).events(), "two journeys are alike")
-    verdict.check(first != monkey.Monkey(8, 12).events(), "two seeds are alike")
+    first = monkey.Monkey(7, 12, OPERATIONS).events()
+    verdict.check(first == monkey.Monkey(7, 12, OPERATIONS).events(), "a journey is not the same twice")
+    verdict.check(first != monkey.Monkey(7, 13, OPERATIONS).events(), "two journeys are alike")
+    verdict.check(first != monkey.Monkey(8, 12, OPERATIONS).events(), "two seeds are alike")
     verdict.check(len(first) == monkey.JOURNEY_EVENTS, "a journey has %d events" % len(first))
 
 

@@ -52,7 +52,7 @@ script-mistakes)
     line 2 '"key" wants left, middle or right' 'key up'
     line 2 '"expect" wants screen, file, no file, effect or ended' 'expect'
     line 2 '"lose" wants microphone or speaker' 'lose voice'
-    line 2 'there is no screen "Menu", only FirstLang, ' 'until Menu'
+    line 2 'there is no screen "Menu", only Splash, FirstLang, ' 'until Menu'
     line 2 'there is no operation "Write", only AppRegistry.Write, ' 'fail Write 1'
     expect 2 'the script "none" cannot be read' $(run) none
     head -c 4096 /dev/urandom | tr -d '#\n' | sed 's/^/x/' >noise

@@ -8,35 +8,31 @@
 #include "FileSpeaker.h"
 #include "Host.h"
 #include "LostMicrophone.h"
+#include "RunVerdict.h"
 #include "Script.h"
+#include "ScriptRun.h"
 
 #include <cstdint>
-#include <deque>
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
 class HeadlessHost : public Host {
 public:
-    static constexpr int32_t kOk = 0;
-    static constexpr int32_t kFailed = 1;  // an expectation was not met
-    static constexpr int32_t kUsage = 2;   // a mistake in the script or on the command line
-    static constexpr int32_t kSignalled =
-        128;  // and the number of the signal that asked for the end
-
     /// @param silent  what the phone is at first, unless the script's first lines say otherwise
     HeadlessHost(HostFolders folders,
                  std::vector<ScriptCommand> script,
                  int64_t clockStartMs,
                  bool silent = false);
+    HeadlessHost(const HeadlessHost&) = delete;  // the script's run knows where its host lies
+    HeadlessHost& operator=(const HeadlessHost&) = delete;
 
     /// Works off what the script still expects once the program has ended.
     /// @returns the status of the whole run
     int32_t finish();
 
     /// What went wrong, with its line; empty if nothing did.
-    const std::string& complaint() const { return failure; }
+    const std::string& complaint() const { return verdict.complaint(); }
 
     int64_t uptimeMs() override { return nowMs; }
 
@@ -56,9 +52,9 @@ public:
 
     void frameShown(HostFrame* newest) override;
 
-    HostMicrophone* microphone() override { return &ears; }
+    HostMicrophone* microphone() override { return &fileEars; }
 
-    HostSpeaker* speaker() override { return &voice; }
+    HostSpeaker* speaker() override { return &fileVoice; }
 
     void setDoors(HostDoors* offered) override { doors = offered; }
 
@@ -67,53 +63,44 @@ public:
 
     bool fails(const char* operation) override;
 
-private:
-    using Callback = std::function<void(HostListener&)>;
+    // What the script's run sees of the device, and does to it.
 
-    /// Passes time towards the end of a wait. True once the wait is over.
-    bool waitOver(int64_t timeoutMs);
+    /// Null before the program has opened them, and when it has ended.
+    HostDoors* openDoors() { return doors; }
+
+    /// Name of the current screen; empty if there is none.
+    std::string screenName() { return doors != nullptr ? doors->screenName() : ""; }
+
+    /// What the display shows, as RGB565 from the top down; empty before the first frame.
+    std::vector<uint16_t> picture();
+
+    FileMicrophone& ears() { return fileEars; }
+
+    FileSpeaker& voice() { return fileVoice; }
+
+    void setClock(int64_t ms) { nowMs = ms; }
 
     /// How long until the program or its sound has something to do, -1 if neither.
+    /// @param timeoutMs  how long the program has nothing to do, -1 for ever
     int64_t longestSleep(int64_t timeoutMs) const;
-    void watch();
-    void heedSignal();
-    bool awaitedScreenCame();
-    bool awaitedScreenIsThere() const;
+
+    void setSilent(bool on) { silent = on; }
+
+    /// Free bytes; -1 means unknown.
+    void setStorage(int64_t phone, int64_t card);
+
+    /// The n-th next call of the operation (1: the next one) fails.
+    void failNth(const std::string& operation, int64_t n) { failures[operation] = n; }
+
+private:
     static std::vector<uint16_t> pictureOf(HostFrame& shown);
-    void mistake(const ScriptCommand& command, const std::string& message);
-    void start(const ScriptCommand& command);
-    void startDevice(const ScriptCommand& command);
-    void startSound(const ScriptCommand& command);
-    void loseDevice(const ScriptCommand& command);
-    void expect(const ScriptCommand& command);
-    void takeShot(const ScriptCommand& command);
-    void useDoor(const ScriptCommand& command);
-    void writeCanvas(const ScriptCommand& command, const std::string& path);
-    void useSoundFile(const ScriptCommand& command);
-    void removeSoundFile(const ScriptCommand& command);
-    std::string soundPath(const std::string& name) const;
-    bool soundFileExists(const std::string& name) const;
-    void fail(const ScriptCommand& command, const std::string& message);
 
     HostFolders mapped;
-    std::vector<ScriptCommand> script;
-    size_t next = 0;               // of the script
-    std::deque<Callback> pending;  // callbacks of the current command
-
     int64_t nowMs;
     int32_t yieldsSincePump = 0;
-    int64_t framesAtThisTime = 0;
 
-    bool waiting = false;
-    bool stayingStill = false;  // the wait fails if anything falls due before its end
-    int64_t waitEndMs = 0;
-    std::string watchedScreen;  // empty: none
-    std::string watchedFile;
-    std::string screenBefore;   // when the current command began
-    std::string awaitedScreen;  // empty: only time counts
-
-    FileMicrophone ears;
-    FileSpeaker voice;
+    FileMicrophone fileEars;
+    FileSpeaker fileVoice;
     LostMicrophone lostMicrophone;
     bool silent;
     int64_t phoneBytes = int64_t{1} << 30;
@@ -123,7 +110,7 @@ private:
     HostFrame* frame = nullptr;
     std::vector<uint16_t> lastPicture;  // of a frame that is gone; empty before the first
     HostDoors* doors = nullptr;
-    bool ended = false;
-    std::string failure;
-    int32_t status = kOk;
+
+    RunVerdict verdict;
+    ScriptRun scriptRun;
 };

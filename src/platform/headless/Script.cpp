@@ -1,57 +1,16 @@
 #include "Script.h"
 
+#include "HostOperation.h"
+
 #include <algorithm>
 #include <charconv>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 namespace {
 
-/// What follows a verb: a word (w), one of the given words (o), a screen (s), an operation of the
-/// platform (p), numbers (n), a number that may be left out (?).
-struct Form {
-    const char* name;  // one or more words
-    ScriptVerb verb;
-    const char* arguments;
-    std::vector<std::string> choices;
-};
-
-const std::vector<Form>& forms() {
-    static const std::vector<Form> kForms = {
-        {"tap", ScriptVerb::kTap, "nn", {}},
-        {"press", ScriptVerb::kPress, "nn", {}},
-        {"move", ScriptVerb::kMove, "nn", {}},
-        {"release", ScriptVerb::kRelease, "nn", {}},
-        {"swipe", ScriptVerb::kSwipe, "o", {"left", "right"}},
-        {"key", ScriptVerb::kKey, "o", {"left", "middle", "right"}},
-        {"navigate", ScriptVerb::kNavigate, "o", {"up", "down", "left", "right", "middle"}},
-        {"wait", ScriptVerb::kWait, "n", {}},
-        {"still", ScriptVerb::kStill, "n", {}},
-        {"until", ScriptVerb::kUntil, "s?", {}},
-        {"mic", ScriptVerb::kMic, "w", {}},
-        {"speaker", ScriptVerb::kSpeaker, "w", {}},
-        {"silent", ScriptVerb::kSilent, "o", {"on", "off"}},
-        {"storage", ScriptVerb::kStorage, "nn", {}},
-        {"background", ScriptVerb::kBackground, "", {}},
-        {"foreground", ScriptVerb::kForeground, "", {}},
-        {"screen", ScriptVerb::kScreen, "o", {"on", "off"}},
-        {"volume", ScriptVerb::kVolume, "o", {"up", "down"}},
-        {"fail", ScriptVerb::kFail, "pn", {}},
-        {"lose", ScriptVerb::kLose, "o", {"microphone", "speaker"}},
-        {"shot", ScriptVerb::kShot, "w", {}},
-        {"shot-canvas", ScriptVerb::kShotCanvas, "w", {}},
-        {"watch", ScriptVerb::kWatch, "sw", {}},
-        {"save", ScriptVerb::kSave, "", {}},
-        {"take", ScriptVerb::kTake, "w", {}},
-        {"remove", ScriptVerb::kRemove, "w", {}},
-        {"expect screen", ScriptVerb::kExpectScreen, "s", {}},
-        {"expect file", ScriptVerb::kExpectFile, "w", {}},
-        {"expect no file", ScriptVerb::kExpectNoFile, "w", {}},
-        {"expect effect", ScriptVerb::kExpectEffect, "n", {}},
-        {"expect ended", ScriptVerb::kExpectEnded, "", {}},
-    };
-    return kForms;
-}
+using Kind = ScriptArgument::Kind;
 
 std::vector<std::string> wordsOf(const std::string& line) {
     std::istringstream stream(line.substr(0, line.find('#')));
@@ -67,14 +26,14 @@ bool startsWith(const std::vector<std::string>& words, const std::vector<std::st
     return words.size() >= start.size() && std::equal(start.begin(), start.end(), words.begin());
 }
 
-/// The form whose name the line begins with, the longest where several do; null if none.
-const Form* formOf(const std::vector<std::string>& words, size_t& nameWords) {
-    const Form* best = nullptr;
+/// The verb whose name the line begins with, the longest where several do; null if none.
+const ScriptVerb* verbOf(const std::vector<std::string>& words, size_t& nameWords) {
+    const ScriptVerb* best = nullptr;
     nameWords = 0;
-    for (const Form& form : forms()) {
-        const std::vector<std::string> name = wordsOf(form.name);
+    for (const ScriptVerb& verb : ScriptVerb::all()) {
+        const std::vector<std::string> name = wordsOf(verb.name);
         if (startsWith(words, name) && name.size() > nameWords) {
-            best = &form;
+            best = &verb;
             nameWords = name.size();
         }
     }
@@ -88,38 +47,22 @@ bool isNumber(const std::string& word, int64_t& number) {
            number <= INT32_MAX;
 }
 
-const std::vector<std::string>& screens() {
-    static const std::vector<std::string> kScreens = {
-        "FirstLang", "Splash", "Options", "Record", "Recording",
-        "Process",   "Play",   "Playing", "Save",   "MessageAndQuit",
-    };
-    return kScreens;
-}
-
-/// Every operation of the platform that can be told to fail.
-const std::vector<std::string>& operations() {
-    static const std::vector<std::string> kOperations = {
-        "AppRegistry.Write", "AudioIn.AddBuffer",   "AudioIn.Construct",    "AudioIn.Prepare",
-        "AudioIn.Reset",     "AudioIn.Start",       "AudioIn.Stop",         "AudioIn.Unprepare",
-        "Canvas.Show",       "Directory.Construct", "Directory.Create",     "Directory.Read",
-        "File.Construct",    "File.Copy",           "File.Flush",           "File.MoveAside",
-        "File.Read",         "File.Remove",         "File.Rename",          "File.RenameToFree",
-        "File.Seek",         "File.SyncFolder",     "File.Write",           "Player.Close",
-        "Player.Construct",  "Player.OpenFile",     "Player.Pause",         "Player.Play",
-        "Player.SetVolume",  "Player.Stop",         "RuntimeInfo.GetValue", "SettingInfo.GetValue",
-    };
-    return kOperations;
-}
-
 /// Empty, or what is wrong with arguments that have the right form.
 std::string checkValues(const ScriptCommand& command) {
-    if (command.verb == ScriptVerb::kFail) {
-        return command.numbers[0] < 1 ? "the calls of an operation count from 1" : "";
+    auto number = command.numbers.begin();
+    for (const ScriptArgument& argument : command.verb->arguments) {
+        if (!argument.isNumber() || number == command.numbers.end()) {
+            continue;
+        }
+        if (argument.kind == Kind::kCount && *number < 1) {
+            return "the calls of an operation count from 1";
+        }
+        if (argument.kind == Kind::kTimeMs && *number < 0) {
+            return "time does not go back";
+        }
+        number++;
     }
-    const bool waits = command.verb == ScriptVerb::kWait || command.verb == ScriptVerb::kStill ||
-                       command.verb == ScriptVerb::kUntil;
-    return waits && !command.numbers.empty() && command.numbers[0] < 0 ? "time does not go back"
-                                                                       : "";
+    return "";
 }
 
 /// "a, b or c".
@@ -132,25 +75,48 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
-/// Empty, or that the word is none of those that may stand there.
-std::string checkWord(char kind, const Form& form, const std::string& word) {
-    const std::vector<std::string>& choices =
-        kind == 's' ? screens() : (kind == 'p' ? operations() : form.choices);
-    if (kind == 'w' || std::find(choices.begin(), choices.end(), word) != choices.end()) {
-        return "";
+/// The words that may stand in the place of this argument.
+std::vector<std::string> choicesOf(const ScriptArgument& argument,
+                                   const std::vector<std::string>& screens) {
+    if (argument.kind == Kind::kScreen) {
+        return screens;
     }
-    if (kind == 'o') {
-        return std::string("\"") + form.name + "\" wants " + joined(choices);
+    if (argument.kind == Kind::kOperation) {
+        return {HostOperation::kNames.begin(), HostOperation::kNames.end()};
     }
-    return std::string("there is no ") + (kind == 's' ? "screen" : "operation") + " \"" + word +
-           "\", only " + joined(choices);
+    std::vector<std::string> choices;
+    std::istringstream stream(argument.text);
+    std::string word;
+    while (std::getline(stream, word, '|')) {
+        choices.push_back(word);
+    }
+    return choices;
 }
 
-/// What is wrong with a line that begins with no form's name.
-std::string noForm(const std::string& firstWord) {
+/// Empty, or that the word is none of those that may stand there.
+std::string checkWord(const ScriptVerb& verb,
+                      const ScriptArgument& argument,
+                      const std::vector<std::string>& screens,
+                      const std::string& word) {
+    if (argument.kind == Kind::kWord) {
+        return "";
+    }
+    const std::vector<std::string> choices = choicesOf(argument, screens);
+    if (std::find(choices.begin(), choices.end(), word) != choices.end()) {
+        return "";
+    }
+    if (argument.kind == Kind::kChoice) {
+        return std::string("\"") + verb.name + "\" wants " + joined(choices);
+    }
+    return std::string("there is no ") + (argument.kind == Kind::kScreen ? "screen" : "operation") +
+           " \"" + word + "\", only " + joined(choices);
+}
+
+/// What is wrong with a line that begins with no verb's name.
+std::string noVerb(const std::string& firstWord) {
     std::vector<std::string> choices;
-    for (const Form& form : forms()) {
-        const std::string name = form.name;
+    for (const ScriptVerb& verb : ScriptVerb::all()) {
+        const std::string name = verb.name;
         if (name.substr(0, firstWord.size() + 1) == firstWord + " ") {
             choices.push_back(name.substr(firstWord.size() + 1));
         }
@@ -160,25 +126,26 @@ std::string noForm(const std::string& firstWord) {
 }
 
 /// Empty, or what is wrong with the arguments that stand from words[at] on.
-std::string readArguments(const Form& form,
-                          const std::vector<std::string>& words,
+std::string readArguments(const std::vector<std::string>& words,
                           size_t at,
+                          const std::vector<std::string>& screens,
                           ScriptCommand& command) {
-    for (const char* kind = form.arguments; *kind != '\0'; kind++) {
+    const ScriptVerb& verb = *command.verb;
+    for (const ScriptArgument& argument : verb.arguments) {
+        if (argument.kind == Kind::kNone || (at == words.size() && argument.isOptional)) {
+            break;
+        }
         if (at == words.size()) {
-            if (*kind == '?') {
-                break;
-            }
-            return std::string("\"") + form.name + "\" wants more";
+            return std::string("\"") + verb.name + "\" wants more";
         }
         const std::string& word = words[at++];
         int64_t number = 0;
-        if (*kind != 'n' && *kind != '?') {
-            std::string wrong = checkWord(*kind, form, word);
+        if (!argument.isNumber()) {
+            std::string wrong = checkWord(verb, argument, screens, word);
             if (!wrong.empty()) {
                 return wrong;
             }
-            (kind == form.arguments ? command.text : command.second) = word;
+            (&argument == verb.arguments.data() ? command.text : command.second) = word;
         } else if (isNumber(word, number)) {
             command.numbers.push_back(number);
         } else {
@@ -190,7 +157,9 @@ std::string readArguments(const Form& form,
 
 }  // namespace
 
-std::string Script::parse(const std::string& text, std::vector<ScriptCommand>& commands) {
+std::string Script::parse(const std::string& text,
+                          const std::vector<std::string>& screens,
+                          std::vector<ScriptCommand>& commands) {
     std::istringstream stream(text);
     std::string line;
     for (int32_t number = 1; std::getline(stream, line); number++) {
@@ -200,14 +169,13 @@ std::string Script::parse(const std::string& text, std::vector<ScriptCommand>& c
         }
         const std::string where = "line " + std::to_string(number) + ": ";
         size_t nameWords = 0;
-        const Form* form = formOf(words, nameWords);
-        if (form == nullptr) {
-            return where + noForm(words[0]);
-        }
         ScriptCommand command;
-        command.verb = form->verb;
+        command.verb = verbOf(words, nameWords);
         command.line = number;
-        std::string wrong = readArguments(*form, words, nameWords, command);
+        if (command.verb == nullptr) {
+            return where + noVerb(words[0]);
+        }
+        std::string wrong = readArguments(words, nameWords, screens, command);
         if (wrong.empty()) {
             wrong = checkValues(command);
         }

@@ -1,7 +1,6 @@
 #include "ScriptHand.h"
 
 #include <map>
-#include <string>
 
 using Touch = HostListener::Touch;
 
@@ -14,73 +13,37 @@ constexpr int32_t kMiddleY = (HostFrame::kCanvasTopPx + HostFrame::kHeightPx) / 
 constexpr int32_t kSwipeStepPx = 20 * HostFrame::kCanvasFactor;
 constexpr int32_t kSwipeSteps = 6;
 
-class Finger {
-public:
-    explicit Finger(std::deque<ScriptHand::Callback>& callbacks)
-        : callbacks(callbacks) {}
-
-    /// A place on the display.
-    void touch(Touch kind, int32_t x, int32_t y) {
-        callbacks.emplace_back(
-            [kind, x, y](HostListener& listener) { listener.onTouch(kind, x, y); });
-    }
-
-    void tap(int32_t x, int32_t y) {
-        touch(Touch::kPress, x, y);
-        touch(Touch::kRelease, x, y);
-    }
-
-    void softKey(int32_t third) { tap(third * kThirdPx + kThirdPx / 2, kSoftKeysMiddleY); }
-
-    void swipe(bool left) {
-        const int32_t step = left ? -kSwipeStepPx : kSwipeStepPx;
-        int32_t x = kMiddleX - step * kSwipeSteps / 2;
-        touch(Touch::kPress, x, kMiddleY);
-        for (int32_t i = 0; i < kSwipeSteps; i++) {
-            x += step;
-            touch(Touch::kMove, x, kMiddleY);
-        }
-        touch(Touch::kRelease, x, kMiddleY);
-    }
-
-private:
-    std::deque<ScriptHand::Callback>& callbacks;
-};
-
-int32_t number(const ScriptCommand& command, size_t at) {
-    return static_cast<int32_t>(command.numbers[at]);  // the script's reader keeps to 32 bits
-}
-
 }  // namespace
 
-void ScriptHand::append(const ScriptCommand& command, std::deque<Callback>& callbacks) {
-    Finger finger(callbacks);
-    switch (command.verb) {
-    case ScriptVerb::kTap:
-        finger.tap(number(command, 0), number(command, 1));
-        break;
-    case ScriptVerb::kPress:
-        finger.touch(Touch::kPress, number(command, 0), number(command, 1));
-        break;
-    case ScriptVerb::kMove:
-        finger.touch(Touch::kMove, number(command, 0), number(command, 1));
-        break;
-    case ScriptVerb::kRelease:
-        finger.touch(Touch::kRelease, number(command, 0), number(command, 1));
-        break;
-    case ScriptVerb::kSwipe:
-        finger.swipe(command.text == "left");
-        break;
-    default:
-        finger.softKey(command.text == "left" ? 0 : (command.text == "middle" ? 1 : 2));
-        break;
-    }
+void ScriptHand::touch(Touch kind, int32_t x, int32_t y) {
+    callbacks.emplace_back([kind, x, y](HostListener& listener) { listener.onTouch(kind, x, y); });
 }
 
-HostKey ScriptHand::keyOf(const ScriptCommand& command) {
+void ScriptHand::tap(int32_t x, int32_t y) {
+    touch(Touch::kPress, x, y);
+    touch(Touch::kRelease, x, y);
+}
+
+void ScriptHand::swipe(const std::string& direction) {
+    const int32_t step = direction == "left" ? -kSwipeStepPx : kSwipeStepPx;
+    int32_t x = kMiddleX - step * kSwipeSteps / 2;
+    touch(Touch::kPress, x, kMiddleY);
+    for (int32_t i = 0; i < kSwipeSteps; i++) {
+        x += step;
+        touch(Touch::kMove, x, kMiddleY);
+    }
+    touch(Touch::kRelease, x, kMiddleY);
+}
+
+void ScriptHand::softKey(const std::string& third) {
+    const int32_t index = third == "left" ? 0 : (third == "middle" ? 1 : 2);
+    tap(index * kThirdPx + kThirdPx / 2, kSoftKeysMiddleY);
+}
+
+HostKey ScriptHand::keyOf(const std::string& name) {
     static const std::map<std::string, HostKey> kKeys = {
         {"up", HostKey::kUp},       {"down", HostKey::kDown},     {"left", HostKey::kLeft},
         {"right", HostKey::kRight}, {"middle", HostKey::kMiddle},
     };
-    return kKeys.at(command.text);
+    return kKeys.at(name);
 }

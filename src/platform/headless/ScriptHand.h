@@ -2,18 +2,37 @@
 #pragma once
 
 #include "Host.h"
-#include "Script.h"
 
+#include <cstdint>
 #include <deque>
 #include <functional>
+#include <string>
 
 class ScriptHand {
 public:
     using Callback = std::function<void(HostListener&)>;
 
-    /// Appends what a command of the finger does: tap, press, move, release, swipe, key.
-    static void append(const ScriptCommand& command, std::deque<Callback>& callbacks);
+    /// @param callbacks  what the hand does is appended; not owned
+    explicit ScriptHand(std::deque<Callback>& callbacks)
+        : callbacks(callbacks) {}
+
+    /// A place on the display, in its pixels.
+    void touch(HostListener::Touch kind, int32_t x, int32_t y);
+
+    /// Sets the finger down and lifts it.
+    void tap(int32_t x, int32_t y);
+
+    /// Drags the finger through the middle of the picture.
+    /// @param direction  left or right
+    void swipe(const std::string& direction);
+
+    /// Taps a third of the soft-key bar.
+    /// @param third  left, middle or right
+    void softKey(const std::string& third);
 
     /// The key that "navigate" names.
-    static HostKey keyOf(const ScriptCommand& command);
+    static HostKey keyOf(const std::string& name);
+
+private:
+    std::deque<Callback>& callbacks;
 };

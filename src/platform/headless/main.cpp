@@ -1,9 +1,12 @@
 // murmelo-headless: the application driven by a script, on a virtual clock.
 #include "EndSignal.h"
 #include "HeadlessHost.h"
+#include "HostOperation.h"
 #include "OspMain.h"
 #include "Problem.h"
 #include "ProgramFolders.h"
+#include "RunVerdict.h"
+#include "ScreenTable.h"
 #include "Script.h"
 
 #include <algorithm>
@@ -11,9 +14,12 @@
 #include <cerrno>
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
+#include <iomanip>
 #include <iostream>
+#include <string>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -40,6 +46,39 @@ Problem readAll(const std::string& path, std::string& text) {
     return error ? Problem(error.message()) : Problem::none();
 }
 
+std::vector<std::string> screenNames() {
+    int32_t count = 0;
+    const ScreenTable::Row* rows = ScreenTable::rows(count);
+    std::vector<std::string> names;
+    std::transform(rows, rows + count, std::back_inserter(names),
+                   [](const ScreenTable::Row& row) { return row.name; });
+    return names;
+}
+
+template <class Names>
+void listNames(const char* title, const Names& names) {
+    std::cout << title << "\n";
+    for (const auto& name : names) {
+        std::cout << "  " << name << "\n";
+    }
+}
+
+/// All that a script can hold.
+int list() {
+    size_t width = 0;
+    for (const ScriptVerb& verb : ScriptVerb::all()) {
+        width = std::max(width, verb.form().size());
+    }
+    std::cout << "Commands:\n" << std::left;
+    for (const ScriptVerb& verb : ScriptVerb::all()) {
+        std::cout << "  " << std::setw(static_cast<int>(width)) << verb.form() << "  "
+                  << verb.meaning << "\n";
+    }
+    listNames("Operations that can be told to fail:", HostOperation::kNames);
+    listNames("Screens:", screenNames());
+    return RunVerdict::kOk;
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): out of memory ends the program, here as anywhere
@@ -49,6 +88,7 @@ int main(int argc, char** argv) {
     std::string scriptPath;
     int64_t clockStartMs = 0;
     bool silent = false;
+    bool lists = false;
     CLI::App options("Runs Murmelo by a script, without a window and on a virtual clock.");
     options.set_version_flag("--version", "murmelo-headless " MURMELO_VERSION);
     options.add_option("--home", home, "Folder of the user's sounds")->type_name("DIR");
@@ -56,33 +96,45 @@ int main(int argc, char** argv) {
     options.add_option("--clock-start", clockStartMs, "Where the clock begins")->type_name("MS");
     options.add_flag("--silent", silent,
                      "The phone is in silent mode and asks before anything is played");
-    options.add_option("script", scriptPath, "The script; - is standard input")->required();
+    CLI::Option* script =
+        options.add_option("script", scriptPath, "The script; - is standard input")->required();
+    options.add_flag_callback(
+        "--list",
+        [&lists, script] {
+            lists = true;
+            script->required(false);
+        },
+        "Name what a script can hold: commands, operations that can fail, screens");
     try {
         options.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return options.exit(error) == 0 ? HeadlessHost::kOk : HeadlessHost::kUsage;
+        return options.exit(error) == 0 ? RunVerdict::kOk : RunVerdict::kUsage;
+    }
+
+    if (lists) {
+        return list();
     }
 
     std::string text;
     if (const Problem problem = readAll(scriptPath, text)) {
         return complain("the script \"" + scriptPath + "\" cannot be read: " + problem.sentence(),
-                        HeadlessHost::kUsage);
+                        RunVerdict::kUsage);
     }
-    std::vector<ScriptCommand> script;
-    if (const Problem mistake = Script::parse(text, script)) {
-        return complain(scriptPath + ": " + mistake.sentence(), HeadlessHost::kUsage);
+    std::vector<ScriptCommand> commands;
+    if (const Problem mistake = Script::parse(text, screenNames(), commands)) {
+        return complain(scriptPath + ": " + mistake.sentence(), RunVerdict::kUsage);
     }
 
     HostFolders folders;
     FolderLocks locks;
     if (const Problem problem = ProgramFolders::find(home, config, folders)) {
-        return complain(problem, HeadlessHost::kFailed);
+        return complain(problem, RunVerdict::kFailed);
     }
     if (const Problem problem = locks.take(folders)) {
-        return complain(problem, HeadlessHost::kFailed);
+        return complain(problem, RunVerdict::kFailed);
     }
 
-    HeadlessHost host(folders, script, clockStartMs, silent);
+    HeadlessHost host(folders, commands, clockStartMs, silent);
     Host::install(&host);
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(folders)) {
         host.say(problem);
@@ -91,8 +143,8 @@ int main(int argc, char** argv) {
     const int result = OspMain(argc, argv);
     Host::install(nullptr);
     const int32_t status = host.finish();
-    if (status != HeadlessHost::kOk) {
+    if (status != RunVerdict::kOk) {
         return complain(scriptPath + ": " + host.complaint(), status);
     }
-    return result == 0 ? HeadlessHost::kOk : HeadlessHost::kFailed;
+    return result == 0 ? RunVerdict::kOk : RunVerdict::kFailed;
 }

@@ -46,7 +46,7 @@ class HeadlessSoundTest : public testing::Test {
 protected:
     void run(const std::string& text) {
         std::vector<ScriptCommand> commands;
-        ASSERT_EQ("", Script::parse(text, commands));
+        ASSERT_EQ("", Script::parse(text, {}, commands));
         HostFolders mapped;
         folders.makeFolder("home");
         mapped.home = folders.path("home");

@@ -5,6 +5,7 @@
 #include "FxCatalogue.h"
 #include "HeadlessHost.h"
 #include "OspMain.h"
+#include "RunVerdict.h"
 #include "Script.h"
 #include "Speech.h"
 
@@ -115,7 +116,7 @@ void play(benchmark::State& state, int32_t effect) {
     folders.home = scratch.path("home");
     for (auto _ : state) {
         std::vector<ScriptCommand> script;
-        if (!Script::parse(text, script).empty()) {
+        if (!Script::parse(text, {"Options", "Play", "Playing"}, script).empty()) {
             state.SkipWithError("the script is wrong");
             return;
         }
@@ -125,7 +126,7 @@ void play(benchmark::State& state, int32_t effect) {
         char* arguments[] = {name, nullptr};
         OspMain(1, arguments);
         Host::install(nullptr);
-        if (host.finish() != HeadlessHost::kOk || host.delaySeconds() < 0) {
+        if (host.finish() != RunVerdict::kOk || host.delaySeconds() < 0) {
             state.SkipWithError(host.complaint().c_str());
             return;
         }
