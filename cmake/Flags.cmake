@@ -16,6 +16,8 @@ if(MURMELO_SANITIZE)
     target_compile_options(murmelo_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(murmelo_flags INTERFACE -fsanitize=address,undefined)
+    add_library(murmelo_meant_leaks OBJECT cmake/MeantLeaks.cpp)
+    target_sources(murmelo_flags INTERFACE $<TARGET_OBJECTS:murmelo_meant_leaks>)
 else()
     target_compile_options(murmelo_flags INTERFACE -fwrapv)
 endif()

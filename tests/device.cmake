@@ -59,5 +59,4 @@ foreach(group RealProgram RealWindow RealSound RealLoss)
             $<TARGET_FILE:real_tests> --gtest_filter=${group}.*:*/${group}.*:${group}Program.*)
 endforeach()
 set_tests_properties(RealWayland RealProgram RealWindow RealSound RealLoss PROPERTIES
-    SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS desktop
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+    SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS desktop)

@@ -21,8 +21,7 @@ foreach(case script-mistakes usage failed-expectations pictures-missing home-not
         COMMAND flows/run-status.sh ${case} $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(flow-status/${case} PROPERTIES
-        TIMEOUT 1500
-        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        TIMEOUT 1500)
 endforeach()
 
 foreach(bits 31 32)
@@ -30,6 +29,5 @@ foreach(bits 31 32)
         COMMAND flows/clock.sh $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR} ${bits}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(flow-clock/${bits} PROPERTIES
-        TIMEOUT 3600
-        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        TIMEOUT 3600)
 endforeach()

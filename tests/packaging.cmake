@@ -48,5 +48,4 @@ if(MURMELO_HARDENED)
 endif()
 
 set_tests_properties(${packaging_tests} PROPERTIES
-    TIMEOUT 1500
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+    TIMEOUT 1500)

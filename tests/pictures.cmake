@@ -7,8 +7,7 @@ if(MURMELO_TOOLS)
                 $<TARGET_FILE:murmelo-headless> $<TARGET_FILE:murmelo-sheet>
                 ${CMAKE_SOURCE_DIR}/res/sample/hello.wav ${index}
                 ${CMAKE_CURRENT_SOURCE_DIR}/data/screens/${language}.png)
-        set_tests_properties(screens_${language} PROPERTIES TIMEOUT 1500
-            ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        set_tests_properties(screens_${language} PROPERTIES TIMEOUT 1500)
         math(EXPR index "${index} + 1")
     endforeach()
 
@@ -16,11 +15,9 @@ if(MURMELO_TOOLS)
     target_include_directories(screen-messages PRIVATE app/common/screens)
     target_link_libraries(screen-messages PRIVATE
         murmelo_tests_support murmelo_app murmelo_headless_host murmelo_files)
-    target_compile_definitions(screen-messages PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     add_test(NAME screen_messages
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/messages.sh
             $<TARGET_FILE:screen-messages> $<TARGET_FILE:murmelo-sheet>
             ${CMAKE_CURRENT_SOURCE_DIR}/data/screens/messages.png)
-    set_tests_properties(screen_messages PROPERTIES TIMEOUT 1500
-        ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+    set_tests_properties(screen_messages PROPERTIES TIMEOUT 1500)
 endif()

@@ -129,8 +129,7 @@ class Folder:
         self.environment = {name: value for name, value in os.environ.items()
                             if not name.startswith(("MURMELO_", "XDG_")) and name != "DESTDIR"}
         self.environment.update(HOME=self.path + "/home", PATH=self.build + ":" + os.environ["PATH"], LC_ALL="C.UTF-8",
-                                MANWIDTH="80",
-                                LSAN_OPTIONS="suppressions=%s/tests/lsan.supp:print_suppressions=0" % source)
+                                MANWIDTH="80")
         self.users_files()
 
     def copy_what_installs(self, build):

@@ -80,7 +80,7 @@ def pictures(headless, source):
             file.write("lang=0\n")
         os.symlink(source + "/res/sample/hello.wav", folder + "/hello.wav")
         subprocess.run([headless, "--home", "home", "--config", "config", "-"], input=PICTURES.encode(), cwd=folder,
-                       env=environment(source), check=True)
+                       env=environment(), check=True)
         found = {name[:-len(".png")]: soft_keys(["convert", os.path.join(folder, name)])
                  for name in sorted(os.listdir(folder)) if name.endswith(".png")}
     different = set(found.values()) - {b""}
@@ -99,7 +99,7 @@ class Window:
         os.makedirs(self.path("config"))
         with open(self.path("config/settings"), "w") as file:
             file.write("lang=0\n")
-        variables = environment(source)
+        variables = environment()
         variables.update(env or {})
         # Two windows side by side would need a window manager to tell whose keys are whose: one at a time.
         self.process = subprocess.Popen(

@@ -51,9 +51,8 @@ def sanitized():
     return os.environ.get("MURMELO_SANITIZED") == "1"
 
 
-def environment(source):
+def environment():
     env = dict(os.environ)
-    env["LSAN_OPTIONS"] = "suppressions=%s/tests/lsan.supp:print_suppressions=0" % source
     env["ASAN_OPTIONS"] = "exitcode=%d:detect_leaks=1" % CRASH_STATUS
     env["UBSAN_OPTIONS"] = "exitcode=%d:print_stacktrace=1" % CRASH_STATUS
     for name in ("MURMELO_DATA", "MURMELO_HOME"):
@@ -229,7 +228,7 @@ class Place:
 
     def start(self, script, prefix=(), preexec=fresh_signals, home="home", config="config", env=None):
         self.write("script", script)
-        variables = environment(self.source)
+        variables = environment()
         if self.data:
             variables["MURMELO_DATA"] = self.data
         variables.update(env or {})

@@ -42,7 +42,7 @@ def check_order(verdict, case, place, target):
 
 
 def run_tool(place, tool, env):
-    shell = environment(place.source)
+    shell = environment()
     shell.update(env)
     with subprocess.Popen([tool, "robot", "hello.wav", "out.wav"], cwd=place.folder, env=shell,
                           stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True) as process:

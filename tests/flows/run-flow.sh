@@ -33,7 +33,6 @@ trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
 mkdir home config
 ln -s "$source/res/sample/hello.wav" hello.wav
-export LSAN_OPTIONS="suppressions=$source/tests/lsan.supp:print_suppressions=0"
 
 wrong=0
 complain() {
