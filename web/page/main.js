@@ -2,18 +2,12 @@
 // Connects the parts of the page. The program in WebAssembly is the only truth.
 
 import { Core } from './core.js';
-import { Dialog } from './dialog.js';
-import { Ears } from './ears.js';
-import { Hands } from './hands.js';
 import { Message } from './message.js';
 import { Mirror } from './mirror.js';
 import { Picture } from './picture.js';
 import { Sounds } from './sounds.js';
 import { Store } from './store.js';
 import { holdTab } from './tabs.js';
-import { TakeIn } from './takein.js';
-import { Update } from './update.js';
-import { Voice } from './voice.js';
 
 const UNKNOWN_FREE_BYTES = 1 << 30;
 
@@ -36,13 +30,8 @@ export class Page {
         this.store = new Store();
         this.picture = new Picture(find('stage'), find('phone'), find('picture'));
         this.message = new Message(find('message'));
-        this.dialog = new Dialog(find('dialog'));
         this.mirror = new Mirror(this.core, find('mirror'), find('live'));
-        this.ears = new Ears(this.core, (word) => this.tell(word));
-        this.voice = new Voice(this.core, find('voice'), (word) => this.tell(word));
         this.sounds = new Sounds(this);
-        this.takeIn = new TakeIn(this, find('file'));
-        this.update = new Update(this);
         /** @type {Record<string, string>} */
         this.words = {};
         this.freeBytes = UNKNOWN_FREE_BYTES;
@@ -97,9 +86,9 @@ export class Page {
             return;
         }
         this.picture.setSource(this.core.pixels());
-        this.connectButtons();
-        this.connectVisibility();
         this.core.turn();
+        await this.addLater();
+        this.connectVisibility();
         this.offerTake();
         if (!this.sounds.hasStore) {
             this.tell('storeMissing');
@@ -111,6 +100,20 @@ export class Page {
         await this.update.register();
     }
 
+    /** The program shows its first picture meanwhile; nothing can be touched yet. */
+    async addLater() {
+        const later = await import('./later.js');
+        const tell = (/** @type {string} */ word) => this.tell(word);
+        this.dialog = new later.Dialog(find('dialog'));
+        this.ears = new later.Ears(this.core, tell);
+        this.voice = new later.Voice(this.core, find('voice'), tell);
+        this.takeIn = new later.TakeIn(this, find('file'));
+        this.update = new later.Update(this);
+        const commands = this.connectButtons();
+        new later.Hands(this.core, this.picture, commands);
+    }
+
+    /** @returns {Record<string, () => void>} what keys do besides the program's own */
     connectButtons() {
         /** @type {Record<string, () => void>} */
         const commands = {
@@ -124,7 +127,7 @@ export class Page {
             button.addEventListener('click', act);
             /** @type {HTMLButtonElement} */ (button).disabled = false;
         }
-        new Hands(this.core, this.picture, { s: commands.save, o: commands.open, l: commands.sounds, h: commands.help });
+        return { s: commands.save, o: commands.open, l: commands.sounds, h: commands.help };
     }
 
     connectVisibility() {
@@ -164,7 +167,7 @@ export class Page {
             }
         }
         this.mirror.show(texts, this.words);
-        this.update.offer();
+        this.update?.offer();
         if (texts.screen === 'Options') {
             this.greet();
         }
@@ -172,13 +175,13 @@ export class Page {
 
     /** Once, in the menu: what the last visit has left. */
     greet() {
-        if (this.greeted) {
+        if (this.greeted || !this.update) {
             return;
         }
         this.greeted = true;
         if (this.opensSounds) {
             this.openSounds();
-        } else if (this.sounds.hasTake() && !this.update.waiting) {
+        } else if (this.sounds.hasTake() && !this.update?.waiting) {
             this.tell('lastTake', 'bringBack', () => this.sounds.bringBack());
         }
     }

@@ -1,0 +1,9 @@
+// @ts-check
+// The parts of the page that nobody needs before the first picture.
+
+export { Dialog } from './dialog.js';
+export { Ears } from './ears.js';
+export { Hands } from './hands.js';
+export { TakeIn } from './takein.js';
+export { Update } from './update.js';
+export { Voice } from './voice.js';
