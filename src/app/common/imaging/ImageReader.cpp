@@ -7,14 +7,40 @@
 
 #include <memory>
 
-AppImage* ImageReader::read(InputStream* in) {
+namespace {
+
+/// All that the stream still has; null if that is nothing, or too much.
+Array<signed char> readAll(InputStream* in) {
     const int32_t bytes = in->available();
-    if (bytes < 1 || bytes > kMaxArrayLength) {
+    Array<signed char> data;
+    if (bytes >= 1 && bytes <= kMaxArrayLength) {
+        data.reset(newArray<signed char>(bytes));
+        in->read(data);
+    }
+    return data;
+}
+
+}  // namespace
+
+void ImageReader::readSize(InputStream* in, int32_t& w, int32_t& h) {
+    const Array<signed char> data = readAll(in);
+    w = 0;
+    h = 0;
+    if (data != nullptr) {
+        GnoImage::readSize(data, 0, length(data.get()), w, h);
+    }
+    if (w < 1 || h < 1) {
+        w = 0;
+        h = 0;
+    }
+}
+
+AppImage* ImageReader::read(InputStream* in) {
+    Array<signed char> data = readAll(in);
+    if (data == nullptr) {
         return nullptr;
     }
-    Array<signed char> data(newArray<signed char>(bytes));
-    in->read(data);
-    const std::unique_ptr<GnoImage> decoded(GnoImage::createImage(data, 0, bytes));
+    const std::unique_ptr<GnoImage> decoded(GnoImage::createImage(data, 0, length(data.get())));
     data.reset();
     const int32_t w = decoded->getWidth();
     const int32_t h = decoded->getHeight();

@@ -25,9 +25,7 @@ void PaImage::setImage(int32_t id) {
 }
 
 void PaImage::refresh() {
-    const AppImage* image = Res::getImage(imageId);
-    bounds->w = image != nullptr ? image->w : 0;
-    bounds->h = image != nullptr ? image->h : 0;
+    Res::getImageSize(imageId, bounds->w, bounds->h);
 }
 
 void PaImage::setPos(int32_t x, int32_t y) {

@@ -144,6 +144,14 @@ AppImage* Res::getImage(int32_t id) {
     return static_cast<AppImage*>(static_cast<GnoObject*>(getOfType(id, Resource::kTypeImage)));
 }
 
+void Res::getImageSize(int32_t id, int32_t& w, int32_t& h) {
+    w = 0;
+    h = 0;
+    if (isImage(id)) {
+        static_cast<ResImage*>(getRes(id))->getSize(w, h);
+    }
+}
+
 BitMapFont* Res::getFont(int32_t id) {
     return static_cast<BitMapFont*>(static_cast<GnoObject*>(getOfType(id, Resource::kTypeFont)));
 }

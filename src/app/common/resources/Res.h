@@ -58,6 +58,9 @@ public:
     static AppImage* getImage(int32_t id);
     static BitMapFont* getFont(int32_t id);
 
+    /// The size of the picture, 0 x 0 if there is none. Loads nothing.
+    static void getImageSize(int32_t id, int32_t& w, int32_t& h);
+
     /// The object of the resource, whatever its kind (see Resource::get()).
     static void* getList(int32_t id);
 

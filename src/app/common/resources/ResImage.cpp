@@ -27,6 +27,19 @@ void* ResImage::get() {
     return static_cast<GnoObject*>(image.get());
 }
 
+void ResImage::getSize(int32_t& width, int32_t& height) {
+    width = w;
+    height = h;
+    if (image != nullptr) {
+        width = image->w;
+        height = image->h;
+    } else if (!file.IsEmpty()) {
+        const std::unique_ptr<FileInputStream> in(MIDlet::getResourceAsStream(file));
+        ImageReader::readSize(in.get(), width, height);
+        in->close();
+    }
+}
+
 AppImage* ResImage::load() {
     const std::unique_ptr<FileInputStream> in(MIDlet::getResourceAsStream(file));
     AppImage* loaded = ImageReader::read(in.get());

@@ -27,6 +27,10 @@ public:
     /// The AppImage. Null if the file cannot be opened or is no picture; the next call tries again.
     void* get() override;
 
+    /// The size of the AppImage, 0 x 0 if there is none. A file is read for it, but not decoded:
+    /// nobody may ever look at the picture.
+    void getSize(int32_t& width, int32_t& height);
+
     /// The next get() reads the file again, or makes a new blank picture. One that was made in
     /// memory stays: nothing could bring it back.
     void free() override;

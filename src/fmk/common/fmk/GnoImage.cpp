@@ -28,6 +28,10 @@ std::vector<signed char> readToEnd(InputStream* in) {
     return bytes;
 }
 
+bool isPng(const signed char* data, int32_t length) {
+    return length >= 4 && std::memcmp(data + 1, "PNG", 3) == 0;
+}
+
 bool liesInside(const GnoImage* image, int32_t x, int32_t y, int32_t w, int32_t h) {
     return x >= 0 && y >= 0 && w > 0 && h > 0 && int64_t{x} + w <= image->getWidth() &&
            int64_t{y} + h <= image->getHeight();
@@ -53,9 +57,18 @@ bool GnoImage::allocate(int32_t w, int32_t h, bool withAlpha) {
     return true;
 }
 
+void GnoImage::readSize(
+    const signed char* data, int32_t offset, int32_t length, int32_t& w, int32_t& h) {
+    w = 0;
+    h = 0;
+    if (isPng(data + offset, length)) {
+        pngSize(reinterpret_cast<const unsigned char*>(data) + offset, length, &w, &h);
+    }
+}
+
 GnoImage* GnoImage::createImage(const signed char* data, int32_t offset, int32_t length) {
     auto* image = new GnoImage();
-    if (length >= 4 && std::memcmp(data + offset + 1, "PNG", 3) == 0) {
+    if (isPng(data + offset, length)) {
         png2native(reinterpret_cast<const unsigned char*>(data) + offset, length, &image->pixels,
                    &image->alpha, &image->width, &image->height, &image->hasAlpha);
     }

@@ -18,6 +18,10 @@ public:
     /// Decodes length bytes from data[offset]; anything but a PNG file gives an empty image.
     static GnoImage* createImage(const signed char* data, int32_t offset, int32_t length);
 
+    /// The size of the image that createImage() would make, without decoding it.
+    static void
+    readSize(const signed char* data, int32_t offset, int32_t length, int32_t& w, int32_t& h);
+
     /// Reads the stream to its end and decodes that. The caller closes the stream.
     static GnoImage* createImage(InputStream* in);
 

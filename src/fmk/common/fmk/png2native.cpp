@@ -58,10 +58,12 @@ void readHeader(Picture& picture, const unsigned char* data) {
     // Deliberate: the interlace byte is not looked at; the passes are read as if they were rows.
 }
 
+enum class Wanted { kSize, kPicture };
+
 /// Takes in one chunk; false at the end of the picture. A chunk that the file cuts short counts
 /// only as image data, as far as it goes.
-bool readChunk(Picture& picture, uint32_t type, Chunk chunk, bool complete) {
-    if (type == fourLetters("IDAT")) {
+bool readChunk(Picture& picture, uint32_t type, Chunk chunk, bool complete, Wanted wanted) {
+    if (type == fourLetters("IDAT") && wanted == Wanted::kPicture) {
         picture.compressed.insert(picture.compressed.end(), chunk.data, chunk.data + chunk.length);
     }
     if (!complete) {
@@ -77,7 +79,7 @@ bool readChunk(Picture& picture, uint32_t type, Chunk chunk, bool complete) {
     return type != fourLetters("IEND");
 }
 
-void readChunks(Picture& picture, const unsigned char* data, int64_t length) {
+void readChunks(Picture& picture, const unsigned char* data, int64_t length, Wanted wanted) {
     constexpr int64_t kFrameBytes = 8;  // length and type in front
     constexpr int64_t kCrcBytes = 4;    // never looked at
     int64_t position = sizeof kSignature;
@@ -86,7 +88,7 @@ void readChunks(Picture& picture, const unsigned char* data, int64_t length) {
         const uint32_t type = bigEndian32(data + position + 4);
         position += kFrameBytes;
         const Chunk chunk = {data + position, std::min(announced, length - position)};
-        if (!readChunk(picture, type, chunk, chunk.length == announced)) {
+        if (!readChunk(picture, type, chunk, chunk.length == announced, wanted)) {
             return;
         }
         position += announced + kCrcBytes;
@@ -280,7 +282,25 @@ void decodeRows(const Picture& picture, uint16_t* pixels, uint8_t* alpha) {
     }
 }
 
+/// False for what is no PNG file, or too large.
+bool readPicture(Picture& picture, const unsigned char* data, int32_t length, Wanted wanted) {
+    if (length < 9 || std::memcmp(data, kSignature, sizeof kSignature) != 0) {
+        return false;
+    }
+    readChunks(picture, data, length, wanted);
+    return picture.width >= 0 && picture.height >= 0 &&
+           int64_t{picture.width} * picture.height <= kPngMaxPixels;
+}
+
 }  // namespace
+
+bool pngSize(const unsigned char* data, int32_t length, int32_t* width, int32_t* height) {
+    Picture picture;
+    const bool isPicture = readPicture(picture, data, length, Wanted::kSize);
+    *width = isPicture ? picture.width : 0;
+    *height = isPicture ? picture.height : 0;
+    return isPicture;
+}
 
 int32_t png2native(const unsigned char* data,
                    int32_t length,
@@ -294,15 +314,11 @@ int32_t png2native(const unsigned char* data,
     *width = 0;
     *height = 0;
     *hasAlpha = false;
-    if (length < 9 || std::memcmp(data, kSignature, sizeof kSignature) != 0) {
-        return -1;
-    }
     Picture picture;
-    readChunks(picture, data, length);
-    const int64_t count = int64_t{picture.width} * picture.height;
-    if (picture.width < 0 || picture.height < 0 || count > kPngMaxPixels) {
+    if (!readPicture(picture, data, length, Wanted::kPicture)) {
         return -1;
     }
+    const int64_t count = int64_t{picture.width} * picture.height;
     *width = picture.width;
     *height = picture.height;
     *hasAlpha = picture.colorType == kRgba ||

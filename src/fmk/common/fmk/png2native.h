@@ -24,6 +24,10 @@ int32_t png2native(const unsigned char* data,
                    int32_t* height,
                    bool* hasAlpha);
 
+/// The size that png2native() would give, without decoding anything; false, and 0 x 0, where it
+/// would give -1.
+bool pngSize(const unsigned char* data, int32_t length, int32_t* width, int32_t* height);
+
 /// Bytes of one row of image data, its filter byte included; 0 for colour types that are not
 /// decoded.
 // Deliberate: for all but palette pictures the bits of a row are cut down to whole bytes before

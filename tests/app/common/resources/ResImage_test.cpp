@@ -109,3 +109,45 @@ TEST_F(ResImageTest, picturesMadeInMemorySurviveFree) {
     ASSERT_NE(nullptr, Res::getImage(id));
     EXPECT_EQ(0xFF123456, Res::getImage(id)->get(1, 1));
 }
+
+TEST_F(ResImageTest, askingForTheSizeDecodesNothing) {
+    const int32_t id = add("/Res/a.png", false, false);
+    writePicture("a.png", 3, 2, kStraight);
+    int32_t w = -1;
+    int32_t h = -1;
+    Res::getImageSize(id, w, h);
+    EXPECT_EQ(3, w);
+    EXPECT_EQ(2, h);
+    writePicture("a.png", 5, 4, kStraight);  // would not be seen if the first one were kept
+    EXPECT_EQ(5, Res::getImage(id)->w);
+    Res::getImageSize(id, w, h);
+    EXPECT_EQ(5, w);
+    EXPECT_EQ(4, h);
+    writePicture("a.png", 7, 6, kStraight);
+    Res::getImageSize(id, w, h);
+    EXPECT_EQ(5, w) << "of the picture that is loaded";
+}
+
+TEST_F(ResImageTest, whatIsNoPictureHasNoSize) {
+    folders.write("Res/a.png", "no picture");
+    const int32_t unknown = 12345;
+    for (const int32_t id : {add("/Res/a.png", false, false), add("/Res/missing.png", false, false),
+                             Res::addStr("text"), Res::Null, unknown}) {
+        int32_t w = -1;
+        int32_t h = -1;
+        Res::getImageSize(id, w, h);
+        EXPECT_EQ(0, w);
+        EXPECT_EQ(0, h);
+    }
+}
+
+TEST_F(ResImageTest, blankPicturesAndThoseMadeInMemoryHaveTheirSize) {
+    int32_t w = -1;
+    int32_t h = -1;
+    Res::getImageSize(Res::addImage(8, 9), w, h);
+    EXPECT_EQ(8, w);
+    EXPECT_EQ(9, h);
+    Res::getImageSize(Res::addImage(new AppImage(4, 3)), w, h);
+    EXPECT_EQ(4, w);
+    EXPECT_EQ(3, h);
+}

@@ -13,7 +13,8 @@ namespace {
 
 const std::string kPictures = MURMELO_TEST_DATA "/../../res/Res";
 
-/// What the decoder answers, freed at the end.
+/// What the decoder returns, freed at the end. Whatever the file: its size is the same without
+/// decoding.
 class Decoded {
 public:
     explicit Decoded(const Bytes& file)
@@ -23,7 +24,15 @@ public:
                             &alpha,
                             &width,
                             &height,
-                            &hasAlpha)) {}
+                            &hasAlpha)) {
+        int32_t sizeWidth = -7;
+        int32_t sizeHeight = -7;
+        const bool isPicture =
+            pngSize(file.data(), static_cast<int32_t>(file.size()), &sizeWidth, &sizeHeight);
+        EXPECT_EQ(status == 0, isPicture);
+        EXPECT_EQ(width, sizeWidth);
+        EXPECT_EQ(height, sizeHeight);
+    }
 
     Decoded(const Decoded&) = delete;
     Decoded& operator=(const Decoded&) = delete;
