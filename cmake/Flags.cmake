@@ -48,4 +48,5 @@ endif()
 set(CMAKE_CXX_FLAGS_RELEASE "-O3")
 if(EMSCRIPTEN)
     set(CMAKE_CXX_FLAGS_RELEASE "-Os")
+    set(MURMELO_INNER_LOOPS -O2)  # for the libraries that work on pixels and samples
 endif()
