@@ -2,12 +2,14 @@
 // The one dialog: the list of sounds, or the help.
 
 export class Dialog {
-    /** @param {HTMLDialogElement} box */
-    constructor(box) {
+    /** @param {HTMLDialogElement} box @param {HTMLElement} message  to be touched also while the dialog is open */
+    constructor(box, message) {
         this.box = box;
+        this.message = message;
         /** @type {() => void} */
         this.paint = () => {};
         this.box.addEventListener('close', () => {
+            this.box.after(this.message);
             this.paint = () => {};
         });
     }
@@ -26,7 +28,7 @@ export class Dialog {
             header.append(heading, button);
             const body = document.createElement('div');
             fill(body);
-            this.box.replaceChildren(header, body);
+            this.box.replaceChildren(header, body, this.message);
         };
         this.paint();
         this.box.setAttribute('aria-labelledby', 'dialog-title');

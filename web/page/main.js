@@ -104,7 +104,7 @@ export class Page {
     async addLater() {
         const later = await import('./later.js');
         const tell = (/** @type {string} */ word) => this.tell(word);
-        this.dialog = new later.Dialog(find('dialog'));
+        this.dialog = new later.Dialog(find('dialog'), find('message'));
         this.ears = new later.Ears(this.core, tell);
         this.voice = new later.Voice(this.core, find('voice'), tell);
         this.takeIn = new later.TakeIn(this, find('file'));

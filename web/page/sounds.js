@@ -8,7 +8,6 @@ const HEADER_BYTES = 44;
 const BYTES_PER_SECOND = 16000; // of a saved sound
 const TAKE = 'take';
 const SOUND = /\/rec_(\d+)\.wav$/;
-const DELETED_AFTER_MS = 12000; // as long as "undo" is offered
 
 export class Sounds {
     /** @param {Page} page */
@@ -137,14 +136,16 @@ export class Sounds {
         this.kept.delete(path);
         const files = this.page.core.program.FS;
         files.unlink(path);
-        const timer = setTimeout(() => this.page.store.delete(path).catch(() => {}), DELETED_AFTER_MS);
+        if (this.playing === path) {
+            this.play('');
+        }
+        this.page.store.delete(path).catch(() => {});
         this.page.message.show({
             text: this.page.words.deleted,
             label: this.page.words.undo,
             act: () => {
-                clearTimeout(timer);
-                this.kept.set(path, kept);
                 files.writeFile(path, kept.bytes);
+                this.keep(path, kept);
                 this.page.dialog.refresh();
             },
         });

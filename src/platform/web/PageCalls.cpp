@@ -26,9 +26,25 @@ EM_JS(void, pageKeepTake, (const int16_t* samples, int32_t count), {
 })
 EM_JS(void, pageFrameWaits, (), { Module.page.frameWaits(); })
 EM_JS(void, pageTell, (const char* name), { Module.page.tell(UTF8ToString(name)); })
+// Emscripten's rename() leaves a file whose place is taken in its table of names: it would be found
+// again when the other is deleted.
+EM_JS(void, pageMendRename, (), {
+    const rename = FS.rename;
+    FS.rename = (from, to) => {
+        const replaced = FS.analyzePath(to).object;
+        rename(from, to);
+        if (replaced && FS.analyzePath(to).object !== replaced) {
+            FS.hashRemoveNode(replaced);
+        }
+    };
+})
 EM_JS(void, pageSay, (const char* sentence), { Module.page.say(UTF8ToString(sentence)); })
 
 // clang-format on
+
+PageCalls::PageCalls() {
+    pageMendRename();
+}
 
 double PageCalls::nowMs() {
     return pageNow();

@@ -6,6 +6,9 @@
 
 class PageCalls : public WebPage {
 public:
+    /// Also mends how the file system in memory renames.
+    PageCalls();
+
     double nowMs() override;
     double realNowMs() override;
     double freeBytes() override;
