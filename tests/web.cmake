@@ -15,4 +15,24 @@ if(MURMELO_WEB)
     endfunction()
 
     browser_test(harness harness_test.py)
+
+    # The page itself, built by its own preset beside this build.
+    find_program(MURMELO_EMCC emcc)
+    mark_as_advanced(MURMELO_EMCC)
+    if(NOT MURMELO_EMCC)
+        message(FATAL_ERROR "MURMELO_WEB needs emscripten: tools/install-packages web")
+    endif()
+    add_test(NAME web/page COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/web/build-page.sh ${CMAKE_SOURCE_DIR})
+    set_tests_properties(web/page PROPERTIES
+        LABELS browser TIMEOUT 1500 FIXTURES_SETUP page RESOURCE_LOCK page-build)
+    # page_test(name FILE ...): as browser_test, with the page and murmelo-headless to compare it with.
+    function(page_test name)
+        browser_test(${name} ${ARGN})
+        set_tests_properties(web/${name} PROPERTIES FIXTURES_REQUIRED page
+            ENVIRONMENT "MURMELO_CHROMIUM=${MURMELO_CHROMIUM};MURMELO_PAGE=${CMAKE_SOURCE_DIR}/build/web;MURMELO_HEADLESS=$<TARGET_FILE:murmelo-headless>")
+    endfunction()
+
+    page_test(take take_test.py)
+    page_test(pixels pixels_test.py)
+    page_test(sound sound_test.py)
 endif()
