@@ -28,7 +28,7 @@ export class Ears {
         this.tell = tell;
         this.ticket = 0;
         this.listens = false;
-        this.silence = 0;
+        this.reminder = 0;
         /** @type {MediaStream | null} */
         this.stream = null;
         /** @type {AudioContext | null} */
@@ -41,6 +41,7 @@ export class Ears {
     ask(ticket) {
         this.ticket = ticket;
         this.core.standStill();
+        this.reminder = setTimeout(() => this.tell('allowMicrophone'), SILENT_MS);
         this.connect(ticket).then(
             () => this.answer(ticket, ''),
             (error) => this.answer(ticket, REASONS[error.name] || 'microphoneBusy')
@@ -52,6 +53,7 @@ export class Ears {
         if (ticket !== this.ticket || !this.core.running) {
             return;
         }
+        clearTimeout(this.reminder);
         if (reason === '') {
             this.core.program._murmeloMicrophoneGranted(ticket);
         } else {
@@ -95,7 +97,7 @@ export class Ears {
 
     start() {
         this.listens = true;
-        this.silence = setTimeout(() => this.tell('microphoneSilent'), SILENT_MS);
+        this.reminder = setTimeout(() => this.tell('microphoneSilent'), SILENT_MS);
     }
 
     /** @param {Float32Array} piece @param {number} rate */
@@ -103,7 +105,7 @@ export class Ears {
         if (!this.listens || !this.core.running) {
             return;
         }
-        clearTimeout(this.silence);
+        clearTimeout(this.reminder);
         this.core.fillRoom(piece);
         if (this.core.program._murmeloHeard(rate)) {
             this.core.turn();
@@ -121,7 +123,7 @@ export class Ears {
 
     stop() {
         this.listens = false;
-        clearTimeout(this.silence);
+        clearTimeout(this.reminder);
     }
 
     release() {
