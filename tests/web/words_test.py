@@ -1,0 +1,60 @@
+"""The page and the program in WebAssembly know the same calls and the same words."""
+import glob
+import os
+import re
+import unittest
+
+from murmelo import SOURCE, PageTest
+
+
+def read(*path):
+    with open(os.path.join(*path), encoding="utf-8") as file:
+        return file.read()
+
+
+def scripts():
+    """The page's own script, without its comments."""
+    text = "\n".join(read(path) for path in sorted(glob.glob(os.path.join(SOURCE, "web/page/*.js"))))
+    return re.sub(r"//.*|/\*.*?\*/", "", text)
+
+
+class Calls(PageTest):
+    def setUp(self):
+        super().setUp()
+        self.page.open()
+        self.built = set(self.tab.evaluate(
+            "Object.keys(murmelo.core.program).filter((name) => name.startsWith('_murmelo'))"))
+
+    def test_the_types_list_what_the_module_offers(self):
+        listed = set(re.findall(r"^    (_murmelo\w+)\(", read(SOURCE, "web/types/murmelo.d.ts"), re.M))
+        self.assertEqual(self.built, listed)
+
+    def test_the_page_uses_every_call_and_no_other(self):
+        self.assertEqual(self.built, set(re.findall(r"_murmelo\w+", scripts())))
+
+
+class Words(PageTest):
+    def setUp(self):
+        super().setUp()
+        self.page.open()
+        self.known = set(self.tab.evaluate("Object.keys(murmelo.words)"))
+        host = read(SOURCE, "src/platform/host/HostWords.cpp")
+        self.assertEqual(self.known, set(re.findall(r'^    \{"(\w+)",', host, re.M)))
+
+    def test_every_word_of_the_page_exists(self):
+        used = set(re.findall(r"\bwords\.(\w+)", scripts())) | set(re.findall(r"\b(?:tell|showOver)\('(\w+)'", scripts()))
+        self.assertGreater(len(used), 20)
+        self.assertEqual(set(), used - self.known)
+
+    def test_every_word_is_used_by_a_host(self):
+        sources = [scripts()]
+        for folder in ("web", "sdl", "strip"):
+            for path in sorted(glob.glob(os.path.join(SOURCE, "src/platform", folder, "*.cpp"))):
+                sources.append(read(path))
+        quoted = set(re.findall(r"""['"](\w+)['"]""", "\n".join(sources)))
+        used = quoted | set(re.findall(r"\bwords\.(\w+)", sources[0]))
+        self.assertEqual(set(), self.known - used)
+
+
+if __name__ == "__main__":
+    unittest.main()
