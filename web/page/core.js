@@ -14,8 +14,8 @@ export const ENDED = -2;
 
 export class Core {
     constructor() {
-        /** @type {Murmelo} */
-        this.program = /** @type {any} */ (null);
+        this.page = /** @type {import('./main.js').Page} */ (/** @type {any} */ (null));
+        this.program = /** @type {Murmelo} */ (/** @type {any} */ (null));
         /** @type {ScreenTexts} */
         this.texts = /** @type {any} */ ({ screen: '', language: 'en' });
         this.running = false;
@@ -30,16 +30,12 @@ export class Core {
             this.posted = false;
             this.turn();
         };
-        /** @type {(first: number, last: number) => void} */
-        this.onRows = () => {};
-        /** @type {(texts: ScreenTexts) => void} */
-        this.onTexts = () => {};
-        /** @type {() => void} */
-        this.onEnded = () => {};
     }
 
-    /** @param {object} page  what the program calls @param {() => void} onAbort */
-    async load(page, onAbort) {
+    /** @param {import('./main.js').Page} page  the program calls its parts */
+    async load(page) {
+        this.page = page;
+        const onAbort = () => page.showOver('broken');
         const data = fetch('murmelo.data').then((answer) => answer.arrayBuffer());
         this.program = await createMurmelo({ page, onAbort, print() {}, printErr() {} });
         this.unpack(await data);
@@ -83,7 +79,7 @@ export class Core {
         const ms = this.program._murmeloTurn();
         if (ms === ENDED) {
             this.stop();
-            this.onEnded();
+            this.page.showOver('ended');
         } else if (ms === 0) {
             this.post();
         } else if (ms > 0) {
@@ -119,12 +115,12 @@ export class Core {
         }
         const rows = this.program._murmeloPaint();
         if (rows >= 0) {
-            this.onRows(rows & 0xffff, rows >> 16);
+            this.page.picture.paint(rows & 0xffff, rows >> 16);
         }
         const texts = this.program._murmeloTextsIfNew();
         if (texts !== 0) {
             this.texts = JSON.parse(this.program.UTF8ToString(texts));
-            this.onTexts(this.texts);
+            this.page.showTexts();
         }
     }
 

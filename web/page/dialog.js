@@ -1,6 +1,8 @@
 // @ts-check
 // The one dialog: the list of sounds, or the help.
 
+import { make, newButton } from './dom.js';
+
 export class Dialog {
     /** @param {HTMLDialogElement} box @param {HTMLElement} message  to be touched also while the dialog is open */
     constructor(box, message) {
@@ -17,16 +19,9 @@ export class Dialog {
     /** @param {string} title @param {string} closeLabel @param {(body: HTMLElement) => void} fill */
     open(title, closeLabel, fill) {
         this.paint = () => {
-            const header = document.createElement('header');
-            const heading = document.createElement('h2');
-            heading.id = 'dialog-title';
-            heading.textContent = title;
-            const button = document.createElement('button');
-            button.type = 'button';
-            button.textContent = closeLabel;
-            button.addEventListener('click', () => this.close());
-            header.append(heading, button);
-            const body = document.createElement('div');
+            const heading = make('h2', { id: 'dialog-title', textContent: title });
+            const header = make('header', {}, heading, newButton(closeLabel, () => this.close()));
+            const body = make('div');
             fill(body);
             this.box.replaceChildren(header, body, this.message);
         };

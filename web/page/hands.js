@@ -1,12 +1,7 @@
 // @ts-check
 // Pointers and keys. The program itself makes one finger of all pointers.
 
-/** @typedef {import('./core.js').Core} Core */
-/** @typedef {import('./picture.js').Picture} Picture */
-
-const PRESS = 0;
-const MOVE = 1;
-const RELEASE = 2;
+const [PRESS, MOVE, RELEASE] = [0, 1, 2];
 
 /** The values are the program's key codes. @type {Record<string, number>} */
 const KEYS = {
@@ -22,7 +17,7 @@ const KEYS = {
 };
 
 export class Hands {
-    /** @param {Core} core @param {Picture} picture @param {Record<string, () => void>} commands  by key */
+    /** @param {import('./core.js').Core} core @param {import('./picture.js').Picture} picture @param {Record<string, () => void>} commands  by key */
     constructor(core, picture, commands) {
         this.core = core;
         this.picture = picture;
@@ -34,11 +29,7 @@ export class Hands {
                 this.touch(PRESS, event);
             }
         });
-        canvas.addEventListener('pointermove', (event) => {
-            if (event.buttons !== 0) {
-                this.touch(MOVE, event);
-            }
-        });
+        canvas.addEventListener('pointermove', (event) => event.buttons !== 0 && this.touch(MOVE, event));
         canvas.addEventListener('pointerup', (event) => this.touch(RELEASE, event));
         canvas.addEventListener('pointercancel', (event) => this.touch(RELEASE, event));
         canvas.addEventListener('contextmenu', (event) => event.preventDefault());

@@ -2,6 +2,7 @@
 // Connects the parts of the page. The program in WebAssembly is the only truth.
 
 import { Core } from './core.js';
+import { make } from './dom.js';
 import { Message } from './message.js';
 import { Mirror } from './mirror.js';
 import { Picture } from './picture.js';
@@ -12,12 +13,8 @@ import { holdTab } from './tabs.js';
 const UNKNOWN_FREE_BYTES = 1 << 30;
 
 /** Before the program has told its words. @type {Record<string, string>} */
-const EARLY_WORDS = {
-    broken: 'Murmelo cannot start in this browser.',
-    otherTab: 'Murmelo is open in another tab.',
-    startAgain: 'Start again',
-    takeOver: 'Use it here',
-};
+const EARLY_WORDS = { broken: 'Murmelo cannot start in this browser.', startAgain: 'Start again' };
+Object.assign(EARLY_WORDS, { otherTab: 'Murmelo is open in another tab.', takeOver: 'Use it here' });
 
 /** @template {HTMLElement} T @param {string} id @returns {T} */
 function find(id) {
@@ -40,33 +37,11 @@ export class Page {
         this.opensSounds = false;
     }
 
-    /** What the program calls. */
-    calls() {
-        return {
-            now: () => this.core.now(),
-            freeBytes: () => this.freeBytes,
-            askMicrophone: (/** @type {number} */ ticket) => this.ears.ask(ticket),
-            startMicrophone: () => this.ears.start(),
-            stopMicrophone: () => this.ears.stop(),
-            releaseMicrophone: () => this.ears.release(),
-            playClip: (/** @type {number} */ ticket, /** @type {Uint8Array} */ file) => this.voice.play(ticket, file),
-            pauseClip: () => this.voice.pause(),
-            resumeClip: () => this.voice.resume(),
-            stopClip: () => this.voice.stop(),
-            setVolume: (/** @type {number} */ volume) => this.voice.setVolume(volume),
-            keepFile: (/** @type {string} */ path, /** @type {number} */ effect) => this.sounds.keepFile(path, effect),
-            keepTake: (/** @type {Int16Array} */ samples) => this.sounds.keepTake(samples),
-            frameWaits: () => this.core.frameWaits(),
-            say: (/** @type {string} */ text) => this.message.show({ text }),
-            tell: (/** @type {string} */ word) => this.tell(word),
-        };
-    }
-
     async start() {
         const asked = new URLSearchParams(location.search);
         history.replaceState(null, '', location.pathname);
         const estimate = navigator.storage?.estimate?.().catch(() => ({}));
-        const loaded = this.core.load(this.calls(), () => this.showOver('broken'));
+        const loaded = this.core.load(this);
         const isOurs = await holdTab(asked.has('takeover'), () => this.showOver('otherTab'));
         const read = isOurs && this.sounds.read();
         await loaded;
@@ -78,9 +53,6 @@ export class Page {
         this.sounds.unpack();
         const { quota, usage } = (await estimate) ?? {};
         this.freeBytes = quota ? quota - (usage ?? 0) : UNKNOWN_FREE_BYTES;
-        this.core.onRows = (first, last) => this.picture.paint(first, last);
-        this.core.onTexts = () => this.showTexts();
-        this.core.onEnded = () => this.showOver('ended');
         if (!this.core.begin()) {
             this.showOver('broken');
             return;
@@ -89,7 +61,7 @@ export class Page {
         this.core.turn();
         await this.addLater();
         this.connectVisibility();
-        this.offerTake();
+        this.sounds.rememberTake(0);
         if (!this.sounds.hasStore) {
             this.tell('storeMissing');
         }
@@ -131,29 +103,15 @@ export class Page {
     }
 
     connectVisibility() {
-        const look = () => {
-            if (!this.core.running) {
-                return;
-            }
-            if (document.visibilityState === 'hidden') {
-                if (this.core.program._murmeloLeave()) {
-                    this.tell('tooShort');
-                }
-            } else {
-                this.core.program._murmeloComeBack();
+        document.addEventListener('visibilitychange', () => {
+            const { program, running } = this.core;
+            if (running && document.visibilityState === 'visible') {
+                program._murmeloComeBack();
+            } else if (running && program._murmeloLeave()) {
+                this.tell('tooShort');
             }
             this.core.turn();
-        };
-        document.addEventListener('visibilitychange', look);
-    }
-
-    /** A take of an earlier visit. */
-    offerTake() {
-        const take = this.sounds.kept.get('take');
-        if (take) {
-            this.core.fillRoom(take.bytes);
-            this.core.program._murmeloRememberTake(0);
-        }
+        });
     }
 
     showTexts() {
@@ -181,8 +139,8 @@ export class Page {
         this.greeted = true;
         if (this.opensSounds) {
             this.openSounds();
-        } else if (this.sounds.hasTake() && !this.update?.waiting) {
-            this.tell('lastTake', 'bringBack', () => this.sounds.bringBack());
+        } else if (this.sounds.rememberTake(0) && !this.update.waiting) {
+            this.tell('lastTake', 'bringBack', () => this.sounds.rememberTake(1));
         }
     }
 
@@ -197,15 +155,9 @@ export class Page {
 
     openHelp() {
         this.dialog.open(this.words.help, this.words.close, (body) => {
-            for (const word of ['helpKeys', 'helpPlace', 'helpPrivate']) {
-                const line = document.createElement('p');
-                line.textContent = this.words[word];
-                body.append(line);
-            }
-            const link = document.createElement('a');
-            link.href = 'licences.txt';
-            link.textContent = this.words.licences;
-            body.append(link);
+            const lines = ['helpKeys', 'helpPlace', 'helpPrivate'].map((word) => this.words[word]);
+            body.append(...lines.map((textContent) => make('p', { textContent })));
+            body.append(make('a', { href: 'licences.txt', textContent: this.words.licences }));
         });
     }
 

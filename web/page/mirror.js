@@ -1,16 +1,16 @@
 // @ts-check
 // The picture in words: a real button over each thing that can be touched, and a voice for the rest.
 
+import { newButton } from './dom.js';
 import { HEIGHT, WIDTH } from './picture.js';
 
-/** @typedef {import('./core.js').Core} Core */
 /** @typedef {import('./core.js').ScreenTexts} ScreenTexts */
 /** @typedef {import('../types/murmelo.js').Entry} Entry */
 
 const SPEAK_AFTER_MS = 200; // a region that changes twice at once may be read by halves
 
 export class Mirror {
-    /** @param {Core} core @param {HTMLElement} layer @param {HTMLElement} live */
+    /** @param {import('./core.js').Core} core @param {HTMLElement} layer @param {HTMLElement} live */
     constructor(core, layer, live) {
         this.core = core;
         this.layer = layer;
@@ -48,10 +48,7 @@ export class Mirror {
 
     /** @param {string} text */
     newButton(text) {
-        const button = document.createElement('button');
-        button.type = 'button';
-        button.textContent = text;
-        button.addEventListener('click', () => {
+        const button = newButton(text, () => {
             const [x, y, w, h] = /** @type {string} */ (button.dataset.place).split(' ').map(Number);
             this.core.tap(x + w / 2, y + h / 2);
         });
@@ -64,10 +61,9 @@ export class Mirror {
         if (button.dataset.place !== place) {
             button.dataset.place = place;
             const [x, y, w, h] = entry.place;
-            button.style.left = `${(100 * x) / WIDTH}%`;
-            button.style.top = `${(100 * y) / HEIGHT}%`;
-            button.style.width = `${(100 * w) / WIDTH}%`;
-            button.style.height = `${(100 * h) / HEIGHT}%`;
+            const share = (/** @type {number} */ part, /** @type {number} */ whole) => `${(100 * part) / whole}%`;
+            Object.assign(button.style, { left: share(x, WIDTH), top: share(y, HEIGHT) });
+            Object.assign(button.style, { width: share(w, WIDTH), height: share(h, HEIGHT) });
         }
         if (entry.isFocused) {
             button.setAttribute('aria-current', 'true');

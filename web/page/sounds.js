@@ -1,8 +1,9 @@
 // @ts-check
 // The sounds of this browser: their store, and the list in which they are played, shared and deleted.
 
+import { make, newButton } from './dom.js';
+
 /** @typedef {import('./store.js').Kept} Kept */
-/** @typedef {import('./main.js').Page} Page */
 
 const HEADER_BYTES = 44;
 const BYTES_PER_SECOND = 16000; // of a saved sound
@@ -10,7 +11,7 @@ const TAKE = 'take';
 const SOUND = /\/rec_(\d+)\.wav$/;
 
 export class Sounds {
-    /** @param {Page} page */
+    /** @param {import('./main.js').Page} page */
     constructor(page) {
         this.page = page;
         /** @type {Map<string, Kept>} */
@@ -109,9 +110,7 @@ export class Sounds {
 
     /** @param {string} path */
     download(path) {
-        const link = document.createElement('a');
-        link.href = URL.createObjectURL(this.fileOf(path));
-        link.download = this.nameOf(path);
+        const link = make('a', { href: URL.createObjectURL(this.fileOf(path)), download: this.nameOf(path) });
         link.click();
         setTimeout(() => URL.revokeObjectURL(link.href), 60000);
     }
@@ -152,14 +151,15 @@ export class Sounds {
         this.page.dialog.refresh();
     }
 
-    /** Makes the last take the program's again. */
-    bringBack() {
+    /** @param {0 | 1} bringsBack  1: the last take becomes the program's again @returns {boolean} whether there is one */
+    rememberTake(bringsBack) {
         const take = this.kept.get(TAKE);
         if (take) {
             this.page.core.fillRoom(take.bytes);
-            this.page.core.program._murmeloRememberTake(1);
+            this.page.core.program._murmeloRememberTake(bringsBack);
             this.page.core.turn();
         }
+        return take !== undefined;
     }
 
     forgetTake() {
@@ -168,60 +168,37 @@ export class Sounds {
         this.page.dialog.refresh();
     }
 
-    hasTake() {
-        return this.kept.has(TAKE);
-    }
-
     /** @param {HTMLElement} body */
     paint(body) {
         const words = this.page.words;
-        const list = document.createElement('ul');
+        const list = make('ul');
+        /** @param {string} name @param {number} seconds @param {HTMLElement[]} buttons */
+        const add = (name, seconds, ...buttons) => {
+            const title = make('p', { textContent: `${name} (${seconds.toFixed(1)} ${words.seconds})` });
+            list.append(make('li', {}, title, make('div', { className: 'row' }, ...buttons)));
+        };
         const take = this.kept.get(TAKE);
         if (take) {
-            const row = newRow(list, words.lastTake, take.bytes.length / (2 * BYTES_PER_SECOND), words.seconds);
-            newButton(row, words.bringBack, () => {
+            const bringBack = newButton(words.bringBack, () => {
                 this.page.dialog.close();
-                this.bringBack();
+                this.rememberTake(1);
             });
-            newButton(row, words.forget, () => this.forgetTake());
+            const forget = newButton(words.forget, () => this.forgetTake());
+            add(words.lastTake, take.bytes.length / (2 * BYTES_PER_SECOND), bringBack, forget);
         }
         const paths = [...this.kept.keys()].filter((path) => SOUND.test(path)).sort().reverse();
         for (const path of paths) {
             const bytes = /** @type {Kept} */ (this.kept.get(path)).bytes;
-            const row = newRow(list, this.nameOf(path), (bytes.length - HEADER_BYTES) / BYTES_PER_SECOND, words.seconds);
-            newButton(row, this.playing === path ? words.stop : words.play, () => this.play(path));
-            newButton(row, words.share, () => this.hand(path)).hidden = !navigator.canShare;
-            newButton(row, words.download, () => this.download(path));
-            newButton(row, words.delete, () => this.remove(path));
+            const play = newButton(this.playing === path ? words.stop : words.play, () => this.play(path));
+            const share = newButton(words.share, () => this.hand(path));
+            share.hidden = !navigator.canShare;
+            const download = newButton(words.download, () => this.download(path));
+            const remove = newButton(words.delete, () => this.remove(path));
+            add(this.nameOf(path), (bytes.length - HEADER_BYTES) / BYTES_PER_SECOND, play, share, download, remove);
         }
         if (paths.length === 0) {
-            const none = document.createElement('p');
-            none.className = 'quiet';
-            none.textContent = words.noSounds;
-            body.append(none);
+            body.append(make('p', { className: 'quiet', textContent: words.noSounds }));
         }
         body.append(list);
     }
-}
-
-/** @param {HTMLElement} list @param {string} name @param {number} seconds @param {string} unit */
-function newRow(list, name, seconds, unit) {
-    const item = document.createElement('li');
-    const title = document.createElement('p');
-    title.textContent = `${name} (${seconds.toFixed(1)} ${unit})`;
-    const row = document.createElement('div');
-    row.className = 'row';
-    item.append(title, row);
-    list.append(item);
-    return row;
-}
-
-/** @param {HTMLElement} row @param {string} label @param {() => void} act */
-function newButton(row, label, act) {
-    const button = document.createElement('button');
-    button.type = 'button';
-    button.textContent = label;
-    button.addEventListener('click', act);
-    row.append(button);
-    return button;
 }

@@ -1,14 +1,12 @@
 // @ts-check
 // Sound files from outside: picked, dropped, shared with the page, or opened with it.
 
-/** @typedef {import('./main.js').Page} Page */
-
 const MAX_BYTES = 64 << 20; // of a file; decoded it takes several times as much
 const DECODED_SECONDS = 20;
 const DECODING_RATE = 48000;
 
 export class TakeIn {
-    /** @param {Page} page @param {HTMLInputElement} input */
+    /** @param {import('./main.js').Page} page @param {HTMLInputElement} input */
     constructor(page, input) {
         this.page = page;
         this.input = input;
@@ -75,15 +73,12 @@ export class TakeIn {
             const context = new OfflineAudioContext(1, 1, DECODING_RATE);
             const sound = await context.decodeAudioData(bytes);
             const frames = Math.min(sound.length, DECODED_SECONDS * sound.sampleRate);
-            const mean = new Float32Array(frames);
+            const samples = new Float32Array(frames * sound.numberOfChannels); // one channel after the other
             for (let channel = 0; channel < sound.numberOfChannels; channel++) {
-                const samples = sound.getChannelData(channel);
-                for (let i = 0; i < frames; i++) {
-                    mean[i] += samples[i] / sound.numberOfChannels;
-                }
+                samples.set(sound.getChannelData(channel).subarray(0, frames), frames * channel);
             }
-            this.page.core.fillRoom(mean);
-            return this.page.core.program._murmeloUseFloats(sound.sampleRate) === 1;
+            this.page.core.fillRoom(samples);
+            return this.page.core.program._murmeloUseFloats(sound.numberOfChannels, sound.sampleRate) === 1;
         } catch {
             return false;
         }

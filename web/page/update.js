@@ -1,10 +1,8 @@
 // @ts-check
 // The service worker: offline from the second start, and a new version only when the user says so.
 
-/** @typedef {import('./main.js').Page} Page */
-
 export class Update {
-    /** @param {Page} page */
+    /** @param {import('./main.js').Page} page */
     constructor(page) {
         this.page = page;
         /** @type {ServiceWorker | null} */
@@ -13,8 +11,9 @@ export class Update {
     }
 
     async register() {
-        if (!('serviceWorker' in navigator)) {
-            return;
+        const registration = await navigator.serviceWorker?.register('sw.js').catch(() => null);
+        if (!registration) {
+            return; // the page works as long as there is a network
         }
         let accepted = navigator.serviceWorker.controller !== null;
         navigator.serviceWorker.addEventListener('controllerchange', () => {
@@ -23,20 +22,15 @@ export class Update {
             }
             accepted = true; // the first one only takes its place
         });
-        try {
-            const registration = await navigator.serviceWorker.register('sw.js');
-            this.note(registration.waiting);
-            registration.addEventListener('updatefound', () => {
-                const worker = /** @type {ServiceWorker} */ (registration.installing);
-                worker.addEventListener('statechange', () => {
-                    if (worker.state === 'installed' && navigator.serviceWorker.controller) {
-                        this.note(worker);
-                    }
-                });
-            });
-        } catch {
-            // Without a service worker the page works as long as there is a network.
-        }
+        this.note(registration.waiting);
+        registration.onupdatefound = () => {
+            const worker = /** @type {ServiceWorker} */ (registration.installing);
+            worker.onstatechange = () => {
+                if (worker.state === 'installed' && navigator.serviceWorker.controller) {
+                    this.note(worker);
+                }
+            };
+        };
     }
 
     /** @param {ServiceWorker | null} worker */

@@ -41,7 +41,7 @@ export type Murmelo = {
     _murmeloComeBack(): void;
     _murmeloRoom(bytes: number): number;
     _murmeloHeard(rateHz: number): number;
-    _murmeloUseFloats(rateHz: number): number;
+    _murmeloUseFloats(channels: number, rateHz: number): number;
     _murmeloUseFile(): number;
     _murmeloRememberTake(bringsBack: number): void;
     _murmeloPaint(): number;

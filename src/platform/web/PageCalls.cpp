@@ -4,27 +4,27 @@
 
 // Samples and texts are copied out of the heap before anything of the page goes on later.
 // clang-format off
-EM_JS(double, pageNow, (), { return Module.page.now(); })
+EM_JS(double, pageNow, (), { return Module.page.core.now(); })
 EM_JS(double, pageRealNow, (), { return performance.now(); })
-EM_JS(double, pageFreeBytes, (), { return Module.page.freeBytes(); })
-EM_JS(void, pageAskMicrophone, (int32_t ticket), { Module.page.askMicrophone(ticket); })
-EM_JS(void, pageStartMicrophone, (), { Module.page.startMicrophone(); })
-EM_JS(void, pageStopMicrophone, (), { Module.page.stopMicrophone(); })
-EM_JS(void, pageReleaseMicrophone, (), { Module.page.releaseMicrophone(); })
+EM_JS(double, pageFreeBytes, (), { return Module.page.freeBytes; })
+EM_JS(void, pageAskMicrophone, (int32_t ticket), { Module.page.ears.ask(ticket); })
+EM_JS(void, pageStartMicrophone, (), { Module.page.ears.start(); })
+EM_JS(void, pageStopMicrophone, (), { Module.page.ears.stop(); })
+EM_JS(void, pageReleaseMicrophone, (), { Module.page.ears.release(); })
 EM_JS(void, pagePlayClip, (int32_t ticket, const uint8_t* file, size_t bytes), {
-    Module.page.playClip(ticket, HEAPU8.slice(file, file + bytes));
+    Module.page.voice.play(ticket, HEAPU8.slice(file, file + bytes));
 })
-EM_JS(void, pagePauseClip, (), { Module.page.pauseClip(); })
-EM_JS(void, pageResumeClip, (), { Module.page.resumeClip(); })
-EM_JS(void, pageStopClip, (), { Module.page.stopClip(); })
-EM_JS(void, pageSetVolume, (int32_t volume), { Module.page.setVolume(volume); })
+EM_JS(void, pagePauseClip, (), { Module.page.voice.pause(); })
+EM_JS(void, pageResumeClip, (), { Module.page.voice.resume(); })
+EM_JS(void, pageStopClip, (), { Module.page.voice.stop(); })
+EM_JS(void, pageSetVolume, (int32_t volume), { Module.page.voice.setVolume(volume); })
 EM_JS(void, pageKeepFile, (const char* path, int32_t effect), {
-    Module.page.keepFile(UTF8ToString(path), effect);
+    Module.page.sounds.keepFile(UTF8ToString(path), effect);
 })
 EM_JS(void, pageKeepTake, (const int16_t* samples, int32_t count), {
-    Module.page.keepTake(HEAP16.slice(samples >> 1, (samples >> 1) + count));
+    Module.page.sounds.keepTake(HEAP16.slice(samples >> 1, (samples >> 1) + count));
 })
-EM_JS(void, pageFrameWaits, (), { Module.page.frameWaits(); })
+EM_JS(void, pageFrameWaits, (), { Module.page.core.frameWaits(); })
 EM_JS(void, pageTell, (const char* name), { Module.page.tell(UTF8ToString(name)); })
 // Emscripten's rename() leaves a file whose place is taken in its table of names: it would be found
 // again when the other is deleted.
@@ -38,7 +38,7 @@ EM_JS(void, pageMendRename, (), {
         }
     };
 })
-EM_JS(void, pageSay, (const char* sentence), { Module.page.say(UTF8ToString(sentence)); })
+EM_JS(void, pageSay, (const char* sentence), { Module.page.message.show({text: UTF8ToString(sentence)}); })
 
 // clang-format on
 

@@ -1,5 +1,4 @@
-// The page as WebHost sees it: each call goes to the method of the same name of the object
-// `Module.page`.
+// The page as WebHost sees it: each call goes to the part of the object `Module.page` that does it.
 #pragma once
 
 #include "WebPage.h"

@@ -138,13 +138,24 @@ std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int
     return file;
 }
 
-std::vector<int16_t> PlainWav::toTake(const float* samples, int32_t count, int32_t rateHz) {
-    if (rateHz < kMinRateHz || rateHz > kMaxRateHz || count < 1) {
+std::vector<int16_t>
+PlainWav::toTake(const float* samples, int32_t count, int32_t rateHz, int32_t channels) {
+    if (rateHz < kMinRateHz || rateHz > kMaxRateHz || count < 1 || channels < 1) {
         return {};
+    }
+    const int32_t frames = std::min(count, kLongestSeconds * rateHz);
+    std::vector<float> mean(samples, samples + frames);
+    for (int32_t channel = 1; channel < channels; channel++) {
+        for (int32_t i = 0; i < frames; i++) {
+            mean[static_cast<size_t>(i)] += samples[ptrdiff_t{channel} * count + i];
+        }
+    }
+    for (float& sample : mean) {
+        sample /= static_cast<float>(channels);
     }
     RateTo16k converter(rateHz);
     std::deque<int16_t> converted;
-    converter.convert(samples, std::min(count, kLongestSeconds * rateHz), converted);
+    converter.convert(mean.data(), frames, converted);
     converter.finish(converted);
     const size_t kept =
         std::min(converted.size(), static_cast<size_t>(HostMicrophone::kLongestTakeSamples));

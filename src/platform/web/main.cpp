@@ -124,10 +124,11 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloHeard(int32_t rateHz) {
     return host->heard(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz) ? 1 : 0;
 }
 
-/// The room holds a sound as floats, one channel; it becomes the take. 0 if it is none.
-EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz) {
-    std::vector<int16_t> samples =
-        PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz);
+/// The room holds a sound as floats, one channel after the other; it becomes the take. 0 if it is
+/// none.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t channels, int32_t rateHz) {
+    std::vector<int16_t> samples = PlainWav::toTake(reinterpret_cast<const float*>(room.data()),
+                                                    wordCount() / channels, rateHz, channels);
     const bool isSound = !samples.empty();
     host->use(std::move(samples));
     return isSound ? 1 : 0;
