@@ -115,9 +115,9 @@ export class Ears {
     /** @param {MediaStream} stream */
     lost(stream) {
         if (stream === this.stream && this.core.running) {
-            this.tell('microphoneGone');
             this.core.program._murmeloMicrophoneLost();
             this.core.turn();
+            this.tell('microphoneGone'); // in the place of what the program says, in English only
         }
     }
 

@@ -69,8 +69,8 @@ export class Voice {
 
     fail() {
         if (this.ticket !== 0) {
-            this.tell('cannotPlay');
             this.finish('_murmeloClipFailed');
+            this.tell('cannotPlay'); // in the place of what the program says, in English only
         }
     }
 

@@ -77,11 +77,11 @@ bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
 
 void WebHost::touch(
     HostListener::Touch touch, bool isFinger, int32_t id, int32_t x, int32_t y, uint32_t timeMs) {
-    tasks.emplace_back([=, this](HostListener& listener) {
+    tasks.emplace_back([=, this, asked = refusals](HostListener& listener) {
         const auto pointer = isFinger ? OneFinger::Pointer::kFinger : OneFinger::Pointer::kMouse;
         switch (touch) {
         case HostListener::Touch::kPress:
-            return finger.tapped(pointer, id, x, y, timeMs, listener);
+            return asked == refusals && finger.tapped(pointer, id, x, y, timeMs, listener);
         case HostListener::Touch::kMove:
             return finger.moved(pointer, id, x, y, listener);
         default:
@@ -91,8 +91,9 @@ void WebHost::touch(
 }
 
 void WebHost::key(HostKey key) {
-    tasks.emplace_back(
-        [=, this](HostListener&) { return doors != nullptr && doors->navigate(key); });
+    tasks.emplace_back([=, this, asked = refusals](HostListener&) {
+        return asked == refusals && doors != nullptr && doors->navigate(key);
+    });
 }
 
 void WebHost::volumeKey(bool up) {
@@ -113,6 +114,7 @@ void WebHost::microphoneRefused(int32_t ticket) {
     if (hasTake) {
         offeredTake = lastTake;
     }
+    refusals++;  // what was pressed meanwhile was meant for a recording
     key(HostKey::kRightSoft);
 }
 
@@ -161,9 +163,11 @@ void WebHost::keepTake(std::vector<int16_t> samples) {
 void WebHost::Ears::release() {
     WebMicrophone::release();
     std::vector<int16_t> heard = takeAway();
-    host.hasTake = false;  // the program has deleted the one before
+    const bool hadTake = std::exchange(host.hasTake, false);  // the program has deleted it
     if (!heard.empty()) {
         host.keepTake(std::move(heard));
+    } else if (hadTake && hasStarted()) {
+        host.offeredTake = host.lastTake;
     }
 }
 

@@ -55,7 +55,8 @@ public:
     void volumeKey(bool up);
     void microphoneGranted(int32_t ticket);
 
-    /// Goes back to the menu, and brings the earlier take back, which the program has deleted.
+    /// Goes back to the menu, and brings the earlier take back, which the program has deleted. Keys
+    /// and presses that still wait are forgotten.
     void microphoneRefused(int32_t ticket);
     void microphoneLost();
     void clipEnded(int32_t ticket);
@@ -116,7 +117,8 @@ private:
     /// Returns whether it delivered a callback.
     using Task = std::function<bool(HostListener&)>;
 
-    /// The microphone that the program sees: tells when a take was recorded.
+    /// The microphone that the program sees: tells when a take was recorded, and brings the earlier
+    /// one back after a recording that heard nothing.
     class Ears : public WebMicrophone {
     public:
         Ears(WebHost& host, WebPage& page)
@@ -147,6 +149,7 @@ private:
     std::vector<int16_t> lastTake;     // raw, 16 kHz; empty: none
     std::vector<int16_t> offeredTake;  // becomes the take when the program rests; empty: none
     bool hasTake = false;              // the program has a take, or had it when it asked to record
+    int32_t refusals = 0;              // of the microphone
     double restMs = 0;                 // how long the program wants to sleep since the last pump
     bool isAway = false;
     bool ended = false;

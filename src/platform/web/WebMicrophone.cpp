@@ -11,6 +11,7 @@ constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 
 void WebMicrophone::prepare() {
     asked = true;
+    started = false;
     page.askMicrophone(++ticket);
 }
 
@@ -36,6 +37,7 @@ bool WebMicrophone::start(HostMicrophoneListener& newListener) {
     }
     listener = &newListener;
     lost = false;
+    started = true;
     waiting.clear();
     taken.clear();
     converter.reset();

@@ -41,6 +41,9 @@ public:
     /// What the program took since start(), bit for bit, and forgets it here; empty if nothing.
     std::vector<int16_t> takeAway() { return std::exchange(taken, {}); }
 
+    /// True if it has listened since it was prepared.
+    bool hasStarted() const { return started; }
+
     /// Always: whether the user lets it listen is found out by asking.
     bool isThere() override { return true; }
 
@@ -62,4 +65,5 @@ private:
     int32_t ticket = 0;
     bool asked = false;
     bool lost = false;
+    bool started = false;
 };

@@ -161,6 +161,49 @@ TEST_F(WebHostTest, aRefusalBringsTheEarlierTakeBackBitForBit) {
     EXPECT_EQ(cleaned, folders.read("home/Murmelo/MrmLastRec.wav"));
 }
 
+TEST_F(WebHostTest, aRefusalForgetsWhatWasPressedMeanwhile) {
+    toMenu();
+    ask();
+    host->key(HostKey::kRightSoft);
+    host->key(HostKey::kRightSoft);
+    host->key(HostKey::kMiddle);
+    host->touch(HostListener::Touch::kPress, false, 1, 440, 780, 5000);
+    host->touch(HostListener::Touch::kRelease, false, 1, 440, 780, 5000);
+    host->microphoneRefused(page.askedTicket);
+    settle();
+    EXPECT_EQ("Options", screen());
+}
+
+TEST_F(WebHostTest, aRecordingThatHeardNothingBringsTheEarlierTakeBack) {
+    toMenu();
+    record();
+    const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
+    key(HostKey::kLeftSoft);
+    ask();
+    allow();
+    key(HostKey::kMiddle);
+    ASSERT_EQ("Recording", screen());
+    pass(21000);
+    EXPECT_EQ("Play", screen());
+    EXPECT_TRUE(cleaned == folders.read("home/Murmelo/MrmLastRec.wav"));
+    EXPECT_EQ(voice, page.keptTake);
+}
+
+TEST_F(WebHostTest, aRecordingThatIsHiddenTooEarlyBringsTheEarlierTakeBack) {
+    toMenu();
+    record();
+    const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
+    key(HostKey::kLeftSoft);
+    ask();
+    allow();
+    key(HostKey::kMiddle);
+    EXPECT_EQ(WebHost::Away::kRecordingTooShort, host->leave());
+    host->comeBack();
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_TRUE(cleaned == folders.read("home/Murmelo/MrmLastRec.wav"));
+}
+
 TEST_F(WebHostTest, theRawTakeIsKeptWhenTheRecorderStops) {
     toMenu();
     record();
