@@ -14,6 +14,7 @@ export class Message {
         this.button = /** @type {HTMLButtonElement} */ (box.querySelector('button'));
         this.timer = 0;
         this.act = () => {};
+        this.text.addEventListener('click', () => this.hide());
         this.button.addEventListener('click', () => {
             const act = this.act;
             this.hide();

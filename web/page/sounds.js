@@ -172,9 +172,11 @@ export class Sounds {
     paint(body) {
         const words = this.page.words;
         const list = make('ul');
+        body.append(list);
         /** @param {string} name @param {number} seconds @param {HTMLElement[]} buttons */
         const add = (name, seconds, ...buttons) => {
-            const title = make('p', { textContent: `${name} (${seconds.toFixed(1)} ${words.seconds})` });
+            const length = seconds.toLocaleString(document.documentElement.lang, { minimumFractionDigits: 1, maximumFractionDigits: 1 });
+            const title = make('p', { textContent: `${name} (${length} ${words.seconds})` });
             list.append(make('li', {}, title, make('div', { className: 'row' }, ...buttons)));
         };
         const take = this.kept.get(TAKE);
@@ -197,8 +199,7 @@ export class Sounds {
             add(this.nameOf(path), (bytes.length - HEADER_BYTES) / BYTES_PER_SECOND, play, share, download, remove);
         }
         if (paths.length === 0) {
-            body.append(make('p', { className: 'quiet', textContent: words.noSounds }));
+            list.after(make('p', { className: 'quiet', textContent: words.noSounds }));
         }
-        body.append(list);
     }
 }
