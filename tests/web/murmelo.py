@@ -38,7 +38,7 @@ class Murmelo:
         return self.running()
 
     def running(self):
-        self.tab.wait_for("murmelo.core.texts.screen && murmelo.update")  # every part is there
+        self.tab.wait_for("murmelo.core.texts.screen && !document.getElementById('save').disabled")
         self.tab.evaluate(_COUNTING)
         return self
 

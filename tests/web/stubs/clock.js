@@ -58,27 +58,47 @@
         window.setTimeout(hear, 1);
     }
 
+    /** Changes what the page has under that name as soon as it has it. */
+    function change(name, how) {
+        let part = page[name];
+        if (part) {
+            how(part);
+        }
+        Object.defineProperty(page, name, {
+            get: () => part,
+            set: (made) => {
+                part = made;
+                how(part);
+            },
+        });
+    }
+
     function take(made) {
         page = made;
-        const { core, ears } = page;
-        const turn = core.turn.bind(core);
-        core.now = () => nowMs;
-        core.turn = () => {
-            turn();
-            paintNow();
-        };
-        const start = ears.start.bind(ears);
-        ears.connect = async () => {};
-        ears.start = () => {
-            start();
-            listen(ears);
-        };
+        change('core', (core) => {
+            const turn = core.turn.bind(core);
+            core.now = () => nowMs;
+            core.turn = () => {
+                turn();
+                paintNow();
+            };
+        });
+        change('ears', (ears) => {
+            const start = ears.start.bind(ears);
+            ears.connect = async () => {};
+            ears.start = () => {
+                start();
+                listen(ears);
+            };
+        });
         // What plays ends after its length.
-        const { voice: speaker } = page;
-        speaker.play = (ticket, file) => {
-            speaker.ticket = ticket;
-            window.setTimeout(() => speaker.ticket === ticket && speaker.finish('_murmeloClipEnded'), (file.length - 44) / 16);
-        };
+        change('voice', (speaker) => {
+            speaker.play = (ticket, file) => {
+                const ended = () => speaker.ticket === ticket && speaker.finish('_murmeloClipEnded');
+                speaker.ticket = ticket;
+                window.setTimeout(ended, (file.length - 44) / 16);
+            };
+        });
     }
     Object.defineProperty(window, 'murmelo', { get: () => page, set: take });
 

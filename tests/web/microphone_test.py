@@ -1,0 +1,200 @@
+"""What may happen to a microphone: the page says it, and no take is lost."""
+import array
+import unittest
+
+from murmelo import SPEECH, PageTest, read_wav
+
+CLEANED = "MrmLastRec.wav"
+
+
+class MicrophoneTest(PageTest):
+    def with_a_take(self):
+        """In the menu, with a take from a file. Returns the cleaned and the raw one."""
+        self.page.open().to_menu()
+        self.page.use(SPEECH)
+        take = self.page.file(CLEANED), self.page.kept("take")
+        self.assertEqual(read_wav(SPEECH)[0], take[1])
+        self.page.soft_key(0)
+        self.page.until("Options")
+        return take
+
+    def assertTakeIsBack(self, take):
+        self.page.until("Play")
+        self.assertTrue(take[0] == self.page.file(CLEANED), "the earlier take is back, bit for bit")
+        self.assertTrue(take[1] == self.page.kept("take"))
+
+    def refused(self, word):
+        """Wants to record where that is impossible: with an earlier take, and without one."""
+        take = self.with_a_take()
+        self.page.press("Record")
+        self.page.told(word)
+        self.assertTakeIsBack(take)
+        self.assertEqual(0, self.tab.evaluate("Number(murmelo.core.standsStillSince >= 0)"))
+
+    def refused_at_first(self, word):
+        self.page.open().to_menu()
+        self.page.press("Record")
+        self.page.told(word)
+        self.page.until("Options")
+        self.page.rest()
+        self.assertIsNone(self.page.file(CLEANED))
+
+
+class RefusedTest(MicrophoneTest):
+    OPTIONS = {"ask": True}
+
+    def setUp(self):
+        super().setUp()
+        self.browser.permission("microphone", "denied", self.server.origin)
+
+    def test_not_allowed(self):
+        self.refused("microphoneRefused")
+
+    def test_not_allowed_at_first_and_allowed_later(self):
+        self.refused_at_first("microphoneRefused")
+        self.browser.permission("microphone", "granted", self.server.origin)
+        self.page.record(500)
+
+
+class MissingTest(MicrophoneTest):
+    OPTIONS = {"microphone": False}
+
+    def test_none_there(self):
+        self.refused("microphoneMissing")
+
+    def test_none_there_at_first(self):
+        self.refused_at_first("microphoneMissing")
+
+
+class InsecureTest(MicrophoneTest):
+    OPTIONS = {"flags": ("--host-resolver-rules=MAP murmelo.test 127.0.0.1",)}
+
+    def setUp(self):
+        super().setUp()
+        self.page.address = self.server.address = self.server.address.replace("localhost", "murmelo.test")
+
+    def test_a_page_without_https(self):
+        self.refused("microphoneInsecure")
+        self.assertFalse(self.tab.evaluate("isSecureContext"))
+
+
+class ThereTest(MicrophoneTest):
+    OPTIONS = {"microphone": SPEECH}
+
+    def test_used_by_another_program(self):
+        self.page.stub("busy")
+        self.refused("microphoneBusy")
+
+    def test_the_question_stays_open_and_is_then_answered(self):
+        self.page.stub("question")
+        take = self.with_a_take()
+        self.page.press("Record")
+        self.tab.wait_for("question.asked === 1")
+        before = self.tab.evaluate("[murmelo.core.turns, murmelo.core.now()]")
+        self.page.told("allowMicrophone")
+        self.tab.click(*self.tab.place("#picture"))
+        self.tab.key("Escape")  # would be "Quit" in the menu
+        self.tab.key("Escape")
+        self.assertEqual(before, self.tab.evaluate("[murmelo.core.turns, murmelo.core.now()]"))
+        self.tab.evaluate("question.refuse()")
+        self.page.told("microphoneRefused")
+        self.assertTakeIsBack(take)
+
+        self.page.soft_key(0)
+        self.page.until("Options")
+        self.page.press("Record")
+        self.tab.wait_for("question.asked === 2")
+        self.tab.evaluate("question.allow()")
+        self.page.until("Record")
+        self.tab.wait_for("murmelo.core.standsStillSince < 0")
+        self.page.soft_key(1)
+        self.page.until("Recording")
+        self.page.hear(1000)
+        self.page.soft_key(1)
+        self.page.until("Play")
+        self.assertTrue(32000 <= len(self.page.kept("take")) != len(take[1]))
+
+    def test_unplugged_while_recording(self):
+        self.with_a_take()
+        self.page.to_recording()
+        self.page.hear(1500)
+        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.page.told("microphoneGone")
+        self.page.until("Play")
+        self.assertTrue(40000 <= len(self.page.kept("take")) < len(read_wav(SPEECH)[0]))
+
+    def test_unplugged_before_anything_was_heard(self):
+        self.page.stub("silent")
+        take = self.with_a_take()
+        self.page.to_recording()
+        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.page.told("microphoneGone")
+        self.run_out()
+        self.assertTakeIsBack(take)
+
+    def run_out(self):
+        """The program's clock jumps to the end of the longest recording."""
+        self.tab.evaluate("{ murmelo.core.stoodStillMs -= 21000; murmelo.core.turn(); }")
+
+    def test_silent(self):
+        self.page.stub("silent")
+        take = self.with_a_take()
+        self.page.to_recording()
+        self.page.told("microphoneSilent")
+        self.run_out()
+        self.assertTakeIsBack(take)
+
+    def test_hidden_while_recording(self):
+        self.page.open().to_menu().to_recording()
+        self.page.hear(1000)
+        front = self.browser.new_tab()
+        self.tab.wait_for("document.hidden")
+        self.tab.wait_for("murmelo.ears.stream === null")
+        raw, cleaned = self.page.kept("take"), self.page.file(CLEANED)
+        self.assertGreaterEqual(len(raw), 32000)
+        self.assertEqual(len(raw) // 2 + 44, len(cleaned))
+        turns = self.tab.evaluate("murmelo.core.turns")
+        self.tab.evaluate("new Promise((resolve) => setTimeout(resolve, 1500))")
+        self.assertEqual(turns, self.tab.evaluate("murmelo.core.turns"), "in the background nothing happens")
+        front.close()
+        self.tab.front()
+        self.page.until("Play")
+        self.assertEqual((cleaned, ""), (self.page.file(CLEANED), self.page.message()))
+
+    def test_hidden_before_anything_was_heard(self):
+        self.page.stub("silent")
+        take = self.with_a_take()
+        self.page.to_recording()
+        front = self.browser.new_tab()
+        self.tab.wait_for("document.hidden")
+        front.close()
+        self.tab.front()
+        self.page.told("tooShort")
+        self.assertTakeIsBack(take)
+        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+
+    def test_hidden_elsewhere(self):
+        self.page.open().to_menu()
+        front = self.browser.new_tab()
+        self.tab.wait_for("document.hidden")
+        front.close()
+        self.tab.front()
+        self.page.record(500)
+
+    def test_another_rate_is_converted(self):
+        self.page.stub("one-rate")
+        self.page.open().to_menu()
+        rate = "murmelo.ears.context.sampleRate"
+        self.page.to_recording()
+        self.assertEqual(44100, self.tab.evaluate(rate))
+        self.page.hear(2000)
+        self.page.soft_key(1)
+        self.page.until("Play")
+        raw = self.page.kept("take")
+        heard_ms = self.tab.evaluate("murmelo.heardMs")
+        self.assertAlmostEqual(heard_ms, len(raw) / 32, delta=2)
+        self.assertGreater(max(map(abs, array.array("h", raw))), 5000, "it speaks")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,4 @@
+// Another program holds the microphone.
+navigator.mediaDevices.getUserMedia = async () => {
+    throw new DOMException('Could not start audio source', 'NotReadableError');
+};

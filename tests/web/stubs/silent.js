@@ -1,0 +1,2 @@
+// The microphone is open, and no sample ever comes from it.
+AudioContext.prototype.createMediaStreamSource = () => ({ connect() {} });
