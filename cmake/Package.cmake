@@ -6,14 +6,14 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME murmelo)
 set(CPACK_PACKAGE_VENDOR "Murmelo")
 set(CPACK_PACKAGE_CONTACT "${MURMELO_MAINTAINER}")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "voice changer with eight effects and one marble")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "voice changer with many effects and one marble")
 set(CPACK_PACKAGE_DESCRIPTION
 "Murmelo records up to twenty seconds of speech, turns it into a robot, a
 giant, a hurried talker, a drunk or itself backwards, and plays it back. A
 small glass marble on an old cassette recorder shows which.
 
-Every result can be saved as a WAV file. The texts are in English, German,
-Spanish, French and Italian.
+Every result can be saved as a WAV file, and the texts come in several
+languages.
 
 Besides the program in a window there is murmelo-fx, which applies the
 effects to sound files on the command line, and murmelo-headless, which runs

@@ -5,6 +5,7 @@
 #include "Fx.h"
 #include "G.h"
 #include "Header.h"
+#include "Languages.h"
 #include "Menu.h"
 #include "Message.h"
 #include "Orm.h"
@@ -17,12 +18,7 @@
 #include "ScreenTable.h"
 #include "SkBar.h"
 
-#include <iterator>
-
 namespace {
-
-constexpr const char* kLanguageCodes[] = {"en", "de", "es", "fr", "it"};
-static_assert(std::size(kLanguageCodes) == Res::kLanguages, "one code for each language");
 
 std::string textOf(int32_t id) {
     const Osp::Base::String* text = id != Res::Null ? Res::getStr(id) : nullptr;
@@ -77,7 +73,7 @@ ScreenTexts TextsReader::read() {
     if (Orm::canvas == nullptr) {
         return texts;
     }
-    texts.language = kLanguageCodes[Res::getCurrLangIndex()];
+    texts.language = Languages::kAll[Res::getCurrLangIndex()].code;
     texts.screen = ScreenTable::currentName();
     if (G::fxs != nullptr) {
         readHeader(texts);

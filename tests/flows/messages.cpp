@@ -16,9 +16,8 @@ namespace {
 class Messages : public ScreensTest {
 public:
     bool writeAll(const std::string& folder) {
-        constexpr int32_t kLanguages = 5;
         constexpr int32_t kOther = 7;
-        for (int32_t lang = 0; lang < kLanguages; lang++) {
+        for (int32_t lang = 0; lang < Res::kLanguages; lang++) {
             Res::setCurrLangIndex(lang);
             for (const int32_t kind :
                  {MessageAndQuit::kHeapLow, MessageAndQuit::kNoMemCard, kOther}) {

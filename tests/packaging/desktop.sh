@@ -18,10 +18,14 @@ appstreamcli validate --no-net "$metainfo" >"$folder/said" 2>&1 || complain "app
 grep -E '^[EWI]:' "$folder/said" && complain "appstreamcli: $(cat "$folder/said")"
 appstreamcli validate-tree --no-net "$folder/stage" >"$folder/said" 2>&1 || complain "in its tree: $(cat "$folder/said")"
 
+# As the program knows them, English first.
+mapfile -t languages < <(sed -n 's/^ *{"\([a-z]*\)", "[^"]*"},$/\1/p' "$source/src/platform/host/Languages.h")
+[ "${languages[0]:-}" = en ] && [ ${#languages[@]} -ge 5 ] || complain "the languages are not found: ${languages[*]}"
+
 value() { sed -n "s/^$1=//p" "$entry"; }
 for key in Name GenericName Comment Keywords; do
     [ -n "$(value $key)" ] || complain "the desktop entry has no English $key"
-    for language in de es fr it; do
+    for language in "${languages[@]:1}"; do
         [ -n "$(value "$key\[$language\]")" ] || complain "the desktop entry has no $key in $language"
     done
 done
@@ -32,7 +36,7 @@ for type in audio/x-wav audio/flac audio/ogg; do
     [[ ";$(value MimeType)" == *";$type;"* ]] || complain "the desktop entry does not offer to open $type"
 done
 
-python3 "$source/tests/packaging/metainfo.py" "$metainfo" "$version" "$(basename "$entry")" "$(value MimeType)" || wrong=1
+python3 "$source/tests/packaging/metainfo.py" "$metainfo" "$version" "$(basename "$entry")" "$(value MimeType)" "${languages[@]}" || wrong=1
 for program in $(sed -n 's#.*<binary>\(.*\)</binary>.*#\1#p' "$metainfo"); do
     [ -x "$folder/stage/usr/bin/$program" ] || complain "the metainfo promises $program"
 done

@@ -1,5 +1,5 @@
 // Makes a bitmap font from an outline font: hinted, 4-bit coverage, every character that the
-// application's five languages and their typography need.
+// application's languages and their typography need.
 #pragma once
 
 #include <memory>

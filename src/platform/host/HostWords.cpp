@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr std::array<const char*, HostWords::kLanguages> kCodes = {"en", "de", "es", "fr", "it"};
-
 // As in the program's own texts, Spanish and Italian say "tu", German and French "Sie" and "vous".
 // clang-format off
 constexpr HostWords::Row kRows[] = {
@@ -180,8 +178,12 @@ constexpr HostWords::Row kRows[] = {
 // clang-format on
 
 size_t indexOf(const std::string& language) {
-    const auto* found = std::find(kCodes.begin(), kCodes.end(), language);
-    return found != kCodes.end() ? static_cast<size_t>(found - kCodes.begin()) : 0;
+    const auto* found =
+        std::find_if(std::begin(Languages::kAll), std::end(Languages::kAll),
+                     [&language](const Language& row) { return language == row.code; });
+    return found != std::end(Languages::kAll)
+               ? static_cast<size_t>(found - std::begin(Languages::kAll))
+               : 0;
 }
 
 }  // namespace

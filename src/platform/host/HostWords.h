@@ -1,22 +1,23 @@
 // The words of what lies around the phone's picture, in the program's languages.
 #pragma once
 
+#include "Languages.h"
+
 #include <array>
 #include <string>
 #include <vector>
 
 class HostWords {
 public:
-    static constexpr size_t kLanguages = 5;  // English, German, Spanish, French, Italian
-
     struct Row {
         const char* name;
-        std::array<const char*, kLanguages> texts;  // UTF-8
+        std::array<const char*, Languages::kCount> texts;  // UTF-8
 
         /// A missing translation does not compile.
         template <typename... Text>
 
-        requires(sizeof...(Text) == kLanguages) constexpr Row(const char* name, Text... texts)
+        requires(sizeof...(Text) == Languages::kCount) constexpr Row(const char* name,
+                                                                     Text... texts)
             : name(name)
             , texts{texts...} {}
     };

@@ -29,7 +29,7 @@ struct ScreenTexts {
 
     static constexpr int32_t kNoProgress = -1;
 
-    std::string language;       // as in HTML: "en", "de", "es", "fr", "it"
+    std::string language;       // Language::code
     std::string screen;         // the screen's own name, the same in every language
     std::string title;          // the effect's name
     std::vector<Entry> arrows;  // to the effect before and after; their texts are empty

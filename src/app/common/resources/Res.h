@@ -6,6 +6,7 @@
 #pragma once
 
 #include "Array.h"
+#include "Languages.h"
 
 #include <cstdint>
 
@@ -22,7 +23,7 @@ class Res {
 public:
     using String = Osp::Base::String;
 
-    static constexpr int32_t kLanguages = 5;  // English, German, Spanish, French, Italian
+    static constexpr auto kLanguages = static_cast<int32_t>(Languages::kCount);
 
     /// Registrations; all return the new id. Resources, texts and pictures made in memory belong to
     /// the registry from now on; paths and wrapped objects stay the caller's.
@@ -80,7 +81,8 @@ public:
     static void replaceStr(int32_t id, String* text);
     static void replaceStr(int32_t id, String** texts);
 
-    /// Not checked: callers pass 0 to 4. In any other language there are only neutral texts.
+    /// Not checked: callers pass 0 to kLanguages - 1. In any other language there are only neutral
+    /// texts.
     static void setCurrLangIndex(int32_t index) { currLangIndex = index; }
 
     static int32_t getCurrLangIndex() { return currLangIndex; }

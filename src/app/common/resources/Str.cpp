@@ -1,6 +1,7 @@
 #include "Str.h"
 
 #include "Array.h"
+#include "Languages.h"
 #include "OspBase.h"
 #include "Res.h"
 #include "StrTexts.h"
@@ -18,10 +19,19 @@ String** newTexts(const Translations& translations) {
     return texts;
 }
 
+/// The same of the names of the languages.
+String** newLanguageNames() {
+    auto** names = newArray<String*>(Res::kLanguages);
+    for (int32_t language = 0; language < Res::kLanguages; language++) {
+        names[language] = new String(Languages::kAll[language].name);
+    }
+    return names;
+}
+
 }  // namespace
 
 void Str::static_ctor() {
-    const Array<String*> names(newTexts(StrTexts::kLanguageNames));
+    const Array<String*> names(newLanguageNames());
     str_LangNameIds = Res::addLanguageNames(names);
     int32_t count = 0;
     const StrTexts* rows = StrTexts::rows(count);

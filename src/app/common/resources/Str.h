@@ -1,4 +1,4 @@
-// The texts of the program. Each is registered once, in five languages; the texts themselves stand
+// The texts of the program. Each is registered once, in all languages; the texts themselves stand
 // in StrTexts.
 #pragma once
 

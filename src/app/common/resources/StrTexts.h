@@ -1,4 +1,4 @@
-// The string table: every text of the program in five languages, in the order of registration.
+// The string table: every text of the program in all its languages, in the order of registration.
 //
 // Each text has its place on the screen, and the tests measure it there: a soft key's label a third
 // of the bar, an effect's name the space between the arrows, a message 180 px.
@@ -23,9 +23,6 @@ struct StrTexts {
     const char* name;  // of the id, without "str_"
     int32_t* id;       // where Str keeps it
     Translations texts;
-
-    static constexpr Translations kLanguageNames = {"English", "Deutsch", "Español", "Français",
-                                                    "Italiano"};
 
     /// The whole table; count becomes the number of its rows.
     static const StrTexts* rows(int32_t& count);

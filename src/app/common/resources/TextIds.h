@@ -7,7 +7,7 @@
 template <class Edition>
 class TextIds {
 public:
-    /// Names of the languages, each in its own; counted array of five ids.
+    /// Names of the languages, each in its own; counted array.
     static inline int32_t* str_LangNameIds = nullptr;
 
     // Without a gap from str_APP_NAME on, in this order.
