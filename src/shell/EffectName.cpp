@@ -4,7 +4,6 @@
 #include "SoundWriter.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace {
@@ -13,12 +12,6 @@ constexpr size_t kMinPrefix = 3;          // letters of a name that tell it from
 constexpr size_t kMaxNameLetters = 32;    // a longer text means no effect
 constexpr size_t kLettersPerMistake = 3;  // one mistake in that number of letters is a slip
 
-/// As the application shows them, in the order of the catalogue.
-constexpr std::array kShownNames = {
-    "no effect", "robot",       "backwards", "high pitch",
-    "low pitch", "fast talker", "drunk",     "intonation flip",
-};
-static_assert(kShownNames.size() == FxCatalogue::kCount, "one name for each effect");
 static_assert(FxCatalogue::kCount <= 10, "the number of an effect is one digit");
 
 bool startsWith(const std::string& text, const std::string& start) {
@@ -73,12 +66,12 @@ std::string EffectName::nearest(const std::string& text) {
     size_t best = most + 1;
     std::string found;
     for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
-        for (const std::string name :
-             {FxCatalogue::toolName(effect), kShownNames[static_cast<size_t>(effect)]}) {
+        const FxCatalogue::Effect& row = FxCatalogue::at(effect);
+        for (const std::string name : {row.word, row.shownName}) {
             const size_t far = distance(small, name);
             if (far < best) {
                 best = far;
-                found = FxCatalogue::toolName(effect);
+                found = row.word;
             }
         }
     }

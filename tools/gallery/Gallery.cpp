@@ -1,7 +1,9 @@
 #include "Gallery.h"
 
+#include "Array.h"
 #include "BitMapCharacter.h"
 #include "BitMapFont.h"
+#include "Fx.h"
 #include "PaColor.h"
 #include "PaImage.h"
 #include "Res.h"
@@ -13,6 +15,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -32,11 +35,6 @@ constexpr int32_t kSheetH = 8000;  // cut to what is used
 constexpr const char* kMedium = "/Res/bmf15.bmf";
 constexpr const char* kSmall = "/Res/bmf13.bmf";
 constexpr const char* kBackground = "/Res/background_0_0_240_320.png";
-
-struct Scene {
-    const char* picture;
-    int32_t* name;
-};
 
 /// Names of the files with the given ending, sorted, without folder.
 std::vector<std::string> filesIn(const std::string& folder, const std::string& ending) {
@@ -76,30 +74,24 @@ bool Gallery::showAll(const std::string& data, const std::string& out, int32_t s
 
 /// Every character in front of the recorder, with the bands that are laid over it.
 int32_t Gallery::showScenes(Sheet& sheet, int32_t y) {
-    const Scene scenes[] = {
-        {"/Res/no_effect_73_45_94_148.png", &Str::str_FX_NO_EFFECT},
-        {"/Res/robot_64_43_103_150.png", &Str::str_FX_ROBOT},
-        {"/Res/backwards_73_48_94_145.png", &Str::str_FX_BACKWARDS},
-        {"/Res/high_pitch_70_81_97_112.png", &Str::str_FX_HIGH_PITCH},
-        {"/Res/low_pitch_70_47_114_146.png", &Str::str_FX_LOW_PITCH},
-        {"/Res/fast_talker_73_67_94_126.png", &Str::str_FX_FAST_TALKER},
-        {"/Res/drunk_73_97_94_96.png", &Str::str_FX_DRUNK},
-        {"/Res/intonation_73_52_94_141.png", &Str::str_FX_INTONATION_FLIP},
-    };
-    const char* const layers[] = {kBackground, nullptr, "/Res/mic_overlay_13_151_49_42.png",
-                                  "/Res/wheels_overlay_175_179_57_14.png"};
+    PaImage background;
+    background.set(kBackground, true, true);
+    PaImage microphone;
+    microphone.set("/Res/mic_overlay_13_151_49_42.png", true, false);
+    PaImage wheels;
+    wheels.set("/Res/wheels_overlay_175_179_57_14.png", true, false);
+    const Array<Fx*> effects(Fx::newCatalogue());
     const int32_t medium = Res::addFont(kMedium);
     Samples samples(medium, Res::addFont(kSmall));
     int32_t column = 0;
-    for (const Scene& scene : scenes) {
+    for (int32_t i = 0; i < length(effects); i++) {
+        const std::unique_ptr<Fx> effect(effects[i]);
         const int32_t x = columnX(column);
-        for (const char* layer : layers) {
-            PaImage image;
-            image.set(layer != nullptr ? layer : scene.picture, true, layer == kBackground);
-            sheet.paint(image, x, y);
+        for (PaImage* layer : {&background, effect->image, &microphone, &wheels}) {
+            sheet.paint(*layer, x, y);
         }
         Res::setCurrLangIndex(column % Res::kLanguages);
-        samples.paintHeader(sheet, x, y, *scene.name);
+        samples.paintHeader(sheet, x, y, effect->name);
         samples.paintBar(sheet, x, y + kScreenH - Samples::kBarPx, Str::str_SK_OPTIONS,
                          Str::str_SK_PLAY, Str::str_SK_QUIT);
         column++;

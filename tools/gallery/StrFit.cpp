@@ -8,6 +8,7 @@
 #include "StrTexts.h"
 
 #include <algorithm>
+#include <string_view>
 
 using Osp::Base::String;
 
@@ -21,6 +22,7 @@ constexpr int32_t kArrowPx = 22;
 constexpr int32_t kNamePx = kScreenPx - 2 * (kMarginPx + kArrowPx + 4);
 constexpr int32_t kMessagePx = 180;
 constexpr int32_t kHelpHeightPx = 200;
+constexpr std::string_view kEffect = "FX_";  // what the names of their texts begin with
 
 // A message stands around row 136; above it the screen has as many rows, and its box needs 60 px
 // more than one text and 70 more than two.
@@ -63,11 +65,12 @@ public:
     }
 
     void effects() {
-        for (const int32_t id :
-             {Str::str_FX_BACKWARDS, Str::str_FX_DRUNK, Str::str_FX_FAST_TALKER,
-              Str::str_FX_HIGH_PITCH, Str::str_FX_INTONATION_FLIP, Str::str_FX_LOW_PITCH,
-              Str::str_FX_NO_EFFECT, Str::str_FX_RAPPER, Str::str_FX_ROBOT}) {
-            width("effect name", id, medium, kNamePx);
+        int32_t count = 0;
+        const StrTexts* rows = StrTexts::rows(count);
+        for (int32_t i = 0; i < count; i++) {
+            if (std::string_view(rows[i].name).substr(0, kEffect.size()) == kEffect) {
+                width("effect name", *rows[i].id, medium, kNamePx);
+            }
         }
     }
 

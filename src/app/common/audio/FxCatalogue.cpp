@@ -56,14 +56,15 @@ WavProc* newIntonationFlip() {
 }
 
 constexpr FxCatalogue::Effect kEffects[] = {
-    {"none", "the voice as it is", kMaxArrayLength, newNoEffect},
-    {"robot", "a machine that speaks at one pitch", kMaxArrayLength, newRobot},
-    {"backwards", "from the end to the start", kMaxArrayLength, newBackwards},
-    {"high", "1.8 times as high", kGrainSamples, newHighPitch},
-    {"low", "three quarters as high", kGrainSamples, newLowPitch},
-    {"fast", "twice as fast, at the same pitch", kGrainSamples, newFastTalker},
-    {"drunk", "half as fast, with a wobbling pitch", kDrunkSamples, newDrunk},
-    {"flip", "the melody of the voice upside down", kMaxArrayLength, newIntonationFlip},
+    {"none", "no effect", "the voice as it is", kMaxArrayLength, newNoEffect},
+    {"robot", "robot", "a machine that speaks at one pitch", kMaxArrayLength, newRobot},
+    {"backwards", "backwards", "from the end to the start", kMaxArrayLength, newBackwards},
+    {"high", "high pitch", "1.8 times as high", kGrainSamples, newHighPitch},
+    {"low", "low pitch", "three quarters as high", kGrainSamples, newLowPitch},
+    {"fast", "fast talker", "twice as fast, at the same pitch", kGrainSamples, newFastTalker},
+    {"drunk", "drunk", "half as fast, with a wobbling pitch", kDrunkSamples, newDrunk},
+    {"flip", "intonation flip", "the melody of the voice upside down", kMaxArrayLength,
+     newIntonationFlip},
 };
 static_assert(std::size(kEffects) == FxCatalogue::kCount, "one row for each effect");
 

@@ -22,6 +22,7 @@ public:
 
     struct Effect {
         const char* word;        // on the command line; lower case
+        const char* shownName;   // in English, as the screen shows it but in lower case
         const char* sentence;    // what one hears, for people; no full stop
         int32_t longestSamples;  // a longer sound makes the effect lose its place
         WavProc* (*make)();      // a new processor; the caller deletes it

@@ -18,6 +18,8 @@
 #include "ScreensTest.h"
 #include "State.h"
 
+#include <algorithm>
+#include <cctype>
 #include <memory>
 #include <set>
 #include <string>
@@ -163,6 +165,20 @@ TEST_F(GTest, fontsAreRegisteredOneAfterTheOtherAndHaveGlyphs) {
 TEST_F(GTest, hasEightEffects) {
     EXPECT_EQ(FxCatalogue::kCount, length(G::fxs));
     EXPECT_EQ(8, length(G::fxs));
+}
+
+TEST_F(GTest, everyEffectHasItsNameAndItsPicture) {
+    ASSERT_EQ(FxCatalogue::kCount, length(G::fxs));
+    Res::setCurrLangIndex(0);
+    for (int32_t i = 0; i < FxCatalogue::kCount; i++) {
+        ASSERT_NE(nullptr, Res::getStr(G::fxs[i]->name)) << i;
+        std::string name = Res::getStr(G::fxs[i]->name)->ToUtf8();
+        std::transform(name.begin(), name.end(), name.begin(), [](unsigned char letter) {
+            return static_cast<char>(std::tolower(letter));
+        });
+        EXPECT_EQ(FxCatalogue::at(i).shownName, name);
+        EXPECT_GT(G::fxs[i]->image->getWidth(), 0) << name;
+    }
 }
 
 TEST_F(GTest, everyScreenExistsFromTheStart) {
