@@ -60,6 +60,15 @@ def asked_for(source):
     return found
 
 
+def classes_of_screens(source):
+    found = []
+    for path in glob.glob(os.path.join(source, "src/app/common/screens/*.h")):
+        with open(path, encoding="utf-8") as file:
+            found += re.findall(r"^class (\w+) : public (?:Screen|State) ", file.read(), re.M)
+    found.remove("Screen")
+    return found
+
+
 def of_the_monkey(listed):
     """The commands that it gives in many journeys, and those that it leaves out."""
     verbs = sorted(listed.verbs(), key=len, reverse=True)
@@ -91,6 +100,7 @@ def main(program, source):
         wrong += compare(path + ", commands", listed.choices(), page.commands)
         wrong += compare(path + ", operations", listed.operations, page.operations, may_repeat=True)
         wrong += compare(path + ", screens", listed.screens, page.screens)
+    wrong += compare("src, screens", listed.screens, classes_of_screens(source))
     wrong += compare("src, operations", listed.operations, asked_for(source), may_repeat=True)
     wrong += compare("the monkey, commands", listed.verbs(), of_the_monkey(listed))
     short = [form for form, meaning in zip(listed.forms, listed.meanings) if len(meaning.split()) < 3]

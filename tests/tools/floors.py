@@ -35,9 +35,18 @@ def built(build, source):
     return found
 
 
+def lying(source):
+    """The folders that hold sources."""
+    return {os.path.relpath(folder, source) for folder, _, files in os.walk(os.path.join(source, "src"))
+            if any(name.endswith(".cpp") for name in files)}
+
+
 def main(build, source):
     wanted, found = drawn(source), built(build, source)
     wrong = 0
+    for folder in sorted(lying(source) - wanted.keys()):
+        print("%s: not in the table" % folder)
+        wrong = 1
     for folder in sorted(wanted.keys() | found.keys()):
         if folder not in wanted or folder not in found:
             print("%s: only in the %s" % (folder, "build" if folder in found else "table"))
