@@ -12,5 +12,7 @@ add_test(NAME docs/script-words
 set_tests_properties(docs/commands PROPERTIES TIMEOUT 1500)
 add_test(NAME check-layers/finds-breaches
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/check-layers.sh ${CMAKE_SOURCE_DIR})
+add_test(NAME tools/circles
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/circles.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/floors
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/floors.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})

@@ -3,21 +3,10 @@
 #include "AppImage.h"
 #include "BitMapFont.h"
 #include "G.h"
-#include "Menu.h"
-#include "Message.h"
 #include "OspBase.h"
-#include "Progress.h"
 #include "Res.h"
-#include "SkBar.h"
 
 using Osp::Base::String;
-
-void Chrome::cover() {
-    Menu::visible = false;
-    SkBar::visible = false;
-    Message::visible = false;
-    Progress::visible = false;
-}
 
 void Chrome::drawText(int32_t strId, int32_t fntId, int32_t x, int32_t y, uint32_t argb) {
     String* text = Res::getStr(strId);

@@ -10,10 +10,6 @@ public:
     /// Menu and message stand a little above the middle, clear of the soft keys.
     static constexpr int32_t kAboveCentrePx = -24;
 
-    /// A whole picture is painted over everything: bar, message and progress window are no longer
-    /// on the screen until each is painted again.
-    static void cover();
-
     /// Draws a text of the table in the current language, cut at the screen's edges; nothing if
     /// text or font is missing. (x, y) is the top left corner of its ink and line.
     static void drawText(int32_t strId, int32_t fntId, int32_t x, int32_t y, uint32_t argb);

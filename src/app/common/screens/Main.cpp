@@ -1,14 +1,24 @@
 #include "Main.h"
 
 #include "Bounds.h"
-#include "Chrome.h"
 #include "Fx.h"
 #include "G.h"
+#include "Menu.h"
+#include "Message.h"
 #include "PaImage.h"
+#include "Progress.h"
 #include "Scroller.h"
+#include "SkBar.h"
+
+void Main::coverFurniture() {
+    Menu::visible = false;
+    SkBar::visible = false;
+    Message::visible = false;
+    Progress::visible = false;
+}
 
 void Main::paintBg() {
-    Chrome::cover();
+    coverFurniture();
     paintBg(G::scrB, nullptr);
 }
 

@@ -8,6 +8,10 @@ class PixProps;
 
 class Main : public ClassLife {
 public:
+    /// A whole picture is painted over everything: menu, bar, message and progress window are no
+    /// longer on the screen until each is painted again.
+    static void coverFurniture();
+
     /// Without a clip: over the whole screen, and whatever stood there is gone.
     static void paintBg();
     static void paintBg(Bounded* clip, PixProps* props);

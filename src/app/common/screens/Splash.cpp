@@ -2,12 +2,12 @@
 
 #include "AppImage.h"
 #include "Bounds.h"
-#include "Chrome.h"
 #include "Event.h"
 #include "FileInputStream.h"
 #include "FileOps.h"
 #include "G.h"
 #include "ImageOps.h"
+#include "Main.h"
 #include "MessageAndQuit.h"
 #include "MIDlet.h"
 #include "Murmelo.h"
@@ -41,7 +41,7 @@ void Splash::onEnter() {
 
 void Splash::begin() {
     SkBar::setStr(Res::Null, Res::Null, Res::Null);  // the pictures leave no bar
-    Chrome::cover();
+    Main::coverFurniture();
     paintPicture("/Res/splash_top.png", kTopHeightPx, 0);
     paintPicture("/Res/splash_eu.png", kBottomHeightPx, kTopHeightPx);
     Orm::flush();
