@@ -1,5 +1,6 @@
 // Scripts: whatever is accepted has the arguments that its commands are carried out with.
 #include "HeadlessHost.h"
+#include "QuietListener.h"
 #include "Script.h"
 
 #include <algorithm>
@@ -47,20 +48,8 @@ bool namesFile(const ScriptCommand& command) {
 }
 
 /// A program that pays no attention.
-class Deaf : public HostListener {
+class Deaf : public QuietListener {
 public:
-    void onTouch(Touch, int32_t, int32_t) override {}
-
-    void onVolumeKey(bool) override {}
-
-    void onForeground() override {}
-
-    void onBackground() override {}
-
-    void onScreenOff() override {}
-
-    void onScreenOn() override {}
-
     void onTerminate() override { ended = true; }
 
     bool ended = false;
@@ -83,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     std::vector<ScriptCommand> commands;
-    const std::string mistake =
+    const Problem mistake =
         Script::parse(std::string(data, data + size), {"Options", "Play", "Process"}, commands);
     int32_t line = 0;
     for (const ScriptCommand& command : commands) {
@@ -91,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         line = command.line;
         checkArguments(command);
     }
-    require(mistake.empty() || mistake.compare(0, 5, "line ") == 0);
+    require(!mistake || mistake.sentence().compare(0, 5, "line ") == 0);
     commands.erase(std::remove_if(commands.begin(), commands.end(), namesFile), commands.end());
     carryOut(std::move(commands));
     return 0;

@@ -135,7 +135,7 @@ int doAll(const FxOptions& options, ProgressLine& progress, Work work) {
         progress.start(inputName(job.input), ++number, options.jobs.size());
         if (const Problem problem = work(job)) {
             progress.clear();
-            status = complain(problem, kSomeFailed);
+            status = complain(problem.sentence(), kSomeFailed);
         }
     }
     return finishPrinting(status);

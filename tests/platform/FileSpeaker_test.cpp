@@ -1,3 +1,4 @@
+#include "ClipEnds.h"
 #include "FileSpeaker.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
@@ -7,16 +8,6 @@
 using Samples = TestSounds::Samples;
 
 namespace {
-
-class End : public HostSpeakerListener {
-public:
-    void onClipEnd() override { ends++; }
-
-    void onDeviceLost() override { losses++; }
-
-    int32_t ends = 0;
-    int32_t losses = 0;
-};
 
 class FileSpeakerTest : public testing::Test {
 protected:
@@ -29,7 +20,7 @@ protected:
     TestFolders folders;
     int64_t nowMs = 0;
     FileSpeaker speaker{[this] { return nowMs; }};
-    End end;
+    ClipEnds end;
     Samples samples = TestSounds::noise(801);
 };
 

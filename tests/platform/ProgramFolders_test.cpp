@@ -62,7 +62,7 @@ protected:
             if (geteuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0) {
                 _exit(2);
             }
-            const std::string said = ProgramFolders::whySoundsCannotBeKept(found);
+            const std::string said = ProgramFolders::whySoundsCannotBeKept(found).sentence();
             const bool fits = words.empty()
                                   ? said.empty()
                                   : said.find(found.sounds() + "\" " + words) != std::string::npos;
@@ -147,7 +147,7 @@ TEST_F(ProgramFoldersTest, twoHomesThatLeadToOneSoundFolderDoNotRunTogether) {
     {
         FolderLocks first;
         EXPECT_EQ("", first.take(find(folders.path("one"))));
-        const std::string wrong = FolderLocks().take(find(folders.path("two")));
+        const std::string wrong = FolderLocks().take(find(folders.path("two"))).sentence();
         EXPECT_NE(std::string::npos, wrong.find("already running")) << wrong;
         EXPECT_NE(std::string::npos, wrong.find(real("disk"))) << wrong;
     }
@@ -165,7 +165,7 @@ TEST_F(ProgramFoldersTest, twoHomesThatLeadToASoundFolderThatIsStillToBeMadeDoNo
     const HostFolders two = find(folders.path("two"));
     FolderLocks first;
     EXPECT_EQ("", first.take(one));
-    const std::string wrong = FolderLocks().take(two);
+    const std::string wrong = FolderLocks().take(two).sentence();
     EXPECT_NE(std::string::npos, wrong.find("already running")) << wrong;
 }
 

@@ -27,7 +27,7 @@ Samples sine(int32_t rateHz, double hz, int32_t count) {
 }
 
 std::string readWhole(const std::string& path, Samples& samples) {
-    return SoundFile::read(path, 16000, INT64_MAX, samples);
+    return SoundFile::read(path, 16000, INT64_MAX, samples).sentence();
 }
 
 /// A WAV file of floats, interleaved.

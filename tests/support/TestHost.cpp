@@ -5,7 +5,7 @@
 
 void TestHost::failNth(const std::string& operation, int32_t n) {
     assert(HostOperation::isKnown(operation));
-    failures[operation] = n;
+    failures.failNth(operation, n);
 }
 
 void TestHost::onCall(const std::string& operation, std::function<void()> happens) {
@@ -18,10 +18,5 @@ bool TestHost::fails(const char* operation) {
     if (happening != happenings.end()) {
         happening->second();
     }
-    const auto failure = failures.find(operation);
-    if (failure == failures.end() || --failure->second > 0) {
-        return false;
-    }
-    failures.erase(failure);
-    return true;
+    return failures.fails(operation);
 }

@@ -2,6 +2,7 @@
 // it asks for.
 #pragma once
 
+#include "FailurePlan.h"
 #include "QuietHost.h"
 
 #include <functional>
@@ -61,6 +62,6 @@ public:
     int64_t cardBytes = -1;
 
 private:
-    std::map<std::string, int32_t> failures;
+    FailurePlan failures;
     std::map<std::string, std::function<void()>> happenings;
 };

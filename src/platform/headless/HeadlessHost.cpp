@@ -18,9 +18,9 @@ HeadlessHost::HeadlessHost(HostFolders folders,
 }
 
 int32_t HeadlessHost::finish() {
-    const std::string wrong = fileVoice.finishFile();
-    if (!wrong.empty() && verdict.isOk()) {
-        verdict.fail(0, wrong);
+    const Problem problem = fileVoice.finishFile();
+    if (problem && verdict.isOk()) {
+        verdict.fail(0, problem.sentence());
     }
     scriptRun.finish();
     return verdict.status();
@@ -78,13 +78,4 @@ void HeadlessHost::say(const std::string& sentence) {
 void HeadlessHost::setStorage(int64_t phone, int64_t card) {
     phoneBytes = phone;
     cardBytes = card;
-}
-
-bool HeadlessHost::fails(const char* operation) {
-    const auto found = failures.find(operation);
-    if (found == failures.end() || --found->second > 0) {
-        return false;
-    }
-    failures.erase(found);
-    return true;
 }

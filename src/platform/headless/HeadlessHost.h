@@ -4,6 +4,7 @@
 // longer than its work.
 #pragma once
 
+#include "FailurePlan.h"
 #include "FileMicrophone.h"
 #include "FileSpeaker.h"
 #include "Host.h"
@@ -13,7 +14,6 @@
 #include "ScriptRun.h"
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -61,7 +61,7 @@ public:
     /// One line on standard error.
     void say(const std::string& sentence) override;
 
-    bool fails(const char* operation) override;
+    bool fails(const char* operation) override { return failures.fails(operation); }
 
     // What the script's run sees of the device, and does to it.
 
@@ -89,8 +89,8 @@ public:
     /// Free bytes; -1 means unknown.
     void setStorage(int64_t phone, int64_t card);
 
-    /// The n-th next call of the operation (1: the next one) fails.
-    void failNth(const std::string& operation, int64_t n) { failures[operation] = n; }
+    /// As FailurePlan::failNth.
+    void failNth(const std::string& operation, int64_t n) { failures.failNth(operation, n); }
 
 private:
     static std::vector<uint16_t> pictureOf(HostFrame& shown);
@@ -105,7 +105,7 @@ private:
     bool silent;
     int64_t phoneBytes = int64_t{1} << 30;
     int64_t cardBytes = -1;
-    std::map<std::string, int64_t> failures;  // operation, calls until it fails
+    FailurePlan failures;
 
     HostFrame* frame = nullptr;
     std::vector<uint16_t> lastPicture;  // of a frame that is gone; empty before the first

@@ -47,8 +47,8 @@ bool isNumber(const std::string& word, int64_t& number) {
            number <= INT32_MAX;
 }
 
-/// Empty, or what is wrong with arguments that have the right form.
-std::string checkValues(const ScriptCommand& command) {
+/// What is wrong with arguments that have the right form.
+Problem checkValues(const ScriptCommand& command) {
     auto number = command.numbers.begin();
     for (const ScriptArgument& argument : command.verb->arguments) {
         if (!argument.isNumber() || number == command.numbers.end()) {
@@ -62,7 +62,7 @@ std::string checkValues(const ScriptCommand& command) {
         }
         number++;
     }
-    return "";
+    return Problem::none();
 }
 
 /// "a, b or c".
@@ -93,17 +93,17 @@ std::vector<std::string> choicesOf(const ScriptArgument& argument,
     return choices;
 }
 
-/// Empty, or that the word is none of those that may stand there.
-std::string checkWord(const ScriptVerb& verb,
-                      const ScriptArgument& argument,
-                      const std::vector<std::string>& screens,
-                      const std::string& word) {
+/// That the word is none of those that may stand there.
+Problem checkWord(const ScriptVerb& verb,
+                  const ScriptArgument& argument,
+                  const std::vector<std::string>& screens,
+                  const std::string& word) {
     if (argument.kind == Kind::kWord) {
-        return "";
+        return Problem::none();
     }
     const std::vector<std::string> choices = choicesOf(argument, screens);
     if (std::find(choices.begin(), choices.end(), word) != choices.end()) {
-        return "";
+        return Problem::none();
     }
     if (argument.kind == Kind::kChoice) {
         return std::string("\"") + verb.name + "\" wants " + joined(choices);
@@ -125,11 +125,11 @@ std::string noVerb(const std::string& firstWord) {
                            : "\"" + firstWord + "\" wants " + joined(choices);
 }
 
-/// Empty, or what is wrong with the arguments that stand from words[at] on.
-std::string readArguments(const std::vector<std::string>& words,
-                          size_t at,
-                          const std::vector<std::string>& screens,
-                          ScriptCommand& command) {
+/// What is wrong with the arguments that stand from words[at] on.
+Problem readArguments(const std::vector<std::string>& words,
+                      size_t at,
+                      const std::vector<std::string>& screens,
+                      ScriptCommand& command) {
     const ScriptVerb& verb = *command.verb;
     for (const ScriptArgument& argument : verb.arguments) {
         if (argument.kind == Kind::kNone || (at == words.size() && argument.isOptional)) {
@@ -141,9 +141,8 @@ std::string readArguments(const std::vector<std::string>& words,
         const std::string& word = words[at++];
         int64_t number = 0;
         if (!argument.isNumber()) {
-            std::string wrong = checkWord(verb, argument, screens, word);
-            if (!wrong.empty()) {
-                return wrong;
+            if (Problem problem = checkWord(verb, argument, screens, word)) {
+                return problem;
             }
             (&argument == verb.arguments.data() ? command.text : command.second) = word;
         } else if (isNumber(word, number)) {
@@ -152,14 +151,14 @@ std::string readArguments(const std::vector<std::string>& words,
             return "\"" + word + "\" is not a number";
         }
     }
-    return at == words.size() ? "" : "\"" + words[at] + "\" is too much";
+    return at == words.size() ? Problem::none() : Problem("\"" + words[at] + "\" is too much");
 }
 
 }  // namespace
 
-std::string Script::parse(const std::string& text,
-                          const std::vector<std::string>& screens,
-                          std::vector<ScriptCommand>& commands) {
+Problem Script::parse(const std::string& text,
+                      const std::vector<std::string>& screens,
+                      std::vector<ScriptCommand>& commands) {
     std::istringstream stream(text);
     std::string line;
     for (int32_t number = 1; std::getline(stream, line); number++) {
@@ -175,14 +174,14 @@ std::string Script::parse(const std::string& text,
         if (command.verb == nullptr) {
             return where + noVerb(words[0]);
         }
-        std::string wrong = readArguments(words, nameWords, screens, command);
-        if (wrong.empty()) {
-            wrong = checkValues(command);
+        Problem problem = readArguments(words, nameWords, screens, command);
+        if (!problem) {
+            problem = checkValues(command);
         }
-        if (!wrong.empty()) {
-            return where + wrong;
+        if (problem) {
+            return where + problem.sentence();
         }
         commands.push_back(std::move(command));
     }
-    return "";
+    return Problem::none();
 }

@@ -1,6 +1,7 @@
 // A headless run's script: one command a line, # starts a comment.
 #pragma once
 
+#include "Problem.h"
 #include "ScriptVerb.h"
 
 #include <cstdint>
@@ -20,8 +21,8 @@ public:
     /// Reads a whole script.
     /// @param screens   names of the program's screens
     /// @param commands  what was read is appended
-    /// @returns empty, or what is wrong in which line
-    static std::string parse(const std::string& text,
-                             const std::vector<std::string>& screens,
-                             std::vector<ScriptCommand>& commands);
+    /// @returns what is wrong, and in which line
+    static Problem parse(const std::string& text,
+                         const std::vector<std::string>& screens,
+                         std::vector<ScriptCommand>& commands);
 };

@@ -75,18 +75,17 @@ void ScriptRun::waitFor(int64_t ms, const std::string& screen) {
 
 void ScriptRun::mic(const ScriptCommand& command) {
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz,
-                                              FileMicrophone::kLongestVoiceSamples, samples);
+    const Problem problem = SoundFile::read(command.text, HostMicrophone::kRateHz,
+                                            FileMicrophone::kLongestVoiceSamples, samples);
     host.ears().setVoice(std::move(samples));
-    if (!wrong.empty()) {
-        mistake(command, wrong);
+    if (problem) {
+        mistake(command, problem.sentence());
     }
 }
 
 void ScriptRun::speaker(const ScriptCommand& command) {
-    const std::string wrong = host.voice().openFile(command.text);
-    if (!wrong.empty()) {
-        mistake(command, wrong);
+    if (const Problem problem = host.voice().openFile(command.text)) {
+        mistake(command, problem.sentence());
     }
 }
 
@@ -166,10 +165,9 @@ void ScriptRun::take(const ScriptCommand& command) {
         return;
     }
     std::vector<int16_t> samples;
-    const std::string wrong = SoundFile::read(command.text, HostMicrophone::kRateHz,
-                                              HostMicrophone::kLongestTakeSamples, samples);
-    if (!wrong.empty()) {
-        mistake(command, wrong);
+    if (const Problem problem = SoundFile::read(command.text, HostMicrophone::kRateHz,
+                                                HostMicrophone::kLongestTakeSamples, samples)) {
+        mistake(command, problem.sentence());
         return;
     }
     pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {

@@ -128,16 +128,16 @@ int main(int argc, char** argv) {
     HostFolders folders;
     FolderLocks locks;
     if (const Problem problem = ProgramFolders::find(home, config, folders)) {
-        return complain(problem, RunVerdict::kFailed);
+        return complain(problem.sentence(), RunVerdict::kFailed);
     }
     if (const Problem problem = locks.take(folders)) {
-        return complain(problem, RunVerdict::kFailed);
+        return complain(problem.sentence(), RunVerdict::kFailed);
     }
 
     HeadlessHost host(folders, commands, clockStartMs, silent);
     Host::install(&host);
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(folders)) {
-        host.say(problem);
+        host.say(problem.sentence());
     }
     const EndSignal endSignal;
     const int result = OspMain(argc, argv);

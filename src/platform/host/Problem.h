@@ -32,9 +32,6 @@ public:
     /// What is wrong; empty if nothing is.
     const std::string& sentence() const { return text; }
 
-    // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the sentence itself could
-    operator const std::string&() const { return text; }
-
     friend bool operator==(const Problem& problem, const std::string& sentence) {
         return problem.text == sentence;
     }

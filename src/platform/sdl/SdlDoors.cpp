@@ -67,7 +67,7 @@ bool SdlDoors::dropped(const std::string& path) {
     const Problem problem = SoundFile::read(path, HostMicrophone::kRateHz,
                                             HostMicrophone::kLongestTakeSamples, samples);
     if (problem) {
-        Host::current().say(problem);
+        Host::current().say(problem.sentence());
         return false;
     }
     if (doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {

@@ -55,10 +55,9 @@ void SdlHost::print(const std::string& sentence) {
     std::cerr << "murmelo: " << sentence << "\n";
 }
 
-std::string SdlHost::open() {
-    std::string wrong = VideoDriver::begin();
-    if (!wrong.empty()) {
-        return wrong;
+Problem SdlHost::open() {
+    if (Problem problem = VideoDriver::begin()) {
+        return problem;
     }
     events.begin();
     return window.open(options.folders.config);

@@ -8,6 +8,7 @@
 #include "FileMicrophone.h"
 #include "Host.h"
 #include "LostMicrophone.h"
+#include "Problem.h"
 #include "SdlAudio.h"
 #include "SdlDoors.h"
 #include "SdlInput.h"
@@ -39,8 +40,9 @@ public:
     SdlHost& operator=(const SdlHost&) = delete;
     ~SdlHost() override;
 
-    /// Opens the window. @returns empty, or what is wrong
-    std::string open();
+    /// Opens the window.
+    /// @returns what is wrong
+    Problem open();
 
     /// A sound device is stuck: the program can only end at once, without cleaning up after SDL.
     bool isStuck() { return audio.isStuck(); }

@@ -88,11 +88,11 @@ int run(int argc, char** argv, SdlOptions options) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
     if (const Problem problem = host.open()) {
-        return complain(problem);
+        return complain(problem.sentence());
     }
     Host::install(&host);
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(host.folders())) {
-        host.say(problem);
+        host.say(problem.sentence());
     }
     result = OspMain(argc, argv);
     Host::install(nullptr);
@@ -133,14 +133,14 @@ int main(int argc, char** argv) {
     }
 
     if (const Problem problem = prepareSound(take, options)) {
-        return complain(problem);
+        return complain(problem.sentence());
     }
     if (const Problem problem = ProgramFolders::find(home, config, options.folders)) {
-        return complain(problem);
+        return complain(problem.sentence());
     }
     FolderLocks locks;
     if (const Problem problem = locks.take(options.folders)) {
-        return complain(problem);
+        return complain(problem.sentence());
     }
     return run(argc, argv, std::move(options));
 }

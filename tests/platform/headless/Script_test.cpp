@@ -10,7 +10,7 @@ const std::vector<std::string> kScreens = {"Options", "Play", "Save"};
 
 std::string mistakeIn(const std::string& text) {
     std::vector<ScriptCommand> commands;
-    return Script::parse(text, kScreens, commands);
+    return Script::parse(text, kScreens, commands).sentence();
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "OneFinger.h"
+#include "QuietListener.h"
 
 #include <gtest/gtest.h>
 
@@ -9,25 +10,13 @@ using Pointer = OneFinger::Pointer;
 
 constexpr int32_t kOnBar = HostFrame::kSoftKeysTopPx;
 
-class Phone : public HostListener {
+class Phone : public QuietListener {
 public:
     void onTouch(Touch touch, int32_t x, int32_t y) override {
         const char* const kinds[] = {"press", "move", "release"};
         notes.push_back(std::string(kinds[static_cast<size_t>(touch)]) + " " + std::to_string(x) +
                         " " + std::to_string(y));
     }
-
-    void onVolumeKey(bool) override {}
-
-    void onForeground() override {}
-
-    void onBackground() override {}
-
-    void onScreenOff() override {}
-
-    void onScreenOn() override {}
-
-    void onTerminate() override {}
 
     Notes notes;
 };

@@ -1,6 +1,8 @@
 // Sound devices that die while they are in use: a server that goes away, a device that is removed.
 // Each case has a sound server of its own to take away.
+#include "ClipEnds.h"
 #include "Program.h"
+#include "QuietListener.h"
 #include "SdlHost.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
@@ -96,23 +98,6 @@ private:
     Program server;
 };
 
-class IgnoresAll : public HostListener {
-public:
-    void onTouch(Touch, int32_t, int32_t) override {}
-
-    void onVolumeKey(bool) override {}
-
-    void onForeground() override {}
-
-    void onBackground() override {}
-
-    void onScreenOff() override {}
-
-    void onScreenOn() override {}
-
-    void onTerminate() override {}
-};
-
 class Ear : public HostMicrophoneListener {
 public:
     int32_t samplesWanted() override { return 1600; }
@@ -131,16 +116,6 @@ public:
 
     int32_t left = -1;  // samples that could still be taken at the loss
     int32_t calls = 0;
-    int32_t losses = 0;
-};
-
-class End : public HostSpeakerListener {
-public:
-    void onClipEnd() override { ends++; }
-
-    void onDeviceLost() override { losses++; }
-
-    int32_t ends = 0;
     int32_t losses = 0;
 };
 
@@ -180,7 +155,7 @@ protected:
 
     TestFolders folders;
     std::unique_ptr<OwnServer> server;
-    IgnoresAll ignores;
+    QuietListener ignores;
     std::unique_ptr<SdlHost> host;
 };
 
@@ -281,7 +256,7 @@ TEST_P(RealLoss, aMicrophoneThatDiesIsToldOnceAndKeepsWhatItHeard) {
 }
 
 TEST_P(RealLoss, aSpeakerThatDiesIsToldAtOnceAndTellsNoEnd) {
-    End end;
+    ClipEnds end;
     const auto clip = std::make_shared<HostClip>(HostClip{TestSounds::noise(60 * 8000), 8000});
     const int64_t startMs = nowMs();
     ASSERT_TRUE(host->speaker()->play(clip, end));
@@ -298,7 +273,7 @@ TEST_P(RealLoss, aSpeakerThatDiesIsToldAtOnceAndTellsNoEnd) {
 
 TEST_P(RealLoss, aDeviceThatWasStoppedBeforeItDiedIsNotTold) {
     Ear ear;
-    End end;
+    ClipEnds end;
     ASSERT_TRUE(host->microphone()->start(ear));
     const auto clip = std::make_shared<HostClip>(HostClip{TestSounds::noise(8000), 8000});
     ASSERT_TRUE(host->speaker()->play(clip, end));

@@ -5,6 +5,7 @@
 #include "Orm.h"
 #include "OspBase.h"
 #include "Program.h"
+#include "QuietListener.h"
 #include "SdlHost.h"
 #include "SoundServer.h"
 #include "TestFolders.h"
@@ -27,23 +28,6 @@ using Samples = TestSounds::Samples;
 namespace {
 
 constexpr int32_t kEarHz = 8000;
-
-class Nobody : public HostListener {
-public:
-    void onTouch(Touch, int32_t, int32_t) override {}
-
-    void onVolumeKey(bool) override {}
-
-    void onForeground() override {}
-
-    void onBackground() override {}
-
-    void onScreenOff() override {}
-
-    void onScreenOn() override {}
-
-    void onTerminate() override {}
-};
 
 /// 1: the same up to its loudness; 0: nothing in common.
 double correlation(const Samples& a, size_t aFrom, const Samples& b, size_t bFrom, size_t count) {
@@ -164,7 +148,7 @@ protected:
 
     TestFolders folders;
     std::unique_ptr<SdlHost> host;
-    Nobody nobody;
+    QuietListener nobody;
     String takePath = "/Home/take.wav";
     String clipPath = "/Home/clip.wav";
     String endEvent = "EndOfMedia";

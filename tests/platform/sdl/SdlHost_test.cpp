@@ -1,5 +1,6 @@
 // The window's back end without a window system and without a sound server: SDL's own stand-ins,
 // which write and read files.
+#include "ClipEnds.h"
 #include "SdlHost.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
@@ -47,16 +48,6 @@ public:
 
     int32_t wanted = 1600;
     int32_t calls = 0;
-    int32_t losses = 0;
-};
-
-class End : public HostSpeakerListener {
-public:
-    void onClipEnd() override { ends++; }
-
-    void onDeviceLost() override { losses++; }
-
-    int32_t ends = 0;
     int32_t losses = 0;
 };
 
@@ -227,7 +218,7 @@ TEST_F(SdlHostTest, aProgramThatWantsNoSamplesIsNotRoused) {
 
 TEST_F(SdlHostTest, aClipIsPlayedWholeAtItsVolumeAndThenEnds) {
     open();
-    End end;
+    ClipEnds end;
     const Samples clip = TestSounds::noise(4000);
     const int64_t startMs = host->uptimeMs();
     host->speaker()->setVolume(50);
@@ -249,7 +240,7 @@ TEST_F(SdlHostTest, aClipIsPlayedWholeAtItsVolumeAndThenEnds) {
 
 TEST_F(SdlHostTest, aStoppedClipDoesNotEnd) {
     open();
-    End end;
+    ClipEnds end;
     host->speaker()->play(clipOf(TestSounds::noise(4000)), end);
     run(100);
     host->speaker()->stop();
@@ -262,7 +253,7 @@ TEST_F(SdlHostTest, theLossOfAnOlderDeviceOfTheSameNumberIsNotThatOfThisOne) {
     open();
     Ear ear;
     ear.wanted = 0;
-    End end;
+    ClipEnds end;
     host->microphone()->start(ear);
     host->speaker()->play(clipOf(TestSounds::noise(16000)), end);
     for (uint32_t number = 0; number < 10; number++) {
@@ -280,7 +271,7 @@ TEST_F(SdlHostTest, theLossOfAnOlderDeviceOfTheSameNumberIsNotThatOfThisOne) {
 
 TEST_F(SdlHostTest, aPausedClipWaitsAndGoesOn) {
     open();
-    End end;
+    ClipEnds end;
     const int64_t startMs = host->uptimeMs();
     host->speaker()->play(clipOf(TestSounds::noise(4000)), end);
     run(100);
@@ -298,7 +289,7 @@ TEST_F(SdlHostTest, withoutASoundSystemThereIsNoMicrophoneAndNoSpeaker) {
     setenv("SDL_AUDIODRIVER", "no such driver", 1);
     open();
     Ear ear;
-    End end;
+    ClipEnds end;
     EXPECT_FALSE(host->microphone()->isThere());
     EXPECT_FALSE(host->microphone()->start(ear));
     EXPECT_FALSE(host->speaker()->play(clipOf({1, 2, 3}), end));

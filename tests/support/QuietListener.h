@@ -1,0 +1,21 @@
+// A program that pays no attention to its host. A test overrides what it wants to hear of.
+#pragma once
+
+#include "Host.h"
+
+class QuietListener : public HostListener {
+public:
+    void onTouch(Touch /*touch*/, int32_t /*x*/, int32_t /*y*/) override {}
+
+    void onVolumeKey(bool /*up*/) override {}
+
+    void onForeground() override {}
+
+    void onBackground() override {}
+
+    void onScreenOff() override {}
+
+    void onScreenOn() override {}
+
+    void onTerminate() override {}
+};
