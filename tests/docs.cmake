@@ -14,5 +14,7 @@ add_test(NAME check-layers/finds-breaches
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/check-layers.sh ${CMAKE_SOURCE_DIR})
 add_test(NAME tools/circles
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/circles.py ${CMAKE_SOURCE_DIR})
+add_test(NAME tools/class-list
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/class_list.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/floors
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/floors.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
