@@ -10,13 +10,14 @@ const SHARED = 'murmelo-shared';
 /** Fetches a file past the browser's own cache, and checks that it is of this version. */
 async function fetchChecked([path, hash]) {
     const answer = await fetch(path, { cache: 'no-cache' });
-    const bytes = await answer.clone().arrayBuffer();
+    const bytes = await answer.arrayBuffer();
     const digest = new Uint8Array(await crypto.subtle.digest('SHA-256', bytes));
     const hex = [...digest].map((byte) => byte.toString(16).padStart(2, '0')).join('');
     if (!answer.ok || hex !== hash) {
         throw new Error(`${path} is not of this version`);
     }
-    return /** @type {[string, Response]} */ ([path, answer]);
+    // Not the answer itself: browsers refuse one that a host has redirected.
+    return /** @type {[string, Response]} */ ([path, new Response(bytes, { headers: answer.headers })]);
 }
 
 async function install() {

@@ -20,6 +20,7 @@ LANGUAGES = ("en", "de", "es", "fr", "it")
 EFFECTS = ("none", "robot", "backwards", "high", "low", "fast", "drunk", "flip")
 HOME = "/home/Murmelo/"
 RATE_HZ = 16000
+HEADER_BYTES = 44
 _BETWEEN_TAPS_MS = 600  # the second of two taps on the soft keys within half a second does not count
 
 
@@ -157,8 +158,8 @@ class Murmelo:
                       if not name.startswith("."))
 
     def kept(self, path):
-        """What the database keeps under that path ("take": the raw take), or None."""
-        return _bytes(self.tab.evaluate("""new Promise((resolve) => {
+        """What the database keeps under that path ("take": the samples of the raw take), or None."""
+        found = _bytes(self.tab.evaluate("""new Promise((resolve) => {
             const opening = indexedDB.open('murmelo', 1);
             opening.onsuccess = () => {
                 const reading = opening.result.transaction('kept').objectStore('kept').get(%s);
@@ -168,6 +169,7 @@ class Murmelo:
                 };
             };
         })""" % (json.dumps(path), _BASE64)))
+        return found[HEADER_BYTES:] if found and path == "take" else found
 
 
 # Counts how much the current recording has heard.

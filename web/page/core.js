@@ -36,7 +36,7 @@ export class Core {
     async load(page) {
         this.page = page;
         const onAbort = () => page.showOver('broken');
-        const data = fetch('murmelo.data').then((answer) => answer.arrayBuffer());
+        const data = fetch('murmelo.data').then((answer) => (answer.ok ? answer.arrayBuffer() : Promise.reject(answer.status)));
         this.program = await createMurmelo({ page, onAbort, print() {}, printErr() {} });
         this.unpack(await data);
     }

@@ -4,17 +4,7 @@
 const [PRESS, MOVE, RELEASE] = [0, 1, 2];
 
 /** The values are the program's key codes. @type {Record<string, number>} */
-const KEYS = {
-    ArrowUp: -1,
-    ArrowDown: -2,
-    ArrowLeft: -3,
-    ArrowRight: -4,
-    Enter: -5,
-    ' ': -5,
-    F1: -6,
-    F2: -7,
-    Escape: -7,
-};
+const KEYS = { ArrowUp: -1, ArrowDown: -2, ArrowLeft: -3, ArrowRight: -4, Enter: -5, ' ': -5, F1: -6, F2: -7, Escape: -7 };
 
 export class Hands {
     /** @param {import('./core.js').Core} core @param {import('./picture.js').Picture} picture @param {Record<string, () => void>} commands  by key */

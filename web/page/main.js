@@ -157,7 +157,7 @@ export class Page {
         this.dialog.open(this.words.help, this.words.close, (body) => {
             const lines = ['helpKeys', 'helpPlace', 'helpPrivate'].map((word) => this.words[word]);
             body.append(...lines.map((textContent) => make('p', { textContent })));
-            body.append(make('a', { href: 'licences.txt', textContent: this.words.licences }));
+            body.append(make('a', { href: 'licences.txt', target: '_blank', textContent: this.words.licences }));
         });
     }
 
@@ -169,6 +169,9 @@ export class Page {
     /** The program is over; what the user has is stored. @param {string} word */
     showOver(word) {
         this.core.stop();
+        this.ears?.release();
+        this.voice?.stop();
+        this.dialog?.close();
         const over = find('over');
         const words = { ...EARLY_WORDS, ...this.words }; // there may be no program to ask
         /** @type {HTMLElement} */ (over.querySelector('p')).textContent = words[word];
@@ -183,4 +186,4 @@ export class Page {
 
 const page = new Page();
 /** @type {any} */ (window).murmelo = page; // for the curious, and for tests
-page.start();
+page.start().catch(() => page.showOver('broken'));

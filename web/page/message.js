@@ -30,8 +30,15 @@ export class Message {
         this.button.textContent = note.label || '';
         this.act = note.act || (() => {});
         this.box.dataset.shown = '';
-        if (!note.stays) {
-            this.timer = setTimeout(() => this.hide(), note.label ? SHOWN_WITH_ACTION_MS : SHOWN_MS);
+        this.shownMs = note.stays ? 0 : note.label ? SHOWN_WITH_ACTION_MS : SHOWN_MS;
+        this.countDown();
+    }
+
+    /** What nobody can see waits until the page is seen again. */
+    countDown() {
+        clearTimeout(this.timer);
+        if (this.shownMs && !document.hidden) {
+            this.timer = setTimeout(() => this.hide(), this.shownMs);
         }
     }
 

@@ -17,21 +17,17 @@ export class Sounds {
         /** @type {Map<string, Kept>} */
         this.kept = new Map();
         this.hasStore = false;
-        this.askedToStay = false;
         this.url = '';
         this.player = new Audio();
-        /** @type {string} */
         this.playing = '';
         this.player.addEventListener('ended', () => this.play(''));
     }
 
     async read() {
-        this.hasStore = await this.page.store.open();
-        try {
-            this.kept = await this.page.store.all();
-        } catch {
-            this.hasStore = false;
-        }
+        const all = () => this.page.store.all();
+        const kept = await all().catch(all).catch(() => null); // browsers are known to fail once
+        this.hasStore = kept !== null;
+        this.kept = kept ?? this.kept;
     }
 
     /** Files of earlier visits, for the program to find. */
@@ -44,38 +40,30 @@ export class Sounds {
     }
 
     /** @param {string} path @param {number} effect  a file that the program has written */
-    keepFile(path, effect) {
+    async keepFile(path, effect) {
         const bytes = this.page.core.program.FS.readFile(path);
-        this.keep(path, { bytes, effect, when: Date.now() });
-        if (SOUND.test(path)) {
-            const words = this.page.words;
-            this.page.message.show({
-                text: `${words.saved}: ${this.nameOf(path)}`,
-                label: words.share,
-                act: () => this.hand(path),
-            });
+        const isKept = await this.keep(path, { bytes, effect, when: Date.now() });
+        if (isKept && SOUND.test(path)) {
+            const { saved, share } = this.page.words;
+            this.page.message.show({ text: `${saved}: ${this.nameOf(path)}`, label: share, act: () => this.hand(path) });
+            navigator.storage?.persisted?.().then((stays) => stays || navigator.storage.persist()).catch(() => {});
         }
     }
 
-    /** @param {Int16Array} samples  raw, 16 kHz */
-    keepTake(samples) {
-        const bytes = new Uint8Array(samples.buffer, samples.byteOffset, samples.byteLength);
+    /** @param {Uint8Array} bytes  a raw take as a WAV file */
+    keepTake(bytes) {
         this.keep(TAKE, { bytes, effect: 0, when: Date.now() });
     }
 
-    /** @param {string} path @param {Kept} kept */
+    /** Where what earlier visits kept could not be read, nothing is written over it. @param {string} path @param {Kept} kept */
     async keep(path, kept) {
         this.kept.set(path, kept);
-        try {
-            await this.page.store.put(path, kept);
-            if (SOUND.test(path) && !this.askedToStay) {
-                this.askedToStay = true;
-                await navigator.storage?.persist?.();
-            }
-        } catch {
-            const isSound = SOUND.test(path);
+        const isKept = this.hasStore && (await this.page.store.put(path, kept).then(() => true, () => false));
+        if (!isKept) {
+            const isSound = path === TAKE || SOUND.test(path);
             this.page.tell(this.hasStore ? 'storeFull' : 'storeMissing', isSound ? 'share' : '', () => this.hand(path));
         }
+        return isKept;
     }
 
     /** @param {string} path @returns {string} "murmelo-robot-00003.wav" */
@@ -164,7 +152,8 @@ export class Sounds {
 
     forgetTake() {
         this.kept.delete(TAKE);
-        this.page.store.delete(TAKE).catch(() => {});
+        this.page.core.program._murmeloForgetTake();
+        this.page.store.delete(TAKE).catch(() => this.page.tell('storeMissing'));
         this.page.dialog.refresh();
     }
 
@@ -186,7 +175,8 @@ export class Sounds {
                 this.rememberTake(1);
             });
             const forget = newButton(words.forget, () => this.forgetTake());
-            add(words.lastTake, take.bytes.length / (2 * BYTES_PER_SECOND), bringBack, forget);
+            const share = newButton(words.share, () => this.hand(TAKE));
+            add(words.lastTake, (take.bytes.length - HEADER_BYTES) / (2 * BYTES_PER_SECOND), bringBack, share, forget);
         }
         const paths = [...this.kept.keys()].filter((path) => SOUND.test(path)).sort().reverse();
         for (const path of paths) {

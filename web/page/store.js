@@ -60,6 +60,7 @@ export class Store {
             table.transaction.onabort = () => reject(table.transaction.error); // a full store
         });
         step(table);
+        table.transaction.commit?.(); // the page may be going away
         await done;
     }
 

@@ -12,12 +12,14 @@ export function holdTab(steals, onTaken) {
     if (!navigator.locks) {
         return Promise.resolve(true);
     }
+    let isHeld = false;
     return new Promise((answer) => {
         navigator.locks
             .request(LOCK, steals ? { steal: true } : { ifAvailable: true }, (lock) => {
-                answer(lock !== null);
+                isHeld = lock !== null;
+                answer(isHeld);
                 return lock && new Promise(() => {}); // held as long as the page lives
             })
-            .catch(onTaken);
+            .catch(() => (isHeld ? onTaken() : answer(true))); // refused: there are no locks here
     });
 }

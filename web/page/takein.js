@@ -2,6 +2,7 @@
 // Sound files from outside: picked, dropped, shared with the page, or opened with it.
 
 const MAX_BYTES = 64 << 20; // of a file; decoded it takes several times as much
+const MAX_WAV_BYTES = 6 << 20; // larger ones the browser decodes
 const DECODED_SECONDS = 20;
 const DECODING_RATE = 48000;
 
@@ -54,17 +55,14 @@ export class TakeIn {
         this.page.core.turn();
     }
 
-    /** The program reads plain WAV files itself. @param {ArrayBuffer} bytes @returns {boolean} */
+    /** The program reads plain WAV files itself, if they fit into its memory. @param {ArrayBuffer} bytes */
     useWav(bytes) {
         const isWav = new TextDecoder('latin1').decode(bytes.slice(0, 4)) === 'RIFF';
-        const headBytes = 8 << 20; // twenty seconds of eight channels at 48 kHz fit
-        if (!isWav) {
+        if (!isWav || bytes.byteLength > MAX_WAV_BYTES) {
             return false;
         }
-        this.page.core.fillRoom(new Uint8Array(bytes, 0, Math.min(bytes.byteLength, headBytes)));
-        const isSound = this.page.core.program._murmeloUseFile() === 1;
-        this.page.core.program._murmeloRoom(0);
-        return isSound;
+        this.page.core.fillRoom(new Uint8Array(bytes));
+        return this.page.core.program._murmeloUseFile() === 1;
     }
 
     /** @param {ArrayBuffer} bytes @returns {Promise<boolean>} */
@@ -73,12 +71,13 @@ export class TakeIn {
             const context = new OfflineAudioContext(1, 1, DECODING_RATE);
             const sound = await context.decodeAudioData(bytes);
             const frames = Math.min(sound.length, DECODED_SECONDS * sound.sampleRate);
-            const samples = new Float32Array(frames * sound.numberOfChannels); // one channel after the other
+            const mean = new Float32Array(frames);
             for (let channel = 0; channel < sound.numberOfChannels; channel++) {
-                samples.set(sound.getChannelData(channel).subarray(0, frames), frames * channel);
+                const samples = sound.getChannelData(channel).subarray(0, frames);
+                samples.forEach((sample, i) => (mean[i] += sample / sound.numberOfChannels));
             }
-            this.page.core.fillRoom(samples);
-            return this.page.core.program._murmeloUseFloats(sound.numberOfChannels, sound.sampleRate) === 1;
+            this.page.core.fillRoom(mean);
+            return this.page.core.program._murmeloUseFloats(sound.sampleRate) === 1;
         } catch {
             return false;
         }

@@ -41,15 +41,14 @@ export class Update {
 
     /** Only in the menu, where nothing records, plays or is unsaved. */
     offer() {
-        if (!this.waiting || this.told || this.page.core.texts.screen !== 'Options') {
-            return;
+        const inMenu = this.page.core.texts.screen === 'Options';
+        if (this.waiting && inMenu && !this.told) {
+            const { newVersion, update } = this.page.words;
+            const act = () => this.waiting?.postMessage('activate');
+            this.page.message.show({ text: newVersion, label: update, act, stays: true });
+        } else if (this.told && !inMenu && this.page.message.text.textContent === this.page.words.newVersion) {
+            this.page.message.hide();
         }
-        this.told = true;
-        this.page.message.show({
-            text: this.page.words.newVersion,
-            label: this.page.words.update,
-            act: () => this.waiting?.postMessage('activate'),
-            stays: true,
-        });
+        this.told = this.waiting !== null && inMenu;
     }
 }

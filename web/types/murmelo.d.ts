@@ -41,9 +41,10 @@ export type Murmelo = {
     _murmeloComeBack(): void;
     _murmeloRoom(bytes: number): number;
     _murmeloHeard(rateHz: number): number;
-    _murmeloUseFloats(channels: number, rateHz: number): number;
+    _murmeloUseFloats(rateHz: number): number;
     _murmeloUseFile(): number;
     _murmeloRememberTake(bringsBack: number): void;
+    _murmeloForgetTake(): void;
     _murmeloPaint(): number;
     _murmeloPixels(): number;
     _murmeloTextsIfNew(): number;

@@ -21,8 +21,8 @@ EM_JS(void, pageSetVolume, (int32_t volume), { Module.page.voice.setVolume(volum
 EM_JS(void, pageKeepFile, (const char* path, int32_t effect), {
     Module.page.sounds.keepFile(UTF8ToString(path), effect);
 })
-EM_JS(void, pageKeepTake, (const int16_t* samples, int32_t count), {
-    Module.page.sounds.keepTake(HEAP16.slice(samples >> 1, (samples >> 1) + count));
+EM_JS(void, pageKeepTake, (const uint8_t* file, size_t bytes), {
+    Module.page.sounds.keepTake(HEAPU8.slice(file, file + bytes));
 })
 EM_JS(void, pageFrameWaits, (), { Module.page.core.frameWaits(); })
 EM_JS(void, pageTell, (const char* name), { Module.page.tell(UTF8ToString(name)); })
@@ -98,8 +98,8 @@ void PageCalls::keepFile(const std::string& path, int32_t effect) {
     pageKeepFile(path.c_str(), effect);
 }
 
-void PageCalls::keepTake(const int16_t* samples, int32_t count) {
-    pageKeepTake(samples, count);
+void PageCalls::keepTake(const std::vector<uint8_t>& file) {
+    pageKeepTake(file.data(), file.size());
 }
 
 void PageCalls::frameWaits() {

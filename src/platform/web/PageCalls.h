@@ -21,7 +21,7 @@ public:
     void stopClip() override;
     void setVolume(int32_t volume) override;
     void keepFile(const std::string& path, int32_t effect) override;
-    void keepTake(const int16_t* samples, int32_t count) override;
+    void keepTake(const std::vector<uint8_t>& file) override;
     void frameWaits() override;
     void say(const std::string& sentence) override;
     void tell(const std::string& name) override;

@@ -9,6 +9,8 @@
 
 namespace {
 
+using Samples = std::vector<int16_t>;
+
 constexpr uint32_t kWholeNumbers = 1;
 constexpr uint32_t kFloats = 3;
 constexpr uint32_t kExtensible = 0xFFFE;  // the real format stands further on
@@ -68,19 +70,57 @@ Format formatOf(const uint8_t* chunk, size_t size) {
     return format;
 }
 
-std::vector<float> meanOfChannels(const Format& format, const uint8_t* data, size_t size) {
-    const size_t frameBytes = format.sampleBytes() * format.channels;
-    const size_t frames =
-        std::min(size / frameBytes, static_cast<size_t>(format.rateHz) * kLongestSeconds);
-    std::vector<float> mean(frames);
-    for (size_t i = 0; i < frames; i++) {
-        float sum = 0;
-        for (uint32_t channel = 0; channel < format.channels; channel++) {
-            sum += format.sampleAt(data + i * frameBytes + channel * format.sampleBytes());
-        }
-        mean[i] = sum / static_cast<float>(format.channels);
+constexpr size_t kBlockFrames = 4096;  // converted at a time: a whole sound as floats is large
+
+/// The first 20 s of a sound that comes block by block.
+class Take {
+public:
+    Take(int32_t rateHz, size_t framesThere)
+        : framesLeft(std::min(framesThere, static_cast<size_t>(rateHz) * kLongestSeconds))
+        , converter(rateHz) {}
+
+    /// How many frames to add next; 0 at the end.
+    size_t wanted() const { return std::min(framesLeft, kBlockFrames); }
+
+    void add(const float* frames, size_t count) {
+        converter.convert(frames, static_cast<int32_t>(count), converted);
+        framesLeft -= count;
     }
-    return mean;
+
+    Samples finished() {
+        converter.finish(converted);
+        const size_t kept =
+            std::min(converted.size(), static_cast<size_t>(HostMicrophone::kLongestTakeSamples));
+        return {converted.begin(), converted.begin() + static_cast<ptrdiff_t>(kept)};
+    }
+
+private:
+    size_t framesLeft;
+    RateTo16k converter;
+    std::deque<int16_t> converted;
+};
+
+float meanOfChannels(const Format& format, const uint8_t* frame) {
+    float sum = 0;
+    for (uint32_t channel = 0; channel < format.channels; channel++) {
+        sum += format.sampleAt(frame + channel * format.sampleBytes());
+    }
+    return sum / static_cast<float>(format.channels);
+}
+
+Samples takeOf(const Format& format, const uint8_t* data, size_t size) {
+    const size_t frameBytes = format.sampleBytes() * format.channels;
+    Take take(static_cast<int32_t>(format.rateHz), size / frameBytes);
+    std::vector<float> block;
+    for (size_t count = take.wanted(); count > 0; count = take.wanted()) {
+        block.resize(count);
+        for (float& mean : block) {
+            mean = meanOfChannels(format, data);
+            data += frameBytes;
+        }
+        take.add(block.data(), count);
+    }
+    return take.finished();
 }
 
 }  // namespace
@@ -99,9 +139,7 @@ std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
         if (std::memcmp(head, "fmt ", 4) == 0) {
             format = formatOf(bytes + at, size);
         } else if (std::memcmp(head, "data", 4) == 0 && format.isKnown()) {
-            const std::vector<float> mean = meanOfChannels(format, bytes + at, size);
-            return toTake(mean.data(), static_cast<int32_t>(mean.size()),
-                          static_cast<int32_t>(format.rateHz));
+            return takeOf(format, bytes + at, size);
         }
         at += std::min(size + size % 2, count - at);  // chunks begin at even places
     }
@@ -138,26 +176,14 @@ std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int
     return file;
 }
 
-std::vector<int16_t>
-PlainWav::toTake(const float* samples, int32_t count, int32_t rateHz, int32_t channels) {
-    if (rateHz < kMinRateHz || rateHz > kMaxRateHz || count < 1 || channels < 1) {
+std::vector<int16_t> PlainWav::toTake(const float* samples, int32_t count, int32_t rateHz) {
+    if (rateHz < kMinRateHz || rateHz > kMaxRateHz || count < 1) {
         return {};
     }
-    const int32_t frames = std::min(count, kLongestSeconds * rateHz);
-    std::vector<float> mean(samples, samples + frames);
-    for (int32_t channel = 1; channel < channels; channel++) {
-        for (int32_t i = 0; i < frames; i++) {
-            mean[static_cast<size_t>(i)] += samples[ptrdiff_t{channel} * count + i];
-        }
+    Take take(rateHz, static_cast<size_t>(count));
+    for (size_t block = take.wanted(); block > 0; block = take.wanted()) {
+        take.add(samples, block);
+        samples += block;
     }
-    for (float& sample : mean) {
-        sample /= static_cast<float>(channels);
-    }
-    RateTo16k converter(rateHz);
-    std::deque<int16_t> converted;
-    converter.convert(mean.data(), frames, converted);
-    converter.finish(converted);
-    const size_t kept =
-        std::min(converted.size(), static_cast<size_t>(HostMicrophone::kLongestTakeSamples));
-    return {converted.begin(), converted.begin() + static_cast<ptrdiff_t>(kept)};
+    return take.finished();
 }

@@ -21,9 +21,5 @@ public:
     static std::vector<uint8_t> toFile(const int16_t* samples, int32_t count, int32_t rateHz);
 
     /// The first 20 s of samples from -1 to 1 as 16 kHz mono. Empty if the rate is out of range.
-    /// @param samples   one channel after the other, of which the mean is taken
-    /// @param count     of one channel
-    /// @param channels  at least 1
-    static std::vector<int16_t>
-    toTake(const float* samples, int32_t count, int32_t rateHz, int32_t channels = 1);
+    static std::vector<int16_t> toTake(const float* samples, int32_t count, int32_t rateHz);
 };

@@ -1,5 +1,7 @@
 #include "WebHost.h"
 
+#include "PlainWav.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -142,6 +144,18 @@ void WebHost::save() {
 
 void WebHost::use(std::vector<int16_t> samples) {
     offeredTake = std::move(samples);
+    const std::string screen = doors != nullptr ? doors->screenName() : "";
+    if (screen == "FirstLang" || screen == "Splash") {
+        return;  // waits for the menu
+    }
+    tasks.emplace_back([this](HostListener&) {
+        const bool isUsed = bringTakeBack();
+        if (!isUsed && !offeredTake.empty()) {
+            offeredTake.clear();
+            page.tell("notNow");
+        }
+        return isUsed;
+    });
 }
 
 bool WebHost::bringTakeBack() {
@@ -157,7 +171,8 @@ bool WebHost::bringTakeBack() {
 void WebHost::keepTake(std::vector<int16_t> samples) {
     lastTake = std::move(samples);
     hasTake = true;
-    page.keepTake(lastTake.data(), static_cast<int32_t>(lastTake.size()));
+    page.keepTake(PlainWav::toFile(lastTake.data(), static_cast<int32_t>(lastTake.size()),
+                                   HostMicrophone::kRateHz));
 }
 
 void WebHost::Ears::release() {

@@ -44,8 +44,8 @@ public:
     /// Stores a file of the user's.
     virtual void keepFile(const std::string& path, int32_t effect) = 0;
 
-    /// Stores a raw take (16 kHz, mono) in the place of the one before.
-    virtual void keepTake(const int16_t* samples, int32_t count) = 0;
+    /// Stores a raw take (a WAV file of 16 kHz, mono) in the place of the one before.
+    virtual void keepTake(const std::vector<uint8_t>& file) = 0;
 
     /// There is a frame to paint.
     virtual void frameWaits() = 0;

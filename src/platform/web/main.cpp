@@ -19,6 +19,8 @@
 
 namespace {
 
+constexpr size_t kSmallRoomBytes = 65536;
+
 PageCalls page;
 std::unique_ptr<WebHost> host;
 std::vector<uint8_t> room;
@@ -41,6 +43,15 @@ const char* answered(std::string text) {
 
 ScreenTexts textsNow() {
     return host->doorsInUse() != nullptr ? host->doorsInUse()->texts() : ScreenTexts();
+}
+
+int32_t use(std::vector<int16_t> samples) {
+    room = {};
+    const bool isSound = !samples.empty();
+    if (isSound) {
+        host->use(std::move(samples));
+    }
+    return isSound ? 1 : 0;
 }
 
 int32_t wordCount() {
@@ -115,6 +126,9 @@ EMSCRIPTEN_KEEPALIVE void murmeloComeBack() {
 
 /// Room for that many bytes, aligned to 8.
 EMSCRIPTEN_KEEPALIVE uint8_t* murmeloRoom(int32_t bytes) {
+    if (room.capacity() > kSmallRoomBytes) {
+        room = {};  // the heap is small: what a large file took must not starve an effect
+    }
     room.resize(static_cast<size_t>(bytes));
     return room.data();
 }
@@ -124,33 +138,30 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloHeard(int32_t rateHz) {
     return host->heard(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz) ? 1 : 0;
 }
 
-/// The room holds a sound as floats, one channel after the other; it becomes the take. 0 if it is
-/// none.
-EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t channels, int32_t rateHz) {
-    std::vector<int16_t> samples = PlainWav::toTake(reinterpret_cast<const float*>(room.data()),
-                                                    wordCount() / channels, rateHz, channels);
-    const bool isSound = !samples.empty();
-    host->use(std::move(samples));
-    return isSound ? 1 : 0;
+/// The room holds a sound as floats, one channel; it becomes the take. 0 if it is none.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz) {
+    return use(PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz));
 }
 
 /// The room holds a file. 1: it was a plain WAV file and becomes the take. 0: it is none.
 EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile() {
-    std::vector<int16_t> samples = PlainWav::read(room.data(), room.size());
-    const bool isSound = !samples.empty();
-    host->use(std::move(samples));
-    return isSound ? 1 : 0;
+    return use(PlainWav::read(room.data(), room.size()));
 }
 
-/// The room holds a raw take of an earlier visit: 16 kHz, 16 bits.
+/// The room holds the file of the last take, of an earlier visit.
+/// @param bringsBack  1: it becomes the take again. 0: it waits for a refusal of the microphone
 EMSCRIPTEN_KEEPALIVE void murmeloRememberTake(int32_t bringsBack) {
-    const auto* samples = reinterpret_cast<const int16_t*>(room.data());
-    std::vector<int16_t> take(samples, samples + room.size() / sizeof(int16_t));
+    std::vector<int16_t> take = PlainWav::read(room.data(), room.size());
     if (bringsBack != 0) {
         host->use(std::move(take));
     } else {
         host->rememberTake(std::move(take));
     }
+}
+
+/// The last take is forgotten.
+EMSCRIPTEN_KEEPALIVE void murmeloForgetTake() {
+    host->rememberTake({});
 }
 
 /// Works out the changed rows. @returns the first, and the last shifted up by 16; -1 if none

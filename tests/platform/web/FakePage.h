@@ -1,6 +1,7 @@
 // A page without a browser: a clock that the test moves, and notes of what it was asked for.
 #pragma once
 
+#include "PlainWav.h"
 #include "WebPage.h"
 
 #include <string>
@@ -43,8 +44,8 @@ public:
         keptFiles.push_back(path + " " + std::to_string(effect));
     }
 
-    void keepTake(const int16_t* samples, int32_t count) override {
-        keptTake.assign(samples, samples + count);
+    void keepTake(const std::vector<uint8_t>& file) override {
+        keptTake = PlainWav::read(file.data(), file.size());
         takesKept++;
     }
 

@@ -159,9 +159,3 @@ TEST(PlainWav, aTakeNeedsASampleAndAPossibleRate) {
     EXPECT_TRUE(PlainWav::toTake(values, 1, 0).empty());
     EXPECT_TRUE(PlainWav::toTake(values, 1, 300000).empty());
 }
-
-TEST(PlainWav, theMeanOfChannelsOneAfterTheOtherIsTheTake) {
-    const float values[] = {0.5F, 0.0F, 0.25F, -0.5F};
-    EXPECT_EQ((Samples{12288, -8192}), PlainWav::toTake(values, 2, 16000, 2));
-    EXPECT_TRUE(PlainWav::toTake(values, 2, 16000, 0).empty());
-}

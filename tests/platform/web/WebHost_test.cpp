@@ -236,6 +236,20 @@ TEST_F(WebHostTest, aSoundWaitsUntilTheProgramRests) {
     EXPECT_EQ(voice, page.keptTake);
 }
 
+TEST_F(WebHostTest, aSoundDoesNotTakeThePlaceOfARunningRecording) {
+    toMenu();
+    beginRecording();
+    page.notes.clear();
+    host->use(TestSounds::noise(5000, 7));
+    settle();
+    EXPECT_EQ((Notes{"tell notNow"}), page.takeNotes());
+    EXPECT_EQ("Recording", screen());
+    key(HostKey::kMiddle);
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+}
+
 TEST_F(WebHostTest, aHiddenPageKeepsTheRecordingAndCleansItUpInTheSameCall) {
     toMenu();
     beginRecording();
