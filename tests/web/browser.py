@@ -116,7 +116,11 @@ class Browser:
         self._offline = offline
         for session in self._living():
             if session.kind in _WITH_NETWORK:
-                session.call("Network.emulateNetworkConditions", **_network(offline))
+                try:
+                    session.call("Network.emulateNetworkConditions", **_network(offline))
+                except DevToolsError:
+                    if session in self._living():  # else it has just ended
+                        raise
 
     def downloaded(self, name, seconds=60):
         """Waits until the file of this name is downloaded. Returns its path."""

@@ -39,8 +39,7 @@ class Murmelo:
         return self.running()
 
     def running(self):
-        self.tab.wait_for("murmelo.core.texts.screen && !document.getElementById('save').disabled")
-        self.tab.evaluate(_COUNTING)
+        self.tab.wait_for(_COUNTING)
         return self
 
     def screen(self):
@@ -172,18 +171,25 @@ class Murmelo:
         return found[HEADER_BYTES:] if found and path == "take" else found
 
 
-# Counts how much the current recording has heard.
+# True as soon as the page can be used. Then it also counts how much the current recording has heard.
 _COUNTING = """(() => {
-    const { ears } = murmelo;
-    const [start, heard] = [ears.start.bind(ears), ears.heard.bind(ears)];
-    ears.start = () => {
+    const { core, ears } = murmelo;
+    if (!core.running || !core.texts.screen || document.getElementById('save').disabled) {
+        return false;
+    }
+    const [start, heard] = [ears.start, ears.heard];
+    if (murmelo.heardMs === undefined) {
         murmelo.heardMs = 0;
-        start();
-    };
-    ears.heard = (piece, rate) => {
-        murmelo.heardMs += ears.listens ? piece.length * 1000 / rate : 0;
-        heard(piece, rate);
-    };
+        ears.start = () => {
+            murmelo.heardMs = 0;
+            start.call(ears);
+        };
+        ears.heard = (piece, rate) => {
+            murmelo.heardMs += ears.listens ? piece.length * 1000 / rate : 0;
+            heard.call(ears, piece, rate);
+        };
+    }
+    return true;
 })()"""
 _BASE64 = """((bytes) => {
     let text = '';

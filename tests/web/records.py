@@ -73,6 +73,8 @@ class Records:
 
     def take(self, session, method, params):
         """Turns an event of the protocol into a record, if it is one."""
+        if method == "Inspector.targetCrashed" and session.kind == "service_worker":
+            return  # told also when the browser only stops a worker that has nothing to do
         found = _READERS.get(method, lambda _: None)(params)
         if found:
             with self._changed:

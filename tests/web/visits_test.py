@@ -1,0 +1,161 @@
+"""The page between its visits: without a network, in two tabs, with a full store, and in a new version."""
+import hashlib
+import json
+import os
+import re
+import shutil
+import unittest
+
+from murmelo import FOLDER, HOME, SPEECH, Murmelo, PageTest, read_wav, temporary_folder
+from served import Served
+
+_INSTALLED = "navigator.serviceWorker.ready.then((registration) => registration.active.state === 'activated')"
+
+
+class Visits(PageTest):
+    OPTIONS = {"microphone": SPEECH}
+
+    def test_offline_from_the_second_start(self):
+        page = self.page.open().to_menu()
+        self.tab.wait_for(_INSTALLED)
+        self.server.stop()
+        self.browser.offline()
+        self.addCleanup(self.browser.offline, False)
+        page.reload().until("Options")
+        self.assertFalse(self.tab.evaluate("navigator.onLine"))
+        page.record(500)
+        self.tab.press("#save")
+        page.until("Save")
+        self.tab.press("#help")
+        self.assertEqual("200 true", self.tab.evaluate(
+            "fetch('style/page.css').then((reply) => `${reply.status} ${reply.headers.has('content-type')}`)"))
+
+    def over(self, tab):
+        """The sentence over a page that has stopped."""
+        return tab.wait_for("!document.getElementById('over').hidden && document.querySelector('#over p').textContent")
+
+    def test_a_second_tab_says_so_and_takes_over(self):
+        self.page.open().to_menu()
+        other = Murmelo(self.browser.new_tab(), self.server.address)
+        other.tab.open(other.address)
+        self.assertEqual("Murmelo is open in another tab.", self.over(other.tab))
+        self.assertTrue(self.tab.evaluate("murmelo.core.running"))
+        self.assertFalse(other.tab.evaluate("murmelo.core.running"))
+        other.press("Use it here")
+        other.running().until("Options")
+        self.assertEqual("Murmelo is open in another tab.", self.over(self.tab))
+        self.assertFalse(self.tab.evaluate("murmelo.core.running"))
+        turns = self.tab.evaluate("murmelo.core.turns")
+        other.use(SPEECH)
+        self.tab.front()
+        self.page.press("Use it here")
+        self.page.running().until("Options")
+        self.assertEqual(read_wav(SPEECH)[0], self.page.kept("take"))
+        self.over(other.tab)
+        self.assertGreater(turns, 0)
+        other.tab.close()
+
+    def test_the_end_starts_again(self):
+        page = self.page.open().to_menu()
+        page.press("Quit")
+        self.assertEqual("Murmelo has ended. Your sounds are kept.", self.over(self.tab))
+        page.press("Start again")
+        page.running().until("Options")
+
+    def test_a_full_store_is_told_and_nothing_is_lost(self):
+        self.page.stub("watching")
+        self.tab.quota(20000, self.server.origin)
+        self.expected.append("QuotaExceeded")  # the service worker finds no room for its files either
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        page.told("storeFull")
+        self.tab.press("#save")
+        page.until("Save")
+        page.told("storeFull")
+        saved = page.file("rec_00000.wav")
+        self.assertEqual(None, page.kept(HOME + "rec_00000.wav"))
+        page.press(page.word("share"))
+        self.tab.wait_for("noted.shared.length")
+        self.assertTrue(saved == bytes(self.tab.evaluate("noted.shared[0].bytes")))
+        self.tab.press("#sounds")
+        self.assertIn("murmelo-none-00000.wav", self.tab.evaluate("document.querySelector('dialog').textContent"))
+        self.assertEqual(read_wav(SPEECH)[0], bytes(self.tab.evaluate("Array.from(murmelo.sounds.kept.get('take').bytes)")))
+
+
+class Update(PageTest):
+    OPTIONS = {"microphone": SPEECH}
+
+    def setUp(self):
+        super().setUp()
+        self.folder = os.path.join(temporary_folder(self), "page")
+        shutil.copytree(FOLDER, self.folder)
+        self.server.stop()
+        self.server = Served(self.folder)
+        self.server.start()
+        self.addCleanup(self.server.stop)
+        self.page.address = self.server.address
+
+    def publish(self):
+        """Puts another version into the folder: its page has `window.isNewer`."""
+        name, worker = "page/main.js", os.path.join(self.folder, "sw.js")
+        with open(os.path.join(self.folder, name), "ab") as file:
+            file.write(b"window.isNewer = true;\n")
+        with open(os.path.join(self.folder, name), "rb") as file:
+            digest = hashlib.sha256(file.read()).hexdigest()
+        with open(worker, encoding="utf-8") as file:
+            text = file.read()
+        text, count = re.subn(r'("%s": )"[0-9a-f]+"' % name, r'\1"%s"' % digest, text)
+        text, again = re.subn(r"const VERSION = .*;", "const VERSION = %s;" % json.dumps(digest[:16]), text)
+        self.assertEqual((1, 1), (count, again))
+        with open(worker, "w", encoding="utf-8") as file:
+            file.write(text)
+
+    def test_a_new_version_is_told_in_the_menu_and_taken_on_the_tap(self):
+        page = self.page.open().to_menu()
+        self.tab.wait_for(_INSTALLED)
+        page.reload().until("Options")
+        self.tab.wait_for("navigator.serviceWorker.controller")
+        page.press("Record")
+        page.until("Record")
+        self.tab.wait_for("murmelo.core.standsStillSince < 0")
+        self.publish()
+        self.tab.evaluate("navigator.serviceWorker.getRegistration().then((registration) => registration.update()).then(() => 0)")
+        self.tab.wait_for("murmelo.update.waiting")
+        page.rest()
+        self.assertEqual("", page.message())
+        page.soft_key(2)
+        page.until("Options")
+        page.told("newVersion")
+
+        page.reload().until("Options")
+        self.assertIsNone(self.tab.evaluate("window.isNewer"), "not without the tap")
+        page.told("newVersion")
+        page.press(page.word("update"))
+        self.tab.wait_for("window.isNewer")
+        page.running().until("Options")
+        self.tab.wait_for("caches.keys().then((names) => names.length === 1)")
+        self.assertEqual("", page.message())
+
+    def test_a_version_that_came_only_in_part_is_not_taken(self):
+        page = self.page.open().to_menu()
+        self.tab.wait_for(_INSTALLED)
+        self.publish()
+        with open(os.path.join(self.folder, "page/core.js"), "ab") as file:
+            file.write(b"// of yet another version\n")
+        self.expected.append("not of this version")
+        page.reload().until("Options")
+        self.assertEqual("installing redundant", self.tab.evaluate("""new Promise(async (resolve) => {
+            const registration = await navigator.serviceWorker.getRegistration();
+            registration.onupdatefound = () => {
+                const worker = registration.installing;
+                const first = worker.state;
+                worker.onstatechange = () => resolve(`${first} ${worker.state}`);
+            };
+            registration.update().catch(() => {});
+        })"""))
+        self.assertIsNone(self.tab.evaluate("window.isNewer"))
+        self.assertEqual("", page.message())
+
+
+if __name__ == "__main__":
+    unittest.main()
