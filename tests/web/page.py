@@ -130,9 +130,15 @@ class Page(Hands):
     def words(self):
         """What a screen reader finds, in reading order: a list of (role, name, properties)."""
         nodes = self.call("Accessibility.getFullAXTree")["nodes"]
-        return [(node["role"]["value"], node.get("name", {}).get("value", ""),
-                 {entry["name"]: entry["value"].get("value") for entry in node.get("properties", [])})
-                for node in nodes if not node["ignored"]]
+        known = {node["nodeId"]: node for node in nodes}
+        found, waiting = [], [nodes[0]]
+        while waiting:
+            node = waiting.pop()
+            waiting += [known[child] for child in reversed(node.get("childIds", [])) if child in known]
+            if not node["ignored"]:
+                found.append((node["role"]["value"], node.get("name", {}).get("value", ""),
+                              {entry["name"]: entry["value"].get("value") for entry in node.get("properties", [])}))
+        return found
 
     def pick_files(self, press, paths):
         """Calls press, which makes the page ask for files, and chooses those at paths as the user would."""

@@ -1,0 +1,168 @@
+"""The page without a mouse, without eyes, with little sight, in any window, and as an app."""
+import unittest
+
+from murmelo import LANGUAGES, SPEECH, PageTest
+
+WINDOWS = {"phone": (360, 640, 3, True), "tall phone": (412, 915, 2, True), "lying phone": (844, 390, 2, True),
+           "tablet": (768, 1024, 2, True), "desktop": (1440, 900, 1, False), "square": (1000, 1000, 1, False),
+           "old phone": (320, 480, 2, True), "large screen": (3840, 2160, 1, False)}
+_INTERACTIVE = ("button", "link", "textbox", "checkbox", "combobox", "menuitem", "tab", "slider")
+_FOCUSED = "document.activeElement === document.body ? '' : document.activeElement.textContent"
+# The contrast of each text of the page's own parts that is seen, as [contrast, text].
+_CONTRASTS = """(() => {
+    const parse = (colour) => colour.match(/[\\d.]+/g).map(Number);
+    const light = ([r, g, b]) => {
+        const [x, y, z] = [r, g, b].map((part) => part / 255).map((part) =>
+            part <= 0.04045 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4);
+        return 0.2126 * x + 0.7152 * y + 0.0722 * z;
+    };
+    const ground = (element) => {
+        const colour = element && parse(getComputedStyle(element).backgroundColor);
+        return !element ? [255, 255, 255] : colour[3] === 0 ? ground(element.parentElement) : colour;
+    };
+    const isOwn = (element) => element.checkVisibility({checkVisibilityCSS: true})
+        && !element.closest('#mirror, .spoken')
+        && [...element.childNodes].some((node) => node.nodeType === 3 && node.data.trim());
+    return [...document.body.querySelectorAll('*')].filter(isOwn).map((element) => {
+        const [one, other] = [light(parse(getComputedStyle(element).color)), light(ground(element))];
+        return [(Math.max(one, other) + 0.05) / (Math.min(one, other) + 0.05), element.textContent];
+    });
+})()"""
+
+
+class Access(PageTest):
+    def assertNamed(self):
+        found = [(role, name) for role, name, _ in self.tab.words() if role in _INTERACTIVE]
+        self.assertGreaterEqual(len(found), 4)
+        self.assertEqual([], [role for role, name in found if not name.strip()])
+        return [name for _, name in found]
+
+    def assertReadable(self, *texts):
+        """All texts that are seen stand out from their ground; those that are named are among them."""
+        found = self.tab.evaluate(_CONTRASTS)
+        self.assertEqual([], [(text, contrast) for contrast, text in found if contrast < 4.5])
+        for text in texts:
+            self.assertIn(text, [other for _, other in found])
+
+    def tabbed(self, times):
+        """What has the focus after each press of Tab."""
+        texts = []
+        for _ in range(times):
+            self.tab.key("Tab")
+            texts.append(self.tab.evaluate(_FOCUSED))
+        return texts
+
+    def test_everything_has_a_name_and_is_reached_in_order(self):
+        page = self.page.open().to_menu()
+        page.rest()
+        wanted = ["Record", "Help", "Language", "Select", "Quit", "Save", "Open", "Sounds", "Help"]
+        self.assertEqual(wanted, self.assertNamed())
+        self.assertEqual(wanted, self.tabbed(len(wanted)))
+        self.assertReadable("Save", "Help")
+
+    def test_what_has_the_focus_is_pressed_by_the_keyboard(self):
+        page = self.page.open().to_menu()
+        page.rest()
+        self.assertEqual("Help", self.tabbed(2)[1])
+        self.tab.key("Enter")
+        self.tab.wait_for("murmelo.core.texts.message.includes('navigation key')")
+        self.tab.wait_for("document.getElementById('live').textContent.includes('navigation key')")
+        self.assertEqual("Ok", self.tabbed(1)[0])
+        self.tab.key(" ")
+        self.tab.wait_for("murmelo.core.texts.entries.length === 3")
+        self.assertEqual("Options", page.screen())
+
+    def test_a_screen_reader_hears_title_and_message(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        self.tab.wait_for("document.getElementById('live').textContent === 'No effect'")
+        page.effect(1)
+        self.tab.wait_for("document.getElementById('live').textContent === 'Robot'")
+        live = [(role, properties.get("live")) for role, _, properties in self.tab.words() if "live" in properties]
+        self.assertIn("polite", [kind for _, kind in live])
+        self.assertEqual(["Effect before", "Next effect"], self.assertNamed()[:2])
+        self.tab.press("#save")
+        page.until("Save")
+        self.tab.wait_for("document.getElementById('live').textContent.includes('rec_00000.wav')")
+
+    def test_the_dialogs_keep_the_focus_and_escape_closes_them(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        self.tab.press("#save")
+        page.until("Save")
+        for opener, title in (("#sounds", "Sounds"), ("#help", "Help")):
+            self.tab.press(opener)
+            self.tab.wait_for("document.querySelector('dialog').open")
+            self.assertIn(("dialog", title), [(role, name) for role, name, _ in self.tab.words()])
+            inside = self.tab.evaluate("[...document.querySelectorAll('dialog button, dialog a')].filter((one) => one.checkVisibility({checkVisibilityCSS: true})).length")
+            for _ in range(inside + 2):
+                self.tab.key("Tab")
+                self.assertTrue(self.tab.evaluate("document.activeElement === document.body || Boolean(document.activeElement.closest('dialog'))"))
+            self.assertReadable(title, "Close")
+            self.tab.key("Escape")
+            self.tab.wait_for("!document.querySelector('dialog').open")
+            self.assertEqual(opener[1:], self.tab.evaluate("document.activeElement.id"))
+            self.assertEqual("Save", page.screen(), "the program has not heard of it")
+
+    def test_messages_and_the_end_are_readable_and_do_not_move(self):
+        page = self.page.open().to_menu()
+        self.tab.evaluate("murmelo.tell('deleted', 'undo')")
+        self.assertReadable("Deleted", "Undo")
+        self.tab.media(prefers_reduced_motion="no-preference")
+        self.assertEqual("0.2s", self.tab.evaluate("getComputedStyle(document.getElementById('message')).transitionDuration"))
+        self.tab.media(prefers_reduced_motion="reduce")
+        self.assertEqual("0s", self.tab.evaluate("getComputedStyle(document.getElementById('message')).transitionDuration"))
+        self.tab.evaluate("murmelo.message.hide()")
+        page.press("Quit")
+        self.tab.wait_for("!document.getElementById('over').hidden")
+        self.assertEqual("Start again", self.tab.evaluate(_FOCUSED))
+        self.assertReadable("Start again", "Murmelo has ended. Your sounds are kept.")
+
+    def test_no_message_covers_a_key_and_the_picture_fits(self):
+        page = self.page.open().to_menu()
+        sentences = [word for word in self.tab.evaluate("Object.keys(murmelo.words)") if not word.startswith("help")]
+        for name, (width, height, ratio, mobile) in WINDOWS.items():
+            self.tab.size(width, height, ratio, mobile)
+            self.tab.wait_for("innerWidth === %d && innerHeight === %d" % (width, height))
+            self.tab.wait_for(_PICTURE_FITS)
+            for language in LANGUAGES:
+                covered = self.tab.evaluate(_COVERED % (language, sentences))
+                self.assertEqual([], covered, "%s, %s" % (name, language))
+        page.rest()
+
+    def test_it_can_be_installed(self):
+        self.page.open().to_menu()
+        self.tab.wait_for("navigator.serviceWorker.ready.then(() => true)")
+        self.assertEqual([], self.tab.call("Page.getAppManifest")["errors"])
+        self.assertEqual([], self.tab.call("Page.getInstallabilityErrors")["installabilityErrors"])
+
+
+_PICTURE_FITS = """(() => {
+    const [picture, bar] = ['picture', 'bar'].map((id) => document.getElementById(id).getBoundingClientRect());
+    const fits = (box) => box.left >= 0 && box.top >= 0 && box.right <= innerWidth + 0.5 && box.bottom <= innerHeight + 0.5;
+    const apart = bar.top >= picture.bottom - 0.5 || bar.left >= picture.right - 0.5;
+    const whole = Math.abs(picture.width / picture.height - 0.75) < 0.01;
+    const sharp = [picture.width, picture.height].every((size) => Math.abs(size * devicePixelRatio % 1) < 0.01 || size * devicePixelRatio % 1 > 0.99);
+    return picture.width > 100 && fits(picture) && fits(bar) && apart && whole && sharp;
+})()"""
+# The words whose message lies over the soft keys or outside of the window, in one language.
+_COVERED = """((language, words) => {
+    const { program } = murmelo.core;
+    const at = program._murmeloRoom(8);
+    program.stringToUTF8(language, at, 8);
+    const known = JSON.parse(program.UTF8ToString(program._murmeloWords(at)));
+    const box = document.getElementById('picture').getBoundingClientRect();
+    const keys = new DOMRect(box.x, box.y + box.height * 0.9, box.width, box.height * 0.1);
+    const meet = (one, other) => one.left < other.right - 1 && other.left < one.right - 1 && one.top < other.bottom - 1 && other.top < one.bottom - 1;
+    return words.filter((word) => {
+        const takesAction = ['deleted', 'newVersion', 'storeFull', 'lastTake', 'saved'].includes(word);
+        murmelo.message.show({ text: known[word], label: takesAction ? known.bringBack : '' });
+        const message = document.getElementById('message').getBoundingClientRect();
+        const isOutside = message.left < 0 || message.right > innerWidth || message.bottom > innerHeight || message.top < 0;
+        return isOutside || meet(message, keys);
+    });
+})('%s', %s)"""
+
+
+if __name__ == "__main__":
+    unittest.main()
