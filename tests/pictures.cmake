@@ -1,7 +1,9 @@
-# Every screen in every language, pixel for pixel. UPDATE=1 tests/flows/screens.sh ... makes a sheet anew.
+# Every screen in every language, pixel for pixel. UPDATE=1 tests/flows/screens.sh ... makes a sheet again.
 if(MURMELO_TOOLS)
+    file(STRINGS ${CMAKE_SOURCE_DIR}/src/platform/host/Languages.h languages REGEX "{\"[a-z]+\", \"")
+    list(TRANSFORM languages REPLACE "^ *{\"([a-z]+)\".*" "\\1")
     set(index 0)
-    foreach(language en de es fr it)
+    foreach(language ${languages})
         add_test(NAME screens_${language}
             COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/screens.sh
                 $<TARGET_FILE:murmelo-headless> $<TARGET_FILE:murmelo-sheet>

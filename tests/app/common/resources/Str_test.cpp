@@ -215,7 +215,7 @@ TEST_F(StrTest, helpNamesTheKeysAsTheyAreLabelled) {
 }
 
 TEST_F(StrTest, aStartAndItsEndLeaveNoMemoryTaken) {
-    // So many that what is lost outweighs the few freed blocks that the heap keeps for itself and
+    // Enough that what is lost outweighs the few freed blocks that the heap keeps for itself and
     // counts as taken.
     constexpr int32_t kStarts = 1000;
     const auto startAndEnd = [](int32_t times) {
