@@ -18,3 +18,5 @@ add_test(NAME tools/class-list
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/class_list.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/floors
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/floors.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+add_test(NAME docs/licences
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/licences.py ${CMAKE_SOURCE_DIR})
