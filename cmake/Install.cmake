@@ -16,7 +16,8 @@ file(RELATIVE_PATH murmelo_data_from_programs
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/murmelo)
 target_compile_definitions(murmelo_files PRIVATE MURMELO_INSTALLED_DATA="${murmelo_data_from_programs}")
 
-# Makes the folders that are missing and remembers them, so that uninstalling can take exactly those away.
+# Makes the folders that are missing and remembers them, so that uninstalling can take exactly those away. The notes lie
+# in the build folder, or in the folder that MURMELO_INSTALL_NOTES names in the environment of the installation.
 set(murmelo_folders
     ${CMAKE_INSTALL_BINDIR}
     ${murmelo_data}/Res
@@ -27,6 +28,7 @@ set(murmelo_folders
     ${CMAKE_INSTALL_MANDIR}/man1
     ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
+    ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
     ${murmelo_papers}/licences
     ${murmelo_icons}/scalable/apps)
 foreach(size 16 24 32 48 64 128 256 512)
@@ -70,6 +72,8 @@ foreach(program murmelo murmelo-headless murmelo-fx)
     install(FILES ${CMAKE_BINARY_DIR}/install/${program}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     install(FILES packaging/completion/${program}.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+    install(FILES packaging/completion/${program}.fish
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
     install(FILES packaging/completion/_${program}
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT byhand)
     install(FILES packaging/completion/_${program}
@@ -87,6 +91,10 @@ install(FILES packaging/debian/lintian-overrides
     DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME murmelo COMPONENT debian EXCLUDE_FROM_ALL)
 add_custom_target(murmelo_papers DEPENDS ${murmelo_zipped})
 add_dependencies(murmelo murmelo_papers)  # so that what ./run builds can be installed
+
+# The last step: all files are installed by then.
+configure_file(cmake/NoteFiles.cmake.in ${CMAKE_BINARY_DIR}/NoteFiles.cmake @ONLY)
+install(SCRIPT ${CMAKE_BINARY_DIR}/NoteFiles.cmake COMPONENT byhand)
 
 # Takes away what the last "cmake --install" brought.
 add_custom_target(uninstall

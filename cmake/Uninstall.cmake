@@ -1,6 +1,6 @@
-# Removes the files of the last installation from BUILD_DIR, and the folders that were made for them and are empty now.
+# Removes the files of the last installation from BUILD_DIR (or whose notes lie there), and the folders that were made for them and are empty now.
 # Nothing else is touched: the user's sounds and settings lie elsewhere.
-set(manifest "${BUILD_DIR}/install_manifest.txt")
+set(manifest "${BUILD_DIR}/install_files.txt")
 set(notes "${BUILD_DIR}/install_folders.txt")
 if(NOT EXISTS "${manifest}")
     message(FATAL_ERROR "Nothing was installed from here: there is no ${manifest}")
@@ -32,4 +32,4 @@ foreach(folder IN LISTS folders)
         file(REMOVE_RECURSE "${path}")
     endif()
 endforeach()
-file(REMOVE "${manifest}" "${notes}")
+file(REMOVE "${manifest}" "${notes}" "${BUILD_DIR}/install_manifest.txt")

@@ -9,6 +9,8 @@ add_test(NAME docs/effects
 add_test(NAME docs/script-words
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/script_words.py
         $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR})
+add_test(NAME docs/man-lists
+    COMMAND Python3::Interpreter -B ${CMAKE_SOURCE_DIR}/tools/man-lists --check ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 set_tests_properties(docs/commands PROPERTIES TIMEOUT 1500)
 add_test(NAME check-layers/finds-breaches
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/check-layers.sh ${CMAKE_SOURCE_DIR})

@@ -2,7 +2,6 @@
 
 _murmelo_fx() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word index
-    local effects="none robot backwards high low fast drunk flip"
     local options="--list --measure --clean --no-clean --seed --out-dir --format --long --help --version"
 
     # bash takes the sign of --format=KIND for a word of its own.
@@ -43,7 +42,7 @@ _murmelo_fx() {
         esac
     done
     if ((index >= COMP_CWORD)); then
-        mapfile -t COMPREPLY < <(compgen -W "$effects" -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W "$("${COMP_WORDS[0]}" --list 2>/dev/null | cut -d ' ' -f 1)" -- "$current")
         return
     fi
     compopt -o filenames

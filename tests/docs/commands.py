@@ -137,7 +137,7 @@ class Folder:
         shutil.copytree(build + "/install", self.build + "/install", symlinks=True)
         for folder, _, names in os.walk(build):
             for name in names:
-                if name in ("cmake_install.cmake", "MakeFolders.cmake"):
+                if name in ("cmake_install.cmake", "MakeFolders.cmake", "NoteFiles.cmake"):
                     target = os.path.join(self.build, os.path.relpath(folder, build))
                     os.makedirs(target, exist_ok=True)
                     with open(os.path.join(folder, name), encoding="utf-8") as file:

@@ -41,21 +41,12 @@ def meant_by(name):
     return hint.group(1) if hint else name.lower()
 
 
-rows = [line.split(maxsplit=1) for line in said("--list").splitlines()]
-words = [row[0] for row in rows]
+words = [line.split()[0] for line in said("--list").splitlines()]
 if len(words) < 8:
     sys.exit(f"--list names too few effects: {words}")
 
 help_text = " ".join(said("--help").split())
 compare("--help", ", ".join(words), between(help_text, "EFFECT is one of: ", ";"))
-
-page = read("docs/man/murmelo-fx.1")
-compare("the man page", words, re.findall(r"^\.TP\n\.B (\w+)$", between(page, ".SH EFFECTS", ".SH OPTIONS"), re.M))
-
-bash = read("packaging/completion/murmelo-fx.bash")
-compare("completion for bash", words, between(bash, 'effects="', '"').split())
-zsh = between(read("packaging/completion/_murmelo-fx"), "effects=(", "\n)")
-compare("completion for zsh", rows, [row.split(":", 1) for row in re.findall(r"'(.*)'", zsh)])
 
 journeys = {path.stem.removeprefix("effect-"): path for path in (source / "tests/flows").glob("effect-*.txt")}
 compare("tests/flows/effect-*.txt", sorted(words), sorted(journeys))

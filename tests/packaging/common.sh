@@ -13,21 +13,11 @@ complain() {
     wrong=1
 }
 
-# stage BUILD DESTDIR PREFIX: installs as "cmake --install" does, but keeps the notes for uninstalling in $folder: those
-# of the build folder may be of an installation that somebody means to take away again.
+# stage BUILD DESTDIR PREFIX: installs, with the notes for uninstalling in $folder: those of the build folder may be of
+# an installation that somebody means to take away again.
 stage() {
-    local build=$1
-    sed -e "s#\"$build/\${CMAKE_INSTALL_MANIFEST}\"#\"$folder/install_manifest.txt\"#" \
-        -e "s#\"$build/MakeFolders.cmake\"#\"$folder/MakeFolders.cmake\"#" \
-        "$build/cmake_install.cmake" >"$folder/install.cmake"
-    sed "s#$build/install_folders.txt#$folder/install_folders.txt#" \
-        "$build/MakeFolders.cmake" >"$folder/MakeFolders.cmake"
-    if [ "$(grep -c "$folder" "$folder/install.cmake")" != 2 ]; then
-        echo "the script that installs does not look as it did" >&2
-        exit 1
-    fi
     # By somebody whose own files are private.
-    (umask 077 && DESTDIR=$2 cmake -DCMAKE_INSTALL_PREFIX="$3" -P "$folder/install.cmake") >"$folder/log" 2>&1 ||
+    (umask 077 && DESTDIR=$2 MURMELO_INSTALL_NOTES=$folder cmake --install "$1" --prefix "$3") >"$folder/log" 2>&1 ||
         complain "installing failed: $(cat "$folder/log")"
 }
 

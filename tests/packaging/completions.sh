@@ -1,16 +1,19 @@
 #!/usr/bin/env bash
-# What bash and zsh offer for a program: every option that it has, and no other; its effects, files and folders.
+# What bash, zsh and fish offer for a program: every option that it has, and no other; its effects, files and folders.
 #
 #   completions.sh PROGRAM SOURCE
 program=$(realpath "$1") source=$(realpath "$2")
 # shellcheck source=tests/packaging/common.sh
 . "$(dirname "$0")/common.sh"
 name=$(basename "$program")
+export PATH=${program%/*}:$PATH # the effects and the devices are those that the program names
 for_bash=$source/packaging/completion/$name.bash
 for_zsh=$source/packaging/completion/_$name
+for_fish=$source/packaging/completion/$name.fish
 
 bash -n "$for_bash" || complain "$for_bash does not parse"
 zsh -n "$for_zsh" || complain "$for_zsh does not parse"
+fish --no-execute "$for_fish" || complain "$for_fish does not parse"
 
 "$program" --help | sed -n '/^Options:/,/^$/p' | grep -oE -- '--[a-z][a-z-]*' | sort -u >"$folder/helped"
 [ "$(wc -l <"$folder/helped")" -ge 6 ] || complain "--help names too few options: $(cat "$folder/helped")"
@@ -22,7 +25,8 @@ offered() {
         source "$1"
         shift
         COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMPREPLY=()
-        "$(complete -p "$(basename "$1")" | sed "s/.*-F \([^ ]*\) .*/\1/")"
+        read -ra how < <(complete -p "$(basename "$1")") # complete -F FUNCTION NAME
+        "${how[2]}"
         printf "%s\n" "${COMPREPLY[@]}"' - "$for_bash" "$@"
 }
 
@@ -36,9 +40,25 @@ expect() { # WANTED WORD...: what bash offers, in one line
 offered "$name" -- | sort >"$folder/bash"
 diff "$folder/helped" "$folder/bash" || complain "--help (<) and bash (>) have other options"
 
+# The words that fish offers for the last of a line.
+offered_by_fish() { # LINE
+    # shellcheck disable=SC2016  # fish expands them
+    XDG_CONFIG_HOME=$folder/fish XDG_DATA_HOME=$folder/fish HOME=$folder/fish \
+        fish --no-config -c 'source $argv[1]; complete -C $argv[2]' "$for_fish" "$1" 2>>"$folder/fish-error" | cut -f 1 | sort -u
+}
+
+expect_of_fish() { # WANTED LINE
+    local got
+    got=$(offered_by_fish "$2" | tr '\n' ' ')
+    [ "${got% }" = "$1" ] || complain "fish completes '$2' to '$got' and not to '$1'"
+}
+
+offered_by_fish "$name --" | grep -E -- '^--[a-z]' >"$folder/fish-options"
+diff "$folder/helped" "$folder/fish-options" || complain "--help (<) and fish (>) have other options"
+
 # A zsh in a terminal of its own, asked by the tab key; where there are no such terminals, its options are read.
 if zsh -fc 'zmodload zsh/zpty && zpty probe true' 2>/dev/null; then
-    zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" >"$folder/zsh-said"
+    zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" --help >"$folder/zsh-said"
     tr -s '[:space:]' '\n' <"$folder/zsh-said" | grep -E -- '^--[a-z]' | sort -u >"$folder/zsh"
 else
     echo "no pseudo terminals: the tab key of zsh is not tried"
@@ -53,6 +73,16 @@ case $name in
 murmelo-fx)
     effects=$("$program" --list | cut -d ' ' -f 1 | sort | tr '\n' ' ')
     expect "${effects% }" "$name" ""
+    expect_of_fish "${effects% }" "$name "
+    expect_of_fish robot "$name --seed 5 --long r"
+    expect_of_fish voice.wav "$name robot vo"
+    expect_of_fish voice.wav "$name --measure vo"
+    expect_of_fish flac "$name robot --format f"
+    if [ -s "$folder/zsh-said" ]; then
+        zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name " robot |
+            tr -s '[:space:]' '\n' | grep -xE '[a-z]+' | sort | tr '\n' ' ' >"$folder/zsh-effects"
+        [ "$(cat "$folder/zsh-effects")" = "$effects" ] || complain "zsh offers $(cat "$folder/zsh-effects") and not $effects"
+    fi
     expect robot "$name" r
     expect robot "$name" --seed 5 r
     expect robot "$name" --seed = 5 r
@@ -78,16 +108,24 @@ murmelo)
 printf 'Microphones:\n  Headset Mono\n  Built-in\nSpeakers:\n  Hall\n'
 END
     chmod +x murmelo
-    (PATH=$PWD:$PATH && expect "Headset Mono" "$name" --microphone H && exit $wrong) || wrong=1
-    (PATH=$PWD:$PATH && expect "Hall" "$name" --speaker "" && exit $wrong) || wrong=1
+    PATH=$PWD:$PATH
+    expect "Headset Mono" "$name" --microphone H
+    expect_of_fish "Headset Mono" "$name --microphone H"
+    expect "Hall" "$name" --speaker ""
+    expect_of_fish "Hall" "$name --speaker "
     printf '#!/bin/sh\nprintf "Microphones:\\n  (none)\\nSpeakers:\\n  (none)\\n"\n' >murmelo
-    (PATH=$PWD:$PATH && expect "" "$name" --speaker "" && exit $wrong) || wrong=1
+    expect "" "$name" --speaker ""
+    expect_of_fish "" "$name --speaker "
+    expect_of_fish "some folder/" "$name --home so"
     ;;
 murmelo-headless)
     expect verse.txt "$name" ve
     expect "some folder" "$name" --home ""
     expect "some folder" "$name" --config = ""
     expect "" "$name" --clock-start ""
+    expect_of_fish verse.txt "$name ve"
+    expect_of_fish "some folder/" "$name --home so"
     ;;
 esac
+[ ! -s "$folder/fish-error" ] || complain "fish: $(cat "$folder/fish-error")"
 exit $wrong

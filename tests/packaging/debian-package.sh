@@ -37,6 +37,7 @@ for program in murmelo murmelo-headless murmelo-fx; do
     "$root/usr/bin/$program" --version | grep -q "$program $version" || complain "$program is of another version"
     [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || complain "zsh does not find how to complete $program"
     [ -f "$root/usr/share/bash-completion/completions/$program" ] || complain "bash does not know how to complete $program"
+    [ -f "$root/usr/share/fish/vendor_completions.d/$program.fish" ] || complain "fish does not know how to complete $program"
     [ -f "$root/usr/share/man/man1/$program.1.gz" ] || complain "$program has no man page"
     [ "$hardened" = ON ] && { "$(dirname "$0")/hardening.sh" "$root/usr/bin/$program" || wrong=1; }
 done

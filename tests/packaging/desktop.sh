@@ -37,7 +37,10 @@ for type in audio/x-wav audio/flac audio/ogg; do
 done
 
 python3 "$source/tests/packaging/metainfo.py" "$metainfo" "$version" "$(basename "$entry")" "$(value MimeType)" "${languages[@]}" || wrong=1
-for program in $(sed -n 's#.*<binary>\(.*\)</binary>.*#\1#p' "$metainfo"); do
+binaries=$(python3 -c 'import sys, xml.etree.ElementTree as tree
+print(*[one.text for one in tree.parse(sys.argv[1]).iter("binary")])' "$metainfo")
+[ -n "$binaries" ] || complain "the metainfo promises no program"
+for program in $binaries; do
     [ -x "$folder/stage/usr/bin/$program" ] || complain "the metainfo promises $program"
 done
 [ "$("$folder/stage/usr/bin/murmelo" --version)" = "murmelo $version" ] || complain "the program has another version"

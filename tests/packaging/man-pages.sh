@@ -31,7 +31,8 @@ murmelo-fx)
 esac
 if [ "$name" != murmelo-fx ]; then
     sed -n '/^ENVIRONMENT/,/^FILES/p' "$folder/text" >"$folder/environment"
-    variables=$(grep -ohE '"(MURMELO|XDG)_[A-Z_]*"' "$source/src/platform/files/ProgramFolders.cpp" | tr -d '"' | sort -u)
+    # The finished program knows their names.
+    variables=$(grep -aohE '\b(MURMELO_(HOME|DATA|CONFIG)|XDG_(CONFIG|DATA|CACHE|STATE)_HOME)\b' "$program" | sort -u)
     [ "$(wc -w <<<"$variables")" -ge 4 ] || complain "too few variables: $variables"
     for variable in $variables; do
         grep -q "$variable" "$folder/environment" || complain "the variable $variable is not explained"
