@@ -77,7 +77,7 @@ judge() {
         complain "standard error is \"$(cat stderr)\", wanted one line with \"$error\""
     fi
     wanted=$(said left "$part" | tr ' ' '\n' | sed '/^$/d' | sort)
-    line=$(ls -A home/Murmelo/ 2>/dev/null | sort)
+    line=$(find home/Murmelo/ -mindepth 1 -maxdepth 1 -printf '%f\n' 2>/dev/null | sort)
     [ "$line" = "$wanted" ] || complain "left \"${line//$'\n'/ }\" instead of \"${wanted//$'\n'/ }\""
     while read -r first second; do
         cmp -s "home/Murmelo/$first" "home/Murmelo/$second" || complain "$first is not $second"

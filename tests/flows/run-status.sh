@@ -33,14 +33,12 @@ expect() {
     fi
 }
 
-run() {
-    echo "$program --home home --config config"
-}
+run=("$program" --home home --config config)
 
 # A script of one line that fails.
 line() {
     echo "$3" >line
-    expect "$1" "line 1: $2" $(run) line
+    expect "$1" "line 1: $2" "${run[@]}" line
 }
 
 case $1 in
@@ -54,11 +52,11 @@ script-mistakes)
     line 2 '"lose" wants microphone or speaker' 'lose voice'
     line 2 'there is no screen "Menu", only Splash, FirstLang, ' 'until Menu'
     line 2 'there is no operation "Write", only AppRegistry.Write, ' 'fail Write 1'
-    expect 2 'the script "none" cannot be read' $(run) none
+    expect 2 'the script "none" cannot be read' "${run[@]}" none
     head -c 4096 /dev/urandom | tr -d '#\n' | sed 's/^/x/' >noise
-    expect 2 'line 1: there is no command' $(run) noise
+    expect 2 'line 1: there is no command' "${run[@]}" noise
     printf 'expect screen FirstLang\n\n# fine\nwait\n' >fourth
-    expect 2 'line 4: "wait" wants more' $(run) fourth
+    expect 2 'line 4: "wait" wants more' "${run[@]}" fourth
     ;;
 usage)
     for words in '' '--nonsense fine' '--clock-start x fine' 'fine fine'; do
@@ -83,13 +81,13 @@ failed-expectations)
     line 1 'the microphone is not in use' 'lose microphone'
     line 1 'the speaker is not in use' 'lose speaker'
     printf 'key middle\nexpect screen Splash\nstill 2000\nstill 2000\n' >awake
-    expect 1 'line 4: something is due in 1000 ms' $(run) awake
+    expect 1 'line 4: something is due in 1000 ms' "${run[@]}" awake
     rm config/*
     mkdir -p home/Murmelo
     touch home/Murmelo/a.wav
     line 1 'expected no file "a.wav", there is one' 'expect no file a.wav'
     printf 'key right\nuntil Splash\n' >ended
-    expect 1 'line 2: the program has ended' $(run) ended
+    expect 1 'line 2: the program has ended' "${run[@]}" ended
     line 2 'the sound "fine" cannot be read' 'mic fine'
     line 2 'the sound "/nowhere/a.wav" cannot be written' 'speaker /nowhere/a.wav'
     line 2 '"/nowhere/a.png" cannot be written' 'shot /nowhere/a.png'
@@ -123,8 +121,8 @@ settings-not-writable)
     ;;
 second-instance)
     expect 1 'Murmelo is already running with the home folder' \
-        flock -n home/.murmelo.lock $(run) fine
-    expect 0 '' $(run) fine
+        flock -n home/.murmelo.lock "${run[@]}" fine
+    expect 0 '' "${run[@]}" fine
     mkdir other
     expect 0 '' flock -n home/.murmelo.lock "$program" --home other --config config fine
     ;;
@@ -132,28 +130,28 @@ sound-folder)
     # Whatever is wrong with it, the sentence names it, and then comes the message of the screen.
     printf 'key middle\nexpect screen MessageAndQuit\nkey middle\nexpect ended\n' >refused
     ln -s "$folder/disk/sounds" home/Murmelo
-    expect 0 "the folder \"$folder/disk/sounds\" cannot be made: No such file or directory" $(run) refused
+    expect 0 "the folder \"$folder/disk/sounds\" cannot be made: No such file or directory" "${run[@]}" refused
     rm -r home/Murmelo config
     touch home/Murmelo
-    expect 0 "the folder \"$folder/home/Murmelo\" cannot be made: File exists" $(run) refused
+    expect 0 "the folder \"$folder/home/Murmelo\" cannot be made: File exists" "${run[@]}" refused
     rm -r home/Murmelo config
     mkdir disk
     ln -s "$folder/disk/sounds" home/Murmelo
     printf 'key middle\nuntil Options\n' >menu
-    expect 0 '' $(run) menu
+    expect 0 '' "${run[@]}" menu
     [ -d disk/sounds ] || wrong=1
     rm -r disk/sounds config
     touch disk/sounds
-    expect 0 "the folder \"$folder/disk/sounds\" cannot be made: File exists" $(run) refused
+    expect 0 "the folder \"$folder/disk/sounds\" cannot be made: File exists" "${run[@]}" refused
     ;;
 lock-in-the-way)
     echo precious >mine
     ln -s ../mine home/.murmelo.lock
-    expect 1 '.murmelo.lock" is not the file that keeps a second program out' $(run) fine
+    expect 1 '.murmelo.lock" is not the file that keeps a second program out' "${run[@]}" fine
     [ "$(cat mine)" = precious ] && [ -L home/.murmelo.lock ] || wrong=1
     rm home/.murmelo.lock
     mkfifo home/.murmelo.lock
-    expect 1 '.murmelo.lock" is not the file that keeps a second program out' $(run) fine
+    expect 1 '.murmelo.lock" is not the file that keeps a second program out' "${run[@]}" fine
     [ -p home/.murmelo.lock ] || wrong=1
     ;;
 remove-stays-inside)
@@ -167,22 +165,22 @@ remove-stays-inside)
     touch home/Murmelo/a.wav
     ln -s ../outside home/Murmelo/link
     printf 'remove a.wav\nremove link\nexpect no file a.wav\n' >inside
-    expect 0 '' $(run) inside
+    expect 0 '' "${run[@]}" inside
     [ -e home/outside ] || wrong=1
     ;;
 odd-scripts)
     mkfifo pipe
     cat fine >pipe &
-    expect 0 '' $(run) pipe
+    expect 0 '' "${run[@]}" pipe
     wait
-    expect 0 '' bash -c "$(run) - <fine"
-    expect 0 '' bash -c "cat fine | $(run) -"
-    expect 0 '' bash -c "$(run) <(cat fine)"
-    expect 2 'the script "home" cannot be read: Is a directory' $(run) home
-    expect 2 'the script "-" cannot be read: Is a directory' bash -c "$(run) - <home"
-    expect 2 'the script "-" cannot be read: Bad file descriptor' bash -c "$(run) - <&-"
+    expect 0 '' bash -c '"$@" - <fine' _ "${run[@]}"
+    expect 0 '' bash -c 'cat fine | "$@" -' _ "${run[@]}"
+    expect 0 '' bash -c '"$@" <(cat fine)' _ "${run[@]}"
+    expect 2 'the script "home" cannot be read: Is a directory' "${run[@]}" home
+    expect 2 'the script "-" cannot be read: Is a directory' bash -c '"$@" - <home' _ "${run[@]}"
+    expect 2 'the script "-" cannot be read: Bad file descriptor' bash -c '"$@" - <&-' _ "${run[@]}"
     # It opens, and its first byte cannot be read.
-    expect 2 'the script "/proc/self/mem" cannot be read: Input/output error' $(run) /proc/self/mem
+    expect 2 'the script "/proc/self/mem" cannot be read: Input/output error' "${run[@]}" /proc/self/mem
     ;;
 odd-sounds)
     mkfifo pipe
@@ -190,7 +188,7 @@ odd-sounds)
         line 2 "the sound \"$name\" cannot be read: it is a" "mic $name"
     done
     printf 'key middle\nuntil Options\ntake pipe\n' >taken
-    expect 2 'line 3: the sound "pipe" cannot be read: it is a pipe' $(run) taken
+    expect 2 'line 3: the sound "pipe" cannot be read: it is a pipe' "${run[@]}" taken
     for name in pipe home /dev/zero; do
         expect 1 "the sound \"$name\" cannot be read: it is a" \
             "$(dirname "$program")/murmelo" --home home --config config $name
@@ -200,22 +198,22 @@ settings-out-of-reach)
     # The language holds for this run, and nothing is written.
     printf 'tap 240 432\nkey middle\nexpect screen Splash\nuntil Options\n' >spanish
     mkfifo config/settings
-    expect 0 'config/settings" cannot be read and stay as they are: it is a pipe' $(run) spanish
+    expect 0 'config/settings" cannot be read and stay as they are: it is a pipe' "${run[@]}" spanish
     [ -p config/settings ] && [ "$(ls config)" = settings ] || wrong=1
     rm config/settings
     ln -s /proc/self/mem config/settings
-    expect 0 'cannot be read and stay as they are: Input/output error' $(run) spanish
+    expect 0 'cannot be read and stay as they are: Input/output error' "${run[@]}" spanish
     [ -L config/settings ] && [ "$(ls config)" = settings ] || wrong=1
     ;;
 settings-elsewhere)
     printf 'tap 240 432\nkey middle\nexpect screen Splash\n' >spanish
     mkdir dotfiles
     ln -s "$folder/dotfiles/murmelo" config/settings
-    expect 0 '' $(run) spanish
+    expect 0 '' "${run[@]}" spanish
     [ -L config/settings ] && [ "$(cat dotfiles/murmelo)" = lang=2 ] || wrong=1
-    [ "$(ls config dotfiles | tr '\n' ' ')" = 'config: settings  dotfiles: murmelo ' ] || wrong=1
+    [ "$(echo config/* dotfiles/*)" = 'config/settings dotfiles/murmelo' ] || wrong=1
     echo 'expect screen Splash' >later
-    expect 0 '' $(run) later
+    expect 0 '' "${run[@]}" later
     ;;
 *)
     echo "there is no case \"$1\"" >&2

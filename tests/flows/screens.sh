@@ -9,13 +9,13 @@ trap 'rm -rf "$folder"' EXIT
 
 # A later start in this language: the rest of the script comes on standard input.
 run() {
-    rm -rf "$folder/home" "$folder/config"
+    rm -rf "${folder:?}/home" "$folder/config"
     mkdir -p "$folder/config"
     echo "lang=$lang" >"$folder/config/settings"
     "$headless" --home "$folder/home" --config "$folder/config" "$@" -
 }
 
-rm -rf "$folder/home" "$folder/config"
+rm -rf "${folder:?}/home" "$folder/config"
 row=$((306 + 62 * lang))  # of the language list, on the display
 # English has the focus already: a touch on it would choose it.
 "$headless" --home "$folder/home" --config "$folder/config" - <<END

@@ -23,8 +23,10 @@ size() {
 case $1 in
 makes-a-font)
     font=$4
-    "$program" "$font" 15 small.bmf && "$program" "$font" 15 again.bmf && "$program" --name Other "$font" 30 large.bmf ||
+    if ! "$program" "$font" 15 small.bmf || ! "$program" "$font" 15 again.bmf ||
+        ! "$program" --name Other "$font" 30 large.bmf; then
         complain "no font was made"
+    fi
     cmp small.bmf again.bmf || complain "the same font is another one the second time"
     for file in small.bmf large.bmf; do
         [ "$(head -c 3 $file)" = BMF ] || complain "$file is no bitmap font"
@@ -34,8 +36,10 @@ makes-a-font)
     grep -q Other large.bmf || complain "the font has not the name that was given"
     ;;
 shows-everything)
-    "$program" all.png && "$program" --scale 2 twice.png && "$program" --data "$source/tests/tools" empty.png ||
+    if ! "$program" all.png || ! "$program" --scale 2 twice.png ||
+        ! "$program" --data "$source/tests/tools" empty.png; then
         complain "no sheet was written"
+    fi
     read -r width height < <(size all.png)
     read -r twice_width twice_height < <(size twice.png)
     read -r empty_width empty_height < <(size empty.png)

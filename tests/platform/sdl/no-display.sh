@@ -4,6 +4,7 @@ set -u
 program=$(realpath "$1")
 folder=$(mktemp -d)
 running=
+# shellcheck disable=SC2317  # called by the trap
 clean() {
     [ -z "$running" ] || kill -KILL "$running" 2>/dev/null
     rm -rf "$folder"

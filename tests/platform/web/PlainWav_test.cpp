@@ -13,7 +13,8 @@ namespace {
 /// A WAV file of one format, chunk by chunk.
 class File {
 public:
-    File() { bytes = {'R', 'I', 'F', 'F', 0, 0, 0, 0, 'W', 'A', 'V', 'E'}; }
+    File()
+        : bytes{'R', 'I', 'F', 'F', 0, 0, 0, 0, 'W', 'A', 'V', 'E'} {}
 
     File& chunk(const char* name, const std::vector<uint8_t>& content) {
         bytes.insert(bytes.end(), name, name + 4);

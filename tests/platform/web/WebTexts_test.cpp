@@ -11,7 +11,8 @@ TEST(WebTexts, quotesWhatJsonWantsQuoted) {
 
 TEST(WebTexts, nameTheFieldsOfAScreen) {
     ScreenTexts texts;
-    texts.language = std::string("de");  // a literal confuses gcc's search for what is not initialised
+    texts.language =
+        std::string("de");  // a literal confuses gcc's search for what is not initialised
     texts.screen = "Options";
     texts.entries = {{"Aufnahme", {10, 89, 220, 31}, true}};
     texts.progressQ10 = 512;

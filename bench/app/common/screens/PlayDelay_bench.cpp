@@ -136,7 +136,7 @@ void play(benchmark::State& state, int32_t effect) {
 }
 
 const bool kRegistered = [] {
-    for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+    for (int32_t effect = 0; effect != FxCatalogue::kCount; effect++) {
         const std::string name = std::string("fromPlayToSound/") + FxCatalogue::at(effect).word;
         benchmark::RegisterBenchmark(name.c_str(), play, effect)
             ->UseManualTime()

@@ -1,8 +1,8 @@
-#include "Assembly.h"
 #include "ScreensTest.h"
 
 #include "AppImage.h"
 #include "Arithmetic.h"
+#include "Assembly.h"
 #include "Event.h"
 #include "FileOps.h"
 #include "G.h"

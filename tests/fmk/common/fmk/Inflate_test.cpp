@@ -35,7 +35,8 @@ uint32_t bigEndian(const Bytes& bytes, size_t at) {
 /// The compressed rows of a PNG file.
 Bytes dataOf(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
-    const Bytes bytes{std::istreambuf_iterator<char>(file), {}};
+    Bytes bytes;
+    bytes.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     Bytes data;
     for (size_t at = 8; at + 12 <= bytes.size(); at += bigEndian(bytes, at) + 12) {
         if (std::memcmp(&bytes[at + 4], "IDAT", 4) == 0) {
