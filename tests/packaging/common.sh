@@ -1,5 +1,5 @@
 # What the tests of the packaging share: a folder of their own, and complaints that are counted. Sourced.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "wrong" and set "source"
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 export MANWIDTH=80
