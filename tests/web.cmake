@@ -4,8 +4,8 @@ add_test(NAME web/serve-web
 set_tests_properties(web/serve-web PROPERTIES TIMEOUT 930)
 
 if(MURMELO_WEB)
-    if(NOT MURMELO_CHROMIUM)
-        message(FATAL_ERROR "MURMELO_WEB needs chromium: tools/install-packages web")
+    if(NOT MURMELO_CHROMIUM OR NOT MURMELO_EMCC)
+        message(FATAL_ERROR "MURMELO_WEB needs chromium and emscripten: tools/install-packages web")
     endif()
     # browser_test(name FILE ...): runs a script of tests/web in Chromium.
     function(browser_test name)
@@ -17,11 +17,6 @@ if(MURMELO_WEB)
     browser_test(harness harness_test.py)
 
     # The page itself, built by its own preset beside this build.
-    find_program(MURMELO_EMCC emcc)
-    mark_as_advanced(MURMELO_EMCC)
-    if(NOT MURMELO_EMCC)
-        message(FATAL_ERROR "MURMELO_WEB needs emscripten: tools/install-packages web")
-    endif()
     add_test(NAME web/page COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/web/build-page.sh ${CMAKE_SOURCE_DIR})
     set_tests_properties(web/page PROPERTIES
         LABELS browser TIMEOUT 1500 FIXTURES_SETUP page RESOURCE_LOCK page-build)

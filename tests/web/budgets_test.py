@@ -132,7 +132,7 @@ class Times(PageTest):
         write_wav(voice, noisy(read_wav(SPEECH)[0] * 4)[:TAKE_BYTES])
         page.use(voice)
         times = {effect: [] for effect in EFFECTS}
-        for _ in range(3):
+        for _ in range(2):
             for effect in EFFECTS:
                 page.rest()
                 times[effect].append(self.tab.evaluate(_WORKING))
