@@ -29,5 +29,5 @@ foreach(bits 31 32)
         COMMAND flows/clock.sh $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR} ${bits}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(flow-clock/${bits} PROPERTIES
-        TIMEOUT 3600)
+        TIMEOUT 3600 LABELS slow)
 endforeach()
