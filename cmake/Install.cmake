@@ -26,6 +26,10 @@ set(murmelo_folders
     ${CMAKE_INSTALL_DATADIR}/applications
     ${CMAKE_INSTALL_DATADIR}/metainfo
     ${CMAKE_INSTALL_MANDIR}/man1
+    ${CMAKE_INSTALL_MANDIR}/de/man1
+    ${CMAKE_INSTALL_MANDIR}/es/man1
+    ${CMAKE_INSTALL_MANDIR}/fr/man1
+    ${CMAKE_INSTALL_MANDIR}/it/man1
     ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
     ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
@@ -78,6 +82,17 @@ foreach(program murmelo murmelo-headless murmelo-fx)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT byhand)
     install(FILES packaging/completion/_${program}
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT debian EXCLUDE_FROM_ALL)
+endforeach()
+
+# The pages of the programs that people without English use, too.
+foreach(language de es fr it)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install/${language})
+    foreach(program murmelo murmelo-fx)
+        set(page ${CMAKE_BINARY_DIR}/install/${language}/${program}.1.gz)
+        murmelo_gzip(${CMAKE_SOURCE_DIR}/docs/man/${language}/${program}.1 ${page})
+        list(APPEND murmelo_zipped ${page})
+        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/${language}/man1)
+    endforeach()
 endforeach()
 
 # Whose work is in here, and on what terms.

@@ -16,6 +16,10 @@ add_test(NAME packaging/desktop-entry-and-metainfo
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 list(APPEND packaging_tests packaging/desktop-entry-and-metainfo)
 
+add_test(NAME packaging/man-pages-translated
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/packaging/translations.py ${CMAKE_SOURCE_DIR})
+list(APPEND packaging_tests packaging/man-pages-translated)
+
 foreach(program murmelo murmelo-headless murmelo-fx)
     foreach(paper man-pages completions)
         add_test(NAME packaging/${paper}-${program}

@@ -41,6 +41,11 @@ for program in murmelo murmelo-headless murmelo-fx; do
     [ -f "$root/usr/share/man/man1/$program.1.gz" ] || complain "$program has no man page"
     [ "$hardened" = ON ] && { "$(dirname "$0")/hardening.sh" "$root/usr/bin/$program" || wrong=1; }
 done
+for language in de es fr it; do
+    for program in murmelo murmelo-fx; do
+        [ -f "$root/usr/share/man/$language/man1/$program.1.gz" ] || complain "$program has no man page in $language"
+    done
+done
 journey "$root/usr"
 expect_robot "$root/usr" "$folder/elsewhere/heard.wav"
 as_root --purge murmelo

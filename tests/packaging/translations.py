@@ -1,0 +1,96 @@
+#!/usr/bin/env python3
+"""translations.py SOURCE: the man pages in other languages say what the English ones say, as far as a program can tell.
+
+A translation has the sections, paragraphs and entries of the English page in their order, the same options, effects,
+variables and files as their tags, the same numbers, and the same examples. No sentence is left in English, and each page
+renders without a warning.
+"""
+import os
+import re
+import subprocess
+import sys
+
+LANGUAGES = ("de", "es", "fr", "it")
+PAGES = ("murmelo", "murmelo-fx")
+
+
+def without_examples(text):
+    return re.sub(r"^\.EX\n.*?^\.EE\n", "", text, flags=re.M | re.S)
+
+
+def structure(text):
+    """The macros that begin something, and the lists that are in the English page only as comments."""
+    return re.findall(r"^\.(SH|SS|TP|PP|EX|EE|RS|RE|br)\b", text, re.M)
+
+
+def tags(text):
+    """What is typed as it stands: options, names in capitals or with a point or an underline, effects."""
+    found = []
+    for tag in re.findall(r"^\.TP\n(.*)$", text, re.M):
+        found += re.findall(r"\\-\\-[a-z\\-]+|\\-h\b|\b[A-Z]{3,}_[A-Z_]+|DISPLAY\b|[\w~/.]*[_/.][\w/.]*[a-z]|^\.B [a-z]+$|\bF\d+\b|^\.B \d$",
+                            tag)
+    # The names of files and of values that are arguments are translated.
+    return [name for name in found if name not in (".BI", ".BR", ".B", ".I", ".IR", ".RB") and not name.endswith(".wav")]
+
+
+def numbers(text):
+    return sorted(re.findall(r"(?<![\w.,\\])\d{2,}(?![\w,.]\d)", without_examples(text)))
+
+
+def sentences(text):
+    return {line for line in without_examples(text).splitlines() if not line.startswith((".", "'")) and len(line) > 12}
+
+
+def examples(text):
+    return re.findall(r"^\.EX\n.*?^\.EE\n", text, re.M | re.S)
+
+
+def warnings(path):
+    environment = dict(os.environ, MANROFFSEQ="", MANWIDTH="80", LC_ALL="C.UTF-8")
+    said = ""
+    for command in (["groff", "-Kutf8", "-ww", "-man", "-Tutf8", path],
+                    ["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", path]):
+        done = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, check=False)
+        said += done.stderr.decode()
+        if done.returncode or not done.stdout:
+            said += "%s fails\n" % command[0]
+    return said
+
+
+def complaints(path, page, english, translated):
+    for what, read in (("its parts", structure), ("the tags of its entries", tags), ("the numbers", numbers),
+                       ("the examples", examples)):
+        wanted, found = read(english), read(translated)
+        if wanted != found:
+            missing = [one for one in wanted if one not in found]
+            more = [one for one in found if one not in wanted]
+            yield "%s are not those of the English page: missing %s, besides %s" % (what, missing, more)
+    left = sorted(sentences(english) & sentences(translated))
+    if left:
+        yield "is left in English: %s" % left
+    said = warnings(path)
+    if said:
+        yield said
+    known = subprocess.run(["lexgrog", path], stdout=subprocess.PIPE, check=False).stdout.decode()
+    if '"%s - ' % page not in known:
+        yield "whatis would not find it: " + known
+
+
+def main(source):
+    wrong = 0
+    for page in PAGES:
+        with open("%s/docs/man/%s.1" % (source, page), encoding="utf-8") as file:
+            english = file.read()
+        for language in LANGUAGES:
+            path = "%s/docs/man/%s/%s.1" % (source, language, page)
+            with open(path, encoding="utf-8") as file:
+                translated = file.read()
+            for complaint in complaints(path, page, english, translated):
+                print("%s/%s.1: %s" % (language, page, complaint))
+                wrong += 1
+    sys.exit(1 if wrong else 0)
+
+
+if __name__ == "__main__":
+    main(os.path.realpath(sys.argv[1]))
