@@ -58,7 +58,7 @@ public:
         return got > 0 || wanted == 0 ? static_cast<int32_t>(got) : -1;
     }
 
-    bool hasFailed() const { return failed; }
+    bool hasFailed() override { return failed; }
 
 private:
     const InputFile& file;

@@ -101,7 +101,8 @@ TEST(SoundFile, stereoBecomesTheMeanOfItsChannels) {
 TEST(SoundFile, otherRatesAreConverted) {
     const TestFolders folders;
     for (const int32_t rateHz : {8000, 11025, 22050, 44100, 48000}) {
-        folders.write("voice.wav", TestSounds::wav(sine(rateHz, 440, rateHz), rateHz));
+        folders.write("voice.wav",
+                      TestSounds::wav(sine(rateHz, 440, rateHz), static_cast<uint32_t>(rateHz)));
         Samples read;
         EXPECT_EQ("", readWhole(folders.path("voice.wav"), read));
         EXPECT_EQ(16000U, read.size()) << rateHz;

@@ -259,7 +259,7 @@ TEST_F(MurmeloFxFiles, noLibraryTalksWhereASoundIsDamaged) {
 }
 
 TEST_F(MurmeloFxFiles, aLibraryWithoutAKindOfOutputIsToldBeforeAnythingIsDone) {
-    const auto without = [this](const std::vector<std::string>& arguments) {
+    const auto without = [](const std::vector<std::string>& arguments) {
         return ToolRunner()
             .before([] {
                 setenv("LD_PRELOAD", MURMELO_OLD_SNDFILE, 1);
@@ -372,7 +372,7 @@ TEST_F(MurmeloFxFiles, theOldTargetStaysWhereTheInputFails) {
 TEST_F(MurmeloFxFiles, theOldTargetStaysWhereTheDiskTakesNoMore) {
     for (const char* name : {"out/out.wav", "out/out.flac", "out/out.ogg"}) {
         const std::string out = file(name, "precious");
-        for (const rlim_t bytes : {0, 20, 1000}) {  // before, within and behind a header
+        for (const rlim_t bytes : {0UL, 20UL, 1000UL}) {  // before, within and behind a header
             const shell::Result result = ToolRunner()
                                              .before([bytes] { limitFiles(bytes); })
                                              .outputTo("/dev/null")
