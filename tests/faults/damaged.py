@@ -1,8 +1,8 @@
 """damaged.py settings|resources PROGRAM SOURCE: files that the program reads are damaged or missing when it starts.
 
 settings. Outcome: what cannot be read is put aside and the language is asked for; choosing it works and, where the
-folder allows, is remembered. resources: each picture and font in turn. Outcome: a journey through every screen as ever,
-with something missing from the picture; without the folder of the pictures one sentence.
+folder allows, is remembered. resources: each font in turn, and the pictures, four at a time. Outcome: a journey through
+every screen as ever, with something missing from the picture; without the folder of the pictures one sentence.
 """
 import os
 import random
@@ -59,6 +59,7 @@ expect ended
 BY_KEYS = JOURNEY.replace("tap 240 430\nkey middle\ntap 240 492\ntap 240 430\nkey right\n", "").replace(
     "tap 240 368\n", "key middle\n")
 MENU_FONT = "Res/bmf15.bmf"
+AT_ONCE = 4
 
 
 def files_below(folder):
@@ -91,23 +92,42 @@ def damages(path):
         return
     yield "one flipped byte", put(flipped(1))
     yield "a folder", lambda target: (os.unlink(target), os.mkdir(target))
-    for size in (0, 20, 57, len(whole) - 13):
-        yield "cut at %d" % size, put(whole[:max(size, 0)])
+    for size in (0, 20, 57):
+        yield "cut at %d" % size, put(whole[:size])
+    yield "the last 13 bytes cut off", put(whole[:-13])
+
+
+def journey_with(verdict, program, source, what, files):
+    """A journey with this damage to each of these files; files is a dictionary of what to do to the file of a name."""
+    with Place(program, source, settings=None) as place:
+        place.data = place.path("data")
+        for folder in ("Res", "framework"):
+            shutil.copytree(source + "/res/" + folder, place.data + "/" + folder, copy_function=shutil.copyfile)
+        for name, act in files.items():
+            act(place.data + "/" + name)
+        case = "%s, %s" % (" and ".join(files), what)
+        verdict.outcome(case, place.run(BY_KEYS if MENU_FONT in files else JOURNEY), ["done"])
+        verdict.check(list(place.sounds()) == ["rec_00000.wav"], "%s: left %s" % (case, list(place.sounds())))
+
+
+def groups(names):
+    """Fonts alone, and pictures in fours: those of a group are far from each other in the alphabet, so that they seldom
+    belong to one screen, and none hides what another one does."""
+    pictures = [name for name in names if name.endswith(".png")]
+    step = -(-len(pictures) // AT_ONCE)
+    return [[name] for name in names if name not in pictures] + [pictures[i::step] for i in range(step)]
 
 
 def resources(program, source):
     verdict = Verdict()
-    for original in files_below(source + "/res/Res") + files_below(source + "/res/framework"):
-        name = os.path.relpath(original, source + "/res")
-        for what, act in damages(original):
-            with Place(program, source, settings=None) as place:
-                place.data = place.path("data")
-                for folder in ("Res", "framework"):
-                    shutil.copytree(source + "/res/" + folder, place.data + "/" + folder)
-                act(place.data + "/" + name)
-                case = "%s, %s" % (name, what)
-                verdict.outcome(case, place.run(BY_KEYS if name == MENU_FONT else JOURNEY), ["done"])
-                verdict.check(list(place.sounds()) == ["rec_00000.wav"], "%s: left %s" % (case, list(place.sounds())))
+    originals = files_below(source + "/res/Res") + files_below(source + "/res/framework")
+    names = [os.path.relpath(original, source + "/res") for original in originals]
+    acts = {name: dict(damages(original)) for name, original in zip(names, originals)}
+    for group in groups(names):
+        kinds = dict.fromkeys(what for name in group for what in acts[name])  # each once, in their order
+        for what in kinds:
+            journey_with(verdict, program, source, what,
+                         {name: acts[name][what] for name in group if what in acts[name]})
     missing_folders(verdict, program, source)
     verdict.end()
 

@@ -4,7 +4,8 @@ Outcome: every sound in the folder, whether it was reported as saved or not, is 
 journey saves when nobody disturbs it; every sound that was reported is there. Then a start as ever: it clears up what
 the kill left, records, and saves under the next number.
 
-MURMELO_TEST_KILLS and MURMELO_TEST_SEED change the number and the journeys.
+There are fifty journeys, each killed four times. MURMELO_TEST_KILLS and MURMELO_TEST_SEED change the number of kills
+and the journeys.
 """
 import os
 import random
@@ -29,6 +30,9 @@ until Save
 expect file %s
 key middle
 """
+
+
+KILLS_OF_ONE_JOURNEY = 4
 
 
 class Journey:
@@ -87,10 +91,15 @@ class Killing:
             self.verdict.outcome(case + ", undisturbed", outcome, ["done"])
             return place.sounds(), seconds
 
-    def once(self, number):
+    def journey(self, number):
+        """One journey, killed at several moments."""
         case = "journey %d of seed %d" % (number, self.seed)
         script = Journey(self.chance).script()
         wanted, seconds = self.undisturbed(case, script)
+        for kill in range(KILLS_OF_ONE_JOURNEY):
+            self.once("%s, kill %d" % (case, kill), script, wanted, seconds)
+
+    def once(self, case, script, wanted, seconds):
         with Place(self.program, self.source) as place:
             process = place.start(script)
             try:
@@ -131,9 +140,9 @@ class Killing:
 def main(program, source):
     killing = Killing(program, source, int(os.environ.get("MURMELO_TEST_SEED", "1")))
     kills = int(os.environ.get("MURMELO_TEST_KILLS", "12" if sanitized() else "200"))
-    for number in range(kills):
-        killing.once(number)
-    print("%d journeys, %d of them over before the kill; %d sounds saved before it; left behind: %s"
+    for number in range(-(-kills // KILLS_OF_ONE_JOURNEY)):
+        killing.journey(number)
+    print("%d kills, %d journeys over before it; %d sounds saved before a kill; left behind: %s"
           % (kills, killing.after_the_end, killing.saved, killing.left))
     killing.verdict.end()
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# One journey through every screen, with the clock's 32 bits wrapping round at every half second of
-# it: what is seen, heard and kept is the same as with a clock that begins at 0.
+# One journey through every screen, with the clock's 32 bits wrapping round at every half second of it: what is seen,
+# heard and kept is the same as with a clock that begins at 0.
 #
 #   clock.sh PROGRAM SOURCE BITS
 #
@@ -75,6 +75,9 @@ still 500
 shot question.png
 key left
 expect screen Save
+END
+cp journey longer
+cat >>longer <<END
 key middle
 expect screen Options
 tap 240 368
@@ -91,16 +94,20 @@ key middle
 expect ended
 END
 
-# run NAME MS: the journey with a clock that begins at MS, in a folder of that name.
+# run JOURNEY NAME MS: a journey with a clock that begins at MS, in a folder of that name.
 run() {
-    mkdir "$1"
-    (cd "$1" && "$program" --home home --config config --clock-start "$2" ../journey)
+    mkdir "$2"
+    (cd "$2" && "$program" --home home --config config --clock-start "$3" "../$1")
 }
 
-run plain 0
+# Every fourth time, and when the clock wraps round in its last half, the journey goes on with a take of twenty seconds.
+run journey plain-journey 0
+run longer plain-longer 0
 wrong=0
 for ((beforeMs = 0; beforeMs <= 41000; beforeMs += beforeMs < 20000 ? 500 : 3000)); do
-    if ! run wrapped $((boundary - beforeMs)) || ! diff -r plain wrapped; then
+    journey=journey
+    ((beforeMs < 20000 && beforeMs % 2000 != 0)) || journey=longer
+    if ! run $journey wrapped $((boundary - beforeMs)) || ! diff -r "plain-$journey" wrapped; then
         echo "this is a clock that wraps round after $beforeMs ms" >&2
         wrong=1
     fi
