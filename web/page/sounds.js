@@ -44,8 +44,8 @@ export class Sounds {
         const bytes = this.page.core.program.FS.readFile(path);
         const isKept = await this.keep(path, { bytes, effect, when: Date.now() });
         if (isKept && SOUND.test(path)) {
-            const { saved, share } = this.page.words;
-            this.page.message.show({ text: `${saved}: ${this.nameOf(path)}`, label: share, act: () => this.hand(path) });
+            const words = this.page.words;
+            this.page.message.show({ text: `${words.saved}: ${this.nameOf(path)}`, label: words.share, act: () => this.hand(path) });
             navigator.storage?.persisted?.().then((stays) => stays || navigator.storage.persist()).catch(() => {});
         }
     }

@@ -43,9 +43,9 @@ export class Update {
     offer() {
         const inMenu = this.page.core.texts.screen === 'Options';
         if (this.waiting && inMenu && !this.told) {
-            const { newVersion, update } = this.page.words;
+            const words = this.page.words;
             const act = () => this.waiting?.postMessage('activate');
-            this.page.message.show({ text: newVersion, label: update, act, stays: true });
+            this.page.message.show({ text: words.newVersion, label: words.update, act, stays: true });
         } else if (this.told && !inMenu && this.page.message.text.textContent === this.page.words.newVersion) {
             this.page.message.hide();
         }
