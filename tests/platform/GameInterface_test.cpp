@@ -455,14 +455,14 @@ TEST_F(GameInterfaceTest, textsOfTheMenuAreItsEntriesAndKeys) {
 }
 
 TEST_F(GameInterfaceTest, aTouchOnTheMiddleOfAnEntryChoosesIt) {
-    const ScreenPlace& help = host.doors->texts().entries[1].place;
+    const ScreenPlace help = host.doors->texts().entries[1].place;
     touch(help.x + help.w / 2, help.y + help.h / 2);
     tick();
     const ScreenTexts texts = host.doors->texts();
     EXPECT_TRUE(texts.entries.empty()) << "the help covers the menu";
     EXPECT_NE("", texts.message);
     EXPECT_EQ("Ok", texts.softKeys[1].text);
-    const ScreenPlace& ok = texts.softKeys[1].place;
+    const ScreenPlace ok = texts.softKeys[1].place;
     touch(ok.x + ok.w / 2, ok.y + ok.h / 2);
     tick();
     EXPECT_EQ(3U, host.doors->texts().entries.size());
