@@ -16,6 +16,7 @@ public:
         /// A missing translation does not compile.
         template <typename... Text>
 
+        // NOLINTNEXTLINE(google-explicit-constructor): a row of a table
         requires(sizeof...(Text) == Languages::kCount) constexpr Row(const char* name,
                                                                      Text... texts)
             : name(name)

@@ -12,16 +12,16 @@
 struct Translations {
     template <typename... Text>
 
-    requires(sizeof...(Text) == Res::kLanguages) constexpr Translations(
-        Text... text)  // NOLINT(google-explicit-constructor): a list of texts
+    // NOLINTNEXTLINE(google-explicit-constructor): a list of texts
+    requires(sizeof...(Text) == Res::kLanguages) constexpr Translations(Text... text)
         : utf8{text...} {}
 
-    const char* utf8[Res::kLanguages];
+    const char* utf8[Res::kLanguages] = {};
 };
 
 struct StrTexts {
-    const char* name;  // of the id, without "str_"
-    int32_t* id;       // where Str keeps it
+    const char* name = nullptr;  // of the id, without "str_"
+    int32_t* id = nullptr;       // where Str keeps it
     Translations texts;
 
     /// The whole table; count becomes the number of its rows.
