@@ -1,9 +1,11 @@
 // A back end with folders and nothing else: no display, no clock, no sound.
 #pragma once
 
-#include "Host.h"
+#include "QuietHost.h"
 
-class GalleryHost : public Host {
+#include <string>
+
+class GalleryHost : public QuietHost {
 public:
     /// Installs itself for its lifetime.
     /// @param data        holds "Res" and "framework"
@@ -20,19 +22,7 @@ public:
 
     ~GalleryHost() override { install(nullptr); }
 
-    int64_t uptimeMs() override { return 0; }
-
-    int64_t ticksMs() override { return 0; }
-
-    void yielded() override {}
-
     const HostFolders& folders() override { return mapped; }
-
-    int64_t freePhoneBytes() override { return -1; }
-
-    bool pump(HostListener& /*listener*/, int64_t /*timeoutMs*/) override { return false; }
-
-    void frameShown(HostFrame* /*frame*/) override {}
 
 private:
     HostFolders mapped;
