@@ -249,7 +249,7 @@ class Browser:
         return page
 
 
-# The same on every machine: no sound card (Chromium then plays to nobody, in real time), no desktop.
+# The same on every machine: no sound card (Chromium then plays without a device, in real time), no desktop.
 _NO_SOUND_CARD = {"ALSA_CONFIG_PATH": os.devnull, "PULSE_SERVER": "unix:/nonexistent"}
 _DESKTOP = ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")
 # Everything but the browser itself, and the pages of which its own window is made.

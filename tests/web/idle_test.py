@@ -1,4 +1,4 @@
-"""A page that nobody touches does nothing."""
+"""A page that is not touched does nothing."""
 import time
 import unittest
 

@@ -1,5 +1,5 @@
 // @ts-check
-// The parts of the page that nobody needs before the first picture.
+// The parts of the page that are not needed before the first picture.
 
 export { Dialog } from './dialog.js';
 export { Ears } from './ears.js';

@@ -34,7 +34,7 @@ export class Message {
         this.countDown();
     }
 
-    /** What nobody can see waits until the page is seen again. */
+    /** Does not count while the page is hidden: the user could not read the message. */
     countDown() {
         clearTimeout(this.timer);
         if (this.shownMs && !document.hidden) {

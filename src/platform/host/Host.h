@@ -36,7 +36,7 @@ public:
     virtual void onTerminate() = 0;
 };
 
-/// The newest picture of the display. It is worked out only when somebody looks at it.
+/// The newest picture of the display. It is worked out only when a host looks at it.
 class HostFrame {
 public:
     static constexpr int32_t kWidthPx = 480;

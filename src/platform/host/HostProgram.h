@@ -1,5 +1,5 @@
-// The program as a host sees it whose time belongs to somebody else, as a browser's: begun, stepped
-// and ended by the host.
+// The program for a host that does not own its loop, as in a browser: the host begins, steps and
+// ends it.
 #pragma once
 
 class HostProgram {

@@ -32,24 +32,25 @@ public:
 
     virtual ~HostMicrophone() = default;
 
-    /// Whether start() has a chance. Opens nothing.
+    /// True if there is a device. Does not open it.
     virtual bool isThere() = 0;
 
     /// A recording will be offered: time to ask the user for the microphone, where that is needed.
     virtual void prepare() {}
 
-    /// The recording was made, or given up: nobody needs the microphone, nor what it has heard and
-    /// nobody took.
+    /// The recording was made, or given up: the program needs neither the microphone any more nor
+    /// the samples that it did not take.
     virtual void release() {}
 
-    /// Begins to listen; samples that nobody took before are forgotten. False if there is no such
-    /// device, or somebody listens already.
+    /// Begins to listen; samples that were not taken before are forgotten. False if there is no such
+    /// device, or it listens already.
     virtual bool start(HostMicrophoneListener& listener) = 0;
 
-    /// Listens no more and calls nobody any more. What was heard until now can still be taken.
+    /// Stops listening; the listener is not called any more. What was heard until now can still be
+    /// taken.
     virtual void stop() = 0;
 
-    /// Moves up to count of the oldest samples out; answers how many.
+    /// Moves up to count of the oldest samples out; returns how many.
     virtual int32_t take(int16_t* samples, int32_t count) = 0;
 };
 

@@ -1,8 +1,8 @@
 // Runs one application on the host: callbacks in, user events by need.
 //
-// A program that owns its time calls run(). One whose time belongs to somebody else, as in a
-// browser, calls begin(), then step() whenever the host has something to deliver or a due time has
-// come, and end() once step() has returned false.
+// A host that owns its loop calls run(). One that does not, as in a browser, calls begin(), then
+// step() whenever it has something to deliver or a due time has come, and end() once step() has
+// returned false.
 #pragma once
 
 #include "Host.h"

@@ -27,7 +27,7 @@ bool WebMicrophone::refused(int32_t answered) {
 
 void WebMicrophone::release() {
     asked = false;
-    ticket++;  // an answer that still comes is nobody's
+    ticket++;  // an answer that still comes is dropped
     page.releaseMicrophone();
 }
 

@@ -71,7 +71,7 @@ protected:
     ByteBuffer second;
 };
 
-/// Notes when it is asked for and when nobody needs it any more.
+/// Notes when it is asked for and when it is given back.
 class NotingEars : public FileMicrophone {
 public:
     using FileMicrophone::FileMicrophone;

@@ -28,7 +28,7 @@ public:
     void* get() override;
 
     /// The size of the AppImage, 0 x 0 if there is none. A file is read for it, but not decoded:
-    /// nobody may ever look at the picture.
+    /// many pictures are not painted for a long time, or never.
     void getSize(int32_t& width, int32_t& height);
 
     /// The next get() reads the file again, or makes a new blank picture. One that was made in
