@@ -4,6 +4,7 @@ murmelo_tests(device_tests
         app/common/frame/AudioDev_test.cpp
         platform/FileMicrophone_test.cpp
         platform/FileSpeaker_test.cpp
+        platform/QuietLibrary_test.cpp
         platform/SoundFile_test.cpp
         platform/headless/HeadlessSound_test.cpp
         platform/osp/OspBuffer_test.cpp
@@ -23,6 +24,7 @@ target_compile_definitions(web_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_
 
 murmelo_tests(sdl_tests
     SOURCES
+        platform/sdl/EventWait_test.cpp
         platform/sdl/PictureScaler_test.cpp
         platform/sdl/PngIcon_test.cpp
         platform/sdl/SdlDoors_test.cpp
@@ -32,6 +34,11 @@ murmelo_tests(sdl_tests
         platform/sdl/WindowMemory_test.cpp
     LINK murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
+
+# Where there is no display.
+add_test(NAME NoDisplay
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/no-display.sh $<TARGET_FILE:murmelo>)
+set_tests_properties(NoDisplay PROPERTIES TIMEOUT 600)
 
 # The window and its sound, on servers of their own: each case starts and ends them.
 find_package(X11 REQUIRED)

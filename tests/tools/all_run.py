@@ -1,0 +1,52 @@
+"""all_run.py SOURCE: every test that lies below tests and fuzz is run by somebody.
+
+A test that no build list names does not fail when it should: nobody notices. A file of C or C++ is named with its path
+in a .cmake file or in another script (fuzzers by their name alone), a script by its name there or in another test.
+"""
+import glob
+import os
+import re
+import sys
+
+LISTS = (".cmake", "CMakeLists.txt")
+SCRIPTS = (".sh", ".py")
+SOURCES = (".cpp", ".c")
+
+
+def files_below(source):
+    """Path below the source, to the text, of everything that a person wrote; what tests read as data is left out."""
+    found = {}
+    for folder in ("tests", "fuzz"):
+        for path in glob.glob(os.path.join(source, folder, "**", "*"), recursive=True):
+            name = os.path.relpath(path, source)
+            if os.path.isfile(path) and not name.startswith("tests/data/") and "__pycache__" not in name:
+                with open(path, encoding="utf-8", errors="replace") as file:
+                    found[name] = file.read()
+    return found
+
+
+def is_named(name, texts):
+    """True if a list of the build, or another script, has the file."""
+    stem = os.path.splitext(os.path.basename(name))[0]
+    if name.startswith("fuzz/"):
+        word, where = stem.removesuffix("_fuzz"), LISTS
+    elif name.endswith(SOURCES):
+        word, where = os.path.relpath(name, "tests"), LISTS
+    else:
+        word, where = stem, LISTS + SCRIPTS  # its ending may come from a loop, and Python's modules have none
+    return any(re.search(r"(?<![\w-])%s(?![\w-])" % re.escape(word), text)
+               for other, text in texts.items() if other != name and other.endswith(where))
+
+
+def main(source):
+    texts = files_below(source)
+    lost = [name for name in texts if name.endswith(SOURCES + SCRIPTS) and not is_named(name, texts)]
+    for name in sorted(lost):
+        print("%s: nothing runs it" % name)
+    if len(texts) < 100:
+        print("only %d files were found" % len(texts))
+    return 1 if lost or len(texts) < 100 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1]))
