@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <unistd.h>
 
@@ -57,4 +59,24 @@ TEST_F(QuietLibraryTest, aClosedStandardOutputStaysClosed) {
     close(kept);
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
     EXPECT_EQ("", testing::internal::GetCapturedStderr());
+}
+
+TEST(QuietLibraryDeathTest, aLibraryThatEndsTheProgramIsTold) {
+    EXPECT_EXIT(
+        {
+            const QuietLibrary quiet;
+            const QuietLibrary inner;
+            std::abort();
+        },
+        testing::KilledBySignal(SIGABRT),
+        "^[^:]*: the library that reads and writes sounds has ended the program\n$");
+}
+
+TEST(QuietLibraryDeathTest, anEndBeforeOrAfterItSaysNothingOfTheLibrary) {
+    EXPECT_EXIT(
+        {
+            { const QuietLibrary quiet; }
+            std::abort();
+        },
+        testing::KilledBySignal(SIGABRT), "^$");
 }

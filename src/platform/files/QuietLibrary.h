@@ -5,8 +5,8 @@
 #include <array>
 
 /// While one of these lives, whatever the process prints to standard output and standard error
-/// comes to nothing. Both are what they were before when it ends. Should the process abort
-/// meanwhile, inside the library, its last message may be lost as well.
+/// comes to nothing. Both are what they were before when it ends. Should the library abort the
+/// process meanwhile, its own message is lost, and one sentence says whose end that was.
 class QuietLibrary {
 public:
     QuietLibrary();
@@ -27,4 +27,5 @@ private:
     static void turnBack(const Turned& stream);
 
     std::array<Turned, 2> streams;
+    bool isOutermost = false;
 };
