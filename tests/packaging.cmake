@@ -4,6 +4,7 @@ murmelo_tests(program_tests
     LINK murmelo_files)
 
 foreach(case journey-from-staging-folder effects-from-staging-folder readable-by-everybody moved-tree
+        every-file-a-link folders-that-are-links
         window-program icons licences uninstalled-without-a-trace uninstalled-from-staging-folder)
     add_test(NAME packaging/${case}
         COMMAND packaging/installation.sh ${case} ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR}

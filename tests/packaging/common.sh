@@ -1,5 +1,5 @@
 # What the tests of the packaging share: a folder of their own, and complaints that are counted. Sourced.
-# shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "wrong" and set "source"
+# shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "wrong" and set "source" and "build"
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 export MANWIDTH=80
@@ -60,6 +60,17 @@ END
     cp "$source/res/sample/hello.wav" "$folder/elsewhere/"
     (cd "$folder/elsewhere" && HOME=$folder/user "$bin/murmelo-headless" robot.txt) ||
         complain "the journey failed with $bin/murmelo-headless"
+}
+
+# After a journey: its pictures, and so its fonts, are those of the build folder, to the byte.
+expect_same_pictures() {
+    mkdir "$folder/here"
+    mv "$folder/elsewhere"/*.png "$folder/here"
+    (cd "$folder/elsewhere" && "$build/murmelo-headless" --home home --config config robot.txt) ||
+        complain "the journey failed in the build folder"
+    for picture in options play; do
+        cmp "$folder/here/$picture.png" "$folder/elsewhere/$picture.png" || complain "$picture differs"
+    done
 }
 
 # The robot speaks at 89 Hz, whatever is said to it.

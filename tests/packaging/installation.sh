@@ -13,14 +13,7 @@ journey-from-staging-folder)
     journey "$prefix"
     expect_robot "$prefix" "$folder/elsewhere/heard.wav"
     expect_robot "$prefix" "$folder/user/.local/share/murmelo/Murmelo/rec_00000.wav"
-    # Its pictures and fonts are those of the build folder, to the byte.
-    mkdir "$folder/here"
-    mv "$folder/elsewhere"/*.png "$folder/here"
-    (cd "$folder/elsewhere" && "$build/murmelo-headless" --home home --config config robot.txt) ||
-        complain "the journey failed in the build folder"
-    for picture in options play; do
-        cmp "$folder/here/$picture.png" "$folder/elsewhere/$picture.png" || complain "$picture differs"
-    done
+    expect_same_pictures
     for part in Res framework; do
         diff -r "$source/res/$part" "$prefix/share/murmelo/$part" || complain "$part is not all there"
     done
@@ -56,6 +49,38 @@ moved-tree)
     mkdir "$folder/links"
     ln -s "$folder/a folder/second/bin/murmelo-headless" "$folder/links/mh"
     (cd "$folder/elsewhere" && "$folder/links/mh" --home home --config config robot.txt) || complain "not by its link"
+    ;;
+every-file-a-link)
+    # As a farm of links installs it: each file lies elsewhere under another name, and a link to a link leads there.
+    stage "$build" "$folder/stage" /usr
+    prefix=$folder/stage/usr
+    mkdir "$folder/store" "$folder/between"
+    number=0
+    while read -r file; do
+        number=$((number + 1))
+        mv "$file" "$folder/store/$number"
+        ln -s "../store/$number" "$folder/between/$number"
+        ln -s "$folder/between/$number" "$file"
+    done < <(find "$prefix" -type f)
+    [ "$number" -gt 50 ] || complain "too little is installed"
+    journey "$prefix"
+    expect_same_pictures
+    expect_robot "$prefix" "$folder/elsewhere/heard.wav"
+    ;;
+folders-that-are-links)
+    stage "$build" "$folder/stage" /usr
+    prefix=$folder/stage/usr
+    mkdir "$folder/store"
+    for name in Res framework; do
+        mv "$prefix/share/murmelo/$name" "$folder/store/$name.1"
+        ln -s "$name.1" "$folder/store/$name"
+        ln -s "$folder/store/$name" "$prefix/share/murmelo/$name"
+    done
+    # A folder further down as well.
+    mv "$folder/store/framework.1/image" "$folder/store/image"
+    ln -s "$folder/store/image" "$folder/store/framework.1/image"
+    journey "$prefix"
+    expect_same_pictures
     ;;
 window-program)
     stage "$build" "$folder/stage" /usr

@@ -106,6 +106,19 @@ TEST_F(ProgramFoldersTest, withoutADesktopItIsMusicIfThereIsSuchAFolder) {
     EXPECT_EQ(real("user/.local/share/murmelo"), find().home);  // it names nothing
 }
 
+TEST_F(ProgramFoldersTest, theIconsLieBesideThePicturesOrWhereTheirLinkLeadsTo) {
+    EXPECT_EQ("", ProgramFolders::icons());
+    folders.remove("data/Res");
+    folders.makeFolder("store/pictures");
+    link("../store/pictures", "data/Res");
+    EXPECT_EQ(real("store/pictures"), find().res);
+    EXPECT_EQ("", ProgramFolders::icons());
+    folders.makeFolder("store/icons");
+    EXPECT_EQ(real("store/icons"), ProgramFolders::icons());
+    folders.makeFolder("data/icons");
+    EXPECT_EQ(folders.path("data/icons"), ProgramFolders::icons());
+}
+
 TEST_F(ProgramFoldersTest, theSoundFolderIsBelowTheHome) {
     folders.makeFolder("home/Murmelo");
     const HostFolders found = find(folders.path("home"));

@@ -2,16 +2,19 @@
 
 #include "SafeFile.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <sys/auxv.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -96,15 +99,28 @@ std::string linkedSoundFolder(const std::string& home) {
     return error ? SafeFile::realTarget(path) : real.string();
 }
 
-/// The folder that holds "Res" and "framework"; empty if there is none.
-fs::path dataFolder() {
+/// The folders of the executable and of the name that it was started by, which may be a link to it.
+std::array<fs::path, 2> programFolders() {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    const fs::path beside = executable.parent_path();
-    for (const fs::path& folder :
-         {fs::path(environment("MURMELO_DATA")), beside, beside / MURMELO_INSTALLED_DATA}) {
-        if (!folder.empty() && fs::is_directory(folder / "Res", error)) {
-            return folder;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): that is how the kernel hands it over
+    const auto* name = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
+    const fs::path startedAs = fs::absolute(name != nullptr ? name : "", error);
+    return {executable.parent_path(), startedAs.parent_path()};
+}
+
+/// The folder that holds "Res" and "framework"; empty if there is none.
+fs::path dataFolder() {
+    std::vector<fs::path> places = {environment("MURMELO_DATA")};
+    for (const fs::path& beside : programFolders()) {
+        if (!beside.empty()) {
+            places.insert(places.end(), {beside, beside / MURMELO_INSTALLED_DATA});
+        }
+    }
+    std::error_code error;
+    for (const fs::path& place : places) {
+        if (!place.empty() && fs::is_directory(place / "Res", error)) {
+            return place;
         }
     }
     return {};
@@ -139,6 +155,18 @@ ProgramFolders::find(const std::string& home, const std::string& config, HostFol
     folders.config =
         !config.empty() ? config : xdgFolder("XDG_CONFIG_HOME", ".config") + "/murmelo";
     return Problem::none();
+}
+
+std::string ProgramFolders::icons() {
+    std::error_code error;
+    const fs::path data = dataFolder();
+    const fs::path besidePictures = fs::canonical(data / "Res", error).parent_path();
+    for (const fs::path& folder : {data / "icons", besidePictures / "icons"}) {
+        if (!data.empty() && fs::is_directory(folder, error)) {
+            return folder.string();
+        }
+    }
+    return "";
 }
 
 Problem ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {

@@ -13,11 +13,16 @@ public:
     /// Finds the folders and makes the user's home if it is not there. A sound folder that is a
     /// symbolic link is followed once, here, wherever it leads. The data ("Res",
     /// "framework") lie in the folder that MURMELO_DATA names, beside the executable, or in the
-    /// installed share folder; the first that has them is taken.
+    /// installed share folder; the first that has them is taken. Where the program was started by a
+    /// link to it, the last two are sought beside that link as well.
     /// @param home    as given by the user; empty: MURMELO_HOME, the music folder (~/Music where
     /// user-dirs.dirs is missing), or the XDG data folder
     /// @param config  as given by the user; empty: the XDG configuration folder
     static Problem find(const std::string& home, const std::string& config, HostFolders& folders);
+
+    /// The folder of the window's icons: beside the folder of the pictures, or beside where that
+    /// leads to if it is a symbolic link. Empty if there is none.
+    static std::string icons();
 
     /// Why the sound folder cannot be written or read, as one sentence that names it; none if it
     /// can, or is still to be made.

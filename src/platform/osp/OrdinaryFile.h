@@ -32,8 +32,8 @@ private:
 };
 
 /// Opens an ordinary file; -1 for everything else: a folder opens for reading as well, and a pipe
-/// would wait for its other end. Its last part is never followed as a symbolic link: that is the
-/// path's work.
+/// would wait for its other end. Below the writable roots its last part is never followed as a
+/// symbolic link: that is the path's work.
 /// @param flags  as open() takes them; a file that is made has the usual mode
 int openOrdinary(const RealPath& path, int flags);
 

@@ -59,8 +59,10 @@ int openOrdinary(const RealPath& path, int flags) {
     if (!path.isValid() || path.saysFolder() || (writes && !path.isWritable())) {
         return -1;
     }
-    Descriptor fd(
-        open(path.path().c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kNewFileMode));
+    // Below the writable roots the path is resolved already: a link that is still there is not
+    // followed.
+    const int links = path.isWritable() ? O_NOFOLLOW : 0;
+    Descriptor fd(open(path.path().c_str(), flags | links | O_CLOEXEC | O_NONBLOCK, kNewFileMode));
     struct stat status = {};
     if (fd.get() < 0 || fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return -1;

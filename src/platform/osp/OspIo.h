@@ -1,8 +1,9 @@
-// The phone's files and folders, mapped to real folders; no path leaves the mapped roots.
+// The phone's files and folders, mapped to real folders.
 //
 // "/Res/" is read-only, "/Home/" the user's data ("/Home/Murmelo/" may lie elsewhere), and the
-// framework's own files are read-only. A path under no mapped root, with a ".." in it, with an
-// embedded zero, or through a symbolic link that leads out, fails.
+// framework's own files are read-only. A path under no mapped root, with a ".." in it, or with an
+// embedded zero, fails, and below "/Home/" one through a symbolic link that leads out. The
+// read-only files may be installed as links to anywhere.
 #pragma once
 
 #include "OspBase.h"

@@ -96,6 +96,18 @@ std::string resolve(const std::string& root, std::vector<std::string> parts, Las
     return real;
 }
 
+/// The same way with its links as they are, for the system to follow. The program's own files may
+/// each be installed as a link to anywhere; nothing is written through them.
+std::string unresolved(const std::string& root, std::vector<std::string> parts) {
+    std::string real = root;
+    for (; !parts.empty(); parts.pop_back()) {
+        if (!parts.back().empty() && parts.back() != ".") {
+            real += '/' + parts.back();
+        }
+    }
+    return real;
+}
+
 }  // namespace
 
 RealPath::RealPath(const String& phonePath, LastLink lastLink) {
@@ -112,7 +124,8 @@ RealPath::RealPath(const String& phonePath, LastLink lastLink) {
         std::vector<std::string> parts;
         pushParts(parts, std::string_view{path}.substr(std::string_view{root.phonePath}.size()));
         if (!hasParentStep(parts)) {
-            real = resolve(folder, std::move(parts), lastLink);
+            real = root.writable ? resolve(folder, std::move(parts), lastLink)
+                                 : unresolved(folder, std::move(parts));
             writable = root.writable;
             endsWithSlash = path.back() == '/';
         }

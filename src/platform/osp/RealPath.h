@@ -1,5 +1,5 @@
 // Finds a path of the phone in the real file system, and refuses every path that would leave the
-// mapped roots.
+// mapped roots. Only the program's own files, which are read-only, may be links to anywhere.
 #pragma once
 
 #include "OspBase.h"
@@ -16,8 +16,9 @@ enum class LastLink {
 
 class RealPath {
 public:
-    /// Refused: a path under no mapped root, a ".." or an embedded zero in it, an absolute symbolic
-    /// link on the way, and a relative one that climbs out of the root.
+    /// Refused: a path under no mapped root, and a ".." or an embedded zero in it. Below the
+    /// writable roots also an absolute symbolic link on the way, and a relative one that climbs out
+    /// of the root; below the read-only roots every link is followed.
     explicit RealPath(const Osp::Base::String& phonePath, LastLink lastLink = LastLink::kFollow);
 
     bool isValid() const { return !real.empty(); }
@@ -28,8 +29,8 @@ public:
     /// Written with a last "/": can only be a folder.
     bool saysFolder() const { return endsWithSlash; }
 
-    /// The real path with its symbolic links resolved (the last one only if it is followed); need
-    /// not exist. Empty if refused.
+    /// The real path; need not exist. Empty if refused. Below the writable roots its symbolic links
+    /// are resolved (the last one only if it is followed).
     const std::string& path() const { return real; }
 
 private:

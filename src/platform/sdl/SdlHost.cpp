@@ -218,7 +218,7 @@ void SdlHost::presentIfDue() {
     nextPictureUs = std::max(nextPictureUs + window.refreshUs(), nowUs());
     if (!everPresented) {
         everPresented = true;
-        window.setIcon(options.folders.res + "/../icons");
+        window.setIcon(ProgramFolders::icons());
     }
 }
 

@@ -44,7 +44,11 @@ protected:
     void removeHome(const std::string& name) { folders.remove("home/" + name); }
 
     void link(const std::string& target, const std::string& name) {
-        ASSERT_EQ(0, symlink(target.c_str(), folders.path("home/" + name).c_str()));
+        linkAt(target, "home/" + name);
+    }
+
+    void linkAt(const std::string& target, const std::string& name) {
+        ASSERT_EQ(0, symlink(target.c_str(), folders.path(name).c_str()));
     }
 
     TestFolders folders;
@@ -163,6 +167,38 @@ TEST_F(OspIo, linksInsideTheRootAreFollowed) {
     link("Murmelo", "folder");
     EXPECT_EQ("mine", contentOf("/Home/Murmelo/inside"));
     EXPECT_EQ("mine", contentOf("/Home/folder/inside"));
+}
+
+TEST_F(OspIo, linksBelowTheReadOnlyRootsAreFollowedWhereverTheyLead) {
+    folders.write("store/1", "linked picture");
+    folders.write("store/fonts/small.bmf", "linked font");
+    linkAt(folders.path("store/1"), "res/absolute.png");
+    linkAt("../store/1", "res/relative.png");
+    linkAt("relative.png", "res/indirect.png");
+    linkAt("../../store/fonts", "framework/image/more");
+    for (const char* path : {"/Res/absolute.png", "/Res/relative.png", "/Res/indirect.png"}) {
+        EXPECT_EQ("linked picture", contentOf(path)) << path;
+        EXPECT_TRUE(File::IsFileExist(path)) << path;
+        EXPECT_FALSE(opens(path, "rb+")) << path;
+        EXPECT_NE(E_SUCCESS, File::Remove(path)) << path;
+    }
+    EXPECT_EQ("linked font", contentOf("/com/tallowin/orm/image/more/small.bmf"));
+    EXPECT_EQ(std::vector<std::string>{"small.bmf"}, namesIn("/com/tallowin/orm/image/more/"));
+    EXPECT_EQ(E_SUCCESS, File::Copy("/Res/indirect.png", "/Home/copy.png", true));
+    EXPECT_EQ("linked picture", home("copy.png"));
+}
+
+TEST_F(OspIo, whatIsNoFileBelowTheReadOnlyRootsIsNotOpened) {
+    linkAt("nothing", "res/dangling.png");
+    linkAt("circle.png", "res/circle.png");
+    linkAt(".", "res/folder.png");
+    ASSERT_EQ(0, mkfifo(folders.path("pipe").c_str(), 0600));
+    linkAt("../pipe", "res/pipe.png");  // would wait for its other end
+    for (const char* path :
+         {"/Res/dangling.png", "/Res/circle.png", "/Res/folder.png", "/Res/pipe.png"}) {
+        EXPECT_FALSE(opens(path)) << path;
+    }
+    EXPECT_FALSE(opens("/Res/../secret.txt"));
 }
 
 TEST_F(OspIo, aCircleOfLinksFails) {
