@@ -18,8 +18,11 @@ public:
 
     void send(int signal) const;
 
+    /// How long a test waits for what takes a moment, on a machine that does much else.
+    static constexpr int64_t kPatienceMs = 60000;
+
     /// Its exit status; -1 if it had to be killed after so long, 128 + signal if a signal ended it.
-    int waitForEnd(int64_t mostMs);
+    int waitForEnd(int64_t mostMs = kPatienceMs);
 
     /// Of /proc: processor time in ticks of 10 ms, and how often it went to sleep, threads
     /// together.

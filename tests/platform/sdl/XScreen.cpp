@@ -108,6 +108,10 @@ std::vector<uint32_t> XScreen::pixels(int32_t x, int32_t y, int32_t width, int32
     return pixels;
 }
 
+uint64_t XScreen::root() {
+    return DefaultRootWindow(server(display));
+}
+
 uint64_t XScreen::windowOf(const std::string& title) {
     Display* x11 = server(display);
     Window root = 0;

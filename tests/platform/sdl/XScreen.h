@@ -19,6 +19,9 @@ public:
 
     uint32_t pixel(int32_t x, int32_t y) { return pixels(x, y, 1, 1)[0]; }
 
+    /// The window that all others lie in.
+    uint64_t root();
+
     /// The window of that title, 0 if there is none.
     uint64_t windowOf(const std::string& title);
 
