@@ -58,7 +58,7 @@ diff "$folder/helped" "$folder/fish-options" || complain "--help (<) and fish (>
 
 # A zsh in a terminal of its own, asked by the tab key; where there are no such terminals, its options are read.
 if zsh -fc 'zmodload zsh/zpty && zpty probe true' 2>/dev/null; then
-    zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" --help >"$folder/zsh-said"
+    zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" >"$folder/zsh-said"
     tr -s '[:space:]' '\n' <"$folder/zsh-said" | grep -E -- '^--[a-z]' | sort -u >"$folder/zsh"
 else
     echo "no pseudo terminals: the tab key of zsh is not tried"
@@ -79,7 +79,7 @@ murmelo-fx)
     expect_of_fish voice.wav "$name --measure vo"
     expect_of_fish flac "$name robot --format f"
     if [ -s "$folder/zsh-said" ]; then
-        zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name " robot |
+        zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name " |
             tr -s '[:space:]' '\n' | grep -xE '[a-z]+' | sort | tr '\n' ' ' >"$folder/zsh-effects"
         [ "$(cat "$folder/zsh-effects")" = "$effects" ] || complain "zsh offers $(cat "$folder/zsh-effects") and not $effects"
     fi
