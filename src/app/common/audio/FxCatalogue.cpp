@@ -12,8 +12,8 @@
 
 namespace {
 
-// The grains stand at positions in 1/1024 of a sample, in 32 bits. A drunk's grains lie twice as
-// far apart in what comes out.
+// Grain positions are 32-bit numbers in 1/1024 of a sample. The drunk's grains lie twice as far
+// apart in the output.
 constexpr int32_t kGrainSamples = 1 << 21;  // 262 s
 constexpr int32_t kDrunkSamples = 1 << 20;  // 131 s
 

@@ -23,8 +23,8 @@ public:
     struct Effect {
         const char* word;        // on the command line; lower case
         const char* shownName;   // in English, as the screen shows it but in lower case
-        const char* sentence;    // what one hears, for people; no full stop
-        int32_t longestSamples;  // a longer sound makes the effect lose its place
+        const char* sentence;    // what the user hears; no full stop
+        int32_t longestSamples;  // positions in a longer sound overflow
         WavProc* (*make)();      // a new processor; the caller deletes it
     };
 
@@ -37,6 +37,6 @@ public:
     /// One word for the command line; null outside the catalogue.
     static const char* toolName(int32_t index);
 
-    /// Index of an effect by that word, -1 if there is none.
+    /// The index of the effect with that word; -1 if there is none.
     static int32_t find(const char* toolName);
 };

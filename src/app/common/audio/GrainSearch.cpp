@@ -11,15 +11,15 @@
 namespace {
 
 constexpr int32_t kRoughBits = 8;
-constexpr int32_t kVectorBytes = 32;  // what the sums of a window are worked off in
-constexpr int32_t kOffsetBlock = 16;  // offsets that are passed over together
+constexpr int32_t kVectorBytes = 32;  // rough samples that are summed at a time
+constexpr int32_t kOffsetBlock = 16;  // offsets that are skipped together
 
 struct Range {
     int32_t lowest;
     int32_t highest;
 };
 
-/// The exact sum for one offset; fits.
+/// The exact sum for one offset. The caller makes sure that it fits.
 MURMELO_KERNEL_PART int32_t difference(const int32_t* grain,
                                        const int32_t* target,
                                        int32_t window) {
@@ -30,7 +30,7 @@ MURMELO_KERNEL_PART int32_t difference(const int32_t* grain,
     return sum;
 }
 
-/// The same for samples far outside 16 bits; wraps like all sample arithmetic.
+/// The same for samples outside 16 bits; wraps like all sample arithmetic.
 int32_t wrappingDifference(const int32_t* grain, const int32_t* target, int32_t window) {
     int32_t sum = 0;
     for (int32_t j = 0; j < window; j++) {
@@ -106,7 +106,8 @@ MURMELO_KERNEL_PART int32_t roughDifferences(const uint8_t* grain,
     return addWholeVectors(grain, target, sums, offsets, whole);
 }
 
-/// How far the target's remainders may pull an exact sum below its rough one.
+/// The most by which an exact sum can be less than its rough sum << shift, because of the target's
+/// remainders.
 MURMELO_KERNEL_PART int32_t slackOf(const int32_t* target,
                                     int32_t lowest,
                                     int32_t shift,
@@ -120,7 +121,7 @@ MURMELO_KERNEL_PART int32_t slackOf(const int32_t* target,
     return slack;
 }
 
-/// Whether one of a block of sums is at most the limit.
+/// True if one of a block of sums is at most the limit.
 MURMELO_KERNEL_PART bool hasPromising(const int32_t* sums, int32_t limit) {
     int32_t promising = 0;
     for (int32_t k = 0; k < kOffsetBlock; k++) {
@@ -129,8 +130,9 @@ MURMELO_KERNEL_PART bool hasPromising(const int32_t* sums, int32_t limit) {
     return promising != 0;
 }
 
-/// Puts the offsets with a rough sum up to the limit in place of the sums, in order; returns how
-/// many there are. Inside a block no branch depends on a sum: none could be foretold.
+/// Overwrites sums with the indices of the offsets whose rough sum is at most limit, ascending;
+/// returns their count. Inside a block no branch depends on a sum, because it could not be
+/// predicted.
 MURMELO_KERNEL_PART int32_t keepPromising(int32_t* sums, int32_t offsets, int32_t limit) {
     int32_t count = 0;
     for (int32_t block = 0; block < offsets; block += kOffsetBlock) {
@@ -153,7 +155,7 @@ GrainSearch::GrainSearch(int32_t offsets, int32_t window)
     , window(window)
     , roughGrain(static_cast<size_t>(offsets + window))
     , roughTarget(static_cast<size_t>(window))
-    // Whole blocks. The sums behind the last offset promise nothing.
+    // Padded to whole blocks; padding never passes the limit.
     , roughSums(static_cast<size_t>(offsets + kOffsetBlock)) {}
 
 MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
@@ -175,8 +177,9 @@ MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
     const int32_t roughBest =
         roughDifferences(roughGrain.data(), roughTarget.data(), roughSums.data(), offsets, window);
 
-    // The exact sum of the roughly best offset is enough to win. A sum is at least its rough sum in
-    // rough steps less the slack, so whatever has a larger rough sum than this cannot be smaller.
+    // The exact sum at roughBest is an upper bound of the smallest one. An exact sum is at least
+    // its rough sum << shift less the slack, so an offset whose rough sum is above limit cannot
+    // win.
     const int32_t enough = difference(grain + roughBest, target, window);
     const int64_t slack = slackOf(target, range.lowest, shift, window);
     const auto limit = static_cast<int32_t>((enough + slack) >> shift);
@@ -188,7 +191,8 @@ MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
     for (int32_t i = 0; i < count; i++) {
         const int32_t o = promising[i];
         const int32_t sum = difference(grain + o, target, window);
-        // The roughly best offset stands in for itself; an earlier one as good comes before it.
+        // Of equal sums the first offset wins. roughBest itself may come up here and changes
+        // nothing.
         if (sum < smallest || (sum == smallest && o < best)) {
             smallest = sum;
             best = o;
@@ -198,7 +202,7 @@ MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
 }
 
 MURMELO_KERNEL int32_t GrainSearch::bestOffset(const int32_t* grain, const int32_t* target) {
-    // The windows of the catalogue are spelled out: loops of a known length need no remainder.
+    // The windows that the effects use are constants here: loops of a known length are faster.
     switch (window) {
     case 100:
         return search(grain, target, 100);

@@ -1,9 +1,9 @@
-// Finds where a grain fits best onto what stands already: the offset with the smallest sum of
+// Finds where a grain fits best onto the output made so far: the offset with the smallest sum of
 // absolute differences.
 //
-// Summing every offset in full is most of the work of a pitch change. Rounded down to 8 bits the
-// same windows are compared many samples at a time; the rough sum bounds the exact one from below,
-// so that nine offsets of ten need no exact sum. The winner is the same.
+// Exact sums at every offset would be most of the work of a pitch change. So all offsets are first
+// compared with samples rounded down to 8 bits, many at a time. Such a rough sum tells how small
+// the exact one can be at least: nine offsets of ten need no exact sum, and the winner is the same.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 class GrainSearch {
 public:
-    /// @param offsets  how many offsets are tried, 0 and on
+    /// @param offsets  number of offsets that are tried, from 0 on
     /// @param window  samples compared at each
     GrainSearch(int32_t offsets, int32_t window);
 
@@ -19,7 +19,8 @@ public:
     /// there is none to try. Reads grain[0 .. offsets + window - 2] and target[0 .. window - 1].
     int32_t bestOffset(const int32_t* grain, const int32_t* target);
 
-    /// The same for fewer offsets or a shorter window, for grains at the edge of their arrays.
+    /// The same by exact sums alone, for any number of offsets and any window: for grains at the
+    /// edge of their arrays.
     static int32_t
     bestOffsetInFull(const int32_t* grain, const int32_t* target, int32_t offsets, int32_t window);
 

@@ -38,7 +38,7 @@ GranularSynth::~GranularSynth() {
 }
 
 int32_t GranularSynth::getDstLength() {
-    // Without a grain there is only the silence that the last one would have faded over.
+    // Without a grain the output is one search and one fade of silence.
     const int32_t lastPos = numGrains > 0 ? getDstPos(numGrains - 1, false) : 0;
     return std::max(search + fade + lastPos, 0);
 }
@@ -73,7 +73,7 @@ void GranularSynth::pasteGrain(int32_t grain, int32_t* dst) {
     int32_t samples = search + fade + nextDstPos - dstPos;
     auto srcSamples = static_cast<int32_t>((int64_t{stretchesQ10[grain]} * samples) >> STR_SH);
     if (int64_t{srcPos} + srcSamples >= length(source)) {
-        srcSamples = length(source) - 1 - srcPos;  // one sample stays for the interpolation
+        srcSamples = length(source) - 1 - srcPos;  // the interpolation needs one more
     }
     if (dstPos - search + samples > length(dst)) {
         samples = length(dst) + search - dstPos;
@@ -86,9 +86,9 @@ void GranularSynth::pasteGrain(int32_t grain, int32_t* dst) {
     WavProc::addCrossFaded(temp, offset, dst, dstPos, fade, samples - search);
 }
 
-// Fills temp with so many samples, made of count source samples. What temp cannot hold is cut off.
+// Resamples source[from, from + count) to `samples` samples in temp; what does not fit is dropped.
 void GranularSynth::resampleGrain(int32_t from, int32_t count, int32_t samples) {
-    // Beyond 262 s a source position has wrapped: the guarded copy reads silence there.
+    // A position after 262 s has wrapped to a negative one: copyStretched() reads silence there.
     if (count != samples || from < 0) {
         WavProc::copyStretched(source, from, from + count - 1, temp, 0, samples - 1);
         return;
@@ -105,7 +105,7 @@ int32_t GranularSynth::findOffset(const int32_t* dst, int32_t dstPos) {
     if (window == fade) {
         return grainSearch.bestOffset(temp, dst + dstPos);
     }
-    // A grain that was moved over the edge of the output is judged by what lies inside.
+    // Of a grain that was moved over the edge of the output only the part inside is compared.
     return window <= 0 ? 0
                        : GrainSearch::bestOffsetInFull(temp + before, dst + dstPos + before, search,
                                                        window);

@@ -27,11 +27,12 @@ public:
 
     enum class Source { kCopied, kBorrowed };
 
-    /// Every grain starts where it stands in the source, at its own pitch. Lengths in samples:
-    /// @param source  copied; or borrowed, if it neither changes nor goes before the synthesizer
+    /// At first every grain lies in the output where it lies in the source, at its own pitch.
+    /// Lengths are in samples.
+    /// @param source  counted array; copied, or borrowed if it stays unchanged and outlives this
     /// @param step  distance of the grains in the source
-    /// @param fade  cross-fade at each join, where the offset is judged as well
-    /// @param search  how many offsets are tried at each join
+    /// @param fade  cross-fade at each join; the offsets are compared over it
+    /// @param search  number of offsets that are tried at each join
     GranularSynth(const int32_t* source,
                   int32_t step,
                   int32_t fade,
@@ -45,7 +46,7 @@ public:
 
     virtual int32_t getSrcStepSize() { return step; }
 
-    /// Samples from the start to the end of the last grain's search and fade.
+    /// Length of the output in samples, up to the end of the last grain's search and fade.
     virtual int32_t getDstLength();
 
     virtual void analyseMamp(int32_t /*from*/, int32_t /*to*/) {}
@@ -53,7 +54,8 @@ public:
     virtual void analyseCorr(int32_t /*from*/, int32_t /*to*/) {}
 
     /// Resamples a grain and joins it to what dst (a counted array) holds before it. The last grain
-    /// only says where the one before it ends: nothing happens for it.
+    /// only marks the end of the one before it. Nothing happens for it, or outside 0 ..
+    /// getNumGrains() - 1.
     virtual void pasteGrain(int32_t grain, int32_t* dst);
 
     virtual void findAmpPeaks(int32_t /*window*/) {}
@@ -71,7 +73,7 @@ public:
     void setStretch(int32_t grain, int32_t stretchQ10) { stretchesQ10[grain] = stretchQ10; }
 
 private:
-    /// Hears of a grain that does not fit. It does nothing.
+    /// Called for a grain that does not fit. Does nothing: the grain is cut.
     static void exc(const char* /*message*/) {}
 
     void resampleGrain(int32_t from, int32_t count, int32_t samples);
@@ -80,7 +82,7 @@ private:
     Array<int32_t> srcPosQ10;
     Array<int32_t> dstPosQ10;
     Array<int32_t> stretchesQ10;
-    Array<int32_t> periods;       // pitch period of each grain; -1: not looked for
+    Array<int32_t> periods;       // pitch period of each grain; -1: not analysed
     Array<int32_t> correlations;  // voicing strength of each grain
     Array<int32_t> meanAmps;
     int32_t numGrains;
@@ -90,6 +92,6 @@ private:
     Array<int32_t> temp;  // the resampled grain, not cleared between grains
     int32_t* ownSource;   // a copy from SampleKeep; null if the source is borrowed
     const int32_t* source;
-    Array<int32_t> peaks;  // amplitude peaks; not looked for
+    Array<int32_t> peaks;  // amplitude peaks; never analysed
     GrainSearch grainSearch;
 };

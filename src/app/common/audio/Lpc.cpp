@@ -10,14 +10,14 @@ namespace {
 
 constexpr int32_t kFirstPeriod = 58;  // samples; 138 Hz, between a man's voice and a woman's
 
-// A quieter pitch counts as no pitch: fewer frames growl, more of them whisper if this is larger.
+// Less voicing than this counts as no pitch. If it is larger, fewer frames growl and more whisper.
 constexpr int32_t kLeastVoiceness = 100;
 constexpr int32_t kFullVoiceness = 1024;
 
 constexpr float kGainFactor = 0.33F;
 
-// Up to here a lag's window ends before the frame does: 80 samples and 5 more for each lag. The
-// windows of longer lags run to the end of the frame; with zeros behind it they may be read longer.
+// The windows of lags below this one end before the frame does: they have 80 samples, and 5 more
+// for each lag. Those of longer lags end with the frame; zeros after it make them all equally long.
 constexpr int32_t kShortLags = 11;
 constexpr int32_t kPaddedWindow = 144;
 
@@ -25,7 +25,8 @@ constexpr int32_t shortWindow(int32_t lag) {
     return 80 + 5 * lag;
 }
 
-/// sums[lag] = sum of x[i] * y[lag + i] over i < window. Numbers of at most 10 bits: the sums fit.
+/// sums[lag] = sum of x[i] * y[lag + i] over i < window. The numbers have at most 10 bits, so the
+/// sums fit.
 MURMELO_KERNEL void correlate(
     const int16_t* x, const int16_t* y, int32_t window, int32_t* __restrict sums, int32_t lags) {
     for (int32_t lag = 0; lag < lags; lag++) {
@@ -38,7 +39,7 @@ MURMELO_KERNEL void correlate(
     }
 }
 
-/// sums[lag] of the samples, which have zeros behind them for as many lags.
+/// sums[lag] of a frame that kLags zeros follow.
 void correlateLags(const int16_t* samples, int32_t* sums) {
     const int16_t* delayed = samples + Lpc::kShortestPeriod;
     for (int32_t lag = 0; lag < kShortLags; lag++) {
@@ -48,7 +49,7 @@ void correlateLags(const int16_t* samples, int32_t* sums) {
               Lpc::kLags - kShortLags);
 }
 
-/// The same for samples far outside 16 bits, as the sound itself wraps.
+/// The same for samples outside 16 bits; wraps like all sample arithmetic.
 void correlateWideLags(const int32_t* samples, int32_t* sums) {
     for (int32_t lag = 0; lag < Lpc::kLags; lag++) {
         const int32_t* delayed = samples + Lpc::kShortestPeriod + lag;
@@ -69,7 +70,7 @@ void correlateWideDifferences(const int32_t* differences, int32_t* sums) {
     }
 }
 
-/// Whether all samples of a frame have 16 bits, as every recording's do.
+/// True if all samples of a frame fit 16 bits, as those of every recording do.
 bool isNarrow(const int32_t* x) {
     uint32_t magnitudes = 0;
     for (int32_t i = 0; i < Lpc::kFrameSamples; i++) {
@@ -161,9 +162,9 @@ int32_t Lpc::computePeriod(const int32_t* x) {
     int32_t bestSum = 0;
     for (int32_t lag = 1; lag < kLags - 1; lag++) {
         const int32_t before = P_CORR[lag - 1];
-        const int32_t behind = P_CORR[lag + 1];
-        const int32_t sum = wrapAdd(wrapAdd(before, P_CORR[lag]), behind);
-        const bool isPeak = P_CORR[lag] > before && P_CORR[lag] > behind;
+        const int32_t after = P_CORR[lag + 1];
+        const int32_t sum = wrapAdd(wrapAdd(before, P_CORR[lag]), after);
+        const bool isPeak = P_CORR[lag] > before && P_CORR[lag] > after;
         if (isPeak && (bestLag < 0 || sum > bestSum)) {
             bestLag = lag;
             bestSum = sum;
@@ -179,7 +180,7 @@ int32_t Lpc::computePeriod(const int32_t* x) {
 }
 
 void Lpc::decode(int32_t* x, const float* a) {
-    // The delay line laid out straight, oldest output first, with the frame's outputs behind it.
+    // The last outputs, oldest first, followed by the frame's own.
     float line[kOrder + kFrameSamples];
     for (int32_t t = 0; t < kOrder; t++) {
         line[t] = DEL_BUF[(DEL_OFS + t) % kOrder];
@@ -198,7 +199,8 @@ void Lpc::decode(int32_t* x, const float* a) {
     for (int32_t i = 0; i < kFrameSamples; i++) {
         x[i] = toInt32(line[kOrder + i] * 32767.0F);
     }
-    // A frame is a whole number of rings: the next output goes where this frame's first one went.
+    // A frame fills the ring a whole number of times: the next output goes where this frame's first
+    // one went.
     static_assert(kFrameSamples % kOrder == 0);
     for (int32_t t = 0; t < kOrder; t++) {
         DEL_BUF[(DEL_OFS + t) % kOrder] = line[kFrameSamples + t];

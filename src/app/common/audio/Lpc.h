@@ -20,24 +20,26 @@ public:
 
     static void static_ctor() { init(); }
 
-    /// Forgets the voice before: a fresh delay line, pitch and pulse.
+    /// Forgets the last voice: resets the delay line, the pitch and the pulse.
     static void init();
 
     /// Analyses a frame of 160 samples into a[0..10]; LAST_PERIOD and LAST_VOICENESS tell its
     /// pitch. Returns the gain.
     static float encode(const int32_t* frame, float* a);
 
-    /// r[k], lags 0..10, of the samples' first difference.
+    /// Writes the autocorrelation of the samples' first difference to r[0..10], one value a lag.
     static void computeAutoCorrelation(const int32_t* x, float* r);
 
-    /// Prediction filter a[0..10] of an autocorrelation; tmp is a work row of 11. Returns the gain.
+    /// Works out the prediction filter a[0..10] of an autocorrelation r[0..10]; tmp is working
+    /// space for 11 values. Returns the gain.
     static float computeFilterCoeffs(const float* r, float* a, float* tmp);
 
-    /// Pitch period of a frame in samples; the last one where the frame has none.
+    /// Pitch period of a frame in samples; LAST_PERIOD where the frame has none. Sets
+    /// LAST_VOICENESS.
     static int32_t computePeriod(const int32_t* x);
 
     /// Next sample of the pulse train: a rising ramp of 32 samples, then silence up to the period.
-    /// In the header because the robot asks for each sample.
+    /// In the header because the robot calls it for each sample.
     static int32_t excitation(int32_t period, int32_t /*unused*/) {
         if (period <= excOfs) {
             excOfs = 0;
@@ -47,7 +49,7 @@ public:
         return pulse;
     }
 
-    /// Runs a frame through the filter, in place. The delay line goes on from frame to frame.
+    /// Runs a frame through the filter, in place. The delay line carries over to the next frame.
     static void decode(int32_t* x, const float* a);
 
     static int32_t LAST_PERIOD;     // samples

@@ -8,7 +8,7 @@ class MathUtils : public ClassLife {
 public:
     static constexpr int32_t sqr(int32_t a) { return wrapMul(a, a); }
 
-    /// The smallest integer has no positive twin and stays as it is.
+    /// The smallest integer stays as it is: 32 bits do not hold its positive value.
     static constexpr int32_t abs(int32_t a) { return a < 0 ? wrapSub(0, a) : a; }
 
     static constexpr int32_t min(int32_t a, int32_t b) { return a < b ? a : b; }
@@ -23,7 +23,7 @@ public:
         return max(max(a, b), max(a, c));
     }
 
-    /// Whichever of a and b lies nearer to target; b where both are equally far.
+    /// The nearer one of a and b to target; b if both are equally near.
     static constexpr int32_t getClosest(int32_t a, int32_t b, int32_t target) {
         return abs(wrapSub(target, a)) < abs(wrapSub(target, b)) ? a : b;
     }

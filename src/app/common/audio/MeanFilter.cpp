@@ -8,7 +8,7 @@
 namespace {
 
 int32_t windowSamples(int32_t shift) {
-    assert(shift >= 0 && shift <= 23);  // a counted array holds no longer window
+    assert(shift >= 0 && shift <= 23);  // no counted array holds a longer window
     return 1 << shift;
 }
 

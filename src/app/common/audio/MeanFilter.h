@@ -14,13 +14,14 @@ public:
     MeanFilter& operator=(const MeanFilter&) = delete;
     virtual ~MeanFilter() = default;
 
-    /// The input half a window ago minus the window's mean, clamped to 16 bits. State carries over,
-    /// so a long take may come in pieces; src may equal dst.
+    /// Writes the input half a window ago minus the window's mean, clamped to 16 bits. State
+    /// carries over, so a long take may be filtered in pieces; src may equal dst. Offsets and n are
+    /// in samples; all of them must lie inside their arrays.
     virtual void
     highpass(const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n);
 
-    /// The window's mean, rounded down; clamped to 16 bits only if asked. The delay is not
-    /// compensated.
+    /// The same with the window's mean alone, rounded down; clamped to 16 bits only if clamp is
+    /// true. The delay of half a window is not compensated.
     virtual void lowpass(
         const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp);
 

@@ -17,10 +17,10 @@ public:
 
     void init(int32_t a, int32_t b, int32_t c);
 
-    /// Any 32-bit value. In the header because the robot draws one for each sample.
+    /// Any 32-bit value. In the header because the robot calls it for each sample.
     int32_t nextInt() {
-        // Deliberate: the sign comes along in the shift by 17, and the carry is 0 or -1, not 0 or
-        // 1: takes played again must repeat the same drunk wobble.
+        // Deliberate: the shift by 17 copies the sign, and the carry is 0 or -1, not 0 or 1: takes
+        // played again must repeat the same drunk wobble.
         y ^= wrapShl(y, 13);
         y ^= y >> 17;
         y ^= wrapShl(y, 5);
@@ -39,7 +39,7 @@ public:
     int32_t nextInt(int32_t low, int32_t high) {
         const int32_t value = nextInt() & 0x7FFFFFFF;
         const int32_t span = wrapAdd(wrapSub(high, low), 1);
-        return span == 0 ? low : wrapAdd(value % span, low);  // an empty range has its low end only
+        return span == 0 ? low : wrapAdd(value % span, low);  // an empty range gives low
     }
 
     /// From -0.5 up to, not including, 0.5.
@@ -48,7 +48,8 @@ public:
     /// From -0.5 up to, not including, 0.5; draws twice.
     double nextDouble();
 
-    /// Draws twice and answers the second value: a long has 32 bits, the first is shifted out.
+    /// Draws twice and returns the second value: a long has 32 bits here, so the first one, its
+    /// upper half, is lost.
     int32_t nextLong();
 
 private:

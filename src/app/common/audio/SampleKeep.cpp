@@ -6,7 +6,8 @@
 
 namespace {
 
-// The sanitizer sees a step over the end of an array only where each array ends with its block.
+// The address sanitizer notices an access after the end of an array only if the array ends with its
+// block of memory. A kept array may have room to spare, so none is kept there.
 #if defined(__has_feature)
 #define MURMELO_HAS_FEATURE(feature) __has_feature(feature)
 #else
@@ -54,7 +55,7 @@ void SampleKeep::giveBack(int32_t* samples) {
 
 void SampleKeep::clear() {
     for (Slot& slot : slots) {
-        // One that is in use is forgotten: whoever gives it back after this has it deleted.
+        // An array in use is only forgotten: giveBack() deletes it later.
         if (!slot.lent) {
             deleteArrFunc(slot.samples);
         }
@@ -62,7 +63,8 @@ void SampleKeep::clear() {
     }
 }
 
-// An array with stale content and the right count; null where none is to be kept.
+// Returns an array with old content and the right count; null if no slot is free, or no array is
+// kept.
 int32_t* SampleKeep::lend(int32_t count) {
     Slot* slot = kKeepsArrays ? freeSlotFor(count) : nullptr;
     if (slot == nullptr) {
@@ -78,7 +80,8 @@ int32_t* SampleKeep::lend(int32_t count) {
     return slot->samples;
 }
 
-// The smallest free array with room; where none has room the smallest of all, to be replaced.
+// The slot of the smallest free array with room; if none has room, that of the smallest free one,
+// whose array lend() replaces.
 SampleKeep::Slot* SampleKeep::freeSlotFor(int32_t count) {
     Slot* best = nullptr;
     for (Slot& slot : slots) {

@@ -2,20 +2,20 @@
 // sound costs more time than most effects.
 //
 // Arrays are counted arrays; one that is kept may have room for more samples than its count says.
-// One run is in hand at a time, so a few slots are enough.
+// Only one run goes on at a time, so a few slots are enough.
 #pragma once
 
 #include <cstdint>
 
 class SampleKeep {
 public:
-    /// A copy of samples (null: of no samples). It goes back with giveBack.
+    /// Returns a copy of samples (null counts as no samples), to be returned with giveBack.
     static int32_t* takeCopy(const int32_t* samples);
 
     /// Takes back any counted array; one that did not come from here is deleted. Null does nothing.
     static void giveBack(int32_t* samples);
 
-    /// Frees everything that is not in use, and will free the rest when it comes back.
+    /// Frees the arrays that are not in use. The others are freed when they are given back.
     static void clear();
 
 private:
@@ -25,7 +25,7 @@ private:
         bool lent = false;
     };
 
-    // The source of a run, and a grain synthesizer's own copy of one.
+    // One for the source of a run, one for a grain synthesizer's own copy of it.
     static constexpr int32_t kSlots = 2;
 
     static int32_t* lend(int32_t count);

@@ -30,15 +30,15 @@ int32_t readUpTo(InputStream* stream, signed char* bytes, int32_t count) {
     return got;
 }
 
-/// Reads into target as many samples as it holds, each the mean of so many of the stream; returns
-/// how many the stream had.
+/// Fills target (a counted array): each element is the mean of samplesPerTarget samples, 1 or 2, of
+/// the stream. Returns how many elements were filled before the stream ended.
 int32_t
 readSamples(InputStream* stream, int32_t samplesPerTarget, int32_t* target, signed char* buffer) {
     const int32_t stride = kSampleBytes * samplesPerTarget;
-    const int32_t most = length(buffer) / stride;
+    const int32_t maxSamples = length(buffer) / stride;
     int32_t done = 0;
     while (done < length(target)) {
-        const int32_t wanted = std::min(most, length(target) - done);
+        const int32_t wanted = std::min(maxSamples, length(target) - done);
         const int32_t got = readUpTo(stream, buffer, wanted * stride) / stride;
         for (int32_t i = 0; i < got; i++) {
             const signed char* bytes = buffer + ptrdiff_t{stride} * i;
@@ -60,7 +60,7 @@ int32_t*
 WavFile::loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char* sampleBuffer) {
     assert(length(headerBuffer) >= WavProps::kHeaderBytes);
     assert(length(sampleBuffer) >= 2 * kSampleBytes);
-    // The buffer still holds the header of the file before: a short read is no header.
+    // A short read is no header: the rest of the buffer is that of an earlier file.
     if (stream->read(headerBuffer, 0, WavProps::kHeaderBytes) != WavProps::kHeaderBytes) {
         return nullptr;
     }
@@ -69,7 +69,7 @@ WavFile::loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char*
         return nullptr;
     }
     const int32_t samplesPerTarget = props.getSampleRate() / kRateHz;
-    // Never more memory than the stream can fill, whatever the header says.
+    // Takes no more memory than the stream can fill, even if the header promises more samples.
     const int32_t there = std::max(stream->available(), 0) / kSampleBytes;
     const int32_t count = std::clamp(props.getSampleCount(), 0, there) / samplesPerTarget;
     if (count > kMaxArrayLength || stream->hasFailed()) {
@@ -97,9 +97,9 @@ bool WavFile::save8Khz(OutputStream* stream,
     WavProps props(length(samples), kRateHz);
     props.toByteArray(headerBuffer, 0);
     stream->write(headerBuffer, 0, WavProps::kHeaderBytes);
-    const int32_t most = length(sampleBuffer) / kSampleBytes;
+    const int32_t maxSamples = length(sampleBuffer) / kSampleBytes;
     for (int32_t done = 0; done < length(samples);) {
-        const int32_t count = std::min(most, length(samples) - done);
+        const int32_t count = std::min(maxSamples, length(samples) - done);
         for (int32_t i = 0; i < count; i++) {
             // Deliberate: no clamping. A sample outside 16 bits wraps; the effects limit theirs.
             const int32_t sample = samples[done + i];

@@ -1,8 +1,8 @@
 // Moves whole sounds between streams of WAV bytes and memory: arrays of 32-bit integers, one for
 // each sample, 8000 a second.
 //
-// The two byte buffers are the caller's, so that they are made once: a header buffer of 44 bytes
-// and a sample buffer of at least 4, both counted arrays.
+// The caller provides two byte buffers, so that they are allocated only once: a header buffer of 44
+// bytes and a sample buffer of at least 4, both counted arrays.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +16,11 @@ public:
     static constexpr int32_t kRecordedRateHz = 16000;
 
     /// Loads a sound of 8000 Hz as it is, one of 16000 Hz as the means of its pairs of samples.
-    /// Returns a new counted array, the caller's; null for a stream without a whole header, for any
-    /// other rate, for more samples than an array can hold, and where the stream has failed: half a
-    /// sound would replace the whole one. Samples that the header promises
-    /// and the stream does not have are dropped: the array ends with the stream. A negative length
-    /// is a sound of no samples.
+    /// Returns a new counted array, which the caller frees with deleteArrFunc. Null for a stream
+    /// without a whole header, for any other rate, for more samples than an array can hold, and if
+    /// the stream has failed: half a sound would replace the whole one. Samples that the header
+    /// promises and the stream does not have are dropped: the array ends with the stream. A
+    /// negative length is a sound of no samples.
     static int32_t*
     loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char* sampleBuffer);
 

@@ -14,14 +14,15 @@ namespace {
 constexpr int32_t kOneQ10 = 1024;
 constexpr int32_t kHalfQ10 = 512;
 
-/// Between two neighbours at fractionQ10, rounded; wraps like all sample arithmetic.
+/// Interpolates between two neighbours, rounded; wraps like all sample arithmetic.
 inline int32_t interpolate(int32_t left, int32_t right, int32_t fractionQ10) {
     const int32_t weighted =
         wrapAdd(wrapMul(left, kOneQ10 - fractionQ10), wrapMul(right, fractionQ10));
     return wrapAdd(weighted, kHalfQ10) >> 10;
 }
 
-/// All of src that is touched lies in its array, and |count * stepQ10| in 32 bits.
+/// The caller makes sure that all of src that is read lies in its array, and that count * stepQ10
+/// fits 32 bits.
 MURMELO_KERNEL void
 stretch(const int32_t* src, int32_t stepQ10, int32_t* __restrict dst, int32_t count) {
     const int32_t* next = src + 1;
@@ -32,7 +33,8 @@ stretch(const int32_t* src, int32_t stepQ10, int32_t* __restrict dst, int32_t co
     }
 }
 
-/// As stretch, for samples first..last of a target of which only a part lies in its array.
+/// Like stretch, for a target of which only the samples first..last lie in its array; src is 0
+/// outside its own.
 void stretchAtTheEdge(const int32_t* src,
                       int64_t from,
                       int64_t stepQ10,
@@ -49,7 +51,7 @@ void stretchAtTheEdge(const int32_t* src,
     }
 }
 
-/// Samples begin..end (excluded) of a fade over fade samples; src[0] and dst[0] are sample begin.
+/// Samples begin to end - 1 of a fade over fade samples; src[0] and dst[0] are sample begin.
 MURMELO_KERNEL void crossFade(const int32_t* src,
                               int32_t* __restrict dst,
                               int32_t fade,
@@ -76,7 +78,7 @@ WavProc::~WavProc() {
 
 void WavProc::init(const int32_t* samples, int32_t srate) {
     lastProgress = 0;
-    // A run that was in hand is forgotten.
+    // The current run, if there is one, is dropped.
     SampleKeep::giveBack(source);
     result.reset();
     source = SampleKeep::takeCopy(samples);
@@ -92,7 +94,7 @@ int32_t WavProc::process() {
     if (progress < lastProgress || progress > kFinished) {
         exc("Illegal progress returned!");
     }
-    // An error on the way has ended the run: -1 stays, so that the driver starts it again.
+    // An error in this call has ended the run: -1 stays, so that the driver starts it again.
     if (lastProgress != kIdle) {
         lastProgress = progress;
     }
@@ -100,7 +102,7 @@ int32_t WavProc::process() {
 }
 
 int32_t* WavProc::getResult() {
-    // The clean-up would delete the result: the caller gets the array itself in place of a copy.
+    // cleanUp() would delete the result: the caller gets the array itself, not a copy.
     int32_t* fetched = result.release();
     cleanUp();
     return fetched;

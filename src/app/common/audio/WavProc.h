@@ -1,4 +1,4 @@
-// Base of all sound processors: one array of 8 kHz samples in, another out, worked off in slices so
+// Base of all sound processors: one array of 8 kHz samples in, another out, worked on in slices so
 // that the screen stays alive.
 //
 // Idle (last progress -1) -> init -> running (0..1023) -> process ... -> finished (1024) ->
@@ -31,19 +31,19 @@ public:
     /// samples).
     virtual void init(const int32_t* samples, int32_t srate);
 
-    /// One slice of work. Returns the progress, 0..1024; -1 if an error has ended the run, which
-    /// init starts again.
+    /// Does one slice of work. Returns the progress, 0..1024; -1 if an error has ended the run:
+    /// then only init starts another one.
     virtual int32_t process();
 
     /// Ends the run. Returns the result, which is the caller's from here on (deleteArrFunc frees
-    /// it); null where there is none.
+    /// it); null if there is none.
     virtual int32_t* getResult();
 
     /// Sets up the buffers and every field of a run; the result is made here.
     virtual void doInit() = 0;
 
-    /// One slice: the new progress. Also called after an error has cleaned the processor up: then
-    /// source and result are null.
+    /// Does one slice and returns the new progress. Also called after an error has cleaned the
+    /// processor up: then source and result are null.
     virtual int32_t doProcess() = 0;
 
     /// Frees what doInit made, the result excepted.
@@ -56,12 +56,13 @@ public:
     /// Ends the run, finished or not.
     virtual void cleanUp();
 
-    /// An internal error: ends the run quietly, the message is dropped.
+    /// Reports an internal error: ends the run and drops the message.
     void exc(const char* message);
     void exc(Osp::Base::String* message);
 
-    /// Fades src in over what dst holds, i samples of fade at sample i, fade included; behind the
-    /// fade copies src up to total samples. What lies outside an array is left out.
+    /// Fades src in over what dst holds: sample i of 0..fade takes i parts of src and fade - i of
+    /// dst. After that copies src, until total samples are written. What lies outside an array is
+    /// left out.
     static void addCrossFaded(const int32_t* src,
                               int32_t srcOff,
                               int32_t* dst,
@@ -69,7 +70,7 @@ public:
                               int32_t fade,
                               int32_t total);
 
-    /// Does nothing: no effect stretches and adds in one go.
+    /// Does nothing: no effect stretches and adds in one step.
     static void addStretched(const int32_t* /*src*/,
                              int32_t /*from*/,
                              int32_t /*to*/,
@@ -77,13 +78,13 @@ public:
                              int32_t /*dstFrom*/,
                              int32_t /*dstTo*/) {}
 
-    /// Resamples src[from..to] onto dst[dstFrom..dstTo], all included, with linear interpolation.
-    /// Samples read outside src are 0, those to be written outside dst are dropped.
+    /// Resamples src[from..to] onto dst[dstFrom..dstTo], both ends included, with linear
+    /// interpolation. Samples read outside src are 0, those to be written outside dst are dropped.
     static void copyStretched(
         const int32_t* src, int32_t from, int32_t to, int32_t* dst, int32_t dstFrom, int32_t dstTo);
 
 protected:
-    /// Makes the result, count samples of silence.
+    /// Allocates the result: count samples of silence.
     void newResult(int32_t count);
 
     int32_t* source = nullptr;  // a copy from SampleKeep, owned

@@ -10,7 +10,7 @@ namespace {
 constexpr int32_t kPcm = 1;
 constexpr int32_t kFmtChunkBytes = 16;
 
-// What can be wrong with a header; told to exc(), which forgives everything.
+// Defects of a header, for exc(), which forgives them all.
 constexpr int32_t kShortHeader = 1;
 constexpr int32_t kNoRiff = 2;
 constexpr int32_t kNoWave = 3;
@@ -183,7 +183,8 @@ void WavProps::toByteArray(signed char* dst, int32_t off) {
     bytes.putText(36, "data");
     bytes.put32(40, wrapMul(2, sampleCount));
     for (int32_t i = 0; i < kHeaderBytes; i++) {
-        // exc() goes on even where the array has no room: nothing is written outside it.
+        // After exc() the work goes on even if the array has no room: nothing is written outside
+        // it.
         const int64_t target = int64_t{off} + i;
         if (target >= 0 && target < length(dst)) {
             dst[target] = static_cast<signed char>(bytes.at(i));

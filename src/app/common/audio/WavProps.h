@@ -1,4 +1,4 @@
-// What a sound file says about its sound, and the 44-byte header that says it.
+// The properties of the sound in a WAV file, and the 44-byte header that holds them.
 #pragma once
 
 #include "ClassLife.h"
@@ -62,8 +62,7 @@ public:
 
     int32_t getSampleCount() const { return sampleCount; }
 
-    /// Hears of a header that is not as the program writes it. It does nothing: reading and
-    /// writing go on.
+    /// Called with the number of a defect in a header. Does nothing: reading and writing go on.
     static void exc(int32_t /*code*/) {}
 
 private:

@@ -13,7 +13,7 @@ namespace {
 constexpr int32_t kCleaned = 200;   // progress after fades and filter
 constexpr int32_t kLevelled = 300;  // progress after the level curve
 
-// Shorter takes are not faded: two ramps would meet in them.
+// Takes up to this length are not faded: the two ramps would meet.
 constexpr int32_t kLongestUnfadedSamples = 4096;
 constexpr int32_t kFadeSamples = 2048;  // a quarter second: the rustle of the finger on the key
 constexpr int32_t kFadeShift = 12;
@@ -37,7 +37,7 @@ float stepOver(int32_t width) {
     return static_cast<float>(1.0 / width);
 }
 
-/// An entry of the curve at t of the way between two targets.
+/// An entry of the curve, at t (0 to 1) of the way between two targets.
 int32_t between(int32_t low, int32_t high, float t) {
     const double share = t;
     return toInt32(share * high + (1.0 - share) * low);
@@ -47,7 +47,7 @@ MURMELO_KERNEL void
 applyCurve(const int32_t* src, const int32_t* curve, int32_t* __restrict dst, int32_t samples) {
     for (int32_t i = 0; i < samples; i++) {
         const int32_t sign = src[i] >> 31;        // -1 for negative samples
-        const int32_t magnitude = src[i] ^ sign;  // their complement: -1 lies where 0 does
+        const int32_t magnitude = src[i] ^ sign;  // complement of negative ones: -1 becomes 0
         const int32_t level = magnitude >> kLevelShift;
         const int32_t fraction = magnitude & (kLevelSamples - 1);
         const int32_t mapped =
@@ -89,8 +89,8 @@ void WpMicPostProc::doCleanup() {
     levelTable.reset();
 }
 
-// Deliberate: the ramps end just under half gain and the sample behind them has its full gain. The
-// step falls into the breath before the first word.
+// Deliberate: the ramps end just under half gain, and the sample next to a ramp has its full gain.
+// The step falls into the breath before the first word.
 void WpMicPostProc::fadeEdges() {
     const int32_t samples = length(source);
     if (samples <= kLongestUnfadedSamples) {
@@ -120,7 +120,7 @@ int32_t WpMicPostProc::findLevel() const {
     const int32_t threshold = toInt32(length(source) * kSpeechShare);
     int32_t level = 0;
     int32_t count = levelTable[0];
-    // Of a recording without samples no level exceeds the threshold; it has the top one.
+    // Without samples no level exceeds the threshold; then it is the top one.
     while (count <= threshold && level < kTopLevel) {
         level++;
         count += levelTable[level];
@@ -132,7 +132,8 @@ int32_t WpMicPostProc::findLevel() const {
 // overwrite the corners of earlier ones.
 void WpMicPostProc::drawCurve(int32_t level) {
     const int32_t noise = toInt32(level * kNoiseShare);
-    // A segment without width divides by zero; 0 times infinity is not a number and makes a 0.
+    // The step of a segment without width is infinite; 0 times infinity is not a number, which
+    // becomes 0.
     const float upperStep = stepOver(kTopLevel - level);
     for (int32_t j = level; j <= kTopLevel; j++) {
         levelTable[j] =

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int32_t kHalfway = 512;  // progress at which a drunk has made up his mind
+constexpr int32_t kHalfway = 512;  // progress at which all pitches are fixed and pasting begins
 
 // The drift: each grain has one chance in eleven of a new target between 0.86 and 1.05 times the
 // recorded pitch, and moves 100/256 of the way to it. A wider range sounds sick rather than drunk,
@@ -66,17 +66,17 @@ void WpPitchAndTimeStretch::doCleanup() {
     rnd.reset();
 }
 
-// One grain; the progress runs from progressBefore to the end over all grains.
+// Pastes one grain; over all grains the progress runs from progressBefore to the end.
 int32_t WpPitchAndTimeStretch::pasteNext(int32_t progressBefore) {
     synth->pasteGrain(grainCounter, result);
     grainCounter++;
     if (grainCounter >= grainCount) {
-        return kFinished;  // also of a recording that is shorter than one grain
+        return kFinished;  // also for a recording that is shorter than one grain
     }
     return progressBefore + grainCounter * (kFinished - progressBefore) / grainCount;
 }
 
-// The first half of a drunk's run only counts the grains, then decides on every pitch at once.
+// The first half of a drunk's run only counts the grains, and fixes all pitches at its end.
 int32_t WpPitchAndTimeStretch::countNext() {
     grainCounter++;
     if (grainCounter < grainCount) {

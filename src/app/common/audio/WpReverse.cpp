@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int32_t kSliceSamples = 8000;  // one second of sound between two paintings of the bar
+constexpr int32_t kSliceSamples = 8000;  // one second of sound for each step of the progress bar
 
 MURMELO_KERNEL void
 copyBackwards(const int32_t* sourceEnd, int32_t* __restrict target, int32_t samples) {
@@ -26,10 +26,10 @@ void WpReverse::doInit() {
 int32_t WpReverse::doProcess() {
     const int32_t samples = length(source);
     if (samples == 0) {
-        return kFinished;  // nothing to copy, and nothing to divide by
+        return kFinished;  // nothing to copy, and the division below needs a sample
     }
-    // Deliberate: every slice copies all that is left, not only its own second. The first one has
-    // the whole result; the others only tell the progress.
+    // Deliberate: every slice copies all that is left, not only its own second. The first slice
+    // makes the whole result; the others only report progress.
     copyBackwards(source + (samples - position), result + position, samples - position);
     position = std::min(position + kSliceSamples, samples);
     return static_cast<int32_t>(int64_t{position} * kFinished / samples);

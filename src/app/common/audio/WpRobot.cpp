@@ -16,14 +16,14 @@ constexpr int32_t kHalfway = 512;     // progress at which analysis ends and syn
 constexpr int32_t kRobotPeriod = 90;  // samples; 89 Hz, a bored machine
 constexpr int32_t kNoise = 20000;     // amplitude of the hiss in unvoiced sounds
 
-// Pitches that count for the average, samples.
+// Which frames count for the average period: how voiced they are, and their period in samples.
 constexpr double kLeastVoicing = 0.7;
 constexpr int32_t kShortestCounted = 16;
 constexpr int32_t kLongestCounted = 100;
 
-// In place of a division by 160 and a product with 1024. The quotient of a single-precision number
-// by 5 is a whole number or further from the next one than a double's rounding reaches, and this
-// double lies a little above 6.4: the truncated results are the same.
+// Replaces a division by 160 and a multiplication by 1024. The truncated results are the same: a
+// single-precision number divided by 5 is either a whole number or further away from one than the
+// rounding of a double reaches, and this double lies a little above 6.4.
 constexpr double kQ10PerFrame = 6.4;
 
 /// gains[i], Q10: glides from one frame's gain to the next one's.
@@ -35,11 +35,11 @@ MURMELO_KERNEL void glideGain(float from, float to, int32_t* __restrict gainsQ10
 }
 
 /// periods[i]: glides from one frame's period to the next one's, mirrored about the average. An
-/// infinite average (no frame had a pitch) makes periods without end: one pulse, then none.
+/// infinite average (no frame had a pitch) makes infinite periods: one pulse, then none.
 MURMELO_KERNEL void
 mirrorPeriods(int32_t from, int32_t to, float average, int32_t* __restrict periods) {
     for (int32_t i = 0; i < kSamples; i++) {
-        // A period has at most 100 samples: no need to look for what does not fit.
+        // A period has at most 100 samples: the conversion needs no check of its range.
         const auto current = static_cast<int32_t>((from * (kSamples - i) + to * i) / 160.0);
         const float mirrored = average / (static_cast<float>(current) / average);
         periods[i] = toInt32(mirrored + 0.5);
@@ -86,7 +86,7 @@ void WpRobot::doInit() {
     newResult(sampleCount);
     frames.assign(static_cast<size_t>(frameCount), Frame());
     // Deliberate: the sum starts with a period that is never counted. The average comes out a
-    // little long and the flipped melody a little low; with few voiced frames more so.
+    // little long and the flipped melody a little low; the fewer voiced frames, the more so.
     periodSum = 60.0F;
     voicedCount = 0;
     averagePeriod = 0.0F;
@@ -156,7 +156,7 @@ void WpRobot::fillBuffer(const Frame& frame) {
     for (int32_t i = 0; i < kSamples; i++) {
         pulses[i] = Lpc::excitation(periods[i], 0);
     }
-    Rnd noise = *rnd;  // a copy stays in registers
+    Rnd noise = *rnd;  // a local copy can stay in registers
     for (int32_t i = 0; i < kSamples; i++) {
         noises[i] = noise.nextInt(-kNoise, kNoise);
     }

@@ -17,16 +17,16 @@ public:
     static constexpr int32_t kConstantPitch = 1;
     static constexpr int32_t kMirroredPitch = 2;
 
-    /// Seeds come from the clock.
+    /// Seeds come from the clock until fixSeed().
     static void static_ctor() { followClock(); }
 
-    /// The noise of every later run comes from this seed, so that runs can be repeated.
+    /// Every later run makes its noise from this seed, so that a run can be repeated.
     static void fixSeed(int32_t seed);
 
-    /// The noise differs from run to run, as the clock does.
+    /// Every later run seeds its noise with the clock, so that the noise differs from run to run.
     static void followClock() { seedIsFixed = false; }
 
-    /// @param mode  any other mode than the two above keeps the voice's own pitch
+    /// @param mode  one of the two above; any other mode keeps the voice's own pitch
     explicit WpRobot(int32_t mode);
     ~WpRobot() override;
 
