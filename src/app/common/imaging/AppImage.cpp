@@ -20,7 +20,7 @@ constexpr int32_t kUnchanged = 256;  // lightness, saturation, opacity
 constexpr int32_t kWhite = 512;      // lightness
 constexpr uint32_t kColourMask = 0xFFFFFF;
 
-/// Whether a rectangle with at least one pixel lies wholly inside the image.
+/// True if a rectangle with at least one pixel lies wholly inside the image.
 bool isInside(const AppImage* image, int32_t x, int32_t y, int32_t w, int32_t h) {
     return x >= 0 && y >= 0 && int64_t{x} + w <= image->w && int64_t{y} + h <= image->h;
 }
@@ -51,7 +51,8 @@ uint32_t whiteMaskOf(int32_t lightness) {
     return lightness > kUnchanged ? kColourMask : 0;
 }
 
-/// How far a lightness is from black or white, whichever it leans to.
+/// The share of the colour itself, 0 to 256; the rest is black below a lightness of 256, else
+/// white.
 uint32_t light256Of(int32_t lightness) {
     const int32_t held = std::clamp(lightness, 0, kWhite);
     return static_cast<uint32_t>(held > kUnchanged ? kWhite - held : held);
@@ -165,7 +166,8 @@ void AppImage::set(
     }
     const PixelBlock block = blockOf(this, src, sx, sy, w, h, dx, dy);
     for (int32_t i = 0; i < h; i++) {
-        // An image moved down within itself starts with its last row, or it would copy copies.
+        // Moved down within its own image, the last row comes first: else rows that are already
+        // copies would be copied again.
         const int32_t row = src == this && dy > sy ? h - 1 - i : i;
         std::memmove(block.dstRow(row), block.srcRow(row),
                      static_cast<size_t>(w) * sizeof(uint32_t));
@@ -178,7 +180,7 @@ void AppImage::set(AppImage* src, int32_t dx, int32_t dy) {
 
 void AppImage::set(AppImage* src) {
     assert(length(src->pixels) == length(pixels));
-    // The source's length rules; never behind the end of a smaller image.
+    // Copies the source's pixels, at most as many as fit.
     std::copy_n(src->pixels.get(), std::min(length(src->pixels), length(pixels)), pixels.get());
 }
 

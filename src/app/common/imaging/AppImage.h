@@ -21,25 +21,25 @@ public:
     /// Empty: no size, no pixels.
     AppImage() = default;
 
-    /// The pixels are whatever they are (zero today).
+    /// The values of the pixels are not promised (zero today).
     AppImage(int32_t w, int32_t h);
     AppImage(int32_t w, int32_t h, uint32_t argb);
 
-    /// The same size and pixels; opaque is not copied.
+    /// Copies size and pixels, but not opaque.
     explicit AppImage(AppImage* source);
 
     Osp::Base::String* toString() override;
     ~AppImage() override;
 
     /// Keeps the array and its contents when the number of pixels stays the same.
-    /// Deliberate: a size below 1 x 1 leaves the image empty and its old array to whoever still
-    /// has the pointer. More pixels than an array can count (kMaxArrayLength) leave the image
-    /// empty too, but free the array.
+    /// Deliberate: a size below 1 x 1 leaves the image empty and does not free its old array: it
+    /// belongs to the caller that still has the pointer. More pixels than an array can count
+    /// (kMaxArrayLength) leave the image empty too, but free the array.
     virtual void allocate(int32_t w, int32_t h);
 
     /// Straight to premultiplied colours: ((alpha + 1) * channel) >> 8.
-    /// Deliberate: not the rule of premult(argb), which divides by 255: the pictures that are
-    /// loaded and the colours that are named keep the tints that they were matched with.
+    /// Deliberate: not the rule of premult(argb), which divides by 255: loaded pictures and colours
+    /// in the code were matched to each other with these two rules.
     virtual void premult();
 
     /// Premultiplied to straight colours, 255 * channel / alpha truncated; alpha 0 and 255 stay. A
@@ -86,7 +86,8 @@ public:
                        int32_t dy,
                        PixProps* props);
 
-    /// The colour, modified by props, through the alpha of the mask; how glyphs get their tint.
+    /// Blends the colour, modified by props, through the alpha of the mask: how glyphs are
+    /// coloured.
     virtual void blend(uint32_t argb,
                        AppImage* mask,
                        int32_t sx,
@@ -109,7 +110,7 @@ public:
     /// Towards black below 256, towards premultiplied white above, reached at 512.
     static uint32_t scaleLightness(uint32_t argb, int32_t lightness);
 
-    /// Grey at 0, unchanged at 256, beyond it stronger without any protection.
+    /// Grey at 0, unchanged at 256; above that stronger, and channels may overflow.
     static uint32_t scaleSaturation(uint32_t argb, int32_t saturation);
 
     /// Lightness, then saturation, then opacity. Null props change nothing.
@@ -135,7 +136,7 @@ public:
     int32_t w = 0;           // px
     int32_t h = 0;           // px
     Array<uint32_t> pixels;  // w * h words
-    bool opaque = false;     // no transparent pixel: whole images of it are copied, not blended
+    bool opaque = false;     // no pixel is transparent: plain blends copy the pixels
 
 private:
     void dynamic_dtor();

@@ -141,8 +141,8 @@ void BitMapCharacter::draw(AppImage* image,
     if (pixels == nullptr) {
         return;
     }
-    // 64 bits: a clip may reach as far as 32 bits do. The image's edges keep out what a caller
-    // has misplaced.
+    // Sums in 64 bits, because a clip may end at the largest coordinate. Cut to the image too:
+    // callers may place a glyph anywhere.
     const auto end = [](int32_t at, int32_t glyph, int32_t clip, int32_t clipSize, int32_t size) {
         return std::min({int64_t{at} + glyph, int64_t{clip} + clipSize, int64_t{size}});
     };

@@ -1,7 +1,8 @@
-// One glyph of a bitmap font: a small picture of 4-bit coverage with its place at the pen.
+// One glyph of a bitmap font: a small picture of 4-bit coverage and its place relative to the pen.
 //
 // Coverage runs from 0 (none) to 15 (full), row by row without padding, eight pixels in a word, the
-// first one in bits 28..31. A glyph may stand in more than one font; the last one deletes it.
+// first one in bits 28..31. A glyph may belong to more than one font; the last font that lets it go
+// deletes it.
 #pragma once
 
 #include "Array.h"
@@ -47,8 +48,8 @@ public:
     BitMapCharacter& operator=(const BitMapCharacter&) = delete;
     virtual ~BitMapCharacter() = default;
 
-    /// Reads one record of a font file; the caller owns the character. Null if the stream has
-    /// ended; what is missing of a record that is cut short is zero.
+    /// Reads one record of a font file; the caller owns the character. Null if the stream ends
+    /// within the seven bytes of the record's head; words that are missing after it are zero.
     static BitMapCharacter* createFrom(DataInputStream* in);
     void writeTo(DataOutputStream* out);
 
@@ -69,7 +70,8 @@ public:
     /// A new string; the caller deletes it.
     virtual Osp::Base::String* toString();
 
-    /// Each font holds the characters in it, and deletes the ones that it held last.
+    /// A font holds each of its characters, and lets it go when it drops it. The last letGo()
+    /// deletes the character.
     void hold() { holders++; }
 
     void letGo();

@@ -20,9 +20,9 @@ namespace {
 
 constexpr int32_t kMagicBytes = 4;  // "BMF" and the version
 constexpr int32_t kVersion = 1;
-constexpr int32_t kMostCharsInFile = 32767;
+constexpr int32_t kMaxCharsInFile = 32767;
 constexpr float kSmallestSize = 1.0F;
-constexpr float kSizeOfNone = 123.0F;  // easily told from a real one
+constexpr float kSizeOfNone = 123.0F;  // no real font has it
 constexpr int32_t kLineFeed = 10;
 constexpr int32_t kSpace = 32;
 constexpr int32_t kNoBreakSpace = 160;
@@ -86,7 +86,7 @@ BitMapFont* BitMapFont::getDefaultFont() {
 }
 
 bool BitMapFont::writeTo(OutputStream* out) {
-    if (numChars > kMostCharsInFile) {
+    if (numChars > kMaxCharsInFile) {
         return false;
     }
     DataOutputStream data(out);
@@ -119,7 +119,7 @@ void BitMapFont::addChar(BitMapCharacter* character) {
     insert(character);
 }
 
-/// The font holds the character already.
+/// @param character  already held by this font
 void BitMapFont::insert(BitMapCharacter* character) {
     const int32_t index = indexAtOrAfter(character->codePoint);
     if (index < numChars && characters[index]->codePoint == character->codePoint) {

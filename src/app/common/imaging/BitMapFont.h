@@ -39,7 +39,7 @@ public:
     /// characters than the file can count (32767).
     bool writeTo(OutputStream* out);
 
-    /// The font takes the character, and lets go of the one that had its code point. Line feed,
+    /// The font holds the character, and lets go of the one that had its code point. Line feed,
     /// space and no-break space lose their bitmap.
     void addChar(BitMapCharacter* character);
 
@@ -71,14 +71,15 @@ public:
 
     int32_t getLineHeight() const { return lineHeight; }
 
-    /// Pixels that characters have ever reached above and below the baseline; they never shrink.
+    /// How many pixels any character ever reached above (below) the baseline; never shrinks.
     int32_t getMaxAbove() const { return maxAbove; }
 
     int32_t getMaxBelow() const { return maxBelow; }
 
     int32_t getMaxHeight() const { return maxAbove + maxBelow; }
 
-    /// Shares the other font's characters that this one lacks. Either font may go first.
+    /// Adds the other font's characters that this one lacks; both fonts hold them then, and either
+    /// may be deleted first.
     void addNewCharactersFrom(BitMapFont* other);
 
     Osp::Base::String* toString() override;
@@ -87,7 +88,7 @@ public:
     int32_t getStringWidth(Osp::Base::String* text);
 
     /// Where the pen stands before the character at index (at most the last one).
-    // Deliberate: unlike in drawString, the first character's ofsX is not taken off.
+    // Deliberate: unlike in drawString, the first character's ofsX is not subtracted.
     int32_t getCharStartX(Osp::Base::String* text, int32_t index);
 
     /// Draws with the first ink at x and the top of the line box at y.

@@ -20,12 +20,12 @@ void edit(Bounded* bounded, Change change) {
     bounded->setBounds(copy);
 }
 
-/// Answers a question about the rectangle.
-template <typename Question>
-auto ask(Bounded* bounded, Question question) {
+/// Returns what read makes of a copy of the rectangle.
+template <typename Read>
+auto ask(Bounded* bounded, Read read) {
     const PooledBounds copy(Bounds::alloc(bounded));
-    const auto answer = question(copy);
-    return answer;
+    const auto result = read(copy);
+    return result;
 }
 
 }  // namespace

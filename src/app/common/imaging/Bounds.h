@@ -23,7 +23,7 @@ public:
     static constexpr int32_t kRight = 8;
     static constexpr int32_t kCentre = 16;
 
-    // What get() answers, by index.
+    // Indices for get().
     static constexpr int32_t kEdgeLeft = 0;
     static constexpr int32_t kEdgeTop = 1;
     static constexpr int32_t kEdgeRight = 2;
@@ -31,7 +31,7 @@ public:
     static constexpr int32_t kSizeWidth = 4;
     static constexpr int32_t kSizeHeight = 5;
 
-    /// Deletes the pool's first instance; the others stay behind with the process.
+    /// Deletes the pool's first instance; the others stay allocated until the process ends.
     static void static_dtor();
 
     Bounds() = default;
@@ -56,8 +56,8 @@ public:
     /// Frees every element (all of them Bounds) and empties the vector.
     static void free(Vector* vector);
 
-    /// Counts the pool. The counts go to no console of this program, so only the answer shows them.
-    /// @param sinceLast  true: how many more than at the last call
+    /// Returns the number of instances in the pool. Prints nothing: the program has no console.
+    /// @param sinceLast  true: only how many more than at the last call
     static int32_t printNumRecycled(bool sinceLast);
 
     Osp::Base::String* toString() override;
@@ -191,7 +191,7 @@ public:
     /// @param aligned  only elements that share a row (left, right) or a column (top, bottom)
     /// @param touching  elements that overlap bounded count too, if their centre lies beyond its
     /// centre
-    /// @param wrap  if none counts, the search starts anew from the other side: the element with
+    /// @param wrap  if none counts, the search starts again from the other side: the element with
     /// the longest distance in the opposite direction
     static Bounded* getClosestNeighbour(Bounded* bounded,
                                         Vector* vector,

@@ -1,4 +1,5 @@
-// Whole lists of rectangles: what it takes to repaint each changed pixel once.
+// Operations on lists of rectangles, which make it possible to repaint each changed pixel only
+// once.
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "Pooled.h"

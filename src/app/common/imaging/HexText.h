@@ -1,4 +1,4 @@
-// Hexadecimal text of addresses and hashes, for the texts by which objects describe themselves.
+// Hexadecimal text of addresses and hashes, for the toString() of objects.
 #pragma once
 
 #include "OspBase.h"

@@ -1,8 +1,8 @@
 // Clipped drawing: every painter draws through here, because AppImage itself does not clip.
 //
-// What is asked for is cut to the destination image, then to the clip; what remains goes to the
-// destination's own pixel operations. The destination and the clip are never null, modifiers may
-// be (nothing is modified then). Nothing is read or written outside an image, and nothing is
+// Every operation is cut to the destination image, then to the clip; what remains is done by the
+// destination's own pixel operations. The destination and the clip are never null; modifiers may be
+// null, and then change nothing. Nothing is read or written outside an image, and nothing is
 // allocated once the pool of rectangles is filled.
 #pragma once
 

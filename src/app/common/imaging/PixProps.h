@@ -11,7 +11,7 @@ class String;
 
 class PixProps : public ClassLife {
 public:
-    /// Deletes the pool's first instance; the others stay behind with the process.
+    /// Deletes the pool's first instance; the others stay allocated until the process ends.
     static void static_dtor();
 
     /// All three 256.
@@ -30,8 +30,8 @@ public:
 
     virtual ~PixProps() = default;
 
-    /// Gives the instance back to the pool; it must not be used afterwards. Whoever does so all the
-    /// same paints white, which shows at once: the fields become 512, 0, 256.
+    /// Gives the instance back to the pool; it must not be used afterwards. The fields become 512,
+    /// 0, 256: a painter that uses it by mistake paints white, which is seen at once.
     virtual void free();
     virtual void setDefault();
     virtual bool isDefault();
@@ -39,8 +39,8 @@ public:
     virtual void set(PixProps* props);
 
     /// Multiplies by other modifiers; null changes nothing.
-    /// Deliberate: only the lightness is held at 512 (a negative one too, taken as unsigned);
-    /// saturation and opacity run on.
+    /// Deliberate: only the lightness is limited to 512 (a negative one becomes 512 too, since it
+    /// is compared as unsigned); saturation and opacity are not limited.
     virtual void scale(PixProps* props);
 
     /// own scaled by inherited. A null one changes nothing; both null give the defaults.

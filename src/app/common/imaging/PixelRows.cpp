@@ -7,8 +7,9 @@
 
 namespace {
 
-// Pictures are mostly transparent or opaque in runs: groups of pixels are looked at as a whole.
-// Smaller ones would catch more, but a loop over 16 the compiler unrolls before it can vectorise.
+// Most pixels of a picture lie in transparent or opaque runs, so groups of pixels are tested as a
+// whole. Smaller groups would fit into more runs, but the compiler unrolls a loop over 16 pixels
+// before it can vectorise it.
 constexpr int32_t kGroupPx = 32;
 constexpr int32_t kGroupBytes = kGroupPx * 4;
 constexpr uint64_t kAlphasMask = 0xFF000000FF000000;  // of two pixels
@@ -20,7 +21,7 @@ inline uint64_t pairOf(const uint32_t* src, int32_t pair) {
     return both;
 }
 
-/// Whether all pixels of a group are 0; blending them over anything changes nothing.
+/// True if all pixels of a group are 0; blending them over anything changes nothing.
 inline bool isNothing(const uint32_t* src) {
     uint64_t any = 0;
     for (int32_t i = 0; i < kGroupPx / 2; i += 4) {
@@ -29,7 +30,7 @@ inline bool isNothing(const uint32_t* src) {
     return any == 0;
 }
 
-/// Whether all pixels of a group are opaque; blending them over anything replaces it.
+/// True if all pixels of a group are opaque; blending them over anything replaces it.
 inline bool isOpaque(const uint32_t* src) {
     uint64_t all = kAlphasMask;
     for (int32_t i = 0; i < kGroupPx / 2; i += 4) {
@@ -38,7 +39,7 @@ inline bool isOpaque(const uint32_t* src) {
     return all == kAlphasMask;
 }
 
-/// Whether a pixel shows both itself and what lies below it: neither 0 nor opaque.
+/// True if a pixel shows both itself and what lies below it: it is neither 0 nor opaque.
 inline bool isBetween(uint32_t argb) {
     return argb - 1 < kAlphaMask - 1;
 }
@@ -126,7 +127,7 @@ MURMELO_KERNEL_PART void overRows(const PixelBlock& rows, Modifier... modifier) 
         const uint32_t* src = block.srcRow(row);
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
-            // The first pixel mostly tells what its group is like.
+            // The first pixel usually shows of which kind its group is.
             const bool isModified = sizeof...(modifier) > 0;
             if (!isModified && *src != 0 && !isBetween(*src) && isOpaque(src)) {
                 std::memcpy(dst, src, kGroupBytes);

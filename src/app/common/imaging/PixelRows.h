@@ -1,6 +1,6 @@
 // The inner loops of AppImage: rectangles of pixels, rows from left to right.
 //
-// Built for the vectoriser, which does all of them; nothing here checks or clips. Source and
+// Written so that the compiler vectorises all of them; nothing here checks or clips. Source and
 // destination must not overlap.
 #pragma once
 
@@ -21,12 +21,12 @@ struct PixelBlock {
     const uint32_t* srcRow(int32_t row) const { return src + ptrdiff_t{srcStride} * row; }
 };
 
-/// Pixel properties made ready: factors without special cases.
+/// The factors of a PixProps, brought into ranges without special cases.
 struct PixelTint {
     uint32_t whiteMask;      // 0xFFFFFF lightens, 0 darkens
-    uint32_t light256;       // 256 leaves alone
-    uint32_t saturation256;  // 256 leaves alone
-    uint32_t opacity256;     // 256 leaves alone
+    uint32_t light256;       // 256: unchanged
+    uint32_t saturation256;  // 256: unchanged
+    uint32_t opacity256;     // 256: unchanged
 };
 
 class PixelRows {

@@ -14,7 +14,7 @@ constexpr uint32_t kCrcPolynomial = 0xEDB88320;  // reflected
 constexpr signed char kDepth = 8;
 constexpr signed char kTrueColour = 2;
 
-/// The most a byte sum can grow before it must be reduced, with room to spare.
+/// Bytes after which the two sums must be reduced; a few more would still fit.
 constexpr int32_t kAdlerRun = 3800;
 
 signed char byteOf(uint32_t value, int32_t shift) {
@@ -38,8 +38,9 @@ bool PngEncoder::setImageData(const uint32_t* argb, int32_t w, int32_t h) {
     if (w < 1 || h < 1 || int64_t{w} * h > kMaxArrayLength) {
         return false;
     }
-    // Rows have a filter byte and blocks a header: tall, narrow images need more than three bytes
-    // for each pixel, which reserve() sees to. Here only what an array can count is made sure of.
+    // Rows have a filter byte and blocks a header, so tall, narrow images need more than three
+    // bytes for each pixel; reserve() makes room for them. Here it is only checked that an array
+    // can count the bytes.
     const int64_t raw = rawBytes(w, h);
     if (slackBytes + raw + (raw / kBlockBytes + 1) * kBlockHeaderBytes > kMaxArrayLength) {
         return false;
@@ -180,7 +181,7 @@ void PngEncoder::makeCRCTable() {
     }
 }
 
-/// Makes room for more bytes behind the ones written.
+/// Makes room for more bytes after the ones written.
 void PngEncoder::reserve(int32_t bytes) {
     const int32_t needed = position + bytes;
     if (needed <= length(output)) {

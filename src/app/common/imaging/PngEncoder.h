@@ -14,8 +14,8 @@ public:
     PngEncoder& operator=(const PngEncoder&) = delete;
     virtual ~PngEncoder() = default;
 
-    /// Remembers the pixels, which stay the caller's and must be there until encode(), and
-    /// allocates the output. False, and nothing to encode, if the size is none or too large.
+    /// Keeps the pointer to the pixels, which stay the caller's and must live until encode(), and
+    /// allocates the output. False if there are no pixels or too many; encode() then returns null.
     /// @param argb  w * h words; alpha is dropped
     bool setImageData(const uint32_t* argb, int32_t w, int32_t h);
 

@@ -11,7 +11,7 @@ class String;
 
 class Point : public ClassLife {
 public:
-    /// Deletes the pool's first instance; the others stay behind with the process.
+    /// Deletes the pool's first instance; the others stay allocated until the process ends.
     static void static_dtor();
 
     Point() = default;

@@ -13,7 +13,7 @@ class StrUtils : public ClassLife {
 public:
     /// Reads the numbers in a text, from left to right, as file names carry them: a number starts
     /// at a digit or a "-" and ends before the next character that is not a digit, which may start
-    /// the next one. Answers how many there are.
+    /// the next one. Returns how many there are.
     /// Deliberate: the digits go through Integer::parseInt, which knows no sign: a "-" counts as
     /// the digit -3, so "-5" is -25 and a lone "-" is -3. No name of ours has a negative number; a
     /// hyphen spoils the count instead, and the picture stays unplaced, which shows.

@@ -10,7 +10,7 @@ public:
 
     uint32_t get() const { return argb; }
 
-    /// Deliberate: the own modifiers do nothing here, only the inherited ones count: the colour
+    /// Deliberate: only the inherited modifiers count, the painter's own do nothing: the colour
     /// itself says how light and how transparent the rectangle is.
     void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
 

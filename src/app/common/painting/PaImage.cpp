@@ -59,8 +59,8 @@ void PaImage::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixPro
     if (imageId == Res::Null) {
         return;
     }
-    // Deliberate: not given back to the pool. Pictures are few in a frame, texts many: the pool
-    // stays as large as the deepest nesting of arrays needs it.
+    // Deliberate: deleted, not given back to the pool. A frame has few pictures and many texts: the
+    // pool stays as large as the deepest nesting of arrays needs it.
     const std::unique_ptr<PixProps> combined(PixProps::alloc());
     combined->set(props.get(), inherited);
     AppImage* image = Res::getImage(imageId);

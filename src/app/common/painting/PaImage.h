@@ -1,7 +1,7 @@
-// A picture of the registry.
+// Paints a picture of the registry.
 //
-// The rectangle has the size of the picture, which is loaded for that. A picture that is missing or
-// damaged leaves an empty rectangle and paints nothing.
+// The rectangle has the size of the picture, which is read from its file but not decoded for that.
+// A picture that is missing or damaged leaves an empty rectangle and paints nothing.
 #pragma once
 
 #include "AbstractPainter.h"
@@ -17,7 +17,7 @@ public:
     /// No picture.
     PaImage();
 
-    /// Takes the picture and its size; the position stays. Res::Null: no picture.
+    /// Takes over the picture and its size; the position stays. Res::Null: no picture.
     void setImage(int32_t id);
 
     int32_t getImage() const { return imageId; }
@@ -33,7 +33,7 @@ public:
 
     void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
 
-    /// Takes the picture's size anew.
+    /// Reads the picture's size again.
     void refresh() override;
 
 private:

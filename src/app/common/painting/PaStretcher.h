@@ -1,10 +1,10 @@
 // A picture that fills any rectangle, for frames and bars.
 //
 // The split point names one column and one row of the picture. They cut it into nine parts: the
-// four corners beside them keep their size, the row between two corners is stretched from the split
-// column's pixels, the column between two corners from the split row's, and the pixel where both
-// cross fills the middle. At the picture's own size the result is the picture. A split of 0 leaves
-// no part at the left (top), one at or beyond the last column (row) none at the right (bottom).
+// four corners beside them keep their size; between two corners above or below, the split column is
+// repeated, between two at a side the split row, and the pixel where both cross fills the middle.
+// At the picture's own size the result is the picture. A split of 0 leaves no part at the left
+// (top), one at or beyond the last column (row) none at the right (bottom).
 // A rectangle smaller than the corners cuts the right and bottom ones first.
 #pragma once
 
@@ -43,7 +43,7 @@ public:
     void setBounds(Bounds* source) override;
     void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
 
-    /// Works out the parts anew, for a picture that has changed.
+    /// Works out the parts again, for a picture that has changed.
     void refresh() override;
 
     /// Lays the nine parts over the rectangle.

@@ -2,7 +2,8 @@
 //
 // Rows break at spaces; a word wider than the area is cut, and a single glyph wider than the area
 // stands alone in its row. Painting is clipped to the rectangle. Without a text or a font the area
-// is empty. The layout is made when something is set; refresh() makes it anew in another language.
+// is empty. The layout is made when something is set; refresh() makes it again after a change of
+// the language.
 #pragma once
 
 #include "AbstractPainter.h"
@@ -25,7 +26,7 @@ public:
     PaTextArea();
 
     /// @param argb  premultiplied
-    /// @param w     at least kMinWidth, a smaller one is taken as that
+    /// @param w     px; less than kMinWidth counts as kMinWidth
     void set(int32_t strId,
              int32_t fntId,
              uint32_t argb,
@@ -41,8 +42,8 @@ public:
 
     /// Places each row by the width of its ink, in the bits of Bounds' anchors: 4 flush with the
     /// left edge, 8 with the right edge, 16 its middle over the middle of the area (both rounded
-    /// towards the left). 4 outdoes 8 and both outdo 16, as where rectangles are placed; without
-    /// any of them the text stands at the left.
+    /// towards the left). 4 takes precedence over 8, and both over 16, as in Bounds::setPos();
+    /// without any of them the text stands at the left.
     void setTextAlign(int32_t anchor);
     void setSize(int32_t w, int32_t h);
     void setWidth(int32_t w);
@@ -73,7 +74,7 @@ public:
     void appendRowBounds(Vector* out);
     void appendCharBounds(Vector* out);
 
-    /// Lays out anew if the width changes.
+    /// Lays out again if the width changes.
     void setBounds(Bounds* source) override;
     void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
     void refresh() override;

@@ -1,8 +1,8 @@
 // One line of text, as wide as its ink.
 //
-// The rectangle takes its size from the text when text or font are set; refresh() takes it anew in
-// another language. What is painted is always the text of the moment, from the rectangle's top left
-// corner, the ink starting exactly there. Without a text or a font the label is empty.
+// The rectangle takes its size from the text when text or font are set; refresh() does so again
+// after a change of the language. What is painted is always the current text, its ink starting
+// exactly at the rectangle's top left corner. Without a text or a font the label is empty.
 #pragma once
 
 #include "AbstractPainter.h"

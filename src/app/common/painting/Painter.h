@@ -12,15 +12,15 @@ class Painter : public Bounded {
 public:
     /// Paints with the own rectangle shifted by (x, y).
     /// @param clip       never null; nothing outside is touched
-    /// @param inherited  modifiers of whatever the painter is part of; may be null
+    /// @param inherited  modifiers of the array that the painter is part of; may be null
     virtual void
     paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) = 0;
 
-    /// Works out anew what the painter derives from its resources: after a change of the language,
-    /// of a text or of a picture.
+    /// Works out again what the painter derives from its resources. Called after a change of the
+    /// language, of a text or of a picture.
     virtual void refresh() = 0;
 
-    /// The painter's own modifiers, which stay its own.
+    /// The painter's own modifiers; the painter keeps them.
     virtual PixProps* getPixProps() = 0;
 
     /// Copies the given modifiers; null sets the defaults.

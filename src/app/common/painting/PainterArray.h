@@ -1,7 +1,7 @@
 // Painters on top of one another, themselves a painter: slot 0 is the bottom, the last the top.
 //
-// A slot may be null, which paints nothing. The painters stand relative to the array's rectangle
-// and stay their makers'. The array's modifiers go down to them; its size clips nothing.
+// A slot may be null, which paints nothing. The painters stand relative to the array's rectangle;
+// the array does not own them. Its modifiers are passed on to them; its size clips nothing.
 #pragma once
 
 #include "Array.h"
@@ -69,7 +69,7 @@ public:
     virtual void
     paintOn(int32_t from, AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited);
 
-    /// From a slot to another, both included and brought into the array; nothing if from > to.
+    /// From a slot to another, both included, both clamped to the array; nothing if from > to.
     virtual void paintOn(int32_t from,
                          int32_t to,
                          AppImage* dst,
