@@ -1,8 +1,8 @@
 // The registry of texts, pictures, fonts and other objects: everything that screens and painters
 // name by a small number instead of a pointer.
 //
-// Ids count from 0 and are never used again. Pictures and fonts are loaded on first use. An id that
-// nobody registered, or one of another kind than asked for, is answered with null, -1 or false.
+// Ids count from 0 and are never used again. Pictures and fonts are loaded on first use. For an
+// unknown id, or one of another kind than asked for, null, -1 or false is returned.
 #pragma once
 
 #include "Array.h"
@@ -41,8 +41,8 @@ public:
     static int32_t addStr(String** texts);
 
     /// One language-neutral text for each element of a counted array. The strings belong to the
-    /// registry from now on, the array stays the caller's, and so does the new counted array of
-    /// their ids that comes back (deleteArrFunc).
+    /// registry from now on, the array stays the caller's. Returns a new counted array of their
+    /// ids, which the caller frees with deleteArrFunc.
     static int32_t* addLanguageNames(String** names);
     static int32_t addFont(String* path);
     static int32_t addFont(const char* path);
@@ -55,7 +55,7 @@ public:
 
     static Resource* getRes(int32_t id);
 
-    /// What the registry answers stays its own.
+    /// The registry keeps what it returns; free() and freeAll() may delete it.
     static AppImage* getImage(int32_t id);
     static BitMapFont* getFont(int32_t id);
 
@@ -72,12 +72,12 @@ public:
     static bool isFont(int32_t id);
     static bool isObject(int32_t id);
 
-    /// The text in the current language; a text that is alone is the same in every language.
+    /// The text in the current language; a language-neutral one is the same in every language.
     static String* getStr(int32_t id);
     static String** getStrArray(int32_t id);
 
-    /// New text under the same id, owned by the registry from now on; deleted if the id has no
-    /// text. Whoever laid the old one out lays out the new one with refresh().
+    /// Puts a new text under the same id. The registry owns it from now on, and deletes it at once
+    /// if the id is not that of a text. Painters of the old text must be refreshed.
     static void replaceStr(int32_t id, String* text);
     static void replaceStr(int32_t id, String** texts);
 

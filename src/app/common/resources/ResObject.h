@@ -1,4 +1,4 @@
-// Any object under an id. It stays its maker's.
+// Any object under an id. The registry does not own it.
 #pragma once
 
 #include "Resource.h"

@@ -7,7 +7,7 @@
 
 class Resource : public GnoObject {
 public:
-    // What getType() answers.
+    // What getType() returns.
     static constexpr int32_t kTypeNull = 0;
     static constexpr int32_t kTypeString = 1;
     static constexpr int32_t kTypeImage = 2;

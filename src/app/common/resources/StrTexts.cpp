@@ -8,12 +8,12 @@ namespace {
 
 // One text on a line, as far as it fits.
 //
-// Deliberate: the blank before the first sentence of ROTATE_SCREEN, the one behind "No memory
-// card", the large P of "Low Pitch" and the spelling of "occured" are the program's own and stay.
-// Spanish and Italian say "tu", German and French "Sie" and "vous". Help and messages name keys and
-// menus by the very words that stand on them.
+// Deliberate: the blank before the first sentence of ROTATE_SCREEN, the one after "No memory card",
+// the large P of "Low Pitch" and the spelling of "occured" are the program's own and stay. Spanish
+// and Italian say "tu", German and French "Sie" and "vous". Help and messages name keys and menus
+// by the very words that stand on them.
 // clang-format off
-// NOLINTBEGIN(bugprone-suspicious-missing-comma): long texts go on on the next line
+// NOLINTBEGIN(bugprone-suspicious-missing-comma): long texts continue on the next line
 constexpr StrTexts kRows[] = {
     {"APP_NAME",
      &Str::str_APP_NAME,

@@ -1,6 +1,6 @@
 // The string table: every text of the program in all its languages, in the order of registration.
 //
-// Each text has its place on the screen, and the tests measure it there: a soft key's label a third
+// Each text must fit its place on the screen, which the tests measure: a soft key's label a third
 // of the bar, an effect's name the space between the arrows, a message 180 px.
 #pragma once
 
