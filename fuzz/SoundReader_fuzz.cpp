@@ -1,4 +1,4 @@
-// The tool's sound files: a sound within its limits, or a complaint.
+// The tool's sound files: each is a sound within the limits, or an error.
 #include "MemoryFile.h"
 #include "ProgressLine.h"
 #include "SoundReader.h"
@@ -25,8 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     file.fill(data, size);
     SoundReader reader(kMaxSamples, progress);
     const Sound sound = reader.read(file.path());
-    if ((sound == nullptr) == reader.complaint().empty() ||
-        (sound != nullptr && reader.wasTooLong())) {
+    if ((sound == nullptr) == reader.error().empty() || (sound != nullptr && reader.wasTooLong())) {
         std::abort();
     }
     const int32_t count = sound != nullptr ? length(sound.get()) : 0;

@@ -9,8 +9,8 @@
 namespace {
 
 constexpr size_t kMinPrefix = 3;          // letters of a name that tell it from the others
-constexpr size_t kMaxNameLetters = 32;    // a longer text means no effect
-constexpr size_t kLettersPerMistake = 3;  // one mistake in that number of letters is a slip
+constexpr size_t kMaxNameLetters = 32;    // a longer text names no effect
+constexpr size_t kLettersPerMistake = 3;  // one mistake for each of these may be a slip
 
 static_assert(FxCatalogue::kCount <= 10, "the number of an effect is one digit");
 
@@ -18,7 +18,8 @@ bool startsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-/// Letters to be put in, taken out, replaced or swapped with their neighbours to come from a to b.
+/// How many letters must be put in, taken out, replaced or swapped with their neighbour to turn a
+/// into b.
 size_t mistakes(const std::string& a, const std::string& b) {
     std::vector<std::vector<size_t>> table(a.size() + 1, std::vector<size_t>(b.size() + 1));
     for (size_t i = 0; i <= a.size(); i++) {
@@ -38,8 +39,8 @@ size_t mistakes(const std::string& a, const std::string& b) {
     return table[a.size()][b.size()];
 }
 
-/// How far a text is from a name; a text that only goes on after the name, or ends before it does,
-/// is as near as one mistake.
+/// How many mistakes lie between a text and a name; only one if the text begins with the name, or
+/// the name with the text.
 size_t distance(const std::string& text, const std::string& name) {
     const size_t shorter = std::min(text.size(), name.size());
     if (shorter >= kMinPrefix && (startsWith(text, name) || startsWith(name, text))) {
@@ -62,8 +63,8 @@ std::string EffectName::nearest(const std::string& text) {
         return "";
     }
     const std::string small = SoundWriter::lowerCase(text);
-    const size_t most = std::max<size_t>(small.size() / kLettersPerMistake, 1);
-    size_t best = most + 1;
+    const size_t maxMistakes = std::max<size_t>(small.size() / kLettersPerMistake, 1);
+    size_t best = maxMistakes + 1;
     std::string found;
     for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
         const FxCatalogue::Effect& row = FxCatalogue::at(effect);

@@ -10,6 +10,6 @@ public:
     /// (0 is none, 1 the robot); -1 if there is none.
     static int32_t find(const std::string& text);
 
-    /// The name that was probably meant by one that find() does not know; empty if none is near.
+    /// The name most similar to a text that find() does not know; empty if none is similar.
     static std::string nearest(const std::string& text);
 };

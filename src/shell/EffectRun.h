@@ -20,13 +20,13 @@ public:
     EffectRun& operator=(const EffectRun&) = delete;
     ~EffectRun();
 
-    /// No sound if a processor ended with an error.
+    /// Returns no sound (null) if a processor ended with an error.
     Sound apply(Sound sound);
 
     /// Longest sound that the application works on, samples: 60 seconds.
     static int32_t applicationsLongest();
 
-    /// Longest sound that an effect works on without losing its place, samples.
+    /// Longest sound that an effect can work on, samples.
     static int32_t effectsLongest(int32_t effect);
 
 private:

@@ -31,7 +31,7 @@ Examples:
   murmelo-fx drunk --out-dir drunk *.flac
   arecord -f S16_LE -r 16000 -d 5 | murmelo-fx high - - | aplay)";
 
-/// The text in lines of the help, broken between words.
+/// The text broken between words into lines of the help.
 std::string inLines(const std::string& text) {
     std::istringstream words(text);
     std::string lines;
@@ -58,7 +58,8 @@ std::string footer() {
            kFooter;
 }
 
-/// The options take their places by number, which the help shows by name.
+/// Writes the usage lines itself, because the meaning of an argument depends on the options beside
+/// it.
 class UsageFormatter : public CLI::Formatter {
 public:
     std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override {

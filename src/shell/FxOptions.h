@@ -19,10 +19,10 @@ struct FxOptions {
         SoundWriter::Kind kind = SoundWriter::Kind::kWav;
     };
 
-    Task task = Task::kDone;  // done: the parser has answered already (--help, --version)
+    Task task = Task::kDone;  // kDone: the parser has printed the answer (--help, --version)
     int32_t effect = -1;      // index in the catalogue
     std::vector<Job> jobs;
-    std::string outFolder;  // with --out-dir; is made if it is missing
+    std::string outFolder;  // with --out-dir; made if it is missing
     bool clean = true;
     bool longSounds = false;
     std::optional<int32_t> seed;

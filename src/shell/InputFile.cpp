@@ -13,7 +13,7 @@
 namespace {
 
 // A pipe that never ends must not fill the disk. No sound that an effect can take is this long.
-constexpr int64_t kMostPipedBytes = int64_t{1} << 30;
+constexpr int64_t kMaxPipedBytes = int64_t{1} << 30;
 constexpr size_t kBlockBytes = 1 << 16;
 
 int64_t readSome(int fd, std::vector<char>& block) {
@@ -37,17 +37,17 @@ bool InputFile::open(const std::string& path) {
     const int opened =
         standard ? dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (opened < 0) {
-        return complain("cannot be opened", errno);
+        return reportError("cannot be opened", errno);
     }
     fd = opened;
     struct stat facts = {};
     if (fstat(fd, &facts) != 0) {
-        return complain("cannot be read", errno);
+        return reportError("cannot be read", errno);
     }
     if (S_ISDIR(facts.st_mode)) {
-        return complain("cannot be read", EISDIR);
+        return reportError("cannot be read", EISDIR);
     }
-    // Standard input is shared with the caller: its position is not this program's to move about.
+    // Standard input is shared with the caller, so this program must not move its position.
     if (standard || !S_ISREG(facts.st_mode)) {
         piped = true;
         return keep(opened);
@@ -56,7 +56,7 @@ bool InputFile::open(const std::string& path) {
     return true;
 }
 
-// Reads the pipe to its end into a file without a name, which takes the pipe's place.
+// Reads the pipe to its end into a file without a name, and uses that file instead of the pipe.
 bool InputFile::keep(int pipe) {
     std::FILE* file = std::tmpfile();
     const int kept = file != nullptr ? dup(fileno(file)) : -1;
@@ -65,12 +65,12 @@ bool InputFile::keep(int pipe) {
         std::fclose(file);
     }
     if (kept < 0) {
-        return complain("cannot be kept in a temporary file", error);
+        return reportError("cannot be kept in a temporary file", error);
     }
     fd = kept;
     std::vector<char> block(kBlockBytes);
     int64_t got = readSome(pipe, block);
-    while (got > 0 && sizeBytes + got <= kMostPipedBytes &&
+    while (got > 0 && sizeBytes + got <= kMaxPipedBytes &&
            SafeFile::writeAll(kept, block.data(), static_cast<size_t>(got))) {
         sizeBytes += got;
         got = readSome(pipe, block);
@@ -78,14 +78,14 @@ bool InputFile::keep(int pipe) {
     const int stopped = errno;
     close(pipe);
     if (got < 0) {
-        return complain("cannot be read", stopped);
+        return reportError("cannot be read", stopped);
     }
-    if (got > 0 && sizeBytes + got > kMostPipedBytes) {
-        wrong = "more than 1 GiB came through the pipe, which is no sound for an effect";
+    if (got > 0 && sizeBytes + got > kMaxPipedBytes) {
+        errorText = "more than 1 GiB came through the pipe, which is no sound for an effect";
         return false;
     }
     if (got > 0 || lseek(kept, 0, SEEK_SET) != 0) {
-        return complain("cannot be kept in a temporary file", got > 0 ? stopped : errno);
+        return reportError("cannot be kept in a temporary file", got > 0 ? stopped : errno);
     }
     return true;
 }
@@ -107,7 +107,7 @@ int64_t InputFile::readAt(void* bytes, int64_t count, int64_t offset) const {
     return done;
 }
 
-bool InputFile::complain(const std::string& what, int error) {
-    wrong = what + ": " + std::strerror(error);
+bool InputFile::reportError(const std::string& what, int number) {
+    errorText = what + ": " + std::strerror(number);
     return false;
 }

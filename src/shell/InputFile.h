@@ -1,5 +1,5 @@
-// A file to read from, one that can be read twice: what comes through a pipe is kept in a temporary
-// file first.
+// A file to read from, any part of it any number of times: what comes through a pipe is kept in a
+// temporary file first.
 #pragma once
 
 #include <cstdint>
@@ -15,10 +15,10 @@ public:
     InputFile& operator=(const InputFile&) = delete;
     ~InputFile();
 
-    /// Opens a file, or takes in all of a pipe. False: complaint() says why.
+    /// Opens a file, or reads a pipe to its end. Returns false on failure; error() then says why.
     bool open(const std::string& path);
 
-    /// Fills up to count bytes from an offset on; returns how many are there, -1 on an error.
+    /// Reads up to count bytes from an offset on; returns how many there are, -1 on an error.
     int64_t readAt(void* bytes, int64_t count, int64_t offset) const;
 
     int64_t size() const { return sizeBytes; }
@@ -29,14 +29,16 @@ public:
     /// True if the bytes came through a pipe: the path does not lead to them any more.
     bool isPiped() const { return piped; }
 
-    const std::string& complaint() const { return wrong; }
+    /// What failed and why, to be printed after the file's name; no full stop. Empty before a
+    /// failure.
+    const std::string& error() const { return errorText; }
 
 private:
     bool keep(int pipe);
-    bool complain(const std::string& what, int error);
+    bool reportError(const std::string& what, int number);
 
     int fd = -1;
     int64_t sizeBytes = 0;
     bool piped = false;
-    std::string wrong;
+    std::string errorText;
 };

@@ -18,7 +18,7 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // before the user's mask
 
-/// Holds back the signals that end the program, for a moment.
+/// While it lives, signals that would end the program wait.
 class SignalPause {
 public:
     SignalPause() {
@@ -53,30 +53,30 @@ OutputFile::~OutputFile() {
 bool OutputFile::open() {
     if (path == kStandard) {
         fd = dup(STDOUT_FILENO);
-        return fd >= 0 || complain("cannot be written", errno);
+        return fd >= 0 || reportError("cannot be written", errno);
     }
     struct stat facts = {};
     if (stat(path.c_str(), &facts) != 0) {
-        // Links that go in a circle lead to no target that could be made.
-        return errno == ENOENT ? openBeside() : complain("cannot be written", errno);
+        // Links that lead in a circle have no target that could be made.
+        return errno == ENOENT ? openBeside() : reportError("cannot be written", errno);
     }
     if (S_ISDIR(facts.st_mode)) {
-        return complain("cannot be written", EISDIR);
+        return reportError("cannot be written", EISDIR);
     }
     if (S_ISREG(facts.st_mode)) {
         // Renaming would replace a file that its owner has protected.
         return access(path.c_str(), W_OK) == 0 ? openBeside()
-                                               : complain("cannot be written", errno);
+                                               : reportError("cannot be written", errno);
     }
     fd = ::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
-    return fd >= 0 || complain("cannot be written", errno);
+    return fd >= 0 || reportError("cannot be written", errno);
 }
 
 bool OutputFile::openBeside() {
     path = SafeFile::realTarget(path);  // a link stays a link
     const std::string name = (fs::path(path).parent_path() / ".murmelo-fx.XXXXXX").string();
     if (name.size() >= kPathBytes) {
-        return complain("cannot be written", ENAMETOOLONG);
+        return reportError("cannot be written", ENAMETOOLONG);
     }
     struct stat facts = {};
     const bool replaces = stat(path.c_str(), &facts) == 0;
@@ -87,48 +87,48 @@ bool OutputFile::openBeside() {
     pattern.push_back('\0');
     fd = mkostemp(pattern.data(), O_CLOEXEC);
     if (fd < 0) {
-        return complain("cannot be written", errno);
+        return reportError("cannot be written", errno);
     }
     beside = true;
     std::memcpy(unfinished, pattern.data(), pattern.size());
-    return fchmod(fd, mode) == 0 || complain("cannot be written", errno);
+    return fchmod(fd, mode) == 0 || reportError("cannot be written", errno);
 }
 
 bool OutputFile::write(const void* bytes, size_t count) {
     if (fd < 0) {
         return count == 0;
     }
-    return SafeFile::writeAll(fd, bytes, count) || complain("cannot be written", errno);
+    return SafeFile::writeAll(fd, bytes, count) || reportError("cannot be written", errno);
 }
 
 bool OutputFile::commit() {
     if (fd < 0) {
         return false;
     }
-    // Some disks tell that they are full only now.
+    // Some disks report only here that they are full.
     if (!SafeFile::sync(fd)) {
-        return complain("cannot be written", errno);
+        return reportError("cannot be written", errno);
     }
     const int closed = close(fd);
     fd = -1;
     if (closed != 0) {
-        return complain("cannot be written", errno);
+        return reportError("cannot be written", errno);
     }
     if (!beside) {
         return true;
     }
     const SignalPause pause;
     if (!SafeFile::over(unfinished, path)) {
-        return complain("cannot be replaced", errno);
+        return reportError("cannot be replaced", errno);
     }
     beside = false;
     unfinished[0] = '\0';
-    return SafeFile::syncFolderOf(path) || complain("may be lost in a power cut", errno);
+    return SafeFile::syncFolderOf(path) || reportError("may be lost in a power cut", errno);
 }
 
-bool OutputFile::complain(const char* what, int error) {
-    if (wrong.empty()) {
-        wrong = std::string(what) + ": " + std::strerror(error);
+bool OutputFile::reportError(const char* what, int number) {
+    if (errorText.empty()) {
+        errorText = std::string(what) + ": " + std::strerror(number);
     }
     discard();
     return false;
@@ -148,7 +148,8 @@ void OutputFile::discard() {
 }
 
 void OutputFile::removeOnSignals() {
-    // A file that grows beyond the user's limit is a failed write, not an end without a word.
+    // A file that grows beyond the user's limit is a failed write; it must not end the program
+    // silently.
     std::signal(SIGXFSZ, SIG_IGN);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGALRM, SIGVTALRM,
                              SIGUSR1, SIGUSR2}) {
@@ -167,5 +168,5 @@ void OutputFile::onSignal(int signal) {
     if (unfinished[0] != '\0') {
         unlink(unfinished);
     }
-    raise(signal);  // now with its own effect
+    raise(signal);  // now with its default action
 }

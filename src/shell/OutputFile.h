@@ -17,28 +17,30 @@ public:
     /// Throws away what was not committed.
     ~OutputFile();
 
-    /// Each answers false on failure; complaint() then says why, and what was written is lost.
-    /// Devices and pipes are written to directly.
+    /// Each returns false on failure; error() then says why, and what was written is lost. Devices
+    /// and pipes are written to directly.
     bool open();
     bool write(const void* bytes, size_t count);
     bool commit();
 
-    const std::string& complaint() const { return wrong; }
+    /// What failed first and why, to be printed after the file's name; no full stop. Empty before a
+    /// failure.
+    const std::string& error() const { return errorText; }
 
 private:
     bool openBeside();
-    bool complain(const char* what, int error);
+    bool reportError(const char* what, int number);
     void discard();
     static void removeOnSignals();
     static void onSignal(int signal);
 
-    /// Room for the name of the unfinished file, which a signal handler removes; there is one file
-    /// at a time. Empty: none.
+    /// The name of the unfinished file, which a signal handler removes; empty if there is none.
+    /// Only one file may be unfinished at a time.
     static constexpr size_t kPathBytes = 4096;
     static char unfinished[kPathBytes];
 
     std::string path;
     int fd = -1;
     bool beside = false;  // there is an unfinished file to rename or to remove
-    std::string wrong;
+    std::string errorText;
 };

@@ -32,7 +32,7 @@ void ProgressLine::show(const char* step, int64_t done, int64_t total) {
     }
     nextTime = std::chrono::steady_clock::now() + kBetweenLines;
     const int64_t percent = total > 0 ? std::clamp<int64_t>(done * 100 / total, 0, 100) : 0;
-    // The end of the line is erased behind the text: the one before may have been longer.
+    // Erases the rest of the line after the text: the last text may have been longer.
     std::fprintf(stderr, "\r%s: %s %3d %%\033[K", title.c_str(), step, static_cast<int>(percent));
     std::fflush(stderr);
     shown = true;

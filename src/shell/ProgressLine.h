@@ -1,4 +1,5 @@
-// One line on standard error that says how far the work is; nothing where that is no terminal.
+// One line on standard error that says how far the work is. Shows nothing if standard error is no
+// terminal.
 #pragma once
 
 #include <chrono>
@@ -12,13 +13,14 @@ public:
     ProgressLine& operator=(const ProgressLine&) = delete;
     ~ProgressLine();
 
-    /// What the following steps belong to: a file, and which of how many.
+    /// Begins a file: its name, its number (the first is 1) and the number of all files.
     void start(const std::string& name, size_t number, size_t count);
 
-    /// Shows the line anew, a few times a second at most.
+    /// Shows the line again, at most a few times a second. done of total is the share of the step
+    /// that is done.
     void show(const char* step, int64_t done, int64_t total);
 
-    /// Takes the line away, so that other text can be written.
+    /// Erases the line, so that other text can be written.
     void clear();
 
 private:

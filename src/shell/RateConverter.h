@@ -14,8 +14,8 @@ public:
     /// False for rates that lie too far from 8 kHz.
     bool isPossible() const { return possible; }
 
-    /// Takes count samples (full scale is 1.0) and appends what they make to out. last: no more
-    /// will come. False if the resampling library failed.
+    /// Converts count samples (full scale is 1.0) and appends the result, in the range of 16 bits,
+    /// to out. last: no more will come. False if the resampling library failed.
     bool convert(const float* samples, size_t count, bool last, std::vector<int32_t>& out);
 
 private:

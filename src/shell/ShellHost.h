@@ -1,4 +1,4 @@
-// The back end of a program that needs nothing of a phone but its clock.
+// The back end of a program that uses nothing of the phone but its clock.
 #pragma once
 
 #include "QuietHost.h"
@@ -9,8 +9,8 @@
 /// Installs itself for its lifetime.
 class ShellHost : public QuietHost {
 public:
-    /// @param seed  where the clock stands, for ever: whoever takes random numbers from the clock
-    /// takes the same ones in every run. Without a seed it is the real clock.
+    /// @param seed  the time, in ms, that the clock always shows: effects that seed their noise
+    /// with the clock make the same noise in every run. Without a seed it is the real clock.
     explicit ShellHost(std::optional<int32_t> seed)
         : seed(seed) {
         install(this);

@@ -18,8 +18,8 @@ constexpr int32_t kWindow = 480;     // 60 ms: several periods of a low voice
 constexpr int32_t kHop = 160;        // 20 ms
 constexpr int32_t kShortest = 16;    // periods, samples: 500 Hz
 constexpr int32_t kLongest = 133;    // 60 Hz
-constexpr double kVoiced = 0.6;      // likeness of neighbouring periods; noise stays below
-constexpr double kNearlyBest = 0.9;  // a multiple of the period is as like as the period itself
+constexpr double kVoiced = 0.6;      // likeness of neighbouring periods; noise has less
+constexpr double kNearlyBest = 0.9;  // a multiple of the period fits as well as the period itself
 constexpr double kQuietest = 300.0;  // RMS of a window that counts
 constexpr int32_t kCompared = kWindow - kLongest - 1;
 constexpr size_t kLags = kLongest + 2;  // from 0 to one beyond the longest that counts
@@ -28,10 +28,10 @@ double toDb(double ratio) {
     return ratio > 0.0 ? 20.0 * std::log10(ratio) : -std::numeric_limits<double>::infinity();
 }
 
-/// How like a window is to itself, lag samples later: 1.0 if it is the same.
+/// How similar a window is to the samples lag later: 1.0 if they are the same.
 double likenessAt(const int32_t* samples, int32_t lag) {
     double product = 0.0;
-    double here = 1.0;  // not 0: silence is divided by it
+    double here = 1.0;  // not 0, because silence is divided by it
     double there = 1.0;
     for (int32_t i = 0; i < kCompared; i++) {
         const double a = samples[i];
@@ -105,10 +105,10 @@ double SoundMeter::windowPitchHz(const int32_t* samples) {
     for (size_t lag = kShortest; best > kVoiced && lag <= kLongest; lag++) {
         const double before = likeness[lag - 1];
         const double here = likeness[lag];
-        const double behind = likeness[lag + 1];
-        if (here > kNearlyBest * best && here >= before && here >= behind) {
-            const double bend = before - 2.0 * here + behind;
-            const double shift = bend == 0.0 ? 0.0 : 0.5 * (before - behind) / bend;
+        const double after = likeness[lag + 1];
+        if (here > kNearlyBest * best && here >= before && here >= after) {
+            const double bend = before - 2.0 * here + after;
+            const double shift = bend == 0.0 ? 0.0 : 0.5 * (before - after) / bend;
             return WavFile::kRateHz / (static_cast<double>(lag) + shift);
         }
     }

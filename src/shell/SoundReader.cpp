@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr int32_t kRiffSizeOff =
-    4;  // what a header says about lengths may differ from file to file
+// The places where a header holds lengths, which differ from file to file.
+constexpr int32_t kRiffSizeOff = 4;
 constexpr int32_t kDataSizeOff = 40;
 constexpr int32_t kSizeBytes = 4;
 constexpr int32_t kSampleBytes = 2;
@@ -66,8 +66,8 @@ private:
     bool failed = false;  // the disk, not the sound
 };
 
-/// The library's words, without a full stop of their own.
-std::string libraryComplaint(SNDFILE* file) {
+/// The library's error message without its full stop.
+std::string libraryError(SNDFILE* file) {
     std::string words = sf_strerror(file);
     while (!words.empty() && (words.back() == '.' || words.back() == '\n')) {
         words.pop_back();
@@ -84,16 +84,17 @@ struct FileCloser {
 
 using LibraryFile = std::unique_ptr<SNDFILE, FileCloser>;
 
-/// The library's own lines come to nothing, the progress between two blocks does not.
+/// Drops what the library prints while it opens a file; the progress between two blocks is still
+/// shown.
 SNDFILE* openQuietly(const InputFile& file, const std::string& path) {
     const QuietLibrary quiet;
     SF_INFO facts = {};
-    // By its path, where there is one: kinds without a header are known by their extension.
+    // By its path if it has one: kinds without a header are recognised by their extension.
     return file.isPiped() ? sf_open_fd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
                           : sf_open(path.c_str(), SFM_READ, &facts);
 }
 
-/// Frames read; fewer than there is room for only at the end.
+/// Returns the number of frames read; less than blockFrames only at the end.
 size_t readQuietly(SNDFILE* file, std::vector<float>& frames, size_t blockFrames) {
     const QuietLibrary quiet;
     const auto wanted = static_cast<sf_count_t>(blockFrames);
@@ -128,10 +129,10 @@ SoundReader::SoundReader(int32_t maxSamples, ProgressLine& progress)
 
 Sound SoundReader::read(const std::string& path) {
     tooLong = false;
-    wrong.clear();
+    errorText.clear();
     InputFile file;
     if (!file.open(path)) {
-        return refuse(file.complaint());
+        return refuse(file.error());
     }
     const int32_t count = canonicalSamples(file);
     Sound sound = count >= 0 ? readCanonical(file, count) : readAnyKind(file, path);
@@ -142,8 +143,8 @@ Sound SoundReader::read(const std::string& path) {
 }
 
 /// Samples of 8 kHz in a file with the header that the application writes; -1 for any other file.
-/// A header whose length is negative or none at all before a sound (it was written into a pipe, or
-/// never finished) is left to the library, which takes the whole file.
+/// A file whose header gives a negative length, or none although samples follow (it was written
+/// into a pipe, or never finished), is left to the library, which reads it to its end.
 int32_t SoundReader::canonicalSamples(const InputFile& file) {
     const Bytes header(newArray<signed char>(WavProps::kHeaderBytes));
     if (file.readAt(header.get(), WavProps::kHeaderBytes, 0) != WavProps::kHeaderBytes) {
@@ -186,7 +187,7 @@ Sound SoundReader::readCanonical(const InputFile& file, int32_t count) {
 Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
     const LibraryFile opened(openQuietly(file, path));
     if (opened == nullptr) {
-        return refuse("is no sound file that can be read (" + libraryComplaint(nullptr) + ")");
+        return refuse("is no sound file that can be read (" + libraryError(nullptr) + ")");
     }
     std::vector<int32_t> samples;
     if (!convertAll(opened.get(), samples)) {
@@ -197,7 +198,7 @@ Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
     return sound;
 }
 
-// Never holds more than a block of the file: what its header says about its length is not believed.
+// Holds no more than a block of the file at a time, because the length in its header may be false.
 bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
     SF_INFO facts = {};
     sf_command(file, SFC_GET_CURRENT_SF_INFO, &facts, sizeof facts);
@@ -228,14 +229,14 @@ bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
         progress.show("reading", done, facts.frames);
     }
     if (sf_error(file) != SF_ERR_NO_ERROR) {
-        refuse("is damaged (" + libraryComplaint(file) + ")");
+        refuse("is damaged (" + libraryError(file) + ")");
         return false;
     }
     return true;
 }
 
 Sound SoundReader::refuse(const std::string& why) {
-    wrong = why;
+    errorText = why;
     return Sound();
 }
 

@@ -1,4 +1,4 @@
-// Reads a sound file of any kind, rate and number of channels as the effects want it: 8 kHz, mono.
+// Reads a sound file of any kind, rate and number of channels as the effects need it: 8 kHz, mono.
 //
 // A WAV file as the application itself writes and records them (8 or 16 kHz, mono, 16 bits) goes
 // through the application's own loader, bit for bit; everything else through a library.
@@ -18,12 +18,14 @@ public:
     /// @param maxSamples  longer sounds are refused; at most what an array can hold
     SoundReader(int32_t maxSamples, ProgressLine& progress);
 
-    /// Null: complaint() says why.
+    /// Returns null on failure; error() then says why.
     Sound read(const std::string& path);
 
-    const std::string& complaint() const { return wrong; }
+    /// What failed in the last read() and why, to be printed after the file's name; no full stop.
+    /// Empty if it succeeded.
+    const std::string& error() const { return errorText; }
 
-    /// True if the last sound was refused for nothing but its length.
+    /// True if the last sound was refused only because of its length.
     bool wasTooLong() const { return tooLong; }
 
 private:
@@ -37,5 +39,5 @@ private:
     int32_t maxSamples;
     ProgressLine& progress;
     bool tooLong = false;
-    std::string wrong;
+    std::string errorText;
 };

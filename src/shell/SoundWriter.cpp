@@ -50,8 +50,8 @@ int formatOf(SoundWriter::Kind kind) {
     }
 }
 
-/// Whether a list of the library has this format.
-/// @param count, entry  the commands that tell how long the list is, and one of its entries
+/// True if one of the library's lists has this format.
+/// @param count, entry  the library's commands for the list's length and for one of its entries
 bool isListed(int count, int entry, int format) {
     int entries = 0;
     sf_command(nullptr, count, &entries, sizeof entries);
@@ -95,7 +95,7 @@ private:
     bool failed = false;
 };
 
-/// Where the library writes to: memory, since it does not tell of every byte that a disk refuses.
+/// The library writes into this memory, because it does not report every byte that a disk refuses.
 struct Memory {
     std::vector<char> bytes;
     sf_count_t position = 0;
@@ -144,7 +144,7 @@ SF_VIRTUAL_IO memoryCalls() {
     return calls;
 }
 
-/// @returns the library's words, if something went wrong
+/// @returns the library's error message, if something went wrong
 Problem encode(int format, const int32_t* samples, Memory& memory) {
     const QuietLibrary quiet;
     SF_INFO facts = factsOf(format);
@@ -219,12 +219,12 @@ Problem SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) 
         const Array<signed char> block(newArray<signed char>(kSaveBytes));
         OpenFileStream stream(file);
         const bool isSaved = WavFile::save8Khz(&stream, samples, header.get(), block.get());
-        return isSaved ? Problem::none() : Problem(file.complaint());
+        return isSaved ? Problem::none() : Problem(file.error());
     }
     Memory memory;
     if (const Problem problem = encode(formatOf(kind), samples, memory)) {
         return "cannot be encoded (" + problem.sentence() + ")";
     }
     const bool isWritten = file.write(memory.bytes.data(), memory.bytes.size());
-    return isWritten ? Problem::none() : Problem(file.complaint());
+    return isWritten ? Problem::none() : Problem(file.error());
 }

@@ -19,7 +19,8 @@ public:
     /// By the extension of a file's name; WAV for a name without one. Nothing for any other.
     static std::optional<Kind> kindOfPath(const std::string& path);
 
-    /// By the kind's own name in small letters: wav, flac, ogg or oga, opus, mp3.
+    /// By the kind's name in small letters: wav, flac, ogg or oga, opus, mp3. Nothing for any other
+    /// name.
     static std::optional<Kind> kindOfName(const std::string& name);
 
     static std::string lowerCase(std::string text);
@@ -27,6 +28,7 @@ public:
     /// The extension, without its dot.
     static const char* extension(Kind kind);
 
-    /// @returns what went wrong, if anything. The file is not committed yet.
+    /// Writes all of a sound (a counted array) into an open file, which the caller commits.
+    /// @returns what went wrong, if anything.
     static Problem write(OutputFile& file, Kind kind, const int32_t* samples);
 };

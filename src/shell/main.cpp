@@ -1,4 +1,4 @@
-// murmelo-fx: the voice effects for people with a shell.
+// murmelo-fx: the voice effects on the command line.
 #include "EffectRun.h"
 #include "FxCatalogue.h"
 #include "FxOptions.h"
@@ -24,15 +24,15 @@ constexpr int kOk = 0;
 constexpr int kSomeFailed = 1;
 constexpr int kUsage = 2;
 
-int complain(const std::string& message, int status) {
+int reportError(const std::string& message, int status) {
     std::cerr << "murmelo-fx: " << message << "\n";
     return status;
 }
 
-/// What was printed may still be on its way to a full disk.
+/// Writes out what was printed: only now a full disk is noticed.
 int finishPrinting(int status) {
     std::cout.flush();
-    return std::cout ? status : complain("standard output: cannot be written", kSomeFailed);
+    return std::cout ? status : reportError("standard output: cannot be written", kSomeFailed);
 }
 
 std::string inputName(const std::string& path) {
@@ -66,13 +66,13 @@ public:
     Problem apply(const FxOptions::Job& job) {
         OutputFile file(job.output);
         if (!file.open()) {
-            return outputName(job.output) + ": " + file.complaint();
+            return outputName(job.output) + ": " + file.error();
         }
         SoundReader reader(longest(), progress);
         Sound sound = reader.read(job.input);
         if (sound == nullptr) {
             return inputName(job.input) + ": " +
-                   (reader.wasTooLong() ? lengthComplaint() : reader.complaint());
+                   (reader.wasTooLong() ? lengthError() : reader.error());
         }
         sound = run.apply(std::move(sound));
         if (sound == nullptr) {
@@ -82,7 +82,7 @@ public:
             return outputName(job.output) + ": " + problem.sentence();
         }
         if (!file.commit()) {
-            return outputName(job.output) + ": " + file.complaint();
+            return outputName(job.output) + ": " + file.error();
         }
         return Problem::none();
     }
@@ -93,7 +93,7 @@ private:
                                   : EffectRun::applicationsLongest();
     }
 
-    std::string lengthComplaint() const {
+    std::string lengthError() const {
         const std::string start = "is longer than " + seconds(longest());
         return options.longSounds ? start + ", the most that this effect can work on"
                                   : start + " (--long allows it)";
@@ -110,7 +110,7 @@ Problem measure(const FxOptions::Job& job, ProgressLine& progress) {
     if (sound == nullptr) {
         return inputName(job.input) + ": " +
                (reader.wasTooLong() ? "is longer than " + seconds(kMaxArrayLength)
-                                    : reader.complaint());
+                                    : reader.error());
     }
     const SoundMeter meter(sound.get());
     const double pitchHz = meter.pitchHz();
@@ -126,7 +126,7 @@ Problem measure(const FxOptions::Job& job, ProgressLine& progress) {
     return Problem::none();
 }
 
-/// Does every job, whatever becomes of the others.
+/// Does every job, even if others fail.
 template <typename Work>
 int doAll(const FxOptions& options, ProgressLine& progress, Work work) {
     int status = kOk;
@@ -135,7 +135,7 @@ int doAll(const FxOptions& options, ProgressLine& progress, Work work) {
         progress.start(inputName(job.input), ++number, options.jobs.size());
         if (const Problem problem = work(job)) {
             progress.clear();
-            status = complain(problem.sentence(), kSomeFailed);
+            status = reportError(problem.sentence(), kSomeFailed);
         }
     }
     return finishPrinting(status);
@@ -146,8 +146,8 @@ int applyAll(const FxOptions& options, ProgressLine& progress) {
         std::error_code error;
         std::filesystem::create_directories(options.outFolder, error);
         if (error) {
-            return complain(options.outFolder + ": cannot be made: " + error.message(),
-                            kSomeFailed);
+            return reportError(options.outFolder + ": cannot be made: " + error.message(),
+                               kSomeFailed);
         }
     }
     const ShellHost host(options.seed);
@@ -161,7 +161,7 @@ int applyAll(const FxOptions& options, ProgressLine& progress) {
 int main(int argc, char** argv) {
     FxOptions options;
     if (const Problem mistake = options.parse(argc, argv)) {
-        return complain(mistake.sentence() + " (see murmelo-fx --help)", kUsage);
+        return reportError(mistake.sentence() + " (see murmelo-fx --help)", kUsage);
     }
     ProgressLine progress;
     switch (options.task) {
