@@ -1,4 +1,4 @@
-# Beside pixman, which draws for many a desktop: both in the same run, on the same pictures.
+# pixman, which many desktops draw with, does the same work in the same run, on the same pictures.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PIXMAN REQUIRED IMPORTED_TARGET pixman-1)
 

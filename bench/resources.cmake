@@ -1,4 +1,4 @@
-# Beside libpng, which decodes the same files without converting them to the device's colours.
+# libpng decodes the same files in the same run, without converting them to the device's colours.
 find_package(PNG REQUIRED)
 murmelo_bench(resources_bench
     SOURCES

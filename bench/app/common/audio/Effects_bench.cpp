@@ -1,5 +1,5 @@
-// Each effect and the clean-up on real speech, beside other engines doing the same change on the
-// same samples: effects_bench --benchmark_format=csv
+// Times each effect and the clean-up on real speech, and other engines that make the same change to
+// the same samples: effects_bench --benchmark_format=csv
 #include "ArrFunc.h"
 #include "FxCatalogue.h"
 #include "Peers.h"

@@ -1,6 +1,6 @@
 // Other programs' engines doing the same work on the same samples, each in the way its makers
-// recommend for a whole sound in memory. Every call makes its engine anew, as a run of ours does;
-// converting the samples to the engine's own type is not counted.
+// recommend for a whole sound in memory. Every call makes a new engine, as each of our runs sets up
+// its own state; the time for converting the samples to the engine's own type is not counted.
 #pragma once
 
 #include <cstdint>

@@ -4,6 +4,6 @@
 #include <cstdint>
 #include <vector>
 
-/// So many seconds (at most 70) of a recording of Debian's asterisk-core-sounds-en-wav, 8 kHz. Ends
-/// the program with a message where the package is missing.
+/// Samples of a recording of Debian's asterisk-core-sounds-en-wav, 8 kHz, cut to this many seconds
+/// (at most 70). Ends the program with a message if the package is missing.
 std::vector<int32_t> loadSpeech(int32_t seconds);

@@ -1,4 +1,4 @@
-// What the loop costs: pending events, a frame without one, and the display.
+// Times the event loop: scheduling among pending events, a frame without an event, and the display.
 #include "AppImage.h"
 #include "Assembly.h"
 #include "GameInterface.h"
@@ -17,7 +17,8 @@
 
 namespace {
 
-/// Schedules one event into a list of that length and delivers the first one.
+/// Schedules one event into a list of pending ones and delivers the first; the argument is the
+/// list's length.
 void scheduleAndDeliver(benchmark::State& state) {
     LoopHost host;
     Assembly::install();
@@ -36,7 +37,8 @@ void scheduleAndDeliver(benchmark::State& state) {
     }
 }
 
-/// A tick with nothing due, the picture into the bitmap, the operations onto the display's canvas.
+/// A tick with nothing due; then the picture goes into the bitmap, and the operations onto the
+/// display's canvas.
 void frameWithoutEvent(benchmark::State& state) {
     LoopHost host;
     GameInterface game;
@@ -47,8 +49,9 @@ void frameWithoutEvent(benchmark::State& state) {
     }
 }
 
-/// The same, looked at: compared with what was shown, and what has changed worked out into the
-/// display's pixels. The argument counts the rows of the picture that change.
+/// The same while the display is shown: the frame is compared with the last one, and the display's
+/// pixels are worked out for what has changed. The argument is the number of rows of the picture
+/// that change.
 void frameOnTheDisplay(benchmark::State& state) {
     const auto rows = static_cast<int32_t>(state.range(0));
     LoopHost host;

@@ -1,4 +1,4 @@
-// A screen full of help text: fourteen lines of some thirty characters.
+// Times the drawing of a screen full of help text: fourteen lines of about thirty characters.
 #include "AppImage.h"
 #include "BitMapFont.h"
 #include "FontMaker.h"

@@ -1,4 +1,4 @@
-// The pixel loops on a picture of the canvas' size, beside pixman doing the same job.
+// Times the pixel loops on a picture of the canvas's size, and pixman doing the same job.
 //
 //     imaging_bench --benchmark_format=csv
 #include "AppImage.h"
@@ -29,8 +29,8 @@ private:
     uint32_t state = 1;
 };
 
-/// What is blended: every pixel with an alpha of its own, or a round thing with a soft edge in the
-/// middle of nothing, as the pictures of an interface are.
+/// What is blended: pixels of random alpha, or an opaque disc with a soft edge on a transparent
+/// ground, which is like the pictures of a user interface.
 enum class Kind { kMixed, kPicture };
 
 constexpr double kDiscRadiusPx = 100;

@@ -1,5 +1,5 @@
-// What everything under "/Res/" costs: reading and decoding all pictures and fonts, and the memory
-// that they then take; laying out and painting a text.
+// Times the reading and decoding of all pictures and fonts under "/Res/", and reports the memory
+// that they take; times the layout and the painting of a text.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "OspBase.h"

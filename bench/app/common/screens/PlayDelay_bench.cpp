@@ -1,7 +1,7 @@
-// What a user waits for: from the finger on "Play" to the first sample for the speaker, in the
-// whole application with every frame in between, for a take of twenty seconds.
+// Times what a user waits for: from the finger on "Play" to the first sample for the speaker, in
+// the whole application with every frame in between, for a take of twenty seconds.
 //
-// The counter "frames" says how many frames the work took; effects_bench has the effects alone.
+// The counter "frames" says how many frames the work took; effects_bench times the effects alone.
 #include "FxCatalogue.h"
 #include "HeadlessHost.h"
 #include "OspMain.h"
@@ -37,7 +37,7 @@ public:
 
     bool pump(HostListener& listener, int64_t timeoutMs) override {
         const std::string screen = open != nullptr ? open->screenName() : "";
-        if (screen == "Play") {  // until here the finger was not down
+        if (screen == "Play") {  // the last look before the finger comes down
             touched = Clock::now();
             frames = 0;
         } else if (screen == "Playing" && !isPlaying) {  // its first frame has started the speaker

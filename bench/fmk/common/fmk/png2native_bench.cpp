@@ -1,4 +1,4 @@
-// Decoding of the application's background to 565, beside libpng to 32-bit words.
+// Times the decoding of the application's background to 565, and libpng's to 32-bit words.
 #include "ArrFunc.h"
 #include "png2native.h"
 
