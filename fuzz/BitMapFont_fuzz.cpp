@@ -1,4 +1,4 @@
-// Font files: whatever is read can be measured and drawn, and comes back the same when it is
+// Font files: every font that is read can be measured and drawn, and is the same after it was
 // written and read again.
 #include "AppImage.h"
 #include "ArrFunc.h"

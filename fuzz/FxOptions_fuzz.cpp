@@ -1,5 +1,5 @@
-// Command lines of the tool, one argument a line: what is accepted is complete, everything else is
-// a sentence. Nothing is opened or made.
+// Command lines of the tool, one argument a line: an accepted one has all that it needs, any other
+// is refused with a sentence. Nothing is opened or made.
 #include "FxCatalogue.h"
 #include "FxOptions.h"
 

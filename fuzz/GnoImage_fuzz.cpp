@@ -1,4 +1,5 @@
-// Pictures as bytes: whatever is decoded must be whole, pixels and alpha plane alike.
+// Bytes of pictures: every decoded picture has all its pixels, and a whole alpha plane if it has
+// one.
 #include "GnoImage.h"
 
 #include <cstdlib>
@@ -8,9 +9,10 @@
 
 namespace {
 
-constexpr int64_t kMaxPixels = 1 << 14;  // of the inputs worth the time; the cap has its own test
+// Larger pictures take too long here; the program's own limit has a test of its own.
+constexpr int64_t kMaxPixels = 1 << 14;
 
-/// Whether some header in the file announces a large picture, which would only cost time.
+/// True if a header anywhere in the file announces a large picture, which would only cost time.
 bool isLarge(const uint8_t* data, size_t size) {
     const auto edge = [data](size_t at) {
         return int64_t{data[at]} << 24 | data[at + 1] << 16 | data[at + 2] << 8 | data[at + 3];

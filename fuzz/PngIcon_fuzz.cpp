@@ -1,4 +1,4 @@
-// The window's icon: a small picture with all its pixels, or none.
+// Files of the window's icon: each is a small picture with all its pixels, or refused.
 #include "MemoryFile.h"
 #include "PngIcon.h"
 

@@ -1,4 +1,4 @@
-// Texts in a stream, one after another: whatever is accepted must come back the same when it is
+// Texts in a stream, one after another: every text that is read must be the same after it was
 // written and read again.
 #include "ArrFunc.h"
 #include "ByteArrayInputStream.h"

@@ -1,5 +1,5 @@
 // Runs a fuzzer's entry on every file named on the command line or lying in a folder named there,
-// so that old finds stay found without the fuzzing library.
+// so that inputs that once failed are tried again without the fuzzing library.
 #include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
@@ -27,7 +27,8 @@ bool replay(const fs::path& path) {
         return false;
     }
     const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    // A block of exactly this size: the address sanitizer sees the first byte read beyond it.
+    // A block of exactly this size, so that the address sanitizer notices a read of even one byte
+    // after it.
     const std::vector<uint8_t> input(bytes.begin(), bytes.end());
     LLVMFuzzerTestOneInput(input.data(), input.size());
     return true;
@@ -37,7 +38,7 @@ bool replay(const fs::path& path) {
 
 int main(int argc, char** argv) {
 #ifdef __SANITIZE_ADDRESS__
-    // Where standard error leads nowhere for a while, a report must come out all the same.
+    // A report of the sanitizer must be seen even while standard error is redirected to nowhere.
     const intptr_t reports = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     __sanitizer_set_report_fd(reinterpret_cast<void*>(reports));
 #endif
@@ -56,5 +57,5 @@ int main(int argc, char** argv) {
         }
     }
     std::printf("%d inputs replayed\n", replayed);
-    return replayed > 0 ? 0 : 1;  // nothing replayed is a mistake in the call
+    return replayed > 0 ? 0 : 1;  // without an input the call was wrong
 }

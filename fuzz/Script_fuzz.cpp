@@ -1,4 +1,4 @@
-// Scripts: whatever is accepted has the arguments that its commands are carried out with.
+// Scripts: every command that is accepted has the arguments that it needs.
 #include "HeadlessHost.h"
 #include "QuietListener.h"
 #include "Script.h"
@@ -47,7 +47,7 @@ bool namesFile(const ScriptCommand& command) {
     });
 }
 
-/// A program that pays no attention.
+/// A program that ignores its host.
 class Deaf : public QuietListener {
 public:
     void onTerminate() override { ended = true; }

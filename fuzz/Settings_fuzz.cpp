@@ -1,4 +1,4 @@
-// Settings: any bytes as the file, read, changed and read again.
+// Settings: any bytes as the file, which is read, changed and read again.
 #include "OspApp.h"
 #include "TestFolders.h"
 #include "TestHost.h"

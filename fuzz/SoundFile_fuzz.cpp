@@ -1,5 +1,5 @@
-// Sound files that become the take: no more of them is read than is wanted, and a shorter start is
-// the start of a longer one.
+// Sound files that become the take: no more samples are read than were asked for, and reading fewer
+// gives the same samples from the start.
 #include "MemoryFile.h"
 #include "SoundFile.h"
 

@@ -1,5 +1,5 @@
-// A sound file: the header and the loader take any bytes, and what loads must come back the same
-// when it is saved and loaded again.
+// Sound files: the header and the loader accept any bytes, and a loaded sound must be the same
+// after it was saved and loaded again.
 #include "ArrFunc.h"
 #include "ByteArrayInputStream.h"
 #include "ByteArrayOutputStream.h"
@@ -13,7 +13,7 @@
 namespace {
 
 constexpr size_t kMaxInputBytes = 1 << 20;
-constexpr int32_t kSampleBufferBytes = 64;  // small, so that short inputs cross its border too
+constexpr int32_t kSampleBufferBytes = 64;  // small, so that short inputs need it more than once
 
 void require(bool holds) {
     if (!holds) {

@@ -1,4 +1,4 @@
-// The remembered size of the window: a sensible one or none, and what is kept comes back.
+// The remembered size of the window: a sensible one or none, and a size that is kept is read again.
 #include "TestFolders.h"
 #include "WindowMemory.h"
 
