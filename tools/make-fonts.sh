@@ -3,9 +3,9 @@
 #                                or compares:  make-fonts.sh --check BMFGEN     status 1: they differ
 # Exit status 77: the outlines or the rasteriser are not those that the fonts were made from.
 #
-# Clear Sans Medium, chosen by docs/images/fonts.png: its strokes stay even and bright on dark glass at one pixel and
-# doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar, 11.75 the largest at
-# which the path of a saved sound stays in one row of the message box.
+# Clear Sans Medium was chosen by docs/images/fonts.png: its strokes stay even and bright on dark glass, at the
+# canvas's size and doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar, 11.75
+# the largest at which the path of a saved sound stays in one row of the message box.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 clear_sans=1.00-2                  # fonts-clear-sans, Apache License 2.0 (res/licences)

@@ -24,7 +24,7 @@ public:
         coverage[index(x, y)] = static_cast<signed char>((coverage255 * 15 + 127) / 255);
     }
 
-    /// A new character of the pixels that have ink, for the caller to own; without bitmap if none
+    /// A new character of the pixels that have ink, owned by the caller; without bitmap if none
     /// has.
     /// @param left, top  of the whole map, from the pen and from the baseline
     BitMapCharacter*

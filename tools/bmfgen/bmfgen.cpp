@@ -49,7 +49,7 @@ bool writeFile(BitMapFont& font, const std::string& path) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(bugprone-exception-escape): for want of memory, and then it may just end
+// NOLINTNEXTLINE(bugprone-exception-escape): only without memory, and then the program may end
 int main(int argc, char** argv) {
     CLI::App app("Makes a bitmap font file from an outline font.", "murmelo-bmfgen");
     Options options;

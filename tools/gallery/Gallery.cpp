@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr uint32_t kTable = 0xFF26282C;  // what the sheet's exhibits lie on
+constexpr uint32_t kTable = 0xFF26282C;  // ground of the sheet
 constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kGrey = 0xFFA0A4AA;
 constexpr uint32_t kRed = 0xFFFF6050;
@@ -31,7 +31,7 @@ constexpr int32_t kScreenH = 320;
 constexpr int32_t kGapPx = 8;
 constexpr int32_t kColumns = 5;
 constexpr int32_t kSheetW = kColumns * (kScreenW + kGapPx) + kGapPx;
-constexpr int32_t kSheetH = 8000;  // cut to what is used
+constexpr int32_t kSheetH = 8000;  // cut to the rows that are used
 constexpr const char* kMedium = "/Res/bmf15.bmf";
 constexpr const char* kSmall = "/Res/bmf13.bmf";
 constexpr const char* kBackground = "/Res/background_0_0_240_320.png";
@@ -72,7 +72,7 @@ bool Gallery::showAll(const std::string& data, const std::string& out, int32_t s
     return sheet.save(out, y, scale);
 }
 
-/// Every character in front of the recorder, with the bands that are laid over it.
+/// Every creature in front of the recorder, with the bands that are laid over it.
 int32_t Gallery::showScenes(Sheet& sheet, int32_t y) {
     PaImage background;
     background.set(kBackground, true, true);
@@ -170,7 +170,8 @@ int32_t Gallery::showTexts(Sheet& sheet, int32_t y) {
     return bottom + kGapPx;
 }
 
-/// One line for each text and place: what it takes and what there is; red where it does not fit.
+/// One line for each text and place: the pixels it takes and the pixels there are; red if it does
+/// not fit.
 int32_t Gallery::showFits(Sheet& sheet, int32_t y) {
     const int32_t medium = Res::addFont(kMedium);
     const int32_t small = Res::addFont(kSmall);

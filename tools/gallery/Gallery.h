@@ -1,4 +1,4 @@
-// The sheets of the gallery. The registry and the texts are there when they are called.
+// The sheets of the gallery. The registry and the texts must be set up before.
 #pragma once
 
 #include <cstdint>

@@ -16,16 +16,16 @@ public:
     /// @param medium, small  ids of the fonts
     Samples(int32_t medium, int32_t small);
 
-    /// Soft keys, an effect's name, help and a message; answers the row below them.
+    /// Paints soft keys, an effect's name, help and a message; returns the row below them.
     int32_t paintLanguage(Sheet& sheet, int32_t x, int32_t y, int32_t language);
 
-    /// The name over the picture.
+    /// Paints the name over the picture.
     void paintHeader(Sheet& sheet, int32_t x, int32_t y, int32_t name);
 
-    /// A soft-key bar (32 rows); Res::Null leaves a key empty.
+    /// Paints a soft-key bar (32 rows); Res::Null leaves a key empty.
     void paintBar(Sheet& sheet, int32_t x, int32_t y, int32_t left, int32_t middle, int32_t right);
 
-    /// A message in its box, at the top left corner; answers the row below it.
+    /// Paints a message in its box, at the top left corner; returns the row below it.
     int32_t paintMessage(Sheet& sheet, int32_t x, int32_t y, int32_t text, int32_t font);
 
 private:

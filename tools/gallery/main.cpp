@@ -1,4 +1,4 @@
-// murmelo-gallery OUT.png: everything that lies under "/Res/", on one sheet, for eyes.
+// murmelo-gallery OUT.png: everything that lies under "/Res/", on one sheet, to be looked at.
 //
 // Every picture at its place over the background, every character of every font, the texts of all
 // languages as they stand on the screen, and how well each of them fits.
@@ -33,7 +33,7 @@ void describe(CLI::App& app, Options& options) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(bugprone-exception-escape): for want of memory, and then it may just end
+// NOLINTNEXTLINE(bugprone-exception-escape): only without memory, and then the program may end
 int main(int argc, char** argv) {
     CLI::App app("Shows everything that lies under \"/Res/\" on one sheet.", "murmelo-gallery");
     Options options;

@@ -42,8 +42,8 @@ uint8_t* pixelRow(Picture& picture, uint32_t x, uint32_t y) {
     return picture.rgb.data() + (size_t{y} * picture.width + x) * 3;
 }
 
-/// Drops the rows above, and every second row and column of the rest: the canvas as it lies doubled
-/// on the display.
+/// The canvas, which the display shows doubled below `top` rows: drops those, and every second row
+/// and column of the rest.
 Picture halved(Picture& display, uint32_t top) {
     Picture canvas;
     canvas.width = display.width / 2;
@@ -89,7 +89,7 @@ bool sameCell(Picture& a, Picture& b, uint32_t x, uint32_t y, uint32_t width, ui
     return true;
 }
 
-/// Names every picture that differs. @returns whether all are the same
+/// Prints the name of every picture that differs. @returns true if all are the same
 bool compare(Picture& sheet,
              Picture& golden,
              const Picture& cell,
@@ -113,7 +113,7 @@ bool compare(Picture& sheet,
 
 }  // namespace
 
-// NOLINTNEXTLINE(bugprone-exception-escape): for want of memory, and then it may just end
+// NOLINTNEXTLINE(bugprone-exception-escape): only without memory, and then the program may end
 int main(int argc, char** argv) {
     CLI::App options("Puts pictures of one size side by side on a sheet.");
     uint32_t columns = 4;
