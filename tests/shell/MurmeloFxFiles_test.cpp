@@ -46,7 +46,7 @@ protected:
         const auto bytes = static_cast<uint32_t>(2 * count);
         std::memcpy(&header[40], &bytes, sizeof bytes);  // little-endian, as every machine we test
         file(name, header);
-        fs::resize_file(path(name), static_cast<uintmax_t>(44 + 2 * count));
+        fs::resize_file(path(name), shell::kHeaderBytes + static_cast<uintmax_t>(2 * count));
         return path(name);
     }
 
@@ -60,7 +60,7 @@ protected:
         EXPECT_EQ(result.err.size() - 1, result.err.find('\n')) << result.err;
     }
 
-    /// How many files lie in a folder, hidden ones as well.
+    /// The number of files in a folder, hidden ones included.
     static int32_t filesIn(const std::string& folder) {
         int32_t count = 0;
         for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder)) {
@@ -107,7 +107,7 @@ private:
     bool mounted = false;
 };
 
-/// The disk takes no file beyond so many bytes.
+/// The disk takes no file of more bytes than this.
 void limitFiles(rlim_t bytes) {
     const struct rlimit limit = {bytes, bytes};
     if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
@@ -264,7 +264,7 @@ TEST_F(MurmeloFxFiles, aLibraryWithoutAKindOfOutputIsToldBeforeAnythingIsDone) {
             .before([] {
                 setenv("LD_PRELOAD", MURMELO_OLD_SNDFILE, 1);
                 setenv("ASAN_OPTIONS", "verify_asan_link_order=0",
-                       1);  // a sanitizer wants to be first
+                       1);  // a sanitizer must be loaded first
             })
             .run(arguments);
     };
@@ -372,7 +372,7 @@ TEST_F(MurmeloFxFiles, theOldTargetStaysWhereTheInputFails) {
 TEST_F(MurmeloFxFiles, theOldTargetStaysWhereTheDiskTakesNoMore) {
     for (const char* name : {"out/out.wav", "out/out.flac", "out/out.ogg"}) {
         const std::string out = file(name, "precious");
-        for (const rlim_t bytes : {0UL, 20UL, 1000UL}) {  // before, within and behind a header
+        for (const rlim_t bytes : {0UL, 20UL, 1000UL}) {  // before, within and after a header
             const shell::Result result = ToolRunner()
                                              .before([bytes] { limitFiles(bytes); })
                                              .outputTo("/dev/null")
@@ -486,7 +486,7 @@ TEST_F(MurmeloFxFiles, aMinuteIsTakenAndOneSampleMoreIsNot) {
     expectFailure(run({"none", longer, out}), longer, "longer than 60 s");
     EXPECT_FALSE(folders.has("out.wav"));
     EXPECT_EQ(0, run({"none", "--long", longer, out}).status);
-    EXPECT_EQ(44U + 2 * (kMinuteSamples + 1), fs::file_size(out));
+    EXPECT_EQ(shell::kHeaderBytes + 2 * (kMinuteSamples + 1), fs::file_size(out));
 }
 
 TEST_F(MurmeloFxFiles, otherKindsOfFilesAreRefusedWhenTheMinuteIsOver) {
@@ -518,7 +518,7 @@ TEST_F(MurmeloFxFiles, longSoundsEndWhereAnEffectLosesItsPlace) {
 TEST_F(MurmeloFxFiles, theLongestSoundStillHasItsEnd) {
     // Silence, and a tone in the last two seconds: it must come out at the end, and changed.
     const Samples tone = audio::glide(16000, 150, 150);
-    const std::string toneBytes = shell::wavBytes(8000, tone).substr(44);
+    const std::string toneBytes = shell::wavBytes(8000, tone).substr(shell::kHeaderBytes);
     for (const auto& [effect, count] : {std::pair("high", 1 << 21), std::pair("drunk", 1 << 20)}) {
         const std::string input = silence("long.wav", count - 16000);
         std::string bytes = folders.read("long.wav") + toneBytes;
@@ -546,7 +546,8 @@ TEST_F(MurmeloFxFiles, progressIsShownOnATerminalOnly) {
         ToolRunner().program("/usr/bin/script").run({"-qefc", command, "/dev/null"});
     EXPECT_EQ(0, result.status) << result.err;
     EXPECT_NE(std::string::npos, result.out.find("good.wav: clean-up  19 %")) << result.out;
-    EXPECT_EQ(result.out.size() - 4, result.out.rfind("\r\033[K")) << result.out;  // taken away
+    // The line is erased at the end.
+    EXPECT_EQ(result.out.size() - 4, result.out.rfind("\r\033[K")) << result.out;
 }
 
 TEST_F(MurmeloFxFiles, progressIsTakenAwayOnceBeforeTheFacts) {

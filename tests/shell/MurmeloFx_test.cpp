@@ -140,21 +140,22 @@ TEST_F(MurmeloFx, otherFilesOf16kHzBecomeTheSameMeans) {
 
 TEST_F(MurmeloFx, aFileThatIsShorterThanItsHeaderSaysEndsWithTheFile) {
     std::string bytes = shell::wavBytes(8000, audio::noise(100, 1000));
-    bytes.resize(44 + 2 * 60);
+    bytes.resize(shell::kHeaderBytes + 2 * 60);
     EXPECT_EQ(60U, apply({"none"}, file("in.wav", bytes)).size());
 }
 
 TEST_F(MurmeloFx, aHeaderThatDoesNotKnowItsLengthTakesTheWholeFile) {
     const Samples samples = audio::noise(100, 1000);
     std::string bytes = shell::wavBytes(8000, samples);
-    bytes.replace(40, 4, 4, '\xFF');  // as programs write it that write into a pipe
+    bytes.replace(40, 4, 4, '\xFF');  // as a program writes it into a pipe
     EXPECT_EQ(samples, apply({"none", "--no-clean"}, file("in.wav", bytes)));
 }
 
 TEST_F(MurmeloFx, eightBitsAtEightKilohertzAreScaledToSixteen) {
     const Samples samples = {0, 16384, -16384, -32768, 127 * 256};
     shell::writeSound(path("in.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 8000, 1, samples);
-    ASSERT_EQ(44U + 5 + 1, folders.read("in.wav").size());  // one byte for each, and a pad
+    // One byte for each sample, and a pad.
+    ASSERT_EQ(shell::kHeaderBytes + 5 + 1, folders.read("in.wav").size());
     EXPECT_EQ(samples, apply({"none", "--no-clean"}, path("in.wav")));
 }
 
@@ -276,7 +277,7 @@ TEST_F(MurmeloFx, opusAndMp3OutSoundLikeTheWav) {
     }
     EXPECT_EQ("OggS", run({"none", "--format", "opus", input, "-"}).out.substr(0, 4));
     const std::string mp3 = run({"none", "--no-clean", "--format", "MP3", input, "-"}).out;
-    EXPECT_TRUE(folders.read("OUT.MP3") == mp3);  // nothing but the sound comes out
+    EXPECT_TRUE(folders.read("OUT.MP3") == mp3);  // no other text comes with the sound
 }
 
 TEST_F(MurmeloFx, oggAndFlacComeInAsWell) {

@@ -1,3 +1,4 @@
+// Starts the tool as a shell does, and makes and reads the files that it works on.
 #include "ToolRunner.h"
 
 #include <gtest/gtest.h>
@@ -144,7 +145,7 @@ std::string wavBytes(int32_t rateHz, const audio::Samples& samples) {
 
 audio::Samples samplesOf(const std::string& bytes) {
     audio::Samples samples;
-    for (size_t at = 44; at + 1 < bytes.size(); at += 2) {
+    for (size_t at = kHeaderBytes; at + 1 < bytes.size(); at += 2) {
         const auto low = static_cast<unsigned char>(bytes[at]);
         const auto high = static_cast<unsigned char>(bytes[at + 1]);
         samples.push_back(static_cast<int16_t>(low | high << 8));

@@ -44,10 +44,13 @@ Result run(const std::vector<std::string>& arguments);
 /// Becomes a user without rights, if this is a user with all of them.
 void becomeNobody();
 
+/// Bytes of a WAV file before its samples.
+constexpr size_t kHeaderBytes = 44;
+
 /// A WAV file of one channel and 16 bits, written byte by byte.
 std::string wavBytes(int32_t rateHz, const audio::Samples& samples);
 
-/// The samples behind a 44-byte header; the test fails if the header is not as the application
+/// The samples after a 44-byte header; the test fails if the header is not as the application
 /// writes it.
 audio::Samples samplesOf(const std::string& wavBytes);
 

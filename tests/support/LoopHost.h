@@ -1,5 +1,5 @@
-// A host for the real loop: works off steps whenever nothing is due, and lets time pass between
-// them.
+// A host for the real loop: takes its next step whenever nothing is due, and lets time pass between
+// the steps.
 #pragma once
 
 #include "TestHost.h"
@@ -11,7 +11,7 @@
 
 class LoopHost : public TestHost {
 public:
-    /// Answers whether it delivered a callback, as Host::pump does.
+    /// Returns true if it delivered a callback, as Host::pump does.
     using Step = std::function<bool(HostListener&)>;
 
     /// A callback of the platform.
@@ -62,7 +62,8 @@ public:
 
     void setDoors(HostDoors* offered) override { doors = offered; }
 
-    /// Frames of the application do not give way to anybody: the clock stands while it works.
+    /// The application does not yield to other programs here: the clock stands still while it
+    /// works.
     void yielded() override { yields++; }
 
     int64_t lastTimeoutMs = 0;  // of the newest pump

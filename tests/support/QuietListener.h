@@ -1,4 +1,4 @@
-// A program that pays no attention to its host. A test overrides what it wants to hear of.
+// A program that ignores its host. A test overrides the calls that it wants to see.
 #pragma once
 
 #include "Host.h"

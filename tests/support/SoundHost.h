@@ -1,4 +1,4 @@
-// A host with ears and a voice, on the clock that the test moves.
+// A host with a microphone and a speaker, on the clock that the test moves.
 #pragma once
 
 #include "FileMicrophone.h"
@@ -13,7 +13,7 @@ public:
 
     HostSpeaker* speaker() override { return hasDevices ? &voice : nullptr; }
 
-    /// Time passes, and the sound that falls due meanwhile is delivered when it does.
+    /// Time passes, and sound that becomes due meanwhile is delivered at its time.
     void pass(int64_t ms) {
         const int64_t endMs = nowMs + ms;
         while (ears.deliver() || voice.deliver() || nextDue() <= endMs) {

@@ -1,3 +1,4 @@
+// A temporary folder for one test, removed at its end.
 #include "TestFolders.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// The faults and happenings that a test asks its host for.
 #include "TestHost.h"
 
 #include <cassert>

@@ -1,3 +1,4 @@
+// PNG files for tests: made and read by libpng, or put together by hand.
 #include "TestPng.h"
 
 #include <zlib.h>
@@ -62,7 +63,7 @@ void setPalette(png_structp png, png_infop info, const TestPngSpec& spec, std::m
     }
 }
 
-/// Noise on a slope: every filter finds some neighbours that foretell and some that do not.
+/// Noise on a slope: every filter finds some neighbours that predict a sample and some that do not.
 std::vector<Bytes> makeRows(const TestPngSpec& spec, std::mt19937& random) {
     const int32_t bits = spec.w * channels(spec.colorType) * spec.depth;
     std::vector<Bytes> rows(static_cast<size_t>(spec.h), Bytes(static_cast<size_t>(bits + 7) / 8));

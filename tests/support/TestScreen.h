@@ -1,4 +1,4 @@
-// A screen that remembers what it heard.
+// A screen that records the events it receives.
 #pragma once
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// Sounds and WAV files made by hand, byte by byte.
 #include "TestSounds.h"
 
 #include <cstddef>
@@ -46,7 +47,7 @@ std::string TestSounds::changed(std::string wav, size_t at, const std::string& b
 
 TestSounds::Samples TestSounds::samplesOf(const std::string& wav) {
     Samples samples;
-    for (size_t i = 44; i + 1 < wav.size(); i += 2) {
+    for (size_t i = kHeaderBytes; i + 1 < wav.size(); i += 2) {
         const auto low = static_cast<unsigned char>(wav[i]);
         const auto high = static_cast<unsigned char>(wav[i + 1]);
         samples.push_back(static_cast<int16_t>(low | (high << 8)));

@@ -9,6 +9,8 @@ class TestSounds {
 public:
     using Samples = std::vector<int16_t>;
 
+    static constexpr size_t kHeaderBytes = 44;
+
     /// No two stretches of it are alike: a sample lost, doubled or moved shows.
     static Samples noise(int32_t count, uint32_t seed = 1);
 
@@ -22,7 +24,7 @@ public:
     /// The file with other bytes from a place on.
     static std::string changed(std::string wav, size_t at, const std::string& bytes);
 
-    /// The samples behind the 44 bytes of a header.
+    /// The samples after the header.
     static Samples samplesOf(const std::string& wav);
     static Samples part(const Samples& samples, size_t from, size_t count);
 };

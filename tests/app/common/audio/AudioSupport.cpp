@@ -1,3 +1,5 @@
+// What the tests of the sound engine share: recordings, noise, tones, whole runs and the pitch
+// meter.
 #include "AudioSupport.h"
 
 #include "WavFile.h"
@@ -147,10 +149,10 @@ double pitchHz(const int32_t* samples, int32_t count) {
     for (size_t lag = kShortest; best > 0.6 && lag <= kLongest; lag++) {
         const double before = likeness[lag - 1];
         const double here = likeness[lag];
-        const double behind = likeness[lag + 1];
-        if (here > 0.9 * best && here >= before && here >= behind) {
-            const double bend = before - 2.0 * here + behind;
-            const double shift = bend == 0.0 ? 0.0 : 0.5 * (before - behind) / bend;
+        const double after = likeness[lag + 1];
+        if (here > 0.9 * best && here >= before && here >= after) {
+            const double bend = before - 2.0 * here + after;
+            const double shift = bend == 0.0 ? 0.0 : 0.5 * (before - after) / bend;
             return 8000.0 / (static_cast<double>(lag) + shift);
         }
     }

@@ -29,7 +29,7 @@ std::vector<T> toVector(const T* array) {
 /// Seeded noise of at most the given amplitude.
 Samples noise(int32_t count, int32_t amplitude, uint32_t seed = 1);
 
-/// Noise with silences, full scale and slow swells in it: what an effect might stumble over.
+/// Noise with silences, full scale and slow swells in it, which are hard for an effect.
 Samples roughSignal(int32_t count, uint32_t seed = 1);
 
 /// A voice-like tone: harmonics of a fundamental that glides from one frequency to the other.
@@ -39,17 +39,17 @@ Samples glide(int32_t count, double fromHz, double toHz);
 /// the package is missing.
 Samples speech(const std::string& name);
 
-/// Recordings of the same package one after the other, cut to so many seconds.
+/// Recordings of the same package one after the other, cut to this many seconds.
 Samples speechOf(int32_t seconds);
 
-/// Runs a processor to its end as a screen does; the result.
+/// Runs a processor to its end as a screen does; returns the result.
 Samples run(WavProc& processor, const Samples& samples);
 
 /// The same, and the progress values call by call.
 Samples run(WavProc& processor, const Samples& samples, std::vector<int32_t>& progress);
 
-/// Pitch in Hz of so many samples (at least 400) by normalised autocorrelation, 60 to 500 Hz; 0
-/// where there is none.
+/// Pitch in Hz of count samples (at least 400) by normalised autocorrelation, 60 to 500 Hz; 0 if
+/// there is none.
 double pitchHz(const int32_t* samples, int32_t count);
 
 /// Median over the voiced windows of the whole signal.

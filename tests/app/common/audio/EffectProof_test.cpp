@@ -26,7 +26,8 @@ protected:
     TestHost host;
 };
 
-/// Pitch ratios, output to input, wherever both are voiced; the output is scaled in time.
+/// The ratios of the output's pitch to the input's, wherever both are voiced; places in the output
+/// are scaled in time.
 std::vector<double> pitchRatios(const Samples& input, const Samples& output, double tempo) {
     constexpr int32_t kWindow = 480;
     std::vector<double> ratios;
@@ -36,9 +37,9 @@ std::vector<double> pitchRatios(const Samples& input, const Samples& output, dou
             break;
         }
         const double before = audio::pitchHz(&input[at], kWindow);
-        const double behind = audio::pitchHz(&output[outAt], kWindow);
-        if (before > 0.0 && behind > 0.0) {
-            ratios.push_back(behind / before);
+        const double after = audio::pitchHz(&output[outAt], kWindow);
+        if (before > 0.0 && after > 0.0) {
+            ratios.push_back(after / before);
         }
     }
     std::sort(ratios.begin(), ratios.end());
@@ -96,7 +97,7 @@ TEST_F(EffectProof, drunkDoublesTheLengthAndWobblesThePitch) {
     EXPECT_LE(distance(input.size() * 2, output.size()), 300);
     const std::vector<double> ratios = pitchRatios(input, output, 2.0);
     ASSERT_GT(ratios.size(), 500U);
-    const size_t outliers = ratios.size() / 50;  // a join may fool the meter now and then
+    const size_t outliers = ratios.size() / 50;  // the meter may err at a join
     EXPECT_GT(ratios[outliers], 0.86 * 0.99);
     EXPECT_LT(ratios[ratios.size() - 1 - outliers], 1.055 * 1.01);
     EXPECT_GT(ratios[ratios.size() - 1 - outliers] - ratios[outliers], 0.05);  // it does wobble

@@ -1,3 +1,4 @@
+// The fast search finds the same offset as the plain one, on noise, speech, ties and extremes.
 #include "AudioSupport.h"
 #include "GrainSearch.h"
 #include "SlowEffects.h"

@@ -1,3 +1,4 @@
+// Grains stand, move, stretch and are pasted as the rule says, and never leave their arrays.
 #include "AudioSupport.h"
 #include "GranularSynth.h"
 #include "SlowEffects.h"
@@ -101,8 +102,8 @@ TEST(GranularSynth, highPitchedGrainReads719SamplesForIts400) {
 }
 
 TEST(GranularSynth, readPastTheEndIsShortenedToEndOneSampleBefore) {
-    // The read of 400 samples would end exactly behind the source: that is one sample too many for
-    // the interpolation already, so 399 are spread over 400.
+    // The read of 400 samples would end exactly with the source. The interpolation needs one sample
+    // more, so 399 are spread over 400.
     const Samples source = audio::roughSignal(400);
     GranularSynth synth(audio::toArray(source).get(), 200, 100, 100);
     const Array<int32_t> dst = silence(synth.getDstLength());
@@ -125,7 +126,7 @@ TEST(GranularSynth, readThatEndsOneSampleBeforeIsNotShortened) {
 
 TEST(GranularSynth, searchReadsWhatAnEarlierGrainLeft) {
     // Grain 1 is cut by the end of an output that is too short for it: 160 samples are made, but
-    // an offset of 101 or more would look further. There stands what grain 0 left.
+    // the search at an offset of 101 or more reads further. It reads what grain 0 left there.
     const Samples source = audio::roughSignal(1600);
     GranularSynth synth(audio::toArray(source).get(), 200, 100, 100);
     Samples out(260);
@@ -182,7 +183,7 @@ TEST(GranularSynth, grainsMovedAnywhereStayInsideTheirArrays) {
             for (int32_t g = 0; g < synth.getNumGrains(); g++) {
                 synth.setStretch(g, stretchQ10);
             }
-            pasteAll(synth, dst.get());  // the sanitizer sees a step over the edge
+            pasteAll(synth, dst.get());  // the sanitizer notices an access outside the arrays
             const auto [low, high] = std::minmax_element(dst.get(), dst.get() + length(dst.get()));
             EXPECT_GE(*low, -32768);
             EXPECT_LE(*high, 32767);

@@ -1,3 +1,4 @@
+// Linear prediction equals the plain sums and recursions: correlations, filter, pitch and pulses.
 #include "AudioSupport.h"
 #include "Lpc.h"
 #include "SlowEffects.h"
@@ -30,7 +31,7 @@ Samples frames() {
     return samples;
 }
 
-/// A frame with a peak every so many samples.
+/// A frame with a peak at every period samples.
 Samples pulses(int32_t period, int32_t height) {
     Samples frame(160);
     for (size_t i = 0; i < 160; i += static_cast<size_t>(period)) {

@@ -1,3 +1,4 @@
+// The integer functions at both ends of their range, and where two results are equally good.
 #include "MathUtils.h"
 
 #include <gtest/gtest.h>

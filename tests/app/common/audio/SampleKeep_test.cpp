@@ -1,3 +1,4 @@
+// Arrays that are kept for the next run are counted and given back, and none is lost.
 #include "AudioSupport.h"
 #include "SampleKeep.h"
 
@@ -7,7 +8,7 @@ using audio::Samples;
 
 namespace {
 
-/// Silence of that length, from the keep.
+/// Silence of that length, taken from SampleKeep.
 int32_t* take(int32_t count) {
     auto* silence = newArray<int32_t>(count);
     int32_t* copy = SampleKeep::takeCopy(silence);
@@ -60,7 +61,7 @@ TEST(SampleKeep, foreignArraysAndNullAreTakenBackAndNotKept) {
     int32_t* kept = take(7);
     SampleKeep::giveBack(kept);
     SampleKeep::giveBack(nullptr);
-    SampleKeep::giveBack(newArray<int32_t>(7));  // the leak checker sees that it goes
+    SampleKeep::giveBack(newArray<int32_t>(7));  // the leak checker notices if it is not freed
     EXPECT_EQ(5, length(used));
     EXPECT_EQ(3, used[4]);
     int32_t* again = take(7);

@@ -1,3 +1,4 @@
+// The effects written a second time, as plainly as possible and without regard to speed.
 #include "SlowEffects.h"
 
 #include "Rnd.h"
@@ -255,8 +256,8 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
                 period = truncated(static_cast<double>(mirrored) + 0.5);
             }
             const float before = lastGain * static_cast<float>(160 - i);
-            const float behind = frame.gain * static_cast<float>(i);
-            const float sum = before + behind;
+            const float after = frame.gain * static_cast<float>(i);
+            const float sum = before + after;
             const int32_t g = truncated(static_cast<double>(sum) / 160.0 * 1024.0);
             if (period <= sincePulse) {
                 sincePulse = 0;

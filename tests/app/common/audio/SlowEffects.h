@@ -1,19 +1,19 @@
-// The effects once more, written as plainly as possible and without a thought for speed: what every
-// sample must be.
+// The effects written a second time, as plainly as possible and without regard to speed: the model
+// of what every sample must be.
 #pragma once
 
 #include "AudioSupport.h"
 
 namespace audio::slow {
 
-/// The resample of src[from..to] onto count values, with every read inside src.
+/// Resamples src[from..to] to count values; every read lies inside src.
 Samples stretched(const Samples& src, int32_t from, int32_t to, int32_t count);
 
 /// Cross-fade of src over dst, in place.
 void crossFade(
     const Samples& src, size_t srcOff, Samples& dst, size_t dstOff, int32_t fade, int32_t total);
 
-/// The offset search, one sum after the other.
+/// The best offset, by exact sums alone.
 int32_t bestOffset(const int32_t* grain, const int32_t* target, int32_t offsets, int32_t window);
 
 struct Grains {
@@ -38,7 +38,7 @@ std::vector<float> filter(const std::vector<float>& r, float& gain);
 /// One frame through the filter; ring and offset carry over.
 void decode(int32_t* frame, const float* a, float* ring, int32_t& offset);
 
-/// The voice with another throat; mode 1 at a constant pitch, mode 2 mirrored.
+/// The robot; mode 1 at a constant pitch, mode 2 with the melody mirrored.
 Samples robot(const Samples& source, int32_t mode, int32_t seed);
 
 Samples cleanUp(const Samples& recording);

@@ -1,4 +1,4 @@
-// Every processor, through everything a driver may do to it.
+// Every processor survives everything that a driver may do to it.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"
 #include "TestHost.h"
@@ -119,7 +119,7 @@ TEST_P(Survival, processorDeletedInTheMiddleFreesEverything) {
     processor->init(audio::toArray(audio::roughSignal(60000)).get(), 8000);
     processor->process();
     EXPECT_GT(1024, processor->getLastProgress());
-    processor.reset();  // the leak checker sees what stays
+    processor.reset();  // the leak checker notices what is not freed
     // The arrays that it used are free for the next one.
     processor.reset(newProcessor());
     EXPECT_EQ(expected, audio::run(*processor, samples));
@@ -151,7 +151,7 @@ TEST_P(Survival, samplesFarOutsideSixteenBitsDoNoHarm) {
     Samples samples = audio::noise(6000, 0x3FFFFFFF);
     samples[100] = std::numeric_limits<int32_t>::min();
     samples[3000] = std::numeric_limits<int32_t>::max();
-    audio::run(*processor, samples);  // the sanitizer sees an overflow that was not meant
+    audio::run(*processor, samples);  // the sanitizer notices an overflow that is not meant
     EXPECT_EQ(-1, processor->getLastProgress());
 }
 

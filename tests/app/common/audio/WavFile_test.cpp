@@ -1,3 +1,4 @@
+// Sounds are loaded and saved exactly, and a damaged or failing file costs nothing but itself.
 #include "AudioSupport.h"
 #include "ByteArrayInputStream.h"
 #include "ByteArrayOutputStream.h"
@@ -35,7 +36,7 @@ protected:
         return audio::toVector(bytes.get());
     }
 
-    Array<signed char> headerBuffer{newArray<signed char>(44)};
+    Array<signed char> headerBuffer{newArray<signed char>(WavProps::kHeaderBytes)};
     Array<signed char> sampleBuffer{newArray<signed char>(20480)};
     bool isNull = false;
 };
@@ -52,18 +53,19 @@ Bytes file(int32_t rateHz, const Samples& samples, int32_t claimed = -1) {
     return bytes;
 }
 
-/// Hands out a byte at a time and never more, as a slow device might.
+/// Returns one byte at each read, as a slow device might.
 class TricklingStream : public ByteArrayInputStream {
 public:
     using ByteArrayInputStream::ByteArrayInputStream;
     using InputStream::read;
 
     int32_t read(signed char* target, int32_t off, int32_t len) override {
-        return ByteArrayInputStream::read(target, off, off == 0 && len == 44 ? len : 1);
+        return ByteArrayInputStream::read(target, off,
+                                          off == 0 && len == WavProps::kHeaderBytes ? len : 1);
     }
 };
 
-/// Breaks off with an error at the given read, as a damaged disk does.
+/// Fails at the given read, as a damaged disk does.
 class FailingStream : public ByteArrayInputStream {
 public:
     FailingStream(signed char* bytes, int32_t readsUntilItFails)
@@ -82,7 +84,7 @@ private:
     int32_t readsLeft;
 };
 
-/// Promises more than it has.
+/// A stream that reports more available bytes than it has.
 class BoastingStream : public ByteArrayInputStream {
 public:
     using ByteArrayInputStream::ByteArrayInputStream;

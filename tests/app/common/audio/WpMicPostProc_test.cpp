@@ -1,3 +1,4 @@
+// The clean-up of a recording equals its plain model: fades, filter and level curve.
 #include "AudioSupport.h"
 #include "SlowEffects.h"
 #include "WpMicPostProc.h"
@@ -138,7 +139,7 @@ TEST(WpMicPostProc, theCurveOfALevelOf100IsTheOneWorkedOutByHand) {
         {64 * 101, 30006},
         {64 * 306, 31383},
         {32767, 32766},  // (63 * 32767 + 32760) / 64 = 32766.9
-        {-1, 0},         // mirrored: -1 lies where 0 does
+        {-1, 0},         // negative samples are mirrored: -1 is level 0 too
         {-65, -250},
         {-64 * 2 - 1, -500},
         {-64 * 51 - 1, -15250},

@@ -1,3 +1,4 @@
+// The high, low, fast and drunk voices equal their plain model, sample by sample.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"
 #include "SlowEffects.h"

@@ -1,3 +1,4 @@
+// "No effect" and "Backwards" copy every sample to its place, slice by slice.
 #include "AudioSupport.h"
 #include "WpNoEffect.h"
 #include "WpReverse.h"
@@ -96,7 +97,7 @@ TEST(WpReverse, firstOfTenCallsReports102AndHasTheLastSampleFirst) {
     EXPECT_EQ(102, proc.process());
     const Array<int32_t> result(proc.getResult());
     EXPECT_EQ(samples[79999], result[0]);
-    EXPECT_EQ(samples[0], result[79999]);  // every slice works off the whole rest
+    EXPECT_EQ(samples[0], result[79999]);  // every slice copies all that is left
 }
 
 TEST(WpReverse, progressIsThatOfNoEffect) {

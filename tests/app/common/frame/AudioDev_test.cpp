@@ -1,3 +1,4 @@
+// The audio device records and plays what it is given, and survives every refusal of the phone.
 #include "ArrFunc.h"
 #include "AudioDev.h"
 #include "AudioDevListeners.h"
@@ -108,7 +109,7 @@ TEST_F(AudioDevTest, preparingLeavesAFileOfFortyFourZeros) {
     EXPECT_EQ(44, length(AudioDev::recordFileHeader));
     EXPECT_EQ(24000, AudioDev::__pByteBuffer1->GetCapacity());
     EXPECT_EQ(24000, AudioDev::__pByteBuffer3->GetCapacity());
-    EXPECT_EQ(std::string(44, '\0'), take());
+    EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0'), take());
 }
 
 TEST_F(AudioDevTest, preparingTwiceIsRefused) {
@@ -178,7 +179,7 @@ TEST_F(AudioDevTest, withoutARecorderStartingAndStoppingOnlyChangeTheState) {
     EXPECT_EQ(3, AudioDev::state);
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(1, AudioDev::state);
-    EXPECT_EQ(std::string(44, '\0'), take());
+    EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0'), take());
 }
 
 TEST_F(AudioDevTest, threeFilledBuffersAre36000Samples) {
@@ -224,8 +225,8 @@ TEST_F(AudioDevTest, aTakeThatDoesNotFitOnTheDiskKeepsWhatWasWrittenAndTheNextIs
     host.pass(2000);
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(64000, AudioDev::recordLength);  // the header tells what was heard
-    EXPECT_EQ(TestSounds::header(32000, 16000), take().substr(0, 44));
-    EXPECT_EQ(44U + 24000, take().size());  // up to the buffer that was lost
+    EXPECT_EQ(TestSounds::header(32000, 16000), take().substr(0, TestSounds::kHeaderBytes));
+    EXPECT_EQ(TestSounds::kHeaderBytes + 24000, take().size());  // up to the buffer that was lost
     record(1000);
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(takeOf(16000), take());
@@ -236,7 +237,7 @@ TEST_F(AudioDevTest, aTakeEndsWhereABufferCouldNotBeWrittenAndHasNoGap) {
         ASSERT_TRUE(AudioDev::initRec(&takePath));
         ASSERT_TRUE(AudioDev::startRec());
         host.failNth("File.Write", early ? 1 : 2);
-        host.pass(4 * 750);  // after the one that is lost, there is room again
+        host.pass(4 * 750);  // after the lost one there is room again
         EXPECT_TRUE(AudioDev::stopRec());
         EXPECT_EQ(4 * 24000, AudioDev::recordLength);  // all that came counts as received
         const Samples whole = early ? Samples{} : TestSounds::part(voice, 0, 12000);
@@ -286,7 +287,7 @@ TEST_F(AudioDevTest, itsStatesHaveTheNumbersOneToFour) {
 
 TEST_F(AudioDevTest, aLateBufferMendsTheHeaderAndKeepsTheStart) {
     record(750);
-    AudioDev::pRecorder->Stop();  // as a device does whose last buffers are still under way
+    AudioDev::pRecorder->Stop();  // like a device that still has to deliver its last buffers
     ByteBuffer late;
     late.Construct(4);
     for (uint32_t count = 12002; count <= 12004; count += 2) {
@@ -307,7 +308,7 @@ TEST_F(AudioDevTest, aLateBufferAfterTheReleaseMendsTheHeaderToo) {
     ByteBuffer late;
     late.Construct(2);
     AudioDev::pRecorderListener->OnAudioInBufferIsFilled(&late);
-    EXPECT_EQ(TestSounds::header(12001, 16000), take().substr(0, 44));
+    EXPECT_EQ(TestSounds::header(12001, 16000), take().substr(0, TestSounds::kHeaderBytes));
     EXPECT_EQ(24002, AudioDev::recordLength);
 }
 
@@ -318,14 +319,16 @@ TEST_F(AudioDevTest, aBufferOfAnOddSizeCountsWholeSamples) {
     late.Construct(3);
     AudioDev::pRecorderListener->OnAudioInBufferIsFilled(&late);
     EXPECT_EQ(24003, AudioDev::recordLength);
-    EXPECT_EQ(TestSounds::header(12001, 16000), take().substr(0, 44));
+    EXPECT_EQ(TestSounds::header(12001, 16000), take().substr(0, TestSounds::kHeaderBytes));
 }
 
 TEST_F(AudioDevTest, aHeaderThatCannotBePlacedIsNotWrittenIntoTheSound) {
     record(750);
     host.failNth("File.Seek", 1);
     EXPECT_TRUE(AudioDev::stopRec());
-    EXPECT_EQ(std::string(44, '\0') + TestSounds::bytes(TestSounds::part(voice, 0, 12000)), take());
+    EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0') +
+                  TestSounds::bytes(TestSounds::part(voice, 0, 12000)),
+              take());
 }
 
 TEST_F(AudioDevTest, stoppingWhilePausedLeavesTheHeaderZero) {
@@ -333,8 +336,10 @@ TEST_F(AudioDevTest, stoppingWhilePausedLeavesTheHeaderZero) {
     Orm::paused = true;
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(1, AudioDev::state);
-    EXPECT_EQ(std::string(44, '\0'), take().substr(0, 44));
-    EXPECT_EQ(44U + 24000U, take().size());  // the rest of the voice is not fetched any more
+    EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0'),
+              take().substr(0, TestSounds::kHeaderBytes));
+    // The rest of the voice is not fetched any more.
+    EXPECT_EQ(TestSounds::kHeaderBytes + 24000U, take().size());
     EXPECT_EQ(nullptr, AudioDev::record);
 }
 
@@ -343,7 +348,7 @@ TEST_F(AudioDevTest, filledBuffersArePassedOverWhilePaused) {
     Orm::paused = true;
     host.pass(3000);
     EXPECT_EQ(0, AudioDev::recordLength);
-    EXPECT_EQ(44U, take().size());
+    EXPECT_EQ(TestSounds::kHeaderBytes, take().size());
 }
 
 TEST_F(AudioDevTest, filledBuffersArePassedOverWithoutARecorder) {
@@ -365,7 +370,8 @@ TEST_F(AudioDevTest, aRecorderThatWillNotStopIsSilencedAndItsFileLeftUnfinished)
     host.failNth("AudioIn.Stop", 1);
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(1, AudioDev::state);
-    EXPECT_EQ(std::string(44, '\0'), take().substr(0, 44));
+    EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0'),
+              take().substr(0, TestSounds::kHeaderBytes));
     host.pass(3000);
     EXPECT_EQ(24000, AudioDev::recordLength);
     record(750);
@@ -386,7 +392,8 @@ TEST_F(AudioDevTest, aRecorderThatWillNotResetIsGoneAllTheSame) {
     host.failNth("AudioIn.Reset", 1);
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_EQ(nullptr, AudioDev::pRecorder);
-    EXPECT_EQ(std::string(44, '\0'), take().substr(0, 44));
+    EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0'),
+              take().substr(0, TestSounds::kHeaderBytes));
     Orm::paused = false;
     host.pass(3000);
     EXPECT_EQ(24000, AudioDev::recordLength);
@@ -405,12 +412,12 @@ TEST_F(AudioDevTest, aPreparedRecorderThatIsNotReleasedLeavesTheFileToTheNextRec
 TEST_F(AudioDevTest, theEndOfTheProgramReleasesARecordingInHand) {
     record(800);
     AudioDev::static_dtor();
-    host.pass(3000);  // nobody is called
+    host.pass(3000);  // no listener is called
     EXPECT_EQ(nullptr, AudioDev::pRecorder);
     EXPECT_EQ(nullptr, AudioDev::record);
     EXPECT_EQ(nullptr, AudioDev::recordFileHeader);
     EXPECT_EQ(nullptr, AudioDev::msg);
-    EXPECT_EQ(44U + 24000U, take().size());
+    EXPECT_EQ(TestSounds::kHeaderBytes + 24000U, take().size());
     AudioDev::static_ctor();
 }
 
@@ -434,7 +441,7 @@ TEST_F(AudioDevPlayTest, stoppingAfterTheEndOnlyReturnsToReady) {
     EXPECT_TRUE(AudioDev::stopPlay());
     EXPECT_EQ(1, AudioDev::state);
     EXPECT_NE(nullptr, AudioDev::pPlayer);
-    EXPECT_TRUE(host.fails("Player.Stop"));  // nobody has asked before
+    EXPECT_TRUE(host.fails("Player.Stop"));  // was not called before
 }
 
 TEST_F(AudioDevPlayTest, stoppingInTheMiddleIsSilentAtOnceAndSchedulesNothing) {
@@ -543,7 +550,7 @@ TEST_F(AudioDevPlayTest, aSilentPhonePlaysWithoutASoundAndStillEnds) {
     host.failNth("Player.SetVolume", 1);
     AudioDev::changeVolume(1);
     EXPECT_EQ(60, AudioDev::volumeLevel);
-    EXPECT_TRUE(host.fails("Player.SetVolume"));  // nobody has asked before
+    EXPECT_TRUE(host.fails("Player.SetVolume"));  // was not called before
     host.pass(500);
     EXPECT_NE(nullptr, Orm::firstEvent);
     EXPECT_EQ(Samples(8000, 0), played());

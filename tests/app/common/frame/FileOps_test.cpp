@@ -1,3 +1,4 @@
+// Sounds get free numbers, and files are moved, copied and deleted without losing one.
 #include "FileOps.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -69,7 +70,7 @@ TEST_F(FileOpsTest, theLastNumberTriesToRemoveAFileOfItsBareNameFirst) {
     put("rec_99999.wav");
     host.failNth("File.Remove", 1);
     EXPECT_EQ("rec_99999.wav", nextName());
-    // The failure hit that attempt; it is not waiting for this one any more.
+    // That attempt has used the failure up.
     EXPECT_TRUE(FileOps::deleteFile("/Home/Murmelo/rec_99999.wav"));
 }
 

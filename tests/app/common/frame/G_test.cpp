@@ -1,3 +1,4 @@
+// The start registers every picture, font, effect and screen, and keeps folder and language.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "BitMapFont.h"

@@ -1,3 +1,4 @@
+// The application starts with the saved language, loads and saves sounds, and cleans up at its end.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "G.h"

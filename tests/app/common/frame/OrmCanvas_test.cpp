@@ -1,3 +1,4 @@
+// The canvas turns touches, drags and keys into events, and pauses when the display is turned.
 #include "AppImage.h"
 #include "Assembly.h"
 #include "CanvasGraphics.h"
@@ -100,7 +101,7 @@ TEST_F(OrmCanvasTest, keyCodesHaveTheirNames) {
     for (int32_t code = -1; code >= -8; code--) {
         canvas->keyPressed(code);
     }
-    canvas->keyReleased(-5);
+    canvas->keyReleased(OrmCanvas::kKeyMiddle);
     EXPECT_EQ((Heard{"KeyPress/KeyUp", "KeyPress/KeyDown", "KeyPress/KeyLeft", "KeyPress/KeyRight",
                      "KeyPress/KeyMsk", "KeyPress/KeyLsk", "KeyPress/KeyRsk", "KeyPress",
                      "KeyRelease/KeyMsk"}),
@@ -110,8 +111,8 @@ TEST_F(OrmCanvasTest, keyCodesHaveTheirNames) {
 TEST_F(OrmCanvasTest, inputIsDroppedWhilePaused) {
     canvas->pointerPressed(0, 0);
     canvas->hideNotify();
-    canvas->keyPressed(-1);
-    canvas->keyReleased(-1);
+    canvas->keyPressed(OrmCanvas::kKeyUp);
+    canvas->keyReleased(OrmCanvas::kKeyUp);
     canvas->pointerDragged(200, 0);
     canvas->pointerReleased(200, 0);
     canvas->showNotify();
@@ -139,8 +140,8 @@ TEST_F(OrmCanvasTest, aPressInAPauseBeginsADrag) {
 }
 
 TEST_F(OrmCanvasTest, twoDueEventsTakeTwoTicks) {
-    canvas->keyPressed(-1);
-    canvas->keyPressed(-2);
+    canvas->keyPressed(OrmCanvas::kKeyUp);
+    canvas->keyPressed(OrmCanvas::kKeyDown);
     canvas->run();
     EXPECT_EQ(Heard{"KeyPress/KeyUp"}, screen->heard);
     canvas->run();

@@ -1,3 +1,4 @@
+// The scheduler keeps the order of events, delivers them once, and holds them during a pause.
 #include "Assembly.h"
 #include "Bounds.h"
 #include "LoopHost.h"
@@ -198,7 +199,7 @@ TEST_F(OrmTest, disposingResumesAndIsDueForEver) {
     EXPECT_EQ(0, Orm::msUntilDue());
     ticks(2);
     EXPECT_EQ((Heard{"SysResume", "SysDispose", "SysDispose"}), screen.heard);
-    EXPECT_NE(nullptr, Orm::firstEvent);  // what was pending is not taken any more
+    EXPECT_NE(nullptr, Orm::firstEvent);  // what was pending is not delivered any more
     Orm::unregisterListener(&screen);
 }
 

@@ -1,3 +1,4 @@
+// The screenshot listener hears the keys and changes nothing.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "Event.h"
@@ -58,6 +59,6 @@ TEST_F(ScreenshooterTest, mayOutliveTheScheduler) {
     ASSERT_TRUE(Orm::listeners->contains(shooter.get()));
     end();
     EXPECT_EQ(nullptr, Orm::listeners);
-    shooter.reset();  // there is nothing left to leave
+    shooter.reset();  // no scheduler is left to unregister from
     EXPECT_EQ(nullptr, Orm::listeners);
 }

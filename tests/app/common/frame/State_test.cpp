@@ -1,3 +1,4 @@
+// A change of screen leaves the old one, enters the new one, and drops or keeps what is pending.
 #include "Assembly.h"
 #include "LoopHost.h"
 #include "Murmelo.h"

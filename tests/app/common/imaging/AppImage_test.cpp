@@ -1,3 +1,4 @@
+// Images keep, copy, blend and premultiply their pixels by the stated rules.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "OspBase.h"
@@ -14,7 +15,7 @@ using model::pixelsOf;
 
 namespace {
 
-/// Notes which of its virtual operations are reached, and does what the image does.
+/// Records which of its virtual operations are called, and does what the image does.
 class Watched : public AppImage {
 public:
     using AppImage::AppImage;

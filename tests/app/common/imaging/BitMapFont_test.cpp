@@ -1,3 +1,4 @@
+// Fonts hold, read, write, measure and draw their characters, and survive damaged files.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "BitMapCharacter.h"
@@ -384,7 +385,7 @@ TEST_F(BitMapFontTest, theClippedFormCutsEveryCharacter) {
 }
 
 TEST_F(BitMapFontTest, inkBeyondABoxInsideTheClipIsNotCut) {
-    // "b" hangs 2 pixels to the left of its pen: behind a blank it leaves the box
+    // "b" hangs 2 pixels to the left of its pen: after a blank it reaches out of the box
     String text(" b");
     font.getChar(' ')->advanceWidth = 0;  // box 5, 2, 3 x 13; ink 3 .. 7
     expectInk([&](AppImage* image) { font.drawString(&text, image, 5, 2, 5, 0, 9, 20, kBlue); },

@@ -1,3 +1,4 @@
+// Rectangles are placed, stretched and searched by their anchor points and edges.
 #include "Bounds.h"
 #include "Point.h"
 #include "Rect.h"
@@ -22,7 +23,7 @@ void expectPoint(int32_t x, int32_t y, Bounded* bounded, int32_t anchor) {
     EXPECT_EQ(y, point.y) << "anchor " << anchor;
 }
 
-/// A row of focusable things around one in the middle.
+/// Rectangles around one in the middle, among which a focus could move.
 struct Neighbours {
     Neighbours() {
         for (Bounds* bounds :

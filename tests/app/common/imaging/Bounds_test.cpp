@@ -1,3 +1,4 @@
+// Rectangles intersect, unite and compare correctly, also at the ends of 32 bits.
 #include "Bounds.h"
 #include "GnoObject.h"
 #include "OspBase.h"
@@ -179,7 +180,7 @@ TEST(Bounds, equalityTakesAllFourFields) {
     EXPECT_FALSE(Bounds::equals(a, Rect(1, 0, 3, 4)));
     EXPECT_FALSE(Bounds::equals(a, Rect(1, 2, 0, 4)));
     EXPECT_FALSE(Bounds::equals(a, Rect(1, 2, 3, 0)));
-    EXPECT_FALSE(a->equals(Rect(1, 2, 3, 4)));  // as objects they are two
+    EXPECT_FALSE(a->equals(Rect(1, 2, 3, 4)));  // they are two objects
 }
 
 TEST(Bounds, allocCopiesAnyRectangle) {

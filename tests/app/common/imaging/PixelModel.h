@@ -1,6 +1,7 @@
-// The pixel arithmetic once more, one channel at a time, slow and obvious; and noise to try it on.
+// The pixel arithmetic written a second time, one channel at a time, slow and obvious; and noise to
+// test it with.
 //
-// Holds for premultiplied sources, where no channel carries into its neighbour.
+// It is correct for premultiplied sources, where no channel carries into its neighbour.
 #pragma once
 
 #include "AppImage.h"
@@ -110,7 +111,7 @@ public:
         return static_cast<int32_t>(word() % static_cast<uint32_t>(limit));
     }
 
-    /// Premultiplied; every other alpha is one at the edge of what can go wrong.
+    /// Premultiplied; every second alpha is one of the extreme ones.
     uint32_t colour() {
         const uint32_t alpha = word() % 2 == 0 ? kEdgeAlphas[word() % 6] : word() >> 24;
         const auto limit = static_cast<int32_t>(alpha) + 1;

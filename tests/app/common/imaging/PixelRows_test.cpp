@@ -1,5 +1,5 @@
-// Rows are blended in groups of pixels, and what is left of a row one pixel at a time: each pixel
-// comes out as if it were alone.
+// Rows are blended in groups of pixels, and what is left of a row one pixel at a time; each pixel
+// must be the same as if it were blended alone.
 #include "PixelModel.h"
 #include "PixelRows.h"
 
@@ -22,7 +22,7 @@ PixelTint tint(uint32_t whiteMask, uint32_t light, uint32_t saturation, uint32_t
     return {whiteMask, light, saturation, opacity};
 }
 
-/// Every operation that looks at groups.
+/// Every operation that works in groups.
 std::vector<Operation> operations() {
     std::vector<Operation> all;
     all.emplace_back(PixelRows::over);

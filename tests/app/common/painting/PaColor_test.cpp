@@ -1,3 +1,4 @@
+// A coloured rectangle fills exactly its place inside the clip.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "PaColor.h"

@@ -1,3 +1,4 @@
+// A stretched picture keeps its corners and fills any rectangle in between.
 #include "PaStretcher.h"
 #include "PixProps.h"
 #include "TestRegistry.h"
@@ -10,7 +11,7 @@ constexpr uint32_t kGround = 0xFF000000;
 
 class PaStretcherTest : public TestRegistry {
 public:
-    /// Every pixel of the picture has a colour of its own: its column in red, its row in green.
+    /// A picture whose pixels all differ: red is the column, green the row.
     static std::vector<uint32_t> numbered(int32_t w, int32_t h) {
         std::vector<uint32_t> argb;
         for (int32_t i = 0; i < w * h; i++) {
@@ -30,12 +31,12 @@ public:
 
     /// The picture's column (or row) that pixel i of a target shows, worked out the plain way.
     static int32_t sourceOf(int32_t i, int32_t split, int32_t length, int32_t target) {
-        const int32_t behind = length - 1 - split;
+        const int32_t after = length - 1 - split;
         if (i < split) {
             return i;
         }
         // A target smaller than both corners cuts the far one, which keeps its outer end.
-        if (i >= target - behind) {
+        if (i >= target - after) {
             return length - (target - i);
         }
         return split;

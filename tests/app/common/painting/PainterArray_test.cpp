@@ -1,3 +1,4 @@
+// An array of painters paints from the bottom up and passes its modifiers on.
 #include "AbstractPainter.h"
 #include "AppImage.h"
 #include "ArrFunc.h"
@@ -11,7 +12,7 @@
 
 namespace {
 
-/// Writes down how it was painted.
+/// Records how it was painted.
 class Witness : public AbstractPainter {
 public:
     Witness(const char* name, std::string& log)

@@ -1,3 +1,4 @@
+// Pictures are decoded when they are first needed, and again after they were freed.
 #include "ResImage.h"
 #include "TestRegistry.h"
 
@@ -118,7 +119,7 @@ TEST_F(ResImageTest, askingForTheSizeDecodesNothing) {
     Res::getImageSize(id, w, h);
     EXPECT_EQ(3, w);
     EXPECT_EQ(2, h);
-    writePicture("a.png", 5, 4, kStraight);  // would not be seen if the first one were kept
+    writePicture("a.png", 5, 4, kStraight);  // not seen if the first one were still kept
     EXPECT_EQ(5, Res::getImage(id)->w);
     Res::getImageSize(id, w, h);
     EXPECT_EQ(5, w);

@@ -1,3 +1,4 @@
+// The registry gives each resource its number, returns it by that, and nothing for any other.
 #include "ArrFunc.h"
 #include "Res.h"
 #include "ResNull.h"

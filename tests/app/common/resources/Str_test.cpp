@@ -1,3 +1,4 @@
+// Every text is there in every language, in its order, in the fonts, and fits its place.
 #include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "OspBase.h"
@@ -164,7 +165,7 @@ TEST_F(StrTest, everyIdHasFiveTexts) {
 
 TEST_F(StrTest, namesInTheTableAreThoseOfTheEnglishOrder) {
     for (int32_t i = 3; i < count - 1; i++) {
-        // Only the last one, SILENT_DEVICE, stands out of the alphabet.
+        // Only the last one, SILENT_DEVICE, is not in alphabetical order.
         EXPECT_LT(std::string(rows[i - 1].name), std::string(rows[i].name));
     }
 }
@@ -215,8 +216,8 @@ TEST_F(StrTest, helpNamesTheKeysAsTheyAreLabelled) {
 }
 
 TEST_F(StrTest, aStartAndItsEndLeaveNoMemoryTaken) {
-    // Enough that what is lost outweighs the few freed blocks that the heap keeps for itself and
-    // counts as taken.
+    // Enough rounds that lost memory is more than the few freed blocks that the heap keeps and
+    // still counts as taken.
     constexpr int32_t kStarts = 1000;
     const auto startAndEnd = [](int32_t times) {
         for (int32_t i = 0; i < times; i++) {

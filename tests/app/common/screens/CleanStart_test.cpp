@@ -1,5 +1,4 @@
-// A screen begins with nothing of the one before: no key that still waits, no frame of its
-// animation.
+// A screen begins with nothing of the one before: no pending key, no frame of its animation.
 #include "G.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
@@ -18,7 +17,7 @@ protected:
         putTake(TestSounds::noise(3200));
     }
 
-    /// What a hasty finger and an animation leave behind.
+    /// Keys of a hasty user and a frame of an animation, still pending.
     static void leaveKeysAndAFrame() {
         for (int32_t code = OrmCanvas::kKeyRightSoft; code <= OrmCanvas::kKeyUp; code++) {
             Orm::canvas->keyPressed(code);
@@ -27,7 +26,7 @@ protected:
         Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 5);
     }
 
-    /// The event that changes the screen comes before all that waits.
+    /// Delivers the event that changes the screen before everything that is pending.
     void expectCleanStart(const std::string& next,
                           const Names& own,
                           String* type,

@@ -1,9 +1,11 @@
+// The first choice of the language: moving, choosing and quitting.
 #include "AppImage.h"
 #include "G.h"
 #include "GameInterface.h"
 #include "Menu.h"
 #include "Murmelo.h"
 #include "Orm.h"
+#include "OrmCanvas.h"
 #include "OspGraphics.h"
 #include "Res.h"
 #include "ScreensTest.h"
@@ -109,9 +111,9 @@ TEST_F(FirstLangTest, aTouchOnQuitEnds) {
 
 TEST_F(FirstLangTest, everythingElseChangesNothing) {
     const Pixels before = picture();
-    key(-3);
-    key(-4);
-    key(-6);
+    key(OrmCanvas::kKeyLeft);
+    key(OrmCanvas::kKeyRight);
+    key(OrmCanvas::kKeyLeftSoft);
     key(-9);
     touch(kLeft);
     touch(120, 2);

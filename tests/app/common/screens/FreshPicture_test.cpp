@@ -1,5 +1,6 @@
 // What a screen shows does not depend on what stood there before: boxes and bars are translucent,
-// so whatever is not painted anew below them shines through, or darkens with every visit.
+// so anything below them that is not painted again would shine through, or get darker with every
+// visit.
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "G.h"
@@ -31,9 +32,9 @@ protected:
         host.ears.setVoice(TestSounds::noise(16000));
     }
 
-    /// The step leads to the screen named with the same picture from a screen of one colour, from
-    /// one of another, and twice from where the preparation leads. The box, if there is one, stands
-    /// there once.
+    /// The step leads to the named screen, and the picture there is the same whether the step began
+    /// on a screen of one colour, of another, or (twice) where the preparation leads. The box, if
+    /// there is one, is painted there once.
     static void expectFresh(const std::string& screenName,
                             const Step& prepare,
                             const Step& step,
@@ -87,7 +88,7 @@ protected:
 
     /// Presses the middle key and stops there, before the first slice of a job.
     static void press() {
-        Orm::canvas->keyPressed(-5);
+        Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
         Orm::canvas->run();
     }
 };

@@ -1,3 +1,4 @@
+// The header paints its band, the arrows and the name of the effect.
 #include "AppImage.h"
 #include "BitMapFont.h"
 #include "Bounds.h"

@@ -1,3 +1,4 @@
+// A menu places, focuses and paints its entries, and reports the one that is chosen.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "BitMapFont.h"

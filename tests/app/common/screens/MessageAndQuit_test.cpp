@@ -1,3 +1,4 @@
+// A fatal message says what went wrong in every language, and only "Ok" ends the program.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "G.h"
@@ -6,6 +7,7 @@
 #include "Message.h"
 #include "MessageAndQuit.h"
 #include "Orm.h"
+#include "OrmCanvas.h"
 #include "PaStretcher.h"
 #include "PaTextArea.h"
 #include "Res.h"
@@ -135,7 +137,7 @@ TEST_F(MessageAndQuitTest, onlyOkEndsTheProgram) {
 
 TEST_F(MessageAndQuitTest, theMiddleKeyEndsTheProgramToo) {
     MessageAndQuit::enter(99);
-    key(-5);
+    key(OrmCanvas::kKeyMiddle);
     EXPECT_FALSE(GameInterface::Active);
 }
 

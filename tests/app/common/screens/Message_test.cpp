@@ -1,3 +1,4 @@
+// A message places its heading and its text in a box that fits them.
 #include "AppImage.h"
 #include "BitMapFont.h"
 #include "Bounds.h"

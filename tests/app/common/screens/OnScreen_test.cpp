@@ -1,5 +1,5 @@
-// What the soft-key bar, the message and the progress window say of being on the screen is what the
-// picture shows, after every event of every screen.
+// The soft-key bar, the message and the progress window report that they are on the screen exactly
+// when the picture shows them, after every event of every screen.
 #include "AppImage.h"
 #include "Assembly.h"
 #include "AudioDev.h"
@@ -29,7 +29,7 @@ protected:
         G::scr->set(0xFF202020);
     }
 
-    /// Works off what is due, and looks at the picture after each event.
+    /// Delivers what is due, and looks at the picture after each event.
     static void tickAndLook() {
         while (!Orm::isDisposed && Orm::msUntilDue() == 0) {
             Orm::canvas->run();
@@ -64,7 +64,7 @@ protected:
         EXPECT_EQ(inkInPicture(*Progress::caption), Progress::isVisible()) << screen();
     }
 
-    /// Whether the bar with its labels stands in the bottom rows.
+    /// True if the bar with its labels is painted in the bottom rows.
     static bool barInPicture() {
         AppImage shown(G::scr);
         const bool visible = SkBar::visible;
@@ -76,7 +76,7 @@ protected:
         return same;
     }
 
-    /// Whether all of the text's full ink stands where the area is; false for no text.
+    /// True if all fully inked pixels of the text are painted where the area is; false for no text.
     static bool inkInPicture(PaTextArea& area) {
         AppImage ink(240, 320);
         ink.set(0xFF000000);
@@ -93,7 +93,7 @@ protected:
         return full > 0;
     }
 
-    /// The question is painted with a frame only.
+    /// The question is painted only together with a frame.
     static void paintFrame() {
         std::vector<uint16_t> shown(240 * 320);
         CanvasGraphics graphics(reinterpret_cast<unsigned char*>(shown.data()), 240, 320);
@@ -153,15 +153,15 @@ TEST_F(OnScreenTest, aMessageOverTheOpeningPictureHasABar) {
 TEST_F(OnScreenTest, theHelpIsAMessageUntilTheMenuIsBack) {
     show(G::stateOptions);
     EXPECT_EQ("Options bar", seen());
-    Orm::canvas->keyPressed(-2);
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyDown);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     tickAndLook();
     EXPECT_EQ("Options bar message", seen());
     EXPECT_EQ(Str::str_HELP_TXT, Message::paTxt->getText());
     touchAndLook(kMiddle);
     EXPECT_EQ("Options bar", seen());
-    Orm::canvas->keyPressed(-2);
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyDown);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     tickAndLook();
     EXPECT_EQ("Options bar", seen());  // the languages
 }
@@ -174,7 +174,7 @@ TEST_F(OnScreenTest, aTakeGoesFromAMessageOverAProgressToTheChoiceOfTheEffect) {
     EXPECT_EQ("Recording bar progress", seen());
     passAndLook(2000);
     EXPECT_EQ("Recording bar progress", seen());
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     Orm::canvas->run();
     expectTruth();
     EXPECT_EQ("Process bar progress", seen());
@@ -193,7 +193,7 @@ TEST_F(OnScreenTest, anInterruptedTakeLeavesNoProgress) {
 
 TEST_F(OnScreenTest, anInterruptedJobLeavesNoProgress) {
     haveTake();
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     Orm::canvas->run();
     expectTruth();
     EXPECT_EQ("Process bar progress", seen());
@@ -204,7 +204,7 @@ TEST_F(OnScreenTest, anInterruptedJobLeavesNoProgress) {
 
 TEST_F(OnScreenTest, slidingAndPlayingHaveABarOnly) {
     haveTake();
-    Orm::canvas->keyPressed(-4);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyRight);
     tickAndLook();
     passAndLook(50);
     EXPECT_EQ("Play bar", seen());
@@ -247,8 +247,8 @@ TEST_F(OnScreenTest, fatalMessagesStandAloneWhereverTheyComeFrom) {
 
 TEST_F(OnScreenTest, theQuestionIsTheMessageWhileItStands) {
     show(G::stateOptions);
-    Orm::canvas->keyPressed(-2);
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyDown);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     tickAndLook();
     ASSERT_EQ("Options bar message", seen());
     for (const SoftKey answer : {kLeft, kRight}) {

@@ -1,3 +1,4 @@
+// The main menu, its help and its list of languages lead where their entries say.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "AudioDev.h"
@@ -154,7 +155,7 @@ TEST_F(OptionsTest, helpShowsItsTextInTheSmallFontUntilOk) {
     EXPECT_EQ(G::fntSmall, Message::paTxt->getFont());
     const Pixels help = picture();
     key(kUp);
-    key(-3);
+    key(OrmCanvas::kKeyLeft);
     key(kRightKey);
     touch(120, 150);
     touch(kLeft);
@@ -246,9 +247,9 @@ TEST_F(OptionsTest, enteringAgainShowsTheMenu) {
 TEST_F(OptionsTest, otherEventsChangeNothing) {
     enter(G::stateOptions);
     const Pixels before = picture();
-    key(-3);
-    key(-4);
-    key(-6);
+    key(OrmCanvas::kKeyLeft);
+    key(OrmCanvas::kKeyRight);
+    key(OrmCanvas::kKeyLeftSoft);
     touch(kLeft);
     deliver(Orm::EV_T_UPDATE);
     deliver(Orm::EV_T_SYS_PAUSE);

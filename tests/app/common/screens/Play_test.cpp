@@ -1,3 +1,4 @@
+// The choice of the effect: turning by keys, drags and arrows, and playing the result.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "Fx.h"
@@ -195,7 +196,7 @@ TEST_F(PlayTest, playProcessesTheTakeAndPlaysIt) {
 }
 
 TEST_F(PlayTest, duringTheProcessingOnlyTheNameStands) {
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     Orm::canvas->run();
     EXPECT_EQ("Process", screen());
     EXPECT_EQ((Names{"-", "-", "-"}), labels());
@@ -255,7 +256,7 @@ TEST_F(PlayTest, aTakeOfAnotherRateIsFatal) {
 }
 
 TEST_F(PlayTest, aPauseDuringTheProcessingComesBackHere) {
-    Orm::canvas->keyPressed(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
     Orm::canvas->run();
     Orm::canvas->run();
     ASSERT_EQ("Process", screen());
@@ -273,15 +274,15 @@ TEST_F(PlayTest, optionsAndQuitLeadAway) {
     EXPECT_EQ("Options", screen());
     EXPECT_EQ("Back", labels()[2]);
     enter(G::statePlay);
-    key(-7);
+    key(OrmCanvas::kKeyRightSoft);
     EXPECT_FALSE(GameInterface::Active);
     EXPECT_TRUE(Orm::isDisposed);
 }
 
 TEST_F(PlayTest, everythingElseChangesNothing) {
     const Pixels before = picture();
-    key(-1);
-    key(-2);
+    key(OrmCanvas::kKeyUp);
+    key(OrmCanvas::kKeyDown);
     key(-9);
     deliver(Orm::EV_T_UPDATE);
     deliver(Orm::EV_T_SYS_PAUSE);

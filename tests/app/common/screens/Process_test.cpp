@@ -1,3 +1,4 @@
+// The work on a sound goes slice by slice, shows its progress, and can be paused or fail.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "Bounds.h"
@@ -22,7 +23,8 @@ using Osp::Base::String;
 
 namespace {
 
-/// Reports the progresses given, one a slice; the result is the samples it was given, plus one.
+/// A processor that reports the given progress values, one for each slice; its result is each
+/// sample plus one.
 class SlicedProc : public WavProc {
 public:
     explicit SlicedProc(std::vector<int32_t> progresses)

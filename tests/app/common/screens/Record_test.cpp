@@ -1,7 +1,9 @@
+// The screen before a recording prepares the microphone and removes the old take.
 #include "AudioDev.h"
 #include "G.h"
 #include "Message.h"
 #include "Orm.h"
+#include "OrmCanvas.h"
 #include "PaTextArea.h"
 #include "ScreensTest.h"
 #include "State.h"
@@ -26,7 +28,7 @@ TEST_F(RecordTest, preparesTheMicrophoneAndWaitsForTheWord) {
     EXPECT_EQ(Str::str_START_RECORDING, Message::paTxt->getText());
     EXPECT_EQ(G::fntMedium, Message::paTxt->getFont());
     EXPECT_EQ(AudioDev::kRecordingPrepared, AudioDev::state);
-    EXPECT_EQ(44U, folders.read(kTake).size());
+    EXPECT_EQ(TestSounds::kHeaderBytes, folders.read(kTake).size());
     EXPECT_TRUE(pending().empty());
 }
 
@@ -35,7 +37,7 @@ TEST_F(RecordTest, removesTheTakeAndTheResultOfBefore) {
     folders.write(kResult, "result");
     enter(G::stateRecord);
     EXPECT_EQ("Record", screen());
-    EXPECT_EQ(44U, folders.read(kTake).size());
+    EXPECT_EQ(TestSounds::kHeaderBytes, folders.read(kTake).size());
     EXPECT_FALSE(hasResult());
 }
 
@@ -45,7 +47,7 @@ TEST_F(RecordTest, whatIsNoFileInThePlaceOfTheTwoIsMovedAside) {
     ASSERT_EQ(0, symlink("rec_00000.wav", folders.path(kResult).c_str()));
     enter(G::stateRecord);
     EXPECT_EQ("Record", screen());
-    EXPECT_EQ(44U, folders.read(kTake).size());
+    EXPECT_EQ(TestSounds::kHeaderBytes, folders.read(kTake).size());
     EXPECT_FALSE(hasResult());
     EXPECT_EQ("mine", folders.read(std::string(kTake) + ".aside-1/inside.txt"));
     EXPECT_EQ("a saved sound", folders.read(std::string(kResult) + ".aside-1"));
@@ -128,7 +130,7 @@ TEST_F(RecordTest, theWordStartsTheRecording) {
 
 TEST_F(RecordTest, theMiddleKeyStartsTheRecordingToo) {
     enter(G::stateRecord);
-    key(-5);
+    key(OrmCanvas::kKeyMiddle);
     EXPECT_EQ("Recording", screen());
 }
 
@@ -144,7 +146,7 @@ TEST_F(RecordTest, theWayBackLeavesNoTake) {
 TEST_F(RecordTest, theWayBackIsOpenEvenIfTheTakeIsGoneAlready) {
     enter(G::stateRecord);
     folders.remove(kTake);
-    key(-7);
+    key(OrmCanvas::kKeyRightSoft);
     EXPECT_EQ("Options", screen());
 }
 

@@ -1,3 +1,4 @@
+// A recording runs, is stopped or times out, and becomes a take or a message.
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "Bounds.h"
@@ -204,7 +205,7 @@ TEST_F(RecordingTest, stopLoadsTheTakeAndCleansItUp) {
     EXPECT_EQ(AudioDev::kReady, AudioDev::state);
     // 1500 ms of 16 kHz have become as many of 8 kHz.
     const std::string take = folders.read(kTake);
-    EXPECT_EQ(44U + 2 * 12000, take.size());
+    EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 12000, take.size());
     EXPECT_EQ(TestSounds::little(8000, 4), take.substr(24, 4));
     EXPECT_FALSE(hasResult());
     EXPECT_EQ(-1, G::getLastPlayedFx());
@@ -233,7 +234,7 @@ TEST_F(RecordingTest, twentySecondsEndTheTakeLikeStop) {
     EXPECT_EQ("Recording", screen());
     pass(1);
     EXPECT_EQ("Play", screen());
-    EXPECT_EQ(44U + 2 * 160000, folders.read(kTake).size());
+    EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 160000, folders.read(kTake).size());
     EXPECT_TRUE(pending().empty());
 }
 
@@ -317,8 +318,9 @@ TEST_F(RecordingTest, aTakeThatCannotBeReadToItsEndIsFatalAndStaysAsItIs) {
     touch(kMiddle);
     tick();
     EXPECT_EQ(kFileError, fatalText());
-    EXPECT_EQ(44U + 64000U, folders.read(kTake).size());
-    EXPECT_EQ(TestSounds::header(32000, 16000), folders.read(kTake).substr(0, 44));
+    EXPECT_EQ(TestSounds::kHeaderBytes + 64000U, folders.read(kTake).size());
+    EXPECT_EQ(TestSounds::header(32000, 16000),
+              folders.read(kTake).substr(0, TestSounds::kHeaderBytes));
 }
 
 TEST_F(RecordingTest, aTakeThatDidNotFitOnTheDiskGoesOnWithWhatWasWritten) {
@@ -328,7 +330,8 @@ TEST_F(RecordingTest, aTakeThatDidNotFitOnTheDiskGoesOnWithWhatWasWritten) {
     touch(kMiddle);
     tick();
     EXPECT_EQ("Play", screen());
-    EXPECT_EQ(44U + 24000 / 2, folders.read(kTake).size());  // the first buffer, at 8 kHz
+    // The first buffer, at 8 kHz.
+    EXPECT_EQ(TestSounds::kHeaderBytes + 24000 / 2, folders.read(kTake).size());
 }
 
 TEST_F(RecordingTest, silenceFromAMicrophoneWithoutSamplesStillEndsAfterTwentySeconds) {

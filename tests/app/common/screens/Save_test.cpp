@@ -1,3 +1,4 @@
+// A result is saved under a new number, and no failure loses a saved sound.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "G.h"
@@ -269,7 +270,7 @@ TEST_F(SaveTest, onlyOkLeadsOn) {
     deliver(Orm::EV_T_SYS_RESUME);
     deliver(Orm::EV_T_SYS_DISPOSE);
     EXPECT_EQ("Save", screen());
-    key(-5);
+    key(OrmCanvas::kKeyMiddle);
     EXPECT_EQ("Options", screen());
     EXPECT_EQ("Back", labels()[2]);
 }

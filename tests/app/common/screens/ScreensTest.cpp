@@ -1,3 +1,4 @@
+// Drives the whole application for the tests of the screens.
 #include "ScreensTest.h"
 
 #include "AppImage.h"

@@ -37,13 +37,13 @@ protected:
     /// Deletes the application; every class finaliser runs.
     void end();
 
-    /// Enters a screen and works off what is due.
+    /// Enters a screen and delivers what is due.
     void enter(State* screen);
 
-    /// Works off what is due now.
+    /// Delivers what is due now.
     static void tick();
 
-    /// Time passes; what falls due meanwhile is worked off when it does, sound included.
+    /// Time passes; events and sound that become due meanwhile are delivered at their time.
     void pass(int64_t ms);
 
     /// A finger set down and lifted, in canvas pixels.

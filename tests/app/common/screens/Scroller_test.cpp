@@ -1,3 +1,4 @@
+// The slide from one effect to the next paints each of its frames by the rule.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "Fx.h"
@@ -63,7 +64,7 @@ protected:
     }
 };
 
-/// Notes what stands on the screen each time it is painted there.
+/// Records what is on the screen each time it is painted.
 class FrameWatch : public PaImage {
 public:
     explicit FrameWatch(PaImage* painter)
@@ -182,7 +183,7 @@ TEST_F(ScrollerTest, theSlideBeginsWithTheOldCreatureAndEndsWithTheNewOneInItsPl
         Scroller::initScroll(left);
         const int32_t ends[] = {1, left ? 0 : 2};
         for (int32_t end = 0; end < 2; end++) {
-            // The other creature peeks in at one edge, ten columns of the strip away.
+            // The other creature is seen at one edge, ten columns of the strip away.
             PaImage* creature = G::fxs[ends[end]]->image;
             Main::paintBg();
             const Pixels background = picture();

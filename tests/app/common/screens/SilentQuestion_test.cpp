@@ -1,4 +1,4 @@
-// The question about silence, from the canvas's side: painted over whatever stands, answered while
+// The question about silence as the canvas handles it: painted over any screen, answered while
 // everything is paused.
 #include "AppImage.h"
 #include "AudioDev.h"
@@ -126,8 +126,8 @@ TEST_F(SilentQuestionTest, touchesElsewhereAndKeysAreIgnored) {
     press(120, 100);
     press(40, 287);
     press(10, -5);
-    Orm::canvas->keyPressed(-5);
-    Orm::canvas->keyReleased(-5);
+    Orm::canvas->keyPressed(OrmCanvas::kKeyMiddle);
+    Orm::canvas->keyReleased(OrmCanvas::kKeyMiddle);
     Orm::canvas->pointerPressed(0, 100);
     Orm::canvas->pointerDragged(200, 100);
     EXPECT_TRUE(OrmCanvas::showIsSilentPopup);

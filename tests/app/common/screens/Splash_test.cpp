@@ -1,3 +1,4 @@
+// The opening shows its pictures, prepares the sound folder, and goes on by time or key.
 #include "AppImage.h"
 #include "FileInputStream.h"
 #include "FileOps.h"
@@ -5,6 +6,7 @@
 #include "MIDlet.h"
 #include "Murmelo.h"
 #include "Orm.h"
+#include "OrmCanvas.h"
 #include "OspBase.h"
 #include "ScreensTest.h"
 #include "State.h"
@@ -57,7 +59,7 @@ TEST_F(SplashTest, goesOnAfterThreeSeconds) {
 
 TEST_F(SplashTest, theMiddleKeyGoesOnAtOnce) {
     enter(G::stateSplash);
-    key(-5);
+    key(OrmCanvas::kKeyMiddle);
     EXPECT_EQ("Options", screen());
     EXPECT_TRUE(pending().empty());
 }
@@ -65,7 +67,7 @@ TEST_F(SplashTest, theMiddleKeyGoesOnAtOnce) {
 TEST_F(SplashTest, otherKeysAndTouchesDoNot) {
     enter(G::stateSplash);
     for (int32_t code = -1; code >= -8; code--) {
-        if (code != -5) {
+        if (code != OrmCanvas::kKeyMiddle) {
             key(code);
         }
     }

@@ -1,3 +1,4 @@
+// A sound from outside takes the place of a recording.
 #include "G.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
@@ -46,7 +47,7 @@ TEST_F(TakeJobTest, itIsCleanedUpAsARecordingIs) {
     TakeJob::enter();
     tick();
     EXPECT_EQ(folders.read(kTake), used);
-    EXPECT_EQ(44U + 2 * 1500, used.size());
+    EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 1500, used.size());
 }
 
 TEST_F(TakeJobTest, whatGoesBeyondTwentySecondsIsLeftOut) {

@@ -1,3 +1,4 @@
+// The wheels of the recorder turn in six phases.
 #include "AppImage.h"
 #include "Bounds.h"
 #include "Fx.h"

@@ -1,3 +1,4 @@
+// The outline and the angles of an arc are those of the true ellipse.
 #include "Arc.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Wrapping sums, times across the wrap, and conversions from float.
 #include "Arithmetic.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +39,7 @@ TEST(Arithmetic, timesKeepTheirOrderWhereTheClockWraps) {
     EXPECT_FALSE(timeBefore(kMin, kMax));
     EXPECT_TRUE(timeBefore(-1, 0));
     EXPECT_FALSE(timeBefore(0, -1));
-    EXPECT_TRUE(timeBefore(1, kMin));  // 2^31 - 1 apart, the most that is told
+    EXPECT_TRUE(timeBefore(1, kMin));  // 2^31 - 1 apart, the largest difference
     EXPECT_TRUE(timeBefore(0, kMax));
     EXPECT_FALSE(timeBefore(kMax, 0));
 }

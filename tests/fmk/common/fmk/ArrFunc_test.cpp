@@ -1,3 +1,4 @@
+// Counted arrays know their length, start at zero and are freed as a whole.
 #include "ArrFunc.h"
 
 #include <gtest/gtest.h>

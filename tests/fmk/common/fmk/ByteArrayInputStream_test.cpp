@@ -1,3 +1,4 @@
+// A stream over an array reads its bytes and never past its end.
 #include "ArrFunc.h"
 #include "BufferedInputStream.h"
 #include "ByteArrayInputStream.h"

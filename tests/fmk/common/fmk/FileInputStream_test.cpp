@@ -1,3 +1,4 @@
+// A stream over a file reads, skips and remembers a failure.
 #include "ArrFunc.h"
 #include "DataInputStream.h"
 #include "FileInputStream.h"

@@ -1,3 +1,4 @@
+// Device graphics draw lines, rectangles, arcs and images exactly inside the clip.
 #include "CanvasGraphics.h"
 #include "GnoImage.h"
 

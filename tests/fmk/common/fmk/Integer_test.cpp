@@ -1,3 +1,4 @@
+// Numbers become text and text numbers, odd characters included.
 #include "Integer.h"
 #include "OspBase.h"
 #include "Short.h"

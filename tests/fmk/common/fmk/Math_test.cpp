@@ -1,3 +1,4 @@
+// The table of angles, the searches and the small integer functions give their stated values.
 #include "Math.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +19,8 @@ protected:
     ~MathTables() override { Math::dispose(); }
 };
 
-/// The stored value of a quarter's angle, said in another way than the table is made.
+/// The stored value of an angle of the first quarter, worked out in another way than the table is
+/// made.
 int32_t quarter(int32_t degrees) {
     static const std::map<int32_t, int32_t> odd = {{7, 9926},  {31, 8571}, {35, 8191},
                                                    {39, 7772}, {77, 2249}, {89, 174}};
@@ -29,7 +31,7 @@ int32_t quarter(int32_t degrees) {
                : static_cast<int32_t>(std::floor(10000 * std::cos(degrees * turn) + 0.5L));
 }
 
-/// Cosine of any angle by walking there in quarters.
+/// Cosine of any angle, reached in steps of a quarter turn.
 int32_t slowCos(int32_t degrees) {
     int32_t turned = degrees;
     while (turned < 0) {

@@ -1,3 +1,4 @@
+// The record store keeps nothing, but reads and writes its header.
 #include "ArrFunc.h"
 #include "OspBase.h"
 #include "RecordStore.h"

@@ -1,3 +1,4 @@
+// Colours become 565 and come back, and blend, by the rule for one channel.
 #include "Rgb565.h"
 
 #include <gtest/gtest.h>

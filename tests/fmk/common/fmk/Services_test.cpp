@@ -1,4 +1,4 @@
-// The runtime's small services, most of which stand still on this phone.
+// The runtime's small services, most of which do nothing on this phone.
 #include "Command.h"
 #include "Connector.h"
 #include "GnoPlayer.h"

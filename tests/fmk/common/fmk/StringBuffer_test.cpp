@@ -1,3 +1,4 @@
+// The text buffer grows, appends, inserts and deletes as it states.
 #include "Integer.h"
 #include "OspBase.h"
 #include "StringBuffer.h"

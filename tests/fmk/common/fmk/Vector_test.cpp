@@ -1,3 +1,4 @@
+// The list grows, inserts, finds and removes, and reads null outside.
 #include "Enumeration.h"
 #include "Vector.h"
 

@@ -1,4 +1,4 @@
-// Streams around other streams hand on every question and every answer.
+// Streams that wrap other streams pass on every call and its result.
 #include "BufferedInputStream.h"
 #include "DataInputStream.h"
 #include "OutputStream.h"
@@ -9,7 +9,7 @@ namespace {
 
 using Notes = std::vector<std::string>;
 
-/// Notes every call and answers with numbers of its own.
+/// Records every call and returns numbers of its own.
 class Noting : public InputStream {
 public:
     int32_t available() override {
@@ -70,7 +70,7 @@ void expectHandsEverythingOn(InputStream& outer, const Noting& inner) {
               inner.notes);
 }
 
-/// As plain as a stream can be.
+/// A stream with only what every stream must have.
 class Plain : public OutputStream {
 public:
     using OutputStream::write;

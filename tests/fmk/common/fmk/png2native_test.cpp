@@ -1,3 +1,4 @@
+// PNG files decode as libpng decodes them, and damaged ones are survived.
 #include "ArrFunc.h"
 #include "png2native.h"
 #include "TestPng.h"
@@ -13,8 +14,8 @@ namespace {
 
 const std::string kPictures = MURMELO_TEST_DATA "/../../res/Res";
 
-/// What the decoder returns, freed at the end. Whatever the file: its size is the same without
-/// decoding.
+/// What the decoder returns, freed at the end. Also checks, for any file, that its size is the same
+/// when it is read without decoding.
 class Decoded {
 public:
     explicit Decoded(const Bytes& file)
@@ -180,9 +181,9 @@ TEST(png2native, dataThatIsNoPngIsRefused) {
     EXPECT_EQ(0, eightBytes.width);
     EXPECT_FALSE(eightBytes.hasAlpha);
     for (size_t i = 0; i < 8; i++) {
-        Bytes wrong = file + Bytes(20);
-        wrong[i] ^= 1;
-        EXPECT_EQ(-1, Decoded(wrong).status) << i;
+        Bytes broken = file + Bytes(20);
+        broken[i] ^= 1;
+        EXPECT_EQ(-1, Decoded(broken).status) << i;
     }
 }
 
