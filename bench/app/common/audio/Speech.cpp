@@ -3,6 +3,7 @@
 #include "ArrFunc.h"
 #include "ByteArrayInputStream.h"
 #include "WavFile.h"
+#include "WavProps.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -23,7 +24,7 @@ std::vector<int32_t> loadSpeech(int32_t seconds) {
     auto* bytes = newArray<signed char>(static_cast<int32_t>(content.size()));
     std::copy(content.begin(), content.end(), bytes);
     ByteArrayInputStream stream(bytes);
-    auto* headerBuffer = newArray<signed char>(44);
+    auto* headerBuffer = newArray<signed char>(WavProps::kHeaderBytes);
     auto* sampleBuffer = newArray<signed char>(20480);
     int32_t* samples = WavFile::loadTo8Khz(&stream, headerBuffer, sampleBuffer);
     if (length(samples) < seconds * WavFile::kRateHz) {
