@@ -1,6 +1,6 @@
 """Rasterises the SVG sources of this folder into the PNG files the program loads.
 
-Usage: render.py RES_DIR ICON_DIR
+Usage: render.py RES_DIR ICON_DIR STRIP_DIR
 
 Everything on the screen is one drawing, scene.svg, shown in several states: the pictures that are laid over
 the background at run time (wheels, keys, lamp, overlays) are cut from full-screen renders of those states, so
@@ -35,6 +35,8 @@ PLAIN = {
     "arrow_right_black": "arrow_right_black.svg", "focus_bar_x5y5": "focus_bar.svg",
     "footer_bg_x0y15": "footer_bg.svg", "menu_bg_x16y16": "menu_bg.svg",
 }
+# Pictures of the strip above the screen: file name -> colours of its palette (0: none, white under an alpha plane).
+STRIP = {"heads": 255, "icons": 0}
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
 SMALL_ICON_MAX = 32  # up to this size the icon is drawn from its simplified source
 
@@ -183,11 +185,21 @@ def render_plain(save):
     save(splash.crop((0, 248, 240, 320)), "splash_eu.png")
 
 
+def render_strip(folder):
+    """Small and sharp: a palette instead of a dither, which would be noise in a head of 28 pixels."""
+    for name, colours in STRIP.items():
+        svg = source("strip/%s.svg" % name)
+        picture = rasterise(svg, *svg_size(svg))
+        if colours:
+            picture = picture.quantize(colours, method=Image.Quantize.FASTOCTREE, dither=Image.Dither.NONE)
+        picture.save(os.path.join(folder, name + ".png"), optimize=True)
+
+
 def main():
-    if len(sys.argv) != 3:
+    if len(sys.argv) != 4:
         sys.exit(__doc__)
-    res, icons = sys.argv[1:]
-    for folder in (res, icons):
+    res, icons, strip = sys.argv[1:]
+    for folder in (res, icons, strip):
         os.makedirs(folder, exist_ok=True)
 
     def save(image, name):
@@ -195,6 +207,7 @@ def main():
 
     render_scene(save)
     render_plain(save)
+    render_strip(strip)
     for size in ICON_SIZES:
         file = "icon_small.svg" if size <= SMALL_ICON_MAX else "icon.svg"
         rasterise(source(file), size, size).save(os.path.join(icons, "murmelo-%d.png" % size), optimize=True)

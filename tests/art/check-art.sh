@@ -15,7 +15,7 @@ if [ "$(rsvg-convert --version)" != "$(cat "$root/art/renderer.txt")" ]; then
     echo "check-art: the pictures were made with another renderer: $(cat "$root/art/renderer.txt")" >&2
     exit 77
 fi
-"$root/art/render.sh" "$made/Res" "$made/icons"
+"$root/art/render.sh" "$made/Res" "$made/icons" "$made/strip"
 status=$?
 [ $status -eq 0 ] || exit $status
 
@@ -23,4 +23,5 @@ python=python3
 "$python" -c 'import PIL' 2>/dev/null || python=/usr/bin/python3
 "$python" "$here/compare.py" "$made/Res" "$root/res/Res" || exit 1
 "$python" "$here/compare.py" "$made/icons" "$root/res/icons" || exit 1
-"$python" "$here/rules.py" "$root/res/Res" || exit 1
+"$python" "$here/compare.py" "$made/strip" "$root/res/strip" || exit 1
+"$python" "$here/rules.py" "$root/res/Res" "$root/res/strip" || exit 1

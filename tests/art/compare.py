@@ -11,7 +11,8 @@ def pictures(folder):
 
 def same(a, b):
     with Image.open(a) as first, Image.open(b) as second:
-        return first.mode == second.mode and first.size == second.size and first.tobytes() == second.tobytes()
+        alike = first.mode == second.mode and first.size == second.size
+        return alike and first.convert("RGBA").tobytes() == second.convert("RGBA").tobytes()
 
 
 def main():

@@ -1,4 +1,4 @@
-"""rules.py RES_DIR: what the program relies on in its pictures.
+"""rules.py RES_DIR STRIP_DIR: what the program relies on in its pictures.
 
 Names and sizes agree, the file kinds are ones the decoder takes, the pieces meet the background, nothing that is
 repainted wipes out part of a character, and white text stays readable where text is written.
@@ -151,10 +151,24 @@ def check_text_places(folder, background):
         check(size[0] <= ARROW_MAX[0] and size[1] <= ARROW_MAX[1], "%s: %s" % (name, size))
 
 
+def check_strip(folder):
+    """Eight heads and five icons, each in a cell of its own that it fills and does not leave."""
+    for name, cells, size in (("heads", 8, 28), ("icons", 5, 16)):
+        check_file(folder, name)
+        picture = Image.open(os.path.join(folder, name + ".png")).convert("RGBA")
+        check(picture.size == (cells * size, size), "%s: %s" % (name, picture.size))
+        alpha = picture.getchannel("A")
+        for cell in range(cells):
+            box = alpha.crop((cell * size, 0, (cell + 1) * size, size)).getbbox()
+            tall = box and box[3] - box[1] >= size * 3 // 4 and box[2] - box[0] >= size * 3 // 4
+            check(tall, "%s: cell %d shows too little" % (name, cell))
+
+
 def main():
-    folder = sys.argv[1]
+    folder, strip = sys.argv[1:]
     for name in EXPECTED:
         check_file(folder, name)
+    check_strip(strip)
     if not complaints:
         background, _ = load(folder, "background_0_0_240_320")
         check_cut_outs(folder, background)
