@@ -8,6 +8,7 @@ they meet the background to the pixel.
 """
 import io
 import os
+import re
 import subprocess
 import sys
 import xml.etree.ElementTree as ET
@@ -37,6 +38,7 @@ PLAIN = {
 }
 # Pictures of the strip above the screen: file name -> colours of its palette (0: none, white under an alpha plane).
 STRIP = {"heads": 255, "icons": 0}
+SPLIT = re.compile(r"_x\d+y\d+$")  # what is stretched says so in its name
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
 SMALL_ICON_MAX = 32  # up to this size the icon is drawn from its simplified source
 
@@ -81,6 +83,15 @@ def dither565(image, x0, y0):
         out.append((quantise(r, 5, t), quantise(g, 6, t), quantise(b, 5, t), a) if a else (0, 0, 0, 0))
     result = Image.new("RGBA", image.size)
     result.putdata(out)
+    return result
+
+
+def nearest565(image):
+    """The nearest colours of RGB565. What is stretched repeats one row or column, and a dither would become a stripe."""
+    image = image.convert("RGBA")
+    result = Image.new("RGBA", image.size)
+    result.putdata([(quantise(r, 5, 0.5), quantise(g, 6, 0.5), quantise(b, 5, 0.5), a) if a else (0, 0, 0, 0)
+                    for r, g, b, a in image.getdata()])
     return result
 
 
@@ -179,7 +190,8 @@ def render_plain(save):
         save(dither565(rasterise(svg, *rect[2:]), rect[0], rect[1]), placed(name, rect))
     for name, file in PLAIN.items():
         svg = source(file)
-        save(dither565(rasterise(svg, *svg_size(svg)), 0, 0), name + ".png")
+        picture = rasterise(svg, *svg_size(svg))
+        save(nearest565(picture) if SPLIT.search(name) else dither565(picture, 0, 0), name + ".png")
     splash = dither565(rasterise(source("splash.svg"), *SCREEN), 0, 0).convert("RGB")
     save(splash.crop((0, 0, 240, 248)), "splash_top.png")
     save(splash.crop((0, 248, 240, 320)), "splash_eu.png")

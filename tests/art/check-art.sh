@@ -25,3 +25,4 @@ python=python3
 "$python" "$here/compare.py" "$made/icons" "$root/res/icons" || exit 1
 "$python" "$here/compare.py" "$made/strip" "$root/res/strip" || exit 1
 "$python" "$here/rules.py" "$root/res/Res" "$root/res/strip" || exit 1
+"$python" "$here/faces.py" || exit 1

@@ -127,6 +127,26 @@ def stretched_rows(picture):
     return picture.resize((240, picture.height), Image.NEAREST)
 
 
+def check_stretched(folder):
+    """What is stretched repeats its middle row and column: between its edges every channel goes one way, level by level."""
+    for name, edge in (("footer_bg_x0y15", 2), ("menu_bg_x16y16", 5), ("focus_bar_x5y5", 2)):
+        picture, _ = load(folder, name)
+        column, row = (int(n) for n in re.search(r"_x(\d+)y(\d+)$", name).groups())
+        lines = [[picture.getpixel((column, y)) for y in range(edge, picture.height - (edge if column else 0))]]
+        if column:
+            lines.append([picture.getpixel((x, row)) for x in range(edge, picture.width - edge)])
+        else:
+            rows = {picture.crop((0, y, picture.width, y + 1)).tobytes().count(bytes(picture.getpixel((0, y))))
+                    for y in range(picture.height)}
+            check(rows == {picture.width}, name + ": columns differ")
+        for line in lines:
+            for channel, bits in ((0, 5), (1, 6), (2, 5)):
+                levels = [round(pixel[channel] * ((1 << bits) - 1) / 255) for pixel in line]
+                steps = [b - a for a, b in zip(levels, levels[1:])]
+                check(all(s <= 0 for s in steps) or all(s >= 0 for s in steps), "%s: goes up and down" % name)
+                check(max(map(abs, steps)) <= 3, "%s: a step of %d levels" % (name, max(map(abs, steps))))
+
+
 def check_text_places(folder, background):
     contrast = contrast_with_white(background.crop(HEADER))
     check(contrast >= MIN_CONTRAST, "header: contrast %.1f" % contrast)
@@ -174,6 +194,7 @@ def main():
         check_cut_outs(folder, background)
         check_wheels(folder, background)
         check_characters(folder)
+        check_stretched(folder)
         check_text_places(folder, background)
         check(load(folder, "splash_top")[0].size == (240, 248), "splash_top: wrong size")
         check(load(folder, "splash_eu")[0].size == (240, 72), "splash_eu: wrong size")
