@@ -13,14 +13,14 @@ from journey import RECORD, STOP_OFFERED_MS, Place, Verdict, sanitized
 
 JOURNEY = """key middle
 until Options
-tap 240 430
+tap 240 616
 key middle
-tap 240 492
+tap 240 678
 tap 240 430
 key right
 expect screen Options
 mic hello.wav
-tap 240 368
+tap 240 554
 until Record
 key middle
 until Recording
@@ -47,7 +47,7 @@ silent on
 foreground
 key left
 fail File.Remove 1
-tap 240 368
+tap 240 554
 until MessageAndQuit
 shot message.png
 key middle
@@ -56,8 +56,8 @@ expect ended
 
 
 # Without its font the menu has no rows to touch; its keys work.
-BY_KEYS = JOURNEY.replace("tap 240 430\nkey middle\ntap 240 492\ntap 240 430\nkey right\n", "").replace(
-    "tap 240 368\n", "key middle\n")
+BY_KEYS = JOURNEY.replace("tap 240 616\nkey middle\ntap 240 678\ntap 240 430\nkey right\n", "").replace(
+    "tap 240 554\n", "key middle\n")
 MENU_FONT = "Res/bmf15.bmf"
 AT_ONCE = 4
 

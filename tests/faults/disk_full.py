@@ -126,7 +126,7 @@ class ByFileSystem(ByLimit):
 def settings(verdict, program, source):
     """A language that cannot be kept holds for this run; what was kept before stays."""
     choose = "tap 240 432\nkey middle\nuntil Options\n"
-    change = "until Options\ntap 240 492\ntap 240 550\ntap 240 550\nexpect screen Options\n"
+    change = "until Options\ntap 240 678\ntap 240 550\ntap 240 550\nexpect screen Options\n"
     for cut in range(7):
         for name, before, script in (("first", None, choose), ("changed", "lang=3\n", change)):
             with Place(program, source, settings=before) as place:

@@ -135,7 +135,7 @@ def from_the_start(verdict, way):
                 os.chmod(place.path(folder), 0o755)
                 verdict.check(place.sounds() == {"rec_00007.wav": EARLIER}, "read-only home: not as it was")
             else:
-                script = "until Options\ntap 240 492\ntap 240 550\ntap 240 550\nexpect screen Options\n"
+                script = "until Options\ntap 240 678\ntap 240 550\ntap 240 550\nexpect screen Options\n"
                 verdict.outcome("read-only settings", place.finish(way.start(place, script)), ["done"])
 
 

@@ -24,15 +24,15 @@ shot-canvas splash.png
 expect screen Splash
 until Options 1
 still 1000
-tap 240 430
+tap 240 616
 still 1000
 shot-canvas help.png
 key middle
-tap 240 492
+tap 240 678
 still 1000
 shot-canvas languages.png
 key right
-tap 240 368
+tap 240 554
 expect screen Record
 still 1000
 key middle
@@ -80,7 +80,7 @@ cp journey longer
 cat >>longer <<END
 key middle
 expect screen Options
-tap 240 368
+tap 240 554
 key middle
 wait 19999
 expect screen Recording

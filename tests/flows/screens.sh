@@ -28,13 +28,13 @@ until Splash
 shot-canvas $folder/splash.png
 until Options
 shot-canvas $folder/options.png
-tap 240 430
+tap 240 616
 shot-canvas $folder/help.png
 key middle
-tap 240 492
+tap 240 678
 shot-canvas $folder/language.png
 key right
-tap 240 368
+tap 240 554
 until Record
 shot-canvas $folder/record.png
 mic $voice
@@ -88,14 +88,14 @@ END
 run <<END
 until Options
 fail AudioIn.Prepare 1
-tap 240 368
+tap 240 554
 until MessageAndQuit
 shot-canvas $folder/audio.png
 END
 run <<END
 until Options
 mic $voice
-tap 240 368
+tap 240 554
 key middle
 wait 1000
 key middle
@@ -103,14 +103,14 @@ until Play
 key left
 until Options
 fail File.Remove 1
-tap 240 368
+tap 240 554
 until MessageAndQuit
 shot-canvas $folder/file.png
 END
 
 run <<END
 until Options
-tap 240 368
+tap 240 554
 mic $voice
 key middle
 wait 1000

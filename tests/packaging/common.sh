@@ -43,7 +43,7 @@ speaker heard.wav
 key middle
 until Options
 shot options.png
-tap 240 368
+tap 240 554
 key middle
 wait 4000
 key middle

@@ -13,13 +13,13 @@ wait 500
 shot splash
 until Options
 shot options
-tap 240 430
+tap 240 616
 shot help
 key middle
-tap 240 492
+tap 240 678
 shot language
 key right
-tap 240 368
+tap 240 554
 until Record
 shot record
 key middle
@@ -65,7 +65,7 @@ shot save
 """.split("\n")[1:-1]
 LOSING = """
 until Options
-tap 240 368
+tap 240 554
 key middle
 wait 1000
 remove MrmLastRec.wav

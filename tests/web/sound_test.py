@@ -49,7 +49,7 @@ class Sound(PageTest):
 
     def test_recorded_speech(self):
         samples = read_wav(SPEECH)[0]
-        self.compare(samples, ["tap 240 368", "until Record", "key middle", "wait %d" % (len(samples) // 32),
+        self.compare(samples, ["tap 240 554", "until Record", "key middle", "wait %d" % (len(samples) // 32),
                                "key middle", "until Play"])
 
     def test_noisy_speech_from_a_file(self):

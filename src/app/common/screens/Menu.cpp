@@ -23,6 +23,7 @@ namespace {
 constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
 constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
 constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
+constexpr int32_t kOnRecorderPx = 172;  // the top of a window below every creature's face
 constexpr uint32_t kFocusedArgb = 0xA0000000;
 constexpr uint32_t kOpaque = 0xFF000000;
 
@@ -74,10 +75,15 @@ void Menu::init(const int32_t* ids) {
     entries.reset(newArray<PaTextLabel*>(count));
     const BitMapFont* font = Res::getFont(fntId);
     rh = font != nullptr ? font->getLineHeight() : 0;
-    y = (Bounds::getHeight(G::scrB) - (count * pitchPx() + 2 * kMarginPx)) / 2 +
-        Chrome::kAboveCentrePx;
+    y = (Bounds::getHeight(G::scrB) - windowHeightPx()) / 2 + Chrome::kAboveCentrePx;
     for (int32_t i = 0; i < count; i++) {
         entries[i] = new PaTextLabel(ids[i], fntId, Chrome::kWhite);
+    }
+}
+
+void Menu::layOnRecorder() {
+    if (kOnRecorderPx + windowHeightPx() <= SkBar::y1) {
+        y = kOnRecorderPx;
     }
 }
 
@@ -104,9 +110,12 @@ int32_t Menu::pitchPx() {
     return rh + kBetweenPx;
 }
 
+int32_t Menu::windowHeightPx() {
+    return length(strIds) * pitchPx() + 2 * kMarginPx;
+}
+
 void Menu::placeWindow() {
-    const int32_t height = length(strIds) * pitchPx() + 2 * kMarginPx;
-    Bounds::set(G::psWndBg, kLeftPx - kFramePx, y, kWidthPx + 2 * kFramePx, height);
+    Bounds::set(G::psWndBg, kLeftPx - kFramePx, y, kWidthPx + 2 * kFramePx, windowHeightPx());
 }
 
 void Menu::paintBackground() {

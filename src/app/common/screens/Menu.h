@@ -20,6 +20,10 @@ public:
     /// @param ids  counted array, copied
     static void init(const int32_t* ids);
 
+    /// Lays the window over the recorder, so that the creature above it keeps its face. For at most
+    /// three entries; a longer list stays in the middle.
+    static void layOnRecorder();
+
     /// A plain colour behind the window; always opaque.
     static void setBgCol(uint32_t argb);
 
@@ -67,6 +71,7 @@ public:
 
 private:
     static void freeEntries();
+    static int32_t windowHeightPx();
     static void placeWindow();
     static void paintBackground();
     static void moveFocus(int32_t by);

@@ -36,6 +36,7 @@ void Options::showOptions() {
     const Array<int32_t> entries(newArray<int32_t>(static_cast<int32_t>(std::size(ids))));
     std::copy(std::begin(ids), std::end(ids), entries.get());
     Menu::init(entries);
+    Menu::layOnRecorder();
     Menu::setFocusedStrId(lastFocused);
     const bool takeExists = FileOps::exists(G::takePath());
     SkBar::setStr(Res::Null, Str::str_SK_SELECT, takeExists ? Str::str_SK_BACK : Str::str_SK_QUIT);

@@ -13,18 +13,19 @@
 
 namespace {
 
-// The window stays above the recorder's light, wheels and keys, which move while it stands.
+// A slim window between the header and the creature's face: below it the creature watches, and the
+// recorder's light, wheels and keys move.
 constexpr int32_t kLeftPx = 10;
-constexpr int32_t kTopPx = 46;
+constexpr int32_t kTopPx = 25;
 constexpr int32_t kWidthPx = 220;
-constexpr int32_t kHeightPx = 92;
-constexpr int32_t kCaptionTopPx = kTopPx + 18;
+constexpr int32_t kHeightPx = 47;
+constexpr int32_t kCaptionTopPx = kTopPx + 6;
 constexpr int32_t kCaptionWidthPx = 180;
-constexpr int32_t kCaptionHeightPx = 24;
+constexpr int32_t kCaptionHeightPx = 20;
 constexpr int32_t kBarLeftPx = 30;
-constexpr int32_t kBarTopPx = kTopPx + 52;
+constexpr int32_t kBarTopPx = kTopPx + 27;
 constexpr int32_t kBarWidthPx = 180;
-constexpr int32_t kBarHeightPx = 14;
+constexpr int32_t kBarHeightPx = 12;
 constexpr int32_t kFullQ10 = 1024;
 
 constexpr uint32_t kFrameArgb = 0xFFE8E0D0;  // the ivory of the recorder's keys

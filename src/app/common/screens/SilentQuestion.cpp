@@ -1,18 +1,25 @@
 #include "SilentQuestion.h"
 
+#include "AppImage.h"
 #include "AudioDev.h"
 #include "Bounds.h"
 #include "Event.h"
 #include "G.h"
+#include "ImageOps.h"
 #include "Message.h"
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspSystem.h"
-#include "PaStretcher.h"
 #include "Payload.h"
 #include "Res.h"
 #include "SkBar.h"
 #include "Str.h"
+
+namespace {
+
+constexpr uint32_t kDarkArgb = 0xD0000000;
+
+}  // namespace
 
 bool SilentQuestion::isPhoneSilent() {
     bool silent = false;
@@ -62,11 +69,12 @@ void SilentQuestion::withdraw() {
 }
 
 void SilentQuestion::paint() {
+    // Words may stand on the picture: in the dark they are neither read through the glass nor beside
+    // it.
+    ImageOps::blend(G::scr, kDarkArgb, 0, 0, G::scr->w, SkBar::y1, G::scrB, nullptr);
     SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
     SkBar::paint(true);
     Message::setText(Str::str_SILENT_DEVICE, G::fntMedium);
-    // Other words may stand under the box, and would be read through a single glass.
-    G::psWndBg->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     Message::paint();
     Orm::flush();
 }

@@ -1,6 +1,7 @@
 // A menu places, focuses and paints its entries, and reports the one that is chosen.
 #include "AppImage.h"
 #include "ArrFunc.h"
+#include "Array.h"
 #include "BitMapFont.h"
 #include "Bounds.h"
 #include "Event.h"
@@ -103,6 +104,26 @@ TEST_F(MenuTest, rowsAreComfortableAndTheListIsCentredAboveTheSoftKeys) {
         const int32_t middle = Menu::entries[i]->getX() + Menu::entries[i]->getWidth() / 2;
         EXPECT_NEAR(120, middle, 1);
     }
+}
+
+TEST_F(MenuTest, onTheRecorderItLeavesEveryFaceFree) {
+    constexpr int32_t kLastOfFaces = 169;  // as drawn: tests/art/faces.py
+    const Array<int32_t> three(newArray<int32_t>(3));
+    std::copy(Str::str_LangNameIds, Str::str_LangNameIds + 3, three.get());
+    Menu::init(three);
+    Menu::layOnRecorder();
+    G::scr->set(0xFF00FF00);
+    Menu::paint();
+    EXPECT_EQ(Pixels(static_cast<size_t>(240 * (kLastOfFaces + 1)), 0xFF00FF00),
+              picture(0, 0, 240, kLastOfFaces + 1));
+    EXPECT_GE(288, Menu::y + Bounds::getHeight(G::psWndBg));
+    EXPECT_EQ(id(1), touchAt(120, rowTop(1) + 1));
+}
+
+TEST_F(MenuTest, aListTooLongForTheRecorderStaysInTheMiddle) {
+    const int32_t middle = Menu::y;
+    Menu::layOnRecorder();
+    EXPECT_EQ(middle, Menu::y);
 }
 
 TEST_F(MenuTest, theFocusBarLiesUnderTheFocusedRow) {

@@ -54,6 +54,17 @@ protected:
 
 }  // namespace
 
+TEST_F(OptionsTest, theMenuLeavesEveryFaceFree) {
+    constexpr int32_t kLastOfFaces = 169;  // as drawn: tests/art/faces.py
+    for (int32_t effect = 0; effect < 8; effect++) {
+        G::setCurrFx(effect);
+        enter(G::stateOptions);
+        const Pixels shown = picture(0, 0, 240, kLastOfFaces + 1);
+        Main::paintBgAndFx();
+        EXPECT_EQ(picture(0, 0, 240, kLastOfFaces + 1), shown) << effect;
+    }
+}
+
 TEST_F(OptionsTest, offersThreeEntriesAndTheEndWithoutATake) {
     enter(G::stateOptions);
     EXPECT_EQ((Names{"Record", "Help", "Language"}), entries());

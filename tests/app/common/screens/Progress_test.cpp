@@ -2,6 +2,7 @@
 #include "AppImage.h"
 #include "Bounds.h"
 #include "G.h"
+#include "Header.h"
 #include "PaTextArea.h"
 #include "Progress.h"
 #include "ScreensTest.h"
@@ -94,8 +95,28 @@ TEST_F(ProgressTest, paintingTheSameProgressTwiceChangesNothing) {
     EXPECT_EQ(once, picture());
 }
 
-TEST_F(ProgressTest, theWindowLeavesWhatMovesFree) {
+TEST_F(ProgressTest, theWindowLeavesFacesAndWhatMovesFree) {
+    constexpr int32_t kFirstOfFaces = 72;  // as drawn: tests/art/faces.py
     G::scr->set(0xFF00FF00);
     Progress::paintInit(Str::str_LBL_RECORDING);
-    EXPECT_EQ(Pixels(240 * (288 - 179), 0xFF00FF00), picture(0, 179, 240, 288 - 179));
+    EXPECT_EQ(Pixels(240 * (320 - kFirstOfFaces), 0xFF00FF00),
+              picture(0, kFirstOfFaces, 240, 320 - kFirstOfFaces));
+}
+
+TEST_F(ProgressTest, theWindowLeavesTheNameOfTheEffectFree) {
+    Header::set(false, true, false, false);
+    G::scr->set(0xFF000000);
+    Header::paint(false);
+    const Pixels name = picture(0, 0, 240, 26);
+    Progress::paintInit(Str::str_PLEASE_WAIT);
+    const Pixels after = picture(0, 0, 240, 26);
+    for (size_t i = 0; i < name.size(); i++) {
+        EXPECT_TRUE(name[i] == 0xFF000000 || name[i] == after[i]);
+    }
+}
+
+TEST_F(ProgressTest, captionAndBarStandBetweenHeaderAndFaces) {
+    Progress::paintInit(Str::str_LBL_RECORDING);
+    EXPECT_LE(26, Progress::caption->getY());
+    EXPECT_GE(71, Progress::bar->y + Progress::bar->h);
 }
