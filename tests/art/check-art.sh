@@ -23,6 +23,6 @@ python=python3
 "$python" -c 'import PIL' 2>/dev/null || python=/usr/bin/python3
 "$python" "$here/compare.py" "$made/Res" "$root/res/Res" || exit 1
 "$python" "$here/compare.py" "$made/icons" "$root/res/icons" || exit 1
-"$python" "$here/compare.py" "$made/strip" "$root/res/strip" || exit 1
-"$python" "$here/rules.py" "$root/res/Res" "$root/res/strip" || exit 1
+"$python" "$here/compare.py" "$made/strip" "$root/res/Res/strip" || exit 1
+"$python" "$here/rules.py" "$root/res/Res" "$root/res/Res/strip" || exit 1
 "$python" "$here/faces.py" || exit 1
