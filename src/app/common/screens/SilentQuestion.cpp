@@ -69,8 +69,8 @@ void SilentQuestion::withdraw() {
 }
 
 void SilentQuestion::paint() {
-    // Words may stand on the picture: in the dark they are neither read through the glass nor beside
-    // it.
+    // Words may stand on the picture: in the dark they are neither read through the glass nor
+    // beside it.
     ImageOps::blend(G::scr, kDarkArgb, 0, 0, G::scr->w, SkBar::y1, G::scrB, nullptr);
     SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
     SkBar::paint(true);
