@@ -8,10 +8,11 @@ namespace {
 
 // One text on a line, as far as it fits.
 //
-// Deliberate: the blank before the first sentence of ROTATE_SCREEN, the one after "No memory card",
-// the large P of "Low Pitch" and the spelling of "occured" are the program's own and stay. Spanish
-// and Italian say "tu", German and French "Sie" and "vous". Help and messages name keys and menus
-// by the very words that stand on them.
+// Deliberate: the blank before the first sentence of ROTATE_SCREEN, the one after "No memory
+// card", the large P of "Low Pitch" and the spelling of "occured" are the program's own and stay.
+// Spanish and Italian say "tu", German and French "Sie" and "vous". Help and messages name keys and
+// menus by the very words that stand on them. A blank that does not break (U+00A0) keeps a last word
+// from standing alone in its row.
 // clang-format off
 // NOLINTBEGIN(bugprone-suspicious-missing-comma): long texts continue on the next line
 constexpr StrTexts kRows[] = {
@@ -38,8 +39,8 @@ constexpr StrTexts kRows[] = {
     {"DLG_TITLE_LOW_MEM",
      &Str::str_DLG_TITLE_LOW_MEM,
      {"Memory low",
-      "Wenig Speicher",
-      "Poca memoria",
+      "Zu wenig Speicher",
+      "Memoria insuficiente",
       "Mémoire insuffisante",
       "Memoria insufficiente"}},
     {"DLG_TITLE_NO_MEM_CARD",
@@ -54,52 +55,53 @@ constexpr StrTexts kRows[] = {
      {"The application will end.",
       "Die Anwendung wird beendet.",
       "La aplicación se cerrará.",
-      "L'application va se fermer.",
-      "L'applicazione verrà chiusa."}},
+      "L’application va se fermer.",
+      "L’applicazione verrà chiusa."}},
     {"ERROR_AUDIO_NO_ACCESS_TXT",
      &Str::str_ERROR_AUDIO_NO_ACCESS_TXT,
      {"Can not get access to the audio device.",
       "Kein Zugriff auf das Audiogerät möglich.",
       "No se puede acceder al dispositivo de audio.",
-      "Impossible d'accéder au périphérique audio.",
+      "Impossible d’accéder au périphérique audio.",
       "Impossibile accedere al dispositivo audio."}},
     {"ERROR_DEV_NOT_SUPPORTED_TXT",
      &Str::str_ERROR_DEV_NOT_SUPPORTED_TXT,
      {"This device is not supported.",
-      "Dieses Gerät wird nicht unterstützt.",
-      "Este dispositivo no es compatible.",
-      "Cet appareil n'est pas pris en charge.",
-      "Questo dispositivo non è supportato."}},
+      "Dieses Gerät wird nicht\u00a0unterstützt.",
+      "Este dispositivo no\u00a0es\u00a0compatible.",
+      "Cet appareil n’est pas compatible.",
+      "Questo dispositivo non è\u00a0supportato."}},
     {"ERROR_FILE_IO_TXT",
      &Str::str_ERROR_FILE_IO_TXT,
      {"An unexpected file read or write error has occured.",
-      "Beim Lesen oder Schreiben einer Datei ist ein unerwarteter Fehler aufgetreten.",
-      "Se ha producido un error inesperado al leer o escribir un archivo.",
-      "Une erreur inattendue s'est produite lors de la lecture ou de l'écriture d'un fichier.",
+      "Beim Lesen oder Schreiben einer Datei ist ein unerwarteter Fehler\u00a0aufgetreten.",
+      "Se ha producido un error inesperado al leer o escribir un\u00a0archivo.",
+      "Une erreur inattendue s’est produite lors de la lecture ou de l’écriture d’un fichier.",
       "Si è verificato un errore imprevisto durante la lettura o la scrittura di un file."}},
     {"ERROR_HEAP_TOO_LOW_TXT",
      &Str::str_ERROR_HEAP_TOO_LOW_TXT,
      {"Memory is too low. Try closing any other running applications and restart.",
-      "Zu wenig Speicher. Bitte schließen Sie alle anderen Anwendungen und starten Sie neu.",
-      "Memoria insuficiente. Cierra las demás aplicaciones y reinicia.",
-      "Mémoire insuffisante. Fermez toutes les autres applications et redémarrez.",
-      "Memoria insufficiente. Chiudi tutte le altre applicazioni e riavvia."}},
+      "Zu wenig Speicher. Bitte schließen Sie alle anderen Anwendungen und starten Sie Murmelo "
+      "neu.",
+      "Memoria insuficiente. Cierra las demás aplicaciones y vuelve a abrir Murmelo.",
+      "Mémoire insuffisante. Fermez toutes les autres applications et relancez Murmelo.",
+      "Memoria insufficiente. Chiudi tutte le altre applicazioni e riavvia\u00a0Murmelo."}},
     {"FX_BACKWARDS",
      &Str::str_FX_BACKWARDS,
-     {"Backwards", "Rückwärts", "Al revés", "À l'envers", "Al contrario"}},
+     {"Backwards", "Rückwärts", "Al revés", "À l’envers", "Al contrario"}},
     {"FX_DRUNK",
      &Str::str_FX_DRUNK,
      {"Drunk", "Betrunken", "Borracho", "Ivre", "Ubriaco"}},
     {"FX_FAST_TALKER",
      &Str::str_FX_FAST_TALKER,
-     {"Fast talker", "Schnellredner", "Habla rápida", "Débit rapide", "Parlata veloce"}},
+     {"Fast talker", "Schnellsprecher", "Habla rápida", "Moulin à paroles", "Parlata veloce"}},
     {"FX_HIGH_PITCH",
      &Str::str_FX_HIGH_PITCH,
      {"High pitch", "Hohe Stimme", "Tono agudo", "Voix aiguë", "Tono alto"}},
     {"FX_INTONATION_FLIP",
      &Str::str_FX_INTONATION_FLIP,
      {"Intonation flip",
-      "Verkehrter Tonfall",
+      "Umgekehrter Tonfall",
       "Entonación invertida",
       "Intonation inversée",
       "Intonazione invertita"}},
@@ -119,10 +121,10 @@ constexpr StrTexts kRows[] = {
      &Str::str_HELP_TXT,
      {"Select Record to record your voice. Select effect by pressing navigation key left or "
       "right.\n\nStart a new recording from the Options menu.",
-      "Wählen Sie Aufnahme, um Ihre Stimme aufzunehmen. Wählen Sie einen Effekt mit der "
-      "Navigationstaste links oder rechts.\n\nEine neue Aufnahme starten Sie im Menü Optionen.",
+      "Wählen Sie Aufnahme, um Ihre Stimme aufzunehmen. Den Effekt wählen Sie mit der "
+      "Navigationstaste links oder\u00a0rechts.\n\nEine neue Aufnahme starten Sie im Menü Optionen.",
       "Selecciona Grabar para grabar tu voz. Elige un efecto pulsando la tecla de navegación "
-      "izquierda o derecha.\n\nInicia una nueva grabación desde el menú Opciones.",
+      "izquierda o\u00a0derecha.\n\nInicia una nueva grabación desde el menú Opciones.",
       "Sélectionnez Enregistrer pour enregistrer votre voix. Choisissez un effet avec la touche "
       "de navigation gauche ou droite.\n\nLancez un nouvel enregistrement depuis le menu Options.",
       "Seleziona Registra per registrare la tua voce. Scegli un effetto premendo il tasto di "
@@ -151,29 +153,29 @@ constexpr StrTexts kRows[] = {
       "Sound gespeichert als:",
       "Sonido guardado como:",
       "Son enregistré sous\u00a0:",
-      "Suono salvato come:"}},
+      "Audio salvato come:"}},
     {"LBL_SOUND_SAVED_MEM_CARD",
      &Str::str_LBL_SOUND_SAVED_MEM_CARD,
      {"Sound saved on memory card.",
-      "Sound auf Speicherkarte gespeichert.",
+      "Sound gespeichert auf der\u00a0Speicherkarte.",
       "Sonido guardado en la tarjeta de memoria.",
-      "Son enregistré sur la carte mémoire.",
-      "Suono salvato sulla memory card."}},
+      "Son enregistré sur la carte\u00a0mémoire.",
+      "Audio salvato sulla memory\u00a0card."}},
     {"LBL_SOUND_SAVED_PHONE",
      &Str::str_LBL_SOUND_SAVED_PHONE,
      {"Sound saved on phone memory.",
-      "Sound im Telefonspeicher gespeichert.",
+      "Sound gespeichert im Speicher des Telefons.",
       "Sonido guardado en la memoria del teléfono.",
       "Son enregistré dans la mémoire du téléphone.",
-      "Suono salvato nella memoria del telefono."}},
+      "Audio salvato nella memoria del telefono."}},
     {"LOW_MEM_TXT",
      &Str::str_LOW_MEM_TXT,
      {"Please free up memory by deleting unnecessary files and closing running applications.",
       "Bitte geben Sie Speicher frei: Löschen Sie nicht benötigte Dateien und schließen Sie "
       "laufende Anwendungen.",
       "Libera memoria eliminando archivos innecesarios y cerrando aplicaciones en ejecución.",
-      "Libérez de la mémoire en supprimant les fichiers inutiles et en fermant les applications "
-      "en cours.",
+      "Libérez de la mémoire en supprimant les fichiers inutiles et en fermant les "
+      "applications\u00a0ouvertes.",
       "Libera memoria eliminando i file non necessari e chiudendo le applicazioni in esecuzione."}},
     {"MI_HELP",
      &Str::str_MI_HELP,
@@ -255,10 +257,10 @@ constexpr StrTexts kRows[] = {
     {"SILENT_DEVICE",
      &Str::str_SILENT_DEVICE,
      {"Your device is currently on silent mode. Do you want to use sounds anyway?",
-      "Ihr Gerät ist derzeit lautlos gestellt. Möchten Sie trotzdem Töne verwenden?",
-      "Tu dispositivo está en modo silencio. ¿Quieres usar los sonidos de todos modos?",
-      "Votre appareil est en mode silencieux. Voulez-vous utiliser les sons quand même\u00a0?",
-      "Il dispositivo è in modalità silenziosa. Vuoi usare comunque i suoni?"}},
+      "Ihr Gerät ist lautlos gestellt. Trotzdem Ton\u00a0abspielen?",
+      "Tu dispositivo está en silencio. ¿Quieres activar el sonido de todos modos?",
+      "Votre appareil est en mode silencieux. Activer quand même le son\u00a0?",
+      "Il dispositivo è in modalità silenziosa. Vuoi attivare comunque l’audio?"}},
 };
 // NOLINTEND(bugprone-suspicious-missing-comma)
 // clang-format on

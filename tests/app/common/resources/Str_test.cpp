@@ -1,7 +1,9 @@
 // Every text is there in every language, in its order, in the fonts, and fits its place.
 #include "ArrFunc.h"
 #include "BitMapFont.h"
+#include "Bounds.h"
 #include "OspBase.h"
+#include "PaTextArea.h"
 #include "Res.h"
 #include "Str.h"
 #include "StrEU.h"
@@ -11,8 +13,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <malloc.h>
 #include <set>
+#include <utility>
 
 namespace {
 
@@ -45,6 +50,37 @@ public:
         for (int32_t language = 0; language < Res::kLanguages; language++) {
             EXPECT_EQ(expected[static_cast<size_t>(language)], textIn(language, id));
         }
+    }
+
+    /// Rows of a text in the width of a message.
+    static int32_t rowsOf(const std::string& text, int32_t font) {
+        PaTextArea area;
+        area.set(Res::addStr(new String(text.c_str())), font, 0xFFFFFFFF, Bounds::kCentre, 0, 0,
+                 180, 200);
+        area.getTextHeight();
+        return area.getNumRows();
+    }
+
+    /// Whether blanks that do not break hold several words together, and not only a word and a "?".
+    static bool isGlued(const std::string& word) {
+        const size_t blank = word.find("\u00a0");
+        return blank != std::string::npos &&
+               std::isalpha(static_cast<unsigned char>(word[blank + 2]));
+    }
+
+    /// Whether the last word of any paragraph has a row to itself.
+    static bool hasALonelyWord(const std::string& text, int32_t font) {
+        for (size_t start = 0; start < text.size();) {
+            const size_t end = std::min(text.find('\n', start), text.size());
+            const std::string paragraph = text.substr(start, end - start);
+            const size_t space = paragraph.rfind(' ');
+            if (space != std::string::npos && !isGlued(paragraph.substr(space)) &&
+                rowsOf(paragraph.substr(0, space), font) < rowsOf(paragraph, font)) {
+                return true;
+            }
+            start = end + 1;
+        }
+        return false;
     }
 
     TestHost host;
@@ -270,6 +306,37 @@ TEST_F(StrTest, everyTextFitsItsPlaceInEveryLanguage) {
     for (const char* place : {"middle soft key", "side soft key", "menu row", "effect name",
                               "message", "last message", "help", "widest word"}) {
         EXPECT_EQ(1U, places.count(place)) << place;
+    }
+}
+
+TEST_F(StrTest, noLastWordStandsAloneInARow) {
+    const std::vector<std::pair<int32_t, int32_t>> shown = {
+        {Str::str_HELP_TXT, small},
+        {Str::str_START_RECORDING, medium},
+        {Str::str_SILENT_DEVICE, medium},
+        {Str::str_LBL_SOUND_SAVED_PHONE, medium},
+        {Str::str_LBL_SOUND_SAVED_MEM_CARD, medium},
+        {Str::str_ERROR_APPLICATION_WILL_QUIT_TXT, small},
+        {Str::str_ERROR_AUDIO_NO_ACCESS_TXT, medium},
+        {Str::str_ERROR_DEV_NOT_SUPPORTED_TXT, small},
+        {Str::str_ERROR_FILE_IO_TXT, small},
+        {Str::str_ERROR_HEAP_TOO_LOW_TXT, small},
+        {Str::str_LOW_MEM_TXT, small},
+    };
+    for (int32_t language = 1; language < Res::kLanguages; language++) {  // English is as it is
+        for (const auto& [id, font] : shown) {
+            const std::string text = textIn(language, id);
+            EXPECT_FALSE(hasALonelyWord(text, font)) << text;
+        }
+    }
+}
+
+TEST_F(StrTest, apostrophesAreTypographic) {
+    for (int32_t i = 0; i < count; i++) {
+        for (int32_t language = 0; language < Res::kLanguages; language++) {
+            const std::string text = textIn(language, *rows[i].id);
+            EXPECT_EQ(std::string::npos, text.find('\'')) << text;
+        }
     }
 }
 
