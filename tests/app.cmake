@@ -19,6 +19,7 @@ murmelo_tests(app_tests
         platform/headless/Script_test.cpp
         platform/osp/AppRegistry_test.cpp
         platform/osp/OspGraphics_test.cpp
+        platform/osp/RowMarks_test.cpp
     LINK murmelo_app murmelo_headless_host)
 target_include_directories(app_tests PRIVATE ../tools/gallery)
 target_compile_definitions(app_tests PRIVATE

@@ -1,6 +1,7 @@
 murmelo_tests(imaging_tests
     SOURCES
         app/common/imaging/AppImage_test.cpp
+        app/common/imaging/AppImageRows_test.cpp
         app/common/imaging/BitMapCharacter_test.cpp
         app/common/imaging/BitMapFont_test.cpp
         app/common/imaging/Bounds_test.cpp

@@ -69,7 +69,8 @@ int32_t canvasY(int32_t displayY) {
 
 bool& GameInterface::Active = OrmMidlet::active;  // where the screens reach it
 
-GameInterface::GameInterface() {
+GameInterface::GameInterface()
+    : drawnRows(kHeightPx) {
     Active = true;  // a second start in one process begins afresh
     Assembly::install();
     pMidlet = new Murmelo();
@@ -78,6 +79,7 @@ GameInterface::GameInterface() {
     BufferInfo info;
     pBitmap->Lock(info, -1);
     pGraphics = new CanvasGraphics(info.pPixels, kWidthPx, kHeightPx);
+    pGraphics->watchRows(&drawnRows);
     pBitmap->Unlock();
     Host::current().setDoors(this);
 }
@@ -117,8 +119,9 @@ void GameInterface::AppPaint(Canvas* canvas) {
     BufferInfo info;
     pBitmap->Lock(info, -1);
     pGraphics->SetCanvas(canvas);
-    Orm::canvas->paint(pGraphics);
-    pBitmap->Unlock();
+    Orm::canvas->paintChanges(pGraphics);
+    pBitmap->Unlock(drawnRows);
+    drawnRows.clear();
     canvas->FillRectangle(*Murmelo::pBkgColor, {0, 0, kFillWidthPx, kFillHeightPx});
     canvas->DrawBitmap({0, kTopPx, kFactor * kWidthPx, kFactor * kHeightPx}, *pBitmap,
                        {0, 0, kWidthPx, kHeightPx});
@@ -225,6 +228,16 @@ std::vector<uint8_t> GameInterface::canvasPng() {
     }
     const auto* bytes = reinterpret_cast<const uint8_t*>(encoder.encode());
     return {bytes, bytes + encoder.getLength()};
+}
+
+std::vector<uint16_t> GameInterface::canvasPixels() {
+    if (Orm::canvas == nullptr || OrmCanvas::wrongRes) {
+        return {};
+    }
+    std::vector<uint16_t> pixels(static_cast<size_t>(kWidthPx) * kHeightPx);
+    CanvasGraphics graphics(reinterpret_cast<unsigned char*>(pixels.data()), kWidthPx, kHeightPx);
+    Orm::canvas->paint(&graphics);
+    return pixels;
 }
 
 ScreenTexts GameInterface::texts() {

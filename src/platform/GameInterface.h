@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Host.h"
+#include "RowMarks.h"
 
 #include <cstdint>
 
@@ -54,12 +55,14 @@ private:
     int32_t savedCount() override;
     std::string savedName() override;
     std::vector<uint8_t> canvasPng() override;
+    std::vector<uint16_t> canvasPixels() override;
     ScreenTexts texts() override;
 
     /// Whether the screen is one from which the doors may lead elsewhere.
     static bool isAtRest();
 
-    Murmelo* pMidlet;                // owned
-    CanvasGraphics* pGraphics;       // owned
-    Osp::Graphics::Bitmap* pBitmap;  // owned
+    Murmelo* pMidlet;                   // owned
+    CanvasGraphics* pGraphics;          // owned
+    Osp::Graphics::Bitmap* pBitmap;     // owned
+    Osp::Graphics::RowMarks drawnRows;  // of the bitmap, in the frame that is being painted
 };

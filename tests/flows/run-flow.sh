@@ -5,7 +5,8 @@
 #
 # PROGRAM is murmelo-headless, HEARD the program that compares what was heard with the effects
 # themselves, SOURCE the source tree. The journey starts with an empty home and no settings, in a
-# folder of its own that holds hello.wav. Comments of the script prepare and judge it:
+# folder of its own that holds hello.wav. Every frame of it has to show what was painted. Comments of
+# the script prepare and judge it:
 #
 #   #! home NAME [FILE]     a file in the sound folder beforehand (FILE: its content; else a text)
 #   #! folder NAME          a folder in the sound folder beforehand, with a file "kept" in it
@@ -26,6 +27,7 @@
 #   #! again                what follows is another run with the same home and settings
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
+export MURMELO_CHECK_FRAMES=1
 script=$(realpath "$1") program=$(realpath "$2") heard=$(realpath "$3") source=$(realpath "$4")
 
 folder=$(mktemp -d)

@@ -59,6 +59,13 @@ void HeadlessHost::frameShown(HostFrame* newest) {
         lastPicture = pictureOf(*frame);  // the display keeps it until the next frame
     }
     frame = newest;
+    if (frame != nullptr && doors != nullptr && frameCheck) {
+        const std::vector<uint16_t> canvas = doors->canvasPixels();
+        if (!canvas.empty() && !frameCheck->isRight(*frame, canvas)) {
+            verdict.fail(0, "frame " + std::to_string(frameCheck->frames()) +
+                                " shows something else than was painted");
+        }
+    }
 }
 
 std::vector<uint16_t> HeadlessHost::picture() {

@@ -7,6 +7,7 @@
 #include "FailurePlan.h"
 #include "FileMicrophone.h"
 #include "FileSpeaker.h"
+#include "FrameCheck.h"
 #include "Host.h"
 #include "LostMicrophone.h"
 #include "RunVerdict.h"
@@ -14,6 +15,7 @@
 #include "ScriptRun.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -84,6 +86,10 @@ public:
     /// @param timeoutMs  how long the program has nothing to do, -1 for ever
     int64_t longestSleep(int64_t timeoutMs) const;
 
+    /// From now on every frame is compared with the whole picture; the run fails at the first one
+    /// that shows another.
+    void checkFrames() { frameCheck.emplace(); }
+
     void setSilent(bool on) { silent = on; }
 
     /// Free bytes; -1 means unknown.
@@ -110,6 +116,7 @@ private:
     HostFrame* frame = nullptr;
     std::vector<uint16_t> lastPicture;  // of a frame that is gone; empty before the first
     HostDoors* doors = nullptr;
+    std::optional<FrameCheck> frameCheck;  // none: frames are not compared
 
     RunVerdict verdict;
     ScriptRun scriptRun;

@@ -13,6 +13,7 @@
 #include <array>
 #include <cerrno>
 #include <CLI/CLI.hpp>
+#include <cstdlib>
 #include <fcntl.h>
 #include <iomanip>
 #include <iostream>
@@ -136,6 +137,9 @@ int main(int argc, char** argv) {
 
     HeadlessHost host(folders, commands, clockStartMs, silent);
     Host::install(&host);
+    if (std::getenv("MURMELO_CHECK_FRAMES") != nullptr) {
+        host.checkFrames();
+    }
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(folders)) {
         host.say(problem.sentence());
     }

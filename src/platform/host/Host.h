@@ -128,6 +128,10 @@ public:
     /// The 240 x 320 canvas as the bytes of a PNG file.
     virtual std::vector<uint8_t> canvasPng() = 0;
 
+    /// The 240 x 320 pixels that the display has to show now, as RGB565, each of them worked out
+    /// from what was painted. Slow; for tests. Empty if nothing is to be shown.
+    virtual std::vector<uint16_t> canvasPixels() { return {}; }
+
     /// What the picture says in words.
     virtual ScreenTexts texts() = 0;
 };

@@ -45,25 +45,47 @@ result Bitmap::Construct(const Dimension& wanted, BitmapPixelFormat format) {
         return E_FAILURE;
     }
     size = wanted;
-    pixels = std::make_shared<Pixels>(static_cast<size_t>(size.width) *
-                                      static_cast<size_t>(size.height));
+    memory = std::make_shared<Memory>();
+    memory->pixels.resize(static_cast<size_t>(size.width) * static_cast<size_t>(size.height));
+    memory->rowVersions.resize(static_cast<size_t>(size.height));
     return E_SUCCESS;
 }
 
 result Bitmap::Lock(BufferInfo& info, int32_t /*timeoutMs*/) {
-    if (pixels == nullptr) {
+    if (memory == nullptr) {
         return E_FAILURE;
     }
     info.width = size.width;
     info.height = size.height;
     info.pitch = size.width * static_cast<int32_t>(sizeof(uint16_t));
     info.bitsPerPixel = 16;
-    info.pPixels = reinterpret_cast<unsigned char*>(pixels->data());
+    info.pPixels = reinterpret_cast<unsigned char*>(memory->pixels.data());
+    return E_SUCCESS;
+}
+
+result Bitmap::Unlock() {
+    RowMarks all(size.height);
+    all.markAll();
+    return Unlock(all);
+}
+
+result Bitmap::Unlock(const RowMarks& written) {
+    if (memory == nullptr) {
+        return E_FAILURE;
+    }
+    if (written.none()) {
+        return E_SUCCESS;
+    }
+    memory->version++;
+    for (RowMarks::Run run = written.next(0); run.count > 0;
+         run = written.next(run.first + run.count)) {
+        std::fill_n(memory->rowVersions.begin() + run.first, run.count, memory->version);
+    }
     return E_SUCCESS;
 }
 
 bool Canvas::Operation::operator==(const Operation& other) const {
-    return visible == other.visible && colour == other.colour && pixels == other.pixels &&
+    return visible == other.visible && colour == other.colour && bitmap == other.bitmap &&
            destination == other.destination && source == other.source;
 }
 
@@ -94,7 +116,7 @@ Canvas::DrawBitmap(const Rectangle& destination, const Bitmap& bitmap, const Rec
     }
     Operation drawing;
     drawing.visible = intersection(destination, clip);
-    drawing.pixels = bitmap.GetPixels();
+    drawing.bitmap = bitmap.GetMemory();
     drawing.pixelsPerRow = bitmap.GetWidth();
     drawing.destination = destination;
     drawing.source = source;
@@ -115,12 +137,14 @@ void Canvas::keep(Operation operation) {
         return;
     }
     const bool coversAll = operation.visible == Rectangle{0, 0, kWidthPx, kHeightPx};
-    if (coversAll && operation.pixels == nullptr) {
+    if (coversAll && operation.bitmap == nullptr) {
         keptCount = 0;
     }
     if (keptCount == kKept) {
-        auto picture = std::make_shared<Bitmap::Pixels>(static_cast<size_t>(kWidthPx) * kHeightPx);
-        compose(picture->data(), kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
+        auto picture = std::make_shared<Bitmap::Memory>();
+        picture->pixels.resize(static_cast<size_t>(kWidthPx) * kHeightPx);
+        picture->rowVersions.resize(static_cast<size_t>(kHeightPx));
+        compose(picture->pixels.data(), kWidthPx * static_cast<int32_t>(sizeof(uint16_t)));
         keptCount = 0;
         const Rectangle all{0, 0, kWidthPx, kHeightPx};
         kept[keptCount++] = Operation{all, 0, std::move(picture), kWidthPx, all, all};
@@ -138,7 +162,7 @@ void Canvas::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows
         uint16_t* row = pixels + static_cast<ptrdiff_t>(y) * (strideBytes / 2);
         size_t first = 0;
         const Operation* sole = soleOperation(y, first);
-        if (above != nullptr && above == sole && above->pixels != nullptr &&
+        if (above != nullptr && above == sole && above->bitmap != nullptr &&
             sourceRow(*above, y) == sourceRow(*above, y - 1)) {
             std::copy_n(row - strideBytes / 2, above->visible.width, row);
         } else {
@@ -186,16 +210,23 @@ int32_t Canvas::sourceRow(const Operation& operation, int32_t y) {
            (y - operation.destination.y) * operation.source.height / operation.destination.height;
 }
 
+/// The uppermost row of the display that shows this row of the bitmap or one below it.
+int32_t Canvas::firstRowShowing(const Operation& operation, int32_t row) {
+    const int32_t lines = operation.source.height;
+    const int64_t fromTop = int64_t{row - operation.source.y} * operation.destination.height;
+    return operation.destination.y + static_cast<int32_t>((fromTop + lines - 1) / lines);
+}
+
 void Canvas::drawRow(const Operation& operation, uint16_t* row, int32_t y) {
     const Rectangle& visible = operation.visible;
-    if (operation.pixels == nullptr) {
+    if (operation.bitmap == nullptr) {
         std::fill(row + visible.x, row + visible.x + visible.width, operation.colour);
         return;
     }
     const Rectangle& destination = operation.destination;
     const Rectangle& source = operation.source;
     const uint16_t* sourcePixels =
-        operation.pixels->data() +
+        operation.bitmap->pixels.data() +
         static_cast<ptrdiff_t>(sourceRow(operation, y)) * operation.pixelsPerRow;
     const bool whole = visible.x == destination.x && visible.width == destination.width;
     if (whole && destination.width == 2 * source.width) {
@@ -213,55 +244,41 @@ bool Canvas::showsOtherOperations() const {
 }
 
 HostFrame::Rows Canvas::takeChanges() {
-    if (showsOtherOperations()) {
-        seeAll();
-        return Rows().set();
-    }
     Rows changed;
-    auto seenBitmap = seenPixels.begin();
+    if (showsOtherOperations()) {
+        changed.set();
+        everSeen = true;
+        seen = kept;
+        seenCount = keptCount;
+    }
     for (size_t i = 0; i < keptCount; i++) {
-        if (kept[i].pixels != nullptr) {
-            seeChanges(kept[i], seenBitmap, changed);
-            seenBitmap += static_cast<ptrdiff_t>(kept[i].pixels->size());
+        if (kept[i].bitmap != nullptr) {
+            seeChanges(kept[i], seenVersion[i], changed);
+            seenVersion[i] = kept[i].bitmap->version;
         }
     }
     return changed;
 }
 
-void Canvas::seeAll() {
-    everSeen = true;
-    seen = kept;
-    seenCount = keptCount;
-    seenPixels.clear();
-    for (size_t i = 0; i < keptCount; i++) {
-        if (kept[i].pixels != nullptr) {
-            seenPixels.insert(seenPixels.end(), kept[i].pixels->begin(), kept[i].pixels->end());
-        }
+/// Adds the display's rows that show a bitmap's row into which something was drawn since that
+/// version.
+void Canvas::seeChanges(const Operation& operation, uint64_t seenVersion, Rows& changed) {
+    if (operation.bitmap->version == seenVersion) {
+        return;
     }
-}
-
-/// Adds the display's rows that show a bitmap's row with another pixel than it had when it was seen
-/// last.
-void Canvas::seeChanges(const Operation& operation,
-                        Bitmap::Pixels::iterator seenBitmap,
-                        Rows& changed) {
+    const std::vector<uint64_t>& versions = operation.bitmap->rowVersions;
     const Rectangle& visible = operation.visible;
-    int32_t above = -1;  // the bitmap's row that the row above shows
-    bool differs = false;
-    for (int32_t y = visible.y; y < visible.y + visible.height; y++) {
-        const int32_t row = sourceRow(operation, y);
-        if (row != above) {
-            const ptrdiff_t at =
-                static_cast<ptrdiff_t>(row) * operation.pixelsPerRow + operation.source.x;
-            const auto pixels = operation.pixels->begin() + at;
-            const auto pixelsEnd = pixels + operation.source.width;
-            differs = !std::equal(pixels, pixelsEnd, seenBitmap + at);
-            if (differs) {
-                std::copy(pixels, pixelsEnd, seenBitmap + at);
-            }
+    const Rectangle& source = operation.source;
+    for (int32_t row = source.y; row < source.y + source.height; row++) {
+        if (versions[static_cast<size_t>(row)] <= seenVersion) {
+            continue;
         }
-        above = row;
-        changed[static_cast<size_t>(y)] = changed[static_cast<size_t>(y)] || differs;
+        const int32_t first = std::max(firstRowShowing(operation, row), visible.y);
+        const int32_t end =
+            std::min(firstRowShowing(operation, row + 1), visible.y + visible.height);
+        for (int32_t y = first; y < end; y++) {
+            changed.set(static_cast<size_t>(y));
+        }
     }
 }
 

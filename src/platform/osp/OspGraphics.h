@@ -3,6 +3,7 @@
 
 #include "Host.h"
 #include "OspBase.h"
+#include "RowMarks.h"
 
 #include <array>
 #include <cstdint>
@@ -58,7 +59,12 @@ struct BufferInfo {
 /// Width x height 16-bit pixels, row-major, without padding; all 0 when made.
 class Bitmap : public Osp::Base::Object {
 public:
-    using Pixels = std::vector<uint16_t>;
+    /// The pixels, and since when its rows look as they do.
+    struct Memory {
+        std::vector<uint16_t> pixels;
+        std::vector<uint64_t> rowVersions;  // of each row, when something was last drawn into it
+        uint64_t version = 0;               // the highest of them
+    };
 
     result Construct(const Dimension& wanted, BitmapPixelFormat format);
 
@@ -66,18 +72,23 @@ public:
     /// nothing here.
     result Lock(BufferInfo& info, int32_t timeoutMs);
 
-    result Unlock() { return E_SUCCESS; }
+    /// Anything may have been drawn since Lock().
+    result Unlock();
+
+    /// Something may have been drawn into these rows since Lock(), and into no others.
+    /// @param written  as many rows as the bitmap has
+    result Unlock(const RowMarks& written);
 
     int32_t GetWidth() const { return size.width; }
 
     int32_t GetHeight() const { return size.height; }
 
     /// Shared, so that a canvas may outlive the bitmap that was drawn on it.
-    std::shared_ptr<const Pixels> GetPixels() const { return pixels; }
+    std::shared_ptr<const Memory> GetMemory() const { return memory; }
 
 private:
     Dimension size;
-    std::shared_ptr<Pixels> pixels;
+    std::shared_ptr<Memory> memory;
 };
 
 /// The 480 x 800 display.
@@ -104,11 +115,11 @@ public:
     result Show();
 
 private:
-    /// A fill (no pixels) or a bitmap.
+    /// A fill (no bitmap) or a bitmap.
     struct Operation {
         Rectangle visible;  // clipped, never empty
         uint16_t colour = 0;
-        std::shared_ptr<const Bitmap::Pixels> pixels;
+        std::shared_ptr<const Bitmap::Memory> bitmap;
         int32_t pixelsPerRow = 0;
         Rectangle destination;
         Rectangle source;
@@ -126,21 +137,21 @@ private:
     void keep(Operation operation);
     bool showsOtherOperations() const;
     void seeAll();
-    static void
-    seeChanges(const Operation& operation, Bitmap::Pixels::iterator seenBitmap, Rows& changed);
+    static void seeChanges(const Operation& operation, uint64_t seenVersion, Rows& changed);
     /// The one operation that gives a row all its pixels, null if there are several or none.
     const Operation* soleOperation(int32_t y, size_t& first) const;
     void composeRow(uint16_t* row, int32_t y, size_t first) const;
     static void drawRow(const Operation& operation, uint16_t* row, int32_t y);
     static int32_t sourceRow(const Operation& operation, int32_t y);
+    static int32_t firstRowShowing(const Operation& operation, int32_t row);
 
     Rectangle clip{0, 0, kWidthPx, kHeightPx};
     std::array<Operation, kKept> kept;
     size_t keptCount = 0;
 
-    std::array<Operation, kKept> seen;  // what takeChanges() saw last
+    std::array<Operation, kKept> seen;          // what takeChanges() saw last
+    std::array<uint64_t, kKept> seenVersion{};  // of the bitmaps in it
     size_t seenCount = 0;
-    Bitmap::Pixels seenPixels;  // of the bitmaps in it, one after the other
     bool everSeen = false;
 };
 

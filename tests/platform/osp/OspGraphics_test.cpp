@@ -10,6 +10,7 @@ using Osp::Graphics::Bitmap;
 using Osp::Graphics::BufferInfo;
 using Osp::Graphics::Canvas;
 using Osp::Graphics::Color;
+using Osp::Graphics::RowMarks;
 
 namespace {
 
@@ -39,6 +40,14 @@ protected:
 
     static uint16_t at(const std::vector<uint16_t>& shown, int32_t x, int32_t y) {
         return shown[static_cast<size_t>(y * kW + x)];
+    }
+
+    /// Another pixel, as someone who has locked the bitmap draws it.
+    void change(int32_t x, int32_t y) {
+        pixels[y * 240 + x] ^= 0x4210;
+        RowMarks row(320);
+        row.mark(y, 1);
+        bitmap.Unlock(row);
     }
 
     LoopHost host;
@@ -140,8 +149,8 @@ TEST_F(OspGraphicsTest, aChangeIsSeenOnceAndOnlyInTheRowsThatShowIt) {
     };
     EXPECT_TRUE(frame().all());
     EXPECT_TRUE(frame().none());
-    pixels[77]++;  // at the top of the picture
-    pixels[319 * 240 + 239]++;
+    change(77, 0);
+    change(239, 319);
     HostFrame::Rows expected;
     expected.set(160).set(161).set(798).set(799);
     EXPECT_EQ(expected, frame());
@@ -154,12 +163,10 @@ TEST_F(OspGraphicsTest, whatABitmapDoesNotShowDoesNotCount) {
     canvas->DrawBitmap({0, 0, 20, 20}, bitmap, {10, 10, 20, 20});
     canvas->Show();
     host.frame->takeChanges();
-    pixels[9 * 240 + 15]++;
-    pixels[15 * 240 + 9]++;
-    pixels[15 * 240 + 30]++;
-    pixels[30 * 240 + 15]++;
+    change(15, 9);
+    change(15, 30);
     EXPECT_TRUE(host.frame->takeChanges().none());
-    pixels[29 * 240 + 29]++;
+    change(29, 29);
     EXPECT_EQ(HostFrame::Rows().set(19), host.frame->takeChanges());
 }
 
@@ -172,12 +179,59 @@ TEST_F(OspGraphicsTest, changedRowsAloneMakeTheWholeNewPicture) {
     host.frame->takeChanges();
     for (int32_t i = 0; i < 50; i++) {
         for (int32_t j = 0; j < 3; j++) {
-            pixels[random() % (240 * 320)] ^= 0x4210;
+            change(static_cast<int32_t>(random() % 240), static_cast<int32_t>(random() % 320));
         }
         const HostFrame::Rows changed = host.frame->takeChanges();
         EXPECT_FALSE(changed.all());
         host.frame->composeRows(shown.data(), kW * 2, changed);
         ASSERT_EQ(display(), shown) << i;
+    }
+}
+
+TEST_F(OspGraphicsTest, eachCanvasSeesAChangeForItself) {
+    Canvas second;
+    HostFrame* frames[2] = {};
+    for (Canvas* each : {canvas.get(), &second}) {
+        each->DrawBitmap({0, 0, 240, 320}, bitmap, {0, 0, 240, 320});
+        each->Show();
+        frames[each == &second ? 1 : 0] = host.frame;
+        host.frame->takeChanges();
+    }
+    change(1, 7);
+    for (HostFrame* each : frames) {
+        EXPECT_EQ(HostFrame::Rows().set(7), each->takeChanges());
+        EXPECT_TRUE(each->takeChanges().none());
+    }
+}
+
+TEST_F(OspGraphicsTest, aBitmapThatWasUnlockedWithoutAWordMayHaveChangedEverywhere) {
+    canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
+    canvas->Show();
+    host.frame->takeChanges();
+    bitmap.Unlock(RowMarks(320));
+    EXPECT_TRUE(host.frame->takeChanges().none());
+    bitmap.Unlock();
+    EXPECT_EQ(640U, host.frame->takeChanges().count());
+}
+
+TEST_F(OspGraphicsTest, aScaledBitmapNamesTheRowsThatShowAChange) {
+    for (const int32_t height : {1, 3, 100, 319, 320, 321, 700}) {
+        canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
+        canvas->DrawBitmap({0, 50, 480, height}, bitmap, {0, 10, 240, 290});
+        std::vector<uint16_t> before = display();
+        host.frame->takeChanges();
+        for (int32_t y = 0; y < 320; y++) {
+            change(y % 240, y);
+            const std::vector<uint16_t> after = display();
+            const HostFrame::Rows changed = host.frame->takeChanges();
+            for (int32_t row = 0; row < kH; row++) {
+                const bool isSame = std::equal(before.begin() + row * kW,
+                                               before.begin() + (row + 1) * kW,
+                                               after.begin() + row * kW);
+                ASSERT_EQ(!isSame, changed[static_cast<size_t>(row)]) << height << ", " << row;
+            }
+            before = after;
+        }
     }
 }
 

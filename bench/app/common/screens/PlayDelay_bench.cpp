@@ -116,7 +116,7 @@ void play(benchmark::State& state, int32_t effect) {
     folders.home = scratch.path("home");
     for (auto _ : state) {
         std::vector<ScriptCommand> script;
-        if (!Script::parse(text, {"Options", "Play", "Playing"}, script).empty()) {
+        if (Script::parse(text, {"Options", "Play", "Playing"}, script)) {
             state.SkipWithError("the script is wrong");
             return;
         }

@@ -12,6 +12,7 @@
 #include <memory>
 
 using Osp::Base::String;
+using Osp::Graphics::RowMarks;
 
 namespace {
 
@@ -57,9 +58,14 @@ void OrmCanvas::static_ctor() {
 }
 
 void OrmCanvas::dynamic_ctor() {
-    screen = new AppImage(kWidthPx, kHeightPx);
+    makeScreen();
     lastX = kNoPress;
     lastY = kNoPress;
+}
+
+void OrmCanvas::makeScreen() {
+    screen = new AppImage(kWidthPx, kHeightPx);
+    screen->watchRows(&painted);
 }
 
 void OrmCanvas::dynamic_dtor() {
@@ -93,6 +99,17 @@ void OrmCanvas::run() {
 }
 
 void OrmCanvas::paint(GnoGraphics* g) {
+    RowMarks all(kHeightPx);
+    all.markAll();
+    paintPicture(g, all);
+}
+
+void OrmCanvas::paintChanges(GnoGraphics* g) {
+    paintPicture(g, painted);
+}
+
+/// @param rows  no longer marked once they are copied
+void OrmCanvas::paintPicture(GnoGraphics* g, RowMarks& rows) {
     if (wrongRes) {
         paintWRMessage(g);
         return;
@@ -103,22 +120,26 @@ void OrmCanvas::paint(GnoGraphics* g) {
         return;
     }
     if (showIsSilentPopup) {
-        paintOverlay(g);
+        paintOverlay(g, rows);
     } else {
-        copyScreenTo(g);
+        copyScreenTo(g, rows);
     }
 }
 
 /// What stands over the picture is painted for as long as it stands, and never into it.
-void OrmCanvas::paintOverlay(GnoGraphics* g) {
+void OrmCanvas::paintOverlay(GnoGraphics* g, RowMarks& rows) {
     AppImage below(screen);
     overlay->paint();
-    copyScreenTo(g);
-    screen->set(&below);
+    copyScreenTo(g, rows);
+    screen->set(&below);  // marks all rows, for the next picture
 }
 
-void OrmCanvas::copyScreenTo(GnoGraphics* g) {
-    g->drawRGB(screen->pixels, 0, screen->w, 0, 0, screen->w, screen->h, false);
+void OrmCanvas::copyScreenTo(GnoGraphics* g, RowMarks& rows) {
+    for (RowMarks::Run run = rows.next(0); run.count > 0; run = rows.next(run.first + run.count)) {
+        g->drawRGB(screen->pixels, run.first * screen->w, screen->w, 0, run.first, screen->w,
+                   run.count, false);
+    }
+    rows.clear();
 }
 
 void OrmCanvas::keyPressed(int32_t keyCode) {
@@ -180,7 +201,7 @@ void OrmCanvas::hideNotify() {
 
 void OrmCanvas::showNotify() {
     if (screen == nullptr) {
-        screen = new AppImage(kWidthPx, kHeightPx);
+        makeScreen();
         Orm::mainLoop();
         return;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "GnoCanvas.h"
+#include "RowMarks.h"
 
 #include <cstdint>
 
@@ -37,6 +38,11 @@ public:
     void keyReleased(int32_t keyCode) override;
     void paint(GnoGraphics* g) override;
 
+    /// Paints only the rows in which something was painted since the last call; the first call
+    /// paints all of them.
+    /// @param g  still shows what the last call left there, and nothing else was drawn into it
+    void paintChanges(GnoGraphics* g);
+
     /// A press alone does nothing but remember its place.
     void pointerPressed(int32_t x, int32_t y) override;
 
@@ -64,11 +70,14 @@ public:
 private:
     void dynamic_ctor();
     void dynamic_dtor();
-    void copyScreenTo(GnoGraphics* g);
-    void paintOverlay(GnoGraphics* g);
+    void paintPicture(GnoGraphics* g, Osp::Graphics::RowMarks& rows);
+    void paintOverlay(GnoGraphics* g, Osp::Graphics::RowMarks& rows);
+    void copyScreenTo(GnoGraphics* g, Osp::Graphics::RowMarks& rows);
+    void makeScreen();
     static void schedSwipe(Osp::Base::String* key);
 
-    AppImage* screen = nullptr;  // owned
-    int32_t lastX = -1;          // of the press in progress; -1: none
+    AppImage* screen = nullptr;                  // owned
+    Osp::Graphics::RowMarks painted{kHeightPx};  // of the screen, since paintChanges()
+    int32_t lastX = -1;                          // of the press in progress; -1: none
     int32_t lastY = -1;
 };

@@ -25,7 +25,7 @@ bool isInside(const AppImage* image, int32_t x, int32_t y, int32_t w, int32_t h)
     return x >= 0 && y >= 0 && int64_t{x} + w <= image->w && int64_t{y} + h <= image->h;
 }
 
-uint32_t* pixelAt(const AppImage* image, int32_t x, int32_t y) {
+const uint32_t* pixelAt(const AppImage* image, int32_t x, int32_t y) {
     return image->pixels + x + ptrdiff_t{image->w} * y;
 }
 
@@ -39,12 +39,12 @@ PixelBlock blockOf(AppImage* dst,
                    int32_t dx,
                    int32_t dy) {
     assert(isInside(src, sx, sy, w, h) && isInside(dst, dx, dy, w, h));
-    return {pixelAt(dst, dx, dy), dst->w, pixelAt(src, sx, sy), src->w, w, h};
+    return {dst->writableRows(dy, h) + dx, dst->w, pixelAt(src, sx, sy), src->w, w, h};
 }
 
 PixelBlock blockOf(AppImage* dst, int32_t x, int32_t y, int32_t w, int32_t h) {
     assert(isInside(dst, x, y, w, h));
-    return {pixelAt(dst, x, y), dst->w, nullptr, dst->w, w, h};
+    return {dst->writableRows(y, h) + x, dst->w, nullptr, dst->w, w, h};
 }
 
 uint32_t whiteMaskOf(int32_t lightness) {
@@ -101,7 +101,7 @@ AppImage::~AppImage() {
 }
 
 void AppImage::dynamic_dtor() {
-    pixels.reset();
+    pixels.words.reset();
 }
 
 void AppImage::allocate(int32_t w, int32_t h) {
@@ -109,31 +109,37 @@ void AppImage::allocate(int32_t w, int32_t h) {
     if (w < 1 || h < 1) {
         this->w = 0;
         this->h = 0;
-        static_cast<void>(pixels.release());
+        static_cast<void>(pixels.words.release());
         return;
     }
     const bool tooLarge = count > kMaxArrayLength;
     this->w = tooLarge ? 0 : w;
     this->h = tooLarge ? 0 : h;
-    if (pixels != nullptr && count == length(pixels)) {
-        return;
+    if (pixels == nullptr || count != length(pixels)) {
+        pixels.words.reset(tooLarge ? nullptr : newArray<uint32_t>(static_cast<int32_t>(count)));
     }
-    pixels.reset(tooLarge ? nullptr : newArray<uint32_t>(static_cast<int32_t>(count)));
+    writableRows(0, this->h);
 }
 
 void AppImage::premult() {
-    PixelRows::premult(pixels, length(pixels));
+    PixelRows::premult(writableRows(0, h), length(pixels));
 }
 
 void AppImage::unpremult() {
+    uint32_t* words = writableRows(0, h);
     for (int32_t i = 0; i < length(pixels); i++) {
-        const uint32_t argb = pixels[i];
+        const uint32_t argb = words[i];
         const uint32_t a = argb >> 24;
         if (a != 0 && a != 255) {
-            pixels[i] = (argb & kAlphaMask) | straightChannel(argb >> 16 & 255, a) << 16 |
-                        straightChannel(argb >> 8 & 255, a) << 8 | straightChannel(argb & 255, a);
+            words[i] = (argb & kAlphaMask) | straightChannel(argb >> 16 & 255, a) << 16 |
+                       straightChannel(argb >> 8 & 255, a) << 8 | straightChannel(argb & 255, a);
         }
     }
+}
+
+void AppImage::watchRows(Osp::Graphics::RowMarks* marks) {
+    written = marks;
+    writableRows(0, h);
 }
 
 uint32_t AppImage::get(int32_t x, int32_t y) {
@@ -141,16 +147,16 @@ uint32_t AppImage::get(int32_t x, int32_t y) {
 }
 
 void AppImage::set(uint32_t argb, int32_t x, int32_t y) {
-    *pixelAt(this, x, y) = argb;
+    writableRows(y, 1)[x] = argb;
 }
 
 void AppImage::blend(uint32_t argb, int32_t x, int32_t y) {
-    uint32_t* pixel = pixelAt(this, x, y);
+    uint32_t* pixel = writableRows(y, 1) + x;
     *pixel = overPixel(*pixel, argb);
 }
 
 void AppImage::set(uint32_t argb) {
-    std::fill_n(pixels.get(), length(pixels), argb);
+    std::fill_n(writableRows(0, h), length(pixels), argb);
 }
 
 void AppImage::set(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
@@ -181,7 +187,8 @@ void AppImage::set(AppImage* src, int32_t dx, int32_t dy) {
 void AppImage::set(AppImage* src) {
     assert(length(src->pixels) == length(pixels));
     // Copies the source's pixels, at most as many as fit.
-    std::copy_n(src->pixels.get(), std::min(length(src->pixels), length(pixels)), pixels.get());
+    std::copy_n(src->pixels.get(), std::min(length(src->pixels), length(pixels)),
+                writableRows(0, h));
 }
 
 void AppImage::blend(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {

@@ -11,13 +11,29 @@
 
 #include "Array.h"
 #include "GnoObject.h"
+#include "RowMarks.h"
 
+#include <cstddef>
 #include <cstdint>
 
 class PixProps;
 
 class AppImage : public GnoObject {
 public:
+    /// The words to be read. Whoever writes them asks writableRows(), so that no row that changes
+    /// is overlooked.
+    class Pixels {
+    public:
+        const uint32_t* get() const { return words; }
+
+        // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the array itself could
+        operator const uint32_t*() const { return words; }
+
+    private:
+        friend class AppImage;
+        Array<uint32_t> words;
+    };
+
     /// Empty: no size, no pixels.
     AppImage() = default;
 
@@ -45,6 +61,18 @@ public:
     /// Premultiplied to straight colours, 255 * channel / alpha truncated; alpha 0 and 255 stay. A
     /// channel above its alpha, which no premultiplied picture has, keeps only the low eight bits.
     virtual void unpremult();
+
+    /// From now on every row that may change is marked there, all of them at once.
+    /// @param marks  as many rows as the image has, not owned; null: nothing is marked any more
+    void watchRows(Osp::Graphics::RowMarks* marks);
+
+    /// The first pixel of row y, for writing that many rows from there on, which count as changed.
+    uint32_t* writableRows(int32_t y, int32_t count) {
+        if (written != nullptr) {
+            written->mark(y, count);
+        }
+        return pixels.words + ptrdiff_t{w} * y;
+    }
 
     virtual uint32_t get(int32_t x, int32_t y);
     virtual void set(uint32_t argb, int32_t x, int32_t y);
@@ -133,11 +161,13 @@ public:
                       int32_t fA,
                       int32_t fB);
 
-    int32_t w = 0;           // px
-    int32_t h = 0;           // px
-    Array<uint32_t> pixels;  // w * h words
-    bool opaque = false;     // no pixel is transparent: plain blends copy the pixels
+    int32_t w = 0;        // px
+    int32_t h = 0;        // px
+    Pixels pixels;        // w * h words
+    bool opaque = false;  // no pixel is transparent: plain blends copy the pixels
 
 private:
     void dynamic_dtor();
+
+    Osp::Graphics::RowMarks* written = nullptr;  // not owned; null: nobody wants to know
 };

@@ -149,9 +149,13 @@ void BitMapCharacter::draw(AppImage* image,
     const int64_t endX = end(x, w, clipX, clipW, image->w);
     const int64_t endY = end(y, h, clipY, clipH, image->h);
     const int32_t startX = std::max({x, clipX, 0});
-    for (int32_t row = std::max({y, clipY, 0}); row < endY; row++) {
+    const int32_t startY = std::max({y, clipY, 0});
+    if (startY >= endY) {
+        return;
+    }
+    uint32_t* dst = image->writableRows(startY, static_cast<int32_t>(endY) - startY);
+    for (int32_t row = startY; row < endY; row++, dst += image->w) {
         const int32_t rowStart = w * (row - y);
-        uint32_t* dst = image->pixels + int64_t{image->w} * row;
         for (int32_t column = startX; column < endX; column++) {
             const uint32_t coverage = coverageAt(pixels, rowStart + column - x);
             if (coverage > 0) {

@@ -51,6 +51,6 @@ AppImage* ImageReader::read(InputStream* in) {
     if (image->pixels == nullptr) {
         return nullptr;  // more pixels than an image can have
     }
-    decoded->getRGB(image->pixels, 0, w, 0, 0, w, h);
+    decoded->getRGB(image->writableRows(0, h), 0, w, 0, 0, w, h);
     return image.release();
 }

@@ -145,7 +145,7 @@ void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn
         picture != nullptr && picture->w == G::scr->w && picture->h == G::scr->h;
     const ptrdiff_t start = static_cast<ptrdiff_t>(bounds->y + row) * G::scr->w;
     const uint32_t* below = (pictureFits ? picture->pixels : G::scr->pixels) + start;
-    uint32_t* target = G::scr->pixels + start;
+    uint32_t* target = G::scr->writableRows(bounds->y + row, 1);
     const uint32_t* columns = strip->pixels + static_cast<ptrdiff_t>(row) * strip->w + firstColumn;
     const int32_t shown = std::min(strip->w / 2, G::scr->w / kBlurPx);
     for (int32_t column = 0; column < shown; column++) {

@@ -5,6 +5,7 @@
 #include "GnoImage.h"
 #include "RegionTransform.h"
 #include "Rgb565.h"
+#include "RowMarks.h"
 
 #include <algorithm>
 #include <cassert>
@@ -67,6 +68,13 @@ uint16_t* GnoGraphics::row(int32_t y) const {
     return surface + int64_t{y} * (strideBytes / 2);
 }
 
+uint16_t* GnoGraphics::writtenRow(int32_t y) {
+    if (written != nullptr) {
+        written->mark(y, 1);
+    }
+    return row(y);
+}
+
 void GnoGraphics::clipRect(int32_t x, int32_t y, int32_t w, int32_t h) {
     const Area area = clipped(int64_t{x} + tx, int64_t{y} + ty, w, h);
     clipX = area.x1;
@@ -79,7 +87,8 @@ void GnoGraphics::fillSurface(int64_t x, int64_t y, int64_t w, int64_t h) {
     const Area area = clipped(x, y, w, h);
     const uint16_t pixel = Rgb565::fromRgb(static_cast<uint32_t>(color));
     for (int32_t j = area.y1; j <= area.y2 && area.x1 <= area.x2; j++) {
-        std::fill(row(j) + area.x1, row(j) + area.x2 + 1, pixel);
+        uint16_t* pixels = writtenRow(j);
+        std::fill(pixels + area.x1, pixels + area.x2 + 1, pixel);
     }
 }
 
@@ -115,7 +124,7 @@ void GnoGraphics::drawSteps(const Axis& longer, const Axis& shorter, bool steep)
                                                   static_cast<uint64_t>(2 * count));
         const int64_t side = shorter.start + (shorter.distance < 0 ? -moved : moved);
         if (side >= shorter.low && side <= shorter.high) {
-            row(static_cast<int32_t>(steep ? at : side))[steep ? side : at] = pixel;
+            writtenRow(static_cast<int32_t>(steep ? at : side))[steep ? side : at] = pixel;
         }
     }
 }
@@ -161,7 +170,7 @@ void GnoGraphics::fillArc(
         for (int32_t i = area.x1; i <= area.x2; i++) {
             const auto u = static_cast<int32_t>(2 * (i - left) + 1 - w);
             if (arc.isInEllipse(u, v) && arc.isBetweenAngles(u, v)) {
-                row(j)[i] = pixel;
+                writtenRow(j)[i] = pixel;
             }
         }
     }
@@ -204,7 +213,7 @@ void GnoGraphics::drawRegion(GnoImage* image,
             const int64_t from = fromX + image->getWidth() * fromY;
             const uint16_t pixel = image->getPixels()[from];
             const uint32_t a = alpha == nullptr ? 255 : alpha[from];
-            row(j)[i] = Rgb565::blend(a << 24 | Rgb565::toRgb(pixel), row(j)[i]);
+            writtenRow(j)[i] = Rgb565::blend(a << 24 | Rgb565::toRgb(pixel), row(j)[i]);
         }
     }
 }
@@ -228,7 +237,7 @@ void GnoGraphics::drawRGB(const uint32_t* argb,
         return argb + offset + cutX + cutY * scanlength;
     };
     // Rows that follow one another without a gap, in both, are one long row.
-    const bool isWhole = n == scanlength && n == strideBytes / 2;
+    const bool isWhole = written == nullptr && n == scanlength && n == strideBytes / 2;
     const int32_t rows = isWhole ? 1 : area.y2 - area.y1 + 1;
     const int32_t rowPixels = isWhole ? n * (area.y2 - area.y1 + 1) : n;
     bool blends = false;
@@ -237,9 +246,11 @@ void GnoGraphics::drawRGB(const uint32_t* argb,
     }
     for (int32_t j = area.y1; j < area.y1 + rows; j++) {
         if (blends) {
-            Rgb565::blendRow(row(j) + area.x1, source(j), rowPixels);
-        } else {
+            Rgb565::blendRow(writtenRow(j) + area.x1, source(j), rowPixels);
+        } else if (written == nullptr) {
             Rgb565::storeRow(row(j) + area.x1, source(j), rowPixels);
+        } else if (Rgb565::replaceRow(row(j) + area.x1, source(j), rowPixels)) {
+            written->mark(j, 1);
         }
     }
 }

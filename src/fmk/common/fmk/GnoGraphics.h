@@ -12,7 +12,8 @@ class GnoImage;
 
 namespace Osp::Graphics {
 class Canvas;
-}
+class RowMarks;
+}  // namespace Osp::Graphics
 
 class GnoGraphics : public GnoObject {
 public:
@@ -56,6 +57,10 @@ public:
     int32_t getClipWidth() const { return clipW; }
 
     int32_t getClipHeight() const { return clipH; }
+
+    /// From now on the rows of the surface in which a pixel may have changed are marked there.
+    /// @param marks  as many rows as the surface has, not owned; null: nothing is marked any more
+    void watchRows(Osp::Graphics::RowMarks* marks) { written = marks; }
 
     void fillRect(int32_t x, int32_t y, int32_t w, int32_t h);
 
@@ -136,6 +141,7 @@ private:
 
     Area clipped(int64_t x, int64_t y, int64_t w, int64_t h) const;
     uint16_t* row(int32_t y) const;
+    uint16_t* writtenRow(int32_t y);
     void fillSurface(int64_t x, int64_t y, int64_t w, int64_t h);
     void plot(int64_t x, int64_t y);
     void drawSteps(const Axis& longer, const Axis& shorter, bool steep);
@@ -152,4 +158,5 @@ private:
     int32_t clipH;
     int32_t tx = 0;
     int32_t ty = 0;
+    Osp::Graphics::RowMarks* written = nullptr;  // not owned; null: nobody wants to know
 };

@@ -9,6 +9,17 @@ Rgb565::storeRow(uint16_t* __restrict dst, const uint32_t* __restrict argb, int3
     }
 }
 
+MURMELO_KERNEL bool
+Rgb565::replaceRow(uint16_t* __restrict dst, const uint32_t* __restrict argb, int32_t n) {
+    uint16_t differences = 0;
+    for (int32_t i = 0; i < n; i++) {
+        const uint16_t pixel = fromRgb(argb[i]);
+        differences = static_cast<uint16_t>(differences | (pixel ^ dst[i]));
+        dst[i] = pixel;
+    }
+    return differences != 0;
+}
+
 MURMELO_KERNEL void
 Rgb565::blendRow(uint16_t* __restrict dst, const uint32_t* __restrict argb, int32_t n) {
     for (int32_t i = 0; i < n; i++) {

@@ -35,6 +35,9 @@ public:
     /// Converts n ARGB words. The rows do not overlap.
     static void storeRow(uint16_t* dst, const uint32_t* argb, int32_t n);
 
+    /// The same. Returns whether a pixel has become another one.
+    static bool replaceRow(uint16_t* dst, const uint32_t* argb, int32_t n);
+
     /// Blends n straight ARGB words over what is there. The rows do not overlap.
     static void blendRow(uint16_t* dst, const uint32_t* argb, int32_t n);
 

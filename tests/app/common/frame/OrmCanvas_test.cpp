@@ -183,6 +183,41 @@ TEST_F(OrmCanvasTest, paintsItsPictureUnlessTheDisplayIsTurned) {
     EXPECT_EQ(0xFFFF, pixels[0]);
 }
 
+TEST_F(OrmCanvasTest, paintsOnlyWhatWasPaintedSinceTheLastTime) {
+    std::vector<uint16_t> pixels(240 * 320);
+    CanvasGraphics graphics(reinterpret_cast<unsigned char*>(pixels.data()), 240, 320);
+    canvas->getScreen()->set(0xFFFFFFFF);
+    canvas->paintChanges(&graphics);
+    EXPECT_EQ(std::vector<uint16_t>(240 * 320, 0xFFFF), pixels);
+    std::fill(pixels.begin(), pixels.end(), uint16_t{0x1234});
+    canvas->paintChanges(&graphics);
+    EXPECT_EQ(std::vector<uint16_t>(240 * 320, 0x1234), pixels);
+    canvas->getScreen()->set(0xFFFF0000, 7, 10, 3, 2);
+    canvas->getScreen()->set(0xFFFF0000, 8, 319);
+    canvas->paintChanges(&graphics);
+    for (size_t y = 0; y < 320; y++) {
+        const bool isPainted = y == 10 || y == 11 || y == 319;
+        ASSERT_EQ(isPainted ? 0xF800 : 0x1234, pixels[y * 240 + 8]) << y;
+        ASSERT_EQ(isPainted ? 0xFFFF : 0x1234, pixels[y * 240 + 239]) << y;
+    }
+    canvas->paint(&graphics);  // all of it, whenever that is asked for
+    EXPECT_EQ(0xFFFF, pixels[0]);
+    EXPECT_EQ(0xF800, pixels[10 * 240 + 8]);
+}
+
+TEST_F(OrmCanvasTest, whatIsPaintedWhileTheDisplayIsTurnedIsShownLater) {
+    std::vector<uint16_t> pixels(240 * 320);
+    CanvasGraphics graphics(reinterpret_cast<unsigned char*>(pixels.data()), 240, 320);
+    canvas->paintChanges(&graphics);
+    OrmCanvas::wrongRes = true;
+    canvas->getScreen()->set(0xFFFFFFFF);
+    canvas->paintChanges(&graphics);
+    EXPECT_EQ(0, pixels[0]);
+    OrmCanvas::wrongRes = false;
+    canvas->paintChanges(&graphics);
+    EXPECT_EQ(std::vector<uint16_t>(240 * 320, 0xFFFF), pixels);
+}
+
 TEST_F(OrmCanvasTest, hasNoSizeAndNamesGameActionsByBits) {
     EXPECT_EQ(0, canvas->getWidth());
     EXPECT_EQ(0, canvas->getHeight());

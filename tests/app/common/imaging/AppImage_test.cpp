@@ -113,7 +113,7 @@ TEST(AppImage, reshapingToAsManyPixelsKeepsThem) {
 
 TEST(AppImage, aSizeBelowOneEmptiesTheImageAndLeavesTheArray) {
     AppImage image(2, 2, 0x01020304u);
-    uint32_t* array = image.pixels;
+    uint32_t* array = image.writableRows(0, 2);
     image.allocate(0, 5);
     EXPECT_EQ(0, image.w);
     EXPECT_EQ(0, image.h);
@@ -191,7 +191,7 @@ TEST(AppImage, unpremultiplyingDividesByAlphaAndLeavesTheEndsAlone) {
 TEST(AppImage, wholeImagePremultiplicationMatchesTheModelForEveryAlphaAndLevel) {
     AppImage image(256, 256);
     for (uint32_t i = 0; i < 65536; i++) {
-        image.pixels[i] = (i & 255) << 24 | (i >> 8) << 16 | (255 - (i >> 8)) << 8 | (i >> 8);
+        image.writableRows(0, image.h)[i] = (i & 255) << 24 | (i >> 8) << 16 | (255 - (i >> 8)) << 8 | (i >> 8);
     }
     const auto before = pixelsOf(image);
     image.premult();
@@ -261,7 +261,7 @@ TEST(AppImage, operationsReachOneAnotherThroughTheirSlots) {
 TEST(AppImage, copyingMovesARectangleOrEverything) {
     AppImage src(3, 3);
     for (int32_t i = 0; i < 9; i++) {
-        src.pixels[i] = static_cast<uint32_t>(i);
+        src.writableRows(0, src.h)[i] = static_cast<uint32_t>(i);
     }
     AppImage dst(4, 4, 99u);
     dst.set(&src, 1, 1, 2, 2, 0, 2);
@@ -279,7 +279,7 @@ TEST(AppImage, aRectangleMovesWithinItsOwnImage) {
     for (const int32_t dy : {0, 1, 2}) {
         AppImage image(5, 5);
         for (int32_t i = 0; i < 25; i++) {
-            image.pixels[i] = static_cast<uint32_t>(i);
+            image.writableRows(0, image.h)[i] = static_cast<uint32_t>(i);
         }
         AppImage before(&image);
         AppImage expected(&image);

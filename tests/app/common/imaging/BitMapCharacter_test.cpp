@@ -32,7 +32,7 @@ std::vector<signed char> someCoverage() {
 void fillWithNoise(AppImage& image, uint32_t seed) {
     std::mt19937 random(seed);
     for (int32_t i = 0; i < image.w * image.h; i++) {
-        image.pixels[i] = static_cast<uint32_t>(random());
+        image.writableRows(0, image.h)[i] = static_cast<uint32_t>(random());
     }
 }
 

@@ -99,7 +99,7 @@ TEST(ImageOps, imagesTakeTheirProperties) {
 TEST(ImageOps, atNegativeCoordinatesTheSourceOffsetIsTheirNegative) {
     AppImage src(3, 3);
     for (int32_t i = 0; i < 9; i++) {
-        src.pixels[i] = 0xFF000000 + static_cast<uint32_t>(i);
+        src.writableRows(0, src.h)[i] = 0xFF000000 + static_cast<uint32_t>(i);
     }
     AppImage dst(2, 2, 0u);
     ImageOps::blend(&dst, &src, -1, -2, Rect(0, 0, 2, 2), nullptr);
@@ -243,7 +243,7 @@ TEST(ImageOps, partsOfAMapAreCutToMapDestinationAndClip) {
 TEST(ImageOps, cellsOfAMapAreCountedRowByRow) {
     AppImage map(7, 4);  // cells of 2 x 2, the last column left over
     for (int32_t i = 0; i < 28; i++) {
-        map.pixels[i] = 0xFF000000 + static_cast<uint32_t>(i);
+        map.writableRows(0, map.h)[i] = 0xFF000000 + static_cast<uint32_t>(i);
     }
     Rect all(0, 0, 2, 2);
     AppImage dst(2, 2, 0u);

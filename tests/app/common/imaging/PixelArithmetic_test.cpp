@@ -211,8 +211,8 @@ TEST(PixelArithmetic, coloursThatAreNotPremultipliedCarryTheSameEverywhere) {
     AppImage src(kWidthPx, kHeightPx);
     AppImage dst(kWidthPx, kHeightPx);
     for (int32_t i = 0; i < kWidthPx * kHeightPx; i++) {
-        src.pixels[i] = noise.word();
-        dst.pixels[i] = noise.word();
+        src.writableRows(0, src.h)[i] = noise.word();
+        dst.writableRows(0, dst.h)[i] = noise.word();
     }
     auto over = pixelsOf(dst);
     auto half = pixelsOf(dst);

@@ -128,7 +128,7 @@ public:
                 kind = below(4);
             }
             const uint32_t c = colour();
-            image.pixels[i] = kind == 0 ? 0 : (kind == 1 ? c | 0xFF000000 : c);
+            image.writableRows(0, image.h)[i] = kind == 0 ? 0 : (kind == 1 ? c | 0xFF000000 : c);
         }
     }
 

@@ -25,7 +25,7 @@ public:
     static int32_t addNumbered(int32_t w, int32_t h) {
         auto* image = new AppImage(w, h);
         const std::vector<uint32_t> argb = numbered(w, h);
-        std::copy(argb.begin(), argb.end(), image->pixels.get());
+        std::copy(argb.begin(), argb.end(), image->writableRows(0, image->h));
         return Res::addImage(image);
     }
 

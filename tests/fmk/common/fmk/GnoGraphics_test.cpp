@@ -1,6 +1,7 @@
 // Device graphics draw lines, rectangles, arcs and images exactly inside the clip.
 #include "CanvasGraphics.h"
 #include "GnoImage.h"
+#include "RowMarks.h"
 
 #include <gtest/gtest.h>
 
@@ -471,5 +472,70 @@ TEST_F(GnoGraphicsTest, transparentImagesAreBlendedAsTheirWordsAre) {
     g.drawImage(image.get(), 1, 1, 0);
     for (int32_t i = 0; i < 6; i++) {
         EXPECT_EQ(blended(words[i], kUntouched), at(1 + i, 1)) << i;
+    }
+}
+
+TEST_F(GnoGraphicsTest, aWatchedSurfaceNamesTheRowsThatChange) {
+    Osp::Graphics::RowMarks marks(kH);
+    g.watchRows(&marks);
+    g.setColor(kInk);
+    const std::unique_ptr<GnoImage> image(GnoImage::createImage(3, 2));  // white
+    const std::vector<uint32_t> white(4 * 3, 0xFFFFFFFF);
+    const std::vector<uint32_t> veil(4 * 3, 0x80FFFFFF);
+    const auto expectRows = [&](int32_t first, int32_t last) {
+        for (int32_t y = 0; y < kH; y++) {
+            bool differs = false;
+            for (int32_t x = 0; x < kW; x++) {
+                differs = differs || at(x, y) != kUntouched;
+            }
+            const Osp::Graphics::RowMarks::Run run = marks.next(y);
+            EXPECT_EQ(y >= first && y <= last, differs) << y;
+            EXPECT_EQ(differs, run.count > 0 && run.first == y) << y;
+        }
+        clear();
+        marks.clear();
+    };
+    g.fillRect(2, 3, 4, 5);
+    expectRows(3, 7);
+    g.drawLine(0, 2, 9, 4);
+    expectRows(2, 4);
+    g.drawLine(5, 9, 4, 1);
+    expectRows(1, 9);
+    g.drawRect(1, 1, 3, 3);
+    expectRows(1, 4);
+    g.drawArc(2, 2, 6, 6, 0, 360);
+    expectRows(2, 8);
+    g.fillArc(2, 2, 6, 6, 0, 360);
+    expectRows(2, 7);
+    g.drawImage(image.get(), 1, 18, 0);
+    expectRows(18, 19);
+    g.drawRGB(white.data(), 0, 4, -1, -1, 4, 3, false);
+    expectRows(0, 1);
+    g.drawRGB(white.data(), 0, 4, 5, 5, 4, 3, true);
+    expectRows(5, 7);
+    g.drawRGB(veil.data(), 0, 4, 5, 18, 4, 3, true);
+    expectRows(18, 19);
+    g.fillRect(2, 30, 4, 5);
+    expectRows(0, -1);
+}
+
+TEST_F(GnoGraphicsTest, pixelsThatStayTheSameAreNotMarked) {
+    std::vector<uint32_t> argb = noise(kW * kH, 3);
+    g.drawRGB(argb.data(), 0, kW, 0, 0, kW, kH, false);
+    Osp::Graphics::RowMarks marks(kH);
+    g.watchRows(&marks);
+    g.drawRGB(argb.data(), 0, kW, 0, 0, kW, kH, false);
+    EXPECT_TRUE(marks.none());
+    for (size_t x = 0; x < kW; x++) {
+        const size_t y = x % kH;
+        argb[y * kW + x] ^= 0x00000008;             // the one bit of blue that the surface keeps
+        argb[y * kW + (x + 5) % kW] ^= 0x00000003;  // two that it does not
+        g.drawRGB(argb.data(), 0, kW, 0, 0, kW, kH, false);
+        EXPECT_EQ(static_cast<int32_t>(y), marks.next(0).first) << x;
+        EXPECT_EQ(1, marks.next(0).count) << x;
+        marks.clear();
+        const uint32_t shown = argb[y * kW + x];
+        EXPECT_EQ(to565(shown >> 16 & 255, shown >> 8 & 255, shown & 255),
+                  at(static_cast<int32_t>(x), static_cast<int32_t>(y)));
     }
 }
