@@ -48,10 +48,12 @@ void Process::schedUpdate() {
 }
 
 void Process::onEvent(Event* event) {
-    SkBar::update(event, true);
     if (event->type == Orm::EV_T_UPDATE) {
-        update();
-    } else if (event->type == Orm::EV_T_SYS_PAUSE) {
+        update();  // moves nothing in the soft-key bar
+        return;
+    }
+    SkBar::update(event, true);
+    if (event->type == Orm::EV_T_SYS_PAUSE) {
         processor->cleanUp();
         State::setState(back, true, true);
     }

@@ -43,12 +43,14 @@ void fill(uint32_t argb, int32_t x, int32_t y, int32_t w, int32_t h) {
 
 bool Progress::visible;
 int32_t Progress::shownQ10;
+int32_t Progress::paintedPx;
 std::unique_ptr<PaTextArea> Progress::caption;
 std::unique_ptr<Bounds> Progress::bar;
 
 void Progress::static_ctor() {
     visible = false;
     shownQ10 = 0;
+    paintedPx = 0;
     caption = std::make_unique<PaTextArea>();
     bar.reset(Bounds::alloc(kBarLeftPx, kBarTopPx, kBarWidthPx, kBarHeightPx));
 }
@@ -66,13 +68,20 @@ void Progress::paintInit(int32_t captionId) {
     caption->set(captionId, G::fntMedium, Chrome::kWhite, Bounds::kCentre, x, kCaptionTopPx,
                  kCaptionWidthPx, kCaptionHeightPx);
     caption->paintOn(G::scr, 0, 0, G::scrB, nullptr);
-    paintProgress(0);
+    shownQ10 = 0;
+    paintBar(0);
 }
 
 void Progress::paintProgress(int32_t progress) {
     shownQ10 = std::clamp(progress, 0, kFullQ10);
-    const int32_t inner = bar->w - 4;
-    const int32_t filled = inner * shownQ10 / kFullQ10;
+    const int32_t filled = (bar->w - 4) * shownQ10 / kFullQ10;
+    if (!visible || filled != paintedPx) {
+        paintBar(filled);
+    }
+}
+
+void Progress::paintBar(int32_t filled) {
+    paintedPx = filled;
     fill(kFrameArgb, bar->x, bar->y, bar->w, bar->h);
     fill(kTroughArgb, bar->x + 1, bar->y + 1, bar->w - 2, bar->h - 2);
     fill(kFillArgb, bar->x + 2, bar->y + 2, filled, bar->h - 4);

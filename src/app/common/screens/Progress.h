@@ -13,7 +13,8 @@ public:
     /// screen paints its background first.
     static void paintInit(int32_t captionId);
 
-    /// Paints the bar alone. @param progress  0 to 1024
+    /// Paints the bar alone, unless it stands there as it would be painted.
+    /// @param progress  0 to 1024
     static void paintProgress(int32_t progress);
     static void flushProgress();
 
@@ -27,4 +28,9 @@ public:
     static int32_t shownQ10;  // of the bar, 0 to 1024
     static std::unique_ptr<PaTextArea> caption;
     static std::unique_ptr<Bounds> bar;  // the trough
+
+private:
+    static void paintBar(int32_t filled);
+
+    static int32_t paintedPx;  // how much of the bar is filled, as it stands on the screen
 };

@@ -117,6 +117,24 @@ TEST_F(ProcessTest, theBarShowsTheProgressOfEachSlice) {
     EXPECT_EQ(trough, G::scr->get(middle, y));
 }
 
+TEST_F(ProcessTest, aSliceThatMovesTheBarByNoPixelPaintsNothing) {
+    SlicedProc processor({512, 513, 520, 1024});
+    start(&processor);
+    run();
+    run();  // the first slice
+    Osp::Graphics::RowMarks marks(G::scr->h);
+    G::scr->watchRows(&marks);
+    const auto rowsPainted = [&] {
+        marks.clear();
+        run();
+        const Osp::Graphics::RowMarks::Run rows = marks.next(0);
+        return std::vector<int32_t>{rows.first, rows.count};
+    };
+    EXPECT_EQ(0, rowsPainted()[1]);
+    EXPECT_EQ((std::vector<int32_t>{Progress::bar->y, Progress::bar->h}), rowsPainted());
+    G::scr->watchRows(nullptr);
+}
+
 TEST_F(ProcessTest, aResultOfTheEffectMarksTheEffectAsPlayed) {
     G::setCurrFx(2);
     SlicedProc processor({1024});
