@@ -1,0 +1,48 @@
+// The messages of the strip: one is shown for some seconds, later ones wait for a moment each.
+#pragma once
+
+#include "StripWish.h"
+
+#include <cstdint>
+#include <deque>
+#include <string>
+
+class StripMessages {
+public:
+    static constexpr int64_t kNever = -1;
+
+    /// How long a message is shown that no other follows; one with an action longer, so that the
+    /// hand gets there.
+    static constexpr int64_t kShownMs = 6000;
+    static constexpr int64_t kActionShownMs = 10000;
+
+    /// At least so long, if another waits.
+    static constexpr int64_t kLeastMs = 2000;
+
+    struct Message {
+        std::string text;
+        StripWish action;
+        std::string actionWord;
+    };
+
+    /// Shows it, or lets it wait. The same text that is shown now only begins again.
+    void tell(Message message, int64_t nowMs);
+
+    /// Null: none is shown.
+    const Message* shown() const { return waiting.empty() ? nullptr : &waiting.front(); }
+
+    /// Takes the shown message away; a waiting one follows with the next tick().
+    void close();
+
+    /// True if another message is shown now, or none.
+    bool tick(int64_t nowMs);
+
+    /// When tick() has something to do.
+    int64_t dueMs() const;
+
+private:
+    int64_t endMs() const;
+
+    std::deque<Message> waiting;  // the first one is shown
+    int64_t sinceMs = kNever;     // when it began; kNever: with the next tick
+};

@@ -1,0 +1,179 @@
+// The host's own row above the picture, and the sheet that it can lay over the picture: what can be
+// done, what is said, how loud it is, in which language. Knows neither drawing nor a clock.
+//
+// Positions are pixels of the program: the strip has 240 x 80 of them. The sheet (the list of
+// microphones, the help) lies over the 240 x 320 picture below it, from y 80 on.
+#pragma once
+
+#include "LevelMeter.h"
+#include "ScreenTexts.h"
+#include "StripMessages.h"
+#include "StripWish.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// Something that can be tapped.
+struct StripButton {
+    StripWish wish;     // what a tap on it means
+    std::string name;   // a word in the program's language; UTF-8
+    ScreenPlace place;  // in the strip; on the sheet y is 80 and more
+    bool isEnabled = true;
+    bool isLit = false;  // the current effect, or the microphone in use
+
+    bool operator==(const StripButton& other) const;
+};
+
+class StripModel {
+public:
+    static constexpr int32_t kWidthPx = 240;
+    static constexpr int32_t kHeightPx = 80;
+    static constexpr int32_t kSheetHeightPx = 320;
+    static constexpr int32_t kEffects = 8;
+
+    /// What lies over the picture.
+    enum class Sheet { kNone, kMicrophones, kHelp };
+
+    /// Width in pixels of a text in the strip's font.
+    using TextWidth = std::function<int32_t(const std::string& utf8)>;
+
+    StripModel();
+
+    /// How wide texts are; until then every byte counts 7 pixels.
+    void setTextWidth(TextWidth width);
+
+    /// @param effect   the chosen one, 0 to 7
+    /// @param canSave  there is a take, and now it can be saved
+    void setScreen(const ScreenTexts& texts, int32_t effect, bool canSave);
+
+    /// Names of the effects in the program's language, for the heads.
+    void setEffectNames(std::vector<std::string> names);
+
+    /// @param names    as the sound server shows them
+    /// @param current  place in names; StripWish::kSystemsChoice
+    void setMicrophones(std::vector<std::string> names, int32_t current);
+
+    /// What is said of the microphone if no name is known: empty, "the microphone".
+    void setMicrophoneName(std::string name);
+
+    /// While a recording goes on.
+    /// @param isMute  no samples have come for a second
+    void setRecording(const LevelMeter::Reading& reading, int32_t secondsLeft, bool isMute);
+
+    /// A take of an earlier run or screen can be brought back.
+    void setLastTake(bool isThere);
+
+    /// A message in the line, for some seconds; one that has just come is shown for a moment before
+    /// the next takes its place.
+    /// @param text        in the program's language, UTF-8
+    /// @param action      what a tap on the word does; kNone: there is no word
+    /// @param actionWord  short
+    void tell(std::string text, StripWish action, std::string actionWord, int64_t nowMs);
+
+    /// Opens the list of the microphones that are known.
+    void showMicrophones();
+
+    /// Opens the help.
+    /// @param paragraphs  in the program's language
+    void showHelp(std::vector<std::string> paragraphs);
+
+    /// A tap. Closes what is to be closed by it and returns what the host has to do.
+    StripWish tap(int32_t x, int32_t y);
+
+    /// True if a touch here is the strip's, and not the picture's.
+    bool covers(int32_t x, int32_t y) const;
+
+    /// The mouse points here: the line tells the name of what a tap would do.
+    void point(int32_t x, int32_t y);
+
+    /// A key; kNone if the strip has no use for it now.
+    StripWish key(StripKey key);
+
+    /// Messages end. True if something changed.
+    bool tick(int64_t nowMs);
+
+    /// When tick() has something to do; -1 never.
+    int64_t dueMs() const { return messages.dueMs(); }
+
+    /// Changes whenever the picture of strip or sheet would.
+    uint32_t version() const { return changes; }
+
+    /// All that can be tapped now, disabled buttons too: places, names, and what is lit.
+    std::vector<StripButton> buttons() const;
+
+    // What the painter asks.
+
+    /// Rows of text from the top of the strip; more than one covers the heads. Empty ones are left
+    /// out.
+    const std::vector<std::string>& lines() const { return shownLines; }
+
+    /// True if the lines are a message or a warning and not only a name.
+    bool isTelling() const { return telling; }
+
+    /// Word and place of the message's action; no word: there is none.
+    StripButton action() const;
+
+    bool showsHeads() const;
+    bool showsLevel() const;
+
+    const LevelMeter::Reading& level() const { return reading; }
+
+    /// Of the recording; -1 if none goes on.
+    int32_t secondsLeft() const { return recording ? seconds : -1; }
+
+    Sheet sheet() const { return openSheet; }
+
+    const std::string& sheetTitle() const { return title; }
+
+    /// The help's paragraphs in rows that fit; an empty row lies between two paragraphs.
+    const std::vector<std::string>& sheetRows() const { return rows; }
+
+    /// Code of the program's language ("de").
+    const std::string& language() const { return texts.language; }
+
+private:
+    void changed() { changes++; }
+
+    bool isAtRest() const;
+    bool isOnSheet(int32_t x, int32_t y) const;
+    void closeSheet();
+    void layOutLine();
+    void layOutHelp();
+    std::string lineWithoutMessage() const;
+    std::string microphoneInWords() const;
+    const StripButton* buttonAt(const std::vector<StripButton>& all, int32_t x, int32_t y) const;
+    void addHeads(std::vector<StripButton>& all) const;
+    void addKeys(std::vector<StripButton>& all) const;
+    void addSheet(std::vector<StripButton>& all) const;
+
+    TextWidth widthOf;
+    ScreenTexts texts;
+    int32_t effect = 0;
+    bool canSave = false;
+    bool hasLastTake = false;
+    std::vector<std::string> effectNames;
+    std::vector<std::string> microphones;
+    int32_t microphone = StripWish::kSystemsChoice;
+    std::string microphoneName;
+
+    bool recording = false;
+    LevelMeter::Reading reading;
+    int32_t seconds = 0;
+    bool mute = false;
+
+    StripMessages messages;
+    std::string pointedName;
+    std::vector<std::string> shownLines;
+    bool telling = false;
+
+    Sheet openSheet = Sheet::kNone;
+    std::string title;
+    std::vector<std::string> paragraphs;
+    std::vector<std::string> rows;
+
+    uint32_t changes = 1;
+};

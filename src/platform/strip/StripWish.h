@@ -1,0 +1,54 @@
+// What the user wants, from a tap on the strip or one of its keys. The host fulfils it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct StripWish {
+    enum class Kind {
+        kNone,
+        kSave,
+        kExport,
+        kOpen,
+        kMicrophones,    // show the list (StripModel::showMicrophones)
+        kUseMicrophone,  // index: place in the list; kSystemsChoice
+        kSounds,         // show the folder or the list of the saved sounds
+        kHelp,           // show the help (StripModel::showHelp)
+        kEffect,         // index: 0 to 7
+        kBringBack,      // the last take
+        kForget,         // the last take
+        kShowFile,       // path: show it where it lies
+        kClose,          // the strip has closed a message or its sheet: nothing is left to do
+    };
+
+    static constexpr int32_t kSystemsChoice = -1;
+
+    /// True if there is something to do.
+    explicit operator bool() const { return kind != Kind::kNone; }
+
+    bool operator==(const StripWish& other) const {
+        return kind == other.kind && index == other.index && path == other.path;
+    }
+
+    Kind kind = Kind::kNone;
+    int32_t index = 0;
+    std::string path;
+};
+
+/// Keys that mean something to the strip.
+enum class StripKey : char {
+    kEffect1 = '1',
+    kEffect2,
+    kEffect3,
+    kEffect4,
+    kEffect5,
+    kEffect6,
+    kEffect7,
+    kEffect8,
+    kSave = 's',
+    kOpen = 'o',
+    kMicrophones = 'm',
+    kHelp = '?',
+    kBringBack = 'z',
+    kClose = '\x1B',
+};
