@@ -11,6 +11,14 @@ murmelo_tests(device_tests
         platform/osp/OspMedia_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_files PkgConfig::SNDFILE)
 
+murmelo_tests(strip_tests
+    SOURCES
+        platform/host/LevelMeter_test.cpp
+        platform/strip/StripModel_test.cpp
+        platform/strip/StripTexts_test.cpp
+        platform/strip/TextRows_test.cpp
+    LINK murmelo_strip)
+
 murmelo_tests(web_tests
     SOURCES
         platform/host/HostWords_test.cpp

@@ -4,13 +4,14 @@
 // Not safe between threads: a device that hears on a thread of its own guards it.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 class LevelMeter {
 public:
     static constexpr int32_t kFloorDb = -60;  // the lowest level that is told
 
-    /// A take that never rises above this holds nothing that anybody said.
+    /// A take that never reaches this holds nothing that anybody said.
     static constexpr int32_t kHeardDb = -50;
 
     struct Reading {
@@ -20,8 +21,8 @@ public:
         bool isClipped = false;        // a sample of the last second was at full scale
         int32_t heardSamples = 0;      // since begin()
 
-        /// True if something was above kHeardDb.
-        bool hasHeard() const { return loudestDb > kHeardDb; }
+        /// True if something was as loud as kHeardDb.
+        bool hasHeard() const { return loudestDb >= kHeardDb; }
     };
 
     /// A new take begins.
@@ -32,23 +33,26 @@ public:
 
     Reading read() const;
 
-    /// The level of an amplitude of 0 to 32768: 0 at 32768 and from there down in whole decibels,
-    /// rounded down, never below kFloorDb.
+    /// The level of an amplitude of 0 to 32768: 0 from 32767 on and from there down in whole
+    /// decibels, rounded down, never below kFloorDb.
     static int32_t toDb(int32_t amplitude);
 
 private:
-    void endBlock();
+    static constexpr int32_t kMeanBlocks = 10;
 
+    void endBlock();
+    int32_t meanDb() const;
+
+    // The current block, a hundredth of a second.
     int32_t blockSamples = 0;
     int32_t blockPeak = 0;
     int64_t blockSquares = 0;  // at most 160 * 2^30
 
-    static constexpr int32_t kMeanBlocks = 10;
-    int64_t squares[kMeanBlocks] = {};  // of the last blocks, in a ring
-    int32_t nextSquares = 0;
+    std::array<int64_t, kMeanBlocks> squares{};  // of the last blocks, in a ring
+    int32_t blocks = 0;                          // ended since begin()
 
     int32_t peakDb256 = kFloorDb * 256;
-    int32_t loudest = 0;              // amplitude
-    int32_t samplesSinceClipped = 0;  // counts down from one second
+    int32_t loudest = 0;         // amplitude
+    int32_t clippedSamples = 0;  // how long the mark still shows
     int32_t heard = 0;
 };

@@ -8,12 +8,11 @@
 #include "LevelMeter.h"
 #include "ScreenTexts.h"
 #include "StripMessages.h"
+#include "StripTexts.h"
 #include "StripWish.h"
+#include "TextRows.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,6 +23,9 @@ struct StripButton {
     ScreenPlace place;  // in the strip; on the sheet y is 80 and more
     bool isEnabled = true;
     bool isLit = false;  // the current effect, or the microphone in use
+
+    /// True if a tap is a wish all the same: the host says why nothing can be saved or opened.
+    bool canBeWished() const;
 
     bool operator==(const StripButton& other) const;
 };
@@ -38,17 +40,17 @@ public:
     /// What lies over the picture.
     enum class Sheet { kNone, kMicrophones, kHelp };
 
-    /// Width in pixels of a text in the strip's font.
-    using TextWidth = std::function<int32_t(const std::string& utf8)>;
-
     StripModel();
 
     /// How wide texts are; until then every byte counts 7 pixels.
-    void setTextWidth(TextWidth width);
+    void setTextWidth(TextRows::Width width);
 
     /// @param effect   the chosen one, 0 to 7
     /// @param canSave  there is a take, and now it can be saved
     void setScreen(const ScreenTexts& texts, int32_t effect, bool canSave);
+
+    /// @param canOpen  a sound file can become the take now
+    void setCanOpen(bool canOpen);
 
     /// Names of the effects in the program's language, for the heads.
     void setEffectNames(std::vector<std::string> names);
@@ -57,7 +59,7 @@ public:
     /// @param current  place in names; StripWish::kSystemsChoice
     void setMicrophones(std::vector<std::string> names, int32_t current);
 
-    /// What is said of the microphone if no name is known: empty, "the microphone".
+    /// Of the microphone that records; empty: not known.
     void setMicrophoneName(std::string name);
 
     /// While a recording goes on.
@@ -123,55 +125,60 @@ public:
     const LevelMeter::Reading& level() const { return reading; }
 
     /// Of the recording; -1 if none goes on.
-    int32_t secondsLeft() const { return recording ? seconds : -1; }
+    int32_t secondsLeft() const { return showsLevel() ? seconds : -1; }
 
     Sheet sheet() const { return openSheet; }
 
-    const std::string& sheetTitle() const { return title; }
+    std::string sheetTitle() const;
 
     /// The help's paragraphs in rows that fit; an empty row lies between two paragraphs.
     const std::vector<std::string>& sheetRows() const { return rows; }
 
     /// Code of the program's language ("de").
-    const std::string& language() const { return texts.language; }
+    const std::string& language() const { return code; }
 
 private:
-    void changed() { changes++; }
+    template <typename T>
+    void assign(T& field, const T& value);
+    void lookAgain();
 
-    bool isAtRest() const;
-    bool isOnSheet(int32_t x, int32_t y) const;
-    void closeSheet();
-    void layOutLine();
-    void layOutHelp();
+    bool isRecordingScreen() const;
+    StripWish chosen(const StripButton& button);
     std::string lineWithoutMessage() const;
-    std::string microphoneInWords() const;
-    const StripButton* buttonAt(const std::vector<StripButton>& all, int32_t x, int32_t y) const;
+    int32_t lineWidthPx() const;
+
+    std::string word(StripText id) const { return StripTexts::text(id, code); }
+
     void addHeads(std::vector<StripButton>& all) const;
     void addKeys(std::vector<StripButton>& all) const;
     void addSheet(std::vector<StripButton>& all) const;
+    void addChoices(std::vector<StripButton>& all) const;
+    const char* hintOf(const StripWish& wish) const;
 
-    TextWidth widthOf;
-    ScreenTexts texts;
+    TextRows::Width widthOf;
+    std::string code;    // of the language
+    std::string screen;  // its name
+    bool questioned = false;
     int32_t effect = 0;
     bool canSave = false;
+    bool canOpen = false;
     bool hasLastTake = false;
     std::vector<std::string> effectNames;
     std::vector<std::string> microphones;
     int32_t microphone = StripWish::kSystemsChoice;
     std::string microphoneName;
 
-    bool recording = false;
     LevelMeter::Reading reading;
     int32_t seconds = 0;
     bool mute = false;
 
     StripMessages messages;
-    std::string pointedName;
+    std::string hint;  // of what the mouse points at
     std::vector<std::string> shownLines;
     bool telling = false;
 
     Sheet openSheet = Sheet::kNone;
-    std::string title;
+    int32_t firstChoice = 0;  // of the list
     std::vector<std::string> paragraphs;
     std::vector<std::string> rows;
 

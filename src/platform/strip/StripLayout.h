@@ -1,0 +1,66 @@
+// Where things stand on the strip and on its sheet, in pixels of the program.
+#pragma once
+
+#include "ScreenTexts.h"
+
+#include <cstdint>
+
+class StripLayout {
+public:
+    static constexpr int32_t kWidthPx = 240;
+    static constexpr int32_t kHeightPx = 80;
+    static constexpr int32_t kSheetHeightPx = 320;
+
+    static constexpr int32_t kMarginPx = 6;  // of texts, left and right
+
+    // The row of text, which grows down over the heads.
+    static constexpr int32_t kLineTopPx = 0;
+    static constexpr int32_t kLineHeightPx = 16;
+    static constexpr int32_t kMaxLines = 3;
+    static constexpr int32_t kSecondsWidthPx = 34;  // kept free at its right end while recording
+    static constexpr int32_t kActionPadPx = 5;      // on both sides of the word
+
+    // Heads, or the level while recording.
+    static constexpr int32_t kHeadsTopPx = 17;
+    static constexpr int32_t kHeadWidthPx = 30;
+    static constexpr int32_t kHeadHeightPx = 31;
+    static constexpr int32_t kHeadPicturePx = 28;
+
+    // Buttons: an icon above its word.
+    static constexpr int32_t kKeys = 5;
+    static constexpr int32_t kKeysTopPx = 49;
+    static constexpr int32_t kKeyWidthPx = 48;
+    static constexpr int32_t kKeyHeightPx = 31;
+    static constexpr int32_t kIconPx = 16;
+    static constexpr int32_t kIconTopPx = kKeysTopPx + 1;
+    static constexpr int32_t kWordTopPx = kKeysTopPx + 17;
+    static constexpr int32_t kWordWidthPx = kKeyWidthPx - 2;
+
+    // The sheet, counted from its own top.
+    static constexpr int32_t kTitleTopPx = 8;
+    static constexpr int32_t kRowsTopPx = 34;
+    static constexpr int32_t kChoiceHeightPx = 25;
+    static constexpr int32_t kMaxChoices = 10;
+    static constexpr int32_t kTextRowHeightPx = 16;
+    static constexpr int32_t kParagraphGapPx = 7;  // height of an empty row
+    static constexpr int32_t kSheetMarginPx = 10;
+    static constexpr int32_t kSheetTextPx = kWidthPx - 2 * kSheetMarginPx;
+    static constexpr int32_t kCloseHeightPx = 32;  // of the row at the lower edge that closes it
+
+    static constexpr ScreenPlace head(int32_t index) {
+        return {index * kHeadWidthPx, kHeadsTopPx, kHeadWidthPx, kHeadHeightPx};
+    }
+
+    static constexpr ScreenPlace keyOf(int32_t index) {
+        return {index * kKeyWidthPx, kKeysTopPx, kKeyWidthPx, kKeyHeightPx};
+    }
+
+    /// A row of the list on the sheet, counted from the strip's top.
+    static constexpr ScreenPlace choice(int32_t index) {
+        return {0, kHeightPx + kRowsTopPx + index * kChoiceHeightPx, kWidthPx, kChoiceHeightPx};
+    }
+
+    static constexpr ScreenPlace close() {
+        return {0, kHeightPx + kSheetHeightPx - kCloseHeightPx, kWidthPx, kCloseHeightPx};
+    }
+};

@@ -1,0 +1,79 @@
+#include "TextRows.h"
+
+namespace {
+
+constexpr const char* kEllipsis = "\u2026";
+
+bool isInsideCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// Where the character after the one at this place begins.
+size_t after(const std::string& text, size_t at) {
+    at++;
+    while (at < text.size() && isInsideCharacter(text[at])) {
+        at++;
+    }
+    return at;
+}
+
+/// The longest beginning of the text that is no wider than the row, at least one character.
+size_t fitting(const std::string& text, int32_t widthPx, const TextRows::Width& widthOf) {
+    size_t end = after(text, 0);
+    while (end < text.size() && widthOf(text.substr(0, after(text, end))) <= widthPx) {
+        end = after(text, end);
+    }
+    return end;
+}
+
+/// Where a row that may reach to the end given is to be broken.
+size_t breakBefore(const std::string& text, size_t end) {
+    for (size_t at = end; at > 0; at--) {
+        const bool isSpace = at < text.size() && text[at] == ' ';
+        if (isSpace || (text[at - 1] == '/' && at > 1)) {
+            return at;
+        }
+    }
+    return end;
+}
+
+std::string withoutSpaces(const std::string& text) {
+    const size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? "" : text.substr(first);
+}
+
+}  // namespace
+
+std::vector<std::string>
+TextRows::wrap(const std::string& text, int32_t widthPx, size_t maxRows, const Width& widthOf) {
+    std::vector<std::string> rows;
+    std::string rest = withoutSpaces(text);
+    while (!rest.empty()) {
+        if (widthOf(rest) <= widthPx) {
+            rows.push_back(rest);
+            break;
+        }
+        if (rows.size() + 1 == maxRows) {
+            rows.push_back(cut(rest, widthPx, widthOf));
+            break;
+        }
+        const size_t end = breakBefore(rest, fitting(rest, widthPx, widthOf));
+        rows.push_back(rest.substr(0, end));
+        rest = withoutSpaces(rest.substr(end));
+    }
+    return rows;
+}
+
+std::string TextRows::cut(const std::string& text, int32_t widthPx, const Width& widthOf) {
+    if (text.empty() || widthOf(text) <= widthPx) {
+        return text;
+    }
+    size_t end = fitting(text, widthPx, widthOf);
+    while (end > 1 && widthOf(text.substr(0, end) + kEllipsis) > widthPx) {
+        end--;
+        while (end > 1 && isInsideCharacter(text[end])) {
+            end--;
+        }
+    }
+    return text.substr(0, end) + kEllipsis;
+}

@@ -1,0 +1,23 @@
+// Breaks a text into rows of a given width.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+class TextRows {
+public:
+    /// Width of a UTF-8 text in pixels.
+    using Width = std::function<int32_t(const std::string& utf8)>;
+
+    /// Breaks at spaces and after slashes, so that paths stay readable; a part that is wider than a
+    /// row is cut where the row ends. What does not fit into the last row ends in an ellipsis.
+    /// @param maxRows  at least 1
+    static std::vector<std::string>
+    wrap(const std::string& text, int32_t widthPx, size_t maxRows, const Width& widthOf);
+
+    /// The text, or its beginning with an ellipsis, no wider than a row.
+    static std::string cut(const std::string& text, int32_t widthPx, const Width& widthOf);
+};

@@ -1,0 +1,54 @@
+#include "TextRows.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+/// Every character is one pixel wide.
+int32_t widthOf(const std::string& utf8) {
+    int32_t width = 0;
+    for (const char byte : utf8) {
+        width += (static_cast<unsigned char>(byte) & 0xC0) == 0x80 ? 0 : 1;
+    }
+    return width;
+}
+
+Rows wrap(const std::string& text, int32_t width, size_t maxRows) {
+    return TextRows::wrap(text, width, maxRows, widthOf);
+}
+
+}  // namespace
+
+TEST(TextRows, aTextThatFitsIsOneRow) {
+    EXPECT_EQ(Rows{"one two"}, wrap("one two", 7, 3));
+    EXPECT_EQ(Rows{}, wrap("", 7, 3));
+    EXPECT_EQ(Rows{}, wrap("  ", 7, 3));
+}
+
+TEST(TextRows, rowsBreakAtSpaces) {
+    EXPECT_EQ((Rows{"one two", "three"}), wrap("one two three", 8, 3));
+    EXPECT_EQ((Rows{"one two", "three"}), wrap("one two three", 7, 3));
+}
+
+TEST(TextRows, pathsBreakAfterTheirSlashes) {
+    EXPECT_EQ((Rows{"Saved: ~/Music/", "rec.wav"}), wrap("Saved: ~/Music/rec.wav", 17, 3));
+}
+
+TEST(TextRows, aWordTooLongIsCutWhereTheRowEnds) {
+    EXPECT_EQ((Rows{"abcde", "fgh"}), wrap("abcdefgh", 5, 3));
+    EXPECT_EQ((Rows{"äöü", "äöü"}), wrap("äöüäöü", 3, 3));
+}
+
+TEST(TextRows, whatDoesNotFitEndsInAnEllipsis) {
+    EXPECT_EQ((Rows{"one", "two…"}), wrap("one two three four", 4, 2));
+    EXPECT_EQ((Rows{"äö…"}), wrap("äöüäöü", 3, 1));
+}
+
+TEST(TextRows, aRowOfNoWidthStillTakesACharacter) {
+    EXPECT_EQ((Rows{"a", "b"}), wrap("ab", 0, 3));
+}
