@@ -11,6 +11,7 @@
 #include "Orm.h"
 #include "OrmCanvas.h"
 #include "OspGraphics.h"
+#include "Play.h"
 #include "PngEncoder.h"
 #include "Recording.h"
 #include "Save.h"
@@ -180,8 +181,12 @@ bool GameInterface::stopRecording() {
     return offered && navigate(HostKey::kMiddle);
 }
 
+bool GameInterface::canSave() {
+    return isAtRest() && FileOps::exists(G::takePath());
+}
+
 bool GameInterface::saveSound() {
-    if (!isAtRest() || !FileOps::exists(G::takePath())) {
+    if (!canSave()) {
         return false;
     }
     State::setState(G::stateSave, true, true);
@@ -194,6 +199,18 @@ bool GameInterface::useSound(const int16_t* samples, int32_t count) {
     }
     TakeJob::use(samples, count);
     return true;
+}
+
+bool GameInterface::showEffect(int32_t index) {
+    if (!isAtRest() || State::currState != G::statePlay || index < 0 || index >= length(G::fxs)) {
+        return false;
+    }
+    Play::show(index);
+    return true;
+}
+
+std::vector<std::string> GameInterface::effectNames() {
+    return TextsReader::effectNames();
 }
 
 /// While the question stands the canvas takes nothing but a touch on the soft keys: so a soft key

@@ -51,7 +51,13 @@ private:
     static bool answerByKey(HostKey key);
     bool stopRecording() override;
     bool saveSound() override;
+    bool canSave() override;
     bool useSound(const int16_t* samples, int32_t count) override;
+
+    bool canUseSound() override { return isAtRest(); }
+
+    bool showEffect(int32_t index) override;
+    std::vector<std::string> effectNames() override;
     int32_t savedCount() override;
     std::string savedName() override;
     std::vector<uint8_t> canvasPng() override;

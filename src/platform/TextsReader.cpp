@@ -91,3 +91,11 @@ ScreenTexts TextsReader::read() {
     }
     return texts;
 }
+
+std::vector<std::string> TextsReader::effectNames() {
+    std::vector<std::string> names;
+    for (int32_t i = 0; i < length(G::fxs); i++) {
+        names.push_back(textOf(G::fxs[i]->name));
+    }
+    return names;
+}

@@ -86,6 +86,13 @@ protected:
         return {first, first + ptrdiff_t{480} * 64};
     }
 
+    /// The canvas once a slide has come to its end.
+    std::vector<uint8_t> settledPicture() {
+        host.nowMs += 1000;
+        tick();
+        return host.doors->canvasPng();
+    }
+
     void touch(int32_t x, int32_t y) {
         game->OnPointerPressed(2 * x, 2 * y + 160);
         game->OnPointerReleased(2 * x, 2 * y + 160);
@@ -525,4 +532,52 @@ TEST_F(GameInterfaceTest, thereAreNoTextsAfterTheEnd) {
     game->AppQuit();
     EXPECT_EQ("", host.doors->texts().screen);
     EXPECT_EQ("", host.doors->texts().language);
+}
+
+TEST_F(GameInterfaceTest, aHeadTurnsToItsEffectAsTheArrowsDo) {
+    use(Samples(400, 5));
+    tick();
+    ASSERT_EQ("Play", host.doors->screenName());
+    for (const int32_t effect : {5, 7, 0, 0, 3}) {
+        EXPECT_TRUE(host.doors->showEffect(effect));
+        EXPECT_EQ(effect, host.doors->currentEffect());
+    }
+    const std::vector<uint8_t> byHead = settledPicture();
+    host.doors->navigate(HostKey::kLeft);
+    tick();
+    host.doors->navigate(HostKey::kRight);
+    tick();
+    EXPECT_EQ(3, host.doors->currentEffect());
+    EXPECT_EQ(settledPicture(), byHead);
+}
+
+TEST_F(GameInterfaceTest, aHeadTurnsToItsEffectInTheChoiceOfTheEffectOnly) {
+    EXPECT_FALSE(host.doors->showEffect(1));
+    use(Samples(400, 5));
+    EXPECT_FALSE(host.doors->showEffect(1));  // the take is being worked on
+    tick();
+    EXPECT_FALSE(host.doors->showEffect(-1));
+    EXPECT_FALSE(host.doors->showEffect(8));
+    EXPECT_EQ(0, host.doors->currentEffect());
+    host.silent = true;
+    SilentQuestion::resume();
+    EXPECT_FALSE(host.doors->showEffect(1));
+}
+
+TEST_F(GameInterfaceTest, whatIsOfferedIsWhatTheDoorsDo) {
+    EXPECT_TRUE(host.doors->canUseSound());
+    EXPECT_FALSE(host.doors->canSave());
+    use(Samples(400, 5));
+    EXPECT_FALSE(host.doors->canUseSound());
+    EXPECT_FALSE(host.doors->canSave());
+    tick();
+    EXPECT_TRUE(host.doors->canUseSound());
+    EXPECT_TRUE(host.doors->canSave());
+}
+
+TEST_F(GameInterfaceTest, theEffectsAreNamedInTheProgramsLanguage) {
+    const std::vector<std::string> english = host.doors->effectNames();
+    ASSERT_EQ(8U, english.size());
+    Res::setCurrLangIndex(1);
+    EXPECT_NE(english, host.doors->effectNames());
 }

@@ -57,9 +57,25 @@ void Play::onEvent(Event* event) {
 }
 
 void Play::turn(bool left) {
+    beginTurn();
+    Scroller::scroll(left);
+    endTurn();
+}
+
+void Play::show(int32_t index) {
+    if (index != G::getCurrFx()) {
+        beginTurn();
+        Scroller::scrollTo(index);
+        endTurn();
+    }
+}
+
+void Play::beginTurn() {
     dropKeyEvents();
     Orm::unschedule(Orm::EV_T_UPDATE, nullptr);
-    Scroller::scroll(left);
+}
+
+void Play::endTurn() {
     Scroller::startSlide(System::currentTimeMillis());
     Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, kSlideFrameMs);
 }

@@ -9,9 +9,15 @@ public:
 
     void onEvent(Event* event) override;
 
+    /// Turns to any effect, as left and right turn to the next one; only while this screen is
+    /// current.
+    static void show(int32_t index);
+
 private:
     static void paintAll();
     static void turn(bool left);
+    static void beginTurn();
+    static void endTurn();
     static void slide();
     static void touch(Event* event);
     void play();

@@ -90,9 +90,13 @@ void Scroller::copyPicture(int32_t fxIndex, int32_t atPx) {
 }
 
 void Scroller::initScroll(bool toTheLeft) {
+    prepare(toTheLeft, (G::getCurrFx() + (toTheLeft ? numFxs - 1 : 1)) % numFxs);
+}
+
+void Scroller::prepare(bool toTheLeft, int32_t next) {
     left = toTheLeft;
     cFxIndex = G::getCurrFx();
-    nFxIndex = (cFxIndex + (left ? numFxs - 1 : 1)) % numFxs;
+    nFxIndex = next;
     Res::getImage(scrollImgId)->set(0U);
     copyPicture(left ? nFxIndex : cFxIndex, kFirstPx);
     copyPicture(left ? cFxIndex : nFxIndex, kSecondPx);
@@ -105,6 +109,15 @@ void Scroller::paintHeader() {
 
 void Scroller::scroll(bool toTheLeft) {
     initScroll(toTheLeft);
+    turn();
+}
+
+void Scroller::scrollTo(int32_t index) {
+    prepare(index < G::getCurrFx(), index);
+    turn();
+}
+
+void Scroller::turn() {
     Header::set(true, true, left, !left);
     paintHeader();
     for (const int32_t progress : {0, kDoneQ10 / 2, kDoneQ10}) {

@@ -24,6 +24,10 @@ public:
     /// Turns to the previous (left) or the next effect.
     static void scroll(bool left);
 
+    /// Turns to any effect in one slide, from the left to one that stands before the current one.
+    /// @param index  an effect, not the current one
+    static void scrollTo(int32_t index);
+
     /// The current effect's picture.
     static void paint(bool withBg);
 
@@ -48,6 +52,8 @@ public:
 
 private:
     static void coverEffects();
+    static void prepare(bool left, int32_t next);
+    static void turn();
     static void copyPicture(int32_t fxIndex, int32_t atPx);
     static void expandRow(const AppImage* strip, int32_t row, int32_t firstColumn);
     static void paintHeader();
