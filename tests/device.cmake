@@ -14,7 +14,9 @@ murmelo_tests(device_tests
 murmelo_tests(strip_tests
     SOURCES
         platform/host/LevelMeter_test.cpp
+        platform/strip/StripFrame_test.cpp
         platform/strip/StripModel_test.cpp
+        platform/strip/StripPainter_test.cpp
         platform/strip/StripTexts_test.cpp
         platform/strip/TextRows_test.cpp
     LINK murmelo_strip)

@@ -13,6 +13,17 @@ if(MURMELO_TOOLS)
         math(EXPR index "${index} + 1")
     endforeach()
 
+    add_executable(strip-states flows/strip.cpp)
+    target_link_libraries(strip-states PRIVATE
+        murmelo_tests_support murmelo_strip murmelo_headless_host)
+    foreach(language ${languages})
+        add_test(NAME strip_${language}
+            COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/strip.sh
+                $<TARGET_FILE:strip-states> $<TARGET_FILE:murmelo-sheet>
+                ${language} ${CMAKE_CURRENT_SOURCE_DIR}/data/strip/${language}.png)
+        set_tests_properties(strip_${language} PROPERTIES TIMEOUT 1500)
+    endforeach()
+
     add_executable(screen-messages flows/messages.cpp app/common/screens/ScreensTest.cpp)
     target_include_directories(screen-messages PRIVATE app/common/screens)
     target_link_libraries(screen-messages PRIVATE

@@ -39,6 +39,8 @@ bool FileMicrophone::start(HostMicrophoneListener& newListener) {
     hearing = voice;
     startMs = nowMs();
     taken = 0;
+    meter.begin();
+    metered = 0;
     return true;
 }
 
@@ -86,4 +88,14 @@ int32_t FileMicrophone::take(int16_t* samples, int32_t count) {
     std::fill(samples + fromVoice, samples + ready, int16_t{0});
     taken += ready;
     return ready;
+}
+
+bool FileMicrophone::readLevel(LevelMeter::Reading& reading) {
+    const auto size = static_cast<int64_t>(hearing.size());
+    for (const int64_t end = heard(); metered < end; metered++) {
+        const int16_t sample = metered < size ? hearing[static_cast<size_t>(metered)] : int16_t{0};
+        meter.add(&sample, 1);
+    }
+    reading = meter.read();
+    return true;
 }

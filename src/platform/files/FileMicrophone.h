@@ -40,6 +40,8 @@ public:
     void stop() override;
     int32_t take(int16_t* samples, int32_t count) override;
 
+    bool readLevel(LevelMeter::Reading& reading) override;
+
     /// True from the loss of the device until the next start() or stop().
     bool isLost() const { return lost; }
 
@@ -59,4 +61,6 @@ private:
     int64_t taken = 0;
     int64_t heardAtStop = 0;
     bool lost = false;
+    LevelMeter meter;
+    int64_t metered = 0;  // samples of this recording that the meter has
 };

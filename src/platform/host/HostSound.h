@@ -4,6 +4,8 @@
 // Host::pump(), which calls the listener; nothing is called once its object was told to stop.
 #pragma once
 
+#include "LevelMeter.h"
+
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -52,6 +54,10 @@ public:
 
     /// Moves up to count of the oldest samples out; returns how many.
     virtual int32_t take(int16_t* samples, int32_t count) = 0;
+
+    /// How loud it is, taken as the device hears, not as the program takes the samples. Holds from
+    /// start() until the next start(). False if the microphone does not know.
+    virtual bool readLevel(LevelMeter::Reading& /*reading*/) { return false; }
 };
 
 struct HostClip {

@@ -20,6 +20,7 @@ constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 struct SdlMicrophone::Heard {
     std::mutex mutex;
     std::deque<int16_t> samples;
+    LevelMeter meter;
     size_t wanted = 0;  // the event thread is roused when as many wait; 0: let it sleep
     bool open = true;
     Wake wake;
@@ -67,7 +68,11 @@ void SdlMicrophone::onHeard(void* heardState, uint8_t* bytes, int byteCount) {
     bool enough = false;
     {
         const std::lock_guard<std::mutex> lock(heard->mutex);
-        if (!heard->open || heard->samples.size() + count > kMaxSamples) {
+        if (!heard->open) {
+            return;
+        }
+        heard->meter.add(samples, static_cast<int32_t>(count));
+        if (heard->samples.size() + count > kMaxSamples) {
             return;
         }
         heard->samples.insert(heard->samples.end(), samples, samples + count);
@@ -135,4 +140,13 @@ int32_t SdlMicrophone::take(int16_t* samples, int32_t count) {
     std::copy_n(heard->samples.begin(), taken, samples);
     heard->samples.erase(heard->samples.begin(), heard->samples.begin() + taken);
     return taken;
+}
+
+bool SdlMicrophone::readLevel(LevelMeter::Reading& reading) {
+    if (heard == nullptr) {
+        return false;
+    }
+    const std::lock_guard<std::mutex> lock(heard->mutex);
+    reading = heard->meter.read();
+    return true;
 }

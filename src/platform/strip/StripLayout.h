@@ -16,6 +16,7 @@ public:
     // The row of text, which grows down over the heads.
     static constexpr int32_t kLineTopPx = 0;
     static constexpr int32_t kLineHeightPx = 16;
+    static constexpr int32_t kLinePx = kWidthPx - 2 * kMarginPx;
     static constexpr int32_t kMaxLines = 3;
     static constexpr int32_t kSecondsWidthPx = 34;  // kept free at its right end while recording
     static constexpr int32_t kActionPadPx = 5;      // on both sides of the word
@@ -23,12 +24,12 @@ public:
     // Heads, or the level while recording.
     static constexpr int32_t kHeadsTopPx = 17;
     static constexpr int32_t kHeadWidthPx = 30;
-    static constexpr int32_t kHeadHeightPx = 31;
+    static constexpr int32_t kHeadHeightPx = 30;
     static constexpr int32_t kHeadPicturePx = 28;
 
     // Buttons: an icon above its word.
     static constexpr int32_t kKeys = 5;
-    static constexpr int32_t kKeysTopPx = 49;
+    static constexpr int32_t kKeysTopPx = 48;
     static constexpr int32_t kKeyWidthPx = 48;
     static constexpr int32_t kKeyHeightPx = 31;
     static constexpr int32_t kIconPx = 16;

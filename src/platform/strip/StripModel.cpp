@@ -64,12 +64,14 @@ void StripModel::lookAgain() {
     const StripMessages::Message* message = messages.shown();
     const std::string line = message != nullptr ? message->text : lineWithoutMessage();
     telling = message != nullptr || (showsLevel() && mute);
-    shownLines = TextRows::wrap(line, lineWidthPx(), telling ? StripLayout::kMaxLines : 1, widthOf);
+    shownLines = TextRows::wrap(line, firstLinePx(), StripLayout::kLinePx,
+                                telling ? StripLayout::kMaxLines : 1, widthOf);
     rows.clear();
     if (openSheet == Sheet::kHelp) {
         for (const std::string& paragraph : paragraphs) {
             const std::vector<std::string> more =
-                TextRows::wrap(paragraph, StripLayout::kSheetTextPx, paragraph.size(), widthOf);
+                TextRows::wrap(paragraph, StripLayout::kSheetTextPx, StripLayout::kSheetTextPx,
+                               paragraph.size(), widthOf);
             if (!rows.empty()) {
                 rows.emplace_back();
             }
@@ -180,8 +182,9 @@ std::string StripModel::lineWithoutMessage() const {
     return showsLevel() || screen == "Record" ? microphoneName : "";
 }
 
-int32_t StripModel::lineWidthPx() const {
-    int32_t width = StripLayout::kWidthPx - 2 * StripLayout::kMarginPx;
+/// Seconds and action stand at the right end of the first row.
+int32_t StripModel::firstLinePx() const {
+    int32_t width = StripLayout::kLinePx;
     if (showsLevel()) {
         width -= StripLayout::kSecondsWidthPx;
     }

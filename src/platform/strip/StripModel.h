@@ -145,7 +145,7 @@ private:
     bool isRecordingScreen() const;
     StripWish chosen(const StripButton& button);
     std::string lineWithoutMessage() const;
-    int32_t lineWidthPx() const;
+    int32_t firstLinePx() const;
 
     std::string word(StripText id) const { return StripTexts::text(id, code); }
 

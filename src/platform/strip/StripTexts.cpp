@@ -35,11 +35,11 @@ constexpr Row kRows[] = {
     Row{T::kHeardNothingFrom, "I heard nothing from “%1”", "Ich habe nichts von „%1“ gehört", "No he oído nada de «%1»", "Je n’ai rien entendu de « %1 »", "Non ho sentito nulla da «%1»"},
     Row{T::kHeardNothing, "I heard nothing. Is the microphone switched off?", "Ich habe nichts gehört. Ist das Mikrofon ausgeschaltet?", "No he oído nada. ¿Está apagado el micrófono?", "Je n’ai rien entendu. Le microphone est-il coupé ?", "Non ho sentito nulla. Il microfono è spento?"},
     Row{T::kSystemsChoice, "The system’s choice", "Wahl des Systems", "La elección del sistema", "Le choix du système", "La scelta del sistema"},
-    Row{T::kMore, "More …", "Mehr …", "Más …", "Plus …", "Altri …"},
+    Row{T::kMore, "More", "Mehr", "Más", "Suite", "Altri"},
     Row{T::kChooseMicrophone, "Which microphone?", "Welches Mikrofon?", "¿Qué micrófono?", "Quel microphone ?", "Quale microfono?"},
     Row{T::kMicrophoneUsed, "Recording from “%1”", "Aufgenommen wird mit „%1“", "Se graba con «%1»", "Enregistrement avec « %1 »", "Si registra con «%1»"},
     Row{T::kMicrophoneMissing, "“%1” is not there. The system’s choice is used", "„%1“ ist nicht da. Verwendet wird die Wahl des Systems", "«%1» no está. Se usa la elección del sistema", "« %1 » n’est pas là. Le choix du système est utilisé", "«%1» non c’è. Si usa la scelta del sistema"},
-    Row{T::kDeviceLost, "“%1” is gone. What it heard until then is kept", "„%1“ ist weg. Was bis dahin zu hören war, bleibt erhalten", "«%1» ha desaparecido. Lo que oyó hasta entonces se conserva", "« %1 » a disparu. Ce qu’il a entendu jusque-là est conservé", "«%1» non c’è più. Ciò che ha sentito fino ad allora resta"},
+    Row{T::kDeviceLost, "“%1” is gone. What it heard until then is kept", "„%1“ ist weg. Was bis dahin zu hören war, bleibt erhalten", "«%1» ha desaparecido. Lo oído hasta entonces se conserva", "« %1 » a disparu. Ce qu’il a entendu jusque-là est conservé", "«%1» non c’è più. Ciò che ha sentito fino ad allora resta"},
     Row{T::kDeviceFound, "“%1” is back", "„%1“ ist wieder da", "«%1» ha vuelto", "« %1 » est de retour", "«%1» è tornato"},
     Row{T::kSaved, "Saved: %1", "Gesichert: %1", "Guardado: %1", "Sauvé : %1", "Salvato: %1"},
     Row{T::kPicture, "Picture: %1", "Bild: %1", "Imagen: %1", "Image : %1", "Immagine: %1"},
@@ -51,7 +51,7 @@ constexpr Row kRows[] = {
     Row{T::kHelpKeys, "R records and stops, P plays and stops, 1 to 8 choose the effect, arrows and Enter do all this too.", "R nimmt auf und hält an, P spielt und hält an, 1 bis 8 wählen den Effekt, Pfeile und Eingabe können das auch.", "R graba y para, P reproduce y para, del 1 al 8 se elige el efecto; las flechas e Intro hacen lo mismo.", "R enregistre et arrête, P lit et arrête, 1 à 8 choisissent l’effet ; flèches et Entrée font de même.", "R registra e ferma, P riproduce e ferma, da 1 a 8 si sceglie l’effetto; anche frecce e Invio fanno tutto ciò."},
     Row{T::kHelpMoreKeys, "S saves, O opens a sound file, M chooses the microphone, F12 takes a picture, F11 fills the screen, Esc goes back, Ctrl+Q ends.", "S sichert, O öffnet eine Klangdatei, M wählt das Mikrofon, F12 macht ein Bild, F11 füllt den Bildschirm, Esc geht zurück, Strg+Q beendet.", "S guarda, O abre un archivo de sonido, M elige el micrófono, F12 hace una imagen, F11 llena la pantalla, Esc vuelve, Ctrl+Q termina.", "S sauve, O ouvre un fichier son, M choisit le microphone, F12 prend une image, F11 remplit l’écran, Échap revient, Ctrl+Q termine.", "S salva, O apre un file audio, M sceglie il microfono, F12 fa un’immagine, F11 riempie lo schermo, Esc torna indietro, Ctrl+Q termina."},
     Row{T::kHelpPlace, "Your sounds lie in %1", "Ihre Klänge liegen in %1", "Tus sonidos están en %1", "Vos sons sont dans %1", "I tuoi suoni sono in %1"},
-    Row{T::kHelpTake, "Nothing leaves this device.", "Nichts verlässt dieses Gerät.", "Nada sale de este dispositivo.", "Rien ne quitte cet appareil.", "Nulla lascia questo dispositivo."},
+    Row{T::kHelpPrivate, "Nothing leaves this device.", "Nichts verlässt dieses Gerät.", "Nada sale de este dispositivo.", "Rien ne quitte cet appareil.", "Nulla lascia questo dispositivo."},
 };
 
 // clang-format on

@@ -42,7 +42,7 @@ enum class StripText {
     kHelpKeys,
     kHelpMoreKeys,
     kHelpPlace,
-    kHelpTake,
+    kHelpPrivate,
     kCount,
 };
 

@@ -44,20 +44,24 @@ std::string withoutSpaces(const std::string& text) {
 
 }  // namespace
 
-std::vector<std::string>
-TextRows::wrap(const std::string& text, int32_t widthPx, size_t maxRows, const Width& widthOf) {
+std::vector<std::string> TextRows::wrap(const std::string& text,
+                                        int32_t firstPx,
+                                        int32_t widthPx,
+                                        size_t maxRows,
+                                        const Width& widthOf) {
     std::vector<std::string> rows;
     std::string rest = withoutSpaces(text);
     while (!rest.empty()) {
-        if (widthOf(rest) <= widthPx) {
+        const int32_t rowPx = rows.empty() ? firstPx : widthPx;
+        if (widthOf(rest) <= rowPx) {
             rows.push_back(rest);
             break;
         }
         if (rows.size() + 1 == maxRows) {
-            rows.push_back(cut(rest, widthPx, widthOf));
+            rows.push_back(cut(rest, rowPx, widthOf));
             break;
         }
-        const size_t end = breakBefore(rest, fitting(rest, widthPx, widthOf));
+        const size_t end = breakBefore(rest, fitting(rest, rowPx, widthOf));
         rows.push_back(rest.substr(0, end));
         rest = withoutSpaces(rest.substr(end));
     }

@@ -14,9 +14,13 @@ public:
 
     /// Breaks at spaces and after slashes, so that paths stay readable; a part that is wider than a
     /// row is cut where the row ends. What does not fit into the last row ends in an ellipsis.
+    /// @param firstPx  width of the first row, beside which something may stand
     /// @param maxRows  at least 1
-    static std::vector<std::string>
-    wrap(const std::string& text, int32_t widthPx, size_t maxRows, const Width& widthOf);
+    static std::vector<std::string> wrap(const std::string& text,
+                                         int32_t firstPx,
+                                         int32_t widthPx,
+                                         size_t maxRows,
+                                         const Width& widthOf);
 
     /// The text, or its beginning with an ellipsis, no wider than a row.
     static std::string cut(const std::string& text, int32_t widthPx, const Width& widthOf);

@@ -107,11 +107,11 @@ TEST(StripModel, theFiveButtonsFillTheLowestRows) {
     StripModel model = on("Play");
     const Kind kinds[] = {Kind::kSave, Kind::kOpen, Kind::kMicrophones, Kind::kSounds, Kind::kHelp};
     for (int32_t i = 0; i < 5; i++) {
-        EXPECT_EQ(kinds[i], model.tap(i * 48, 49).kind) << i;
-        EXPECT_EQ(kinds[i], model.tap(i * 48 + 47, 79).kind) << i;
+        EXPECT_EQ(kinds[i], model.tap(i * 48, 48).kind) << i;
+        EXPECT_EQ(kinds[i], model.tap(i * 48 + 47, 78).kind) << i;
     }
-    EXPECT_EQ(StripWish(), model.tap(0, 48));
-    EXPECT_EQ(StripWish(), model.tap(0, 80));
+    EXPECT_EQ(StripWish(), model.tap(0, 16));
+    EXPECT_EQ(StripWish(), model.tap(0, 79));
     EXPECT_EQ(StripWish(), model.tap(-1, 60));
     EXPECT_EQ(StripWish(), model.tap(240, 60));
 }

@@ -19,7 +19,7 @@ int32_t widthOf(const std::string& utf8) {
 }
 
 Rows wrap(const std::string& text, int32_t width, size_t maxRows) {
-    return TextRows::wrap(text, width, maxRows, widthOf);
+    return TextRows::wrap(text, width, width, maxRows, widthOf);
 }
 
 }  // namespace
@@ -47,6 +47,11 @@ TEST(TextRows, aWordTooLongIsCutWhereTheRowEnds) {
 TEST(TextRows, whatDoesNotFitEndsInAnEllipsis) {
     EXPECT_EQ((Rows{"one", "two…"}), wrap("one two three four", 4, 2));
     EXPECT_EQ((Rows{"äö…"}), wrap("äöüäöü", 3, 1));
+}
+
+TEST(TextRows, theFirstRowMayBeNarrower) {
+    EXPECT_EQ((Rows{"one", "two three", "four"}),
+              TextRows::wrap("one two three four", 5, 9, 3, widthOf));
 }
 
 TEST(TextRows, aRowOfNoWidthStillTakesACharacter) {

@@ -1,0 +1,119 @@
+#include "StripFeed.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int32_t kTakeSeconds = HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
+
+/// Rounded up: the last second counts until it is over.
+int32_t secondsLeft(int32_t heardSamples) {
+    const int32_t left = HostMicrophone::kLongestTakeSamples - heardSamples;
+    const int32_t seconds = (left + HostMicrophone::kRateHz - 1) / HostMicrophone::kRateHz;
+    return seconds > 0 ? seconds : 0;
+}
+
+}  // namespace
+
+void StripFeed::setDoors(HostDoors* offered) {
+    doors = offered;
+    language.clear();
+    recording = false;
+    nextLevelMs = kNever;
+    savedBefore = 0;
+}
+
+void StripFeed::setMicrophoneName(const std::string& name) {
+    microphoneName = name;
+    model.setMicrophoneName(name);
+}
+
+void StripFeed::setSoundFolder(std::string path, std::string shown) {
+    folder = std::move(path);
+    shownFolder = std::move(shown);
+}
+
+void StripFeed::look(int64_t nowMs) {
+    model.tick(nowMs);
+    if (doors != nullptr) {
+        lookAtScreen(nowMs);
+        tellSaved(nowMs);
+    }
+}
+
+int64_t StripFeed::dueMs() const {
+    const int64_t messageMs = model.dueMs();
+    if (!recording || nextLevelMs == kNever) {
+        return messageMs;
+    }
+    return messageMs == kNever || nextLevelMs < messageMs ? nextLevelMs : messageMs;
+}
+
+void StripFeed::lookAtScreen(int64_t nowMs) {
+    const ScreenTexts texts = doors->texts();
+    const bool isRecording = texts.screen == "Recording";
+    if (recording && !isRecording) {
+        endRecording(texts.screen, nowMs);
+    }
+    model.setScreen(texts, doors->currentEffect(), doors->canSave());
+    model.setCanOpen(doors->canUseSound());
+    if (texts.language != language) {
+        language = texts.language;
+        model.setEffectNames(doors->effectNames());
+    }
+    if (isRecording && !recording) {
+        recording = true;
+        heardSamples = 0;
+        lastHeardMs = nowMs;
+        nextLevelMs = nowMs;
+        model.setRecording({}, kTakeSeconds, false);
+    }
+    if (recording && nowMs >= nextLevelMs) {
+        lookAtLevel(nowMs);
+        nextLevelMs = nowMs + kLevelMs;
+    }
+}
+
+void StripFeed::lookAtLevel(int64_t nowMs) {
+    LevelMeter::Reading reading;
+    if (microphone == nullptr || !microphone->readLevel(reading)) {
+        return;
+    }
+    if (reading.heardSamples != heardSamples) {
+        heardSamples = reading.heardSamples;
+        lastHeardMs = nowMs;
+    }
+    model.setRecording(reading, secondsLeft(heardSamples), nowMs - lastHeardMs >= kMuteMs);
+}
+
+/// A take that goes on to be worked on, and holds nothing, is told.
+void StripFeed::endRecording(const std::string& screen, int64_t nowMs) {
+    recording = false;
+    nextLevelMs = kNever;
+    LevelMeter::Reading reading;
+    const bool isTaken = screen == "Process" || screen == "Play";
+    if (!isTaken || microphone == nullptr || !microphone->readLevel(reading) ||
+        reading.hasHeard()) {
+        return;
+    }
+    StripWish choose;
+    choose.kind = StripWish::Kind::kMicrophones;
+    model.tell(microphoneName.empty()
+                   ? StripTexts::text(StripText::kHeardNothing, language)
+                   : StripTexts::sentence(StripText::kHeardNothingFrom, language, {microphoneName}),
+               choose, StripTexts::text(StripText::kChoose, language), nowMs);
+}
+
+void StripFeed::tellSaved(int64_t nowMs) {
+    const int32_t saved = doors->savedCount();
+    if (saved == savedBefore) {
+        return;
+    }
+    savedBefore = saved;
+    const std::string name = "/" + doors->savedName();
+    StripWish show;
+    show.kind = StripWish::Kind::kShowFile;
+    show.path = folder + name;
+    model.tell(StripTexts::sentence(StripText::kSaved, language, {shownFolder + name}), show,
+               StripTexts::text(StripText::kShow, language), nowMs);
+}

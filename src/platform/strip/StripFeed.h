@@ -1,0 +1,68 @@
+// Tells the model what the program shows, what its microphone hears and what it has saved.
+#pragma once
+
+#include "Host.h"
+#include "LevelMeter.h"
+#include "StripModel.h"
+
+#include <cstdint>
+#include <string>
+
+class StripFeed {
+public:
+    static constexpr int64_t kNever = -1;
+
+    /// How often the level is looked at while recording: 15 times a second reads as smooth.
+    static constexpr int64_t kLevelMs = 66;
+
+    /// After so long without a sample the microphone is called mute.
+    static constexpr int64_t kMuteMs = 1000;
+
+    /// @param model  not owned
+    explicit StripFeed(StripModel& model)
+        : model(model) {}
+
+    /// Null: the program has ended.
+    void setDoors(HostDoors* offered);
+
+    /// Whose level is shown; null: none. Not owned.
+    void setMicrophone(HostMicrophone* newest) { microphone = newest; }
+
+    /// What it is called in messages; empty: "the microphone".
+    void setMicrophoneName(const std::string& name);
+
+    /// Where saved sounds lie.
+    /// @param path   the real one, without a trailing "/"
+    /// @param shown  as the user knows it ("~/Music/Murmelo")
+    void setSoundFolder(std::string path, std::string shown);
+
+    const std::string& soundFolder() const { return folder; }
+
+    const std::string& shownSoundFolder() const { return shownFolder; }
+
+    /// Looks at the program and ends messages.
+    void look(int64_t nowMs);
+
+    /// When to look again although the program does nothing; kNever: not before it does.
+    int64_t dueMs() const;
+
+private:
+    void lookAtScreen(int64_t nowMs);
+    void lookAtLevel(int64_t nowMs);
+    void endRecording(const std::string& screen, int64_t nowMs);
+    void tellSaved(int64_t nowMs);
+
+    StripModel& model;
+    HostDoors* doors = nullptr;
+    HostMicrophone* microphone = nullptr;
+    std::string microphoneName;
+    std::string folder;
+    std::string shownFolder;
+    std::string language;
+    int32_t savedBefore = 0;
+
+    bool recording = false;
+    int64_t nextLevelMs = kNever;
+    int32_t heardSamples = 0;
+    int64_t lastHeardMs = 0;
+};

@@ -1,0 +1,90 @@
+#include "StripFrame.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int32_t kWidthPx = StripModel::kWidthPx;
+constexpr int32_t kRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
+constexpr int32_t kStrideBytes = kWidthPx * static_cast<int32_t>(sizeof(uint16_t));
+
+static_assert(HostFrame::kWidthPx == kWidthPx * HostFrame::kCanvasFactor);
+static_assert(HostFrame::kCanvasTopPx == StripModel::kHeightPx * HostFrame::kCanvasFactor);
+static_assert(kRows == StripModel::kHeightPx + StripModel::kSheetHeightPx);
+
+}  // namespace
+
+void StripFrame::begin() {
+    painter = std::make_unique<StripPainter>();
+    model.setTextWidth([this](const std::string& utf8) { return painter->textWidth(utf8); });
+}
+
+void StripFrame::end() {
+    if (painter != nullptr) {
+        model.setTextWidth([](const std::string&) { return 0; });
+        painter.reset();
+    }
+}
+
+void StripFrame::paint() {
+    if (painter == nullptr || painted == model.version()) {
+        return;
+    }
+    picture.resize(static_cast<size_t>(kWidthPx) * kRows);
+    painter->paint(model, picture.data(), kStrideBytes);
+    paintedSheet = model.sheet() != StripModel::Sheet::kNone;
+    if (paintedSheet) {
+        painter->paintSheet(model, picture.data() + kWidthPx * StripModel::kHeightPx, kStrideBytes);
+    }
+    painted = model.version();
+}
+
+void StripFrame::copyRow(uint16_t* to, int32_t y) const {
+    const uint16_t* from = picture.data() + static_cast<size_t>(y / kCanvasFactor) * kWidthPx;
+    for (int32_t x = 0; x < HostFrame::kWidthPx; x++) {
+        to[x] = from[x / kCanvasFactor];
+    }
+}
+
+void StripFrame::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) {
+    if (display != nullptr) {
+        display->composeRows(pixels, strideBytes, rows);
+    }
+    paint();
+    if (picture.empty()) {
+        return;
+    }
+    const int32_t stride = strideBytes / static_cast<int32_t>(sizeof(uint16_t));
+    const int32_t end = paintedSheet ? HostFrame::kHeightPx : kCanvasTopPx;
+    for (int32_t y = 0; y < end; y++) {
+        if (rows.test(static_cast<size_t>(y))) {
+            copyRow(pixels + y * stride, y);
+        }
+    }
+}
+
+HostFrame::Rows StripFrame::takeChanges() {
+    Rows changed = display != nullptr ? display->takeChanges() : Rows();
+    if (painter == nullptr) {
+        return changed;
+    }
+    paint();
+    lookedAt = painted;
+    const bool isAllNew = seen.size() != picture.size();
+    if (paintedSheet != seenSheet) {
+        changed.set();  // the picture comes out from under it, or goes
+    }
+    const int32_t rows = paintedSheet ? kRows : StripModel::kHeightPx;
+    for (int32_t y = 0; y < rows; y++) {
+        const auto at = static_cast<size_t>(y) * kWidthPx;
+        if (isAllNew || !std::equal(picture.begin() + static_cast<std::ptrdiff_t>(at),
+                                    picture.begin() + static_cast<std::ptrdiff_t>(at) + kWidthPx,
+                                    seen.begin() + static_cast<std::ptrdiff_t>(at))) {
+            changed.set(static_cast<size_t>(2 * y));
+            changed.set(static_cast<size_t>(2 * y + 1));
+        }
+    }
+    seen = picture;
+    seenSheet = paintedSheet;
+    return changed;
+}

@@ -1,0 +1,22 @@
+// The pictures and fonts of the strip, read from /Res/ when it is made.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+class AppImage;
+class BitMapFont;
+
+class StripPictures {
+public:
+    StripPictures();
+    StripPictures(const StripPictures&) = delete;
+    StripPictures& operator=(const StripPictures&) = delete;
+    ~StripPictures();
+
+    // Null where a file is missing or no picture.
+    std::unique_ptr<AppImage> heads;  // eight in a row, in the order of the effects
+    std::unique_ptr<AppImage> icons;  // five in a row, in the order of the buttons
+    std::unique_ptr<BitMapFont> font;
+    std::unique_ptr<BitMapFont> titleFont;
+};

@@ -1,0 +1,55 @@
+#include "StripWishes.h"
+
+#include "HostWords.h"
+
+#include <utility>
+
+using Kind = StripWish::Kind;
+
+void StripWishes::on(Kind kind, Handler handler) {
+    handlers[kind] = std::move(handler);
+}
+
+void StripWishes::fulfil(const StripWish& wish, int64_t nowMs) {
+    const auto handler = handlers.find(wish.kind);
+    if (handler != handlers.end()) {
+        handler->second(wish);
+        return;
+    }
+    const std::string& language = model.language();
+    switch (wish.kind) {
+    case Kind::kSave:
+        save(nowMs);
+        break;
+    case Kind::kEffect:
+        if (doors != nullptr) {
+            doors->showEffect(wish.index);
+        }
+        break;
+    case Kind::kMicrophones:
+        model.showMicrophones();
+        break;
+    case Kind::kHelp:
+        model.showHelp(
+            {StripTexts::text(StripText::kHelpKeys, language),
+             StripTexts::text(StripText::kHelpMoreKeys, language),
+             StripTexts::sentence(StripText::kHelpPlace, language, {feed.shownSoundFolder()}),
+             StripTexts::text(StripText::kHelpPrivate, language)});
+        break;
+    case Kind::kOpen:
+        model.tell(StripTexts::text(StripText::kDropHere, language), {}, "", nowMs);
+        break;
+    default:
+        break;
+    }
+}
+
+/// What was saved is told when the program has done it.
+void StripWishes::save(int64_t nowMs) {
+    if (doors != nullptr && doors->saveSound()) {
+        return;
+    }
+    const bool isNothing = doors != nullptr && doors->canUseSound();
+    model.tell(HostWords::text(isNothing ? "nothingToSave" : "notNow", model.language()), {}, "",
+               nowMs);
+}
