@@ -2,7 +2,7 @@
 
 _murmelo_headless() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local options="--home --config --clock-start --silent --list --help --version"
+    local options="--home --config --clock-start --silent --strip --list --help --version"
 
     # bash takes the sign of --home=DIR for a word of its own.
     if [[ $current == = ]]; then

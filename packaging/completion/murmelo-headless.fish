@@ -7,3 +7,4 @@ complete -c murmelo-headless -l home -x -a '(__fish_complete_directories)' -d 'F
 complete -c murmelo-headless -l config -x -a '(__fish_complete_directories)' -d 'Folder of the settings'
 complete -c murmelo-headless -l clock-start -x -d 'Where the clock begins, in milliseconds'
 complete -c murmelo-headless -l silent -d 'The phone is in silent mode'
+complete -c murmelo-headless -l strip -d 'Show the row above the picture'

@@ -34,7 +34,29 @@ void HeadlessHost::yielded() {
     }
 }
 
+void HeadlessHost::showStrip() {
+    strip = std::make_unique<Strip>();
+    strip->feed().setMicrophone(&fileEars);
+    strip->feed().setSoundFolder(mapped.sounds(), mapped.sounds());
+}
+
+void HeadlessHost::setDoors(HostDoors* offered) {
+    doors = offered;
+    if (strip != nullptr) {
+        strip->setDoors(offered);
+    }
+}
+
 bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
+    if (strip == nullptr) {
+        return pumpProgram(listener, timeoutMs);
+    }
+    strip->look(nowMs);
+    StripListener first(*strip, listener, nowMs);
+    return pumpProgram(first, timeoutMs);
+}
+
+bool HeadlessHost::pumpProgram(HostListener& listener, int64_t timeoutMs) {
     yieldsSincePump = 0;
     scriptRun.look();
     if (verdict.isOk() && (fileEars.deliver() || fileVoice.deliver() ||
@@ -54,21 +76,28 @@ int64_t HeadlessHost::longestSleep(int64_t timeoutMs) const {
     return sleepMs;
 }
 
-void HeadlessHost::frameShown(HostFrame* newest) {
+void HeadlessHost::frameShown(HostFrame* phones) {
+    HostFrame* newest = strip != nullptr && phones != nullptr ? strip->frameOver(phones) : phones;
     if (newest == nullptr && frame != nullptr) {
         lastPicture = pictureOf(*frame);  // the display keeps it until the next frame
     }
     frame = newest;
-    if (frame != nullptr && doors != nullptr && frameCheck) {
+    if (phones != nullptr && doors != nullptr && frameCheck) {
         const std::vector<uint16_t> canvas = doors->canvasPixels();
-        if (!canvas.empty() && !frameCheck->isRight(*frame, canvas)) {
+        if (!canvas.empty() && !frameCheck->isRight(*phones, canvas)) {
             verdict.fail(0, "frame " + std::to_string(frameCheck->frames()) +
                                 " shows something else than was painted");
         }
     }
+    if (newest == nullptr && strip != nullptr) {
+        strip->frameOver(nullptr);
+    }
 }
 
 std::vector<uint16_t> HeadlessHost::picture() {
+    if (strip != nullptr) {
+        strip->look(nowMs);
+    }
     return frame != nullptr ? pictureOf(*frame) : lastPicture;
 }
 

@@ -13,8 +13,10 @@
 #include "RunVerdict.h"
 #include "Script.h"
 #include "ScriptRun.h"
+#include "Strip.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,13 +54,17 @@ public:
 
     bool pump(HostListener& listener, int64_t timeoutMs) override;
 
+    /// From now on the display has the strip above its picture, and touches reach it. Before the
+    /// program starts.
+    void showStrip();
+
     void frameShown(HostFrame* newest) override;
 
     HostMicrophone* microphone() override { return &fileEars; }
 
     HostSpeaker* speaker() override { return &fileVoice; }
 
-    void setDoors(HostDoors* offered) override { doors = offered; }
+    void setDoors(HostDoors* offered) override;
 
     /// One line on standard error.
     void say(const std::string& sentence) override;
@@ -99,6 +105,7 @@ public:
     void failNth(const std::string& operation, int64_t n) { failures.failNth(operation, n); }
 
 private:
+    bool pumpProgram(HostListener& listener, int64_t timeoutMs);
     static std::vector<uint16_t> pictureOf(HostFrame& shown);
 
     HostFolders mapped;
@@ -113,6 +120,7 @@ private:
     int64_t cardBytes = -1;
     FailurePlan failures;
 
+    std::unique_ptr<Strip> strip;  // null: the display is the phone's
     HostFrame* frame = nullptr;
     std::vector<uint16_t> lastPicture;  // of a frame that is gone; empty before the first
     HostDoors* doors = nullptr;

@@ -89,6 +89,7 @@ int main(int argc, char** argv) {
     std::string scriptPath;
     int64_t clockStartMs = 0;
     bool silent = false;
+    bool showsStrip = false;
     bool lists = false;
     CLI::App options("Runs Murmelo by a script, without a window and on a virtual clock.");
     options.set_version_flag("--version", "murmelo-headless " MURMELO_VERSION);
@@ -97,6 +98,8 @@ int main(int argc, char** argv) {
     options.add_option("--clock-start", clockStartMs, "Where the clock begins")->type_name("MS");
     options.add_flag("--silent", silent,
                      "The phone is in silent mode and asks before anything is played");
+    options.add_flag("--strip", showsStrip,
+                     "Show the host's own row in the band above the picture; touches reach it");
     CLI::Option* script =
         options.add_option("script", scriptPath, "The script; - is standard input")->required();
     options.add_flag_callback(
@@ -136,6 +139,9 @@ int main(int argc, char** argv) {
     }
 
     HeadlessHost host(folders, commands, clockStartMs, silent);
+    if (showsStrip) {
+        host.showStrip();
+    }
     Host::install(&host);
     if (std::getenv("MURMELO_CHECK_FRAMES") != nullptr) {
         host.checkFrames();
