@@ -41,6 +41,7 @@ murmelo_tests(sdl_tests
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
         platform/sdl/SdlWindow_test.cpp
+        platform/sdl/WindowLayout_test.cpp
         platform/sdl/WindowMemory_test.cpp
     LINK murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)

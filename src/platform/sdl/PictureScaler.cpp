@@ -8,7 +8,8 @@ namespace {
 
 constexpr int32_t kFactor = HostFrame::kCanvasFactor;
 constexpr int32_t kProgramWidth = HostFrame::kWidthPx / kFactor;
-constexpr int32_t kProgramHeight = HostFrame::kHeightPx / kFactor;
+constexpr int32_t kStripRows = HostFrame::kCanvasTopPx / kFactor;
+constexpr int32_t kPictureRows = HostFrame::kHeightPx / kFactor - kStripRows;
 
 uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
     if (a == b || aWeight256 == 256) {
@@ -31,35 +32,34 @@ const uint16_t* rowAt(const uint16_t* picture, int32_t programY) {
 
 }  // namespace
 
-PicturePlace PictureScaler::place(int32_t windowWidth, int32_t windowHeight) {
-    const int32_t factor = std::min(windowWidth / kProgramWidth, windowHeight / kProgramHeight);
-    PicturePlace place;
-    if (factor >= 2) {
-        place.width = factor * kProgramWidth;
-        place.height = factor * kProgramHeight;
-    } else if (int64_t{windowWidth} * kProgramHeight < int64_t{windowHeight} * kProgramWidth) {
-        place.width = windowWidth;
-        place.height = windowWidth * kProgramHeight / kProgramWidth;
-    } else {
-        place.width = windowHeight * kProgramWidth / kProgramHeight;
-        place.height = windowHeight;
+void PictureScaler::prepare(int32_t windowWidth, int32_t windowHeight) {
+    if (windowWidth == preparedWidth && windowHeight == preparedHeight) {
+        return;
     }
-    place.x = (windowWidth - place.width) / 2;
-    place.y = (windowHeight - place.height) / 2;
-    return place;
+    preparedWidth = windowWidth;
+    preparedHeight = windowHeight;
+    const WindowLayout layout(windowWidth, windowHeight);
+    parts = {partOf(layout.strip(), 0, kStripRows),
+             partOf(layout.picture(), kStripRows, kPictureRows)};
 }
 
-std::vector<PictureScaler::Cover> PictureScaler::covers(int32_t windowPixels,
-                                                        int32_t programPixels) {
+PictureScaler::Part
+PictureScaler::partOf(const PicturePlace& place, int32_t firstRow, int32_t rows) {
+    return {place, covers(place.width, 0, kProgramWidth), covers(place.height, firstRow, rows)};
+}
+
+std::vector<PictureScaler::Cover>
+PictureScaler::covers(int32_t windowPixels, int32_t first, int32_t programPixels) {
     std::vector<Cover> covers(static_cast<size_t>(windowPixels));
     for (int32_t i = 0; i < windowPixels; i++) {
         // In units of 1 / windowPixels of a program's pixel: this one covers from .. to.
         const int64_t from = int64_t{i} * programPixels;
         const int64_t to = from + programPixels;
+        const int64_t pixel = from / windowPixels;
+        const int64_t border = (pixel + 1) * windowPixels;
         Cover& cover = covers[static_cast<size_t>(i)];
-        cover.first = static_cast<int32_t>(from / windowPixels);
+        cover.first = first + static_cast<int32_t>(pixel);
         cover.second = cover.first;
-        const int64_t border = (int64_t{cover.first} + 1) * windowPixels;
         if (to > border) {
             cover.second = cover.first + 1;
             cover.firstWeight256 = static_cast<int32_t>((border - from) * 256 / programPixels);
@@ -68,35 +68,74 @@ std::vector<PictureScaler::Cover> PictureScaler::covers(int32_t windowPixels,
     return covers;
 }
 
-/// Each of the program's pixels the same whole number of times.
-void PictureScaler::drawWholePixels(const uint16_t* row, uint32_t* target) const {
-    const int32_t factor = prepared.width / kProgramWidth;
-    for (int32_t x = 0; x < kProgramWidth; x++) {
-        const uint32_t colour = pixelAt(row, x);
-        for (int32_t i = 0; i < factor; i++) {
-            *target++ = colour;
-        }
+/// Valid until the next but one row is asked for.
+const std::vector<uint32_t>&
+PictureScaler::lineOf(const Part& part, const uint16_t* picture, int32_t row) {
+    Line& line = lines[static_cast<size_t>(row) % lines.size()];
+    if (line.row == row) {
+        return line.pixels;
+    }
+    line.row = row;
+    line.pixels.resize(part.columns.size());
+    const uint16_t* source = rowAt(picture, row);
+    uint32_t* target = line.pixels.data();
+    for (const Cover& column : part.columns) {
+        const uint32_t left = pixelAt(source, column.first);
+        *target++ = column.firstWeight256 == 256
+                        ? left
+                        : blend(left, pixelAt(source, column.second), column.firstWeight256);
+    }
+    return line.pixels;
+}
+
+void PictureScaler::drawRow(const Part& part,
+                            const uint16_t* picture,
+                            const Cover& row,
+                            uint32_t* target) {
+    const std::vector<uint32_t>& upper = lineOf(part, picture, row.first);
+    if (row.firstWeight256 == 256) {
+        std::copy(upper.begin(), upper.end(), target);
+        return;
+    }
+    const std::vector<uint32_t>& lower = lineOf(part, picture, row.second);
+    for (size_t x = 0; x < upper.size(); x++) {
+        target[x] = blend(upper[x], lower[x], row.firstWeight256);
     }
 }
 
-void PictureScaler::drawRow(const uint16_t* picture, const Cover& row, uint32_t* target) {
-    const uint16_t* upper = rowAt(picture, row.first);
-    if (prepared.width % kProgramWidth == 0 && row.firstWeight256 == 256) {
-        drawWholePixels(upper, target);
-        return;
+/// @param drawn  gets the places, one for each run of rows
+void PictureScaler::drawPart(const Part& part,
+                             const uint16_t* picture,
+                             uint32_t* target,
+                             int32_t stridePixels,
+                             const HostFrame::Rows& changed,
+                             std::vector<PicturePlace>& drawn) {
+    const auto isChanged = [&changed](int32_t programY) {
+        return changed[size_t{kFactor} * static_cast<size_t>(programY)];
+    };
+    const PicturePlace& place = part.place;
+    const auto width = static_cast<size_t>(place.width);
+    for (Line& line : lines) {
+        line.row = -1;  // the picture is another one
     }
-    const uint16_t* lower = rowAt(picture, row.second);
-    if (row.firstWeight256 == 256) {
-        lower = upper;
-    }
-    for (const Cover& column : columns) {
-        const uint32_t above = blend(pixelAt(upper, column.first), pixelAt(upper, column.second),
-                                     column.firstWeight256);
-        const uint32_t below = lower == upper
-                                   ? above
-                                   : blend(pixelAt(lower, column.first),
-                                           pixelAt(lower, column.second), column.firstWeight256);
-        *target++ = blend(above, below, row.firstWeight256);
+    const Cover* above = nullptr;  // of the row above, if that was drawn
+    for (int32_t y = 0; y < place.height; y++) {
+        const Cover& cover = part.rows[static_cast<size_t>(y)];
+        if (!isChanged(cover.first) && !isChanged(cover.second)) {
+            above = nullptr;
+            continue;
+        }
+        uint32_t* row = target + static_cast<ptrdiff_t>(place.y + y) * stridePixels + place.x;
+        if (above != nullptr && cover == *above) {
+            std::memcpy(row, row - stridePixels, width * sizeof *row);
+        } else {
+            drawRow(part, picture, cover, row);
+        }
+        if (above == nullptr) {
+            drawn.push_back({place.x, place.y + y, place.width, 0});
+        }
+        drawn.back().height++;
+        above = &cover;
     }
 }
 
@@ -105,59 +144,21 @@ void PictureScaler::draw(const uint16_t* picture,
                          int32_t stridePixels,
                          int32_t windowWidth,
                          int32_t windowHeight) {
-    const PicturePlace where = place(windowWidth, windowHeight);
-    if (!(where == prepared)) {
-        prepared = where;
-        columns = covers(where.width, kProgramWidth);
-        rows = covers(where.height, kProgramHeight);
-    }
-    const auto width = static_cast<size_t>(where.width);
-    const Cover* above = nullptr;
+    prepare(windowWidth, windowHeight);
     for (int32_t y = 0; y < windowHeight; y++) {
         uint32_t* row = target + static_cast<ptrdiff_t>(y) * stridePixels;
-        std::fill(row, row + where.x, 0U);
-        std::fill(row + where.x + where.width, row + windowWidth, 0U);
-        if (y < where.y || y >= where.y + where.height) {
-            std::fill(row + where.x, row + where.x + where.width, 0U);
-            continue;
-        }
-        const Cover& cover = rows[static_cast<size_t>(y - where.y)];
-        if (above != nullptr && cover == *above) {
-            std::memcpy(row + where.x, row - stridePixels + where.x, width * sizeof *row);
-        } else {
-            drawRow(picture, cover, row + where.x);
-        }
-        above = &cover;
+        std::fill(row, row + windowWidth, 0U);
     }
+    drawChanged(picture, target, stridePixels, HostFrame::Rows().set());
 }
 
-std::vector<RowBand> PictureScaler::drawChanged(const uint16_t* picture,
-                                                uint32_t* target,
-                                                int32_t stridePixels,
-                                                const HostFrame::Rows& changed) {
-    const auto isChanged = [&changed](int32_t programY) {
-        return changed[size_t{kFactor} * static_cast<size_t>(programY)];
-    };
-    std::vector<RowBand> bands;
-    const auto width = static_cast<size_t>(prepared.width);
-    const Cover* above = nullptr;  // of the row above, if that was drawn
-    for (int32_t y = 0; y < prepared.height; y++) {
-        const Cover& cover = rows[static_cast<size_t>(y)];
-        if (!isChanged(cover.first) && !isChanged(cover.second)) {
-            above = nullptr;
-            continue;
-        }
-        uint32_t* row = target + static_cast<ptrdiff_t>(prepared.y + y) * stridePixels + prepared.x;
-        if (above != nullptr && cover == *above) {
-            std::memcpy(row, row - stridePixels, width * sizeof *row);
-        } else {
-            drawRow(picture, cover, row);
-        }
-        if (above == nullptr) {
-            bands.push_back({prepared.y + y, 0});
-        }
-        bands.back().count++;
-        above = &cover;
+std::vector<PicturePlace> PictureScaler::drawChanged(const uint16_t* picture,
+                                                     uint32_t* target,
+                                                     int32_t stridePixels,
+                                                     const HostFrame::Rows& changed) {
+    std::vector<PicturePlace> drawn;
+    for (const Part& part : parts) {
+        drawPart(part, picture, target, stridePixels, changed, drawn);
     }
-    return bands;
+    return drawn;
 }

@@ -1,39 +1,20 @@
-// The display's 480 x 800 picture in a window of any size: where it lies, and its pixels there.
+// The display's 480 x 800 picture in a window of any size: its pixels there.
 //
-// The program's pixels are doubled on the display, so the picture has 240 x 400 of them. Where they
-// fit at two or more of the window's pixels each, they all get the same whole number, and black
-// bands take what is left. A smaller window is filled, each of its pixels the mean of what it
-// covers.
+// The program's pixels are doubled on the display, so strip and picture have 240 x 80 and 240 x 320
+// of them. Each of the window's pixels is the mean of what it covers: the same as repeating the
+// program's pixels to the next whole multiple and shrinking that smoothly. At a whole multiple each
+// is repeated exactly.
 #pragma once
 
 #include "Host.h"
+#include "WindowLayout.h"
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
-/// A part of the window, in its own pixels.
-struct PicturePlace {
-    int32_t x = 0;
-    int32_t y = 0;
-    int32_t width = 0;
-    int32_t height = 0;
-
-    bool operator==(const PicturePlace& other) const {
-        return x == other.x && y == other.y && width == other.width && height == other.height;
-    }
-};
-
-/// Rows of the window, one below the other.
-struct RowBand {
-    int32_t top = 0;
-    int32_t count = 0;
-};
-
 class PictureScaler {
 public:
-    /// Where the picture lies in a window of that size.
-    static PicturePlace place(int32_t windowWidth, int32_t windowHeight);
-
     /// Draws the picture (rows of 480 without padding), with black around it.
     /// @param target        windowWidth x windowHeight pixels 0x00RRGGBB
     /// @param stridePixels  from row to row
@@ -45,11 +26,11 @@ public:
 
     /// Draws again what shows one of the changed rows, into a target that has held the whole
     /// picture since draw() in the same size. Of the program's doubled rows the upper ones count.
-    /// @returns where it has drawn, from the top down
-    std::vector<RowBand> drawChanged(const uint16_t* picture,
-                                     uint32_t* target,
-                                     int32_t stridePixels,
-                                     const HostFrame::Rows& changed);
+    /// @returns where it has drawn: of the strip from the top down, then of the picture
+    std::vector<PicturePlace> drawChanged(const uint16_t* picture,
+                                          uint32_t* target,
+                                          int32_t stridePixels,
+                                          const HostFrame::Rows& changed);
 
 private:
     /// What one row or column of the window covers: one of the program's pixels, or two neighbours.
@@ -64,11 +45,33 @@ private:
         }
     };
 
-    static std::vector<Cover> covers(int32_t windowPixels, int32_t programPixels);
-    void drawRow(const uint16_t* picture, const Cover& row, uint32_t* target);
-    void drawWholePixels(const uint16_t* row, uint32_t* target) const;
+    /// Strip or picture.
+    struct Part {
+        PicturePlace place;
+        std::vector<Cover> columns;
+        std::vector<Cover> rows;  // of the program's 400
+    };
 
-    PicturePlace prepared;
-    std::vector<Cover> columns;
-    std::vector<Cover> rows;
+    /// One of the program's rows in the window's columns.
+    struct Line {
+        int32_t row = -1;
+        std::vector<uint32_t> pixels;
+    };
+
+    static Part partOf(const PicturePlace& place, int32_t firstRow, int32_t rows);
+    static std::vector<Cover> covers(int32_t windowPixels, int32_t first, int32_t programPixels);
+    void prepare(int32_t windowWidth, int32_t windowHeight);
+    void drawPart(const Part& part,
+                  const uint16_t* picture,
+                  uint32_t* target,
+                  int32_t stridePixels,
+                  const HostFrame::Rows& changed,
+                  std::vector<PicturePlace>& drawn);
+    void drawRow(const Part& part, const uint16_t* picture, const Cover& row, uint32_t* target);
+    const std::vector<uint32_t>& lineOf(const Part& part, const uint16_t* picture, int32_t row);
+
+    int32_t preparedWidth = -1;
+    int32_t preparedHeight = -1;
+    std::array<Part, 2> parts;
+    std::array<Line, 2> lines;  // of the part that is drawn: an even row and an odd one
 };

@@ -251,12 +251,12 @@ bool SdlHost::rouseAgain() {
     return unheard;
 }
 
-void SdlHost::fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const {
-    window.toDisplay(xShare, yShare, x, y);
+DisplayPoint SdlHost::fromShares(double xShare, double yShare, WindowPart part) const {
+    return window.toDisplay(xShare, yShare, part);
 }
 
-void SdlHost::fromMouse(int32_t mouseX, int32_t mouseY, int32_t& x, int32_t& y) const {
+DisplayPoint SdlHost::fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const {
     // The middle of the pixel pointed at.
-    window.toDisplay((mouseX + 0.5) / window.widthUnits(), (mouseY + 0.5) / window.heightUnits(), x,
-                     y);
+    return window.toDisplay((mouseX + 0.5) / window.widthUnits(),
+                            (mouseY + 0.5) / window.heightUnits(), part);
 }

@@ -98,8 +98,8 @@ private:
     bool rouseAgain();
     void setAway(Away reason, bool away);
 
-    void fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const override;
-    void fromMouse(int32_t mouseX, int32_t mouseY, int32_t& x, int32_t& y) const override;
+    DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const override;
+    DisplayPoint fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const override;
 
     SdlOptions options;
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();

@@ -16,18 +16,17 @@ SdlInput::SdlInput(const SdlPlaces& places)
     : places(places) {}
 
 bool SdlInput::handle(const SDL_Event& event, HostListener& listener, HostDoors* doors) {
-    int32_t x = 0;
-    int32_t y = 0;
+    DisplayPoint point;
     switch (event.type) {
     case SDL_MOUSEBUTTONDOWN:
         return mousePressed(event.button, listener);
     case SDL_MOUSEMOTION:
-        places.fromMouse(event.motion.x, event.motion.y, x, y);
-        return finger.moved(Pointer::kMouse, event.motion.which, x, y, listener);
+        point = places.fromMouse(event.motion.x, event.motion.y, held);
+        return finger.moved(Pointer::kMouse, event.motion.which, point.x, point.y, listener);
     case SDL_MOUSEBUTTONUP:
-        places.fromMouse(event.button.x, event.button.y, x, y);
+        point = places.fromMouse(event.button.x, event.button.y, held);
         return event.button.button == SDL_BUTTON_LEFT &&
-               finger.released(Pointer::kMouse, event.button.which, x, y, listener);
+               finger.released(Pointer::kMouse, event.button.which, point.x, point.y, listener);
     case SDL_FINGERDOWN:
     case SDL_FINGERMOTION:
     case SDL_FINGERUP:
@@ -40,27 +39,27 @@ bool SdlInput::handle(const SDL_Event& event, HostListener& listener, HostDoors*
 }
 
 bool SdlInput::mousePressed(const SDL_MouseButtonEvent& button, HostListener& listener) {
-    int32_t x = 0;
-    int32_t y = 0;
-    places.fromMouse(button.x, button.y, x, y);
-    const bool secondOfDouble = button.clicks > 1 && OneFinger::isOnSoftKeys(y);
-    return button.button == SDL_BUTTON_LEFT && !secondOfDouble &&
-           finger.pressed(Pointer::kMouse, button.which, x, y, listener);
+    const DisplayPoint point = places.fromMouse(button.x, button.y, WindowPart::kNone);
+    const bool secondOfDouble = button.clicks > 1 && OneFinger::isOnSoftKeys(point.y);
+    const bool isPress = button.button == SDL_BUTTON_LEFT && !secondOfDouble &&
+                         finger.pressed(Pointer::kMouse, button.which, point.x, point.y, listener);
+    held = isPress ? point.part : held;
+    return isPress;
 }
 
 bool SdlInput::fingerMoved(const SDL_Event& event, HostListener& listener) {
-    int32_t x = 0;
-    int32_t y = 0;
     const SDL_TouchFingerEvent& touch = event.tfinger;
-    places.fromShares(touch.x, touch.y, x, y);
-    switch (event.type) {
-    case SDL_FINGERDOWN:
-        return finger.tapped(Pointer::kFinger, touch.fingerId, x, y, touch.timestamp, listener);
-    case SDL_FINGERMOTION:
-        return finger.moved(Pointer::kFinger, touch.fingerId, x, y, listener);
-    default:
-        return finger.released(Pointer::kFinger, touch.fingerId, x, y, listener);
+    if (event.type == SDL_FINGERDOWN) {
+        const DisplayPoint point = places.fromShares(touch.x, touch.y, WindowPart::kNone);
+        const bool isPress = finger.tapped(Pointer::kFinger, touch.fingerId, point.x, point.y,
+                                           touch.timestamp, listener);
+        held = isPress ? point.part : held;
+        return isPress;
     }
+    const DisplayPoint point = places.fromShares(touch.x, touch.y, held);
+    return event.type == SDL_FINGERMOTION
+               ? finger.moved(Pointer::kFinger, touch.fingerId, point.x, point.y, listener)
+               : finger.released(Pointer::kFinger, touch.fingerId, point.x, point.y, listener);
 }
 
 bool SdlInput::keyPressed(const SDL_KeyboardEvent& key, HostListener& listener, HostDoors* doors) {

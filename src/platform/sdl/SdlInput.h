@@ -4,6 +4,7 @@
 
 #include "Host.h"
 #include "OneFinger.h"
+#include "WindowLayout.h"
 
 #include <cstdint>
 
@@ -16,11 +17,12 @@ class SdlPlaces {
 public:
     virtual ~SdlPlaces() = default;
 
-    /// A place in the window, as shares of its width and height, in pixels of the phone's display.
-    virtual void fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const = 0;
+    /// The display's pixel at a place in the window, given as shares of its width and height.
+    /// @param part  that a finger was set down on, as WindowLayout::at()
+    virtual DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const = 0;
 
     /// The same for a place as the mouse counts.
-    virtual void fromMouse(int32_t mouseX, int32_t mouseY, int32_t& x, int32_t& y) const = 0;
+    virtual DisplayPoint fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const = 0;
 };
 
 class SdlInput {
@@ -39,4 +41,5 @@ private:
 
     const SdlPlaces& places;
     OneFinger finger;
+    WindowPart held = WindowPart::kNone;  // where the finger was set down
 };

@@ -120,14 +120,14 @@ bool SdlWindow::drawChangesOn(SDL_Surface& surface, const HostFrame::Rows& chang
     if (SDL_LockSurface(&surface) != 0) {
         return false;
     }
-    const std::vector<RowBand> bands =
+    const std::vector<PicturePlace> places =
         scaler.drawChanged(picture.data(), static_cast<uint32_t*>(surface.pixels),
                            surface.pitch / static_cast<int32_t>(sizeof(uint32_t)), changed);
     SDL_UnlockSurface(&surface);
     std::vector<SDL_Rect> rectangles;
-    rectangles.reserve(bands.size());
-    for (const RowBand& band : bands) {
-        rectangles.push_back({0, band.top, surface.w, band.count});
+    rectangles.reserve(places.size());
+    for (const PicturePlace& place : places) {
+        rectangles.push_back({place.x, place.y, place.width, place.height});
     }
     return rectangles.empty() ||
            SDL_UpdateWindowSurfaceRects(window, rectangles.data(),
@@ -158,15 +158,11 @@ void SdlWindow::pixelSize(int32_t& width, int32_t& height) const {
     SDL_GetWindowSizeInPixels(window, &width, &height);
 }
 
-void SdlWindow::toDisplay(double xShare, double yShare, int32_t& x, int32_t& y) const {
+DisplayPoint SdlWindow::toDisplay(double xShare, double yShare, WindowPart part) const {
     int32_t width = 0;
     int32_t height = 0;
     pixelSize(width, height);
-    const PicturePlace place = PictureScaler::place(width, height);
-    const double pictureX = (xShare * width - place.x) / std::max(place.width, 1);
-    const double pictureY = (yShare * height - place.y) / std::max(place.height, 1);
-    x = static_cast<int32_t>(SDL_floor(pictureX * HostFrame::kWidthPx));
-    y = static_cast<int32_t>(SDL_floor(pictureY * HostFrame::kHeightPx));
+    return WindowLayout(width, height).at(xShare * width, yShare * height, part);
 }
 
 int32_t SdlWindow::widthUnits() const {

@@ -35,9 +35,9 @@ public:
     /// The window was resized or uncovered: draws the last picture again.
     void redraw();
 
-    /// From a place in the window to pixels of the phone's display, which may lie outside it.
+    /// The display's pixel at a place in the window, as WindowLayout::at().
     /// @param xShare, yShare  0 at the left and upper edge, 1 at the right and lower one
-    void toDisplay(double xShare, double yShare, int32_t& x, int32_t& y) const;
+    DisplayPoint toDisplay(double xShare, double yShare, WindowPart part) const;
 
     int32_t widthUnits() const;  // as the mouse counts
     int32_t heightUnits() const;

@@ -64,21 +64,6 @@ TEST_F(PictureScalerTest, highBitsAreRepeatedBelow) {
     EXPECT_EQ(0x008200U, HostFrame::toRgb32(0x0400));  // 100000 -> 10000010
 }
 
-TEST_F(PictureScalerTest, wholeNumbersFitWhereTheyCan) {
-    EXPECT_EQ((PicturePlace{0, 0, 480, 800}), PictureScaler::place(480, 800));
-    EXPECT_EQ((PicturePlace{0, 0, 720, 1200}), PictureScaler::place(720, 1200));
-    EXPECT_EQ((PicturePlace{119, 199, 480, 800}), PictureScaler::place(719, 1199));
-    EXPECT_EQ((PicturePlace{720, 0, 480, 800}), PictureScaler::place(1920, 801));
-    EXPECT_EQ((PicturePlace{960, 80, 960, 1600}), PictureScaler::place(2880, 1760));
-}
-
-TEST_F(PictureScalerTest, aSmallWindowIsFilledToItsNearerEdges) {
-    EXPECT_EQ((PicturePlace{0, 0, 240, 400}), PictureScaler::place(240, 400));
-    EXPECT_EQ((PicturePlace{0, 10, 420, 700}), PictureScaler::place(420, 720));
-    EXPECT_EQ((PicturePlace{10, 0, 420, 700}), PictureScaler::place(440, 700));
-    EXPECT_EQ((PicturePlace{0, 0, 120, 200}), PictureScaler::place(120, 200));
-}
-
 TEST_F(PictureScalerTest, wholeNumbersRepeatEachPixelExactly) {
     for (const int32_t factor : {1, 2, 3, 4}) {
         draw(factor * 240, factor * 400);
@@ -87,8 +72,54 @@ TEST_F(PictureScalerTest, wholeNumbersRepeatEachPixelExactly) {
 }
 
 TEST_F(PictureScalerTest, bandsAroundThePictureAreBlackAndEverythingIsDrawn) {
-    draw(517, 833);
-    EXPECT_EQ(0, wrongPixels(517, 833, 2));
+    draw(517, 800);
+    EXPECT_EQ(0, wrongPixels(517, 800, 2));
+    draw(480, 833);
+    EXPECT_EQ(0, wrongPixels(480, 833, 2));
+}
+
+TEST_F(PictureScalerTest, inAWideWindowTheStripStandsBesideThePicture) {
+    draw(1010, 640);  // two pixels each make 2 * 480 x 640
+    int32_t wrong = 0;
+    for (int32_t y = 0; y < 640; y++) {
+        for (int32_t x = 0; x < 1010; x++) {
+            uint32_t expected = 0;
+            if (x >= 505 && x < 985) {
+                expected = program((x - 505) / 2, 80 + y / 2);
+            } else if (x >= 25 && x < 505 && y >= 240 && y < 400) {
+                expected = program((x - 25) / 2, (y - 240) / 2);
+            }
+            wrong += window[static_cast<size_t>(y * 1010 + x)] != expected ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(0, wrong);
+}
+
+TEST_F(PictureScalerTest, inBetweenItIsTheNextWholeMultipleShrunkSmoothly) {
+    // 2.5 pixels each: three each, of which each of the window's covers 1.2.
+    draw(600, 1000);
+    const auto threefold = [this](int32_t x, int32_t y) { return program(x / 3, y / 3); };
+    for (const int32_t x : {0, 1, 2, 3, 4, 301, 302, 599}) {
+        for (const int32_t y : {0, 2, 4, 197, 199, 200, 202, 555, 999}) {
+            // In tenths of a threefold pixel; the strip has its own rows, which end at 200.
+            const int32_t left = 12 * x;
+            const int32_t top = 12 * y;
+            double channels[3] = {};
+            for (int32_t down = top; down < top + 12; down++) {
+                for (int32_t right = left; right < left + 12; right++) {
+                    const uint32_t colour = threefold(right / 10, down / 10);
+                    for (uint32_t i = 0; i < 3; i++) {
+                        channels[i] += ((colour >> (8 * i)) & 0xFF) / 144.0;
+                    }
+                }
+            }
+            const uint32_t shown = window[static_cast<size_t>(y * 600 + x)];
+            for (uint32_t i = 0; i < 3; i++) {
+                // Each of the two blends truncates, with weights of 1/256.
+                EXPECT_NEAR(channels[i], (shown >> (8 * i)) & 0xFF, 3) << x << " " << y;
+            }
+        }
+    }
 }
 
 TEST_F(PictureScalerTest, pixelsThatCoverTwoAreTheirMeanByShare) {
@@ -110,11 +141,16 @@ TEST_F(PictureScalerTest, pixelsThatCoverTwoAreTheirMeanByShare) {
 
 TEST_F(PictureScalerTest, oneColourStaysThatColourAtEverySize) {
     std::fill(picture.begin(), picture.end(), uint16_t{0x8C51});
-    for (const int32_t height : {200, 333, 401, 555, 777, 799}) {
-        draw(height * 3 / 5, height);
-        const PicturePlace place = PictureScaler::place(height * 3 / 5, height);
-        const auto same = std::count(window.begin(), window.end(), HostFrame::toRgb32(0x8C51));
-        EXPECT_EQ(place.width * place.height, same) << height;
+    for (const int32_t height : {200, 333, 401, 555, 777, 799, 1166}) {
+        for (const int32_t width : {height * 3 / 5, height * 2}) {
+            draw(width, height);
+            const WindowLayout layout(width, height);
+            const auto same = std::count(window.begin(), window.end(), HostFrame::toRgb32(0x8C51));
+            EXPECT_EQ(layout.strip().width * layout.strip().height +
+                          layout.picture().width * layout.picture().height,
+                      same)
+                << width << " x " << height;
+        }
     }
 }
 
@@ -134,25 +170,38 @@ TEST_F(PictureScalerTest, rowsMayBeFurtherApartThanTheWindowIsWide) {
 
 TEST_F(PictureScalerTest, drawingWhatHasChangedMakesTheWholeNewPicture) {
     for (const int32_t height : {200, 401, 700, 800, 833, 1200}) {
-        const int32_t width = height * 3 / 5 + 7;
-        draw(width, height);
-        HostFrame::Rows changed;
-        for (const size_t row : {0U, 57U, 58U, 59U, 200U, 399U}) {
-            changed.set(2 * row);
-            changed.set(2 * row + 1);
-            for (size_t i = 2 * row * 480; i < (2 * row + 2) * 480; i++) {
-                picture[i] = static_cast<uint16_t>(picture[i] ^ 0x5A5A);
+        for (const int32_t width : {height * 3 / 5 + 7, height * 2}) {
+            SCOPED_TRACE(std::to_string(width) + " x " + std::to_string(height));
+            draw(width, height);
+            HostFrame::Rows changed;
+            for (const size_t row : {0U, 57U, 58U, 59U, 200U, 399U}) {
+                changed.set(2 * row);
+                changed.set(2 * row + 1);
+                for (size_t i = 2 * row * 480; i < (2 * row + 2) * 480; i++) {
+                    picture[i] = static_cast<uint16_t>(picture[i] ^ 0x5A5A);
+                }
             }
-        }
-        const std::vector<RowBand> bands =
-            scaler.drawChanged(picture.data(), window.data(), width, changed);
-        const std::vector<uint32_t> partly = window;
-        draw(width, height);
-        EXPECT_TRUE(window == partly) << height;
-        EXPECT_EQ(4U, bands.size()) << height;
-        EXPECT_EQ(PictureScaler::place(width, height).y, bands[0].top) << height;
-        for (size_t i = 1; i < bands.size(); i++) {
-            EXPECT_LT(bands[i - 1].top + bands[i - 1].count, bands[i].top) << height;
+            const std::vector<uint32_t> before = window;
+            const std::vector<PicturePlace> places =
+                scaler.drawChanged(picture.data(), window.data(), width, changed);
+            const std::vector<uint32_t> partly = window;
+            draw(width, height);
+            EXPECT_TRUE(window == partly);
+            ASSERT_EQ(4U, places.size());
+            EXPECT_EQ(WindowLayout(width, height).strip().y, places[0].y);
+            EXPECT_EQ(WindowLayout(width, height).picture().x, places[2].x);
+            // Nothing was drawn beside those places.
+            std::vector<uint32_t> outside = partly;
+            for (const PicturePlace& place : places) {
+                for (int32_t y = place.y; y < place.y + place.height; y++) {
+                    const auto at = static_cast<size_t>(y * width + place.x);
+                    const auto end = at + static_cast<size_t>(place.width);
+                    for (size_t i = at; i < end; i++) {
+                        outside[i] = before[i];
+                    }
+                }
+            }
+            EXPECT_TRUE(before == outside);
         }
     }
 }

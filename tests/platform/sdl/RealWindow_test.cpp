@@ -183,22 +183,49 @@ TEST_F(RealWindow, everyPixelOfThePictureIsOnTheScreen) {
 }
 
 TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
-    screen.resize(window, 740, 1220);  // three pixels each make 720 x 1200
+    screen.resize(window, 740, 1200);  // three pixels each make 720 x 1200
     hand("search --name Murmelo windowmove 0 0");
     const auto isRight = [this] {
-        const std::vector<uint32_t> all = screen.pixels(0, 0, 740, 1220);
+        const std::vector<uint32_t> all = screen.pixels(0, 0, 740, 1200);
         int32_t wrong = 0;
-        for (int32_t y = 0; y < 1220; y++) {
+        for (int32_t y = 0; y < 1200; y++) {
             for (int32_t x = 0; x < 740; x++) {
-                const bool inside = x >= 10 && x < 730 && y >= 10 && y < 1210;
-                const uint32_t expected =
-                    inside ? picture.rgb32((x - 10) / 3 * 2, (y - 10) / 3 * 2) : 0;
+                const bool inside = x >= 10 && x < 730;
+                const uint32_t expected = inside ? picture.rgb32((x - 10) / 3 * 2, y / 3 * 2) : 0;
                 wrong += all[static_cast<size_t>(y) * 740 + static_cast<size_t>(x)] != expected;
             }
         }
         return wrong == 0;
     };
     EXPECT_TRUE(until(isRight));
+}
+
+TEST_F(RealWindow, aWideWindowHasTheStripBesideThePictureAndBothAreTouched) {
+    screen.resize(window, 960, 640);
+    hand("search --name Murmelo windowmove 0 0");
+    const auto isRight = [this] {
+        const std::vector<uint32_t> all = screen.pixels(0, 0, 960, 640);
+        int32_t wrong = 0;
+        for (int32_t y = 0; y < 640; y++) {
+            for (int32_t x = 0; x < 960; x++) {
+                const bool onStrip = x < 480 && y >= 240 && y < 400;
+                const uint32_t expected = x >= 480  ? picture.rgb32(x - 480, 160 + y)
+                                          : onStrip ? picture.rgb32(x, y - 240)
+                                                    : 0;
+                wrong += all[static_cast<size_t>(y) * 960 + static_cast<size_t>(x)] != expected;
+            }
+        }
+        return wrong == 0;
+    };
+    EXPECT_TRUE(until(isRight));
+    hand("mousemove 580 100 mousedown 1 mousemove 400 300 mouseup 1");  // from picture to strip
+    hand("mousemove 100 250 click 1 mousemove 100 100 click 1");        // strip, and beside it
+    ASSERT_TRUE(until(
+        [this] { return !heard.notes.empty() && heard.notes.back() == "release 100 10"; }));
+    ASSERT_LE(5U, heard.notes.size());
+    EXPECT_EQ("press 100 260", heard.notes.front());
+    EXPECT_EQ((Notes{"release 0 460", "press 100 10", "release 100 10"}),
+              Notes(heard.notes.end() - 3, heard.notes.end()));
 }
 
 TEST_F(RealWindow, onlyTheRowsThatChangedAreDrawnAgain) {

@@ -51,15 +51,18 @@ public:
     }
 
     /// A window of 500 x 1000 with the display at 10, 100.
-    void fromShares(double xShare, double yShare, int32_t& x, int32_t& y) const override {
-        fromMouse(static_cast<int32_t>(xShare * 500), static_cast<int32_t>(yShare * 1000), x, y);
+    DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const override {
+        return fromMouse(static_cast<int32_t>(xShare * 500), static_cast<int32_t>(yShare * 1000),
+                         part);
     }
 
-    void fromMouse(int32_t mouseX, int32_t mouseY, int32_t& x, int32_t& y) const override {
-        x = mouseX - 10;
-        y = mouseY - 100;
+    DisplayPoint fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const override {
+        askedFor.push_back(part);
+        const int32_t y = mouseY - 100;
+        return {y < 160 ? WindowPart::kStrip : WindowPart::kPicture, mouseX - 10, y};
     }
 
+    mutable std::vector<WindowPart> askedFor;
     Notes notes;
     bool taking = true;
 };
@@ -160,6 +163,24 @@ TEST_F(SdlInputTest, aFingerThatLeavesTheDisplayGoesOnAtItsEdge) {
     mouse(SDL_MOUSEMOTION, -50, 20);
     mouse(SDL_MOUSEBUTTONUP, 2000, 2000);
     EXPECT_EQ((Notes{"press 90 400", "move 0 0", "release 479 799"}), phone.notes);
+}
+
+TEST_F(SdlInputTest, aDragBelongsToThePartThatItBeganOn) {
+    mouse(SDL_MOUSEBUTTONDOWN, 100, 500);
+    mouse(SDL_MOUSEMOTION, 100, 150);
+    mouse(SDL_MOUSEBUTTONUP, 100, 150);
+    mouse(SDL_MOUSEBUTTONDOWN, 100, 150);
+    mouse(SDL_MOUSEMOTION, 100, 500);
+    finger(SDL_FINGERDOWN, 7, 0.5F, 0.5F);  // a second finger changes nothing
+    mouse(SDL_MOUSEBUTTONUP, 100, 500);
+    finger(SDL_FINGERDOWN, 7, 0.5F, 0.5F);
+    finger(SDL_FINGERMOTION, 7, 0.5F, 0.15F);
+    constexpr WindowPart kNone = WindowPart::kNone;
+    constexpr WindowPart kStrip = WindowPart::kStrip;
+    constexpr WindowPart kPicture = WindowPart::kPicture;
+    EXPECT_EQ((std::vector<WindowPart>{kNone, kPicture, kPicture, kNone, kStrip, kNone, kStrip,
+                                       kNone, kPicture}),
+              phone.askedFor);
 }
 
 TEST_F(SdlInputTest, onlyTheFirstFingerCounts) {
