@@ -14,6 +14,7 @@ murmelo_tests(device_tests
 murmelo_tests(strip_tests
     SOURCES
         platform/host/LevelMeter_test.cpp
+        platform/strip/StripFeed_test.cpp
         platform/strip/StripFrame_test.cpp
         platform/strip/StripModel_test.cpp
         platform/strip/StripPainter_test.cpp
@@ -35,11 +36,13 @@ target_compile_definitions(web_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_
 murmelo_tests(sdl_tests
     SOURCES
         platform/sdl/EventWait_test.cpp
+        platform/sdl/FileManager_test.cpp
         platform/sdl/PictureScaler_test.cpp
         platform/sdl/PngIcon_test.cpp
         platform/sdl/SdlDoors_test.cpp
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
+        platform/sdl/SdlStrip_test.cpp
         platform/sdl/SdlWindow_test.cpp
         platform/sdl/WindowLayout_test.cpp
         platform/sdl/WindowMemory_test.cpp

@@ -52,7 +52,7 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
         return pumpProgram(listener, timeoutMs);
     }
     strip->look(nowMs);
-    StripListener first(*strip, listener, nowMs);
+    StripListener first(*strip, listener, [this] { return nowMs; });
     return pumpProgram(first, timeoutMs);
 }
 

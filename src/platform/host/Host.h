@@ -114,7 +114,7 @@ public:
     virtual bool saveSound() = 0;
 
     /// True if saveSound() would save.
-    virtual bool canSave() = 0;
+    virtual bool canSave() { return false; }
 
     /// Makes this sound the take, as if it had just been recorded: 16 kHz mono, at most its first
     /// 20 seconds. False, and nothing happens, unless the main menu or the choice of the effect is
@@ -122,14 +122,14 @@ public:
     virtual bool useSound(const int16_t* samples, int32_t count) = 0;
 
     /// True if useSound() would take a sound.
-    virtual bool canUseSound() = 0;
+    virtual bool canUseSound() { return false; }
 
     /// Turns to that effect, as the arrows turn to the next one. False, and nothing happens, unless
     /// the choice of the effect is on the screen and there is such an effect.
-    virtual bool showEffect(int32_t index) = 0;
+    virtual bool showEffect(int32_t /*index*/) { return false; }
 
     /// Names of the effects in the program's language, in their order; empty before they exist.
-    virtual std::vector<std::string> effectNames() = 0;
+    virtual std::vector<std::string> effectNames() { return {}; }
 
     /// Counts the sounds that were saved in this run; a change means that savedName() is new and on
     /// disk.

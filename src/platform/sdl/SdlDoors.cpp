@@ -101,6 +101,9 @@ void SdlDoors::takePicture() {
         return;
     }
     std::cout << path << std::endl;
+    if (tellPicture) {
+        tellPicture(path);
+    }
 }
 
 void SdlDoors::tellSaved() {

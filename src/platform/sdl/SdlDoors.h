@@ -5,6 +5,7 @@
 #include "Host.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,11 @@ public:
     explicit SdlDoors(const HostFolders& folders);
 
     void setDoors(HostDoors* offered) { doors = offered; }
+
+    /// What else is to be told of a picture that F12 has written.
+    void onPicture(std::function<void(const std::string& path)> told) {
+        tellPicture = std::move(told);
+    }
 
     /// A sound that becomes the take as soon as the program rests in its menu. @param samples  16
     /// kHz mono
@@ -40,4 +46,5 @@ private:
     HostDoors* doors = nullptr;
     std::vector<int16_t> offered;  // empty: none
     int32_t savedBefore = 0;
+    std::function<void(const std::string& path)> tellPicture;
 };

@@ -41,7 +41,10 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , voice(
           audio, options.speaker, [this] { return uptimeMs(); }, [this] { rouse(); })
     , input(*this)
+    , strip(options.folders, [this] { return uptimeMs(); })
     , extraDoors(options.folders) {
+    strip.strip().feed().setMicrophone(SdlHost::microphone());
+    extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
     fileEars.setVoice(options.voice);
     extraDoors.offer(options.take);
 }
@@ -88,12 +91,24 @@ HostMicrophone* SdlHost::microphone() {
     return &ears;
 }
 
+void SdlHost::setDoors(HostDoors* offered) {
+    doors = offered;
+    extraDoors.setDoors(offered);
+    strip.strip().setDoors(offered);
+}
+
+void SdlHost::say(const std::string& sentence) {
+    print(sentence);
+    strip.tell(sentence);
+}
+
 bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
+    StripListener first(strip.strip(), listener, [this] { return uptimeMs(); });
     const int64_t endMs = timeoutMs < 0 ? kNever : uptimeMs() + timeoutMs;
     for (;;) {
         extraDoors.tellSaved();
         if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
-            deliverEvent(listener) || deliverAway(listener)) {
+            deliverEvent(first) || deliverAway(listener)) {
             return true;
         }
         presentIfDue();
@@ -140,6 +155,7 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         listener.onTerminate();
         return true;
     case SDL_WINDOWEVENT:
+        strip.handle(event);
         return handleWindow(event.window);
     case SDL_AUDIODEVICEREMOVED:
         return ears.lose(event.adevice.which) || voice.lose(event.adevice.which);
@@ -149,8 +165,19 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
     case SDL_APP_DIDENTERFOREGROUND:
         setAway(kBySystem, false);
         return false;
+    case SDL_MOUSEMOTION:
+        point(event.motion);
+        return input.handle(event, listener, doors);
     default:
-        return extraDoors.handle(event) || input.handle(event, listener, doors);
+        return extraDoors.handle(event) || strip.handle(event) ||
+               input.handle(event, listener, doors);
+    }
+}
+
+void SdlHost::point(const SDL_MouseMotionEvent& motion) {
+    if (motion.state == 0 && motion.which != SDL_TOUCH_MOUSEID) {
+        const DisplayPoint place = fromMouse(motion.x, motion.y, WindowPart::kNone);
+        strip.strip().point(place.x, place.y);
     }
 }
 
@@ -198,12 +225,24 @@ bool SdlHost::deliverAway(HostListener& listener) {
 }
 
 void SdlHost::frameShown(HostFrame* newest) {
-    frame = newest;
+    frame = strip.strip().frameOver(newest);
     frameIsNew = newest != nullptr;
 }
 
+bool SdlHost::isPictureDue() {
+    if (frame == nullptr || nowUs() < nextPictureUs) {
+        return false;
+    }
+    const int64_t stripMs = strip.strip().dueMs();
+    const bool isStripDue = stripMs != kNever && uptimeMs() >= stripMs;
+    if (frameIsNew || isStripDue) {
+        strip.look();
+    }
+    return frameIsNew || strip.strip().isNew();
+}
+
 void SdlHost::presentIfDue() {
-    if (!frameIsNew || nowUs() < nextPictureUs) {
+    if (!isPictureDue()) {
         return;
     }
     frameIsNew = false;
@@ -224,9 +263,10 @@ void SdlHost::presentIfDue() {
 
 int64_t SdlHost::nextDueMs() {
     int64_t dueMs = earlier(fileEars.dueMs(), voice.dueMs());
-    if (frameIsNew) {
+    if (frameIsNew || strip.strip().isNew()) {
         dueMs = earlier(dueMs, (nextPictureUs + kUsPerMs - 1) / kUsPerMs);
     }
+    dueMs = earlier(dueMs, strip.strip().dueMs());
     return earlier(dueMs, hiddenCheckMs);
 }
 

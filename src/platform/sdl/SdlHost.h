@@ -14,6 +14,7 @@
 #include "SdlInput.h"
 #include "SdlMicrophone.h"
 #include "SdlSpeaker.h"
+#include "SdlStrip.h"
 #include "SdlWindow.h"
 #include "SignalWatch.h"
 
@@ -63,13 +64,10 @@ public:
 
     HostSpeaker* speaker() override { return &voice; }
 
-    void setDoors(HostDoors* offered) override {
-        doors = offered;
-        extraDoors.setDoors(offered);
-    }
+    void setDoors(HostDoors* offered) override;
 
-    /// One line on standard error.
-    void say(const std::string& sentence) override { print(sentence); }
+    /// One line on standard error, and in the strip.
+    void say(const std::string& sentence) override;
 
     /// The same, also before there is a host.
     static void print(const std::string& sentence);
@@ -88,7 +86,9 @@ private:
     bool deliverSignals(HostListener& listener);
     bool handle(const union SDL_Event& event, HostListener& listener);
     bool handleWindow(const struct SDL_WindowEvent& event);
+    bool isPictureDue();
     void presentIfDue();
+    void point(const struct SDL_MouseMotionEvent& motion);
     void sleep(int64_t untilMs);
     int64_t nextDueMs();
     int64_t nowUs() const;
@@ -116,6 +116,7 @@ private:
     SdlSpeaker voice;
     SdlWindow window;
     SdlInput input;
+    SdlStrip strip;
 
     SdlDoors extraDoors;
     HostDoors* doors = nullptr;

@@ -14,6 +14,7 @@ static_assert(HostFrame::kCanvasFactor == 2);
 }  // namespace
 
 void Strip::setDoors(HostDoors* doors) {
+    isShown = doors != nullptr;
     feeding.setDoors(doors);
     fulfilling.setDoors(doors);
     if (doors != nullptr) {
@@ -32,7 +33,7 @@ bool Strip::touch(Touch touch, int32_t x, int32_t y, int64_t nowMs) {
     const int32_t px = toProgramPx(x);
     const int32_t py = toProgramPx(y);
     if (touch == Touch::kPress) {
-        touched = row.covers(px, py);
+        touched = isShown && row.covers(px, py);
     }
     const bool isOurs = touched;
     if (touch == Touch::kRelease && touched) {
@@ -48,6 +49,9 @@ void Strip::point(int32_t x, int32_t y) {
 }
 
 bool Strip::key(StripKey key, int64_t nowMs) {
+    if (!isShown) {
+        return false;
+    }
     feeding.look(nowMs);
     const StripWish wish = row.key(key);
     fulfilling.fulfil(wish, nowMs);

@@ -9,6 +9,8 @@
 #include "StripWishes.h"
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 class Strip {
 public:
@@ -16,7 +18,8 @@ public:
     Strip(const Strip&) = delete;
     Strip& operator=(const Strip&) = delete;
 
-    /// The program has started, or (null) ended.
+    /// The program has started, or (null) ended. Only in between the strip is shown, and takes
+    /// touches and keys.
     void setDoors(HostDoors* doors);
 
     /// The frame to look at in place of the phone's own; null: the display's is gone.
@@ -54,20 +57,24 @@ private:
     StripFeed feeding{row};
     StripWishes fulfilling{row, feeding};
     StripFrame frame{row};
+    bool isShown = false;  // the program runs
     bool touched = false;  // the finger went down on it
 };
 
 /// Hands touches to the strip first, and everything else to the program.
 class StripListener : public HostListener {
 public:
+    using Clock = std::function<int64_t()>;
+
     /// @param strip, program  not owned
-    StripListener(Strip& strip, HostListener& program, int64_t nowMs)
+    /// @param nowMs           the host's clock
+    StripListener(Strip& strip, HostListener& program, Clock nowMs)
         : strip(strip)
         , program(program)
-        , nowMs(nowMs) {}
+        , nowMs(std::move(nowMs)) {}
 
     void onTouch(Touch touch, int32_t x, int32_t y) override {
-        if (!strip.touch(touch, x, y, nowMs)) {
+        if (!strip.touch(touch, x, y, nowMs())) {
             program.onTouch(touch, x, y);
         }
     }
@@ -87,5 +94,5 @@ public:
 private:
     Strip& strip;
     HostListener& program;
-    int64_t nowMs;
+    Clock nowMs;
 };

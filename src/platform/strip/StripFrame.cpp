@@ -4,13 +4,13 @@
 
 namespace {
 
-constexpr int32_t kWidthPx = StripModel::kWidthPx;
-constexpr int32_t kRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
-constexpr int32_t kStrideBytes = kWidthPx * static_cast<int32_t>(sizeof(uint16_t));
+constexpr int32_t kProgramWidthPx = StripModel::kWidthPx;
+constexpr int32_t kProgramRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
+constexpr int32_t kStrideBytes = kProgramWidthPx * static_cast<int32_t>(sizeof(uint16_t));
 
-static_assert(HostFrame::kWidthPx == kWidthPx * HostFrame::kCanvasFactor);
+static_assert(HostFrame::kWidthPx == kProgramWidthPx * HostFrame::kCanvasFactor);
 static_assert(HostFrame::kCanvasTopPx == StripModel::kHeightPx * HostFrame::kCanvasFactor);
-static_assert(kRows == StripModel::kHeightPx + StripModel::kSheetHeightPx);
+static_assert(kProgramRows == StripModel::kHeightPx + StripModel::kSheetHeightPx);
 
 }  // namespace
 
@@ -30,17 +30,19 @@ void StripFrame::paint() {
     if (painter == nullptr || painted == model.version()) {
         return;
     }
-    picture.resize(static_cast<size_t>(kWidthPx) * kRows);
+    picture.resize(static_cast<size_t>(kProgramWidthPx) * kProgramRows);
     painter->paint(model, picture.data(), kStrideBytes);
     paintedSheet = model.sheet() != StripModel::Sheet::kNone;
     if (paintedSheet) {
-        painter->paintSheet(model, picture.data() + kWidthPx * StripModel::kHeightPx, kStrideBytes);
+        painter->paintSheet(model, picture.data() + kProgramWidthPx * StripModel::kHeightPx,
+                            kStrideBytes);
     }
     painted = model.version();
 }
 
 void StripFrame::copyRow(uint16_t* to, int32_t y) const {
-    const uint16_t* from = picture.data() + static_cast<size_t>(y / kCanvasFactor) * kWidthPx;
+    const uint16_t* from =
+        picture.data() + static_cast<size_t>(y / kCanvasFactor) * kProgramWidthPx;
     for (int32_t x = 0; x < HostFrame::kWidthPx; x++) {
         to[x] = from[x / kCanvasFactor];
     }
@@ -74,12 +76,13 @@ HostFrame::Rows StripFrame::takeChanges() {
     if (paintedSheet != seenSheet) {
         changed.set();  // the picture comes out from under it, or goes
     }
-    const int32_t rows = paintedSheet ? kRows : StripModel::kHeightPx;
+    const int32_t rows = paintedSheet ? kProgramRows : StripModel::kHeightPx;
     for (int32_t y = 0; y < rows; y++) {
-        const auto at = static_cast<size_t>(y) * kWidthPx;
-        if (isAllNew || !std::equal(picture.begin() + static_cast<std::ptrdiff_t>(at),
-                                    picture.begin() + static_cast<std::ptrdiff_t>(at) + kWidthPx,
-                                    seen.begin() + static_cast<std::ptrdiff_t>(at))) {
+        const auto at = static_cast<size_t>(y) * kProgramWidthPx;
+        if (isAllNew ||
+            !std::equal(picture.begin() + static_cast<std::ptrdiff_t>(at),
+                        picture.begin() + static_cast<std::ptrdiff_t>(at) + kProgramWidthPx,
+                        seen.begin() + static_cast<std::ptrdiff_t>(at))) {
             changed.set(static_cast<size_t>(2 * y));
             changed.set(static_cast<size_t>(2 * y + 1));
         }

@@ -83,6 +83,9 @@ void StripModel::lookAgain() {
 
 void StripModel::setScreen(const ScreenTexts& texts, int32_t currentEffect, bool offersSave) {
     const bool wasRecording = isRecordingScreen();
+    if (texts.screen != screen) {
+        assign(hint, std::string());  // what was pointed at means something else, or nothing
+    }
     assign(code, texts.language);
     assign(screen, texts.screen);
     assign(questioned, texts.isQuestion);
@@ -346,7 +349,10 @@ bool StripModel::covers(int32_t x, int32_t y) const {
 void StripModel::point(int32_t x, int32_t y) {
     std::string pointed;
     for (const StripButton& button : buttons()) {
-        if (button.place.y < kHeightPx && isIn(button.place, x, y)) {
+        // The action of a message shows its word as it is.
+        const bool isNamed =
+            button.place.y >= StripLayout::kHeadsTopPx && button.place.y < kHeightPx;
+        if (isNamed && isIn(button.place, x, y)) {
             const char* text = hintOf(button.wish);
             pointed = text != nullptr ? text : button.name;
         }

@@ -74,11 +74,29 @@ TEST_F(StripFrameTest, theStripFillsTheBandAndThePictureStays) {
 }
 
 TEST_F(StripFrameTest, eachPixelOfTheStripIsDoubled) {
+    std::vector<uint16_t> strip(static_cast<size_t>(StripModel::kWidthPx * StripModel::kHeightPx));
+    StripPainter().paint(model, strip.data(), StripModel::kWidthPx * 2);
     const std::vector<uint16_t> pixels = compose();
-    for (int32_t y = 0; y < 160; y += 2) {
-        for (int32_t x = 0; x < HostFrame::kWidthPx; x += 2) {
-            ASSERT_EQ(at(pixels, x, y), at(pixels, x + 1, y));
-            ASSERT_EQ(at(pixels, x, y), at(pixels, x, y + 1));
+    for (int32_t y = 0; y < 160; y++) {
+        for (int32_t x = 0; x < HostFrame::kWidthPx; x++) {
+            ASSERT_EQ(strip[static_cast<size_t>(y / 2 * StripModel::kWidthPx + x / 2)],
+                      at(pixels, x, y))
+                << x << "," << y;
+        }
+    }
+}
+
+TEST_F(StripFrameTest, eachPixelOfTheSheetIsDoubled) {
+    model.showHelp({"Keys"});
+    std::vector<uint16_t> sheet(
+        static_cast<size_t>(StripModel::kWidthPx * StripModel::kSheetHeightPx));
+    StripPainter().paintSheet(model, sheet.data(), StripModel::kWidthPx * 2);
+    const std::vector<uint16_t> pixels = compose();
+    for (int32_t y = 0; y < 640; y++) {
+        for (int32_t x = 0; x < HostFrame::kWidthPx; x++) {
+            ASSERT_EQ(sheet[static_cast<size_t>(y / 2 * StripModel::kWidthPx + x / 2)],
+                      at(pixels, x, y + 160))
+                << x << "," << y;
         }
     }
 }

@@ -311,7 +311,19 @@ TEST(StripModel, theMouseIsToldWhatATapWouldDo) {
     EXPECT_EQ("Backwards", model.lines()[0]);
     model.point(10, 60);
     EXPECT_EQ("Save the sound (S)", model.lines()[0]);
+    model.setScreen(screen("Playing"), 2, false);
+    EXPECT_TRUE(model.lines().empty());
+    model.point(10, 60);
     model.point(-1, -1);
+    EXPECT_TRUE(model.lines().empty());
+}
+
+TEST(StripModel, theActionThatIsPointedAtLeavesNoHint) {
+    StripModel model = on("Play");
+    model.tell("Saved", wish(Kind::kShowFile), "Show", 0);
+    const ScreenPlace place = model.action().place;
+    model.point(place.x + 2, place.y + 2);
+    tapOn(model, place);
     EXPECT_TRUE(model.lines().empty());
 }
 

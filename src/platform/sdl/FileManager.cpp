@@ -1,0 +1,46 @@
+#include "FileManager.h"
+
+#include <cerrno>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+// The shell is a child of ours for a moment only; what it starts belongs to the system.
+constexpr const char* kScript = "command -v xdg-open >/dev/null || exit 1\n"
+                                "xdg-open \"$1\" </dev/null >/dev/null 2>&1 &";
+
+bool succeeds(pid_t child) {
+    int status = 0;
+    pid_t ended = -1;
+    do {
+        ended = ::waitpid(child, &status, 0);
+    } while (ended < 0 && errno == EINTR);
+    return ended == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+}  // namespace
+
+bool FileManager::show(const std::string& folder) {
+    std::string shell = "sh";
+    std::string option = "-c";
+    std::string script = kScript;
+    std::string path = folder;
+    char* const words[] = {shell.data(), option.data(), script.data(),
+                           shell.data(), path.data(),   nullptr};
+    posix_spawnattr_t attributes;
+    if (posix_spawnattr_init(&attributes) != 0) {
+        return false;
+    }
+    // In a session of its own: a signal to this program's terminal does not reach it.
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK);
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    pid_t child = 0;
+    const bool isStarted =
+        posix_spawn(&child, "/bin/sh", nullptr, &attributes, words, environ) == 0;
+    posix_spawnattr_destroy(&attributes);
+    return isStarted && succeeds(child);
+}

@@ -1,0 +1,65 @@
+#include "FileManager.h"
+#include "TestFolders.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+constexpr int32_t kPatienceMs = 30000;  // on a machine that has much to do
+
+class FileManagerTest : public ::testing::Test {
+protected:
+    FileManagerTest() {
+        folders.makeFolder("bin");
+        setenv("PATH", (folders.path("bin") + ":" + oldPath).c_str(), 1);
+    }
+
+    ~FileManagerTest() override { setenv("PATH", oldPath.c_str(), 1); }
+
+    /// A file manager that writes down what it is to show, and whether it lives on its own.
+    void install() {
+        const std::string script = "#!/bin/sh\n{ echo \"$1\"; ps -o sid= -p $$; } >\"" +
+                                   folders.path("part") + "\"\nmv \"" + folders.path("part") +
+                                   "\" \"" + folders.path("shown") + "\"\n";
+        folders.write("bin/xdg-open", script);
+        ::chmod(folders.path("bin/xdg-open").c_str(), 0755);
+    }
+
+    /// What it wrote, once it has.
+    std::string shown() {
+        for (int32_t waited = 0; waited < kPatienceMs && !folders.has("shown"); waited += 10) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return folders.read("shown");
+    }
+
+    TestFolders folders;
+    std::string oldPath = std::getenv("PATH");
+};
+
+}  // namespace
+
+TEST_F(FileManagerTest, theFolderIsShownAsItIsCalled) {
+    install();
+    EXPECT_TRUE(FileManager::show("/home/a \"b\" $HOME `c`/Murmelo"));
+    EXPECT_EQ(0U, shown().find("/home/a \"b\" $HOME `c`/Murmelo\n"));
+}
+
+TEST_F(FileManagerTest, itLivesInASessionOfItsOwn) {
+    install();
+    EXPECT_TRUE(FileManager::show("/tmp"));
+    const std::string session = shown().substr(5);
+    EXPECT_NE(getsid(0), std::atoi(session.c_str()));
+}
+
+TEST_F(FileManagerTest, withoutOneNothingIsShown) {
+    setenv("PATH", folders.path("bin").c_str(), 1);
+    EXPECT_FALSE(FileManager::show("/tmp"));
+}

@@ -1,0 +1,227 @@
+#include "Strip.h"
+#include "TestHost.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using Kind = StripWish::Kind;
+
+namespace {
+
+class TestDoors : public HostDoors {
+public:
+    std::string screenName() override { return screen; }
+
+    int32_t currentEffect() override { return 3; }
+
+    bool navigate(HostKey) override { return false; }
+
+    bool stopRecording() override { return false; }
+
+    bool canSave() override { return hasTake; }
+
+    bool saveSound() override {
+        saved += hasTake ? 1 : 0;
+        return hasTake;
+    }
+
+    bool canUseSound() override { return screen == "Play"; }
+
+    bool useSound(const int16_t*, int32_t) override { return false; }
+
+    bool showEffect(int32_t index) override {
+        shown.push_back(index);
+        return true;
+    }
+
+    std::vector<std::string> effectNames() override { return {"None"}; }
+
+    int32_t savedCount() override { return saved; }
+
+    std::string savedName() override { return "rec_00000.wav"; }
+
+    std::vector<uint8_t> canvasPng() override { return {}; }
+
+    ScreenTexts texts() override {
+        ScreenTexts texts;
+        texts.language = Languages::kAll[0].code;
+        texts.screen = screen;
+        return texts;
+    }
+
+    std::string screen = "Play";
+    bool hasTake = true;
+    int32_t saved = 0;
+    std::vector<int32_t> shown;
+};
+
+class TestMicrophone : public HostMicrophone {
+public:
+    bool isThere() override { return true; }
+
+    bool start(HostMicrophoneListener&) override { return false; }
+
+    void stop() override {}
+
+    int32_t take(int16_t*, int32_t) override { return 0; }
+
+    bool readLevel(LevelMeter::Reading& newest) override {
+        newest = reading;
+        return true;
+    }
+
+    LevelMeter::Reading reading;
+};
+
+class StripFeedTest : public ::testing::Test {
+protected:
+    StripFeedTest() {
+        host.mapShipped();
+        strip.feed().setMicrophone(&microphone);
+        strip.feed().setMicrophoneName("Headset");
+        strip.feed().setSoundFolder("/home/me/Music", "~/Music");
+        strip.setDoors(&doors);
+    }
+
+    ~StripFeedTest() override { strip.setDoors(nullptr); }
+
+    void go(const std::string& screen, int64_t nowMs) {
+        doors.screen = screen;
+        strip.look(nowMs);
+    }
+
+    std::string line() {
+        std::string all;
+        for (const std::string& row : strip.model().lines()) {
+            all += (all.empty() ? "" : " ") + row;
+        }
+        return all;
+    }
+
+    /// Sets a finger down on the display and lifts it.
+    bool tap(int32_t x, int32_t y) {
+        const bool isPress = strip.touch(HostListener::Touch::kPress, x, y, 0);
+        return strip.touch(HostListener::Touch::kRelease, x, y, 0) && isPress;
+    }
+
+    TestHost host;
+    TestDoors doors;
+    TestMicrophone microphone;
+    Strip strip;
+};
+
+}  // namespace
+
+TEST_F(StripFeedTest, anIdleProgramIsNotLookedAtAgain) {
+    go("Play", 0);
+    EXPECT_EQ(-1, strip.dueMs());
+    go("Recording", 1000);
+    EXPECT_EQ(1066, strip.dueMs());
+    go("Play", 2000);
+    strip.key(StripKey::kClose, 2000);
+    EXPECT_EQ(-1, strip.dueMs());
+}
+
+TEST_F(StripFeedTest, theSecondsThatAreLeftAreRoundedUp) {
+    go("Recording", 0);
+    EXPECT_EQ(20, strip.model().secondsLeft());
+    const std::vector<std::pair<int32_t, int32_t>> expected = {
+        {1, 20}, {15999, 20}, {16000, 19}, {319999, 1}, {320000, 0}, {330000, 0}};
+    int64_t nowMs = 0;
+    for (const auto& [heard, left] : expected) {
+        nowMs += 100;
+        microphone.reading.heardSamples = heard;
+        strip.look(nowMs);
+        EXPECT_EQ(left, strip.model().secondsLeft()) << heard;
+    }
+}
+
+TEST_F(StripFeedTest, afterASecondWithoutSamplesTheMicrophoneIsNamed) {
+    go("Recording", 0);
+    strip.look(999);
+    EXPECT_EQ("Headset", line());
+    strip.look(1100);
+    EXPECT_EQ("No sound comes from “Headset”", line());
+    microphone.reading.heardSamples = 160;
+    strip.look(1200);
+    EXPECT_EQ("Headset", line());
+}
+
+TEST_F(StripFeedTest, aTakeWithoutAVoiceIsTold) {
+    go("Recording", 0);
+    microphone.reading.loudestDb = -51;
+    go("Process", 3000);
+    EXPECT_EQ("I heard nothing from “Headset”", line());
+    EXPECT_EQ(Kind::kMicrophones, strip.model().action().wish.kind);
+}
+
+TEST_F(StripFeedTest, aTakeWithAVoiceOrGivenUpIsNotTold) {
+    go("Recording", 0);
+    microphone.reading.loudestDb = -50;
+    go("Process", 3000);
+    EXPECT_EQ("", line());
+    go("Recording", 4000);
+    microphone.reading.loudestDb = -60;
+    go("Record", 5000);
+    EXPECT_EQ("Headset", line());
+}
+
+TEST_F(StripFeedTest, whatWasSavedIsToldWithItsPlace) {
+    go("Play", 0);
+    EXPECT_TRUE(tap(48, 126));
+    EXPECT_EQ(1, doors.saved);
+    strip.look(100);
+    EXPECT_EQ("Saved: ~/Music/rec_00000.wav", line());
+    EXPECT_EQ("/home/me/Music/rec_00000.wav", strip.model().action().wish.path);
+}
+
+TEST_F(StripFeedTest, saveSaysWhyThereIsNothingToSave) {
+    doors.hasTake = false;
+    EXPECT_TRUE(strip.key(StripKey::kSave, 0));
+    EXPECT_EQ("There is nothing to save yet. Record something first.", line());
+    strip.key(StripKey::kClose, 0);
+    doors.screen = "Playing";
+    EXPECT_TRUE(strip.key(StripKey::kSave, 0));
+    EXPECT_EQ("This is possible in the menu and at the choice of the effect.", line());
+}
+
+TEST_F(StripFeedTest, aHeadShowsItsEffect) {
+    go("Play", 0);
+    EXPECT_TRUE(tap(5 * 60 + 30, 64));
+    EXPECT_EQ(std::vector<int32_t>{5}, doors.shown);
+    EXPECT_FALSE(tap(240, 400));
+}
+
+TEST_F(StripFeedTest, aFingerThatLeavesTheStripWantsNothing) {
+    go("Play", 0);
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 330, 64, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kMove, 330, 500, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 330, 500, 0));
+    EXPECT_TRUE(doors.shown.empty());
+    EXPECT_FALSE(strip.touch(HostListener::Touch::kPress, 330, 500, 0));
+    EXPECT_FALSE(strip.touch(HostListener::Touch::kRelease, 330, 64, 0));
+    EXPECT_TRUE(doors.shown.empty());
+}
+
+TEST_F(StripFeedTest, aHostFulfilsWhatItHandles) {
+    std::vector<StripWish> wishes;
+    strip.wishes().on(Kind::kOpen, [&wishes](const StripWish& wish) { wishes.push_back(wish); });
+    go("Play", 0);
+    tap(96 + 48, 126);
+    EXPECT_EQ(1U, wishes.size());
+    EXPECT_EQ("", line());
+}
+
+TEST_F(StripFeedTest, withoutADialogTheLineSaysToDropAFile) {
+    go("Play", 0);
+    tap(96 + 48, 126);
+    EXPECT_EQ("Drop a sound file here", line());
+}
+
+TEST_F(StripFeedTest, afterTheEndNothingIsTheStrips) {
+    strip.setDoors(nullptr);
+    EXPECT_FALSE(tap(48, 126));
+    EXPECT_FALSE(strip.key(StripKey::kSave, 0));
+}
