@@ -99,9 +99,11 @@ void OrmCanvas::run() {
 }
 
 void OrmCanvas::paint(GnoGraphics* g) {
+    const RowMarks waiting = painted;
     RowMarks all(kHeightPx);
     all.markAll();
     paintPicture(g, all);
+    painted = waiting;  // what an overlay has painted it has taken back
 }
 
 void OrmCanvas::paintChanges(GnoGraphics* g) {

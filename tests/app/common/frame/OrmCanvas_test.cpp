@@ -205,6 +205,21 @@ TEST_F(OrmCanvasTest, paintsOnlyWhatWasPaintedSinceTheLastTime) {
     EXPECT_EQ(0xF800, pixels[10 * 240 + 8]);
 }
 
+TEST_F(OrmCanvasTest, paintingAllOfItTakesNothingFromTheNextChanges) {
+    std::vector<uint16_t> all(240 * 320);
+    std::vector<uint16_t> pixels(240 * 320);
+    CanvasGraphics whole(reinterpret_cast<unsigned char*>(all.data()), 240, 320);
+    CanvasGraphics graphics(reinterpret_cast<unsigned char*>(pixels.data()), 240, 320);
+    canvas->paintChanges(&graphics);
+    canvas->getScreen()->set(0xFFFF0000, 5, 7);
+    std::fill(pixels.begin(), pixels.end(), uint16_t{0x1234});
+    canvas->paint(&whole);
+    canvas->paintChanges(&graphics);
+    EXPECT_EQ(240, std::count_if(pixels.begin(), pixels.end(),
+                                 [](uint16_t pixel) { return pixel != 0x1234; }));
+    EXPECT_EQ(0xF800, pixels[7 * 240 + 5]);
+}
+
 TEST_F(OrmCanvasTest, whatIsPaintedWhileTheDisplayIsTurnedIsShownLater) {
     std::vector<uint16_t> pixels(240 * 320);
     CanvasGraphics graphics(reinterpret_cast<unsigned char*>(pixels.data()), 240, 320);
