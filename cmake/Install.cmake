@@ -20,7 +20,7 @@ target_compile_definitions(murmelo_files PRIVATE MURMELO_INSTALLED_DATA="${murme
 # in the build folder, or in the folder that MURMELO_INSTALL_NOTES names in the environment of the installation.
 set(murmelo_folders
     ${CMAKE_INSTALL_BINDIR}
-    ${murmelo_data}/Res
+    ${murmelo_data}/Res/strip
     ${murmelo_data}/framework/image/font
     ${murmelo_data}/icons
     ${CMAKE_INSTALL_DATADIR}/applications
@@ -34,7 +34,8 @@ set(murmelo_folders
     ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
     ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
     ${murmelo_papers}/licences
-    ${murmelo_icons}/scalable/apps)
+    ${murmelo_icons}/scalable/apps
+    ${murmelo_icons}/symbolic/apps)
 foreach(size 16 24 32 48 64 128 256 512)
     list(APPEND murmelo_folders ${murmelo_icons}/${size}x${size}/apps)
 endforeach()
@@ -49,6 +50,7 @@ foreach(size 16 24 32 48 64 128 256 512)
         DESTINATION ${murmelo_icons}/${size}x${size}/apps RENAME ${murmelo_id}.png)
 endforeach()
 install(FILES art/icon.svg DESTINATION ${murmelo_icons}/scalable/apps RENAME ${murmelo_id}.svg)
+install(FILES art/icon_symbolic.svg DESTINATION ${murmelo_icons}/symbolic/apps RENAME ${murmelo_id}-symbolic.svg)
 
 # The window's own icon is looked for beside the pictures.
 file(RELATIVE_PATH murmelo_icon_from_data

@@ -17,6 +17,12 @@ add_test(NAME packaging/desktop-entry-and-metainfo
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 list(APPEND packaging_tests packaging/desktop-entry-and-metainfo)
 
+file(STRINGS ${CMAKE_SOURCE_DIR}/src/platform/host/Languages.h spoken REGEX "^ *{\"[a-z]+\", \"")
+list(TRANSFORM spoken REPLACE "^ *{\"([a-z]+)\".*" "\\1")
+add_test(NAME packaging/screenshots
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/packaging/screenshots.py ${CMAKE_SOURCE_DIR} ${spoken})
+list(APPEND packaging_tests packaging/screenshots)
+
 add_test(NAME packaging/man-pages-translated
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/packaging/translations.py ${CMAKE_SOURCE_DIR})
 list(APPEND packaging_tests packaging/man-pages-translated)

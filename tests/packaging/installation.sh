@@ -105,7 +105,12 @@ icons)
         [ "$(identify -format '%wx%h' "$hicolor/${size}x$size/apps/org.murmelo.Murmelo.png")" = "${size}x$size" ] ||
             complain "no icon of $size pixels"
     done
-    [ "$(find "$hicolor" -mindepth 1 -maxdepth 1 | wc -l)" = 9 ] || complain "there should be eight sizes and a scalable one: $(ls "$hicolor")"
+    [ "$(find "$hicolor" -mindepth 1 -maxdepth 1 | wc -l)" = 10 ] || complain "there should be eight sizes, a scalable and a symbolic one: $(ls "$hicolor")"
+    symbolic=$hicolor/symbolic/apps/org.murmelo.Murmelo-symbolic.svg
+    rsvg-convert "$symbolic" -o "$folder/symbolic.png" || complain "the symbolic icon cannot be drawn"
+    # Desktops exchange this very colour, and want a picture of 16 pixels.
+    [ "$(grep -o '#[0-9a-f]*' "$symbolic" | sort -u)" = "#2e3436" ] || complain "the symbolic icon has another colour"
+    [ "$(identify -format '%w %h' "$folder/symbolic.png")" = "16 16" ] || complain "the symbolic icon has another size"
     rsvg-convert -w 64 "$hicolor/scalable/apps/org.murmelo.Murmelo.svg" -o "$folder/scalable.png" ||
         complain "the scalable icon cannot be drawn"
     # Drawn at one of the sizes, it is the same picture, but for the other's dither.

@@ -1,7 +1,7 @@
 // A menu places, focuses and paints its entries, and reports the one that is chosen.
 #include "AppImage.h"
-#include "ArrFunc.h"
 #include "Array.h"
+#include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "Bounds.h"
 #include "Event.h"
