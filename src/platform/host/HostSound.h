@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 class HostMicrophoneListener {
@@ -36,6 +37,9 @@ public:
 
     /// True if there is a device. Does not open it.
     virtual bool isThere() = 0;
+
+    /// Name of the device, as the system shows it; empty if it is not known. Opens nothing.
+    virtual std::string deviceName() { return ""; }
 
     /// A recording will be offered: time to ask the user for the microphone, where that is needed.
     virtual void prepare() {}

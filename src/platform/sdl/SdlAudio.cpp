@@ -64,6 +64,18 @@ std::vector<std::string> SdlAudio::names(Kind kind) {
     return names;
 }
 
+std::string SdlAudio::defaultName(Kind kind) const {
+    char* found = nullptr;
+    SDL_AudioSpec format{};
+    if (!ready || SDL_GetDefaultAudioInfo(&found, &format, isCapture(kind)) != 0 ||
+        found == nullptr) {
+        return "";
+    }
+    const std::string name = found;
+    SDL_free(found);
+    return name;
+}
+
 bool SdlAudio::hasDied(uint32_t device) {
     return SDL_GetAudioDeviceStatus(device) == SDL_AUDIO_STOPPED;
 }

@@ -39,6 +39,10 @@ bool SdlMicrophone::isThere() {
     return audio.has(SdlAudio::Kind::kMicrophone);
 }
 
+std::string SdlMicrophone::deviceName() {
+    return name.empty() ? audio.defaultName(SdlAudio::Kind::kMicrophone) : name;
+}
+
 bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
     if (listener != nullptr) {
         return false;

@@ -32,6 +32,7 @@ public:
     bool start(HostMicrophoneListener& newListener) override;
     void stop() override;
     int32_t take(int16_t* samples, int32_t count) override;
+    std::string deviceName() override;
     bool readLevel(LevelMeter::Reading& reading) override;
 
     /// True from the loss of the device until the next start() or stop().

@@ -18,14 +18,15 @@ int32_t secondsLeft(int32_t heardSamples) {
 void StripFeed::setDoors(HostDoors* offered) {
     doors = offered;
     language.clear();
+    screen.clear();
     recording = false;
     nextLevelMs = kNever;
     savedBefore = 0;
 }
 
-void StripFeed::setMicrophoneName(const std::string& name) {
-    microphoneName = name;
-    model.setMicrophoneName(name);
+void StripFeed::nameMicrophone() {
+    microphoneName = microphone != nullptr ? microphone->deviceName() : "";
+    model.setMicrophoneName(microphoneName);
 }
 
 void StripFeed::setSoundFolder(std::string path, std::string shown) {
@@ -55,6 +56,11 @@ void StripFeed::lookAtScreen(int64_t nowMs) {
     if (recording && !isRecording) {
         endRecording(texts.screen, nowMs);
     }
+    // The sound system may have become ready, or the user may have chosen another device.
+    if (texts.screen != screen && (isRecording || texts.screen == "Record")) {
+        nameMicrophone();
+    }
+    screen = texts.screen;
     model.setScreen(texts, doors->currentEffect(), doors->canSave());
     model.setCanOpen(doors->canUseSound());
     if (texts.language != language) {

@@ -28,9 +28,6 @@ public:
     /// Whose level is shown; null: none. Not owned.
     void setMicrophone(HostMicrophone* newest) { microphone = newest; }
 
-    /// What it is called in messages; empty: "the microphone".
-    void setMicrophoneName(const std::string& name);
-
     /// Where saved sounds lie.
     /// @param path   the real one, without a trailing "/"
     /// @param shown  as the user knows it ("~/Music/Murmelo")
@@ -48,6 +45,7 @@ public:
 
 private:
     void lookAtScreen(int64_t nowMs);
+    void nameMicrophone();
     void lookAtLevel(int64_t nowMs);
     void endRecording(const std::string& screen, int64_t nowMs);
     void tellSaved(int64_t nowMs);
@@ -55,7 +53,8 @@ private:
     StripModel& model;
     HostDoors* doors = nullptr;
     HostMicrophone* microphone = nullptr;
-    std::string microphoneName;
+    std::string microphoneName;  // empty: "the microphone"
+    std::string screen;
     std::string folder;
     std::string shownFolder;
     std::string language;

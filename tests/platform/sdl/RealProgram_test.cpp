@@ -117,6 +117,12 @@ protected:
         return until([this] { return sound("MrmLastRec.wav").size() > 44; });
     }
 
+    /// @param x, y  in the window
+    static void click(int32_t x, int32_t y) {
+        const std::string place = std::to_string(kLeft + x) + " " + std::to_string(kTop + y);
+        ASSERT_EQ(0, std::system(("xdotool mousemove " + place + " click 1").c_str()));
+    }
+
     std::string sound(const std::string& name) const {
         return folders.read("home/Murmelo/" + name);
     }
@@ -264,6 +270,32 @@ TEST_F(RealProgram, aMessageBusOfTheSessionIsUsedWhereThereIsOne) {
     close(bus);  // hangs up: whatever was called must not wait for an answer
     unlink(path.c_str());
     EXPECT_TRUE(waitForPicture());
+}
+
+TEST_F(RealProgram, theStripIsClicked) {
+    folders.write("bin/xdg-open", "#!/bin/sh\necho \"$1\" >\"" + folders.path("part") +
+                                      "\"\nmv \"" + folders.path("part") + "\" \"" +
+                                      folders.path("shown") + "\"\n");
+    ASSERT_EQ(0, std::system(("chmod +x " + folders.path("bin/xdg-open")).c_str()));
+    const char* given = std::getenv("PATH");
+    const std::string path = given != nullptr ? given : "";
+    setenv("PATH", (folders.path("bin") + ":" + path).c_str(), 1);
+    Program program(command());
+    setenv("PATH", path.c_str(), 1);
+    ASSERT_TRUE(waitForPicture());
+
+    // "Sounds", the fourth button; then the help, which lies over the picture until it is touched.
+    click(3 * 96 + 48, 126);
+    EXPECT_TRUE(until([this] { return folders.has("shown"); }));
+    EXPECT_EQ(folders.path("home/Murmelo") + "\n", folders.read("shown"));
+    const std::vector<uint32_t> before = screen.pixels(kLeft, kTop + 160, 480, 640);
+    const auto picture = [this] { return screen.pixels(kLeft, kTop + 160, 480, 640); };
+    click(4 * 96 + 48, 126);
+    EXPECT_TRUE(until([&] { return picture() != before; }));
+    click(240, 600);
+    EXPECT_TRUE(until([&] { return picture() == before; }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd(3000));
 }
 
 TEST_F(RealProgram, aSecondOneInTheSameHomeSaysSoAndEnds) {

@@ -61,6 +61,8 @@ class TestMicrophone : public HostMicrophone {
 public:
     bool isThere() override { return true; }
 
+    std::string deviceName() override { return device; }
+
     bool start(HostMicrophoneListener&) override { return false; }
 
     void stop() override {}
@@ -73,6 +75,7 @@ public:
     }
 
     LevelMeter::Reading reading;
+    std::string device = "Headset";
 };
 
 class StripFeedTest : public ::testing::Test {
@@ -80,7 +83,6 @@ protected:
     StripFeedTest() {
         host.mapShipped();
         strip.feed().setMicrophone(&microphone);
-        strip.feed().setMicrophoneName("Headset");
         strip.feed().setSoundFolder("/home/me/Music", "~/Music");
         strip.setDoors(&doors);
     }
@@ -147,6 +149,23 @@ TEST_F(StripFeedTest, afterASecondWithoutSamplesTheMicrophoneIsNamed) {
     microphone.reading.heardSamples = 160;
     strip.look(1200);
     EXPECT_EQ("Headset", line());
+}
+
+TEST_F(StripFeedTest, theMicrophoneIsNamedWhereItIsUsed) {
+    EXPECT_EQ("", line());
+    go("Record", 0);
+    EXPECT_EQ("Headset", line());
+    microphone.device = "Camera";
+    strip.look(100);
+    EXPECT_EQ("Headset", line());
+    go("Recording", 200);
+    EXPECT_EQ("Camera", line());
+    microphone.device = "";
+    microphone.reading.loudestDb = -60;
+    go("Record", 300);
+    go("Recording", 400);
+    go("Process", 500);
+    EXPECT_EQ("I heard nothing. Is the microphone switched off?", line());
 }
 
 TEST_F(StripFeedTest, aTakeWithoutAVoiceIsTold) {
