@@ -22,6 +22,11 @@ void StripMessages::close() {
     }
 }
 
+void StripMessages::closeAll() {
+    waiting.clear();
+    sinceMs = kNever;
+}
+
 bool StripMessages::tick(int64_t nowMs) {
     if (waiting.empty()) {
         return false;

@@ -34,6 +34,9 @@ public:
     /// Takes the shown message away; a waiting one follows with the next tick().
     void close();
 
+    /// Takes all away, also those that wait.
+    void closeAll();
+
     /// True if another message is shown now, or none.
     bool tick(int64_t nowMs);
 

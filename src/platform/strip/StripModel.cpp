@@ -94,6 +94,7 @@ void StripModel::setScreen(const ScreenTexts& texts, int32_t currentEffect, bool
     if (isRecordingScreen() && !wasRecording) {
         reading = {};
         mute = false;
+        messages.closeAll();  // of the take before; they would cover the level
         openSheet = Sheet::kNone;
         lookAgain();
     }

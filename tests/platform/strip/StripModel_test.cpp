@@ -304,6 +304,15 @@ TEST(StripModel, aRecordingThatBeginsClosesTheSheet) {
     EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
 }
 
+TEST(StripModel, aRecordingThatBeginsEndsTheMessages) {
+    StripModel model = on("Record");
+    model.tell("first", {}, "", 0);
+    model.tell("second", {}, "", 0);
+    model.setScreen(screen("Recording"), 2, false);
+    EXPECT_TRUE(model.lines().empty());
+    EXPECT_EQ(-1, model.dueMs());
+}
+
 TEST(StripModel, theMouseIsToldWhatATapWouldDo) {
     StripModel model = on("Play");
     model.setEffectNames({"a", "b", "c", "d", "e", "f", "g", "Backwards"});
