@@ -12,16 +12,17 @@ using Kind = StripWish::Kind;
 
 namespace {
 
-// Dark glass with a warm rim, as the program's own windows.
-constexpr uint32_t kGlassTopArgb = 0xFF2E1A2B;
-constexpr uint32_t kGlassArgb = 0xFF160B15;
+// Dark glass with a warm rim, as the program's own windows. Red and blue are equal, so that the
+// display's five bits of each change together, and no band of the fade looks reddish.
+constexpr uint32_t kGlassTopArgb = 0xFF301C30;
+constexpr uint32_t kGlassArgb = 0xFF180C18;
 constexpr uint32_t kEdgeArgb = 0x8CFFD9A0;
 constexpr uint32_t kSheenArgb = 0x18FFFFFF;
 constexpr uint32_t kGrooveArgb = 0x90000000;
 constexpr uint32_t kWhiteArgb = 0xFFFFFFFF;
 constexpr uint32_t kSoftArgb = 0xC0FFFFFF;  // what is only said by the way
 constexpr uint32_t kGreyArgb = 0x60FFFFFF;  // what can do nothing
-constexpr uint32_t kMessageArgb = 0xFF4A2A3C;
+constexpr uint32_t kMessageArgb = 0xFF482840;
 constexpr uint32_t kActionArgb = 0xFFFFD9A0;
 constexpr uint32_t kActionTextArgb = 0xFF2A1420;
 constexpr uint32_t kLitArgb = 0x38FFFFFF;
