@@ -18,17 +18,6 @@ namespace {
 
 constexpr int32_t kGuessedCharacterPx = 7;
 
-bool isIn(const ScreenPlace& place, int32_t x, int32_t y) {
-    return x >= place.x && x < place.x + place.w && y >= place.y && y < place.y + place.h;
-}
-
-StripWish wishFor(Kind kind, int32_t index = 0) {
-    StripWish wish;
-    wish.kind = kind;
-    wish.index = index;
-    return wish;
-}
-
 }  // namespace
 
 bool StripButton::canBeWished() const {
@@ -49,14 +38,6 @@ StripModel::StripModel()
 void StripModel::setTextWidth(TextRows::Width width) {
     widthOf = std::move(width);
     lookAgain();
-}
-
-template <typename T>
-void StripModel::assign(T& field, const T& value) {
-    if (!(field == value)) {
-        field = value;
-        lookAgain();
-    }
 }
 
 /// Something of the picture has changed: its texts are laid out again.
@@ -230,7 +211,7 @@ void StripModel::addHeads(std::vector<StripButton>& all) const {
     for (int32_t i = 0; showsHeads() && i < kEffects; i++) {
         const auto at = static_cast<size_t>(i);
         StripButton head;
-        head.wish = wishFor(Kind::kEffect, i);
+        head.wish = StripWish::of(Kind::kEffect, i);
         head.name = at < effectNames.size() ? effectNames[at] : std::to_string(i + 1);
         head.place = StripLayout::head(i);
         head.isLit = i == effect;
@@ -256,7 +237,7 @@ void StripModel::addKeys(std::vector<StripButton>& all) const {
     int32_t index = 0;
     for (const Key& key : keys) {
         StripButton button;
-        button.wish = wishFor(key.kind);
+        button.wish = StripWish::of(key.kind);
         button.name = key.word;
         button.place = StripLayout::keyOf(index);
         button.isEnabled = key.isEnabled;
@@ -273,7 +254,7 @@ void StripModel::addSheet(std::vector<StripButton>& all) const {
         addChoices(all);
     }
     StripButton close;
-    close.wish = wishFor(Kind::kClose);
+    close.wish = StripWish::of(Kind::kClose);
     close.name = HostWords::text("close", code);
     close.place = StripLayout::close();
     all.push_back(close);
@@ -287,7 +268,7 @@ void StripModel::addChoices(std::vector<StripButton>& all) const {
     int32_t row = 0;
     for (int32_t i = firstChoice; i < std::min(count, firstChoice + shown); i++) {
         StripButton choice;
-        choice.wish = wishFor(Kind::kUseMicrophone, i - 1);
+        choice.wish = StripWish::of(Kind::kUseMicrophone, i - 1);
         choice.name =
             i == 0 ? word(StripText::kSystemsChoice) : microphones[static_cast<size_t>(i) - 1];
         choice.place = StripLayout::choice(row);
@@ -297,128 +278,10 @@ void StripModel::addChoices(std::vector<StripButton>& all) const {
     }
     if (!fits) {
         StripButton more;
-        more.wish =
-            wishFor(Kind::kMicrophones, firstChoice + shown < count ? firstChoice + shown : 0);
+        more.wish = StripWish::of(Kind::kMicrophones,
+                                  firstChoice + shown < count ? firstChoice + shown : 0);
         more.name = word(StripText::kMore);
         more.place = StripLayout::choice(StripLayout::kMaxChoices - 1);
         all.push_back(more);
     }
-}
-
-StripWish StripModel::tap(int32_t x, int32_t y) {
-    const std::vector<StripButton> all = buttons();
-    const auto hit = std::find_if(all.begin(), all.end(), [x, y](const StripButton& button) {
-        return isIn(button.place, x, y) && button.canBeWished();
-    });
-    const bool isInStrip = x >= 0 && x < kWidthPx && y >= 0 && y < kHeightPx;
-    const bool isOnLines =
-        isInStrip && y < StripLayout::kLineHeightPx * static_cast<int32_t>(shownLines.size());
-    if (hit != all.end()) {
-        return chosen(*hit);
-    }
-    if (openSheet != Sheet::kNone || (messages.shown() != nullptr && isOnLines)) {
-        return key(StripKey::kClose);
-    }
-    return {};
-}
-
-/// Only the list itself keeps the sheet open: what else is tapped takes its place.
-StripWish StripModel::chosen(const StripButton& button) {
-    const bool turnsPage = openSheet == Sheet::kMicrophones && button.place.y >= kHeightPx &&
-                           button.wish.kind == Kind::kMicrophones;
-    if (turnsPage) {
-        assign(firstChoice, button.wish.index);
-        return wishFor(Kind::kClose);
-    }
-    const bool closesOwn =
-        (openSheet == Sheet::kHelp && button.wish.kind == Kind::kHelp) ||
-        (openSheet == Sheet::kMicrophones && button.wish.kind == Kind::kMicrophones);
-    const StripWish wish = closesOwn ? wishFor(Kind::kClose) : button.wish;
-    if (button.place.y < StripLayout::kLineHeightPx) {  // the action of a message
-        messages.close();
-    }
-    openSheet = Sheet::kNone;
-    lookAgain();
-    return wish;
-}
-
-bool StripModel::covers(int32_t x, int32_t y) const {
-    const bool isAcross = x >= 0 && x < kWidthPx && y >= 0;
-    return openSheet != Sheet::kNone || (isAcross && y < kHeightPx);
-}
-
-void StripModel::point(int32_t x, int32_t y) {
-    std::string pointed;
-    for (const StripButton& button : buttons()) {
-        // The action of a message shows its word as it is.
-        const bool isNamed =
-            button.place.y >= StripLayout::kHeadsTopPx && button.place.y < kHeightPx;
-        if (isNamed && isIn(button.place, x, y)) {
-            const char* text = hintOf(button.wish);
-            pointed = text != nullptr ? text : button.name;
-        }
-    }
-    assign(hint, pointed);
-}
-
-const char* StripModel::hintOf(const StripWish& wish) const {
-    switch (wish.kind) {
-    case Kind::kSave:
-        return StripTexts::text(StripText::kSaveHint, code);
-    case Kind::kOpen:
-        return StripTexts::text(StripText::kOpenHint, code);
-    case Kind::kMicrophones:
-        return StripTexts::text(StripText::kMicroHint, code);
-    case Kind::kSounds:
-        return StripTexts::text(StripText::kSoundsHint, code);
-    case Kind::kHelp:
-        return StripTexts::text(StripText::kHelpHint, code);
-    default:
-        return nullptr;
-    }
-}
-
-StripWish StripModel::key(StripKey key) {
-    Kind kind = Kind::kNone;
-    int32_t index = 0;
-    switch (key) {
-    case StripKey::kClose:
-        if (openSheet != Sheet::kNone) {
-            assign(openSheet, Sheet::kNone);
-            return wishFor(Kind::kClose);
-        }
-        if (messages.shown() != nullptr) {
-            messages.close();
-            lookAgain();
-            return wishFor(Kind::kClose);
-        }
-        return {};
-    case StripKey::kBringBack:
-        return hasLastTake && canOpen ? wishFor(Kind::kBringBack) : StripWish();
-    case StripKey::kSave:
-        kind = Kind::kSave;
-        break;
-    case StripKey::kOpen:
-        kind = Kind::kOpen;
-        break;
-    case StripKey::kMicrophones:
-        kind = Kind::kMicrophones;
-        break;
-    case StripKey::kHelp:
-        kind = Kind::kHelp;
-        break;
-    default:
-        // A message may cover the heads; their keys hold all the same.
-        index = static_cast<int32_t>(key) - static_cast<int32_t>(StripKey::kEffect1);
-        return screen == "Play" && !questioned && index >= 0 && index < kEffects
-                   ? wishFor(Kind::kEffect, index)
-                   : StripWish();
-    }
-    for (const StripButton& button : buttons()) {
-        if (button.wish.kind == kind && button.canBeWished() &&
-            button.place.y >= StripLayout::kKeysTopPx && button.place.y < kHeightPx) {
-            return chosen(button);
-        }
-    }
-    return {};
 }

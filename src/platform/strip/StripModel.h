@@ -139,7 +139,13 @@ public:
 
 private:
     template <typename T>
-    void assign(T& field, const T& value);
+    void assign(T& field, const T& value) {
+        if (!(field == value)) {
+            field = value;
+            lookAgain();
+        }
+    }
+
     void lookAgain();
 
     bool isRecordingScreen() const;

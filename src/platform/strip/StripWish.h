@@ -23,6 +23,13 @@ struct StripWish {
 
     static constexpr int32_t kSystemsChoice = -1;
 
+    static StripWish of(Kind kind, int32_t index = 0) {
+        StripWish wish;
+        wish.kind = kind;
+        wish.index = index;
+        return wish;
+    }
+
     /// True if there is something to do.
     explicit operator bool() const { return kind != Kind::kNone; }
 

@@ -1,0 +1,133 @@
+// What taps, the mouse and keys do to the strip, and what they wish.
+#include "StripLayout.h"
+#include "StripModel.h"
+
+#include <algorithm>
+
+using Kind = StripWish::Kind;
+
+namespace {
+
+bool isIn(const ScreenPlace& place, int32_t x, int32_t y) {
+    return x >= place.x && x < place.x + place.w && y >= place.y && y < place.y + place.h;
+}
+
+}  // namespace
+
+StripWish StripModel::tap(int32_t x, int32_t y) {
+    const std::vector<StripButton> all = buttons();
+    const auto hit = std::find_if(all.begin(), all.end(), [x, y](const StripButton& button) {
+        return isIn(button.place, x, y) && button.canBeWished();
+    });
+    const bool isInStrip = x >= 0 && x < kWidthPx && y >= 0 && y < kHeightPx;
+    const bool isOnLines =
+        isInStrip && y < StripLayout::kLineHeightPx * static_cast<int32_t>(shownLines.size());
+    if (hit != all.end()) {
+        return chosen(*hit);
+    }
+    if (openSheet != Sheet::kNone || (messages.shown() != nullptr && isOnLines)) {
+        return key(StripKey::kClose);
+    }
+    return {};
+}
+
+/// Only the list itself keeps the sheet open: what else is tapped takes its place.
+StripWish StripModel::chosen(const StripButton& button) {
+    const bool turnsPage = openSheet == Sheet::kMicrophones && button.place.y >= kHeightPx &&
+                           button.wish.kind == Kind::kMicrophones;
+    if (turnsPage) {
+        assign(firstChoice, button.wish.index);
+        return StripWish::of(Kind::kClose);
+    }
+    const bool closesOwn =
+        (openSheet == Sheet::kHelp && button.wish.kind == Kind::kHelp) ||
+        (openSheet == Sheet::kMicrophones && button.wish.kind == Kind::kMicrophones);
+    const StripWish wish = closesOwn ? StripWish::of(Kind::kClose) : button.wish;
+    if (button.place.y < StripLayout::kLineHeightPx) {  // the action of a message
+        messages.close();
+    }
+    openSheet = Sheet::kNone;
+    lookAgain();
+    return wish;
+}
+
+bool StripModel::covers(int32_t x, int32_t y) const {
+    const bool isAcross = x >= 0 && x < kWidthPx && y >= 0;
+    return openSheet != Sheet::kNone || (isAcross && y < kHeightPx);
+}
+
+void StripModel::point(int32_t x, int32_t y) {
+    std::string pointed;
+    for (const StripButton& button : buttons()) {
+        // The action of a message shows its word as it is.
+        const bool isNamed =
+            button.place.y >= StripLayout::kHeadsTopPx && button.place.y < kHeightPx;
+        if (isNamed && isIn(button.place, x, y)) {
+            const char* text = hintOf(button.wish);
+            pointed = text != nullptr ? text : button.name;
+        }
+    }
+    assign(hint, pointed);
+}
+
+const char* StripModel::hintOf(const StripWish& wish) const {
+    switch (wish.kind) {
+    case Kind::kSave:
+        return StripTexts::text(StripText::kSaveHint, code);
+    case Kind::kOpen:
+        return StripTexts::text(StripText::kOpenHint, code);
+    case Kind::kMicrophones:
+        return StripTexts::text(StripText::kMicroHint, code);
+    case Kind::kSounds:
+        return StripTexts::text(StripText::kSoundsHint, code);
+    case Kind::kHelp:
+        return StripTexts::text(StripText::kHelpHint, code);
+    default:
+        return nullptr;
+    }
+}
+
+StripWish StripModel::key(StripKey key) {
+    Kind kind = Kind::kNone;
+    int32_t index = 0;
+    switch (key) {
+    case StripKey::kClose:
+        if (openSheet != Sheet::kNone) {
+            assign(openSheet, Sheet::kNone);
+            return StripWish::of(Kind::kClose);
+        }
+        if (messages.shown() != nullptr) {
+            messages.close();
+            lookAgain();
+            return StripWish::of(Kind::kClose);
+        }
+        return {};
+    case StripKey::kBringBack:
+        return hasLastTake && canOpen ? StripWish::of(Kind::kBringBack) : StripWish();
+    case StripKey::kSave:
+        kind = Kind::kSave;
+        break;
+    case StripKey::kOpen:
+        kind = Kind::kOpen;
+        break;
+    case StripKey::kMicrophones:
+        kind = Kind::kMicrophones;
+        break;
+    case StripKey::kHelp:
+        kind = Kind::kHelp;
+        break;
+    default:
+        // A message may cover the heads; their keys hold all the same.
+        index = static_cast<int32_t>(key) - static_cast<int32_t>(StripKey::kEffect1);
+        return screen == "Play" && !questioned && index >= 0 && index < kEffects
+                   ? StripWish::of(Kind::kEffect, index)
+                   : StripWish();
+    }
+    for (const StripButton& button : buttons()) {
+        if (button.wish.kind == kind && button.canBeWished() &&
+            button.place.y >= StripLayout::kKeysTopPx && button.place.y < kHeightPx) {
+            return chosen(button);
+        }
+    }
+    return {};
+}
