@@ -21,7 +21,7 @@ export class Hands {
         });
         canvas.addEventListener('pointermove', (event) => event.buttons !== 0 && this.touch(MOVE, event));
         canvas.addEventListener('pointerup', (event) => this.touch(RELEASE, event));
-        canvas.addEventListener('pointercancel', (event) => this.touch(RELEASE, event));
+        canvas.addEventListener('pointercancel', (event) => this.cancel(event));
         canvas.addEventListener('contextmenu', (event) => event.preventDefault());
         addEventListener('keydown', (event) => this.key(event));
     }
@@ -32,9 +32,16 @@ export class Hands {
             return;
         }
         const { x, y } = this.picture.placeOf(event);
-        const isFinger = event.pointerType === 'touch' ? 1 : 0;
-        this.core.program._murmeloTouch(kind, isFinger, event.pointerId, x, y, event.timeStamp);
+        this.core.program._murmeloTouch(kind, isFinger(event), event.pointerId, x, y, event.timeStamp);
         this.core.turn();
+    }
+
+    /** The browser needs the finger for itself, for a pinch. @param {PointerEvent} event */
+    cancel(event) {
+        if (this.core.running) {
+            this.core.program._murmeloTouchCancelled(isFinger(event), event.pointerId);
+            this.core.turn();
+        }
     }
 
     /** @param {KeyboardEvent} event */
@@ -59,4 +66,9 @@ export class Hands {
         event.preventDefault();
         this.core.turn();
     }
+}
+
+/** @param {PointerEvent} event */
+function isFinger(event) {
+    return event.pointerType === 'touch' ? 1 : 0;
 }

@@ -29,6 +29,7 @@ export type Murmelo = {
     _murmeloBegin(): number;
     _murmeloTurn(): number;
     _murmeloTouch(kind: number, isFinger: number, id: number, x: number, y: number, timeMs: number): void;
+    _murmeloTouchCancelled(isFinger: number, id: number): void;
     _murmeloKey(key: number): void;
     _murmeloVolumeKey(up: number): void;
     _murmeloMicrophoneGranted(ticket: number): void;

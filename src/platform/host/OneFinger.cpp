@@ -58,3 +58,7 @@ bool OneFinger::released(
     deliver(Touch::kRelease, x, y, listener);
     return true;
 }
+
+bool OneFinger::cancelled(Pointer pointer, int64_t id, HostListener& listener) {
+    return released(pointer, id, 0, 0, listener);  // in the empty band above the canvas
+}

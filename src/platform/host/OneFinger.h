@@ -26,6 +26,10 @@ public:
     bool moved(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
     bool released(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
 
+    /// The pointer is taken away, for the browser's own pinch for instance: it lets go where no key
+    /// is, and presses nothing.
+    bool cancelled(Pointer pointer, int64_t id, HostListener& listener);
+
     /// Whether a place of the display belongs to the soft-key bar.
     static bool isOnSoftKeys(int32_t y) { return y >= HostFrame::kSoftKeysTopPx; }
 

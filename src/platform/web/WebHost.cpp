@@ -9,6 +9,10 @@ namespace {
 
 constexpr double kTurnMs = 8;  // leaves the page half of a frame for everything else
 
+OneFinger::Pointer pointerOf(bool isFinger) {
+    return isFinger ? OneFinger::Pointer::kFinger : OneFinger::Pointer::kMouse;
+}
+
 }  // namespace
 
 WebHost::WebHost(WebPage& page, HostFolders folders)
@@ -80,7 +84,7 @@ bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
 void WebHost::touch(
     HostListener::Touch touch, bool isFinger, int32_t id, int32_t x, int32_t y, uint32_t timeMs) {
     tasks.emplace_back([=, this, asked = refusals](HostListener& listener) {
-        const auto pointer = isFinger ? OneFinger::Pointer::kFinger : OneFinger::Pointer::kMouse;
+        const OneFinger::Pointer pointer = pointerOf(isFinger);
         switch (touch) {
         case HostListener::Touch::kPress:
             return asked == refusals && finger.tapped(pointer, id, x, y, timeMs, listener);
@@ -89,6 +93,12 @@ void WebHost::touch(
         default:
             return finger.released(pointer, id, x, y, listener);
         }
+    });
+}
+
+void WebHost::touchCancelled(bool isFinger, int32_t id) {
+    tasks.emplace_back([=, this](HostListener& listener) {
+        return finger.cancelled(pointerOf(isFinger), id, listener);
     });
 }
 

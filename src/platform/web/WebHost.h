@@ -51,6 +51,9 @@ public:
                int32_t x,
                int32_t y,
                uint32_t timeMs);
+
+    /// The browser takes the pointer away, for a pinch for instance: it presses nothing.
+    void touchCancelled(bool isFinger, int32_t id);
     void key(HostKey key);
     void volumeKey(bool up);
     void microphoneGranted(int32_t ticket);

@@ -82,6 +82,10 @@ murmeloTouch(int32_t kind, int32_t isFinger, int32_t id, double x, double y, dou
                 static_cast<uint32_t>(static_cast<int64_t>(timeMs)));
 }
 
+EMSCRIPTEN_KEEPALIVE void murmeloTouchCancelled(int32_t isFinger, int32_t id) {
+    host->touchCancelled(isFinger != 0, id);
+}
+
 /// @param key  a value of HostKey
 EMSCRIPTEN_KEEPALIVE void murmeloKey(int32_t key) {
     host->key(static_cast<HostKey>(key));

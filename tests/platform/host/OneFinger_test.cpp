@@ -56,6 +56,15 @@ TEST_F(OneFingerTest, aPointerBeyondTheDisplayPressesNothingAndLetsGoAtItsEdge) 
     EXPECT_EQ((Notes{"press 479 799", "move 479 0", "release 0 799"}), phone.notes);
 }
 
+TEST_F(OneFingerTest, aPointerThatIsTakenAwayLetsGoWhereNoKeyIs) {
+    finger.pressed(Pointer::kFinger, 1, 400, 780, phone);
+    EXPECT_FALSE(finger.cancelled(Pointer::kFinger, 2, phone)) << "another one";
+    EXPECT_TRUE(finger.cancelled(Pointer::kFinger, 1, phone));
+    EXPECT_FALSE(finger.released(Pointer::kFinger, 1, 400, 780, phone)) << "it has let go";
+    EXPECT_EQ((Notes{"press 400 780", "release 0 0"}), phone.notes);
+    static_assert(HostFrame::kCanvasTopPx > 0, "above the canvas");
+}
+
 TEST_F(OneFingerTest, theSecondTapOfADoubleTapOnTheSoftKeysIsDropped) {
     EXPECT_TRUE(tap(kOnBar, 1000));
     EXPECT_FALSE(tap(kOnBar, 1499));

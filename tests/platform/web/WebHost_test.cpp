@@ -393,6 +393,20 @@ TEST_F(WebHostTest, touchesReachTheProgramAndADoubleTapPressesOneKey) {
     EXPECT_EQ("Recording", screen());
 }
 
+TEST_F(WebHostTest, aTouchThatTheBrowserTakesAwayPressesNothing) {
+    toMenu();
+    for (const auto& [x, y] : {std::pair{240, 770}, {440, 780}, {240, 368}}) {
+        host->touch(HostListener::Touch::kPress, true, 5, x, y, 10000);
+        host->touchCancelled(true, 5);
+        pass(1000);
+        EXPECT_EQ("Options", screen()) << x << ", " << y;
+    }
+    host->touch(HostListener::Touch::kPress, true, 6, 240, 770, 20000);
+    host->touch(HostListener::Touch::kRelease, true, 6, 240, 770, 20050);
+    settle();
+    EXPECT_EQ("Record", screen()) << "the next finger counts";
+}
+
 TEST_F(WebHostTest, theEndIsToldOnceAndNothingHappensAfterwards) {
     toMenu();
     host->key(HostKey::kRightSoft);
