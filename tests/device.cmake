@@ -29,6 +29,7 @@ murmelo_tests(web_tests
         platform/web/PlainWav_test.cpp
         platform/web/RateTo16k_test.cpp
         platform/web/WebHost_test.cpp
+        platform/web/WebSounds_test.cpp
         platform/web/WebTexts_test.cpp
     LINK murmelo_app murmelo_web_host)
 target_compile_definitions(web_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

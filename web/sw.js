@@ -1,11 +1,10 @@
-// @ts-check
 // Keeps the page on this device: all files of one version, or none. A new version waits until the
 // user takes it.
 /* global VERSION, FILES: the packer writes them above */
 
-const PREFIX = 'murmelo-page-';
-const CACHE = PREFIX + VERSION;
-const SHARED = 'murmelo-shared';
+const OWN = `murmelo ${new URL('.', location.href).pathname} `; // other copies have caches of their own
+const CACHE = OWN + VERSION;
+const SHARED = OWN + 'shared';
 
 /** Fetches a file past the browser's own cache, and checks that it is of this version. */
 async function fetchChecked([path, hash]) {
@@ -28,15 +27,18 @@ async function install() {
 
 async function removeOlder() {
     const names = await caches.keys();
-    await Promise.all(names.filter((name) => name.startsWith(PREFIX) && name !== CACHE).map((name) => caches.delete(name)));
+    await Promise.all(names.filter((name) => name.startsWith(OWN) && name !== CACHE && name !== SHARED).map((name) => caches.delete(name)));
 }
 
-/** A sound that was shared with the page waits until the page has begun. */
+/** A sound that was shared with the page waits until the page has begun; it tells if there is none. */
 async function receive(request) {
-    const file = (await request.formData()).get('sound');
-    const cache = await caches.open(SHARED);
-    await cache.put('shared', new Response(file));
-    return Response.redirect('./?shared', 303);
+    try {
+        const file = (await request.formData()).get('sound');
+        const cache = await caches.open(SHARED);
+        await (file instanceof File && cache.put('shared', new Response(file)));
+    } finally {
+        return Response.redirect('./?shared', 303); // eslint-disable-line no-unsafe-finally
+    }
 }
 
 async function answer(request) {

@@ -154,6 +154,10 @@ int32_t GameInterface::currentEffect() {
     return G::getCurrFx();
 }
 
+std::string GameInterface::effectName(int32_t effect) {
+    return TextsReader::effectName(effect);
+}
+
 bool GameInterface::navigate(HostKey key) {
     if (Orm::canvas == nullptr) {
         return false;
@@ -207,10 +211,6 @@ bool GameInterface::showEffect(int32_t index) {
     }
     Play::show(index);
     return true;
-}
-
-std::vector<std::string> GameInterface::effectNames() {
-    return TextsReader::effectNames();
 }
 
 /// While the question stands the canvas takes nothing but a touch on the soft keys: so a soft key

@@ -47,6 +47,7 @@ public:
 private:
     std::string screenName() override;
     int32_t currentEffect() override;
+    std::string effectName(int32_t effect) override;
     bool navigate(HostKey key) override;
     static bool answerByKey(HostKey key);
     bool stopRecording() override;
@@ -57,7 +58,6 @@ private:
     bool canUseSound() override { return isAtRest(); }
 
     bool showEffect(int32_t index) override;
-    std::vector<std::string> effectNames() override;
     int32_t savedCount() override;
     std::string savedName() override;
     std::vector<uint8_t> canvasPng() override;

@@ -92,10 +92,7 @@ ScreenTexts TextsReader::read() {
     return texts;
 }
 
-std::vector<std::string> TextsReader::effectNames() {
-    std::vector<std::string> names;
-    for (int32_t i = 0; i < length(G::fxs); i++) {
-        names.push_back(textOf(G::fxs[i]->name));
-    }
-    return names;
+std::string TextsReader::effectName(int32_t effect) {
+    const bool isThere = G::fxs != nullptr && effect >= 0 && effect < length(G::fxs);
+    return isThere ? textOf(G::fxs[effect]->name) : "";
 }

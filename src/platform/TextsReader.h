@@ -3,14 +3,14 @@
 
 #include "ScreenTexts.h"
 
+#include <cstdint>
 #include <string>
-#include <vector>
 
 class TextsReader {
 public:
     /// Of the picture as it was painted last; empty before the first screen and after the end.
     static ScreenTexts read();
 
-    /// Names of the effects in the program's language; empty before they exist.
-    static std::vector<std::string> effectNames();
+    /// The name of that effect, as UTF-8; empty outside the catalogue.
+    static std::string effectName(int32_t effect);
 };

@@ -67,10 +67,71 @@ class Access(PageTest):
         self.tab.key("Enter")
         self.tab.wait_for("murmelo.core.texts.message.includes('navigation key')")
         self.tab.wait_for("document.getElementById('live').textContent.includes('navigation key')")
-        self.assertEqual("Ok", self.tabbed(1)[0])
+        self.assertEqual("Ok", self.tab.evaluate(_FOCUSED), "the focus is not lost with its button")
         self.tab.key(" ")
         self.tab.wait_for("murmelo.core.texts.entries.length === 3")
         self.assertEqual("Options", page.screen())
+
+    def live(self):
+        return "document.getElementById('live').textContent"
+
+    def test_the_programs_focus_is_told_where_the_keyboard_is_elsewhere(self):
+        page = self.page.open().to_menu()
+        page.rest()
+        self.tab.wait_for(self.live() + " === 'Record'")
+        self.tab.key("ArrowDown")
+        self.tab.wait_for(self.live() + " === 'Help'")
+        self.tab.key("ArrowUp")
+        self.tab.wait_for(self.live() + " === 'Record'")
+
+    def test_the_keyboards_focus_goes_with_the_programs(self):
+        page = self.page.open().to_menu()
+        page.rest()
+        self.assertEqual("Record", self.tabbed(1)[0])
+        self.tab.key("ArrowDown")
+        self.tab.wait_for(_FOCUSED + " === 'Help'")
+        self.tab.key("ArrowDown")
+        self.tab.wait_for(_FOCUSED + " === 'Language'")
+        self.tab.key("Enter")
+        self.tab.wait_for("murmelo.core.texts.entries.length === 5")
+        self.tab.wait_for(_FOCUSED + " === 'English'")
+
+    def test_progress_and_the_question_are_told_by_their_roles(self):
+        page = self.page.open().to_menu()
+        page.rest()
+        self.assertNotIn("progressbar", [role for role, _, _ in self.tab.words()])
+        self.tab.evaluate("""murmelo.mirror.show({ ...murmelo.core.texts, entries: [], softKeys: [{ text: '' }, { text: '' }, { text: '' }],
+            caption: 'Working', progressPercent: 37 }, murmelo.words)""")
+        self.assertEqual([("progressbar", "Working", "37")], [
+            (role, name, self.tab.evaluate("document.getElementById('progress').ariaValueNow"))
+            for role, name, _ in self.tab.words() if role == "progressbar"])
+        self.tab.evaluate("""murmelo.mirror.show({ ...murmelo.core.texts, entries: [], message: 'Sound?', isQuestion: true }, murmelo.words)""")
+        self.assertIn(("alertdialog", "Sound?"), [(role, name) for role, name, _ in self.tab.words()])
+        self.tab.evaluate("murmelo.mirror.show(murmelo.core.texts, murmelo.words)")
+        self.assertEqual([], [role for role, _, _ in self.tab.words() if role in ("alertdialog", "progressbar")])
+
+    def test_work_is_told_in_few_steps(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        page.effect(1)
+        page.rest()
+        self.tab.evaluate("""{
+            murmelo.told = [];
+            const show = murmelo.mirror.show;
+            murmelo.mirror.show = function (texts, words) {
+                murmelo.told.push([texts.screen, texts.progressPercent]);
+                show.call(this, texts, words);
+            };
+        }""")
+        page.soft_key(1)
+        page.until("Playing")
+        page.until("Play")
+        told = self.tab.evaluate("murmelo.told")
+        for screen in ("Process", "Playing"):
+            steps = [percent for name, percent in told if name == screen and percent >= 0]
+            self.assertLessEqual(len(steps), 9, told)
+            self.assertEqual(sorted(set(steps)), steps, told)
+        self.assertTrue(any(percent > 0 for _, percent in told), told)
 
     def test_a_screen_reader_hears_title_and_message(self):
         page = self.page.open().to_menu()
@@ -116,12 +177,16 @@ class Access(PageTest):
         page.press("Quit")
         self.tab.wait_for("!document.getElementById('over').hidden")
         self.assertEqual("Start again", self.tab.evaluate(_FOCUSED))
+        self.assertEqual(["Start again"], [name for role, name, _ in self.tab.words() if role in _INTERACTIVE], "the rest is inert")
+        self.assertIn(("alertdialog", "Murmelo has ended. Your sounds are kept."),
+                      [(role, name) for role, name, _ in self.tab.words()])
         self.assertReadable("Start again", "Murmelo has ended. Your sounds are kept.")
 
     def test_no_message_covers_a_key_and_the_picture_fits(self):
         page = self.page.open().to_menu()
         sentences = [word for word in self.tab.evaluate("Object.keys(murmelo.words)") if not word.startswith("help")]
-        for name, (width, height, ratio, mobile) in WINDOWS.items():
+        turned = {"turned " + name: (height, width, ratio, mobile) for name, (width, height, ratio, mobile) in WINDOWS.items()}
+        for name, (width, height, ratio, mobile) in {**WINDOWS, **turned}.items():
             self.tab.size(width, height, ratio, mobile)
             self.tab.wait_for("innerWidth === %d && innerHeight === %d" % (width, height))
             self.tab.wait_for(_PICTURE_FITS)
@@ -129,6 +194,39 @@ class Access(PageTest):
                 covered = self.tab.evaluate(_COVERED % (language, sentences))
                 self.assertEqual([], covered, "%s, %s" % (name, language))
         page.rest()
+
+    def test_nothing_lies_below_a_notch_or_a_rounded_corner(self):
+        page = self.page.open().to_menu()
+        page.rest()
+        self.tab.evaluate("murmelo.tell('microphoneInsecure')")
+        for (width, height), insets in (((390, 844), {"top": 47, "bottom": 34}), ((844, 390), {"left": 47, "right": 47, "bottom": 21})):
+            self.tab.size(width, height, 3, True)
+            self.tab.wait_for("innerWidth === %d" % width)
+            for area in (insets, {}):
+                self.tab.safe_area(**area)
+                top, left, bottom, right = (area.get(side, 0) for side in ("top", "left", "bottom", "right"))
+                self.tab.wait_for(_PICTURE_FITS)
+                self.tab.wait_for("""['picture', 'save', 'open', 'sounds', 'help', 'message'].every((id) => {
+                    const box = document.getElementById(id).getBoundingClientRect();
+                    return box.top >= %d && box.left >= %d && box.bottom <= innerHeight - %d && box.right <= innerWidth - %d;
+                })""" % (top, left, bottom, right), seconds=20)
+
+    def test_the_buttons_of_the_list_have_names_of_their_own(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        for _ in range(2):
+            self.tab.press("#save")
+            page.until("Save")
+            page.told("saved")
+            page.soft_key(1)
+            page.until("Options")
+            page.soft_key(2)
+            page.until("Play")
+        self.tab.press("#sounds")
+        self.tab.wait_for("document.querySelector('dialog').open")
+        names = [name for role, name, _ in self.tab.words() if role == "button"]
+        self.assertEqual(len(names), len(set(names)), names)
+        self.assertIn("Play: murmelo-none-00001.wav (No effect, 5.6 s)", names)
 
     def test_it_can_be_installed(self):
         self.page.open().to_menu()
@@ -142,15 +240,13 @@ _PICTURE_FITS = """(() => {
     const fits = (box) => box.left >= 0 && box.top >= 0 && box.right <= innerWidth + 0.5 && box.bottom <= innerHeight + 0.5;
     const apart = bar.top >= picture.bottom - 0.5 || bar.left >= picture.right - 0.5;
     const whole = Math.abs(picture.width / picture.height - 0.75) < 0.01;
-    const sharp = [picture.width, picture.height].every((size) => Math.abs(size * devicePixelRatio % 1) < 0.01 || size * devicePixelRatio % 1 > 0.99);
+    const sharp = [picture.width, picture.height].every((size) => Math.abs(size * devicePixelRatio - Math.round(size * devicePixelRatio)) < 0.05); // boxes are told in 64ths
     return picture.width > 100 && fits(picture) && fits(bar) && apart && whole && sharp;
 })()"""
 # The words whose message lies over the soft keys or outside of the window, in one language.
 _COVERED = """((language, words) => {
     const { program } = murmelo.core;
-    const at = program._murmeloRoom(8);
-    program.stringToUTF8(language, at, 8);
-    const known = JSON.parse(program.UTF8ToString(program._murmeloWords(at)));
+    const known = JSON.parse(program.UTF8ToString(program._murmeloWords(murmelo.core.textAt(language))));
     const box = document.getElementById('picture').getBoundingClientRect();
     const keys = new DOMRect(box.x, box.y + box.height * 0.9, box.width, box.height * 0.1);
     const meet = (one, other) => one.left < other.right - 1 && other.left < one.right - 1 && one.top < other.bottom - 1 && other.top < one.bottom - 1;

@@ -115,7 +115,7 @@ _WORKING = """(() => {
     };
     screen.last = core.texts.screen;
     const begin = performance.now();
-    core.program._murmeloKey(-5);
+    core.program._murmeloKey(core.textAt('Enter'));
     while (screen() !== 'Playing') {
         core.program._murmeloTurn();
     }

@@ -128,7 +128,7 @@ class ThereTest(MicrophoneTest):
         take = self.with_a_take()
         self.page.to_recording()
         self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
-        self.page.told("microphoneGone")
+        self.page.told("microphoneGoneEmpty")
         self.run_out()
         self.assertTakeIsBack(take)
 
@@ -172,6 +172,85 @@ class ThereTest(MicrophoneTest):
         self.page.told("tooShort")
         self.assertTakeIsBack(take)
         self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+
+    def leave(self):
+        """What a browser tells a page that it leaves, and nothing else."""
+        self.assertFalse(self.tab.evaluate("document.hidden"))
+        self.tab.evaluate("dispatchEvent(new PageTransitionEvent('pagehide', { persisted: true })), 0")
+
+    def test_left_while_recording(self):
+        self.page.open().to_menu().to_recording()
+        self.page.hear(1000)
+        self.leave()
+        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"), "the recording light is out")
+        cleaned = self.page.file(CLEANED)
+        self.assertGreaterEqual(len(cleaned), 16000, "cleaned up in the same event")
+        self.assertEqual(len(self.page.kept("take")) // 2 + 44, len(cleaned))
+        turns = self.tab.evaluate("murmelo.core.turns")
+        self.tab.evaluate("new Promise((resolve) => setTimeout(resolve, 700))")
+        self.assertEqual(turns, self.tab.evaluate("murmelo.core.turns"), "in the background nothing happens")
+        self.tab.evaluate("dispatchEvent(new PageTransitionEvent('pageshow', { persisted: true })), 0")
+        self.page.until("Play")
+        self.assertEqual((cleaned, ""), (self.page.file(CLEANED), self.page.message()))
+
+    def test_another_page_is_opened_while_recording(self):
+        self.page.open().to_menu().to_recording()
+        self.page.hear(1000)
+        self.tab.open(self.server.address + "licences.txt")
+        self.page.open().until("Options")
+        self.page.told("lastTake")
+        self.assertGreaterEqual(len(self.page.kept("take")), 32000)
+
+    def test_muted_while_recording(self):
+        self.stopped_by("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('mute'))")
+
+    def test_interrupted_while_recording(self):
+        self.stopped_by("murmelo.ears.context.suspend().then(() => 0)")
+
+    def test_samples_stop_coming_while_recording(self):
+        self.stopped_by("murmelo.ears.node.port.onmessage = null, 0")
+
+    def stopped_by(self, event):
+        """In the middle of a take; what was heard is kept, and it is told."""
+        self.page.open().to_menu().to_recording()
+        self.page.hear(1000)
+        self.tab.evaluate(event)
+        self.page.told("microphoneGone")
+        self.page.until("Play")
+        self.assertTrue(32000 <= len(self.page.kept("take")) < len(read_wav(SPEECH)[0]))
+        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+
+    def test_unplugged_before_the_recording(self):
+        take = self.with_a_take()
+        self.page.press("Record")
+        self.page.until("Record")
+        self.tab.wait_for("murmelo.core.standsStillSince < 0 && murmelo.ears.stream")
+        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.page.told("microphoneGoneEmpty")
+        self.assertTakeIsBack(take)
+        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+
+    def test_a_rate_that_cannot_be_converted(self):
+        self.page.stub("one-rate")
+        self.tab.before_load("window.onlyRate = 4000;")
+        self.refused("microphoneRate")
+
+    def test_what_is_told_is_in_the_programs_language(self):
+        self.page.open().press("Deutsch")
+        self.tab.wait_for("murmelo.core.texts.entries.some((entry) => entry.isFocused && entry.text === 'Deutsch')")
+        self.page.soft_key(1)
+        self.page.until("Options")
+        self.tab.evaluate("murmelo.freeBytes = 100000, 0")
+        self.page.press("Aufnahme")
+        self.page.until("Record")
+        self.assertEqual("Es ist wenig Platz frei: eine lange Aufnahme wird vielleicht abgeschnitten.", self.page.message())
+        self.tab.wait_for("murmelo.core.standsStillSince < 0")
+        self.page.soft_key(1)
+        self.page.until("Recording")
+        self.page.hear(1000)
+        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.page.until("Play")
+        self.assertEqual("Das Mikrofon ist weg. Was es bis dahin gehört hat, bleibt erhalten.", self.page.message())
 
     def test_hidden_elsewhere(self):
         self.page.open().to_menu()

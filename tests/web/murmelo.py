@@ -159,7 +159,7 @@ class Murmelo:
     def kept(self, path):
         """What the database keeps under that path ("take": the samples of the raw take), or None."""
         found = _bytes(self.tab.evaluate("""new Promise((resolve) => {
-            const opening = indexedDB.open('murmelo', 1);
+            const opening = indexedDB.open(murmelo.store.name, 1);
             opening.onsuccess = () => {
                 const reading = opening.result.transaction('kept').objectStore('kept').get(%s);
                 reading.onsuccess = () => {

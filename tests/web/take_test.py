@@ -73,6 +73,7 @@ class Take(PageTest):
         self.tab.press("#save")
         page.until("Save")
         name, path = "murmelo-backwards-00000.wav", HOME + "rec_00000.wav"
+        page.told("saved")
         self.assertEqual("Saved: " + name, page.message())
         saved = page.file("rec_00000.wav")
         sounds = self.in_headless(page.kept("take"), ["swipe left", "wait 1000", "swipe left", "wait 1000", "save"])
@@ -90,9 +91,19 @@ class Take(PageTest):
         page.press(page.word("download"))
         self.assertTrue(saved == self.content(self.browser.downloads, os.path.basename(self.browser.downloaded(name))))
         page.press(page.word("play"))
-        self.tab.wait_for("murmelo.sounds.player.currentTime > 0")
+        self.tab.wait_for("murmelo.voice.audio.currentTime > 0")
         page.press(page.word("stop"))
-        self.tab.wait_for("murmelo.sounds.player.paused")
+        self.tab.wait_for("murmelo.voice.audio.paused && murmelo.sounds.playing === ''")
+        page.press(page.word("play"))
+        self.tab.wait_for("murmelo.voice.audio.currentTime > 0 && murmelo.sounds.playing")
+        self.tab.key("Escape")
+        self.tab.wait_for("murmelo.voice.audio.paused && murmelo.sounds.playing === ''")
+        self.tab.press("#sounds")
+        page.press(page.word("play"))
+        page.press(page.word("stop"))  # at once: no complaint that it cannot be played
+        page.press(page.word("play"))
+        self.tab.wait_for("murmelo.sounds.playing === ''")  # to its end
+        self.assertFalse(page.message().startswith(page.word("cannotPlay")))
         page.press(page.word("delete"))
         page.told("deleted")
         self.assertEqual((["Last recording"], None), (self.listed(), page.file("rec_00000.wav")))
@@ -112,6 +123,31 @@ class Take(PageTest):
         page.reload().until("Options")
         self.tab.press("#sounds")
         self.assertEqual((["Last recording"], None), (self.listed(), page.file("rec_00000.wav")))
+
+    def test_the_list_is_in_the_programs_language_and_uses_the_one_speaker(self):
+        page = self.page.open()
+        page.press("Deutsch")
+        self.tab.wait_for("murmelo.core.texts.entries.some((entry) => entry.isFocused && entry.text === 'Deutsch')")
+        page.soft_key(1)
+        page.until("Options")
+        page.use(SPEECH)
+        page.effect(1)
+        self.tab.press("#save")
+        page.until("Save")
+        page.told("saved")
+        page.soft_key(1)
+        page.until("Options")
+        page.soft_key(2)
+        page.until("Play")
+        page.soft_key(1)
+        page.until("Playing")
+        self.tab.press("#sounds")
+        lines = self.tab.evaluate("[...document.querySelectorAll('dialog li p')].map((line) => line.textContent)")
+        self.assertEqual(["Letzte Aufnahme (5,6 s)", "murmelo-robot-00000.wav (Roboter, 5,6 s)"], lines)
+        page.press(page.word("play"))
+        page.until("Play")
+        self.assertTrue(self.tab.evaluate("murmelo.sounds.playing !== '' && document.querySelectorAll('audio').length === 1"))
+        self.tab.wait_for("murmelo.sounds.playing === ''")
 
     def listed(self):
         """The sounds of the list, without their lengths."""
@@ -156,7 +192,7 @@ class Take(PageTest):
 
 
 _NOT_KEPT = """new Promise((resolve) => {
-    const opening = indexedDB.open('murmelo', 1);
+    const opening = indexedDB.open(murmelo.store.name, 1);
     opening.onsuccess = () => {
         const reading = opening.result.transaction('kept').objectStore('kept').getAllKeys();
         reading.onsuccess = () => {

@@ -55,6 +55,33 @@ class Visits(PageTest):
         self.assertGreater(turns, 0)
         other.tab.close()
 
+    def test_covers_are_dialogs_in_the_language_of_the_settings(self):
+        page = self.page.open()
+        page.press("Deutsch")
+        self.tab.wait_for("murmelo.core.texts.entries.some((entry) => entry.isFocused && entry.text === 'Deutsch')")
+        page.soft_key(1)
+        page.until("Options")
+        other = self.browser.new_tab()
+        other.open(self.server.address)
+        self.assertEqual("Murmelo ist in einem anderen Tab geöffnet.", self.over(other))
+        self.assertEqual([("button", "Hier verwenden")], [(role, name) for role, name, _ in other.words() if role == "button"])
+        self.assertIn(("alertdialog", "Murmelo ist in einem anderen Tab geöffnet."), [(role, name) for role, name, _ in other.words()])
+        self.assertEqual(["de", "again"], other.evaluate("[document.documentElement.lang, document.activeElement.id]"))
+        other.close()
+        self.tab.before_load("WebAssembly.instantiate = WebAssembly.instantiateStreaming = async () => { throw new Error('none'); };")
+        self.expected += ["none", "abort"]
+        self.tab.front()
+        self.tab.reload()
+        self.assertEqual("Murmelo kann in diesem Browser nicht starten.", self.over(self.tab))
+        self.assertEqual("Neu starten", self.tab.evaluate("document.getElementById('again').textContent"))
+
+    def test_without_settings_the_browsers_language_is_spoken(self):
+        self.tab.before_load("""WebAssembly.instantiate = WebAssembly.instantiateStreaming = async () => { throw new Error('none'); };
+            Object.defineProperty(navigator, 'language', { value: 'fr-CA' });""")
+        self.expected += ["none", "abort"]
+        self.tab.open(self.page.address)
+        self.assertEqual("Murmelo ne peut pas démarrer dans ce navigateur.", self.over(self.tab))
+
     def test_the_end_starts_again(self):
         page = self.page.open().to_menu()
         page.press("Quit")
@@ -80,6 +107,101 @@ class Visits(PageTest):
         self.tab.press("#sounds")
         self.assertIn("murmelo-none-00000.wav", self.tab.evaluate("document.querySelector('dialog').textContent"))
         self.assertEqual(read_wav(SPEECH)[0], bytes(self.tab.evaluate("Array.from(murmelo.sounds.kept.get('take').bytes)"))[44:])
+
+
+    def test_an_aborted_transaction_is_told_and_nothing_is_lost(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        self.tab.wait_for("murmelo.store.database")
+        self.tab.evaluate("""{
+            murmelo.commit = IDBTransaction.prototype.commit;
+            IDBTransaction.prototype.commit = function () {
+                this.abort();
+            };
+        }""")
+        self.tab.press("#save")
+        page.until("Save")
+        page.told("storeFull")
+        saved = page.file("rec_00000.wav")
+        self.assertIsNone(page.kept(HOME + "rec_00000.wav"))
+        page.press(page.word("share"))  # no sheet without a window: it is downloaded
+        with open(self.browser.downloaded("murmelo-none-00000.wav"), "rb") as file:
+            self.assertTrue(saved == file.read())
+
+    def test_what_cannot_be_deleted_is_told(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        self.tab.press("#save")
+        page.until("Save")
+        page.told("saved")
+        self.tab.evaluate("{ IDBTransaction.prototype.commit = function () { this.abort(); }; }")
+        self.tab.press("#sounds")
+        page.press(page.word("delete"))
+        page.told("notDeleted")
+        page.press(page.word("forget"))
+        page.told("notDeleted")
+        self.assertIsNotNone(page.kept(HOME + "rec_00000.wav"))
+
+    def test_the_free_space_is_asked_again(self):
+        page = self.page.open().to_menu()
+        self.tab.evaluate("{ navigator.storage.estimate = async () => ({ quota: 500000, usage: 100000 }); }")
+        page.use(SPEECH)
+        self.tab.wait_for("murmelo.freeBytes === 400000")
+        page.soft_key(0)
+        page.until("Options")
+        page.press("Record")
+        page.told("littleRoom")
+
+    def test_what_the_last_visit_left_is_told_however_slow_the_page_is(self):
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        self.tab.before_load("""{
+            window.letOn = () => {};
+            const wait = new Promise((resolve) => { window.letOn = resolve; });
+            const define = (name, value) => Object.defineProperty(window, name, { set: value, configurable: true });
+            define('murmelo', (page) => {
+                Object.defineProperty(window, 'murmelo', { value: page });
+                const addLater = page.addLater.bind(page);
+                page.addLater = () => wait.then(addLater);
+            });
+        }""")
+        self.tab.reload()
+        page.until("Options")
+        self.assertEqual("", page.message())
+        self.tab.evaluate("letOn(), 0")
+        page.told("lastTake")
+
+
+class Copies(PageTest):
+    """Two copies of the page on one host."""
+
+    def setUp(self):
+        super().setUp()
+        folder = temporary_folder(self)
+        for name in ("one", "two"):
+            shutil.copytree(FOLDER, os.path.join(folder, name))
+        self.server.stop()
+        self.server = Served(folder)
+        self.server.start()
+        self.addCleanup(self.server.stop)
+
+    def test_each_has_its_own_sounds_files_and_tab(self):
+        one = Murmelo(self.tab, self.server.address + "one/").open().to_menu()
+        one.use(SPEECH)
+        self.tab.press("#save")
+        one.until("Save")
+        one.told("saved")
+        self.tab.wait_for(_INSTALLED)
+        two = Murmelo(self.browser.new_tab(), self.server.address + "two/").open().to_menu()
+        two.tab.wait_for(_INSTALLED)
+        self.assertEqual([], [name for name in two.files() if name.startswith("rec_")])
+        self.assertEqual("", two.message())
+        self.assertTrue(self.tab.evaluate("murmelo.core.running"))
+        caches = sorted(name.rsplit(" ", 1)[0] for name in two.tab.evaluate("caches.keys()"))
+        self.assertEqual(["murmelo /one/", "murmelo /two/"], caches)
+        two.tab.close()
+        one.reload().until("Options")
+        self.assertEqual(["rec_00000.wav"], [name for name in one.files() if name.startswith("rec_")])
 
 
 class Update(PageTest):

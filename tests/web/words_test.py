@@ -4,7 +4,7 @@ import os
 import re
 import unittest
 
-from murmelo import SOURCE, PageTest
+from murmelo import LANGUAGES, SOURCE, PageTest
 
 
 def read(*path):
@@ -46,9 +46,24 @@ class Words(PageTest):
         self.assertGreater(len(used), 20)
         self.assertEqual(set(), used - self.known)
 
+    def test_what_the_platform_tells_has_words(self):
+        sources = [read(path) for path in sorted(glob.glob(os.path.join(SOURCE, "src/platform/osp/*.cpp")))
+                   + sorted(glob.glob(os.path.join(SOURCE, "src/platform/web/*.cpp")))]
+        text = "\n".join(sources)
+        told = set(re.findall(r'\btell\(\s*"(\w+)"', text)) | set(re.findall(r'giveRecordingUp\("(\w+)"', text))
+        self.assertGreater(len(told), 6)
+        self.assertEqual(set(), told - self.known)
+        self.assertEqual([], re.findall(r"\bsay\(.*", text), "a sentence in English only")
+
+    def test_what_is_said_without_the_program_is_there_in_every_language(self):
+        early = self.tab.evaluate("""[...document.getElementById('early').children].map((text) =>
+            [text.lang, text.title === murmelo.core.words(text.lang).startAgain, text.textContent])""")
+        self.assertEqual([(language, True) for language in LANGUAGES], [(lang, same) for lang, same, _ in early])
+        self.assertEqual(len(LANGUAGES), len({text for _, _, text in early}))
+
     def test_every_word_is_used_by_a_host(self):
         sources = [scripts()]
-        for folder in ("web", "sdl", "strip"):
+        for folder in ("osp", "web", "sdl", "strip"):
             for path in sorted(glob.glob(os.path.join(SOURCE, "src/platform", folder, "*.cpp"))):
                 sources.append(read(path))
         quoted = set(re.findall(r"""['"](\w+)['"]""", "\n".join(sources)))

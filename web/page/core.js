@@ -1,4 +1,3 @@
-// @ts-check
 // The program: loads it, gives it its turns, and paints when it has a frame.
 //
 // The program asks for its next turn; there is exactly one timer for it, a message when it wants to
@@ -10,7 +9,10 @@ import createMurmelo from '../murmelo.js';
 /** @typedef {import('../types/murmelo.js').Murmelo} Murmelo */
 /** @typedef {import('../types/murmelo.js').ScreenTexts} ScreenTexts */
 
-export const ENDED = -2;
+/** Name of a screen, as in ScreenNames. */
+export const MENU = 'Options';
+const ENDED = -2;
+const TEXT_BYTES = 256;
 
 export class Core {
     constructor() {
@@ -35,7 +37,7 @@ export class Core {
     /** @param {import('./main.js').Page} page  the program calls its parts */
     async load(page) {
         this.page = page;
-        const onAbort = () => page.showOver('broken');
+        const onAbort = () => this.running && page.showOver('broken'); // before, the start fails
         const data = fetch('murmelo.data').then((answer) => (answer.ok ? answer.arrayBuffer() : Promise.reject(answer.status)));
         this.program = await createMurmelo({ page, onAbort, print() {}, printErr() {} });
         this.unpack(await data);
@@ -150,6 +152,18 @@ export class Core {
         this.program.HEAPU8.set(new Uint8Array(view.buffer, view.byteOffset, view.byteLength), at);
     }
 
+    /** Puts a short text into the program's room. @param {string} text @returns {number} its place */
+    textAt(text) {
+        const at = this.program._murmeloRoom(TEXT_BYTES);
+        this.program.stringToUTF8(text, at, TEXT_BYTES);
+        return at;
+    }
+
+    /** What a call that returns a text says. @param {string} call @param {number[]} values */
+    answer(call, ...values) {
+        return this.program.UTF8ToString(/** @type {any} */ (this.program)[call](...values));
+    }
+
     /** A finger taps there. @param {number} x @param {number} y */
     tap(x, y) {
         this.program._murmeloTouch(0, 0, -1, x, y, performance.now());
@@ -157,12 +171,8 @@ export class Core {
         this.turn();
     }
 
-    /** The words around the picture, in the program's language. @returns {Record<string, string>} */
-    words() {
-        const program = this.program;
-        const language = this.texts.language || 'en';
-        const at = program._murmeloRoom(8);
-        program.stringToUTF8(language, at, 8);
-        return JSON.parse(program.UTF8ToString(program._murmeloWords(at)));
+    /** The words around the picture. @param {string} language @returns {Record<string, string>} */
+    words(language) {
+        return JSON.parse(this.answer('_murmeloWords', this.textAt(language)));
     }
 }

@@ -1,4 +1,3 @@
-// @ts-check
 // The one dialog: the list of sounds, or the help.
 
 import { make, newButton } from './dom.js';
@@ -10,17 +9,21 @@ export class Dialog {
         this.message = message;
         /** @type {() => void} */
         this.paint = () => {};
+        /** @type {() => void} */
+        this.onClose = () => {};
         this.box.addEventListener('close', () => {
             this.box.after(this.message);
             this.paint = () => {};
+            this.onClose();
         });
     }
 
-    /** @param {string} title @param {string} closeLabel @param {(body: HTMLElement) => void} fill */
-    open(title, closeLabel, fill) {
+    /** @param {string} title @param {string} closeLabel @param {(body: HTMLElement) => void} fill @param {() => void} onClose */
+    open(title, closeLabel, fill, onClose = () => {}) {
+        this.onClose = onClose;
         this.paint = () => {
             const heading = make('h2', { id: 'dialog-title', textContent: title });
-            const header = make('header', {}, heading, newButton(closeLabel, () => this.close()));
+            const header = make('header', {}, heading, newButton(closeLabel, () => this.box.close()));
             const body = make('div');
             fill(body);
             this.box.replaceChildren(header, body, this.message);
@@ -38,9 +41,5 @@ export class Dialog {
         if (focused >= 0) {
             (buttons()[focused] ?? buttons()[0])?.focus();
         }
-    }
-
-    close() {
-        this.box.close();
     }
 }

@@ -1,21 +1,9 @@
-// @ts-check
 // The microphone: asked for when a recording is offered, given back after each.
 
 /** @typedef {import('./core.js').Core} Core */
 
 const WANTED_RATE = 16000;
-const SILENT_MS = 1000;
-
-/** Which sentence explains an error of getUserMedia. @type {Record<string, string>} */
-const REASONS = {
-    NotAllowedError: 'microphoneRefused',
-    SecurityError: 'microphoneRefused',
-    NotFoundError: 'microphoneMissing',
-    OverconstrainedError: 'microphoneMissing',
-    NotReadableError: 'microphoneBusy',
-    AbortError: 'microphoneBusy',
-    InsecureError: 'microphoneInsecure',
-};
+const REMIND_AFTER_MS = 1000;
 
 const CONSTRAINTS = {
     audio: { channelCount: 1, echoCancellation: false, noiseSuppression: false, autoGainControl: false },
@@ -41,26 +29,21 @@ export class Ears {
     ask(ticket) {
         this.ticket = ticket;
         this.core.standStill();
-        this.reminder = setTimeout(() => this.tell('allowMicrophone'), SILENT_MS);
+        this.reminder = setTimeout(() => this.tell('allowMicrophone'), REMIND_AFTER_MS);
         this.connect(ticket).then(
             () => this.answer(ticket, ''),
-            (error) => this.answer(ticket, REASONS[error.name] || 'microphoneBusy')
+            (error) => this.answer(ticket, error.name)
         );
     }
 
-    /** @param {number} ticket @param {string} reason  empty: the user allows it */
-    answer(ticket, reason) {
-        if (ticket !== this.ticket || !this.core.running) {
-            return;
+    /** @param {number} ticket @param {string} error  empty: the user allows it */
+    answer(ticket, error) {
+        if (ticket === this.ticket && this.core.running) {
+            clearTimeout(this.reminder);
+            const rate = this.context?.sampleRate ?? 0;
+            this.core.program._murmeloMicrophoneAnswered(ticket, this.core.textAt(error), rate);
+            this.core.goOn();
         }
-        clearTimeout(this.reminder);
-        if (reason === '') {
-            this.core.program._murmeloMicrophoneGranted(ticket);
-        } else {
-            this.core.program._murmeloMicrophoneRefused(ticket);
-            this.tell(reason);
-        }
-        this.core.goOn();
     }
 
     /** @param {number} ticket */
@@ -74,7 +57,9 @@ export class Ears {
             return;
         }
         this.stream = stream;
-        stream.getAudioTracks()[0].addEventListener('ended', () => this.lost(stream));
+        const [track] = stream.getAudioTracks();
+        track.addEventListener('ended', () => this.lost(stream));
+        track.addEventListener('mute', () => this.listens && this.lost(stream)); // a call, for instance
         try {
             await this.listenAt(stream, WANTED_RATE);
         } catch {
@@ -92,12 +77,16 @@ export class Ears {
         context.createMediaStreamSource(stream).connect(node);
         node.port.onmessage = (event) => this.heard(event.data, context.sampleRate);
         this.node = node;
+        context.addEventListener('statechange', () => {
+            if (this.listens && context.state !== 'running') {
+                this.lost(stream); // interrupted
+            }
+        });
         context.resume(); // not awaited: without a device's clock it would wait for ever
     }
 
     start() {
         this.listens = true;
-        this.reminder = setTimeout(() => this.tell('microphoneSilent'), SILENT_MS);
     }
 
     /** @param {Float32Array} piece @param {number} rate */
@@ -105,7 +94,6 @@ export class Ears {
         if (!this.listens || !this.core.running) {
             return;
         }
-        clearTimeout(this.reminder);
         this.core.fillRoom(piece);
         if (this.core.program._murmeloHeard(rate)) {
             this.core.turn();
@@ -117,17 +105,16 @@ export class Ears {
         if (stream === this.stream && this.core.running) {
             this.core.program._murmeloMicrophoneLost();
             this.core.turn();
-            this.tell('microphoneGone'); // in the place of what the program says, in English only
         }
     }
 
     stop() {
         this.listens = false;
-        clearTimeout(this.reminder);
     }
 
     release() {
         this.stop();
+        clearTimeout(this.reminder);
         this.ticket = 0;
         if (this.stream) {
             stopTracks(this.stream);

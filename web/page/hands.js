@@ -1,10 +1,6 @@
-// @ts-check
 // Pointers and keys. The program itself makes one finger of all pointers.
 
 const [PRESS, MOVE, RELEASE] = [0, 1, 2];
-
-/** The values are the program's key codes. @type {Record<string, number>} */
-const KEYS = { ArrowUp: -1, ArrowDown: -2, ArrowLeft: -3, ArrowRight: -4, Enter: -5, ' ': -5, F1: -6, F2: -7, Escape: -7 };
 
 export class Hands {
     /** @param {import('./core.js').Core} core @param {import('./picture.js').Picture} picture @param {Record<string, () => void>} commands  by key */
@@ -52,19 +48,12 @@ export class Hands {
         if (!this.core.running || forOthers || pressesButton || document.querySelector('dialog[open]')) {
             return;
         }
-        const volume = { '+': 1, '=': 1, '-': 0 }[event.key];
         const command = this.commands[event.key.toLowerCase()];
-        if (KEYS[event.key] !== undefined) {
-            this.core.program._murmeloKey(KEYS[event.key]);
-        } else if (volume !== undefined) {
-            this.core.program._murmeloVolumeKey(volume);
-        } else if (command) {
-            command();
-        } else {
-            return;
+        if (command || this.core.program._murmeloKey(this.core.textAt(event.key))) {
+            command?.();
+            event.preventDefault();
+            this.core.turn();
         }
-        event.preventDefault();
-        this.core.turn();
     }
 }
 

@@ -1,4 +1,3 @@
-// @ts-check
 // The parts of the page that are not needed before the first picture.
 
 export { Dialog } from './dialog.js';

@@ -1,8 +1,7 @@
-// @ts-check
 // Connects the parts of the page. The program in WebAssembly is the only truth.
 
-import { Core } from './core.js';
-import { make } from './dom.js';
+import { Core, MENU } from './core.js';
+import { find, make } from './dom.js';
 import { Message } from './message.js';
 import { Mirror } from './mirror.js';
 import { Picture } from './picture.js';
@@ -12,14 +11,7 @@ import { holdTab } from './tabs.js';
 
 const UNKNOWN_FREE_BYTES = 1 << 30;
 
-/** Before the program has told its words. @type {Record<string, string>} */
-const EARLY_WORDS = { broken: 'Murmelo cannot start in this browser.', startAgain: 'Start again' };
-Object.assign(EARLY_WORDS, { otherTab: 'Murmelo is open in another tab.', takeOver: 'Use it here' });
-
-/** @template {HTMLElement} T @param {string} id @returns {T} */
-function find(id) {
-    return /** @type {T} */ (document.getElementById(id));
-}
+const SETTINGS = '/config/settings';
 
 export class Page {
     constructor() {
@@ -27,32 +19,32 @@ export class Page {
         this.store = new Store();
         this.picture = new Picture(find('stage'), find('phone'), find('picture'));
         this.message = new Message(find('message'));
-        this.mirror = new Mirror(this.core, find('mirror'), find('live'));
+        this.mirror = new Mirror(this.core);
         this.sounds = new Sounds(this);
         /** @type {Record<string, string>} */
         this.words = {};
         this.freeBytes = UNKNOWN_FREE_BYTES;
         this.language = '';
         this.greeted = false;
-        this.opensSounds = false;
+        this.asked = new URLSearchParams();
     }
 
     async start() {
-        const asked = new URLSearchParams(location.search);
+        this.asked = new URLSearchParams(location.search);
         history.replaceState(null, '', location.pathname);
-        const estimate = navigator.storage?.estimate?.().catch(() => ({}));
+        const measured = this.measure();
         const loaded = this.core.load(this);
-        const isOurs = await holdTab(asked.has('takeover'), () => this.showOver('otherTab'));
-        const read = isOurs && this.sounds.read();
+        const onTaken = () => loaded.then(() => this.showOver('otherTab'));
+        const isOurs = await holdTab(this.asked.has('takeover'), onTaken);
+        await this.sounds.read();
         await loaded;
+        this.useLanguage(this.earlyText().lang);
         if (!isOurs) {
             this.showOver('otherTab');
             return;
         }
-        await read;
         this.sounds.unpack();
-        const { quota, usage } = (await estimate) ?? {};
-        this.freeBytes = quota ? quota - (usage ?? 0) : UNKNOWN_FREE_BYTES;
+        await measured;
         if (!this.core.begin()) {
             this.showOver('broken');
             return;
@@ -65,11 +57,25 @@ export class Page {
         if (!this.sounds.hasStore) {
             this.tell('storeMissing');
         }
-        this.opensSounds = asked.has('sounds');
-        if (asked.has('shared')) {
+        this.greet();
+        if (this.asked.has('shared')) {
             await this.takeIn.useShared();
         }
         await this.update.register();
+    }
+
+    /** What can be said without the program, in the language of the settings, else of the browser. @returns {HTMLElement} */
+    earlyText() {
+        const texts = /** @type {HTMLElement[]} */ ([...find('early').children]); // one for each language of the program, in its order
+        const settings = new TextDecoder().decode(this.sounds.kept.get(SETTINGS)?.bytes);
+        const kept = texts[Number(/^lang=(\d+)$/m.exec(settings)?.[1] ?? -1)];
+        return kept ?? texts.find((text) => navigator.language.startsWith(text.lang)) ?? texts[0];
+    }
+
+    /** What is free changes with everything that is stored. */
+    async measure() {
+        const { quota, usage } = (await navigator.storage?.estimate?.().catch(() => null)) ?? {};
+        this.freeBytes = quota ? quota - (usage ?? 0) : UNKNOWN_FREE_BYTES;
     }
 
     /** The program shows its first picture meanwhile; nothing can be touched yet. */
@@ -78,7 +84,7 @@ export class Page {
         const tell = (/** @type {string} */ word) => this.tell(word);
         this.dialog = new later.Dialog(find('dialog'), find('message'));
         this.ears = new later.Ears(this.core, tell);
-        this.voice = new later.Voice(this.core, find('voice'), tell);
+        this.voice = new later.Voice(this.core, find('voice'));
         this.takeIn = new later.TakeIn(this, find('file'));
         this.update = new later.Update(this);
         const commands = this.connectButtons();
@@ -90,7 +96,7 @@ export class Page {
         /** @type {Record<string, () => void>} */
         const commands = {
             save: () => this.save(),
-            open: () => this.takeIn.pick(),
+            open: () => find('file').click(),
             sounds: () => this.openSounds(),
             help: () => this.openHelp(),
         };
@@ -103,41 +109,48 @@ export class Page {
     }
 
     connectVisibility() {
-        document.addEventListener('visibilitychange', () => {
-            const { program, running } = this.core;
-            if (running && document.visibilityState === 'visible') {
-                program._murmeloComeBack();
-            } else if (running && program._murmeloLeave()) {
-                this.tell('tooShort');
+        const change = (/** @type {Event} */ event) => {
+            if (this.core.running) {
+                const isSeen = event.type !== 'pagehide' && document.visibilityState === 'visible';
+                this.core.program[isSeen ? '_murmeloComeBack' : '_murmeloLeave']();
+                this.core.turn();
             }
-            this.core.turn();
-        });
+        };
+        document.addEventListener('visibilitychange', change);
+        addEventListener('pagehide', change); // alone, where a browser leaves a page that was seen
+        addEventListener('pageshow', change);
+    }
+
+    /** @param {string} language */
+    useLanguage(language) {
+        this.language = language;
+        this.words = this.core.words(language);
+        document.documentElement.lang = language;
+        for (const id of ['save', 'open', 'sounds', 'help']) {
+            find(id).textContent = this.words[id];
+        }
     }
 
     showTexts() {
         const texts = this.core.texts;
-        if (texts.language !== this.language) {
-            this.language = texts.language;
-            this.words = this.core.words();
-            document.documentElement.lang = texts.language || 'en';
-            for (const id of ['save', 'open', 'sounds', 'help']) {
-                find(id).textContent = this.words[id];
-            }
+        if (texts.language && texts.language !== this.language) {
+            this.useLanguage(texts.language);
         }
         this.mirror.show(texts, this.words);
         this.update?.offer();
-        if (texts.screen === 'Options') {
-            this.greet();
+        this.greet();
+        if (texts.screen === MENU) {
+            this.measure();
         }
     }
 
     /** Once, in the menu: what the last visit has left. */
     greet() {
-        if (this.greeted || !this.update) {
+        if (this.greeted || !this.update || this.core.texts.screen !== MENU) {
             return;
         }
         this.greeted = true;
-        if (this.opensSounds) {
+        if (this.asked.has('sounds')) {
             this.openSounds();
         } else if (this.sounds.rememberTake(0) && !this.update.waiting) {
             this.tell('lastTake', 'bringBack', () => this.sounds.rememberTake(1));
@@ -150,7 +163,7 @@ export class Page {
     }
 
     openSounds() {
-        this.dialog.open(this.words.sounds, this.words.close, (body) => this.sounds.paint(body));
+        this.dialog.open(this.words.sounds, this.words.close, (body) => this.sounds.paint(body), () => this.sounds.stop());
     }
 
     openHelp() {
@@ -170,16 +183,19 @@ export class Page {
     showOver(word) {
         this.core.stop();
         this.ears?.release();
-        this.voice?.stop();
-        this.dialog?.close();
-        const over = find('over');
-        const words = { ...EARLY_WORDS, ...this.words }; // there may be no program to ask
-        /** @type {HTMLElement} */ (over.querySelector('p')).textContent = words[word];
-        const button = /** @type {HTMLButtonElement} */ (over.querySelector('button'));
+        this.voice?.audio.pause();
+        this.dialog?.box.close();
+        const early = this.earlyText();
         const isElsewhere = word === 'otherTab';
-        button.textContent = isElsewhere ? words.takeOver : words.startAgain;
-        button.onclick = () => location.assign(isElsewhere ? './?takeover' : './');
-        over.hidden = false;
+        const shared = this.asked.has('shared') ? '&shared' : '';
+        const button = find('again');
+        find('over-text').textContent = this.words[word] ?? early.textContent;
+        button.textContent = (isElsewhere ? this.words.takeOver : this.words.startAgain) ?? early.title;
+        button.onclick = () => location.assign(isElsewhere ? `./?takeover${shared}` : './');
+        for (const part of /** @type {HTMLElement[]} */ ([...document.body.children])) {
+            part.inert = part.id !== 'over';
+        }
+        find('over').hidden = false;
         button.focus();
     }
 }

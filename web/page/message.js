@@ -1,4 +1,3 @@
-// @ts-check
 // One sentence at a time below the picture, with one action at most.
 
 const SHOWN_MS = 6000;

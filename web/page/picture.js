@@ -1,4 +1,3 @@
-// @ts-check
 // The phone's picture: drawn sharp at a whole multiple, shrunk smoothly to the size that fits.
 
 export const WIDTH = 240;

@@ -1,14 +1,11 @@
-// @ts-check
 // The sounds of this browser: their store, and the list in which they are played, shared and deleted.
 
 import { make, newButton } from './dom.js';
 
 /** @typedef {import('./store.js').Kept} Kept */
 
-const HEADER_BYTES = 44;
-const BYTES_PER_SECOND = 16000; // of a saved sound
-const TAKE = 'take';
-const SOUND = /\/rec_(\d+)\.wav$/;
+const TAKE = 'take'; // its path
+const SOUND = /\/rec_\d+\.wav$/;
 
 export class Sounds {
     /** @param {import('./main.js').Page} page */
@@ -17,10 +14,7 @@ export class Sounds {
         /** @type {Map<string, Kept>} */
         this.kept = new Map();
         this.hasStore = false;
-        this.url = '';
-        this.player = new Audio();
-        this.playing = '';
-        this.player.addEventListener('ended', () => this.play(''));
+        this.playing = ''; // path
     }
 
     async read() {
@@ -58,7 +52,8 @@ export class Sounds {
     /** Where what earlier visits kept could not be read, nothing is written over it. @param {string} path @param {Kept} kept */
     async keep(path, kept) {
         this.kept.set(path, kept);
-        const isKept = this.hasStore && (await this.page.store.put(path, kept).then(() => true, () => false));
+        const isKept = this.hasStore && (await this.page.store.change((table) => table.put(kept, path)).then(() => true, () => false));
+        this.page.measure();
         if (!isKept) {
             const isSound = path === TAKE || SOUND.test(path);
             this.page.tell(this.hasStore ? 'storeFull' : 'storeMissing', isSound ? 'share' : '', () => this.hand(path));
@@ -68,10 +63,8 @@ export class Sounds {
 
     /** @param {string} path @returns {string} "murmelo-robot-00003.wav" */
     nameOf(path) {
-        const number = SOUND.exec(path)?.[1] ?? '';
-        const program = this.page.core.program;
-        const word = program.UTF8ToString(program._murmeloEffectWord(this.kept.get(path)?.effect ?? -1));
-        return ['murmelo', word, number].filter(Boolean).join('-') + '.wav';
+        const { core } = this.page;
+        return core.answer('_murmeloFileName', core.textAt(path), this.kept.get(path)?.effect ?? -1);
     }
 
     /** @param {string} path @returns {File} */
@@ -83,17 +76,8 @@ export class Sounds {
     /** The share sheet where there is one, else a download. @param {string} path */
     async hand(path) {
         const files = [this.fileOf(path)];
-        if (!navigator.canShare?.({ files })) {
-            this.download(path);
-            return;
-        }
-        try {
-            await navigator.share({ files, title: this.nameOf(path) });
-        } catch (error) {
-            if (/** @type {Error} */ (error).name !== 'AbortError') {
-                this.download(path); // AbortError: the user changed his mind
-            }
-        }
+        const sheet = navigator.canShare?.({ files }) ? navigator.share({ files, title: this.nameOf(path) }) : Promise.reject({});
+        await sheet.catch(({ name }) => name !== 'AbortError' && this.download(path)); // AbortError: the user changed his mind
     }
 
     /** @param {string} path */
@@ -103,18 +87,26 @@ export class Sounds {
         setTimeout(() => URL.revokeObjectURL(link.href), 60000);
     }
 
-    /** @param {string} path  empty: silence */
+    /** Plays it, or stops it. @param {string} path */
     play(path) {
-        this.player.pause();
-        URL.revokeObjectURL(this.url);
-        this.url = '';
-        this.playing = this.playing === path ? '' : path;
-        if (this.playing) {
-            this.url = URL.createObjectURL(this.fileOf(path));
-            this.player.src = this.url;
-            this.player.play().catch(() => this.page.tell('cannotPlay'));
+        const wasPlaying = this.playing === path;
+        this.stop();
+        if (!wasPlaying) {
+            this.page.voice.begin(/** @type {Kept} */ (this.kept.get(path)).bytes, (end) => {
+                this.playing = '';
+                this.page.dialog.refresh();
+                end === '_murmeloClipFailed' && this.page.tell('cannotPlay');
+            });
+            this.playing = path;
         }
         this.page.dialog.refresh();
+    }
+
+    stop() {
+        if (this.playing) {
+            this.page.voice.audio.pause();
+            this.page.voice.finish('_murmeloClipEnded');
+        }
     }
 
     /** @param {string} path */
@@ -124,9 +116,9 @@ export class Sounds {
         const files = this.page.core.program.FS;
         files.unlink(path);
         if (this.playing === path) {
-            this.play('');
+            this.stop();
         }
-        this.page.store.delete(path).catch(() => {});
+        this.forgetKept(path);
         this.page.message.show({
             text: this.page.words.deleted,
             label: this.page.words.undo,
@@ -153,43 +145,39 @@ export class Sounds {
     forgetTake() {
         this.kept.delete(TAKE);
         this.page.core.program._murmeloForgetTake();
-        this.page.store.delete(TAKE).catch(() => this.page.tell('storeMissing'));
+        this.forgetKept(TAKE);
         this.page.dialog.refresh();
+    }
+
+    /** @param {string} path */
+    async forgetKept(path) {
+        const forgotten = this.page.store.change((table) => table.delete(path));
+        await forgotten.catch(() => this.hasStore && this.page.tell('notDeleted'));
+        this.page.measure();
     }
 
     /** @param {HTMLElement} body */
     paint(body) {
-        const words = this.page.words;
+        const { core, dialog, words } = this.page;
         const list = make('ul');
-        body.append(list);
-        /** @param {string} name @param {number} seconds @param {HTMLElement[]} buttons */
-        const add = (name, seconds, ...buttons) => {
-            const length = seconds.toLocaleString(document.documentElement.lang, { minimumFractionDigits: 1, maximumFractionDigits: 1 });
-            const title = make('p', { textContent: `${name} (${length} ${words.seconds})` });
-            list.append(make('li', {}, title, make('div', { className: 'row' }, ...buttons)));
+        /** @param {string} path @param {[string, () => void][]} acts  by the words of their buttons */
+        const add = (path, ...acts) => {
+            const { bytes, effect } = /** @type {Kept} */ (this.kept.get(path));
+            const line = core.answer('_murmeloSoundLine', core.textAt(path), effect, bytes.length);
+            const buttons = acts.map(([word, act]) => newButton(words[word], act, line));
+            list.append(make('li', {}, make('p', { textContent: line }), make('div', { className: 'row' }, ...buttons)));
         };
-        const take = this.kept.get(TAKE);
-        if (take) {
-            const bringBack = newButton(words.bringBack, () => {
-                this.page.dialog.close();
-                this.rememberTake(1);
-            });
-            const forget = newButton(words.forget, () => this.forgetTake());
-            const share = newButton(words.share, () => this.hand(TAKE));
-            add(words.lastTake, (take.bytes.length - HEADER_BYTES) / (2 * BYTES_PER_SECOND), bringBack, share, forget);
+        if (this.kept.has(TAKE)) {
+            const bringBack = () => (dialog.box.close(), this.rememberTake(1));
+            add(TAKE, ['bringBack', bringBack], ['share', () => this.hand(TAKE)], ['forget', () => this.forgetTake()]);
         }
         const paths = [...this.kept.keys()].filter((path) => SOUND.test(path)).sort().reverse();
         for (const path of paths) {
-            const bytes = /** @type {Kept} */ (this.kept.get(path)).bytes;
-            const play = newButton(this.playing === path ? words.stop : words.play, () => this.play(path));
-            const share = newButton(words.share, () => this.hand(path));
-            share.hidden = !navigator.canShare;
-            const download = newButton(words.download, () => this.download(path));
-            const remove = newButton(words.delete, () => this.remove(path));
-            add(this.nameOf(path), (bytes.length - HEADER_BYTES) / BYTES_PER_SECOND, play, share, download, remove);
+            /** @type {[string, () => void][]} */
+            const share = navigator.canShare ? [['share', () => this.hand(path)]] : [];
+            const play = this.playing === path ? 'stop' : 'play';
+            add(path, [play, () => this.play(path)], ...share, ['download', () => this.download(path)], ['delete', () => this.remove(path)]);
         }
-        if (paths.length === 0) {
-            list.after(make('p', { className: 'quiet', textContent: words.noSounds }));
-        }
+        body.append(list, paths.length ? '' : make('p', { className: 'quiet', textContent: words.noSounds }));
     }
 }

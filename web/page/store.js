@@ -1,30 +1,25 @@
-// @ts-check
 // What outlives the page: settings, saved sounds and the last take, in a small database of our own.
 
 /** @typedef {{bytes: Uint8Array, effect: number, when: number}} Kept */
 
-const NAME = 'murmelo';
+/** Another copy of the page on the same host has sounds, a tab and files of its own. */
+export const OWN = `murmelo ${new URL('..', import.meta.url).pathname}`;
 const TABLE = 'kept';
 
 export class Store {
     constructor() {
+        this.name = OWN;
         /** @type {IDBDatabase | null} */
         this.database = null;
     }
 
-    /** @returns {Promise<boolean>} whether this browser stores anything for us */
     async open() {
-        try {
-            const opening = indexedDB.open(NAME, 1);
-            opening.onupgradeneeded = () => opening.result.createObjectStore(TABLE);
-            this.database = await answerOf(opening);
-            // Another version of the page, or the user, wants to change the database.
-            this.database.onversionchange = () => this.forget();
-            this.database.onclose = () => this.forget();
-            return true;
-        } catch {
-            return false;
-        }
+        const opening = indexedDB.open(this.name, 1);
+        opening.onupgradeneeded = () => opening.result.createObjectStore(TABLE);
+        this.database = await answerOf(opening);
+        // Another version of the page, or the user, wants to change the database.
+        this.database.onversionchange = () => this.forget();
+        this.database.onclose = () => this.forget();
     }
 
     forget() {
@@ -41,17 +36,7 @@ export class Store {
         return new Map((await keys).map((key, i) => [String(key), found[i]]));
     }
 
-    /** Throws if there is no room. @param {string} path @param {Kept} kept */
-    async put(path, kept) {
-        await this.change((table) => table.put(kept, path));
-    }
-
-    /** @param {string} path */
-    async delete(path) {
-        await this.change((table) => table.delete(path));
-    }
-
-    /** @param {(table: IDBObjectStore) => void} step */
+    /** Throws if there is no room. @param {(table: IDBObjectStore) => void} step */
     async change(step) {
         const table = await this.table('readwrite');
         const done = new Promise((resolve, reject) => {
@@ -66,8 +51,8 @@ export class Store {
 
     /** @param {IDBTransactionMode} mode */
     async table(mode) {
-        if (!this.database && !(await this.open())) {
-            throw new DOMException('no store', 'InvalidStateError');
+        if (!this.database) {
+            await this.open();
         }
         return /** @type {IDBDatabase} */ (this.database).transaction(TABLE, mode).objectStore(TABLE);
     }

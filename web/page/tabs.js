@@ -1,7 +1,6 @@
-// @ts-check
 // One tab at a time: two would write over each other's sounds.
 
-const LOCK = 'murmelo-tab';
+import { OWN } from './store.js';
 
 /**
  * @param {boolean} steals  takes over from another tab, which stops
@@ -15,7 +14,7 @@ export function holdTab(steals, onTaken) {
     let isHeld = false;
     return new Promise((answer) => {
         navigator.locks
-            .request(LOCK, steals ? { steal: true } : { ifAvailable: true }, (lock) => {
+            .request(OWN, steals ? { steal: true } : { ifAvailable: true }, (lock) => {
                 isHeld = lock !== null;
                 answer(isHeld);
                 return lock && new Promise(() => {}); // held as long as the page lives

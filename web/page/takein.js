@@ -1,8 +1,9 @@
-// @ts-check
 // Sound files from outside: picked, dropped, shared with the page, or opened with it.
 
-const MAX_BYTES = 64 << 20; // of a file; decoded it takes several times as much
-const MAX_WAV_BYTES = 6 << 20; // larger ones the browser decodes
+import { OWN } from './store.js';
+
+const MAX_WAV_BYTES = 6 << 20; // fits into the program's memory; larger ones the browser decodes
+const LENGTH_IN_MS = 5000; // some browsers never tell it
 const DECODED_SECONDS = 20;
 const DECODING_RATE = 48000;
 
@@ -10,7 +11,6 @@ export class TakeIn {
     /** @param {import('./main.js').Page} page @param {HTMLInputElement} input */
     constructor(page, input) {
         this.page = page;
-        this.input = input;
         input.addEventListener('change', () => {
             this.use(input.files?.[0]);
             input.value = ''; // the same file may be chosen again
@@ -25,17 +25,15 @@ export class TakeIn {
         });
     }
 
-    pick() {
-        this.input.click();
-    }
-
     /** A file that was shared with the page waits in the cache of the service worker. */
     async useShared() {
-        const cache = await caches.open('murmelo-shared');
-        const answer = await cache.match('shared');
-        await cache.delete('shared');
-        if (answer) {
-            this.use(await answer.blob());
+        try {
+            const cache = await caches.open(`${OWN} shared`);
+            const answer = /** @type {Response} */ (await cache.match('shared'));
+            await this.use(await answer.blob());
+            await cache.delete('shared');
+        } catch {
+            this.page.tell('notShared'); // it was no file, or there was no room for it
         }
     }
 
@@ -44,42 +42,48 @@ export class TakeIn {
         if (!file || !this.page.core.running) {
             return;
         }
-        if (file.size > MAX_BYTES) {
-            this.page.tell('fileTooLarge');
-            return;
-        }
-        const bytes = await file.arrayBuffer();
-        if (!this.useWav(bytes) && !(await this.decode(bytes))) {
-            this.page.tell('noSoundFile');
+        const refusal = await this.take(file).catch(() => 'noSoundFile');
+        if (refusal) {
+            this.page.tell(refusal);
         }
         this.page.core.turn();
     }
 
-    /** The program reads plain WAV files itself, if they fit into its memory. @param {ArrayBuffer} bytes */
-    useWav(bytes) {
-        const isWav = new TextDecoder('latin1').decode(bytes.slice(0, 4)) === 'RIFF';
-        if (!isWav || bytes.byteLength > MAX_WAV_BYTES) {
-            return false;
+    /** @param {Blob} file @returns {Promise<string>} why it cannot be taken; empty: it is */
+    async take(file) {
+        const { core } = this.page;
+        if (file.size <= MAX_WAV_BYTES) {
+            core.fillRoom(new Uint8Array(await file.arrayBuffer()));
+            if (core.program._murmeloUseFile() === 1) {
+                return ''; // a plain WAV file: the program reads it itself
+            }
         }
-        this.page.core.fillRoom(new Uint8Array(bytes));
-        return this.page.core.program._murmeloUseFile() === 1;
+        const refusal = core.answer('_murmeloRefusal', file.size, await lengthOf(file));
+        return refusal || ((await this.decode(await file.arrayBuffer())) ? '' : 'noSoundFile');
     }
 
     /** @param {ArrayBuffer} bytes @returns {Promise<boolean>} */
     async decode(bytes) {
-        try {
-            const context = new OfflineAudioContext(1, 1, DECODING_RATE);
-            const sound = await context.decodeAudioData(bytes);
-            const frames = Math.min(sound.length, DECODED_SECONDS * sound.sampleRate);
-            const mean = new Float32Array(frames);
-            for (let channel = 0; channel < sound.numberOfChannels; channel++) {
-                const samples = sound.getChannelData(channel).subarray(0, frames);
-                samples.forEach((sample, i) => (mean[i] += sample / sound.numberOfChannels));
-            }
-            this.page.core.fillRoom(mean);
-            return this.page.core.program._murmeloUseFloats(sound.sampleRate) === 1;
-        } catch {
-            return false;
+        const context = new OfflineAudioContext(1, 1, DECODING_RATE);
+        const sound = await context.decodeAudioData(bytes);
+        const frames = Math.min(sound.length, DECODED_SECONDS * sound.sampleRate);
+        const mean = new Float32Array(frames);
+        for (let channel = 0; channel < sound.numberOfChannels; channel++) {
+            const samples = sound.getChannelData(channel).subarray(0, frames);
+            samples.forEach((sample, i) => (mean[i] += sample / sound.numberOfChannels));
         }
+        this.page.core.fillRoom(mean);
+        return this.page.core.program._murmeloUseFloats(sound.sampleRate) === 1;
     }
+}
+
+/** @param {Blob} file @returns {Promise<number>} in seconds; not finite if the browser cannot tell */
+async function lengthOf(file) {
+    const audio = Object.assign(new Audio(), { preload: 'metadata', src: URL.createObjectURL(file) });
+    await new Promise((resolve) => {
+        Object.assign(audio, { onloadedmetadata: resolve, onerror: resolve });
+        setTimeout(resolve, LENGTH_IN_MS);
+    });
+    URL.revokeObjectURL(audio.src);
+    return audio.duration;
 }

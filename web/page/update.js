@@ -1,5 +1,6 @@
-// @ts-check
 // The service worker: offline from the second start, and a new version only when the user says so.
+
+import { MENU } from './core.js';
 
 export class Update {
     /** @param {import('./main.js').Page} page */
@@ -41,7 +42,7 @@ export class Update {
 
     /** Only in the menu, where nothing records, plays or is unsaved. */
     offer() {
-        const inMenu = this.page.core.texts.screen === 'Options';
+        const inMenu = this.page.core.texts.screen === MENU;
         if (this.waiting && inMenu && !this.told) {
             const words = this.page.words;
             const act = () => this.waiting?.postMessage('activate');

@@ -1,25 +1,24 @@
-// @ts-check
-// The speaker: one audio element for everything that is played.
+// The speaker: one audio element for everything that is played, by the program and from the list.
 
 /** @typedef {import('./core.js').Core} Core */
+/** @typedef {'_murmeloClipEnded' | '_murmeloClipFailed'} End */
 
 const FULL = 100;
-const HEADER_BYTES = 44;
 const SILENCE = 'sound/silence.wav';
 
 export class Voice {
-    /** @param {Core} core @param {HTMLAudioElement} audio @param {(word: string) => void} tell */
-    constructor(core, audio, tell) {
+    /** @param {Core} core @param {HTMLAudioElement} audio */
+    constructor(core, audio) {
         this.core = core;
         this.audio = audio;
-        this.tell = tell;
-        this.ticket = 0; // of the program's clip, 0 if none plays
-        this.volume = FULL;
+        /** What is played wants to know its end. @type {((end: End) => void) | null} */
+        this.done = null;
+        this.ofProgram = false;
         this.url = '';
         audio.volume = 0.5;
-        this.scales = audio.volume !== 0.5; // some phones leave the volume to their keys
+        core.program._murmeloVolumeStays(Number(audio.volume !== 0.5)); // some phones leave it to their keys
         audio.addEventListener('ended', () => this.finish('_murmeloClipEnded'));
-        audio.addEventListener('error', () => this.fail());
+        audio.addEventListener('error', () => this.finish('_murmeloClipFailed'));
         audio.addEventListener('pause', () => {
             if (audio.paused && !audio.ended && !this.isPaused) {
                 this.finish('_murmeloClipEnded'); // a call, or the headset was unplugged
@@ -33,54 +32,43 @@ export class Voice {
 
     /** Plays nothing within the user's gesture: later clips may then begin by themselves. */
     unlock() {
-        if (this.ticket === 0) {
+        if (!this.done) {
             this.audio.src = SILENCE;
             this.audio.play().catch(() => {});
         }
     }
 
-    /** @param {number} ticket @param {Uint8Array} file  WAV */
+    /** For the program. @param {number} ticket @param {Uint8Array} file  WAV */
     play(ticket, file) {
-        this.ticket = ticket;
+        this.begin(file, (end) => {
+            this.core.program[end](ticket);
+            this.core.turn();
+        });
+        this.ofProgram = true;
+    }
+
+    /** What is playing ends. @param {Uint8Array} file  WAV @param {(end: End) => void} done */
+    begin(file, done) {
+        this.finish('_murmeloClipEnded');
+        this.done = done;
         this.isPaused = false;
-        this.load(this.scales ? this.scaled(file) : file);
+        URL.revokeObjectURL(this.url);
+        this.url = URL.createObjectURL(new Blob([file], { type: 'audio/wav' }));
+        this.audio.src = this.url;
         this.audio.play().catch((error) => {
-            if (error.name !== 'AbortError' && this.ticket === ticket) {
-                this.fail();
+            if (error.name !== 'AbortError' && this.done === done) {
+                this.finish('_murmeloClipFailed');
             }
         });
     }
 
-    /** @param {Uint8Array} file @returns {Uint8Array} */
-    scaled(file) {
-        const samples = new Int16Array(file.buffer, HEADER_BYTES);
-        samples.forEach((sample, i) => {
-            samples[i] = (sample * this.volume) / FULL;
-        });
-        return file;
-    }
-
-    /** @param {Uint8Array} file */
-    load(file) {
-        URL.revokeObjectURL(this.url);
-        this.url = URL.createObjectURL(new Blob([file], { type: 'audio/wav' }));
-        this.audio.src = this.url;
-    }
-
-    fail() {
-        if (this.ticket !== 0) {
-            this.finish('_murmeloClipFailed');
-            this.tell('cannotPlay'); // in the place of what the program says, in English only
-        }
-    }
-
-    /** @param {'_murmeloClipEnded' | '_murmeloClipFailed'} call */
-    finish(call) {
-        const ticket = this.ticket;
-        this.ticket = 0;
-        if (ticket !== 0 && this.core.running) {
-            this.core.program[call](ticket);
-            this.core.turn();
+    /** @param {End} end */
+    finish(end) {
+        const done = this.done;
+        this.done = null;
+        this.ofProgram = false;
+        if (this.core.running) {
+            done?.(end);
         }
     }
 
@@ -91,17 +79,19 @@ export class Voice {
 
     resume() {
         this.isPaused = false;
-        this.audio.play().catch(() => this.fail());
+        this.audio.play().catch(() => this.finish('_murmeloClipFailed'));
     }
 
+    /** The program wants silence. */
     stop() {
-        this.ticket = 0;
-        this.audio.pause();
+        if (this.ofProgram) {
+            this.done = null;
+            this.audio.pause();
+        }
     }
 
     /** @param {number} volume  0 to 100 */
     setVolume(volume) {
-        this.volume = volume;
         this.audio.volume = volume / FULL;
     }
 }

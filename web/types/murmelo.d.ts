@@ -12,7 +12,7 @@ export type ScreenTexts = {
     isQuestion: boolean;
     entries: Entry[];
     caption: string;
-    progressQ10: number;
+    progressPercent: number;
     softKeys: Entry[];
 };
 
@@ -30,15 +30,14 @@ export type Murmelo = {
     _murmeloTurn(): number;
     _murmeloTouch(kind: number, isFinger: number, id: number, x: number, y: number, timeMs: number): void;
     _murmeloTouchCancelled(isFinger: number, id: number): void;
-    _murmeloKey(key: number): void;
-    _murmeloVolumeKey(up: number): void;
-    _murmeloMicrophoneGranted(ticket: number): void;
-    _murmeloMicrophoneRefused(ticket: number): void;
+    _murmeloKey(name: number): number;
+    _murmeloVolumeStays(stays: number): void;
+    _murmeloMicrophoneAnswered(ticket: number, error: number, rateHz: number): void;
     _murmeloMicrophoneLost(): void;
     _murmeloClipEnded(ticket: number): void;
     _murmeloClipFailed(ticket: number): void;
     _murmeloSave(): void;
-    _murmeloLeave(): number;
+    _murmeloLeave(): void;
     _murmeloComeBack(): void;
     _murmeloRoom(bytes: number): number;
     _murmeloHeard(rateHz: number): number;
@@ -50,7 +49,9 @@ export type Murmelo = {
     _murmeloPixels(): number;
     _murmeloTextsIfNew(): number;
     _murmeloWords(language: number): number;
-    _murmeloEffectWord(effect: number): number;
+    _murmeloFileName(path: number, effect: number): number;
+    _murmeloSoundLine(path: number, effect: number, fileBytes: number): number;
+    _murmeloRefusal(fileBytes: number, seconds: number): number;
 };
 
 declare function createMurmelo(options: object): Promise<Murmelo>;

@@ -1,4 +1,3 @@
-// @ts-check
 // Collects what the microphone hears and sends it to the page in pieces.
 
 const PIECE_FRAMES = 512; // 32 ms at 16 kHz: what may be missing of a word at the stop

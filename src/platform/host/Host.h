@@ -101,6 +101,10 @@ public:
     /// Index of the chosen effect.
     virtual int32_t currentEffect() = 0;
 
+    /// The name of an effect as the screens show it, in the program's language, as UTF-8. Empty
+    /// outside the catalogue.
+    virtual std::string effectName(int32_t /*effect*/) { return ""; }
+
     /// A key pressed and let go. False if the program does not take it.
     virtual bool navigate(HostKey key) = 0;
 
@@ -127,9 +131,6 @@ public:
     /// Turns to that effect, as the arrows turn to the next one. False, and nothing happens, unless
     /// the choice of the effect is on the screen and there is such an effect.
     virtual bool showEffect(int32_t /*index*/) { return false; }
-
-    /// Names of the effects in the program's language, in their order; empty before they exist.
-    virtual std::vector<std::string> effectNames() { return {}; }
 
     /// Counts the sounds that were saved in this run; a change means that savedName() is new and on
     /// disk.
@@ -205,14 +206,19 @@ public:
     /// The application's doors; null when it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}
 
-    /// A file of the user's is on the disk, whole: a saved sound, or the settings. A host whose disk
-    /// is not one stores it now.
+    /// A file of the user's is on the disk, whole: a saved sound, or the settings. A host whose
+    /// disk is not one stores it now.
     /// @param path  the real one
     virtual void kept(const std::string& /*path*/) {}
 
     /// Tells the user what no screen shows.
     /// @param sentence  without a full stop, and without the program's name in front
     virtual void say(const std::string& /*sentence*/) {}
+
+    /// The same for what HostWords has in each language. A host with a console says the sentence;
+    /// one that speaks the program's language tells the words.
+    /// @param name  of a row of HostWords
+    virtual void tell(const char* /*name*/, const std::string& sentence) { say(sentence); }
 
     /// True if this call of the named platform operation (HostOperation) is to fail. Tests ask for
     /// it; a phone never does.

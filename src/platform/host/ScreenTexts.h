@@ -13,6 +13,8 @@ struct ScreenPlace {
     int32_t y = 0;
     int32_t w = 0;
     int32_t h = 0;
+
+    bool operator==(const ScreenPlace&) const = default;
 };
 
 /// Only what stands on the screen is in here. Texts are UTF-8 in the program's language; an empty
@@ -22,6 +24,8 @@ struct ScreenTexts {
         std::string text;
         ScreenPlace place;  // a touch on its middle chooses it
         bool isFocused = false;
+
+        bool operator==(const Entry&) const = default;
     };
 
     /// Left, middle and right.
@@ -40,4 +44,6 @@ struct ScreenTexts {
     std::string caption;                // of what goes on
     int32_t progressQ10 = kNoProgress;  // 0 to 1024 while something goes on
     std::array<Entry, kSoftKeys> softKeys;
+
+    bool operator==(const ScreenTexts&) const = default;
 };

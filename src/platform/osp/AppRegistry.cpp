@@ -126,8 +126,9 @@ void AppRegistry::Open(const std::string& configFolder) {
     if (problem) {
         // Not damaged, only out of reach: the next run may find them again.
         keeps = false;
-        Host::current().say("the settings \"" + path +
-                            "\" cannot be read and stay as they are: " + problem.sentence());
+        Host::current().tell("storeMissing",
+                             "the settings \"" + path +
+                                 "\" cannot be read and stay as they are: " + problem.sentence());
     }
 }
 

@@ -29,9 +29,9 @@ void sayIfRoomIsShort() {
     if (freeBytes >= 0 && freeBytes < kLongestTakeBytes) {
         // Rounded apart: too little never reads as enough.
         const int64_t neededKb = (kLongestTakeBytes + kKilobyte - 1) / kKilobyte;
-        Host::current().say("only " + std::to_string(freeBytes / kKilobyte) +
-                            " KB are free; a take of 20 seconds needs " + std::to_string(neededKb) +
-                            " KB");
+        Host::current().tell("littleRoom", "only " + std::to_string(freeBytes / kKilobyte) +
+                                               " KB are free; a take of 20 seconds needs " +
+                                               std::to_string(neededKb) + " KB");
     }
 }
 
@@ -178,8 +178,9 @@ void AudioIn::handOver(ByteBuffer* filled) {
     const int32_t error = Osp::Io::File::takeWriteError();
     if (error != 0 && !saidCutShort) {
         saidCutShort = true;
-        Host::current().say("the take is cut short: " +
-                            std::error_code(error, std::generic_category()).message());
+        Host::current().tell("cutShort",
+                             "the take is cut short: " +
+                                 std::error_code(error, std::generic_category()).message());
     }
 }
 
@@ -207,8 +208,12 @@ bool AudioIn::deliverRest() {
 void AudioIn::sayLoss(bool isTakeKept) {
     if (isLossUnsaid) {
         isLossUnsaid = false;
-        Host::current().say(isTakeKept ? "the microphone is gone; what it heard until now is kept"
-                                       : "the microphone is gone");
+        if (isTakeKept) {
+            Host::current().tell("microphoneGone",
+                                 "the microphone is gone; what it heard until now is kept");
+        } else {
+            Host::current().tell("microphoneGoneEmpty", "the microphone is gone");
+        }
     }
 }
 

@@ -65,7 +65,11 @@ void StripFeed::lookAtScreen(int64_t nowMs) {
     model.setCanOpen(doors->canUseSound());
     if (texts.language != language) {
         language = texts.language;
-        model.setEffectNames(doors->effectNames());
+        std::vector<std::string> names;
+        for (int32_t i = 0; i < StripModel::kEffects; i++) {
+            names.push_back(doors->effectName(i));
+        }
+        model.setEffectNames(std::move(names));
     }
     if (isRecording && !recording) {
         recording = true;

@@ -38,7 +38,6 @@ EM_JS(void, pageMendRename, (), {
         }
     };
 })
-EM_JS(void, pageSay, (const char* sentence), { Module.page.message.show({text: UTF8ToString(sentence)}); })
 
 // clang-format on
 
@@ -104,10 +103,6 @@ void PageCalls::keepTake(const std::vector<uint8_t>& file) {
 
 void PageCalls::frameWaits() {
     pageFrameWaits();
-}
-
-void PageCalls::say(const std::string& sentence) {
-    pageSay(sentence.c_str());
 }
 
 void PageCalls::tell(const std::string& name) {

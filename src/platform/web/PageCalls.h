@@ -23,6 +23,5 @@ public:
     void keepFile(const std::string& path, int32_t effect) override;
     void keepTake(const std::vector<uint8_t>& file) override;
     void frameWaits() override;
-    void say(const std::string& sentence) override;
     void tell(const std::string& name) override;
 };

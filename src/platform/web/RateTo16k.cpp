@@ -68,7 +68,7 @@ RateTo16k::RateTo16k(int32_t rateHz)
     , reach(static_cast<size_t>((kUnits * unit + perIn - 1) / perIn))
     , gain(static_cast<double>(perIn) / static_cast<double>(unit))
     , half(halfFilter()) {
-    assert(rateHz >= kMinRateHz && rateHz <= kMaxRateHz);
+    assert(takes(rateHz));
     beginSound();
 }
 

@@ -18,7 +18,12 @@ public:
     static constexpr int32_t kMinRateHz = 8000;
     static constexpr int32_t kMaxRateHz = 192000;
 
-    /// @param rateHz  of the samples that come, kMinRateHz to kMaxRateHz
+    /// Whether samples of that rate can be brought to 16 kHz.
+    static constexpr bool takes(int32_t rateHz) {
+        return rateHz >= kMinRateHz && rateHz <= kMaxRateHz;
+    }
+
+    /// @param rateHz  of the samples that come: one that it takes
     explicit RateTo16k(int32_t rateHz);
 
     RateTo16k(const RateTo16k&) = delete;

@@ -1,13 +1,28 @@
 #include "WebHost.h"
 
+#include "MicrophoneReasons.h"
 #include "PlainWav.h"
+#include "ScreenNames.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace {
 
 constexpr double kTurnMs = 8;  // leaves the page half of a frame for everything else
+
+struct NamedKey {
+    const char* name;
+    HostKey key;
+};
+
+constexpr NamedKey kKeys[] = {
+    {"ArrowUp", HostKey::kUp},       {"ArrowDown", HostKey::kDown}, {"ArrowLeft", HostKey::kLeft},
+    {"ArrowRight", HostKey::kRight}, {"Enter", HostKey::kMiddle},   {" ", HostKey::kMiddle},
+    {"F1", HostKey::kLeftSoft},      {"F2", HostKey::kRightSoft},   {"Escape", HostKey::kRightSoft},
+};
 
 OneFinger::Pointer pointerOf(bool isFinger) {
     return isFinger ? OneFinger::Pointer::kFinger : OneFinger::Pointer::kMouse;
@@ -74,10 +89,14 @@ bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
             return true;
         }
     }
-    if (ears.deliver() || lostMicrophone.deliver(ears.isLost(), doors) || bringTakeBack()) {
+    if (ears.deliver() || watchMicrophone() || lostMicrophone.deliver(ears.isLost(), doors) ||
+        bringTakeBack()) {
         return true;
     }
-    restMs = timeoutMs < 0 ? kNever : static_cast<double>(timeoutMs);
+    const double endless = std::numeric_limits<double>::infinity();
+    const double wantedMs = timeoutMs < 0 ? endless : static_cast<double>(timeoutMs);
+    restMs = std::min(wantedMs, ears.nextLookMs());
+    restMs = restMs == endless ? kNever : std::ceil(restMs);
     return false;
 }
 
@@ -115,14 +134,33 @@ void WebHost::volumeKey(bool up) {
     });
 }
 
-void WebHost::microphoneGranted(int32_t ticket) {
-    ears.granted(ticket);
+bool WebHost::keyNamed(const std::string& name) {
+    const bool isLouder = name == "+" || name == "=";  // the plus of keyboards that want a shift
+    if (isLouder || name == "-") {
+        volumeKey(isLouder);
+        return true;
+    }
+    for (const NamedKey& named : kKeys) {
+        if (name == named.name) {
+            key(named.key);
+            return true;
+        }
+    }
+    return false;
 }
 
-void WebHost::microphoneRefused(int32_t ticket) {
-    if (!ears.refused(ticket)) {
-        return;
+void WebHost::microphoneAnswered(int32_t ticket, const std::string& error, int32_t rateHz) {
+    const char* const word = MicrophoneReasons::wordOf(error, rateHz);
+    if (word == nullptr) {
+        ears.granted(ticket);
+    } else if (ears.refused(ticket)) {
+        giveRecordingUp(word);
     }
+}
+
+/// From the screen that offers a recording.
+void WebHost::giveRecordingUp(const char* word) {
+    page.tell(word);
     if (hasTake) {
         offeredTake = lastTake;
     }
@@ -131,7 +169,30 @@ void WebHost::microphoneRefused(int32_t ticket) {
 }
 
 void WebHost::microphoneLost() {
-    tasks.emplace_back([this](HostListener&) { return ears.lose(); });
+    tasks.emplace_back([this](HostListener&) { return loseMicrophone(); });
+}
+
+bool WebHost::loseMicrophone() {
+    if (ears.lose()) {
+        return true;
+    }
+    if (ears.isHeld() && !ears.hasStarted()) {
+        giveRecordingUp("microphoneGoneEmpty");
+    }
+    return false;
+}
+
+/// A microphone from which nothing more comes is gone. One that never said anything may be switched
+/// off: the user is told, and may switch it on.
+bool WebHost::watchMicrophone() {
+    if (!ears.fellSilent()) {
+        return false;
+    }
+    if (ears.hasHeard()) {
+        return loseMicrophone();
+    }
+    page.tell("microphoneSilent");
+    return false;
 }
 
 void WebHost::clipEnded(int32_t ticket) {
@@ -154,8 +215,7 @@ void WebHost::save() {
 
 void WebHost::use(std::vector<int16_t> samples) {
     offeredTake = std::move(samples);
-    const std::string screen = doors != nullptr ? doors->screenName() : "";
-    if (screen == "FirstLang" || screen == "Splash") {
+    if (isOn(ScreenNames::kFirstLanguage) || isOn(ScreenNames::kSplash)) {
         return;  // waits for the menu
     }
     tasks.emplace_back([this](HostListener&) {
@@ -196,11 +256,15 @@ void WebHost::Ears::release() {
     }
 }
 
-WebHost::Away WebHost::leave() {
+bool WebHost::isOn(const char* screen) const {
+    return doors != nullptr && doors->screenName() == screen;
+}
+
+void WebHost::leave() {
     if (program == nullptr || isAway || ears.isAsked()) {
-        return Away::kNothingLost;  // the browser's own question may hide the page
+        return;  // the browser's own question may hide the page
     }
-    const bool wasRecording = doors != nullptr && doors->screenName() == "Recording";
+    const bool wasRecording = isOn(ScreenNames::kRecording);
     tasks.emplace_back(
         [this](HostListener&) { return doors != nullptr && doors->stopRecording(); });
     // A recording that has stopped is cleaned up without a pause, as any job.
@@ -208,7 +272,9 @@ WebHost::Away WebHost::leave() {
     while (goesOn && restMs == 0) {
         goesOn = step();
     }
-    const bool isLost = goesOn && wasRecording && doors->screenName() == "Recording";
+    if (goesOn && wasRecording && isOn(ScreenNames::kRecording)) {
+        page.tell("tooShort");
+    }
     isAway = true;
     tasks.emplace_back([](HostListener& listener) {
         listener.onBackground();
@@ -217,7 +283,6 @@ WebHost::Away WebHost::leave() {
     while (goesOn && (!tasks.empty() || restMs == 0)) {
         goesOn = step();
     }
-    return isLost ? Away::kRecordingTooShort : Away::kNothingLost;
 }
 
 void WebHost::comeBack() {

@@ -27,9 +27,6 @@ public:
     static constexpr double kNever = -1;
     static constexpr double kEnded = -2;
 
-    /// What became of the way out of the foreground.
-    enum class Away { kNothingLost, kRecordingTooShort };
-
     /// Installs itself for its lifetime. @param page  not owned
     WebHost(WebPage& page, HostFolders folders);
     WebHost(const WebHost&) = delete;
@@ -56,11 +53,22 @@ public:
     void touchCancelled(bool isFinger, int32_t id);
     void key(HostKey key);
     void volumeKey(bool up);
-    void microphoneGranted(int32_t ticket);
 
-    /// Goes back to the menu, and brings the earlier take back, which the program has deleted. Keys
-    /// and presses that still wait are forgotten.
-    void microphoneRefused(int32_t ticket);
+    /// A key by the name that browsers give it ("ArrowUp"). @returns whether the program has a use
+    /// for it
+    bool keyNamed(const std::string& name);
+
+    /// See WebSpeaker.
+    void volumeStays(bool stays) { voice.volumeStays(stays); }
+
+    /// What became of the question of that ticket. On a refusal the user is told why, and it goes
+    /// back to the menu, with the earlier take, which the program has deleted. Keys and presses
+    /// that still wait are then forgotten.
+    /// @param error  name of the browser's exception; empty: it gives the microphone
+    /// @param rateHz  of the samples that will come
+    void microphoneAnswered(int32_t ticket, const std::string& error, int32_t rateHz);
+
+    /// The device is gone. What it heard is kept; before a recording it is as a refusal.
     void microphoneLost();
     void clipEnded(int32_t ticket);
     void clipFailed(int32_t ticket);
@@ -73,8 +81,9 @@ public:
     void use(std::vector<int16_t> samples);
 
     /// The page is hidden: stops a running recording, lets its clean-up run to its end, and only
-    /// then goes to the background; all of that within this call.
-    Away leave();
+    /// then goes to the background; all of that within this call. The user is told if the recording
+    /// was too short to be kept.
+    void leave();
 
     /// The page is seen again; nothing happens unless it had left.
     void comeBack();
@@ -115,7 +124,8 @@ public:
 
     void kept(const std::string& path) override;
 
-    void say(const std::string& sentence) override { page.say(sentence); }
+    /// Only words in the program's language are shown.
+    void tell(const char* name, const std::string& /*sentence*/) override { page.tell(name); }
 
 private:
     /// Returns whether it delivered a callback.
@@ -135,6 +145,10 @@ private:
         WebHost& host;
     };
 
+    bool isOn(const char* screen) const;
+    void giveRecordingUp(const char* word);
+    bool loseMicrophone();
+    bool watchMicrophone();
     void keepTake(std::vector<int16_t> samples);
     bool step();
     void end();

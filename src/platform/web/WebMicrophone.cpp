@@ -1,11 +1,18 @@
 #include "WebMicrophone.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 // What a program that takes nothing lets pile up: a minute, then the rest is lost.
 constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
+
+// Samples come thirty times a second. A page that was busy for long has some that it has not handed
+// over yet: they are there before the second look.
+constexpr double kSilentMs = 1000;
+constexpr double kSecondLookMs = 100;
+constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 }  // namespace
 
@@ -18,15 +25,19 @@ void WebMicrophone::prepare() {
 bool WebMicrophone::granted(int32_t answered) {
     const bool counts = asked && answered == ticket;
     asked = asked && !counts;
+    held = held || counts;
     return counts;
 }
 
 bool WebMicrophone::refused(int32_t answered) {
-    return granted(answered);
+    const bool counts = granted(answered);
+    held = held && !counts;
+    return counts;
 }
 
 void WebMicrophone::release() {
     asked = false;
+    held = false;
     ticket++;  // an answer that still comes is dropped
     page.releaseMicrophone();
 }
@@ -38,6 +49,8 @@ bool WebMicrophone::start(HostMicrophoneListener& newListener) {
     listener = &newListener;
     lost = false;
     started = true;
+    heardAny = false;
+    listenAgain();
     waiting.clear();
     taken.clear();
     converter.reset();
@@ -58,15 +71,34 @@ void WebMicrophone::stop() {
 }
 
 bool WebMicrophone::heard(const float* samples, int32_t count, int32_t rateHz) {
-    if (listener == nullptr || waiting.size() >= kMaxSamples) {
+    if (listener == nullptr || waiting.size() >= kMaxSamples || !RateTo16k::takes(rateHz)) {
         return false;
     }
+    heardAny = true;
+    listenAgain();
     if (converter == nullptr || converterRateHz != rateHz) {
         converter = std::make_unique<RateTo16k>(rateHz);
         converterRateHz = rateHz;
     }
     converter->convert(samples, count, waiting);
     return hasEnough();
+}
+
+void WebMicrophone::listenAgain() {
+    lookMs = page.nowMs() + kSilentMs;
+    hasLooked = false;
+}
+
+bool WebMicrophone::fellSilent() {
+    if (listener == nullptr || page.nowMs() < lookMs) {
+        return false;
+    }
+    lookMs = hasLooked ? kEndless : page.nowMs() + kSecondLookMs;
+    return std::exchange(hasLooked, true);
+}
+
+double WebMicrophone::nextLookMs() const {
+    return listener != nullptr ? std::max(lookMs - page.nowMs(), 0.0) : kEndless;
 }
 
 bool WebMicrophone::hasEnough() const {

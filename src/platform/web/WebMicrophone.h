@@ -25,9 +25,22 @@ public:
     bool granted(int32_t ticket);
     bool refused(int32_t ticket);
 
-    /// Samples from the page, -1 to 1, at any rate from 8000 to 192000 Hz.
+    /// Samples from the page, -1 to 1. Those of a rate that cannot be converted are dropped.
     /// @returns whether deliver() has something to do now
     bool heard(const float* samples, int32_t count, int32_t rateHz);
+
+    /// Looks whether it listens and no sample has come for a second: true once, until more is
+    /// heard.
+    bool fellSilent();
+
+    /// After how many milliseconds fellSilent() wants to look next; endless if there is no need.
+    double nextLookMs() const;
+
+    /// True if a sample came since start().
+    bool hasHeard() const { return heardAny; }
+
+    /// True from the user's consent until it is given back.
+    bool isHeld() const { return held; }
 
     /// The device is gone. @returns whether it listened: then its listener was called
     bool lose();
@@ -55,6 +68,7 @@ public:
 
 private:
     bool hasEnough() const;
+    void listenAgain();
 
     WebPage& page;
     HostMicrophoneListener* listener = nullptr;
@@ -63,7 +77,11 @@ private:
     std::deque<int16_t> waiting;
     std::vector<int16_t> taken;
     int32_t ticket = 0;
+    double lookMs = 0;  // when fellSilent() looks next, on the page's clock
+    bool hasLooked = false;
+    bool heardAny = false;
     bool asked = false;
+    bool held = false;
     bool lost = false;
     bool started = false;
 };

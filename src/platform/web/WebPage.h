@@ -50,9 +50,6 @@ public:
     /// There is a frame to paint.
     virtual void frameWaits() = 0;
 
-    /// Tells the user one sentence, without a full stop.
-    virtual void say(const std::string& sentence) = 0;
-
     /// Tells the user what HostWords has under that name.
     virtual void tell(const std::string& name) = 0;
 };

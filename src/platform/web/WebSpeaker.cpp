@@ -3,15 +3,21 @@
 #include "PlainWav.h"
 
 #include <utility>
+#include <vector>
 
 bool WebSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) {
     if (listener != nullptr) {
         return false;
     }
     listener = &newListener;
-    page.playClip(++ticket,
-                  PlainWav::toFile(clip->samples.data(), static_cast<int32_t>(clip->samples.size()),
-                                   clip->rateHz));
+    std::vector<int16_t> samples = clip->samples;
+    if (isScaling) {
+        for (int16_t& sample : samples) {
+            sample = static_cast<int16_t>(sample * volume / kFullVolume);
+        }
+    }
+    page.playClip(++ticket, PlainWav::toFile(samples.data(), static_cast<int32_t>(samples.size()),
+                                             clip->rateHz));
     return true;
 }
 

@@ -17,9 +17,16 @@ public:
     bool ended(int32_t ofTicket);
     bool failed(int32_t ofTicket);
 
+    /// The page cannot set the volume, as on phones that leave it to their keys: the samples of
+    /// later clips are made softer instead.
+    void volumeStays(bool stays) { isScaling = stays; }
+
     bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) override;
 
-    void setVolume(int32_t volume) override { page.setVolume(volume); }
+    void setVolume(int32_t newVolume) override {
+        volume = newVolume;
+        page.setVolume(newVolume);
+    }
 
     void pause() override { page.pauseClip(); }
 
@@ -33,4 +40,6 @@ private:
     WebPage& page;
     HostSpeakerListener* listener = nullptr;
     int32_t ticket = 0;
+    int32_t volume = kFullVolume;
+    bool isScaling = false;
 };

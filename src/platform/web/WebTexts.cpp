@@ -1,7 +1,11 @@
 #include "WebTexts.h"
 
+#include <utility>
+
 namespace {
 
+constexpr int32_t kFullQ10 = 1024;
+constexpr int32_t kStepQ10 = kFullQ10 / 8;
 constexpr const char* kHexDigits = "0123456789abcdef";
 
 std::string field(const char* name, const std::string& value) {
@@ -25,7 +29,23 @@ std::string list(const Entries& entries) {
     return "[" + json + "]";
 }
 
+int32_t percentOf(int32_t progressQ10) {
+    return progressQ10 == ScreenTexts::kNoProgress ? -1 : progressQ10 * 100 / kFullQ10;
+}
+
 }  // namespace
+
+const char* WebTexts::ifNew(ScreenTexts texts) {
+    if (texts.progressQ10 != ScreenTexts::kNoProgress) {
+        texts.progressQ10 -= texts.progressQ10 % kStepQ10;
+    }
+    if (!json.empty() && texts == told) {
+        return nullptr;
+    }
+    told = std::move(texts);
+    json = toJson(told);
+    return json.c_str();
+}
 
 std::string WebTexts::quoted(const std::string& utf8) {
     std::string json = "\"";
@@ -52,6 +72,6 @@ std::string WebTexts::toJson(const ScreenTexts& texts) {
            "," + field("message", quoted(texts.message)) + "," +
            field("isQuestion", texts.isQuestion ? "true" : "false") + "," +
            field("entries", list(texts.entries)) + "," + field("caption", quoted(texts.caption)) +
-           "," + field("progressQ10", std::to_string(texts.progressQ10)) + "," +
+           "," + field("progressPercent", std::to_string(percentOf(texts.progressQ10))) + "," +
            field("softKeys", list(texts.softKeys)) + "}";
 }

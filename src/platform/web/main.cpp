@@ -9,6 +9,7 @@
 #include "PageCalls.h"
 #include "PlainWav.h"
 #include "WebHost.h"
+#include "WebSounds.h"
 #include "WebTexts.h"
 
 #include <emscripten.h>
@@ -24,8 +25,8 @@ constexpr size_t kSmallRoomBytes = 65536;
 PageCalls page;
 std::unique_ptr<WebHost> host;
 std::vector<uint8_t> room;
-std::string answer;     // the last text handed to the page
-std::string toldTexts;  // what the page was told of the screen
+std::string answer;  // the last text handed to the page
+WebTexts texts;
 
 HostFolders folders() {
     HostFolders mapped;
@@ -86,21 +87,20 @@ EMSCRIPTEN_KEEPALIVE void murmeloTouchCancelled(int32_t isFinger, int32_t id) {
     host->touchCancelled(isFinger != 0, id);
 }
 
-/// @param key  a value of HostKey
-EMSCRIPTEN_KEEPALIVE void murmeloKey(int32_t key) {
-    host->key(static_cast<HostKey>(key));
+/// @param name  of a key as browsers call it. @returns 1 if the program has a use for it
+EMSCRIPTEN_KEEPALIVE int32_t murmeloKey(const char* name) {
+    return host->keyNamed(name) ? 1 : 0;
 }
 
-EMSCRIPTEN_KEEPALIVE void murmeloVolumeKey(int32_t up) {
-    host->volumeKey(up != 0);
+/// 1: the page cannot set how loud a clip is, so its samples are made softer.
+EMSCRIPTEN_KEEPALIVE void murmeloVolumeStays(int32_t stays) {
+    host->volumeStays(stays != 0);
 }
 
-EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneGranted(int32_t ticket) {
-    host->microphoneGranted(ticket);
-}
-
-EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneRefused(int32_t ticket) {
-    host->microphoneRefused(ticket);
+/// @param error  name of the exception; empty: the microphone is there
+EMSCRIPTEN_KEEPALIVE void
+murmeloMicrophoneAnswered(int32_t ticket, const char* error, double rateHz) {
+    host->microphoneAnswered(ticket, error, static_cast<int32_t>(rateHz));
 }
 
 EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneLost() {
@@ -119,9 +119,8 @@ EMSCRIPTEN_KEEPALIVE void murmeloSave() {
     host->save();
 }
 
-/// 1 if a recording was too short to be kept.
-EMSCRIPTEN_KEEPALIVE int32_t murmeloLeave() {
-    return host->leave() == WebHost::Away::kRecordingTooShort ? 1 : 0;
+EMSCRIPTEN_KEEPALIVE void murmeloLeave() {
+    host->leave();
 }
 
 EMSCRIPTEN_KEEPALIVE void murmeloComeBack() {
@@ -181,12 +180,7 @@ EMSCRIPTEN_KEEPALIVE const uint8_t* murmeloPixels() {
 
 /// What the screen says as JSON, or null if it says what it said at the last call.
 EMSCRIPTEN_KEEPALIVE const char* murmeloTextsIfNew() {
-    std::string texts = WebTexts::toJson(textsNow());
-    if (texts == toldTexts) {
-        return nullptr;
-    }
-    toldTexts = std::move(texts);
-    return toldTexts.c_str();
+    return texts.ifNew(textsNow());
 }
 
 /// All words of the page around the picture, as one JSON object, in that language ("de").
@@ -199,10 +193,25 @@ EMSCRIPTEN_KEEPALIVE const char* murmeloWords(const char* language) {
     return answered("{" + json + "}");
 }
 
-/// The effect's word for file names; empty outside the catalogue.
-EMSCRIPTEN_KEEPALIVE const char* murmeloEffectWord(int32_t effect) {
-    const char* word = FxCatalogue::toolName(effect);
-    return answered(word != nullptr ? word : "");
+/// See WebSounds::fileName().
+EMSCRIPTEN_KEEPALIVE const char* murmeloFileName(const char* path, int32_t effect) {
+    return answered(WebSounds::fileName(path, FxCatalogue::toolName(effect)));
+}
+
+/// See WebSounds::line().
+EMSCRIPTEN_KEEPALIVE const char*
+murmeloSoundLine(const char* path, int32_t effect, int32_t fileBytes) {
+    HostDoors* const doors = host->doorsInUse();
+    if (doors == nullptr) {
+        return "";
+    }
+    return answered(WebSounds::line(path, WebSounds::fileName(path, FxCatalogue::toolName(effect)),
+                                    doors->effectName(effect), fileBytes, doors->texts().language));
+}
+
+/// See WebSounds::refusal().
+EMSCRIPTEN_KEEPALIVE const char* murmeloRefusal(double fileBytes, double seconds) {
+    return WebSounds::refusal(fileBytes, seconds);
 }
 
 }  // extern "C"

@@ -34,8 +34,6 @@ public:
 
     bool showEffect(int32_t) override { return open; }
 
-    std::vector<std::string> effectNames() override { return {}; }
-
     bool useSound(const int16_t* samples, int32_t count) override {
         if (open) {
             taken.assign(samples, samples + count);

@@ -33,8 +33,6 @@ public:
 
     bool showEffect(int32_t) override { return true; }
 
-    std::vector<std::string> effectNames() override { return {}; }
-
     int32_t savedCount() override { return 0; }
 
     std::string savedName() override { return ""; }

@@ -36,7 +36,7 @@ public:
         return true;
     }
 
-    std::vector<std::string> effectNames() override { return {"None"}; }
+    std::string effectName(int32_t /*effect*/) override { return "None"; }
 
     int32_t savedCount() override { return saved; }
 

@@ -51,8 +51,6 @@ public:
 
     void frameWaits() override { frames++; }
 
-    void say(const std::string& sentence) override { notes.push_back("say " + sentence); }
-
     void tell(const std::string& name) override { notes.push_back("tell " + name); }
 
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }

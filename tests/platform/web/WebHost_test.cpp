@@ -1,13 +1,18 @@
 // The whole program in a page that a test plays.
 #include "FakePage.h"
 #include "OspProgram.h"
+#include "ScreenNames.h"
+#include "ScreenTable.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 #include "WebHost.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
 #include <memory>
+#include <set>
 
 using Notes = std::vector<std::string>;
 using Samples = TestSounds::Samples;
@@ -78,7 +83,7 @@ protected:
     }
 
     void allow() {
-        host->microphoneGranted(page.askedTicket);
+        host->microphoneAnswered(page.askedTicket, "", 16000);
         settle();
     }
 
@@ -129,10 +134,10 @@ TEST_F(WebHostTest, standsStillWhileTheUserIsAsked) {
 TEST_F(WebHostTest, aRefusalLeadsBackToTheMenu) {
     toMenu();
     ask();
-    host->microphoneRefused(page.askedTicket);
+    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
     settle();
     EXPECT_EQ("Options", screen());
-    EXPECT_EQ((Notes{"ask", "release"}), page.takeNotes());
+    EXPECT_EQ((Notes{"ask", "tell microphoneRefused", "release"}), page.takeNotes());
     EXPECT_EQ(0, page.takesKept);
 }
 
@@ -140,10 +145,10 @@ TEST_F(WebHostTest, anAnswerToAnEarlierQuestionIsDropped) {
     toMenu();
     ask();
     const int32_t earlier = page.askedTicket;
-    host->microphoneRefused(earlier);
+    host->microphoneAnswered(earlier, "NotAllowedError", 0);
     settle();
     ask();
-    host->microphoneRefused(earlier);
+    host->microphoneAnswered(earlier, "NotAllowedError", 0);
     EXPECT_EQ(WebHost::kNever, host->turn());
     EXPECT_EQ("Record", screen());
 }
@@ -155,7 +160,7 @@ TEST_F(WebHostTest, aRefusalBringsTheEarlierTakeBackBitForBit) {
     key(HostKey::kLeftSoft);
     ask();
     EXPECT_NE(cleaned, folders.read("home/Murmelo/MrmLastRec.wav")) << "the take is deleted";
-    host->microphoneRefused(page.askedTicket);
+    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
     pass(100);
     EXPECT_EQ("Play", screen());
     EXPECT_EQ(cleaned, folders.read("home/Murmelo/MrmLastRec.wav"));
@@ -169,7 +174,7 @@ TEST_F(WebHostTest, aRefusalForgetsWhatWasPressedMeanwhile) {
     host->key(HostKey::kMiddle);
     host->touch(HostListener::Touch::kPress, false, 1, 440, 780, 5000);
     host->touch(HostListener::Touch::kRelease, false, 1, 440, 780, 5000);
-    host->microphoneRefused(page.askedTicket);
+    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
     settle();
     EXPECT_EQ("Options", screen());
 }
@@ -197,7 +202,9 @@ TEST_F(WebHostTest, aRecordingThatIsHiddenTooEarlyBringsTheEarlierTakeBack) {
     ask();
     allow();
     key(HostKey::kMiddle);
-    EXPECT_EQ(WebHost::Away::kRecordingTooShort, host->leave());
+    page.notes.clear();
+    host->leave();
+    EXPECT_EQ(1, std::count(page.notes.begin(), page.notes.end(), "tell tooShort"));
     host->comeBack();
     pass(100);
     EXPECT_EQ("Play", screen());
@@ -253,7 +260,9 @@ TEST_F(WebHostTest, aSoundDoesNotTakeThePlaceOfARunningRecording) {
 TEST_F(WebHostTest, aHiddenPageKeepsTheRecordingAndCleansItUpInTheSameCall) {
     toMenu();
     beginRecording();
-    EXPECT_EQ(WebHost::Away::kNothingLost, host->leave());
+    page.notes.clear();
+    host->leave();
+    EXPECT_EQ((Notes{"stop", "release"}), page.takeNotes());
     EXPECT_EQ("Play", screen());
     EXPECT_EQ(voice, page.keptTake);
     EXPECT_TRUE(folders.has("home/Murmelo/MrmLastRec.wav"));
@@ -263,20 +272,48 @@ TEST_F(WebHostTest, aHiddenPageKeepsTheRecordingAndCleansItUpInTheSameCall) {
     EXPECT_EQ("Play", screen());
 }
 
+TEST_F(WebHostTest, aPageThatLeavesTwiceLeavesOnce) {
+    toMenu();
+    beginRecording();
+    host->leave();
+    page.notes.clear();
+    host->leave();
+    settle();
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    host->comeBack();
+    host->comeBack();
+    settle();
+    EXPECT_EQ("Play", screen());
+}
+
+TEST_F(WebHostTest, theScreensItKnowsAreTheProgramsOwn) {
+    std::set<std::string> names;
+    int32_t count = 0;
+    const ScreenTable::Row* rows = ScreenTable::rows(count);
+    for (int32_t i = 0; i < count; i++) {
+        names.insert(rows[i].name);
+    }
+    for (const char* known : {ScreenNames::kFirstLanguage, ScreenNames::kSplash, ScreenNames::kMenu,
+                              ScreenNames::kRecording}) {
+        EXPECT_EQ(1U, names.count(known)) << known;
+    }
+}
+
 TEST_F(WebHostTest, aRecordingYoungerThanItsFirstBufferIsLostAndSaidSo) {
     toMenu();
     ask();
     allow();
     key(HostKey::kMiddle);
     hear(TestSounds::noise(4000));
-    EXPECT_EQ(WebHost::Away::kRecordingTooShort, host->leave());
+    host->leave();
+    EXPECT_EQ(1, std::count(page.notes.begin(), page.notes.end(), "tell tooShort"));
     EXPECT_EQ("Options", screen());
 }
 
 TEST_F(WebHostTest, aPageThatIsHiddenWhileTheUserIsAskedDoesNotLeave) {
     toMenu();
     ask();
-    EXPECT_EQ(WebHost::Away::kNothingLost, host->leave());
+    host->leave();
     host->comeBack();
     allow();
     EXPECT_EQ("Record", screen());
@@ -288,6 +325,114 @@ TEST_F(WebHostTest, aMicrophoneThatDiesKeepsWhatItHeard) {
     host->microphoneLost();
     pass(1000);
     EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+}
+
+TEST_F(WebHostTest, aLossIsToldInWords) {
+    toMenu();
+    beginRecording();
+    page.notes.clear();
+    host->microphoneLost();
+    pass(1000);
+    EXPECT_EQ((Notes{"stop", "tell microphoneGone", "release"}), page.takeNotes());
+}
+
+TEST_F(WebHostTest, everyErrorOfTheBrowserHasItsWords) {
+    const std::pair<const char*, const char*> kErrors[] = {
+        {"NotAllowedError", "microphoneRefused"}, {"SecurityError", "microphoneRefused"},
+        {"NotFoundError", "microphoneMissing"},   {"OverconstrainedError", "microphoneMissing"},
+        {"InsecureError", "microphoneInsecure"},  {"NotReadableError", "microphoneBusy"},
+        {"AbortError", "microphoneBusy"},         {"AnotherError", "microphoneBusy"},
+    };
+    toMenu();
+    for (const auto& [error, word] : kErrors) {
+        page.notes.clear();
+        ask();
+        host->microphoneAnswered(page.askedTicket, error, 0);
+        settle();
+        EXPECT_EQ("Options", screen()) << error;
+        EXPECT_EQ((Notes{"ask", std::string("tell ") + word, "release"}), page.takeNotes());
+    }
+}
+
+TEST_F(WebHostTest, aRateThatCannotBeConvertedIsToldAndNothingIsRecorded) {
+    toMenu();
+    for (const int32_t rateHz : {0, 7999, 192001, 384000}) {
+        page.notes.clear();
+        ask();
+        host->microphoneAnswered(page.askedTicket, "", rateHz);
+        settle();
+        EXPECT_EQ("Options", screen()) << rateHz;
+        EXPECT_EQ((Notes{"ask", "tell microphoneRate", "release"}), page.takeNotes());
+    }
+    ask();
+    allow();
+    key(HostKey::kMiddle);
+    const std::vector<float> samples(1000);
+    EXPECT_FALSE(host->heard(samples.data(), 1000, 384000));
+}
+
+TEST_F(WebHostTest, aMicrophoneThatDiesBeforeTheRecordingGoesBackWithTheEarlierTake) {
+    toMenu();
+    record();
+    const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
+    key(HostKey::kLeftSoft);
+    ask();
+    allow();
+    page.notes.clear();
+    host->microphoneLost();
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_TRUE(cleaned == folders.read("home/Murmelo/MrmLastRec.wav"));
+    EXPECT_EQ((Notes{"tell microphoneGoneEmpty", "release"}), page.takeNotes());
+    host->microphoneLost();
+    pass(100);
+    EXPECT_EQ("Play", screen()) << "what is told after it was given back means nothing";
+    EXPECT_EQ((Notes{}), page.takeNotes());
+}
+
+TEST_F(WebHostTest, samplesThatStopComingEndTheRecordingAndKeepIt) {
+    toMenu();
+    beginRecording();
+    pass(800);
+    hear(voice);
+    page.notes.clear();
+    pass(990);
+    EXPECT_EQ("Recording", screen());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    pass(300);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ((Notes{"stop", "tell microphoneGone", "release"}), page.takeNotes());
+    EXPECT_EQ(2 * voice.size(), page.keptTake.size());
+}
+
+TEST_F(WebHostTest, samplesThatCameWhileThePageWasBusyAreNotMissed) {
+    toMenu();
+    beginRecording();
+    page.notes.clear();
+    page.clockMs += 5000;  // nothing of the page ran
+    settle();
+    hear(voice);
+    pass(900);
+    EXPECT_EQ("Recording", screen());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+}
+
+TEST_F(WebHostTest, aMicrophoneThatIsSilentFromTheStartIsToldOnceAndMaySpeakLater) {
+    toMenu();
+    ask();
+    allow();
+    key(HostKey::kMiddle);
+    page.notes.clear();
+    pass(950);
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    pass(3000);
+    EXPECT_EQ((Notes{"tell microphoneSilent"}), page.takeNotes());
+    EXPECT_EQ("Recording", screen());
+    hear(voice);
+    pass(100);
+    key(HostKey::kMiddle);
+    pass(100);
     EXPECT_EQ(voice, page.keptTake);
 }
 
@@ -308,14 +453,73 @@ TEST_F(WebHostTest, aClipEndsWhenThePageSaysSo) {
     EXPECT_EQ("Play", screen());
 }
 
+TEST_F(WebHostTest, aPageThatCannotSetTheVolumeGetsSofterSamples) {
+    toMenu();
+    record();
+    host->volumeStays(true);
+    key(HostKey::kMiddle);
+    pass(100);
+    const std::string file = folders.read("home/Murmelo/MrmLastProc.wav");
+    ASSERT_EQ(file.size(), page.clip.size());
+    for (size_t at = 44; at < file.size(); at += 2) {
+        int16_t full = 0;
+        int16_t half = 0;
+        std::memcpy(&full, file.data() + at, 2);
+        std::memcpy(&half, page.clip.data() + at, 2);
+        ASSERT_EQ(full / 2, half) << at;
+    }
+}
+
+TEST_F(WebHostTest, keysAreKnownByTheNamesThatBrowsersGiveThem) {
+    toMenu();
+    for (const char* other : {"a", "Tab", "F5", "", "enter"}) {
+        EXPECT_FALSE(host->keyNamed(other)) << other;
+    }
+    record();
+    const int32_t effect = host->doorsInUse()->currentEffect();
+    EXPECT_TRUE(host->keyNamed("ArrowRight"));
+    pass(1000);
+    EXPECT_EQ(effect + 1, host->doorsInUse()->currentEffect());
+    EXPECT_TRUE(host->keyNamed("ArrowLeft"));
+    pass(1000);
+    EXPECT_EQ(effect, host->doorsInUse()->currentEffect());
+    EXPECT_TRUE(host->keyNamed("F1"));
+    pass(1000);
+    EXPECT_EQ("Options", screen());
+    EXPECT_TRUE(host->keyNamed("ArrowDown"));
+    EXPECT_TRUE(host->keyNamed("ArrowUp"));
+    EXPECT_TRUE(host->keyNamed("Enter"));
+    settle();
+    EXPECT_EQ("Record", screen());
+    allow();
+    EXPECT_TRUE(host->keyNamed("F2"));
+    settle();
+    EXPECT_EQ("Options", screen());
+    EXPECT_TRUE(host->keyNamed("+"));
+    EXPECT_TRUE(host->keyNamed("-"));
+    EXPECT_TRUE(host->keyNamed("Escape"));
+    EXPECT_EQ(WebHost::kEnded, settle());
+}
+
+TEST_F(WebHostTest, theProgramTellsTheNamesOfItsEffects) {
+    toMenu();
+    HostDoors* const doors = host->doorsInUse();
+    EXPECT_EQ("No effect", doors->effectName(0));
+    EXPECT_EQ("Robot", doors->effectName(1));
+    EXPECT_EQ("", doors->effectName(-1));
+    EXPECT_EQ("", doors->effectName(8));
+}
+
 TEST_F(WebHostTest, aClipThatCannotBePlayedEndsToo) {
     toMenu();
     record();
     key(HostKey::kMiddle);
     pass(100);
+    page.notes.clear();
     host->clipFailed(page.clipTicket);
     settle();
     EXPECT_EQ("Play", screen());
+    EXPECT_EQ((Notes{"tell cannotPlay"}), page.takeNotes());
 }
 
 TEST_F(WebHostTest, aSavedSoundIsToldWithItsEffect) {
@@ -415,7 +619,8 @@ TEST_F(WebHostTest, theEndIsToldOnceAndNothingHappensAfterwards) {
     host->key(HostKey::kMiddle);
     host->save();
     EXPECT_EQ(WebHost::kEnded, host->turn());
-    EXPECT_EQ(WebHost::Away::kNothingLost, host->leave());
+    host->leave();
+    EXPECT_EQ(WebHost::kEnded, host->turn());
 }
 
 TEST_F(WebHostTest, thePictureIsTheCanvasAndOnlyChangedRowsAreWorkedOut) {

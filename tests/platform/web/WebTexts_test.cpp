@@ -20,9 +20,38 @@ TEST(WebTexts, nameTheFieldsOfAScreen) {
     EXPECT_EQ("{\"language\":\"de\",\"screen\":\"Options\",\"title\":\"\",\"arrows\":[],"
               "\"heading\":\"\",\"message\":\"\",\"isQuestion\":false,"
               "\"entries\":[{\"text\":\"Aufnahme\",\"place\":[10,89,220,31],\"isFocused\":true}],"
-              "\"caption\":\"\",\"progressQ10\":512,"
+              "\"caption\":\"\",\"progressPercent\":50,"
               "\"softKeys\":[{\"text\":\"\",\"place\":[0,0,0,0],\"isFocused\":false},"
               "{\"text\":\"Wählen\",\"place\":[80,288,80,32],\"isFocused\":false},"
               "{\"text\":\"\",\"place\":[0,0,0,0],\"isFocused\":false}]}",
               WebTexts::toJson(texts));
+}
+
+TEST(WebTexts, areMadeOnlyWhenTheyAreNew) {
+    WebTexts teller;
+    ScreenTexts texts;
+    const char* first = teller.ifNew(texts);
+    ASSERT_NE(nullptr, first) << "also an empty screen is told once";
+    EXPECT_EQ(WebTexts::toJson(texts), first);
+    EXPECT_EQ(nullptr, teller.ifNew(texts));
+    texts.softKeys[0].place.x++;
+    EXPECT_NE(nullptr, teller.ifNew(texts));
+    EXPECT_EQ(nullptr, teller.ifNew(texts));
+}
+
+TEST(WebTexts, tellProgressInEighths) {
+    WebTexts teller;
+    ScreenTexts texts;
+    std::string told;
+    for (int32_t progressQ10 = 0; progressQ10 <= 1024; progressQ10++) {
+        texts.progressQ10 = progressQ10;
+        const char* json = teller.ifNew(texts);
+        if (json != nullptr) {
+            const std::string name = "progressPercent\":";
+            told += std::string(json).substr(std::string(json).find(name) + name.size());
+            told.resize(told.find(',', told.rfind(' ') + 1));
+            told += ' ';
+        }
+    }
+    EXPECT_EQ("0 12 25 37 50 62 75 87 100 ", told);
 }

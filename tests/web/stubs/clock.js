@@ -6,7 +6,7 @@
     const CANVAS_TOP = 160;
     const SOFT_KEYS_MIDDLE = 780;
     const SOFT_KEYS = { left: 80, middle: 240, right: 400 };
-    const NAVIGATION = { up: -1, down: -2, left: -3, right: -4, middle: -5 };
+    const NAVIGATION = { up: 'ArrowUp', down: 'ArrowDown', left: 'ArrowLeft', right: 'ArrowRight', middle: 'Enter' };
     const RATE_PER_MS = 16;
     const UNTIL_MS = 60000;
 
@@ -85,7 +85,9 @@
         });
         change('ears', (ears) => {
             const start = ears.start.bind(ears);
-            ears.connect = async () => {};
+            ears.connect = async () => {
+                ears.context = { sampleRate: 1000 * RATE_PER_MS, close() {} };
+            };
             ears.start = () => {
                 start();
                 listen(ears);
@@ -93,9 +95,9 @@
         });
         // What plays ends after its length.
         change('voice', (speaker) => {
-            speaker.play = (ticket, file) => {
-                const ended = () => speaker.ticket === ticket && speaker.finish('_murmeloClipEnded');
-                speaker.ticket = ticket;
+            speaker.begin = (file, done) => {
+                const ended = () => speaker.done === done && speaker.finish('_murmeloClipEnded');
+                speaker.done = done;
                 window.setTimeout(ended, (file.length - 44) / 16);
             };
         });
@@ -155,7 +157,7 @@
         tap: (x, y) => tap(Number(x), Number(y)),
         key: (which) => tap(SOFT_KEYS[which], SOFT_KEYS_MIDDLE),
         swipe,
-        navigate: (key) => page.core.program._murmeloKey(NAVIGATION[key]),
+        navigate: (key) => page.core.program._murmeloKey(page.core.textAt(NAVIGATION[key])),
         save: () => page.save(),
         wait: (ms) => advance(Number(ms), () => false),
         take: async () => page.takeIn.use(new File([fileOf(voice)], 'voice.wav')),

@@ -4,6 +4,6 @@ window.AudioContext = class extends AudioContext {
         if (options?.sampleRate) {
             throw new DOMException('only 44100 Hz', 'NotSupportedError');
         }
-        super({ sampleRate: 44100 });
+        super({ sampleRate: window.onlyRate ?? 44100 });
     }
 };
