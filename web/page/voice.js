@@ -25,15 +25,16 @@ export class Voice {
             }
         });
         this.isPaused = false;
-        const unlock = () => this.unlock();
-        addEventListener('pointerup', unlock, { once: true });
-        addEventListener('keydown', unlock, { once: true });
+        this.silence = SILENCE;
+        // Fetched now: a new service worker would wait for what the old one still brings at the tap on "Update".
+        fetch(SILENCE).then((answer) => answer.blob()).then((blob) => (this.silence = URL.createObjectURL(blob)), () => {});
+        ['pointerup', 'keydown'].forEach((event) => addEventListener(event, () => this.unlock(), { once: true }));
     }
 
     /** Plays nothing within the user's gesture: later clips may then begin by themselves. */
     unlock() {
         if (!this.done) {
-            this.audio.src = SILENCE;
+            this.audio.src = this.silence;
             this.audio.play().catch(() => {});
         }
     }
