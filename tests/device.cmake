@@ -4,9 +4,13 @@ murmelo_tests(device_tests
         app/common/frame/AudioDev_test.cpp
         platform/FileMicrophone_test.cpp
         platform/FileSpeaker_test.cpp
+        platform/FileUri_test.cpp
+        platform/LastTake_test.cpp
         platform/QuietLibrary_test.cpp
+        platform/SoundExport_test.cpp
         platform/SoundFile_test.cpp
         platform/headless/HeadlessSound_test.cpp
+        platform/headless/KeptTake_test.cpp
         platform/osp/OspBuffer_test.cpp
         platform/osp/OspMedia_test.cpp
     LINK murmelo_app murmelo_headless_host murmelo_files PkgConfig::SNDFILE)

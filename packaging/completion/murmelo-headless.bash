@@ -2,7 +2,7 @@
 
 _murmelo_headless() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local options="--home --config --clock-start --silent --strip --list --help --version"
+    local options="--home --config --state --clock-start --silent --strip --list --help --version"
 
     # bash takes the sign of --home=DIR for a word of its own.
     if [[ $current == = ]]; then
@@ -12,7 +12,7 @@ _murmelo_headless() {
     fi
     case $previous in
         --clock-start) return ;;
-        --home | --config)
+        --home | --config | --state)
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -d -- "$current")
             return

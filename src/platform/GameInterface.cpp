@@ -205,6 +205,14 @@ bool GameInterface::useSound(const int16_t* samples, int32_t count) {
     return true;
 }
 
+bool GameInterface::useTake(const int16_t* samples, int32_t count) {
+    if (!isAtRest() || count < 1) {
+        return false;
+    }
+    TakeJob::bringBack(samples, count);
+    return true;
+}
+
 bool GameInterface::showEffect(int32_t index) {
     if (!isAtRest() || State::currState != G::statePlay || index < 0 || index >= length(G::fxs)) {
         return false;

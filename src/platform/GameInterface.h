@@ -54,6 +54,7 @@ private:
     bool saveSound() override;
     bool canSave() override;
     bool useSound(const int16_t* samples, int32_t count) override;
+    bool useTake(const int16_t* samples, int32_t count) override;
 
     bool canUseSound() override { return isAtRest(); }
 

@@ -5,7 +5,7 @@ export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 export MANWIDTH=80
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-unset MURMELO_DATA MURMELO_HOME XDG_CONFIG_HOME XDG_DATA_HOME DESTDIR
+unset MURMELO_DATA MURMELO_HOME XDG_CONFIG_HOME XDG_DATA_HOME XDG_STATE_HOME DESTDIR
 wrong=0
 
 complain() {

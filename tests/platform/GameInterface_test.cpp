@@ -108,6 +108,15 @@ protected:
 
 }  // namespace
 
+TEST_F(GameInterfaceTest, aTakeThatIsBroughtBackIsNotCut) {
+    const Samples late = TestSounds::noise(20 * 16000 + 480);
+    const auto count = static_cast<int32_t>(late.size());
+    EXPECT_FALSE(host.doors->useTake(late.data(), 0));
+    ASSERT_TRUE(host.doors->useTake(late.data(), count));
+    EXPECT_EQ(TestSounds::wav(late, 16000), folders.read("home/Murmelo/MrmLastRec.wav"));
+    EXPECT_FALSE(host.doors->useTake(late.data(), count));  // it is being cleaned up
+}
+
 TEST_F(GameInterfaceTest, aSoundIsTakenInTheMenuAndInTheChoiceOfTheEffect) {
     EXPECT_TRUE(use(Samples(400, 5)));
     EXPECT_EQ("Process", host.doors->screenName());

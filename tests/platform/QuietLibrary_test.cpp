@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -79,4 +80,22 @@ TEST(QuietLibraryDeathTest, anEndBeforeOrAfterItSaysNothingOfTheLibrary) {
             std::abort();
         },
         testing::KilledBySignal(SIGABRT), "^$");
+}
+
+TEST_F(QuietLibraryTest, whatTheProgramItselfPrintsMeanwhileArrives) {
+    std::thread library;
+    {
+        const QuietLibrary quiet;
+        library = std::thread([] {
+            const QuietLibrary other;
+            talk("lost");
+        });
+        QuietLibrary::print(STDOUT_FILENO, "out");
+        QuietLibrary::print(STDERR_FILENO, "err");
+        library.join();
+        QuietLibrary::print(STDOUT_FILENO, " more");
+    }
+    QuietLibrary::print(STDERR_FILENO, " again");
+    EXPECT_EQ("out more", testing::internal::GetCapturedStdout());
+    EXPECT_EQ("err again", testing::internal::GetCapturedStderr());
 }

@@ -1,17 +1,40 @@
 #include "QuietLibrary.h"
 
+#include "SafeFile.h"
+
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <iostream>
+#include <mutex>
 #include <unistd.h>
 
 namespace {
 
+/// One of the two streams, turned away. Where there is no /dev/null the library is heard.
+struct Turned {
+    int from = -1;
+    int kept = -1;  // a second name for where it led; -1 if it was closed
+    bool isTurned = false;
+};
+
+/// What all objects share: the streams are turned away once.
+struct State {
+    std::mutex mutex;
+    int objects = 0;
+    std::array<Turned, 2> streams{Turned{STDOUT_FILENO}, Turned{STDERR_FILENO}};
+};
+
+State& shared() {
+    static State* const state = new State;  // a thread may outlive main()
+    return *state;
+}
+
 /// Where standard error led before it was turned away; -1 while nothing is turned away, or if it
-/// was closed.
+/// was closed. For the handler of a signal, which may not wait for the lock.
 volatile std::sig_atomic_t heardError = -1;
 
 void writeToHeard(const char* words) {
@@ -36,47 +59,16 @@ int openNowhere() {
     return above;
 }
 
-}  // namespace
-
-QuietLibrary::QuietLibrary() {
-    flush();
-    turn(streams[0], STDOUT_FILENO);
-    turn(streams[1], STDERR_FILENO);
-    isOutermost = heardError < 0 && streams[1].kept >= 0;
-    if (isOutermost) {
-        heardError = streams[1].kept;
-        std::signal(SIGABRT, sayAbort);
-    }
-}
-
-QuietLibrary::~QuietLibrary() {
-    if (isOutermost) {
-        std::signal(SIGABRT, SIG_DFL);
-        heardError = -1;
-    }
-    flush();  // what a library left in a buffer comes to nothing as well
-    for (const Turned& stream : streams) {
-        turnBack(stream);
-    }
-}
-
-void QuietLibrary::flush() {
-    std::cout.flush();
-    std::fflush(stdout);
-    std::fflush(stderr);
-}
-
-void QuietLibrary::turn(Turned& stream, int from) {
+void turn(Turned& stream) {
     static const int nowhere = openNowhere();
     if (nowhere < 0) {
         return;
     }
-    stream.from = from;
-    stream.kept = fcntl(from, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    stream.isTurned = dup2(nowhere, from) == from;
+    stream.kept = fcntl(stream.from, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    stream.isTurned = dup2(nowhere, stream.from) == stream.from;
 }
 
-void QuietLibrary::turnBack(const Turned& stream) {
+void turnBack(Turned& stream) {
     if (stream.kept >= 0) {
         if (stream.isTurned) {
             dup2(stream.kept, stream.from);
@@ -85,4 +77,55 @@ void QuietLibrary::turnBack(const Turned& stream) {
     } else if (stream.isTurned) {
         close(stream.from);
     }
+    stream = Turned{stream.from};
+}
+
+}  // namespace
+
+QuietLibrary::QuietLibrary() {
+    const std::lock_guard<std::mutex> lock(shared().mutex);
+    if (shared().objects++ == 0) {
+        flush();
+        for (Turned& stream : shared().streams) {
+            turn(stream);
+        }
+        heardError = shared().streams[1].kept;
+        if (heardError >= 0) {
+            std::signal(SIGABRT, sayAbort);
+        }
+    }
+}
+
+QuietLibrary::~QuietLibrary() {
+    const std::lock_guard<std::mutex> lock(shared().mutex);
+    if (--shared().objects == 0) {
+        if (heardError >= 0) {
+            std::signal(SIGABRT, SIG_DFL);
+            heardError = -1;
+        }
+        flush();  // what a library left in a buffer comes to nothing as well
+        for (Turned& stream : shared().streams) {
+            turnBack(stream);
+        }
+    }
+}
+
+void QuietLibrary::print(int stream, const std::string& text) {
+    const std::lock_guard<std::mutex> lock(shared().mutex);
+    int to = stream;
+    for (const Turned& turned : shared().streams) {
+        to = turned.from == stream && turned.isTurned ? turned.kept : to;
+    }
+    if (shared().objects == 0) {
+        flush();  // in the order in which it was said
+    }
+    if (to >= 0) {
+        SafeFile::writeAll(to, text.data(), text.size());
+    }
+}
+
+void QuietLibrary::flush() {
+    std::cout.flush();
+    std::fflush(stdout);
+    std::fflush(stderr);
 }

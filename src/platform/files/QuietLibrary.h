@@ -2,11 +2,12 @@
 // standard error for every damaged frame.
 #pragma once
 
-#include <array>
+#include <string>
 
-/// While one of these lives, whatever the process prints to standard output and standard error
-/// comes to nothing. Both are what they were before when it ends. Should the library abort the
-/// process meanwhile, its own message is lost, and one sentence says whose end that was.
+/// While one of these lives, on any thread, whatever the process prints to standard output and
+/// standard error comes to nothing, but for what print() writes. Both are what they were before
+/// when the last one ends. Should the library abort the process meanwhile, its own message is lost,
+/// and one sentence says whose end that was.
 class QuietLibrary {
 public:
     QuietLibrary();
@@ -14,18 +15,10 @@ public:
     QuietLibrary& operator=(const QuietLibrary&) = delete;
     ~QuietLibrary();
 
+    /// Writes to where the stream leads when no library is kept from talking.
+    /// @param stream  STDOUT_FILENO or STDERR_FILENO
+    static void print(int stream, const std::string& text);
+
 private:
-    /// One of the two, turned away. Where there is no /dev/null the library is heard.
-    struct Turned {
-        int from = -1;
-        int kept = -1;  // a second name for where it led; -1 if it was closed
-        bool isTurned = false;
-    };
-
     static void flush();
-    static void turn(Turned& stream, int from);
-    static void turnBack(const Turned& stream);
-
-    std::array<Turned, 2> streams;
-    bool isOutermost = false;
 };

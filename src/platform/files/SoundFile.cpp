@@ -108,6 +108,21 @@ std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int
     return converted;  // what the library did not fill is the silence after the end
 }
 
+int libraryFormat(SoundFile::Format format) {
+    switch (format) {
+    case SoundFile::Format::kFlac:
+        return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
+    case SoundFile::Format::kOgg:
+        return SF_FORMAT_OGG | SF_FORMAT_VORBIS;
+    case SoundFile::Format::kOpus:
+        return SF_FORMAT_OGG | SF_FORMAT_OPUS;
+    case SoundFile::Format::kMp3:
+        return SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
+    default:
+        return SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    }
+}
+
 std::vector<int16_t> toInt16(const std::vector<float>& samples) {
     std::vector<int16_t> converted(samples.size());
     std::transform(samples.begin(), samples.end(), converted.begin(),
@@ -169,6 +184,29 @@ SoundFile::write(const std::string& path, int32_t rateHz, const std::vector<int1
     const bool written = sf_write_short(file.get(), samples.data(), count) == count;
     if (sf_close(file.release()) != 0 || !written) {
         return "the sound \"" + path + "\" could not be written whole";
+    }
+    return Problem::none();
+}
+
+Problem SoundFile::write(int file,
+                         const std::string& name,
+                         int32_t rateHz,
+                         const int16_t* samples,
+                         size_t count,
+                         Format format) {
+    const QuietLibrary quiet;
+    SF_INFO info{};
+    info.samplerate = rateHz;
+    info.channels = 1;
+    info.format = libraryFormat(format);
+    OpenFile sound(sf_open_fd(file, SFM_WRITE, &info, SF_FALSE), &sf_close);
+    if (sound == nullptr) {
+        return "the sound \"" + name + "\" cannot be written: " + sf_strerror(nullptr);
+    }
+    const auto wanted = static_cast<sf_count_t>(count);
+    const bool written = sf_write_short(sound.get(), samples, wanted) == wanted;
+    if (sf_close(sound.release()) != 0 || !written) {
+        return "the sound \"" + name + "\" could not be written whole";
     }
     return Problem::none();
 }

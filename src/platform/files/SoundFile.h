@@ -4,6 +4,7 @@
 
 #include "Problem.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -26,6 +27,17 @@ public:
     /// Writes a 16-bit mono WAV file.
     static Problem
     write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples);
+
+    enum class Format { kWav, kFlac, kOgg, kOpus, kMp3 };
+
+    /// Writes mono samples into an open file; it stays open. WAV and FLAC keep every bit.
+    /// @param name  of the file, for the sentence
+    static Problem write(int file,
+                         const std::string& name,
+                         int32_t rateHz,
+                         const int16_t* samples,
+                         size_t count,
+                         Format format);
 
     /// The same sound at another rate; its length is rounded to whole samples.
     static std::vector<int16_t>

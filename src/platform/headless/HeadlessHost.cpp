@@ -11,6 +11,11 @@ HeadlessHost::HeadlessHost(HostFolders folders,
     : mapped(std::move(folders))
     , nowMs(clockStartMs)
     , fileEars([this] { return nowMs; })
+    , keeper(mapped.state, [this](const Problem& problem) { say(problem.sentence()); })
+    , copyingEars(
+          fileEars,
+          [this] { keeper.letGo(); },
+          [this](const std::vector<int16_t>& take) { keeper.recorded(take); })
     , fileVoice([this] { return nowMs; })
     , silent(silent)
     , scriptRun(*this, verdict, std::move(script)) {
@@ -109,6 +114,13 @@ std::vector<uint16_t> HeadlessHost::pictureOf(HostFrame& shown) {
 
 void HeadlessHost::say(const std::string& sentence) {
     std::cerr << "murmelo-headless: " << sentence << "\n";
+}
+
+void HeadlessHost::setDoors(HostDoors* offered) {
+    doors = offered;
+    if (doors == nullptr) {
+        keeper.letGo();
+    }
 }
 
 void HeadlessHost::setStorage(int64_t phone, int64_t card) {

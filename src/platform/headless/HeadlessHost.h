@@ -4,6 +4,7 @@
 // longer than its work.
 #pragma once
 
+#include "CopyingMicrophone.h"
 #include "FailurePlan.h"
 #include "FileMicrophone.h"
 #include "FileSpeaker.h"
@@ -14,6 +15,7 @@
 #include "Script.h"
 #include "ScriptRun.h"
 #include "Strip.h"
+#include "TakeKeeper.h"
 
 #include <cstdint>
 #include <memory>
@@ -60,7 +62,7 @@ public:
 
     void frameShown(HostFrame* newest) override;
 
-    HostMicrophone* microphone() override { return &fileEars; }
+    HostMicrophone* microphone() override { return &copyingEars; }
 
     HostSpeaker* speaker() override { return &fileVoice; }
 
@@ -85,6 +87,9 @@ public:
     FileMicrophone& ears() { return fileEars; }
 
     FileSpeaker& voice() { return fileVoice; }
+
+    /// The takes that are kept, if any are.
+    TakeKeeper& takes() { return keeper; }
 
     void setClock(int64_t ms) { nowMs = ms; }
 
@@ -113,6 +118,8 @@ private:
     int32_t yieldsSincePump = 0;
 
     FileMicrophone fileEars;
+    TakeKeeper keeper;
+    CopyingMicrophone copyingEars;
     FileSpeaker fileVoice;
     LostMicrophone lostMicrophone;
     bool silent;

@@ -173,8 +173,34 @@ void ScriptRun::take(const ScriptCommand& command) {
     pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {
         if (!host.openDoors()->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {
             fail(command, "a sound cannot be taken on screen " + inQuotes(host.screenName()));
+            return;
         }
+        host.takes().used(samples);
     });
+}
+
+void ScriptRun::last(const ScriptCommand& command) {
+    if (!hasDoors(command)) {
+        return;
+    }
+    std::vector<int16_t> samples;
+    if (const Problem problem = host.takes().bringBack(samples)) {
+        fail(command, problem.sentence());
+        return;
+    }
+    pending.emplace_back([this, command, samples = std::move(samples)](HostListener&) {
+        if (!host.openDoors()->useTake(samples.data(), static_cast<int32_t>(samples.size()))) {
+            fail(command, "a take cannot be brought back on screen " + inQuotes(host.screenName()));
+            return;
+        }
+        host.takes().broughtBack();
+    });
+}
+
+void ScriptRun::forget(const ScriptCommand& command) {
+    if (const Problem problem = host.takes().forget()) {
+        fail(command, problem.sentence());
+    }
 }
 
 void ScriptRun::remove(const ScriptCommand& command) {

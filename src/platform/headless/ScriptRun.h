@@ -58,6 +58,8 @@ public:
     void watch(const ScriptCommand& command);
     void save(const ScriptCommand& command);
     void take(const ScriptCommand& command);
+    void last(const ScriptCommand& command);
+    void forget(const ScriptCommand& command);
     void remove(const ScriptCommand& command);
     void expectScreen(const ScriptCommand& command);
     void expectFile(const ScriptCommand& command);

@@ -86,6 +86,7 @@ int list() {
 int main(int argc, char** argv) {
     std::string home;
     std::string config;
+    std::string state;
     std::string scriptPath;
     int64_t clockStartMs = 0;
     bool silent = false;
@@ -95,6 +96,8 @@ int main(int argc, char** argv) {
     options.set_version_flag("--version", "murmelo-headless " MURMELO_VERSION);
     options.add_option("--home", home, "Folder of the user's sounds")->type_name("DIR");
     options.add_option("--config", config, "Folder of the settings")->type_name("DIR");
+    options.add_option("--state", state, "Folder where the last take is kept; without it none is")
+        ->type_name("DIR");
     options.add_option("--clock-start", clockStartMs, "Where the clock begins")->type_name("MS");
     options.add_flag("--silent", silent,
                      "The phone is in silent mode and asks before anything is played");
@@ -137,6 +140,7 @@ int main(int argc, char** argv) {
     if (const Problem problem = locks.take(folders)) {
         return complain(problem.sentence(), RunVerdict::kFailed);
     }
+    folders.state = state;  // a run leaves nothing in the user's own folder
 
     HeadlessHost host(folders, commands, clockStartMs, silent);
     if (showsStrip) {

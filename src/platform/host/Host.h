@@ -125,6 +125,10 @@ public:
     /// on the screen, or without a sample.
     virtual bool useSound(const int16_t* samples, int32_t count) = 0;
 
+    /// The same with a take that was recorded before: all of it, so that it becomes the files that
+    /// it was. A recording that ended some frames late is longer than 20 seconds.
+    virtual bool useTake(const int16_t* samples, int32_t count) { return useSound(samples, count); }
+
     /// True if useSound() would take a sound.
     virtual bool canUseSound() { return false; }
 
@@ -157,6 +161,7 @@ struct HostFolders {
     std::string soundFolder;  // "/Home/Murmelo/", if it lies elsewhere; empty: below home
     std::string framework;    // the framework's own files (its default font), read-only
     std::string config;       // settings
+    std::string state;        // the last take; empty: none is kept
 
     /// Where the program keeps the sounds.
     std::string sounds() const { return soundFolder.empty() ? home + "/Murmelo" : soundFolder; }

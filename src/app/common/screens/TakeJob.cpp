@@ -37,6 +37,10 @@ void TakeJob::enter() {
 }
 
 void TakeJob::use(const int16_t* samples, int32_t count) {
+    bringBack(samples, std::min(count, kMaxSamples));
+}
+
+void TakeJob::bringBack(const int16_t* samples, int32_t count) {
     G::deleteRecordedAndProcessed();
     G::setLastPlayedFx(-1);
     if (FileOps::exists(G::resultPath())) {
@@ -44,7 +48,7 @@ void TakeJob::use(const int16_t* samples, int32_t count) {
             MessageAndQuit::kFileError);  // as when a recording finds it in its way
         return;
     }
-    if (!write(samples, std::min(count, kMaxSamples))) {
+    if (!write(samples, count)) {
         FileOps::deleteFile(G::takePath());
         MessageAndQuit::enterOnPicture(MessageAndQuit::kStorageLow);
         return;

@@ -15,6 +15,10 @@ public:
     /// @param count    at least 1; what goes beyond the longest take is left out
     static void use(const int16_t* samples, int32_t count);
 
+    /// The same with a take that was recorded before: nothing is left out. A recording that ended
+    /// some frames late is longer than the longest take.
+    static void bringBack(const int16_t* samples, int32_t count);
+
 private:
     static bool write(const int16_t* samples, int32_t count);
 };

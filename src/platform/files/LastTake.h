@@ -1,0 +1,39 @@
+// The raw take that was recorded last, kept beside the user's settings so that no mistake, crash or
+// power cut loses it: one take, until the next one or until the user forgets it.
+#pragma once
+
+#include "Problem.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class LastTake {
+public:
+    /// More than any recording holds: the longest take, and the minute that a microphone lets wait.
+    static constexpr int64_t kMaxSamples = int64_t{80} * 16000;
+
+    /// @param folder  made when a take is kept, for this user only; empty: nothing is kept
+    explicit LastTake(std::string folder);
+
+    /// Puts the take onto the disk in the place of the one before: at any moment one of them is
+    /// there, whole. Without a sample, or without a folder, nothing happens.
+    /// @param samples  16 kHz mono
+    /// @returns why it could not be kept; the earlier one is still there then
+    Problem keep(const std::vector<int16_t>& samples) const;
+
+    /// Reads the take; it stays where it is.
+    /// @param samples  16 kHz mono; untouched on an error
+    /// @returns why it cannot be read: a sentence also where there is none
+    Problem bringBack(std::vector<int16_t>& samples) const;
+
+    /// Deletes the take, also on the disk.
+    /// @returns why it could not be deleted; none where there is no take
+    Problem forget() const;
+
+    bool isThere() const;
+
+private:
+    std::string folder;
+    std::string path;  // of the WAV file; empty: nothing is kept
+};

@@ -1,0 +1,78 @@
+#include "SoundExport.h"
+
+#include "SafeFile.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr int32_t kSavedRateHz = 8000;  // of every sound that the program saves
+constexpr int64_t kMaxSamples = int64_t{60} * 60 * kSavedRateHz;
+
+struct Ending {
+    const char* text;
+    SoundFile::Format format;
+};
+
+constexpr Ending kEndings[] = {
+    {"", SoundFile::Format::kWav},       {".wav", SoundFile::Format::kWav},
+    {".flac", SoundFile::Format::kFlac}, {".ogg", SoundFile::Format::kOgg},
+    {".oga", SoundFile::Format::kOgg},   {".opus", SoundFile::Format::kOpus},
+    {".mp3", SoundFile::Format::kMp3},
+};
+
+}  // namespace
+
+bool SoundExport::formatOf(const std::string& name, SoundFile::Format& format) {
+    std::string ending = std::filesystem::path(name).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    const auto* found = std::find_if(std::begin(kEndings), std::end(kEndings),
+                                     [&](const Ending& known) { return ending == known.text; });
+    if (found == std::end(kEndings)) {
+        return false;
+    }
+    format = found->format;
+    return true;
+}
+
+std::string SoundExport::nameOf(const std::string& savedName, const std::string& effectWord) {
+    const std::string stem = std::filesystem::path(savedName).stem().string();
+    const size_t underscore = stem.rfind('_');
+    const std::string number = underscore == std::string::npos ? stem : stem.substr(underscore + 1);
+    return "murmelo-" + (effectWord.empty() ? "" : effectWord + "-") + number + ".wav";
+}
+
+Problem SoundExport::write(const std::string& saved, const std::string& path) {
+    SoundFile::Format format = SoundFile::Format::kWav;
+    if (!formatOf(path, format)) {
+        return "its name must end in .wav, .flac, .ogg, .opus or .mp3";
+    }
+    std::vector<int16_t> samples;
+    if (Problem problem = SoundFile::read(saved, kSavedRateHz, kMaxSamples, samples)) {
+        return problem;
+    }
+    const std::string target = SafeFile::realTarget(path);
+    if (const Problem kind = SafeFile::whyNotOrdinary(target)) {
+        return "it " + kind.sentence();
+    }
+    const std::string fresh = target + ".new";
+    const int file = SafeFile::create(fresh);
+    if (file < 0) {
+        return SafeFile::lastError();
+    }
+    Problem problem =
+        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), format);
+    const bool isOnDisk = SafeFile::finish(file);
+    if (!problem && (!isOnDisk || !SafeFile::replace(fresh, target))) {
+        problem = SafeFile::lastError();
+    }
+    if (problem) {
+        ::unlink(fresh.c_str());
+    }
+    return problem;
+}

@@ -1,0 +1,36 @@
+#include "TakeKeeper.h"
+
+#include <utility>
+
+TakeKeeper::TakeKeeper(std::string folder, Complain complain)
+    : last(std::move(folder))
+    , complain(std::move(complain)) {}
+
+void TakeKeeper::keep(const std::vector<int16_t>& samples) {
+    if (const Problem problem = last.keep(samples)) {
+        complain(problem);
+    }
+}
+
+void TakeKeeper::recorded(const std::vector<int16_t>& samples) {
+    fromFile.clear();
+    keep(samples);
+}
+
+void TakeKeeper::used(std::vector<int16_t> samples) {
+    letGo();
+    if (last.isThere()) {
+        fromFile = std::move(samples);
+    } else {
+        keep(samples);
+    }
+}
+
+void TakeKeeper::letGo() {
+    keep(std::exchange(fromFile, {}));
+}
+
+Problem TakeKeeper::forget() {
+    fromFile.clear();
+    return last.forget();
+}

@@ -1,0 +1,207 @@
+// The copy of the take recorded last: whole, for its user only, and there until it is forgotten.
+#include "LastTake.h"
+#include "TakeKeeper.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using Samples = TestSounds::Samples;
+
+namespace {
+
+class LastTakeTest : public testing::Test {
+protected:
+    static mode_t modeOf(const std::string& path) {
+        struct stat facts = {};
+        return ::stat(path.c_str(), &facts) == 0 ? facts.st_mode & 0777 : 0;
+    }
+
+    Samples broughtBack() const {
+        Samples samples;
+        EXPECT_EQ("", last.bringBack(samples));
+        return samples;
+    }
+
+    std::string stateFolder() const { return folders.path("state/murmelo"); }
+
+    TestFolders folders;
+    LastTake last{folders.path("state/murmelo")};
+    const Samples voice = TestSounds::noise(1000);
+};
+
+class TakeKeeperTest : public LastTakeTest {
+protected:
+    std::vector<Problem> problems;
+    TakeKeeper keeper{folders.path("state/murmelo"),
+                      [this](const Problem& problem) { problems.push_back(problem); }};
+    const Samples recording = TestSounds::noise(500, 5);
+    const Samples file = TestSounds::noise(600, 6);
+    const Samples otherFile = TestSounds::noise(700, 7);
+};
+
+}  // namespace
+
+TEST_F(LastTakeTest, comesBackSampleForSample) {
+    EXPECT_FALSE(last.isThere());
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_TRUE(last.isThere());
+    EXPECT_EQ(voice, broughtBack());
+    EXPECT_EQ(voice, broughtBack());  // as often as one likes
+    EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
+}
+
+TEST_F(LastTakeTest, isForItsUserOnly) {
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_EQ(mode_t{0700}, modeOf(stateFolder()));
+    EXPECT_EQ(mode_t{0600}, modeOf(stateFolder() + "/last-take.wav"));
+}
+
+TEST_F(LastTakeTest, theNextTakesItsPlace) {
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_EQ("", last.keep(TestSounds::noise(20, 9)));
+    EXPECT_EQ(TestSounds::noise(20, 9), broughtBack());
+}
+
+TEST_F(LastTakeTest, nothingHeardKeepsTheEarlierOne) {
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_EQ("", last.keep({}));
+    EXPECT_EQ(voice, broughtBack());
+}
+
+TEST_F(LastTakeTest, aTakeOfMoreThanTwentySecondsIsKeptWhole) {
+    const Samples late = TestSounds::noise(20 * 16000 + 480);
+    EXPECT_EQ("", last.keep(late));
+    EXPECT_EQ(late, broughtBack());
+}
+
+TEST_F(LastTakeTest, forgottenIsGone) {
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_EQ("", last.forget());
+    EXPECT_FALSE(last.isThere());
+    EXPECT_TRUE(std::filesystem::is_empty(stateFolder()));
+    EXPECT_EQ("", last.forget());
+    Samples samples = voice;
+    EXPECT_EQ("there is no last take", last.bringBack(samples));
+    EXPECT_EQ(voice, samples);
+}
+
+TEST_F(LastTakeTest, withoutAFolderNothingIsKept) {
+    const LastTake none("");
+    EXPECT_EQ("", none.keep(voice));
+    EXPECT_FALSE(none.isThere());
+}
+
+TEST_F(LastTakeTest, aFolderThatCannotBeMadeIsToldByName) {
+    folders.write("state", "a file where the folder should be");
+    const Problem problem = last.keep(voice);
+    EXPECT_NE(std::string::npos, problem.sentence().find(stateFolder())) << problem;
+}
+
+TEST_F(LastTakeTest, aDiskThatIsFullKeepsTheEarlierTake) {
+    EXPECT_EQ("", last.keep(voice));
+    // In a process of its own: no file may grow beyond 100 bytes there.
+    const pid_t child = fork();
+    if (child == 0) {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{100, 100};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        _exit(last.keep(TestSounds::noise(5000, 3)) ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(0, status);  // the child was told
+    EXPECT_EQ(voice, broughtBack());
+    std::filesystem::directory_iterator files(stateFolder());
+    EXPECT_EQ("last-take.wav", files->path().filename());
+    EXPECT_EQ(1, std::distance(files, {}));
+}
+
+TEST_F(LastTakeTest, whatAKilledProgramLeftIsCleanedUpAndARunningOnesIsNot) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    const std::string dead = "state/murmelo/last-take.wav.new-" + std::to_string(child);
+    const std::string alive = "state/murmelo/last-take.wav.new-" + std::to_string(getppid());
+    folders.write(dead, "half");
+    folders.write(alive, "half");
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_FALSE(folders.has(dead));
+    EXPECT_TRUE(folders.has(alive));
+}
+
+TEST_F(LastTakeTest, aPipeInItsPlaceIsMovedAsideAndNeverWaitedFor) {
+    folders.makeFolder("state/murmelo");
+    ASSERT_EQ(0, mkfifo((stateFolder() + "/last-take.wav").c_str(), 0600));
+    EXPECT_FALSE(last.isThere());
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_EQ(voice, broughtBack());
+}
+
+TEST_F(LastTakeTest, aDamagedOneIsToldByName) {
+    folders.write("state/murmelo/last-take.wav", "no sound at all, and quite long enough for one");
+    Samples samples = voice;
+    const Problem problem = last.bringBack(samples);
+    EXPECT_NE(std::string::npos, problem.sentence().find("last-take.wav")) << problem;
+    EXPECT_EQ(voice, samples);
+}
+
+TEST_F(TakeKeeperTest, aRecordingIsKeptAtOnce) {
+    keeper.recorded(recording);
+    EXPECT_EQ(recording, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, aFileIsKeptAtOnceWhereThereIsNothingElse) {
+    keeper.used(file);
+    EXPECT_EQ(file, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, theRecordingThatAFileDisplacedComesBack) {
+    keeper.recorded(recording);
+    keeper.used(file);
+    EXPECT_EQ(recording, broughtBack());
+    keeper.broughtBack();
+    keeper.letGo();  // the program ends with the recording
+    EXPECT_EQ(recording, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, aFileIsKeptWhenTheProgramLetsGoOfIt) {
+    keeper.recorded(recording);
+    keeper.used(file);
+    keeper.letGo();
+    EXPECT_EQ(file, broughtBack());
+    keeper.used(otherFile);
+    keeper.used(recording);
+    EXPECT_EQ(otherFile, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, aRecordingAfterAFileIsTheLastTake) {
+    keeper.recorded(otherFile);
+    keeper.used(file);
+    keeper.recorded(recording);
+    keeper.letGo();
+    EXPECT_EQ(recording, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, whatWasForgottenIsNotKeptLater) {
+    keeper.recorded(recording);
+    keeper.used(file);
+    EXPECT_EQ("", keeper.forget());
+    keeper.letGo();
+    EXPECT_FALSE(keeper.isThere());
+}
+
+TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsComplainedAbout) {
+    folders.write("state", "a file where the folder should be");
+    keeper.recorded(recording);
+    EXPECT_EQ(1U, problems.size());
+}

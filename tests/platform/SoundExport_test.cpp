@@ -1,0 +1,94 @@
+// Saved sounds in other forms.
+#include "SoundExport.h"
+#include "TestFolders.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <sys/stat.h>
+
+using Samples = TestSounds::Samples;
+
+namespace {
+
+class SoundExportTest : public testing::Test {
+protected:
+    SoundExportTest() {
+        for (int32_t i = 0; i < 2 * 8000; i++) {
+            sound.push_back(static_cast<int16_t>(9000 * std::sin(i * 0.3)));
+        }
+        folders.write("rec_00003.wav", TestSounds::wav(sound, 8000));
+    }
+
+    Problem exportTo(const std::string& name) const {
+        return SoundExport::write(folders.path("rec_00003.wav"), folders.path(name));
+    }
+
+    Samples readBack(const std::string& name) const {
+        Samples samples;
+        EXPECT_EQ("", SoundFile::read(folders.path(name), 8000, 1 << 20, samples)) << name;
+        return samples;
+    }
+
+    TestFolders folders;
+    Samples sound;
+};
+
+}  // namespace
+
+TEST_F(SoundExportTest, wavAndFlacKeepEveryBit) {
+    for (const char* name : {"a.wav", "a.WAV", "a.flac", "no ending"}) {
+        EXPECT_EQ("", exportTo(name)) << name;
+        EXPECT_EQ(sound, readBack(name)) << name;
+    }
+    EXPECT_EQ("RIFF", folders.read("no ending").substr(0, 4));
+    EXPECT_EQ("fLaC", folders.read("a.flac").substr(0, 4));
+}
+
+TEST_F(SoundExportTest, theOthersAreTheSameSoundToTheEar) {
+    for (const char* name : {"a.ogg", "a.oga", "a.opus", "a.mp3"}) {
+        ASSERT_EQ("", exportTo(name)) << name;
+        const Samples heard = readBack(name);
+        // A coder may begin late and fill its last frame.
+        ASSERT_LE(sound.size(), heard.size() + 2000) << name;
+        ASSERT_GE(sound.size() + 4000, heard.size()) << name;
+        double loudness = 0;
+        for (size_t i = 4000; i < 12000; i++) {
+            loudness += static_cast<double>(heard[i]) * heard[i];
+        }
+        EXPECT_NEAR(9000 / std::sqrt(2), std::sqrt(loudness / 8000), 900) << name;
+    }
+    EXPECT_EQ("OggS", folders.read("a.ogg").substr(0, 4));
+    EXPECT_NE(std::string::npos, folders.read("a.opus").find("OpusHead"));
+    EXPECT_NE(std::string::npos, folders.read("a.ogg").find("vorbis"));
+}
+
+TEST_F(SoundExportTest, anEndingThatMeansNothingWritesNothing) {
+    folders.write("a.txt", "a letter");
+    EXPECT_EQ("its name must end in .wav, .flac, .ogg, .opus or .mp3", exportTo("a.txt"));
+    EXPECT_EQ("a letter", folders.read("a.txt"));
+}
+
+TEST_F(SoundExportTest, aFileThatIsReplacedLeavesNothingBeside) {
+    folders.write("a.wav", "old");
+    EXPECT_EQ("", exportTo("a.wav"));
+    EXPECT_EQ(sound, readBack("a.wav"));
+    EXPECT_FALSE(folders.has("a.wav.new"));
+}
+
+TEST_F(SoundExportTest, whatCannotBeWrittenIsToldAndLeavesTheOldFile) {
+    EXPECT_NE("", exportTo("no folder/a.wav").sentence());
+    folders.makeFolder("a.wav");
+    EXPECT_EQ("it is a folder", exportTo("a.wav"));
+    folders.write("b.wav", "old");
+    EXPECT_NE("",
+              SoundExport::write(folders.path("nothing.wav"), folders.path("b.wav")).sentence());
+    EXPECT_EQ("old", folders.read("b.wav"));
+}
+
+TEST_F(SoundExportTest, theNameHasTheEffectAndTheNumber) {
+    EXPECT_EQ("murmelo-robot-00003.wav", SoundExport::nameOf("rec_00003.wav", "robot"));
+    EXPECT_EQ("murmelo-00003.wav", SoundExport::nameOf("rec_00003.wav", ""));
+}
