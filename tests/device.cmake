@@ -28,6 +28,7 @@ murmelo_tests(strip_tests
 
 murmelo_tests(web_tests
     SOURCES
+        platform/host/HostMessage_test.cpp
         platform/host/HostWords_test.cpp
         platform/host/OneFinger_test.cpp
         platform/web/PlainWav_test.cpp
@@ -41,9 +42,11 @@ target_compile_definitions(web_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_
 murmelo_tests(sdl_tests
     SOURCES
         platform/sdl/EventWait_test.cpp
+        platform/sdl/FileDialog_test.cpp
         platform/sdl/FileManager_test.cpp
         platform/sdl/PictureScaler_test.cpp
         platform/sdl/PngIcon_test.cpp
+        platform/sdl/Program.cpp
         platform/sdl/SdlDoors_test.cpp
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
@@ -52,7 +55,8 @@ murmelo_tests(sdl_tests
         platform/sdl/WindowLayout_test.cpp
         platform/sdl/WindowMemory_test.cpp
     LINK murmelo_sdl_host)
-target_compile_definitions(sdl_tests PRIVATE SDL_MAIN_HANDLED)
+target_compile_definitions(sdl_tests PRIVATE
+    MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}" SDL_MAIN_HANDLED)
 
 # Where there is no display.
 add_test(NAME NoDisplay

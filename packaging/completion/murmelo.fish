@@ -22,4 +22,5 @@ complete -c murmelo -l config -x -a '(__fish_complete_directories)' -d 'Folder o
 complete -c murmelo -l microphone -x -a '(__murmelo_devices Microphones; __fish_complete_suffix .wav)' \
     -d 'A device, or a sound file instead of one'
 complete -c murmelo -l speaker -x -a '(__murmelo_devices Speakers)' -d 'A device'
+complete -c murmelo -l last -d 'Begin with the take recorded last'
 complete -c murmelo -l silent -d 'Ask before anything is played'

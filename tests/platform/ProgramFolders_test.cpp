@@ -22,8 +22,8 @@ constexpr const char* kLock = ".murmelo.lock";
 class ProgramFoldersTest : public testing::Test {
 protected:
     ProgramFoldersTest() {
-        for (const char* name :
-             {"HOME", "MURMELO_DATA", "MURMELO_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        for (const char* name : {"HOME", "MURMELO_DATA", "MURMELO_HOME", "XDG_CONFIG_HOME",
+                                 "XDG_DATA_HOME", "XDG_STATE_HOME"}) {
             const char* value = std::getenv(name);
             before[name] = value != nullptr ? std::make_unique<std::string>(value) : nullptr;
             unsetenv(name);
@@ -83,6 +83,20 @@ private:
 };
 
 }  // namespace
+
+TEST_F(ProgramFoldersTest, theLastTakeLiesInTheStateFolder) {
+    EXPECT_EQ(folders.path("user/.local/state/murmelo"), find().state);
+    EXPECT_FALSE(folders.has("user/.local/state"));  // made when a take is kept
+    setenv("XDG_STATE_HOME", folders.path("state").c_str(), 1);
+    EXPECT_EQ(folders.path("state/murmelo"), find().state);
+    setenv("XDG_STATE_HOME", "not/from/the/root", 1);
+    EXPECT_EQ(folders.path("user/.local/state/murmelo"), find().state);
+}
+
+TEST_F(ProgramFoldersTest, withoutAHomeTheLastTakeIsNotKept) {
+    unsetenv("HOME");
+    EXPECT_EQ("", find(folders.path("given")).state);
+}
 
 TEST_F(ProgramFoldersTest, theMusicFolderIsTheOneThatTheDesktopNames) {
     folders.makeFolder("user/Music");

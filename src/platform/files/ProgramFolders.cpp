@@ -154,6 +154,9 @@ ProgramFolders::find(const std::string& home, const std::string& config, HostFol
     folders.soundFolder = linkedSoundFolder(folders.home);
     folders.config =
         !config.empty() ? config : xdgFolder("XDG_CONFIG_HOME", ".config") + "/murmelo";
+    if (!environment("HOME").empty() || !environment("XDG_STATE_HOME").empty()) {
+        folders.state = xdgFolder("XDG_STATE_HOME", ".local/state") + "/murmelo";
+    }
     return Problem::none();
 }
 

@@ -18,6 +18,7 @@ public:
     /// @param home    as given by the user; empty: MURMELO_HOME, the music folder (~/Music where
     /// user-dirs.dirs is missing), or the XDG data folder
     /// @param config  as given by the user; empty: the XDG configuration folder
+    /// @param folders  its state is the XDG state folder
     static Problem find(const std::string& home, const std::string& config, HostFolders& folders);
 
     /// The folder of the window's icons: beside the folder of the pictures, or beside where that

@@ -1,5 +1,9 @@
 #include "SdlDoors.h"
 
+#include "FileUri.h"
+#include "HostWords.h"
+#include "QuietLibrary.h"
+#include "SoundExport.h"
 #include "SoundFile.h"
 
 #include <SDL.h>
@@ -7,15 +11,16 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
+#include <unistd.h>
+#include <utility>
 
 namespace {
 
-constexpr int32_t kMostPictures = 100000;
+constexpr int32_t kMaxPictures = 100000;
 
 /// The first name in the folder that is still free; empty if there is none.
 std::string freePictureName(const std::string& folder) {
-    for (int32_t number = 0; number < kMostPictures; number++) {
+    for (int32_t number = 0; number < kMaxPictures; number++) {
         char name[32];
         std::snprintf(name, sizeof name, "/screen_%05d.png", number);
         std::error_code error;
@@ -26,34 +31,96 @@ std::string freePictureName(const std::string& folder) {
     return "";
 }
 
+std::string nameIn(const std::string& path) {
+    const std::string name = std::filesystem::path(path).filename().string();
+    return name.empty() ? path : name;
+}
+
+/// What a sentence says after "cannot be read: ".
+std::string reasonOf(const Problem& problem) {
+    const std::string start = "cannot be read: ";
+    const size_t at = problem.sentence().find(start);
+    return at == std::string::npos ? problem.sentence()
+                                   : problem.sentence().substr(at + start.size());
+}
+
+void print(const std::string& path) {
+    QuietLibrary::print(STDOUT_FILENO, path + "\n");
+}
+
 }  // namespace
 
-SdlDoors::SdlDoors(const HostFolders& folders)
-    : folders(folders) {}
+SdlDoors::SdlDoors(const HostFolders& folders,
+                   TakeKeeper& takes,
+                   Tell tell,
+                   EffectWord effectWord,
+                   Errands::Wake wake)
+    : folders(folders)
+    , takes(takes)
+    , tell(std::move(tell))
+    , effectWord(std::move(effectWord))
+    , errands(std::move(wake)) {}
+
+void SdlDoors::setDoors(HostDoors* offeredDoors) {
+    doors = offeredDoors;
+    if (doors == nullptr) {
+        takeIsGone();
+    }
+}
+
+void SdlDoors::takeIsGone() {
+    takes.letGo();
+    savedEffect = -1;
+}
+
+std::string SdlDoors::words(const char* row) const {
+    return HostWords::text(row, doors != nullptr ? doors->texts().language : "");
+}
 
 bool SdlDoors::handle(const SDL_Event& event) {
     if (doors == nullptr) {
         return false;
     }
-    if (event.type == SDL_DROPFILE) {
-        const std::string path = event.drop.file;
-        SDL_free(event.drop.file);
-        return dropped(path);
+    if (event.type == SDL_DROPBEGIN || event.type == SDL_DROPFILE) {
+        return drop(event);
     }
     if (event.type != SDL_KEYDOWN || event.key.repeat != 0) {
         return false;
     }
-    const bool control = (event.key.keysym.mod & KMOD_CTRL) != 0;
-    if (control && event.key.keysym.sym == SDLK_s) {
-        return save();
-    }
     if (event.key.keysym.sym == SDLK_F12) {
         takePicture();
+        return false;
     }
-    return false;
+    if ((event.key.keysym.mod & KMOD_CTRL) == 0) {
+        return false;
+    }
+    switch (event.key.keysym.sym) {
+    case SDLK_s:
+        return (event.key.keysym.mod & KMOD_SHIFT) != 0 ? exportSound() : save();
+    case SDLK_o:
+        return openFile();
+    case SDLK_z:
+        return bringBack();
+    default:
+        return false;
+    }
+}
+
+bool SdlDoors::drop(const SDL_Event& event) {
+    if (event.type == SDL_DROPBEGIN) {
+        hasDropped = false;
+        return false;
+    }
+    const std::string path = event.drop.file;
+    SDL_free(event.drop.file);
+    return !std::exchange(hasDropped, true) && useFile(path);
 }
 
 bool SdlDoors::save() {
+    if (doors == nullptr) {
+        return false;
+    }
+    exportsNext = false;
     if (doors->saveSound()) {
         return true;
     }
@@ -62,29 +129,205 @@ bool SdlDoors::save() {
     return false;
 }
 
-bool SdlDoors::dropped(const std::string& path) {
-    std::vector<int16_t> samples;
+SdlDoors::ReadSound SdlDoors::read(const std::string& nameOrUri) {
+    ReadSound sound;
+    std::string path;
+    sound.name = nameIn(nameOrUri);
+    if (const Problem problem = FileUri::toPath(nameOrUri, path)) {
+        sound.complaint = {"notASound", {sound.name, problem.sentence()}};
+        return sound;
+    }
+    sound.name = nameIn(path);
+    // One more than is used: then it is known whether there was more.
     const Problem problem = SoundFile::read(path, HostMicrophone::kRateHz,
-                                            HostMicrophone::kLongestTakeSamples, samples);
+                                            HostMicrophone::kLongestTakeSamples + 1, sound.samples);
     if (problem) {
-        Host::current().say(problem.sentence());
+        sound.complaint = {"notASound", {sound.name, reasonOf(problem)}};
+    } else if (sound.samples.empty()) {
+        sound.complaint = {"emptySound", {sound.name}};
+    }
+    sound.isCut = sound.samples.size() > HostMicrophone::kLongestTakeSamples;
+    if (sound.isCut) {
+        sound.samples.resize(HostMicrophone::kLongestTakeSamples);
+    }
+    return sound;
+}
+
+void SdlDoors::startReading(const std::string& nameOrUri, std::function<bool(ReadSound)> done) {
+    const int64_t reading = ++newestReading;
+    errands.start([this, reading, nameOrUri, done = std::move(done)] {
+        ReadSound sound = read(nameOrUri);
+        return [this, reading, sound = std::move(sound), done] {
+            if (doors == nullptr || reading != newestReading) {
+                return false;
+            }
+            if (*sound.complaint.row != '\0') {
+                tell(sound.complaint);
+                return false;
+            }
+            return done(sound);
+        };
+    });
+}
+
+void SdlDoors::offer(const std::string& nameOrUri) {
+    startReading(nameOrUri, [this](ReadSound sound) {
+        offered = std::move(sound);
+        return false;
+    });
+}
+
+bool SdlDoors::useFile(const std::string& nameOrUri) {
+    startReading(nameOrUri, [this](const ReadSound& sound) {
+        if (take(sound)) {
+            return true;
+        }
+        tell({"notNow", {}});
+        return false;
+    });
+    return false;
+}
+
+bool SdlDoors::take(const ReadSound& sound) {
+    if (!doors->useSound(sound.samples.data(), static_cast<int32_t>(sound.samples.size()))) {
         return false;
     }
-    if (doors->useSound(samples.data(), static_cast<int32_t>(samples.size()))) {
-        return true;
+    takes.used(sound.samples);
+    savedEffect = -1;
+    if (sound.isCut) {
+        tell({"firstSeconds", {sound.name}});
     }
-    Host::current().say(
-        "a sound file is taken in the menu and at the choice of the effect, if it holds any sound");
+    return true;
+}
+
+bool SdlDoors::openFile() {
+    if (!std::exchange(isDialogOpen, true)) {
+        errands.start([this, title = words("openSound"), filter = words("sounds")] {
+            const FileDialog::Answer answer = FileDialog::open(title, filter);
+            return [this, answer] { return opened(answer); };
+        });
+    }
+    return false;
+}
+
+bool SdlDoors::opened(const FileDialog::Answer& answer) {
+    isDialogOpen = false;
+    if (answer.kind == FileDialog::Answer::Kind::kNoDialog) {
+        tell({"dropHere", {}});
+    }
+    return answer.kind == FileDialog::Answer::Kind::kChosen && useFile(answer.uri);
+}
+
+bool SdlDoors::exportSound() {
+    if (doors == nullptr || isDialogOpen) {
+        return false;
+    }
+    if (savedEffect >= 0 && savedEffect == doors->currentEffect() && !doors->savedName().empty()) {
+        askForExport();
+        return false;
+    }
+    exportsNext = save();
+    return exportsNext;
+}
+
+void SdlDoors::askForExport() {
+    isDialogOpen = true;
+    const std::string saved = folders.sounds() + "/" + doors->savedName();
+    const std::string name = SoundExport::nameOf(doors->savedName(), effectWord(savedEffect));
+    errands.start([this, saved, name, title = words("exportSound"), folder = folders.sounds()] {
+        const FileDialog::Answer answer = FileDialog::save(title, name, folder);
+        return [this, answer, saved] { return exportChosen(answer, saved); };
+    });
+}
+
+bool SdlDoors::exportChosen(const FileDialog::Answer& answer, const std::string& saved) {
+    isDialogOpen = false;
+    if (answer.kind == FileDialog::Answer::Kind::kNoDialog) {
+        tell({"exportedNowhere", {saved}});
+    } else if (answer.kind == FileDialog::Answer::Kind::kChosen) {
+        startExport(saved, answer.uri);
+    }
+    return false;
+}
+
+void SdlDoors::startExport(const std::string& saved, const std::string& uri) {
+    errands.start([this, saved, uri] {
+        std::string path = uri;
+        Problem problem = FileUri::toPath(uri, path);
+        if (!problem) {
+            problem = SoundExport::write(saved, path);
+        }
+        HostMessage message{"exported", {path}};
+        if (problem) {
+            message = {"notExported", {path, problem.sentence()}};
+        }
+        return [this, message] {
+            tell(message);
+            return false;
+        };
+    });
+}
+
+bool SdlDoors::bringBack() {
+    const std::vector<int16_t> samples = doors != nullptr ? readLastTake() : std::vector<int16_t>();
+    if (samples.empty()) {
+        return false;
+    }
+    if (!useTake(samples)) {
+        tell({"notNow", {}});
+        return false;
+    }
+    return true;
+}
+
+std::vector<int16_t> SdlDoors::readLastTake() {
+    std::vector<int16_t> samples;
+    if (!takes.isThere()) {
+        tell({"noLastTake", {}});
+    } else if (const Problem problem = takes.bringBack(samples)) {
+        tell({"notBack", {reasonOf(problem)}});
+    }
+    return samples;
+}
+
+bool SdlDoors::useTake(const std::vector<int16_t>& samples) {
+    if (!doors->useTake(samples.data(), static_cast<int32_t>(samples.size()))) {
+        return false;
+    }
+    takes.broughtBack();
+    savedEffect = -1;
+    tell({"takeIsBack", {}});
+    return true;
+}
+
+bool SdlDoors::forget() {
+    if (const Problem problem = takes.forget()) {
+        tell({"notForgotten", {problem.sentence()}});
+    } else {
+        tell({"takeForgotten", {}});
+    }
     return false;
 }
 
 bool SdlDoors::deliver() {
-    if (offered.empty() || doors == nullptr ||
-        !doors->useSound(offered.data(), static_cast<int32_t>(offered.size()))) {
+    if (errands.deliver()) {
+        return true;
+    }
+    if (doors == nullptr) {
         return false;
     }
-    offered.clear();
-    return true;
+    if (std::exchange(bringsBack, false)) {
+        offeredTake = readLastTake();
+    }
+    if (!offeredTake.empty() && useTake(offeredTake)) {
+        offeredTake.clear();
+        return true;
+    }
+    if (!offered.samples.empty() && take(offered)) {
+        offered = {};
+        return true;
+    }
+    return false;
 }
 
 void SdlDoors::takePicture() {
@@ -100,7 +343,7 @@ void SdlDoors::takePicture() {
         Host::current().say("the picture \"" + path + "\" cannot be written");
         return;
     }
-    std::cout << path << std::endl;
+    print(path);
     if (tellPicture) {
         tellPicture(path);
     }
@@ -108,8 +351,13 @@ void SdlDoors::takePicture() {
 
 void SdlDoors::tellSaved() {
     const int32_t saved = doors != nullptr ? doors->savedCount() : savedBefore;
-    if (saved != savedBefore) {
-        savedBefore = saved;
-        std::cout << folders.sounds() << "/" << doors->savedName() << std::endl;
+    if (saved == savedBefore) {
+        return;
+    }
+    savedBefore = saved;
+    savedEffect = doors->currentEffect();
+    print(folders.sounds() + "/" + doors->savedName());
+    if (std::exchange(exportsNext, false)) {
+        askForExport();
     }
 }

@@ -1,8 +1,12 @@
-// What a computer offers beyond the phone: sound files as the take, saving by a key, pictures of
-// the screen.
+// What a computer offers beyond the phone: sound files as the take, the last take again, saving
+// and exporting by a key, pictures of the screen.
 #pragma once
 
+#include "Errands.h"
+#include "FileDialog.h"
 #include "Host.h"
+#include "HostMessage.h"
+#include "TakeKeeper.h"
 
 #include <cstdint>
 #include <functional>
@@ -13,38 +17,105 @@ union SDL_Event;
 
 class SdlDoors {
 public:
-    /// @param folders  where saved sounds and pictures lie; not owned
-    explicit SdlDoors(const HostFolders& folders);
+    using Tell = std::function<void(const HostMessage& message)>;
 
-    void setDoors(HostDoors* offered) { doors = offered; }
+    /// The effect's word in the name of an exported file.
+    using EffectWord = std::function<std::string(int32_t effect)>;
+
+    /// @param folders  where saved sounds and pictures lie; not owned
+    /// @param takes    where takes are kept; not owned
+    /// @param wake     rouses the event thread; called on other threads
+    SdlDoors(const HostFolders& folders,
+             TakeKeeper& takes,
+             Tell tell,
+             EffectWord effectWord,
+             Errands::Wake wake);
+
+    /// @param offered  null: the program has ended
+    void setDoors(HostDoors* offered);
 
     /// What else is to be told of a picture that F12 has written.
     void onPicture(std::function<void(const std::string& path)> told) {
         tellPicture = std::move(told);
     }
 
-    /// A sound that becomes the take as soon as the program rests in its menu. @param samples  16
-    /// kHz mono
-    void offer(std::vector<int16_t> samples) { offered = std::move(samples); }
+    /// The program has deleted its take.
+    void takeIsGone();
 
-    /// Ctrl+S saves, F12 takes a picture, a file dropped on the window becomes the take. What
-    /// cannot be done is told by Host::say(). @returns whether a callback was delivered
+    /// A sound file that becomes the take as soon as it is read and the program rests in its menu.
+    /// @param nameOrUri  "voice.wav" or "file:///home/ada/voice.wav"
+    void offer(const std::string& nameOrUri);
+
+    /// Keys and files: Ctrl+S, Ctrl+Shift+S, Ctrl+O, Ctrl+Z, F12, a file dropped on the window.
+    /// @returns whether a callback was delivered
     bool handle(const SDL_Event& event);
 
-    /// Hands over the offered sound if it is time. @returns whether a callback was delivered
+    // What those do, for whatever else wants it. Each tells the user what cannot be done, and
+    // returns whether a callback was delivered.
+
+    bool save();
+
+    /// Saves the sound unless it is saved already, and asks for a name for a copy of it.
+    bool exportSound();
+
+    /// Asks for a sound file. It becomes the take once the user has chosen.
+    bool openFile();
+
+    /// Reads a sound file, which then becomes the take.
+    bool useFile(const std::string& nameOrUri);
+
+    bool bringBack();
+
+    /// The last take comes back as soon as the program rests in its menu.
+    void bringBackLater() { bringsBack = true; }
+
+    bool forget();
+
+    /// Hands over what is ready: a sound that was read, a file that was chosen. @returns whether a
+    /// callback was delivered
     bool deliver();
 
-    /// Prints the real path of a sound that was saved since the last call.
+    /// Tells the real path of a sound that was saved since the last call.
     void tellSaved();
 
+    /// True while a dialog is open, or a file is being read or written.
+    bool isBusy() { return errands.isBusy(); }
+
 private:
-    bool save();
-    bool dropped(const std::string& path);
+    struct ReadSound {
+        std::vector<int16_t> samples;
+        std::string name;       // of the file, without folders
+        bool isCut = false;     // there was more of it
+        HostMessage complaint;  // a row without a name: none
+    };
+
+    static ReadSound read(const std::string& nameOrUri);
+    void startReading(const std::string& nameOrUri, std::function<bool(ReadSound)> done);
+    bool take(const ReadSound& sound);
+    std::vector<int16_t> readLastTake();
+    bool useTake(const std::vector<int16_t>& samples);
+    bool opened(const FileDialog::Answer& answer);
+    void askForExport();
+    bool exportChosen(const FileDialog::Answer& answer, const std::string& saved);
+    void startExport(const std::string& saved, const std::string& uri);
+    bool drop(const SDL_Event& event);
     void takePicture();
+    std::string words(const char* row) const;
 
     const HostFolders& folders;
+    TakeKeeper& takes;
+    Tell tell;
+    EffectWord effectWord;
+    Errands errands;
     HostDoors* doors = nullptr;
-    std::vector<int16_t> offered;  // empty: none
+    ReadSound offered;                 // no samples: none
+    std::vector<int16_t> offeredTake;  // the last take; empty: none
+    int64_t newestReading = 0;         // an earlier one that still goes on is not wanted any more
+    bool isDialogOpen = false;
+    bool bringsBack = false;
+    bool exportsNext = false;  // the next saved sound
+    bool hasDropped = false;   // the first file of a drop came
     int32_t savedBefore = 0;
+    int32_t savedEffect = -1;  // of the sound that was saved last; -1: the take was another
     std::function<void(const std::string& path)> tellPicture;
 };

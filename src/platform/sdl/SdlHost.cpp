@@ -1,13 +1,14 @@
 #include "SdlHost.h"
 
 #include "ProgramFolders.h"
+#include "QuietLibrary.h"
 #include "VideoDriver.h"
 
 #include <SDL.h>
 
 #include <algorithm>
 #include <csignal>
-#include <iostream>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -38,15 +39,27 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           [this] { return rouseAgain(); })
     , ears(audio, options.microphone, [this] { rouse(); })
     , fileEars([this] { return uptimeMs(); })
+    , takes(options.folders.state,
+            [this](const Problem& problem) {
+                tell({"notKept", {problem.sentence()}});
+            })
+    , copyingEars(
+          realMicrophone(),
+          [this] { extraDoors.takeIsGone(); },
+          [this](const std::vector<int16_t>& take) { takes.recorded(take); })
     , voice(
           audio, options.speaker, [this] { return uptimeMs(); }, [this] { rouse(); })
     , input(*this)
     , strip(options.folders, [this] { return uptimeMs(); })
-    , extraDoors(options.folders) {
-    strip.strip().feed().setMicrophone(SdlHost::microphone());
+    , extraDoors(
+          options.folders,
+          takes,
+          [this](const HostMessage& message) { tell(message); },
+          options.effectWord,
+          [this] { rouse(); }) {
+    strip.strip().feed().setMicrophone(&realMicrophone());
     extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
     fileEars.setVoice(options.voice);
-    extraDoors.offer(options.take);
 }
 
 SdlHost::~SdlHost() {
@@ -55,7 +68,11 @@ SdlHost::~SdlHost() {
 }
 
 void SdlHost::print(const std::string& sentence) {
-    std::cerr << "murmelo: " << sentence << "\n";
+    QuietLibrary::print(STDERR_FILENO, "murmelo: " + sentence + "\n");
+}
+
+void SdlHost::tell(const HostMessage& message) {
+    say(message.text("en"));
 }
 
 Problem SdlHost::open() {
@@ -63,7 +80,17 @@ Problem SdlHost::open() {
         return problem;
     }
     events.begin();
-    return window.open(options.folders.config);
+    if (Problem problem = window.open(options.folders.config)) {
+        return problem;
+    }
+    // Only now: a large file, or one on a slow disk, must not keep the window away.
+    if (!options.take.empty()) {
+        extraDoors.offer(options.take);
+    }
+    if (options.last) {
+        extraDoors.bringBackLater();
+    }
+    return Problem::none();
 }
 
 int64_t SdlHost::nowUs() const {
@@ -85,10 +112,14 @@ int64_t SdlHost::freePhoneBytes() {
 }
 
 HostMicrophone* SdlHost::microphone() {
+    return &copyingEars;
+}
+
+HostMicrophone& SdlHost::realMicrophone() {
     if (options.hearsFile) {
-        return &fileEars;
+        return fileEars;
     }
-    return &ears;
+    return ears;
 }
 
 void SdlHost::setDoors(HostDoors* offered) {

@@ -4,6 +4,7 @@
 // A picture is looked at once for each refresh of the display at most.
 #pragma once
 
+#include "CopyingMicrophone.h"
 #include "EventWait.h"
 #include "FileMicrophone.h"
 #include "Host.h"
@@ -17,6 +18,7 @@
 #include "SdlStrip.h"
 #include "SdlWindow.h"
 #include "SignalWatch.h"
+#include "TakeKeeper.h"
 
 #include <atomic>
 #include <chrono>
@@ -30,7 +32,9 @@ struct SdlOptions {
     std::string speaker;         // name of a device; empty: the system's default
     bool hearsFile = false;      // a sound file in the place of the microphone:
     std::vector<int16_t> voice;  // 16 kHz
-    std::vector<int16_t> take;   // 16 kHz; becomes the take once the program is ready, empty: none
+    std::string take;            // a sound file that becomes the take; empty: none
+    bool last = false;           // begins with the take of the last time
+    SdlDoors::EffectWord effectWord;
     bool silent = false;
 };
 
@@ -45,8 +49,9 @@ public:
     /// @returns what is wrong
     Problem open();
 
-    /// A sound device is stuck: the program can only end at once, without cleaning up after SDL.
-    bool isStuck() { return audio.isStuck(); }
+    /// A sound device is stuck, or a file or a dialog is waited for: the program can only end at
+    /// once, without cleaning up after SDL.
+    bool isStuck() { return audio.isStuck() || extraDoors.isBusy(); }
 
     int64_t uptimeMs() override;
     int64_t ticksMs() override;
@@ -69,7 +74,16 @@ public:
     /// One line on standard error, and in the strip.
     void say(const std::string& sentence) override;
 
-    /// The same, also before there is a host.
+    /// Tells what HostWords has in each language.
+    void tell(const HostMessage& message);
+
+    /// What the keys for files do, for whatever else wants it.
+    SdlDoors& files() { return extraDoors; }
+
+    /// True if there is a take to bring back.
+    bool hasLastTake() const { return takes.isThere(); }
+
+    /// One line on standard error, also before there is a host.
     static void print(const std::string& sentence);
 
     /// Pictures that came onto the screen.
@@ -80,6 +94,7 @@ private:
     /// reason.
     enum Away : uint32_t { kHidden = 1, kStopped = 2, kBySystem = 4 };
 
+    HostMicrophone& realMicrophone();
     bool deliverSound();
     bool deliverEvent(HostListener& listener);
     bool deliverAway(HostListener& listener);
@@ -112,6 +127,8 @@ private:
     SdlAudio audio;
     SdlMicrophone ears;
     FileMicrophone fileEars;
+    TakeKeeper takes;
+    CopyingMicrophone copyingEars;
     LostMicrophone lostMicrophone;
     SdlSpeaker voice;
     SdlWindow window;

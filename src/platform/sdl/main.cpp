@@ -1,7 +1,10 @@
 // murmelo: the application in a window.
+#include "FileUri.h"
+#include "FxCatalogue.h"
 #include "OspMain.h"
 #include "Problem.h"
 #include "ProgramFolders.h"
+#include "SafeFile.h"
 #include "SdlHost.h"
 #include "SoundFile.h"
 
@@ -10,6 +13,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <unistd.h>
 
 namespace {
 
@@ -56,9 +60,23 @@ bool isSoundFile(const std::string& microphone) {
            std::filesystem::is_regular_file(microphone, error);
 }
 
-/// Reads the sound files that the command line names, and looks for its devices.
-/// @param take  a sound file; empty: none
-Problem prepareSound(const std::string& take, SdlOptions& options) {
+/// Whether there is such a file. It is read when the window stands.
+Problem checkTake(const std::string& take) {
+    std::string path;
+    if (Problem problem = FileUri::toPath(take, path)) {
+        return problem;
+    }
+    if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
+        return "the sound \"" + path + "\" cannot be read: it " + kind.sentence();
+    }
+    if (::access(path.c_str(), R_OK) != 0) {
+        return "the sound \"" + path + "\" cannot be read: " + SafeFile::lastError();
+    }
+    return Problem::none();
+}
+
+/// Looks at the sound files that the command line names, and for its devices.
+Problem prepareSound(SdlOptions& options) {
     if (!options.microphone.empty() && isSoundFile(options.microphone)) {
         options.hearsFile = true;
         Problem problem = SoundFile::read(options.microphone, HostMicrophone::kRateHz,
@@ -67,10 +85,8 @@ Problem prepareSound(const std::string& take, SdlOptions& options) {
             return problem;
         }
     }
-    if (!take.empty()) {
-        Problem problem = SoundFile::read(take, HostMicrophone::kRateHz,
-                                          HostMicrophone::kLongestTakeSamples, options.take);
-        if (problem) {
+    if (!options.take.empty()) {
+        if (Problem problem = checkTake(options.take)) {
             return problem;
         }
     }
@@ -109,7 +125,6 @@ int main(int argc, char** argv) {
     std::string home;
     std::string config;
     SdlOptions options;
-    std::string take;
     bool listsDevices = false;
     CLI::App parser("Murmelo records your voice and changes it.");
     parser.set_version_flag("--version", "murmelo " MURMELO_VERSION);
@@ -122,7 +137,9 @@ int main(int argc, char** argv) {
     parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
     parser.add_flag("--silent", options.silent,
                     "Ask before anything is played, as a phone in silent mode does");
-    parser.add_option("FILE", take, "A sound file to begin with: it becomes the take");
+    CLI::Option* file =
+        parser.add_option("FILE", options.take, "A sound file to begin with: it becomes the take");
+    parser.add_flag("--last", options.last, "Begin with the take recorded last")->excludes(file);
     try {
         parser.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -132,12 +149,16 @@ int main(int argc, char** argv) {
         return listDevices();
     }
 
-    if (const Problem problem = prepareSound(take, options)) {
+    if (const Problem problem = prepareSound(options)) {
         return complain(problem.sentence());
     }
     if (const Problem problem = ProgramFolders::find(home, config, options.folders)) {
         return complain(problem.sentence());
     }
+    options.effectWord = [](int32_t effect) {
+        const char* word = FxCatalogue::toolName(effect);
+        return std::string(word != nullptr ? word : "");
+    };
     FolderLocks locks;
     if (const Problem problem = locks.take(options.folders)) {
         return complain(problem.sentence());

@@ -7,6 +7,10 @@
 #include <gtest/gtest.h>
 #include <SDL.h>
 
+#include <chrono>
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
 #include <utility>
 
 using Samples = TestSounds::Samples;
@@ -41,6 +45,13 @@ public:
         return open;
     }
 
+    bool useTake(const int16_t* samples, int32_t count) override {
+        if (open) {
+            broughtBack.assign(samples, samples + count);
+        }
+        return open;
+    }
+
     int32_t savedCount() override { return saved; }
 
     std::string savedName() override { return "rec_00007.wav"; }
@@ -53,6 +64,7 @@ public:
     int32_t saves = 0;
     int32_t saved = 0;
     Samples taken;
+    Samples broughtBack;
 };
 
 class SdlDoorsTest : public testing::Test {
@@ -74,11 +86,34 @@ protected:
         return doors.handle(event);
     }
 
-    bool drop(const std::string& path) {
+    bool drop(const std::vector<std::string>& paths) {
         SDL_Event event{};
-        event.type = SDL_DROPFILE;
-        event.drop.file = SDL_strdup(path.c_str());
-        return doors.handle(event);
+        event.type = SDL_DROPBEGIN;
+        bool delivers = doors.handle(event);
+        for (const std::string& path : paths) {
+            event.type = SDL_DROPFILE;
+            event.drop.file = SDL_strdup(path.c_str());
+            delivers = doors.handle(event) || delivers;
+        }
+        return delivers;
+    }
+
+    bool drop(const std::string& path) { return drop(std::vector<std::string>{path}); }
+
+    /// Works until a callback was delivered, or something was told; false if neither comes.
+    bool delivered() {
+        std::unique_lock<std::mutex> lock(mutex);
+        for (int32_t i = 0; i < 1000; i++) {
+            lock.unlock();
+            const bool delivers = doors.deliver();
+            lock.lock();
+            if (delivers || !host.said.empty()) {
+                return delivers;
+            }
+            roused.wait_for(lock, std::chrono::milliseconds(20));
+        }
+        ADD_FAILURE() << "nothing came";
+        return false;
     }
 
     /// What was printed since the last look.
@@ -101,7 +136,13 @@ protected:
     TestFolders folders;
     HostFolders mapped;
     NotingDoors program;
-    SdlDoors doors{mapped};
+    std::mutex mutex;
+    std::condition_variable roused;
+    TakeKeeper takes{folders.path("state"), [](const Problem&) {}};
+    SdlDoors doors{mapped, takes,
+                   [this](const HostMessage& message) { host.say(message.text("en")); },
+                   [](int32_t effect) { return effect == 0 ? "none" : "another"; },
+                   [this] { roused.notify_all(); }};
 };
 
 }  // namespace
@@ -135,37 +176,157 @@ TEST_F(SdlDoorsTest, aSavedSoundIsToldByItsRealPathOnce) {
 TEST_F(SdlDoorsTest, aDroppedFileBecomesTheTake) {
     const Samples voice = TestSounds::noise(16000);
     folders.write("a voice.wav", TestSounds::wav(voice, 16000));
-    EXPECT_TRUE(drop(folders.path("a voice.wav")));
+    EXPECT_FALSE(drop(folders.path("a voice.wav")));  // first it is read
+    EXPECT_TRUE(delivered());
     EXPECT_EQ(voice, program.taken);
+    EXPECT_EQ("", error());
+}
+
+TEST_F(SdlDoorsTest, aDroppedAddressBecomesTheTake) {
+    const Samples voice = TestSounds::noise(1600);
+    folders.write("a voice.wav", TestSounds::wav(voice, 16000));
+    drop("file://" + folders.path("a%20voice.wav"));
+    EXPECT_TRUE(delivered());
+    EXPECT_EQ(voice, program.taken);
+}
+
+TEST_F(SdlDoorsTest, ofSeveralFilesDroppedTogetherTheFirstCounts) {
+    const Samples voice = TestSounds::noise(1600);
+    folders.write("one.wav", TestSounds::wav(voice, 16000));
+    folders.write("two.wav", TestSounds::wav(TestSounds::noise(1600, 2), 16000));
+    for (int32_t times = 0; times < 2; times++) {
+        drop({folders.path("one.wav"), folders.path("two.wav")});
+        EXPECT_TRUE(delivered());
+        EXPECT_EQ(voice, std::exchange(program.taken, {}));
+        EXPECT_FALSE(doors.isBusy());
+    }
+}
+
+TEST_F(SdlDoorsTest, ofALongSoundTheFirstTwentySecondsAreTakenAndThatIsTold) {
+    const Samples voice = TestSounds::noise(20 * 16000 + 1);
+    folders.write("long.wav", TestSounds::wav(voice, 16000));
+    drop(folders.path("long.wav"));
+    EXPECT_TRUE(delivered());
+    EXPECT_EQ(TestSounds::part(voice, 0, 20 * 16000), program.taken);
+    EXPECT_EQ("The first 20 seconds of long.wav\n", error());
 }
 
 TEST_F(SdlDoorsTest, aDroppedFileThatIsNoSoundIsToldByName) {
     folders.write("letter.txt", "Dear reader");
-    EXPECT_FALSE(drop(folders.path("letter.txt")));
-    EXPECT_NE(std::string::npos, error().find("letter.txt"));
-    EXPECT_FALSE(drop(folders.path("nothing.wav")));
-    EXPECT_NE(std::string::npos, error().find("nothing.wav"));
+    for (const char* name : {"letter.txt", "nothing.wav"}) {
+        EXPECT_FALSE(drop(folders.path(name)));
+        EXPECT_FALSE(delivered());
+        EXPECT_EQ(0U, error().find(std::string(name) + " is no sound: "));
+    }
+    folders.write("empty.wav", TestSounds::wav({}, 16000));
+    drop(folders.path("empty.wav"));
+    EXPECT_FALSE(delivered());
+    EXPECT_EQ("empty.wav holds no sound.\n", error());
     EXPECT_TRUE(program.taken.empty());
 }
 
 TEST_F(SdlDoorsTest, aFileDroppedAtTheWrongTimeIsToldSo) {
     program.open = false;
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(800), 16000));
-    EXPECT_FALSE(drop(folders.path("voice.wav")));
-    EXPECT_NE(std::string::npos, error().find("a sound file is taken in the menu"));
+    drop(folders.path("voice.wav"));
+    EXPECT_FALSE(delivered());
+    EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
 }
 
 TEST_F(SdlDoorsTest, anOfferedSoundWaitsUntilItIsTaken) {
     const Samples voice = TestSounds::noise(160);
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
     EXPECT_FALSE(doors.deliver());
-    doors.offer(voice);
     program.open = false;  // the opening still stands
-    EXPECT_FALSE(doors.deliver());
+    doors.offer(folders.path("voice.wav"));
+    while (doors.isBusy()) {
+        EXPECT_FALSE(doors.deliver());
+    }
     program.open = true;
     EXPECT_TRUE(doors.deliver());
     EXPECT_EQ(voice, program.taken);
     EXPECT_FALSE(doors.deliver());  // taken once
     EXPECT_EQ("", error());         // waiting is nothing to complain about
+}
+
+TEST_F(SdlDoorsTest, controlAndZBringsTheLastTakeBack) {
+    const Samples voice = TestSounds::noise(21 * 16000);
+    takes.recorded(voice);
+    EXPECT_TRUE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_EQ(voice, program.broughtBack);
+    EXPECT_EQ("The last recording is back.\n", error());
+}
+
+TEST_F(SdlDoorsTest, whatCannotBeBroughtBackIsTold) {
+    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_EQ("There is no last recording.\n", error());
+    takes.recorded(TestSounds::noise(100));
+    program.open = false;
+    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
+    folders.write("state/last-take.wav", "damaged");
+    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_EQ(0U, error().find("The last recording cannot be brought back: "));
+}
+
+TEST_F(SdlDoorsTest, theLastTakeComesBackOnceTheProgramRests) {
+    const Samples voice = TestSounds::noise(100);
+    takes.recorded(voice);
+    doors.bringBackLater();
+    program.open = false;
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_EQ("", error());
+    program.open = true;
+    EXPECT_TRUE(doors.deliver());
+    EXPECT_EQ(voice, program.broughtBack);
+    EXPECT_FALSE(doors.deliver());
+}
+
+TEST_F(SdlDoorsTest, theLastTakeIsForgotten) {
+    takes.recorded(TestSounds::noise(100));
+    EXPECT_FALSE(doors.forget());
+    EXPECT_EQ("The last recording is forgotten.\n", error());
+    EXPECT_FALSE(takes.isThere());
+}
+
+TEST_F(SdlDoorsTest, aDroppedFileIsKeptWhenTheProgramHasEnded) {
+    const Samples voice = TestSounds::noise(1600);
+    takes.recorded(TestSounds::noise(100, 2));
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
+    drop(folders.path("voice.wav"));
+    EXPECT_TRUE(delivered());
+    doors.setDoors(nullptr);
+    Samples kept;
+    EXPECT_EQ("", takes.bringBack(kept));
+    EXPECT_EQ(voice, kept);
+}
+
+TEST_F(SdlDoorsTest, withoutADesktopsDialogTheUserIsToldWhatToDo) {
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    setenv("XDG_RUNTIME_DIR", folders.path("runtime").c_str(), 1);
+    EXPECT_FALSE(press(SDLK_o, KMOD_LCTRL));
+    EXPECT_FALSE(delivered());
+    EXPECT_EQ("This desktop shows no files to choose from. Drop a sound file here.\n", error());
+    program.saved = 1;
+    doors.tellSaved();
+    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT));
+    EXPECT_FALSE(delivered());
+    EXPECT_EQ("This desktop asks for no name. The sound lies here: " + mapped.home +
+                  "/Murmelo/rec_00007.wav\n",
+              error());
+    EXPECT_EQ(0, program.saves);  // it was saved already
+}
+
+TEST_F(SdlDoorsTest, anExportSavesTheSoundFirst) {
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    setenv("XDG_RUNTIME_DIR", folders.path("runtime").c_str(), 1);
+    EXPECT_TRUE(press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT));
+    EXPECT_EQ(1, program.saves);
+    EXPECT_FALSE(doors.isBusy());
+    program.saved = 1;
+    doors.tellSaved();
+    EXPECT_FALSE(delivered());
+    EXPECT_NE("", error());
 }
 
 TEST_F(SdlDoorsTest, f12WritesTheCanvasUnderTheNextFreeName) {
@@ -191,7 +352,8 @@ TEST_F(SdlDoorsTest, beforeTheProgramOpensItsDoorsNothingHappens) {
     doors.setDoors(nullptr);
     EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL));
     EXPECT_FALSE(press(SDLK_F12));
-    doors.offer(TestSounds::noise(16));
+    doors.bringBackLater();
+    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
     EXPECT_FALSE(doors.deliver());
     doors.tellSaved();
     EXPECT_EQ("", output());

@@ -14,7 +14,7 @@ cd "$folder" || exit 1
 unset DISPLAY WAYLAND_DISPLAY SDL_VIDEODRIVER MURMELO_HOME DBUS_SESSION_BUS_ADDRESS
 mkdir home config
 echo lang=0 >config/settings
-export XDG_RUNTIME_DIR=$folder SDL_AUDIODRIVER=dummy
+export XDG_RUNTIME_DIR=$folder XDG_STATE_HOME=$folder/state SDL_AUDIODRIVER=dummy
 wrong=0
 
 complain() {

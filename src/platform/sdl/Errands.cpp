@@ -1,0 +1,52 @@
+#include "Errands.h"
+
+#include <thread>
+#include <utility>
+
+Errands::Errands(Wake wake)
+    : shared(std::make_shared<Shared>()) {
+    shared->wake = std::move(wake);
+}
+
+Errands::~Errands() {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    shared->wake = nullptr;
+}
+
+void Errands::start(Work work) {
+    {
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        shared->pieces++;
+    }
+    std::thread([work = std::move(work), shared = shared] {
+        Result result = work();
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        shared->results.push_back(std::move(result));
+        if (shared->wake) {
+            shared->wake();
+        }
+    }).detach();
+}
+
+bool Errands::deliver() {
+    bool delivered = false;
+    while (!delivered) {
+        Result result;
+        {
+            const std::lock_guard<std::mutex> lock(shared->mutex);
+            if (shared->results.empty()) {
+                return false;
+            }
+            result = std::move(shared->results.front());
+            shared->results.pop_front();
+            shared->pieces--;
+        }
+        delivered = result();
+    }
+    return delivered;
+}
+
+bool Errands::isBusy() {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    return shared->pieces > 0;
+}

@@ -1,0 +1,30 @@
+// The desktop's own dialog for files, over the session bus. Each call waits until the user has
+// chosen: call it on a thread of its own.
+#pragma once
+
+#include <string>
+
+class FileDialog {
+public:
+    struct Answer {
+        enum class Kind {
+            kChosen,
+            kCancelled,
+            kNoDialog,  // there is no desktop that has one
+        };
+
+        Kind kind = Kind::kNoDialog;
+        std::string uri;  // of the chosen file
+    };
+
+    /// Asks for a sound file to open.
+    /// @param title   of the dialog
+    /// @param filter  name of the kind of files that it shows
+    static Answer open(const std::string& title, const std::string& filter);
+
+    /// Asks where to save. Whether an existing file is to be replaced is asked by the dialog.
+    /// @param name    of the file, as a proposal
+    /// @param folder  where the dialog begins
+    static Answer
+    save(const std::string& title, const std::string& name, const std::string& folder);
+};

@@ -1,0 +1,48 @@
+#include "HostMessage.h"
+#include "HostWords.h"
+#include "Languages.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+size_t count(const std::string& text, const std::string& what) {
+    size_t found = 0;
+    for (size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) {
+        found++;
+    }
+    return found;
+}
+
+}  // namespace
+
+TEST(HostMessage, partsStandWhereTheLanguageWantsThem) {
+    const HostMessage message{"notASound", {"a.txt", "it is a letter"}};
+    EXPECT_EQ("a.txt is no sound: it is a letter", message.text("en"));
+    EXPECT_EQ("a.txt ist kein Klang: it is a letter", message.text("de"));
+}
+
+TEST(HostMessage, aPartIsNotLookedIntoForParts) {
+    const HostMessage message{"notASound", {"{2}.wav", "{1}"}};
+    EXPECT_EQ("{2}.wav is no sound: {1}", message.text("en"));
+}
+
+TEST(HostMessage, withoutPartsTheWordsStayAsTheyAre) {
+    EXPECT_EQ("Saved", (HostMessage{"saved", {}}.text("en")));
+    EXPECT_EQ("{1} holds no sound.", (HostMessage{"emptySound", {}}.text("en")));
+    EXPECT_EQ("", (HostMessage{"no such row", {"a"}}.text("en")));
+}
+
+TEST(HostMessage, everyLanguageNamesTheSameParts) {
+    for (const HostWords::Row& row : HostWords::rows()) {
+        for (const char* part : {"{1}", "{2}", "{3}"}) {
+            const size_t first = count(row.texts[0], part);
+            EXPECT_GE(1U, first) << row.name;
+            EXPECT_TRUE(std::all_of(row.texts.begin(), row.texts.end(), [&](const char* text) {
+                return count(text, part) == first;
+            })) << row.name;
+        }
+    }
+}

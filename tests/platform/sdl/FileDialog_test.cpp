@@ -1,0 +1,234 @@
+// Opening and exporting through a desktop's own dialogs: a bus of the test's own, with dialogs
+// whose user is the test.
+#include "FileDialog.h"
+#include "Program.h"
+#include "SdlDoors.h"
+#include "TestFolders.h"
+#include "TestHost.h"
+#include "TestSounds.h"
+
+#include <gtest/gtest.h>
+#include <SDL.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+using Samples = TestSounds::Samples;
+
+namespace {
+
+constexpr int64_t kPatienceMs = 20000;
+
+class MenuDoors : public HostDoors {
+public:
+    std::string screenName() override { return "Options"; }
+
+    int32_t currentEffect() override { return 1; }
+
+    bool navigate(HostKey) override { return false; }
+
+    bool stopRecording() override { return false; }
+
+    bool saveSound() override { return false; }
+
+    bool useSound(const int16_t* samples, int32_t count) override {
+        taken.assign(samples, samples + count);
+        return true;
+    }
+
+    int32_t savedCount() override { return saved; }
+
+    std::string savedName() override { return saved > 0 ? "rec_00003.wav" : ""; }
+
+    std::vector<uint8_t> canvasPng() override { return {}; }
+
+    ScreenTexts texts() override {
+        ScreenTexts texts;
+        texts.language = "de";
+        return texts;
+    }
+
+    int32_t saved = 0;
+    Samples taken;
+};
+
+class FileDialogTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (std::system("command -v dbus-daemon >/dev/null && /usr/bin/python3 -c 'import dbus, gi'"
+                        " 2>/dev/null") != 0) {
+            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+        }
+        const std::string address = "unix:path=" + folders.path("bus");
+        bus = std::make_unique<Program>(
+            std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile",
+                                     "--address=" + address, "--syslog-only"});
+        ASSERT_TRUE(until([this] { return folders.has("bus"); }));
+        setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
+        mapped.home = folders.path("home");
+        folders.write("home/Murmelo/rec_00003.wav", TestSounds::wav(sound, 8000));
+        doors.setDoors(&program);
+    }
+
+    void TearDown() override {
+        unsetenv("DBUS_SESSION_BUS_ADDRESS");
+        portal.reset();
+        bus.reset();
+    }
+
+    void startPortal(const std::string& mode, const std::string& path = "") {
+        portal = std::make_unique<Program>(std::vector<std::string>{
+            "/usr/bin/python3", MURMELO_SOURCE_DIR "/tests/platform/sdl/fake_portal.py",
+            folders.path("calls"), mode, path.empty() ? "" : "file://" + path});
+        ASSERT_TRUE(until([this] { return folders.has("calls.ready"); }));
+    }
+
+    static bool until(const std::function<bool()>& happened) {
+        for (int64_t ms = 0; ms < kPatienceMs && !happened(); ms += 10) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return happened();
+    }
+
+    bool press(int32_t symbol, uint16_t modifiers) {
+        SDL_Event event{};
+        event.type = SDL_KEYDOWN;
+        event.key.keysym.sym = symbol;
+        event.key.keysym.mod = modifiers;
+        return doors.handle(event);
+    }
+
+    bool workUntil(const std::function<bool()>& happened) {
+        return until([&] {
+            doors.deliver();
+            return happened();
+        });
+    }
+
+    bool isSaid(const std::string& sentence) {
+        return !host.said.empty() && host.said.back() == sentence;
+    }
+
+    const Samples sound = TestSounds::noise(8000);
+    TestHost host;
+    TestFolders folders;
+    HostFolders mapped;
+    MenuDoors program;
+    TakeKeeper takes{"", [](const Problem&) {}};
+    SdlDoors doors{mapped, takes,
+                   [this](const HostMessage& message) { host.say(message.text("en")); },
+                   [](int32_t effect) { return effect == 1 ? "robot" : "another"; }, [] {}};
+    std::unique_ptr<Program> bus;
+    std::unique_ptr<Program> portal;
+};
+
+}  // namespace
+
+TEST_F(FileDialogTest, aChosenFileBecomesTheTake) {
+    const Samples voice = TestSounds::noise(1600);
+    folders.write("a voice.wav", TestSounds::wav(voice, 16000));
+    startPortal("choose", folders.path("a%20voice.wav"));
+    EXPECT_FALSE(press(SDLK_o, KMOD_LCTRL));
+    EXPECT_TRUE(workUntil([this] { return !program.taken.empty(); }));
+    EXPECT_EQ(voice, program.taken);
+    const std::string call = folders.read("calls");
+    EXPECT_EQ(0U, call.find(R"(["OpenFile", "", "Klang \u00f6ffnen", {"handle_token": "murmelo)"))
+        << call;
+    EXPECT_NE(std::string::npos, call.find(R"("filters": [["Kl\u00e4nge", [[1, "audio/*"]]]])"))
+        << call;
+}
+
+TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
+    const Samples voice = TestSounds::noise(1600);
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
+    startPortal("wait", folders.path("voice.wav"));
+    press(SDLK_o, KMOD_LCTRL);
+    ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
+    press(SDLK_o, KMOD_LCTRL);
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_TRUE(doors.isBusy());
+    folders.write("calls.go", "");
+    EXPECT_TRUE(workUntil([this] { return !program.taken.empty(); }));
+    EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
+    const std::string calls = folders.read("calls");
+    EXPECT_EQ(calls.find('\n'), calls.size() - 1) << calls;  // one line
+}
+
+TEST_F(FileDialogTest, aDialogThatIsClosedChangesNothing) {
+    startPortal("cancel");
+    press(SDLK_o, KMOD_LCTRL);
+    EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
+    EXPECT_TRUE(program.taken.empty());
+    EXPECT_TRUE(host.said.empty());
+}
+
+TEST_F(FileDialogTest, aDesktopThatDiesIsADialogThatIsClosed) {
+    startPortal("die");
+    press(SDLK_o, KMOD_LCTRL);
+    EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
+    EXPECT_TRUE(host.said.empty());
+    // The next time there is none at all.
+    press(SDLK_o, KMOD_LCTRL);
+    EXPECT_TRUE(workUntil([this] {
+        return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
+    }));
+}
+
+TEST_F(FileDialogTest, aBusThatDiesIsADialogThatIsClosed) {
+    startPortal("wait", "/nothing.wav");
+    press(SDLK_o, KMOD_LCTRL);
+    ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
+    bus->send(SIGKILL);
+    EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
+}
+
+TEST_F(FileDialogTest, aDesktopWithoutDialogsIsTold) {
+    press(SDLK_o, KMOD_LCTRL);
+    EXPECT_TRUE(workUntil([this] {
+        return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
+    }));
+}
+
+TEST_F(FileDialogTest, aDialogThatCannotBeShownIsTold) {
+    startPortal("refuse");
+    press(SDLK_o, KMOD_LCTRL);
+    EXPECT_TRUE(workUntil([this] {
+        return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
+    }));
+}
+
+TEST_F(FileDialogTest, theSavedSoundIsExportedInTheFormThatItsNameAsksFor) {
+    startPortal("choose", folders.path("my%20robot.flac"));
+    program.saved = 1;
+    testing::internal::CaptureStdout();
+    doors.tellSaved();
+    testing::internal::GetCapturedStdout();
+    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT));
+    EXPECT_TRUE(workUntil([this] { return isSaid("Exported: " + folders.path("my robot.flac")); }));
+    EXPECT_EQ("fLaC", folders.read("my robot.flac").substr(0, 4));
+    const std::string call = folders.read("calls");
+    EXPECT_EQ(0U, call.find(R"(["SaveFile", "", "Klang exportieren")")) << call;
+    EXPECT_NE(std::string::npos, call.find(R"("current_name": "murmelo-robot-00003.wav")")) << call;
+    EXPECT_NE(std::string::npos,
+              call.find(R"("current_folder": ")" + mapped.home + R"(/Murmelo\u0000")"))
+        << call;
+}
+
+TEST_F(FileDialogTest, anExportThatCannotBeWrittenIsTold) {
+    startPortal("choose", folders.path("robot.txt"));
+    program.saved = 1;
+    testing::internal::CaptureStdout();
+    doors.tellSaved();
+    testing::internal::GetCapturedStdout();
+    press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT);
+    EXPECT_TRUE(workUntil([this] {
+        return isSaid(folders.path("robot.txt") + " cannot be written: its name must end in .wav, "
+                                                  ".flac, .ogg, .opus or .mp3");
+    }));
+    EXPECT_FALSE(folders.has("robot.txt"));
+}
