@@ -2,7 +2,7 @@
 
 #include <SDL.h>
 
-#include <atomic>
+#include <algorithm>
 #include <chrono>
 #include <dlfcn.h>
 #include <thread>
@@ -35,18 +35,25 @@ void silenceSoundLibrary() {
 }  // namespace
 
 SdlAudio::~SdlAudio() {
-    if (ready && !isStuck()) {
+    if (work->isReady && !isStuck()) {
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
 }
 
 bool SdlAudio::begin() {
-    if (!ready && !isBusy()) {
-        silenceSoundLibrary();
-        const auto begun = std::make_shared<std::atomic<bool>>(false);
-        ready = doPatiently([begun] { *begun = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0; }) && *begun;
+    if (!work->isReady && !isBusy()) {
+        doPatiently([shared = work] { makeReady(*shared); });
     }
-    return ready;
+    return work->isReady;
+}
+
+bool SdlAudio::makeReady(Work& shared) {
+    const std::lock_guard<std::timed_mutex> lock(shared.system);
+    if (!shared.isReady) {
+        silenceSoundLibrary();
+        shared.isReady = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    }
+    return shared.isReady;
 }
 
 bool SdlAudio::has(Kind kind) {
@@ -55,8 +62,17 @@ bool SdlAudio::has(Kind kind) {
 }
 
 std::vector<std::string> SdlAudio::names(Kind kind) {
+    if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kPatienceMs))) {
+        return {};
+    }
+    std::vector<std::string> names = listNames(kind);
+    work->system.unlock();
+    return names;
+}
+
+std::vector<std::string> SdlAudio::listNames(Kind kind) {
     std::vector<std::string> names;
-    const int count = begin() ? SDL_GetNumAudioDevices(isCapture(kind)) : 0;
+    const int count = SDL_GetNumAudioDevices(isCapture(kind));
     for (int i = 0; i < count; i++) {
         const char* name = SDL_GetAudioDeviceName(i, isCapture(kind));
         names.emplace_back(name != nullptr ? name : "");
@@ -103,7 +119,7 @@ SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wan
     };
 
     const auto opening = std::make_shared<Opening>();
-    inTime = doPatiently([opening, name, wanted, kind] {
+    inTime = doPatiently([opening, name, wanted, kind, shared = work] {
         const SDL_AudioDeviceID device = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(),
                                                              isCapture(kind), &wanted, nullptr, 0);
         const std::lock_guard<std::mutex> lock(opening->mutex);
@@ -111,6 +127,7 @@ SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wan
         if (opening->abandoned) {
             SDL_CloseAudioDevice(device);
         } else {
+            shared->openDevices += device != 0 ? 1 : 0;
             SDL_PauseAudioDevice(device, 0);  // at once: until then it plays silence
         }
     });
@@ -120,7 +137,94 @@ SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wan
 }
 
 void SdlAudio::closeLater(uint32_t device, std::shared_ptr<void> callbackState) {
-    start([device, state = std::move(callbackState)] { SDL_CloseAudioDevice(device); });
+    start([device, state = std::move(callbackState), shared = work] {
+        SDL_CloseAudioDevice(device);
+        shared->openDevices--;
+    });
+}
+
+std::shared_ptr<SdlAudio::Opening> SdlAudio::openLater(const std::string& name,
+                                                       const SDL_AudioSpec& wanted,
+                                                       std::shared_ptr<void> callbackState,
+                                                       std::function<void()> wake) {
+    auto opening = std::make_shared<Opening>();
+    start([opening, name, wanted, state = std::move(callbackState), wake = std::move(wake),
+           shared = work] {
+        openInto(*opening, *shared, name, wanted);
+        wake();
+    });
+    return opening;
+}
+
+void SdlAudio::openInto(Opening& opening,
+                        Work& shared,
+                        const std::string& name,
+                        const SDL_AudioSpec& wanted) {
+    SDL_AudioDeviceID device = 0;
+    bool usedDefault = false;
+    bool isReady = makeReady(shared);
+    for (int32_t tries = 0; isReady && device == 0 && tries < 2; tries++) {
+        if (tries > 0) {
+            // What SDL knows of a server that has gone away says nothing about the one that came.
+            const std::lock_guard<std::timed_mutex> lock(shared.system);
+            if (shared.openDevices > 0) {
+                break;
+            }
+            SDL_QuitSubSystem(SDL_INIT_AUDIO);
+            shared.isReady = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+            isReady = shared.isReady;
+        }
+        const std::lock_guard<std::timed_mutex> lock(shared.system);
+        const std::vector<std::string> known =
+            isReady ? listNames(Kind::kMicrophone) : std::vector<std::string>();
+        // SDL itself would open the default as well, and say nothing.
+        usedDefault = !name.empty() && std::find(known.begin(), known.end(), name) == known.end();
+        const char* wantedName = name.empty() || usedDefault ? nullptr : name.c_str();
+        device = isReady ? SDL_OpenAudioDevice(wantedName, 1, &wanted, nullptr, 0) : 0;
+    }
+    const std::lock_guard<std::mutex> lock(opening.mutex);
+    opening.isFinished = true;
+    opening.usedDefault = usedDefault && device != 0;
+    opening.error = device == 0 ? SDL_GetError() : "";
+    if (device != 0 && opening.isAbandoned) {
+        SDL_CloseAudioDevice(device);
+    } else if (device != 0) {
+        shared.openDevices++;
+        opening.device = device;
+        SDL_PauseAudioDevice(device, 0);
+    }
+    opening.done.notify_all();
+}
+
+bool SdlAudio::wait(Opening& opening, int32_t ms) {
+    std::unique_lock<std::mutex> lock(opening.mutex);
+    return opening.done.wait_for(lock, std::chrono::milliseconds(ms),
+                                 [&opening] { return opening.isFinished; });
+}
+
+bool SdlAudio::Opening::isDone() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return isFinished;
+}
+
+uint32_t SdlAudio::Opening::take() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return std::exchange(device, 0);
+}
+
+std::string SdlAudio::Opening::reason() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return error;
+}
+
+bool SdlAudio::Opening::isFallback() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return usedDefault;
+}
+
+void SdlAudio::Opening::abandon() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    isAbandoned = true;
 }
 
 void SdlAudio::start(std::function<void()> piece) {

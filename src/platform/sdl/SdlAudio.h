@@ -1,6 +1,7 @@
 // The machine's sound devices, as SDL knows them.
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
@@ -46,6 +47,49 @@ public:
     /// @returns SDL's number of the device, 0 if it cannot be opened within kPatienceMs
     uint32_t open(Kind kind, const std::string& name, const SDL_AudioSpec& wanted);
 
+    /// A device that is being opened on another thread.
+    class Opening {
+    public:
+        /// True once it is known whether the device could be opened.
+        bool isDone();
+
+        /// SDL's number of the device, which is the caller's from now on; 0 if it could not be
+        /// opened.
+        uint32_t take();
+
+        /// Why it could not be opened, in SDL's words.
+        std::string reason();
+
+        /// The device of that name was missing, and the system's default was opened.
+        bool isFallback();
+
+        /// Nobody wants the device any more: it is closed, now or when it has been opened.
+        void abandon();
+
+    private:
+        friend class SdlAudio;
+
+        std::mutex mutex;
+        std::condition_variable done;
+        uint32_t device = 0;
+        bool isFinished = false;
+        bool isAbandoned = false;
+        bool usedDefault = false;
+        std::string error;
+    };
+
+    /// Opens a microphone in exactly the format wanted, without holding anything up. Where the
+    /// sound system has gone away and come back, it is made ready again.
+    /// @param callbackState  what the device's callback works on; kept until it is opened
+    /// @param wake           called on another thread when it is known what came of it
+    std::shared_ptr<Opening> openLater(const std::string& name,
+                                       const SDL_AudioSpec& wanted,
+                                       std::shared_ptr<void> callbackState,
+                                       std::function<void()> wake);
+
+    /// Waits for an opening for so long. True if it is done.
+    static bool wait(Opening& opening, int32_t ms);
+
     /// Closes a device behind the program's back: one whose source has stalled never answers, and
     /// the window must not wait for it.
     /// @param callbackState  what the device's callback works on; kept until it is closed
@@ -61,7 +105,15 @@ private:
         std::mutex mutex;
         std::condition_variable done;
         int32_t pieces = 0;
+        std::atomic<int32_t> openDevices{0};
+        std::atomic<bool> isReady{false};
+        std::timed_mutex system;  // held while SDL's sound is begun, ended or asked for names
     };
+
+    static bool makeReady(Work& shared);
+    static void
+    openInto(Opening& opening, Work& shared, const std::string& name, const SDL_AudioSpec& wanted);
+    static std::vector<std::string> listNames(Kind kind);
 
     /// Begins a piece of work on another thread.
     void start(std::function<void()> piece);
@@ -77,5 +129,4 @@ private:
     bool isBusy();
 
     std::shared_ptr<Work> work = std::make_shared<Work>();
-    bool ready = false;
 };

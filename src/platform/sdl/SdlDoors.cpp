@@ -18,6 +18,10 @@ namespace {
 
 constexpr int32_t kMaxPictures = 100000;
 
+// An export takes a fraction of a second; a disk that needs longer than this has stalled.
+constexpr int32_t kFinishMs = 5000;
+constexpr int32_t kLookMs = 5;
+
 /// The first name in the folder that is still free; empty if there is none.
 std::string freePictureName(const std::string& folder) {
     for (int32_t number = 0; number < kMaxPictures; number++) {
@@ -328,6 +332,14 @@ bool SdlDoors::deliver() {
         return true;
     }
     return false;
+}
+
+bool SdlDoors::finish() {
+    for (int32_t ms = 0; ms < kFinishMs && errands.isBusy() && !isDialogOpen; ms += kLookMs) {
+        errands.deliver();
+        SDL_Delay(kLookMs);
+    }
+    return !errands.isBusy();
 }
 
 void SdlDoors::takePicture() {

@@ -81,6 +81,13 @@ public:
     /// True while a dialog is open, or a file is being read or written.
     bool isBusy() { return errands.isBusy(); }
 
+    /// True while a dialog is open.
+    bool isAsking() const { return isDialogOpen; }
+
+    /// The program ends: waits for a file that is being written, but not for a user. False if
+    /// something still goes on.
+    bool finish();
+
 private:
     struct ReadSound {
         std::vector<int16_t> samples;

@@ -1,5 +1,6 @@
 #include "SdlHost.h"
 
+#include "HostWords.h"
 #include "ProgramFolders.h"
 #include "QuietLibrary.h"
 #include "VideoDriver.h"
@@ -37,7 +38,13 @@ SdlHost::SdlHost(SdlOptions givenOptions)
               rouse();
           },
           [this] { return rouseAgain(); })
-    , ears(audio, options.microphone, [this] { rouse(); })
+    , microphoneMemory(options.folders.config)
+    , ears(
+          audio,
+          options.microphone.empty() ? microphoneMemory.read() : options.microphone,
+          [this] { return uptimeMs(); },
+          [this] { rouse(); },
+          [this](const HostMessage& message) { tell(message); })
     , fileEars([this] { return uptimeMs(); })
     , takes(options.folders.state,
             [this](const Problem& problem) {
@@ -46,7 +53,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , copyingEars(
           realMicrophone(),
           [this] { extraDoors.takeIsGone(); },
-          [this](const std::vector<int16_t>& take) { takes.recorded(take); })
+          [this](const std::vector<int16_t>& take) { recorded(take); })
     , voice(
           audio, options.speaker, [this] { return uptimeMs(); }, [this] { rouse(); })
     , input(*this)
@@ -72,7 +79,13 @@ void SdlHost::print(const std::string& sentence) {
 }
 
 void SdlHost::tell(const HostMessage& message) {
-    say(message.text("en"));
+    print(message.text("en"));
+    strip.tell(message.text(strip.language()));
+}
+
+void SdlHost::tell(const char* name, const std::string& sentence) {
+    print(sentence);
+    strip.tell(HostWords::text(name, strip.language()));
 }
 
 Problem SdlHost::open() {
@@ -113,6 +126,20 @@ int64_t SdlHost::freePhoneBytes() {
 
 HostMicrophone* SdlHost::microphone() {
     return &copyingEars;
+}
+
+/// The silence that stands in for a microphone is no take.
+void SdlHost::recorded(const std::vector<int16_t>& take) {
+    if (options.hearsFile || ears.hasHeard()) {
+        takes.recorded(take);
+    }
+}
+
+void SdlHost::useMicrophone(const std::string& name) {
+    ears.choose(name);
+    microphoneMemory.write(name);
+    tell(name.empty() ? HostMessage{"systemsMicrophone", {}}
+                      : HostMessage{"microphoneUsed", {name}});
 }
 
 HostMicrophone& SdlHost::realMicrophone() {
@@ -188,6 +215,9 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
     case SDL_WINDOWEVENT:
         strip.handle(event);
         return handleWindow(event.window);
+    case SDL_AUDIODEVICEADDED:
+        ears.look();
+        return false;
     case SDL_AUDIODEVICEREMOVED:
         return ears.lose(event.adevice.which) || voice.lose(event.adevice.which);
     case SDL_APP_WILLENTERBACKGROUND:
@@ -293,7 +323,7 @@ void SdlHost::presentIfDue() {
 }
 
 int64_t SdlHost::nextDueMs() {
-    int64_t dueMs = earlier(fileEars.dueMs(), voice.dueMs());
+    int64_t dueMs = earlier(earlier(fileEars.dueMs(), ears.dueMs()), voice.dueMs());
     if (frameIsNew || strip.strip().isNew()) {
         dueMs = earlier(dueMs, (nextPictureUs + kUsPerMs - 1) / kUsPerMs);
     }

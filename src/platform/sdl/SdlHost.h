@@ -9,6 +9,7 @@
 #include "FileMicrophone.h"
 #include "Host.h"
 #include "LostMicrophone.h"
+#include "MicrophoneMemory.h"
 #include "Problem.h"
 #include "SdlAudio.h"
 #include "SdlDoors.h"
@@ -51,7 +52,7 @@ public:
 
     /// A sound device is stuck, or a file or a dialog is waited for: the program can only end at
     /// once, without cleaning up after SDL.
-    bool isStuck() { return audio.isStuck() || extraDoors.isBusy(); }
+    bool isStuck() { return !extraDoors.finish() || audio.isStuck(); }
 
     int64_t uptimeMs() override;
     int64_t ticksMs() override;
@@ -74,11 +75,25 @@ public:
     /// One line on standard error, and in the strip.
     void say(const std::string& sentence) override;
 
-    /// Tells what HostWords has in each language.
+    /// The sentence on standard error, the words in the strip.
+    void tell(const char* name, const std::string& sentence) override;
+
+    /// Tells what HostWords has in each language: in English on standard error, in the program's
+    /// language in the strip.
     void tell(const HostMessage& message);
 
     /// What the keys for files do, for whatever else wants it.
     SdlDoors& files() { return extraDoors; }
+
+    /// Names of the microphones, as the sound server shows them.
+    std::vector<std::string> microphones() { return audio.names(SdlAudio::Kind::kMicrophone); }
+
+    /// The one chosen; empty: the system's default.
+    const std::string& chosenMicrophone() const { return ears.chosen(); }
+
+    /// Records from this one, from the next recording on and at later starts.
+    /// @param name  empty: the system's default
+    void useMicrophone(const std::string& name);
 
     /// True if there is a take to bring back.
     bool hasLastTake() const { return takes.isThere(); }
@@ -95,6 +110,7 @@ private:
     enum Away : uint32_t { kHidden = 1, kStopped = 2, kBySystem = 4 };
 
     HostMicrophone& realMicrophone();
+    void recorded(const std::vector<int16_t>& take);
     bool deliverSound();
     bool deliverEvent(HostListener& listener);
     bool deliverAway(HostListener& listener);
@@ -124,6 +140,7 @@ private:
     EventWait events;
     SignalWatch signals;  // its thread comes first and goes last
 
+    MicrophoneMemory microphoneMemory;
     SdlAudio audio;
     SdlMicrophone ears;
     FileMicrophone fileEars;

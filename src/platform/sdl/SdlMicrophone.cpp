@@ -15,6 +15,8 @@ constexpr uint16_t kDeviceSamples = 512;
 // What a program that takes nothing lets pile up: a minute, then the rest is lost.
 constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 
+constexpr int64_t kSamplesPerMs = HostMicrophone::kRateHz / 1000;
+
 }  // namespace
 
 struct SdlMicrophone::Heard {
@@ -23,20 +25,26 @@ struct SdlMicrophone::Heard {
     LevelMeter meter;
     size_t wanted = 0;  // the event thread is roused when as many wait; 0: let it sleep
     bool open = true;
+    bool isFromDevice = false;  // something of it
+    int64_t lastMs = 0;         // when the device delivered last, or was opened
+    Clock nowMs;
     Wake wake;
 };
 
-SdlMicrophone::SdlMicrophone(SdlAudio& audio, std::string name, Wake wake)
+SdlMicrophone::SdlMicrophone(SdlAudio& audio, std::string name, Clock nowMs, Wake wake, Tell tell)
     : audio(audio)
     , name(std::move(name))
-    , wake(std::move(wake)) {}
+    , nowMs(std::move(nowMs))
+    , wake(std::move(wake))
+    , tell(std::move(tell)) {}
 
 SdlMicrophone::~SdlMicrophone() {
     SdlMicrophone::stop();
 }
 
-bool SdlMicrophone::isThere() {
-    return audio.has(SdlAudio::Kind::kMicrophone);
+void SdlMicrophone::choose(std::string newName) {
+    name = std::move(newName);
+    toldAway = false;
 }
 
 std::string SdlMicrophone::deviceName() {
@@ -49,6 +57,18 @@ bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
     }
     heard = std::make_shared<Heard>();
     heard->wake = wake;
+    heard->nowMs = nowMs;
+    listener = &newListener;
+    lost = false;
+    toldUnusable = false;
+    silentSinceMs = kNever;
+    beginOpening();
+    SdlAudio::wait(*opening, kOpeningMs);
+    work();
+    return true;
+}
+
+void SdlMicrophone::beginOpening() {
     SDL_AudioSpec wanted{};
     wanted.freq = kRateHz;
     wanted.format = AUDIO_S16SYS;
@@ -56,13 +76,83 @@ bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
     wanted.samples = kDeviceSamples;
     wanted.callback = &SdlMicrophone::onHeard;
     wanted.userdata = heard.get();
-    device = audio.open(SdlAudio::Kind::kMicrophone, name, wanted);
-    if (device == 0) {
-        return false;
+    retryMs = kNever;
+    opening = audio.openLater(name, wanted, heard, wake);
+}
+
+/// Takes the device that was opened, or looks for one again later.
+void SdlMicrophone::finishOpening() {
+    device = opening->take();
+    if (device != 0) {
+        {
+            const std::lock_guard<std::mutex> lock(heard->mutex);
+            heard->lastMs = nowMs();
+        }
+        if (opening->isFallback() && !std::exchange(toldAway, true)) {
+            tell({"microphoneAway", {name}});
+        }
+        if (toldUnusable) {
+            toldUnusable = false;
+            tell({"microphoneHeard", {}});
+        }
+    } else {
+        retryMs = nowMs() + kRetryMs;
+        if (!std::exchange(toldUnusable, true)) {
+            const std::string reason = opening->reason();
+            tell(name.empty() ? HostMessage{"noMicrophone", {reason}}
+                              : HostMessage{"microphoneUnusable", {name, reason}});
+        }
     }
-    listener = &newListener;
-    lost = false;
-    return true;
+    opening.reset();
+}
+
+/// What a recording needs now and then: the device that was opened, another try, silence.
+void SdlMicrophone::work() {
+    if (opening != nullptr && opening->isDone()) {
+        finishOpening();
+    }
+    if (opening == nullptr && device == 0 && retryMs != kNever && nowMs() >= retryMs) {
+        beginOpening();
+    }
+    bool delivers = false;
+    if (device != 0) {
+        const std::lock_guard<std::mutex> lock(heard->mutex);
+        delivers = nowMs() - heard->lastMs < kStalledMs;
+    }
+    if (delivers) {
+        silentSinceMs = kNever;
+    } else if (silentSinceMs == kNever) {
+        silentSinceMs = nowMs();
+        silenceGiven = 0;
+    }
+    fillSilence();
+}
+
+void SdlMicrophone::fillSilence() {
+    if (silentSinceMs == kNever) {
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(heard->mutex);
+    const int64_t due = (nowMs() - silentSinceMs) * kSamplesPerMs - silenceGiven;
+    silenceGiven += due;
+    const size_t room = kMaxSamples - std::min(kMaxSamples, heard->samples.size());
+    heard->samples.insert(heard->samples.end(), std::min(static_cast<size_t>(due), room), 0);
+}
+
+int64_t SdlMicrophone::dueMs() const {
+    if (listener == nullptr) {
+        return kNever;
+    }
+    const std::lock_guard<std::mutex> lock(heard->mutex);
+    if (silentSinceMs == kNever) {
+        return heard->lastMs + kStalledMs;
+    }
+    const int64_t wanted = std::max(listener->samplesWanted(), 1);
+    const int64_t missing = wanted - static_cast<int64_t>(heard->samples.size());
+    const int64_t enoughMs =
+        silentSinceMs + (silenceGiven + std::max<int64_t>(missing, kSamplesPerMs)) / kSamplesPerMs +
+        1;
+    return retryMs == kNever ? enoughMs : std::min(enoughMs, retryMs);
 }
 
 void SdlMicrophone::onHeard(void* heardState, uint8_t* bytes, int byteCount) {
@@ -75,10 +165,12 @@ void SdlMicrophone::onHeard(void* heardState, uint8_t* bytes, int byteCount) {
         if (!heard->open) {
             return;
         }
+        heard->lastMs = heard->nowMs();
         heard->meter.add(samples, static_cast<int32_t>(count));
         if (heard->samples.size() + count > kMaxSamples) {
             return;
         }
+        heard->isFromDevice = true;
         heard->samples.insert(heard->samples.end(), samples, samples + count);
         enough = heard->wanted > 0 && heard->samples.size() >= heard->wanted;
         if (enough) {
@@ -94,6 +186,7 @@ bool SdlMicrophone::deliver() {
     if (listener == nullptr) {
         return false;
     }
+    work();
     const auto wanted = static_cast<size_t>(std::max(listener->samplesWanted(), 0));
     {
         const std::lock_guard<std::mutex> lock(heard->mutex);
@@ -106,9 +199,22 @@ bool SdlMicrophone::deliver() {
     return true;
 }
 
+bool SdlMicrophone::hasHeard() const {
+    if (heard == nullptr) {
+        return false;
+    }
+    const std::lock_guard<std::mutex> lock(heard->mutex);
+    return heard->isFromDevice;
+}
+
 bool SdlMicrophone::lose(uint32_t lostDevice) {
     HostMicrophoneListener* const losing = listener;
     if (losing == nullptr || lostDevice != device || !SdlAudio::hasDied(device)) {
+        return false;
+    }
+    if (!hasHeard()) {
+        closeDevice();
+        retryMs = nowMs();
         return false;
     }
     listenNoMore();
@@ -117,10 +223,23 @@ bool SdlMicrophone::lose(uint32_t lostDevice) {
     return true;
 }
 
+void SdlMicrophone::look() {
+    if (listener != nullptr && device == 0 && retryMs != kNever) {
+        retryMs = nowMs();
+    }
+}
+
 void SdlMicrophone::stop() {
     lost = false;
     if (listener != nullptr) {
+        fillSilence();
         listenNoMore();
+    }
+}
+
+void SdlMicrophone::closeDevice() {
+    if (device != 0) {
+        audio.closeLater(std::exchange(device, 0), heard);
     }
 }
 
@@ -130,8 +249,13 @@ void SdlMicrophone::listenNoMore() {
         heard->open = false;
     }
     listener = nullptr;
-    audio.closeLater(device, heard);
-    device = 0;
+    if (opening != nullptr) {
+        opening->abandon();
+        device = opening->take();
+        opening.reset();
+    }
+    closeDevice();
+    retryMs = kNever;
 }
 
 int32_t SdlMicrophone::take(int16_t* samples, int32_t count) {

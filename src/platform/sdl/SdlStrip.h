@@ -22,6 +22,9 @@ public:
 
     Strip& strip() { return row; }
 
+    /// Code of the program's language ("de").
+    const std::string& language() { return row.model().language(); }
+
     /// A sentence for the user, also without a program that runs.
     void tell(const std::string& sentence);
 

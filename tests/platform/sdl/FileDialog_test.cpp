@@ -219,6 +219,24 @@ TEST_F(FileDialogTest, theSavedSoundIsExportedInTheFormThatItsNameAsksFor) {
         << call;
 }
 
+TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsAndADialogIsNotWaitedFor) {
+    startPortal("wait", folders.path("robot.flac"));
+    program.saved = 1;
+    testing::internal::CaptureStdout();
+    doors.tellSaved();
+    testing::internal::GetCapturedStdout();
+    press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT);
+    ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
+    EXPECT_FALSE(doors.finish());
+    EXPECT_FALSE(folders.has("robot.flac"));
+    folders.write("calls.go", "");
+    // The answer has come and the writing has begun, or is already done.
+    ASSERT_TRUE(workUntil([this] { return !doors.isAsking(); }));
+    doors.setDoors(nullptr);
+    EXPECT_TRUE(doors.finish());
+    EXPECT_EQ("fLaC", folders.read("robot.flac").substr(0, 4));
+}
+
 TEST_F(FileDialogTest, anExportThatCannotBeWrittenIsTold) {
     startPortal("choose", folders.path("robot.txt"));
     program.saved = 1;

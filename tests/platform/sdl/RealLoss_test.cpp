@@ -46,6 +46,11 @@ public:
     static constexpr const char* kMicrophone = "OneEar";
     static constexpr const char* kSpeaker = "OneVoice";
 
+    /// The socket of a server that programs find from now on, whether it runs or not.
+    static void name(const TestFolders& folders) {
+        setenv("PULSE_SERVER", ("unix:" + folders.path("socket")).c_str(), 1);
+    }
+
     explicit OwnServer(const TestFolders& folders)
         : server({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
                   "--use-pid-file=no", "--log-target=file:" + folders.path("server.log"),
@@ -53,7 +58,7 @@ public:
                       folders.path("socket"),
                   sink("one", kSpeaker), sink("two", "TwoVoice"), source("one", kMicrophone),
                   source("two", "TwoEar")}) {
-        setenv("PULSE_SERVER", ("unix:" + folders.path("socket")).c_str(), 1);
+        name(folders);
         isReady = until([] { return control("set-default-source two_ear >/dev/null 2>&1"); }) &&
                   control("set-default-sink two");
     }
@@ -286,6 +291,93 @@ TEST_P(RealLoss, aDeviceThatWasStoppedBeforeItDiedIsNotTold) {
     }
     EXPECT_EQ(0, ear.losses);
     EXPECT_EQ(0, end.losses);
+}
+
+namespace {
+
+/// A recording that begins without a sound server.
+class RealLossSilence : public testing::Test {
+protected:
+    void SetUp() override {
+        OwnServer::name(folders);
+        SdlOptions options;
+        options.folders.state = folders.path("state");
+        host = std::make_unique<SdlHost>(options);
+        ASSERT_EQ("", host->open());
+        Host::install(host.get());
+    }
+
+    void TearDown() override {
+        Host::install(nullptr);
+        host.reset();
+        setenv("PULSE_SERVER", before.c_str(), 1);
+    }
+
+    bool runUntil(const std::function<bool()>& happened) {
+        const int64_t endMs = nowMs() + 2 * kPatienceMs;
+        while (!happened() && nowMs() < endMs) {
+            host->pump(ignores, 20);
+        }
+        return happened();
+    }
+
+    /// Records a second; it is kept if a device was heard.
+    bool isKept(Ear& ear) {
+        folders.remove("state");
+        host->microphone()->prepare();
+        EXPECT_TRUE(host->microphone()->start(ear));
+        const int32_t before = ear.calls;
+        EXPECT_TRUE(runUntil([&] { return ear.calls >= before + 10; }));
+        host->microphone()->stop();
+        host->microphone()->release();
+        return folders.has("state/last-take.wav");
+    }
+
+    const std::string before = std::getenv("PULSE_SERVER");
+    TestFolders folders;
+    QuietListener ignores;
+    std::unique_ptr<SdlHost> host;
+};
+
+}  // namespace
+
+TEST_F(RealLossSilence, aServerThatAppearsIsHeardAndOneThatGoesAndComesBackToo) {
+    Ear ear;
+    EXPECT_FALSE(isKept(ear));
+    for (int32_t times = 0; times < 2; times++) {
+        OwnServer server(folders);
+        ASSERT_TRUE(server.isReady) << folders.read("server.log");
+        OwnServer::name(folders);
+        EXPECT_TRUE(isKept(ear)) << times;
+        server.goAway();
+        folders.remove("socket");
+        OwnServer::name(folders);
+        EXPECT_FALSE(isKept(ear)) << times;
+    }
+    EXPECT_EQ(0, ear.losses);
+}
+
+TEST_F(RealLossSilence, aServerThatAppearsDuringARecordingIsHeardAtOnce) {
+    Ear ear;
+    host->microphone()->prepare();
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(host->microphone()->start(ear));
+    EXPECT_TRUE(runUntil([&] { return ear.calls >= 10; }));
+    const OwnServer server(folders);
+    OwnServer::name(folders);
+    std::string said;
+    EXPECT_TRUE(runUntil([&] {
+        said += testing::internal::GetCapturedStderr();
+        testing::internal::CaptureStderr();
+        return said.find("The microphone can be heard now.") != std::string::npos;
+    }));
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(0U, said.find("murmelo: No sound comes from the microphone: ")) << said;
+    const int32_t calls = ear.calls;
+    EXPECT_TRUE(runUntil([&] { return ear.calls >= calls + 10; }));
+    host->microphone()->stop();
+    host->microphone()->release();
+    EXPECT_TRUE(folders.has("state/last-take.wav"));
 }
 
 TEST_F(RealLossProgram, aTakeIsKeptWhenTheServerGoesAwayWhileItIsRecorded) {

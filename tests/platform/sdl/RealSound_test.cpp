@@ -250,7 +250,10 @@ TEST_F(RealSound, devicesAreChosenByName) {
     ASSERT_EQ(1U, microphones.size());
     ASSERT_EQ(2U, speakers.size());
     for (const bool known : {true, false}) {
-        SdlMicrophone microphone(audio, known ? microphones[0] : "no such device", [] {});
+        std::string told;
+        SdlMicrophone microphone(
+            audio, known ? microphones[0] : "no such device", [this] { return host->uptimeMs(); },
+            [] {}, [&told](const HostMessage& message) { told += message.text("en"); });
 
         class Wanting : public HostMicrophoneListener {
         public:
@@ -261,7 +264,13 @@ TEST_F(RealSound, devicesAreChosenByName) {
             void onDeviceLost() override {}
         } listener;
 
-        EXPECT_EQ(known, microphone.start(listener));
+        EXPECT_TRUE(microphone.start(listener));
+        const auto heard = [&microphone] {
+            microphone.deliver();
+            return microphone.hasHeard();
+        };
+        EXPECT_TRUE(runUntil(heard, 20000));
+        EXPECT_EQ(known ? "" : "no such device is not there. Another microphone is used.", told);
     }
 }
 

@@ -285,16 +285,73 @@ TEST_F(SdlHostTest, aPausedClipWaitsAndGoesOn) {
     EXPECT_EQ(1, end.ends);
 }
 
-TEST_F(SdlHostTest, withoutASoundSystemThereIsNoMicrophoneAndNoSpeaker) {
+TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndNoSpeaker) {
     setenv("SDL_AUDIODRIVER", "no such driver", 1);
-    open();
+    SdlOptions options;
+    options.folders.state = folders.path("state");
+    open(options);
     Ear ear;
     ClipEnds end;
-    EXPECT_FALSE(host->microphone()->isThere());
+    EXPECT_TRUE(host->microphone()->isThere());
+    host->microphone()->prepare();
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(host->microphone()->start(ear));
     EXPECT_FALSE(host->microphone()->start(ear));
+    const int64_t startMs = host->uptimeMs();
+    ear.wanted = 16000;
+    while (ear.calls == 0 && host->uptimeMs() < startMs + 20000) {
+        host->pump(heard, 1000);
+    }
+    EXPECT_LE(900, host->uptimeMs() - startMs);
+    Notes said{testing::internal::GetCapturedStderr()};
+    EXPECT_EQ(0U, said[0].find("murmelo: No sound comes from the microphone: ")) << said[0];
+    EXPECT_EQ(said[0].find('\n'), said[0].size() - 1) << said[0];  // told once
+    std::vector<int16_t> silence(16000, 1);
+    EXPECT_EQ(16000, host->microphone()->take(silence.data(), 16000));
+    EXPECT_EQ(std::vector<int16_t>(16000, 0), silence);
+    host->microphone()->stop();
+    host->microphone()->release();
+    EXPECT_FALSE(folders.has("state/last-take.wav"));  // nothing was heard: there is no take
     EXPECT_FALSE(host->speaker()->play(clipOf({1, 2, 3}), end));
     run(50);
     EXPECT_EQ(0, end.ends);
+}
+
+TEST_F(SdlHostTest, whatADeviceHeardIsKeptAsTheLastTake) {
+    folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
+    SdlOptions options;
+    options.folders.state = folders.path("state");
+    open(options);
+    Ear ear;
+    host->microphone()->prepare();
+    host->microphone()->start(ear);
+    while (ear.calls == 0) {
+        host->pump(heard, 1000);
+    }
+    host->microphone()->stop();
+    host->microphone()->release();
+    EXPECT_LE(44U + 3200, folders.read("state/last-take.wav").size());
+}
+
+TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {
+    SdlOptions options;
+    options.folders.config = folders.path("config");
+    open(options);
+    EXPECT_EQ("", host->chosenMicrophone());
+    host->useMicrophone("Ada\xE2\x80\x99s headset");
+    EXPECT_EQ("Ada\xE2\x80\x99s headset", host->chosenMicrophone());
+    host.reset();
+    open(options);
+    EXPECT_EQ("Ada\xE2\x80\x99s headset", host->chosenMicrophone());
+    host.reset();
+    options.microphone = "given on the command line";
+    open(options);
+    EXPECT_EQ("given on the command line", host->chosenMicrophone());
+    host->useMicrophone("");
+    host.reset();
+    options.microphone = "";
+    open(options);
+    EXPECT_EQ("", host->chosenMicrophone());
 }
 
 TEST(SdlSpeaker, aChunkIsAQuarterOfASecondOrUpToTwiceAsMuch) {
