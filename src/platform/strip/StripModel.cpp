@@ -85,16 +85,16 @@ void StripModel::setCanOpen(bool offersOpen) {
     assign(canOpen, offersOpen);
 }
 
-void StripModel::setEffectNames(std::vector<std::string> names) {
+void StripModel::setEffectNames(const std::vector<std::string>& names) {
     assign(effectNames, names);
 }
 
-void StripModel::setMicrophones(std::vector<std::string> names, int32_t current) {
+void StripModel::setMicrophones(const std::vector<std::string>& names, int32_t current) {
     assign(microphones, names);
     assign(microphone, current);
 }
 
-void StripModel::setMicrophoneName(std::string name) {
+void StripModel::setMicrophoneName(const std::string& name) {
     assign(microphoneName, name);
 }
 

@@ -45,26 +45,26 @@ public:
     /// How wide texts are; until then every byte counts 7 pixels.
     void setTextWidth(TextRows::Width width);
 
-    /// @param effect   the chosen one, 0 to 7
-    /// @param canSave  there is a take, and now it can be saved
-    void setScreen(const ScreenTexts& texts, int32_t effect, bool canSave);
+    /// @param currentEffect  0 to 7
+    /// @param offersSave     there is a take, and now it can be saved
+    void setScreen(const ScreenTexts& texts, int32_t currentEffect, bool offersSave);
 
-    /// @param canOpen  a sound file can become the take now
-    void setCanOpen(bool canOpen);
+    /// @param offersOpen  a sound file can become the take now
+    void setCanOpen(bool offersOpen);
 
     /// Names of the effects in the program's language, for the heads.
-    void setEffectNames(std::vector<std::string> names);
+    void setEffectNames(const std::vector<std::string>& names);
 
     /// @param names    as the sound server shows them
     /// @param current  place in names; StripWish::kSystemsChoice
-    void setMicrophones(std::vector<std::string> names, int32_t current);
+    void setMicrophones(const std::vector<std::string>& names, int32_t current);
 
     /// Of the microphone that records; empty: not known.
-    void setMicrophoneName(std::string name);
+    void setMicrophoneName(const std::string& name);
 
     /// While a recording goes on.
     /// @param isMute  no samples have come for a second
-    void setRecording(const LevelMeter::Reading& reading, int32_t secondsLeft, bool isMute);
+    void setRecording(const LevelMeter::Reading& newest, int32_t secondsLeft, bool isMute);
 
     /// A take of an earlier run or screen can be brought back.
     void setLastTake(bool isThere);
@@ -80,8 +80,8 @@ public:
     void showMicrophones();
 
     /// Opens the help.
-    /// @param paragraphs  in the program's language
-    void showHelp(std::vector<std::string> paragraphs);
+    /// @param text  its paragraphs, in the program's language
+    void showHelp(std::vector<std::string> text);
 
     /// A tap. Closes what is to be closed by it and returns what the host has to do.
     StripWish tap(int32_t x, int32_t y);
