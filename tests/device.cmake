@@ -30,6 +30,8 @@ murmelo_tests(web_tests
     SOURCES
         platform/host/HostMessage_test.cpp
         platform/host/HostWords_test.cpp
+        platform/host/KeyRules_test.cpp
+        platform/host/KeyWalk_test.cpp
         platform/host/OneFinger_test.cpp
         platform/web/PlainWav_test.cpp
         platform/web/RateTo16k_test.cpp

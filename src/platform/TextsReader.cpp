@@ -17,12 +17,30 @@
 #include "Res.h"
 #include "ScreenTable.h"
 #include "SkBar.h"
+#include "Str.h"
+
+#include <utility>
 
 namespace {
 
 std::string textOf(int32_t id) {
     const Osp::Base::String* text = id != Res::Null ? Res::getStr(id) : nullptr;
     return text != nullptr ? text->ToUtf8() : "";
+}
+
+ScreenTexts::Means meaningOf(int32_t id) {
+    using Means = ScreenTexts::Means;
+    const std::pair<int32_t, Means> meanings[] = {
+        {Str::str_SK_BACK, Means::kBack},     {Str::str_SK_OK, Means::kOk},
+        {Str::str_SK_PLAY, Means::kPlay},     {Str::str_SK_QUIT, Means::kQuit},
+        {Str::str_SK_RECORD, Means::kRecord}, {Str::str_SK_STOP, Means::kStop},
+    };
+    for (const auto& [known, means] : meanings) {
+        if (known == id) {
+            return means;
+        }
+    }
+    return Means::kOther;
 }
 
 ScreenPlace placeOf(Bounded* painter) {
@@ -53,7 +71,8 @@ void readMenu(ScreenTexts& texts) {
         const int32_t top = Menu::firstTopPx() + i * Menu::pitchPx();
         texts.entries.push_back({textOf(Menu::strIds[i]),
                                  {Menu::kLeftPx, top, Menu::kWidthPx, Menu::pitchPx()},
-                                 i == Menu::getFocusedIndex()});
+                                 i == Menu::getFocusedIndex(),
+                                 meaningOf(Menu::strIds[i])});
     }
 }
 
@@ -62,7 +81,10 @@ void readSoftKeys(ScreenTexts& texts) {
     const int32_t width = (SkBar::x2 - SkBar::x1 + 1) / ScreenTexts::kSoftKeys;
     for (int32_t i = 0; i < ScreenTexts::kSoftKeys; i++) {
         texts.softKeys[static_cast<size_t>(i)] = {
-            textOf(labels[i]), {SkBar::x1 + i * width, SkBar::y1, width, SkBar::kHeightPx}};
+            textOf(labels[i]),
+            {SkBar::x1 + i * width, SkBar::y1, width, SkBar::kHeightPx},
+            false,
+            meaningOf(labels[i])};
     }
 }
 

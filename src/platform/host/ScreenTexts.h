@@ -20,10 +20,14 @@ struct ScreenPlace {
 /// Only what stands on the screen is in here. Texts are UTF-8 in the program's language; an empty
 /// one means that there is none.
 struct ScreenTexts {
+    /// What an entry or a soft key does, in whatever language it says so.
+    enum class Means { kOther, kBack, kOk, kPlay, kQuit, kRecord, kStop };
+
     struct Entry {
         std::string text;
         ScreenPlace place;  // a touch on its middle chooses it
         bool isFocused = false;
+        Means means = Means::kOther;
 
         bool operator==(const Entry&) const = default;
     };

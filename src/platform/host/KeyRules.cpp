@@ -1,0 +1,132 @@
+#include "KeyRules.h"
+
+using Kind = KeyDeed::Kind;
+using Name = KeyPress::Name;
+using Means = ScreenTexts::Means;
+
+namespace {
+
+KeyDeed navigation(HostKey key) {
+    return {Kind::kNavigate, key};
+}
+
+Means meaningOf(const ScreenTexts& texts, size_t softKey) {
+    return texts.softKeys[softKey].means;
+}
+
+constexpr size_t kLeft = 0;
+constexpr size_t kMiddle = 1;
+constexpr size_t kRight = 2;
+
+bool isOnly(const ScreenTexts& texts, Means middle) {
+    return meaningOf(texts, kMiddle) == middle && texts.softKeys[kLeft].text.empty() &&
+           texts.softKeys[kRight].text.empty();
+}
+
+KeyDeed ofName(Name name) {
+    switch (name) {
+    case Name::kUp:
+        return navigation(HostKey::kUp);
+    case Name::kDown:
+        return navigation(HostKey::kDown);
+    case Name::kLeft:
+        return navigation(HostKey::kLeft);
+    case Name::kRight:
+        return navigation(HostKey::kRight);
+    case Name::kEnter:
+        return navigation(HostKey::kMiddle);
+    case Name::kF1:
+        return navigation(HostKey::kLeftSoft);
+    case Name::kF2:
+        return navigation(HostKey::kRightSoft);
+    case Name::kF11:
+        return {Kind::kFullScreen};
+    case Name::kVolumeUp:
+        return {Kind::kVolumeUp};
+    case Name::kVolumeDown:
+        return {Kind::kVolumeDown};
+    default:
+        return {};
+    }
+}
+
+}  // namespace
+
+KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors) {
+    if (press.alt) {
+        const bool isEnter = press.name == Name::kEnter && !press.control;
+        return isEnter ? KeyDeed{Kind::kFullScreen} : KeyDeed{};
+    }
+    if (press.control) {
+        return press.name == Name::kCharacter ? withControl(press.character) : KeyDeed{};
+    }
+    switch (press.name) {
+    case Name::kCharacter:
+        return ofCharacter(press.character, doors);
+    case Name::kEscape:
+        return doors != nullptr ? ofEscape(doors->texts()) : KeyDeed{};
+    default:
+        return ofName(press.name);
+    }
+}
+
+KeyDeed KeyRules::withControl(char character) {
+    switch (character) {
+    case 'q':
+    case 'w':
+        return {Kind::kQuit};
+    case '0':
+        return {Kind::kUsualSize};
+    case '+':
+    case '=':  // the plus of keyboards that want a shift for it
+        return {Kind::kLarger};
+    case '-':
+        return {Kind::kSmaller};
+    default:
+        return {};
+    }
+}
+
+KeyDeed KeyRules::ofCharacter(char character, HostDoors* doors) {
+    if (character >= '1' && character <= '8') {
+        return {Kind::kEffect, HostKey::kMiddle, character - '1'};
+    }
+    const ScreenTexts texts = doors != nullptr ? doors->texts() : ScreenTexts();
+    const bool stops = meaningOf(texts, kMiddle) == Means::kStop;
+    switch (character) {
+    case ' ':
+        return navigation(HostKey::kMiddle);
+    case '+':
+    case '=':
+        return {Kind::kVolumeUp};
+    case '-':
+        return {Kind::kVolumeDown};
+    case 'r':
+        return stops && texts.screen == "Recording" ? navigation(HostKey::kMiddle)
+                                                    : KeyDeed{Kind::kRecord};
+    case 'p':
+        return meaningOf(texts, kMiddle) == Means::kPlay || (stops && texts.screen == "Playing")
+                   ? navigation(HostKey::kMiddle)
+                   : KeyDeed{};
+    case 's':
+        return {Kind::kSave};
+    case 'o':
+        return {Kind::kOpen};
+    case 'm':
+        return {Kind::kMicrophones};
+    case '?':
+        return {Kind::kHelp};
+    default:
+        return {};
+    }
+}
+
+/// Deliberate: Escape never ends the program, neither by "Quit" nor by the "Ok" of the last
+/// message.
+KeyDeed KeyRules::ofEscape(const ScreenTexts& texts) {
+    if (meaningOf(texts, kRight) == Means::kBack) {
+        return navigation(HostKey::kRightSoft);
+    }
+    const bool closes = isOnly(texts, Means::kOk) && texts.screen != "MessageAndQuit";
+    return closes || isOnly(texts, Means::kStop) ? navigation(HostKey::kMiddle) : KeyDeed{};
+}

@@ -1,0 +1,58 @@
+// A program whose screen the test decides, and which notes the keys it gets.
+#pragma once
+
+#include "Host.h"
+
+#include <string>
+#include <vector>
+
+class FakeDoors : public HostDoors {
+public:
+    using Means = ScreenTexts::Means;
+
+    std::string screenName() override { return shown.screen; }
+
+    int32_t currentEffect() override { return 0; }
+
+    bool navigate(HostKey key) override {
+        keys.push_back(key);
+        return true;
+    }
+
+    bool stopRecording() override { return false; }
+
+    bool saveSound() override { return false; }
+
+    bool useSound(const int16_t*, int32_t) override { return false; }
+
+    int32_t savedCount() override { return 0; }
+
+    std::string savedName() override { return ""; }
+
+    std::vector<uint8_t> canvasPng() override { return {}; }
+
+    ScreenTexts texts() override { return shown; }
+
+    /// A screen with those soft keys. Their words are in no language: only what they do counts.
+    void show(const std::string& screen, Means left, Means middle, Means right) {
+        shown = {};
+        shown.screen = screen;
+        shown.softKeys = {key(left), key(middle), key(right)};
+    }
+
+    /// No soft key, for show().
+    static constexpr auto kNoKey = static_cast<Means>(-1);
+
+    ScreenTexts shown;
+    std::vector<HostKey> keys;
+
+private:
+    static ScreenTexts::Entry key(Means means) {
+        ScreenTexts::Entry entry;
+        if (means != kNoKey) {
+            entry.text = "word " + std::to_string(static_cast<int32_t>(means));
+            entry.means = means;
+        }
+        return entry;
+    }
+};
