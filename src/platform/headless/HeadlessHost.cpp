@@ -50,6 +50,9 @@ void HeadlessHost::setDoors(HostDoors* offered) {
     if (strip != nullptr) {
         strip->setDoors(offered);
     }
+    if (doors == nullptr) {
+        keeper.letGo();
+    }
 }
 
 bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
@@ -114,13 +117,6 @@ std::vector<uint16_t> HeadlessHost::pictureOf(HostFrame& shown) {
 
 void HeadlessHost::say(const std::string& sentence) {
     std::cerr << "murmelo-headless: " << sentence << "\n";
-}
-
-void HeadlessHost::setDoors(HostDoors* offered) {
-    doors = offered;
-    if (doors == nullptr) {
-        keeper.letGo();
-    }
 }
 
 void HeadlessHost::setStorage(int64_t phone, int64_t card) {

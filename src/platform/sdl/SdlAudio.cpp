@@ -80,14 +80,15 @@ std::vector<std::string> SdlAudio::listNames(Kind kind) {
     return names;
 }
 
-std::string SdlAudio::defaultName(Kind kind) const {
-    char* found = nullptr;
-    SDL_AudioSpec format{};
-    if (!ready || SDL_GetDefaultAudioInfo(&found, &format, isCapture(kind)) != 0 ||
-        found == nullptr) {
+std::string SdlAudio::defaultName(Kind kind) {
+    if (!work->isReady || !work->system.try_lock()) {
         return "";
     }
-    const std::string name = found;
+    char* found = nullptr;
+    SDL_AudioSpec format{};
+    const int result = SDL_GetDefaultAudioInfo(&found, &format, isCapture(kind));
+    work->system.unlock();
+    const std::string name = result == 0 && found != nullptr ? found : "";
     SDL_free(found);
     return name;
 }

@@ -36,7 +36,7 @@ public:
     std::vector<std::string> names(Kind kind);
 
     /// Name of the system's default device; empty if it is not known, or before begin().
-    std::string defaultName(Kind kind) const;
+    std::string defaultName(Kind kind);
 
     /// Whether SDL itself has stopped a device that it opened: it was removed, or its server went
     /// away. False for a device that runs, whatever an older event says.
