@@ -33,7 +33,8 @@ def is_named(name, texts):
     elif name.endswith(SOURCES):
         word, where = os.path.relpath(name, "tests"), LISTS
     else:
-        word, where = stem, LISTS + SCRIPTS  # its ending may come from a loop, and Python's modules have none
+        # Its ending may come from a loop, and Python's modules have none. A program's test starts scripts, too.
+        word, where = stem, LISTS + SCRIPTS + SOURCES
     return any(re.search(r"(?<![\w-])%s(?![\w-])" % re.escape(word), text)
                for other, text in texts.items() if other != name and other.endswith(where))
 

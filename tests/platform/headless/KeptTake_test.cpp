@@ -69,7 +69,7 @@ protected:
 
     std::string record(const Recording& recording) const {
         folders.write("voice.wav", TestSounds::wav(recording.voice, 16000));
-        return "mic " + folders.path("voice.wav") + "\ntap 240 368\nkey middle\nwait " +
+        return "mic " + folders.path("voice.wav") + "\ntap 240 554\nkey middle\nwait " +
                std::to_string(recording.stopAfterMs) + "\n";
     }
 
@@ -127,11 +127,11 @@ INSTANTIATE_TEST_SUITE_P(
     KeptTakeLostTest,
     testing::Values("",                                                  // the program ends
                     "key right\n",                                       // "Quit"
-                    "key left\nuntil Options\ntap 240 368\nkey right\n"  // a new one, and "Back"
+                    "key left\nuntil Options\ntap 240 554\nkey right\n"  // a new one, and "Back"
                     "until Options\n",
-                    "key left\nuntil Options\nfail AudioIn.Prepare 1\ntap 240 368\n"
+                    "key left\nuntil Options\nfail AudioIn.Prepare 1\ntap 240 554\n"
                     "until MessageAndQuit\nkey middle\n",
-                    "key left\nuntil Options\ntap 240 368\nfail AudioIn.Start 1\nkey middle\n"
+                    "key left\nuntil Options\ntap 240 554\nfail AudioIn.Start 1\nkey middle\n"
                     "until MessageAndQuit\n",
                     "fail File.Read 1\nkey middle\nwait 100\n",
                     "background\nwait 100\n"));
@@ -170,7 +170,7 @@ TEST_F(KeptTakeTest, aSoundFileIsATakeAsWell) {
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
     run("take " + folders.path("voice.wav") +
         "\nuntil Play\nkey left\nuntil Options\n"
-        "tap 240 368\nkey right\nuntil Options\nlast\nuntil Play\n");
+        "tap 240 554\nkey right\nuntil Options\nlast\nuntil Play\n");
     EXPECT_EQ(voice, kept());
     ASSERT_EQ(2U, takes.size());
     EXPECT_TRUE(takes[0] == takes[1]);
@@ -189,7 +189,7 @@ TEST_F(KeptTakeTest, aRecordingThatAFileDisplacedComesBack) {
 
 TEST_F(KeptTakeTest, aRecordingThatWasNotBegunLeavesTheTakeBefore) {
     const Samples voice = TestSounds::noise(1200 * 16);
-    run(record({voice, 1200}) + "key middle\nuntil Play\nkey left\nuntil Options\ntap 240 368\n"
+    run(record({voice, 1200}) + "key middle\nuntil Play\nkey left\nuntil Options\ntap 240 554\n"
                                 "key right\nuntil Options\nlast\nuntil Play\n");
     EXPECT_EQ(voice, kept());
 }
