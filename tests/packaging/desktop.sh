@@ -20,7 +20,7 @@ appstreamcli validate-tree --no-net "$folder/stage" >"$folder/said" 2>&1 || comp
 
 # As the program knows them, English first.
 mapfile -t languages < <(sed -n 's/^ *{"\([a-z]*\)", "[^"]*"},$/\1/p' "$source/src/platform/host/Languages.h")
-[ "${languages[0]:-}" = en ] && [ ${#languages[@]} -ge 5 ] || complain "the languages are not found: ${languages[*]}"
+[[ ${languages[0]:-} = en && ${#languages[@]} -ge 5 ]] || complain "the languages are not found: ${languages[*]}"
 
 value() { sed -n "s/^$1=//p" "$entry"; }
 for key in Name GenericName Comment Keywords; do

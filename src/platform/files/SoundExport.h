@@ -18,8 +18,8 @@ public:
     /// @param effectWord  empty: left out
     static std::string nameOf(const std::string& savedName, const std::string& effectWord);
 
-    /// Converts a saved sound. At any moment the path leads to what was there before or the whole new
-    /// file.
+    /// Converts a saved sound. At any moment the path leads to what was there before or the whole
+    /// new file.
     /// @param saved   a WAV file of the program
     /// @param path    of the new file, in a folder that is there
     /// @returns what is wrong, without the target's name

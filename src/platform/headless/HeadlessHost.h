@@ -60,7 +60,7 @@ public:
     /// program starts.
     void showStrip();
 
-    void frameShown(HostFrame* newest) override;
+    void frameShown(HostFrame* phones) override;
 
     HostMicrophone* microphone() override { return &copyingEars; }
 

@@ -48,8 +48,8 @@ public:
     /// the samples that it did not take.
     virtual void release() {}
 
-    /// Begins to listen; samples that were not taken before are forgotten. False if there is no such
-    /// device, or it listens already.
+    /// Begins to listen; samples that were not taken before are forgotten. False if there is no
+    /// such device, or it listens already.
     virtual bool start(HostMicrophoneListener& listener) = 0;
 
     /// Stops listening; the listener is not called any more. What was heard until now can still be

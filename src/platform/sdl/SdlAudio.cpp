@@ -88,7 +88,7 @@ std::string SdlAudio::defaultName(Kind kind) {
     SDL_AudioSpec format{};
     const int result = SDL_GetDefaultAudioInfo(&found, &format, isCapture(kind));
     work->system.unlock();
-    const std::string name = result == 0 && found != nullptr ? found : "";
+    std::string name = result == 0 && found != nullptr ? found : "";
     SDL_free(found);
     return name;
 }

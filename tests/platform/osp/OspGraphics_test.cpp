@@ -225,9 +225,9 @@ TEST_F(OspGraphicsTest, aScaledBitmapNamesTheRowsThatShowAChange) {
             const std::vector<uint16_t> after = display();
             const HostFrame::Rows changed = host.frame->takeChanges();
             for (int32_t row = 0; row < kH; row++) {
-                const bool isSame = std::equal(before.begin() + row * kW,
-                                               before.begin() + (row + 1) * kW,
-                                               after.begin() + row * kW);
+                const bool isSame =
+                    std::equal(before.begin() + row * kW, before.begin() + (row + 1) * kW,
+                               after.begin() + row * kW);
                 ASSERT_EQ(!isSame, changed[static_cast<size_t>(row)]) << height << ", " << row;
             }
             before = after;

@@ -220,8 +220,8 @@ TEST_F(RealWindow, aWideWindowHasTheStripBesideThePictureAndBothAreTouched) {
     EXPECT_TRUE(until(isRight));
     hand("mousemove 580 100 mousedown 1 mousemove 400 300 mouseup 1");  // from picture to strip
     hand("mousemove 100 250 click 1 mousemove 100 100 click 1");        // strip, and beside it
-    ASSERT_TRUE(until(
-        [this] { return !heard.notes.empty() && heard.notes.back() == "release 100 10"; }));
+    ASSERT_TRUE(
+        until([this] { return !heard.notes.empty() && heard.notes.back() == "release 100 10"; }));
     ASSERT_LE(5U, heard.notes.size());
     EXPECT_EQ("press 100 260", heard.notes.front());
     EXPECT_EQ((Notes{"release 0 460", "press 100 10", "release 100 10"}),

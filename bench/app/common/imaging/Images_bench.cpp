@@ -47,7 +47,8 @@ struct Pictures {
         for (int32_t i = 0; i < kWidthPx * kHeightPx; i++) {
             const uint32_t alpha =
                 kind == Kind::kMixed ? noise.next() & 255 : discAlpha(i % kWidthPx, i / kWidthPx);
-            src.writableRows(0, src.h)[i] = AppImage::premult(alpha << 24 | (noise.next() & 0xFFFFFF));
+            src.writableRows(0, src.h)[i] =
+                AppImage::premult(alpha << 24 | (noise.next() & 0xFFFFFF));
         }
     }
 

@@ -1,4 +1,5 @@
-// What may stand over the canvas's picture while the program is paused: a question above all screens.
+// What may stand over the canvas's picture while the program is paused: a question above all
+// screens.
 #pragma once
 
 #include <cstdint>

@@ -191,7 +191,8 @@ TEST(AppImage, unpremultiplyingDividesByAlphaAndLeavesTheEndsAlone) {
 TEST(AppImage, wholeImagePremultiplicationMatchesTheModelForEveryAlphaAndLevel) {
     AppImage image(256, 256);
     for (uint32_t i = 0; i < 65536; i++) {
-        image.writableRows(0, image.h)[i] = (i & 255) << 24 | (i >> 8) << 16 | (255 - (i >> 8)) << 8 | (i >> 8);
+        image.writableRows(0, image.h)[i] =
+            (i & 255) << 24 | (i >> 8) << 16 | (255 - (i >> 8)) << 8 | (i >> 8);
     }
     const auto before = pixelsOf(image);
     image.premult();
