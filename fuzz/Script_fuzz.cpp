@@ -62,7 +62,7 @@ void carryOut(std::vector<ScriptCommand> commands) {
         host.pump(program, -1);
     }
     const int32_t status = host.finish();
-    require(host.complaint().empty() == (status == RunVerdict::kOk));
+    require(host.error().empty() == (status == RunVerdict::kOk));
 }
 
 }  // namespace

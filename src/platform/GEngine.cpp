@@ -32,7 +32,7 @@ GEngine::GEngine()
 }
 
 GEngine::~GEngine() {
-    delete pGameInterface;  // null after a termination in good order
+    delete pGameInterface;  // null after a normal termination
     delete pCanvas;
 }
 

@@ -27,7 +27,7 @@ public:
     bool OnAppInitializing(Osp::App::AppRegistry& appRegistry) override;
     bool OnAppTerminating(Osp::App::AppRegistry& appRegistry, bool forcedTermination) override;
 
-    /// Takes a fresh canvas and starts the loop, or starts it again after a pause.
+    /// Takes a new canvas and starts the loop, or starts it again after a pause.
     void OnForeground() override;
     void OnBackground() override;
 
@@ -35,12 +35,12 @@ public:
 
     void OnBatteryLevelChanged(Osp::System::BatteryLevel /*batteryLevel*/) override {}
 
-    /// One frame; neither argument is looked at.
+    /// Makes one frame; both arguments are ignored.
     void OnUserEventReceivedN(Osp::App::RequestId requestId,
                               Osp::Base::Collection::IList* arguments) override;
     int64_t TimeUntilDue() override;
 
-    /// Resumes, but gives no frames: the next foreground does.
+    /// Resumes, but makes no frames; the next foreground does.
     void OnScreenOn() override;
     void OnScreenOff() override;
 
@@ -61,7 +61,7 @@ public:
 
     void OnTouchFocusOut(const Control&, const Point&, const TouchEventInfo&) override {}
 
-    /// The two volume keys; no other key of the phone means anything.
+    /// Handles the two volume keys; every other key of the phone is ignored.
     void OnKeyPressed(const Control& source, Osp::Ui::KeyCode keyCode) override;
 
     void OnKeyReleased(const Control&, Osp::Ui::KeyCode) override {}

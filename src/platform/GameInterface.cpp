@@ -72,7 +72,7 @@ bool& GameInterface::Active = OrmMidlet::active;  // where the screens reach it
 
 GameInterface::GameInterface()
     : drawnRows(kHeightPx) {
-    Active = true;  // a second start in one process begins afresh
+    Active = true;  // for a second start in one process
     Assembly::install();
     pMidlet = new Murmelo();
     pBitmap = new Bitmap();
@@ -221,8 +221,8 @@ bool GameInterface::showEffect(int32_t index) {
     return true;
 }
 
-/// While the question stands the canvas takes nothing but a touch on the soft keys: so a soft key
-/// is one.
+/// While the question is shown the canvas takes only touches on the soft keys, so a soft key is
+/// delivered as a touch.
 bool GameInterface::answerByKey(HostKey key) {
     if (key != HostKey::kLeftSoft && key != HostKey::kRightSoft) {
         return false;

@@ -1,6 +1,6 @@
 // The bridge between the phone's application and the framework: owns the application object, the
-// 240 x 320 bitmap and the graphics that paint into it, and is the one place through which the
-// outside reaches the program.
+// 240 x 320 bitmap and the graphics that paint into it, and is the only way from outside into the
+// program.
 #pragma once
 
 #include "Host.h"
@@ -27,7 +27,7 @@ public:
     void AppInit();
     void AppPause();
 
-    /// Resumes, unless the phone is silent and the question about it stands or is raised now.
+    /// Resumes, unless the phone is silent and the question about it is shown or raised now.
     void AppResume();
     void AppQuit();
 
@@ -65,7 +65,7 @@ private:
     std::vector<uint16_t> canvasPixels() override;
     ScreenTexts texts() override;
 
-    /// Whether the screen is one from which the doors may lead elsewhere.
+    /// True if the host may leave the current screen (to save, or to replace the take).
     static bool isAtRest();
 
     Murmelo* pMidlet;                   // owned

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-/// What a result of the platform is as a program's status: 0 stays success, of a failure the low 16
-/// bits are kept.
+/// Converts a result of the platform to the status of a program: 0 is success, of a failure the low
+/// 16 bits are kept.
 int exitStatusOf(uint32_t platformResult);
 
 /// Runs the application until it ends. 0 is success; of a failure the low 16 bits of its result

@@ -1,4 +1,5 @@
-// The whole program, in place of one call of OspMain(). The host is installed before it is made.
+// The whole program for a host that owns its loop, instead of one call of OspMain(). The host must
+// be installed before it is made.
 #pragma once
 
 #include "EventLoop.h"

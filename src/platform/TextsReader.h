@@ -1,4 +1,5 @@
-// Reads from the screen's furniture what the picture says in words.
+// Reads the texts that the picture shows from the bar, the menu, the message and the progress
+// window.
 #pragma once
 
 #include "ScreenTexts.h"
@@ -8,7 +9,7 @@
 
 class TextsReader {
 public:
-    /// Of the picture as it was painted last; empty before the first screen and after the end.
+    /// The texts of the picture painted last; empty before the first screen and after the end.
     static ScreenTexts read();
 
     /// The name of that effect, as UTF-8; empty outside the catalogue.

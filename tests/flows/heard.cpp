@@ -3,7 +3,7 @@
 //   flow-heard SPEAKER.wav EFFECT VOICE.wav TAKE_MS VOLUME [heard=MS] [clock=MS]
 //
 // TAKE_MS may be "all": the voice was taken as it is. EFFECT is the command line tool's word for
-// it. The take is worked out here anew, from the voice and the effects alone, without a screen.
+// it. The take is worked out again here, from the voice and the effects alone, without a screen.
 #include "ArrFunc.h"
 #include "FxCatalogue.h"
 #include "ShellHost.h"
@@ -65,7 +65,7 @@ int32_t number(const char* text) {
     return static_cast<int32_t>(std::strtol(text, nullptr, 10));
 }
 
-/// The number behind a word of the command line.
+/// The number after a word of the command line.
 std::optional<int32_t> option(int argc, char** argv, const std::string& word) {
     for (int i = 6; i < argc; i++) {
         const std::string argument = argv[i];

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Runs one journey and looks at everything that it leaves behind.
+# Runs one journey and checks everything that it leaves on the disk.
 #
 #   run-flow.sh SCRIPT PROGRAM HEARD SOURCE
 #

@@ -1,5 +1,5 @@
 #!/bin/bash
-# What murmelo-headless answers when something is wrong: one clear sentence and the right status.
+# What murmelo-headless prints when something is wrong: one clear sentence; and its status.
 #
 #   run-status.sh CASE PROGRAM SOURCE
 set -u

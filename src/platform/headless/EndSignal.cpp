@@ -22,7 +22,7 @@ EndSignal::EndSignal() {
     sigemptyset(&action.sa_mask);
     for (size_t i = 0; i < kSignals.size(); i++) {
         sigaction(kSignals[i], nullptr, &before[i]);
-        if (before[i].sa_handler != SIG_IGN) {  // whoever started the program wants it ignored
+        if (before[i].sa_handler != SIG_IGN) {  // the caller wants the signal ignored
             sigaction(kSignals[i], &action, nullptr);
         }
     }

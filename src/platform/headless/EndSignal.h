@@ -1,12 +1,12 @@
-// Signals that ask the program to end: they are heard, and heeded between two callbacks, so that it
-// ends as when the phone ends it.
+// Signals that ask the program to end. Their number is stored, and the program ends between two
+// callbacks, as when the phone ends it.
 #pragma once
 
 #include <array>
 #include <csignal>
 
-/// While one lives, the signals only leave their number; what was set before holds again
-/// afterwards.
+/// While one lives, a signal only stores its number. Its end restores the handlers that were set
+/// before.
 class EndSignal {
 public:
     EndSignal();

@@ -32,7 +32,7 @@ int32_t HeadlessHost::finish() {
 }
 
 void HeadlessHost::yielded() {
-    // Only who yields again and again waits for time to pass.
+    // A program that yields again and again waits for time to pass.
     yieldsSincePump++;
     if (yieldsSincePump > 1) {
         nowMs++;

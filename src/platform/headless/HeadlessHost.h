@@ -1,7 +1,8 @@
-// The back end without a window: a script for hands, a virtual clock, files for ears and eyes.
+// The back end without a window: a script instead of the user's hands, a virtual clock, and files
+// for sound and pictures.
 //
-// When nothing is due, time jumps to whatever comes next, so every run is the same and takes no
-// longer than its work.
+// When nothing is due, time jumps to the next event, so every run is the same and takes no longer
+// than its work.
 #pragma once
 
 #include "CopyingMicrophone.h"
@@ -25,7 +26,7 @@
 
 class HeadlessHost : public Host {
 public:
-    /// @param silent  what the phone is at first, unless the script's first lines say otherwise
+    /// @param silent  true: the phone is silent at first, unless the script says otherwise
     HeadlessHost(HostFolders folders,
                  std::vector<ScriptCommand> script,
                  int64_t clockStartMs,
@@ -33,12 +34,12 @@ public:
     HeadlessHost(const HeadlessHost&) = delete;  // the script's run knows where its host lies
     HeadlessHost& operator=(const HeadlessHost&) = delete;
 
-    /// Works off what the script still expects once the program has ended.
+    /// Checks what the script still expects after the end of the program.
     /// @returns the status of the whole run
     int32_t finish();
 
     /// What went wrong, with its line; empty if nothing did.
-    const std::string& complaint() const { return verdict.complaint(); }
+    const std::string& error() const { return verdict.error(); }
 
     int64_t uptimeMs() override { return nowMs; }
 
@@ -73,9 +74,9 @@ public:
 
     bool fails(const char* operation) override { return failures.fails(operation); }
 
-    // What the script's run sees of the device, and does to it.
+    // For the script's run: reads and changes the state of the device.
 
-    /// Null before the program has opened them, and when it has ended.
+    /// The program's doors; null before the program has opened them and after its end.
     HostDoors* openDoors() { return doors; }
 
     /// Name of the current screen; empty if there is none.

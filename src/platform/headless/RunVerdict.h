@@ -9,8 +9,8 @@ public:
     static constexpr int32_t kOk = 0;
     static constexpr int32_t kFailed = 1;  // an expectation was not met
     static constexpr int32_t kUsage = 2;   // a mistake in the script or on the command line
-    static constexpr int32_t kSignalled =
-        128;  // and the number of the signal that asked for the end
+    /// Plus the number of the signal that asked for the end.
+    static constexpr int32_t kSignalled = 128;
 
     /// True as long as nothing went wrong.
     bool isOk() const { return result == kOk; }
@@ -18,17 +18,16 @@ public:
     int32_t status() const { return result; }
 
     /// What went wrong, with its line; empty if nothing did.
-    const std::string& complaint() const { return failure; }
+    const std::string& error() const { return failure; }
 
-    /// What the script wants is not so.
+    /// Records that an expectation of the script was not met.
     /// @param line  of the script; 0: of none
     void fail(int32_t line, const std::string& message) { settle(kFailed, line, message); }
 
-    /// What cannot be done because the script asks for it wrongly: a file that is not there, a
-    /// place that cannot be written.
+    /// Records a mistake in the script: a file that does not exist, a path that cannot be written.
     void mistake(int32_t line, const std::string& message) { settle(kUsage, line, message); }
 
-    /// A run that was asked to end before its script did not do what the script wanted.
+    /// Records that a signal ended the run before the end of its script.
     void signalled(int32_t line, int signal) {
         settle(kSignalled + signal, line, "ended by signal " + std::to_string(signal));
     }

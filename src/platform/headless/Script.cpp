@@ -93,7 +93,7 @@ std::vector<std::string> choicesOf(const ScriptArgument& argument,
     return choices;
 }
 
-/// That the word is none of those that may stand there.
+/// The sentence that says that the word is not allowed there.
 Problem checkWord(const ScriptVerb& verb,
                   const ScriptArgument& argument,
                   const std::vector<std::string>& screens,

@@ -1,4 +1,4 @@
-// The finger and the keys of a script: what a command means in callbacks of the host.
+// The finger and the keys of a script: turns a command into callbacks of the host.
 #pragma once
 
 #include "Host.h"

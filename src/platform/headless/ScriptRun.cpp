@@ -8,8 +8,7 @@
 
 namespace {
 
-// A program that is due again and again without time going on would never let the script go on
-// either.
+// A program that is due again and again while the time stands still would stop the script for ever.
 constexpr int64_t kMaxFramesAtOnce = 1000000;
 
 bool isUntil(const ScriptCommand& command) {
@@ -89,9 +88,9 @@ void ScriptRun::start(const ScriptCommand& command) {
     command.verb->handler.call(*this, command);
 }
 
-/// An "until" looks at every frame, also while more is due, and begins with the frames of the
-/// command before it: so it meets a screen that lasts only as long as its work. For a screen
-/// that is there already it waits until that screen is there again, at rest.
+/// "until" checks every frame, even while more is due, beginning with the frames of the command
+/// before it: so it notices a screen that is shown only during its work. If the screen is shown
+/// already, it waits until the screen is shown again and nothing is due.
 bool ScriptRun::awaitedScreenCame() {
     const bool untilIsNext =
         !waiting && pending.empty() && next < script.size() && isUntil(script[next]);

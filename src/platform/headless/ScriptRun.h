@@ -18,10 +18,11 @@ public:
     /// @param host, verdict  not owned
     ScriptRun(HeadlessHost& host, RunVerdict& verdict, std::vector<ScriptCommand> script);
 
-    /// Works off the facts of the device with which the script begins: they hold from the start on.
+    /// Carries out the commands at the script's beginning that state facts of the device, so that
+    /// these hold from the start.
     void begin();
 
-    /// To be called first in each pump: sees a signal, and a screen that is watched.
+    /// Must be called first in each pump: checks for a signal, and for the screen that is watched.
     void look();
 
     /// Delivers at most one callback of the script, or lets time pass.
@@ -29,7 +30,7 @@ public:
     /// @returns true if it delivered one
     bool pump(HostListener& listener, int64_t timeoutMs);
 
-    /// Works off what the script still expects once the program has ended.
+    /// Checks what the script still expects after the end of the program.
     void finish();
 
     // What the commands do; ScriptVerb calls them. The arguments are those of the verb's row.
@@ -98,7 +99,7 @@ private:
     bool ended = false;
 
     bool waiting = false;
-    bool stayingStill = false;  // the wait fails if anything falls due before its end
+    bool stayingStill = false;  // the wait fails if anything becomes due before its end
     int64_t waitEndMs = 0;
     std::string awaitedScreen;  // empty: only time counts
     std::string screenBefore;   // when the current command began

@@ -1,5 +1,5 @@
-// The commands of a script, one row for each: the reader of scripts, the run and --list know them
-// from here.
+// The commands of a script, one row for each; the reader of scripts, the run and --list use this
+// table.
 #pragma once
 
 #include <array>
@@ -54,7 +54,7 @@ private:
 // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): a handler has no default
 struct ScriptVerb {
     enum class Sort {
-        kFact,         // holds from the start on if nothing but facts precedes it
+        kFact,         // holds from the start if only facts precede it
         kAction,       // cannot be done once the program has ended
         kExpectation,  // can be met also when the program has ended
     };

@@ -26,7 +26,7 @@ namespace {
 
 constexpr size_t kReadBytes = 4096;
 
-int complain(const std::string& message, int status) {
+int reportError(const std::string& message, int status) {
     std::cerr << "murmelo-headless: " << message << "\n";
     return status;
 }
@@ -124,21 +124,22 @@ int main(int argc, char** argv) {
 
     std::string text;
     if (const Problem problem = readAll(scriptPath, text)) {
-        return complain("the script \"" + scriptPath + "\" cannot be read: " + problem.sentence(),
-                        RunVerdict::kUsage);
+        return reportError("the script \"" + scriptPath +
+                               "\" cannot be read: " + problem.sentence(),
+                           RunVerdict::kUsage);
     }
     std::vector<ScriptCommand> commands;
     if (const Problem mistake = Script::parse(text, screenNames(), commands)) {
-        return complain(scriptPath + ": " + mistake.sentence(), RunVerdict::kUsage);
+        return reportError(scriptPath + ": " + mistake.sentence(), RunVerdict::kUsage);
     }
 
     HostFolders folders;
     FolderLocks locks;
     if (const Problem problem = ProgramFolders::find(home, config, folders)) {
-        return complain(problem.sentence(), RunVerdict::kFailed);
+        return reportError(problem.sentence(), RunVerdict::kFailed);
     }
     if (const Problem problem = locks.take(folders)) {
-        return complain(problem.sentence(), RunVerdict::kFailed);
+        return reportError(problem.sentence(), RunVerdict::kFailed);
     }
     folders.state = state;  // a run leaves nothing in the user's own folder
 
@@ -158,7 +159,7 @@ int main(int argc, char** argv) {
     Host::install(nullptr);
     const int32_t status = host.finish();
     if (status != RunVerdict::kOk) {
-        return complain(scriptPath + ": " + host.complaint(), status);
+        return reportError(scriptPath + ": " + host.error(), status);
     }
     return result == 0 ? RunVerdict::kOk : RunVerdict::kFailed;
 }

@@ -1,4 +1,5 @@
-// Runs one application on the host: callbacks in, user events by need.
+// Runs one application on the host: delivers the host's callbacks, and user events when they are
+// due.
 //
 // A host that owns its loop calls run(). One that does not, as in a browser, calls begin(), then
 // step() whenever it has something to deliver or a due time has come, and end() once step() has
@@ -30,7 +31,7 @@ public:
     /// Lets the application clean up.
     void end();
 
-    /// The application's whole life between its making and its deletion.
+    /// Runs the application from after its creation until before its deletion.
     result run();
 
     void queueUserEvent(RequestId requestId);
@@ -57,8 +58,8 @@ private:
     Application& application;
     RequestId queuedRequest = 0;
     bool queued = false;  // a user event waits
-    bool calledBack =
-        false;  // a callback came since the last user event: the next one is due at once
+    // A callback came since the last user event: the next one is due at once.
+    bool calledBack = false;
     bool ended = false;
     bool endedFromOutside = false;
 };

@@ -1,4 +1,4 @@
-// Ordinary files of the real file system, for the services that stand on them.
+// Ordinary files of the real file system, for the services that use them.
 #pragma once
 
 #include <unistd.h>
@@ -8,7 +8,7 @@ namespace Osp::Io {
 
 class RealPath;
 
-/// Closes a file descriptor when it goes out of sight.
+/// Closes a file descriptor at the end of its scope.
 class Descriptor {
 public:
     explicit Descriptor(int fd)

@@ -1,9 +1,9 @@
 // The phone's application model: life cycle, the queue of user events, and the settings kept
 // between runs.
 //
-// The queue delivers by need. There is never more than one user event in it. It becomes due when
-// the application says that something is due (TimeUntilDue), and at once after every callback of
-// the platform; until then the host sleeps.
+// The queue never has more than one user event. It becomes due when the application says that
+// something is due (TimeUntilDue), and at once after every callback of the platform; until then the
+// host sleeps.
 #pragma once
 
 #include "OspBase.h"
@@ -18,8 +18,8 @@ namespace Osp::App {
 
 using RequestId = int32_t;
 
-/// Settings as text under text keys, in one small file. A change is on disk, whole, when the call
-/// returns.
+/// Settings as text under text keys, in one small file. When a call returns, its change is
+/// completely on the disk.
 class AppRegistry {
 public:
     /// Reads the settings. A file that is damaged is set aside as "settings.damaged" (as
@@ -77,7 +77,7 @@ public:
     AppRegistry* GetAppRegistry() const;
     Osp::Ui::Controls::Frame* GetAppFrame() const;
 
-    /// Queues a user event. One that waits already stands for this one too.
+    /// Queues a user event, unless one is queued already.
     result SendUserEvent(RequestId requestId, const Osp::Base::Collection::IList* arguments);
 
     /// Ends the loop after the current callback.

@@ -51,7 +51,7 @@ public:
 
     bool operator!=(const String& other) const { return text != other.text; }
 
-    /// Whether other stands in this text at the given position.
+    /// True if this text contains other at the given position.
     bool StartsWith(const String& other, int32_t from) const;
     bool EndsWith(const String& other) const;
 
@@ -116,7 +116,7 @@ namespace Runtime {
 
 class Thread {
 public:
-    /// Gives way to whatever else the machine has to do. Delivers no event and ends nothing.
+    /// Yields to other work of the machine. Delivers no event and ends nothing.
     static void Yield();
 };
 

@@ -6,7 +6,7 @@ namespace Osp::Base {
 
 namespace {
 
-constexpr int32_t kMostBytes = 1 << 26;  // more is a mistake, not a buffer
+constexpr int32_t kMaxBytes = 1 << 26;  // more is a mistake, not a buffer
 
 }  // namespace
 
@@ -38,7 +38,7 @@ void BufferBase::setCapacity(int32_t newCapacity) {
 }
 
 result ByteBuffer::Construct(int32_t capacityBytes) {
-    if (capacityBytes < 0 || capacityBytes > kMostBytes || !bytes.empty()) {
+    if (capacityBytes < 0 || capacityBytes > kMaxBytes || !bytes.empty()) {
         return E_FAILURE;
     }
     bytes.resize(static_cast<size_t>(capacityBytes));

@@ -48,8 +48,8 @@ public:
     /// All zero, the limit at the capacity. Once for each object.
     result Construct(int32_t capacityBytes);
 
-    /// Takes over what lies between the other's position and its limit, and stands at the first of
-    /// it with the limit behind the last. Fails, and changes nothing, if that is more than fits.
+    /// Copies what lies between the other's position and its limit; the position is then at the
+    /// first copied byte, the limit after the last. Fails, and changes nothing, if it does not fit.
     result CopyFrom(const ByteBuffer& other);
 
     unsigned char* GetPointer() { return bytes.data(); }

@@ -7,7 +7,7 @@ namespace Osp::Graphics {
 
 namespace {
 
-constexpr int32_t kMostPixels = 4096 * 4096;
+constexpr int32_t kMaxPixels = 4096 * 4096;
 
 uint16_t toRgb565(uint32_t argb) {
     return static_cast<uint16_t>(((argb & 0xF80000) >> 8) | ((argb & 0xFC00) >> 5) |
@@ -41,7 +41,7 @@ void doubleRow(const uint16_t* __restrict source,
 
 result Bitmap::Construct(const Dimension& wanted, BitmapPixelFormat format) {
     if (format != BITMAP_PIXEL_FORMAT_RGB565 || wanted.width < 1 || wanted.height < 1 ||
-        wanted.width > kMostPixels / wanted.height) {
+        wanted.width > kMaxPixels / wanted.height) {
         return E_FAILURE;
     }
     size = wanted;

@@ -47,7 +47,7 @@ private:
 /// RGB565 is the one format that the display and the bitmaps have.
 enum BitmapPixelFormat { BITMAP_PIXEL_FORMAT_RGB565 = 1 };
 
-/// What Bitmap::Lock tells about the pixel memory.
+/// What Bitmap::Lock returns about the pixel memory.
 struct BufferInfo {
     int32_t width = 0;
     int32_t height = 0;
@@ -68,8 +68,7 @@ public:
 
     result Construct(const Dimension& wanted, BitmapPixelFormat format);
 
-    /// The memory stays where it is for the bitmap's life, locked or not. The time limit means
-    /// nothing here.
+    /// The memory does not move during the bitmap's life, locked or not. The time limit is ignored.
     result Lock(BufferInfo& info, int32_t timeoutMs);
 
     /// Anything may have been drawn since Lock().
@@ -93,9 +92,8 @@ private:
 
 /// The 480 x 800 display.
 ///
-/// Fills and bitmaps are kept as they come and worked out when the frame is presented or pictured;
-/// a bitmap shows what it holds at that moment. A fill of the whole display forgets everything
-/// before it.
+/// Fills and bitmaps are only stored; their pixels are worked out when the frame is presented or
+/// read, from what the bitmap holds then. A fill of the whole display drops everything before it.
 class Canvas : public Osp::Base::Object, private HostFrame {
 public:
     Canvas() = default;
@@ -111,7 +109,7 @@ public:
     /// pixels.
     result DrawBitmap(const Rectangle& destination, const Bitmap& bitmap, const Rectangle& source);
 
-    /// Hands the finished frame to the outside. Never waits.
+    /// Passes the finished frame to the host. Never waits.
     result Show();
 
 private:

@@ -40,8 +40,8 @@ public:
     /// Bytes read: 0 at the end, -1 if the file is not open or the read failed.
     int32_t Read(void* buffer, int32_t lengthBytes);
 
-    /// Fails if not every byte could be written. A block goes to the system at once, so that a full
-    /// disk is reported by the call that met it; single bytes collect until the next block or
+    /// Fails if not every byte could be written. A block is passed to the system at once, so that a
+    /// full disk is reported by the same call; single bytes collect until the next block or
     /// Flush().
     result Write(const void* buffer, int32_t lengthBytes);
 
@@ -61,7 +61,7 @@ public:
     /// True for folders too, with or without the last "/".
     static bool IsFileExist(const Osp::Base::String& path);
 
-    /// Removes an ordinary file. A folder, a symbolic link and whatever else there is stay.
+    /// Removes an ordinary file; fails for a folder, a symbolic link and everything else.
     static result Remove(const Osp::Base::String& path);
 
     /// Makes a path free for a new file: an ordinary file is removed, anything else (a folder, a
@@ -107,7 +107,7 @@ public:
     explicit DirEnumerator(std::vector<DirEntry> entries)
         : entries(std::move(entries)) {}
 
-    /// Steps to the next entry; fails behind the last one.
+    /// Moves to the next entry; fails after the last one.
     result MoveNext();
 
     DirEntry GetCurrentDirEntry() const { return entries[static_cast<size_t>(index)]; }

@@ -37,8 +37,8 @@ public:
     /// again.
     virtual void OnAudioInBufferIsFilled(Osp::Base::ByteBuffer* buffer) = 0;
 
-    /// The microphone died. What it had heard came before, the last buffer filled in part. The
-    /// recorder counts as recording until it is stopped.
+    /// The microphone was lost. What it had heard was delivered before this, in a last, partly
+    /// filled buffer. The recorder counts as recording until it is stopped.
     virtual void OnAudioInErrorOccurred(AudioInErrorReason reason) = 0;
     virtual void OnAudioInInterrupted() = 0;
     virtual void OnAudioInReleased() = 0;
@@ -63,7 +63,7 @@ public:
                    AudioChannelType channelType,
                    int32_t rateHz);
 
-    /// Queues an empty buffer (not owned) with room for one sample at least. Whatever comes while
+    /// Queues an empty buffer (not owned) with room for one sample at least. Sound that comes while
     /// none is queued waits for the next.
     result AddBuffer(Osp::Base::ByteBuffer* buffer);
     result Start();
@@ -91,8 +91,8 @@ private:
     void handOver(Osp::Base::ByteBuffer* filled);
     bool deliverRest();
 
-    /// Says that the microphone died, if it did. Waits until it is known what becomes of the take:
-    /// a pause still throws it away.
+    /// Reports the loss of the microphone, if it was lost. Called only when it is known what
+    /// happens to the take, because a pause still deletes it.
     void sayLoss(bool isTakeKept);
     void silence();
     void release();
@@ -130,8 +130,8 @@ public:
     virtual void OnPlayerEndOfClip() = 0;
     virtual void OnPlayerBuffering(int32_t percent) = 0;
 
-    /// The speaker died. OnPlayerEndOfClip follows even if the player is closed in here, but not if
-    /// it is deleted or plays again.
+    /// The speaker was lost. OnPlayerEndOfClip follows even if the player is closed in here, but
+    /// not if it is deleted or plays again.
     virtual void OnPlayerErrorOccurred(PlayerErrorReason reason) = 0;
     virtual void OnPlayerInterrupted() = 0;
     virtual void OnPlayerReleased() = 0;
@@ -147,7 +147,7 @@ public:
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
 
-    /// Silent at once; the listener hears no more.
+    /// Silent at once; the listener is not called any more.
     ~Player() override;
 
     /// @param listener     not owned
@@ -155,8 +155,8 @@ public:
     result Construct(IPlayerEventListener& listener, const void* videoBuffer);
 
     /// Reads a sound of the plain form (44 bytes of header, 16 bits, mono, any usual rate) and
-    /// refuses every other. The result says all: OnPlayerOpened is not called.
-    /// @param isAsync  false: nothing opens behind the program's back
+    /// refuses every other. The result reports everything: OnPlayerOpened is not called.
+    /// @param isAsync  must be false: nothing is opened in the background
     result OpenFile(const Osp::Base::String& path, bool isAsync);
 
     /// 0 to kMaxVolume.

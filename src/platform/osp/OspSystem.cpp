@@ -10,8 +10,9 @@ namespace Osp::System {
 
 namespace {
 
-// What a signed 32-bit count of bytes can say; more than enough room is still enough room.
-constexpr int64_t kMostBytesReported = 0x7FFFFFFF;
+// The largest number of bytes that a signed 32-bit integer holds; more free space is reported as
+// this.
+constexpr int64_t kMaxBytesReported = 0x7FFFFFFF;
 
 }  // namespace
 
@@ -43,7 +44,7 @@ result RuntimeInfo::GetValue(const String& key, int64_t& value) {
     if (bytes < 0 || hostFails("RuntimeInfo.GetValue")) {
         return E_FAILURE;
     }
-    value = std::min(bytes, kMostBytesReported);
+    value = std::min(bytes, kMaxBytesReported);
     return E_SUCCESS;
 }
 

@@ -8,7 +8,7 @@
 
 namespace Osp::Io {
 
-/// What becomes of a path whose last part is a symbolic link.
+/// What to do with a path whose last part is a symbolic link.
 enum class LastLink {
     kFollow,  // it is the path that the link leads to
     kKeep,    // it is the link itself

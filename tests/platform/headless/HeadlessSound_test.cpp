@@ -80,7 +80,7 @@ TEST_F(HeadlessSoundTest, twentySecondsAreRecordedAndHeardAgain) {
         [] { EXPECT_TRUE(AudioDev::stopRec()); },
     };
     run("mic " + folders.path("voice.wav") + "\nvolume up\nwait 20000\nvolume up\n");
-    EXPECT_EQ(0, status) << host->complaint();
+    EXPECT_EQ(0, status) << host->error();
     EXPECT_EQ(TestSounds::wav(TestSounds::part(voice, 0, 320000), 16000),
               folders.read("home/take.wav"));
 }
@@ -103,7 +103,7 @@ TEST_F(HeadlessSoundTest, theEndComesAtItsExactTimeAndTheSpeakerKeepsWhatWasPlay
     };
     run("speaker " + folders.path("heard.wav") +
         "\nwait 500\nvolume up\nwait 1000\nvolume up\nwait 1\nvolume up\n");
-    EXPECT_EQ(0, status) << host->complaint();
+    EXPECT_EQ(0, status) << host->error();
     const Samples heard = TestSounds::samplesOf(folders.read("heard.wav"));
     ASSERT_EQ(8004U, heard.size());
     EXPECT_EQ(clip[8003] * 90 / 100, heard[8003]);
@@ -112,13 +112,13 @@ TEST_F(HeadlessSoundTest, theEndComesAtItsExactTimeAndTheSpeakerKeepsWhatWasPlay
 TEST_F(HeadlessSoundTest, aMicrophoneFileThatCannotBeReadIsAMistakeInItsLine) {
     run("wait 1\nmic " + folders.path("missing.wav") + "\nwait 1\n");
     EXPECT_EQ(2, status);
-    EXPECT_EQ(0U, host->complaint().find("line 2: ")) << host->complaint();
+    EXPECT_EQ(0U, host->error().find("line 2: ")) << host->error();
 }
 
 TEST_F(HeadlessSoundTest, aSpeakerFileThatCannotBeWrittenIsAMistakeInItsLine) {
     run("speaker " + folders.path("missing/heard.wav") + "\n");
     EXPECT_EQ(2, status);
-    EXPECT_EQ(0U, host->complaint().find("line 1: ")) << host->complaint();
+    EXPECT_EQ(0U, host->error().find("line 1: ")) << host->error();
 }
 
 TEST_F(HeadlessSoundTest, theScriptCanFailEachOperation) {

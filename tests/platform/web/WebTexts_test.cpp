@@ -11,8 +11,8 @@ TEST(WebTexts, quotesWhatJsonWantsQuoted) {
 
 TEST(WebTexts, nameTheFieldsOfAScreen) {
     ScreenTexts texts;
-    texts.language =
-        std::string("de");  // a literal confuses gcc's search for what is not initialised
+    // A literal causes a false warning of gcc about an uninitialised value.
+    texts.language = std::string("de");
     texts.screen = "Options";
     texts.entries = {{"Aufnahme", {10, 89, 220, 31}, true}};
     texts.progressQ10 = 512;

@@ -127,7 +127,7 @@ void play(benchmark::State& state, int32_t effect) {
         OspMain(1, arguments);
         Host::install(nullptr);
         if (host.finish() != RunVerdict::kOk || host.delaySeconds() < 0) {
-            state.SkipWithError(host.complaint().c_str());
+            state.SkipWithError(host.error().c_str());
             return;
         }
         state.SetIterationTime(host.delaySeconds());

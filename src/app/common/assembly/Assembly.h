@@ -1,11 +1,12 @@
-// The roof over the application's rooms: fills in what the frame needs of the rooms above it.
+// Connects the parts of the application: fills in what the frame needs from the folders that depend
+// on it.
 #pragma once
 
 #include "Roof.h"
 
 class Assembly : public Roof {
 public:
-    /// Before an application object is made. Installing again does no harm.
+    /// Must be called before an application object is made. A second call changes nothing.
     static void install();
 
     const ClassListEntry* classes(int32_t& count) override;

@@ -3,7 +3,7 @@
 
 class GlobalsMaker {
 public:
-    /// Needs every class initialised that stands before G in the class list.
+    /// Every class before G in the class list must be initialised.
     static void make();
     static void free();
 

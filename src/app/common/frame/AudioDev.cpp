@@ -15,8 +15,8 @@ using Osp::Media::Player;
 
 namespace {
 
-// 0.75 s of sound. The "Stop" key appears with the first filled buffer: larger ones would keep it
-// away longer.
+// 0.75 s of sound. The "Stop" key appears with the first filled buffer: with larger buffers it
+// would appear later.
 constexpr int32_t kBufferBytes = 24000;
 
 constexpr int32_t kFirstVolume = 50;
@@ -107,8 +107,8 @@ bool AudioDev::queueBuffers() {
     for (ByteBuffer** buffer : {&__pByteBuffer1, &__pByteBuffer2, &__pByteBuffer3}) {
         *buffer = new ByteBuffer();
         (*buffer)->Construct(kBufferBytes);
-        // Deliberate: only the third is looked at. With one or two the recording still runs, only
-        // with less time to write each.
+        // Deliberate: only the third result is checked. With one or two buffers the recording still
+        // runs, but has less time to write each.
         last = pRecorder->AddBuffer(*buffer);
     }
     return last == E_SUCCESS;
@@ -159,7 +159,7 @@ bool AudioDev::stopRec() {
     }
     pRecorder->Unprepare();
     if (Orm::isPaused()) {
-        // Deliberate: the header stays zero. A take that a pause has interrupted is thrown away.
+        // Deliberate: the header stays zero. A take that a pause has interrupted is deleted.
         deleteRecord();
     } else if (hasRecorderStopped() && record != nullptr) {
         writeHeader();
@@ -182,7 +182,8 @@ bool AudioDev::hasRecorderStopped() {
 void AudioDev::writeHeader() {
     WavProps props(recordLength >> 1);
     props.toByteArray(recordFileHeader, 0);
-    // A header anywhere else would be heard. Without one the take is no sound, and loading says so.
+    // A header anywhere else would be heard as noise. Without one the take is no sound, and loading
+    // it fails with a message.
     if (record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0) == E_SUCCESS) {
         record->Write(recordFileHeader, WavProps::kHeaderBytes);
     }
@@ -193,7 +194,7 @@ void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {
     if (record == nullptr) {
         return;
     }
-    // What follows a lost buffer would be heard with a gap before it.
+    // Samples after a lost buffer would be heard with a gap before them.
     isCutShort = isCutShort || record->Write(*buffer) != E_SUCCESS;
     if (hasRecorderStopped()) {
         writeHeader();
@@ -243,7 +244,7 @@ void AudioDev::changeVolume(int32_t direction) {
     if (direction < 0) {
         volumeLevel -= volumeLevel >= kVolumeStep ? kVolumeStep : 0;
     } else {
-        // Deliberate: 90 is the loudest; the last tenth is left to the phone.
+        // Deliberate: 90 is the largest volume; the last tenth of the phone's range is not used.
         volumeLevel += volumeLevel <= kHighestRaisedVolume ? kVolumeStep : 0;
     }
     if (pPlayer != nullptr && !isSilent) {

@@ -1,5 +1,5 @@
-// The door to sound: records the microphone straight into a WAV file, plays a WAV file. One thing
-// at a time.
+// The interface to sound: records the microphone directly into a WAV file, or plays a WAV file. It
+// does only one of the two at a time.
 #pragma once
 
 #include "Array.h"
@@ -36,26 +36,27 @@ public:
     static constexpr int32_t kRecording = 3;
     static constexpr int32_t kPlaying = 4;
 
-    /// Prepares a recording into the file at path, which is emptied. Only when ready.
-    /// True here and below: done; false leaves the state as it was.
+    /// Prepares a recording into the file at path, which is emptied. Only when ready. This and the
+    /// following operations return true on success; on false the state is as it was.
     static bool initRec(String* path);
 
-    /// Starts to listen. Only after initRec.
+    /// Starts to record. Only after initRec.
     static bool startRec();
 
-    /// Stops listening and finishes the file.
+    /// Stops recording and finishes the file.
     static bool stopRec();
 
     /// Plays a WAV file.
-    /// @param endEvent  name of the event to schedule once it was heard to its end; not owned
+    /// @param endEvent  name of the event to schedule at the end of the file; not owned
     static bool startPlay(String* path, String* endEvent);
     static bool stopPlay();
 
     /// One step down for a negative direction, else one up.
     static void changeVolume(int32_t direction);
 
-    /// Appends a filled buffer to the file. One that comes after the stop mends the header too.
-    /// After one that could not be written whole nothing more is appended, only counted.
+    /// Appends a filled buffer to the file. A buffer that comes after the stop corrects the header
+    /// too. After a buffer that could not be written whole, later ones are only counted, not
+    /// appended.
     static void ConsumeBuffer(ByteBuffer* buffer);
 
     static void static_ctor();

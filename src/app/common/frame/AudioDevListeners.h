@@ -1,5 +1,5 @@
-// What the microphone and the player tell: both work on the state of AudioDev and have none of
-// their own.
+// The listeners to the microphone and to the player. Both work on the state of AudioDev and have
+// none of their own.
 #pragma once
 
 #include "AudioDev.h"
@@ -7,7 +7,8 @@
 
 class AudioDev::AudioInListener : public Osp::Media::IAudioInEventListener {
 public:
-    /// Writes the buffer to the take and queues it again. Not while the application is paused.
+    /// Writes the buffer to the take and queues it again; does nothing while the application is
+    /// paused.
     void OnAudioInBufferIsFilled(ByteBuffer* buffer) override;
 
     void OnAudioInErrorOccurred(Osp::Media::AudioInErrorReason /*reason*/) override {}
@@ -21,7 +22,7 @@ class AudioDev::PlayerListener : public Osp::Media::IPlayerEventListener {
 public:
     void OnPlayerOpened(result r) override;
 
-    /// Deliberate: the device counts as playing until the screen has heard the event and stops it.
+    /// Deliberate: the device counts as playing until the screen receives the event and stops it.
     void OnPlayerEndOfClip() override;
     void OnPlayerErrorOccurred(Osp::Media::PlayerErrorReason reason) override;
 

@@ -1,5 +1,5 @@
-// What may stand over the canvas's picture while the program is paused: a question above all
-// screens.
+// A question that is painted over the canvas's picture while the program is paused, above every
+// screen.
 #pragma once
 
 #include <cstdint>

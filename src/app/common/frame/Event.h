@@ -1,5 +1,5 @@
-// Something that falls due: a name, a second name, a payload and a time, linked into the list of
-// what is pending.
+// Something that becomes due: a name, a second name, a payload and a time, linked into the list of
+// pending events.
 #pragma once
 
 #include "ClassLife.h"
@@ -26,13 +26,14 @@ public:
 
     virtual void insertBeforeMe(Event* event);
 
-    /// Only for the tail: an old successor's link back is not mended.
+    /// Only at the end of the list: the link back of an old successor is not corrected.
     virtual void insertAfterMe(Event* event);
 
-    /// Leaves the list. Whoever detaches the head moves the head on first.
+    /// Leaves the list. To detach the first event, the caller first moves the list's head to the
+    /// next one.
     virtual void detachMe();
 
-    /// A new string for eyes; the caller deletes it.
+    /// A new string to be read by people; the caller deletes it.
     virtual Osp::Base::String* toString();
 
     Osp::Base::String* type = nullptr;

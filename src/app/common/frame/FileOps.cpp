@@ -26,7 +26,7 @@ int32_t lowWord(const char* key) {
     return static_cast<int32_t>(static_cast<uint32_t>(bytes));
 }
 
-/// The number behind the prefix, or -1 if the name is not one of ours. A sixth digit is not read.
+/// The number after the prefix, or -1 if the name is not one of ours. A sixth digit is not read.
 int32_t numberOf(const String& name, const String& prefix, const String& suffix) {
     if (!name.StartsWith(prefix, 0) || !name.EndsWith(suffix)) {
         return -1;
@@ -134,8 +134,8 @@ FileOps::getNextAvailableName(const String& folder, const String& prefix, const 
     }
     name->Append(suffix);
     if (highest == kHighestNumber) {
-        // Deliberate: the bare name, without its folder, so nothing goes; the new sound then
-        // overwrites the old one.
+        // Deliberate: the bare name, without its folder, so nothing is deleted; the old sound is
+        // moved aside when the new one is copied.
         File::Remove(*name);
     }
     return name;

@@ -1,12 +1,12 @@
-// Files and folders above the level of sound: what exists, what goes, what the next saved sound is
-// called.
+// Operations on files and folders: tests, deletes, copies, and finds the name of the next saved
+// sound.
 #pragma once
 
 #include "OspBase.h"
 
 #include <cstdint>
 
-/// Each operation is true only when the platform reports success.
+/// Each operation returns true only if the platform reports success.
 class FileOps {
 public:
     using String = Osp::Base::String;
@@ -14,13 +14,13 @@ public:
     static bool exists(const String& path);
     static bool exists(String* folder, String* name);
 
-    /// False too if there is no such file. What is no ordinary file is not deleted but moved aside,
+    /// False too if there is no such file. Anything but an ordinary file is not deleted but renamed
     /// to "NAME.aside-N".
     static bool deleteFile(const String& path);
     static bool deleteFile(String* folder, String* name);
 
-    /// Deletes what lies at the path, or moves it aside as deleteFile does. True too if nothing
-    /// lies there: the path is free then.
+    /// Deletes what has the path, or moves it aside as deleteFile does. Returns true if the path is
+    /// free then, also if nothing was there.
     static bool makeWay(const String& path);
 
     /// True too if the path exists. Parents are not made.
@@ -32,11 +32,12 @@ public:
     /// An existing target is moved aside, to "NAME.aside-N".
     static bool copyKeeping(const String& source, const String& target);
 
-    /// False if there is a file of that name, whenever it came; that file stays as it is.
-    /// @param isTaken  set to whether it was for such a file that the copy failed
+    /// False if there is a file of that name, even one that appears during the copy; that file is
+    /// not changed.
+    /// @param isTaken  set to true if the copy failed because of such a file, else to false
     static bool copyToFree(const String& source, const String& target, bool& isTaken);
 
-    /// Free bytes (the low 32 bits of what the phone says), -1 when unknown.
+    /// Free bytes (the low 32 bits of what the phone reports), -1 if unknown.
     static int32_t getAvailMemCard();
     static int32_t getAvailPhone();
 
@@ -48,7 +49,7 @@ public:
 
     static void setRoot() {}
 
-    /// Always false; nobody asks.
+    /// Always false; has no caller.
     static bool testWrite(String* /*path*/, int32_t /*bytes*/) { return false; }
 
     static void static_ctor();

@@ -133,7 +133,7 @@ void G::setMrmFolderUri(String* uri) {
 }
 
 bool G::usesMemCard() {
-    assert(mrmFolderUri != nullptr);  // the start names the folder before any screen asks
+    assert(mrmFolderUri != nullptr);  // the start names the folder before any screen needs it
     return mrmFolderUri->StartsWith(*FileOps::URI_MEM_CARD_ROOT, 0);
 }
 

@@ -1,5 +1,5 @@
-// The application's globals: screens, names of its events, subscription lists, folders, the current
-// effect.
+// The application's global objects: screens, names of its events, subscription lists, folders, the
+// current effect.
 #pragma once
 
 #include <cstdint>
@@ -28,16 +28,16 @@ public:
     /// The folder of the user's sounds. The setter keeps a copy.
     static String* getMrmFolderUri() { return mrmFolderUri; }
 
-    /// Deliberate: the copy kept before is not freed; whoever was given it may still hold it.
+    /// Deliberate: the old copy is not freed; a caller that got it may still use it.
     static void setMrmFolderUri(String* uri);
 
-    /// Whether that folder is on the memory card. Only once it is set.
+    /// True if that folder is on the memory card. Only once it is set.
     static bool usesMemCard();
 
     /// Names the working folder and the two temporary files.
     static void setDirTones();
 
-    /// Where in the user's folder the take lies, and what the effect has made of it.
+    /// Paths of the take and of the effect's result in the user's folder.
     static String takePath();
     static String resultPath();
 
@@ -112,10 +112,10 @@ public:
     static State* statePlay;
     static State* statePlaying;
     static State* stateSave;
-    static Process*
-        stateProcess;  // the processing job in hand or the last one; owned, null before the first
+    /// The current processing job, or the last one; owned, null before the first.
+    static Process* stateProcess;
 
-    static WavProc* fxMicPostProc;  // applied to every fresh take
+    static WavProc* fxMicPostProc;  // applied to every new take
     static WavProc* fxObjClip;      // null: nothing uses it
 
 private:

@@ -1,4 +1,4 @@
-// Hears of the events whose names it subscribes to, while it is registered with the scheduler.
+// Receives the events whose names it subscribes to, while it is registered with the scheduler.
 #pragma once
 
 #include "GnoObject.h"
@@ -7,7 +7,7 @@ class Event;
 
 class Listener : public GnoObject {
 public:
-    /// May schedule, unschedule, register, unregister and pause freely.
+    /// Receives an event. May schedule, unschedule, register, unregister and pause.
     /// @param event  lives only during the call
     virtual void onEvent(Event* event) = 0;
 

@@ -101,7 +101,7 @@ int32_t* Murmelo::loadLastRec8Khz() {
     String path = G::takePath();
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
-        Roof::installed->enterFileError();  // no screen is left standing without keys
+        Roof::installed->enterFileError();  // no screen is left without keys
     }
     return samples;
 }

@@ -17,7 +17,7 @@ class Color;
 
 class Murmelo : public OrmMidlet {
 public:
-    /// The first run asks for the language, every later one goes on to the splash picture.
+    /// The first run asks for the language, every later one begins with the splash picture.
     void onInit() override;
     void onShutDown() override;
 
@@ -34,8 +34,8 @@ public:
     /// there is no such sound.
     static int32_t* loadWavTo8Khz(Osp::Base::String& uri);
 
-    /// Writes samples as an 8 kHz WAV file over whatever lies at the path. False if not every byte
-    /// could be written; nothing is left there then.
+    /// Writes samples as an 8 kHz WAV file and replaces a file of that path. False if not every
+    /// byte could be written; no file is left then.
     static bool save8KhzWav(const int32_t* samples, Osp::Base::String* path);
 
     /// The last recording. Null if there is none that can be read: the fatal message stands on the
@@ -49,8 +49,8 @@ public:
     static void static_dtor();
 
     static constexpr uint32_t kFirstRunArgb = 0xFF202020;
-    static constexpr uint32_t kLaterRunArgb =
-        0xFF101010;  // a shade darker once the language is known
+    // A shade darker once the language is known.
+    static constexpr uint32_t kLaterRunArgb = 0xFF101010;
 
     static Array<signed char> TempHdrBuf;  // of 44: header of the file being read or written
     static Array<signed char> TempSmpBuf;  // of 20480: samples on their way to or from a file

@@ -162,8 +162,7 @@ void Orm::setReceivers(String* type) {
 }
 
 void Orm::deliverToReceivers(Event* event) {
-    // A handler may pause, which chooses receivers of its own: the row of this delivery stands
-    // apart from that.
+    // A handler may pause, which chooses other receivers: this delivery keeps a list of its own.
     Vector row(receivers->size());
     for (int32_t i = 0; i < receivers->size(); i++) {
         row.addElement(receivers->elementAt(i));
@@ -256,6 +255,6 @@ signed char* Orm::getPersistentMemory(String* /*name*/) {
 
 void Orm::printEvents() {
     for (Event* event = firstEvent; event != nullptr; event = event->next) {
-        // Nothing is printed: a place to stop at with a debugger.
+        // Nothing is printed; a debugger can stop here.
     }
 }

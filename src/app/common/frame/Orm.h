@@ -1,5 +1,5 @@
-// The scheduler: what is pending, in time order, and who listens. All of the program's logic runs
-// from here.
+// The scheduler: the pending events in time order, and the listeners. All of the program's logic is
+// called from here.
 //
 // Event names are identities: one string object for each name, made by the class initialiser here
 // or by G, and compared by address. Two string objects with equal text are different names.
@@ -26,26 +26,27 @@ class Orm {
 public:
     using String = Osp::Base::String;
 
-    /// Pends an event for delivery delayMs from now, behind everything due at the same time.
+    /// Schedules an event to be delivered delayMs from now, after every event that is due at the
+    /// same time.
     /// @param payload  not owned
     static void schedEvent(String* type, String* subType, GnoObject* payload, int32_t delayMs);
 
     /// Removes every pending event of that type and, unless subType is null, of that sub-type.
     static void unschedule(String* type, String* subType);
 
-    /// Registers once, at the end of the list. Not owned.
+    /// Registers a listener at the end of the list, unless it is registered already. Not owned.
     static void registerListener(Listener* listener);
     static void unregisterListener(Listener* listener);
 
-    /// Chooses who receives events of that type: in registration order, by their subscriptions of
-    /// this moment.
+    /// Chooses the listeners that receive events of that type: in the order of registration, by
+    /// their present subscriptions.
     static void setReceivers(String* type);
 
-    /// Delivers to the receivers chosen last; whatever a handler registers or chooses meanwhile,
-    /// the row stays.
+    /// Delivers to the receivers chosen last. What a handler registers or chooses meanwhile does
+    /// not change this list.
     static void deliverToReceivers(Event* event);
 
-    /// Delivers "SysPause" or "SysResume" at once; on resume, what is pending keeps its remaining
+    /// Delivers "SysPause" or "SysResume" at once; at a resume, pending events keep their remaining
     /// delay.
     static void setPaused(bool pause);
 
@@ -72,12 +73,12 @@ public:
     /// Decodes a picture; null if it cannot be. The caller owns it, and the stream.
     static AppImage* loadImage(InputStream* in);
 
-    /// Keeps nothing: the record store behind it is inert.
+    /// Keeps nothing: the record store does not store anything.
     static void setPersistentMemory(String* name, signed char* data);
     static signed char* getPersistentMemory(String* name);
 
-    /// Do nothing: a debugging hook, a dialogue that no phone showed, the loop that GEngine runs, a
-    /// picture's file.
+    /// These do nothing: a debugging hook, a dialogue that no phone showed, a loop (GEngine runs
+    /// it), the file of a picture.
     static void printEvents();
 
     static void alertAndWait(String* /*title*/, String* /*text*/) {}
@@ -108,7 +109,7 @@ public:
     static Event* firstEvent;  // head of what is pending, sorted by time; owned
     static Vector* listeners;  // in registration order
     static Vector* receivers;  // of the event in delivery
-    static Bounds* tb;         // scratch for flush
+    static Bounds* tb;         // working space of flush
     static OrmCanvas* canvas;  // owned
     static OrmMidlet* midlet;  // set by its own constructor
     static bool paused;

@@ -17,9 +17,9 @@ using Osp::Graphics::RowMarks;
 namespace {
 
 constexpr int32_t kNoPress = -1;
-constexpr int32_t kSwipePx =
-    99;  // a drag longer than this is a key; shorter, and a nervous tap would turn the page
-constexpr int32_t kGreen = 0x80FF00;  // never seen in normal running
+// A drag longer than this is a key. If it were shorter, an unsteady tap would turn the page.
+constexpr int32_t kSwipePx = 99;
+constexpr int32_t kGreen = 0x80FF00;  // not visible in normal operation
 
 String* keyName(int32_t keyCode) {
     switch (keyCode) {
@@ -128,7 +128,8 @@ void OrmCanvas::paintPicture(GnoGraphics* g, RowMarks& rows) {
     }
 }
 
-/// What stands over the picture is painted for as long as it stands, and never into it.
+/// The overlay is painted on each frame while it is shown, and the canvas's own picture is put back
+/// after it.
 void OrmCanvas::paintOverlay(GnoGraphics* g, RowMarks& rows) {
     AppImage below(screen);
     overlay->paint();

@@ -43,7 +43,7 @@ public:
     /// @param g  still shows what the last call left there, and nothing else was drawn into it
     void paintChanges(GnoGraphics* g);
 
-    /// A press alone does nothing but remember its place.
+    /// A press only stores its place.
     void pointerPressed(int32_t x, int32_t y) override;
 
     /// Each 100 pixels of horizontal travel are one left or right key.
@@ -54,7 +54,7 @@ public:
     /// One tick: delivers at most one event, however many are due.
     virtual void run();
 
-    /// Paints nothing: no phone of this program was ever turned.
+    /// Paints nothing: no display of this program is ever turned.
     virtual void paintWRMessage(GnoGraphics* /*g*/) {}
 
     AppImage* getScreen() const { return screen; }
@@ -65,7 +65,7 @@ public:
     static bool wrongRes;                 // the display is landscape
     static bool showIsSilentPopup;        // the silent-mode question stands on the screen
     static bool silentPopupShown;         // it was raised since the last resume that was not silent
-    static bool safeToShowIsSilentPopup;  // a screen has said that it may be raised
+    static bool safeToShowIsSilentPopup;  // a screen allows it to be raised
 
 private:
     void dynamic_ctor();

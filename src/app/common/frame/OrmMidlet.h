@@ -1,5 +1,5 @@
-// Base of the application object: runs every class's initialiser when it is made and every
-// finaliser when it goes.
+// Base of the application object: runs every class initialiser when it is made and every class
+// finaliser when it is deleted.
 #pragma once
 
 #include "MIDlet.h"
@@ -22,8 +22,8 @@ public:
     static void static_ctors();
 
     /// All class finalisers, in that same order.
-    /// Deliberate: not reversed. A class finalised late may not use what an earlier one has
-    /// released.
+    /// Deliberate: not reversed. A class that is finalised late must not use what an earlier one
+    /// has released.
     static void static_dtors();
 
     static bool active;  // cleared when the user quits: one more frame, then the program ends

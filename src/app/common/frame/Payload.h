@@ -1,5 +1,5 @@
 // An event's payload is a pointer that also carries a plain 32-bit word: this pair, and nothing
-// else, converts. A touch travels as such a word too: x in its high half, y in the low one.
+// else, converts. The position of a touch is such a word too: x in its high half, y in the low one.
 #pragma once
 
 #include "Arithmetic.h"
@@ -9,7 +9,7 @@
 class GnoObject;
 
 inline GnoObject* wordToPayload(int32_t word) {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): a word that travels; nobody follows it
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number that is never used as an address
     return reinterpret_cast<GnoObject*>(static_cast<uintptr_t>(static_cast<uint32_t>(word)));
 }
 
@@ -17,7 +17,7 @@ inline int32_t payloadToWord(const GnoObject* payload) {
     return static_cast<int32_t>(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(payload)));
 }
 
-/// A negative y reaches into x, and arrives as 65536 more; listeners live with both.
+/// A negative y overwrites x's half: x arrives as -1, y as y + 65536. Listeners expect both.
 inline GnoObject* positionToPayload(int32_t x, int32_t y) {
     return wordToPayload(wrapShl(x, 16) | y);
 }

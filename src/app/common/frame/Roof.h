@@ -1,5 +1,5 @@
-// What the frame needs of the rooms above it. The assembly fills it in before the application
-// object is made; the frame includes nothing from up there.
+// What the frame needs from the folders that depend on it. The assembly fills it in before the
+// application object is made; the frame includes nothing from those folders.
 #pragma once
 
 #include <cstdint>

@@ -24,7 +24,8 @@ Screenshooter::~Screenshooter() {
     }
 }
 
-/// By the event's text, not one of the shared names: a key that no phone of this program had.
+/// Compares the event's text, because this key, which no phone of this program had, has no shared
+/// name.
 bool Screenshooter::asksForPicture(Event* event) {
     return event->type == Orm::EV_T_KEY_PRESS && event->subType != nullptr &&
            *event->subType == String(kKey);

@@ -1,5 +1,4 @@
-// Takes the screen's picture on one key. Where it would be stored is nobody's yet: see
-// Orm::dumpToFile.
+// Takes a picture of the screen on one key. It is stored nowhere: see Orm::dumpToFile.
 #pragma once
 
 #include "Array.h"
@@ -15,7 +14,7 @@ public:
 
     Osp::Base::String** getSubscriptions() override { return subscriptions; }
 
-    /// Whether it is a press of the key that asks for the picture.
+    /// True if the event is a press of the key that takes the picture.
     static bool asksForPicture(Event* event);
 
 private:

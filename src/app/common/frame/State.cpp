@@ -8,8 +8,8 @@ State* State::currState;
 
 void State::setState(State* next, bool dropKeys, bool dropUpdates) {
     if (currState != nullptr) {
-        Orm::unregisterListener(
-            currState);  // first: what onExit schedules is not for the old screen
+        // First, because what onExit schedules is not for the old screen.
+        Orm::unregisterListener(currState);
         currState->onExit();
     }
     if (dropKeys) {

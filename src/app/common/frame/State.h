@@ -1,5 +1,5 @@
-// A screen: a listener that is registered only while it is the current one. Screens change here and
-// nowhere else.
+// A screen: a listener that is registered only while it is the current one. Screens are changed
+// only here.
 #pragma once
 
 #include "Listener.h"
@@ -12,11 +12,11 @@ public:
     /// Leaves the current screen, if any, and enters the next.
     /// @param next         not owned, never null; the current screen itself may be left and entered
     /// again
-    /// @param dropKeys     forgets key presses and releases that were meant for the old screen
+    /// @param dropKeys     drops key presses and releases that were meant for the old screen
     /// @param dropUpdates  stops the old screen's animation
     static void setState(State* next, bool dropKeys, bool dropUpdates);
 
-    /// Forgets the key presses and releases that still wait.
+    /// Drops the key presses and releases that are still pending.
     static void dropKeyEvents();
 
     static void static_ctor() { currState = nullptr; }

@@ -1,4 +1,4 @@
-// What the pieces of screen furniture share: text by id, straight onto the screen's picture.
+// What bar, menu and message share: drawing text by its id onto the screen's picture.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ public:
     static constexpr int32_t kAboveCentrePx = -24;
 
     /// Draws a text of the table in the current language, cut at the screen's edges; nothing if
-    /// text or font is missing. (x, y) is the top left corner of its ink and line.
+    /// text or font is missing. x is the left edge of its ink, y the top of its line.
     static void drawText(int32_t strId, int32_t fntId, int32_t x, int32_t y, uint32_t argb);
 
     /// Width of its ink in pixels, 0 if text or font is missing.

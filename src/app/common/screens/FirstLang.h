@@ -1,4 +1,5 @@
-// The first start: the user picks a language, and every text follows the focus at once.
+// The first start: the user chooses a language; all texts are shown in the language that has the
+// focus.
 #pragma once
 
 #include "Screen.h"

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What an effect looks like; the sound of it stands in FxCatalogue.
+/// What an effect looks like; FxCatalogue says how it sounds.
 struct Look {
     const int32_t* nameId;
     const char* picture;  // its name carries the place on the screen

@@ -9,10 +9,11 @@ class PixProps;
 
 class Header {
 public:
-    /// Once, when fonts and pictures exist.
+    /// Called once, after fonts and pictures are registered.
     static void init();
 
-    /// What to show: the arrows, the name of the current effect, and which arrow is held down.
+    /// Sets what paint() shows: the arrows, the name of the current effect, and which arrow is held
+    /// down.
     static void set(bool showArrows, bool showFxName, bool leftPressed, bool rightPressed);
 
     /// @param withBg  first the background picture

@@ -1,5 +1,5 @@
-// The choice of the language, as the first start and the main menu offer it: every text follows the
-// focus at once.
+// The choice of the language, as the first start and the main menu offer it. All texts are shown in
+// the language that has the focus.
 #pragma once
 
 #include <cstdint>

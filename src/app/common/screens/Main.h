@@ -12,7 +12,7 @@ public:
     /// longer on the screen until each is painted again.
     static void coverFurniture();
 
-    /// Without a clip: over the whole screen, and whatever stood there is gone.
+    /// Without a clip: paints the whole screen, and covers everything that was there.
     static void paintBg();
     static void paintBg(Bounded* clip, PixProps* props);
 

@@ -140,7 +140,7 @@ void Menu::paint() {
     G::psFocusBar->paintOn(G::scr, 0, 0, G::scrB, nullptr);
     for (int32_t i = 0; i < length(entries); i++) {
         PaTextLabel* entry = entries[i];
-        // The text may have changed its language, and with it its width.
+        // The language of the text may have changed, and so its width.
         entry->refresh();
         Bounds::setPos(entry, kLeftPx + (kWidthPx - entry->getWidth()) / 2,
                        firstY + i * pitchPx() + kBetweenPx / 2);
@@ -157,7 +157,7 @@ void Menu::paint() {
 void Menu::moveFocus(int32_t by) {
     const int32_t count = length(strIds);
     if (count == 0) {
-        return;  // nothing to go around
+        return;  // no entry to move to
     }
     focused = (focused + by + count) % count;
     paint();

@@ -1,8 +1,8 @@
 // A list of entries in a glass window, one of which has the focus.
 //
 // Up and down move the focus around both ends; the middle soft key chooses; a touch on an entry
-// focuses and chooses it in one go. An entry is thirty pixels of the canvas high, a comfortable
-// sixty on the display.
+// focuses and chooses it at once. An entry is thirty pixels of the canvas high, which is sixty on
+// the display: large enough for a finger.
 #pragma once
 
 #include "Array.h"
@@ -15,8 +15,8 @@ class PaTextLabel;
 
 class Menu {
 public:
-    /// Replaces the entries by one label for each string id. Behind the window lies the recorder
-    /// with the current creature, until a colour or a picture is set.
+    /// Replaces the entries by one label for each string id. The window's background is the
+    /// recorder with the current creature, until a colour or a picture is set.
     /// @param ids  counted array, copied
     static void init(const int32_t* ids);
 
@@ -24,7 +24,7 @@ public:
     /// three entries; a longer list stays in the middle.
     static void layOnRecorder();
 
-    /// A plain colour behind the window; always opaque.
+    /// Sets a plain colour as the window's background; always opaque.
     static void setBgCol(uint32_t argb);
 
     static void setBgImg(int32_t id) { bgImgId = id; }
@@ -39,14 +39,15 @@ public:
     /// Focuses the first entry with that id, or the first of all.
     static void setFocusedStrId(int32_t id);
 
-    /// The window and its entries over their background, so that the glass never darkens.
+    /// Paints the background, the window and its entries; painting the translucent window twice
+    /// makes it no darker.
     static void paint();
 
-    /// Moves the focus and paints, if the event asks for it. @returns the id of the entry chosen,
+    /// Moves the focus and paints, if the event requires it. @returns the id of the entry chosen,
     /// or Res::Null
     static int32_t update(Event* event);
 
-    /// Whether it stands on the screen: from paint() until a whole picture covers it.
+    /// True if the menu is on the screen: from paint() until a whole picture covers it.
     static bool isVisible() { return visible; }
 
     // Where a touch meets the entries: one below the other, each pitchPx() high.

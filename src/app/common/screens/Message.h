@@ -12,11 +12,11 @@ public:
     static void setText(int32_t textId, int32_t fontId);
     static void setText(int32_t headId, int32_t headFont, int32_t bodyId, int32_t bodyFont);
 
-    /// The box and its texts. The glass darkens what lies below it: the screen paints its
-    /// background first.
+    /// The box and its texts. The box is translucent and darkens what lies below it, so the screen
+    /// must paint its background first.
     static void paint();
 
-    /// Whether it stands on the screen: from paint() until a whole picture covers it.
+    /// True if the message is on the screen: from paint() until a whole picture covers it.
     static bool isVisible() { return visible; }
 
     static void static_ctor();

@@ -17,11 +17,12 @@ public:
     /// Texts are those of the current language; any other kind says "Error".
     explicit MessageAndQuit(int32_t kind);
 
-    /// Makes one and enters it at once: whoever calls this is no longer the current screen. It is
-    /// kept until the program ends.
+    /// Makes one and enters it at once; the calling screen is no longer the current one. It is kept
+    /// until the program ends.
     static void enter(int32_t kind);
 
-    /// The same over the plain picture: a window that stands on the screen would show through.
+    /// The same over the plain picture, because a window on the screen would be seen through the
+    /// box.
     static void enterOnPicture(int32_t kind);
 
     /// The one that was entered last; null before the first.

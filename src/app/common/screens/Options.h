@@ -15,7 +15,7 @@ public:
 
     void onEvent(Event* event) override;
 
-    /// False while the help text or the language list stands in the menu's place.
+    /// False while the help text or the language list is shown instead of the menu.
     bool isMenuShown() const { return mode == kMenu; }
 
 private:

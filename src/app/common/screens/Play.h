@@ -1,4 +1,4 @@
-// The choice of the effect: left and right turn to the next one, "Play" lets it be heard.
+// The choice of the effect: left and right turn to another one, "Play" plays it.
 #pragma once
 
 #include "Screen.h"

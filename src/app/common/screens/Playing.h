@@ -1,4 +1,4 @@
-// The processed take is heard, and the wheels turn.
+// Plays the processed take while the wheels turn.
 #pragma once
 
 #include "Screen.h"

@@ -14,21 +14,21 @@ class Process : public Screen {
 public:
     /// @param samples    8 kHz; owned from now on
     /// @param processor  not owned
-    /// @param path       where the result goes; owned from now on
-    /// @param next       entered when it is there
+    /// @param path       of the file for the result; owned from now on
+    /// @param next       entered when the result is written
     /// @param back       entered when the work is interrupted
     Process(
         int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
     ~Process() override;
 
-    /// Deletes the job before (G::stateProcess), makes the next one with the same arguments as the
-    /// constructor's, and enters it.
+    /// Deletes the last job (G::stateProcess), makes the next one with the constructor's arguments,
+    /// and enters it.
     static void
     enter(int32_t* samples, WavProc* processor, Osp::Base::String* path, State* next, State* back);
 
     void onEnter() override;
 
-    /// Forgets samples, processor, next screen and path: a job runs once.
+    /// Drops samples, processor, next screen and path: a job runs only once.
     void onExit() override;
     void onEvent(Event* event) override;
 

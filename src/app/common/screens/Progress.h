@@ -1,4 +1,5 @@
-// A glass window with a caption and a bar that fills: recording, and working.
+// A translucent window with a caption and a progress bar, for a recording and for the work on a
+// sound.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +10,8 @@ class PaTextArea;
 
 class Progress {
 public:
-    /// Paints the window over whatever stands on the screen, the caption, and the bar at 0. The
-    /// screen paints its background first.
+    /// Paints the window over the present picture, with the caption and the bar at 0. The screen
+    /// paints its background first.
     static void paintInit(int32_t captionId);
 
     /// Paints the bar alone, unless it stands there as it would be painted.
@@ -18,7 +19,7 @@ public:
     static void paintProgress(int32_t progress);
     static void flushProgress();
 
-    /// Whether the window stands on the screen: from paintInit() until a whole picture covers it.
+    /// True if the window is on the screen: from paintInit() until a whole picture covers it.
     static bool isVisible() { return visible; }
 
     static void static_ctor();

@@ -3,6 +3,6 @@
 
 class Quit {
 public:
-    /// The frame in hand is painted, and then the program ends.
+    /// The current frame is painted, and then the program ends.
     static void now();
 };

@@ -1,4 +1,4 @@
-// Ready to record: the microphone is prepared, and waits for the word.
+// Ready to record: the microphone is prepared, and the user starts the recording.
 #pragma once
 
 #include "Screen.h"

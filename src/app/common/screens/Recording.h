@@ -1,4 +1,4 @@
-// The take is being recorded: the light blinks, the wheels turn, the bar fills for twenty seconds.
+// Records the take: the light blinks, the wheels turn, the bar fills within twenty seconds.
 #pragma once
 
 #include "Screen.h"

@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kLastName = "rec_99999.wav";
 
-// Another program that puts files into the folder would have to be this quick each time.
+// Attempts when another program takes the chosen name first.
 constexpr int32_t kMaxTries = 10;
 
 }  // namespace
@@ -38,7 +38,7 @@ Save::~Save() = default;
 
 void Save::onEnter() {
     if (G::getLastPlayedFx() != G::getCurrFx()) {
-        // Whatever screen it comes from, the progress stands on the plain picture.
+        // The progress is always shown on the plain picture, whatever screen was shown before.
         Header::set(false, false, false, false);
         Main::paintBgAndFx();
         SkBar::clear();

@@ -1,4 +1,4 @@
-// Copies the processed take to the next free numbered name and says where it lies.
+// Copies the processed take to the next free numbered name and shows the path.
 #pragma once
 
 #include "Screen.h"
@@ -10,16 +10,16 @@ public:
     Save();
     ~Save() override;
 
-    /// A stale result is made anew first; this screen is then entered again.
+    /// An outdated result is first made again; then this screen is entered again.
     void onEnter() override;
 
     void onEvent(Event* event) override;
 
-    /// How many sounds were saved in this run.
+    /// The number of sounds saved in this run.
     int32_t getSavedCount() const { return savedCount; }
 
-    /// Name of the file chosen last; the file of that name is whole once the count has risen. Null
-    /// before the first.
+    /// Name of the file chosen last. The file is complete once the count has increased. Null before
+    /// the first.
     const Osp::Base::String* getSavedName() const { return name.get(); }
 
     static void static_ctor();

@@ -1,5 +1,5 @@
-// What most screens have in common: they hear of keys, touches and updates, and have nothing to do
-// when they are left.
+// What most screens have in common: they receive keys, touches and updates, and do nothing when
+// they are left.
 #pragma once
 
 #include "State.h"
@@ -10,7 +10,7 @@ public:
 
     Osp::Base::String** getSubscriptions() override;
 
-    // Those of State are not for each screen to run.
+    // State's class initialiser and finaliser must not run once for each screen.
     using ClassLife::static_ctor;
     using ClassLife::static_dtor;
 };

@@ -18,12 +18,12 @@
 
 namespace {
 
-constexpr int32_t kBlurPx =
-    16;  // screen pixels for each strip pixel: the picture is a smear of motion
+// Screen pixels for each pixel of the strip: the moving picture is a smear.
+constexpr int32_t kBlurPx = 16;
 constexpr int32_t kStripColumns = 30;  // two screens' worth
 constexpr int32_t kDoneQ10 = 1024;
-constexpr int32_t kSlideMs =
-    180;  // longer, and turning through the effects feels slow; shorter, and nobody sees it
+// If it were longer, turning through the effects would feel slow; if shorter, it would not be seen.
+constexpr int32_t kSlideMs = 180;
 
 // Where a picture of the screen stands in the strip (in screen pixels), so that the window of half
 // the strip shows it in its own place at the slide's two ends.

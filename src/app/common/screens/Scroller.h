@@ -1,9 +1,9 @@
 // The strip in which the effects' creatures stand, and slide when the user turns to the next one.
 //
-// What the user sees of a slide: scroll() paints its three positions at once, which no display
-// shows, and chooses the effect. Then startSlide() and slide() play it again for the eye, a frame
-// for each "Update" of the screen, without a wait anywhere; the last frame is the sharp picture,
-// and any key or touch meets a program that has long arrived.
+// scroll() paints the three positions of a slide at once, which no display shows, and chooses the
+// effect. Then startSlide() and slide() play the slide for the user, one frame for each "Update" of
+// the screen, without waiting; the last frame is the sharp picture. A key or a touch during the
+// slide already belongs to the new effect.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ class Bounds;
 
 class Scroller {
 public:
-    /// Once, when the effects exist.
+    /// Called once, after the effects are made.
     static void init();
 
     /// Prepares a slide from the current effect to the one before it (left) or after it, around
@@ -37,7 +37,7 @@ public:
     /// Begins to show the slide that scroll() has just made.
     static void startSlide(int32_t nowMs);
 
-    /// Paints where the slide is by now. @returns false once the sharp picture stands
+    /// Paints the slide as it is at this time. @returns false once the sharp picture is painted
     static bool slide(int32_t nowMs);
 
     static void static_ctor();

@@ -36,7 +36,7 @@ void SilentQuestion::offer() {
 
 void SilentQuestion::raise() {
     OrmCanvas::showIsSilentPopup = true;
-    // First, because a screen may give its work up at a pause and leave other soft keys.
+    // First, because a screen may end its work at a pause and set other soft keys.
     Orm::setPaused(true);
     SkBar::save();
     OrmCanvas::silentPopupShown = true;
@@ -49,7 +49,7 @@ void SilentQuestion::resume() {
         return;  // paused until the question is answered
     }
     if (silent && OrmCanvas::showIsSilentPopup) {
-        return;  // it still stands: answers are taken only while the scheduler is paused
+        return;  // still shown: answers are taken only while the scheduler is paused
     }
     Orm::canvas->showNotify();
     if (!silent) {
@@ -57,7 +57,7 @@ void SilentQuestion::resume() {
     }
 }
 
-/// The phone is no longer silent: nothing is left to ask.
+/// The phone is no longer silent: removes the question.
 void SilentQuestion::withdraw() {
     OrmCanvas::silentPopupShown = false;
     AudioDev::isSilent = false;

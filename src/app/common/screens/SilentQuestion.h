@@ -1,5 +1,5 @@
-// The question whether sounds are wanted although the phone is silent. It stands above every screen
-// while the program is paused, and takes the soft keys for itself.
+// The question whether sounds are wanted although the phone is silent. It is shown above every
+// screen while the program is paused, with soft keys of its own.
 #pragma once
 
 #include "CanvasOverlay.h"
@@ -9,16 +9,16 @@ public:
     /// The phone's own setting; false if it cannot be read.
     static bool isPhoneSilent();
 
-    /// The menu is shown: from now on the question may be raised, and it is if the phone is silent
-    /// and it was not asked yet.
+    /// Called when the menu is shown: from now on the question may be raised, and it is raised now
+    /// if the phone is silent and the question was not asked yet.
     static void offer();
 
-    /// Pauses the program and raises the question over the screen that the pause leaves. Does no
-    /// harm if the pause has raised it already.
+    /// Pauses the program and raises the question over the screen that is shown after the pause.
+    /// Does nothing if the pause has raised it already.
     static void raise();
 
-    /// The phone is back from the background: raises the question if it is due, resumes the program
-    /// if no question stands.
+    /// Called when the phone is back from the background: raises the question if it is due, and
+    /// resumes the program if there is no question.
     static void resume();
 
     /// "Yes" (left), "No" (right) and the question over the current picture.

@@ -56,7 +56,7 @@ void SkBar::static_ctor() {
 }
 
 void SkBar::static_dtor() {
-    // A question that still stands leaves the painters of the screen below it here.
+    // If a question is still shown, the painters of the screen below it are kept here.
     s_paTxt.reset();
     s_paTxt2.reset();
     s_psWndBg.reset();

@@ -15,20 +15,20 @@ class String;
 
 class SkBar {
 public:
-    static constexpr int32_t kHeightPx =
-        32;  // rows 288 to 319: tall enough for a thumb on the doubled display
+    // Rows 288 to 319: tall enough for a thumb on the doubled display.
+    static constexpr int32_t kHeightPx = 32;
 
-    /// Once, when fonts and pictures exist.
+    /// Called once, after fonts and pictures are registered.
     static void init();
 
     /// Three labels (string ids, Res::Null for none); no key is held down any more.
     static void setStr(int32_t lsk, int32_t msk, int32_t rsk);
 
-    /// No label, painted: the screen takes no key for a while.
+    /// Sets no labels and paints the bar: the screen takes no key for a while.
     static void clear();
 
-    /// Keeps labels and message painters aside, and puts fresh painters in their place: a question
-    /// is raised over the screen. Nothing happens if something is kept already.
+    /// Called when a question is raised over the screen: keeps the labels and the message painters,
+    /// and replaces the painters with new ones. Does nothing if something is kept already.
     static void save();
 
     /// Puts back what save() kept; nothing if it kept nothing.
@@ -38,16 +38,16 @@ public:
     /// painting
     static void paint(bool withBg);
 
-    /// The label's id of the soft key that the event chooses, or Res::Null.
-    /// @param repaint  paints and flushes the bar afterwards, whatever the event was
+    /// Returns the label's id of the soft key that the event chooses, or Res::Null.
+    /// @param repaint  paints and flushes the bar afterwards, for every event
     static int32_t update(Event* event, bool repaint);
 
-    /// Whether the bar stands on the screen: from paint() until a whole picture covers it. With no
+    /// True if the bar is on the screen: from paint() until a whole picture covers it. With no
     /// label it is an empty strip.
     static bool isVisible() { return visible; }
 
-    /// Sub-name of the soft key at that point of the screen, with a label or without; null beside
-    /// them all. Each has a third of the bar.
+    /// Sub-name of the soft key at that point of the screen, with a label or without; null outside
+    /// the bar. Each has a third of the bar.
     static Osp::Base::String* keyAt(int32_t x, int32_t y);
 
     /// Middle of the soft key of that sub-name.

@@ -31,8 +31,7 @@ constexpr int32_t kTooLittleBytes = 1024;
 }  // namespace
 
 void Splash::onEnter() {
-    // Nothing that could end a pause reaches the program while a screen is being entered, so this
-    // waits outside.
+    // A pause cannot end while a screen is being entered, so the rest is done later.
     waitsForResume = Orm::isPaused();
     if (!waitsForResume) {
         begin();
@@ -40,7 +39,7 @@ void Splash::onEnter() {
 }
 
 void Splash::begin() {
-    SkBar::setStr(Res::Null, Res::Null, Res::Null);  // the pictures leave no bar
+    SkBar::setStr(Res::Null, Res::Null, Res::Null);  // the bar is not painted below the pictures
     Main::coverFurniture();
     paintPicture("/Res/splash_top.png", kTopHeightPx, 0);
     paintPicture("/Res/splash_eu.png", kBottomHeightPx, kTopHeightPx);
@@ -68,7 +67,7 @@ void Splash::paintPicture(const char* path, int32_t h, int32_t y) {
     stream->close();
 }
 
-/// Shows the fatal message itself when it answers false.
+/// Returns false if sounds cannot be kept; then it has shown the fatal message.
 bool Splash::enoughStorage() {
     const int32_t card = FileOps::getAvailMemCard();
     const int32_t phone = FileOps::getAvailPhone();

@@ -1,4 +1,4 @@
-// The start picture; behind it, the check whether this phone can keep sounds at all.
+// The start picture. While it is shown, checks that this phone can keep sounds.
 #pragma once
 
 #include "Screen.h"
@@ -7,7 +7,7 @@ class AppImage;
 
 class Splash : public Screen {
 public:
-    /// While the program is paused nothing happens yet: the rest follows when it goes on.
+    /// While the program is paused nothing happens; the rest is done after the resume.
     void onEnter() override;
 
     void onEvent(Event* event) override;

@@ -28,7 +28,7 @@ constexpr int32_t kMaxSamples = WavFile::kRecordedRateHz / 1000 * Recording::kTa
 void TakeJob::enter() {
     int32_t* samples = Murmelo::loadLastRec8Khz();
     if (samples == nullptr) {
-        return;  // the message stands already
+        return;  // the message is shown already
     }
     Main::paintBgAndFx();
     SkBar::clear();
@@ -44,8 +44,8 @@ void TakeJob::bringBack(const int16_t* samples, int32_t count) {
     G::deleteRecordedAndProcessed();
     G::setLastPlayedFx(-1);
     if (FileOps::exists(G::resultPath())) {
-        MessageAndQuit::enterOnPicture(
-            MessageAndQuit::kFileError);  // as when a recording finds it in its way
+        // As when a recording cannot remove it.
+        MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }
     if (!write(samples, count)) {

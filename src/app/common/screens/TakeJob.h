@@ -1,18 +1,18 @@
-// What becomes of every fresh take: the clean-up, and then the choice of the effect.
+// What happens to every new take: it is cleaned up, and then the user chooses the effect.
 #pragma once
 
 #include <cstdint>
 
 class TakeJob {
 public:
-    /// Loads the take on file and enters the processing screen. Without a take the fatal message
-    /// stands afterwards.
+    /// Loads the take on file and enters the processing screen. Without a take it shows the fatal
+    /// message.
     static void enter();
 
-    /// Puts a sound in the place of the take, and goes on as after a recording. What was processed
-    /// before is gone.
+    /// Replaces the take with a sound, and goes on as after a recording. The result of the old take
+    /// is deleted.
     /// @param samples  16 kHz mono
-    /// @param count    at least 1; what goes beyond the longest take is left out
+    /// @param count    at least 1; samples after the longest take are left out
     static void use(const int16_t* samples, int32_t count);
 
     /// The same with a take that was recorded before: nothing is left out. A recording that ended

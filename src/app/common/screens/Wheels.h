@@ -1,4 +1,4 @@
-// The wheels in the recorder's window, turning while a tape would.
+// The wheels in the recorder's window, which turn during recording and playing.
 #pragma once
 
 #include <cstdint>

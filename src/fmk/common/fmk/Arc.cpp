@@ -60,7 +60,7 @@ Arc::Direction Arc::direction(int64_t deg) {
     }
 }
 
-/// Above 0 if (x, y) lies counter-clockwise of the direction.
+/// Greater than 0 if (x, y) lies counter-clockwise of the direction.
 int64_t Arc::cross(const Direction& a, int64_t x, int64_t y) {
     return a.xQ30 * y - a.yQ30 * x;  // |x|, |y| below 2**30
 }
@@ -69,7 +69,7 @@ bool Arc::isBetweenAngles(int32_t u, int32_t v) const {
     if (sweepDeg == 0 || sweepDeg >= kFullDeg) {
         return sweepDeg != 0;
     }
-    const int64_t x = int64_t{u} * h;  // the ellipse drawn out to a circle
+    const int64_t x = int64_t{u} * h;  // the ellipse stretched to a circle
     const int64_t y = int64_t{v} * w;
     const int64_t fromStart = cross(start, x, y);
     const int64_t fromEnd = cross(end, x, y);

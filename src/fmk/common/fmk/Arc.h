@@ -28,7 +28,8 @@ public:
     /// The point lies in the ellipse or on it.
     bool isInEllipse(int32_t u, int32_t v) const { return excess(u, v) <= 0; }
 
-    /// Calls plot(u, v) for the outline's points between the angles; some come more than once.
+    /// Calls plot(u, v) for each point of the outline between the angles, for some points more than
+    /// once.
     template <typename Plot>
     void outline(Plot plot) const;
 
@@ -51,7 +52,7 @@ private:
     Direction end;
 };
 
-/// Above 0 outside the ellipse, below 0 inside.
+/// Greater than 0 outside the ellipse, less than 0 inside, 0 on it.
 inline int64_t Arc::excess(int64_t u, int64_t v) const {
     const int64_t ww = int64_t{w} * w;
     const int64_t hh = int64_t{h} * h;

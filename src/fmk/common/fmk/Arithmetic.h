@@ -1,5 +1,5 @@
-// 32-bit arithmetic that says what it means: wrapping where wrapping is wanted, and one way from
-// float to integer.
+// 32-bit arithmetic with names for what happens: sums that wrap, comparisons of times, and one way
+// from float to integer.
 #pragma once
 
 #include <cstdint>
@@ -19,8 +19,8 @@ constexpr int32_t wrapMul(int32_t a, int32_t b) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b));
 }
 
-/// Whether a comes before b on a clock of 32 bits that wraps round: times up to 2^31 - 1 apart keep
-/// their order.
+/// True if a comes before b on a clock of 32 bits that wraps round. Correct for times that are at
+/// most 2^31 - 1 apart.
 constexpr bool timeBefore(int32_t a, int32_t b) {
     return wrapSub(a, b) < 0;
 }
@@ -30,8 +30,8 @@ constexpr int32_t wrapShl(int32_t a, int32_t shift) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) << shift);
 }
 
-/// Truncates toward zero; out of range saturates, not-a-number becomes 0. Three choices of a value
-/// and no jump, so that a loop of conversions becomes vector instructions.
+/// Truncates toward zero; out of range saturates, not-a-number becomes 0. Written as three
+/// selections without a jump, so that a loop of conversions becomes vector instructions.
 constexpr int32_t toInt32(double value) {
     const double number = value == value ? value : 0.0;
     const double fromBelow = number > -2147483648.0 ? number : -2147483648.0;

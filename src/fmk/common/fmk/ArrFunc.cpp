@@ -28,7 +28,7 @@ void* newBlock(size_t bytes, uint32_t count) {
     assert(count <= kArrayLengthMask);
     void* block = std::calloc(1, kElement0Bytes + bytes);
     if (block == nullptr) {
-        throw std::bad_alloc();  // as the platform's own allocation does; nobody catches it
+        throw std::bad_alloc();  // as the platform's own allocation does; it ends the program
     }
     void* array = static_cast<char*>(block) + kElement0Bytes;
     setHeader(array, count);

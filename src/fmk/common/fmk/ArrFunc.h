@@ -2,8 +2,9 @@
 // length.
 //
 // Low 24 bits of the header: element count. Bit 24: the elements are counted arrays themselves.
-// Element 0 is aligned to 16 bytes; the padding that this needs lies in front of the header, never
-// behind it. The memory is zero-filled. Who makes an array frees it with deleteArrFunc.
+// Element 0 is aligned to 16 bytes; the padding that this needs lies before the header, never
+// between it and element 0. The memory is zero-filled. The creator of an array frees it with
+// deleteArrFunc.
 #pragma once
 
 #include <cassert>
@@ -15,12 +16,11 @@ constexpr int32_t kMaxArrayLength = 0xFFFFFF;
 constexpr uint32_t kArrayLengthMask = kMaxArrayLength;
 
 /// A new zero-filled array of bytes / elemSize elements (at most kMaxArrayLength; the caller checks
-/// sizes from outside). file and line name the place that asked, for a debugger.
+/// sizes from outside). file and line name the calling place, for a debugger.
 void* newArrFunc(int32_t bytes, int32_t elemSize, const char* file, int32_t line);
 
 /// Two levels: an outer array of bytes0 / 4 pointers, each to a new array of bytes1 bytes. Callers
-/// count 4 bytes for a row whatever a pointer's size is; the outer block has room for real
-/// pointers.
+/// always count 4 bytes for a row; the outer block has room for real pointers, which may be larger.
 void* newArrFunc(int32_t bytes0, int32_t bytes1, int32_t elemSize, const char* file, int32_t line);
 
 /// Three levels, in the same way.
@@ -47,8 +47,8 @@ inline int32_t length(const void* array) {
     return static_cast<int32_t>(header & kArrayLengthMask);
 }
 
-/// How many of the len elements from off on lie inside a counted array; 0 for null and for an off
-/// outside. Streams use it, so that a length that came from a file never reaches past an array.
+/// How many of the len elements from off on lie inside a counted array; 0 for null, and if off lies
+/// outside. Streams use it, so that a length from a file never leads past the end of an array.
 inline int32_t elementsInRange(const void* array, int32_t off, int32_t len) {
     if (off < 0 || len <= 0 || off >= length(array)) {
         return 0;

@@ -27,7 +27,7 @@ public:
 
     T* get() const { return elements; }
 
-    // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the array itself could
+    // NOLINTNEXTLINE(google-explicit-constructor): can be used like the array itself
     operator T*() const { return elements; }
 
     /// Frees the array and takes another one over.

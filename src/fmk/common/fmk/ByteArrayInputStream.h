@@ -7,7 +7,7 @@ class ByteArrayInputStream : public InputStream {
 public:
     explicit ByteArrayInputStream(signed char* bytes);
 
-    /// The part of the array that is read, cut to what there is.
+    /// Reads only this part of the array, cut to what there is.
     ByteArrayInputStream(signed char* bytes, int32_t off, int32_t len);
 
     using InputStream::read;
@@ -18,7 +18,7 @@ public:
     int32_t read(signed char* target, int32_t off, int32_t len) override;
     int32_t skip(int32_t n) override;
 
-    /// Frees the array; nothing is left to read.
+    /// Frees the array; the stream is at its end then.
     void disposeBufferData() override;
 
 private:

@@ -14,12 +14,12 @@ public:
 
     using OutputStream::write;
 
-    /// From here on nothing more is written; what is there stays.
+    /// After this nothing more is written; the bytes written before stay.
     void close() override { closed = true; }
 
     void write(signed char byte) override;
 
-    /// The array holds at most kMaxArrayLength bytes: a write that would go beyond is left out
+    /// The array holds at most kMaxArrayLength bytes: a write that does not fit is left out as a
     /// whole.
     void write(signed char* source, int32_t off, int32_t len) override;
 
@@ -41,5 +41,5 @@ private:
     signed char* bytes;  // counted array, its length is the capacity
     int32_t count = 0;
     bool closed = false;
-    bool failed = false;  // a byte was left out
+    bool failed = false;  // a write was left out
 };

@@ -1,4 +1,4 @@
-// Stands where a calendar would: the application never shows a date.
+// Takes the place of a calendar and does nothing: the application never shows a date.
 #pragma once
 
 #include "GnoObject.h"

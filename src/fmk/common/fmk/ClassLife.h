@@ -1,5 +1,5 @@
 // The initialiser and the finaliser of a class as a whole: they do nothing, unless a class has its
-// own. A class below one that has its own takes these again with a using declaration.
+// own. A class derived from one that has its own takes these back with a using declaration.
 #pragma once
 
 class ClassLife {

@@ -1,4 +1,4 @@
-// Opens connections, none of which exist here: every call answers null.
+// Would open connections; there are none here, so every call returns null.
 #pragma once
 
 #include <cstdint>

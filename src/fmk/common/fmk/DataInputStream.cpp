@@ -20,7 +20,7 @@ public:
 
     bool atEnd() const { return position >= count; }
 
-    /// The next character, or -1 where the bytes are damaged.
+    /// The next character, or -1 if the bytes are damaged.
     int32_t next() {
         const int32_t lead = nextByte();
         switch (lead >> 4) {

@@ -1,6 +1,6 @@
 // Reads numbers and texts, most significant byte first, from another stream.
 //
-// Where the stream ends within a value, the missing bytes count as 0; a text that is cut short is
+// If the stream ends within a value, the missing bytes count as 0; a text that is cut short is
 // null.
 #pragma once
 

@@ -8,7 +8,7 @@ using Osp::Base::String;
 
 namespace {
 
-constexpr int32_t kMaxUtfBytes = 0xFFFF;  // what the length in front can say
+constexpr int32_t kMaxUtfBytes = 0xFFFF;  // the largest length that 16 bits hold
 constexpr int32_t kUtfLengthBytes = 2;
 
 int32_t encodedBytes(char16_t character) {
@@ -18,7 +18,7 @@ int32_t encodedBytes(char16_t character) {
     return character <= 0x7FF ? 2 : 3;  // 0 takes two, so that no text holds a zero byte
 }
 
-/// Fills an array that has room for everything from its start.
+/// Fills an array, which has room for everything, from its start.
 class Utf8Writer {
 public:
     explicit Utf8Writer(signed char* bytes)

@@ -42,8 +42,8 @@ public:
     void writeChars(Osp::Base::String* text);
 
     /// Length in bytes (16 bits) and modified UTF-8, in one write; null writes an empty text. A
-    /// text of more than 65535 bytes is cut after the last character that fits, so that whatever
-    /// follows can still be read.
+    /// text of more than 65535 bytes is cut after the last character that fits, so that everything
+    /// after it can still be read.
     void writeUTF(Osp::Base::String* text);
 
 private:

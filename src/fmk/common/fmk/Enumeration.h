@@ -7,6 +7,6 @@ class Enumeration : public GnoObject {
 public:
     virtual bool hasMoreElements() = 0;
 
-    /// The next element; only while hasMoreElements() answers true.
+    /// The next element; only while hasMoreElements() returns true.
     virtual GnoObject* nextElement() = 0;
 };

@@ -63,7 +63,7 @@ int32_t FileInputStream::skip(int32_t n) {
     const int32_t before = file->Tell();
     const int32_t distance = n > 0 ? std::min(n, available()) : n;
     if (file->Seek(Osp::Io::FILESEEKPOSITION_CURRENT, distance) != E_SUCCESS) {
-        failed = failed || n > 0;  // backwards, before the start of the file is no place to go
+        failed = failed || n > 0;  // back to before the start of the file is no failure
         return 0;
     }
     return file->Tell() - before;

@@ -1,5 +1,5 @@
 // Reads a file. One that could not be opened is at its end from the start: available() returns 0,
-// read() -1. Where the platform reports an error the stream has failed.
+// read() -1. If the platform reports an error, the stream has failed (see hasFailed()).
 #pragma once
 
 #include "InputStream.h"
@@ -24,7 +24,8 @@ public:
     void close() override;
     int32_t read() override;
 
-    /// Bytes read as the platform tells: 0 at the end, negative for a failure.
+    /// Returns the number of bytes read, as the platform reports it: 0 at the end, negative for a
+    /// failure.
     int32_t read(signed char* bytes, int32_t off, int32_t len) override;
 
     bool hasFailed() override { return failed; }
@@ -35,6 +36,6 @@ public:
 private:
     int32_t readFile(void* bytes, int32_t count);
 
-    bool failed = false;                  // to be read, or to be measured
+    bool failed = false;                  // a read or a look at the size failed
     std::unique_ptr<Osp::Io::File> file;  // null if not open
 };

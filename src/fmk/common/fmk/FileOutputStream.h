@@ -1,5 +1,5 @@
-// Writes a file from its start; a file that was there before is gone. If the file cannot be opened,
-// everything written is lost, and the stream has failed.
+// Writes a file from its start; replaces a file that was there before. If the file cannot be
+// opened, everything written is lost, and the stream has failed.
 #pragma once
 
 #include "OutputStream.h"

@@ -1,4 +1,5 @@
-// A full-screen canvas: what the phone tells the screen, all of it ignored until a subclass cares.
+// A full-screen canvas: receives everything that the phone reports, and ignores what no subclass
+// overrides.
 #pragma once
 
 #include "GnoObject.h"
@@ -35,20 +36,20 @@ public:
     /// @param platformCanvas  not owned
     void SetCanvas(Osp::Graphics::Canvas* platformCanvas) { canvas = platformCanvas; }
 
-    /// Deliberate: both 0, whatever the display: a canvas that asks takes itself for square, never
-    /// for landscape.
+    /// Deliberate: both return 0 for every display: so a canvas considers itself square, never
+    /// landscape.
     int32_t getWidth() const { return 0; }
 
     int32_t getHeight() const { return 0; }
 
-    /// Nothing to do: a frame is painted again and again anyway.
+    /// Does nothing: every frame is painted anyway.
     void repaint() {}
 
     void repaint(int32_t /*x*/, int32_t /*y*/, int32_t /*w*/, int32_t /*h*/) {}
 
     void serviceRepaints() {}
 
-    /// Whether there is a platform canvas to be shown on.
+    /// True if there is a platform canvas to be shown on.
     bool isShown() const { return canvas != nullptr; }
 
     /// One bit for each of the key codes -1 .. -9 (1, 2, 4 .. 256), 0 for any other.

@@ -26,7 +26,7 @@ struct Steps {
     int64_t last;
 };
 
-/// How far the anchor point lies from the left or top edge.
+/// The distance of the anchor point from the left or top edge.
 int32_t offsetAtAnchor(int32_t size, int32_t anchor, int32_t center, int32_t farEdge) {
     return (anchor & center) != 0 ? size >> 1 : ((anchor & farEdge) != 0 ? size : 0);
 }
@@ -108,7 +108,7 @@ void GnoGraphics::drawLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
     }
 }
 
-/// One pixel for each step along the longer direction; only the steps inside the clip are walked.
+/// Draws one pixel for each step along the longer direction; steps outside the clip are skipped.
 void GnoGraphics::drawSteps(const Axis& longer, const Axis& shorter, bool steep) {
     const uint16_t pixel = Rgb565::fromRgb(static_cast<uint32_t>(color));
     const int64_t count = std::abs(longer.distance);

@@ -26,8 +26,8 @@ public:
     static constexpr int32_t kBottom = 32;
     static constexpr int32_t kBaseline = 64;  // an image stands on its bottom edge
 
-    /// Where a finished frame goes; kept for the owner, nothing is drawn into it from here.
-    // NOLINTNEXTLINE(readability-identifier-naming): as the phone spells
+    /// Where the owner puts a finished frame. Only kept here; nothing is drawn into it.
+    // NOLINTNEXTLINE(readability-identifier-naming): the phone's spelling
     void SetCanvas(Osp::Graphics::Canvas* canvas) { pCanvas = canvas; }
 
     /// @param rgb  0xRRGGBB
@@ -46,10 +46,10 @@ public:
     /// Narrows the clip to what it shares with the rectangle.
     void clipRect(int32_t x, int32_t y, int32_t w, int32_t h);
 
-    // Deliberate: does nothing. A painter can never draw where an earlier one was kept out.
+    // Deliberate: does nothing, so that no painter can draw outside the clip of an earlier one.
     void setClip(int32_t /*x*/, int32_t /*y*/, int32_t /*w*/, int32_t /*h*/) {}
 
-    /// The clip in pixels of the surface, whatever the translation.
+    /// The clip in pixels of the surface, without the translation.
     int32_t getClipX() const { return clipX; }
 
     int32_t getClipY() const { return clipY; }
@@ -70,7 +70,8 @@ public:
         fillRect(x, y, w, h);
     }
 
-    /// Bresenham's line; both end points are drawn. Half-way cases step away from (x1, y1).
+    /// Bresenham's line; both end points are drawn. A point exactly half way between two pixels
+    /// goes to the one farther from (x1, y1).
     void drawLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2);
 
     /// An outline of w + 1 by h + 1 pixels.
@@ -99,8 +100,9 @@ public:
     /// result at (x, y). Transforms: 0 none, 1 mirrored and turned by 180 degrees, 2 mirrored,
     /// 3 turned by 180, 4 mirrored and turned by 270, 5 turned by 90, 6 turned by 270, 7 mirrored
     /// and turned by 90; mirroring swaps left and right and comes first, turns are clockwise.
-    /// Right and bottom anchors put (x, y) one pixel behind the result; centres are rounded down.
-    /// Parts of the region outside the image, and unknown transforms, draw nothing. Transparency
+    /// Right and bottom anchors put (x, y) one pixel after the result's last column or row; centres
+    /// are rounded down. Parts of the region outside the image, and unknown transforms, draw
+    /// nothing. Transparency
     /// is blended as in drawRGB.
     void drawRegion(GnoImage* image,
                     int32_t sx,
@@ -113,7 +115,8 @@ public:
                     int32_t anchor);
 
     /// Draws w by h straight ARGB words from argb[offset], rows scanlength words apart. Without
-    /// processAlpha the alpha bytes are not looked at. The caller answers for the array's size.
+    /// processAlpha the alpha bytes are ignored. The caller makes sure that the array is large
+    /// enough.
     void drawRGB(const uint32_t* argb,
                  int32_t offset,
                  int32_t scanlength,

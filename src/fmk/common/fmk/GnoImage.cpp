@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int32_t kReadBytes = 4096;
-constexpr size_t kLongestFileBytes = 64 << 20;  // far beyond any picture that would be decoded
+constexpr size_t kLongestFileBytes = 64 << 20;  // far more than any picture that would be decoded
 
 std::vector<signed char> readToEnd(InputStream* in) {
     std::vector<signed char> bytes;
@@ -44,7 +44,8 @@ GnoImage::~GnoImage() {
     deleteArrFunc(alpha);
 }
 
-/// Zero-filled planes; false, and an empty image, if the size is none or too large for an array.
+/// Allocates zero-filled planes. False, and the image is empty, if there are no pixels or more than
+/// an array can hold.
 bool GnoImage::allocate(int32_t w, int32_t h, bool withAlpha) {
     if (w < 1 || h < 1 || int64_t{w} * h > kMaxArrayLength) {
         return false;
@@ -138,7 +139,7 @@ void GnoImage::getRGB(uint32_t* out,
     const int32_t endY = std::min(h, height);
     const int32_t startX = std::max(x, 0);
     if (startX >= endX) {
-        return;  // a picture without columns may announce millions of rows
+        return;  // a picture without columns may have millions of rows in its header
     }
     for (int32_t row = std::max(y, 0); row < endY; row++) {
         uint32_t* rowOut = out + offset + (int64_t{row} - y) * scanlength;

@@ -1,7 +1,7 @@
-// A device image: RGB565 pixels, and where there is transparency an alpha plane beside them.
+// A device image: RGB565 pixels, and an alpha plane if any of them is transparent.
 //
-// Made chiefly by decoding PNG files. An image that cannot be made is empty, 0 x 0 pixels, never
-// null.
+// Most images are decoded from PNG files. An image that cannot be made is empty, 0 x 0 pixels,
+// never null.
 #pragma once
 
 #include "GnoObject.h"
@@ -41,7 +41,7 @@ public:
     static GnoImage* createRGBImage(const uint32_t* argb, int32_t w, int32_t h, bool processAlpha);
 
     /// Writes straight ARGB words from out[offset] on, rows scanlength words apart; alpha is 255
-    /// without a plane. What lies outside the image is left out, its place in out as it was.
+    /// without a plane. For pixels outside the image nothing is written.
     // Deliberate: w and h are the columns and rows to stop before, not sizes. All callers start at
     // 0, where both are the same.
     void getRGB(uint32_t* out,

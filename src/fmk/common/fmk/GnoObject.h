@@ -1,4 +1,4 @@
-// Root of the runtime's classes: identity, a text form, and waiting for another's notice.
+// Root of the runtime's classes: identity, a text form, and waiting until another object notifies.
 #pragma once
 
 #include "ClassLife.h"
@@ -27,11 +27,11 @@ public:
 
     virtual ~GnoObject();
 
-    /// Yields until notify() is called on this object. Nothing else runs meanwhile but the
-    /// platform's own yield.
+    /// Yields until notify() is called on this object. Meanwhile only the platform's own yield
+    /// runs.
     void wait();
 
-    /// As wait(), but gives up once more than timeoutMs milliseconds have passed.
+    /// Like wait(), but ends once more than timeoutMs milliseconds have passed.
     void wait(int32_t timeoutMs);
 
     /// Wakes the object that has waited longest on this one, if any.

@@ -32,7 +32,7 @@ public:
     /// Keeps one listener (not owned), the one added last.
     void addPlayerListener(PlayerListener* added) { listener = added; }
 
-    /// Forgets the listener if it is the one kept.
+    /// Removes the listener if it is the one that is kept.
     void removePlayerListener(PlayerListener* removed) {
         if (listener == removed) {
             listener = nullptr;

@@ -1,5 +1,5 @@
-// Values found by key, in the order in which the keys came. Lookups are linear: a table here holds
-// a handful of entries.
+// Values found by key, in the order in which the keys came. Lookups are linear, because a table
+// here holds only a few entries.
 #pragma once
 
 #include "Vector.h"
@@ -15,7 +15,7 @@ public:
     /// Null if there is no such key.
     GnoObject* get(GnoObject* key);
 
-    /// Forgets the entry and returns its value; null if there is none.
+    /// Removes the entry and returns its value, without deleting either; null if there is none.
     GnoObject* remove(GnoObject* key);
 
     /// The same for the first entry with an equal value.
@@ -23,7 +23,7 @@ public:
 
     bool containsKey(GnoObject* key) { return keyVector.contains(key); }
 
-    /// Whether an equal value is there.
+    /// True if an equal value is there.
     bool contains(GnoObject* value) { return valueVector.contains(value); }
 
     /// New enumerations over the live table; the caller deletes them.
@@ -35,10 +35,10 @@ public:
 
     bool isEmpty() const { return keyVector.isEmpty(); }
 
-    /// Forgets all entries without deleting anything.
+    /// Removes all entries without deleting anything.
     void clear();
 
-    /// Deletes the values and forgets all entries, so that no key leads to a deleted value. The
+    /// Deletes the values and removes all entries, so that no key leads to a deleted value. The
     /// keys stay the caller's.
     void disposeElements();
 

@@ -1,4 +1,4 @@
-// Stands where a stream over the network would: nothing is ever fetched.
+// Takes the place of a stream over the network and never fetches anything.
 #pragma once
 
 #include "InputStream.h"

@@ -1,4 +1,4 @@
-// A source of bytes. Reading never waits: what is not there at once has ended.
+// A source of bytes. Reading never waits: if no byte is there at once, the stream has ended.
 #pragma once
 
 #include "GnoObject.h"
@@ -26,12 +26,12 @@ public:
 
     virtual void reset() {}
 
-    /// Leaves out up to n bytes; returns how many.
+    /// Skips up to n bytes; returns how many were skipped.
     virtual int32_t skip(int32_t n);
 
-    /// Frees the memory that the stream reads from, where it reads from memory.
+    /// Frees the memory that the stream reads from, if it reads from memory.
     virtual void disposeBufferData() {}
 
-    /// True once a byte that is there could not be read: what looks like the end is none then.
+    /// True once a byte that exists could not be read; then the apparent end is not the real one.
     virtual bool hasFailed() { return false; }
 };

@@ -14,10 +14,11 @@ public:
     static Osp::Base::String* toString(int32_t value);
     static Osp::Base::String* toHexString(int32_t value);
 
-    /// Deliberate: takes any character for a digit, no sign, no check. Callers pass digits only.
+    /// Deliberate: treats every character as a digit, knows no sign and checks nothing. Callers
+    /// pass only digits.
     static int32_t parseInt(Osp::Base::String* digits);
 
-    /// Whether the other is an Integer of the same value.
+    /// True if the other is an Integer of the same value.
     bool equals(GnoObject* other) override;
 
     int32_t intValue() const { return value; }

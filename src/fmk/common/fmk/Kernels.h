@@ -1,4 +1,4 @@
-// One word for the few loops that take most of the time.
+// A macro for the few loops that take most of the time.
 #pragma once
 
 #include <cstdint>
@@ -10,9 +10,9 @@
 /// bring "fma" with it, and every file is compiled with -ffp-contract=off besides. So both copies
 /// give the same bits.
 ///
-/// Nothing happens where the compiler or the loader cannot do it: clang 14 lacks the attribute,
-/// only ELF has indirect functions (and glibc is the library that resolves them), and under a
-/// sanitizer the resolver would run before the sanitizer's own start.
+/// It does nothing if the compiler or the loader does not support this: clang 14 lacks the
+/// attribute, only ELF has indirect functions (which glibc resolves), and under a sanitizer the
+/// resolver would run before the sanitizer's own start.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__ELF__) &&         \
     defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #define MURMELO_KERNEL __attribute__((target_clones("avx2", "default")))

@@ -15,13 +15,13 @@ public:
     /// Null: there are no properties.
     Osp::Base::String* getAppProperty(const char* /*key*/) { return nullptr; }
 
-    /// False: nothing can be asked of the platform this way.
+    /// Always false: this platform supports no such request.
     bool platformRequest(const char* /*url*/) { return false; }
 
     void notifyDestroyed() {}
 
-    /// A new stream over a file, resources and recordings alike; the caller deletes it. Where the
-    /// file does not open, the stream is at its end.
+    /// A new stream over a file, resources and recordings alike; the caller deletes it. If the file
+    /// cannot be opened, the stream is at its end.
     static FileInputStream* getResourceAsStream(Osp::Base::String& path);
     static FileInputStream* getResourceAsStream(Osp::Base::String* path);
     static FileInputStream* getResourceAsStream(const char* path);

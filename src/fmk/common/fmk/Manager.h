@@ -1,4 +1,4 @@
-// Makes players and recorders, none of which exist here: every call answers null.
+// Would make players and recorders; there are none here, so every call returns null.
 #pragma once
 
 namespace Osp::Base {

@@ -141,7 +141,7 @@ void Math::initCosTable() {
 
 int32_t Math::quotient(int32_t dividend, int32_t divisor) {
     if (divisor == 0) {
-        return 0;  // no number is right here; a crash would be wrong as well
+        return 0;  // no result is correct here, but it must not crash
     }
     return divisor == -1 ? -dividend : dividend / divisor;
 }

@@ -17,7 +17,7 @@ public:
     static int32_t cos(int32_t degrees);
     static int32_t sin(int32_t degrees);
 
-    /// Deliberate: quotients of sine and cosine as whole numbers, not scaled (tg(45) is 1); 0 where
+    /// Deliberate: quotients of sine and cosine as whole numbers, not scaled (tg(45) is 1); 0 if
     /// the divisor is 0.
     static int32_t tg(int32_t degrees);
     static int32_t ctg(int32_t degrees);

@@ -1,4 +1,4 @@
-// A place for bytes to go.
+// A destination for bytes.
 #pragma once
 
 #include "GnoObject.h"
@@ -17,7 +17,7 @@ public:
 
     virtual void flush() {}
 
-    /// True once a byte that was to be written was lost. Writing itself reports nothing: who cares
-    /// asks at the end.
+    /// True once a byte that was to be written was lost. Writing itself reports nothing: the caller
+    /// checks this at the end.
     virtual bool hasFailed() { return false; }
 };

@@ -1,5 +1,5 @@
-// The runtime's own random numbers, which are none: effects that need some bring their own
-// generator, so that a take always sounds the same.
+// The runtime's random number generator, which always returns 0. Effects that need random numbers
+// have their own generator, so that a take always sounds the same.
 #pragma once
 
 #include "GnoObject.h"

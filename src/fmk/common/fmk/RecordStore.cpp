@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int32_t kWordBytes = 4;
-constexpr int32_t kFirstEntryBytes = 20;  // behind the five values
+constexpr int32_t kFirstEntryBytes = 20;  // after the five values
 
 }  // namespace
 

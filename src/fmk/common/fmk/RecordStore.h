@@ -1,16 +1,15 @@
-// A store of records that stores nothing: settings live in the platform's registry. What is real is
-// the header and its image in bytes.
+// A store of records that stores nothing: settings are kept in the platform's registry. Only the
+// header and its image in bytes work.
 #pragma once
 
 #include "GnoObject.h"
 
 class RecordStore : public GnoObject {
 public:
-    /// Most records that a header can list.
+    /// How many records a header can list.
     static constexpr int32_t kMaxRecords = 20;
 
-    /// What a full device would say while running, and what it would say at the start. Nothing here
-    /// shows them.
+    /// The messages of a full device while running and at the start. Nothing shows them here.
     static const char* const kNoSpaceDataNotSaved;
     static const char* const kNoSpaceExit;
 
@@ -57,7 +56,7 @@ private:
     int32_t entriesInUse() const;
     void makeRecords();
 
-    // Only the last of the five has a meaning here; the others travel unchanged.
+    // Only the last of the five has a meaning here; the others are read and written unchanged.
     int32_t header0 = 0;
     int32_t header1 = 0;
     int32_t header2 = 0;

@@ -1,14 +1,14 @@
 // Arithmetic of 16-bit device pixels: red in bits 11..15, green 5..10, blue 0..4.
 //
-// Both ways only cut bits off or append zeros, nothing is rounded or repeated: white comes back as
-// 0xF8FCF8.
+// Conversions in both directions only cut bits off or append zeros; nothing is rounded or repeated,
+// so white comes back as 0xF8FCF8.
 #pragma once
 
 #include <cstdint>
 
 class Rgb565 {
 public:
-    /// Keeps the top bits of each channel; the alpha byte is not looked at.
+    /// Keeps the top bits of each channel; the alpha byte is ignored.
     static constexpr uint16_t fromRgb(uint32_t argb) {
         // In halves of 16 bits, of which the vectoriser fits twice as many into a register.
         const auto redHalf = static_cast<uint16_t>(argb >> 16);

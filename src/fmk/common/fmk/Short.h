@@ -14,10 +14,10 @@ public:
     static Osp::Base::String* toString(int16_t value);
     static Osp::Base::String* toHexString(int16_t value);
 
-    /// Takes digits only: no sign, no check. The low 16 bits count.
+    /// Callers pass only digits: there is no sign and no check. Only the low 16 bits are kept.
     static int16_t parseShort(Osp::Base::String* digits);
 
-    /// Whether the other is a Short of the same value.
+    /// True if the other is a Short of the same value.
     bool equals(GnoObject* other) override;
 
     int32_t intValue() const { return value; }

@@ -96,7 +96,7 @@ StringBuffer* StringBuffer::insert(int32_t off, char16_t character) {
 }
 
 StringBuffer* StringBuffer::insert(int32_t off, const char16_t* text, int32_t len) {
-    // An insert behind the text would leave characters that nobody wrote.
+    // An insert after the end of the text would leave characters that were never written.
     if (off < 0 || off > used || text == nullptr || len <= 0) {
         return this;
     }

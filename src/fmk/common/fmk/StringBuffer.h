@@ -36,7 +36,7 @@ public:
 
     StringBuffer* append(double /*value*/) { return this; }
 
-    /// Moves the rest of the text on; off is 0 .. length().
+    /// Inserts at off (0 .. length()); the rest of the text moves towards the end.
     StringBuffer* insert(int32_t off, char16_t character);
     StringBuffer* insert(int32_t off, const char16_t* text, int32_t len);
 

@@ -5,11 +5,11 @@
 
 class Utils {
 public:
-    /// Writes four bytes, most significant first, and returns 4. Writes nothing where they would
-    /// not fit into the array.
+    /// Writes four bytes, most significant first, and returns 4. Writes nothing if they do not fit
+    /// into the array.
     static int32_t putInt(int32_t value, signed char* bytes, int32_t off);
 
-    /// The four bytes at off, most significant first; 0 where they are not all in the array.
+    /// The four bytes at off, most significant first; 0 if they are not all in the array.
     static int32_t getInt(const signed char* bytes, int32_t off);
 
     /// New counted arrays for a range of a counted array, cut to what there is; the caller frees

@@ -1,5 +1,5 @@
-// Growable list of object pointers. It owns its array, never the objects, unless told to dispose of
-// them.
+// Growable list of object pointers. It owns its array, but never the objects; only the dispose
+// operations delete them.
 #pragma once
 
 #include "GnoObject.h"
@@ -15,7 +15,7 @@ public:
     Vector(int32_t capacity, int32_t increment);
     ~Vector() override;
 
-    // An index outside reads null and changes nothing, instead of reaching past the array.
+    // With an index outside the list, reads return null and changes do nothing.
 
     void addElement(GnoObject* object);
 
@@ -40,7 +40,7 @@ public:
     /// Copies all elements to target[0] and on.
     void copyInto(GnoObject** target);
 
-    /// Grows with nulls or forgets the tail.
+    /// Appends nulls, or drops the elements at the end without deleting them.
     void setSize(int32_t size);
     void trimToSize();
     void ensureCapacity(int32_t minimum);
@@ -61,7 +61,7 @@ public:
     /// Removes the first equal element; false if there is none.
     bool removeElement(GnoObject* object);
 
-    /// Forgets all elements without deleting them.
+    /// Removes all elements without deleting them.
     void removeAllElements();
 
     /// Deletes the objects as well.

@@ -1,4 +1,4 @@
-// A stream that stands before another one and passes everything through to it.
+// A stream that passes every call on to another stream.
 #pragma once
 
 #include "InputStream.h"

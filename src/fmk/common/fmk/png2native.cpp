@@ -33,7 +33,7 @@ constexpr uint32_t fourLetters(const char (&name)[5]) {
            static_cast<uint32_t>(name[2]) << 8 | static_cast<uint32_t>(name[3]);
 }
 
-/// What the chunks of a file say, before anything is decoded.
+/// What the chunks of a file contain, before any image data is decoded.
 struct Picture {
     int32_t width = 0;
     int32_t height = 0;
@@ -55,13 +55,13 @@ void readHeader(Picture& picture, const unsigned char* data) {
     picture.height = static_cast<int32_t>(bigEndian32(data + 4));
     picture.depth = data[8];
     picture.colorType = data[9];
-    // Deliberate: the interlace byte is not looked at; the passes are read as if they were rows.
+    // Deliberate: the interlace byte is ignored; the passes are read as if they were rows.
 }
 
 enum class Wanted { kSize, kPicture };
 
-/// Takes in one chunk; false at the end of the picture. A chunk that the file cuts short counts
-/// only as image data, as far as it goes.
+/// Reads one chunk; false at the end of the picture. Of a chunk that is cut short by the end of the
+/// file only image data is used, as far as it goes.
 bool readChunk(Picture& picture, uint32_t type, Chunk chunk, bool complete, Wanted wanted) {
     if (type == fourLetters("IDAT") && wanted == Wanted::kPicture) {
         picture.compressed.insert(picture.compressed.end(), chunk.data, chunk.data + chunk.length);
@@ -80,8 +80,8 @@ bool readChunk(Picture& picture, uint32_t type, Chunk chunk, bool complete, Want
 }
 
 void readChunks(Picture& picture, const unsigned char* data, int64_t length, Wanted wanted) {
-    constexpr int64_t kFrameBytes = 8;  // length and type in front
-    constexpr int64_t kCrcBytes = 4;    // never looked at
+    constexpr int64_t kFrameBytes = 8;  // length and type, before the content
+    constexpr int64_t kCrcBytes = 4;    // never checked
     int64_t position = sizeof kSignature;
     while (length - position >= kFrameBytes) {
         const int64_t announced = bigEndian32(data + position);
@@ -95,7 +95,7 @@ void readChunks(Picture& picture, const unsigned char* data, int64_t length, Wan
     }
 }
 
-/// The decoded bytes, zero where the stream is damaged or ends early.
+/// The decoded bytes; zero from where the stream is damaged or ends early.
 std::vector<unsigned char> inflateRows(const Picture& picture, int64_t bytes) {
     std::vector<unsigned char> rows(static_cast<size_t>(bytes));
     Inflate::unpack(picture.compressed.data(), picture.compressed.size(), rows.data(), rows.size());
@@ -112,7 +112,7 @@ int32_t paeth(int32_t left, int32_t above, int32_t corner) {
     return toLeft <= toAbove && toLeft <= toCorner ? left : nearest;
 }
 
-/// Adds to each byte what the filter foresees from its neighbours.
+/// Adds to each byte what the filter predicts from its neighbours.
 /// @tparam kBpp  distance to the left neighbour in bytes
 template <int32_t kBpp, typename Foresee>
 void unfilterWith(unsigned char* row, const unsigned char* above, int64_t n, Foresee foresee) {
@@ -125,7 +125,7 @@ void unfilterWith(unsigned char* row, const unsigned char* above, int64_t n, For
     }
 }
 
-/// @param row    n bytes behind the filter byte
+/// @param row    n bytes after the filter byte
 /// @param above  the row before, zero for the first
 template <int32_t kBpp>
 void unfilterRow(int32_t filter, unsigned char* row, const unsigned char* above, int64_t n) {
@@ -205,7 +205,7 @@ bool hasTransparentEntry(const Chunk& transparency) {
                        [](unsigned char alpha) { return alpha < 255; });
 }
 
-/// Fills pixels, and alpha where there is a plane, from unfiltered rows.
+/// Fills pixels, and the alpha plane if there is one, from unfiltered rows.
 class Converter {
 public:
     Converter(const Picture& picture, uint16_t* pixels, uint8_t* alpha)
@@ -282,7 +282,7 @@ void decodeRows(const Picture& picture, uint16_t* pixels, uint8_t* alpha) {
     }
 }
 
-/// False for what is no PNG file, or too large.
+/// False if the data is no PNG file, or the picture too large.
 bool readPicture(Picture& picture, const unsigned char* data, int32_t length, Wanted wanted) {
     if (length < 9 || std::memcmp(data, kSignature, sizeof kSignature) != 0) {
         return false;

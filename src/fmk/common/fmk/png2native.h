@@ -1,8 +1,8 @@
 // Decodes a PNG picture into RGB565 pixels and an alpha plane.
 //
 // Made for the application's own pictures: palette, RGB and RGBA. Grey comes out black, interlaced
-// files come out jumbled, and no checksum is looked at. Damaged files are safe: what could not be
-// decoded stays zero.
+// files come out jumbled, and no checksum is looked at. Damaged files do no harm: pixels that could
+// not be decoded stay zero.
 #pragma once
 
 #include <cstdint>
