@@ -18,6 +18,7 @@ constexpr size_t kRiffBytes = 12;
 constexpr uint32_t kChunkHeadBytes = 8;
 constexpr uint32_t kFormatBytes = 16;
 constexpr size_t kSubFormatAt = 24;
+constexpr size_t kOwnHeaderBytes = 44;
 constexpr int32_t kLongestSeconds = HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
 
 uint32_t word(const uint8_t* bytes, size_t count) {
@@ -146,9 +147,21 @@ std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
     return {};
 }
 
+std::vector<int16_t> PlainWav::readTake(const uint8_t* bytes, size_t count) {
+    if (count < kOwnHeaderBytes) {
+        return {};
+    }
+    Samples samples((count - kOwnHeaderBytes) / sizeof(int16_t));
+    std::memcpy(samples.data(), bytes + kOwnHeaderBytes, samples.size() * sizeof(int16_t));
+    const std::vector<uint8_t> written =
+        toFile(samples.data(), static_cast<int32_t>(samples.size()), HostMicrophone::kRateHz);
+    const bool isOwn = written.size() == count && std::memcmp(written.data(), bytes, count) == 0;
+    return isOwn ? samples : Samples();
+}
+
 std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int32_t rateHz) {
     constexpr uint32_t kSampleBytes = sizeof(int16_t);
-    constexpr uint32_t kHeaderBytes = 44;
+    constexpr uint32_t kHeaderBytes = kOwnHeaderBytes;
     const auto rate = static_cast<uint32_t>(rateHz);
     const uint32_t dataBytes = kSampleBytes * static_cast<uint32_t>(count);
     std::vector<uint8_t> file(kHeaderBytes + dataBytes);

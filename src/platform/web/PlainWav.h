@@ -17,6 +17,10 @@ public:
     /// file that is cut short counts as far as it goes.
     static std::vector<int16_t> read(const uint8_t* bytes, size_t count);
 
+    /// All samples of a file that toFile() made of 16 kHz, as they are: a recording that ended some
+    /// frames late is longer than 20 s. Empty for everything else.
+    static std::vector<int16_t> readTake(const uint8_t* bytes, size_t count);
+
     /// The bytes of a WAV file: 16 bits, one channel.
     static std::vector<uint8_t> toFile(const int16_t* samples, int32_t count, int32_t rateHz);
 

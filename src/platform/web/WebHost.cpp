@@ -230,7 +230,7 @@ void WebHost::use(std::vector<int16_t> samples) {
 
 bool WebHost::bringTakeBack() {
     if (offeredTake.empty() || doors == nullptr ||
-        !doors->useSound(offeredTake.data(), static_cast<int32_t>(offeredTake.size()))) {
+        !doors->useTake(offeredTake.data(), static_cast<int32_t>(offeredTake.size()))) {
         return false;
     }
     keepTake(std::move(offeredTake));

@@ -76,8 +76,8 @@ public:
     /// Saves the take, or tells that there is nothing to save.
     void save();
 
-    /// Makes this sound the take: now, or as soon as the start leads to the menu. Tells the user
-    /// where it is not possible. @param samples  16 kHz
+    /// Makes this sound the take, all of it: now, or as soon as the start leads to the menu. Tells
+    /// the user where it is not possible. @param samples  16 kHz
     void use(std::vector<int16_t> samples);
 
     /// The page is hidden: stops a running recording, lets its clean-up run to its end, and only

@@ -154,7 +154,7 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile() {
 /// The room holds the file of the last take, of an earlier visit.
 /// @param bringsBack  1: it becomes the take again. 0: it waits for a refusal of the microphone
 EMSCRIPTEN_KEEPALIVE void murmeloRememberTake(int32_t bringsBack) {
-    std::vector<int16_t> take = PlainWav::read(room.data(), room.size());
+    std::vector<int16_t> take = PlainWav::readTake(room.data(), room.size());
     if (bringsBack != 0) {
         host->use(std::move(take));
     } else {

@@ -45,7 +45,7 @@ public:
     }
 
     void keepTake(const std::vector<uint8_t>& file) override {
-        keptTake = PlainWav::read(file.data(), file.size());
+        keptTake = PlainWav::readTake(file.data(), file.size());
         takesKept++;
     }
 

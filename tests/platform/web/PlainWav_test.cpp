@@ -67,6 +67,17 @@ TEST(PlainWav, readsWhatItWritesAndWhatTheProgramWrites) {
     EXPECT_EQ(expected, std::string(file.begin(), file.end()));
 }
 
+TEST(PlainWav, aKeptTakeIsReadWholeAndNothingElseIsATake) {
+    const Samples late = TestSounds::noise(321600);  // 20.1 s
+    std::vector<uint8_t> file = PlainWav::toFile(late.data(), 321600, 16000);
+    EXPECT_EQ(late, PlainWav::readTake(file.data(), file.size()));
+    EXPECT_EQ(320000U, PlainWav::read(file.data(), file.size()).size());
+    EXPECT_EQ(Samples(), PlainWav::readTake(file.data(), file.size() - 2)) << "cut short";
+    EXPECT_EQ(Samples(), PlainWav::readTake(file.data(), 43));
+    file[24] = 0x40;  // of another rate
+    EXPECT_EQ(Samples(), PlainWav::readTake(file.data(), file.size()));
+}
+
 TEST(PlainWav, everyWidthMeansTheSameLoudness) {
     // A quarter of full scale, half of it negative, in each width.
     EXPECT_EQ((Samples{8192, -16384}),

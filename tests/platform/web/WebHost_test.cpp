@@ -166,6 +166,26 @@ TEST_F(WebHostTest, aRefusalBringsTheEarlierTakeBackBitForBit) {
     EXPECT_EQ(cleaned, folders.read("home/Murmelo/MrmLastRec.wav"));
 }
 
+TEST_F(WebHostTest, aTakeThatEndedSomeFramesLateComesBackBitForBit) {
+    voice = TestSounds::noise(321600);  // 20.1 s
+    toMenu();
+    ask();
+    allow();
+    key(HostKey::kMiddle);
+    ASSERT_EQ("Recording", screen());
+    hear(voice);
+    pass(21000);
+    ASSERT_EQ("Play", screen());
+    ASSERT_GT(page.keptTake.size(), 320000U) << "longer than what an opened sound is cut to";
+    const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
+    key(HostKey::kLeftSoft);
+    ask();
+    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_TRUE(cleaned == folders.read("home/Murmelo/MrmLastRec.wav"));
+}
+
 TEST_F(WebHostTest, aRefusalForgetsWhatWasPressedMeanwhile) {
     toMenu();
     ask();
