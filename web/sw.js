@@ -2,7 +2,8 @@
 // user takes it.
 /* global VERSION, FILES: the packer writes them above */
 
-const OWN = `murmelo ${new URL('.', location.href).pathname} `; // other copies have caches of their own
+const FOLDER = new URL('.', location.href).pathname;
+const OWN = `murmelo ${FOLDER} `; // other copies have caches of their own
 const CACHE = OWN + VERSION;
 const SHARED = OWN + 'shared';
 
@@ -41,10 +42,8 @@ async function receive(request) {
     }
 }
 
-async function answer(request) {
+async function answer(request, path) {
     const cache = await caches.open(CACHE);
-    const url = new URL(request.url);
-    const path = url.pathname.endsWith('/') ? 'index.html' : url.pathname;
     return (await cache.match(path)) ?? fetch(request);
 }
 
@@ -55,14 +54,17 @@ self.addEventListener('message', (event) => {
         self.skipWaiting();
     }
 });
+// A new version waits for every request that is answered here: what may not end is left to the browser.
 self.addEventListener('fetch', (event) => {
     const { request } = event;
-    if (new URL(request.url).origin !== location.origin) {
+    const { origin, pathname } = new URL(request.url);
+    const path = pathname.slice(FOLDER.length) || 'index.html';
+    if (origin !== location.origin || !pathname.startsWith(FOLDER)) {
         return;
     }
     if (request.method === 'POST') {
         event.respondWith(receive(request));
-    } else if (request.method === 'GET') {
-        event.respondWith(answer(request));
+    } else if (request.method === 'GET' && Object.hasOwn(FILES, path)) {
+        event.respondWith(answer(request, path));
     }
 });

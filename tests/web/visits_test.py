@@ -258,6 +258,29 @@ class Update(PageTest):
         self.tab.wait_for("caches.keys().then((names) => names.length === 1)")
         self.assertEqual("", page.message())
 
+    def test_a_request_that_does_not_end_holds_no_new_version_up(self):
+        page = self.page.open().to_menu()
+        self.tab.wait_for(_INSTALLED)
+        page.reload().until("Options")
+        self.tab.wait_for("navigator.serviceWorker.controller")
+        self.publish()
+        self.tab.evaluate("navigator.serviceWorker.getRegistration().then((registration) => registration.update()).then(() => 0)")
+        page.told("newVersion")
+        os.mkfifo(os.path.join(self.folder, "endless"))  # the server waits for somebody who writes
+        self.expected.append("endless")
+        self.tab.evaluate("void fetch('endless').catch(() => {})")
+        page.press(page.word("update"))
+        self.tab.wait_for("window.isNewer")
+        page.running().until("Options")
+        self.tab.wait_for("caches.keys().then((names) => names.length === 1)")
+
+    def test_no_sound_is_asked_from_the_network(self):
+        page = self.page.open().to_menu()  # by a tap, which unlocks the speaker
+        self.tab.wait_for("murmelo.voice.audio.src.startsWith('blob:')")
+        self.assertEqual([], self.tab.evaluate(
+            "performance.getEntriesByType('resource').map((entry) => entry.name).filter((name) => name.endsWith('.wav'))"))
+        page.until("Options")
+
     def test_a_version_that_came_only_in_part_is_not_taken(self):
         page = self.page.open().to_menu()
         self.tab.wait_for(_INSTALLED)

@@ -4,7 +4,8 @@
 /** @typedef {'_murmeloClipEnded' | '_murmeloClipFailed'} End */
 
 const FULL = 100;
-const SILENCE = 'sound/silence.wav';
+/** A WAV file of 80 samples, its head first. Without a request: a player may keep one open for as long as the page lives. */
+const SILENCE = [Uint8Array.from(atob('UklGRsQAAABXQVZFZm10IBAAAAABAAEAQB8AAIA+AAACABAAZGF0YaAAAAA='), (letter) => letter.charCodeAt(0)), new Uint8Array(160)];
 
 export class Voice {
     /** @param {Core} core @param {HTMLAudioElement} audio */
@@ -25,16 +26,13 @@ export class Voice {
             }
         });
         this.isPaused = false;
-        this.silence = SILENCE;
-        // Fetched now: a new service worker would wait for what the old one still brings at the tap on "Update".
-        fetch(SILENCE).then((answer) => answer.blob()).then((blob) => (this.silence = URL.createObjectURL(blob)), () => {});
         ['pointerup', 'keydown'].forEach((event) => addEventListener(event, () => this.unlock(), { once: true }));
     }
 
     /** Plays nothing within the user's gesture: later clips may then begin by themselves. */
     unlock() {
         if (!this.done) {
-            this.audio.src = this.silence;
+            this.audio.src = URL.createObjectURL(new Blob(SILENCE, { type: 'audio/wav' }));
             this.audio.play().catch(() => {});
         }
     }
