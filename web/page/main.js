@@ -34,9 +34,9 @@ export class Page {
         history.replaceState(null, '', location.pathname);
         const measured = this.measure();
         const loaded = this.core.load(this);
-        const onTaken = () => loaded.then(() => this.showOver('otherTab'));
-        const isOurs = await holdTab(this.asked.has('takeover'), onTaken);
-        await this.sounds.read();
+        const early = this.asked.has('takeover') || this.sounds.read(); // else the other tab may still write
+        const isOurs = await holdTab(this.asked.has('takeover'), () => loaded.then(() => this.showOver('otherTab')));
+        await (early === true ? this.sounds.read() : early);
         await loaded;
         this.useLanguage(this.earlyText().lang);
         if (!isOurs) {
