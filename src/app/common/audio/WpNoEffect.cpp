@@ -20,9 +20,11 @@ int32_t WpNoEffect::doProcess() {
     if (samples == 0) {
         return kFinished;  // nothing to copy, and the division below needs a sample
     }
-    // Deliberate: every slice copies all that is left, not only its own second. The first slice
-    // makes the whole result; the others only report progress.
-    std::copy_n(source + position, samples - position, result + position);
+    // Deliberate: the first slice makes the whole result; the others only report progress, one
+    // second of sound at a time.
+    if (position == 0) {
+        std::copy_n(source, samples, result.get());
+    }
     position = std::min(position + kSliceSamples, samples);
     return static_cast<int32_t>(int64_t{position} * kFinished / samples);
 }

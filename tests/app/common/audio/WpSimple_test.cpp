@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 using audio::Array;
 using audio::Samples;
 
@@ -23,7 +26,7 @@ TEST(WpNoEffect, tenSecondsTakeTenCalls) {
     EXPECT_EQ((std::vector<int32_t>{102, 204, 307, 409, 512, 614, 716, 819, 921, 1024}), progress);
 }
 
-TEST(WpNoEffect, everySliceCopiesTheWholeRest) {
+TEST(WpNoEffect, theFirstSliceMakesTheWholeResult) {
     WpNoEffect proc;
     const Samples samples = audio::noise(20000, 32767);
     proc.init(audio::toArray(samples).get(), 8000);
@@ -33,37 +36,106 @@ TEST(WpNoEffect, everySliceCopiesTheWholeRest) {
 
 namespace {
 
-/// Lets a test spoil the result between two slices.
+/// Shows the result between two slices.
 template <typename Processor>
-class Spoiled : public Processor {
+class Opened : public Processor {
 public:
-    void spoil() { std::fill_n(this->result.get(), length(this->result), 12345); }
+    using Processor::Processor;
+
+    int32_t* openResult() { return this->result.get(); }
 };
 
+/// Every slice copies all that is left: the slow model of what the result holds after each slice.
+class SlowCopy : public WavProc {
+public:
+    explicit SlowCopy(bool backwards)
+        : backwards(backwards) {}
+
+    void doInit() override {
+        newResult(length(source));
+        position = 0;
+    }
+
+    int32_t doProcess() override {
+        const int32_t samples = length(source);
+        for (int32_t i = position; i < samples; i++) {
+            result.get()[i] = source[backwards ? samples - 1 - i : i];
+        }
+        position = std::min(position + 8000, samples);
+        return static_cast<int32_t>(int64_t{position} * 1024 / samples);
+    }
+
+    void doCleanup() override {}
+
+private:
+    bool backwards;
+    int32_t position = 0;
+};
+
+/// Runs both, the processor a second time after a run that was dropped, and compares progress and
+/// result after every slice.
 template <typename Processor>
-Samples secondSliceOver(const Samples& samples) {
-    Spoiled<Processor> proc;
+void expectTheModelAfterEverySlice(bool backwards) {
+    Opened<Processor> proc;
+    Opened<SlowCopy> model(backwards);
+    for (const int32_t count : {1, 2, 7999, 8000, 8001, 16000, 60001}) {
+        const Samples dropped = audio::noise(30000, 32767, 2);
+        proc.init(audio::toArray(dropped).get(), 8000);
+        proc.process();
+        const Samples samples = audio::noise(count, 32767);
+        proc.init(audio::toArray(samples).get(), 8000);
+        model.init(audio::toArray(samples).get(), 8000);
+        for (int32_t progress = 0; progress < WavProc::kFinished;) {
+            ASSERT_EQ(audio::toVector(model.openResult()), audio::toVector(proc.openResult()));
+            progress = model.process();
+            ASSERT_EQ(progress, proc.process()) << count << " samples";
+        }
+        EXPECT_EQ(audio::toVector(model.openResult()), audio::toVector(proc.openResult()));
+    }
+}
+
+/// Makes the whole pages of memory that lie in an array read-only: a write to them ends the
+/// process.
+void forbidWrites(int32_t* array) {
+    const auto page = static_cast<uintptr_t>(sysconf(_SC_PAGESIZE));
+    const uintptr_t before = (page - reinterpret_cast<uintptr_t>(array) % page) % page;
+    const uintptr_t bytes = static_cast<uintptr_t>(length(array)) * sizeof *array - before;
+    char* const first = reinterpret_cast<char*>(array) + before;
+    ASSERT_EQ(0, mprotect(first, bytes / page * page, PROT_READ));
+}
+
+/// The first slice of a long sound writes the result, and no later one writes to it: the writes
+/// grow with the length of the sound, not with its square.
+template <typename Processor>
+void runWithoutWritesAfterTheFirstSlice() {
+    Opened<Processor> proc;
+    const Samples samples = audio::noise(800000, 32767);
     proc.init(audio::toArray(samples).get(), 8000);
     proc.process();
-    proc.spoil();
-    proc.process();
-    return audio::toVector(Array<int32_t>(proc.getResult()).get());
+    forbidWrites(proc.openResult());
+    int32_t slices = 1;
+    while (proc.process() < WavProc::kFinished) {
+        slices++;
+    }
+    _exit(slices + 1 == 100 ? 0 : 1);
 }
 
 }  // namespace
 
-TEST(WpNoEffect, theSecondSliceCopiesAllThatIsLeft) {
-    const Samples samples = audio::noise(20000, 32767);
-    const Samples result = secondSliceOver<WpNoEffect>(samples);
-    EXPECT_EQ(12345, result[7999]);
-    EXPECT_TRUE(std::equal(samples.begin() + 8000, samples.end(), result.begin() + 8000));
+TEST(WpNoEffect, resultAfterEverySliceIsThatOfCopyingAllThatIsLeft) {
+    expectTheModelAfterEverySlice<WpNoEffect>(false);
 }
 
-TEST(WpReverse, theSecondSliceReversesAllThatIsLeft) {
-    const Samples samples = audio::noise(20000, 32767);
-    const Samples result = secondSliceOver<WpReverse>(samples);
-    EXPECT_EQ(12345, result[7999]);
-    EXPECT_TRUE(std::equal(result.begin() + 8000, result.end(), samples.rbegin() + 8000));
+TEST(WpReverse, resultAfterEverySliceIsThatOfReversingAllThatIsLeft) {
+    expectTheModelAfterEverySlice<WpReverse>(true);
+}
+
+TEST(WpNoEffect, noSliceAfterTheFirstWrites) {
+    EXPECT_EXIT(runWithoutWritesAfterTheFirstSlice<WpNoEffect>(), testing::ExitedWithCode(0), "");
+}
+
+TEST(WpReverse, noSliceAfterTheFirstWrites) {
+    EXPECT_EXIT(runWithoutWritesAfterTheFirstSlice<WpReverse>(), testing::ExitedWithCode(0), "");
 }
 
 TEST(WpNoEffect, soundOfNoSamplesEndsAtOnce) {
@@ -97,7 +169,7 @@ TEST(WpReverse, firstOfTenCallsReports102AndHasTheLastSampleFirst) {
     EXPECT_EQ(102, proc.process());
     const Array<int32_t> result(proc.getResult());
     EXPECT_EQ(samples[79999], result[0]);
-    EXPECT_EQ(samples[0], result[79999]);  // every slice copies all that is left
+    EXPECT_EQ(samples[0], result[79999]);  // the first slice makes all of it
 }
 
 TEST(WpReverse, progressIsThatOfNoEffect) {
