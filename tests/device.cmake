@@ -8,6 +8,7 @@ murmelo_tests(device_tests
         platform/LastTake_test.cpp
         platform/QuietLibrary_test.cpp
         platform/SoundExport_test.cpp
+        platform/Resampler_test.cpp
         platform/SoundFile_test.cpp
         platform/headless/HeadlessSound_test.cpp
         platform/headless/KeptTake_test.cpp

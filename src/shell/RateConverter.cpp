@@ -21,12 +21,8 @@ RateConverter::RateConverter(int32_t rateHz)
     if (rateHz == WavFile::kRateHz || rateHz == WavFile::kRecordedRateHz) {
         return;
     }
-    possible = rateHz > 0;
-    if (possible) {
-        resampler = std::make_unique<Resampler>(Resampler::Quality::kBest,
-                                                double{WavFile::kRateHz} / rateHz);
-        possible = resampler->isReady();
-    }
+    resampler = std::make_unique<Resampler>(rateHz, WavFile::kRateHz);
+    possible = resampler->isReady();
 }
 
 bool RateConverter::convert(const float* samples,

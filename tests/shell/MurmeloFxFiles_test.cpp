@@ -306,6 +306,24 @@ TEST_F(MurmeloFxFiles, inputsThatAreNoSoundsAreToldApart) {
     EXPECT_EQ(3, filesIn(path("")));
 }
 
+TEST_F(MurmeloFxFiles, anotherRateGivesTheSameSamplesOnEveryProcessor) {
+    constexpr const char* kPlain = "glibc.cpu.hwcaps=-AVX_Usable,-AVX2_Usable,-FMA_Usable";
+    for (const int32_t rateHz : {11025, 22050, 44100, 44101, 48000}) {
+        const std::string input =
+            file("rate.wav", shell::wavBytes(rateHz, audio::noise(rateHz, 32767)));
+        const std::vector<std::string> arguments = {"none", "--no-clean", input, "-"};
+        const shell::Result here = run(arguments);
+        EXPECT_EQ(8000U, shell::samplesOf(here.out).size());
+        for (const auto& [name, value] :
+             {std::pair("SOXR_USE_SIMD", "0"), std::pair("SOXR_USE_SIMD64", "0"),
+              std::pair("GLIBC_TUNABLES", kPlain)}) {
+            const auto lacking = [&name = name, &value = value] { setenv(name, value, 1); };
+            EXPECT_EQ(here.out, ToolRunner().before(lacking).run(arguments).out)
+                << rateHz << " Hz, " << name;
+        }
+    }
+}
+
 TEST_F(MurmeloFxFiles, aSampleRateFarOffIsRefused) {
     std::string bytes = shell::wavBytes(8000, audio::noise(100, 100));
     bytes.replace(24, 4, std::string("\x01\0\0\0\x02\0\0\0", 4));

@@ -1,4 +1,8 @@
 // Brings a sound to another rate, piece by piece.
+//
+// Level up to 95 % of the band that both rates have, and at least 120 dB down in what would be
+// heard at a wrong pitch (docs/speed.md has the curve). Worked out in double precision, so that
+// the samples of 16 bits do not depend on the instructions that a processor has.
 #pragma once
 
 #include <cstddef>
@@ -6,28 +10,30 @@
 #include <memory>
 #include <vector>
 
-struct SRC_STATE_tag;
+struct soxr;
 
 class Resampler {
 public:
-    enum class Quality { kMedium, kBest };
-
     /// What has no limit.
     static constexpr size_t kEndless = SIZE_MAX;
 
-    /// @param ratio  the new rate over the old one
-    Resampler(Quality quality, double ratio);
+    /// How many times one rate may be the other.
+    static constexpr int32_t kMaxTimes = 256;
+
+    Resampler(int32_t fromHz, int32_t toHz);
 
     /// False if there was no memory, or the rates lie too far apart: convert() fails then.
     bool isReady() const { return state != nullptr; }
 
-    /// Takes count samples and appends what they make to out, until out holds maxSamples.
+    /// Takes count samples and appends what they make to out, until out holds maxSamples. The
+    /// whole sound is count * toHz / fromHz samples long, rounded.
     /// @param last  no more will come
     /// @returns false if the resampling library failed
     bool convert(
         const float* samples, size_t count, bool last, size_t maxSamples, std::vector<float>& out);
 
 private:
-    std::unique_ptr<SRC_STATE_tag, SRC_STATE_tag* (*)(SRC_STATE_tag*)> state;
-    double ratio;
+    bool process(const float* samples, size_t count, size_t maxSamples, std::vector<float>& out);
+
+    std::unique_ptr<soxr, void (*)(soxr*)> state;
 };

@@ -8,14 +8,12 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <samplerate.h>
 #include <sndfile.h>
 
 namespace {
 
 constexpr int32_t kMaxChannels = 8;
 constexpr int32_t kMaxRateHz = 384000;
-constexpr int32_t kMaxTimesSlower = 256;   // than the wanted rate: the converter takes no more
 constexpr sf_count_t kBlockFrames = 4096;  // read at once
 constexpr float kFullScale = 32768.0F;
 
@@ -74,10 +72,16 @@ std::vector<float> readAll(MonoReader& reader, int64_t maxSamples) {
     return samples;
 }
 
+/// The length of a sound at another rate, rounded to whole samples.
+int64_t samplesAt(int64_t samples, int32_t fromHz, int32_t toHz) {
+    return (2 * samples * toHz + fromHz) / (2 * int64_t{fromHz});
+}
+
 /// Frames brought to another rate, at most maxSamples; nothing is read that is not needed for
 /// them. False if the resampler failed.
-bool convertAll(MonoReader& reader, double ratio, int64_t maxSamples, std::vector<float>& out) {
-    Resampler resampler(Resampler::Quality::kMedium, ratio);
+bool convertAll(
+    MonoReader& reader, int32_t fromHz, int32_t toHz, int64_t maxSamples, std::vector<float>& out) {
+    Resampler resampler(fromHz, toHz);
     const auto maxCount = static_cast<size_t>(maxSamples);
     while (!reader.isAtEnd() && out.size() < maxCount) {
         const std::vector<float>& block = reader.next(kBlockFrames);
@@ -85,27 +89,20 @@ bool convertAll(MonoReader& reader, double ratio, int64_t maxSamples, std::vecto
             return false;
         }
     }
-    // Rounded to whole samples; what the resampler did not fill is the silence after the end.
-    const int64_t whole = std::llround(static_cast<double>(reader.framesRead()) * ratio);
+    // What the resampler did not fill is the silence after the end.
+    const int64_t whole = samplesAt(reader.framesRead(), fromHz, toHz);
     out.resize(static_cast<size_t>(std::min(whole, maxSamples)));
     return resampler.isReady();
 }
 
 std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int32_t toHz) {
-    if (fromHz == toHz || samples.empty()) {
-        return samples;
-    }
-    const double ratio = static_cast<double>(toHz) / fromHz;
-    std::vector<float> converted(
-        static_cast<size_t>(std::lround(static_cast<double>(samples.size()) * ratio)));
-    SRC_DATA data{};
-    data.data_in = samples.data();
-    data.input_frames = static_cast<decltype(data.input_frames)>(samples.size());
-    data.data_out = converted.data();
-    data.output_frames = static_cast<decltype(data.output_frames)>(converted.size());
-    data.src_ratio = ratio;
-    src_simple(&data, SRC_SINC_MEDIUM_QUALITY, 1);
-    return converted;  // what the library did not fill is the silence after the end
+    const auto count =
+        static_cast<size_t>(samplesAt(static_cast<int64_t>(samples.size()), fromHz, toHz));
+    std::vector<float> converted;
+    converted.reserve(count);
+    Resampler(fromHz, toHz).convert(samples.data(), samples.size(), true, count, converted);
+    converted.resize(count);  // what the resampler did not fill is the silence after the end
+    return converted;
 }
 
 int libraryFormat(SoundFile::Format format) {
@@ -146,7 +143,7 @@ Problem SoundFile::read(const std::string& path,
     if (file == nullptr) {
         return "the sound \"" + path + "\" cannot be read: " + sf_strerror(nullptr);
     }
-    const int32_t leastRateHz = (rateHz + kMaxTimesSlower - 1) / kMaxTimesSlower;
+    const int32_t leastRateHz = (rateHz + Resampler::kMaxTimes - 1) / Resampler::kMaxTimes;
     if (info.channels < 1 || info.channels > kMaxChannels || info.samplerate < leastRateHz ||
         info.samplerate > kMaxRateHz) {
         return "the sound \"" + path + "\" has " + std::to_string(info.channels) +
@@ -159,8 +156,7 @@ Problem SoundFile::read(const std::string& path,
     std::vector<float> sound;
     if (info.samplerate == rateHz) {
         sound = readAll(reader, maxSamples);
-    } else if (!convertAll(reader, static_cast<double>(rateHz) / info.samplerate, maxSamples,
-                           sound)) {
+    } else if (!convertAll(reader, info.samplerate, rateHz, maxSamples, sound)) {
         return "the sound \"" + path + "\" cannot be brought to " + std::to_string(rateHz) + " Hz";
     }
     if (framesRead != nullptr) {
