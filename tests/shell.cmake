@@ -12,10 +12,13 @@ murmelo_tests(shell_tests
 target_include_directories(shell_tests PRIVATE app/common/audio shell)
 add_library(old_sndfile SHARED shell/old_sndfile.c)
 target_link_libraries(old_sndfile PRIVATE PkgConfig::SNDFILE ${CMAKE_DL_LIBS})
+add_library(no_libraries SHARED shell/no_libraries.c)
+target_link_libraries(no_libraries PRIVATE ${CMAKE_DL_LIBS})
 target_compile_definitions(shell_tests PRIVATE
+    MURMELO_NO_LIBRARIES="$<TARGET_FILE:no_libraries>"
     MURMELO_OLD_SNDFILE="$<TARGET_FILE:old_sndfile>"
     MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_VERSION="${PROJECT_VERSION}")
-add_dependencies(shell_tests murmelo-fx old_sndfile)
+add_dependencies(shell_tests murmelo-fx no_libraries old_sndfile)
 
 # The tool's demonstration.
 add_test(NAME MurmeloFx.demoMeasuresEveryEffect

@@ -92,8 +92,9 @@ std::string noEffect(const std::string& text) {
 }
 
 std::string cannotWrite(SoundWriter::Kind kind) {
-    return std::string("the libsndfile of this machine cannot write ") +
-           SoundWriter::extension(kind);
+    return (SoundWriter::isLibraryThere() ? "the libsndfile of this machine cannot write "
+                                          : "without libsndfile, which is missing, there is no ") +
+           std::string(SoundWriter::extension(kind));
 }
 
 bool isSameFile(const std::string& a, const std::string& b) {

@@ -6,13 +6,13 @@
 #include "ProgressLine.h"
 #include "QuietLibrary.h"
 #include "RateConverter.h"
+#include "SoundLibraries.h"
 #include "WavFile.h"
 #include "WavProps.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <sndfile.h>
 #include <unistd.h>
 
 namespace {
@@ -68,7 +68,7 @@ private:
 
 /// The library's error message without its full stop.
 std::string libraryError(SNDFILE* file) {
-    std::string words = sf_strerror(file);
+    std::string words = SndfileLibrary::get()->strError(file);
     while (!words.empty() && (words.back() == '.' || words.back() == '\n')) {
         words.pop_back();
     }
@@ -78,7 +78,7 @@ std::string libraryError(SNDFILE* file) {
 struct FileCloser {
     void operator()(SNDFILE* file) const {
         const QuietLibrary quiet;
-        sf_close(file);
+        SndfileLibrary::get()->close(file);
     }
 };
 
@@ -88,10 +88,11 @@ using LibraryFile = std::unique_ptr<SNDFILE, FileCloser>;
 /// shown.
 SNDFILE* openQuietly(const InputFile& file, const std::string& path) {
     const QuietLibrary quiet;
+    const SndfileLibrary& library = *SndfileLibrary::get();
     SF_INFO facts = {};
     // By its path if it has one: kinds without a header are recognised by their extension.
-    return file.isPiped() ? sf_open_fd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
-                          : sf_open(path.c_str(), SFM_READ, &facts);
+    return file.isPiped() ? library.openFd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
+                          : library.open(path.c_str(), SFM_READ, &facts);
 }
 
 /// Returns the number of frames read; less than blockFrames only at the end.
@@ -99,7 +100,7 @@ size_t readQuietly(SNDFILE* file, std::vector<float>& frames, size_t blockFrames
     const QuietLibrary quiet;
     const auto wanted = static_cast<sf_count_t>(blockFrames);
     return static_cast<size_t>(
-        std::max<sf_count_t>(sf_readf_float(file, frames.data(), wanted), 0));
+        std::max<sf_count_t>(SndfileLibrary::get()->readFrames(file, frames.data(), wanted), 0));
 }
 
 void blank(signed char* header, int32_t off) {
@@ -185,6 +186,10 @@ Sound SoundReader::readCanonical(const InputFile& file, int32_t count) {
 }
 
 Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
+    if (SndfileLibrary::get() == nullptr) {
+        return refuse("needs libsndfile, which is missing: only WAV of 8 or 16 kHz, one channel "
+                      "and 16 bits can be read without it");
+    }
     const LibraryFile opened(openQuietly(file, path));
     if (opened == nullptr) {
         return refuse("is no sound file that can be read (" + libraryError(nullptr) + ")");
@@ -200,9 +205,15 @@ Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
 
 // Holds no more than a block of the file at a time, because the length in its header may be false.
 bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
+    const SndfileLibrary& library = *SndfileLibrary::get();
     SF_INFO facts = {};
-    sf_command(file, SFC_GET_CURRENT_SF_INFO, &facts, sizeof facts);
+    library.command(file, SFC_GET_CURRENT_SF_INFO, &facts, sizeof facts);
     RateConverter converter(facts.samplerate);
+    if (!converter.isPossible() && !Resampler::isThere()) {
+        refuse("has another rate than 8 or 16 kHz (" + std::to_string(facts.samplerate) +
+               " Hz), and libsoxr, which converts it, is missing");
+        return false;
+    }
     if (!converter.isPossible() || facts.channels < 1) {
         refuse("has a sample rate that cannot be converted (" + std::to_string(facts.samplerate) +
                " Hz)");
@@ -228,7 +239,7 @@ bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
         done += static_cast<int64_t>(got);
         progress.show("reading", done, facts.frames);
     }
-    if (sf_error(file) != SF_ERR_NO_ERROR) {
+    if (library.error(file) != SF_ERR_NO_ERROR) {
         refuse("is damaged (" + libraryError(file) + ")");
         return false;
     }

@@ -4,6 +4,7 @@
 #include "OutputFile.h"
 #include "OutputStream.h"
 #include "QuietLibrary.h"
+#include "SoundLibraries.h"
 #include "WavFile.h"
 #include "WavProps.h"
 
@@ -12,7 +13,6 @@
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
-#include <sndfile.h>
 #include <vector>
 
 namespace {
@@ -52,13 +52,13 @@ int formatOf(SoundWriter::Kind kind) {
 
 /// True if one of the library's lists has this format.
 /// @param count, entry  the library's commands for the list's length and for one of its entries
-bool isListed(int count, int entry, int format) {
+bool isListed(const SndfileLibrary& library, int count, int entry, int format) {
     int entries = 0;
-    sf_command(nullptr, count, &entries, sizeof entries);
+    library.command(nullptr, count, &entries, sizeof entries);
     for (int i = 0; i < entries; i++) {
         SF_FORMAT_INFO info = {};
         info.format = i;
-        if (sf_command(nullptr, entry, &info, sizeof info) == 0 && info.format == format) {
+        if (library.command(nullptr, entry, &info, sizeof info) == 0 && info.format == format) {
             return true;
         }
     }
@@ -146,12 +146,16 @@ SF_VIRTUAL_IO memoryCalls() {
 
 /// @returns the library's error message, if something went wrong
 Problem encode(int format, const int32_t* samples, Memory& memory) {
+    const SndfileLibrary* const library = SndfileLibrary::get();
+    if (library == nullptr) {
+        return "libsndfile is missing";
+    }
     const QuietLibrary quiet;
     SF_INFO facts = factsOf(format);
     SF_VIRTUAL_IO calls = memoryCalls();
-    SNDFILE* file = sf_open_virtual(&calls, SFM_WRITE, &facts, &memory);
+    SNDFILE* file = library->openVirtual(&calls, SFM_WRITE, &facts, &memory);
     if (file == nullptr) {
-        return sf_strerror(nullptr);
+        return library->strError(nullptr);
     }
     Problem problem;
     std::array<int16_t, kBlockSamples> block{};
@@ -160,13 +164,13 @@ Problem encode(int format, const int32_t* samples, Memory& memory) {
         // The low 16 bits, as in a WAV file.
         std::transform(samples + done, samples + done + count, block.begin(),
                        [](int32_t sample) { return static_cast<int16_t>(sample); });
-        if (sf_write_short(file, block.data(), count) != count) {
-            problem = sf_strerror(file);
+        if (library->writeShorts(file, block.data(), count) != count) {
+            problem = library->strError(file);
         }
         done += count;
     }
-    const int closed = sf_close(file);
-    return !problem && closed != 0 ? sf_error_number(closed) : problem;
+    const int closed = library->close(file);
+    return !problem && closed != 0 ? library->errorNumber(closed) : problem;
 }
 
 }  // namespace
@@ -200,17 +204,25 @@ const char* SoundWriter::extension(Kind kind) {
     return "";
 }
 
+bool SoundWriter::isLibraryThere() {
+    return SndfileLibrary::get() != nullptr;
+}
+
 bool SoundWriter::isPossible(Kind kind) {
     if (kind == Kind::kWav) {
         return true;
     }
+    const SndfileLibrary* const library = SndfileLibrary::get();
+    if (library == nullptr) {
+        return false;
+    }
     const int format = formatOf(kind);
     const SF_INFO facts = factsOf(format);
-    return isListed(SFC_GET_FORMAT_MAJOR_COUNT, SFC_GET_FORMAT_MAJOR,
+    return isListed(*library, SFC_GET_FORMAT_MAJOR_COUNT, SFC_GET_FORMAT_MAJOR,
                     format & SF_FORMAT_TYPEMASK) &&
-           isListed(SFC_GET_FORMAT_SUBTYPE_COUNT, SFC_GET_FORMAT_SUBTYPE,
+           isListed(*library, SFC_GET_FORMAT_SUBTYPE_COUNT, SFC_GET_FORMAT_SUBTYPE,
                     format & SF_FORMAT_SUBMASK) &&
-           sf_format_check(&facts) != 0;
+           library->formatCheck(&facts) != 0;
 }
 
 Problem SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) {

@@ -16,6 +16,9 @@ public:
     /// True if the library of this machine can write that kind; it may be built without some.
     static bool isPossible(Kind kind);
 
+    /// False where the library is missing: then only WAV is possible.
+    static bool isLibraryThere();
+
     /// By the extension of a file's name; WAV for a name without one. Nothing for any other.
     static std::optional<Kind> kindOfPath(const std::string& path);
 

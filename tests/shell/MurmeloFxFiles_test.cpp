@@ -283,6 +283,60 @@ TEST_F(MurmeloFxFiles, aLibraryWithoutAKindOfOutputIsToldBeforeAnythingIsDone) {
     EXPECT_EQ(0, without({"robot", good, path("out.ogg")}).status);
 }
 
+namespace {
+
+/// Runs the tool on a machine that lacks the libraries whose names begin so.
+shell::Result runWithout(const char* missing, const std::vector<std::string>& arguments) {
+    return ToolRunner()
+        .before([missing] {
+            setenv("LD_PRELOAD", MURMELO_NO_LIBRARIES, 1);
+            setenv("MURMELO_MISSING", missing, 1);
+            setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
+        })
+        .run(arguments);
+}
+
+}  // namespace
+
+TEST_F(MurmeloFxFiles, plainWavNeedsNoSoundLibrary) {
+    for (const int32_t rateHz : {8000, 16000}) {
+        const std::string input =
+            file("plain.wav", shell::wavBytes(rateHz, audio::noise(5000, 9000)));
+        const std::vector<std::string> arguments = {"high", input, "-"};
+        const shell::Result result = runWithout("libs", arguments);
+        EXPECT_EQ(0, result.status) << result.err;
+        EXPECT_EQ(run(arguments).out, result.out);
+    }
+}
+
+TEST_F(MurmeloFxFiles, withoutTheSoundLibraryOtherKindsAreRefusedByItsName) {
+    shell::writeSound(path("in.flac"), SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 8000, 1,
+                      audio::noise(5000, 9000));
+    expectFailure(runWithout("libsndfile", {"high", path("in.flac"), path("out.wav")}),
+                  path("in.flac"), "needs libsndfile, which is missing");
+    const shell::Result result = runWithout("libsndfile", {"high", good, path("out.ogg")});
+    EXPECT_EQ(2, result.status);
+    EXPECT_EQ("murmelo-fx: without libsndfile, which is missing, there is no ogg (see murmelo-fx "
+              "--help)\n",
+              result.err);
+    EXPECT_EQ(2, filesIn(path("")));
+}
+
+TEST_F(MurmeloFxFiles, withoutTheResamplerOtherRatesAreRefusedByItsName) {
+    const std::string input = file("in.wav", shell::wavBytes(44100, audio::noise(5000, 9000)));
+    expectFailure(runWithout("libsoxr", {"high", input, path("out.wav")}), input,
+                  "libsoxr, which converts it, is missing");
+    EXPECT_EQ(2, filesIn(path("")));
+}
+
+TEST_F(MurmeloFxFiles, theToolItselfLoadsNoSoundLibrary) {
+    const shell::Result result =
+        ToolRunner().before([] { setenv("LD_TRACE_LOADED_OBJECTS", "1", 1); }).run({"--version"});
+    EXPECT_NE(std::string::npos, result.out.find("libc.so")) << result.out;
+    EXPECT_EQ(std::string::npos, result.out.find("libsndfile")) << result.out;
+    EXPECT_EQ(std::string::npos, result.out.find("libsoxr")) << result.out;
+}
+
 TEST_F(MurmeloFxFiles, oneBadInputFailsAloneAndTheOthersAreDone) {
     const std::string bad = file("bad.wav", "no sound\n");
     const std::string last = file("last.wav", shell::wavBytes(8000, audio::noise(500, 500)));

@@ -1,8 +1,9 @@
 #include "Resampler.h"
 
+#include "SoundLibraries.h"
+
 #include <algorithm>
 #include <array>
-#include <soxr.h>
 
 namespace {
 
@@ -18,21 +19,31 @@ bool isPossible(int32_t fromHz, int32_t toHz) {
 }
 
 soxr_t newState(int32_t fromHz, int32_t toHz) {
-    if (!isPossible(fromHz, toHz)) {
+    const SoxrLibrary* const library = SoxrLibrary::get();
+    if (library == nullptr || !isPossible(fromHz, toHz)) {
         return nullptr;
     }
     // Twenty bits: its faults stay below the last of the sixteen.
-    soxr_quality_spec_t quality = soxr_quality_spec(SOXR_20_BITQ, SOXR_DOUBLE_PRECISION);
+    soxr_quality_spec_t quality = library->qualitySpec(SOXR_20_BITQ, SOXR_DOUBLE_PRECISION);
     quality.passband_end = kLevelBand;
-    const soxr_io_spec_t kinds = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
-    const soxr_runtime_spec_t oneThread = soxr_runtime_spec(1);
-    return soxr_create(fromHz, toHz, 1, nullptr, &kinds, &quality, &oneThread);
+    const soxr_io_spec_t kinds = library->ioSpec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
+    const soxr_runtime_spec_t oneThread = library->runtimeSpec(1);
+    return library->create(fromHz, toHz, 1, nullptr, &kinds, &quality, &oneThread);
+}
+
+/// Of a state that was made: the library is there.
+void deleteState(soxr_t state) {
+    SoxrLibrary::get()->destroy(state);
 }
 
 }  // namespace
 
+bool Resampler::isThere() {
+    return SoxrLibrary::get() != nullptr;
+}
+
 Resampler::Resampler(int32_t fromHz, int32_t toHz)
-    : state(newState(fromHz, toHz), &soxr_delete) {}
+    : state(newState(fromHz, toHz), &deleteState) {}
 
 bool Resampler::convert(
     const float* samples, size_t count, bool last, size_t maxSamples, std::vector<float>& out) {
@@ -50,11 +61,12 @@ bool Resampler::process(const float* samples,
                         size_t maxSamples,
                         std::vector<float>& out) {
     std::array<float, kBlockSamples> made{};
+    const SoxrLibrary& library = *SoxrLibrary::get();
     size_t used = 0;
     size_t got = 0;
     do {
         const size_t wanted = std::min(maxSamples - out.size(), kBlockSamples);
-        if (soxr_process(state.get(), samples, count, &used, made.data(), wanted, &got) !=
+        if (library.process(state.get(), samples, count, &used, made.data(), wanted, &got) !=
             nullptr) {
             return false;
         }

@@ -20,9 +20,13 @@ public:
     /// How many times one rate may be the other.
     static constexpr int32_t kMaxTimes = 256;
 
+    /// False where the resampling library is missing.
+    static bool isThere();
+
     Resampler(int32_t fromHz, int32_t toHz);
 
-    /// False if there was no memory, or the rates lie too far apart: convert() fails then.
+    /// False if there was no memory or no library, or the rates lie too far apart: convert() fails
+    /// then.
     bool isReady() const { return state != nullptr; }
 
     /// Takes count samples and appends what they make to out, until out holds maxSamples. The
