@@ -53,10 +53,15 @@ murmelo_tests(sdl_tests
         platform/sdl/SdlDoors_test.cpp
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
+        platform/sdl/SdlKeys_test.cpp
         platform/sdl/SdlStrip_test.cpp
         platform/sdl/SdlWindow_test.cpp
+        platform/sdl/StartSocket_test.cpp
+        platform/sdl/SystemLanguage_test.cpp
         platform/sdl/WindowLayout_test.cpp
         platform/sdl/WindowMemory_test.cpp
+        platform/sdl/WindowSizes_test.cpp
+        platform/sdl/WindowTitle_test.cpp
     LINK murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE
     MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}" SDL_MAIN_HANDLED)

@@ -111,7 +111,7 @@ class Window:
         return os.path.join(self.folder.name, name)
 
     def find(self):
-        found = subprocess.run(["xdotool", "search", "--name", "^Murmelo$"], stdout=subprocess.PIPE,
+        found = subprocess.run(["xdotool", "search", "--name", "Murmelo$"], stdout=subprocess.PIPE,
                                stderr=subprocess.DEVNULL, check=False).stdout.split()
         return found[-1].decode() if found else None
 

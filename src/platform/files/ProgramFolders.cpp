@@ -227,7 +227,8 @@ Problem HomeLock::take(const std::string& home) {
             return "the home folder \"" + home + "\" cannot be written: " + SafeFile::lastError();
         }
         if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
-            return errno == EWOULDBLOCK
+            heldByAnother = errno == EWOULDBLOCK;
+            return heldByAnother
                        ? "Murmelo is already running with the home folder \"" + home + "\""
                        : "the home folder \"" + home +
                              "\" cannot be locked: " + SafeFile::lastError();

@@ -47,6 +47,9 @@ public:
     /// else has the name of the lock
     Problem take(const std::string& home);
 
+    /// True if take() has found another program that holds it.
+    bool isHeldByAnother() const { return heldByAnother; }
+
 private:
     /// False if something that is no ordinary file has the name of the lock. Leaves errno alone.
     bool isOrdinary() const;
@@ -57,6 +60,7 @@ private:
     std::string path;
     int file = -1;
     bool isHeld = false;
+    bool heldByAnother = false;
 };
 
 /// What one running program holds: its home, and the sound folder where that lies elsewhere, which
@@ -66,6 +70,9 @@ public:
     /// Makes a sound folder that lies elsewhere if it is missing, so that it can be locked too.
     /// @returns what is wrong, as HomeLock::take
     Problem take(const HostFolders& folders);
+
+    /// True if take() has found another program that runs in the same home.
+    bool isHomeHeldByAnother() const { return home.isHeldByAnother(); }
 
 private:
     HomeLock home;

@@ -328,6 +328,16 @@ constexpr HostWords::Row kRows[] = {
      "Micrófono: {1}",
      "Microphone : {1}",
      "Microfono: {1}"},
+    // Names of the screens, for the window's title
+    {"screenFirstLang", "Language", "Sprache", "Idioma", "Langue", "Lingua"},
+    {"screenOptions", "Menu", "Menü", "Menú", "Menu", "Menu"},
+    {"screenRecord", "Ready to record", "Bereit zur Aufnahme", "Listo para grabar", "Prêt à enregistrer", "Pronto a registrare"},
+    {"screenRecording", "Recording", "Aufnahme läuft", "Grabando", "Enregistrement", "Registrazione in corso"},
+    {"screenProcess", "Please wait", "Bitte warten", "Espera", "Veuillez patienter", "Attendi"},
+    {"screenPlay", "Choose an effect", "Effekt wählen", "Elige un efecto", "Choix de l’effet", "Scegli un effetto"},
+    {"screenPlaying", "Playing", "Wiedergabe", "Reproduciendo", "Lecture", "Riproduzione"},
+    {"screenSave", "Sound saved", "Klang gesichert", "Sonido guardado", "Son enregistré", "Suono salvato"},
+    {"screenMessageAndQuit", "Error", "Fehler", "Error", "Erreur", "Errore"},
 };
 
 // clang-format on

@@ -1,9 +1,13 @@
 #include "SdlHost.h"
 
 #include "HostWords.h"
+#include "KeyRules.h"
 #include "ProgramFolders.h"
 #include "QuietLibrary.h"
+#include "SdlKeys.h"
+#include "SystemLanguage.h"
 #include "VideoDriver.h"
+#include "WindowTitle.h"
 
 #include <SDL.h>
 
@@ -93,9 +97,10 @@ Problem SdlHost::open() {
         return problem;
     }
     events.begin();
-    if (Problem problem = window.open(options.folders.config)) {
+    if (Problem problem = window.open(options.folders.config, options.fullScreen)) {
         return problem;
     }
+    otherStarts.open(options.folders.home);
     // Only now: a large file, or one on a slow disk, must not keep the window away.
     if (!options.take.empty()) {
         extraDoors.offer(options.take);
@@ -104,6 +109,18 @@ Problem SdlHost::open() {
         extraDoors.bringBackLater();
     }
     return Problem::none();
+}
+
+/// On the socket's thread. The file comes as if it had been dropped on the window.
+void SdlHost::startedAgain(const std::string& file) {
+    raiseAsked = true;
+    if (!file.empty()) {
+        SDL_Event event{};
+        event.type = SDL_DROPFILE;
+        event.drop.file = SDL_strdup(file.c_str());
+        SDL_PushEvent(&event);
+    }
+    rouse();
 }
 
 int64_t SdlHost::nowUs() const {
@@ -153,6 +170,9 @@ void SdlHost::setDoors(HostDoors* offered) {
     doors = offered;
     extraDoors.setDoors(offered);
     strip.strip().setDoors(offered);
+    if (doors != nullptr) {
+        walk.toFirstLanguage(SystemLanguage::indexOf(SystemLanguage::environment()));
+    }
 }
 
 void SdlHost::say(const std::string& sentence) {
@@ -165,8 +185,12 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
     const int64_t endMs = timeoutMs < 0 ? kNever : uptimeMs() + timeoutMs;
     for (;;) {
         extraDoors.tellSaved();
+        if (raiseAsked.exchange(false)) {
+            window.raise();
+        }
         if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
-            deliverEvent(first) || deliverAway(listener)) {
+            deliverEvent(first) || deliverAway(listener) ||
+            (doors != nullptr && walk.step(*doors))) {
             return true;
         }
         presentIfDue();
@@ -228,10 +252,10 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         return false;
     case SDL_MOUSEMOTION:
         point(event.motion);
-        return input.handle(event, listener, doors);
+        return input.handle(event, listener);
     default:
-        return extraDoors.handle(event) || strip.handle(event) ||
-               input.handle(event, listener, doors);
+        return extraDoors.handle(event) || strip.handle(event) || handleKey(event, listener) ||
+               handleTouch(event, listener);
     }
 }
 
@@ -240,6 +264,23 @@ void SdlHost::point(const SDL_MouseMotionEvent& motion) {
         const DisplayPoint place = fromMouse(motion.x, motion.y, WindowPart::kNone);
         strip.strip().point(place.x, place.y);
     }
+}
+
+bool SdlHost::handleKey(const SDL_Event& event, HostListener& listener) {
+    KeyPress press;
+    if (!SdlKeys::read(event, press)) {
+        return false;
+    }
+    walk.giveUp();
+    return deeds.perform(KeyRules::deedOf(press, doors), listener, doors);
+}
+
+bool SdlHost::handleTouch(const SDL_Event& event, HostListener& listener) {
+    const bool delivered = input.handle(event, listener);
+    if (delivered) {
+        walk.giveUp();
+    }
+    return delivered;
 }
 
 bool SdlHost::handleWindow(const SDL_WindowEvent& event) {
@@ -313,6 +354,9 @@ void SdlHost::presentIfDue() {
         return;
     }
     window.present(*frame, changed);
+    if (doors != nullptr) {
+        window.setTitle(WindowTitle::of(doors->texts()));
+    }
     pictures++;
     // In step with the display, unless it was still for a while.
     nextPictureUs = std::max(nextPictureUs + window.refreshUs(), nowUs());

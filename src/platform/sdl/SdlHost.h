@@ -8,10 +8,12 @@
 #include "EventWait.h"
 #include "FileMicrophone.h"
 #include "Host.h"
+#include "KeyWalk.h"
 #include "LostMicrophone.h"
 #include "MicrophoneMemory.h"
 #include "Problem.h"
 #include "SdlAudio.h"
+#include "SdlDeeds.h"
 #include "SdlDoors.h"
 #include "SdlInput.h"
 #include "SdlMicrophone.h"
@@ -19,6 +21,7 @@
 #include "SdlStrip.h"
 #include "SdlWindow.h"
 #include "SignalWatch.h"
+#include "StartSocket.h"
 #include "TakeKeeper.h"
 
 #include <atomic>
@@ -37,6 +40,7 @@ struct SdlOptions {
     bool last = false;           // begins with the take of the last time
     SdlDoors::EffectWord effectWord;
     bool silent = false;
+    bool fullScreen = false;
 };
 
 class SdlHost : public Host, private SdlPlaces {
@@ -116,6 +120,8 @@ private:
     bool deliverAway(HostListener& listener);
     bool deliverSignals(HostListener& listener);
     bool handle(const union SDL_Event& event, HostListener& listener);
+    bool handleKey(const union SDL_Event& event, HostListener& listener);
+    bool handleTouch(const union SDL_Event& event, HostListener& listener);
     bool handleWindow(const struct SDL_WindowEvent& event);
     bool isPictureDue();
     void presentIfDue();
@@ -127,6 +133,7 @@ private:
     void rouse() { events.rouse(); }
 
     bool rouseAgain();
+    void startedAgain(const std::string& file);
     void setAway(Away reason, bool away);
 
     DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const override;
@@ -135,8 +142,9 @@ private:
     SdlOptions options;
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 
-    std::atomic<bool> endAsked{false};   // by a signal
-    std::atomic<bool> stopAsked{false};  // by a signal
+    std::atomic<bool> endAsked{false};    // by a signal
+    std::atomic<bool> stopAsked{false};   // by a signal
+    std::atomic<bool> raiseAsked{false};  // by another start
     EventWait events;
     SignalWatch signals;  // its thread comes first and goes last
 
@@ -153,6 +161,8 @@ private:
     SdlStrip strip;
 
     SdlDoors extraDoors;
+    KeyWalk walk;
+    SdlDeeds deeds{window, extraDoors, walk};
     HostDoors* doors = nullptr;
     HostFrame* frame = nullptr;
     bool frameIsNew = false;
@@ -163,4 +173,6 @@ private:
     uint32_t awayReasons = 0;
     bool toldAway = false;
     int64_t hiddenCheckMs = -1;  // when to find out why the window vanished
+
+    StartSocket otherStarts{[this](const std::string& file) { startedAgain(file); }};
 };

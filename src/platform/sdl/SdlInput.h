@@ -1,5 +1,4 @@
-// Mouse, touch screen and keyboard, turned into what the phone has: one finger, two volume keys,
-// and the navigation keys for people without a touch screen.
+// Mouse and touch screen, turned into what the phone has: one finger.
 #pragma once
 
 #include "Host.h"
@@ -9,7 +8,6 @@
 #include <cstdint>
 
 union SDL_Event;
-struct SDL_KeyboardEvent;
 struct SDL_MouseButtonEvent;
 
 /// Where things lie in the window.
@@ -30,14 +28,12 @@ public:
     /// @param places  not owned
     explicit SdlInput(const SdlPlaces& places);
 
-    /// @param doors  null: there is nobody to take navigation keys
     /// @returns whether a callback was delivered
-    bool handle(const SDL_Event& event, HostListener& listener, HostDoors* doors);
+    bool handle(const SDL_Event& event, HostListener& listener);
 
 private:
     bool mousePressed(const SDL_MouseButtonEvent& button, HostListener& listener);
     bool fingerMoved(const SDL_Event& event, HostListener& listener);
-    static bool keyPressed(const SDL_KeyboardEvent& key, HostListener& listener, HostDoors* doors);
 
     const SdlPlaces& places;
     OneFinger finger;

@@ -6,50 +6,46 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
-constexpr int32_t kDecorationPx = 40;  // kept free for a title bar
-constexpr int32_t kLeastWidthPx = 120;
-constexpr int32_t kLeastHeightPx = 200;
 constexpr int64_t kUsPerSecond = 1000000;
 constexpr int32_t kUsualRefreshHz = 60;
 
 // From here on a display is taken to be twice as fine as usual, and counts its pixels unscaled.
 constexpr float kFineDpi = 180.0F;
 
-void initialSize(int32_t& width, int32_t& height) {
-    width = HostFrame::kWidthPx;
-    height = HostFrame::kHeightPx;
+/// What the first screen has for windows; none if that is not known.
+WindowSizes::Size roomOfScreen() {
     SDL_Rect room;
-    if (SDL_GetDisplayUsableBounds(0, &room) != 0) {
-        return;
+    return SDL_GetDisplayUsableBounds(0, &room) == 0 ? WindowSizes::Size{room.w, room.h}
+                                                     : WindowSizes::Size{};
+}
+
+/// How much larger than usual everything is to be.
+double scaleOfDesktop(WindowSizes::Size room) {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    const std::string driverName = driver != nullptr ? driver : "";
+    const char* gdkScale = std::getenv("GDK_SCALE");
+    const double told = WindowSizes::desktopScale(
+        driverName == "wayland", driverName == "x11" ? X11Window::resource("Xft.dpi") : "",
+        gdkScale != nullptr ? gdkScale : "");
+    if (told > 0) {
+        return told;
     }
-    const int32_t roomHeight = room.h - kDecorationPx;
     float dpi = 0;
-    if (SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) == 0 && dpi >= kFineDpi &&
-        room.w >= 2 * width && roomHeight >= 2 * height) {
-        width *= 2;
-        height *= 2;
-    }
-    // A screen exactly as large as the phone shows no title bar anyway.
-    if (room.h >= height && room.w >= width) {
-        return;
-    }
-    const int32_t fittingHeight =
-        std::min(roomHeight, room.w * HostFrame::kHeightPx / HostFrame::kWidthPx);
-    height = std::max(fittingHeight, kLeastHeightPx);
-    width = height * HostFrame::kWidthPx / HostFrame::kHeightPx;
+    const WindowSizes::Size fine = WindowSizes::usual(2, {});
+    const bool isFine = SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) == 0 && dpi >= kFineDpi;
+    return isFine && room.width >= fine.width && room.height > fine.height ? 2 : 1;
 }
 
 /// The size of an earlier run, as far as today's screen has room for it.
-void useRemembered(WindowMemory::Size remembered, int32_t& width, int32_t& height) {
-    SDL_Rect room;
-    if (!remembered.isKnown() || SDL_GetDisplayUsableBounds(0, &room) != 0) {
-        return;
-    }
-    width = std::clamp(remembered.width, kLeastWidthPx, std::max(room.w, kLeastWidthPx));
-    height = std::clamp(remembered.height, kLeastHeightPx, std::max(room.h, kLeastHeightPx));
+WindowSizes::Size withinRoom(WindowSizes::Size remembered, WindowSizes::Size room) {
+    constexpr int32_t kMinWidth = WindowSizes::kMinWidth;
+    constexpr int32_t kMinHeight = WindowSizes::kMinHeight;
+    return {std::clamp(remembered.width, kMinWidth, std::max(room.width, kMinWidth)),
+            std::clamp(remembered.height, kMinHeight, std::max(room.height, kMinHeight))};
 }
 
 }  // namespace
@@ -60,18 +56,51 @@ SdlWindow::~SdlWindow() {
     }
 }
 
-Problem SdlWindow::open(const std::string& settingsFolder) {
+Problem SdlWindow::open(const std::string& settingsFolder, bool onFullScreen) {
     memory = std::make_unique<WindowMemory>(settingsFolder);
-    initialSize(openedWidth, openedHeight);
-    useRemembered(memory->read(), openedWidth, openedHeight);
-    window =
-        SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, openedWidth,
-                         openedHeight, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
+    const WindowSizes::Size room = roomOfScreen();
+    const WindowSizes::Size remembered = memory->read();
+    opened = remembered.isKnown() && room.isKnown()
+                 ? withinRoom(remembered, room)
+                 : WindowSizes::usual(scaleOfDesktop(room), room);
+    const uint32_t flags = SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI |
+                           (onFullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
+    window = SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                              opened.width, opened.height, flags);
     if (window == nullptr) {
         return std::string("no window can be opened: ") + SDL_GetError();
     }
-    SDL_SetWindowMinimumSize(window, kLeastWidthPx, kLeastHeightPx);
+    SDL_SetWindowMinimumSize(window, WindowSizes::kMinWidth, WindowSizes::kMinHeight);
     return Problem::none();
+}
+
+void SdlWindow::toggleFullScreen() {
+    const bool isFull = (SDL_GetWindowFlags(window) & SDL_WINDOW_FULLSCREEN) != 0;
+    SDL_SetWindowFullscreen(window, isFull ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
+void SdlWindow::changeSize(Change change) {
+    constexpr uint32_t kNotByHand = SDL_WINDOW_MAXIMIZED | SDL_WINDOW_FULLSCREEN;
+    if ((SDL_GetWindowFlags(window) & kNotByHand) != 0) {
+        return;
+    }
+    const WindowSizes::Size now{widthUnits(), heightUnits()};
+    const WindowSizes::Size room = roomOfScreen();
+    WindowSizes::Size size;
+    switch (change) {
+    case Change::kLarger:
+        size = WindowSizes::larger(now, room);
+        break;
+    case Change::kSmaller:
+        size = WindowSizes::smaller(now);
+        break;
+    default:
+        size = WindowSizes::usual(scaleOfDesktop(room), room);
+        break;
+    }
+    if (size.width != now.width || size.height != now.height) {
+        SDL_SetWindowSize(window, size.width, size.height);
+    }
 }
 
 void SdlWindow::rememberSize() const {
@@ -81,7 +110,7 @@ void SdlWindow::rememberSize() const {
         return;
     }
     const WindowMemory::Size size{widthUnits(), heightUnits()};
-    if (size.width != openedWidth || size.height != openedHeight) {
+    if (size.width != opened.width || size.height != opened.height) {
         memory->write(size);
     }
 }
@@ -187,6 +216,20 @@ int64_t SdlWindow::refreshUs() const {
 
 bool SdlWindow::isIcon() const {
     return X11Window::isIcon(window);
+}
+
+void SdlWindow::raise() {
+    if (isIcon()) {
+        SDL_RestoreWindow(window);
+    }
+    SDL_RaiseWindow(window);
+}
+
+void SdlWindow::setTitle(const std::string& text) {
+    if (text != title) {
+        title = text;
+        SDL_SetWindowTitle(window, text.c_str());
+    }
 }
 
 void SdlWindow::setIcon(const std::string& iconFolder) {

@@ -5,6 +5,7 @@
 #include "PictureScaler.h"
 #include "Problem.h"
 #include "WindowMemory.h"
+#include "WindowSizes.h"
 
 #include <cstdint>
 #include <memory>
@@ -24,7 +25,16 @@ public:
     /// Opens the window: as large as the user left it in an earlier run, else as the phone, and
     /// never larger than the screen has room for.
     /// @param settingsFolder  where its size is kept; empty: nowhere
-    Problem open(const std::string& settingsFolder);
+    /// @param onFullScreen    it fills the screen
+    Problem open(const std::string& settingsFolder, bool onFullScreen);
+
+    /// Fills the screen, or has its own size again.
+    void toggleFullScreen();
+
+    enum class Change { kLarger, kSmaller, kUsual };
+
+    /// One step. A window that fills the screen stays as it is.
+    void changeSize(Change change);
 
     /// Keeps the size if the user has changed it.
     void rememberSize() const;
@@ -48,6 +58,12 @@ public:
     /// Whether the user has put the window aside as an icon.
     bool isIcon() const;
 
+    /// Puts the window in front of all others, also one that is an icon.
+    void raise();
+
+    /// What stands in its title bar, if it is another text than before. UTF-8.
+    void setTitle(const std::string& text);
+
     /// Gives the window its picture in lists and bars, if the folder has one.
     void setIcon(const std::string& iconFolder);
 
@@ -59,8 +75,8 @@ private:
 
     SDL_Window* window = nullptr;
     std::unique_ptr<WindowMemory> memory;
-    int32_t openedWidth = 0;
-    int32_t openedHeight = 0;
+    WindowSizes::Size opened;
+    std::string title;
     PictureScaler scaler;
     std::vector<uint16_t> picture;  // the last one presented
 

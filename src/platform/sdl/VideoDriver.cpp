@@ -14,6 +14,8 @@ void setHints() {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     }
     SDL_SetHint(SDL_HINT_APP_NAME, "Murmelo");
+    // By the desktop entry's name Wayland finds the icon, and tells whose window it is.
+    ::setenv("SDL_VIDEO_WAYLAND_WMCLASS", "org.murmelo.Murmelo", 0);
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");

@@ -5,6 +5,7 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <X11/Xresource.h>
 #include <X11/Xutil.h>
 
 bool X11Window::isIcon(SDL_Window* window) {
@@ -33,4 +34,25 @@ bool X11Window::isIcon(SDL_Window* window) {
         XFree(words);
     }
     return icon;
+}
+
+std::string X11Window::resource(const std::string& name) {
+    Display* display = XOpenDisplay(nullptr);
+    if (display == nullptr) {
+        return "";
+    }
+    std::string value;
+    const char* settings = XResourceManagerString(display);
+    XrmDatabase database = settings != nullptr ? XrmGetStringDatabase(settings) : nullptr;
+    if (database != nullptr) {
+        char* type = nullptr;
+        XrmValue found{};
+        if (XrmGetResource(database, name.c_str(), name.c_str(), &type, &found) != 0 &&
+            found.addr != nullptr) {
+            value = found.addr;
+        }
+        XrmDestroyDatabase(database);
+    }
+    XCloseDisplay(display);
+    return value;
 }

@@ -7,6 +7,9 @@
 #include "SafeFile.h"
 #include "SdlHost.h"
 #include "SoundFile.h"
+#include "StartSocket.h"
+
+#include <SDL.h>
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
@@ -19,10 +22,23 @@ namespace {
 
 constexpr int kUsage = 2;  // a mistake on the command line, as the other programs answer it
 
-int complain(const std::string& message) {
-    SdlHost::print(message);
-    return EXIT_FAILURE;
-}
+/// What is wrong before there is a window: on standard error, and where no terminal was seen when
+/// the program was started, in a box of its own.
+class Complaints {
+public:
+    void setFromDesktop() { inBox = true; }
+
+    int tell(const std::string& message) const {
+        SdlHost::print(message);
+        if (inBox) {
+            SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Murmelo", message.c_str(), nullptr);
+        }
+        return EXIT_FAILURE;
+    }
+
+private:
+    bool inBox = false;
+};
 
 void list(const char* title, const std::vector<std::string>& names) {
     std::cout << title << "\n";
@@ -75,6 +91,17 @@ Problem checkTake(const std::string& take) {
     return Problem::none();
 }
 
+/// The file's name for a program that runs in another folder: an address stays as it is.
+std::string fullName(const std::string& nameOrUri) {
+    std::string path;
+    if (nameOrUri.empty() || FileUri::toPath(nameOrUri, path)) {
+        return nameOrUri;
+    }
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(path, error);
+    return error ? path : full.string();
+}
+
 /// Looks at the sound files that the command line names, and for its devices.
 Problem prepareSound(SdlOptions& options) {
     if (!options.microphone.empty() && isSoundFile(options.microphone)) {
@@ -100,11 +127,11 @@ Problem prepareSound(SdlOptions& options) {
     return checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
 }
 
-int run(int argc, char** argv, SdlOptions options) {
+int run(int argc, char** argv, SdlOptions options, const Complaints& complaints) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
     if (const Problem problem = host.open()) {
-        return complain(problem.sentence());
+        return complaints.tell(problem.sentence());
     }
     Host::install(&host);
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(host.folders())) {
@@ -126,6 +153,8 @@ int main(int argc, char** argv) {
     std::string config;
     SdlOptions options;
     bool listsDevices = false;
+    bool fromDesktop = false;
+    Complaints complaints;
     CLI::App parser("Murmelo records your voice and changes it.");
     parser.set_version_flag("--version", "murmelo " MURMELO_VERSION);
     parser.add_option("--home", home, "Folder of your sounds")->type_name("DIR");
@@ -140,6 +169,9 @@ int main(int argc, char** argv) {
     CLI::Option* file =
         parser.add_option("FILE", options.take, "A sound file to begin with: it becomes the take");
     parser.add_flag("--last", options.last, "Begin with the take recorded last")->excludes(file);
+    parser.add_flag("--fullscreen", options.fullScreen, "Fill the screen; F11 leaves it");
+    parser.add_flag("--from-desktop", fromDesktop,
+                    "Show what is wrong in a box: there is no terminal");
     try {
         parser.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -148,12 +180,15 @@ int main(int argc, char** argv) {
     if (listsDevices) {
         return listDevices();
     }
+    if (fromDesktop) {
+        complaints.setFromDesktop();
+    }
 
     if (const Problem problem = prepareSound(options)) {
-        return complain(problem.sentence());
+        return complaints.tell(problem.sentence());
     }
     if (const Problem problem = ProgramFolders::find(home, config, options.folders)) {
-        return complain(problem.sentence());
+        return complaints.tell(problem.sentence());
     }
     options.effectWord = [](int32_t effect) {
         const char* word = FxCatalogue::toolName(effect);
@@ -161,7 +196,11 @@ int main(int argc, char** argv) {
     };
     FolderLocks locks;
     if (const Problem problem = locks.take(options.folders)) {
-        return complain(problem.sentence());
+        if (locks.isHomeHeldByAnother() &&
+            StartSocket::handOver(options.folders.home, fullName(options.take))) {
+            return EXIT_SUCCESS;  // its window has come to the front
+        }
+        return complaints.tell(problem.sentence());
     }
-    return run(argc, argv, std::move(options));
+    return run(argc, argv, std::move(options), complaints);
 }

@@ -7,7 +7,7 @@ namespace {
 
 using Notes = std::vector<std::string>;
 
-class Phone : public HostListener, public HostDoors, public SdlPlaces {
+class Phone : public HostListener, public SdlPlaces {
 public:
     void onTouch(Touch touch, int32_t x, int32_t y) override {
         const char* const kinds[] = {"press", "move", "release"};
@@ -15,7 +15,7 @@ public:
                         " " + std::to_string(y));
     }
 
-    void onVolumeKey(bool up) override { notes.emplace_back(up ? "up" : "down"); }
+    void onVolumeKey(bool) override {}
 
     void onForeground() override {}
 
@@ -26,29 +26,6 @@ public:
     void onScreenOn() override {}
 
     void onTerminate() override {}
-
-    std::string screenName() override { return ""; }
-
-    int32_t currentEffect() override { return 0; }
-
-    bool stopRecording() override { return false; }
-
-    bool saveSound() override { return false; }
-
-    bool useSound(const int16_t*, int32_t) override { return false; }
-
-    int32_t savedCount() override { return 0; }
-
-    std::string savedName() override { return ""; }
-
-    std::vector<uint8_t> canvasPng() override { return {}; }
-
-    ScreenTexts texts() override { return {}; }
-
-    bool navigate(HostKey key) override {
-        notes.push_back("key " + std::to_string(static_cast<int32_t>(key)));
-        return taking;
-    }
 
     /// A window of 500 x 1000 with the display at 10, 100.
     DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const override {
@@ -64,7 +41,6 @@ public:
 
     mutable std::vector<WindowPart> askedFor;
     Notes notes;
-    bool taking = true;
 };
 
 class SdlInputTest : public testing::Test {
@@ -82,7 +58,7 @@ protected:
             event.button.x = x;
             event.button.y = y;
         }
-        return input.handle(event, phone, &phone);
+        return input.handle(event, phone);
     }
 
     void click(int32_t x, int32_t y, uint8_t clicks = 1) {
@@ -96,7 +72,7 @@ protected:
         event.tfinger.fingerId = id;
         event.tfinger.x = xShare;
         event.tfinger.y = yShare;
-        return input.handle(event, phone, &phone);
+        return input.handle(event, phone);
     }
 
     /// A finger set down and lifted at that time.
@@ -108,17 +84,8 @@ protected:
             event.tfinger.fingerId = 1;
             event.tfinger.x = xShare;
             event.tfinger.y = yShare;
-            input.handle(event, phone, &phone);
+            input.handle(event, phone);
         }
-    }
-
-    bool key(SDL_Keycode code, uint16_t modifiers = 0, uint8_t repeat = 0) {
-        SDL_Event event{};
-        event.type = SDL_KEYDOWN;
-        event.key.keysym.sym = code;
-        event.key.keysym.mod = modifiers;
-        event.key.repeat = repeat;
-        return input.handle(event, phone, &phone);
     }
 
     Phone phone;
@@ -234,43 +201,4 @@ TEST_F(SdlInputTest, aDoubleClickAboveTheSoftKeysIsTwoTouches) {
     click(200, 835);
     click(200, 835, 2);
     EXPECT_EQ(4U, phone.notes.size());
-}
-
-TEST_F(SdlInputTest, keysOfTheVolume) {
-    for (const SDL_Keycode code : {SDLK_VOLUMEUP, SDLK_PLUS, SDLK_EQUALS, SDLK_KP_PLUS}) {
-        EXPECT_TRUE(key(code));
-    }
-    for (const SDL_Keycode code : {SDLK_VOLUMEDOWN, SDLK_MINUS, SDLK_KP_MINUS}) {
-        EXPECT_TRUE(key(code));
-    }
-    EXPECT_EQ((Notes{"up", "up", "up", "up", "down", "down", "down"}), phone.notes);
-}
-
-TEST_F(SdlInputTest, keysOfNavigation) {
-    for (const SDL_Keycode code : {SDLK_UP, SDLK_DOWN, SDLK_LEFT, SDLK_RIGHT, SDLK_RETURN,
-                                   SDLK_KP_ENTER, SDLK_SPACE, SDLK_F1, SDLK_F2, SDLK_ESCAPE}) {
-        EXPECT_TRUE(key(code));
-    }
-    EXPECT_EQ((Notes{"key -1", "key -2", "key -3", "key -4", "key -5", "key -5", "key -5", "key -6",
-                     "key -7", "key -7"}),
-              phone.notes);
-}
-
-TEST_F(SdlInputTest, otherKeysHeldKeysAndShortcutsAreNone) {
-    EXPECT_FALSE(key(SDLK_a));
-    EXPECT_FALSE(key(SDLK_F12));
-    EXPECT_FALSE(key(SDLK_RIGHT, 0, 1));
-    EXPECT_FALSE(key(SDLK_RETURN, KMOD_LALT));
-    EXPECT_FALSE(key(SDLK_PLUS, KMOD_LCTRL));
-    EXPECT_TRUE(key(SDLK_PLUS, KMOD_LSHIFT | KMOD_NUM));
-    EXPECT_EQ(Notes{"up"}, phone.notes);
-}
-
-TEST_F(SdlInputTest, aKeyThatNobodyTakesIsNoCallback) {
-    phone.taking = false;
-    EXPECT_FALSE(key(SDLK_RIGHT));
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.keysym.sym = SDLK_RIGHT;
-    EXPECT_FALSE(input.handle(event, phone, nullptr));
 }

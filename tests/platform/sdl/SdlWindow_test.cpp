@@ -31,7 +31,7 @@ protected:
 
 TEST_F(SdlWindowTest, aLowScreenLeavesRoomForATitleBarAndKeepsTheProportions) {
     SdlWindow window;
-    ASSERT_EQ("", window.open(""));
+    ASSERT_EQ("", window.open("", false));
     EXPECT_EQ(room.h - kTitleBarPx, window.heightUnits());
     EXPECT_EQ((room.h - kTitleBarPx) * 3 / 5, window.widthUnits());
 }
@@ -39,7 +39,7 @@ TEST_F(SdlWindowTest, aLowScreenLeavesRoomForATitleBarAndKeepsTheProportions) {
 TEST_F(SdlWindowTest, theSizeOfAnEarlierRunIsCutToTheScreen) {
     folders.write("window", "300 9000\n");
     SdlWindow window;
-    ASSERT_EQ("", window.open(folders.path("")));
+    ASSERT_EQ("", window.open(folders.path(""), false));
     EXPECT_EQ(300, window.widthUnits());
     EXPECT_EQ(room.h, window.heightUnits());
 }
@@ -47,14 +47,46 @@ TEST_F(SdlWindowTest, theSizeOfAnEarlierRunIsCutToTheScreen) {
 TEST_F(SdlWindowTest, aWindowIsNeverTooSmallToBeSeen) {
     folders.write("window", "1 1\n");
     SdlWindow window;
-    ASSERT_EQ("", window.open(folders.path("")));
+    ASSERT_EQ("", window.open(folders.path(""), false));
     EXPECT_EQ(120, window.widthUnits());
     EXPECT_EQ(200, window.heightUnits());
 }
 
 TEST_F(SdlWindowTest, aSizeThatTheUserDidNotChangeIsNotWritten) {
     SdlWindow window;
-    ASSERT_EQ("", window.open(folders.path("")));
+    ASSERT_EQ("", window.open(folders.path(""), false));
     window.rememberSize();
     EXPECT_FALSE(folders.has("window"));
+}
+
+TEST_F(SdlWindowTest, theDesktopsScaleIsUsedUpToTheScreensRoom) {
+    setenv("GDK_SCALE", "2", 1);
+    SdlWindow window;
+    ASSERT_EQ("", window.open("", false));
+    unsetenv("GDK_SCALE");
+    EXPECT_EQ(room.h - kTitleBarPx, window.heightUnits());
+}
+
+TEST_F(SdlWindowTest, stepsChangeTheSizeAndOneGoesBackToTheUsual) {
+    SdlWindow window;
+    ASSERT_EQ("", window.open("", false));
+    const int32_t usual = window.heightUnits();
+    window.changeSize(SdlWindow::Change::kSmaller);
+    EXPECT_EQ(600, window.heightUnits());
+    EXPECT_EQ(360, window.widthUnits());
+    window.changeSize(SdlWindow::Change::kUsual);
+    EXPECT_EQ(usual, window.heightUnits());
+    window.changeSize(SdlWindow::Change::kLarger);
+    EXPECT_EQ(usual, window.heightUnits());  // no room
+}
+
+TEST_F(SdlWindowTest, aWindowThatFillsTheScreenHasNoSteps) {
+    SdlWindow window;
+    ASSERT_EQ("", window.open("", true));
+    const int32_t full = window.heightUnits();
+    window.changeSize(SdlWindow::Change::kSmaller);
+    EXPECT_EQ(full, window.heightUnits());
+    window.toggleFullScreen();
+    window.changeSize(SdlWindow::Change::kSmaller);
+    EXPECT_GT(full, window.heightUnits());
 }

@@ -121,11 +121,10 @@ uint64_t XScreen::windowOf(const std::string& title) {
     XQueryTree(x11, DefaultRootWindow(x11), &root, &parent, &children, &count);
     uint64_t found = 0;
     for (unsigned i = 0; i < count; i++) {
-        char* name = nullptr;
-        if (XFetchName(x11, children[i], &name) != 0 && name != nullptr) {
-            found = title == name ? children[i] : found;
-            XFree(name);
-        }
+        const std::string whole = titleOf(children[i]);
+        const bool isTitle = whole.size() >= title.size() &&
+                             whole.compare(whole.size() - title.size(), title.size(), title) == 0;
+        found = isTitle ? children[i] : found;
     }
     XFree(children);
     return found;
@@ -167,6 +166,49 @@ bool XScreen::drop(uint64_t window, const std::string& path) {
     }
     drag.say("XdndDrop", {0, CurrentTime, 0, 0});
     return drag.hear("XdndFinished");
+}
+
+std::string XScreen::titleOf(uint64_t window) {
+    Display* x11 = server(display);
+    Atom type = None;
+    int format = 0;
+    uint64_t count = 0;
+    uint64_t left = 0;
+    unsigned char* bytes = nullptr;
+    std::string title;
+    if (XGetWindowProperty(x11, window, XInternAtom(x11, "_NET_WM_NAME", False), 0, 1024, False,
+                           XInternAtom(x11, "UTF8_STRING", False), &type, &format, &count, &left,
+                           &bytes) == Success &&
+        format == 8) {
+        title.assign(reinterpret_cast<const char*>(bytes), count);
+    }
+    if (bytes != nullptr) {
+        XFree(bytes);
+    }
+    char* plain = nullptr;
+    if (title.empty() && XFetchName(x11, window, &plain) != 0 && plain != nullptr) {
+        title = plain;
+        XFree(plain);
+    }
+    return title;
+}
+
+void XScreen::setResources(const std::string& text) {
+    Display* x11 = server(display);
+    XChangeProperty(x11, DefaultRootWindow(x11), XA_RESOURCE_MANAGER, XA_STRING, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(text.data()),
+                    static_cast<int>(text.size()));
+    XSync(x11, False);
+}
+
+uint64_t XScreen::cover(int32_t x, int32_t y, int32_t width, int32_t height) {
+    Display* x11 = server(display);
+    const Window window =
+        XCreateSimpleWindow(x11, DefaultRootWindow(x11), x, y, static_cast<unsigned>(width),
+                            static_cast<unsigned>(height), 0, 0, 0xFF00FF);
+    XMapRaised(x11, window);
+    XSync(x11, False);
+    return window;
 }
 
 int32_t XScreen::widthOf(uint64_t window) {

@@ -22,7 +22,7 @@ public:
     /// The window that all others lie in.
     uint64_t root();
 
-    /// The window of that title, 0 if there is none.
+    /// The window whose title ends so, 0 if there is none.
     uint64_t windowOf(const std::string& title);
 
     /// As a window manager does when the user closes a window, or makes it an icon.
@@ -34,6 +34,13 @@ public:
     bool drop(uint64_t window, const std::string& path);
 
     int32_t widthOf(uint64_t window);
+    std::string titleOf(uint64_t window);
+
+    /// The settings for all programs, as xrdb sets them.
+    void setResources(const std::string& text);
+
+    /// Opens a window of that place and one colour (0xFF00FF), in front of all others.
+    uint64_t cover(int32_t x, int32_t y, int32_t width, int32_t height);
 
     /// The picture that it has in lists and bars: width, height, then 0xAARRGGBB row by row; empty
     /// if it has none.

@@ -45,7 +45,7 @@ for ((SECONDS = 0; SECONDS < patience;)); do
     sleep 0.1
 done
 xdotool mousemove 240 20  # into the empty band above the picture: weston shows its arrow always
-env -u DISPLAY XDG_RUNTIME_DIR="$folder" WAYLAND_DISPLAY=wayland SDL_VIDEODRIVER=wayland SDL_AUDIODRIVER=dummy \
+env -u DISPLAY WAYLAND_DEBUG=client XDG_RUNTIME_DIR="$folder" WAYLAND_DISPLAY=wayland SDL_VIDEODRIVER=wayland SDL_AUDIODRIVER=dummy \
     "$murmelo" --home "$folder/home" --config "$folder/config" >/dev/null 2>"$folder/errors" &
 program=$!
 started+=("$program")
@@ -78,11 +78,25 @@ sleeps() {
 }
 
 shows Options
+grep -q 'set_app_id("org.murmelo.Murmelo")' "$folder/errors" || fail "the window does not carry the desktop entry's name"
 sleeps
 xdotool key Return
 shows Record
 xdotool mousemove 440 770 click 1 mousemove 240 20  # "Back"
 shows Options
+
+# asks REQUEST: waits until the program has asked the desktop for it.
+asks() {
+    for ((SECONDS = 0; SECONDS < patience;)); do
+        grep -q "xdg_toplevel@[0-9]*\.$1(" "$folder/errors" && return
+        sleep 0.1
+    done
+    fail "the program does not ask for $1"
+}
+xdotool key F11  # this desktop has let its one program fill the screen from the start
+asks unset_fullscreen
+xdotool key alt+Return
+asks set_fullscreen
 kill -TERM "$program"
 wait "$program" || fail "ended with $?"
 grep -q "xkbcommon: ERROR" "$folder/errors" && fail "the keyboard complains"

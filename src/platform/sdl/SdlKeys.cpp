@@ -1,0 +1,102 @@
+#include "SdlKeys.h"
+
+#include <SDL.h>
+
+using Name = KeyPress::Name;
+
+namespace {
+
+constexpr int kHeldDigits = KMOD_NUM;
+
+Name nameOf(SDL_Keycode code) {
+    switch (code) {
+    case SDLK_UP:
+        return Name::kUp;
+    case SDLK_DOWN:
+        return Name::kDown;
+    case SDLK_LEFT:
+        return Name::kLeft;
+    case SDLK_RIGHT:
+        return Name::kRight;
+    case SDLK_RETURN:
+    case SDLK_KP_ENTER:
+        return Name::kEnter;
+    case SDLK_ESCAPE:
+        return Name::kEscape;
+    case SDLK_F1:
+        return Name::kF1;
+    case SDLK_F2:
+        return Name::kF2;
+    case SDLK_F11:
+        return Name::kF11;
+    case SDLK_VOLUMEUP:
+        return Name::kVolumeUp;
+    case SDLK_VOLUMEDOWN:
+        return Name::kVolumeDown;
+    default:
+        return Name::kOther;
+    }
+}
+
+/// The digit of the number block, while it types digits; 0 if the key is none of them.
+char blockDigit(const SDL_Keysym& key) {
+    if ((key.mod & kHeldDigits) == 0) {
+        return 0;
+    }
+    if (key.sym == SDLK_KP_0) {
+        return '0';
+    }
+    return key.sym >= SDLK_KP_1 && key.sym <= SDLK_KP_9
+               ? static_cast<char>('1' + (key.sym - SDLK_KP_1))
+               : '\0';
+}
+
+/// The digit of the upper row, also where the keyboard wants a shift for it; 0 for another key.
+char rowDigit(const SDL_Keysym& key) {
+    const bool isSign = key.sym == SDLK_PLUS || key.sym == SDLK_MINUS || key.sym == SDLK_EQUALS;
+    if (key.scancode == SDL_SCANCODE_0 && !isSign) {
+        return '0';
+    }
+    return key.scancode >= SDL_SCANCODE_1 && key.scancode <= SDL_SCANCODE_9 && !isSign
+               ? static_cast<char>('1' + (key.scancode - SDL_SCANCODE_1))
+               : '\0';
+}
+
+char characterOf(const SDL_Keysym& key) {
+    if (key.sym == SDLK_KP_PLUS) {
+        return '+';
+    }
+    if (key.sym == SDLK_KP_MINUS) {
+        return '-';
+    }
+    if (const char digit = blockDigit(key)) {
+        return digit;
+    }
+    if (const char digit = rowDigit(key)) {
+        return digit;
+    }
+    const bool isSign = key.sym >= ' ' && key.sym < 127 && key.sym != '?';
+    return isSign ? static_cast<char>(key.sym) : '\0';
+}
+
+}  // namespace
+
+bool SdlKeys::read(const SDL_Event& event, KeyPress& press) {
+    if (event.type == SDL_TEXTINPUT) {
+        // Where this sign lies differs from keyboard to keyboard; only the text says that it was
+        // typed.
+        press = {Name::kCharacter, '?'};
+        return SDL_strcmp(event.text.text, "?") == 0;
+    }
+    if (event.type != SDL_KEYDOWN || event.key.repeat != 0 ||
+        (event.key.keysym.mod & KMOD_GUI) != 0) {
+        return false;
+    }
+    const SDL_Keysym& key = event.key.keysym;
+    press.name = nameOf(key.sym);
+    press.character = press.name == Name::kOther ? characterOf(key) : '\0';
+    press.name = press.character != 0 ? Name::kCharacter : press.name;
+    press.control = (key.mod & KMOD_CTRL) != 0;
+    press.alt = (key.mod & KMOD_ALT) != 0;
+    return true;
+}
