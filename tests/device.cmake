@@ -56,6 +56,8 @@ murmelo_tests(sdl_tests
         platform/sdl/SdlKeys_test.cpp
         platform/sdl/SdlStrip_test.cpp
         platform/sdl/SdlWindow_test.cpp
+        platform/sdl/SdlWishes_test.cpp
+        platform/sdl/SpokenScreen_test.cpp
         platform/sdl/StartSocket_test.cpp
         platform/sdl/SystemLanguage_test.cpp
         platform/sdl/WindowLayout_test.cpp
@@ -91,10 +93,13 @@ add_test(NAME RealWayland
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
         ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/wayland.sh
         $<TARGET_FILE:murmelo> $<TARGET_FILE:murmelo-headless>)
+add_test(NAME RealSpeech
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
+        ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/speak.sh $<TARGET_FILE:murmelo>)
 foreach(group RealProgram RealWindow RealSound RealLoss)
     add_test(NAME ${group}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
             $<TARGET_FILE:real_tests> --gtest_filter=${group}.*:*/${group}.*:${group}Program.*:${group}Silence.*)
 endforeach()
-set_tests_properties(RealWayland RealProgram RealWindow RealSound RealLoss PROPERTIES
+set_tests_properties(RealWayland RealSpeech RealProgram RealWindow RealSound RealLoss PROPERTIES
     SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS desktop)

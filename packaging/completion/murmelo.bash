@@ -7,7 +7,7 @@ _murmelo_devices() {
 
 _murmelo() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} heading
-    local options="--home --config --microphone --speaker --list-devices --last --silent --fullscreen --from-desktop --help --version"
+    local options="--home --config --microphone --speaker --list-devices --last --silent --fullscreen --speak --from-desktop --help --version"
 
     # bash takes the sign of --home=DIR for a word of its own.
     if [[ $current == = ]]; then

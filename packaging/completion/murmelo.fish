@@ -24,5 +24,6 @@ complete -c murmelo -l microphone -x -a '(__murmelo_devices Microphones; __fish_
 complete -c murmelo -l speaker -x -a '(__murmelo_devices Speakers)' -d 'A device'
 complete -c murmelo -l last -d 'Begin with the take recorded last'
 complete -c murmelo -l silent -d 'Ask before anything is played'
+complete -c murmelo -l speak -d 'Read aloud what the window shows'
 complete -c murmelo -l fullscreen -d 'Fill the screen; F11 leaves it'
 complete -c murmelo -l from-desktop -d 'Show what is wrong in a box: there is no terminal'

@@ -41,6 +41,8 @@ KeyDeed ofName(Name name) {
         return navigation(HostKey::kRightSoft);
     case Name::kF11:
         return {Kind::kFullScreen};
+    case Name::kF12:
+        return {Kind::kPicture};
     case Name::kVolumeUp:
         return {Kind::kVolumeUp};
     case Name::kVolumeDown:
@@ -52,26 +54,36 @@ KeyDeed ofName(Name name) {
 
 }  // namespace
 
-KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors) {
+KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors, bool closes) {
     if (press.alt) {
         const bool isEnter = press.name == Name::kEnter && !press.control;
         return isEnter ? KeyDeed{Kind::kFullScreen} : KeyDeed{};
     }
     if (press.control) {
-        return press.name == Name::kCharacter ? withControl(press.character) : KeyDeed{};
+        return press.name == Name::kCharacter ? withControl(press.character, press.shift)
+                                              : KeyDeed{};
     }
     switch (press.name) {
     case Name::kCharacter:
         return ofCharacter(press.character, doors);
     case Name::kEscape:
+        if (closes) {
+            return {Kind::kClose};
+        }
         return doors != nullptr ? ofEscape(doors->texts()) : KeyDeed{};
     default:
         return ofName(press.name);
     }
 }
 
-KeyDeed KeyRules::withControl(char character) {
+KeyDeed KeyRules::withControl(char character, bool shift) {
     switch (character) {
+    case 's':
+        return {shift ? Kind::kExport : Kind::kSave};
+    case 'o':
+        return {Kind::kOpen};
+    case 'z':
+        return {Kind::kBringBack};
     case 'q':
     case 'w':
         return {Kind::kQuit};

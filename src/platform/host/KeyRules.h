@@ -19,6 +19,7 @@ struct KeyPress {
         kF1,
         kF2,
         kF11,
+        kF12,
         kVolumeUp,
         kVolumeDown,
     };
@@ -27,6 +28,7 @@ struct KeyPress {
     char character = 0;  // small letter, digit or sign, if the name is kCharacter
     bool control = false;
     bool alt = false;
+    bool shift = false;
 };
 
 /// What is to be done for a key.
@@ -39,9 +41,13 @@ struct KeyDeed {
         kEffect,  // go to the effect of that index
         kRecord,  // go on, key by key, until a recording runs (KeyWalk)
         kSave,
+        kExport,
         kOpen,
+        kBringBack,  // the last take
+        kPicture,    // of the screen
         kMicrophones,
         kHelp,
+        kClose,  // the message or the sheet of the strip
         kQuit,
         kFullScreen,  // or back from it
         kLarger,
@@ -60,11 +66,12 @@ struct KeyDeed {
 
 class KeyRules {
 public:
-    /// @param doors  null: only what needs no program is done
-    static KeyDeed deedOf(const KeyPress& press, HostDoors* doors);
+    /// @param doors   null: only what needs no program is done
+    /// @param closes  the strip shows something that Escape closes first
+    static KeyDeed deedOf(const KeyPress& press, HostDoors* doors, bool closes = false);
 
 private:
-    static KeyDeed withControl(char character);
+    static KeyDeed withControl(char character, bool shift);
     static KeyDeed ofCharacter(char character, HostDoors* doors);
     static KeyDeed ofEscape(const ScreenTexts& texts);
 };

@@ -1,13 +1,15 @@
 #include "SdlDeeds.h"
 
 #include "SdlDoors.h"
+#include "SdlStrip.h"
 #include "SdlWindow.h"
 
 using Kind = KeyDeed::Kind;
 
-SdlDeeds::SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, KeyWalk& walk)
+SdlDeeds::SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, KeyWalk& walk)
     : window(window)
     , extraDoors(extraDoors)
+    , strip(strip)
     , walk(walk) {}
 
 bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors) {
@@ -21,8 +23,13 @@ bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* d
     case Kind::kRecord:
         walk.toRecording();
         return false;
-    case Kind::kSave:
-        return doors != nullptr && extraDoors.save();
+    case Kind::kExport:
+        return extraDoors.exportSound();
+    case Kind::kBringBack:
+        return extraDoors.bringBack();
+    case Kind::kPicture:
+        extraDoors.takePicture();
+        return false;
     case Kind::kQuit:
         listener.onTerminate();
         return true;
@@ -39,6 +46,27 @@ bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* d
         window.changeSize(SdlWindow::Change::kUsual);
         return false;
     default:
-        return false;  // what the strip does: effects, files, microphones, help
+        return onStrip(deed);
+    }
+}
+
+/// What the strip offers by a tap as well.
+bool SdlDeeds::onStrip(const KeyDeed& deed) {
+    switch (deed.kind) {
+    case Kind::kEffect:
+        return strip.key(
+            static_cast<StripKey>(static_cast<int32_t>(StripKey::kEffect1) + deed.effect));
+    case Kind::kSave:
+        return strip.key(StripKey::kSave);
+    case Kind::kOpen:
+        return strip.key(StripKey::kOpen);
+    case Kind::kMicrophones:
+        return strip.key(StripKey::kMicrophones);
+    case Kind::kHelp:
+        return strip.key(StripKey::kHelp);
+    case Kind::kClose:
+        return strip.key(StripKey::kClose);
+    default:
+        return false;
     }
 }

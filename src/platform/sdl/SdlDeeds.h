@@ -5,19 +5,23 @@
 #include "KeyWalk.h"
 
 class SdlDoors;
+class SdlStrip;
 class SdlWindow;
 
 class SdlDeeds {
 public:
-    /// @param window, extraDoors, walk  not owned
-    SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, KeyWalk& walk);
+    /// @param window, extraDoors, strip, walk  not owned
+    SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, KeyWalk& walk);
 
-    /// @param doors  null: there is nobody to take them
+    /// @param doors  null: the program has ended
     /// @returns whether a callback was delivered
     bool perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors);
 
 private:
+    bool onStrip(const KeyDeed& deed);
+
     SdlWindow& window;
     SdlDoors& extraDoors;
+    SdlStrip& strip;
     KeyWalk& walk;
 };

@@ -3,6 +3,7 @@
 #include "FileUri.h"
 #include "HostWords.h"
 #include "QuietLibrary.h"
+#include "SafeFile.h"
 #include "SoundExport.h"
 #include "SoundFile.h"
 
@@ -88,26 +89,7 @@ bool SdlDoors::handle(const SDL_Event& event) {
     if (event.type == SDL_DROPBEGIN || event.type == SDL_DROPFILE) {
         return drop(event);
     }
-    if (event.type != SDL_KEYDOWN || event.key.repeat != 0) {
-        return false;
-    }
-    if (event.key.keysym.sym == SDLK_F12) {
-        takePicture();
-        return false;
-    }
-    if ((event.key.keysym.mod & KMOD_CTRL) == 0) {
-        return false;
-    }
-    switch (event.key.keysym.sym) {
-    case SDLK_s:
-        return (event.key.keysym.mod & KMOD_SHIFT) != 0 ? exportSound() : save();
-    case SDLK_o:
-        return openFile();
-    case SDLK_z:
-        return bringBack();
-    default:
-        return false;
-    }
+    return false;
 }
 
 bool SdlDoors::drop(const SDL_Event& event) {
@@ -128,8 +110,7 @@ bool SdlDoors::save() {
     if (doors->saveSound()) {
         return true;
     }
-    Host::current().say(
-        "a sound can be saved in the menu and at the choice of the effect, once there is one");
+    tell({doors->canUseSound() ? "nothingToSave" : "notNow", {}});
     return false;
 }
 
@@ -205,7 +186,7 @@ bool SdlDoors::take(const ReadSound& sound) {
 }
 
 bool SdlDoors::openFile() {
-    if (!std::exchange(isDialogOpen, true)) {
+    if (doors != nullptr && !std::exchange(isDialogOpen, true)) {
         errands.start([this, title = words("openSound"), filter = words("sounds")] {
             const FileDialog::Answer answer = FileDialog::open(title, filter);
             return [this, answer] { return opened(answer); };
@@ -343,6 +324,9 @@ bool SdlDoors::finish() {
 }
 
 void SdlDoors::takePicture() {
+    if (doors == nullptr) {
+        return;
+    }
     const std::string folder = folders.sounds();
     std::error_code error;
     std::filesystem::create_directories(
@@ -352,7 +336,7 @@ void SdlDoors::takePicture() {
     std::ofstream file(path, std::ios::binary);
     const auto* bytes = reinterpret_cast<const char*>(png.data());
     if (png.empty() || !file.write(bytes, static_cast<std::streamsize>(png.size())).flush()) {
-        Host::current().say("the picture \"" + path + "\" cannot be written");
+        tell({"notExported", {path.empty() ? folder : path, SafeFile::lastError()}});
         return;
     }
     print(path);

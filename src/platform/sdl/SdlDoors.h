@@ -46,12 +46,12 @@ public:
     /// @param nameOrUri  "voice.wav" or "file:///home/ada/voice.wav"
     void offer(const std::string& nameOrUri);
 
-    /// Keys and files: Ctrl+S, Ctrl+Shift+S, Ctrl+O, Ctrl+Z, F12, a file dropped on the window.
+    /// A file dropped on the window: the first one of a drop becomes the take.
     /// @returns whether a callback was delivered
     bool handle(const SDL_Event& event);
 
-    // What those do, for whatever else wants it. Each tells the user what cannot be done, and
-    // returns whether a callback was delivered.
+    // What keys and the strip wish. Each tells the user what cannot be done, and returns whether a
+    // callback was delivered. Without a program they do nothing.
 
     bool save();
 
@@ -70,6 +70,9 @@ public:
     void bringBackLater() { bringsBack = true; }
 
     bool forget();
+
+    /// Writes a picture of the screen into the folder of sounds.
+    void takePicture();
 
     /// Hands over what is ready: a sound that was read, a file that was chosen. @returns whether a
     /// callback was delivered
@@ -106,7 +109,6 @@ private:
     bool exportChosen(const FileDialog::Answer& answer, const std::string& saved);
     void startExport(const std::string& saved, const std::string& uri);
     bool drop(const SDL_Event& event);
-    void takePicture();
     std::string words(const char* row) const;
 
     const HostFolders& folders;

@@ -67,7 +67,8 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           takes,
           [this](const HostMessage& message) { tell(message); },
           options.effectWord,
-          [this] { rouse(); }) {
+          [this] { rouse(); })
+    , wishes(strip, extraDoors, listOfMicrophones()) {
     strip.strip().feed().setMicrophone(&realMicrophone());
     extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
     fileEars.setVoice(options.voice);
@@ -84,7 +85,7 @@ void SdlHost::print(const std::string& sentence) {
 
 void SdlHost::tell(const HostMessage& message) {
     print(message.text("en"));
-    strip.tell(message.text(strip.language()));
+    strip.tell(message);
 }
 
 void SdlHost::tell(const char* name, const std::string& sentence) {
@@ -107,6 +108,11 @@ Problem SdlHost::open() {
     }
     if (options.last) {
         extraDoors.bringBackLater();
+    }
+    if (options.speaks) {
+        if (const Problem problem = speech.start([this] { rouse(); })) {
+            tell({"notSpoken", {problem.sentence()}});
+        }
     }
     return Problem::none();
 }
@@ -155,8 +161,33 @@ void SdlHost::recorded(const std::vector<int16_t>& take) {
 void SdlHost::useMicrophone(const std::string& name) {
     ears.choose(name);
     microphoneMemory.write(name);
+    strip.strip().feed().nameMicrophone();
     tell(name.empty() ? HostMessage{"systemsMicrophone", {}}
                       : HostMessage{"microphoneUsed", {name}});
+}
+
+std::vector<std::string> SdlHost::microphones() {
+    std::vector<std::string> names = audio.names(SdlAudio::Kind::kMicrophone);
+    const auto systems =
+        std::find(names.begin(), names.end(), audio.defaultName(SdlAudio::Kind::kMicrophone));
+    if (systems != names.end()) {
+        std::rotate(names.begin(), systems, systems + 1);
+    }
+    return names;
+}
+
+SdlWishes::Microphones SdlHost::listOfMicrophones() {
+    SdlWishes::Microphones list;
+    list.names = [this] { return microphones(); };
+    list.chosen = [this] { return chosenMicrophone(); };
+    list.use = [this](const std::string& name) { useMicrophone(name); };
+    list.isFixed = [this] {
+        if (options.hearsFile) {
+            tell({"fileIsMicrophone", {options.microphone}});
+        }
+        return options.hearsFile;
+    };
+    return list;
 }
 
 HostMicrophone& SdlHost::realMicrophone() {
@@ -187,6 +218,9 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
         extraDoors.tellSaved();
         if (raiseAsked.exchange(false)) {
             window.raise();
+        }
+        if (const std::string problem = speech.takeProblem(); !problem.empty()) {
+            tell({"notSpoken", {problem}});
         }
         if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
             deliverEvent(first) || deliverAway(listener) ||
@@ -254,7 +288,7 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         point(event.motion);
         return input.handle(event, listener);
     default:
-        return extraDoors.handle(event) || strip.handle(event) || handleKey(event, listener) ||
+        return extraDoors.handle(event) || handleKey(event, listener) ||
                handleTouch(event, listener);
     }
 }
@@ -272,7 +306,7 @@ bool SdlHost::handleKey(const SDL_Event& event, HostListener& listener) {
         return false;
     }
     walk.giveUp();
-    return deeds.perform(KeyRules::deedOf(press, doors), listener, doors);
+    return deeds.perform(KeyRules::deedOf(press, doors, strip.strip().canClose()), listener, doors);
 }
 
 bool SdlHost::handleTouch(const SDL_Event& event, HostListener& listener) {
@@ -338,9 +372,14 @@ bool SdlHost::isPictureDue() {
     const int64_t stripMs = strip.strip().dueMs();
     const bool isStripDue = stripMs != kNever && uptimeMs() >= stripMs;
     if (frameIsNew || isStripDue) {
-        strip.look();
+        look();
     }
     return frameIsNew || strip.strip().isNew();
+}
+
+void SdlHost::look() {
+    strip.strip().feed().setLastTake(hasLastTake());
+    strip.look();
 }
 
 void SdlHost::presentIfDue() {
@@ -355,7 +394,9 @@ void SdlHost::presentIfDue() {
     }
     window.present(*frame, changed);
     if (doors != nullptr) {
-        window.setTitle(WindowTitle::of(doors->texts()));
+        const ScreenTexts texts = doors->texts();
+        window.setTitle(WindowTitle::of(texts));
+        speak(texts);
     }
     pictures++;
     // In step with the display, unless it was still for a while.
@@ -364,6 +405,19 @@ void SdlHost::presentIfDue() {
         everPresented = true;
         window.setIcon(ProgramFolders::icons());
     }
+}
+
+void SdlHost::speak(const ScreenTexts& texts) {
+    if (!speech.isStarted()) {
+        return;
+    }
+    std::string message;
+    if (strip.strip().model().isTelling()) {
+        for (const std::string& row : strip.strip().model().lines()) {
+            message += (message.empty() ? "" : " ") + row;
+        }
+    }
+    speech.say(spoken.change(texts, message), texts.language);
 }
 
 int64_t SdlHost::nextDueMs() {

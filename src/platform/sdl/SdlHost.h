@@ -20,7 +20,10 @@
 #include "SdlSpeaker.h"
 #include "SdlStrip.h"
 #include "SdlWindow.h"
+#include "SdlWishes.h"
 #include "SignalWatch.h"
+#include "Speech.h"
+#include "SpokenScreen.h"
 #include "StartSocket.h"
 #include "TakeKeeper.h"
 
@@ -41,6 +44,7 @@ struct SdlOptions {
     SdlDoors::EffectWord effectWord;
     bool silent = false;
     bool fullScreen = false;
+    bool speaks = false;
 };
 
 class SdlHost : public Host, private SdlPlaces {
@@ -89,8 +93,8 @@ public:
     /// What the keys for files do, for whatever else wants it.
     SdlDoors& files() { return extraDoors; }
 
-    /// Names of the microphones, as the sound server shows them.
-    std::vector<std::string> microphones() { return audio.names(SdlAudio::Kind::kMicrophone); }
+    /// Names of the microphones, as the sound server shows them; the system's default comes first.
+    std::vector<std::string> microphones();
 
     /// The one chosen; empty: the system's default.
     const std::string& chosenMicrophone() const { return ears.chosen(); }
@@ -114,6 +118,7 @@ private:
     enum Away : uint32_t { kHidden = 1, kStopped = 2, kBySystem = 4 };
 
     HostMicrophone& realMicrophone();
+    SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
     bool deliverSound();
     bool deliverEvent(HostListener& listener);
@@ -126,6 +131,8 @@ private:
     bool isPictureDue();
     void presentIfDue();
     void point(const struct SDL_MouseMotionEvent& motion);
+    void look();
+    void speak(const ScreenTexts& texts);
     void sleep(int64_t untilMs);
     int64_t nextDueMs();
     int64_t nowUs() const;
@@ -162,7 +169,10 @@ private:
 
     SdlDoors extraDoors;
     KeyWalk walk;
-    SdlDeeds deeds{window, extraDoors, walk};
+    SdlDeeds deeds{window, extraDoors, strip, walk};
+    SdlWishes wishes;
+    Speech speech;
+    SpokenScreen spoken;
     HostDoors* doors = nullptr;
     HostFrame* frame = nullptr;
     bool frameIsNew = false;

@@ -29,6 +29,8 @@ Name nameOf(SDL_Keycode code) {
         return Name::kF2;
     case SDLK_F11:
         return Name::kF11;
+    case SDLK_F12:
+        return Name::kF12;
     case SDLK_VOLUMEUP:
         return Name::kVolumeUp;
     case SDLK_VOLUMEDOWN:
@@ -98,5 +100,6 @@ bool SdlKeys::read(const SDL_Event& event, KeyPress& press) {
     press.name = press.character != 0 ? Name::kCharacter : press.name;
     press.control = (key.mod & KMOD_CTRL) != 0;
     press.alt = (key.mod & KMOD_ALT) != 0;
+    press.shift = (key.mod & KMOD_SHIFT) != 0;
     return true;
 }

@@ -22,26 +22,17 @@ std::string shortened(const std::string& path) {
     return isBelow ? "~" + path.substr(start.size()) : path;
 }
 
-bool stripKeyOf(int32_t symbol, uint16_t modifiers, StripKey& key) {
-    if (symbol >= SDLK_1 && symbol <= SDLK_8 && (modifiers & KMOD_SHIFT) == 0) {
-        key = static_cast<StripKey>('1' + (symbol - SDLK_1));
-        return true;
+/// What the user may want to do about a message.
+StripWish actionOf(const HostMessage& message) {
+    const std::string row = message.row;
+    StripWish wish;
+    if (row == "exported" || row == "exportedNowhere") {
+        wish.kind = Kind::kShowFile;
+        wish.path = message.parts[0];
+    } else if (row == "noMicrophone" || row == "microphoneUnusable" || row == "microphoneAway") {
+        wish.kind = Kind::kMicrophones;
     }
-    switch (symbol) {
-    case SDLK_s:
-    case SDLK_o:
-    case SDLK_m:
-        key = static_cast<StripKey>(symbol);
-        return true;
-    case SDLK_QUESTION:
-        key = StripKey::kHelp;
-        return true;
-    case SDLK_ESCAPE:
-        key = StripKey::kClose;
-        return true;
-    default:
-        return false;
-    }
+    return wish;
 }
 
 }  // namespace
@@ -61,6 +52,20 @@ void SdlStrip::look() {
 
 void SdlStrip::tell(const std::string& sentence) {
     row.model().tell(sentence, {}, "", nowMs());
+}
+
+void SdlStrip::tell(const HostMessage& message) {
+    const std::string& language = row.model().language();
+    const StripWish wish = actionOf(message);
+    HostMessage shown = message;
+    for (std::string& part : shown.parts) {
+        part = shortened(part);
+    }
+    row.model().tell(
+        shown.text(language), wish,
+        StripTexts::text(wish.kind == Kind::kShowFile ? StripText::kShow : StripText::kChoose,
+                         language),
+        nowMs());
 }
 
 void SdlStrip::tellPicture(const std::string& path) {
@@ -83,22 +88,8 @@ void SdlStrip::show(const std::string& path, bool isFolder) {
     }
 }
 
-bool SdlStrip::handle(const SDL_Event& event) {
-    if (event.type == SDL_KEYDOWN) {
-        return keyPressed(event.key);
-    }
+void SdlStrip::handle(const SDL_Event& event) {
     if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_LEAVE) {
         row.point(-1, -1);
     }
-    return false;
-}
-
-bool SdlStrip::keyPressed(const SDL_KeyboardEvent& key) {
-    constexpr int kForOthers = KMOD_CTRL | KMOD_ALT | KMOD_GUI;
-    StripKey stripKey = StripKey::kClose;
-    // With a shift "?" is the slash's key on many keyboards.
-    const bool isQuestion = key.keysym.sym == SDLK_SLASH && (key.keysym.mod & KMOD_SHIFT) != 0;
-    const int32_t symbol = isQuestion ? SDLK_QUESTION : key.keysym.sym;
-    return key.repeat == 0 && (key.keysym.mod & kForOthers) == 0 &&
-           stripKeyOf(symbol, key.keysym.mod, stripKey) && row.key(stripKey, nowMs());
 }

@@ -1,7 +1,8 @@
-// The strip in the window: keys, the mouse that points, and wishes that need the desktop.
+// The strip in the window: the mouse that points, messages, and wishes that need the desktop.
 #pragma once
 
 #include "Host.h"
+#include "HostMessage.h"
 #include "Strip.h"
 #include "StripWish.h"
 
@@ -10,7 +11,6 @@
 #include <string>
 
 union SDL_Event;
-struct SDL_KeyboardEvent;
 
 class SdlStrip {
 public:
@@ -28,19 +28,23 @@ public:
     /// A sentence for the user, also without a program that runs.
     void tell(const std::string& sentence);
 
+    /// The same in the program's language, with what the user may want to do about it: look at the
+    /// file, choose another microphone.
+    void tell(const HostMessage& message);
+
     /// A picture of the screen was written there.
     void tellPicture(const std::string& path);
 
     /// Looks at the program; the folder of sounds can have come with its first start.
     void look();
 
-    /// A key that means something to the strip, or the mouse that left the window. Keys with Ctrl,
-    /// Alt or the window key are for others.
-    /// @returns true if the strip has used it; counts as a callback
-    bool handle(const SDL_Event& event);
+    /// True if the strip has used it; counts as a callback.
+    bool key(StripKey key) { return row.key(key, nowMs()); }
+
+    /// The mouse may have left the window.
+    void handle(const SDL_Event& event);
 
 private:
-    bool keyPressed(const SDL_KeyboardEvent& key);
     void show(const std::string& path, bool isFolder);
 
     const HostFolders& folders;

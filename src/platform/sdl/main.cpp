@@ -170,6 +170,7 @@ int main(int argc, char** argv) {
         parser.add_option("FILE", options.take, "A sound file to begin with: it becomes the take");
     parser.add_flag("--last", options.last, "Begin with the take recorded last")->excludes(file);
     parser.add_flag("--fullscreen", options.fullScreen, "Fill the screen; F11 leaves it");
+    parser.add_flag("--speak", options.speaks, "Read aloud what the window shows");
     parser.add_flag("--from-desktop", fromDesktop,
                     "Show what is wrong in a box: there is no terminal");
     try {

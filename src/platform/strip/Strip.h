@@ -46,6 +46,9 @@ public:
     /// @returns false if the strip has no use for it now
     bool key(StripKey key, int64_t nowMs);
 
+    /// True if there is something that the key for it closes.
+    bool canClose() const { return isShown && row.canClose(); }
+
     StripModel& model() { return row; }
 
     StripFeed& feed() { return feeding; }

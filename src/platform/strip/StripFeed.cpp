@@ -1,5 +1,7 @@
 #include "StripFeed.h"
 
+#include "HostWords.h"
+
 #include <utility>
 
 namespace {
@@ -22,11 +24,17 @@ void StripFeed::setDoors(HostDoors* offered) {
     recording = false;
     nextLevelMs = kNever;
     savedBefore = 0;
+    hadTake = false;
 }
 
 void StripFeed::nameMicrophone() {
     microphoneName = microphone != nullptr ? microphone->deviceName() : "";
     model.setMicrophoneName(microphoneName);
+}
+
+void StripFeed::setLastTake(bool isThere) {
+    hasLastTake = isThere;
+    model.setLastTake(isThere);
 }
 
 void StripFeed::setSoundFolder(std::string path, std::string shown) {
@@ -39,6 +47,7 @@ void StripFeed::look(int64_t nowMs) {
     if (doors != nullptr) {
         lookAtScreen(nowMs);
         tellSaved(nowMs);
+        tellTakeGone(nowMs);
     }
 }
 
@@ -126,4 +135,17 @@ void StripFeed::tellSaved(int64_t nowMs) {
     show.path = folder + name;
     model.tell(StripTexts::sentence(StripText::kSaved, language, {shownFolder + name}), show,
                StripTexts::text(StripText::kShow, language), nowMs);
+}
+
+/// The take that was there has been deleted: the user may not have meant that.
+void StripFeed::tellTakeGone(int64_t nowMs) {
+    if (!doors->canUseSound()) {
+        return;
+    }
+    const bool hasTake = doors->canSave();
+    if (std::exchange(hadTake, hasTake) && !hasTake && hasLastTake) {
+        model.tell(HostWords::text("takeGone", language),
+                   StripWish::of(StripWish::Kind::kBringBack),
+                   HostWords::text("bringBack", language), nowMs);
+    }
 }

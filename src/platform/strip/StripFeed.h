@@ -33,6 +33,12 @@ public:
     /// @param shown  as the user knows it ("~/Music/Murmelo")
     void setSoundFolder(std::string path, std::string shown);
 
+    /// There is a take of an earlier recording to be brought back.
+    void setLastTake(bool isThere);
+
+    /// Asks the microphone for its name: another one was chosen.
+    void nameMicrophone();
+
     const std::string& soundFolder() const { return folder; }
 
     const std::string& shownSoundFolder() const { return shownFolder; }
@@ -45,10 +51,10 @@ public:
 
 private:
     void lookAtScreen(int64_t nowMs);
-    void nameMicrophone();
     void lookAtLevel(int64_t nowMs);
     void endRecording(const std::string& screen, int64_t nowMs);
     void tellSaved(int64_t nowMs);
+    void tellTakeGone(int64_t nowMs);
 
     StripModel& model;
     HostDoors* doors = nullptr;
@@ -59,6 +65,8 @@ private:
     std::string shownFolder;
     std::string language;
     int32_t savedBefore = 0;
+    bool hasLastTake = false;
+    bool hadTake = false;  // when a take could be used last
 
     bool recording = false;
     int64_t nextLevelMs = kNever;

@@ -48,6 +48,11 @@ public:
     static constexpr int32_t kSheetTextPx = kWidthPx - 2 * kSheetMarginPx;
     static constexpr int32_t kCloseHeightPx = 32;  // of the row at the lower edge that closes it
 
+    // Buttons of the help, above that row.
+    static constexpr int32_t kMoreKeys = 3;
+    static constexpr int32_t kMoreWidthPx = kSheetTextPx / kMoreKeys;
+    static constexpr int32_t kMoreHeightPx = 28;
+
     static constexpr ScreenPlace head(int32_t index) {
         return {index * kHeadWidthPx, kHeadsTopPx, kHeadWidthPx, kHeadHeightPx};
     }
@@ -59,6 +64,12 @@ public:
     /// A row of the list on the sheet, counted from the strip's top.
     static constexpr ScreenPlace choice(int32_t index) {
         return {0, kHeightPx + kRowsTopPx + index * kChoiceHeightPx, kWidthPx, kChoiceHeightPx};
+    }
+
+    static constexpr ScreenPlace more(int32_t index) {
+        return {kSheetMarginPx + index * kMoreWidthPx,
+                kHeightPx + kSheetHeightPx - kCloseHeightPx - kMoreHeightPx, kMoreWidthPx,
+                kMoreHeightPx};
     }
 
     static constexpr ScreenPlace close() {

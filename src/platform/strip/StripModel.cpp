@@ -113,6 +113,10 @@ void StripModel::setLastTake(bool isThere) {
     assign(hasLastTake, isThere);
 }
 
+void StripModel::setOffersMore(bool isOffered) {
+    assign(offersMore, isOffered);
+}
+
 void StripModel::tell(std::string text, StripWish action, std::string actionWord, int64_t nowMs) {
     messages.tell({std::move(text), std::move(action), std::move(actionWord)}, nowMs);
     lookAgain();
@@ -252,12 +256,38 @@ void StripModel::addSheet(std::vector<StripButton>& all) const {
     }
     if (openSheet == Sheet::kMicrophones) {
         addChoices(all);
+    } else if (offersMore) {
+        addMore(all);
     }
     StripButton close;
     close.wish = StripWish::of(Kind::kClose);
     close.name = HostWords::text("close", code);
     close.place = StripLayout::close();
     all.push_back(close);
+}
+
+void StripModel::addMore(std::vector<StripButton>& all) const {
+    struct More {
+        Kind kind;
+        const char* row;  // of HostWords
+        bool isEnabled;
+    };
+
+    const More kinds[StripLayout::kMoreKeys] = {
+        {Kind::kExport, "export", canSave},
+        {Kind::kBringBack, "bringBack", hasLastTake && canOpen},
+        {Kind::kForget, "forget", hasLastTake},
+    };
+    int32_t index = 0;
+    for (const More& more : kinds) {
+        StripButton button;
+        button.wish = StripWish::of(more.kind);
+        button.name = HostWords::text(more.row, code);
+        button.place = StripLayout::more(index);
+        button.isEnabled = more.isEnabled;
+        all.push_back(button);
+        index++;
+    }
 }
 
 /// The system's choice, then the devices; what does not fit comes after a tap on the last row.

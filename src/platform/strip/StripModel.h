@@ -69,6 +69,12 @@ public:
     /// A take of an earlier run or screen can be brought back.
     void setLastTake(bool isThere);
 
+    /// The host exports sounds, and brings back and forgets the last take: the help has buttons for
+    /// that.
+    void setOffersMore(bool isOffered);
+
+    bool isMoreOffered() const { return offersMore; }
+
     /// A message in the line, for some seconds; one that has just come is shown for a moment before
     /// the next takes its place.
     /// @param text        in the program's language, UTF-8
@@ -94,6 +100,9 @@ public:
 
     /// A key; kNone if the strip has no use for it now.
     StripWish key(StripKey key);
+
+    /// True if a message or the sheet is there to be closed.
+    bool canClose() const { return openSheet != Sheet::kNone || messages.shown() != nullptr; }
 
     /// Messages end. True if something changed.
     bool tick(int64_t nowMs);
@@ -159,6 +168,7 @@ private:
     void addKeys(std::vector<StripButton>& all) const;
     void addSheet(std::vector<StripButton>& all) const;
     void addChoices(std::vector<StripButton>& all) const;
+    void addMore(std::vector<StripButton>& all) const;
     const char* hintOf(const StripWish& wish) const;
 
     TextRows::Width widthOf;
@@ -169,6 +179,7 @@ private:
     bool canSave = false;
     bool canOpen = false;
     bool hasLastTake = false;
+    bool offersMore = false;
     std::vector<std::string> effectNames;
     std::vector<std::string> microphones;
     int32_t microphone = StripWish::kSystemsChoice;

@@ -157,6 +157,20 @@ void paintChoice(StripBrush& brush,
                StripLayout::kSheetMarginPx, place.y + 5, kWhiteArgb);
 }
 
+void paintMore(StripBrush& brush, BitMapFont* font, const StripButton& button) {
+    ScreenPlace place = button.place;
+    place.y -= StripLayout::kHeightPx;
+    const ScreenPlace key{place.x + 1, place.y + 1, place.w - 2, place.h - 6};
+    brush.fillRounded(key, kSheenArgb);
+    brush.textInMiddle(font, button.name, place.x, place.w, place.y + 4,
+                       button.isEnabled ? kActionArgb : kGreyArgb);
+}
+
+bool isMore(const StripButton& button) {
+    return button.wish.kind == Kind::kExport || button.wish.kind == Kind::kBringBack ||
+           button.wish.kind == Kind::kForget;
+}
+
 void paintSheetRows(StripBrush& brush, BitMapFont* font, const std::vector<std::string>& rows) {
     int32_t y = StripLayout::kRowsTopPx;
     for (const std::string& row : rows) {
@@ -225,6 +239,8 @@ void StripPainter::paintSheet(const StripModel& model, uint16_t* rgb565, int32_t
             const int32_t y = button.place.y - StripModel::kHeightPx;
             brush.fill({StripLayout::kSheetMarginPx, y, StripLayout::kSheetTextPx, 1}, kSheenArgb);
             brush.textInMiddle(font, button.name, 0, whole.w, y + 8, kActionArgb);
+        } else if (isMore(button)) {
+            paintMore(brush, font, button);
         } else {
             paintChoice(brush, font, button,
                         [this](const std::string& utf8) { return textWidth(utf8); });

@@ -3,6 +3,7 @@
 #include "HostWords.h"
 
 #include <utility>
+#include <vector>
 
 using Kind = StripWish::Kind;
 
@@ -30,11 +31,7 @@ void StripWishes::fulfil(const StripWish& wish, int64_t nowMs) {
         model.showMicrophones();
         break;
     case Kind::kHelp:
-        model.showHelp(
-            {StripTexts::text(StripText::kHelpKeys, language),
-             StripTexts::text(StripText::kHelpMoreKeys, language),
-             StripTexts::sentence(StripText::kHelpPlace, language, {feed.shownSoundFolder()}),
-             StripTexts::text(StripText::kHelpPrivate, language)});
+        help();
         break;
     case Kind::kOpen:
         model.tell(StripTexts::text(StripText::kDropHere, language), {}, "", nowMs);
@@ -42,6 +39,19 @@ void StripWishes::fulfil(const StripWish& wish, int64_t nowMs) {
     default:
         break;
     }
+}
+
+void StripWishes::help() {
+    const std::string& language = model.language();
+    std::vector<std::string> text = {StripTexts::text(StripText::kHelpKeys, language),
+                                     StripTexts::text(StripText::kHelpMoreKeys, language)};
+    if (model.isMoreOffered()) {
+        text.emplace_back(HostWords::text("helpFileKeys", language));
+    }
+    text.push_back(
+        StripTexts::sentence(StripText::kHelpPlace, language, {feed.shownSoundFolder()}));
+    text.emplace_back(StripTexts::text(StripText::kHelpPrivate, language));
+    model.showHelp(std::move(text));
 }
 
 /// What was saved is told when the program has done it.

@@ -34,6 +34,7 @@ public:
 
 private:
     void save(int64_t nowMs);
+    void help();
 
     StripModel& model;
     StripFeed& feed;

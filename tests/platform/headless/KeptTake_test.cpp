@@ -64,7 +64,7 @@ protected:
         }
         program.end();
         Host::install(nullptr);
-        EXPECT_EQ(0, host.finish()) << host.complaint();
+        EXPECT_EQ(0, host.finish()) << host.error();
     }
 
     std::string record(const Recording& recording) const {

@@ -142,3 +142,18 @@ TEST_F(KeyRulesTest, escapeNeverEndsTheProgram) {
     EXPECT_EQ(kNothing, named(Name::kEscape));
     EXPECT_EQ(kNothing, KeyRules::deedOf({Name::kEscape}, nullptr));
 }
+
+TEST_F(KeyRulesTest, filesAndPictures) {
+    EXPECT_EQ(KeyDeed{Kind::kSave}, withControl('s'));
+    EXPECT_EQ(KeyDeed{Kind::kExport},
+              KeyRules::deedOf({Name::kCharacter, 's', true, false, true}, &doors));
+    EXPECT_EQ(KeyDeed{Kind::kOpen}, withControl('o'));
+    EXPECT_EQ(KeyDeed{Kind::kBringBack}, withControl('z'));
+    EXPECT_EQ(KeyDeed{Kind::kPicture}, named(Name::kF12));
+}
+
+TEST_F(KeyRulesTest, escapeClosesFirstWhatCanBeClosed) {
+    EXPECT_EQ(KeyDeed{Kind::kClose}, KeyRules::deedOf({Name::kEscape}, &doors, true));
+    EXPECT_EQ(KeyDeed{Kind::kClose}, KeyRules::deedOf({Name::kEscape}, nullptr, true));
+    EXPECT_EQ(KeyDeed{Kind::kHelp}, KeyRules::deedOf({Name::kCharacter, '?'}, &doors, true));
+}

@@ -95,14 +95,6 @@ protected:
         return happened();
     }
 
-    bool press(int32_t symbol, uint16_t modifiers) {
-        SDL_Event event{};
-        event.type = SDL_KEYDOWN;
-        event.key.keysym.sym = symbol;
-        event.key.keysym.mod = modifiers;
-        return doors.handle(event);
-    }
-
     bool workUntil(const std::function<bool()>& happened) {
         return until([&] {
             doors.deliver();
@@ -133,7 +125,7 @@ TEST_F(FileDialogTest, aChosenFileBecomesTheTake) {
     const Samples voice = TestSounds::noise(1600);
     folders.write("a voice.wav", TestSounds::wav(voice, 16000));
     startPortal("choose", folders.path("a%20voice.wav"));
-    EXPECT_FALSE(press(SDLK_o, KMOD_LCTRL));
+    EXPECT_FALSE(doors.openFile());
     EXPECT_TRUE(workUntil([this] { return !program.taken.empty(); }));
     EXPECT_EQ(voice, program.taken);
     const std::string call = folders.read("calls");
@@ -147,9 +139,9 @@ TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
     const Samples voice = TestSounds::noise(1600);
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
     startPortal("wait", folders.path("voice.wav"));
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     EXPECT_FALSE(doors.deliver());
     EXPECT_TRUE(doors.isBusy());
     folders.write("calls.go", "");
@@ -161,7 +153,7 @@ TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
 
 TEST_F(FileDialogTest, aDialogThatIsClosedChangesNothing) {
     startPortal("cancel");
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
     EXPECT_TRUE(program.taken.empty());
     EXPECT_TRUE(host.said.empty());
@@ -169,11 +161,11 @@ TEST_F(FileDialogTest, aDialogThatIsClosedChangesNothing) {
 
 TEST_F(FileDialogTest, aDesktopThatDiesIsADialogThatIsClosed) {
     startPortal("die");
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
     EXPECT_TRUE(host.said.empty());
     // The next time there is none at all.
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     EXPECT_TRUE(workUntil([this] {
         return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
     }));
@@ -181,14 +173,14 @@ TEST_F(FileDialogTest, aDesktopThatDiesIsADialogThatIsClosed) {
 
 TEST_F(FileDialogTest, aBusThatDiesIsADialogThatIsClosed) {
     startPortal("wait", "/nothing.wav");
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
     bus->send(SIGKILL);
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
 }
 
 TEST_F(FileDialogTest, aDesktopWithoutDialogsIsTold) {
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     EXPECT_TRUE(workUntil([this] {
         return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
     }));
@@ -196,7 +188,7 @@ TEST_F(FileDialogTest, aDesktopWithoutDialogsIsTold) {
 
 TEST_F(FileDialogTest, aDialogThatCannotBeShownIsTold) {
     startPortal("refuse");
-    press(SDLK_o, KMOD_LCTRL);
+    doors.openFile();
     EXPECT_TRUE(workUntil([this] {
         return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
     }));
@@ -208,7 +200,7 @@ TEST_F(FileDialogTest, theSavedSoundIsExportedInTheFormThatItsNameAsksFor) {
     testing::internal::CaptureStdout();
     doors.tellSaved();
     testing::internal::GetCapturedStdout();
-    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT));
+    EXPECT_FALSE(doors.exportSound());
     EXPECT_TRUE(workUntil([this] { return isSaid("Exported: " + folders.path("my robot.flac")); }));
     EXPECT_EQ("fLaC", folders.read("my robot.flac").substr(0, 4));
     const std::string call = folders.read("calls");
@@ -225,7 +217,7 @@ TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsAndADialogIsNotWaited
     testing::internal::CaptureStdout();
     doors.tellSaved();
     testing::internal::GetCapturedStdout();
-    press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT);
+    doors.exportSound();
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
     EXPECT_FALSE(doors.finish());
     EXPECT_FALSE(folders.has("robot.flac"));
@@ -243,7 +235,7 @@ TEST_F(FileDialogTest, anExportThatCannotBeWrittenIsTold) {
     testing::internal::CaptureStdout();
     doors.tellSaved();
     testing::internal::GetCapturedStdout();
-    press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT);
+    doors.exportSound();
     EXPECT_TRUE(workUntil([this] {
         return isSaid(folders.path("robot.txt") + " cannot be written: its name must end in .wav, "
                                                   ".flac, .ogg, .opus or .mp3");

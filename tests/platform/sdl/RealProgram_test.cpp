@@ -408,10 +408,73 @@ TEST_F(RealProgram, oneKeyRecordsAndStopsAndAnotherPlays) {
     key("s");
     EXPECT_TRUE(shows("Sonido guardado"));
     EXPECT_TRUE(until([this] { return folders.has("home/Murmelo/rec_00000.wav"); }));
-    key("Escape");  // closes what the strip says
-    key("Escape");  // closes the message
+    key("Return");
     EXPECT_TRUE(shows("Menú"));
     key("ctrl+q");
+    EXPECT_EQ(0, program.waitForEnd());
+}
+
+TEST_F(RealProgram, keysOfTheStripWorkInTheWindow) {
+    folders.write("config/settings", "lang=1\n");
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
+    std::vector<std::string> words = command();
+    words.push_back(folders.path("voice.wav"));
+    Program program(words);
+    ASSERT_TRUE(waitForPicture());
+    const uint64_t window = screen.windowOf("Murmelo");
+    const auto says = [this, window](const std::string& title) {
+        return until([&] { return screen.titleOf(window) == title + " - Murmelo"; });
+    };
+    key("Return");
+    ASSERT_TRUE(says("Effekt wählen: Kein Effekt")) << screen.titleOf(window);
+    key("3");
+    EXPECT_TRUE(says("Effekt wählen: Rückwärts")) << screen.titleOf(window);
+
+    // The list lies over the picture; its second row is the first device.
+    const auto picture = [this] { return screen.pixels(kLeft, kTop + 160, 480, 640); };
+    std::vector<uint32_t> before;
+    const auto rests = [&] { return std::exchange(before, picture()) == before; };
+    ASSERT_TRUE(until([&] {  // the effects have passed by
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        return rests();
+    }));
+    key("m");
+    ASSERT_TRUE(until([&] { return picture() != before; }));
+    click(240, 2 * (80 + 34 + 25 + 12));
+    EXPECT_TRUE(until([this] { return folders.read("config/microphone").size() > 1; }));
+    key("question");
+    ASSERT_TRUE(until([&] { return picture() != before; }));
+    key("Escape");
+    EXPECT_TRUE(until([&] { return picture() == before; }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+}
+
+TEST_F(RealProgram, aTakeThatWasDeletedComesBackByTheStrip) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
+    std::vector<std::string> words = command();
+    words.push_back(folders.path("voice.wav"));
+    Program program(words);
+    ASSERT_TRUE(waitForPicture());
+    const uint64_t window = screen.windowOf("Murmelo");
+    const auto says = [this, window](const std::string& title) {
+        return until([&] { return screen.titleOf(window) == title + " - Murmelo"; });
+    };
+    key("Return");
+    ASSERT_TRUE(says("Choose an effect: No effect")) << screen.titleOf(window);
+    const std::string take = sound("MrmLastRec.wav");
+    key("F1");
+    ASSERT_TRUE(says("Menu")) << screen.titleOf(window);
+    key("Return");  // a new recording is offered: the take is deleted
+    ASSERT_TRUE(says("Ready to record")) << screen.titleOf(window);
+    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").empty(); }));
+    key("Escape");
+    ASSERT_TRUE(says("Menu")) << screen.titleOf(window);
+    click(430, 16);  // "Bring back", at the right end of the line
+    EXPECT_TRUE(says("Choose an effect: No effect")) << screen.titleOf(window);
+    EXPECT_EQ(take, sound("MrmLastRec.wav"));
+    program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
 }
 

@@ -29,7 +29,7 @@ public:
 
     bool saveSound() override {
         saves++;
-        return open;
+        return open && !refuses;
     }
 
     bool canSave() override { return open; }
@@ -61,6 +61,7 @@ public:
     ScreenTexts texts() override { return {}; }
 
     bool open = true;
+    bool refuses = false;  // there is no take
     int32_t saves = 0;
     int32_t saved = 0;
     Samples taken;
@@ -76,15 +77,6 @@ protected:
     }
 
     ~SdlDoorsTest() override { testing::internal::GetCapturedStdout(); }
-
-    bool press(int32_t symbol, uint16_t modifiers = 0, uint8_t repeat = 0) {
-        SDL_Event event{};
-        event.type = SDL_KEYDOWN;
-        event.key.keysym.sym = symbol;
-        event.key.keysym.mod = modifiers;
-        event.key.repeat = repeat;
-        return doors.handle(event);
-    }
 
     bool drop(const std::vector<std::string>& paths) {
         SDL_Event event{};
@@ -147,21 +139,22 @@ protected:
 
 }  // namespace
 
-TEST_F(SdlDoorsTest, controlAndSSavesOnce) {
-    EXPECT_TRUE(press(SDLK_s, KMOD_LCTRL));
-    EXPECT_TRUE(press(SDLK_s, KMOD_RCTRL));
-    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL, 1));  // held down
-    EXPECT_FALSE(press(SDLK_s));
-    EXPECT_EQ(2, program.saves);
+TEST_F(SdlDoorsTest, aSaveIsTheProgramsSave) {
+    EXPECT_TRUE(doors.save());
+    EXPECT_EQ(1, program.saves);
     EXPECT_EQ("", error());
 }
 
 TEST_F(SdlDoorsTest, aSaveThatIsRefusedSaysWhere) {
     program.open = false;
-    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL));
-    EXPECT_EQ("a sound can be saved in the menu and at the choice of the effect, once there is "
-              "one\n",
-              error());
+    EXPECT_FALSE(doors.save());
+    EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
+}
+
+TEST_F(SdlDoorsTest, aSaveWithoutATakeSaysSo) {
+    program.refuses = true;
+    EXPECT_FALSE(doors.save());
+    EXPECT_EQ("There is nothing to save yet. Record something first.\n", error());
 }
 
 TEST_F(SdlDoorsTest, aSavedSoundIsToldByItsRealPathOnce) {
@@ -249,23 +242,23 @@ TEST_F(SdlDoorsTest, anOfferedSoundWaitsUntilItIsTaken) {
     EXPECT_EQ("", error());         // waiting is nothing to complain about
 }
 
-TEST_F(SdlDoorsTest, controlAndZBringsTheLastTakeBack) {
+TEST_F(SdlDoorsTest, theLastTakeComesBack) {
     const Samples voice = TestSounds::noise(21 * 16000);
     takes.recorded(voice);
-    EXPECT_TRUE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_TRUE(doors.bringBack());
     EXPECT_EQ(voice, program.broughtBack);
     EXPECT_EQ("The last recording is back.\n", error());
 }
 
 TEST_F(SdlDoorsTest, whatCannotBeBroughtBackIsTold) {
-    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_FALSE(doors.bringBack());
     EXPECT_EQ("There is no last recording.\n", error());
     takes.recorded(TestSounds::noise(100));
     program.open = false;
-    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_FALSE(doors.bringBack());
     EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
     folders.write("state/last-take.wav", "damaged");
-    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_FALSE(doors.bringBack());
     EXPECT_EQ(0U, error().find("The last recording cannot be brought back: "));
 }
 
@@ -304,12 +297,12 @@ TEST_F(SdlDoorsTest, aDroppedFileIsKeptWhenTheProgramHasEnded) {
 TEST_F(SdlDoorsTest, withoutADesktopsDialogTheUserIsToldWhatToDo) {
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
     setenv("XDG_RUNTIME_DIR", folders.path("runtime").c_str(), 1);
-    EXPECT_FALSE(press(SDLK_o, KMOD_LCTRL));
+    EXPECT_FALSE(doors.openFile());
     EXPECT_FALSE(delivered());
     EXPECT_EQ("This desktop shows no files to choose from. Drop a sound file here.\n", error());
     program.saved = 1;
     doors.tellSaved();
-    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT));
+    EXPECT_FALSE(doors.exportSound());
     EXPECT_FALSE(delivered());
     EXPECT_EQ("This desktop asks for no name. The sound lies here: " + mapped.home +
                   "/Murmelo/rec_00007.wav\n",
@@ -320,7 +313,7 @@ TEST_F(SdlDoorsTest, withoutADesktopsDialogTheUserIsToldWhatToDo) {
 TEST_F(SdlDoorsTest, anExportSavesTheSoundFirst) {
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
     setenv("XDG_RUNTIME_DIR", folders.path("runtime").c_str(), 1);
-    EXPECT_TRUE(press(SDLK_s, KMOD_LCTRL | KMOD_LSHIFT));
+    EXPECT_TRUE(doors.exportSound());
     EXPECT_EQ(1, program.saves);
     EXPECT_FALSE(doors.isBusy());
     program.saved = 1;
@@ -329,10 +322,10 @@ TEST_F(SdlDoorsTest, anExportSavesTheSoundFirst) {
     EXPECT_NE("", error());
 }
 
-TEST_F(SdlDoorsTest, f12WritesTheCanvasUnderTheNextFreeName) {
+TEST_F(SdlDoorsTest, aPictureIsTheCanvasUnderTheNextFreeName) {
     folders.write("home/Murmelo/screen_00001.png", "kept");
-    EXPECT_FALSE(press(SDLK_F12));  // nothing for the program to react to
-    press(SDLK_F12);
+    doors.takePicture();
+    doors.takePicture();
     EXPECT_EQ("png", folders.read("home/Murmelo/screen_00000.png"));
     EXPECT_EQ("kept", folders.read("home/Murmelo/screen_00001.png"));
     EXPECT_EQ("png", folders.read("home/Murmelo/screen_00002.png"));
@@ -341,19 +334,21 @@ TEST_F(SdlDoorsTest, f12WritesTheCanvasUnderTheNextFreeName) {
               output());
 }
 
-TEST_F(SdlDoorsTest, f12WhereNothingCanBeWrittenIsToldSo) {
+TEST_F(SdlDoorsTest, aPictureWhereNothingCanBeWrittenIsToldSo) {
     folders.write("home", "a file where the folder should be");
-    press(SDLK_F12);
+    doors.takePicture();
     EXPECT_EQ("", output());
     EXPECT_NE(std::string::npos, error().find("cannot be written"));
 }
 
 TEST_F(SdlDoorsTest, beforeTheProgramOpensItsDoorsNothingHappens) {
     doors.setDoors(nullptr);
-    EXPECT_FALSE(press(SDLK_s, KMOD_LCTRL));
-    EXPECT_FALSE(press(SDLK_F12));
+    EXPECT_FALSE(doors.save());
+    EXPECT_FALSE(doors.exportSound());
+    EXPECT_FALSE(doors.openFile());
+    doors.takePicture();
     doors.bringBackLater();
-    EXPECT_FALSE(press(SDLK_z, KMOD_LCTRL));
+    EXPECT_FALSE(doors.bringBack());
     EXPECT_FALSE(doors.deliver());
     doors.tellSaved();
     EXPECT_EQ("", output());

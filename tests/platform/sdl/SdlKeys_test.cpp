@@ -45,7 +45,8 @@ TEST(SdlKeys, keysWithANameHaveIt) {
     EXPECT_EQ(Name::kF11, name(SDLK_F11));
     EXPECT_EQ(Name::kVolumeUp, name(SDLK_VOLUMEUP));
     EXPECT_EQ(Name::kVolumeDown, name(SDLK_VOLUMEDOWN));
-    EXPECT_EQ(Name::kOther, name(SDLK_F12));
+    EXPECT_EQ(Name::kF12, name(SDLK_F12));
+    EXPECT_EQ(Name::kOther, name(SDLK_F10));
 }
 
 TEST(SdlKeys, lettersAndSignsAreTheirCharacters) {
@@ -83,6 +84,9 @@ TEST(SdlKeys, whatIsHeldDownIsTold) {
     ASSERT_TRUE(SdlKeys::read(keyDown(SDLK_RETURN, KMOD_LALT), press));
     EXPECT_FALSE(press.control);
     EXPECT_TRUE(press.alt);
+    EXPECT_FALSE(press.shift);
+    ASSERT_TRUE(SdlKeys::read(keyDown(SDLK_s, KMOD_LCTRL | KMOD_RSHIFT), press));
+    EXPECT_TRUE(press.control && press.shift);
 }
 
 TEST(SdlKeys, heldKeysAndThoseOfTheDesktopAreNone) {

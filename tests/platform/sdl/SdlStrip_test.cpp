@@ -49,74 +49,51 @@ public:
 
 class SdlStripTest : public ::testing::Test {
 protected:
-    SdlStripTest() {
-        host.mapShipped();
-        for (const Kind kind :
-             {Kind::kSave, Kind::kOpen, Kind::kMicrophones, Kind::kHelp, Kind::kEffect}) {
-            strip.strip().wishes().on(kind,
-                                      [this](const StripWish& wish) { wishes.push_back(wish); });
-        }
-    }
-
-    bool press(int32_t symbol, int32_t modifiers = 0, uint8_t repeat = 0) {
-        SDL_Event event{};
-        event.type = SDL_KEYDOWN;
-        event.key.keysym.sym = symbol;
-        event.key.keysym.mod = static_cast<uint16_t>(modifiers);
-        event.key.repeat = repeat;
-        return strip.handle(event);
-    }
+    SdlStripTest() { host.mapShipped(); }
 
     TestHost host;
     PlayDoors doors;
     HostFolders folders;
     SdlStrip strip{folders, [this] { return host.nowMs; }};
-    std::vector<StripWish> wishes;
 };
 
 }  // namespace
 
 TEST_F(SdlStripTest, beforeTheProgramNoKeyIsTaken) {
-    EXPECT_FALSE(press(SDLK_s));
-    EXPECT_TRUE(wishes.empty());
+    EXPECT_FALSE(strip.key(StripKey::kHelp));
+    strip.strip().setDoors(&doors);
+    EXPECT_TRUE(strip.key(StripKey::kHelp));
 }
 
-TEST_F(SdlStripTest, plainKeysAreWishes) {
+TEST_F(SdlStripTest, aMessageCanBeClosedOnce) {
     strip.strip().setDoors(&doors);
-    EXPECT_TRUE(press(SDLK_s));
-    EXPECT_TRUE(press(SDLK_o));
-    EXPECT_TRUE(press(SDLK_m));
-    EXPECT_TRUE(press(SDLK_QUESTION));
-    EXPECT_TRUE(press(SDLK_SLASH, KMOD_LSHIFT));
-    EXPECT_TRUE(press(SDLK_1));
-    EXPECT_TRUE(press(SDLK_8));
-    ASSERT_EQ(7U, wishes.size());
-    const Kind kinds[] = {Kind::kSave, Kind::kOpen,   Kind::kMicrophones, Kind::kHelp,
-                          Kind::kHelp, Kind::kEffect, Kind::kEffect};
-    for (size_t i = 0; i < wishes.size(); i++) {
-        EXPECT_EQ(kinds[i], wishes[i].kind) << i;
-    }
-    EXPECT_EQ(0, wishes[5].index);
-    EXPECT_EQ(7, wishes[6].index);
-}
-
-TEST_F(SdlStripTest, keysWithControlAndRepeatedKeysAreForOthers) {
-    strip.strip().setDoors(&doors);
-    for (const int32_t modifier : {KMOD_LCTRL, KMOD_RALT, KMOD_LGUI}) {
-        EXPECT_FALSE(press(SDLK_s, modifier));
-    }
-    EXPECT_FALSE(press(SDLK_s, 0, 1));
-    EXPECT_FALSE(press(SDLK_9));
-    EXPECT_FALSE(press(SDLK_SLASH));
-    EXPECT_TRUE(wishes.empty());
-}
-
-TEST_F(SdlStripTest, escapeIsTheProgramsUnlessAMessageStands) {
-    strip.strip().setDoors(&doors);
-    EXPECT_FALSE(press(SDLK_ESCAPE));
+    EXPECT_FALSE(strip.strip().canClose());
+    EXPECT_FALSE(strip.key(StripKey::kClose));
     strip.tell("Hello");
-    EXPECT_TRUE(press(SDLK_ESCAPE));
-    EXPECT_FALSE(press(SDLK_ESCAPE));
+    EXPECT_TRUE(strip.strip().canClose());
+    EXPECT_TRUE(strip.key(StripKey::kClose));
+    EXPECT_FALSE(strip.strip().canClose());
+}
+
+TEST_F(SdlStripTest, messagesOfFilesOfferToShowThem) {
+    setenv("HOME", "/home/me", 1);
+    strip.tell(HostMessage{"exported", {"/home/me/Music/a.mp3"}});
+    EXPECT_EQ("Exported: ~/Music/a.mp3", strip.strip().model().lines()[0]);
+    EXPECT_EQ(Kind::kShowFile, strip.strip().model().action().wish.kind);
+    EXPECT_EQ("/home/me/Music/a.mp3", strip.strip().model().action().wish.path);
+}
+
+TEST_F(SdlStripTest, messagesOfMicrophonesOfferAnotherOne) {
+    for (const HostMessage& message :
+         {HostMessage{"noMicrophone", {"why"}}, HostMessage{"microphoneUnusable", {"A", "why"}},
+          HostMessage{"microphoneAway", {"A"}}}) {
+        SdlStrip fresh{folders, [this] { return host.nowMs; }};
+        fresh.tell(message);
+        EXPECT_EQ(Kind::kMicrophones, fresh.strip().model().action().wish.kind) << message.row;
+        EXPECT_EQ("Choose", fresh.strip().model().action().name);
+    }
+    strip.tell(HostMessage{"takeIsBack", {}});
+    EXPECT_EQ(Kind::kNone, strip.strip().model().action().wish.kind);
 }
 
 TEST_F(SdlStripTest, sentencesStandInTheLine) {

@@ -27,7 +27,7 @@ public:
         return hasTake;
     }
 
-    bool canUseSound() override { return screen == "Play"; }
+    bool canUseSound() override { return screen == "Play" || screen == "Options"; }
 
     bool useSound(const int16_t*, int32_t) override { return false; }
 
@@ -124,6 +124,35 @@ TEST_F(StripFeedTest, anIdleProgramIsNotLookedAtAgain) {
     go("Play", 2000);
     strip.key(StripKey::kClose, 2000);
     EXPECT_EQ(-1, strip.dueMs());
+}
+
+TEST_F(StripFeedTest, aTakeThatWasDeletedCanBeBroughtBack) {
+    strip.feed().setLastTake(true);
+    go("Play", 0);
+    doors.hasTake = false;
+    go("Record", 1000);
+    EXPECT_EQ("Headset", line());  // there is no way back from here
+    go("Options", 2000);
+    EXPECT_EQ("The recording is deleted.", line());
+    EXPECT_EQ(Kind::kBringBack, strip.model().action().wish.kind);
+    EXPECT_EQ("Bring back", strip.model().action().name);
+    strip.key(StripKey::kClose, 2000);
+    go("Options", 3000);
+    EXPECT_EQ("", line());  // told once
+}
+
+TEST_F(StripFeedTest, aTakeThatIsNotKeptIsNotOffered) {
+    go("Play", 0);
+    doors.hasTake = false;
+    go("Options", 1000);
+    EXPECT_EQ("", line());
+}
+
+TEST_F(StripFeedTest, withoutATakeAtTheStartNothingWasDeleted) {
+    strip.feed().setLastTake(true);
+    doors.hasTake = false;
+    go("Options", 0);
+    EXPECT_EQ("", line());
 }
 
 TEST_F(StripFeedTest, theSecondsThatAreLeftAreRoundedUp) {

@@ -297,6 +297,25 @@ TEST(StripModel, theHelpButtonClosesTheHelp) {
     EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
 }
 
+TEST(StripModel, theHelpExportsBringsBackAndForgetsWhereTheHostCan) {
+    StripModel model = on("Play");
+    model.showHelp({"Keys"});
+    EXPECT_TRUE(buttonsOf(model, Kind::kForget).empty());
+    model.setOffersMore(true);
+    EXPECT_TRUE(buttonsOf(model, Kind::kExport).at(0).isEnabled);
+    EXPECT_FALSE(buttonsOf(model, Kind::kBringBack).at(0).isEnabled);
+    EXPECT_FALSE(buttonsOf(model, Kind::kForget).at(0).isEnabled);
+    model.setLastTake(true);
+    for (const Kind kind : {Kind::kExport, Kind::kBringBack, Kind::kForget}) {
+        model.showHelp({"Keys"});
+        EXPECT_EQ(wish(kind), tapOn(model, buttonsOf(model, kind).at(0).place));
+        EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+    }
+    model.setCanOpen(false);
+    model.showHelp({"Keys"});
+    EXPECT_FALSE(buttonsOf(model, Kind::kBringBack).at(0).isEnabled);
+}
+
 TEST(StripModel, aRecordingThatBeginsClosesTheSheet) {
     StripModel model = on("Record");
     model.showMicrophones();

@@ -124,6 +124,7 @@ TEST_F(StripPainterTest, theHelpFitsItsSheetInEveryLanguage) {
         helping.showHelp(
             {StripTexts::text(StripText::kHelpKeys, code),
              StripTexts::text(StripText::kHelpMoreKeys, code),
+             HostWords::text("helpFileKeys", code),
              StripTexts::sentence(StripText::kHelpPlace, code, {"/home/somebody/Music/Murmelo"}),
              StripTexts::text(StripText::kHelpPrivate, code)});
         int32_t height = StripLayout::kRowsTopPx;
@@ -131,7 +132,16 @@ TEST_F(StripPainterTest, theHelpFitsItsSheetInEveryLanguage) {
             height += row.empty() ? StripLayout::kParagraphGapPx : StripLayout::kTextRowHeightPx;
             EXPECT_LE(painter->textWidth(row), StripLayout::kSheetTextPx);
         }
-        EXPECT_LE(height, StripModel::kSheetHeightPx - StripLayout::kCloseHeightPx) << code;
+        EXPECT_LE(height, StripModel::kSheetHeightPx - StripLayout::kCloseHeightPx -
+                              StripLayout::kMoreHeightPx)
+            << code;
+        helping.setOffersMore(true);
+        for (const StripButton& button : helping.buttons()) {
+            if (button.place.y == StripLayout::more(0).y) {
+                EXPECT_LE(painter->textWidth(button.name), StripLayout::kMoreWidthPx - 6)
+                    << button.name;
+            }
+        }
     }
 }
 

@@ -1,0 +1,44 @@
+#include "SdlWishes.h"
+
+#include "SdlDoors.h"
+#include "SdlStrip.h"
+
+#include <algorithm>
+#include <utility>
+
+using Kind = StripWish::Kind;
+
+SdlWishes::SdlWishes(SdlStrip& strip, SdlDoors& files, Microphones microphones)
+    : strip(strip)
+    , files(files)
+    , microphones(std::move(microphones)) {
+    StripWishes& wishes = strip.strip().wishes();
+    wishes.on(Kind::kSave, [this](const StripWish&) { this->files.save(); });
+    wishes.on(Kind::kExport, [this](const StripWish&) { this->files.exportSound(); });
+    wishes.on(Kind::kOpen, [this](const StripWish&) { this->files.openFile(); });
+    wishes.on(Kind::kBringBack, [this](const StripWish&) { this->files.bringBack(); });
+    wishes.on(Kind::kForget, [this](const StripWish&) { this->files.forget(); });
+    wishes.on(Kind::kMicrophones, [this](const StripWish&) { showMicrophones(); });
+    wishes.on(Kind::kUseMicrophone, [this](const StripWish& wish) { useMicrophone(wish.index); });
+    strip.strip().model().setOffersMore(true);
+}
+
+void SdlWishes::showMicrophones() {
+    if (microphones.isFixed()) {
+        return;
+    }
+    listed = microphones.names();
+    const auto chosen = std::find(listed.begin(), listed.end(), microphones.chosen());
+    const auto place = static_cast<int32_t>(chosen - listed.begin());
+    StripModel& model = strip.strip().model();
+    model.setMicrophones(listed, chosen != listed.end() ? place : StripWish::kSystemsChoice);
+    model.showMicrophones();
+}
+
+void SdlWishes::useMicrophone(int32_t index) {
+    if (index == StripWish::kSystemsChoice) {
+        microphones.use("");
+    } else if (index >= 0 && index < static_cast<int32_t>(listed.size())) {
+        microphones.use(listed[static_cast<size_t>(index)]);
+    }
+}

@@ -1,0 +1,32 @@
+// Fulfils what the strip wishes of this machine: files, the last take, the choice of a microphone.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+class SdlDoors;
+class SdlStrip;
+
+class SdlWishes {
+public:
+    struct Microphones {
+        std::function<std::vector<std::string>()> names;
+        std::function<std::string()> chosen;               // empty: the system's default
+        std::function<void(const std::string& name)> use;  // empty: the system's default
+        std::function<bool()> isFixed;  // true: none can be chosen, and the user was told why
+    };
+
+    /// @param strip, files  not owned
+    SdlWishes(SdlStrip& strip, SdlDoors& files, Microphones microphones);
+
+private:
+    void showMicrophones();
+    void useMicrophone(int32_t index);
+
+    SdlStrip& strip;
+    SdlDoors& files;
+    Microphones microphones;
+    std::vector<std::string> listed;
+};

@@ -1,0 +1,86 @@
+#!/bin/bash
+# speak.sh PROGRAM: what the program has read aloud, on a private speech server whose voice is
+# silent. To be run under with-desktop.
+program=$1
+
+for tool in speech-dispatcher; do
+    if ! command -v "$tool" >/dev/null || [[ ! -x /usr/lib/speech-dispatcher-modules/sd_dummy ]]; then
+        echo "skipped: $tool is not installed"
+        exit 77
+    fi
+done
+
+folder=$(mktemp -d /tmp/murmelo_speak_XXXXXX)
+started=()
+clean() {
+    kill "${started[@]}" 2>/dev/null
+    wait "${started[@]}" 2>/dev/null
+    rm -rf "$folder"
+}
+trap clean EXIT
+
+fail() {
+    echo "failed: $*"
+    cat "$folder"/*.txt "$folder/log/speech-dispatcher.log" 2>/dev/null | tail -40
+    exit 1
+}
+
+# until_true COMMAND...: waits for a state; a minute is far more than it takes
+until_true() {
+    for ((i = 0; i < 600; i++)); do
+        "$@" && return 0
+        sleep 0.1
+    done
+    return 1
+}
+
+mkdir "$folder/conf" "$folder/conf/modules" "$folder/log" "$folder/home" "$folder/config"
+cat >"$folder/conf/speechd.conf" <<END
+LogLevel 5
+LogDir "$folder/log"
+AddModule "dummy" "sd_dummy" ""
+DefaultModule dummy
+END
+speech-dispatcher -s -c unix_socket -S "$folder/socket" -C "$folder/conf" -L "$folder/log" -P "$folder/pid" -t 0 \
+    >"$folder/server.txt" 2>&1 &
+started+=($!)
+until_true test -S "$folder/socket" || fail "the speech server did not start"
+
+was_said() { grep -qF -- "$1" "$folder/log/speech-dispatcher.log"; }
+is_loaded() { grep -q libspeechd "/proc/$1/maps"; }
+has_window() { [[ -n $(xdotool search --onlyvisible --name ' - Murmelo$' 2>/dev/null) ]]; }
+
+echo "lang=1" >"$folder/config/settings"
+export SPEECHD_ADDRESS=unix_socket:$folder/socket
+
+"$program" --home "$folder/home" --config "$folder/config" 2>"$folder/silent.txt" &
+silent=$!
+started+=($silent)
+until_true has_window || fail "no window"
+is_loaded $silent && fail "the speech library is loaded without --speak"
+kill $silent
+wait $silent
+
+"$program" --speak --home "$folder/home" --config "$folder/config" 2>"$folder/speaking.txt" &
+speaking=$!
+started+=($speaking)
+until_true has_window || fail "no second window"
+is_loaded $speaking || fail "the speech library is not loaded"
+xdotool key Return  # past the splash picture
+until_true was_said "Menü" || fail "the menu was not read"
+# With nothing to save the strip says why, in other words while the splash picture is still there.
+was_refused() { was_said "Es gibt noch nichts zu sichern" || was_said "Das geht im Menü"; }
+saves_nothing() { xdotool key s && sleep 0.3 && was_refused; }
+until_true saves_nothing || fail "the strip's message was not read"
+kill $speaking
+wait $speaking || fail "the speaking program ended badly"
+
+# A server that is not there is told, and nothing else is lost.
+export SPEECHD_ADDRESS=inet_socket:127.0.0.1:1
+"$program" --speak --home "$folder/home" --config "$folder/config" 2>"$folder/alone.txt" &
+alone=$!
+started+=($alone)
+until_true grep -q "Nothing can be read aloud" "$folder/alone.txt" || fail "a missing server was not told"
+kill $alone
+wait $alone || fail "the program without a server ended badly"
+echo "ok"
