@@ -104,7 +104,8 @@ TEST_F(ProgramFoldersTest, theMusicFolderIsTheOneThatTheDesktopNames) {
     folders.write("user/.config/user-dirs.dirs", "XDG_MUSIC_DIR=\"$HOME/Musik\"\n");
     EXPECT_EQ(real("user/Musik"), find().home);
     folders.write("user/.config/user-dirs.dirs", "XDG_MUSIC_DIR=\"$HOME/\"\n");
-    EXPECT_EQ(real("user/.local/share/murmelo"), find().home);
+    const std::string made = find().home;
+    EXPECT_EQ(real("user/.local/share/murmelo"), made);
     folders.write("user/.config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/\"\n");
     EXPECT_EQ(real("user/.local/share/murmelo"), find().home);
 }
