@@ -1,6 +1,6 @@
 """all_run.py SOURCE: every test that lies below tests and fuzz is run by somebody.
 
-A test that no build list names does not fail when it should: nobody notices. A file of C or C++ is named with its path
+A test that no build list names never runs, and so never fails. A file of C or C++ is named with its path
 in a .cmake file or in another script (fuzzers by their name alone), a script by its name there or in another test.
 """
 import glob

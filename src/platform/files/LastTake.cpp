@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kOwnFolder = 0700;  // what was spoken is nobody else's
+constexpr mode_t kOwnFolder = 0700;  // only this user may read what was spoken
 constexpr mode_t kOwnFile = 0600;
 constexpr const char* kName = "/last-take.wav";
 constexpr const char* kNewName = "/last-take.wav.new-";  // and the number of the process

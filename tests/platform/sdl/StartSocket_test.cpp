@@ -124,7 +124,7 @@ TEST_F(StartSocketTest, aSocketThatWasLeftOverIsReplacedAndTakenAwayAtTheEnd) {
         ASSERT_EQ(0, bind(left, reinterpret_cast<const sockaddr*>(&address), sizeof address));
         close(left);
     }
-    EXPECT_FALSE(StartSocket::handOver("/home", ""));  // nobody listens
+    EXPECT_FALSE(StartSocket::handOver("/home", ""));  // no program listens
     {
         StartSocket second([](const std::string&) {});
         second.open("/home");

@@ -169,5 +169,5 @@ public:
 private:
     void dynamic_dtor();
 
-    Osp::Graphics::RowMarks* written = nullptr;  // not owned; null: nobody wants to know
+    Osp::Graphics::RowMarks* written = nullptr;  // not owned; null: rows are not marked
 };

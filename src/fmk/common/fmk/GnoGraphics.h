@@ -161,5 +161,5 @@ private:
     int32_t clipH;
     int32_t tx = 0;
     int32_t ty = 0;
-    Osp::Graphics::RowMarks* written = nullptr;  // not owned; null: nobody wants to know
+    Osp::Graphics::RowMarks* written = nullptr;  // not owned; null: rows are not marked
 };
