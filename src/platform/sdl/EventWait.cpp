@@ -21,10 +21,29 @@ void EventWait::begin() {
     const char* name = SDL_GetCurrentVideoDriver();
     const std::string driver = name != nullptr ? name : "";
     driverWaits = driver == "x11" || driver == "wayland";
+    const std::lock_guard<std::mutex> lock(mutex);
     rousingEvent = SDL_RegisterEvents(1);
 }
 
+void EventWait::end() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    rousingEvent = 0;
+}
+
+void EventWait::listen() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    roused = false;
+}
+
+bool EventWait::isRoused() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return roused;
+}
+
 void EventWait::wait(int64_t ms) {
+    if (isRoused()) {
+        return;
+    }
     if (!driverWaits) {
         look(ms);
     } else if (ms == kForever) {
@@ -51,20 +70,18 @@ int64_t EventWait::nap(int64_t ms) {
     const auto begin = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(mutex);
     rousing.wait_for(lock, std::chrono::milliseconds(ms), [this] { return roused; });
-    roused = false;
     const auto passed = std::chrono::steady_clock::now() - begin;
     return std::chrono::ceil<std::chrono::milliseconds>(passed).count();
 }
 
 void EventWait::rouse() {
-    const uint32_t type = rousingEvent;
-    if (type == 0) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (rousingEvent == 0) {
         return;
     }
     SDL_Event event{};
-    event.type = type;
+    event.type = rousingEvent;
     SDL_PushEvent(&event);
-    const std::lock_guard<std::mutex> lock(mutex);
     roused = true;
     rousing.notify_all();
 }

@@ -1,7 +1,6 @@
 // How the event thread sleeps: until SDL has an event, the program is roused, or a time has come.
 #pragma once
 
-#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
@@ -26,27 +25,36 @@ public:
     EventWait(const EventWait&) = delete;
     EventWait& operator=(const EventWait&) = delete;
 
+    ~EventWait() { end(); }
+
     /// Once, when SDL's video runs: from then on the program can be roused.
     void begin();
 
     /// Rouses no more: SDL may be shut down.
-    void end() { rousingEvent = 0; }
+    void end();
 
-    /// Sleeps until there is an event in SDL's queue, which stays there, or ms have passed.
+    /// Sleeps until there is an event in SDL's queue, which stays there, or ms have passed. Not at
+    /// all if the program was roused since the last call of listen().
     /// @param ms  greater than 0, or kForever
     void wait(int64_t ms);
 
     /// Ends the current wait, or the next one. Called on any thread.
     void rouse();
 
+    /// What the program may be roused for is looked at after this: whoever rouses it from now on
+    /// may be too late for that look, also where its event is taken out of the queue meanwhile.
+    void listen();
+
 private:
     int64_t nap(int64_t ms);
     void look(int64_t ms);
+    bool isRoused();
 
-    std::atomic<uint32_t> rousingEvent{0};
     bool driverWaits = false;
-    std::mutex mutex;
-    std::condition_variable rousing;
-    bool roused = false;
     Nap doNap;
+
+    std::mutex mutex;  // of what follows
+    std::condition_variable rousing;
+    uint32_t rousingEvent = 0;  // 0: the program cannot be roused
+    bool roused = false;        // since the last call of listen()
 };

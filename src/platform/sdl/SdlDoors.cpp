@@ -4,6 +4,7 @@
 #include "HostWords.h"
 #include "QuietLibrary.h"
 #include "SafeFile.h"
+#include "ScreenNames.h"
 #include "SoundExport.h"
 #include "SoundFile.h"
 
@@ -163,11 +164,15 @@ void SdlDoors::offer(const std::string& nameOrUri) {
 }
 
 bool SdlDoors::useFile(const std::string& nameOrUri) {
-    startReading(nameOrUri, [this](const ReadSound& sound) {
+    startReading(nameOrUri, [this](ReadSound sound) {
         if (take(sound)) {
             return true;
         }
-        tell({"notNow", {}});
+        if (ScreenNames::isBeforeMenu(doors->screenName())) {
+            offered = std::move(sound);
+        } else {
+            tell({"notNow", {}});
+        }
         return false;
     });
     return false;

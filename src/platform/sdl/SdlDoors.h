@@ -61,7 +61,8 @@ public:
     /// Asks for a sound file. It becomes the take once the user has chosen.
     bool openFile();
 
-    /// Reads a sound file, which then becomes the take.
+    /// Reads a sound file, which then becomes the take; if the menu was not there yet, as soon as
+    /// it is.
     bool useFile(const std::string& nameOrUri);
 
     bool bringBack();

@@ -1,5 +1,6 @@
 #include "SdlHost.h"
 
+#include "DueTime.h"
 #include "HostWords.h"
 #include "KeyRules.h"
 #include "ProgramFolders.h"
@@ -7,7 +8,6 @@
 #include "SdlKeys.h"
 #include "SystemLanguage.h"
 #include "VideoDriver.h"
-#include "WindowTitle.h"
 
 #include <SDL.h>
 
@@ -19,29 +19,14 @@
 namespace {
 
 constexpr int64_t kUsPerMs = 1000;
-constexpr int64_t kNever = -1;
-
-// By then a window manager has noted whether it made the window an icon.
-constexpr int64_t kHiddenCheckAfterMs = 100;
-
-/// The earlier of two times, either of which may be never.
-int64_t earlier(int64_t a, int64_t b) {
-    if (a == kNever || b == kNever) {
-        return std::max(a, b);
-    }
-    return std::min(a, b);
-}
-
 }  // namespace
 
 SdlHost::SdlHost(SdlOptions givenOptions)
     : options(std::move(givenOptions))
-    , signals(
-          [this](int signal) {
-              (signal == SIGTSTP ? stopAsked : endAsked) = true;
-              rouse();
-          },
-          [this] { return rouseAgain(); })
+    , signals([this](int signal) {
+        (signal == SIGTSTP ? stopAsked : endAsked) = true;
+        rouse();
+    })
     , microphoneMemory(options.folders.config)
     , ears(
           audio,
@@ -68,7 +53,9 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           [this](const HostMessage& message) { tell(message); },
           options.effectWord,
           [this] { rouse(); })
-    , wishes(strip, extraDoors, listOfMicrophones()) {
+    , wishes(strip, extraDoors, listOfMicrophones())
+    , pictures(window, strip, speech, takes, [this] { return nowUs(); })
+    , otherStarts([this] { rouse(); }) {
     strip.strip().feed().setMicrophone(&realMicrophone());
     extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
     fileEars.setVoice(options.voice);
@@ -115,18 +102,6 @@ Problem SdlHost::open() {
         }
     }
     return Problem::none();
-}
-
-/// On the socket's thread. The file comes as if it had been dropped on the window.
-void SdlHost::startedAgain(const std::string& file) {
-    raiseAsked = true;
-    if (!file.empty()) {
-        SDL_Event event{};
-        event.type = SDL_DROPFILE;
-        event.drop.file = SDL_strdup(file.c_str());
-        SDL_PushEvent(&event);
-    }
-    rouse();
 }
 
 int64_t SdlHost::nowUs() const {
@@ -213,25 +188,24 @@ void SdlHost::say(const std::string& sentence) {
 
 bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
     StripListener first(strip.strip(), listener, [this] { return uptimeMs(); });
-    const int64_t endMs = timeoutMs < 0 ? kNever : uptimeMs() + timeoutMs;
+    const int64_t endMs = timeoutMs < 0 ? DueTime::kNever : uptimeMs() + timeoutMs;
     for (;;) {
+        events.listen();
         extraDoors.tellSaved();
-        if (raiseAsked.exchange(false)) {
-            window.raise();
-        }
+        otherStarts.deliver(window, extraDoors);
         if (const std::string problem = speech.takeProblem(); !problem.empty()) {
             tell({"notSpoken", {problem}});
         }
         if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
-            deliverEvent(first) || deliverAway(listener) ||
+            deliverEvent(first) || away.deliver(listener, uptimeMs()) ||
             (doors != nullptr && walk.step(*doors))) {
             return true;
         }
-        presentIfDue();
-        if (endMs != kNever && uptimeMs() >= endMs) {
+        pictures.presentIfDue(doors);
+        if (endMs != DueTime::kNever && uptimeMs() >= endMs) {
             return false;
         }
-        sleep(earlier(endMs, nextDueMs()));
+        sleep(DueTime::earlier(endMs, nextDueMs()));
     }
 }
 
@@ -240,12 +214,9 @@ bool SdlHost::deliverSignals(HostListener& listener) {
         listener.onTerminate();
         return true;
     }
-    if (toldAway && (awayReasons & kStopped) != 0) {
-        std::raise(SIGSTOP);  // the program stands still in here until it is let go on
-        setAway(kStopped, false);
-    }
+    away.standStill();
     if (stopAsked.exchange(false)) {
-        setAway(kStopped, true);
+        away.stop();
     }
     return false;
 }
@@ -272,17 +243,16 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         return true;
     case SDL_WINDOWEVENT:
         strip.handle(event);
-        return handleWindow(event.window);
+        handleWindow(event);
+        return false;
     case SDL_AUDIODEVICEADDED:
         ears.look();
         return false;
     case SDL_AUDIODEVICEREMOVED:
         return ears.lose(event.adevice.which) || voice.lose(event.adevice.which);
     case SDL_APP_WILLENTERBACKGROUND:
-        setAway(kBySystem, true);
-        return false;
     case SDL_APP_DIDENTERFOREGROUND:
-        setAway(kBySystem, false);
+        away.handle(event, uptimeMs());
         return false;
     case SDL_MOUSEMOTION:
         point(event.motion);
@@ -317,120 +287,29 @@ bool SdlHost::handleTouch(const SDL_Event& event, HostListener& listener) {
     return delivered;
 }
 
-bool SdlHost::handleWindow(const SDL_WindowEvent& event) {
-    switch (event.event) {
-    case SDL_WINDOWEVENT_EXPOSED:
-    case SDL_WINDOWEVENT_SIZE_CHANGED:
-        if (everPresented) {
-            window.redraw();
-        }
-        break;
-    case SDL_WINDOWEVENT_HIDDEN:
-        hiddenCheckMs = uptimeMs() + kHiddenCheckAfterMs;
-        break;
-    case SDL_WINDOWEVENT_SHOWN:
-        hiddenCheckMs = kNever;
-        setAway(kHidden, false);
-        break;
-    default:
-        break;
+void SdlHost::handleWindow(const SDL_Event& event) {
+    if (event.window.event == SDL_WINDOWEVENT_EXPOSED ||
+        event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
+        pictures.redraw();
     }
-    return false;
-}
-
-void SdlHost::setAway(Away reason, bool away) {
-    awayReasons = away ? awayReasons | reason : awayReasons & ~static_cast<uint32_t>(reason);
-}
-
-bool SdlHost::deliverAway(HostListener& listener) {
-    if (hiddenCheckMs != kNever && uptimeMs() >= hiddenCheckMs) {
-        hiddenCheckMs = kNever;
-        setAway(kHidden, !window.isIcon());
-    }
-    const bool away = awayReasons != 0;
-    if (away == toldAway) {
-        return false;
-    }
-    toldAway = away;
-    if (away) {
-        listener.onBackground();
-    } else {
-        listener.onForeground();
-    }
-    return true;
+    away.handle(event, uptimeMs());
 }
 
 void SdlHost::frameShown(HostFrame* newest) {
-    frame = strip.strip().frameOver(newest);
-    frameIsNew = newest != nullptr;
-}
-
-bool SdlHost::isPictureDue() {
-    if (frame == nullptr || nowUs() < nextPictureUs) {
-        return false;
-    }
-    const int64_t stripMs = strip.strip().dueMs();
-    const bool isStripDue = stripMs != kNever && uptimeMs() >= stripMs;
-    if (frameIsNew || isStripDue) {
-        look();
-    }
-    return frameIsNew || strip.strip().isNew();
-}
-
-void SdlHost::look() {
-    strip.strip().feed().setLastTake(hasLastTake());
-    strip.look();
-}
-
-void SdlHost::presentIfDue() {
-    if (!isPictureDue()) {
-        return;
-    }
-    frameIsNew = false;
-    const HostFrame::Rows changed = frame->takeChanges();
-    if (changed.none()) {
-        nextPictureUs = nowUs() + window.refreshUs();
-        return;
-    }
-    window.present(*frame, changed);
-    if (doors != nullptr) {
-        const ScreenTexts texts = doors->texts();
-        window.setTitle(WindowTitle::of(texts));
-        speak(texts);
-    }
-    pictures++;
-    // In step with the display, unless it was still for a while.
-    nextPictureUs = std::max(nextPictureUs + window.refreshUs(), nowUs());
-    if (!everPresented) {
-        everPresented = true;
-        window.setIcon(ProgramFolders::icons());
-    }
-}
-
-void SdlHost::speak(const ScreenTexts& texts) {
-    if (!speech.isStarted()) {
-        return;
-    }
-    std::string message;
-    if (strip.strip().model().isTelling()) {
-        for (const std::string& row : strip.strip().model().lines()) {
-            message += (message.empty() ? "" : " ") + row;
-        }
-    }
-    speech.say(spoken.change(texts, message), texts.language);
+    pictures.show(newest);
 }
 
 int64_t SdlHost::nextDueMs() {
-    int64_t dueMs = earlier(earlier(fileEars.dueMs(), ears.dueMs()), voice.dueMs());
-    if (frameIsNew || strip.strip().isNew()) {
-        dueMs = earlier(dueMs, (nextPictureUs + kUsPerMs - 1) / kUsPerMs);
+    int64_t dueMs = DueTime::kNever;
+    for (const int64_t ms :
+         {fileEars.dueMs(), ears.dueMs(), voice.dueMs(), pictures.dueMs(), away.dueMs()}) {
+        dueMs = DueTime::earlier(dueMs, ms);
     }
-    dueMs = earlier(dueMs, strip.strip().dueMs());
-    return earlier(dueMs, hiddenCheckMs);
+    return dueMs;
 }
 
 void SdlHost::sleep(int64_t untilMs) {
-    if (untilMs == kNever) {
+    if (untilMs == DueTime::kNever) {
         events.wait(EventWait::kForever);
         return;
     }
@@ -438,16 +317,6 @@ void SdlHost::sleep(int64_t untilMs) {
     if (ms > 0) {
         events.wait(ms);
     }
-}
-
-/// The window system can lose what rouses it when two threads use its connection at one time, and
-/// nothing else may happen for hours.
-bool SdlHost::rouseAgain() {
-    const bool unheard = stopAsked || endAsked;
-    if (unheard) {
-        rouse();
-    }
-    return unheard;
 }
 
 DisplayPoint SdlHost::fromShares(double xShare, double yShare, WindowPart part) const {

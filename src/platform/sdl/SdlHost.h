@@ -11,20 +11,21 @@
 #include "KeyWalk.h"
 #include "LostMicrophone.h"
 #include "MicrophoneMemory.h"
+#include "OtherStarts.h"
 #include "Problem.h"
 #include "SdlAudio.h"
+#include "SdlAway.h"
 #include "SdlDeeds.h"
 #include "SdlDoors.h"
 #include "SdlInput.h"
 #include "SdlMicrophone.h"
+#include "SdlPictures.h"
 #include "SdlSpeaker.h"
 #include "SdlStrip.h"
 #include "SdlWindow.h"
 #include "SdlWishes.h"
 #include "SignalWatch.h"
 #include "Speech.h"
-#include "SpokenScreen.h"
-#include "StartSocket.h"
 #include "TakeKeeper.h"
 
 #include <atomic>
@@ -110,38 +111,25 @@ public:
     static void print(const std::string& sentence);
 
     /// Pictures that came onto the screen.
-    int64_t presented() const { return pictures; }
+    int64_t presented() const { return pictures.presented(); }
 
 private:
-    /// Why the program is neither seen nor heard; it is in the background while there is any
-    /// reason.
-    enum Away : uint32_t { kHidden = 1, kStopped = 2, kBySystem = 4 };
-
     HostMicrophone& realMicrophone();
     SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
     bool deliverSound();
     bool deliverEvent(HostListener& listener);
-    bool deliverAway(HostListener& listener);
     bool deliverSignals(HostListener& listener);
     bool handle(const union SDL_Event& event, HostListener& listener);
     bool handleKey(const union SDL_Event& event, HostListener& listener);
     bool handleTouch(const union SDL_Event& event, HostListener& listener);
-    bool handleWindow(const struct SDL_WindowEvent& event);
-    bool isPictureDue();
-    void presentIfDue();
+    void handleWindow(const union SDL_Event& event);
     void point(const struct SDL_MouseMotionEvent& motion);
-    void look();
-    void speak(const ScreenTexts& texts);
     void sleep(int64_t untilMs);
     int64_t nextDueMs();
     int64_t nowUs() const;
 
     void rouse() { events.rouse(); }
-
-    bool rouseAgain();
-    void startedAgain(const std::string& file);
-    void setAway(Away reason, bool away);
 
     DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const override;
     DisplayPoint fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const override;
@@ -149,9 +137,8 @@ private:
     SdlOptions options;
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 
-    std::atomic<bool> endAsked{false};    // by a signal
-    std::atomic<bool> stopAsked{false};   // by a signal
-    std::atomic<bool> raiseAsked{false};  // by another start
+    std::atomic<bool> endAsked{false};   // by a signal
+    std::atomic<bool> stopAsked{false};  // by a signal
     EventWait events;
     SignalWatch signals;  // its thread comes first and goes last
 
@@ -172,17 +159,8 @@ private:
     SdlDeeds deeds{window, extraDoors, strip, walk};
     SdlWishes wishes;
     Speech speech;
-    SpokenScreen spoken;
+    SdlPictures pictures;
+    SdlAway away{window};
     HostDoors* doors = nullptr;
-    HostFrame* frame = nullptr;
-    bool frameIsNew = false;
-    bool everPresented = false;
-    int64_t nextPictureUs = 0;
-    int64_t pictures = 0;
-
-    uint32_t awayReasons = 0;
-    bool toldAway = false;
-    int64_t hiddenCheckMs = -1;  // when to find out why the window vanished
-
-    StartSocket otherStarts{[this](const std::string& file) { startedAgain(file); }};
+    OtherStarts otherStarts;
 };

@@ -1,12 +1,10 @@
 #include "SignalWatch.h"
 
-#include <ctime>
 #include <utility>
 
 namespace {
 
 constexpr int kEndOfWatch = SIGUSR2;
-constexpr timespec kReminderAfter = {0, 50000000};
 
 bool isIgnored(int signal) {
     struct sigaction action {};
@@ -16,9 +14,8 @@ bool isIgnored(int signal) {
 
 }  // namespace
 
-SignalWatch::SignalWatch(std::function<void(int signal)> onSignal, std::function<bool()> remind)
-    : onSignal(std::move(onSignal))
-    , remind(std::move(remind)) {
+SignalWatch::SignalWatch(std::function<void(int signal)> onSignal)
+    : onSignal(std::move(onSignal)) {
     sigemptyset(&watched);
     for (const int signal : {SIGTERM, SIGINT, kEndOfWatch}) {
         sigaddset(&watched, signal);
@@ -41,15 +38,10 @@ SignalWatch::~SignalWatch() {
 }
 
 void SignalWatch::watch() {
-    bool reminding = false;
     while (!ending) {
-        const int signal = reminding ? sigtimedwait(&watched, nullptr, &kReminderAfter)
-                                     : sigwaitinfo(&watched, nullptr);
-        if (signal < 0) {
-            reminding = reminding && remind();
-        } else if (signal != kEndOfWatch) {
+        const int signal = sigwaitinfo(&watched, nullptr);
+        if (signal >= 0 && signal != kEndOfWatch) {
             onSignal(signal);
-            reminding = true;
         }
     }
 }

@@ -12,9 +12,7 @@ class SignalWatch {
 public:
     /// Made before any other thread is: threads inherit that these signals wait.
     /// @param onSignal  called on the watching thread
-    /// @param remind  called there every 50 ms after a signal until it answers false: nobody need
-    /// be reminded any more
-    SignalWatch(std::function<void(int signal)> onSignal, std::function<bool()> remind);
+    explicit SignalWatch(std::function<void(int signal)> onSignal);
     SignalWatch(const SignalWatch&) = delete;
     SignalWatch& operator=(const SignalWatch&) = delete;
     ~SignalWatch();
@@ -23,7 +21,6 @@ private:
     void watch();
 
     std::function<void(int signal)> onSignal;
-    std::function<bool()> remind;
     std::atomic<bool> ending{false};
     sigset_t watched{};
     sigset_t before{};

@@ -1,5 +1,6 @@
 #include "StripFeed.h"
 
+#include "DueTime.h"
 #include "HostWords.h"
 
 #include <utility>
@@ -52,11 +53,7 @@ void StripFeed::look(int64_t nowMs) {
 }
 
 int64_t StripFeed::dueMs() const {
-    const int64_t messageMs = model.dueMs();
-    if (!recording || nextLevelMs == kNever) {
-        return messageMs;
-    }
-    return messageMs == kNever || nextLevelMs < messageMs ? nextLevelMs : messageMs;
+    return DueTime::earlier(model.dueMs(), recording ? nextLevelMs : kNever);
 }
 
 void StripFeed::lookAtScreen(int64_t nowMs) {

@@ -215,7 +215,7 @@ void WebHost::save() {
 
 void WebHost::use(std::vector<int16_t> samples) {
     offeredTake = std::move(samples);
-    if (isOn(ScreenNames::kFirstLanguage) || isOn(ScreenNames::kSplash)) {
+    if (doors != nullptr && ScreenNames::isBeforeMenu(doors->screenName())) {
         return;  // waits for the menu
     }
     tasks.emplace_back([this](HostListener&) {

@@ -115,6 +115,20 @@ TEST_P(EventWaitTest, anotherThreadEndsTheRealSleep) {
     EXPECT_EQ(SDL_TRUE, SDL_HasEvents(SDL_USEREVENT, SDL_LASTEVENT));
 }
 
+TEST_P(EventWaitTest, aRousingWhoseEventWasTakenAlreadyEndsTheNextWait) {
+    ASSERT_TRUE(begun);
+    EventWait wait(nap);
+    wait.begin();
+    wait.listen();
+    wait.rouse();
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    wait.wait(EventWait::kForever);
+    EXPECT_EQ(0, passedMs);
+    wait.listen();  // what it was roused for is looked at
+    wait.wait(1000);
+    EXPECT_EQ(1000, passedMs);
+}
+
 TEST_P(EventWaitTest, itRousesOnlyBetweenBeginAndEnd) {
     ASSERT_TRUE(begun);
     EventWait wait(nap);

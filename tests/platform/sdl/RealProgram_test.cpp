@@ -299,7 +299,7 @@ TEST_F(RealProgram, theStripIsClicked) {
     EXPECT_EQ(0, program.waitForEnd());
 }
 
-TEST_F(RealProgram, DISABLED_aSecondOneInTheSameHomeRaisesTheFirstAndHandsItsFileOver) {
+TEST_F(RealProgram, aSecondOneInTheSameHomeRaisesTheFirstAndHandsItsFileOver) {
     folders.write("config/settings", "lang=0\n");
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
     Program program(command());

@@ -1,4 +1,5 @@
 // The window on a real X server: what is on the screen, what a hand does to it.
+#include "EventWait.h"
 #include "Program.h"
 #include "SdlHost.h"
 #include "TestSounds.h"
@@ -7,10 +8,12 @@
 #include <gtest/gtest.h>
 #include <SDL.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <functional>
 #include <iostream>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -226,6 +229,37 @@ TEST_F(RealWindow, aWideWindowHasTheStripBesideThePictureAndBothAreTouched) {
     EXPECT_EQ("press 100 260", heard.notes.front());
     EXPECT_EQ((Notes{"release 0 460", "press 100 10", "release 100 10"}),
               Notes(heard.notes.end() - 3, heard.notes.end()));
+}
+
+TEST_F(RealWindow, eachRousingByAnotherThreadIsHeard) {
+    constexpr int32_t kRounds = 2000;
+    EventWait wait;
+    wait.begin();
+    std::atomic<int32_t> wanted{0};
+    std::atomic<int32_t> done{0};
+    std::thread other([&] {
+        for (int32_t round = 1; round <= kRounds; round++) {
+            while (wanted < round) {
+                std::this_thread::yield();
+            }
+            done = round;
+            wait.rouse();
+        }
+    });
+    int32_t lost = 0;
+    for (int32_t round = 1; round <= kRounds; round++) {
+        wait.listen();
+        wanted = round;
+        const int64_t startMs = host.uptimeMs();
+        while (done < round) {
+            SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+            wait.wait(Program::kPatienceMs);
+            wait.listen();
+        }
+        lost += host.uptimeMs() >= startMs + Program::kPatienceMs ? 1 : 0;
+    }
+    other.join();
+    EXPECT_EQ(0, lost);
 }
 
 TEST_F(RealWindow, onlyTheRowsThatChangedAreDrawnAgain) {

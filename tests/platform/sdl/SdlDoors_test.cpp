@@ -19,7 +19,7 @@ namespace {
 
 class NotingDoors : public HostDoors {
 public:
-    std::string screenName() override { return "Options"; }
+    std::string screenName() override { return screen; }
 
     int32_t currentEffect() override { return 0; }
 
@@ -60,6 +60,7 @@ public:
 
     ScreenTexts texts() override { return {}; }
 
+    std::string screen = "Options";
     bool open = true;
     bool refuses = false;  // there is no take
     int32_t saves = 0;
@@ -240,6 +241,25 @@ TEST_F(SdlDoorsTest, anOfferedSoundWaitsUntilItIsTaken) {
     EXPECT_EQ(voice, program.taken);
     EXPECT_FALSE(doors.deliver());  // taken once
     EXPECT_EQ("", error());         // waiting is nothing to complain about
+}
+
+TEST_F(SdlDoorsTest, aFileThatComesBeforeTheMenuWaitsForIt) {
+    const Samples voice = TestSounds::noise(160);
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
+    for (const char* screen : {"", "FirstLang", "Splash"}) {
+        program.screen = screen;
+        program.open = false;
+        program.taken.clear();
+        doors.useFile(folders.path("voice.wav"));
+        while (doors.isBusy()) {
+            EXPECT_FALSE(doors.deliver());
+        }
+        EXPECT_FALSE(doors.deliver());
+        program.open = true;
+        EXPECT_TRUE(doors.deliver()) << screen;
+        EXPECT_EQ(voice, program.taken) << screen;
+        EXPECT_EQ("", error());
+    }
 }
 
 TEST_F(SdlDoorsTest, theLastTakeComesBack) {

@@ -1,0 +1,88 @@
+#include "SdlPictures.h"
+
+#include "DueTime.h"
+#include "ProgramFolders.h"
+#include "WindowTitle.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int64_t kUsPerMs = 1000;
+
+}  // namespace
+
+SdlPictures::SdlPictures(
+    SdlWindow& window, SdlStrip& strip, Speech& speech, const TakeKeeper& takes, Clock nowUs)
+    : window(window)
+    , strip(strip)
+    , speech(speech)
+    , takes(takes)
+    , nowUs(std::move(nowUs)) {}
+
+void SdlPictures::show(HostFrame* newest) {
+    frame = strip.strip().frameOver(newest);
+    frameIsNew = newest != nullptr;
+}
+
+void SdlPictures::redraw() {
+    if (pictures > 0) {
+        window.redraw();
+    }
+}
+
+bool SdlPictures::isDue() {
+    if (frame == nullptr || nowUs() < nextPictureUs) {
+        return false;
+    }
+    const int64_t stripMs = strip.strip().dueMs();
+    const bool isStripDue = stripMs != DueTime::kNever && nowUs() / kUsPerMs >= stripMs;
+    if (frameIsNew || isStripDue) {
+        strip.strip().feed().setLastTake(takes.isThere());
+        strip.look();
+    }
+    return frameIsNew || strip.strip().isNew();
+}
+
+void SdlPictures::presentIfDue(HostDoors* doors) {
+    if (!isDue()) {
+        return;
+    }
+    frameIsNew = false;
+    const HostFrame::Rows changed = frame->takeChanges();
+    if (changed.none()) {
+        nextPictureUs = nowUs() + window.refreshUs();
+        return;
+    }
+    window.present(*frame, changed);
+    if (doors != nullptr) {
+        const ScreenTexts texts = doors->texts();
+        window.setTitle(WindowTitle::of(texts));
+        speak(texts);
+    }
+    // In step with the display, unless it was still for a while.
+    nextPictureUs = std::max(nextPictureUs + window.refreshUs(), nowUs());
+    if (pictures++ == 0) {
+        window.setIcon(ProgramFolders::icons());
+    }
+}
+
+void SdlPictures::speak(const ScreenTexts& texts) {
+    if (!speech.isStarted()) {
+        return;
+    }
+    std::string message;
+    if (strip.strip().model().isTelling()) {
+        for (const std::string& row : strip.strip().model().lines()) {
+            message += (message.empty() ? "" : " ") + row;
+        }
+    }
+    speech.say(spoken.change(texts, message), texts.language);
+}
+
+int64_t SdlPictures::dueMs() {
+    const bool isNew = frameIsNew || strip.strip().isNew();
+    return DueTime::earlier(isNew ? (nextPictureUs + kUsPerMs - 1) / kUsPerMs : DueTime::kNever,
+                            strip.strip().dueMs());
+}
