@@ -139,6 +139,19 @@ void PictureScaler::drawPart(const Part& part,
     }
 }
 
+/// Makes a row of the window black where no part lies: a part's pixels are all drawn.
+void PictureScaler::clearBeside(int32_t y, uint32_t* row, int32_t windowWidth) const {
+    int32_t x = 0;
+    for (const Part& part : parts) {  // from left to right where they lie side by side
+        const PicturePlace& place = part.place;
+        if (y >= place.y && y < place.y + place.height) {
+            std::fill(row + std::min(x, place.x), row + place.x, 0U);
+            x = place.x + place.width;
+        }
+    }
+    std::fill(row + x, row + windowWidth, 0U);
+}
+
 void PictureScaler::draw(const uint16_t* picture,
                          uint32_t* target,
                          int32_t stridePixels,
@@ -146,8 +159,7 @@ void PictureScaler::draw(const uint16_t* picture,
                          int32_t windowHeight) {
     prepare(windowWidth, windowHeight);
     for (int32_t y = 0; y < windowHeight; y++) {
-        uint32_t* row = target + static_cast<ptrdiff_t>(y) * stridePixels;
-        std::fill(row, row + windowWidth, 0U);
+        clearBeside(y, target + static_cast<ptrdiff_t>(y) * stridePixels, windowWidth);
     }
     drawChanged(picture, target, stridePixels, HostFrame::Rows().set());
 }

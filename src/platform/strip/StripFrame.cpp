@@ -71,23 +71,26 @@ HostFrame::Rows StripFrame::takeChanges() {
         return changed;
     }
     paint();
+    if (lookedAt == painted) {
+        return changed;
+    }
     lookedAt = painted;
     const bool isAllNew = seen.size() != picture.size();
+    seen.resize(picture.size());
     if (paintedSheet != seenSheet) {
         changed.set();  // the picture comes out from under it, or goes
     }
     const int32_t rows = paintedSheet ? kProgramRows : StripModel::kHeightPx;
     for (int32_t y = 0; y < rows; y++) {
-        const auto at = static_cast<size_t>(y) * kProgramWidthPx;
-        if (isAllNew ||
-            !std::equal(picture.begin() + static_cast<std::ptrdiff_t>(at),
-                        picture.begin() + static_cast<std::ptrdiff_t>(at) + kProgramWidthPx,
-                        seen.begin() + static_cast<std::ptrdiff_t>(at))) {
+        const auto at = static_cast<std::ptrdiff_t>(y) * kProgramWidthPx;
+        const auto row = picture.begin() + at;
+        if (isAllNew || !std::equal(row, row + kProgramWidthPx, seen.begin() + at)) {
             changed.set(static_cast<size_t>(2 * y));
             changed.set(static_cast<size_t>(2 * y + 1));
         }
     }
-    seen = picture;
+    const auto looked = static_cast<std::ptrdiff_t>(rows) * kProgramWidthPx;
+    std::copy(picture.begin(), picture.begin() + looked, seen.begin());
     seenSheet = paintedSheet;
     return changed;
 }

@@ -146,17 +146,25 @@ private:
 
 TEST_F(RealProgram, theFirstPictureStandsSoon) {
     ASSERT_TRUE(screen.isOpen());
-    int64_t bestUs = INT64_MAX;
-    for (int32_t i = 0; i < 8; i++) {
-        const int64_t startUs = nowUs();
-        Program program(command());
-        ASSERT_TRUE(waitForPicture());
-        bestUs = std::min(bestUs, nowUs() - startUs);
+    const auto startUs = [this](const std::vector<std::string>& words) {
+        const int64_t beginUs = nowUs();
+        Program program(words);
+        EXPECT_TRUE(waitForPicture());
+        const int64_t passedUs = nowUs() - beginUs;
         program.send(SIGTERM);
         EXPECT_EQ(0, program.waitForEnd());
-        ASSERT_TRUE(until([this] { return !hasPicture(); }));
+        EXPECT_TRUE(until([this] { return !hasPicture(); }));
+        return passedUs;
+    };
+    int64_t bestUs = INT64_MAX;
+    int64_t plainUs = INT64_MAX;
+    for (int32_t i = 0; i < 8; i++) {
+        plainUs = std::min(plainUs, startUs({MURMELO_PLAIN_WINDOW}));
+        bestUs = std::min(bestUs, startUs(command()));
     }
-    std::cout << "first picture after " << static_cast<double>(bestUs) / 1000 << " ms\n";
+    std::cout << "first picture after " << static_cast<double>(bestUs) / 1000
+              << " ms; that of a program with one ready picture after "
+              << static_cast<double>(plainUs) / 1000 << " ms\n";
     EXPECT_GT(kFirstPictureUs, bestUs);
 }
 
