@@ -500,6 +500,37 @@ TEST_F(RealProgram, keysMakeTheWindowLargerAndSmaller) {
     EXPECT_EQ("360 600\n", folders.read("config/window"));
 }
 
+TEST_F(RealProgram, itFillsTheScreenAndLeavesIt) {
+    Program manager({"cwm", "-c", "/dev/null"});
+    ASSERT_TRUE(until([this] { return screen.hasManager(); }));
+    {
+        Program program(command());
+        ASSERT_TRUE(waitForPicture());
+        const uint64_t window = screen.windowOf("Murmelo");
+        const auto isWide = [this, window](int32_t width) {
+            return until([&] { return screen.widthOf(window) == width; });
+        };
+        key("F11");
+        EXPECT_TRUE(isWide(1280));
+        key("F11");
+        EXPECT_TRUE(isWide(480));
+        program.send(SIGTERM);
+        EXPECT_EQ(0, program.waitForEnd());
+    }
+    std::vector<std::string> words = command();
+    words.emplace_back("--fullscreen");
+    Program program(words);
+    EXPECT_TRUE(until([this] {
+        const uint64_t window = screen.windowOf("Murmelo");
+        return window != 0 && screen.widthOf(window) == 1280;
+    }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+    EXPECT_FALSE(folders.has("config/window"));  // the size that the user chose is another
+    manager.send(SIGTERM);
+    EXPECT_NE(-1, manager.waitForEnd());
+}
+
 TEST_F(RealProgram, theXServersScaleComesBeforeTheVariable) {
     screen.setResources("Xft.antialias:\t1\nXft.dpi:\t120\n");
     setenv("GDK_SCALE", "2", 1);

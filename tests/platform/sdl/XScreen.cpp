@@ -1,5 +1,6 @@
 #include "XScreen.h"
 
+#include <algorithm>
 #include <chrono>
 #include <initializer_list>
 #include <thread>
@@ -128,6 +129,19 @@ uint64_t XScreen::windowOf(const std::string& title) {
     }
     XFree(children);
     return found;
+}
+
+bool XScreen::hasManager() {
+    Display* x11 = server(display);
+    int count = 0;
+    Atom* names = XListProperties(x11, DefaultRootWindow(x11), &count);
+    const Atom wanted = XInternAtom(x11, "_NET_SUPPORTING_WM_CHECK", False);
+    const bool isThere =
+        names != nullptr && std::find(names, names + count, wanted) != names + count;
+    if (names != nullptr) {
+        XFree(names);
+    }
+    return isThere;
 }
 
 void XScreen::askToClose(uint64_t window) {

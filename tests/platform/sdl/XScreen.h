@@ -22,6 +22,9 @@ public:
     /// The window that all others lie in.
     uint64_t root();
 
+    /// Whether a window manager has begun its work.
+    bool hasManager();
+
     /// The window whose title ends so, 0 if there is none.
     uint64_t windowOf(const std::string& title);
 
