@@ -34,6 +34,7 @@ murmelo_tests(web_tests
         platform/host/KeyRules_test.cpp
         platform/host/KeyWalk_test.cpp
         platform/host/OneFinger_test.cpp
+        platform/host/WindowLayout_test.cpp
         platform/web/PlainWav_test.cpp
         platform/web/RateTo16k_test.cpp
         platform/web/WebHost_test.cpp
@@ -60,7 +61,6 @@ murmelo_tests(sdl_tests
         platform/sdl/SpokenScreen_test.cpp
         platform/sdl/StartSocket_test.cpp
         platform/sdl/SystemLanguage_test.cpp
-        platform/sdl/WindowLayout_test.cpp
         platform/sdl/WindowMemory_test.cpp
         platform/sdl/WindowSizes_test.cpp
         platform/sdl/WindowTitle_test.cpp

@@ -33,6 +33,7 @@ elseif(MURMELO_WEB)
 
     page_test(take take_test.py)
     page_test(pixels pixels_test.py)
+    page_test(strip strip_test.py)
     page_test(sound sound_test.py)
     page_test(idle idle_test.py)
     page_test(fingers fingers_test.py)

@@ -140,7 +140,7 @@ class ThereTest(MicrophoneTest):
         self.page.stub("silent")
         take = self.with_a_take()
         self.page.to_recording()
-        self.page.told("microphoneSilent")
+        self.tab.wait_for("murmelo.core.texts.strip.isTelling && murmelo.core.texts.strip.line.startsWith('No sound comes from')")
         self.run_out()
         self.assertTakeIsBack(take)
 

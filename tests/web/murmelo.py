@@ -174,7 +174,7 @@ class Murmelo:
 # True as soon as the page can be used. Then it also counts how much the current recording has heard.
 _COUNTING = """(() => {
     const { core, ears } = murmelo;
-    if (!core.running || !core.texts.screen || document.getElementById('save').disabled) {
+    if (!core.running || !core.texts.screen || !murmelo.hands) {
         return false;
     }
     const [start, heard] = [ears.start, ears.heard];
@@ -240,7 +240,7 @@ def headless(commands, folder, settings=None, again=False):
     if settings:
         with open(os.path.join(config, "settings"), "w", encoding="utf-8") as file:
             file.write(settings)
-    ran = subprocess.run([HEADLESS, "--home", home, "--config", config, "-"], input="\n".join(commands) + "\n", text=True,
+    ran = subprocess.run([HEADLESS, "--strip", "--home", home, "--config", config, "-"], input="\n".join(commands) + "\n", text=True,
                          capture_output=True, cwd=folder, check=False)
     if ran.returncode:
         raise AssertionError("murmelo-headless: %s\n%s" % (ran.stderr, "\n".join(commands)))

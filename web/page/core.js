@@ -12,7 +12,7 @@ import createMurmelo from '../murmelo.js';
 /** Name of a screen, as in ScreenNames. */
 export const MENU = 'Options';
 const ENDED = -2;
-const TEXT_BYTES = 256;
+const TEXT_BYTES = 512;
 
 export class Core {
     constructor() {
@@ -68,7 +68,7 @@ export class Core {
 
     pixels() {
         const at = this.program._murmeloPixels();
-        return new Uint8ClampedArray(this.program.HEAPU8.buffer, at, 240 * 320 * 4);
+        return new Uint8ClampedArray(this.program.HEAPU8.buffer, at, 240 * 400 * 4);
     }
 
     turn() {
@@ -164,8 +164,9 @@ export class Core {
         return this.program.UTF8ToString(/** @type {any} */ (this.program)[call](...values));
     }
 
-    /** A finger taps there. @param {number} x @param {number} y */
-    tap(x, y) {
+    /** A finger taps into the middle. @param {number[]} place */
+    tapOn([left, top, width, height]) {
+        const [x, y] = [left + width / 2, top + height / 2];
         this.program._murmeloTouch(0, 0, -1, x, y, performance.now());
         this.program._murmeloTouch(2, 0, -1, x, y, performance.now());
         this.turn();

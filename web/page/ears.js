@@ -5,31 +5,27 @@
 const WANTED_RATE = 16000;
 const REMIND_AFTER_MS = 1000;
 
-const CONSTRAINTS = {
-    audio: { channelCount: 1, echoCancellation: false, noiseSuppression: false, autoGainControl: false },
-};
+const RAW = { channelCount: 1, echoCancellation: false, noiseSuppression: false, autoGainControl: false };
+const open = (/** @type {object} */ more) => navigator.mediaDevices.getUserMedia({ audio: { ...RAW, ...more } });
 
 export class Ears {
-    /** @param {Core} core @param {(word: string) => void} tell */
-    constructor(core, tell) {
+    /** @param {Core} core */
+    constructor(core) {
         this.core = core;
-        this.tell = tell;
         this.ticket = 0;
         this.listens = false;
         this.reminder = 0;
-        /** @type {MediaStream | null} */
-        this.stream = null;
-        /** @type {AudioContext | null} */
-        this.context = null;
-        /** @type {AudioWorkletNode | null} */
-        this.node = null;
+        this.stream = /** @type {MediaStream | null} */ (null);
+        this.context = /** @type {AudioContext | null} */ (null);
+        this.node = /** @type {AudioWorkletNode | null} */ (null);
     }
 
     /** @param {number} ticket */
     ask(ticket) {
+        const { core } = this;
         this.ticket = ticket;
-        this.core.standStill();
-        this.reminder = setTimeout(() => this.tell('allowMicrophone'), REMIND_AFTER_MS);
+        core.standStill();
+        this.reminder = setTimeout(() => core.program._murmeloRemindToAllow(), REMIND_AFTER_MS);
         this.connect(ticket).then(
             () => this.answer(ticket, ''),
             (error) => this.answer(ticket, error.name)
@@ -41,7 +37,7 @@ export class Ears {
         if (ticket === this.ticket && this.core.running) {
             clearTimeout(this.reminder);
             const rate = this.context?.sampleRate ?? 0;
-            this.core.program._murmeloMicrophoneAnswered(ticket, this.core.textAt(error), rate);
+            this.core.program._murmeloMicrophoneAnswered(ticket, this.core.textAt(`${error}\n${nameOf(this.stream)}`), rate);
             this.core.goOn();
         }
     }
@@ -51,7 +47,7 @@ export class Ears {
         if (!isSecureContext || !navigator.mediaDevices) {
             throw new DOMException('', 'InsecureError');
         }
-        const stream = await navigator.mediaDevices.getUserMedia(CONSTRAINTS);
+        const stream = await this.chosen(await open({}));
         if (ticket !== this.ticket) {
             stopTracks(stream);
             return;
@@ -66,6 +62,25 @@ export class Ears {
             await this.closeContext();
             await this.listenAt(stream, 0); // this browser has one rate only: the program converts
         }
+    }
+
+    /** The microphone that the user has chosen, if it is there; browsers name them only now. @param {MediaStream} stream  of any */
+    async chosen(stream) {
+        const name = this.core.answer('_murmeloMicrophone');
+        const device = name !== nameOf(stream) && (await devices()).find(({ label }) => label === name);
+        if (!name || !device) {
+            return stream;
+        }
+        stopTracks(stream);
+        return open({ deviceId: { exact: device.deviceId } }).catch(() => open({}));
+    }
+
+    /** For the program. */
+    async list() {
+        const names = (await devices().catch(() => [])).map(({ label }) => label);
+        this.core.fillRoom(new TextEncoder().encode(names.join('\n')));
+        this.core.program._murmeloMicrophones();
+        this.core.turn();
     }
 
     /** @param {MediaStream} stream @param {number} rate  0: the browser's own */
@@ -130,6 +145,17 @@ export class Ears {
         this.node = null;
         await context?.close();
     }
+}
+
+/** Microphones with names of their own. */
+async function devices() {
+    const all = (await navigator.mediaDevices?.enumerateDevices()) ?? [];
+    return all.filter(({ kind, label, deviceId }) => kind === 'audioinput' && label && !['default', 'communications'].includes(deviceId));
+}
+
+/** @param {MediaStream | null} stream @returns {string} as the browser shows it */
+function nameOf(stream) {
+    return stream?.getAudioTracks()[0]?.label ?? '';
 }
 
 /** @param {MediaStream} stream */

@@ -1,41 +1,41 @@
 // Pointers and keys. The program itself makes one finger of all pointers.
 
 const [PRESS, MOVE, RELEASE] = [0, 1, 2];
+const isFinger = (/** @type {PointerEvent} */ event) => Number(event.pointerType === 'touch');
 
 export class Hands {
-    /** @param {import('./core.js').Core} core @param {import('./picture.js').Picture} picture @param {Record<string, () => void>} commands  by key */
-    constructor(core, picture, commands) {
+    /** @param {import('./core.js').Core} core @param {import('./picture.js').Picture} picture */
+    constructor(core, picture) {
         this.core = core;
-        this.picture = picture;
-        this.commands = commands;
-        const canvas = picture.canvas;
-        canvas.addEventListener('pointerdown', (event) => {
-            if (event.button === 0) {
-                canvas.setPointerCapture(event.pointerId);
-                this.touch(PRESS, event);
-            }
-        });
-        canvas.addEventListener('pointermove', (event) => event.buttons !== 0 && this.touch(MOVE, event));
-        canvas.addEventListener('pointerup', (event) => this.touch(RELEASE, event));
-        canvas.addEventListener('pointercancel', (event) => this.cancel(event));
-        canvas.addEventListener('contextmenu', (event) => event.preventDefault());
+        for (const part of picture.parts) {
+            const { canvas } = part;
+            const touch = (/** @type {number} */ kind, /** @type {PointerEvent} */ event) => {
+                const { x, y } = part.placeOf(event);
+                this.tell('_murmeloTouch', kind, isFinger(event), event.pointerId, x, y, event.timeStamp);
+            };
+            canvas.addEventListener('pointerdown', (event) => {
+                if (event.button === 0) {
+                    canvas.setPointerCapture(event.pointerId);
+                    touch(PRESS, event);
+                }
+            });
+            canvas.addEventListener('pointermove', (event) => {
+                const { x, y } = part.placeOf(event);
+                event.buttons ? touch(MOVE, event) : this.tell('_murmeloPoint', x, y);
+            });
+            canvas.addEventListener('pointerleave', () => this.tell('_murmeloPoint', -1, -1));
+            canvas.addEventListener('pointerup', (event) => touch(RELEASE, event));
+            // The browser needs the finger for itself, for a pinch.
+            canvas.addEventListener('pointercancel', (event) => this.tell('_murmeloTouchCancelled', isFinger(event), event.pointerId));
+            canvas.addEventListener('contextmenu', (event) => event.preventDefault());
+        }
         addEventListener('keydown', (event) => this.key(event));
     }
 
-    /** @param {number} kind @param {PointerEvent} event */
-    touch(kind, event) {
-        if (!this.core.running) {
-            return;
-        }
-        const { x, y } = this.picture.placeOf(event);
-        this.core.program._murmeloTouch(kind, isFinger(event), event.pointerId, x, y, event.timeStamp);
-        this.core.turn();
-    }
-
-    /** The browser needs the finger for itself, for a pinch. @param {PointerEvent} event */
-    cancel(event) {
+    /** @param {'_murmeloTouch' | '_murmeloPoint' | '_murmeloTouchCancelled'} call @param {number[]} values */
+    tell(call, ...values) {
         if (this.core.running) {
-            this.core.program._murmeloTouchCancelled(isFinger(event), event.pointerId);
+            /** @type {any} */ (this.core.program)[call](...values);
             this.core.turn();
         }
     }
@@ -43,21 +43,15 @@ export class Hands {
     /** @param {KeyboardEvent} event */
     key(event) {
         const target = /** @type {Element} */ (event.target);
-        const forOthers = event.ctrlKey || event.altKey || event.metaKey || event.repeat;
+        const forOthers = event.altKey || event.metaKey || event.repeat;
         const pressesButton = (event.key === 'Enter' || event.key === ' ') && target.closest('button, a');
         if (!this.core.running || forOthers || pressesButton || document.querySelector('dialog[open]')) {
             return;
         }
-        const command = this.commands[event.key.toLowerCase()];
-        if (command || this.core.program._murmeloKey(this.core.textAt(event.key))) {
-            command?.();
+        const name = (event.ctrlKey ? 'Control+' : '') + event.key;
+        if (this.core.program._murmeloKey(this.core.textAt(name))) {
             event.preventDefault();
             this.core.turn();
         }
     }
-}
-
-/** @param {PointerEvent} event */
-function isFinger(event) {
-    return event.pointerType === 'touch' ? 1 : 0;
 }

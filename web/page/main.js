@@ -1,8 +1,7 @@
 // Connects the parts of the page. The program in WebAssembly is the only truth.
 
 import { Core, MENU } from './core.js';
-import { find, make } from './dom.js';
-import { Message } from './message.js';
+import { find } from './dom.js';
 import { Mirror } from './mirror.js';
 import { Picture } from './picture.js';
 import { Sounds } from './sounds.js';
@@ -17,8 +16,7 @@ export class Page {
     constructor() {
         this.core = new Core();
         this.store = new Store();
-        this.picture = new Picture(find('stage'), find('phone'), find('picture'));
-        this.message = new Message(find('message'));
+        this.picture = new Picture(this.core, find('stage'));
         this.mirror = new Mirror(this.core);
         this.sounds = new Sounds(this);
         /** @type {Record<string, string>} */
@@ -26,6 +24,8 @@ export class Page {
         this.freeBytes = UNKNOWN_FREE_BYTES;
         this.language = '';
         this.greeted = false;
+        /** What the actions of messages do, by their number. @type {(() => void)[]} */
+        this.acts = [];
         this.asked = new URLSearchParams();
     }
 
@@ -81,31 +81,12 @@ export class Page {
     /** The program shows its first picture meanwhile; nothing can be touched yet. */
     async addLater() {
         const later = await import('./later.js');
-        const tell = (/** @type {string} */ word) => this.tell(word);
         this.dialog = new later.Dialog(find('dialog'), find('message'));
-        this.ears = new later.Ears(this.core, tell);
+        this.ears = new later.Ears(this.core);
         this.voice = new later.Voice(this.core, find('voice'));
         this.takeIn = new later.TakeIn(this, find('file'));
         this.update = new later.Update(this);
-        const commands = this.connectButtons();
-        new later.Hands(this.core, this.picture, commands);
-    }
-
-    /** @returns {Record<string, () => void>} what keys do besides the program's own */
-    connectButtons() {
-        /** @type {Record<string, () => void>} */
-        const commands = {
-            save: () => this.save(),
-            open: () => find('file').click(),
-            sounds: () => this.openSounds(),
-            help: () => this.openHelp(),
-        };
-        for (const [id, act] of Object.entries(commands)) {
-            const button = find(id);
-            button.addEventListener('click', act);
-            /** @type {HTMLButtonElement} */ (button).disabled = false;
-        }
-        return { s: commands.save, o: commands.open, l: commands.sounds, h: commands.help };
+        this.hands = new later.Hands(this.core, this.picture);
     }
 
     connectVisibility() {
@@ -126,9 +107,6 @@ export class Page {
         this.language = language;
         this.words = this.core.words(language);
         document.documentElement.lang = language;
-        for (const id of ['save', 'open', 'sounds', 'help']) {
-            find(id).textContent = this.words[id];
-        }
     }
 
     showTexts() {
@@ -157,26 +135,15 @@ export class Page {
         }
     }
 
-    save() {
-        this.core.program._murmeloSave();
-        this.core.turn();
-    }
-
     openSounds() {
-        this.dialog.open(this.words.sounds, this.words.close, (body) => this.sounds.paint(body), () => this.sounds.stop());
+        this.dialog?.open(this.words.sounds, this.words.close, (body) => this.sounds.paint(body), () => this.sounds.stop());
     }
 
-    openHelp() {
-        this.dialog.open(this.words.help, this.words.close, (body) => {
-            const lines = ['helpKeys', 'helpPlace', 'helpPrivate'].map((word) => this.words[word]);
-            body.append(...lines.map((textContent) => make('p', { textContent })));
-            body.append(make('a', { href: 'licences.txt', target: '_blank', textContent: this.words.licences }));
-        });
-    }
-
-    /** @param {string} word @param {string} label  word of the action; empty: none @param {() => void} act */
+    /** The strip tells it. @param {string} word  or a text @param {string} label  word of the action; empty: none @param {() => void} act */
     tell(word, label = '', act = () => {}) {
-        this.message.show({ text: this.words[word] ?? word, label: label && this.words[label], act });
+        const lines = [this.words[word] ?? word, ...(label ? [this.words[label]] : [])];
+        this.core.program._murmeloTell(this.core.textAt(lines.join('\n')), this.acts.push(act) - 1);
+        this.core.turn();
     }
 
     /** The program is over; what the user has is stored. @param {string} word */

@@ -1,68 +1,39 @@
-// The picture in words: a real button over each thing that can be touched, and a voice for the rest.
+// Strip and picture in words: a real button over each thing that can be touched, and a voice for the rest.
 
 import { find, newButton } from './dom.js';
-import { HEIGHT, WIDTH } from './picture.js';
+import { HEIGHT, STRIP_HEIGHT, WIDTH } from './picture.js';
 
 /** @typedef {import('./core.js').ScreenTexts} ScreenTexts */
 /** @typedef {import('../types/murmelo.js').Entry} Entry */
 
 const SPEAK_AFTER_MS = 200; // a region that changes twice at once may be read by halves
 
-export class Mirror {
-    /** @param {import('./core.js').Core} core */
-    constructor(core) {
+/** The buttons over strip or picture. */
+class Layer {
+    /** @param {import('./core.js').Core} core @param {HTMLElement} box @param {number} top  in pixels of the picture @param {number} height */
+    constructor(core, box, top, height) {
         this.core = core;
-        this.layer = find('mirror');
-        this.live = find('live');
-        this.progress = find('progress');
-        this.screenSaid = '';
-        this.focusSaid = '';
-        this.timer = 0;
-        this.hasFocus = false; // the user's keyboard is here, even while there is no button
-        find('picture').addEventListener('pointerdown', () => (this.hasFocus = false));
+        this.box = box;
+        this.top = top;
+        this.height = height;
     }
 
-    /** @param {ScreenTexts} texts @param {Record<string, string>} words */
-    show(texts, words) {
-        const { activeElement } = document;
-        this.hasFocus = this.layer.contains(activeElement) || (this.hasFocus && activeElement === document.body);
-        const arrows = texts.arrows.map((arrow, i) => ({
-            ...arrow,
-            text: i === 0 ? words.previousEffect : words.nextEffect,
-        }));
-        this.showButtons([...arrows, ...texts.entries, ...texts.softKeys].filter((entry) => entry.text !== ''));
-        this.layer.role = texts.isQuestion ? 'alertdialog' : null;
-        this.layer.ariaLabel = texts.isQuestion ? texts.message : null;
-        this.progress.hidden = texts.progressPercent < 0;
-        this.progress.ariaValueNow = String(texts.progressPercent);
-        this.progress.ariaLabel = texts.caption;
-        const focused = texts.entries.find((entry) => entry.isFocused)?.text ?? '';
-        this.keepFocus(focused !== this.focusSaid, texts.softKeys[1].text);
-        const screen = [texts.title, texts.heading, texts.message, texts.caption].filter(Boolean).join('. ');
-        this.speak(screen, focused);
-    }
-
-    /** Buttons stay while their text stays. @param {Entry[]} entries */
-    showButtons(entries) {
-        const old = /** @type {HTMLElement[]} */ ([...this.layer.children]);
+    /** Buttons stay while name and text stay. @param {Entry[]} entries */
+    show(entries) {
+        const old = /** @type {HTMLElement[]} */ ([...this.box.children]);
         const buttons = entries.map((entry) => {
-            const i = old.findIndex((button) => button.textContent === entry.text);
-            const button = i < 0 ? newButton(entry.text, () => this.tap(button)) : old.splice(i, 1)[0];
+            const i = old.findIndex((button) => button.textContent === entry.text && button.id === (entry.id ?? ''));
+            const tap = () => this.core.tapOn(/** @type {string} */ (button.dataset.place).split(' ').map(Number));
+            const button = i < 0 ? newButton(entry.text, tap) : old.splice(i, 1)[0];
             this.place(button, entry);
             return button;
         });
         old.forEach((button) => button.remove());
         buttons.forEach((button, i) => {
-            if (this.layer.children[i] !== button) {
-                this.layer.insertBefore(button, this.layer.children[i] || null);
+            if (this.box.children[i] !== button) {
+                this.box.insertBefore(button, this.box.children[i] || null);
             }
         });
-    }
-
-    /** @param {HTMLElement} button */
-    tap(button) {
-        const [x, y, w, h] = /** @type {string} */ (button.dataset.place).split(' ').map(Number);
-        this.core.tap(x + w / 2, y + h / 2);
     }
 
     /** @param {HTMLElement} button @param {Entry} entry */
@@ -72,17 +43,91 @@ export class Mirror {
             button.dataset.place = place;
             const [x, y, w, h] = entry.place;
             const share = (/** @type {number} */ part, /** @type {number} */ whole) => `${(100 * part) / whole}%`;
-            Object.assign(button.style, { left: share(x, WIDTH), top: share(y, HEIGHT) });
-            Object.assign(button.style, { width: share(w, WIDTH), height: share(h, HEIGHT) });
+            Object.assign(button.style, { left: share(x, WIDTH), top: share(y - this.top, this.height) });
+            Object.assign(button.style, { width: share(w, WIDTH), height: share(h, this.height) });
         }
+        button.id = entry.id ?? '';
         button.ariaCurrent = entry.isFocused ? 'true' : null;
+        button.ariaDisabled = entry.isEnabled === false ? 'true' : null; // not `disabled`: a tap is told why
+    }
+
+    /** Whether the keyboard is here. */
+    get hasKeyboard() {
+        return this.box.contains(document.activeElement);
+    }
+}
+
+export class Mirror {
+    /** @param {import('./core.js').Core} core */
+    constructor(core) {
+        this.layer = find('mirror');
+        this.picture = new Layer(core, this.layer, 0, HEIGHT);
+        this.strip = new Layer(core, find('keys'), -STRIP_HEIGHT, STRIP_HEIGHT);
+        this.message = find('message');
+        this.live = find('live');
+        this.progress = find('progress');
+        this.screenSaid = '';
+        this.focusSaid = '';
+        this.timer = 0;
+        this.hasFocus = false; // the user's keyboard is here, even while there is no button
+        this.sheet = '';
+        /** What had the focus when the sheet was opened. @type {HTMLElement | null} */
+        this.opener = null;
+        find('picture').addEventListener('pointerdown', () => (this.hasFocus = false));
+    }
+
+    /** @param {ScreenTexts} texts @param {Record<string, string>} words */
+    show(texts, words) {
+        const { activeElement } = document;
+        const { sheet, buttons } = texts.strip;
+        const keyboard = this.picture.hasKeyboard || this.strip.hasKeyboard ? /** @type {HTMLElement} */ (activeElement) : null;
+        this.hasFocus = this.picture.hasKeyboard || (this.hasFocus && activeElement === document.body);
+        const arrows = texts.arrows.map((arrow, i) => ({ ...arrow, text: i === 0 ? words.previousEffect : words.nextEffect }));
+        this.tell(texts.strip);
+        const onSheet = buttons.filter((button) => button.place[1] >= 0);
+        const ofScreen = [...arrows, ...texts.entries, ...texts.softKeys].filter((entry) => entry.text !== '');
+        this.strip.show(buttons.filter((button) => button.place[1] < 0));
+        this.picture.show(sheet ? onSheet : ofScreen);
+        this.layer.role = sheet ? 'dialog' : texts.isQuestion ? 'alertdialog' : null;
+        this.layer.ariaLabel = sheet || (texts.isQuestion ? texts.message : null);
+        this.progress.hidden = texts.progressPercent < 0;
+        this.progress.ariaValueNow = String(texts.progressPercent);
+        this.progress.ariaLabel = texts.caption;
+        const shown = sheet ? onSheet : texts.entries;
+        const focused = shown.find((entry) => entry.isFocused)?.text ?? '';
+        this.moveFocus(sheet, keyboard);
+        this.keepFocus(focused !== this.focusSaid, texts.softKeys[1].text);
+        const screen = sheet || [texts.title, texts.heading, texts.message, texts.caption].filter(Boolean).join('. ');
+        this.speak(screen, focused);
+    }
+
+    /** What the strip tells; a dialog, which covers the strip, shows it at its end. @param {import('../types/murmelo.js').StripTexts} strip */
+    tell({ line, isTelling, buttons }) {
+        const [text, button] = /** @type {any} */ (this.message.children);
+        const action = buttons.find(({ id }) => id === 'action');
+        this.message.toggleAttribute('data-shown', isTelling);
+        text.textContent = isTelling ? line : '';
+        Object.assign(button, { hidden: !action, textContent: action?.text ?? '', onclick: () => action && this.strip.core.tapOn(action.place) });
+    }
+
+    /** Into a sheet that opens, and back to where it was. @param {string} sheet @param {HTMLElement | null} keyboard  what has the focus here */
+    moveFocus(sheet, keyboard) {
+        if (sheet && !this.sheet && keyboard) {
+            this.opener = keyboard;
+            /** @type {HTMLElement} */ (this.layer.firstElementChild).focus();
+        } else if (!sheet && this.opener) {
+            this.opener.focus();
+            this.opener = null;
+        }
+        this.hasFocus &&= this.picture.hasKeyboard || document.activeElement === document.body;
+        this.sheet = sheet;
     }
 
     /** The focus goes with the program's, and to the middle key from a button that has gone. @param {boolean} moves @param {string} middleKey */
     keepFocus(moves, middleKey) {
         const buttons = /** @type {HTMLElement[]} */ ([...this.layer.children]);
         const current = buttons.find((button) => button.ariaCurrent);
-        if (this.hasFocus && ((moves && current) || !this.layer.contains(document.activeElement))) {
+        if (this.hasFocus && ((moves && current) || !this.picture.hasKeyboard)) {
             const wanted = current ?? buttons.find((button) => button.textContent === middleKey) ?? buttons[0];
             wanted?.focus();
         }
@@ -90,7 +135,7 @@ export class Mirror {
 
     /** What is new on the screen; of its focus a reader tells by itself where the keyboard is here. @param {string} screen @param {string} focused */
     speak(screen, focused) {
-        const isFocusNew = focused !== this.focusSaid && !this.layer.contains(document.activeElement);
+        const isFocusNew = focused !== this.focusSaid && !this.picture.hasKeyboard;
         const text = [screen !== this.screenSaid && screen, isFocusNew && focused].filter(Boolean).join('. ');
         const isEmptied = screen === '' && this.screenSaid !== '';
         this.screenSaid = screen;

@@ -1,68 +1,89 @@
-// The phone's picture: drawn sharp at a whole multiple, shrunk smoothly to the size that fits.
+// The phone's picture and the strip above or beside it: drawn sharp at a whole multiple, shrunk smoothly to the size that fits.
+
+import { find } from './dom.js';
 
 export const WIDTH = 240;
+export const STRIP_HEIGHT = 80;
 export const HEIGHT = 320;
 
+/** One of the two, on a canvas of its own. */
+class Part {
+    /** @param {string} id @param {number} top  in pixels of the phone's picture: the strip is above it @param {number} height */
+    constructor(id, top, height) {
+        this.canvas = /** @type {HTMLCanvasElement} */ (find(id));
+        this.box = /** @type {HTMLElement} */ (this.canvas.parentElement);
+        this.shown = /** @type {CanvasRenderingContext2D} */ (this.canvas.getContext('2d', { alpha: false }));
+        this.top = top;
+        this.height = height;
+    }
+
+    /** @param {HTMLCanvasElement} small  strip and picture @param {number} first @param {number} last  its rows, both inclusive */
+    enlarge(small, first, last) {
+        const begin = this.top + STRIP_HEIGHT;
+        const from = Math.max(first, begin);
+        const rows = Math.min(last, begin + this.height - 1) - from + 1;
+        if (rows > 0) {
+            const k = this.canvas.width / WIDTH;
+            this.shown.imageSmoothingEnabled = false;
+            this.shown.drawImage(small, 0, from, WIDTH, rows, 0, (from - begin) * k, WIDTH * k, rows * k);
+        }
+    }
+
+    /** @param {Int32Array} place  left, top, width and height in device pixels @param {number} ratio  of them to the page's @param {HTMLCanvasElement} small */
+    fit(place, ratio, small) {
+        const [left, top, width, height] = [...place].map((size) => `${size / ratio}px`);
+        Object.assign(this.box.style, { left, top, width, height });
+        const k = Math.max(1, Math.ceil(place[2] / WIDTH - 0.01));
+        if (this.canvas.width !== WIDTH * k || this.canvas.height !== this.height * k) {
+            this.canvas.width = WIDTH * k;
+            this.canvas.height = this.height * k;
+            this.enlarge(small, 0, STRIP_HEIGHT + HEIGHT - 1);
+        }
+    }
+
+    /** @param {MouseEvent} event @returns {{x: number, y: number}} in pixels of the phone's picture */
+    placeOf(event) {
+        const box = this.canvas.getBoundingClientRect();
+        const x = ((event.clientX - box.left) * WIDTH) / box.width;
+        return { x, y: this.top + ((event.clientY - box.top) * this.height) / box.height };
+    }
+}
+
 export class Picture {
-    /** @param {HTMLElement} stage  the room there is @param {HTMLElement} phone @param {HTMLCanvasElement} canvas */
-    constructor(stage, phone, canvas) {
+    /** @param {import('./core.js').Core} core @param {HTMLElement} stage  the room there is */
+    constructor(core, stage) {
+        this.core = core;
         this.stage = stage;
-        this.phone = phone;
-        this.canvas = canvas;
-        this.shown = /** @type {CanvasRenderingContext2D} */ (canvas.getContext('2d', { alpha: false }));
+        this.parts = [new Part('strip', -STRIP_HEIGHT, STRIP_HEIGHT), new Part('picture', 0, HEIGHT)];
         this.small = document.createElement('canvas');
         this.small.width = WIDTH;
-        this.small.height = HEIGHT;
+        this.small.height = STRIP_HEIGHT + HEIGHT;
         this.pixels = /** @type {CanvasRenderingContext2D} */ (this.small.getContext('2d', { alpha: false }));
-        /** @type {ImageData | null} */
-        this.image = null;
-        new ResizeObserver(() => this.fit()).observe(stage);
-        addEventListener('resize', () => this.fit()); // the device's pixels may be others now
-        this.fit();
+        this.image = /** @type {ImageData | null} */ (null);
     }
 
     /** @param {Uint8ClampedArray} bytes  the program's own memory */
     setSource(bytes) {
-        this.image = new ImageData(bytes, WIDTH, HEIGHT);
+        this.image = new ImageData(bytes, WIDTH, STRIP_HEIGHT + HEIGHT);
+        new ResizeObserver(() => this.fit()).observe(this.stage);
+        addEventListener('resize', () => this.fit()); // the device's pixels may be others now
+        this.fit();
     }
 
     /** @param {number} first @param {number} last  rows, both inclusive */
     paint(first, last) {
         if (this.image) {
             this.pixels.putImageData(this.image, 0, 0, 0, first, WIDTH, last - first + 1);
-            this.enlarge(first, last);
+            this.parts.forEach((part) => part.enlarge(this.small, first, last));
         }
-    }
-
-    /** @param {number} first @param {number} last */
-    enlarge(first, last) {
-        const k = this.canvas.width / WIDTH;
-        const rows = last - first + 1;
-        this.shown.imageSmoothingEnabled = false;
-        this.shown.drawImage(this.small, 0, first, WIDTH, rows, 0, first * k, WIDTH * k, rows * k);
     }
 
     fit() {
         const room = this.stage.getBoundingClientRect();
-        const scale = Math.max(0.25, Math.min(room.width / WIDTH, room.height / HEIGHT));
         const ratio = devicePixelRatio || 1;
         // A whole number of device pixels, so that nothing is blurred at the edges.
-        this.phone.style.width = `${Math.floor(WIDTH * scale * ratio) / ratio}px`;
-        this.phone.style.height = `${Math.floor(HEIGHT * scale * ratio) / ratio}px`;
-        const k = Math.max(1, Math.ceil(scale * ratio - 0.01));
-        if (this.canvas.width !== WIDTH * k) {
-            this.canvas.width = WIDTH * k;
-            this.canvas.height = HEIGHT * k;
-            this.enlarge(0, HEIGHT - 1);
-        }
-    }
-
-    /** @param {MouseEvent} event @returns {{x: number, y: number}} in pixels of the program's canvas */
-    placeOf(event) {
-        const box = this.canvas.getBoundingClientRect();
-        return {
-            x: ((event.clientX - box.left) * WIDTH) / box.width,
-            y: ((event.clientY - box.top) * HEIGHT) / box.height,
-        };
+        const at = this.core.program._murmeloLayout(Math.floor(room.width * ratio), Math.floor(room.height * ratio));
+        const places = new Int32Array(this.core.program.HEAPU8.buffer, at, 8);
+        this.parts.forEach((part, i) => part.fit(places.subarray(4 * i, 4 * i + 4), ratio, this.small));
     }
 }

@@ -39,7 +39,7 @@ export class Sounds {
         const isKept = await this.keep(path, { bytes, effect, when: Date.now() });
         if (isKept && SOUND.test(path)) {
             const words = this.page.words;
-            this.page.message.show({ text: `${words.saved}: ${this.nameOf(path)}`, label: words.share, act: () => this.hand(path) });
+            this.page.tell(`${words.saved}: ${this.nameOf(path)}`, 'share', () => this.hand(path));
             navigator.storage?.persisted?.().then((stays) => stays || navigator.storage.persist()).catch(() => {});
         }
     }
@@ -119,14 +119,10 @@ export class Sounds {
             this.stop();
         }
         this.forgetKept(path);
-        this.page.message.show({
-            text: this.page.words.deleted,
-            label: this.page.words.undo,
-            act: () => {
-                files.writeFile(path, kept.bytes);
-                this.keep(path, kept);
-                this.page.dialog.refresh();
-            },
+        this.page.tell('deleted', 'undo', () => {
+            files.writeFile(path, kept.bytes);
+            this.keep(path, kept);
+            this.page.dialog.refresh();
         });
         this.page.dialog.refresh();
     }
@@ -178,6 +174,7 @@ export class Sounds {
             const play = this.playing === path ? 'stop' : 'play';
             add(path, [play, () => this.play(path)], ...share, ['download', () => this.download(path)], ['delete', () => this.remove(path)]);
         }
-        body.append(list, paths.length ? '' : make('p', { className: 'quiet', textContent: words.noSounds }));
+        const licences = make('a', { href: 'licences.txt', target: '_blank', textContent: words.licences });
+        body.append(list, paths.length ? '' : make('p', { className: 'quiet', textContent: words.noSounds }), make('p', {}, licences));
     }
 }

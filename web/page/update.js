@@ -44,11 +44,9 @@ export class Update {
     offer() {
         const inMenu = this.page.core.texts.screen === MENU;
         if (this.waiting && inMenu && !this.told) {
-            const words = this.page.words;
-            const act = () => this.waiting?.postMessage('activate');
-            this.page.message.show({ text: words.newVersion, label: words.update, act, stays: true });
-        } else if (this.told && !inMenu && this.page.message.text.textContent === this.page.words.newVersion) {
-            this.page.message.hide();
+            this.page.tell('newVersion', 'update', () =>
+                this.page.core.texts.screen === MENU ? this.waiting?.postMessage('activate') : this.page.tell('notNow')
+            );
         }
         this.told = this.waiting !== null && inMenu;
     }

@@ -1,6 +1,14 @@
 // What the program in WebAssembly offers to the page; see src/platform/web/main.cpp.
 
-export type Entry = { text: string; place: [number, number, number, number]; isFocused: boolean };
+export type Entry = {
+    text: string;
+    place: [number, number, number, number];
+    isFocused: boolean;
+    id?: string; // of the strip's buttons
+    isEnabled?: boolean;
+};
+
+export type StripTexts = { line: string; isTelling: boolean; sheet: string; buttons: Entry[] };
 
 export type ScreenTexts = {
     language: string;
@@ -14,6 +22,7 @@ export type ScreenTexts = {
     caption: string;
     progressPercent: number;
     softKeys: Entry[];
+    strip: StripTexts;
 };
 
 export type Murmelo = {
@@ -30,13 +39,18 @@ export type Murmelo = {
     _murmeloTurn(): number;
     _murmeloTouch(kind: number, isFinger: number, id: number, x: number, y: number, timeMs: number): void;
     _murmeloTouchCancelled(isFinger: number, id: number): void;
+    _murmeloPoint(x: number, y: number): void;
+    _murmeloLayout(width: number, height: number): number;
     _murmeloKey(name: number): number;
     _murmeloVolumeStays(stays: number): void;
-    _murmeloMicrophoneAnswered(ticket: number, error: number, rateHz: number): void;
+    _murmeloRemindToAllow(): void;
+    _murmeloMicrophoneAnswered(ticket: number, answer: number, rateHz: number): void;
+    _murmeloMicrophone(): number;
+    _murmeloMicrophones(): void;
+    _murmeloTell(message: number, act: number): void;
     _murmeloMicrophoneLost(): void;
     _murmeloClipEnded(ticket: number): void;
     _murmeloClipFailed(ticket: number): void;
-    _murmeloSave(): void;
     _murmeloLeave(): void;
     _murmeloComeBack(): void;
     _murmeloRoom(bytes: number): number;

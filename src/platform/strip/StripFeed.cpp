@@ -126,6 +126,9 @@ void StripFeed::tellSaved(int64_t nowMs) {
         return;
     }
     savedBefore = saved;
+    if (folder.empty()) {
+        return;  // the host tells it in its own words
+    }
     const std::string name = "/" + doors->savedName();
     StripWish show;
     show.kind = StripWish::Kind::kShowFile;

@@ -28,7 +28,7 @@ public:
     /// Whose level is shown; null: none. Not owned.
     void setMicrophone(HostMicrophone* newest) { microphone = newest; }
 
-    /// Where saved sounds lie.
+    /// Where saved sounds lie. Without it the host itself tells what was saved.
     /// @param path   the real one, without a trailing "/"
     /// @param shown  as the user knows it ("~/Music/Murmelo")
     void setSoundFolder(std::string path, std::string shown);

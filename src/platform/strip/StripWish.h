@@ -18,6 +18,7 @@ struct StripWish {
         kBringBack,      // the last take
         kForget,         // the last take
         kShowFile,       // path: show it where it lies
+        kHostsOwn,       // index: what the host means by it
         kClose,          // the strip has closed a message or its sheet: nothing is left to do
     };
 

@@ -25,7 +25,10 @@ EM_JS(void, pageKeepTake, (const uint8_t* file, size_t bytes), {
     Module.page.sounds.keepTake(HEAPU8.slice(file, file + bytes));
 })
 EM_JS(void, pageFrameWaits, (), { Module.page.core.frameWaits(); })
-EM_JS(void, pageTell, (const char* name), { Module.page.tell(UTF8ToString(name)); })
+EM_JS(void, pagePickFile, (), { document.getElementById('file').click(); })
+EM_JS(void, pageShowSounds, (), { Module.page.openSounds(); })
+EM_JS(void, pageListMicrophones, (), { Module.page.ears.list(); })
+EM_JS(void, pageAct, (int32_t number), { Module.page.acts[number](); })
 // Emscripten's rename() leaves a file whose place is taken in its table of names: it would be found
 // again when the other is deleted.
 EM_JS(void, pageMendRename, (), {
@@ -105,6 +108,18 @@ void PageCalls::frameWaits() {
     pageFrameWaits();
 }
 
-void PageCalls::tell(const std::string& name) {
-    pageTell(name.c_str());
+void PageCalls::pickFile() {
+    pagePickFile();
+}
+
+void PageCalls::showSounds() {
+    pageShowSounds();
+}
+
+void PageCalls::listMicrophones() {
+    pageListMicrophones();
+}
+
+void PageCalls::act(int32_t number) {
+    pageAct(number);
 }

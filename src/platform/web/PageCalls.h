@@ -23,5 +23,8 @@ public:
     void keepFile(const std::string& path, int32_t effect) override;
     void keepTake(const std::vector<uint8_t>& file) override;
     void frameWaits() override;
-    void tell(const std::string& name) override;
+    void pickFile() override;
+    void showSounds() override;
+    void listMicrophones() override;
+    void act(int32_t number) override;
 };

@@ -13,19 +13,12 @@ namespace {
 
 constexpr double kTurnMs = 8;  // leaves the page half of a frame for everything else
 
-struct NamedKey {
-    const char* name;
-    HostKey key;
-};
-
-constexpr NamedKey kKeys[] = {
-    {"ArrowUp", HostKey::kUp},       {"ArrowDown", HostKey::kDown}, {"ArrowLeft", HostKey::kLeft},
-    {"ArrowRight", HostKey::kRight}, {"Enter", HostKey::kMiddle},   {" ", HostKey::kMiddle},
-    {"F1", HostKey::kLeftSoft},      {"F2", HostKey::kRightSoft},   {"Escape", HostKey::kRightSoft},
-};
-
-OneFinger::Pointer pointerOf(bool isFinger) {
-    return isFinger ? OneFinger::Pointer::kFinger : OneFinger::Pointer::kMouse;
+/// The sooner one of two times from now on; WebHost::kNever is later than any.
+double sooner(double oneMs, double otherMs) {
+    if (oneMs == WebHost::kNever || otherMs == WebHost::kNever) {
+        return std::max(oneMs, otherMs);
+    }
+    return std::min(oneMs, otherMs);
 }
 
 }  // namespace
@@ -34,7 +27,10 @@ WebHost::WebHost(WebPage& page, HostFolders folders)
     : page(page)
     , mapped(std::move(folders))
     , ears(*this, page)
-    , voice(page) {
+    , voice(page)
+    , row(page, mapped.config, [this] { return stripNowMs(); }) {
+    row.strip().feed().setMicrophone(&ears);
+    row.onBringBack([this] { bringLastTakeBack(); });
     Host::install(this);
 }
 
@@ -62,7 +58,27 @@ double WebHost::turn() {
             return kEnded;
         }
     } while (restMs == 0 && page.realNowMs() < stopMs);
-    return ears.isAsked() ? kNever : restMs;
+    look();
+    if (ears.isAsked()) {
+        return kNever;
+    }
+    const int64_t dueMs = isAway ? StripFeed::kNever : row.dueMs();
+    const bool isDue = dueMs != StripFeed::kNever;
+    const auto waitMs = static_cast<double>(std::max<int64_t>(dueMs - stripNowMs(), 0));
+    return sooner(restMs, isDue ? waitMs : kNever);
+}
+
+/// In the background the strip is not seen, and what it tells waits. Between two takes there is none
+/// for a moment: the strip must not tell that it is deleted.
+void WebHost::look() {
+    const bool takeComes = !offeredTake.empty() && doors != nullptr && doors->canUseSound();
+    if (!isAway && program != nullptr && !takeComes) {
+        row.look();
+    }
+}
+
+int64_t WebHost::stripNowMs() {
+    return (isAway ? leftMs : uptimeMs()) - awayMs;
 }
 
 /// False once the program has ended.
@@ -82,15 +98,8 @@ void WebHost::end() {
 }
 
 bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
-    while (!tasks.empty()) {
-        const Task task = std::move(tasks.front());
-        tasks.pop_front();
-        if (task(listener)) {
-            return true;
-        }
-    }
-    if (ears.deliver() || watchMicrophone() || lostMicrophone.deliver(ears.isLost(), doors) ||
-        bringTakeBack()) {
+    StripListener first(row.strip(), listener, [this] { return stripNowMs(); });
+    if (deliver(first)) {
         return true;
     }
     const double endless = std::numeric_limits<double>::infinity();
@@ -100,59 +109,37 @@ bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
     return false;
 }
 
-void WebHost::touch(
-    HostListener::Touch touch, bool isFinger, int32_t id, int32_t x, int32_t y, uint32_t timeMs) {
-    tasks.emplace_back([=, this, asked = refusals](HostListener& listener) {
-        const OneFinger::Pointer pointer = pointerOf(isFinger);
-        switch (touch) {
-        case HostListener::Touch::kPress:
-            return asked == refusals && finger.tapped(pointer, id, x, y, timeMs, listener);
-        case HostListener::Touch::kMove:
-            return finger.moved(pointer, id, x, y, listener);
-        default:
-            return finger.released(pointer, id, x, y, listener);
-        }
-    });
-}
-
-void WebHost::touchCancelled(bool isFinger, int32_t id) {
-    tasks.emplace_back([=, this](HostListener& listener) {
-        return finger.cancelled(pointerOf(isFinger), id, listener);
-    });
-}
-
-void WebHost::key(HostKey key) {
-    tasks.emplace_back([=, this, asked = refusals](HostListener&) {
-        return asked == refusals && doors != nullptr && doors->navigate(key);
-    });
-}
-
-void WebHost::volumeKey(bool up) {
-    tasks.emplace_back([=](HostListener& listener) {
-        listener.onVolumeKey(up);
-        return true;
-    });
-}
-
-bool WebHost::keyNamed(const std::string& name) {
-    const bool isLouder = name == "+" || name == "=";  // the plus of keyboards that want a shift
-    if (isLouder || name == "-") {
-        volumeKey(isLouder);
-        return true;
-    }
-    for (const NamedKey& named : kKeys) {
-        if (name == named.name) {
-            key(named.key);
+/// Returns whether it delivered a callback.
+bool WebHost::deliver(HostListener& listener) {
+    while (!tasks.empty()) {
+        const Task task = std::move(tasks.front());
+        tasks.pop_front();
+        if (task(listener)) {
             return true;
         }
     }
-    return false;
+    return ears.deliver() || watchMicrophone() || lostMicrophone.deliver(ears.isLost(), doors) ||
+           bringTakeBack() || (doors != nullptr && walk.step(*doors));
 }
 
-void WebHost::microphoneAnswered(int32_t ticket, const std::string& error, int32_t rateHz) {
+void WebHost::remindToAllow() {
+    isReminded = true;
+    row.tell("allowMicrophone");
+}
+
+void WebHost::microphoneAnswered(int32_t ticket,
+                                 const std::string& error,
+                                 int32_t rateHz,
+                                 const std::string& name) {
+    if (std::exchange(isReminded, false)) {
+        row.close();
+    }
     const char* const word = MicrophoneReasons::wordOf(error, rateHz);
     if (word == nullptr) {
-        ears.granted(ticket);
+        if (ears.granted(ticket)) {
+            ears.setDeviceName(name);
+            row.microphoneGiven(name);
+        }
     } else if (ears.refused(ticket)) {
         giveRecordingUp(word);
     }
@@ -160,7 +147,8 @@ void WebHost::microphoneAnswered(int32_t ticket, const std::string& error, int32
 
 /// From the screen that offers a recording.
 void WebHost::giveRecordingUp(const char* word) {
-    page.tell(word);
+    row.tell(word);
+    walk.giveUp();
     if (hasTake) {
         offeredTake = lastTake;
     }
@@ -183,16 +171,9 @@ bool WebHost::loseMicrophone() {
 }
 
 /// A microphone from which nothing more comes is gone. One that never said anything may be switched
-/// off: the user is told, and may switch it on.
+/// off: the strip says so, and the user may switch it on.
 bool WebHost::watchMicrophone() {
-    if (!ears.fellSilent()) {
-        return false;
-    }
-    if (ears.hasHeard()) {
-        return loseMicrophone();
-    }
-    page.tell("microphoneSilent");
-    return false;
+    return ears.fellSilent() && ears.hasHeard() && loseMicrophone();
 }
 
 void WebHost::clipEnded(int32_t ticket) {
@@ -201,16 +182,6 @@ void WebHost::clipEnded(int32_t ticket) {
 
 void WebHost::clipFailed(int32_t ticket) {
     tasks.emplace_back([=, this](HostListener&) { return voice.failed(ticket); });
-}
-
-void WebHost::save() {
-    tasks.emplace_back([this](HostListener&) {
-        const bool saves = doors != nullptr && doors->saveSound();
-        if (!saves) {
-            page.tell(hasTake ? "notNow" : "nothingToSave");
-        }
-        return saves;
-    });
 }
 
 void WebHost::use(std::vector<int16_t> samples) {
@@ -222,10 +193,18 @@ void WebHost::use(std::vector<int16_t> samples) {
         const bool isUsed = bringTakeBack();
         if (!isUsed && !offeredTake.empty()) {
             offeredTake.clear();
-            page.tell("notNow");
+            row.tell("notNow");
         }
         return isUsed;
     });
+}
+
+void WebHost::bringLastTakeBack() {
+    if (lastTake.empty()) {
+        row.tell("noLastTake");
+    } else {
+        use(lastTake);
+    }
 }
 
 bool WebHost::bringTakeBack() {
@@ -238,8 +217,13 @@ bool WebHost::bringTakeBack() {
     return true;
 }
 
-void WebHost::keepTake(std::vector<int16_t> samples) {
+void WebHost::rememberTake(std::vector<int16_t> samples) {
     lastTake = std::move(samples);
+    row.strip().feed().setLastTake(!lastTake.empty());
+}
+
+void WebHost::keepTake(std::vector<int16_t> samples) {
+    rememberTake(std::move(samples));
     hasTake = true;
     page.keepTake(PlainWav::toFile(lastTake.data(), static_cast<int32_t>(lastTake.size()),
                                    HostMicrophone::kRateHz));
@@ -273,8 +257,10 @@ void WebHost::leave() {
         goesOn = step();
     }
     if (goesOn && wasRecording && isOn(ScreenNames::kRecording)) {
-        page.tell("tooShort");
+        row.tell("tooShort");
     }
+    look();
+    leftMs = uptimeMs();
     isAway = true;
     tasks.emplace_back([](HostListener& listener) {
         listener.onBackground();
@@ -289,6 +275,7 @@ void WebHost::comeBack() {
     if (!std::exchange(isAway, false)) {
         return;
     }
+    awayMs += uptimeMs() - leftMs;
     tasks.emplace_back([](HostListener& listener) {
         listener.onForeground();
         return true;
@@ -296,6 +283,7 @@ void WebHost::comeBack() {
 }
 
 WebPicture::Rows WebHost::paint() {
+    look();
     return frame != nullptr ? painted.update(*frame) : WebPicture::Rows{};
 }
 
@@ -308,10 +296,15 @@ int64_t WebHost::freePhoneBytes() {
 }
 
 void WebHost::frameShown(HostFrame* newest) {
-    frame = newest;
+    frame = row.strip().frameOver(newest);
     if (frame != nullptr) {
         page.frameWaits();
     }
+}
+
+void WebHost::setDoors(HostDoors* offered) {
+    doors = offered;
+    row.setDoors(offered);
 }
 
 void WebHost::kept(const std::string& path) {

@@ -7,12 +7,14 @@
 
 #include "Host.h"
 #include "HostProgram.h"
+#include "KeyWalk.h"
 #include "LostMicrophone.h"
 #include "OneFinger.h"
 #include "WebMicrophone.h"
 #include "WebPage.h"
 #include "WebPicture.h"
 #include "WebSpeaker.h"
+#include "WebStrip.h"
 
 #include <cstdint>
 #include <deque>
@@ -54,27 +56,31 @@ public:
     void key(HostKey key);
     void volumeKey(bool up);
 
-    /// A key by the name that browsers give it ("ArrowUp"). @returns whether the program has a use
-    /// for it
+    /// A key by the name that browsers give it ("ArrowUp"), after "Control+" if that is held.
+    /// @returns whether program or strip have a use for it
     bool keyNamed(const std::string& name);
 
     /// See WebSpeaker.
     void volumeStays(bool stays) { voice.volumeStays(stays); }
+
+    /// The user has not answered the browser's question for a while.
+    void remindToAllow();
 
     /// What became of the question of that ticket. On a refusal the user is told why, and it goes
     /// back to the menu, with the earlier take, which the program has deleted. Keys and presses
     /// that still wait are then forgotten.
     /// @param error  name of the browser's exception; empty: it gives the microphone
     /// @param rateHz  of the samples that will come
-    void microphoneAnswered(int32_t ticket, const std::string& error, int32_t rateHz);
+    /// @param name    of the microphone; empty: not known
+    void microphoneAnswered(int32_t ticket,
+                            const std::string& error,
+                            int32_t rateHz,
+                            const std::string& name = "");
 
     /// The device is gone. What it heard is kept; before a recording it is as a refusal.
     void microphoneLost();
     void clipEnded(int32_t ticket);
     void clipFailed(int32_t ticket);
-
-    /// Saves the take, or tells that there is nothing to save.
-    void save();
 
     /// Makes this sound the take, all of it: now, or as soon as the start leads to the menu. Tells
     /// the user where it is not possible. @param samples  16 kHz
@@ -102,7 +108,12 @@ public:
     HostDoors* doorsInUse() { return doors; }
 
     /// Keeps the copy of a take from an earlier visit, for a refusal of the microphone.
-    void rememberTake(std::vector<int16_t> samples) { lastTake = std::move(samples); }
+    void rememberTake(std::vector<int16_t> samples);
+
+    WebStrip& strip() { return row; }
+
+    /// The mouse is there, in pixels of the display.
+    void point(int32_t x, int32_t y);
 
     int64_t uptimeMs() override;
 
@@ -120,12 +131,12 @@ public:
 
     HostSpeaker* speaker() override { return &voice; }
 
-    void setDoors(HostDoors* offered) override { doors = offered; }
+    void setDoors(HostDoors* offered) override;
 
     void kept(const std::string& path) override;
 
     /// Only words in the program's language are shown.
-    void tell(const char* name, const std::string& /*sentence*/) override { page.tell(name); }
+    void tell(const char* name, const std::string& /*sentence*/) override { row.tell(name); }
 
 private:
     /// Returns whether it delivered a callback.
@@ -152,12 +163,20 @@ private:
     void keepTake(std::vector<int16_t> samples);
     bool step();
     void end();
+    void bringLastTakeBack();
     bool bringTakeBack();
+    bool deliver(HostListener& listener);
+    void look();
+    int64_t stripNowMs();
+    void stripKey(StripKey key);
+    void navigate(HostKey key);
 
     WebPage& page;
     HostFolders mapped;
     Ears ears;
     WebSpeaker voice;
+    WebStrip row;
+    KeyWalk walk;
     LostMicrophone lostMicrophone;
     OneFinger finger;
     WebPicture painted;
@@ -170,6 +189,9 @@ private:
     int32_t refusals = 0;              // of the microphone
     double restMs = 0;                 // how long the program wants to sleep since the last pump
     bool isAway = false;
+    int64_t leftMs = 0;       // when it went away
+    int64_t awayMs = 0;       // for how long it was away, in all: the strip's clock stands still
+    bool isReminded = false;  // to allow the microphone
     bool ended = false;
     std::unique_ptr<HostProgram> program;
 };

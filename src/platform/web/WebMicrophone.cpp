@@ -1,6 +1,7 @@
 #include "WebMicrophone.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 
 namespace {
@@ -53,6 +54,7 @@ bool WebMicrophone::start(HostMicrophoneListener& newListener) {
     listenAgain();
     waiting.clear();
     taken.clear();
+    meter.begin();
     converter.reset();
     page.startMicrophone();
     return true;
@@ -80,7 +82,10 @@ bool WebMicrophone::heard(const float* samples, int32_t count, int32_t rateHz) {
         converter = std::make_unique<RateTo16k>(rateHz);
         converterRateHz = rateHz;
     }
+    const auto before = static_cast<std::ptrdiff_t>(waiting.size());
     converter->convert(samples, count, waiting);
+    const std::vector<int16_t> newest(waiting.begin() + before, waiting.end());
+    meter.add(newest.data(), static_cast<int32_t>(newest.size()));
     return hasEnough();
 }
 

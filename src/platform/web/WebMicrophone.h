@@ -3,12 +3,14 @@
 #pragma once
 
 #include "HostSound.h"
+#include "LevelMeter.h"
 #include "RateTo16k.h"
 #include "WebPage.h"
 
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -60,6 +62,16 @@ public:
     /// Always: whether the user lets it listen is found out by asking.
     bool isThere() override { return true; }
 
+    /// As the browser shows it, once the user has let it listen.
+    std::string deviceName() override { return name; }
+
+    void setDeviceName(std::string newName) { name = std::move(newName); }
+
+    bool readLevel(LevelMeter::Reading& reading) override {
+        reading = meter.read();
+        return true;
+    }
+
     void prepare() override;
     void release() override;
     bool start(HostMicrophoneListener& newListener) override;
@@ -76,6 +88,8 @@ private:
     int32_t converterRateHz = 0;
     std::deque<int16_t> waiting;
     std::vector<int16_t> taken;
+    LevelMeter meter;
+    std::string name;
     int32_t ticket = 0;
     double lookMs = 0;  // when fellSilent() looks next, on the page's clock
     bool hasLooked = false;

@@ -50,6 +50,15 @@ public:
     /// There is a frame to paint.
     virtual void frameWaits() = 0;
 
-    /// Tells the user what HostWords has under that name.
-    virtual void tell(const std::string& name) = 0;
+    /// Lets the user choose a sound file. Called within the user's event.
+    virtual void pickFile() = 0;
+
+    /// Shows the list of the saved sounds.
+    virtual void showSounds() = 0;
+
+    /// Asks the browser for its microphones: WebHost::listMicrophones().
+    virtual void listMicrophones() = 0;
+
+    /// Does what belongs to the message that the page has told with that number.
+    virtual void act(int32_t number) = 0;
 };

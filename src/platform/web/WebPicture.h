@@ -1,5 +1,5 @@
-// The 240 x 320 canvas as the page paints it: four bytes a pixel, of which only changed rows are
-// worked out.
+// The display as the page paints it, 240 x 80 pixels of the strip above the 240 x 320 canvas: four
+// bytes a pixel, of which only changed rows are worked out.
 #pragma once
 
 #include "Host.h"
@@ -10,10 +10,9 @@
 class WebPicture {
 public:
     static constexpr int32_t kWidthPx = HostFrame::kWidthPx / HostFrame::kCanvasFactor;
-    static constexpr int32_t kHeightPx =
-        (HostFrame::kHeightPx - HostFrame::kCanvasTopPx) / HostFrame::kCanvasFactor;
+    static constexpr int32_t kHeightPx = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
 
-    /// Rows of the canvas, both inclusive; none if last is less than first.
+    /// Rows of the display, both inclusive; none if last is less than first.
     struct Rows {
         int32_t first = 0;
         int32_t last = -1;
@@ -28,6 +27,6 @@ public:
     const uint8_t* bytes() const { return reinterpret_cast<const uint8_t*>(pixels.data()); }
 
 private:
-    std::vector<uint16_t> display;  // RGB565; only every other row of the canvas is ever written
+    std::vector<uint16_t> display;  // RGB565; only every other row is ever written
     std::vector<uint32_t> pixels;
 };

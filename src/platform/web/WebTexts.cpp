@@ -12,12 +12,55 @@ std::string field(const char* name, const std::string& value) {
     return std::string("\"") + name + "\":" + value;
 }
 
+const char* truth(bool is) {
+    return is ? "true" : "false";
+}
+
+std::string
+namedPlace(const std::string& text, const ScreenPlace& place, int32_t topPx, bool isFocused) {
+    return field("text", WebTexts::quoted(text)) + "," +
+           field("place", "[" + std::to_string(place.x) + "," + std::to_string(place.y - topPx) +
+                              "," + std::to_string(place.w) + "," + std::to_string(place.h) + "]") +
+           "," + field("isFocused", truth(isFocused));
+}
+
 std::string entry(const ScreenTexts::Entry& e) {
-    const ScreenPlace& place = e.place;
-    return "{" + field("text", WebTexts::quoted(e.text)) + "," +
-           field("place", "[" + std::to_string(place.x) + "," + std::to_string(place.y) + "," +
-                              std::to_string(place.w) + "," + std::to_string(place.h) + "]") +
-           "," + field("isFocused", e.isFocused ? "true" : "false") + "}";
+    return "{" + namedPlace(e.text, e.place, 0, e.isFocused) + "}";
+}
+
+/// By what a button of the strip is known in the page: those that are always there.
+const char* idOf(const StripButton& button) {
+    if (button.place.y >= StripModel::kHeightPx) {
+        return "";
+    }
+    switch (button.wish.kind) {
+    case StripWish::Kind::kSave:
+        return "save";
+    case StripWish::Kind::kOpen:
+        return "open";
+    case StripWish::Kind::kMicrophones:
+        return "microphones";
+    case StripWish::Kind::kSounds:
+        return "sounds";
+    case StripWish::Kind::kHelp:
+        return "help";
+    default:
+        return "";
+    }
+}
+
+std::string buttonJson(const StripButton& button, const StripButton& action) {
+    const bool isAction = action.wish && button.place == action.place;
+    return "{" + namedPlace(button.name, button.place, StripModel::kHeightPx, button.isLit) + "," +
+           field("id", WebTexts::quoted(isAction ? "action" : idOf(button))) + "," +
+           field("isEnabled", truth(button.isEnabled)) + "}";
+}
+
+std::string joined(const std::vector<std::string>& rows, std::string start) {
+    for (const std::string& row : rows) {
+        start += (start.empty() || row.empty() ? "" : " ") + row;
+    }
+    return start;
 }
 
 template <typename Entries>
@@ -35,15 +78,17 @@ int32_t percentOf(int32_t progressQ10) {
 
 }  // namespace
 
-const char* WebTexts::ifNew(ScreenTexts texts) {
+const char* WebTexts::ifNew(ScreenTexts texts, const std::string& strip) {
     if (texts.progressQ10 != ScreenTexts::kNoProgress) {
         texts.progressQ10 -= texts.progressQ10 % kStepQ10;
     }
-    if (!json.empty() && texts == told) {
+    if (!json.empty() && texts == told && strip == toldStrip) {
         return nullptr;
     }
     told = std::move(texts);
+    toldStrip = strip;
     json = toJson(told);
+    json.replace(json.size() - 1, 1, "," + field("strip", strip) + "}");
     return json.c_str();
 }
 
@@ -65,12 +110,26 @@ std::string WebTexts::quoted(const std::string& utf8) {
     return json + "\"";
 }
 
+std::string WebTexts::stripJson(const StripModel& model) {
+    const StripButton action = model.action();
+    std::string buttons;
+    for (const StripButton& button : model.buttons()) {
+        buttons += (buttons.empty() ? "" : ",") + buttonJson(button, action);
+    }
+    const bool isCovered = model.sheet() != StripModel::Sheet::kNone;
+    return "{" + field("line", quoted(joined(model.lines(), ""))) + "," +
+           field("isTelling", truth(model.isTelling())) + "," +
+           field("sheet",
+                 quoted(isCovered ? joined(model.sheetRows(), model.sheetTitle() + ".") : "")) +
+           "," + field("buttons", "[" + buttons + "]") + "}";
+}
+
 std::string WebTexts::toJson(const ScreenTexts& texts) {
     return "{" + field("language", quoted(texts.language)) + "," +
            field("screen", quoted(texts.screen)) + "," + field("title", quoted(texts.title)) + "," +
            field("arrows", list(texts.arrows)) + "," + field("heading", quoted(texts.heading)) +
            "," + field("message", quoted(texts.message)) + "," +
-           field("isQuestion", texts.isQuestion ? "true" : "false") + "," +
+           field("isQuestion", truth(texts.isQuestion)) + "," +
            field("entries", list(texts.entries)) + "," + field("caption", quoted(texts.caption)) +
            "," + field("progressPercent", std::to_string(percentOf(texts.progressQ10))) + "," +
            field("softKeys", list(texts.softKeys)) + "}";

@@ -11,9 +11,12 @@
 #include "WebHost.h"
 #include "WebSounds.h"
 #include "WebTexts.h"
+#include "WindowLayout.h"
 
 #include <emscripten.h>
 
+#include <array>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +30,7 @@ std::unique_ptr<WebHost> host;
 std::vector<uint8_t> room;
 std::string answer;  // the last text handed to the page
 WebTexts texts;
+std::array<int32_t, 8> places;  // of strip and picture: left, top, width and height of each
 
 HostFolders folders() {
     HostFolders mapped;
@@ -44,6 +48,27 @@ const char* answered(std::string text) {
 
 ScreenTexts textsNow() {
     return host->doorsInUse() != nullptr ? host->doorsInUse()->texts() : ScreenTexts();
+}
+
+/// The lines of a text.
+std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> found;
+    size_t begin = 0;
+    for (size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', begin)) {
+        found.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    found.push_back(text.substr(begin));
+    return found;
+}
+
+/// Of the display, from one of the canvas.
+int32_t displayX(double x) {
+    return static_cast<int32_t>(std::floor(x * HostFrame::kCanvasFactor));
+}
+
+int32_t displayY(double y) {
+    return static_cast<int32_t>(std::floor(y * HostFrame::kCanvasFactor)) + HostFrame::kCanvasTopPx;
 }
 
 int32_t use(std::vector<int16_t> samples) {
@@ -74,20 +99,33 @@ EMSCRIPTEN_KEEPALIVE double murmeloTurn() {
     return host->turn();
 }
 
-/// @param kind  0 press, 1 move, 2 release; x and y in pixels of the canvas
+/// @param kind  0 press, 1 move, 2 release; x and y in pixels of the canvas: the strip is above it
 EMSCRIPTEN_KEEPALIVE void
 murmeloTouch(int32_t kind, int32_t isFinger, int32_t id, double x, double y, double timeMs) {
-    host->touch(static_cast<HostListener::Touch>(kind), isFinger != 0, id,
-                static_cast<int32_t>(x * HostFrame::kCanvasFactor),
-                static_cast<int32_t>(y * HostFrame::kCanvasFactor) + HostFrame::kCanvasTopPx,
+    host->touch(static_cast<HostListener::Touch>(kind), isFinger != 0, id, displayX(x), displayY(y),
                 static_cast<uint32_t>(static_cast<int64_t>(timeMs)));
+}
+
+/// The mouse is there, without a button pressed.
+EMSCRIPTEN_KEEPALIVE void murmeloPoint(double x, double y) {
+    host->point(displayX(x), displayY(y));
+}
+
+/// Where strip and picture lie in a window of that size: left, top, width and height of each.
+EMSCRIPTEN_KEEPALIVE const int32_t* murmeloLayout(int32_t width, int32_t height) {
+    const WindowLayout layout(width, height);
+    const PicturePlace& strip = layout.strip();
+    const PicturePlace& picture = layout.picture();
+    places = {strip.x,   strip.y,   strip.width,   strip.height,
+              picture.x, picture.y, picture.width, picture.height};
+    return places.data();
 }
 
 EMSCRIPTEN_KEEPALIVE void murmeloTouchCancelled(int32_t isFinger, int32_t id) {
     host->touchCancelled(isFinger != 0, id);
 }
 
-/// @param name  of a key as browsers call it. @returns 1 if the program has a use for it
+/// @param name  see WebHost::keyNamed(). @returns 1 if the program has a use for it
 EMSCRIPTEN_KEEPALIVE int32_t murmeloKey(const char* name) {
     return host->keyNamed(name) ? 1 : 0;
 }
@@ -97,10 +135,34 @@ EMSCRIPTEN_KEEPALIVE void murmeloVolumeStays(int32_t stays) {
     host->volumeStays(stays != 0);
 }
 
-/// @param error  name of the exception; empty: the microphone is there
+EMSCRIPTEN_KEEPALIVE void murmeloRemindToAllow() {
+    host->remindToAllow();
+}
+
+/// @param answer  name of the exception (none: the microphone is there), and in a second line the
+///                name of the microphone
 EMSCRIPTEN_KEEPALIVE void
-murmeloMicrophoneAnswered(int32_t ticket, const char* error, double rateHz) {
-    host->microphoneAnswered(ticket, error, static_cast<int32_t>(rateHz));
+murmeloMicrophoneAnswered(int32_t ticket, const char* answer, double rateHz) {
+    const std::vector<std::string> parts = lines(answer);
+    host->microphoneAnswered(ticket, parts.front(), static_cast<int32_t>(rateHz), parts.back());
+}
+
+/// The name of the microphone that the user has chosen; empty: the browser's choice.
+EMSCRIPTEN_KEEPALIVE const char* murmeloMicrophone() {
+    return answered(host->strip().chosenMicrophone());
+}
+
+/// The room holds the names of all microphones, one in each line; nothing: none is known.
+EMSCRIPTEN_KEEPALIVE void murmeloMicrophones() {
+    const std::string names(room.begin(), room.end());
+    host->strip().listMicrophones(names.empty() ? std::vector<std::string>() : lines(names));
+}
+
+/// The strip tells it. @param message  and in a second line the word of its action; without one
+/// there is none. @param act  see WebPage::act()
+EMSCRIPTEN_KEEPALIVE void murmeloTell(const char* message, int32_t act) {
+    const std::vector<std::string> parts = lines(message);
+    host->strip().tell(parts.front(), parts.size() > 1 ? parts.back() : "", act);
 }
 
 EMSCRIPTEN_KEEPALIVE void murmeloMicrophoneLost() {
@@ -113,10 +175,6 @@ EMSCRIPTEN_KEEPALIVE void murmeloClipEnded(int32_t ticket) {
 
 EMSCRIPTEN_KEEPALIVE void murmeloClipFailed(int32_t ticket) {
     host->clipFailed(ticket);
-}
-
-EMSCRIPTEN_KEEPALIVE void murmeloSave() {
-    host->save();
 }
 
 EMSCRIPTEN_KEEPALIVE void murmeloLeave() {
@@ -173,14 +231,15 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloPaint() {
     return rows.last < rows.first ? -1 : rows.first | rows.last << 16;
 }
 
-/// 240 x 320 pixels of four bytes; always at the same address.
+/// 240 x 400 pixels, of the strip and of the picture below it, of four bytes; always at the same
+/// address.
 EMSCRIPTEN_KEEPALIVE const uint8_t* murmeloPixels() {
     return host->picture().bytes();
 }
 
-/// What the screen says as JSON, or null if it says what it said at the last call.
+/// What screen and strip say as JSON, or null if it says what it said at the last call.
 EMSCRIPTEN_KEEPALIVE const char* murmeloTextsIfNew() {
-    return texts.ifNew(textsNow());
+    return texts.ifNew(textsNow(), WebTexts::stripJson(host->strip().strip().model()));
 }
 
 /// All words of the page around the picture, as one JSON object, in that language ("de").

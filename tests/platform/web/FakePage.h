@@ -51,7 +51,13 @@ public:
 
     void frameWaits() override { frames++; }
 
-    void tell(const std::string& name) override { notes.push_back("tell " + name); }
+    void pickFile() override { notes.emplace_back("pick a file"); }
+
+    void showSounds() override { notes.emplace_back("show the sounds"); }
+
+    void listMicrophones() override { notes.emplace_back("list microphones"); }
+
+    void act(int32_t number) override { notes.push_back("act " + std::to_string(number)); }
 
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
 

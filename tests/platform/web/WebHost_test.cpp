@@ -1,8 +1,11 @@
 // The whole program in a page that a test plays.
 #include "FakePage.h"
+#include "HostWords.h"
 #include "OspProgram.h"
 #include "ScreenNames.h"
 #include "ScreenTable.h"
+#include "StripLayout.h"
+#include "StripTexts.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 #include "WebHost.h"
@@ -57,6 +60,17 @@ protected:
         settle();
     }
 
+    /// The strip's line.
+    std::string line() {
+        std::string all;
+        for (const std::string& row : host->strip().strip().model().lines()) {
+            all += (all.empty() ? "" : " ") + row;
+        }
+        return all;
+    }
+
+    static std::string word(const char* name) { return HostWords::text(name, "en"); }
+
     void key(HostKey key) {
         host->key(key);
         settle();
@@ -73,6 +87,15 @@ protected:
             floats[i] = static_cast<float>(samples[i]) / 32768.0F;
         }
         host->heard(floats.data(), static_cast<int32_t>(floats.size()), 16000);
+        settle();
+    }
+
+    /// In pixels of the program, on the strip or on its sheet.
+    void tapStrip(int32_t x, int32_t y) {
+        page.clockMs += 1000;
+        for (const auto touch : {HostListener::Touch::kPress, HostListener::Touch::kRelease}) {
+            host->touch(touch, true, 5, 2 * x, 2 * y, static_cast<uint32_t>(page.clockMs));
+        }
         settle();
     }
 
@@ -137,7 +160,8 @@ TEST_F(WebHostTest, aRefusalLeadsBackToTheMenu) {
     host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
     settle();
     EXPECT_EQ("Options", screen());
-    EXPECT_EQ((Notes{"ask", "tell microphoneRefused", "release"}), page.takeNotes());
+    EXPECT_EQ((Notes{"ask", "release"}), page.takeNotes());
+    EXPECT_EQ(word("microphoneRefused"), line());
     EXPECT_EQ(0, page.takesKept);
 }
 
@@ -224,7 +248,7 @@ TEST_F(WebHostTest, aRecordingThatIsHiddenTooEarlyBringsTheEarlierTakeBack) {
     key(HostKey::kMiddle);
     page.notes.clear();
     host->leave();
-    EXPECT_EQ(1, std::count(page.notes.begin(), page.notes.end(), "tell tooShort"));
+    EXPECT_EQ(word("tooShort"), line());
     host->comeBack();
     pass(100);
     EXPECT_EQ("Play", screen());
@@ -269,7 +293,8 @@ TEST_F(WebHostTest, aSoundDoesNotTakeThePlaceOfARunningRecording) {
     page.notes.clear();
     host->use(TestSounds::noise(5000, 7));
     settle();
-    EXPECT_EQ((Notes{"tell notNow"}), page.takeNotes());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    EXPECT_EQ(word("notNow"), line());
     EXPECT_EQ("Recording", screen());
     key(HostKey::kMiddle);
     pass(100);
@@ -326,7 +351,7 @@ TEST_F(WebHostTest, aRecordingYoungerThanItsFirstBufferIsLostAndSaidSo) {
     key(HostKey::kMiddle);
     hear(TestSounds::noise(4000));
     host->leave();
-    EXPECT_EQ(1, std::count(page.notes.begin(), page.notes.end(), "tell tooShort"));
+    EXPECT_EQ(word("tooShort"), line());
     EXPECT_EQ("Options", screen());
 }
 
@@ -354,7 +379,8 @@ TEST_F(WebHostTest, aLossIsToldInWords) {
     page.notes.clear();
     host->microphoneLost();
     pass(1000);
-    EXPECT_EQ((Notes{"stop", "tell microphoneGone", "release"}), page.takeNotes());
+    EXPECT_EQ((Notes{"stop", "release"}), page.takeNotes());
+    EXPECT_EQ(word("microphoneGone"), line());
 }
 
 TEST_F(WebHostTest, everyErrorOfTheBrowserHasItsWords) {
@@ -365,13 +391,15 @@ TEST_F(WebHostTest, everyErrorOfTheBrowserHasItsWords) {
         {"AbortError", "microphoneBusy"},         {"AnotherError", "microphoneBusy"},
     };
     toMenu();
-    for (const auto& [error, word] : kErrors) {
+    for (const auto& [error, wanted] : kErrors) {
         page.notes.clear();
         ask();
         host->microphoneAnswered(page.askedTicket, error, 0);
         settle();
         EXPECT_EQ("Options", screen()) << error;
-        EXPECT_EQ((Notes{"ask", std::string("tell ") + word, "release"}), page.takeNotes());
+        EXPECT_EQ((Notes{"ask", "release"}), page.takeNotes());
+        EXPECT_EQ(WebHostTest::word(wanted), line());
+        pass(20000);  // what was told is over
     }
 }
 
@@ -383,7 +411,8 @@ TEST_F(WebHostTest, aRateThatCannotBeConvertedIsToldAndNothingIsRecorded) {
         host->microphoneAnswered(page.askedTicket, "", rateHz);
         settle();
         EXPECT_EQ("Options", screen()) << rateHz;
-        EXPECT_EQ((Notes{"ask", "tell microphoneRate", "release"}), page.takeNotes());
+        EXPECT_EQ((Notes{"ask", "release"}), page.takeNotes());
+        EXPECT_EQ(word("microphoneRate"), line());
     }
     ask();
     allow();
@@ -404,7 +433,8 @@ TEST_F(WebHostTest, aMicrophoneThatDiesBeforeTheRecordingGoesBackWithTheEarlierT
     pass(100);
     EXPECT_EQ("Play", screen());
     EXPECT_TRUE(cleaned == folders.read("home/Murmelo/MrmLastRec.wav"));
-    EXPECT_EQ((Notes{"tell microphoneGoneEmpty", "release"}), page.takeNotes());
+    EXPECT_EQ((Notes{"release"}), page.takeNotes());
+    EXPECT_EQ(word("microphoneGoneEmpty"), line());
     host->microphoneLost();
     pass(100);
     EXPECT_EQ("Play", screen()) << "what is told after it was given back means nothing";
@@ -422,7 +452,8 @@ TEST_F(WebHostTest, samplesThatStopComingEndTheRecordingAndKeepIt) {
     EXPECT_EQ((Notes{}), page.takeNotes());
     pass(300);
     EXPECT_EQ("Play", screen());
-    EXPECT_EQ((Notes{"stop", "tell microphoneGone", "release"}), page.takeNotes());
+    EXPECT_EQ((Notes{"stop", "release"}), page.takeNotes());
+    EXPECT_EQ(word("microphoneGone"), line());
     EXPECT_EQ(2 * voice.size(), page.keptTake.size());
 }
 
@@ -447,7 +478,8 @@ TEST_F(WebHostTest, aMicrophoneThatIsSilentFromTheStartIsToldOnceAndMaySpeakLate
     pass(950);
     EXPECT_EQ((Notes{}), page.takeNotes());
     pass(3000);
-    EXPECT_EQ((Notes{"tell microphoneSilent"}), page.takeNotes());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    EXPECT_EQ(word("microphoneSilent"), line());
     EXPECT_EQ("Recording", screen());
     hear(voice);
     pass(100);
@@ -517,8 +549,29 @@ TEST_F(WebHostTest, keysAreKnownByTheNamesThatBrowsersGiveThem) {
     EXPECT_EQ("Options", screen());
     EXPECT_TRUE(host->keyNamed("+"));
     EXPECT_TRUE(host->keyNamed("-"));
+    EXPECT_EQ(word("takeGone"), line());
     EXPECT_TRUE(host->keyNamed("Escape"));
+    EXPECT_EQ("", line());
+    EXPECT_FALSE(host->keyNamed("Escape")) << "it never ends the program";
+    EXPECT_TRUE(host->keyNamed("F2"));
     EXPECT_EQ(WebHost::kEnded, settle());
+}
+
+TEST_F(WebHostTest, aKeyLeadsToARecordingAndEscapeOutOfIt) {
+    toMenu();
+    EXPECT_TRUE(host->keyNamed("r"));
+    settle();
+    ASSERT_EQ("Record", screen());
+    allow();
+    EXPECT_EQ("Recording", screen());
+    hear(voice);
+    pass(100);
+    EXPECT_TRUE(host->keyNamed("Escape"));
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_TRUE(host->keyNamed("4"));
+    pass(1000);
+    EXPECT_EQ(3, host->doorsInUse()->currentEffect());
 }
 
 TEST_F(WebHostTest, theProgramTellsTheNamesOfItsEffects) {
@@ -539,7 +592,8 @@ TEST_F(WebHostTest, aClipThatCannotBePlayedEndsToo) {
     host->clipFailed(page.clipTicket);
     settle();
     EXPECT_EQ("Play", screen());
-    EXPECT_EQ((Notes{"tell cannotPlay"}), page.takeNotes());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    EXPECT_EQ(word("cannotPlay"), line());
 }
 
 TEST_F(WebHostTest, aSavedSoundIsToldWithItsEffect) {
@@ -547,7 +601,7 @@ TEST_F(WebHostTest, aSavedSoundIsToldWithItsEffect) {
     record();
     key(HostKey::kRight);
     pass(1000);
-    host->save();
+    host->keyNamed("s");
     pass(100);
     EXPECT_EQ("Save", screen());
     EXPECT_EQ(Notes{folders.path("home/Murmelo/rec_00000.wav") + " 1"}, page.keptFiles);
@@ -555,21 +609,24 @@ TEST_F(WebHostTest, aSavedSoundIsToldWithItsEffect) {
 
 TEST_F(WebHostTest, whatCannotBeSavedIsTold) {
     toMenu();
-    host->save();
+    host->keyNamed("s");
     settle();
-    EXPECT_EQ((Notes{"tell nothingToSave"}), page.takeNotes());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    EXPECT_EQ(word("nothingToSave"), line());
     record();
     key(HostKey::kMiddle);
     pass(100);
     page.notes.clear();
-    host->save();
+    host->keyNamed("s");
     settle();
-    EXPECT_EQ((Notes{"tell notNow"}), page.takeNotes());
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    EXPECT_EQ(word("notNow"), line());
 }
 
 TEST_F(WebHostTest, anIdleProgramWantsNoTurn) {
     toMenu();
     EXPECT_EQ(WebHost::kNever, settle());
+    host->paint();
     const int32_t frames = page.frames;
     EXPECT_EQ(WebHost::kNever, host->turn());
     EXPECT_EQ(frames, page.frames);
@@ -631,13 +688,236 @@ TEST_F(WebHostTest, aTouchThatTheBrowserTakesAwayPressesNothing) {
     EXPECT_EQ("Record", screen()) << "the next finger counts";
 }
 
+TEST_F(WebHostTest, aTapOnAHeadGoesToThatEffect) {
+    toMenu();
+    record();
+    tapStrip(5 * 30 + 15, 30);
+    pass(1000);
+    EXPECT_EQ(5, host->doorsInUse()->currentEffect());
+}
+
+TEST_F(WebHostTest, theButtonsOfTheStripReachThePageInTheSameTurn) {
+    toMenu();
+    page.notes.clear();
+    tapStrip(48 + 24, 60);
+    tapStrip(2 * 48 + 24, 60);
+    tapStrip(3 * 48 + 24, 60);
+    EXPECT_EQ((Notes{"pick a file", "list microphones", "show the sounds"}), page.takeNotes());
+    beginRecording();
+    page.notes.clear();
+    tapStrip(48 + 24, 60);
+    EXPECT_EQ((Notes{}), page.takeNotes());
+    EXPECT_EQ(word("notNow"), line());
+}
+
+TEST_F(WebHostTest, theHelpLiesOverThePictureWhichGetsNoKeys) {
+    toMenu();
+    tapStrip(4 * 48 + 24, 60);
+    const StripModel& model = host->strip().strip().model();
+    ASSERT_EQ(StripModel::Sheet::kHelp, model.sheet());
+    host->keyNamed("Enter");
+    settle();
+    EXPECT_EQ("Options", screen());
+    EXPECT_TRUE(host->keyNamed("Escape"));
+    EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+    EXPECT_EQ("Options", screen());
+}
+
+TEST_F(WebHostTest, theLevelIsShownWhileRecordingAndNothingIsDueAfterwards) {
+    toMenu();
+    beginRecording();
+    const StripModel& model = host->strip().strip().model();
+    hear(voice);
+    pass(100);
+    EXPECT_TRUE(model.showsLevel());
+    EXPECT_EQ(19, model.secondsLeft());
+    EXPECT_GT(model.level().peakDb, -20);
+    EXPECT_LE(settle(), 66);
+    key(HostKey::kMiddle);
+    pass(100);
+    EXPECT_EQ(WebHost::kNever, settle());
+}
+
+TEST_F(WebHostTest, aMessageEndsAndDoesNotWhileThePageIsHidden) {
+    toMenu();
+    host->strip().tell("deleted", "Undo", 7);
+    EXPECT_EQ(10000, settle());
+    pass(4000);
+    host->leave();
+    EXPECT_EQ(WebHost::kNever, settle());
+    page.clockMs += 100000;
+    host->comeBack();
+    EXPECT_EQ(6000, settle());
+    EXPECT_EQ("deleted", line());
+    pass(6000);
+    EXPECT_EQ("", line());
+    EXPECT_EQ(WebHost::kNever, settle());
+}
+
+TEST_F(WebHostTest, theActionOfAMessageIsThePages) {
+    toMenu();
+    host->strip().tell("Deleted", "Undo", 7);
+    const ScreenPlace place = host->strip().strip().model().action().place;
+    page.notes.clear();
+    tapStrip(place.x + place.w / 2, place.y + place.h / 2);
+    EXPECT_EQ((Notes{"act 7"}), page.takeNotes());
+    EXPECT_EQ("", line());
+}
+
+TEST_F(WebHostTest, theReminderGoesWithTheAnswer) {
+    toMenu();
+    ask();
+    host->remindToAllow();
+    EXPECT_EQ(word("allowMicrophone"), line());
+    allow();
+    EXPECT_EQ("", line());
+}
+
+TEST_F(WebHostTest, theChosenMicrophoneIsRememberedAndMissed) {
+    toMenu();
+    host->strip().listMicrophones({"Headset", "Built-in"});
+    tapStrip(100, 80 + 34 + 2 * 25 + 10);  // the system's choice stands first
+    EXPECT_EQ("Built-in", host->strip().chosenMicrophone());
+    EXPECT_EQ("Built-in", folders.read("config/microphone"));
+    EXPECT_EQ(folders.path("config/microphone") + " 0", page.keptFiles.back());
+    pass(20000);
+    ask();
+    host->microphoneAnswered(page.askedTicket, "", 16000, "Headset");
+    settle();
+    EXPECT_EQ("“Built-in” is not there. The system’s choice is used", line());
+    pass(20000);
+    EXPECT_EQ("Headset", line()) << "the name of the one that hears";
+    key(HostKey::kRightSoft);
+    host->strip().listMicrophones({"Headset"});
+    tapStrip(100, 80 + 34 + 10);
+    EXPECT_EQ("", host->strip().chosenMicrophone());
+}
+
+TEST_F(WebHostTest, controlAndZBringTheLastTakeBack) {
+    host->rememberTake(voice);
+    toMenu();
+    EXPECT_TRUE(host->keyNamed("Control+z"));
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+}
+
+TEST_F(WebHostTest, whereThereIsNoLastTakeOrNoWayToItThatIsTold) {
+    toMenu();
+    EXPECT_TRUE(host->keyNamed("Control+z"));
+    settle();
+    EXPECT_EQ(word("noLastTake"), line());
+    EXPECT_EQ("Options", screen());
+    host->rememberTake(voice);
+    ask();
+    allow();
+    EXPECT_TRUE(host->keyNamed("Control+z"));
+    pass(5000);
+    EXPECT_EQ(word("notNow"), line());
+    EXPECT_EQ("Record", screen());
+}
+
+TEST_F(WebHostTest, controlAndSSaveAndWhatIsTheBrowsersStaysIts) {
+    toMenu();
+    record();
+    for (const char* others : {"Control+S", "Control+q", "Control+w", "Control+0", "Control++",
+                               "Control+r", "Control+Enter", "F11", "F12"}) {
+        EXPECT_FALSE(host->keyNamed(others)) << others;
+    }
+    EXPECT_TRUE(host->keyNamed("Control+o"));
+    EXPECT_TRUE(host->keyNamed("Control+s"));
+    page.notes.clear();
+    pass(100);
+    EXPECT_EQ((Notes{"pick a file"}), page.takeNotes());
+    EXPECT_EQ("Save", screen());
+}
+
+TEST_F(WebHostTest, aTakeThatIsDeletedIsToldWithTheWayBack) {
+    toMenu();
+    record();
+    key(HostKey::kLeftSoft);
+    EXPECT_EQ("", line());
+    ask();
+    allow();
+    key(HostKey::kRightSoft);
+    ASSERT_EQ("Options", screen());
+    EXPECT_EQ(word("takeGone"), line());
+    const ScreenPlace place = host->strip().strip().model().action().place;
+    tapStrip(place.x + place.w / 2, place.y + place.h / 2);
+    pass(100);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ(voice, page.keptTake);
+    host->rememberTake({});
+    key(HostKey::kLeftSoft);
+    ask();
+    allow();
+    key(HostKey::kRightSoft);
+    ASSERT_EQ("Options", screen());
+    EXPECT_EQ("", line()) << "it was forgotten: there is no way back";
+}
+
+TEST_F(WebHostTest, aTakeThatComesBackByItselfIsNotToldAsDeleted) {
+    toMenu();
+    record();
+    key(HostKey::kLeftSoft);
+    ask();
+    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    page.realStepMs = 9;  // each turn ends after one step
+    while (screen() != "Play") {
+        host->turn();
+        host->paint();
+        page.clockMs += 10;
+    }
+    page.realStepMs = 0;
+    pass(3000);  // a second message waits for two seconds
+    EXPECT_EQ(word("microphoneRefused"), line());
+}
+
+TEST_F(WebHostTest, everySentenceFitsIntoTheLineInEveryLanguage) {
+    toMenu();
+    const std::set<std::string> withAction = {"deleted", "newVersion", "storeFull", "lastTake"};
+    StripModel& model = host->strip().strip().model();
+    for (const Language& language : Languages::kAll) {
+        for (const HostWords::Row& row : HostWords::rows()) {
+            const std::string text = HostWords::text(row, language.code);
+            const std::string name = row.name;
+            const bool isPattern = text.find("{1}") != std::string::npos;
+            if (isPattern || name.find("help") == 0) {
+                continue;
+            }
+            const char* action = withAction.count(name) != 0 ? "bringBack" : "";
+            model.key(StripKey::kClose);
+            host->strip().tell(text, HostWords::text(action, language.code), 0);
+            EXPECT_EQ(std::string::npos, line().find("…")) << language.code << " " << text;
+        }
+    }
+}
+
+TEST_F(WebHostTest, theHelpFitsOntoItsSheetInEveryLanguage) {
+    toMenu();
+    StripModel& model = host->strip().strip().model();
+    for (const Language& language : Languages::kAll) {
+        model.showHelp({StripTexts::text(StripText::kHelpKeys, language.code),
+                        HostWords::text("helpKeys", language.code),
+                        HostWords::text("helpPlace", language.code),
+                        HostWords::text("helpPrivate", language.code)});
+        int32_t heightPx = 0;
+        for (const std::string& row : model.sheetRows()) {
+            heightPx += row.empty() ? StripLayout::kParagraphGapPx : StripLayout::kTextRowHeightPx;
+        }
+        EXPECT_LE(heightPx, StripLayout::kSheetHeightPx - StripLayout::kRowsTopPx -
+                                StripLayout::kCloseHeightPx)
+            << language.code;
+    }
+}
+
 TEST_F(WebHostTest, theEndIsToldOnceAndNothingHappensAfterwards) {
     toMenu();
     host->key(HostKey::kRightSoft);
     EXPECT_EQ(WebHost::kEnded, settle());
     EXPECT_EQ(nullptr, host->doorsInUse());
     host->key(HostKey::kMiddle);
-    host->save();
+    host->keyNamed("s");
     EXPECT_EQ(WebHost::kEnded, host->turn());
     host->leave();
     EXPECT_EQ(WebHost::kEnded, host->turn());
@@ -647,15 +927,15 @@ TEST_F(WebHostTest, thePictureIsTheCanvasAndOnlyChangedRowsAreWorkedOut) {
     toMenu();
     WebPicture::Rows rows = host->paint();
     EXPECT_EQ(0, rows.first);
-    EXPECT_EQ(319, rows.last);
+    EXPECT_EQ(399, rows.last);
     rows = host->paint();
     EXPECT_LT(rows.last, rows.first) << "nothing has changed";
     const uint8_t* pixels = host->picture().bytes();
-    for (int32_t i = 0; i < 240 * 320; i++) {
+    for (int32_t i = 0; i < 240 * 400; i++) {
         ASSERT_EQ(255, pixels[4 * i + 3]);
     }
     key(HostKey::kDown);
     rows = host->paint();
-    EXPECT_GT(rows.first, 60);
-    EXPECT_LT(rows.last, 288) << "the menu moved its focus";
+    EXPECT_GT(rows.first, 140);
+    EXPECT_LT(rows.last, 368) << "the menu moved its focus";
 }

@@ -30,13 +30,42 @@ TEST(WebTexts, nameTheFieldsOfAScreen) {
 TEST(WebTexts, areMadeOnlyWhenTheyAreNew) {
     WebTexts teller;
     ScreenTexts texts;
-    const char* first = teller.ifNew(texts);
+    const char* first = teller.ifNew(texts, "{}");
     ASSERT_NE(nullptr, first) << "also an empty screen is told once";
-    EXPECT_EQ(WebTexts::toJson(texts), first);
-    EXPECT_EQ(nullptr, teller.ifNew(texts));
+    const std::string json = WebTexts::toJson(texts);
+    EXPECT_EQ(json.substr(0, json.size() - 1) + ",\"strip\":{}}", first);
+    EXPECT_EQ(nullptr, teller.ifNew(texts, "{}"));
     texts.softKeys[0].place.x++;
-    EXPECT_NE(nullptr, teller.ifNew(texts));
-    EXPECT_EQ(nullptr, teller.ifNew(texts));
+    EXPECT_NE(nullptr, teller.ifNew(texts, "{}"));
+    EXPECT_EQ(nullptr, teller.ifNew(texts, "{}"));
+}
+
+TEST(WebTexts, areNewWhenOnlyTheStripIs) {
+    WebTexts teller;
+    ASSERT_NE(nullptr, teller.ifNew({}, "{}"));
+    EXPECT_EQ(nullptr, teller.ifNew({}, "{}"));
+    EXPECT_NE(nullptr, teller.ifNew({}, "{\"line\":\"\"}"));
+}
+
+TEST(WebTexts, nameTheButtonsOfTheStripAboveTheCanvas) {
+    StripModel model;
+    model.tell("Deleted", StripWish::of(StripWish::Kind::kHostsOwn, 3), "Undo", 0);
+    const std::string json = WebTexts::stripJson(model);
+    EXPECT_EQ(0U, json.find("{\"line\":\"Deleted\",\"isTelling\":true,\"sheet\":\"\",")) << json;
+    EXPECT_NE(std::string::npos, json.find("\"id\":\"action\",\"isEnabled\":true")) << json;
+    EXPECT_NE(std::string::npos,
+              json.find("{\"text\":\"Save\",\"place\":[0,-32,48,31],\"isFocused\":false,"
+                        "\"id\":\"save\",\"isEnabled\":false}"))
+        << json;
+}
+
+TEST(WebTexts, sayWhatStandsOnTheSheet) {
+    StripModel model;
+    model.setTextWidth([](const std::string&) { return 1; });
+    model.showHelp({"One.", "Two."});
+    const std::string json = WebTexts::stripJson(model);
+    EXPECT_NE(std::string::npos, json.find("\"sheet\":\"Help. One. Two.\"")) << json;
+    EXPECT_NE(std::string::npos, json.find("\"place\":[0,288,240,32]")) << json;
 }
 
 TEST(WebTexts, tellProgressInEighths) {
@@ -45,7 +74,7 @@ TEST(WebTexts, tellProgressInEighths) {
     std::string told;
     for (int32_t progressQ10 = 0; progressQ10 <= 1024; progressQ10++) {
         texts.progressQ10 = progressQ10;
-        const char* json = teller.ifNew(texts);
+        const char* json = teller.ifNew(texts, "{}");
         if (json != nullptr) {
             const std::string name = "progressPercent\":";
             told += std::string(json).substr(std::string(json).find(name) + name.size());

@@ -40,7 +40,7 @@
     }
 
     function picture() {
-        return page.picture.pixels.getImageData(0, 0, 240, 320).data;
+        return page.picture.pixels.getImageData(0, 0, 240, 400).data;
     }
 
     /** Hears the voice as time goes on, a millisecond at a time. */
@@ -158,7 +158,7 @@
         key: (which) => tap(SOFT_KEYS[which], SOFT_KEYS_MIDDLE),
         swipe,
         navigate: (key) => page.core.program._murmeloKey(page.core.textAt(NAVIGATION[key])),
-        save: () => page.save(),
+        save: () => page.core.program._murmeloKey(page.core.textAt('s')),
         wait: (ms) => advance(Number(ms), () => false),
         take: async () => page.takeIn.use(new File([fileOf(voice)], 'voice.wav')),
         mic: () => {},
@@ -198,21 +198,23 @@
 
     window.player = {
         shots,
-        /** Rows of a picture that differ from a PNG of murmelo-headless: of the display, which is twice as large and
-            has a band of 160 rows above, or of the canvas, which has 5, 6 and 5 bits to a pixel. */
-        rowsUnlike: async (name, png) => {
+        /** Rows of a picture that differ from a PNG of murmelo-headless: of the display, which is twice as large, or of
+            the canvas, which has 5, 6 and 5 bits to a pixel and no strip above. The strip's rows are 0 to 79.
+            @param withStrip  whether they are compared */
+        rowsUnlike: async (name, png, withStrip) => {
             const blob = new Blob([bytesOf(png)], { type: 'image/png' });
             const image = await createImageBitmap(blob, { colorSpaceConversion: 'none', premultiplyAlpha: 'none' });
             const whole = new OffscreenCanvas(image.width, image.height).getContext('2d');
             whole.drawImage(image, 0, 0);
             const scale = image.width / 240;
-            const top = image.height - 320 * scale;
+            const first = withStrip ? 0 : 80;
+            const top = image.height - (400 - first) * scale;
             const ignored = scale === 1 ? [7, 3, 7] : [0, 0, 0]; // low bits
-            const expected = whole.getImageData(0, top, image.width, 320 * scale).data;
+            const expected = whole.getImageData(0, top, image.width, (400 - first) * scale).data;
             const rows = new Set(image.width === 480 && image.height !== 800 ? [-1] : []);
-            for (let at = 0; at < 240 * 320; at++) {
+            for (let at = first * 240; at < 240 * 400; at++) {
                 const [x, y] = [at % 240, Math.floor(at / 240)];
-                const other = 4 * scale * (y * image.width + x);
+                const other = 4 * scale * ((y - first) * image.width + x);
                 for (let channel = 0; channel < 3; channel++) {
                     if ((shots[name][4 * at + channel] ^ expected[other + channel]) & ~ignored[channel]) {
                         rows.add(y);
