@@ -58,7 +58,8 @@ class Murmelo:
     def press(self, text):
         """Clicks on what has this text, in the picture or beside it, as soon as it is there."""
         place = self.tab.wait_for("""(() => {
-            const found = [...document.querySelectorAll('button, a')].find((one) =>
+            const shown = document.querySelector('dialog[open]') ?? document; // the rest is inert
+            const found = [...shown.querySelectorAll('button, a')].find((one) =>
                 one.textContent === %s && one.checkVisibility({checkVisibilityCSS: true}) && !one.disabled);
             if (performance.now() < (murmelo.nextTapMs ?? 0)) {
                 return false;
