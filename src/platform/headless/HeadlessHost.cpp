@@ -1,5 +1,7 @@
 #include "HeadlessHost.h"
 
+#include "HostWords.h"
+
 #include <algorithm>
 #include <iostream>
 #include <utility>
@@ -43,6 +45,24 @@ void HeadlessHost::showStrip() {
     strip = std::make_unique<Strip>();
     strip->feed().setMicrophone(&fileEars);
     strip->feed().setSoundFolder(mapped.sounds(), mapped.sounds());
+    strip->wishes().on(StripWish::Kind::kBringBack, [this](const StripWish&) { bringBack(); });
+}
+
+void HeadlessHost::look() {
+    strip->feed().setLastTake(keeper.isThere());
+    strip->look(nowMs);
+}
+
+void HeadlessHost::bringBack() {
+    std::vector<int16_t> samples;
+    if (const Problem problem = keeper.bringBack(samples)) {
+        say(problem.sentence());
+    } else if (doors->useTake(samples.data(), static_cast<int32_t>(samples.size()))) {
+        keeper.broughtBack();
+    } else {
+        const std::string& language = strip->model().language();
+        strip->model().tell(HostWords::text("notNow", language), {}, "", nowMs);
+    }
 }
 
 void HeadlessHost::setDoors(HostDoors* offered) {
@@ -59,7 +79,7 @@ bool HeadlessHost::pump(HostListener& listener, int64_t timeoutMs) {
     if (strip == nullptr) {
         return pumpProgram(listener, timeoutMs);
     }
-    strip->look(nowMs);
+    look();
     StripListener first(*strip, listener, [this] { return nowMs; });
     return pumpProgram(first, timeoutMs);
 }
@@ -104,7 +124,7 @@ void HeadlessHost::frameShown(HostFrame* phones) {
 
 std::vector<uint16_t> HeadlessHost::picture() {
     if (strip != nullptr) {
-        strip->look(nowMs);
+        look();
     }
     return frame != nullptr ? pictureOf(*frame) : lastPicture;
 }

@@ -112,6 +112,8 @@ public:
 
 private:
     bool pumpProgram(HostListener& listener, int64_t timeoutMs);
+    void look();
+    void bringBack();
     static std::vector<uint16_t> pictureOf(HostFrame& shown);
 
     HostFolders mapped;
