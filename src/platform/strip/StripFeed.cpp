@@ -44,12 +44,12 @@ void StripFeed::setSoundFolder(std::string path, std::string shown) {
 }
 
 void StripFeed::look(int64_t nowMs) {
-    model.tick(nowMs);
     if (doors != nullptr) {
         lookAtScreen(nowMs);
         tellSaved(nowMs);
         tellTakeGone(nowMs);
     }
+    model.tick(nowMs);
 }
 
 int64_t StripFeed::dueMs() const {

@@ -22,9 +22,16 @@ void StripMessages::close() {
     }
 }
 
-void StripMessages::closeAll() {
-    waiting.clear();
-    sinceMs = kNever;
+void StripMessages::closeSeen() {
+    while (!waiting.empty() && waiting.front().isSeen) {
+        close();
+    }
+}
+
+void StripMessages::look() {
+    for (Message& message : waiting) {
+        message.isSeen = true;
+    }
 }
 
 bool StripMessages::tick(int64_t nowMs) {

@@ -23,6 +23,7 @@ public:
         std::string text;
         StripWish action;
         std::string actionWord;
+        bool isSeen = false;
     };
 
     /// Shows it, or lets it wait. The same text that is shown now only begins again.
@@ -34,11 +35,14 @@ public:
     /// Takes the shown message away; a waiting one follows with the next tick().
     void close();
 
-    /// Takes all away, also those that wait.
-    void closeAll();
+    /// Takes all away that were told before the last look, also those that wait.
+    void closeSeen();
 
     /// True if another message is shown now, or none.
     bool tick(int64_t nowMs);
+
+    /// The strip was looked at.
+    void look();
 
     /// When tick() has something to do.
     int64_t dueMs() const;

@@ -75,7 +75,7 @@ void StripModel::setScreen(const ScreenTexts& texts, int32_t currentEffect, bool
     if (isRecordingScreen() && !wasRecording) {
         reading = {};
         mute = false;
-        messages.closeAll();  // of the take before; they would cover the level
+        messages.closeSeen();  // of the take before; they would cover the level
         openSheet = Sheet::kNone;
         lookAgain();
     }
@@ -124,6 +124,7 @@ void StripModel::tell(std::string text, StripWish action, std::string actionWord
 
 bool StripModel::tick(int64_t nowMs) {
     const bool isOther = messages.tick(nowMs);
+    messages.look();
     if (isOther) {
         lookAgain();
     }

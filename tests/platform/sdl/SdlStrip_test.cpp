@@ -12,10 +12,10 @@ using Kind = StripWish::Kind;
 
 namespace {
 
-/// A program that rests in the choice of the effect.
+/// A program that rests in the choice of the effect, or on another screen.
 class PlayDoors : public HostDoors {
 public:
-    std::string screenName() override { return "Play"; }
+    std::string screenName() override { return screen; }
 
     int32_t currentEffect() override { return 3; }
 
@@ -45,6 +45,8 @@ public:
         texts.screen = screenName();
         return texts;
     }
+
+    std::string screen = "Play";
 };
 
 class SdlStripTest : public ::testing::Test {
@@ -94,6 +96,18 @@ TEST_F(SdlStripTest, messagesOfMicrophonesOfferAnotherOne) {
     }
     strip.tell(HostMessage{"takeIsBack", {}});
     EXPECT_EQ(Kind::kNone, strip.strip().model().action().wish.kind);
+}
+
+TEST_F(SdlStripTest, whatTheMicrophoneSaysAtTheStartOfARecordingIsSeen) {
+    strip.strip().setDoors(&doors);
+    doors.screen = "Record";
+    strip.look();
+    // The device is opened before the strip is looked at on the new screen.
+    strip.tell(HostMessage{"noMicrophone", {"why"}});
+    doors.screen = "Recording";
+    strip.look();
+    ASSERT_FALSE(strip.strip().model().lines().empty());
+    EXPECT_EQ(Kind::kMicrophones, strip.strip().model().action().wish.kind);
 }
 
 TEST_F(SdlStripTest, sentencesStandInTheLine) {

@@ -327,9 +327,26 @@ TEST(StripModel, aRecordingThatBeginsEndsTheMessages) {
     StripModel model = on("Record");
     model.tell("first", {}, "", 0);
     model.tell("second", {}, "", 0);
+    model.tick(1);
     model.setScreen(screen("Recording"), 2, false);
     EXPECT_TRUE(model.lines().empty());
     EXPECT_EQ(-1, model.dueMs());
+}
+
+TEST(StripModel, whatIsToldWhileARecordingBeginsStays) {
+    StripModel model = on("Record");
+    model.tell("of the take before", {}, "", 0);
+    model.tick(1);
+    model.tell("There is no microphone", {}, "", 100);
+    model.tell("The disk is nearly full", {}, "", 100);
+    model.setScreen(screen("Recording"), 2, false);
+    model.tick(120);
+    ASSERT_EQ(1U, model.lines().size());
+    EXPECT_EQ("There is no microphone", model.lines()[0]);
+    model.tick(2120);
+    EXPECT_EQ("The disk is nearly full", model.lines()[0]);
+    model.tick(2120 + 6000);
+    EXPECT_TRUE(model.lines().empty());
 }
 
 TEST(StripModel, theMouseIsToldWhatATapWouldDo) {
