@@ -1,5 +1,6 @@
 #include "WebHost.h"
 
+#include "DueTime.h"
 #include "MicrophoneReasons.h"
 #include "PlainWav.h"
 #include "ScreenNames.h"
@@ -12,14 +13,6 @@
 namespace {
 
 constexpr double kTurnMs = 8;  // leaves the page half of a frame for everything else
-
-/// The sooner one of two times from now on; WebHost::kNever is later than any.
-double sooner(double oneMs, double otherMs) {
-    if (oneMs == WebHost::kNever || otherMs == WebHost::kNever) {
-        return std::max(oneMs, otherMs);
-    }
-    return std::min(oneMs, otherMs);
-}
 
 }  // namespace
 
@@ -62,10 +55,10 @@ double WebHost::turn() {
     if (ears.isAsked()) {
         return kNever;
     }
-    const int64_t dueMs = isAway ? StripFeed::kNever : row.dueMs();
-    const bool isDue = dueMs != StripFeed::kNever;
-    const auto waitMs = static_cast<double>(std::max<int64_t>(dueMs - stripNowMs(), 0));
-    return sooner(restMs, isDue ? waitMs : kNever);
+    const int64_t dueMs = isAway ? DueTime::kNever : row.dueMs();
+    const bool isDue = dueMs != DueTime::kNever;
+    const int64_t waitMs = isDue ? std::max<int64_t>(dueMs - stripNowMs(), 0) : DueTime::kNever;
+    return static_cast<double>(DueTime::earlier(static_cast<int64_t>(restMs), waitMs));
 }
 
 /// In the background the strip is not seen, and what it tells waits. Between two takes there is none

@@ -70,8 +70,7 @@ bool WebStrip::close() {
 /// Before the menu too: what was chosen then waits until the menu is there.
 void WebStrip::open() {
     const std::string screen = doors != nullptr ? doors->screenName() : "";
-    const bool isStart = screen == ScreenNames::kFirstLanguage || screen == ScreenNames::kSplash;
-    if (isStart || (doors != nullptr && doors->canUseSound())) {
+    if (ScreenNames::isBeforeMenu(screen) || (doors != nullptr && doors->canUseSound())) {
         page.pickFile();
     } else {
         tell("notNow");
