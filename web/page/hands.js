@@ -11,7 +11,7 @@ export class Hands {
             const { canvas } = part;
             const touch = (/** @type {number} */ kind, /** @type {PointerEvent} */ event) => {
                 const { x, y } = part.placeOf(event);
-                this.tell('_murmeloTouch', kind, isFinger(event), event.pointerId, x, y, event.timeStamp);
+                this.send('_murmeloTouch', kind, isFinger(event), event.pointerId, x, y, event.timeStamp);
             };
             canvas.addEventListener('pointerdown', (event) => {
                 if (event.button === 0) {
@@ -21,19 +21,19 @@ export class Hands {
             });
             canvas.addEventListener('pointermove', (event) => {
                 const { x, y } = part.placeOf(event);
-                event.buttons ? touch(MOVE, event) : this.tell('_murmeloPoint', x, y);
+                event.buttons ? touch(MOVE, event) : this.send('_murmeloPoint', x, y);
             });
-            canvas.addEventListener('pointerleave', () => this.tell('_murmeloPoint', -1, -1));
+            canvas.addEventListener('pointerleave', () => this.send('_murmeloPoint', -1, -1));
             canvas.addEventListener('pointerup', (event) => touch(RELEASE, event));
             // The browser needs the finger for itself, for a pinch.
-            canvas.addEventListener('pointercancel', (event) => this.tell('_murmeloTouchCancelled', isFinger(event), event.pointerId));
+            canvas.addEventListener('pointercancel', (event) => this.send('_murmeloTouchCancelled', isFinger(event), event.pointerId));
             canvas.addEventListener('contextmenu', (event) => event.preventDefault());
         }
         addEventListener('keydown', (event) => this.key(event));
     }
 
     /** @param {'_murmeloTouch' | '_murmeloPoint' | '_murmeloTouchCancelled'} call @param {number[]} values */
-    tell(call, ...values) {
+    send(call, ...values) {
         if (this.core.running) {
             /** @type {any} */ (this.core.program)[call](...values);
             this.core.turn();
