@@ -61,8 +61,8 @@ double WebHost::turn() {
     return static_cast<double>(DueTime::earlier(static_cast<int64_t>(restMs), waitMs));
 }
 
-/// In the background the strip is not seen, and what it tells waits. Between two takes there is none
-/// for a moment: the strip must not tell that it is deleted.
+/// In the background the strip is not seen, and what it tells waits. Between two takes there is
+/// none for a moment: the strip must not tell that it is deleted.
 void WebHost::look() {
     const bool takeComes = !offeredTake.empty() && doors != nullptr && doors->canUseSound();
     if (!isAway && program != nullptr && !takeComes) {

@@ -169,7 +169,7 @@ private:
     void look();
     int64_t stripNowMs();
     void stripKey(StripKey key);
-    void navigate(HostKey key);
+    void navigate(HostKey pressed);
 
     WebPage& page;
     HostFolders mapped;

@@ -24,8 +24,8 @@ public:
     bool isAsked() const { return asked; }
 
     /// The user's answer. Of an earlier question it is dropped. @returns whether it counted
-    bool granted(int32_t ticket);
-    bool refused(int32_t ticket);
+    bool granted(int32_t answered);
+    bool refused(int32_t answered);
 
     /// Samples from the page, -1 to 1. Those of a rate that cannot be converted are dropped.
     /// @returns whether deliver() has something to do now

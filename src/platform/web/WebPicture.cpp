@@ -21,7 +21,7 @@ WebPicture::Rows WebPicture::update(HostFrame& frame) {
     HostFrame::Rows wanted;  // the upper one of each two equal rows
     Rows rows{kHeightPx, -1};
     for (int32_t y = 0; y < kHeightPx; y++) {
-        const auto row = static_cast<size_t>(y * HostFrame::kCanvasFactor);
+        const auto row = static_cast<size_t>(y) * HostFrame::kCanvasFactor;
         if (changed[row]) {
             wanted.set(row);
             rows.first = rows.last < 0 ? y : rows.first;
@@ -31,11 +31,11 @@ WebPicture::Rows WebPicture::update(HostFrame& frame) {
     constexpr auto kStrideBytes = static_cast<int32_t>(HostFrame::kWidthPx * sizeof(uint16_t));
     frame.composeRows(display.data(), kStrideBytes, wanted);
     for (int32_t y = rows.first; y <= rows.last; y++) {
-        const int32_t row = y * HostFrame::kCanvasFactor;
+        const ptrdiff_t row = ptrdiff_t{y} * HostFrame::kCanvasFactor;
         if (!wanted[static_cast<size_t>(row)]) {
             continue;
         }
-        const uint16_t* source = display.data() + ptrdiff_t{row} * HostFrame::kWidthPx;
+        const uint16_t* source = display.data() + row * HostFrame::kWidthPx;
         uint32_t* target = pixels.data() + ptrdiff_t{y} * kWidthPx;
         for (int32_t x = 0; x < kWidthPx; x++) {
             target[x] = toBytes(source[x * HostFrame::kCanvasFactor]);

@@ -5,6 +5,7 @@
 #include "WebPage.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 class FakePage : public WebPage {
