@@ -89,6 +89,30 @@ class Visits(PageTest):
         page.press("Start again")
         page.running().until("Options")
 
+    def test_the_first_picture_does_not_wait_for_the_database(self):
+        self.tab.before_load("""{
+            const open = IDBFactory.prototype.open;
+            const made = new Promise((resolve) => { window.makeDatabase = resolve; });
+            IDBFactory.prototype.open = function (...names) {
+                const request = {};
+                made.then(() => {
+                    const real = open.apply(this, names);
+                    for (const event of ['onsuccess', 'onerror', 'onblocked', 'onupgradeneeded']) {
+                        real[event] = () => (Object.assign(request, { result: real.result }), request[event]?.());
+                    }
+                });
+                return request;
+            };
+        }""")
+        self.tab.open(self.page.address)
+        self.tab.wait_for("murmelo.core.texts.screen === 'FirstLang'")
+        self.assertTrue(self.tab.evaluate("murmelo.store.database === null"))
+        self.tab.evaluate("makeDatabase()")
+        self.tab.wait_for("murmelo.store.database")
+        page = self.page.running().to_menu()
+        page.use(SPEECH)
+        self.tab.wait_for("murmelo.sounds.kept.has('take')")
+
     def test_a_full_store_is_told_and_nothing_is_lost(self):
         self.page.stub("watching")
         self.tab.quota(20000, self.server.origin)

@@ -9,7 +9,6 @@ import { Store } from './store.js';
 import { holdTab } from './tabs.js';
 
 const UNKNOWN_FREE_BYTES = 1 << 30;
-
 const SETTINGS = '/config/settings';
 
 export class Page {
@@ -51,12 +50,12 @@ export class Page {
         }
         this.picture.setSource(this.core.pixels());
         this.core.turn();
+        const opened = this.store.table('readonly').then(() => true, () => false);
         await this.addLater();
         this.connectVisibility();
         this.sounds.rememberTake(0);
-        if (!this.sounds.hasStore) {
-            this.tell('storeMissing');
-        }
+        this.sounds.hasStore = (await opened) && this.sounds.hasStore;
+        this.sounds.hasStore || this.tell('storeMissing');
         this.greet();
         if (this.asked.has('shared')) {
             await this.takeIn.useShared();
@@ -117,9 +116,7 @@ export class Page {
         this.mirror.show(texts, this.words);
         this.update?.offer();
         this.greet();
-        if (texts.screen === MENU) {
-            this.measure();
-        }
+        texts.screen === MENU && this.measure();
     }
 
     /** Once, in the menu: what the last visit has left. */

@@ -18,8 +18,7 @@ export class Store {
         opening.onupgradeneeded = () => opening.result.createObjectStore(TABLE);
         this.database = await answerOf(opening);
         // Another version of the page, or the user, wants to change the database.
-        this.database.onversionchange = () => this.forget();
-        this.database.onclose = () => this.forget();
+        this.database.onversionchange = this.database.onclose = () => this.forget();
     }
 
     forget() {
@@ -27,8 +26,12 @@ export class Store {
         this.database = null;
     }
 
-    /** @returns {Promise<Map<string, Kept>>} by path */
+    /** Makes no database: that takes longer than all else, and the first picture would wait. @returns {Promise<Map<string, Kept>>} by path */
     async all() {
+        const databases = await indexedDB.databases?.();
+        if (databases?.every(({ name }) => name !== this.name)) {
+            return new Map();
+        }
         const table = await this.table('readonly');
         const keys = answerOf(table.getAllKeys());
         const values = answerOf(table.getAll());
