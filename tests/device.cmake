@@ -23,7 +23,6 @@ murmelo_tests(strip_tests
         platform/strip/StripFrame_test.cpp
         platform/strip/StripModel_test.cpp
         platform/strip/StripPainter_test.cpp
-        platform/strip/StripTexts_test.cpp
         platform/strip/TextRows_test.cpp
     LINK murmelo_strip)
 

@@ -1,10 +1,10 @@
 // strip-states FOLDER LANGUAGE: pictures of the strip in each of its states, as FOLDER/STATE.png,
 // and of what it lays over the picture, as FOLDER/over-STATE.png.
+#include "HostMessage.h"
 #include "HostWords.h"
 #include "PngFile.h"
 #include "StripModel.h"
 #include "StripPainter.h"
-#include "StripTexts.h"
 #include "TestHost.h"
 
 #include <functional>
@@ -53,29 +53,25 @@ private:
         model.setRecording(reading, left, mute);
     }
 
-    std::string say(StripText id, std::initializer_list<std::string> parts) const {
-        return StripTexts::sentence(id, language, parts);
-    }
-
     void writeMessages() {
-        tell("saved", say(StripText::kSaved, {kSound}), StripWish::Kind::kShowFile,
-             StripText::kShow);
-        tell("picture", say(StripText::kPicture, {"~/Music/Murmelo/screen_00000.png"}),
-             StripWish::Kind::kShowFile, StripText::kShow);
-        tell("heard-nothing-from", say(StripText::kHeardNothingFrom, {kMicrophone}),
-             StripWish::Kind::kMicrophones, StripText::kChoose);
-        tell("heard-nothing", say(StripText::kHeardNothing, {}), StripWish::Kind::kMicrophones,
-             StripText::kChoose);
-        tell("nothing-to-save", HostWords::text("nothingToSave", language));
-        tell("first-seconds", say(StripText::kFirstSeconds, {"Interview.flac"}));
-        tell("no-sound", say(StripText::kNoSound, {"letter.pdf", "unknown format"}));
-        tell("disk-full", say(StripText::kDiskFull, {"6.4", "9"}));
-        tell("drop-here", say(StripText::kDropHere, {}));
-        tell("cannot-show", say(StripText::kCannotShow, {"~/Music/Murmelo"}));
-        tell("device-lost", say(StripText::kDeviceLost, {kMicrophone}));
-        tell("device-found", say(StripText::kDeviceFound, {kMicrophone}));
-        tell("microphone-used", say(StripText::kMicrophoneUsed, {kMicrophone}));
-        tell("microphone-missing", say(StripText::kMicrophoneMissing, {kMicrophone}));
+        const auto show = StripWish::Kind::kShowFile;
+        const auto choose = StripWish::Kind::kMicrophones;
+        tell("saved", {"saved", {kSound}}, show);
+        tell("picture", {"picture", {"~/Music/Murmelo/screen_00000.png"}}, show);
+        tell("heard-nothing-from", {"heardNothingFrom", {kMicrophone}}, choose);
+        tell("heard-nothing", {"heardNothing", {}}, choose);
+        tell("nothing-to-save", {"nothingToSave", {}});
+        tell("not-now", {"notNow", {}});
+        tell("first-seconds", {"firstSeconds", {"Interview.flac"}});
+        tell("no-sound", {"notASound", {"letter.pdf", "unknown format"}});
+        tell("drop-here", {"dropHere", {}});
+        tell("cannot-show", {"cannotShow", {"~/Music/Murmelo"}});
+        tell("exported-nowhere", {"exportedNowhere", {kSound}}, show);
+        tell("microphone-gone", {"microphoneGone", {}});
+        tell("microphone-heard", {"microphoneHeard", {}});
+        tell("microphone-used", {"microphoneUsed", {kMicrophone}});
+        tell("microphone-away", {"microphoneAway", {kMicrophone}}, choose);
+        tell("microphone-unusable", {"microphoneUnusable", {kMicrophone, "Device busy"}}, choose);
     }
 
     void writeHints() {
@@ -98,21 +94,24 @@ private:
             model.showMicrophones();
         });
         write("over-help", "Play", [this](StripModel& model) {
-            model.showHelp({StripTexts::text(StripText::kHelpKeys, language),
-                            StripTexts::text(StripText::kHelpMoreKeys, language),
-                            say(StripText::kHelpPlace, {"~/Music/Murmelo"}),
-                            StripTexts::text(StripText::kHelpPrivate, language)});
+            model.showHelp({HostWords::text("helpRecordKeys", language),
+                            HostWords::text("helpMoreKeys", language),
+                            HostWords::text("helpFileKeys", language),
+                            HostMessage{"helpFolder", {"~/Music/Murmelo"}}.text(language),
+                            HostWords::text("helpStaysHere", language)});
+            model.setOffersMore(true);
+            model.setLastTake(true);
         });
     }
 
     void tell(const std::string& name,
-              const std::string& text,
-              StripWish::Kind kind = StripWish::Kind::kNone,
-              StripText word = StripText::kShow) {
+              const HostMessage& message,
+              StripWish::Kind kind = StripWish::Kind::kNone) {
         StripWish action;
         action.kind = kind;
-        write(name, "Play", [this, text, action, word](StripModel& model) {
-            model.tell(text, action, StripTexts::text(word, language), 0);
+        const char* word = kind == StripWish::Kind::kMicrophones ? "choose" : "show";
+        write(name, "Play", [this, message, action, word](StripModel& model) {
+            model.tell(message.text(language), action, HostWords::text(word, language), 0);
         });
     }
 

@@ -140,7 +140,7 @@ class Access(PageTest):
         self.tab.wait_for("document.getElementById('live').textContent === 'Robot'")
         live = [(role, properties.get("live")) for role, _, properties in self.tab.words() if "live" in properties]
         self.assertIn("polite", [kind for _, kind in live])
-        self.assertEqual(["Effect before", "Next effect"], self.assertNamed()[:2])
+        self.assertEqual(["Previous effect", "Next effect"], self.assertNamed()[:2])
         self.tab.press("#save")
         page.until("Save")
         self.tab.wait_for("document.getElementById('live').textContent.includes('rec_00000.wav')")

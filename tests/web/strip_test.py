@@ -5,9 +5,9 @@ from murmelo import LANGUAGES, SPEECH, PageTest
 
 _NAMES = "[...document.getElementById('keys').children].map((button) => button.textContent)"
 _SHEET = "murmelo.core.texts.strip.sheet"
-WORDS = {"en": ["Save", "Open", "Mic", "Sounds", "Help"], "de": ["Sichern", "Öffnen", "Mikro", "Klänge", "Hilfe"],
+WORDS = {"en": ["Save", "Open", "Mic", "Sounds", "Help"], "de": ["Speichern", "Öffnen", "Mikro", "Sounds", "Hilfe"],
          "es": ["Guardar", "Abrir", "Micro", "Sonidos", "Ayuda"], "fr": ["Sauver", "Ouvrir", "Micro", "Sons", "Aide"],
-         "it": ["Salva", "Apri", "Micro", "Suoni", "Guida"]}
+         "it": ["Salva", "Apri", "Mic", "Audio", "Guida"]}
 
 
 class Strip(PageTest):

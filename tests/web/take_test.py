@@ -159,7 +159,7 @@ class Take(PageTest):
         self.tab.wait_for("murmelo.core.texts.entries.some((entry) => entry.isFocused && entry.text === 'Deutsch')")
         page.soft_key(1)
         page.until("Options")
-        self.assertEqual(["de", "Sichern"], self.tab.evaluate(
+        self.assertEqual(["de", "Speichern"], self.tab.evaluate(
             "[document.documentElement.lang, document.getElementById('save').textContent]"))
         self.tab.press("[aria-current]")
         page.until("Record")

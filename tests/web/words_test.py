@@ -38,8 +38,8 @@ class Words(PageTest):
         super().setUp()
         self.page.open()
         self.known = set(self.tab.evaluate("Object.keys(murmelo.words)"))
-        host = read(SOURCE, "src/platform/host/HostWords.cpp")
-        self.assertEqual(self.known, set(re.findall(r'^    \{"(\w+)",', host, re.M)))
+        tables = [read(path) for path in sorted(glob.glob(os.path.join(SOURCE, "src/platform/host/*Words.cpp")))]
+        self.assertEqual(self.known, set(re.findall(r'^    \{"(\w+)",', "\n".join(tables), re.M)))
 
     def test_every_word_of_the_page_exists(self):
         used = set(re.findall(r"\bwords\.(\w+)", scripts())) | set(re.findall(r"\b(?:tell|showOver)\('(\w+)'", scripts()))

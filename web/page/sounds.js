@@ -38,8 +38,7 @@ export class Sounds {
         const bytes = this.page.core.program.FS.readFile(path);
         const isKept = await this.keep(path, { bytes, effect, when: Date.now() });
         if (isKept && SOUND.test(path)) {
-            const words = this.page.words;
-            this.page.tell(`${words.saved}: ${this.nameOf(path)}`, 'share', () => this.hand(path));
+            this.page.tell(this.page.words.saved.replace('{1}', this.nameOf(path)), 'share', () => this.hand(path));
             navigator.storage?.persisted?.().then((stays) => stays || navigator.storage.persist()).catch(() => {});
         }
     }

@@ -192,7 +192,7 @@ bool SdlDoors::take(const ReadSound& sound) {
 
 bool SdlDoors::openFile() {
     if (doors != nullptr && !std::exchange(isDialogOpen, true)) {
-        errands.start([this, title = words("openSound"), filter = words("sounds")] {
+        errands.start([this, title = words("openSound"), filter = words("soundFiles")] {
             const FileDialog::Answer answer = FileDialog::open(title, filter);
             return [this, answer] { return opened(answer); };
         });

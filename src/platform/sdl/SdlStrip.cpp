@@ -1,7 +1,7 @@
 #include "SdlStrip.h"
 
 #include "FileManager.h"
-#include "StripTexts.h"
+#include "HostWords.h"
 
 #include <SDL.h>
 
@@ -61,11 +61,9 @@ void SdlStrip::tell(const HostMessage& message) {
     for (std::string& part : shown.parts) {
         part = shortened(part);
     }
-    row.model().tell(
-        shown.text(language), wish,
-        StripTexts::text(wish.kind == Kind::kShowFile ? StripText::kShow : StripText::kChoose,
-                         language),
-        nowMs());
+    row.model().tell(shown.text(language), wish,
+                     HostWords::text(wish.kind == Kind::kShowFile ? "show" : "choose", language),
+                     nowMs());
 }
 
 void SdlStrip::tellPicture(const std::string& path) {
@@ -73,8 +71,8 @@ void SdlStrip::tellPicture(const std::string& path) {
     StripWish wish;
     wish.kind = Kind::kShowFile;
     wish.path = path;
-    row.model().tell(StripTexts::sentence(StripText::kPicture, language, {shortened(path)}), wish,
-                     StripTexts::text(StripText::kShow, language), nowMs());
+    row.model().tell(HostMessage{"picture", {shortened(path)}}.text(language), wish,
+                     HostWords::text("show", language), nowMs());
 }
 
 /// A file is shown by its folder.
@@ -83,8 +81,7 @@ void SdlStrip::show(const std::string& path, bool isFolder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);  // before the first sound there is none
     if (!FileManager::show(folder)) {
-        tell(StripTexts::sentence(StripText::kCannotShow, row.model().language(),
-                                  {shortened(folder)}));
+        tell(HostMessage{"cannotShow", {folder}});
     }
 }
 

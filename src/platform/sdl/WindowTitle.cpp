@@ -1,5 +1,6 @@
 #include "WindowTitle.h"
 
+#include "HostMessage.h"
 #include "HostWords.h"
 
 namespace {
@@ -15,9 +16,9 @@ std::string nameOf(const ScreenTexts& texts) {
 
 std::string WindowTitle::of(const ScreenTexts& texts) {
     const std::string screen = nameOf(texts);
-    std::string title = screen;
-    if (!texts.title.empty()) {
-        title += (screen.empty() ? "" : ": ") + texts.title;
+    std::string title = screen + texts.title;
+    if (!screen.empty() && !texts.title.empty()) {
+        title = HostMessage{"screenWithTitle", {screen, texts.title}}.text(texts.language);
     }
     return title.empty() ? kProgram : title + " - " + kProgram;
 }

@@ -1,6 +1,7 @@
 #include "StripFeed.h"
 
 #include "DueTime.h"
+#include "HostMessage.h"
 #include "HostWords.h"
 
 #include <utility>
@@ -115,9 +116,9 @@ void StripFeed::endRecording(const std::string& screen, int64_t nowMs) {
     StripWish choose;
     choose.kind = StripWish::Kind::kMicrophones;
     model.tell(microphoneName.empty()
-                   ? StripTexts::text(StripText::kHeardNothing, language)
-                   : StripTexts::sentence(StripText::kHeardNothingFrom, language, {microphoneName}),
-               choose, StripTexts::text(StripText::kChoose, language), nowMs);
+                   ? HostWords::text("heardNothing", language)
+                   : HostMessage{"heardNothingFrom", {microphoneName}}.text(language),
+               choose, HostWords::text("choose", language), nowMs);
 }
 
 void StripFeed::tellSaved(int64_t nowMs) {
@@ -133,8 +134,8 @@ void StripFeed::tellSaved(int64_t nowMs) {
     StripWish show;
     show.kind = StripWish::Kind::kShowFile;
     show.path = folder + name;
-    model.tell(StripTexts::sentence(StripText::kSaved, language, {shownFolder + name}), show,
-               StripTexts::text(StripText::kShow, language), nowMs);
+    model.tell(HostMessage{"saved", {shownFolder + name}}.text(language), show,
+               HostWords::text("show", language), nowMs);
 }
 
 /// The take that was there has been deleted: the user may not have meant that.

@@ -30,12 +30,13 @@ public:
     // Buttons: an icon above its word.
     static constexpr int32_t kKeys = 5;
     static constexpr int32_t kKeysTopPx = 48;
-    static constexpr int32_t kKeyWidthPx = 48;
+    static constexpr int32_t kSaveWidthPx = 56;  // the first key; "Speichern" is its longest word
+    static constexpr int32_t kKeyWidthPx = 46;   // each of the others
     static constexpr int32_t kKeyHeightPx = 31;
     static constexpr int32_t kIconPx = 16;
     static constexpr int32_t kIconTopPx = kKeysTopPx + 1;
     static constexpr int32_t kWordTopPx = kKeysTopPx + 17;
-    static constexpr int32_t kWordWidthPx = kKeyWidthPx - 2;
+    static constexpr int32_t kWordPadPx = 1;  // left and right of a word at least
 
     // The sheet, counted from its own top.
     static constexpr int32_t kTitleTopPx = 8;
@@ -58,7 +59,10 @@ public:
     }
 
     static constexpr ScreenPlace keyOf(int32_t index) {
-        return {index * kKeyWidthPx, kKeysTopPx, kKeyWidthPx, kKeyHeightPx};
+        if (index == 0) {
+            return {0, kKeysTopPx, kSaveWidthPx, kKeyHeightPx};
+        }
+        return {kSaveWidthPx + (index - 1) * kKeyWidthPx, kKeysTopPx, kKeyWidthPx, kKeyHeightPx};
     }
 
     /// A row of the list on the sheet, counted from the strip's top.

@@ -1,5 +1,6 @@
 #include "StripModel.h"
 
+#include "HostMessage.h"
 #include "HostWords.h"
 #include "StripLayout.h"
 
@@ -12,7 +13,8 @@ static_assert(StripModel::kWidthPx == StripLayout::kWidthPx);
 static_assert(StripModel::kHeightPx == StripLayout::kHeightPx);
 static_assert(StripModel::kSheetHeightPx == StripLayout::kSheetHeightPx);
 static_assert(StripModel::kEffects * StripLayout::kHeadWidthPx == StripLayout::kWidthPx);
-static_assert(StripLayout::kKeys * StripLayout::kKeyWidthPx == StripLayout::kWidthPx);
+static_assert(StripLayout::kSaveWidthPx + (StripLayout::kKeys - 1) * StripLayout::kKeyWidthPx ==
+              StripLayout::kWidthPx);
 
 namespace {
 
@@ -143,9 +145,13 @@ void StripModel::showHelp(std::vector<std::string> text) {
     lookAgain();
 }
 
+/// Of HostWords, in the program's language.
+std::string StripModel::word(const char* row) const {
+    return HostWords::text(row, code);
+}
+
 std::string StripModel::sheetTitle() const {
-    return openSheet == Sheet::kHelp ? HostWords::text("help", code)
-                                     : word(StripText::kChooseMicrophone);
+    return openSheet == Sheet::kHelp ? word("help") : word("chooseMicrophone");
 }
 
 bool StripModel::isRecordingScreen() const {
@@ -162,9 +168,8 @@ bool StripModel::showsLevel() const {
 
 std::string StripModel::lineWithoutMessage() const {
     if (showsLevel() && mute) {
-        return microphoneName.empty()
-                   ? HostWords::text("microphoneSilent", code)
-                   : StripTexts::sentence(StripText::kNoSoundFrom, code, {microphoneName});
+        return microphoneName.empty() ? word("microphoneSilent")
+                                      : HostMessage{"noSoundFrom", {microphoneName}}.text(code);
     }
     if (!hint.empty()) {
         return hint;
@@ -233,11 +238,9 @@ void StripModel::addKeys(std::vector<StripButton>& all) const {
 
     const bool isFree = !isRecordingScreen() && !questioned;
     const Key keys[StripLayout::kKeys] = {
-        {Kind::kSave, HostWords::text("save", code), canSave},
-        {Kind::kOpen, HostWords::text("open", code), canOpen},
-        {Kind::kMicrophones, word(StripText::kMicro), isFree},
-        {Kind::kSounds, HostWords::text("sounds", code), true},
-        {Kind::kHelp, HostWords::text("help", code), true},
+        {Kind::kSave, word("save"), canSave},        {Kind::kOpen, word("open"), canOpen},
+        {Kind::kMicrophones, word("micro"), isFree}, {Kind::kSounds, word("sounds"), true},
+        {Kind::kHelp, word("help"), true},
     };
     int32_t index = 0;
     for (const Key& key : keys) {
@@ -262,7 +265,7 @@ void StripModel::addSheet(std::vector<StripButton>& all) const {
     }
     StripButton close;
     close.wish = StripWish::of(Kind::kClose);
-    close.name = HostWords::text("close", code);
+    close.name = word("close");
     close.place = StripLayout::close();
     all.push_back(close);
 }
@@ -283,7 +286,7 @@ void StripModel::addMore(std::vector<StripButton>& all) const {
     for (const More& more : kinds) {
         StripButton button;
         button.wish = StripWish::of(more.kind);
-        button.name = HostWords::text(more.row, code);
+        button.name = word(more.row);
         button.place = StripLayout::more(index);
         button.isEnabled = more.isEnabled;
         all.push_back(button);
@@ -300,8 +303,7 @@ void StripModel::addChoices(std::vector<StripButton>& all) const {
     for (int32_t i = firstChoice; i < std::min(count, firstChoice + shown); i++) {
         StripButton choice;
         choice.wish = StripWish::of(Kind::kUseMicrophone, i - 1);
-        choice.name =
-            i == 0 ? word(StripText::kSystemsChoice) : microphones[static_cast<size_t>(i) - 1];
+        choice.name = i == 0 ? word("systemsChoice") : microphones[static_cast<size_t>(i) - 1];
         choice.place = StripLayout::choice(row);
         choice.isLit = i - 1 == microphone;
         all.push_back(choice);
@@ -311,7 +313,7 @@ void StripModel::addChoices(std::vector<StripButton>& all) const {
         StripButton more;
         more.wish = StripWish::of(Kind::kMicrophones,
                                   firstChoice + shown < count ? firstChoice + shown : 0);
-        more.name = word(StripText::kMore);
+        more.name = word("more");
         more.place = StripLayout::choice(StripLayout::kMaxChoices - 1);
         all.push_back(more);
     }

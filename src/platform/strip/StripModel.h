@@ -8,7 +8,6 @@
 #include "LevelMeter.h"
 #include "ScreenTexts.h"
 #include "StripMessages.h"
-#include "StripTexts.h"
 #include "StripWish.h"
 #include "TextRows.h"
 
@@ -162,7 +161,7 @@ private:
     std::string lineWithoutMessage() const;
     int32_t firstLinePx() const;
 
-    std::string word(StripText id) const { return StripTexts::text(id, code); }
+    std::string word(const char* row) const;
 
     void addHeads(std::vector<StripButton>& all) const;
     void addKeys(std::vector<StripButton>& all) const;

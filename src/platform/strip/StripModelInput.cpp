@@ -1,4 +1,5 @@
 // What taps, the mouse and keys do to the strip, and what they wish.
+#include "HostWords.h"
 #include "StripLayout.h"
 #include "StripModel.h"
 
@@ -73,15 +74,15 @@ void StripModel::point(int32_t x, int32_t y) {
 const char* StripModel::hintOf(const StripWish& wish) const {
     switch (wish.kind) {
     case Kind::kSave:
-        return StripTexts::text(StripText::kSaveHint, code);
+        return HostWords::text("saveHint", code);
     case Kind::kOpen:
-        return StripTexts::text(StripText::kOpenHint, code);
+        return HostWords::text("openHint", code);
     case Kind::kMicrophones:
-        return StripTexts::text(StripText::kMicroHint, code);
+        return HostWords::text("microHint", code);
     case Kind::kSounds:
-        return StripTexts::text(StripText::kSoundsHint, code);
+        return HostWords::text("soundsHint", code);
     case Kind::kHelp:
-        return StripTexts::text(StripText::kHelpHint, code);
+        return HostWords::text("helpHint", code);
     default:
         return nullptr;
     }

@@ -131,7 +131,8 @@ void paintHead(StripBrush& brush, AppImage* heads, const StripButton& head) {
 
 void paintKey(StripBrush& brush, const StripPictures& pictures, const StripButton& key) {
     const ScreenPlace& place = key.place;
-    const int32_t index = place.x / StripLayout::kKeyWidthPx;
+    const int32_t index =
+        place.x == 0 ? 0 : 1 + (place.x - StripLayout::kSaveWidthPx) / StripLayout::kKeyWidthPx;
     if (index > 0) {
         brush.fill({place.x, place.y + 4, 1, place.h - 9}, kSheenArgb);
     }

@@ -1,5 +1,6 @@
 #include "StripWishes.h"
 
+#include "HostMessage.h"
 #include "HostWords.h"
 
 #include <utility>
@@ -34,7 +35,7 @@ void StripWishes::fulfil(const StripWish& wish, int64_t nowMs) {
         help();
         break;
     case Kind::kOpen:
-        model.tell(StripTexts::text(StripText::kDropHere, language), {}, "", nowMs);
+        model.tell(HostWords::text("dropHere", language), {}, "", nowMs);
         break;
     default:
         break;
@@ -43,14 +44,13 @@ void StripWishes::fulfil(const StripWish& wish, int64_t nowMs) {
 
 void StripWishes::help() {
     const std::string& language = model.language();
-    std::vector<std::string> text = {StripTexts::text(StripText::kHelpKeys, language),
-                                     StripTexts::text(StripText::kHelpMoreKeys, language)};
+    std::vector<std::string> text = {HostWords::text("helpRecordKeys", language),
+                                     HostWords::text("helpMoreKeys", language)};
     if (model.isMoreOffered()) {
         text.emplace_back(HostWords::text("helpFileKeys", language));
     }
-    text.push_back(
-        StripTexts::sentence(StripText::kHelpPlace, language, {feed.shownSoundFolder()}));
-    text.emplace_back(StripTexts::text(StripText::kHelpPrivate, language));
+    text.push_back(HostMessage{"helpFolder", {feed.shownSoundFolder()}}.text(language));
+    text.emplace_back(HostWords::text("helpStaysHere", language));
     model.showHelp(std::move(text));
 }
 

@@ -1,9 +1,9 @@
 #include "WebStrip.h"
 
+#include "HostMessage.h"
 #include "HostWords.h"
 #include "SafeFile.h"
 #include "ScreenNames.h"
-#include "StripTexts.h"
 
 #include <algorithm>
 #include <array>
@@ -78,8 +78,8 @@ void WebStrip::open() {
 }
 
 void WebStrip::help() {
-    row.model().showHelp({StripTexts::text(StripText::kHelpKeys, language()), word("helpKeys"),
-                          word("helpPlace"), word("helpPrivate")});
+    row.model().showHelp(
+        {word("helpRecordKeys"), word("helpKeys"), word("helpPlace"), word("helpPrivate")});
 }
 
 std::string WebStrip::chosenMicrophone() const {
@@ -118,7 +118,7 @@ void WebStrip::useMicrophone(int32_t index) {
         page.keepFile(choicePath, 0);
     }
     if (isNamed) {
-        tell(StripTexts::sentence(StripText::kMicrophoneUsed, language(), {name}), "", 0);
+        tell(HostMessage{"microphoneUsed", {name}}.text(language()), "", 0);
     } else {
         tell("systemsMicrophone");
     }
@@ -128,7 +128,7 @@ void WebStrip::microphoneGiven(const std::string& name) {
     row.model().setMicrophoneName(name);
     const std::string chosen = chosenMicrophone();
     if (!chosen.empty() && !name.empty() && name != chosen) {
-        tell(StripTexts::sentence(StripText::kMicrophoneMissing, language(), {chosen}), "", 0);
+        tell(HostMessage{"microphoneAway", {chosen}}.text(language()), "", 0);
     }
 }
 

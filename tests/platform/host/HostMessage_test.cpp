@@ -20,17 +20,17 @@ size_t count(const std::string& text, const std::string& what) {
 
 TEST(HostMessage, partsStandWhereTheLanguageWantsThem) {
     const HostMessage message{"notASound", {"a.txt", "it is a letter"}};
-    EXPECT_EQ("a.txt is no sound: it is a letter", message.text("en"));
-    EXPECT_EQ("a.txt ist kein Klang: it is a letter", message.text("de"));
+    EXPECT_EQ("a.txt is no sound file: it is a letter", message.text("en"));
+    EXPECT_EQ("a.txt ist keine Tondatei: it is a letter", message.text("de"));
 }
 
 TEST(HostMessage, aPartIsNotLookedIntoForParts) {
     const HostMessage message{"notASound", {"{2}.wav", "{1}"}};
-    EXPECT_EQ("{2}.wav is no sound: {1}", message.text("en"));
+    EXPECT_EQ("{2}.wav is no sound file: {1}", message.text("en"));
 }
 
 TEST(HostMessage, withoutPartsTheWordsStayAsTheyAre) {
-    EXPECT_EQ("Saved", (HostMessage{"saved", {}}.text("en")));
+    EXPECT_EQ("Deleted", (HostMessage{"deleted", {}}.text("en")));
     EXPECT_EQ("{1} holds no sound.", (HostMessage{"emptySound", {}}.text("en")));
     EXPECT_EQ("", (HostMessage{"no such row", {"a"}}.text("en")));
 }

@@ -129,9 +129,10 @@ TEST_F(FileDialogTest, aChosenFileBecomesTheTake) {
     EXPECT_TRUE(workUntil([this] { return !program.taken.empty(); }));
     EXPECT_EQ(voice, program.taken);
     const std::string call = folders.read("calls");
-    EXPECT_EQ(0U, call.find(R"(["OpenFile", "", "Klang \u00f6ffnen", {"handle_token": "murmelo)"))
+    EXPECT_EQ(0U,
+              call.find(R"(["OpenFile", "", "Tondatei \u00f6ffnen", {"handle_token": "murmelo)"))
         << call;
-    EXPECT_NE(std::string::npos, call.find(R"("filters": [["Kl\u00e4nge", [[1, "audio/*"]]]])"))
+    EXPECT_NE(std::string::npos, call.find(R"("filters": [["Tondateien", [[1, "audio/*"]]]])"))
         << call;
 }
 
@@ -167,7 +168,7 @@ TEST_F(FileDialogTest, aDesktopThatDiesIsADialogThatIsClosed) {
     // The next time there is none at all.
     doors.openFile();
     EXPECT_TRUE(workUntil([this] {
-        return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
+        return isSaid("This desktop offers no dialog to open files. Drop a sound file here.");
     }));
 }
 
@@ -182,7 +183,7 @@ TEST_F(FileDialogTest, aBusThatDiesIsADialogThatIsClosed) {
 TEST_F(FileDialogTest, aDesktopWithoutDialogsIsTold) {
     doors.openFile();
     EXPECT_TRUE(workUntil([this] {
-        return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
+        return isSaid("This desktop offers no dialog to open files. Drop a sound file here.");
     }));
 }
 
@@ -190,7 +191,7 @@ TEST_F(FileDialogTest, aDialogThatCannotBeShownIsTold) {
     startPortal("refuse");
     doors.openFile();
     EXPECT_TRUE(workUntil([this] {
-        return isSaid("This desktop shows no files to choose from. Drop a sound file here.");
+        return isSaid("This desktop offers no dialog to open files. Drop a sound file here.");
     }));
 }
 
@@ -204,7 +205,7 @@ TEST_F(FileDialogTest, theSavedSoundIsExportedInTheFormThatItsNameAsksFor) {
     EXPECT_TRUE(workUntil([this] { return isSaid("Exported: " + folders.path("my robot.flac")); }));
     EXPECT_EQ("fLaC", folders.read("my robot.flac").substr(0, 4));
     const std::string call = folders.read("calls");
-    EXPECT_EQ(0U, call.find(R"(["SaveFile", "", "Klang exportieren")")) << call;
+    EXPECT_EQ(0U, call.find(R"(["SaveFile", "", "Sound exportieren")")) << call;
     EXPECT_NE(std::string::npos, call.find(R"("current_name": "murmelo-robot-00003.wav")")) << call;
     EXPECT_NE(std::string::npos,
               call.find(R"("current_folder": ")" + mapped.home + R"(/Murmelo\u0000")"))

@@ -270,7 +270,7 @@ TEST_F(RealSound, devicesAreChosenByName) {
             return microphone.hasHeard();
         };
         EXPECT_TRUE(runUntil(heard, 20000));
-        EXPECT_EQ(known ? "" : "no such device is not there. Another microphone is used.", told);
+        EXPECT_EQ(known ? "" : "“no such device” is not there. Another microphone is used.", told);
     }
 }
 

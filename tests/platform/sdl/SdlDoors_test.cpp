@@ -149,7 +149,7 @@ TEST_F(SdlDoorsTest, aSaveIsTheProgramsSave) {
 TEST_F(SdlDoorsTest, aSaveThatIsRefusedSaysWhere) {
     program.open = false;
     EXPECT_FALSE(doors.save());
-    EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
+    EXPECT_EQ("You can do this in the menu and while you choose an effect.\n", error());
 }
 
 TEST_F(SdlDoorsTest, aSaveWithoutATakeSaysSo) {
@@ -210,7 +210,7 @@ TEST_F(SdlDoorsTest, aDroppedFileThatIsNoSoundIsToldByName) {
     for (const char* name : {"letter.txt", "nothing.wav"}) {
         EXPECT_FALSE(drop(folders.path(name)));
         EXPECT_FALSE(delivered());
-        EXPECT_EQ(0U, error().find(std::string(name) + " is no sound: "));
+        EXPECT_EQ(0U, error().find(std::string(name) + " is no sound file: "));
     }
     folders.write("empty.wav", TestSounds::wav({}, 16000));
     drop(folders.path("empty.wav"));
@@ -224,7 +224,7 @@ TEST_F(SdlDoorsTest, aFileDroppedAtTheWrongTimeIsToldSo) {
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(800), 16000));
     drop(folders.path("voice.wav"));
     EXPECT_FALSE(delivered());
-    EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
+    EXPECT_EQ("You can do this in the menu and while you choose an effect.\n", error());
 }
 
 TEST_F(SdlDoorsTest, anOfferedSoundWaitsUntilItIsTaken) {
@@ -276,7 +276,7 @@ TEST_F(SdlDoorsTest, whatCannotBeBroughtBackIsTold) {
     takes.recorded(TestSounds::noise(100));
     program.open = false;
     EXPECT_FALSE(doors.bringBack());
-    EXPECT_EQ("This is possible in the menu and at the choice of the effect.\n", error());
+    EXPECT_EQ("You can do this in the menu and while you choose an effect.\n", error());
     folders.write("state/last-take.wav", "damaged");
     EXPECT_FALSE(doors.bringBack());
     EXPECT_EQ(0U, error().find("The last recording cannot be brought back: "));
@@ -319,12 +319,12 @@ TEST_F(SdlDoorsTest, withoutADesktopsDialogTheUserIsToldWhatToDo) {
     setenv("XDG_RUNTIME_DIR", folders.path("runtime").c_str(), 1);
     EXPECT_FALSE(doors.openFile());
     EXPECT_FALSE(delivered());
-    EXPECT_EQ("This desktop shows no files to choose from. Drop a sound file here.\n", error());
+    EXPECT_EQ("This desktop offers no dialog to open files. Drop a sound file here.\n", error());
     program.saved = 1;
     doors.tellSaved();
     EXPECT_FALSE(doors.exportSound());
     EXPECT_FALSE(delivered());
-    EXPECT_EQ("This desktop asks for no name. The sound lies here: " + mapped.home +
+    EXPECT_EQ("This desktop offers no dialog to save files. The sound is here: " + mapped.home +
                   "/Murmelo/rec_00007.wav\n",
               error());
     EXPECT_EQ(0, program.saves);  // it was saved already

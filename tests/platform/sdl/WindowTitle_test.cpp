@@ -18,12 +18,15 @@ ScreenTexts on(const std::string& screen, const std::string& language, const std
 TEST(WindowTitle, carriesScreenAndEffectInTheProgramsLanguage) {
     EXPECT_EQ("Choose an effect: Robot - Murmelo", WindowTitle::of(on("Play", "en", "Robot")));
     EXPECT_EQ("Effekt wählen: Roboter - Murmelo", WindowTitle::of(on("Play", "de", "Roboter")));
+    EXPECT_EQ("Choix de l’effet\u00A0: Robot - Murmelo",
+              WindowTitle::of(on("Play", "fr", "Robot")));
     EXPECT_EQ("Enregistrement - Murmelo", WindowTitle::of(on("Recording", "fr", "")));
 }
 
 TEST(WindowTitle, isTheProgramsNameWhereTheScreenHasNone) {
     EXPECT_EQ("Murmelo", WindowTitle::of({}));
     EXPECT_EQ("Murmelo", WindowTitle::of(on("Splash", "en", "")));
+    EXPECT_EQ("Robot - Murmelo", WindowTitle::of(on("Splash", "fr", "Robot")));
 }
 
 TEST(WindowTitle, eachScreenThatStaysHasAName) {

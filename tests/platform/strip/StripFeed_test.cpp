@@ -1,3 +1,4 @@
+#include "Languages.h"
 #include "Strip.h"
 #include "TestHost.h"
 
@@ -174,7 +175,7 @@ TEST_F(StripFeedTest, afterASecondWithoutSamplesTheMicrophoneIsNamed) {
     strip.look(999);
     EXPECT_EQ("Headset", line());
     strip.look(1100);
-    EXPECT_EQ("No sound comes from “Headset”", line());
+    EXPECT_EQ("No sound comes from “Headset”.", line());
     microphone.reading.heardSamples = 160;
     strip.look(1200);
     EXPECT_EQ("Headset", line());
@@ -201,7 +202,7 @@ TEST_F(StripFeedTest, aTakeWithoutAVoiceIsTold) {
     go("Recording", 0);
     microphone.reading.loudestDb = -51;
     go("Process", 3000);
-    EXPECT_EQ("I heard nothing from “Headset”", line());
+    EXPECT_EQ("I heard nothing from “Headset”.", line());
     EXPECT_EQ(Kind::kMicrophones, strip.model().action().wish.kind);
 }
 
@@ -232,7 +233,7 @@ TEST_F(StripFeedTest, saveSaysWhyThereIsNothingToSave) {
     strip.key(StripKey::kClose, 0);
     doors.screen = "Playing";
     EXPECT_TRUE(strip.key(StripKey::kSave, 0));
-    EXPECT_EQ("This is possible in the menu and at the choice of the effect.", line());
+    EXPECT_EQ("You can do this in the menu and while you choose an effect.", line());
 }
 
 TEST_F(StripFeedTest, aHeadShowsItsEffect) {
@@ -265,7 +266,7 @@ TEST_F(StripFeedTest, aHostFulfilsWhatItHandles) {
 TEST_F(StripFeedTest, withoutADialogTheLineSaysToDropAFile) {
     go("Play", 0);
     tap(96 + 48, 126);
-    EXPECT_EQ("Drop a sound file here", line());
+    EXPECT_EQ("This desktop offers no dialog to open files. Drop a sound file here.", line());
 }
 
 TEST_F(StripFeedTest, afterTheEndNothingIsTheStrips) {

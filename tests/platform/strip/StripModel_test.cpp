@@ -106,9 +106,10 @@ TEST(StripModel, escapeIsNotTheStripsWhenNothingIsOpen) {
 TEST(StripModel, theFiveButtonsFillTheLowestRows) {
     StripModel model = on("Play");
     const Kind kinds[] = {Kind::kSave, Kind::kOpen, Kind::kMicrophones, Kind::kSounds, Kind::kHelp};
+    const int32_t edges[] = {0, 56, 102, 148, 194, 240};
     for (int32_t i = 0; i < 5; i++) {
-        EXPECT_EQ(kinds[i], model.tap(i * 48, 48).kind) << i;
-        EXPECT_EQ(kinds[i], model.tap(i * 48 + 47, 78).kind) << i;
+        EXPECT_EQ(kinds[i], model.tap(edges[i], 48).kind) << i;
+        EXPECT_EQ(kinds[i], model.tap(edges[i + 1] - 1, 78).kind) << i;
     }
     EXPECT_EQ(StripWish(), model.tap(0, 16));
     EXPECT_EQ(StripWish(), model.tap(0, 79));
@@ -147,7 +148,7 @@ TEST(StripModel, aMuteMicrophoneIsNamed) {
     StripModel model = on("Recording");
     model.setMicrophoneName("Headset");
     model.setRecording(level(-60), 19, true);
-    EXPECT_EQ(std::vector<std::string>{"No sound comes from “Headset”"}, model.lines());
+    EXPECT_EQ(std::vector<std::string>{"No sound comes from “Headset”."}, model.lines());
     EXPECT_TRUE(model.isTelling());
     model.setMicrophoneName("");
     EXPECT_EQ("No sound comes from the microphone. Is", model.lines()[0]);
@@ -403,6 +404,6 @@ TEST(StripModel, wordsFollowTheLanguage) {
     ScreenTexts texts = screen("Play");
     texts.language = "de";
     model.setScreen(texts, 2, true);
-    EXPECT_EQ("Sichern", buttonsOf(model, Kind::kSave)[0].name);
+    EXPECT_EQ("Speichern", buttonsOf(model, Kind::kSave)[0].name);
     EXPECT_EQ("Mikro", buttonsOf(model, Kind::kMicrophones)[0].name);
 }

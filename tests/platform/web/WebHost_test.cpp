@@ -5,7 +5,6 @@
 #include "ScreenNames.h"
 #include "ScreenTable.h"
 #include "StripLayout.h"
-#include "StripTexts.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 #include "WebHost.h"
@@ -784,7 +783,7 @@ TEST_F(WebHostTest, theChosenMicrophoneIsRememberedAndMissed) {
     ask();
     host->microphoneAnswered(page.askedTicket, "", 16000, "Headset");
     settle();
-    EXPECT_EQ("“Built-in” is not there. The system’s choice is used", line());
+    EXPECT_EQ("“Built-in” is not there. Another microphone is used.", line());
     pass(20000);
     EXPECT_EQ("Headset", line()) << "the name of the one that hears";
     key(HostKey::kRightSoft);
@@ -897,7 +896,7 @@ TEST_F(WebHostTest, theHelpFitsOntoItsSheetInEveryLanguage) {
     toMenu();
     StripModel& model = host->strip().strip().model();
     for (const Language& language : Languages::kAll) {
-        model.showHelp({StripTexts::text(StripText::kHelpKeys, language.code),
+        model.showHelp({HostWords::text("helpRecordKeys", language.code),
                         HostWords::text("helpKeys", language.code),
                         HostWords::text("helpPlace", language.code),
                         HostWords::text("helpPrivate", language.code)});
