@@ -1,7 +1,6 @@
 #include "SdlHost.h"
 
 #include "DueTime.h"
-#include "HostWords.h"
 #include "KeyRules.h"
 #include "ProgramFolders.h"
 #include "QuietLibrary.h"
@@ -71,13 +70,16 @@ void SdlHost::print(const std::string& sentence) {
 }
 
 void SdlHost::tell(const HostMessage& message) {
-    print(message.text("en"));
+    tell(message, message.text("en"));
+}
+
+void SdlHost::tell(const HostMessage& message, const std::string& sentence) {
+    print(sentence);
     strip.tell(message);
 }
 
 void SdlHost::tell(const char* name, const std::string& sentence) {
-    print(sentence);
-    strip.tell(HostWords::text(name, strip.language()));
+    tell(HostMessage{name, {}}, sentence);
 }
 
 Problem SdlHost::open() {
@@ -179,11 +181,6 @@ void SdlHost::setDoors(HostDoors* offered) {
     if (doors != nullptr) {
         walk.toFirstLanguage(SystemLanguage::indexOf(SystemLanguage::environment()));
     }
-}
-
-void SdlHost::say(const std::string& sentence) {
-    print(sentence);
-    strip.tell(sentence);
 }
 
 bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {

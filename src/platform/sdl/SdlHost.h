@@ -81,8 +81,8 @@ public:
 
     void setDoors(HostDoors* offered) override;
 
-    /// One line on standard error, and in the strip.
-    void say(const std::string& sentence) override;
+    /// One line on standard error.
+    void say(const std::string& sentence) override { print(sentence); }
 
     /// The sentence on standard error, the words in the strip.
     void tell(const char* name, const std::string& sentence) override;
@@ -90,6 +90,9 @@ public:
     /// Tells what HostWords has in each language: in English on standard error, in the program's
     /// language in the strip.
     void tell(const HostMessage& message);
+
+    /// The sentence on standard error, the message in the strip.
+    void tell(const HostMessage& message, const std::string& sentence);
 
     /// What the keys for files do, for whatever else wants it.
     SdlDoors& files() { return extraDoors; }

@@ -2,6 +2,7 @@
 
 #include "FileManager.h"
 #include "HostWords.h"
+#include "ScreenNames.h"
 
 #include <SDL.h>
 
@@ -48,14 +49,24 @@ SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs)
 void SdlStrip::look() {
     row.feed().setSoundFolder(folders.sounds(), shortened(folders.sounds()));
     row.look(nowMs());
+    tellWaiting();
 }
 
-void SdlStrip::tell(const std::string& sentence) {
-    row.model().tell(sentence, {}, "", nowMs());
+void SdlStrip::tellWaiting() {
+    if (language().empty() || row.model().screenName() == ScreenNames::kFirstLanguage) {
+        return;
+    }
+    for (const HostMessage& message : std::exchange(waiting, {})) {
+        tell(message);
+    }
 }
 
 void SdlStrip::tell(const HostMessage& message) {
     const std::string& language = row.model().language();
+    if (language.empty()) {
+        waiting.push_back(message);
+        return;
+    }
     const StripWish wish = actionOf(message);
     HostMessage shown = message;
     for (std::string& part : shown.parts) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 union SDL_Event;
 
@@ -25,11 +26,9 @@ public:
     /// Code of the program's language ("de").
     const std::string& language() { return row.model().language(); }
 
-    /// A sentence for the user, also without a program that runs.
-    void tell(const std::string& sentence);
-
-    /// The same in the program's language, with what the user may want to do about it: look at the
-    /// file, choose another microphone.
+    /// Something for the user in the program's language, with what may be done about it: look at
+    /// the file, choose another microphone. What is told before the program has a language waits
+    /// until the user had the time to choose one.
     void tell(const HostMessage& message);
 
     /// A picture of the screen was written there.
@@ -45,9 +44,11 @@ public:
     void handle(const SDL_Event& event);
 
 private:
+    void tellWaiting();
     void show(const std::string& path, bool isFolder);
 
     const HostFolders& folders;
     Clock nowMs;
     Strip row;
+    std::vector<HostMessage> waiting;
 };

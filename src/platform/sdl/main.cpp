@@ -135,7 +135,7 @@ int run(int argc, char** argv, SdlOptions options, const Complaints& complaints)
     }
     Host::install(&host);
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(host.folders())) {
-        host.say(problem.sentence());
+        host.tell({"soundsNotKept", {host.folders().sounds()}}, problem.sentence());
     }
     result = OspMain(argc, argv);
     Host::install(nullptr);

@@ -143,6 +143,9 @@ public:
     const std::vector<std::string>& sheetRows() const { return rows; }
 
     /// Code of the program's language ("de").
+    /// Of the program; empty before there is one.
+    const std::string& screenName() const { return screen; }
+
     const std::string& language() const { return code; }
 
 private:

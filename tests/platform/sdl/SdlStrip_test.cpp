@@ -1,4 +1,3 @@
-#include "Languages.h"
 #include "SdlStrip.h"
 #include "TestHost.h"
 
@@ -41,17 +40,28 @@ public:
 
     ScreenTexts texts() override {
         ScreenTexts texts;
-        texts.language = Languages::kAll[0].code;
+        texts.language = language;
         texts.screen = screenName();
         return texts;
     }
 
     std::string screen = "Play";
+    std::string language = "en";
 };
 
 class SdlStripTest : public ::testing::Test {
 protected:
     SdlStripTest() { host.mapShipped(); }
+
+    void start() {
+        strip.strip().setDoors(&doors);
+        strip.look();
+    }
+
+    std::string line() {
+        const std::vector<std::string> lines = strip.strip().model().lines();
+        return lines.empty() ? "" : lines[0];
+    }
 
     TestHost host;
     PlayDoors doors;
@@ -68,10 +78,10 @@ TEST_F(SdlStripTest, beforeTheProgramNoKeyIsTaken) {
 }
 
 TEST_F(SdlStripTest, aMessageCanBeClosedOnce) {
-    strip.strip().setDoors(&doors);
+    start();
     EXPECT_FALSE(strip.strip().canClose());
     EXPECT_FALSE(strip.key(StripKey::kClose));
-    strip.tell("Hello");
+    strip.tell(HostMessage{"takeIsBack", {}});
     EXPECT_TRUE(strip.strip().canClose());
     EXPECT_TRUE(strip.key(StripKey::kClose));
     EXPECT_FALSE(strip.strip().canClose());
@@ -79,6 +89,7 @@ TEST_F(SdlStripTest, aMessageCanBeClosedOnce) {
 
 TEST_F(SdlStripTest, messagesOfFilesOfferToShowThem) {
     setenv("HOME", "/home/me", 1);
+    start();
     strip.tell(HostMessage{"exported", {"/home/me/Music/a.mp3"}});
     EXPECT_EQ("Exported: ~/Music/a.mp3", strip.strip().model().lines()[0]);
     EXPECT_EQ(Kind::kShowFile, strip.strip().model().action().wish.kind);
@@ -90,10 +101,13 @@ TEST_F(SdlStripTest, messagesOfMicrophonesOfferAnotherOne) {
          {HostMessage{"noMicrophone", {"why"}}, HostMessage{"microphoneUnusable", {"A", "why"}},
           HostMessage{"microphoneAway", {"A"}}}) {
         SdlStrip fresh{folders, [this] { return host.nowMs; }};
+        fresh.strip().setDoors(&doors);
+        fresh.look();
         fresh.tell(message);
         EXPECT_EQ(Kind::kMicrophones, fresh.strip().model().action().wish.kind) << message.row;
         EXPECT_EQ("Choose", fresh.strip().model().action().name);
     }
+    start();
     strip.tell(HostMessage{"takeIsBack", {}});
     EXPECT_EQ(Kind::kNone, strip.strip().model().action().wish.kind);
 }
@@ -110,9 +124,28 @@ TEST_F(SdlStripTest, whatTheMicrophoneSaysAtTheStartOfARecordingIsSeen) {
     EXPECT_EQ(Kind::kMicrophones, strip.strip().model().action().wish.kind);
 }
 
-TEST_F(SdlStripTest, sentencesStandInTheLine) {
-    strip.tell("the picture cannot be written");
-    EXPECT_EQ("the picture cannot be written", strip.strip().model().lines()[0]);
+TEST_F(SdlStripTest, whatIsToldBeforeTheLanguageIsKnownWaitsForIt) {
+    strip.tell(HostMessage{"soundsNotKept", {"/tank"}});
+    strip.tell(HostMessage{"settingsUnreadable", {}});
+    EXPECT_EQ("", line());
+    doors.screen = "FirstLang";
+    start();
+    EXPECT_EQ("", line()) << "the user may want another one";
+    doors.screen = "Splash";
+    doors.language = "de";
+    strip.look();
+    EXPECT_EQ(0U, line().find("Sounds können nicht ")) << line();
+    host.nowMs += 60000;
+    strip.look();
+    EXPECT_EQ(0U, line().find("Die Einstellungen ")) << line();
+}
+
+TEST_F(SdlStripTest, onceTheLanguageIsKnownNothingWaits) {
+    doors.screen = "FirstLang";
+    doors.language = "es";
+    start();
+    strip.tell(HostMessage{"nothingToSave", {}});
+    EXPECT_EQ(0U, line().find("Todavía no hay nada")) << line();
 }
 
 TEST_F(SdlStripTest, aPictureIsToldWithAWayToIt) {
