@@ -43,7 +43,11 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           [this] { extraDoors.takeIsGone(); },
           [this](const std::vector<int16_t>& take) { recorded(take); })
     , voice(
-          audio, options.speaker, [this] { return uptimeMs(); }, [this] { rouse(); })
+          audio,
+          options.speaker,
+          [this] { return uptimeMs(); },
+          [this] { rouse(); },
+          [this](const HostMessage& message) { tell(message); })
     , input(*this)
     , strip(options.folders, [this] { return uptimeMs(); })
     , extraDoors(

@@ -39,16 +39,18 @@ struct SdlSpeaker::Playing {
     bool open = true;
     int64_t progressMs = 0;  // when samples were handed over last
     int64_t endMs = kNever;  // when the last one will have been heard; kNever until it went out
+    int64_t leftMs = 0;      // of an unheard clip that is paused
     int64_t latencyMs = 0;
     Clock nowMs;
     Wake wake;
 };
 
-SdlSpeaker::SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake)
+SdlSpeaker::SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake, Tell tell)
     : audio(audio)
     , name(std::move(name))
     , nowMs(std::move(nowMs))
-    , wake(std::move(wake)) {}
+    , wake(std::move(wake))
+    , tell(std::move(tell)) {}
 
 SdlSpeaker::~SdlSpeaker() {
     SdlSpeaker::stop();
@@ -74,10 +76,16 @@ bool SdlSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener&
     playing->wake = wake;
     device = audio.open(SdlAudio::Kind::kSpeaker, name, wanted);
     if (device == 0) {
-        return false;
+        playUnheard();
     }
     listener = &newListener;
     return true;
+}
+
+/// No device: the clip ends when it would have been heard.
+void SdlSpeaker::playUnheard() {
+    playing->endMs = nowMs() + playing->remainingMs();
+    tell(name.empty() ? HostMessage{"noSpeaker", {}} : HostMessage{"speakerUnusable", {name}});
 }
 
 uint16_t SdlSpeaker::chunkSamples(int32_t rateHz) {
@@ -173,11 +181,18 @@ void SdlSpeaker::setPaused(bool paused) {
         return;
     }
     const std::lock_guard<std::mutex> lock(playing->mutex);
-    if (playing->paused && !paused) {
+    if (playing->paused == paused) {
+        return;
+    }
+    playing->paused = paused;
+    if (device == 0 && paused) {
+        playing->leftMs = std::max<int64_t>(playing->endMs - nowMs(), 0);
+    } else if (device == 0) {
+        playing->endMs = nowMs() + playing->leftMs;
+    } else if (!paused) {
         playing->progressMs = nowMs();
         playing->endMs = std::min(playing->endMs, playing->progressMs);  // kNever stays kNever
     }
-    playing->paused = paused;
 }
 
 void SdlSpeaker::stop() {
@@ -189,6 +204,7 @@ void SdlSpeaker::stop() {
         playing->open = false;
     }
     listener = nullptr;
-    audio.closeLater(device, playing);
-    device = 0;
+    if (device != 0) {
+        audio.closeLater(std::exchange(device, 0), playing);
+    }
 }

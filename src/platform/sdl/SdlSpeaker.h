@@ -1,7 +1,8 @@
 // The machine's speaker. What its device has taken is heard in any case: a stop is silent after at
-// most a chunk.
+// most a chunk. Without a device a clip takes its time, unheard, and the user is told.
 #pragma once
 
+#include "HostMessage.h"
 #include "HostSound.h"
 #include "SdlAudio.h"
 
@@ -14,6 +15,7 @@ class SdlSpeaker : public HostSpeaker {
 public:
     using Clock = std::function<int64_t()>;
     using Wake = std::function<void()>;
+    using Tell = std::function<void(const HostMessage& message)>;
 
     static constexpr int64_t kNever = -1;
 
@@ -21,7 +23,8 @@ public:
     /// @param name   of the device; empty: the system's default
     /// @param nowMs  the host's clock; read on the device's thread too
     /// @param wake   rouses the event thread; called on the device's thread
-    SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake);
+    /// @param tell   gets what the user must know of the device
+    SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake, Tell tell);
     SdlSpeaker(const SdlSpeaker&) = delete;
     SdlSpeaker& operator=(const SdlSpeaker&) = delete;
     ~SdlSpeaker() override;
@@ -37,6 +40,7 @@ public:
     /// said on standard error and the listener was called.
     bool lose(uint32_t lostDevice);
 
+    /// False only if a clip plays already.
     bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) override;
     void setVolume(int32_t newVolume) override;
 
@@ -57,13 +61,15 @@ private:
     void setPaused(bool paused);
     bool hasAllGoneOut() const;
     void tellLoss();
+    void playUnheard();
 
     SdlAudio& audio;
     std::string name;
     Clock nowMs;
     Wake wake;
+    Tell tell;
     HostSpeakerListener* listener = nullptr;
-    uint32_t device = 0;
+    uint32_t device = 0;  // 0: none plays, or the clip is unheard
     int32_t volume = kFullVolume;
     std::shared_ptr<Playing> playing;  // shared with the device's thread
 };

@@ -285,7 +285,7 @@ TEST_F(SdlHostTest, aPausedClipWaitsAndGoesOn) {
     EXPECT_EQ(1, end.ends);
 }
 
-TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndNoSpeaker) {
+TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndClipsAreUnheard) {
     setenv("SDL_AUDIODRIVER", "no such driver", 1);
     SdlOptions options;
     options.folders.state = folders.path("state");
@@ -312,9 +312,28 @@ TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndNoSp
     host->microphone()->stop();
     host->microphone()->release();
     EXPECT_FALSE(folders.has("state/last-take.wav"));  // nothing was heard: there is no take
+
+    // A clip takes its time, and stands still while it is paused.
+    testing::internal::CaptureStderr();
+    const int64_t playMs = host->uptimeMs();
+    EXPECT_TRUE(host->speaker()->play(clipOf(Samples(1600, 1)), end));  // 200 ms
     EXPECT_FALSE(host->speaker()->play(clipOf({1, 2, 3}), end));
-    run(50);
+    EXPECT_EQ("murmelo: No speaker can be used: nothing is heard.\n",
+              testing::internal::GetCapturedStderr());
+    host->speaker()->pause();
+    run(400);
     EXPECT_EQ(0, end.ends);
+    host->speaker()->resume();
+    while (end.ends == 0 && host->uptimeMs() < playMs + 20000) {
+        host->pump(heard, 1000);
+    }
+    EXPECT_EQ(1, end.ends);
+    EXPECT_LE(600, host->uptimeMs() - playMs);
+    EXPECT_EQ(0, end.losses);
+    EXPECT_TRUE(host->speaker()->play(clipOf({1, 2, 3}), end));
+    host->speaker()->stop();
+    run(50);
+    EXPECT_EQ(1, end.ends);
 }
 
 TEST_F(SdlHostTest, whatADeviceHeardIsKeptAsTheLastTake) {
