@@ -54,7 +54,7 @@ TEST(WebTexts, nameTheButtonsOfTheStripAboveTheCanvas) {
     EXPECT_EQ(0U, json.find("{\"line\":\"Deleted\",\"isTelling\":true,\"sheet\":\"\",")) << json;
     EXPECT_NE(std::string::npos, json.find("\"id\":\"action\",\"isEnabled\":true")) << json;
     EXPECT_NE(std::string::npos,
-              json.find("{\"text\":\"Save\",\"place\":[0,-32,48,31],\"isFocused\":false,"
+              json.find("{\"text\":\"Save\",\"place\":[0,-32,56,31],\"isFocused\":false,"
                         "\"id\":\"save\",\"isEnabled\":false}"))
         << json;
 }
