@@ -14,6 +14,7 @@ FILES = [
     ("a minute of stereo", 44100, 2, 2, 60),
     ("eight channels", 48000, 8, 2, 25),
     ("24 bits", 96000, 2, 3, 21),
+    ("three minutes of one channel", 16000, 1, 2, 190),
 ]
 
 

@@ -71,8 +71,14 @@ int32_t displayY(double y) {
     return static_cast<int32_t>(std::floor(y * HostFrame::kCanvasFactor)) + HostFrame::kCanvasTopPx;
 }
 
+/// Gives the room's memory back. The heap is small: what a large file took must not starve an
+/// effect.
+void freeRoom() {
+    room = std::vector<uint8_t>();  // assigning {} would keep the memory
+}
+
 int32_t use(std::vector<int16_t> samples) {
-    room = {};
+    freeRoom();
     const bool isSound = !samples.empty();
     if (isSound) {
         host->use(std::move(samples));
@@ -188,7 +194,7 @@ EMSCRIPTEN_KEEPALIVE void murmeloComeBack() {
 /// Room for that many bytes, aligned to 8.
 EMSCRIPTEN_KEEPALIVE uint8_t* murmeloRoom(int32_t bytes) {
     if (room.capacity() > kSmallRoomBytes) {
-        room = {};  // the heap is small: what a large file took must not starve an effect
+        freeRoom();
     }
     room.resize(static_cast<size_t>(bytes));
     return room.data();
