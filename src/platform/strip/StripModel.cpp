@@ -231,16 +231,16 @@ void StripModel::addHeads(std::vector<StripButton>& all) const {
 
 void StripModel::addKeys(std::vector<StripButton>& all) const {
     struct Key {
-        Kind kind;
         std::string word;
+        Kind kind;
         bool isEnabled;
     };
 
     const bool isFree = !isRecordingScreen() && !questioned;
     const Key keys[StripLayout::kKeys] = {
-        {Kind::kSave, word("save"), canSave},        {Kind::kOpen, word("open"), canOpen},
-        {Kind::kMicrophones, word("micro"), isFree}, {Kind::kSounds, word("sounds"), true},
-        {Kind::kHelp, word("help"), true},
+        {word("save"), Kind::kSave, canSave},        {word("open"), Kind::kOpen, canOpen},
+        {word("micro"), Kind::kMicrophones, isFree}, {word("sounds"), Kind::kSounds, true},
+        {word("help"), Kind::kHelp, true},
     };
     int32_t index = 0;
     for (const Key& key : keys) {
