@@ -35,7 +35,7 @@ constexpr HostWords::Row kRows[] = {
      "Impossibile riprodurre l’audio."},
     {"noSpeaker",
      "No speaker can be used: nothing is heard.",
-     "Kein Lautsprecher ist nutzbar: Zu hören ist nichts.",
+     "Kein Lautsprecher ist verfügbar: Es ist nichts zu hören.",
      "No se puede usar ningún altavoz: no se oye nada.",
      "Aucun haut-parleur n’est utilisable\u00A0: on n’entend rien.",
      "Nessun altoparlante è utilizzabile: non si sente nulla."},
