@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <set>
 #include <sys/stat.h>
 
 using Samples = TestSounds::Samples;
@@ -76,6 +77,39 @@ TEST_F(SoundExportTest, aFileThatIsReplacedLeavesNothingBeside) {
     EXPECT_EQ("", exportTo("a.wav"));
     EXPECT_EQ(sound, readBack("a.wav"));
     EXPECT_FALSE(folders.has("a.wav.new"));
+}
+
+TEST_F(SoundExportTest, aFileOfTheUsersBesideTheTargetStays) {
+    folders.write("a.wav.new", "a letter");
+    EXPECT_EQ("", exportTo("a.wav"));
+    EXPECT_EQ(sound, readBack("a.wav"));
+    EXPECT_EQ("a letter", folders.read("a.wav.new"));
+}
+
+TEST_F(SoundExportTest, whoMayReadTheOldFileMayReadTheNewOneAndNoOneElse) {
+    folders.write("a.wav", "old");
+    ASSERT_EQ(0, chmod(folders.path("a.wav").c_str(), 0600));
+    EXPECT_EQ("", exportTo("a.wav"));
+    struct stat facts = {};
+    ASSERT_EQ(0, stat(folders.path("a.wav").c_str(), &facts));
+    EXPECT_EQ(0600U, facts.st_mode & 07777U);
+    EXPECT_EQ("", exportTo("b.wav"));
+    const mode_t mask = umask(0);
+    umask(mask);
+    ASSERT_EQ(0, stat(folders.path("b.wav").c_str(), &facts));
+    EXPECT_EQ(0666U & ~mask, facts.st_mode & 07777U);
+}
+
+TEST_F(SoundExportTest, anExportLeavesNothingBesideWhateverComesOfIt) {
+    folders.makeFolder("out");
+    EXPECT_EQ("", exportTo("out/a.wav"));
+    folders.makeFolder("out/b.wav");
+    EXPECT_NE("", exportTo("out/b.wav").sentence());
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folders.path("out"))) {
+        names.insert(entry.path().filename().string());
+    }
+    EXPECT_EQ((std::set<std::string>{"a.wav", "b.wav"}), names);
 }
 
 TEST_F(SoundExportTest, whatCannotBeWrittenIsToldAndLeavesTheOldFile) {

@@ -60,8 +60,8 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
     if (const Problem kind = SafeFile::whyNotOrdinary(target)) {
         return "it " + kind.sentence();
     }
-    const std::string fresh = target + ".new";
-    const int file = SafeFile::create(fresh);
+    std::string fresh;  // the folder is the user's: no name there is ours to delete
+    const int file = SafeFile::createBeside(target, fresh);
     if (file < 0) {
         return SafeFile::lastError();
     }

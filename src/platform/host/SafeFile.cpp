@@ -14,8 +14,10 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
 constexpr mode_t kNewFolderMode = 0777;
-constexpr int kMaxLinks = 40;      // as many as a Linux kernel follows; more is a circle
-constexpr int kMaxAside = 100000;  // numbers that are tried
+constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more is a circle
+constexpr int kMaxAside = 100000;      // numbers that are tried
+constexpr int kMaxBeside = 1000;
+constexpr mode_t kPermissionBits = 07777;
 
 bool liesAt(const std::string& path) {
     struct stat facts = {};
@@ -56,6 +58,36 @@ int SafeFile::create(const std::string& path) {
         return -1;
     }
     return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
+}
+
+int SafeFile::createBeside(const std::string& target, std::string& fresh) {
+    struct stat facts = {};
+    const bool replaces = ::stat(target.c_str(), &facts) == 0;
+    // Until it has the target's permissions nobody else may open it.
+    const mode_t mode = replaces ? S_IRUSR | S_IWUSR : kNewFileMode;
+    const std::string start =
+        (fs::path(target).parent_path() / ".murmelo-").string() + std::to_string(::getpid()) + "-";
+    for (int number = 1; number <= kMaxBeside; number++) {
+        const std::string name = start + std::to_string(number);
+        const int fd =
+            ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
+        if (fd >= 0) {
+            keepMode(fd, target);
+            fresh = name;
+            return fd;
+        }
+        if (errno != EEXIST) {
+            return -1;
+        }
+    }
+    return -1;
+}
+
+void SafeFile::keepMode(int fd, const std::string& old) {
+    struct stat facts = {};
+    if (::stat(old.c_str(), &facts) == 0) {
+        static_cast<void>(::fchmod(fd, facts.st_mode & kPermissionBits));
+    }
 }
 
 bool SafeFile::writeAll(int fd, const void* bytes, size_t count) {

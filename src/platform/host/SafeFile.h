@@ -4,8 +4,8 @@
 // How to use it:
 //
 //     const std::string target = SafeFile::realTarget(path);   // a link stays a link
-//     const std::string fresh = target + ".new";
-//     const int fd = SafeFile::create(fresh);                  // -1: errno says why
+//     std::string fresh;
+//     const int fd = SafeFile::createBeside(target, fresh);    // -1: errno says why
 //     ... write everything to fd ...
 //     if (SafeFile::finish(fd) && SafeFile::replace(fresh, target)) { it is saved }
 //     else { unlink(fresh) }
@@ -26,9 +26,20 @@ public:
     /// nothing yet. Returns the path where the links go in a circle.
     static std::string realTarget(const std::string& path);
 
-    /// Makes a new file to write to, less what the user's mask takes away. An ordinary file that
-    /// lies there is deleted: it was left by a program that was killed. Anything else that lies
-    /// there is moved aside.
+    /// Makes a new file to write to in the folder of the target, under a name that nothing has:
+    /// nothing is deleted. It may be read and written by whom the target may; where that is
+    /// missing, by everybody, less what the user's mask takes away.
+    /// @param fresh  its path, to be renamed or deleted; untouched on failure
+    /// @returns a file descriptor for finish(), -1 on failure
+    static int createBeside(const std::string& target, std::string& fresh);
+
+    /// Gives an open file the permissions of another file, if that is there. A file system without
+    /// permissions refuses, and loses nothing by that.
+    static void keepMode(int fd, const std::string& old);
+
+    /// For names that only this program uses. Makes a new file to write to, less what the user's
+    /// mask takes away. An ordinary file that lies there is deleted: it was left by a program that
+    /// was killed. Anything else that lies there is moved aside.
     /// @returns a file descriptor for finish(), -1 on failure
     static int create(const std::string& path);
 
