@@ -54,6 +54,8 @@ murmelo_tests(sdl_tests
         platform/sdl/SdlHost_test.cpp
         platform/sdl/SdlInput_test.cpp
         platform/sdl/SdlKeys_test.cpp
+        platform/sdl/SdlMicrophone_test.cpp
+        platform/sdl/SdlPictures_test.cpp
         platform/sdl/SdlStrip_test.cpp
         platform/sdl/SdlWindow_test.cpp
         platform/sdl/SdlWishes_test.cpp

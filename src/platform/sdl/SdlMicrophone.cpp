@@ -147,7 +147,10 @@ int64_t SdlMicrophone::dueMs() const {
     if (silentSinceMs == kNever) {
         return heard->lastMs + kStalledMs;
     }
-    const int64_t wanted = std::max(listener->samplesWanted(), 1);
+    const int64_t wanted = listener->samplesWanted();
+    if (wanted <= 0) {
+        return retryMs;
+    }
     const int64_t missing = wanted - static_cast<int64_t>(heard->samples.size());
     const int64_t enoughMs =
         silentSinceMs + (silenceGiven + std::max<int64_t>(missing, kSamplesPerMs)) / kSamplesPerMs +

@@ -82,7 +82,13 @@ void SdlPictures::speak(const ScreenTexts& texts) {
 }
 
 int64_t SdlPictures::dueMs() {
+    if (frame == nullptr) {
+        return DueTime::kNever;
+    }
+    const int64_t nextMs = (nextPictureUs + kUsPerMs - 1) / kUsPerMs;
+    const int64_t stripMs = strip.strip().dueMs();
     const bool isNew = frameIsNew || strip.strip().isNew();
-    return DueTime::earlier(isNew ? (nextPictureUs + kUsPerMs - 1) / kUsPerMs : DueTime::kNever,
-                            strip.strip().dueMs());
+    // Before the next refresh nothing is looked at, whatever is due.
+    return DueTime::earlier(isNew ? nextMs : DueTime::kNever,
+                            stripMs != DueTime::kNever ? std::max(stripMs, nextMs) : stripMs);
 }

@@ -1,0 +1,64 @@
+// A microphone that no device serves, by a clock of the test's.
+#include "SdlMicrophone.h"
+#include "TestFolders.h"
+
+#include <gtest/gtest.h>
+#include <SDL.h>
+
+#include <atomic>
+#include <cstdlib>
+
+namespace {
+
+class Ear : public HostMicrophoneListener {
+public:
+    int32_t samplesWanted() override { return wanted; }
+
+    void onSamples() override { calls++; }
+
+    void onDeviceLost() override {}
+
+    int32_t wanted = 0;
+    int32_t calls = 0;
+};
+
+/// SDL's driver that reads a file: it has a microphone, which cannot be opened without the file.
+class SdlMicrophoneTest : public testing::Test {
+protected:
+    SdlMicrophoneTest() {
+        setenv("SDL_AUDIODRIVER", "disk", 1);
+        setenv("SDL_DISKAUDIOFILEIN", folders.path("nothing.raw").c_str(), 1);
+        SDL_InitSubSystem(SDL_INIT_EVENTS);
+        SDL_FlushEvent(SDL_AUDIODEVICEADDED);
+    }
+
+    ~SdlMicrophoneTest() override { SDL_QuitSubSystem(SDL_INIT_EVENTS); }
+
+    TestFolders folders;
+    std::atomic<int64_t> clockMs{0};
+    std::vector<HostMessage> told;
+    Ear ear;
+    SdlAudio audio;
+    SdlMicrophone microphone{audio, "", [this] { return clockMs.load(); }, [] {},
+                             [this](const HostMessage& message) { told.push_back(message); }};
+};
+
+}  // namespace
+
+TEST_F(SdlMicrophoneTest, aProgramThatWantsNothingIsNotRousedForSilence) {
+    ASSERT_TRUE(microphone.start(ear));
+    while (told.empty()) {  // the device cannot be used
+        microphone.deliver();
+        SDL_Delay(1);
+    }
+    for (clockMs = 10; clockMs < 500; clockMs = clockMs + 10) {
+        EXPECT_FALSE(microphone.deliver());
+        EXPECT_EQ(SdlMicrophone::kRetryMs, microphone.dueMs()) << clockMs;
+    }
+    ear.wanted = 1600;
+    EXPECT_TRUE(microphone.deliver());  // the silence of that time is there all the same
+    EXPECT_EQ(1, ear.calls);
+    microphone.stop();
+    int16_t samples[16000] = {};
+    EXPECT_EQ(500 * 16, microphone.take(samples, 16000));
+}

@@ -1,0 +1,62 @@
+// When the window looks at the picture, without a window.
+#include "DueTime.h"
+#include "SdlPictures.h"
+#include "TestFolders.h"
+#include "TestHost.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int64_t kUsPerMs = 1000;
+
+/// A frame on which nothing has changed.
+class StillFrame : public HostFrame {
+public:
+    void composeRows(uint16_t*, int32_t, const Rows&) override {}
+
+    Rows takeChanges() override { return {}; }
+};
+
+class SdlPicturesTest : public testing::Test {
+protected:
+    SdlPicturesTest() { host.mapShipped(); }
+
+    TestHost host;
+    TestFolders testFolders;
+    HostFolders folders;
+    int64_t clockUs = 0;
+    StillFrame frame;
+    TakeKeeper takes{testFolders.path("state"), [](const Problem&) {}};
+    SdlWindow window;
+    SdlStrip strip{folders, [this] { return clockUs / kUsPerMs; }};
+    Speech speech;
+    SdlPictures pictures{window, strip, speech, takes, [this] { return clockUs; }};
+};
+
+}  // namespace
+
+TEST_F(SdlPicturesTest, whatIsDueBeforeTheNextRefreshWaitsForIt) {
+    strip.tell("Hello");
+    const int64_t endMs = strip.strip().dueMs();
+    EXPECT_EQ(StripMessages::kShownMs, endMs);
+    clockUs = (endMs - 1) * kUsPerMs;
+    pictures.show(&frame);
+    pictures.presentIfDue(nullptr);  // nothing was new: looks again after a refresh
+    clockUs = endMs * kUsPerMs;
+    // Due now, and yet nothing may be shown: a loop that came back at once would spin.
+    EXPECT_LT(endMs, pictures.dueMs());
+    clockUs = pictures.dueMs() * kUsPerMs;
+    pictures.presentIfDue(nullptr);
+    EXPECT_TRUE(strip.strip().model().lines().empty());
+    EXPECT_EQ(DueTime::kNever, pictures.dueMs());
+}
+
+TEST_F(SdlPicturesTest, withoutAFrameNothingIsDue) {
+    strip.tell("Hello");
+    EXPECT_EQ(DueTime::kNever, pictures.dueMs());
+    pictures.show(&frame);
+    EXPECT_NE(DueTime::kNever, pictures.dueMs());
+    pictures.show(nullptr);
+    EXPECT_EQ(DueTime::kNever, pictures.dueMs());
+}
