@@ -213,6 +213,7 @@ HomeLock::~HomeLock() {
 
 Problem HomeLock::take(const std::string& home) {
     path = home + "/" + kLockName;
+    heldByAnother = false;
     // Once more when another program took its lock away between the opening and the locking.
     while (!isHeld) {
         if (file >= 0) {

@@ -47,7 +47,7 @@ public:
     /// else has the name of the lock
     Problem take(const std::string& home);
 
-    /// True if take() has found another program that holds it.
+    /// True if the last take() has found another program that holds it.
     bool isHeldByAnother() const { return heldByAnother; }
 
 private:

@@ -87,6 +87,7 @@ void SdlHost::tell(const char* name, const std::string& sentence) {
 }
 
 Problem SdlHost::open() {
+    otherStarts.open(options.folders.home);  // first: a second start may come at any moment
     if (Problem problem = VideoDriver::begin()) {
         return problem;
     }
@@ -94,7 +95,6 @@ Problem SdlHost::open() {
     if (Problem problem = window.open(options.folders.config, options.fullScreen)) {
         return problem;
     }
-    otherStarts.open(options.folders.home);
     // Only now: a large file, or one on a slow disk, must not keep the window away.
     if (!options.take.empty()) {
         extraDoors.offer(options.take);

@@ -20,6 +20,11 @@
 
 namespace {
 
+// A program that has only just begun may not listen yet. It does after some milliseconds, or on a
+// machine that has much to do after this.
+constexpr uint32_t kHandOverMs = 2000;
+constexpr uint32_t kAgainMs = 20;
+
 constexpr int kUsage = 2;  // a mistake on the command line, as the other programs answer it
 
 /// What is wrong before there is a window: on standard error, and where no terminal was seen when
@@ -127,6 +132,25 @@ Problem prepareSound(SdlOptions& options) {
     return checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
 }
 
+/// Hands the file over to the program that holds the home. If that one has ended meanwhile, the
+/// locks are taken.
+/// @param problem  why the locks were not taken; none if they are now
+/// @returns true if it was handed over: its window comes to the front
+bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
+    const std::string& home = options.folders.home;
+    for (uint32_t ms = 0; problem && locks.isHomeHeldByAnother(); ms += kAgainMs) {
+        if (StartSocket::handOver(home, fullName(options.take))) {
+            return true;
+        }
+        if (ms >= kHandOverMs || StartSocket::pathFor(home).empty()) {
+            return false;
+        }
+        SDL_Delay(kAgainMs);
+        problem = locks.take(options.folders);
+    }
+    return false;
+}
+
 int run(int argc, char** argv, SdlOptions options, const Complaints& complaints) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
@@ -196,11 +220,11 @@ int main(int argc, char** argv) {
         return std::string(word != nullptr ? word : "");
     };
     FolderLocks locks;
-    if (const Problem problem = locks.take(options.folders)) {
-        if (locks.isHomeHeldByAnother() &&
-            StartSocket::handOver(options.folders.home, fullName(options.take))) {
-            return EXIT_SUCCESS;  // its window has come to the front
-        }
+    Problem problem = locks.take(options.folders);
+    if (handOver(options, locks, problem)) {
+        return EXIT_SUCCESS;
+    }
+    if (problem) {
         return complaints.tell(problem.sentence());
     }
     return run(argc, argv, std::move(options), complaints);

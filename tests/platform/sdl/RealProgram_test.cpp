@@ -344,6 +344,35 @@ TEST_F(RealProgram, aSecondOneInTheSameHomeRaisesTheFirstAndHandsItsFileOver) {
     EXPECT_EQ(0, program.waitForEnd());
 }
 
+TEST_F(RealProgram, ofTwoStartedAtTheSameTimeOneHandsItsFileToTheOther) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("one.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
+    folders.write("two.wav", TestSounds::wav(TestSounds::noise(32000), 16000));
+    std::vector<std::string> words = command();
+    words.push_back(folders.path("one.wav"));
+    Program one(words);
+    words.back() = folders.path("two.wav");
+    Program two(words);
+    int status = -1;
+    bool isOneLeft = false;
+    ASSERT_TRUE(until([&] {
+        if (status == -1) {
+            status = one.waitForEnd(1);
+            isOneLeft = status == -1;
+        }
+        if (status == -1) {
+            status = two.waitForEnd(1);
+        }
+        return status != -1;
+    }));
+    EXPECT_EQ(0, status);
+    const size_t expected = 44 + 2 * (isOneLeft ? 16000 : 8000);
+    EXPECT_TRUE(until([&] { return sound("MrmLastRec.wav").size() == expected; }));
+    const Program& left = isOneLeft ? one : two;
+    left.send(SIGTERM);
+    EXPECT_EQ(0, (isOneLeft ? one : two).waitForEnd());
+}
+
 TEST_F(RealProgram, withoutARuntimeFolderASecondOneSaysSoAndEnds) {
     const std::string runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
     unsetenv("XDG_RUNTIME_DIR");
