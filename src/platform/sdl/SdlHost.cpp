@@ -246,9 +246,6 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         strip.handle(event);
         handleWindow(event);
         return false;
-    case SDL_AUDIODEVICEADDED:
-        ears.look();
-        return false;
     case SDL_AUDIODEVICEREMOVED:
         return ears.lose(event.adevice.which) || voice.lose(event.adevice.which);
     case SDL_APP_WILLENTERBACKGROUND:

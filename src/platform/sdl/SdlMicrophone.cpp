@@ -226,12 +226,6 @@ bool SdlMicrophone::lose(uint32_t lostDevice) {
     return true;
 }
 
-void SdlMicrophone::look() {
-    if (listener != nullptr && device == 0 && retryMs != kNever) {
-        retryMs = nowMs();
-    }
-}
-
 void SdlMicrophone::stop() {
     lost = false;
     if (listener != nullptr) {

@@ -26,7 +26,8 @@ public:
     // How long a device may deliver nothing before there is silence in its place.
     static constexpr int64_t kStalledMs = 1000;
 
-    // How often a device is sought while a recording hears none.
+    // How often a device is sought while a recording hears none. Each try begins SDL's sound again,
+    // which announces every device: an announcement says nothing about a device that is new.
     static constexpr int64_t kRetryMs = 1000;
 
     /// @param audio  not owned
@@ -55,9 +56,6 @@ public:
     /// heard something: then the listener was called. One that had heard nothing is replaced by
     /// silence.
     bool lose(uint32_t lostDevice);
-
-    /// SDL says that a device appeared: a recording that hears none looks for it at once.
-    void look();
 
     /// True if a device has delivered something since the last start().
     bool hasHeard() const;

@@ -357,7 +357,7 @@ TEST_F(RealLossSilence, aServerThatAppearsIsHeardAndOneThatGoesAndComesBackToo) 
     EXPECT_EQ(0, ear.losses);
 }
 
-TEST_F(RealLossSilence, aServerThatAppearsDuringARecordingIsHeardAtOnce) {
+TEST_F(RealLossSilence, aServerThatAppearsDuringARecordingIsHeard) {
     Ear ear;
     host->microphone()->prepare();
     testing::internal::CaptureStderr();

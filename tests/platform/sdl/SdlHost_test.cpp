@@ -216,6 +216,30 @@ TEST_F(SdlHostTest, aProgramThatWantsNoSamplesIsNotRoused) {
     host->microphone()->stop();
 }
 
+TEST_F(SdlHostTest, aDeviceThatCannotBeOpenedIsTriedOnceASecond) {
+    static int32_t found =
+        0;  // microphones that SDL has announced: each try begins its sound again
+    const auto count = [](void*, SDL_Event* event) {
+        found += event->type == SDL_AUDIODEVICEADDED && event->adevice.iscapture != 0 ? 1 : 0;
+        return 0;
+    };
+    open();
+    found = 0;
+    SDL_AddEventWatch(count, nullptr);
+    Ear ear;
+    testing::internal::CaptureStderr();
+    host->microphone()->start(ear);
+    const int64_t startMs = host->uptimeMs();
+    run(2500);
+    host->microphone()->stop();
+    const int64_t seconds = (host->uptimeMs() - startMs) / 1000;
+    SDL_DelEventWatch(count, nullptr);
+    testing::internal::GetCapturedStderr();
+    // When the sound begins, at the second try of the first look, and at one try each second.
+    EXPECT_GE(seconds + 2, found);
+    EXPECT_LE(2, found);
+}
+
 TEST_F(SdlHostTest, aClipIsPlayedWholeAtItsVolumeAndThenEnds) {
     open();
     ClipEnds end;
