@@ -57,8 +57,13 @@ bool SdlAudio::makeReady(Work& shared) {
 }
 
 bool SdlAudio::has(Kind kind) {
+    if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kPatienceMs))) {
+        return false;
+    }
     // A negative count: there may be some that cannot be listed.
-    return begin() && SDL_GetNumAudioDevices(isCapture(kind)) != 0;
+    const bool isAny = SDL_GetNumAudioDevices(isCapture(kind)) != 0;
+    work->system.unlock();
+    return isAny;
 }
 
 std::vector<std::string> SdlAudio::names(Kind kind) {
@@ -110,6 +115,28 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
     return device;
 }
 
+/// Another thread may end SDL's sound as soon as the lock is free and no device is counted.
+uint32_t
+SdlAudio::openCounted(Work& shared, Kind kind, const char* name, const SDL_AudioSpec& wanted) {
+    const std::lock_guard<std::timed_mutex> lock(shared.system);
+    return openLocked(shared, kind, name, wanted);
+}
+
+uint32_t
+SdlAudio::openLocked(Work& shared, Kind kind, const char* name, const SDL_AudioSpec& wanted) {
+    const SDL_AudioDeviceID device =
+        SDL_OpenAudioDevice(name, isCapture(kind), &wanted, nullptr, 0);
+    shared.openDevices += device != 0 ? 1 : 0;
+    return device;
+}
+
+void SdlAudio::closeCounted(Work& shared, uint32_t device) {
+    if (device != 0) {
+        SDL_CloseAudioDevice(device);
+        shared.openDevices--;
+    }
+}
+
 uint32_t
 SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wanted, bool& inTime) {
     // Whichever comes second cleans up: the thread that opens, or this one that waits for it.
@@ -121,14 +148,13 @@ SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wan
 
     const auto opening = std::make_shared<Opening>();
     inTime = doPatiently([opening, name, wanted, kind, shared = work] {
-        const SDL_AudioDeviceID device = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(),
-                                                             isCapture(kind), &wanted, nullptr, 0);
+        const SDL_AudioDeviceID device =
+            openCounted(*shared, kind, name.empty() ? nullptr : name.c_str(), wanted);
         const std::lock_guard<std::mutex> lock(opening->mutex);
         opening->device = device;
         if (opening->abandoned) {
-            SDL_CloseAudioDevice(device);
+            closeCounted(*shared, device);
         } else {
-            shared->openDevices += device != 0 ? 1 : 0;
             SDL_PauseAudioDevice(device, 0);  // at once: until then it plays silence
         }
     });
@@ -139,8 +165,7 @@ SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wan
 
 void SdlAudio::closeLater(uint32_t device, std::shared_ptr<void> callbackState) {
     start([device, state = std::move(callbackState), shared = work] {
-        SDL_CloseAudioDevice(device);
-        shared->openDevices--;
+        closeCounted(*shared, device);
     });
 }
 
@@ -181,16 +206,15 @@ void SdlAudio::openInto(Opening& opening,
         // SDL itself would open the default as well, and say nothing.
         usedDefault = !name.empty() && std::find(known.begin(), known.end(), name) == known.end();
         const char* wantedName = name.empty() || usedDefault ? nullptr : name.c_str();
-        device = isReady ? SDL_OpenAudioDevice(wantedName, 1, &wanted, nullptr, 0) : 0;
+        device = isReady ? openLocked(shared, Kind::kMicrophone, wantedName, wanted) : 0;
     }
     const std::lock_guard<std::mutex> lock(opening.mutex);
     opening.isFinished = true;
     opening.usedDefault = usedDefault && device != 0;
     opening.error = device == 0 ? SDL_GetError() : "";
     if (device != 0 && opening.isAbandoned) {
-        SDL_CloseAudioDevice(device);
+        closeCounted(shared, device);
     } else if (device != 0) {
-        shared.openDevices++;
         opening.device = device;
         SDL_PauseAudioDevice(device, 0);
     }

@@ -107,12 +107,18 @@ private:
         int32_t pieces = 0;
         std::atomic<int32_t> openDevices{0};
         std::atomic<bool> isReady{false};
-        std::timed_mutex system;  // held while SDL's sound is begun, ended or asked for names
+        // Held while SDL's sound is begun, ended or asked for names, and while a device is opened.
+        std::timed_mutex system;
     };
 
     static bool makeReady(Work& shared);
     static void
     openInto(Opening& opening, Work& shared, const std::string& name, const SDL_AudioSpec& wanted);
+    static uint32_t
+    openCounted(Work& shared, Kind kind, const char* name, const SDL_AudioSpec& wanted);
+    static uint32_t
+    openLocked(Work& shared, Kind kind, const char* name, const SDL_AudioSpec& wanted);
+    static void closeCounted(Work& shared, uint32_t device);
     static std::vector<std::string> listNames(Kind kind);
 
     /// Begins a piece of work on another thread.
