@@ -34,12 +34,15 @@ bool Strip::touch(Touch touch, int32_t x, int32_t y, int64_t nowMs) {
     const int32_t py = toProgramPx(y);
     if (touch == Touch::kPress) {
         touched = isShown && row.covers(px, py);
+        pressed = row.buttonAt(px, py);
     }
     const bool isOurs = touched;
     if (touch == Touch::kRelease && touched) {
         touched = false;
         feeding.look(nowMs);
-        fulfilling.fulfil(row.tap(px, py), nowMs);
+        if (row.buttonAt(px, py).isSameAs(pressed)) {
+            fulfilling.fulfil(row.tap(px, py), nowMs);
+        }
     }
     return isOurs;
 }

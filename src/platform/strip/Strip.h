@@ -35,7 +35,8 @@ public:
     int64_t dueMs() const { return feeding.dueMs(); }
 
     /// A touch in pixels of the 480 x 800 display, and what it wishes is fulfilled. One that goes
-    /// down on the strip or its sheet is the strip's until it is lifted.
+    /// down on the strip or its sheet is the strip's until it is lifted; it wishes nothing if that
+    /// is not on the button where it went down.
     /// @returns false if the touch is the program's
     bool touch(HostListener::Touch touch, int32_t x, int32_t y, int64_t nowMs);
 
@@ -62,6 +63,7 @@ private:
     StripFrame frame{row};
     bool isShown = false;  // the program runs
     bool touched = false;  // the finger went down on it
+    StripButton pressed;   // the finger went down on this one; without a wish: on none
 };
 
 /// Hands touches to the strip first, and everything else to the program.

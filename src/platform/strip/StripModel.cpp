@@ -26,6 +26,10 @@ bool StripButton::canBeWished() const {
     return isEnabled || wish.kind == Kind::kSave || wish.kind == Kind::kOpen;
 }
 
+bool StripButton::isSameAs(const StripButton& other) const {
+    return wish == other.wish && place == other.place;
+}
+
 bool StripButton::operator==(const StripButton& other) const {
     return wish == other.wish && name == other.name && isEnabled == other.isEnabled &&
            isLit == other.isLit && place.x == other.place.x && place.y == other.place.y &&

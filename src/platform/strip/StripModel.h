@@ -26,6 +26,9 @@ struct StripButton {
     /// True if a tap is a wish all the same: the host says why nothing can be saved or opened.
     bool canBeWished() const;
 
+    /// True if it means the same and stands at the same place, however it looks now.
+    bool isSameAs(const StripButton& other) const;
+
     bool operator==(const StripButton& other) const;
 };
 
@@ -90,6 +93,9 @@ public:
 
     /// A tap. Closes what is to be closed by it and returns what the host has to do.
     StripWish tap(int32_t x, int32_t y);
+
+    /// The button that a tap here would choose; without a wish: none.
+    StripButton buttonAt(int32_t x, int32_t y) const;
 
     /// True if a touch here is the strip's, and not the picture's.
     bool covers(int32_t x, int32_t y) const;

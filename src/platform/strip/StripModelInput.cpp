@@ -15,16 +15,21 @@ bool isIn(const ScreenPlace& place, int32_t x, int32_t y) {
 
 }  // namespace
 
-StripWish StripModel::tap(int32_t x, int32_t y) {
+StripButton StripModel::buttonAt(int32_t x, int32_t y) const {
     const std::vector<StripButton> all = buttons();
     const auto hit = std::find_if(all.begin(), all.end(), [x, y](const StripButton& button) {
         return isIn(button.place, x, y) && button.canBeWished();
     });
+    return hit != all.end() ? *hit : StripButton();
+}
+
+StripWish StripModel::tap(int32_t x, int32_t y) {
+    const StripButton hit = buttonAt(x, y);
     const bool isInStrip = x >= 0 && x < kWidthPx && y >= 0 && y < kHeightPx;
     const bool isOnLines =
         isInStrip && y < StripLayout::kLineHeightPx * static_cast<int32_t>(shownLines.size());
-    if (hit != all.end()) {
-        return chosen(*hit);
+    if (hit.wish) {
+        return chosen(hit);
     }
     if (openSheet != Sheet::kNone || (messages.shown() != nullptr && isOnLines)) {
         return key(StripKey::kClose);

@@ -254,6 +254,35 @@ TEST_F(StripFeedTest, aFingerThatLeavesTheStripWantsNothing) {
     EXPECT_TRUE(doors.shown.empty());
 }
 
+TEST_F(StripFeedTest, aFingerThatSlidesToAnotherButtonWantsNothing) {
+    go("Play", 0);
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 48, 126, 0));  // "Save"
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kMove, 432, 126, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 432, 126, 0));  // "Help"
+    EXPECT_EQ(0, doors.saved);
+    EXPECT_EQ(StripModel::Sheet::kNone, strip.model().sheet());
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 300, 126, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 48, 150, 0));
+    EXPECT_EQ(0, doors.saved);
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 20, 126, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 70, 140, 0));  // on the same button
+    EXPECT_EQ(1, doors.saved);
+}
+
+TEST_F(StripFeedTest, aFingerThatLeavesAButtonOfTheSheetLeavesItOpen) {
+    go("Play", 0);
+    strip.key(StripKey::kHelp, 0);
+    const ScreenPlace close = strip.model().buttons().back().place;
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 240, 2 * close.y + 10, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 240, 300, 0));
+    EXPECT_EQ(StripModel::Sheet::kHelp, strip.model().sheet());
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 240, 300, 0));
+    EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 240, 2 * close.y + 10, 0));
+    EXPECT_EQ(StripModel::Sheet::kHelp, strip.model().sheet());
+    tap(240, 300);
+    EXPECT_EQ(StripModel::Sheet::kNone, strip.model().sheet());
+}
+
 TEST_F(StripFeedTest, aHostFulfilsWhatItHandles) {
     std::vector<StripWish> wishes;
     strip.wishes().on(Kind::kOpen, [&wishes](const StripWish& wish) { wishes.push_back(wish); });
