@@ -76,6 +76,19 @@ KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors, bool closes) {
     }
 }
 
+bool KeyRules::isOfPhone(const KeyPress& press, HostKey& key) {
+    if (press.alt || press.control) {
+        return false;
+    }
+    const bool isSpace = press.name == Name::kCharacter && press.character == ' ';
+    const KeyDeed deed = isSpace ? navigation(HostKey::kMiddle) : ofName(press.name);
+    if (deed.kind != Kind::kNavigate) {
+        return false;
+    }
+    key = deed.key;
+    return true;
+}
+
 KeyDeed KeyRules::withControl(char character, bool shift) {
     switch (character) {
     case 's':

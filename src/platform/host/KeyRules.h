@@ -70,6 +70,11 @@ public:
     /// @param closes  the strip shows something that Escape closes first
     static KeyDeed deedOf(const KeyPress& press, HostDoors* doors, bool closes = false);
 
+    /// True if it is one of the phone's keys by itself, whatever the picture shows: an arrow,
+    /// Enter, Space, F1, F2.
+    /// @param key  which one; untouched otherwise
+    static bool isOfPhone(const KeyPress& press, HostKey& key);
+
 private:
     static KeyDeed withControl(char character, bool shift);
     static KeyDeed ofCharacter(char character, HostDoors* doors);

@@ -15,12 +15,14 @@ SdlDeeds::SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, Key
 bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors) {
     switch (deed.kind) {
     case Kind::kNavigate:
+        strip.closeSheet();
         return doors != nullptr && doors->navigate(deed.key);
     case Kind::kVolumeUp:
     case Kind::kVolumeDown:
         listener.onVolumeKey(deed.kind == Kind::kVolumeUp);
         return true;
     case Kind::kRecord:
+        strip.closeSheet();
         walk.toRecording();
         return false;
     case Kind::kExport:

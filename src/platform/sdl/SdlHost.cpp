@@ -274,6 +274,9 @@ bool SdlHost::handleKey(const SDL_Event& event, HostListener& listener) {
         return false;
     }
     walk.giveUp();
+    if (strip.navigate(press)) {
+        return true;
+    }
     return deeds.perform(KeyRules::deedOf(press, doors, strip.strip().canClose()), listener, doors);
 }
 

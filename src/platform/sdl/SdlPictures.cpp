@@ -73,12 +73,14 @@ void SdlPictures::speak(const ScreenTexts& texts) {
         return;
     }
     std::string message;
-    if (strip.strip().model().isTelling()) {
-        for (const std::string& row : strip.strip().model().lines()) {
+    const StripModel& model = strip.strip().model();
+    if (model.isTelling()) {
+        for (const std::string& row : model.lines()) {
             message += (message.empty() ? "" : " ") + row;
         }
     }
-    speech.say(spoken.change(texts, message), texts.language);
+    const bool isCovered = strip.strip().coversPicture();
+    speech.say(spoken.change(isCovered ? model.sheetTexts() : texts, message), texts.language);
 }
 
 int64_t SdlPictures::dueMs() {

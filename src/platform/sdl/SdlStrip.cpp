@@ -96,6 +96,17 @@ void SdlStrip::show(const std::string& path, bool isFolder) {
     }
 }
 
+bool SdlStrip::navigate(const KeyPress& press) {
+    HostKey key = HostKey::kMiddle;
+    return KeyRules::isOfPhone(press, key) && row.navigate(key, nowMs());
+}
+
+void SdlStrip::closeSheet() {
+    if (row.coversPicture()) {
+        row.key(StripKey::kClose, nowMs());
+    }
+}
+
 void SdlStrip::handle(const SDL_Event& event) {
     if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_LEAVE) {
         row.point(-1, -1);

@@ -3,6 +3,7 @@
 
 #include "Host.h"
 #include "HostMessage.h"
+#include "KeyRules.h"
 #include "Strip.h"
 #include "StripWish.h"
 
@@ -39,6 +40,13 @@ public:
 
     /// True if the strip has used it; counts as a callback.
     bool key(StripKey key) { return row.key(key, nowMs()); }
+
+    /// A key of the phone goes to the sheet while that lies over its picture. True if the sheet has
+    /// it; counts as a callback.
+    bool navigate(const KeyPress& press);
+
+    /// Closes the sheet if it is open: a key means something else.
+    void closeSheet();
 
     /// The mouse may have left the window.
     void handle(const SDL_Event& event);

@@ -60,3 +60,12 @@ bool Strip::key(StripKey key, int64_t nowMs) {
     fulfilling.fulfil(wish, nowMs);
     return static_cast<bool>(wish);
 }
+
+bool Strip::navigate(HostKey key, int64_t nowMs) {
+    if (!coversPicture()) {
+        return false;
+    }
+    feeding.look(nowMs);
+    fulfilling.fulfil(row.navigate(key), nowMs);
+    return true;
+}

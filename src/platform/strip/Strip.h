@@ -47,6 +47,13 @@ public:
     /// @returns false if the strip has no use for it now
     bool key(StripKey key, int64_t nowMs);
 
+    /// A key of the phone, which goes to the sheet while that lies over the picture.
+    /// @returns false if the key is the program's
+    bool navigate(HostKey key, int64_t nowMs);
+
+    /// True if the sheet lies over the picture.
+    bool coversPicture() const { return isShown && row.sheet() != StripModel::Sheet::kNone; }
+
     /// True if there is something that the key for it closes.
     bool canClose() const { return isShown && row.canClose(); }
 

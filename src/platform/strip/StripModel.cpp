@@ -139,12 +139,14 @@ bool StripModel::tick(int64_t nowMs) {
 
 void StripModel::showMicrophones() {
     firstChoice = 0;
+    focus = kNoFocus;
     openSheet = Sheet::kMicrophones;
     lookAgain();
 }
 
 void StripModel::showHelp(std::vector<std::string> text) {
     paragraphs = std::move(text);
+    focus = kNoFocus;
     openSheet = Sheet::kHelp;
     lookAgain();
 }

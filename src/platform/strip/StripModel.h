@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+enum class HostKey;
+
 /// Something that can be tapped.
 struct StripButton {
     StripWish wish;     // what a tap on it means
@@ -106,6 +108,16 @@ public:
     /// A key; kNone if the strip has no use for it now.
     StripWish key(StripKey key);
 
+    /// A key of the phone while the sheet lies over its picture: arrows move the focus, the middle
+    /// key chooses, the others do nothing. Returns what the host has to do.
+    StripWish navigate(HostKey key);
+
+    /// The button of the sheet that has the focus, once a key has moved it; without a wish: none.
+    StripButton shownFocus() const;
+
+    /// What the sheet says in words: its title, its text, its buttons and the focus among them.
+    ScreenTexts sheetTexts() const;
+
     /// True if a message or the sheet is there to be closed.
     bool canClose() const { return openSheet != Sheet::kNone || messages.shown() != nullptr; }
 
@@ -155,6 +167,8 @@ public:
     const std::string& language() const { return code; }
 
 private:
+    static constexpr int32_t kNoFocus = -1;  // no key has moved it
+
     template <typename T>
     void assign(T& field, const T& value) {
         if (!(field == value)) {
@@ -175,6 +189,8 @@ private:
     void addHeads(std::vector<StripButton>& all) const;
     void addKeys(std::vector<StripButton>& all) const;
     void addSheet(std::vector<StripButton>& all) const;
+    std::vector<StripButton> sheetButtons() const;
+    int32_t focusAmong(const std::vector<StripButton>& all) const;
     void addChoices(std::vector<StripButton>& all) const;
     void addMore(std::vector<StripButton>& all) const;
     const char* hintOf(const StripWish& wish) const;
@@ -203,7 +219,8 @@ private:
     bool telling = false;
 
     Sheet openSheet = Sheet::kNone;
-    int32_t firstChoice = 0;  // of the list
+    int32_t firstChoice = 0;   // of the list
+    int32_t focus = kNoFocus;  // among the buttons of the sheet that can be chosen
     std::vector<std::string> paragraphs;
     std::vector<std::string> rows;
 

@@ -8,6 +8,8 @@
 #include "StripLayout.h"
 #include "StripPictures.h"
 
+#include <algorithm>
+
 using Kind = StripWish::Kind;
 
 namespace {
@@ -167,6 +169,15 @@ void paintMore(StripBrush& brush, BitMapFont* font, const StripButton& button) {
                        button.isEnabled ? kActionArgb : kGreyArgb);
 }
 
+/// Two lines of white: it stands out also from what is lit.
+void paintFocus(StripBrush& brush, const StripButton& button) {
+    const ScreenPlace& place = button.place;
+    const ScreenPlace outer{place.x + 2, place.y - StripLayout::kHeightPx, place.w - 4,
+                            std::min(place.h, StripLayout::kMoreHeightPx) - 1};
+    brush.frameRounded(outer, kWhiteArgb);
+    brush.frameRounded({outer.x + 1, outer.y + 1, outer.w - 2, outer.h - 2}, kWhiteArgb);
+}
+
 bool isMore(const StripButton& button) {
     return button.wish.kind == Kind::kExport || button.wish.kind == Kind::kBringBack ||
            button.wish.kind == Kind::kForget;
@@ -246,6 +257,9 @@ void StripPainter::paintSheet(const StripModel& model, uint16_t* rgb565, int32_t
             paintChoice(brush, font, button,
                         [this](const std::string& utf8) { return textWidth(utf8); });
         }
+    }
+    if (const StripButton focus = model.shownFocus(); focus.wish) {
+        paintFocus(brush, focus);
     }
     copy565(*sheet, rgb565, strideBytes);
 }

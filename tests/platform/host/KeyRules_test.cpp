@@ -157,3 +157,23 @@ TEST_F(KeyRulesTest, escapeClosesFirstWhatCanBeClosed) {
     EXPECT_EQ(KeyDeed{Kind::kClose}, KeyRules::deedOf({Name::kEscape}, nullptr, true));
     EXPECT_EQ(KeyDeed{Kind::kHelp}, KeyRules::deedOf({Name::kCharacter, '?'}, &doors, true));
 }
+
+TEST(KeyRules, whatIsAKeyOfThePhoneByItself) {
+    HostKey key = HostKey::kLeftSoft;
+    KeyPress press;
+    press.name = Name::kDown;
+    EXPECT_TRUE(KeyRules::isOfPhone(press, key));
+    EXPECT_EQ(HostKey::kDown, key);
+    press.name = Name::kCharacter;
+    press.character = ' ';
+    EXPECT_TRUE(KeyRules::isOfPhone(press, key));
+    EXPECT_EQ(HostKey::kMiddle, key);
+    press.character = 'r';  // means it only where the picture says so
+    EXPECT_FALSE(KeyRules::isOfPhone(press, key));
+    press.name = Name::kEnter;
+    press.alt = true;
+    EXPECT_FALSE(KeyRules::isOfPhone(press, key));
+    press.alt = false;
+    press.name = Name::kF11;
+    EXPECT_FALSE(KeyRules::isOfPhone(press, key));
+}

@@ -485,6 +485,29 @@ TEST_F(RealProgram, keysOfTheStripWorkInTheWindow) {
     EXPECT_EQ(0, program.waitForEnd());
 }
 
+TEST_F(RealProgram, theListOfMicrophonesIsUsedByKeysAndHidesThePictureFromThem) {
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(says("Menu")) << title();
+    keyOn("m");
+    keyOn("Down");    // to the first device
+    keyOn("Return");  // chooses it, and does not record
+    ASSERT_TRUE(until([this] { return folders.has("config/microphone"); }));
+    EXPECT_LT(1U, folders.read("config/microphone").size());
+    EXPECT_EQ("Menu - Murmelo", title());
+    keyOn("m");
+    key("F1");  // "Quit" of the menu under it
+    keyOn("Escape");
+    EXPECT_EQ("Menu - Murmelo", title());
+    keyOn("question");
+    keyOn("Return");  // closes the help
+    keyOn("question");
+    key("r");  // a recording is a wish of its own
+    EXPECT_TRUE(says("Recording")) << title();
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+}
+
 TEST_F(RealProgram, aTakeThatWasDeletedComesBackByTheStrip) {
     folders.write("config/settings", "lang=0\n");
     Program program(commandWithVoice(16000));

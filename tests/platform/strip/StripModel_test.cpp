@@ -1,3 +1,4 @@
+#include "Host.h"
 #include "StripLayout.h"
 #include "StripModel.h"
 
@@ -406,4 +407,88 @@ TEST(StripModel, wordsFollowTheLanguage) {
     model.setScreen(texts, 2, true);
     EXPECT_EQ("Speichern", buttonsOf(model, Kind::kSave)[0].name);
     EXPECT_EQ("Mikro", buttonsOf(model, Kind::kMicrophones)[0].name);
+}
+
+namespace {
+
+/// A list of two microphones, the second of which is in use.
+StripModel withList() {
+    StripModel model = on("Play");
+    model.setMicrophones({"Built-in", "Headset"}, 1);
+    model.showMicrophones();
+    return model;
+}
+
+std::string focusIn(const StripModel& model) {
+    for (const ScreenTexts::Entry& entry : model.sheetTexts().entries) {
+        if (entry.isFocused) {
+            return entry.text;
+        }
+    }
+    return "";
+}
+
+}  // namespace
+
+TEST(StripModel, keysOfThePhoneMoveOnTheSheetAndChooseThere) {
+    StripModel model = withList();
+    EXPECT_EQ("Headset", focusIn(model));
+    EXPECT_EQ(StripWish(), model.shownFocus().wish);  // who uses the mouse sees none
+    EXPECT_EQ(wish(Kind::kClose), model.navigate(HostKey::kUp));
+    EXPECT_EQ("Built-in", focusIn(model));
+    EXPECT_EQ("Built-in", model.shownFocus().name);
+    EXPECT_EQ(wish(Kind::kUseMicrophone, 0), model.navigate(HostKey::kMiddle));
+    EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+    EXPECT_EQ(StripWish(), model.navigate(HostKey::kMiddle));
+}
+
+TEST(StripModel, theFocusGoesRoundOnTheSheet) {
+    StripModel model = withList();
+    std::vector<std::string> names;
+    for (int32_t i = 0; i < 4; i++) {
+        model.navigate(i % 2 == 0 ? HostKey::kDown : HostKey::kRight);
+        names.push_back(focusIn(model));
+    }
+    EXPECT_EQ((std::vector<std::string>{"Close", "The system’s choice", "Built-in", "Headset"}),
+              names);
+    model.navigate(HostKey::kLeft);
+    EXPECT_EQ("Built-in", focusIn(model));
+    EXPECT_EQ(wish(Kind::kClose), model.navigate(HostKey::kRightSoft));  // does nothing
+    EXPECT_EQ("Built-in", focusIn(model));
+    model.showMicrophones();
+    EXPECT_EQ("Headset", focusIn(model));  // each time it opens
+}
+
+TEST(StripModel, theFocusBeginsAtTheTopOfThePageThatIsTurnedTo) {
+    StripModel model = on("Play");
+    std::vector<std::string> names;
+    for (int32_t i = 0; i < 12; i++) {
+        names.push_back("mic " + std::to_string(i));
+    }
+    model.setMicrophones(names, StripWish::kSystemsChoice);
+    model.showMicrophones();
+    for (int32_t i = 0; i < 9; i++) {
+        model.navigate(HostKey::kDown);
+    }
+    EXPECT_EQ(wish(Kind::kClose), model.navigate(HostKey::kMiddle));  // "More"
+    EXPECT_EQ(StripModel::Sheet::kMicrophones, model.sheet());
+    EXPECT_EQ("mic 8", focusIn(model));
+    EXPECT_EQ(wish(Kind::kUseMicrophone, 8), model.navigate(HostKey::kMiddle));
+}
+
+TEST(StripModel, onTheHelpTheFocusBeginsAtClose) {
+    StripModel model = on("Play", false);
+    model.setOffersMore(true);
+    model.showHelp({"One.", "Two."});
+    EXPECT_EQ("Close", focusIn(model));
+    EXPECT_EQ("One. Two.", model.sheetTexts().message);
+    EXPECT_EQ("Help", model.sheetTexts().title);
+    model.navigate(HostKey::kDown);  // without a sound and a take it is the only one
+    EXPECT_EQ("Close", focusIn(model));
+    model.setLastTake(true);
+    model.setCanOpen(true);
+    model.showHelp({"One."});
+    model.navigate(HostKey::kUp);
+    EXPECT_EQ("Forget", focusIn(model));
+    EXPECT_EQ(wish(Kind::kForget), model.navigate(HostKey::kMiddle));
 }

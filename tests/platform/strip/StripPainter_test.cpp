@@ -1,4 +1,5 @@
 #include "HostMessage.h"
+#include "Host.h"
 #include "HostWords.h"
 #include "Languages.h"
 #include "StripLayout.h"
@@ -208,4 +209,32 @@ TEST_F(StripPainterTest, aTextOfAnyBytesIsPainted) {
     StripModel playing = model("Play");
     playing.tell("\xFF\xC3 \x80\xF0\x9F\x8E\xA4 Ω\n\t", {}, "", 0);
     EXPECT_NE(paint(model("Play")), paint(playing));
+}
+
+TEST_F(StripPainterTest, theFocusIsSeenWhereItIsAndOnlyThere) {
+    StripModel made = model("Play");
+    made.setMicrophones({"Built-in", "Headset"}, 0);
+    made.showMicrophones();
+    const auto sheet = [&] {
+        std::vector<uint16_t> pixels(
+            static_cast<size_t>(StripModel::kWidthPx * StripModel::kSheetHeightPx));
+        painter->paintSheet(made, pixels.data(), kStrideBytes);
+        return pixels;
+    };
+    const std::vector<uint16_t> without = sheet();
+    for (int32_t i = 0; i < 4; i++) {
+        made.navigate(HostKey::kDown);
+        const ScreenPlace place = made.shownFocus().place;
+        const std::vector<uint16_t> with = sheet();
+        int32_t changed = 0;
+        for (size_t at = 0; at < with.size(); at++) {
+            const int32_t y =
+                static_cast<int32_t>(at) / StripModel::kWidthPx + StripModel::kHeightPx;
+            if (with[at] != without[at]) {
+                changed++;
+                ASSERT_TRUE(y >= place.y && y < place.y + place.h) << made.shownFocus().name;
+            }
+        }
+        EXPECT_LT(StripModel::kWidthPx, changed) << made.shownFocus().name;
+    }
 }
