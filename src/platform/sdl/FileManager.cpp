@@ -1,9 +1,12 @@
 #include "FileManager.h"
 
+#include "OwnEnvironment.h"
+
 #include <cerrno>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -38,9 +41,15 @@ bool FileManager::show(const std::string& folder) {
     sigset_t none;
     sigemptyset(&none);
     posix_spawnattr_setsigmask(&attributes, &none);
+    std::vector<std::string> variables = OwnEnvironment::ofUser();
+    std::vector<char*> environment;
+    for (std::string& variable : variables) {
+        environment.push_back(variable.data());
+    }
+    environment.push_back(nullptr);
     pid_t child = 0;
     const bool isStarted =
-        posix_spawn(&child, "/bin/sh", nullptr, &attributes, words, environ) == 0;
+        posix_spawn(&child, "/bin/sh", nullptr, &attributes, words, environment.data()) == 0;
     posix_spawnattr_destroy(&attributes);
     return isStarted && succeeds(child);
 }

@@ -1,11 +1,19 @@
 #include "VideoDriver.h"
 
+#include "OwnEnvironment.h"
+
 #include <SDL.h>
 
 #include <cstdlib>
 #include <unistd.h>
 
 namespace {
+
+void setUnlessSet(const char* variable, const char* value) {
+    if (std::getenv(variable) == nullptr) {
+        OwnEnvironment::set(variable, value);
+    }
+}
 
 void setHints() {
     // The window's pixels come ready-made: looking for a graphics processor to double them takes
@@ -15,7 +23,7 @@ void setHints() {
     }
     SDL_SetHint(SDL_HINT_APP_NAME, "Murmelo");
     // By the desktop entry's name Wayland finds the icon, and tells whose window it is.
-    ::setenv("SDL_VIDEO_WAYLAND_WMCLASS", "org.murmelo.Murmelo", 0);
+    setUnlessSet("SDL_VIDEO_WAYLAND_WMCLASS", "org.murmelo.Murmelo");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
@@ -62,14 +70,14 @@ void doWithoutDesktopServices() {
     // The user writes no text: the table of accented letters need not be read. Wayland's keyboard
     // takes no empty one.
     if (comesToX11()) {
-        ::setenv("XCOMPOSEFILE", "/dev/null", 1);
+        OwnEnvironment::set("XCOMPOSEFILE", "/dev/null");
     }
     // Where the session has no message bus, asking for one forks a search for a program that starts
     // one.
     const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
     const std::string bus = (runtimeFolder != nullptr ? runtimeFolder : "") + std::string("/bus");
     if (::access(bus.c_str(), F_OK) != 0) {
-        ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 0);  // unless the session names one
+        setUnlessSet("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     }
 }
 

@@ -1,4 +1,5 @@
 #include "FileManager.h"
+#include "OwnEnvironment.h"
 #include "TestFolders.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +58,22 @@ TEST_F(FileManagerTest, itLivesInASessionOfItsOwn) {
     EXPECT_TRUE(FileManager::show("/tmp"));
     const std::string session = shown().substr(5);
     EXPECT_NE(getsid(0), std::atoi(session.c_str()));
+}
+
+TEST_F(FileManagerTest, itSeesTheEnvironmentThatTheUserStartedTheProgramWith) {
+    setenv("MURMELO_TEST_CHANGED", "the user's", 1);
+    unsetenv("MURMELO_TEST_NEW");
+    OwnEnvironment::set("MURMELO_TEST_CHANGED", "the program's");
+    OwnEnvironment::set("MURMELO_TEST_CHANGED", "again the program's");
+    OwnEnvironment::set("MURMELO_TEST_NEW", "the program's");
+    EXPECT_STREQ("again the program's", std::getenv("MURMELO_TEST_CHANGED"));
+    const std::string script = "#!/bin/sh\n{ echo \"$MURMELO_TEST_CHANGED\"; echo "
+                               "\"${MURMELO_TEST_NEW-not there}\"; } >\"" +
+                               folders.path("shown") + "\"\n";
+    folders.write("bin/xdg-open", script);
+    ::chmod(folders.path("bin/xdg-open").c_str(), 0755);
+    EXPECT_TRUE(FileManager::show("/tmp"));
+    EXPECT_EQ("the user's\nnot there\n", shown());
 }
 
 TEST_F(FileManagerTest, withoutOneNothingIsShown) {
