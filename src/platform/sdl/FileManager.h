@@ -5,8 +5,9 @@
 
 class FileManager {
 public:
-    /// Shows a folder in a window of its own, which outlives this program. Does not wait for it.
+    /// Shows a folder in a window of its own, which outlives this program. Waits for xdg-open,
+    /// which on some desktops lasts as long as that window: not for the event thread.
     /// @param folder  an absolute path
-    /// @returns false if the machine has no program for that (xdg-open)
+    /// @returns false if the machine has no xdg-open, or that says that it failed
     static bool show(const std::string& folder);
 };

@@ -49,7 +49,8 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           [this] { rouse(); },
           [this](const HostMessage& message) { tell(message); })
     , input(*this)
-    , strip(options.folders, [this] { return uptimeMs(); })
+    , strip(
+          options.folders, [this] { return uptimeMs(); }, [this] { rouse(); })
     , extraDoors(
           options.folders,
           takes,
@@ -193,6 +194,7 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
     for (;;) {
         events.listen();
         extraDoors.tellSaved();
+        strip.deliver();
         otherStarts.deliver(window, extraDoors);
         if (const std::string problem = speech.takeProblem(); !problem.empty()) {
             tell({"notSpoken", {problem}});

@@ -38,9 +38,10 @@ StripWish actionOf(const HostMessage& message) {
 
 }  // namespace
 
-SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs)
+SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake)
     : folders(folders)
-    , nowMs(std::move(nowMs)) {
+    , nowMs(std::move(nowMs))
+    , errands(std::move(wake)) {
     row.wishes().on(Kind::kSounds,
                     [this](const StripWish&) { show(this->folders.sounds(), true); });
     row.wishes().on(Kind::kShowFile, [this](const StripWish& wish) { show(wish.path, false); });
@@ -91,9 +92,15 @@ void SdlStrip::show(const std::string& path, bool isFolder) {
     const std::string folder = isFolder ? path : std::filesystem::path(path).parent_path().string();
     std::error_code error;
     std::filesystem::create_directories(folder, error);  // before the first sound there is none
-    if (!FileManager::show(folder)) {
-        tell(HostMessage{"cannotShow", {folder}});
-    }
+    errands.start([this, folder] {
+        const bool isShown = FileManager::show(folder);
+        return [this, folder, isShown] {
+            if (!isShown) {
+                tell(HostMessage{"cannotShow", {folder}});
+            }
+            return false;
+        };
+    });
 }
 
 bool SdlStrip::navigate(const KeyPress& press) {

@@ -1,6 +1,7 @@
 // The strip in the window: the mouse that points, messages, and wishes that need the desktop.
 #pragma once
 
+#include "Errands.h"
 #include "Host.h"
 #include "HostMessage.h"
 #include "KeyRules.h"
@@ -20,7 +21,8 @@ public:
 
     /// @param folders  where sounds lie; not owned
     /// @param nowMs    the host's clock
-    SdlStrip(const HostFolders& folders, Clock nowMs);
+    /// @param wake     rouses the event thread for deliver(); called on other threads
+    SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake = {});
 
     Strip& strip() { return row; }
 
@@ -34,6 +36,9 @@ public:
 
     /// A picture of the screen was written there.
     void tellPicture(const std::string& path);
+
+    /// Tells what has become of the desktop's programs that were started.
+    void deliver() { errands.deliver(); }
 
     /// Looks at the program; the folder of sounds can have come with its first start.
     void look();
@@ -57,6 +62,7 @@ private:
 
     const HostFolders& folders;
     Clock nowMs;
+    Errands errands;
     Strip row;
     std::vector<HostMessage> waiting;
 };

@@ -60,6 +60,12 @@ TEST_F(FileManagerTest, itLivesInASessionOfItsOwn) {
     EXPECT_NE(getsid(0), std::atoi(session.c_str()));
 }
 
+TEST_F(FileManagerTest, oneThatFailsIsTold) {
+    folders.write("bin/xdg-open", "#!/bin/sh\nexit 3\n");
+    ::chmod(folders.path("bin/xdg-open").c_str(), 0755);
+    EXPECT_FALSE(FileManager::show("/tmp"));
+}
+
 TEST_F(FileManagerTest, itSeesTheEnvironmentThatTheUserStartedTheProgramWith) {
     setenv("MURMELO_TEST_CHANGED", "the user's", 1);
     unsetenv("MURMELO_TEST_NEW");
@@ -73,7 +79,7 @@ TEST_F(FileManagerTest, itSeesTheEnvironmentThatTheUserStartedTheProgramWith) {
     folders.write("bin/xdg-open", script);
     ::chmod(folders.path("bin/xdg-open").c_str(), 0755);
     EXPECT_TRUE(FileManager::show("/tmp"));
-    EXPECT_EQ("the user's\nnot there\n", shown());
+    EXPECT_EQ("the user's\nnot there\n", folders.read("shown"));
 }
 
 TEST_F(FileManagerTest, withoutOneNothingIsShown) {

@@ -1,10 +1,13 @@
 #include "SdlStrip.h"
+#include "TestFolders.h"
 #include "TestHost.h"
 
 #include <gtest/gtest.h>
 #include <SDL.h>
 
+#include <cstdlib>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 using Kind = StripWish::Kind;
@@ -160,4 +163,25 @@ TEST_F(SdlStripTest, onlyWhatLiesBelowTheHomeIsShortened) {
     setenv("HOME", "/home/me", 1);
     strip.tellPicture("/home/meb/a.png");
     EXPECT_EQ("Picture: /home/meb/a.png", strip.strip().model().lines()[0]);
+}
+
+TEST_F(SdlStripTest, aFileManagerThatFailsIsTold) {
+    TestFolders testFolders;
+    testFolders.write("bin/xdg-open", "#!/bin/sh\nexit 3\n");
+    ASSERT_EQ(0, ::chmod(testFolders.path("bin/xdg-open").c_str(), 0755));
+    const std::string path = std::getenv("PATH");
+    ASSERT_EQ(0, setenv("PATH", (testFolders.path("bin") + ":" + path).c_str(), 1));
+    strip.strip().setDoors(&doors);
+    StripWish wish = StripWish::of(Kind::kShowFile);
+    wish.path = testFolders.path("Music/a.wav");
+    strip.strip().wishes().fulfil(wish, 0);
+    while (strip.strip().model().lines().empty()) {
+        strip.deliver();
+    }
+    setenv("PATH", path.c_str(), 1);
+    std::string line;
+    for (const std::string& row : strip.strip().model().lines()) {
+        line += row;
+    }
+    EXPECT_NE(std::string::npos, line.find("Music")) << line;
 }
