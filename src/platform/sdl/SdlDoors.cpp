@@ -3,39 +3,22 @@
 #include "FileUri.h"
 #include "HostWords.h"
 #include "QuietLibrary.h"
-#include "SafeFile.h"
 #include "ScreenNames.h"
+#include "ScreenPicture.h"
 #include "SoundExport.h"
 #include "SoundFile.h"
 
 #include <SDL.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <unistd.h>
 #include <utility>
 
 namespace {
 
-constexpr int32_t kMaxPictures = 100000;
-
 // An export takes a fraction of a second; a disk that needs longer than this has stalled.
 constexpr int32_t kFinishMs = 5000;
 constexpr int32_t kLookMs = 5;
-
-/// The first name in the folder that is still free; empty if there is none.
-std::string freePictureName(const std::string& folder) {
-    for (int32_t number = 0; number < kMaxPictures; number++) {
-        char name[32];
-        std::snprintf(name, sizeof name, "/screen_%05d.png", number);
-        std::error_code error;
-        if (!std::filesystem::exists(folder + name, error)) {
-            return folder + name;
-        }
-    }
-    return "";
-}
 
 std::string nameIn(const std::string& path) {
     const std::string name = std::filesystem::path(path).filename().string();
@@ -333,15 +316,9 @@ void SdlDoors::takePicture() {
         return;
     }
     const std::string folder = folders.sounds();
-    std::error_code error;
-    std::filesystem::create_directories(
-        folder, error);  // the start makes it, but not before the first language
-    const std::string path = freePictureName(folder);
-    const std::vector<uint8_t> png = doors->canvasPng();
-    std::ofstream file(path, std::ios::binary);
-    const auto* bytes = reinterpret_cast<const char*>(png.data());
-    if (png.empty() || !file.write(bytes, static_cast<std::streamsize>(png.size())).flush()) {
-        tell({"notExported", {path.empty() ? folder : path, SafeFile::lastError()}});
+    std::string path;
+    if (const Problem problem = ScreenPicture::write(folder, doors->canvasPng(), path)) {
+        tell({"notExported", {folder, problem.sentence()}});
         return;
     }
     print(path);

@@ -9,8 +9,11 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <mutex>
+#include <sys/resource.h>
 #include <utility>
 
 using Samples = TestSounds::Samples;
@@ -352,6 +355,22 @@ TEST_F(SdlDoorsTest, aPictureIsTheCanvasUnderTheNextFreeName) {
     EXPECT_EQ(mapped.home + "/Murmelo/screen_00000.png\n" + mapped.home +
                   "/Murmelo/screen_00002.png\n",
               output());
+}
+
+TEST_F(SdlDoorsTest, aPictureThatTheDiskHasNoRoomForLeavesNothing) {
+    struct rlimit before = {};
+    ASSERT_EQ(0, getrlimit(RLIMIT_FSIZE, &before));
+    struct rlimit small = before;
+    small.rlim_cur = 2;  // bytes: the picture is larger
+    signal(SIGXFSZ, SIG_IGN);
+    folders.makeFolder("home/Murmelo");
+    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &small));
+    doors.takePicture();
+    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &before));
+    signal(SIGXFSZ, SIG_DFL);
+    EXPECT_TRUE(std::filesystem::is_empty(folders.path("home/Murmelo")));
+    EXPECT_NE(std::string::npos, error().find("cannot be written"));
+    EXPECT_EQ("", output());
 }
 
 TEST_F(SdlDoorsTest, aPictureWhereNothingCanBeWrittenIsToldSo) {
