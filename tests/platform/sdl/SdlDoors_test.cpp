@@ -345,6 +345,20 @@ TEST_F(SdlDoorsTest, anExportSavesTheSoundFirst) {
     EXPECT_NE("", error());
 }
 
+TEST_F(SdlDoorsTest, anExportWhoseSaveFailedAsksForNoNameLater) {
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    setenv("XDG_RUNTIME_DIR", folders.path("runtime").c_str(), 1);
+    EXPECT_TRUE(doors.exportSound());
+    program.open = false;  // it tells that the disk is full
+    doors.tellSaved();
+    program.open = true;  // the user has gone back
+    doors.tellSaved();
+    program.saved = 1;  // saved by the phone's own menu
+    doors.tellSaved();
+    EXPECT_FALSE(doors.isBusy());
+    EXPECT_FALSE(doors.isAsking());
+}
+
 TEST_F(SdlDoorsTest, aPictureIsTheCanvasUnderTheNextFreeName) {
     folders.write("home/Murmelo/screen_00001.png", "kept");
     doors.takePicture();
