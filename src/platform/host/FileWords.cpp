@@ -196,6 +196,12 @@ constexpr HostWords::Row kRows[] = {
      "Algo ha salido mal. Tus sonidos guardados se conservan.",
      "Une erreur s’est produite. Vos sons sauvegardés sont conservés.",
      "Qualcosa è andato storto. I tuoi audio salvati sono conservati."},
+    {"offerDropped",
+     "{1} is not used, for a recording has begun.",
+     "{1} wird nicht verwendet, denn eine Aufnahme hat begonnen.",
+     "{1} no se usa, pues ha empezado una grabación.",
+     "{1} n’est pas utilisé, car un enregistrement a commencé.",
+     "{1} non viene usato, perché è iniziata una registrazione."},
 };
 
 // clang-format on

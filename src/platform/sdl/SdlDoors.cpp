@@ -131,6 +131,7 @@ void SdlDoors::startReading(const std::string& nameOrUri, std::function<bool(Rea
                 return false;
             }
             if (*sound.complaint.row != '\0') {
+                isOffering = !offered.samples.empty();
                 tell(sound.complaint);
                 return false;
             }
@@ -140,8 +141,12 @@ void SdlDoors::startReading(const std::string& nameOrUri, std::function<bool(Rea
 }
 
 void SdlDoors::offer(const std::string& nameOrUri) {
+    isOffering = true;
+    offeredName = nameIn(nameOrUri);
     startReading(nameOrUri, [this](ReadSound sound) {
-        offered = std::move(sound);
+        if (isOffering) {
+            offered = std::move(sound);
+        }
         return false;
     });
 }
@@ -152,6 +157,8 @@ bool SdlDoors::useFile(const std::string& nameOrUri) {
             return true;
         }
         if (ScreenNames::isBeforeMenu(doors->screenName())) {
+            isOffering = true;
+            offeredName = sound.name;
             offered = std::move(sound);
         } else {
             tell({"notNow", {}});
@@ -296,7 +303,13 @@ bool SdlDoors::deliver() {
         offeredTake.clear();
         return true;
     }
+    if (isOffering && doors->screenName() == "Recording") {
+        isOffering = false;
+        offered = {};
+        tell({"offerDropped", {offeredName}});
+    }
     if (!offered.samples.empty() && take(offered)) {
+        isOffering = false;
         offered = {};
         return true;
     }

@@ -42,7 +42,8 @@ public:
     /// The program has deleted its take.
     void takeIsGone();
 
-    /// A sound file that becomes the take as soon as it is read and the program rests in its menu.
+    /// A sound file that becomes the take as soon as it is read and the program rests in its menu;
+    /// not any more once a recording has begun, and that is told.
     /// @param nameOrUri  "voice.wav" or "file:///home/ada/voice.wav"
     void offer(const std::string& nameOrUri);
 
@@ -118,7 +119,9 @@ private:
     EffectWord effectWord;
     Errands errands;
     HostDoors* doors = nullptr;
-    ReadSound offered;                 // no samples: none
+    ReadSound offered;                 // no samples: none, or it is still being read
+    bool isOffering = false;           // a sound waits for the menu
+    std::string offeredName;           // of its file, without folders
     std::vector<int16_t> offeredTake;  // the last take; empty: none
     int64_t newestReading = 0;         // an earlier one that still goes on is not wanted any more
     bool isDialogOpen = false;

@@ -246,6 +246,40 @@ TEST_F(SdlDoorsTest, anOfferedSoundWaitsUntilItIsTaken) {
     EXPECT_EQ("", error());         // waiting is nothing to complain about
 }
 
+TEST_F(SdlDoorsTest, anOfferedSoundGivesWayToARecording) {
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(160), 16000));
+    program.screen = "Splash";
+    program.open = false;
+    doors.offer(folders.path("voice.wav"));
+    while (doors.isBusy()) {
+        EXPECT_FALSE(doors.deliver());
+    }
+    program.screen = "Recording";
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_EQ("voice.wav is not used, for a recording has begun.\n", error());
+    program.screen = "Play";
+    program.open = true;
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_TRUE(program.taken.empty());
+    EXPECT_EQ("", error());
+}
+
+TEST_F(SdlDoorsTest, anOfferedSoundThatIsStillReadGivesWayToARecordingToo) {
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(160), 16000));
+    program.open = false;
+    doors.offer(folders.path("voice.wav"));
+    program.screen = "Recording";
+    EXPECT_FALSE(doors.deliver());  // perhaps it is read only after this
+    program.screen = "Play";
+    program.open = true;
+    while (doors.isBusy()) {
+        EXPECT_FALSE(doors.deliver());
+    }
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_TRUE(program.taken.empty());
+    EXPECT_EQ("voice.wav is not used, for a recording has begun.\n", error());
+}
+
 TEST_F(SdlDoorsTest, aFileThatComesBeforeTheMenuWaitsForIt) {
     const Samples voice = TestSounds::noise(160);
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
