@@ -5,6 +5,7 @@ murmelo_tests(device_tests
         platform/FileMicrophone_test.cpp
         platform/FileSpeaker_test.cpp
         platform/FileUri_test.cpp
+        platform/FolderSync_test.cpp
         platform/LastTake_test.cpp
         platform/QuietLibrary_test.cpp
         platform/SoundExport_test.cpp

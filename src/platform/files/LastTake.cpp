@@ -24,9 +24,8 @@ constexpr const char* kName = "/last-take.wav";
 constexpr const char* kNewName = "/last-take.wav.new-";  // and the number of the process
 
 void makeFolder(const std::string& folder) {
-    std::error_code ignored;  // the file that cannot be made says why
-    fs::create_directories(fs::path(folder).parent_path(), ignored);
-    static_cast<void>(::mkdir(folder.c_str(), kOwnFolder));
+    // The file that cannot be made says why.
+    static_cast<void>(SafeFile::makeFolders(folder, kOwnFolder));
 }
 
 /// Removes the unfinished files of programs that were killed while they wrote. Those of running

@@ -3,15 +3,14 @@
 #include "SafeFile.h"
 
 #include <filesystem>
-#include <system_error>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 bool ReplacedFile::write(const std::string& path, const std::string& text) {
     const std::string target = SafeFile::realTarget(path);
-    std::error_code ignored;
-    fs::create_directories(fs::path(target).parent_path(), ignored);
+    // The file that cannot be made says why.
+    static_cast<void>(SafeFile::makeFolders(fs::path(target).parent_path().string()));
     const std::string fresh = target + ".new";
     const int fd = SafeFile::create(fresh);
     if (fd < 0) {

@@ -13,7 +13,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
-constexpr mode_t kNewFolderMode = 0777;
 constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more is a circle
 constexpr int kMaxAside = 100000;      // numbers that are tried
 constexpr int kMaxBeside = 1000;
@@ -27,7 +26,7 @@ bool liesAt(const std::string& path) {
 /// Takes a free name with an empty file, or with an empty folder if a folder is to get the name.
 bool takeName(const std::string& name, bool forFolder) {
     if (forFolder) {
-        return ::mkdir(name.c_str(), kNewFolderMode) == 0;
+        return ::mkdir(name.c_str(), SafeFile::kUsualFolder) == 0;
     }
     const int fd =
         ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kNewFileMode);
@@ -172,6 +171,22 @@ bool SafeFile::syncFolderOf(const std::string& path) {
     ::close(folder);
     errno = reason;
     return synced;
+}
+
+bool SafeFile::makeFolders(const std::string& folder, mode_t mode) {
+    const fs::path given = folder;
+    const fs::path path = given.has_filename() ? given : given.parent_path();  // "a/" is "a"
+    struct stat facts = {};
+    if (::stat(path.c_str(), &facts) == 0) {
+        errno = EEXIST;
+        return S_ISDIR(facts.st_mode);
+    }
+    const fs::path parent = path.parent_path();
+    if (errno != ENOENT || (!parent.empty() && parent != path && !makeFolders(parent.string()))) {
+        return false;
+    }
+    // Another program may make the same folder now.
+    return (::mkdir(path.c_str(), mode) == 0 || errno == EEXIST) && syncFolderOf(path.string());
 }
 
 bool SafeFile::moveAside(const std::string& path, std::string* newName) {

@@ -19,6 +19,7 @@
 
 #include <cstddef>
 #include <string>
+#include <sys/types.h>
 
 class SafeFile {
 public:
@@ -81,6 +82,15 @@ public:
     /// Puts the names in the folder of this file onto the disk. File systems that cannot do that,
     /// and folders that may not be read, count as synced.
     static bool syncFolderOf(const std::string& path);
+
+    /// Makes a folder and those that it lies in, as far as they are missing, and puts each new name
+    /// onto the disk. Folders that are there stay as they are.
+    /// @param mode  of the last folder, less what the user's mask takes away; the others may be
+    /// read
+    ///              by everybody
+    static bool makeFolders(const std::string& folder, mode_t mode = kUsualFolder);
+
+    static constexpr mode_t kUsualFolder = 0777;
 
     /// Renames whatever lies there (a link itself, not what it leads to) to the first free name of
     /// "PATH.aside-1", "PATH.aside-2" and so on. True if nothing lies there afterwards.

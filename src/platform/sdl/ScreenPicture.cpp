@@ -4,8 +4,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -33,8 +31,8 @@ bool renameToFirstFree(const std::string& fresh, const std::string& folder, std:
 Problem ScreenPicture::write(const std::string& folder,
                              const std::vector<uint8_t>& png,
                              std::string& path) {
-    std::error_code ignored;  // the file that cannot be made says why
-    std::filesystem::create_directories(folder, ignored);
+    // The file that cannot be made says why.
+    static_cast<void>(SafeFile::makeFolders(folder));
     std::string fresh;
     const int file = SafeFile::createBeside(folder + "/screen.png", fresh);
     if (file < 0) {
