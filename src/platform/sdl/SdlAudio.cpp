@@ -89,13 +89,50 @@ std::string SdlAudio::defaultName(Kind kind) {
     if (!work->isReady || !work->system.try_lock()) {
         return "";
     }
+    std::string name = nameOfDefault(kind);
+    work->system.unlock();
+    return name;
+}
+
+std::string SdlAudio::nameOfDefault(Kind kind) {
     char* found = nullptr;
     SDL_AudioSpec format{};
     const int result = SDL_GetDefaultAudioInfo(&found, &format, isCapture(kind));
-    work->system.unlock();
     std::string name = result == 0 && found != nullptr ? found : "";
     SDL_free(found);
     return name;
+}
+
+std::shared_ptr<SdlAudio::Listing> SdlAudio::namesLater(Kind kind, std::function<void()> wake) {
+    auto listing = std::make_shared<Listing>();
+    start([listing, kind, wake = std::move(wake), shared = work] {
+        std::vector<std::string> names;
+        if (makeReady(*shared)) {
+            const std::lock_guard<std::timed_mutex> lock(shared->system);
+            names = listNames(kind);
+            const auto systems = std::find(names.begin(), names.end(), nameOfDefault(kind));
+            if (systems != names.end()) {
+                std::rotate(names.begin(), systems, systems + 1);
+            }
+        }
+        {
+            const std::lock_guard<std::mutex> lock(listing->mutex);
+            listing->found = std::move(names);
+            listing->isFinished = true;
+        }
+        wake();
+    });
+    return listing;
+}
+
+bool SdlAudio::Listing::isDone() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return isFinished;
+}
+
+std::vector<std::string> SdlAudio::Listing::names() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    return found;
 }
 
 bool SdlAudio::hasDied(uint32_t device) {

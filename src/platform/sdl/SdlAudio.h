@@ -35,6 +35,28 @@ public:
 
     std::vector<std::string> names(Kind kind);
 
+    /// The names of devices that are being asked for on another thread.
+    class Listing {
+    public:
+        /// True once the names are known, or that they cannot be.
+        bool isDone();
+
+        /// The system's default comes first. Once isDone().
+        std::vector<std::string> names();
+
+    private:
+        friend class SdlAudio;
+
+        std::mutex mutex;
+        bool isFinished = false;
+        std::vector<std::string> found;
+    };
+
+    /// Asks for the names without holding anything up: a sound server that has stalled may never
+    /// say them.
+    /// @param wake  called on another thread when they are known
+    std::shared_ptr<Listing> namesLater(Kind kind, std::function<void()> wake);
+
     /// Name of the system's default device; empty if it is not known, or before begin().
     std::string defaultName(Kind kind);
 
@@ -120,6 +142,7 @@ private:
     openLocked(Work& shared, Kind kind, const char* name, const SDL_AudioSpec& wanted);
     static void closeCounted(Work& shared, uint32_t device);
     static std::vector<std::string> listNames(Kind kind);
+    static std::string nameOfDefault(Kind kind);
 
     /// Begins a piece of work on another thread.
     void start(std::function<void()> piece);

@@ -148,19 +148,18 @@ void SdlHost::useMicrophone(const std::string& name) {
                       : HostMessage{"microphoneUsed", {name}});
 }
 
-std::vector<std::string> SdlHost::microphones() {
-    std::vector<std::string> names = audio.names(SdlAudio::Kind::kMicrophone);
-    const auto systems =
-        std::find(names.begin(), names.end(), audio.defaultName(SdlAudio::Kind::kMicrophone));
-    if (systems != names.end()) {
-        std::rotate(names.begin(), systems, systems + 1);
+void SdlHost::deliverListing() {
+    if (listing != nullptr && listing->isDone()) {
+        wishes.show(listing->names());
+        listing.reset();
     }
-    return names;
 }
 
 SdlWishes::Microphones SdlHost::listOfMicrophones() {
     SdlWishes::Microphones list;
-    list.names = [this] { return microphones(); };
+    list.ask = [this] {
+        listing = audio.namesLater(SdlAudio::Kind::kMicrophone, [this] { rouse(); });
+    };
     list.chosen = [this] { return chosenMicrophone(); };
     list.use = [this](const std::string& name) { useMicrophone(name); };
     list.isFixed = [this] {
@@ -195,6 +194,7 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
         events.listen();
         extraDoors.tellSaved();
         strip.deliver();
+        deliverListing();
         otherStarts.deliver(window, extraDoors);
         if (const std::string problem = speech.takeProblem(); !problem.empty()) {
             tell({"notSpoken", {problem}});

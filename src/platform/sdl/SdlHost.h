@@ -31,6 +31,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -97,9 +98,6 @@ public:
     /// What the keys for files do, for whatever else wants it.
     SdlDoors& files() { return extraDoors; }
 
-    /// Names of the microphones, as the sound server shows them; the system's default comes first.
-    std::vector<std::string> microphones();
-
     /// The one chosen; empty: the system's default.
     const std::string& chosenMicrophone() const { return ears.chosen(); }
 
@@ -121,6 +119,7 @@ private:
     SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
     bool deliverSound();
+    void deliverListing();
     bool deliverEvent(HostListener& listener);
     bool deliverSignals(HostListener& listener);
     bool handle(const union SDL_Event& event, HostListener& listener);
@@ -161,6 +160,7 @@ private:
     KeyWalk walk;
     SdlDeeds deeds{window, extraDoors, strip, walk};
     SdlWishes wishes;
+    std::shared_ptr<SdlAudio::Listing> listing;  // of microphones, asked for; null: none
     Speech speech;
     SdlPictures pictures;
     SdlAway away{window};

@@ -27,12 +27,17 @@ void SdlWishes::showMicrophones() {
     if (microphones.isFixed()) {
         return;
     }
-    listed = microphones.names();
+    show(std::move(listed));  // those of the last time
+    strip.strip().model().showMicrophones();
+    microphones.ask();
+}
+
+void SdlWishes::show(std::vector<std::string> names) {
+    listed = std::move(names);
     const auto chosen = std::find(listed.begin(), listed.end(), microphones.chosen());
     const auto place = static_cast<int32_t>(chosen - listed.begin());
-    StripModel& model = strip.strip().model();
-    model.setMicrophones(listed, chosen != listed.end() ? place : StripWish::kSystemsChoice);
-    model.showMicrophones();
+    strip.strip().model().setMicrophones(
+        listed, chosen != listed.end() ? place : StripWish::kSystemsChoice);
 }
 
 void SdlWishes::useMicrophone(int32_t index) {

@@ -12,7 +12,7 @@ class SdlStrip;
 class SdlWishes {
 public:
     struct Microphones {
-        std::function<std::vector<std::string>()> names;
+        std::function<void()> ask;                         // for the names: show() has them later
         std::function<std::string()> chosen;               // empty: the system's default
         std::function<void(const std::string& name)> use;  // empty: the system's default
         std::function<bool()> isFixed;  // true: none can be chosen, and the user was told why
@@ -20,6 +20,9 @@ public:
 
     /// @param strip, files  not owned
     SdlWishes(SdlStrip& strip, SdlDoors& files, Microphones microphones);
+
+    /// The names that were asked for.
+    void show(std::vector<std::string> names);
 
 private:
     void showMicrophones();

@@ -149,15 +149,15 @@ protected:
     TestFolders folders;
     XScreen screen;
 
-private:
-    std::vector<uint32_t> picture() { return screen.pixels(kLeft, kTop, 480, 800); }
-
     /// True if the picture is another one after something was done.
     bool leadsOn(const std::function<void()>& something) {
         const std::vector<uint32_t> before = picture();
         something();
         return until([&] { return picture() != before; });
     }
+
+private:
+    std::vector<uint32_t> picture() { return screen.pixels(kLeft, kTop, 480, 800); }
 };
 
 }  // namespace
@@ -504,6 +504,20 @@ TEST_F(RealProgram, theListOfMicrophonesIsUsedByKeysAndHidesThePictureFromThem) 
     keyOn("question");
     key("r");  // a recording is a wish of its own
     EXPECT_TRUE(says("Recording")) << title();
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+}
+
+TEST_F(RealProgram, theListOfMicrophonesIsFilledWhenAServerThatStoodStillGoesOn) {
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(says("Menu")) << title();
+    SoundServer::send(SIGSTOP);
+    keyOn("m");  // the list opens, with the system's choice alone
+    EXPECT_TRUE(leadsOn([] { SoundServer::send(SIGCONT); }));
+    keyOn("Down");
+    keyOn("Return");
+    EXPECT_TRUE(until([this] { return folders.read("config/microphone").size() > 1; }));
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
 }

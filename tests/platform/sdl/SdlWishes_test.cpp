@@ -17,7 +17,7 @@ class SdlWishesTest : public testing::Test {
 protected:
     SdlWishesTest() {
         host.mapShipped();
-        list.names = [this] { return names; };
+        list.ask = [this] { asked++; };
         list.chosen = [this] { return chosen; };
         list.use = [this](const std::string& name) { used.push_back(name); };
         list.isFixed = [this] { return fixed; };
@@ -41,6 +41,7 @@ protected:
     HostFolders folders;
     std::vector<std::string> names{"Built-in", "Headset"};
     std::string chosen;
+    int32_t asked = 0;
     std::vector<std::string> used;
     std::vector<std::string> told;
     bool fixed = false;
@@ -57,19 +58,35 @@ protected:
 TEST_F(SdlWishesTest, theListShowsWhatTheServerNamesAndWhatIsUsed) {
     SdlWishes wishes(strip, doors, list);
     wish(StripWish::of(Kind::kMicrophones));
+    wishes.show(names);
     EXPECT_EQ((std::vector<std::string>{"The system’s choice*", "Built-in", "Headset"}), listed());
     chosen = "Headset";
-    wish(StripWish::of(Kind::kMicrophones));
+    wishes.show(names);
     EXPECT_EQ((std::vector<std::string>{"The system’s choice", "Built-in", "Headset*"}), listed());
     chosen = "one that is away";
-    wish(StripWish::of(Kind::kMicrophones));
+    wishes.show(names);
     EXPECT_EQ("The system’s choice*", listed()[0]);
+}
+
+TEST_F(SdlWishesTest, theListOpensAtOnceAndIsFilledWhenTheServerHasToldItsNames) {
+    SdlWishes wishes(strip, doors, list);
+    wish(StripWish::of(Kind::kMicrophones));
+    EXPECT_EQ(1, asked);
+    EXPECT_EQ(StripModel::Sheet::kMicrophones, strip.strip().model().sheet());
+    EXPECT_EQ(std::vector<std::string>{"The system’s choice*"}, listed());
+    wishes.show(names);
+    EXPECT_EQ(3U, listed().size());
+    wish(StripWish::of(Kind::kMicrophones));  // those of the last time
+    EXPECT_EQ(2, asked);
+    EXPECT_EQ(3U, listed().size());
+    strip.strip().model().key(StripKey::kClose);
+    wishes.show({});  // it comes too late
+    EXPECT_EQ(StripModel::Sheet::kNone, strip.strip().model().sheet());
 }
 
 TEST_F(SdlWishesTest, theChoiceIsUsedAsItWasListed) {
     SdlWishes wishes(strip, doors, list);
-    wish(StripWish::of(Kind::kMicrophones));
-    names = {"Another"};  // it has come since then
+    wishes.show(names);
     wish(StripWish::of(Kind::kUseMicrophone, 1));
     wish(StripWish::of(Kind::kUseMicrophone, StripWish::kSystemsChoice));
     wish(StripWish::of(Kind::kUseMicrophone, 2));  // there is none
