@@ -64,7 +64,8 @@ Size WindowSizes::larger(Size now, Size room) {
     const Size step = stepOf(now);
     const int32_t steps = stepsIn(now, step) + 1;
     const Size size{steps * step.width, steps * step.height};
-    return size.width <= room.width && size.height <= room.height ? size : now;
+    const bool fits = !room.isKnown() || (size.width <= room.width && size.height <= room.height);
+    return fits ? size : now;
 }
 
 Size WindowSizes::smaller(Size now) {

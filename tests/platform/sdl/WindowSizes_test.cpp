@@ -54,6 +54,10 @@ TEST(WindowSizes, thereIsASmallestAndALargest) {
     EXPECT_TRUE(is(600, 1000, WindowSizes::larger({600, 1000}, kRoom)));
 }
 
+TEST(WindowSizes, whereTheRoomIsNotKnownItGrowsAllTheSame) {
+    EXPECT_TRUE(is(600, 1000, WindowSizes::larger({480, 800}, {})));
+}
+
 TEST(WindowSizes, upAndDownAgainIsTheSameSize) {
     for (int32_t steps = 1; steps <= 4; steps++) {
         const Size size{120 * steps, 200 * steps};
