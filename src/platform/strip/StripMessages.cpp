@@ -58,7 +58,7 @@ int64_t StripMessages::dueMs() const {
 
 int64_t StripMessages::endMs() const {
     if (waiting.size() > 1) {
-        return sinceMs + kLeastMs;
+        return sinceMs + (waiting.front().action ? kActionLeastMs : kLeastMs);
     }
     return sinceMs + (waiting.front().action ? kActionShownMs : kShownMs);
 }

@@ -16,8 +16,9 @@ public:
     static constexpr int64_t kShownMs = 6000;
     static constexpr int64_t kActionShownMs = 10000;
 
-    /// At least so long, if another waits.
+    /// At least so long, if another waits. The hand needs longer than the eye.
     static constexpr int64_t kLeastMs = 2000;
+    static constexpr int64_t kActionLeastMs = 5000;
 
     struct Message {
         std::string text;

@@ -221,6 +221,16 @@ TEST(StripModel, aSecondMessageWaitsTwoSeconds) {
     EXPECT_EQ(8000, model.dueMs());
 }
 
+TEST(StripModel, aMessageThatCanBeActedOnStaysForFiveSecondsThoughAnotherWaits) {
+    StripModel model = on("Play");
+    model.tell("Saved", wish(Kind::kBringBack), "Bring back", 0);
+    model.tell("second", {}, "", 3000);
+    EXPECT_EQ("Saved", model.lines()[0]);
+    EXPECT_EQ(5000, model.dueMs());
+    EXPECT_TRUE(model.tick(5000));
+    EXPECT_EQ("second", model.lines()[0]);
+}
+
 TEST(StripModel, aMessageAfterTwoSecondsTakesThePlaceAtOnce) {
     StripModel model = on("Play");
     model.tell("first", {}, "", 0);
