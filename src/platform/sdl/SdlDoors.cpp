@@ -20,6 +20,11 @@ namespace {
 constexpr int32_t kFinishMs = 5000;
 constexpr int32_t kLookMs = 5;
 
+std::string firstLine(const char* text) {
+    const std::string all = text != nullptr ? text : "";
+    return all.substr(0, all.find_first_of("\r\n"));
+}
+
 std::string nameIn(const std::string& path) {
     const std::string name = std::filesystem::path(path).filename().string();
     return name.empty() ? path : name;
@@ -67,13 +72,9 @@ std::string SdlDoors::words(const char* row) const {
 }
 
 bool SdlDoors::handle(const SDL_Event& event) {
-    if (doors == nullptr) {
-        return false;
-    }
-    if (event.type == SDL_DROPBEGIN || event.type == SDL_DROPFILE) {
-        return drop(event);
-    }
-    return false;
+    const bool isDrop =
+        event.type == SDL_DROPBEGIN || event.type == SDL_DROPFILE || event.type == SDL_DROPTEXT;
+    return isDrop && drop(event);
 }
 
 bool SdlDoors::drop(const SDL_Event& event) {
@@ -81,9 +82,17 @@ bool SdlDoors::drop(const SDL_Event& event) {
         hasDropped = false;
         return false;
     }
-    const std::string path = event.drop.file;
+    // A text is the address of a file, or none of a sound, which is told.
+    const std::string path = firstLine(event.drop.file);
     SDL_free(event.drop.file);
-    return !std::exchange(hasDropped, true) && useFile(path);
+    if (path.empty() || std::exchange(hasDropped, true)) {
+        return false;
+    }
+    if (doors != nullptr) {
+        return useFile(path);
+    }
+    offer(path);  // the program only begins
+    return false;
 }
 
 bool SdlDoors::save() {

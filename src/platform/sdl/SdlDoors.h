@@ -47,7 +47,8 @@ public:
     /// @param nameOrUri  "voice.wav" or "file:///home/ada/voice.wav"
     void offer(const std::string& nameOrUri);
 
-    /// A file dropped on the window: the first one of a drop becomes the take.
+    /// A file dropped on the window, or a text that is its address: the first one of a drop becomes
+    /// the take.
     /// @returns whether a callback was delivered
     bool handle(const SDL_Event& event);
 

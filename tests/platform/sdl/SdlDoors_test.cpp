@@ -96,6 +96,15 @@ protected:
 
     bool drop(const std::string& path) { return drop(std::vector<std::string>{path}); }
 
+    void dropText(const std::string& text) {
+        SDL_Event event{};
+        event.type = SDL_DROPBEGIN;
+        doors.handle(event);
+        event.type = SDL_DROPTEXT;
+        event.drop.file = SDL_strdup(text.c_str());
+        doors.handle(event);
+    }
+
     /// Works until a callback was delivered, or something was told; false if neither comes.
     bool delivered() {
         std::unique_lock<std::mutex> lock(mutex);
@@ -183,6 +192,27 @@ TEST_F(SdlDoorsTest, aDroppedAddressBecomesTheTake) {
     const Samples voice = TestSounds::noise(1600);
     folders.write("a voice.wav", TestSounds::wav(voice, 16000));
     drop("file://" + folders.path("a%20voice.wav"));
+    EXPECT_TRUE(delivered());
+    EXPECT_EQ(voice, program.taken);
+}
+
+TEST_F(SdlDoorsTest, aDroppedTextIsTakenForTheNameOfAFile) {
+    const Samples voice = TestSounds::noise(1600);
+    folders.write("a voice.wav", TestSounds::wav(voice, 16000));
+    dropText("file://" + folders.path("a%20voice.wav") + "\r\n");
+    EXPECT_TRUE(delivered());
+    EXPECT_EQ(voice, program.taken);
+    dropText("Dear reader");
+    EXPECT_FALSE(delivered());
+    EXPECT_EQ(0U, error().find("Dear reader is no sound: "));
+}
+
+TEST_F(SdlDoorsTest, aFileDroppedBeforeTheProgramHasStartedWaitsForIt) {
+    const Samples voice = TestSounds::noise(1600);
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
+    doors.setDoors(nullptr);
+    EXPECT_FALSE(drop(folders.path("voice.wav")));
+    doors.setDoors(&program);
     EXPECT_TRUE(delivered());
     EXPECT_EQ(voice, program.taken);
 }
