@@ -1,6 +1,7 @@
 #include "MicrophoneMemory.h"
 
 #include "ReplacedFile.h"
+#include "SafeFile.h"
 
 #include <filesystem>
 #include <fstream>
@@ -26,8 +27,9 @@ std::string MicrophoneMemory::read() const {
     return name.size() <= kMaxBytes ? name : "";
 }
 
-void MicrophoneMemory::write(const std::string& name) const {
-    if (!path.empty()) {
-        ReplacedFile::write(path, name + "\n");
+Problem MicrophoneMemory::write(const std::string& name) const {
+    if (path.empty() || ReplacedFile::write(path, name + "\n")) {
+        return Problem::none();
     }
+    return SafeFile::lastError();
 }

@@ -1,6 +1,8 @@
 // The microphone that the user has chosen in the program: remembered by its name.
 #pragma once
 
+#include "Problem.h"
+
 #include <string>
 
 class MicrophoneMemory {
@@ -11,7 +13,8 @@ public:
     /// Empty: the system's default.
     std::string read() const;
 
-    void write(const std::string& name) const;
+    /// @returns why it cannot be remembered
+    Problem write(const std::string& name) const;
 
 private:
     std::string path;

@@ -142,10 +142,13 @@ void SdlHost::recorded(const std::vector<int16_t>& take) {
 
 void SdlHost::useMicrophone(const std::string& name) {
     ears.choose(name);
-    microphoneMemory.write(name);
+    const Problem problem = microphoneMemory.write(name);
     strip.strip().feed().nameMicrophone();
     tell(name.empty() ? HostMessage{"systemsMicrophone", {}}
                       : HostMessage{"microphoneUsed", {name}});
+    if (problem) {
+        tell({"choiceNotKept", {problem.sentence()}});
+    }
 }
 
 void SdlHost::deliverListing() {

@@ -240,6 +240,18 @@ TEST_F(SdlHostTest, aDeviceThatCannotBeOpenedIsTriedOnceASecond) {
     EXPECT_LE(2, found);
 }
 
+TEST_F(SdlHostTest, aChoiceOfTheMicrophoneThatCannotBeKeptIsTold) {
+    folders.write("config", "a file where the folder should be");
+    SdlOptions options;
+    options.folders.config = folders.path("config");
+    open(options);
+    testing::internal::CaptureStderr();
+    host->useMicrophone("Headset");
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_NE(std::string::npos, said.find("it cannot be noted: ")) << said;
+    EXPECT_EQ("Headset", host->chosenMicrophone());
+}
+
 TEST_F(SdlHostTest, aClipIsPlayedWholeAtItsVolumeAndThenEnds) {
     open();
     ClipEnds end;
