@@ -3,6 +3,7 @@
 #include "Program.h"
 #include "SdlAudio.h"
 #include "SoundServer.h"
+#include "StripMessages.h"
 #include "TestFolders.h"
 #include "TestPng.h"
 #include "TestSounds.h"
@@ -207,6 +208,25 @@ TEST_F(RealProgram, aStillScreenSleeps) {
               << rousings << " times\n";
     EXPECT_EQ(0, usedTicks);
     EXPECT_GE(seconds, rousings);
+}
+
+TEST_F(RealProgram, aStillScreenWithItsStripSleepsWithoutAnEnd) {
+    folders.write("config/settings", "lang=0\n");
+    Program program(commandWithVoice(16000));
+    ASSERT_TRUE(says("Choose an effect: No effect"));
+    key("o");  // without a desktop's dialog the strip tells what to do, for some seconds
+    // The message has come and gone: nothing is left to do.
+    ASSERT_TRUE(until([&] {
+        const std::vector<uint32_t> before = screen.pixels(kLeft, kTop, 480, 160);
+        const int64_t sleeps = program.sleeps();
+        pass(StripMessages::kShownMs + 1000);
+        return sleeps == program.sleeps() && before == screen.pixels(kLeft, kTop, 480, 160);
+    }));
+    const int64_t sleeps = program.sleeps();
+    pass(5000);
+    EXPECT_EQ(sleeps, program.sleeps());
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
 }
 
 TEST_F(RealProgram, aRecordingCostsLittle) {
