@@ -1,0 +1,112 @@
+// Saving, exporting, and pictures of the screen.
+#include "FileUri.h"
+#include "QuietLibrary.h"
+#include "ScreenPicture.h"
+#include "SdlDoors.h"
+#include "SoundExport.h"
+
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+void print(const std::string& path) {
+    QuietLibrary::print(STDOUT_FILENO, path + "\n");
+}
+
+}  // namespace
+
+bool SdlDoors::save() {
+    if (doors == nullptr) {
+        return false;
+    }
+    exportsNext = false;
+    if (doors->saveSound()) {
+        return true;
+    }
+    tell({doors->canUseSound() ? "nothingToSave" : "notNow", {}});
+    return false;
+}
+
+bool SdlDoors::exportSound() {
+    if (doors == nullptr || isDialogOpen) {
+        return false;
+    }
+    if (savedEffect >= 0 && savedEffect == doors->currentEffect() && !doors->savedName().empty()) {
+        askForExport();
+        return false;
+    }
+    exportsNext = save();
+    return exportsNext;
+}
+
+void SdlDoors::askForExport() {
+    isDialogOpen = true;
+    const std::string saved = folders.sounds() + "/" + doors->savedName();
+    const std::string name = SoundExport::nameOf(doors->savedName(), effectWord(savedEffect));
+    errands.start([this, saved, name, title = words("exportSound"), folder = folders.sounds()] {
+        const FileDialog::Answer answer = FileDialog::save(title, name, folder);
+        return [this, answer, saved] { return exportChosen(answer, saved); };
+    });
+}
+
+bool SdlDoors::exportChosen(const FileDialog::Answer& answer, const std::string& saved) {
+    isDialogOpen = false;
+    if (answer.kind == FileDialog::Answer::Kind::kNoDialog) {
+        tell({"exportedNowhere", {saved}});
+    } else if (answer.kind == FileDialog::Answer::Kind::kChosen) {
+        startExport(saved, answer.uri);
+    }
+    return false;
+}
+
+void SdlDoors::startExport(const std::string& saved, const std::string& uri) {
+    errands.start([this, saved, uri] {
+        std::string path = uri;
+        Problem problem = FileUri::toPath(uri, path);
+        if (!problem) {
+            problem = SoundExport::write(saved, path);
+        }
+        HostMessage message{"exported", {path}};
+        if (problem) {
+            message = {"notExported", {path, problem.sentence()}};
+        }
+        return [this, message] {
+            tell(message);
+            return false;
+        };
+    });
+}
+
+void SdlDoors::takePicture() {
+    if (doors == nullptr) {
+        return;
+    }
+    const std::string folder = folders.sounds();
+    std::string path;
+    if (const Problem problem = ScreenPicture::write(folder, doors->canvasPng(), path)) {
+        tell({"notExported", {folder, problem.sentence()}});
+        return;
+    }
+    print(path);
+    if (tellPicture) {
+        tellPicture(path);
+    }
+}
+
+void SdlDoors::tellSaved() {
+    const int32_t saved = doors != nullptr ? doors->savedCount() : savedBefore;
+    if (saved == savedBefore) {
+        // At rest again, and nothing was saved: that failed, and the user was told why.
+        if (exportsNext && doors != nullptr && doors->canUseSound()) {
+            exportsNext = false;
+        }
+        return;
+    }
+    savedBefore = saved;
+    savedEffect = doors->currentEffect();
+    print(folders.sounds() + "/" + doors->savedName());
+    if (std::exchange(exportsNext, false)) {
+        askForExport();
+    }
+}
