@@ -204,7 +204,7 @@ TEST_F(SdlDoorsTest, aDroppedTextIsTakenForTheNameOfAFile) {
     EXPECT_EQ(voice, program.taken);
     dropText("Dear reader");
     EXPECT_FALSE(delivered());
-    EXPECT_EQ(0U, error().find("Dear reader is no sound: "));
+    EXPECT_EQ(0U, error().find("Dear reader is no sound file: "));
 }
 
 TEST_F(SdlDoorsTest, aFileDroppedBeforeTheProgramHasStartedWaitsForIt) {
