@@ -2,7 +2,7 @@
 
 import { OWN } from './store.js';
 
-const MAX_WAV_BYTES = 6 << 20; // fits into the program's memory; larger ones the browser decodes
+const WAV_BYTES = 15 << 18; // 20 seconds of stereo at 48 kHz, and a head: more would not fit into the program's memory
 const LENGTH_IN_MS = 5000; // some browsers never tell it
 const DECODED_SECONDS = 20;
 const DECODING_RATE = 48000;
@@ -52,11 +52,9 @@ export class TakeIn {
     /** @param {Blob} file @returns {Promise<string>} why it cannot be taken; empty: it is */
     async take(file) {
         const { core } = this.page;
-        if (file.size <= MAX_WAV_BYTES) {
-            core.fillRoom(new Uint8Array(await file.arrayBuffer()));
-            if (core.program._murmeloUseFile() === 1) {
-                return ''; // a plain WAV file: the program reads it itself
-            }
+        core.fillRoom(new Uint8Array(await file.slice(0, WAV_BYTES).arrayBuffer()));
+        if (core.program._murmeloUseFile(file.size) === 1) {
+            return ''; // a plain WAV file: the program reads it itself
         }
         const refusal = core.answer('_murmeloRefusal', file.size, await lengthOf(file));
         return refusal || ((await this.decode(await file.arrayBuffer())) ? '' : 'noSoundFile');

@@ -56,7 +56,7 @@ export type Murmelo = {
     _murmeloRoom(bytes: number): number;
     _murmeloHeard(rateHz: number): number;
     _murmeloUseFloats(rateHz: number): number;
-    _murmeloUseFile(): number;
+    _murmeloUseFile(fileBytes: number): number;
     _murmeloRememberTake(bringsBack: number): void;
     _murmeloForgetTake(): void;
     _murmeloPaint(): number;

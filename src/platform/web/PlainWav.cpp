@@ -45,6 +45,8 @@ struct Format {
 
     size_t sampleBytes() const { return bits / 8; }
 
+    size_t frameBytes() const { return sampleBytes() * channels; }
+
     /// One sample as -1 to 1.
     float sampleAt(const uint8_t* bytes) const {
         if (kind == kFloats) {
@@ -110,7 +112,7 @@ float meanOfChannels(const Format& format, const uint8_t* frame) {
 }
 
 Samples takeOf(const Format& format, const uint8_t* data, size_t size) {
-    const size_t frameBytes = format.sampleBytes() * format.channels;
+    const size_t frameBytes = format.frameBytes();
     Take take(static_cast<int32_t>(format.rateHz), size / frameBytes);
     std::vector<float> block;
     for (size_t count = take.wanted(); count > 0; count = take.wanted()) {
@@ -127,6 +129,15 @@ Samples takeOf(const Format& format, const uint8_t* data, size_t size) {
 }  // namespace
 
 std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
+    return readIf(bytes, count, true);
+}
+
+std::vector<int16_t> PlainWav::readBeginning(const uint8_t* bytes, size_t count) {
+    return readIf(bytes, count, false);
+}
+
+/// @param isWhole  false: the file goes on after these bytes
+std::vector<int16_t> PlainWav::readIf(const uint8_t* bytes, size_t count, bool isWhole) {
     if (count < kRiffBytes || std::memcmp(bytes, "RIFF", 4) != 0 ||
         std::memcmp(bytes + 8, "WAVE", 4) != 0) {
         return {};
@@ -136,11 +147,14 @@ std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
     while (count - at >= kChunkHeadBytes) {
         const uint8_t* head = bytes + at;
         at += kChunkHeadBytes;
-        const size_t size = std::min<size_t>(word(head + 4, 4), count - at);
+        const size_t told = word(head + 4, 4);
+        const size_t size = std::min(told, count - at);
         if (std::memcmp(head, "fmt ", 4) == 0) {
             format = formatOf(bytes + at, size);
         } else if (std::memcmp(head, "data", 4) == 0 && format.isKnown()) {
-            return takeOf(format, bytes + at, size);
+            const size_t takeBytes = size_t{format.rateHz} * kLongestSeconds * format.frameBytes();
+            const bool isThere = isWhole || size == told || size >= takeBytes;
+            return isThere ? takeOf(format, bytes + at, size) : Samples();
         }
         at += std::min(size + size % 2, count - at);  // chunks begin at even places
     }

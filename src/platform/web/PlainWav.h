@@ -17,6 +17,9 @@ public:
     /// file that is cut short counts as far as it goes.
     static std::vector<int16_t> read(const uint8_t* bytes, size_t count);
 
+    /// The same of the beginning of a file: empty also if not all of these 20 s are in it.
+    static std::vector<int16_t> readBeginning(const uint8_t* bytes, size_t count);
+
     /// All samples of a file that toFile() made of 16 kHz, as they are: a recording that ended some
     /// frames late is longer than 20 s. Empty for everything else.
     static std::vector<int16_t> readTake(const uint8_t* bytes, size_t count);
@@ -26,4 +29,7 @@ public:
 
     /// The first 20 s of samples from -1 to 1 as 16 kHz mono. Empty if the rate is out of range.
     static std::vector<int16_t> toTake(const float* samples, int32_t count, int32_t rateHz);
+
+private:
+    static std::vector<int16_t> readIf(const uint8_t* bytes, size_t count, bool isWhole);
 };

@@ -210,9 +210,12 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz) {
     return use(PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz));
 }
 
-/// The room holds a file. 1: it was a plain WAV file and becomes the take. 0: it is none.
-EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile() {
-    return use(PlainWav::read(room.data(), room.size()));
+/// The room holds a file of that many bytes, or its beginning. 1: it was a plain WAV file, all that
+/// a take can hold of it was there, and that becomes the take.
+EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile(double fileBytes) {
+    return use(fileBytes > static_cast<double>(room.size())
+                   ? PlainWav::readBeginning(room.data(), room.size())
+                   : PlainWav::read(room.data(), room.size()));
 }
 
 /// The room holds the file of the last take, of an earlier visit.

@@ -145,6 +145,19 @@ TEST(PlainWav, aFileThatIsCutShortCountsAsFarAsItGoes) {
     }
 }
 
+TEST(PlainWav, theBeginningOfAFileIsEnoughIfTwentySecondsAreInIt) {
+    const std::string wav = TestSounds::wav(TestSounds::noise(400000), 16000);
+    const auto* bytes = reinterpret_cast<const uint8_t*>(wav.data());
+    constexpr size_t kTakeBytes = 44 + 640000;
+    EXPECT_EQ(PlainWav::read(bytes, wav.size()), PlainWav::readBeginning(bytes, kTakeBytes));
+    EXPECT_EQ(Samples(), PlainWav::readBeginning(bytes, kTakeBytes - 2));
+    EXPECT_EQ(319999U, PlainWav::read(bytes, kTakeBytes - 2).size()) << "a whole file, cut short";
+    const std::string brief = TestSounds::wav(TestSounds::noise(1000), 16000) + "LIST....and so on";
+    EXPECT_EQ(TestSounds::noise(1000),
+              PlainWav::readBeginning(reinterpret_cast<const uint8_t*>(brief.data()), 2050))
+        << "what goes on is no sound";
+}
+
 TEST(PlainWav, whatIsNoPlainSoundIsRefused) {
     const std::vector<uint8_t> data(64, 1);
     EXPECT_TRUE(File().format(2, 1, 16000, 16).chunk("data", data).read().empty()) << "compressed";
