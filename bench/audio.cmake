@@ -8,6 +8,7 @@ pkg_check_modules(CODEC2 REQUIRED IMPORTED_TARGET codec2)
 murmelo_bench(effects_bench
     SOURCES
         app/common/audio/Effects_bench.cpp
+        app/common/audio/Limits.cpp
         app/common/audio/Peers.cpp
         app/common/audio/Speech.cpp
     LINK murmelo_audio

@@ -1,7 +1,8 @@
-// Times each effect and the clean-up on real speech, and other engines that make the same change to
-// the same samples: effects_bench --benchmark_format=csv
+// Times each effect and the clean-up on real speech, other engines that make the same change to the
+// same samples, and what no exact version can leave out: effects_bench --benchmark_format=csv
 #include "ArrFunc.h"
 #include "FxCatalogue.h"
+#include "Limits.h"
 #include "Peers.h"
 #include "Speech.h"
 #include "WpMicPostProc.h"
@@ -101,7 +102,27 @@ void addStretchers(const std::string& work,
 
 void addVoices() {
     add("robot", "lpc10", [](const Speech& speech) { return peers::lpc10(speech.shorts); });
+    add("flip", "lpc10", [](const Speech& speech) { return peers::lpc10(speech.shorts); });
     add("robot", "codec2", [](const Speech& speech) { return peers::codec2(speech.shorts); });
+}
+
+void addLimits() {
+    const auto addLimit = [](const std::string& work, size_t (*run)(const std::vector<int32_t>&)) {
+        add(work, "limit", [run](const Speech& speech) { return run(speech.samples); });
+    };
+    const auto addGrains = [](const std::string& work, const limits::Grains& grains) {
+        add(work, "limit",
+            [grains](const Speech& speech) { return limits::pasteGrains(speech.samples, grains); });
+    };
+    addLimit("none", limits::copy);
+    addLimit("robot", limits::filterChain);
+    addLimit("backwards", limits::reversedCopy);
+    addGrains("high", {200, 200, 100, 100, 1843});
+    addGrains("low", {200, 200, 100, 100, 768});
+    addGrains("fast", {200, 100, 100, 100, 1024});
+    addGrains("drunk", {250, 500, 200, 100, 980});
+    addLimit("flip", limits::filterChain);
+    addLimit("clean", limits::countAndMap);
 }
 
 int registerAll() {
@@ -109,6 +130,7 @@ int registerAll() {
     for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
         addOurs(FxCatalogue::at(effect).word, FxCatalogue::newProcessor(effect));
     }
+    add("none", "sox", [](const Speech& speech) { return peers::sox(speech.samples, {}); });
     add("backwards", "sox",
         [](const Speech& speech) { return peers::sox(speech.samples, {{"reverse"}}); });
     addStretchers("high", 1.8, 1.0, {{"pitch", "1017.6"}, {"rate", "8000"}},
@@ -120,6 +142,7 @@ int registerAll() {
                   {{"pitch", "-q", "-76"}, {"rate", "-q", "8000"}, {"tempo", "-q", "0.5"}});
     addVoices();
     addOurs("clean", new WpMicPostProc());
+    addLimits();
     add("clean", "sox", [](const Speech& speech) {
         return peers::sox(speech.samples, {{"fade", "0.25"},
                                            {"highpass", "250"},
