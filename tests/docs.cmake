@@ -24,5 +24,7 @@ add_test(NAME docs/floors
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/floors.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/licences
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/licences.py ${CMAKE_SOURCE_DIR})
+add_test(NAME docs/speed-table
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/speed_table.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/versions
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/versions.py ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION})

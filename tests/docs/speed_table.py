@@ -1,0 +1,56 @@
+#!/usr/bin/env python3
+"""speed_table.py SOURCE: table and plot of docs/speed.md are those of the measured file, and a difference is found."""
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+source = pathlib.Path(sys.argv[1])
+wrong = []
+
+
+def differs(folder):
+    """What "tools/bench --check" says of a tree; empty if all is well."""
+    done = subprocess.run([folder / "tools/bench", "--check"], capture_output=True, text=True, check=False)
+    if done.stderr or (done.returncode != 0) != bool(done.stdout):
+        sys.exit(f"--check ended with {done.returncode}: {done.stdout}{done.stderr}")
+    return done.stdout
+
+
+def change(path, pattern, replacement):
+    text, count = re.subn(pattern, replacement, path.read_text(), count=1, flags=re.M)
+    if count != 1:
+        sys.exit(f"{path} has nothing like {pattern}")
+    path.write_text(text)
+
+
+def expect(what, pattern, found):
+    if not re.search(pattern, found):
+        wrong.append(f"{what}: --check said '{found}'")
+
+
+expect("the tree", r"^$", differs(source))
+with tempfile.TemporaryDirectory() as name:
+    folder = pathlib.Path(name)
+    for part in ("tools", "bench/results", "docs"):
+        shutil.copytree(source / part, folder / part)
+    results = next(folder.glob("bench/results/*.csv"))
+    changes = {
+        "a figure of the table": (folder / "docs/speed.md", r"(?s)(<!-- tools/bench.*?^\| robot \| )\d", r"\g<1>9"),
+        "a figure of the plot": (folder / "docs/images/effects.svg", r"^(robot )\d", r"\g<1>9"),
+    }
+    for what, (path, pattern, replacement) in changes.items():
+        before = path.read_text()
+        change(path, pattern, replacement)
+        expect(what, "the table" if "table" in what else "the plot", differs(folder))
+        path.write_text(before)
+    lines = results.read_text().splitlines()
+    newest = re.sub(r"^[^,]*", "2999-12-31 00:00", "\n".join(lines[1:]), flags=re.M)
+    results.write_text("\n".join([*lines, newest, ""]))
+    expect("a newer run", r"(?s)the table.*the plot", differs(folder))
+
+for line in wrong:
+    print(line)
+sys.exit(1 if wrong else 0)
