@@ -180,25 +180,16 @@ int32_t Lpc::computePeriod(const int32_t* x) {
 }
 
 void Lpc::decode(int32_t* x, const float* a) {
-    // The last outputs, oldest first, followed by the frame's own.
-    float line[kOrder + kFrameSamples];
+    decode(x, a, [](int32_t /*unused*/) {});
+}
+
+void Lpc::beginLine(Line& line) {
     for (int32_t t = 0; t < kOrder; t++) {
         line[t] = DEL_BUF[(DEL_OFS + t) % kOrder];
     }
-    float newest = line[kOrder - 1];
-    for (int32_t i = 0; i < kFrameSamples; i++) {
-        // One tap after the other, the newest output first: the order of the roundings is part of
-        // the sound.
-        float y = static_cast<float>(x[i]) * 0x1p-15F - a[1] * newest;
-        for (int32_t t = 2; t <= kOrder; t++) {
-            y -= a[t] * line[kOrder + i - t];
-        }
-        line[kOrder + i] = y;
-        newest = y;
-    }
-    for (int32_t i = 0; i < kFrameSamples; i++) {
-        x[i] = toInt32(line[kOrder + i] * 32767.0F);
-    }
+}
+
+void Lpc::endLine(const Line& line) {
     // A frame fills the ring a whole number of times: the next output goes where this frame's first
     // one went.
     static_assert(kFrameSamples % kOrder == 0);

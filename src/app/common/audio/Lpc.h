@@ -4,6 +4,7 @@
 // Its working state is class-wide: one voice at a time.
 #pragma once
 
+#include "Arithmetic.h"
 #include "ClassLife.h"
 
 #include <cstdint>
@@ -14,7 +15,8 @@ public:
     static constexpr int32_t kOrder = 10;
     static constexpr int32_t kCoefficients = kOrder + 1;
     static constexpr int32_t kShortestPeriod = 16;  // samples; 500 Hz
-    static constexpr int32_t kLags = 85;            // the longest has 100 samples; 80 Hz
+    static constexpr int32_t kLags = 85;
+    static constexpr int32_t kLongestPeriod = kShortestPeriod + kLags - 1;  // 80 Hz
 
     static constexpr int32_t kPulseSamples = 32;  // the ramp of a pulse; a longer one is duller
 
@@ -52,6 +54,11 @@ public:
     /// Runs a frame through the filter, in place. The delay line carries over to the next frame.
     static void decode(int32_t* x, const float* a);
 
+    /// The same; calls meanwhile(i) for each sample i. Every output waits for the one before it,
+    /// and a processor does other work in that time if it stands in the same loop.
+    template <class Work>
+    static void decode(int32_t* x, const float* a, Work meanwhile);
+
     static int32_t LAST_PERIOD;     // samples
     static int32_t LAST_VOICENESS;  // 0, or 100..1024
     static int32_t P_CORR[kLags];   // correlation at each lag
@@ -60,4 +67,31 @@ public:
     static float DEL_BUF[kOrder];  // the last outputs, a ring
     static int32_t DEL_OFS;        // where the next output goes
     static int32_t excOfs;         // samples since the pulse began
+
+private:
+    /// The last outputs, oldest first, followed by the frame's own.
+    using Line = float[kOrder + kFrameSamples];
+
+    static void beginLine(Line& line);
+    static void endLine(const Line& line);
 };
+
+template <class Work>
+void Lpc::decode(int32_t* x, const float* a, Work meanwhile) {
+    Line line;
+    beginLine(line);
+    float newest = line[kOrder - 1];
+    for (int32_t i = 0; i < kFrameSamples; i++) {
+        // One tap after the other, the newest output first: the order of the roundings is part of
+        // the sound.
+        float y = static_cast<float>(x[i]) * 0x1p-15F - a[1] * newest;
+        for (int32_t t = 2; t <= kOrder; t++) {
+            y -= a[t] * line[kOrder + i - t];
+        }
+        line[kOrder + i] = y;
+        newest = y;
+        x[i] = toInt32(y * 32767.0F);
+        meanwhile(i);
+    }
+    endLine(line);
+}

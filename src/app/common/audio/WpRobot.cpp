@@ -34,18 +34,6 @@ MURMELO_KERNEL void glideGain(float from, float to, int32_t* __restrict gainsQ10
     }
 }
 
-/// periods[i]: glides from one frame's period to the next one's, mirrored about the average. An
-/// infinite average (no frame had a pitch) makes infinite periods: one pulse, then none.
-MURMELO_KERNEL void
-mirrorPeriods(int32_t from, int32_t to, float average, int32_t* __restrict periods) {
-    for (int32_t i = 0; i < kSamples; i++) {
-        // A period has at most 100 samples: the conversion needs no check of its range.
-        const auto current = static_cast<int32_t>((from * (kSamples - i) + to * i) / 160.0);
-        const float mirrored = average / (static_cast<float>(current) / average);
-        periods[i] = toInt32(mirrored + 0.5);
-    }
-}
-
 /// out[i]: voicing decides how much pulse and how much noise; both times the gain.
 MURMELO_KERNEL void mixExcitation(const int32_t* gainsQ10,
                                   const int32_t* pulses,
@@ -89,9 +77,7 @@ void WpRobot::doInit() {
     // little long and the flipped melody a little low; the fewer voiced frames, the more so.
     periodSum = 60.0F;
     voicedCount = 0;
-    averagePeriod = 0.0F;
     previousGain = 0.0F;
-    previousPeriod = 0;
     frameIndex = 0;
     rnd = std::make_unique<Rnd>(seedIsFixed ? fixedSeed : System::currentTimeMillis());
 }
@@ -126,53 +112,71 @@ int32_t WpRobot::analyseFrame() {
         return frameIndex * kHalfway / frameCount;
     }
     frameIndex = 0;
-    averagePeriod = periodSum / static_cast<float>(voicedCount);  // infinite without a voiced frame
+    setThroat();
     return kHalfway;
+}
+
+// Decides which period the robot speaks for each period of the voice.
+void WpRobot::setThroat() {
+    const float average = periodSum / static_cast<float>(voicedCount);
+    for (int32_t period = 0; period <= Lpc::kLongestPeriod; period++) {
+        // An infinite average (no frame had a pitch) makes infinite periods: one pulse, then none.
+        const float mirrored = average / (static_cast<float>(period) / average);
+        throat[period] = mode == kConstantPitch   ? kRobotPeriod
+                         : mode == kMirroredPitch ? toInt32(mirrored + 0.5)
+                                                  : period;
+    }
 }
 
 int32_t WpRobot::synthesiseFrame() {
     if (frameCount == 0) {
         return kFinished;
     }
-    const Frame& frame = frames[static_cast<size_t>(frameIndex)];
-    fillBuffer(frame);
-    Lpc::decode(frameBuffer, frame.coefficients);
-    int32_t* target = result + ptrdiff_t{frameIndex} * kSamples;
-    std::transform(frameBuffer, frameBuffer + kSamples, target, clampToSample);
-    previousGain = frame.gain;
-    previousPeriod = frame.period;
+    const Frame* frame = &frames[static_cast<size_t>(frameIndex)];
+    if (frameIndex == 0) {
+        drawFirst(*frame);
+    }
+    fillBuffer(*frame);
     frameIndex++;
+    if (frameIndex < frameCount) {
+        decodeAndDrawNext(*frame, frame[1]);
+    } else {
+        Lpc::decode(frameBuffer, frame->coefficients);
+    }
+    int32_t* target = result + ptrdiff_t{frameIndex - 1} * kSamples;
+    std::transform(frameBuffer, frameBuffer + kSamples, target, clampToSample);
+    previousGain = frame->gain;
     return kHalfway + frameIndex * (kFinished - kHalfway) / frameCount;
+}
+
+// Draws sample i of a frame's pulses and noise. The period glides from that of the frame before it.
+inline void WpRobot::drawSample(int32_t i, int32_t fromPeriod, int32_t toPeriod, Rnd& noise) {
+    const int32_t period = (fromPeriod * (kSamples - i) + toPeriod * i) / kSamples;
+    pulses[i] = Lpc::excitation(throat[period], 0);
+    noises[i] = noise.nextInt(-kNoise, kNoise);
+}
+
+void WpRobot::drawFirst(const Frame& frame) {
+    const int32_t fromPeriod = mode == kMirroredPitch ? 0 : frame.period;
+    for (int32_t i = 0; i < kSamples; i++) {
+        drawSample(i, fromPeriod, frame.period, *rnd);
+    }
+}
+
+// Draws the excitation of the next frame in the time that the filter waits for its outputs.
+void WpRobot::decodeAndDrawNext(const Frame& frame, const Frame& next) {
+    const int32_t fromPeriod = mode == kMirroredPitch ? frame.period : next.period;
+    const int32_t toPeriod = next.period;
+    Rnd noise = *rnd;  // a local copy can stay in registers
+    Lpc::decode(frameBuffer, frame.coefficients, [this, fromPeriod, toPeriod, &noise](int32_t i) {
+        drawSample(i, fromPeriod, toPeriod, noise);
+    });
+    *rnd = noise;
 }
 
 // Puts the frame's excitation into the buffer: what a throat would send into the mouth.
 void WpRobot::fillBuffer(const Frame& frame) {
-    int32_t periods[kSamples];
     int32_t gainsQ10[kSamples];
-    int32_t pulses[kSamples];
-    int32_t noises[kSamples];
-    fillPeriods(frame, periods);
     glideGain(previousGain, frame.gain, gainsQ10);
-    for (int32_t i = 0; i < kSamples; i++) {
-        pulses[i] = Lpc::excitation(periods[i], 0);
-    }
-    Rnd noise = *rnd;  // a local copy can stay in registers
-    for (int32_t i = 0; i < kSamples; i++) {
-        noises[i] = noise.nextInt(-kNoise, kNoise);
-    }
-    *rnd = noise;
     mixExcitation(gainsQ10, pulses, noises, frame.voicing, frameBuffer);
-}
-
-void WpRobot::fillPeriods(const Frame& frame, int32_t* periods) const {
-    switch (mode) {
-    case kConstantPitch:
-        std::fill_n(periods, kSamples, kRobotPeriod);
-        break;
-    case kMirroredPitch:
-        mirrorPeriods(previousPeriod, frame.period, averagePeriod, periods);
-        break;
-    default:
-        std::fill_n(periods, kSamples, frame.period);
-    }
 }

@@ -44,8 +44,11 @@ private:
 
     int32_t analyseFrame();
     int32_t synthesiseFrame();
+    void setThroat();
+    void drawSample(int32_t i, int32_t fromPeriod, int32_t toPeriod, Rnd& noise);
+    void drawFirst(const Frame& frame);
     void fillBuffer(const Frame& frame);
-    void fillPeriods(const Frame& frame, int32_t* periods) const;
+    void decodeAndDrawNext(const Frame& frame, const Frame& next);
 
     static bool seedIsFixed;
     static int32_t fixedSeed;
@@ -56,9 +59,10 @@ private:
     std::vector<Frame> frames;  // its memory is kept from run to run
     float periodSum = 0.0F;
     int32_t voicedCount = 0;
-    float averagePeriod = 0.0F;
+    int32_t throat[Lpc::kLongestPeriod + 1] = {};  // new period for each of the voice
+    int32_t pulses[Lpc::kFrameSamples] = {};       // of the frame that is spoken next
+    int32_t noises[Lpc::kFrameSamples] = {};
     float previousGain = 0.0F;
-    int32_t previousPeriod = 0;
     int32_t frameIndex = 0;
     std::unique_ptr<Rnd> rnd;
     int32_t mode;

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <numeric>
 
 using audio::Samples;
 
@@ -265,6 +266,21 @@ TEST_F(LpcTest, decodeStartsAnywhereInItsRing) {
         EXPECT_EQ(expected, found) << start;
         expectSameBits(ring, Lpc::DEL_BUF, 10);
     }
+}
+
+TEST_F(LpcTest, decodeDoesOtherWorkForEachSampleInOrder) {
+    const float a[11] = {1.0F, -0.3F, 0.2F, 0.1F, -0.1F, 0.05F, 0.04F, -0.03F, 0.02F, 0.01F, 0.3F};
+    Samples expected = audio::noise(160, 3000);
+    Samples found = expected;
+    float ring[10] = {};
+    int32_t offset = 0;
+    audio::slow::decode(expected.data(), a, ring, offset);
+    Samples done;
+    Lpc::decode(found.data(), a, [&done](int32_t i) { done.push_back(i); });
+    EXPECT_EQ(expected, found);
+    Samples each(160);
+    std::iota(each.begin(), each.end(), 0);
+    EXPECT_EQ(each, done);
 }
 
 TEST_F(LpcTest, decodeOfARunawayFilterSaturatesThenFallsSilent) {

@@ -248,7 +248,7 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
         const Frame& frame = frames[f];
         int32_t buffer[160];
         for (int32_t i = 0; i < 160; i++) {
-            int32_t period = 90;
+            int32_t period = mode == 1 ? 90 : frame.period;
             if (mode == 2) {
                 const int32_t cur = truncated((lastPeriod * (160 - i) + frame.period * i) / 160.0);
                 const float share = static_cast<float>(cur) / average;

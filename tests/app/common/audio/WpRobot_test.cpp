@@ -47,6 +47,7 @@ TEST_F(WpRobotTest, anyOtherModeKeepsTheVoicesOwnPitch) {
     const Samples voice = audio::glide(8000, 160, 160);
     WpRobot::fixSeed(1);
     const Samples spoken = audio::run(same, voice);
+    EXPECT_EQ(audio::slow::robot(voice, 0, 1), spoken);
     EXPECT_NEAR(160, audio::pitchHz(spoken.data() + 2000, 4000), 4);
     const Samples metal = audio::run(robot, voice);
     EXPECT_NEAR(89, audio::pitchHz(metal.data() + 2000, 4000), 2);
