@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -21,32 +22,77 @@ constexpr float kGainFactor = 0.33F;
 constexpr int32_t kShortLags = 11;
 constexpr int32_t kPaddedWindow = 144;
 
+// Correlations are worked out for four lags at once, those of short lags one by one.
+constexpr int32_t kLagsAtOnce = 4;
+constexpr int32_t kSingleLags = 13;
+static_assert(kSingleLags >= kShortLags && (Lpc::kLags - kSingleLags) % kLagsAtOnce == 0);
+
 constexpr int32_t shortWindow(int32_t lag) {
-    return 80 + 5 * lag;
+    return std::min(80 + 5 * lag, kPaddedWindow);
 }
 
-/// sums[lag] = sum of x[i] * y[lag + i] over i < window. The numbers have at most 10 bits, so the
-/// sums fit.
-MURMELO_KERNEL void correlate(
-    const int16_t* x, const int16_t* y, int32_t window, int32_t* __restrict sums, int32_t lags) {
-    for (int32_t lag = 0; lag < lags; lag++) {
-        const int16_t* delayed = y + lag;
-        int32_t sum = 0;
-        for (int32_t i = 0; i < window; i++) {
-            sum += x[i] * delayed[i];
+constexpr int32_t kPaddedTaps = (Lpc::kCoefficients + kLagsAtOnce - 1) / kLagsAtOnce * kLagsAtOnce;
+
+/// Sum of x[i] * y[i] over i < window. The numbers have at most 10 bits, so the sum fits.
+MURMELO_KERNEL_PART int32_t product(const int16_t* x, const int16_t* y, int32_t window) {
+    int32_t sum = 0;
+    for (int32_t i = 0; i < window; i++) {
+        sum += x[i] * y[i];
+    }
+    return sum;
+}
+
+/// The sums of x[i] * y[i + k] for k = 0..3: together they read x only once.
+MURMELO_KERNEL_PART void
+fourProducts(const int16_t* x, const int16_t* y, int32_t window, int32_t* __restrict sums) {
+    int32_t sum0 = 0;
+    int32_t sum1 = 0;
+    int32_t sum2 = 0;
+    int32_t sum3 = 0;
+    for (int32_t i = 0; i < window; i++) {
+        sum0 += x[i] * y[i];
+        sum1 += x[i] * y[i + 1];
+        sum2 += x[i] * y[i + 2];
+        sum3 += x[i] * y[i + 3];
+    }
+    sums[0] = sum0;
+    sums[1] = sum1;
+    sums[2] = sum2;
+    sums[3] = sum3;
+}
+
+/// sums[lag] = sum of x[i] * x[i + kShortestPeriod + lag], x being the frame's samples >> 6.
+MURMELO_KERNEL void correlateLags(const int32_t* frame, int32_t* __restrict sums) {
+    int16_t x[Lpc::kFrameSamples + Lpc::kLags];
+    std::fill_n(x + Lpc::kFrameSamples, Lpc::kLags, int16_t{0});
+    for (int32_t i = 0; i < Lpc::kFrameSamples; i++) {
+        x[i] = static_cast<int16_t>(frame[i] >> 6);
+    }
+    const int16_t* delayed = x + Lpc::kShortestPeriod;
+    for (int32_t lag = 0; lag < kSingleLags; lag++) {
+        // Zeros after the window: loops of one known length are faster.
+        int16_t shortened[kPaddedWindow];
+        for (int32_t i = 0; i < kPaddedWindow; i++) {
+            shortened[i] = i < shortWindow(lag) ? x[i] : int16_t{0};
         }
-        sums[lag] = sum;
+        sums[lag] = product(shortened, delayed + lag, kPaddedWindow);
+    }
+    for (int32_t lag = kSingleLags; lag < Lpc::kLags; lag += kLagsAtOnce) {
+        fourProducts(x, delayed + lag, kPaddedWindow, sums + lag);
     }
 }
 
-/// sums[lag] of a frame that kLags zeros follow.
-void correlateLags(const int16_t* samples, int32_t* sums) {
-    const int16_t* delayed = samples + Lpc::kShortestPeriod;
-    for (int32_t lag = 0; lag < kShortLags; lag++) {
-        correlate(samples, delayed + lag, shortWindow(lag), sums + lag, 1);
+/// sums[lag] = sum of d[i] * d[i + lag], d being the first differences of the samples >> 8.
+MURMELO_KERNEL void correlateDifferences(const int32_t* frame, int32_t* __restrict sums) {
+    int16_t d[Lpc::kFrameSamples + kPaddedTaps];
+    std::fill_n(d + Lpc::kFrameSamples, kPaddedTaps, int16_t{0});
+    d[0] = 0;
+    for (int32_t i = 1; i < Lpc::kFrameSamples; i++) {
+        d[i] = static_cast<int16_t>((frame[i] >> 8) - (frame[i - 1] >> 8));
     }
-    correlate(samples, delayed + kShortLags, kPaddedWindow, sums + kShortLags,
-              Lpc::kLags - kShortLags);
+    for (int32_t lag = 0; lag < kPaddedTaps; lag += kLagsAtOnce) {
+        fourProducts(d, d + lag, Lpc::kFrameSamples, sums + lag);
+    }
 }
 
 /// The same for samples outside 16 bits; wraps like all sample arithmetic.
@@ -61,13 +107,33 @@ void correlateWideLags(const int32_t* samples, int32_t* sums) {
     }
 }
 
-void correlateWideDifferences(const int32_t* differences, int32_t* sums) {
+void correlateWideDifferences(const int32_t* frame, int32_t* sums) {
+    int32_t differences[Lpc::kFrameSamples] = {};
+    for (int32_t i = 1; i < Lpc::kFrameSamples; i++) {
+        differences[i] = (frame[i] >> 8) - (frame[i - 1] >> 8);
+    }
     for (int32_t lag = 0; lag <= Lpc::kOrder; lag++) {
         sums[lag] = 0;
         for (int32_t i = 0; i + lag < Lpc::kFrameSamples; i++) {
             sums[lag] = wrapAdd(sums[lag], wrapMul(differences[i], differences[i + lag]));
         }
     }
+}
+
+/// peaks[lag]: the sum of a lag and its neighbours if it is larger than both, else 0, which counts
+/// as no pitch. The first and the last lag have none. Returns the largest, at least 0.
+MURMELO_KERNEL int32_t findPeaks(const int32_t* correlations, int32_t* __restrict peaks) {
+    int32_t largest = 0;
+    for (int32_t lag = 1; lag < Lpc::kLags - 1; lag++) {
+        const int32_t before = correlations[lag - 1];
+        const int32_t here = correlations[lag];
+        const int32_t after = correlations[lag + 1];
+        const int32_t sum = wrapAdd(wrapAdd(before, here), after);
+        const int32_t isPeak = here > before && here > after ? -1 : 0;
+        peaks[lag] = sum & isPeak;
+        largest = std::max(largest, peaks[lag]);
+    }
+    return largest;
 }
 
 /// True if all samples of a frame fit 16 bits, as those of every recording do.
@@ -105,19 +171,11 @@ float Lpc::encode(const int32_t* frame, float* a) {
 }
 
 void Lpc::computeAutoCorrelation(const int32_t* x, float* r) {
-    int32_t sums[kCoefficients];
-    int32_t differences[kFrameSamples] = {};
-    for (int32_t i = 1; i < kFrameSamples; i++) {
-        differences[i] = (x[i] >> 8) - (x[i - 1] >> 8);
-    }
+    int32_t sums[kPaddedTaps];
     if (isNarrow(x)) {
-        int16_t padded[kFrameSamples + kOrder] = {};
-        for (int32_t i = 0; i < kFrameSamples; i++) {
-            padded[i] = static_cast<int16_t>(differences[i]);
-        }
-        correlate(padded, padded, kFrameSamples, sums, kCoefficients);
+        correlateDifferences(x, sums);
     } else {
-        correlateWideDifferences(differences, sums);
+        correlateWideDifferences(x, sums);
     }
     for (int32_t lag = 0; lag <= kOrder; lag++) {
         r[lag] = static_cast<float>(sums[lag]) * 0x1p-14F;
@@ -127,56 +185,47 @@ void Lpc::computeAutoCorrelation(const int32_t* x, float* r) {
 // Levinson and Durbin's recursion. The order of the float operations is part of the sound: each
 // product and each sum is rounded to single, and the sum starts at r[i].
 float Lpc::computeFilterCoeffs(const float* r, float* a, float* tmp) {
-    a[0] = 1.0F;
+    // The filters of two orders, each made from the one before. An odd number of steps ends in a.
+    static_assert(kOrder % 2 == 0);
+    float* filter = tmp;
+    float* next = a;
     float k = r[0] == 0.0F ? 0.0F : -r[1] / r[0];
-    a[1] = k;
+    filter[1] = k;
     float error = r[0] * (1.0F - k * k);
     for (int32_t i = 2; i <= kOrder; i++) {
         float acc = r[i];
         for (int32_t j = 1; j < i; j++) {
-            acc += r[j] * a[i - j];
+            acc += r[j] * filter[i - j];
         }
         k = error == 0.0F ? 0.0F : -acc / error;
         for (int32_t j = 1; j < i; j++) {
-            tmp[j] = a[j] + k * a[i - j];
+            next[j] = filter[j] + k * filter[i - j];
         }
-        std::copy_n(tmp + 1, i - 1, a + 1);
-        a[i] = k;
+        next[i] = k;
+        std::swap(filter, next);
         error = error * (1.0F - k * k);
     }
+    a[0] = 1.0F;
     return std::sqrt(error) * kGainFactor;
 }
 
 int32_t Lpc::computePeriod(const int32_t* x) {
     if (isNarrow(x)) {
-        int16_t padded[kFrameSamples + kLags] = {};
-        for (int32_t i = 0; i < kFrameSamples; i++) {
-            padded[i] = static_cast<int16_t>(x[i] >> 6);
-        }
-        correlateLags(padded, P_CORR);
+        correlateLags(x, P_CORR);
     } else {
         correlateWideLags(x, P_CORR);
     }
 
-    int32_t bestLag = -1;
-    int32_t bestSum = 0;
-    for (int32_t lag = 1; lag < kLags - 1; lag++) {
-        const int32_t before = P_CORR[lag - 1];
-        const int32_t after = P_CORR[lag + 1];
-        const int32_t sum = wrapAdd(wrapAdd(before, P_CORR[lag]), after);
-        const bool isPeak = P_CORR[lag] > before && P_CORR[lag] > after;
-        if (isPeak && (bestLag < 0 || sum > bestSum)) {
-            bestLag = lag;
-            bestSum = sum;
-        }
-    }
-    const int32_t voiceness = bestLag < 0 ? 0 : bestSum >> 10;
+    int32_t peaks[kLags];
+    const int32_t largest = findPeaks(P_CORR, peaks);
+    const int32_t voiceness = largest >> 10;
     if (voiceness < kLeastVoiceness) {
         LAST_VOICENESS = 0;
         return LAST_PERIOD;
     }
     LAST_VOICENESS = std::min(voiceness, kFullVoiceness);
-    return bestLag + kShortestPeriod;
+    const int32_t* first = std::find(peaks + 1, peaks + kLags - 1, largest);
+    return static_cast<int32_t>(first - peaks) + kShortestPeriod;
 }
 
 void Lpc::decode(int32_t* x, const float* a) {

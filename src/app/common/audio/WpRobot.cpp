@@ -2,12 +2,12 @@
 
 #include "Arithmetic.h"
 #include "ArrFunc.h"
-#include "Kernels.h"
 #include "Rnd.h"
 #include "System.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace {
 
@@ -25,29 +25,6 @@ constexpr int32_t kLongestCounted = 100;
 // single-precision number divided by 5 is either a whole number or further away from one than the
 // rounding of a double reaches, and this double lies a little above 6.4.
 constexpr double kQ10PerFrame = 6.4;
-
-/// gains[i], Q10: glides from one frame's gain to the next one's.
-MURMELO_KERNEL void glideGain(float from, float to, int32_t* __restrict gainsQ10) {
-    for (int32_t i = 0; i < kSamples; i++) {
-        const float sum = from * static_cast<float>(kSamples - i) + to * static_cast<float>(i);
-        gainsQ10[i] = toInt32(sum * kQ10PerFrame);
-    }
-}
-
-/// out[i]: voicing decides how much pulse and how much noise; both times the gain.
-MURMELO_KERNEL void mixExcitation(const int32_t* gainsQ10,
-                                  const int32_t* pulses,
-                                  const int32_t* noises,
-                                  int32_t voicing,
-                                  int32_t* __restrict out) {
-    const int32_t pulseShare = voicing * voicing >> 10;
-    const int32_t noiseShare = 1024 - pulseShare;
-    for (int32_t i = 0; i < kSamples; i++) {
-        const int32_t noise = wrapMul(gainsQ10[i], noises[i]) >> 10;
-        const int32_t pulse = wrapMul(gainsQ10[i], pulses[i]) >> 10;
-        out[i] = wrapAdd(wrapMul(noiseShare, noise), wrapMul(pulseShare, pulse)) >> 10;
-    }
-}
 
 }  // namespace
 
@@ -77,7 +54,6 @@ void WpRobot::doInit() {
     // little long and the flipped melody a little low; the fewer voiced frames, the more so.
     periodSum = 60.0F;
     voicedCount = 0;
-    previousGain = 0.0F;
     frameIndex = 0;
     rnd = std::make_unique<Rnd>(seedIsFixed ? fixedSeed : System::currentTimeMillis());
 }
@@ -97,8 +73,7 @@ int32_t WpRobot::analyseFrame() {
         return kHalfway;  // shorter than a frame, or cleaned up
     }
     Frame& frame = frames[static_cast<size_t>(frameIndex)];
-    std::copy_n(source + ptrdiff_t{frameIndex} * kSamples, kSamples, frameBuffer);
-    frame.gain = Lpc::encode(frameBuffer, frame.coefficients);
+    frame.gain = Lpc::encode(source + ptrdiff_t{frameIndex} * kSamples, frame.coefficients);
     frame.period = Lpc::LAST_PERIOD;
     frame.voicing = Lpc::LAST_VOICENESS;
     // Deliberate: the voicing is 0 or at least 100, so every voiced frame counts, however faint.
@@ -134,49 +109,43 @@ int32_t WpRobot::synthesiseFrame() {
     }
     const Frame* frame = &frames[static_cast<size_t>(frameIndex)];
     if (frameIndex == 0) {
-        drawFirst(*frame);
+        const Frame silence = {{}, 0.0F, 0, 0};
+        for (int32_t i = 0; i < kSamples; i++) {
+            nextBuffer[i] = excite(silence, *frame, i, *rnd);
+        }
     }
-    fillBuffer(*frame);
+    std::swap(frameBuffer, nextBuffer);
     frameIndex++;
     if (frameIndex < frameCount) {
-        decodeAndDrawNext(*frame, frame[1]);
+        decodeAndExcite(*frame, frame[1]);
     } else {
         Lpc::decode(frameBuffer, frame->coefficients);
     }
     int32_t* target = result + ptrdiff_t{frameIndex - 1} * kSamples;
     std::transform(frameBuffer, frameBuffer + kSamples, target, clampToSample);
-    previousGain = frame->gain;
     return kHalfway + frameIndex * (kFinished - kHalfway) / frameCount;
 }
 
-// Draws sample i of a frame's pulses and noise. The period glides from that of the frame before it.
-inline void WpRobot::drawSample(int32_t i, int32_t fromPeriod, int32_t toPeriod, Rnd& noise) {
-    const int32_t period = (fromPeriod * (kSamples - i) + toPeriod * i) / kSamples;
-    pulses[i] = Lpc::excitation(throat[period], 0);
-    noises[i] = noise.nextInt(-kNoise, kNoise);
-}
-
-void WpRobot::drawFirst(const Frame& frame) {
-    const int32_t fromPeriod = mode == kMirroredPitch ? 0 : frame.period;
-    for (int32_t i = 0; i < kSamples; i++) {
-        drawSample(i, fromPeriod, frame.period, *rnd);
-    }
-}
-
-// Draws the excitation of the next frame in the time that the filter waits for its outputs.
-void WpRobot::decodeAndDrawNext(const Frame& frame, const Frame& next) {
-    const int32_t fromPeriod = mode == kMirroredPitch ? frame.period : next.period;
-    const int32_t toPeriod = next.period;
+// Fills the next frame's buffer in the time that the filter waits for its outputs.
+void WpRobot::decodeAndExcite(const Frame& frame, const Frame& next) {
     Rnd noise = *rnd;  // a local copy can stay in registers
-    Lpc::decode(frameBuffer, frame.coefficients, [this, fromPeriod, toPeriod, &noise](int32_t i) {
-        drawSample(i, fromPeriod, toPeriod, noise);
+    Lpc::decode(frameBuffer, frame.coefficients, [this, &frame, &next, &noise](int32_t i) {
+        nextBuffer[i] = excite(frame, next, i, noise);
     });
     *rnd = noise;
 }
 
-// Puts the frame's excitation into the buffer: what a throat would send into the mouth.
-void WpRobot::fillBuffer(const Frame& frame) {
-    int32_t gainsQ10[kSamples];
-    glideGain(previousGain, frame.gain, gainsQ10);
-    mixExcitation(gainsQ10, pulses, noises, frame.voicing, frameBuffer);
+// Returns sample i of what a throat would send into the mouth: pulses and noise, mixed by voicing.
+// Gain and, if the melody is mirrored, period glide from those of the frame before.
+inline int32_t
+WpRobot::excite(const Frame& before, const Frame& frame, int32_t i, Rnd& noise) const {
+    const float gain =
+        before.gain * static_cast<float>(kSamples - i) + frame.gain * static_cast<float>(i);
+    const int32_t gainQ10 = toInt32(gain * kQ10PerFrame);
+    const int32_t fromPeriod = mode == kMirroredPitch ? before.period : frame.period;
+    const int32_t period = (fromPeriod * (kSamples - i) + frame.period * i) / kSamples;
+    const int32_t pulse = wrapMul(gainQ10, Lpc::excitation(throat[period], 0)) >> 10;
+    const int32_t hiss = wrapMul(gainQ10, noise.nextInt(-kNoise, kNoise)) >> 10;
+    const int32_t pulseShare = frame.voicing * frame.voicing >> 10;
+    return wrapAdd(wrapMul(1024 - pulseShare, hiss), wrapMul(pulseShare, pulse)) >> 10;
 }

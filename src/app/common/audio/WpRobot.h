@@ -45,24 +45,21 @@ private:
     int32_t analyseFrame();
     int32_t synthesiseFrame();
     void setThroat();
-    void drawSample(int32_t i, int32_t fromPeriod, int32_t toPeriod, Rnd& noise);
-    void drawFirst(const Frame& frame);
-    void fillBuffer(const Frame& frame);
-    void decodeAndDrawNext(const Frame& frame, const Frame& next);
+    int32_t excite(const Frame& before, const Frame& frame, int32_t i, Rnd& noise) const;
+    void decodeAndExcite(const Frame& frame, const Frame& next);
 
     static bool seedIsFixed;
     static int32_t fixedSeed;
 
     int32_t sampleCount = 0;
     int32_t frameCount = 0;
-    int32_t frameBuffer[Lpc::kFrameSamples] = {};
-    std::vector<Frame> frames;  // its memory is kept from run to run
+    int32_t buffers[2][Lpc::kFrameSamples] = {};
+    int32_t* frameBuffer = buffers[0];
+    int32_t* nextBuffer = buffers[1];  // the excitation of the frame that is spoken next
+    std::vector<Frame> frames;         // its memory is kept from run to run
     float periodSum = 0.0F;
     int32_t voicedCount = 0;
     int32_t throat[Lpc::kLongestPeriod + 1] = {};  // new period for each of the voice
-    int32_t pulses[Lpc::kFrameSamples] = {};       // of the frame that is spoken next
-    int32_t noises[Lpc::kFrameSamples] = {};
-    float previousGain = 0.0F;
     int32_t frameIndex = 0;
     std::unique_ptr<Rnd> rnd;
     int32_t mode;

@@ -196,6 +196,33 @@ TEST_F(LpcTest, firstOfEquallyGoodLagsWins) {
     EXPECT_EQ(Lpc::P_CORR[14], Lpc::P_CORR[24]);
 }
 
+TEST_F(LpcTest, periodIsTheFirstOfTheHighestPeaks) {
+    for (uint32_t seed = 0; seed < 3000; seed++) {
+        // From faint to beyond 16 bits. Few different samples make equal peaks.
+        const int32_t loudness = int32_t{100} << seed % 11;
+        Samples frame = audio::noise(160, loudness, seed);
+        for (int32_t& sample : frame) {
+            sample = seed % 3 == 0 ? sample / loudness * loudness : sample;
+        }
+        Lpc::LAST_PERIOD = 58;
+        const int32_t period = Lpc::computePeriod(frame.data());
+        const audio::slow::Pitch expected = audio::slow::pitchOf(frame.data(), 58);
+        ASSERT_EQ(expected.period, period) << seed;
+        ASSERT_EQ(expected.voicing, Lpc::LAST_VOICENESS) << seed;
+    }
+}
+
+TEST_F(LpcTest, equalNeighboursAreNoPeak) {
+    Samples frame(160);
+    frame[0] = frame[40] = frame[41] = 64 * 400;  // lags 40 and 41 see one pair each
+    EXPECT_EQ(58, Lpc::computePeriod(frame.data()));
+    EXPECT_EQ(0, Lpc::LAST_VOICENESS);
+    frame[41] = 64 * 399;
+    EXPECT_EQ(40, Lpc::computePeriod(frame.data()));
+    frame[41] = 64 * 401;
+    EXPECT_EQ(41, Lpc::computePeriod(frame.data()));
+}
+
 TEST_F(LpcTest, lagsAtTheEdgesAreNeverThePeriod) {
     EXPECT_EQ(58, Lpc::computePeriod(pulses(100, 20000).data()));  // lag 84 has no neighbour
     EXPECT_EQ(0, Lpc::LAST_VOICENESS);

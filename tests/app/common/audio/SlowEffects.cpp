@@ -188,18 +188,8 @@ void decode(int32_t* frame, const float* a, float* ring, int32_t& offset) {
     }
 }
 
-namespace {
-
-struct Frame {
-    std::vector<float> a;
-    float gain = 0.0F;
-    int32_t period = 0;
-    int32_t voicing = 0;
-};
-
-/// Period and voicing of a frame, given the last frame's period.
-void findPitch(const int32_t* samples, int32_t lastPeriod, Frame& frame) {
-    const Samples p = lagCorrelations(samples);
+Pitch pitchOf(const int32_t* frame, int32_t lastPeriod) {
+    const Samples p = lagCorrelations(frame);
     int32_t best = 0;
     int32_t bestSum = std::numeric_limits<int32_t>::min();
     for (size_t lag = 1; lag <= 83; lag++) {
@@ -209,16 +199,19 @@ void findPitch(const int32_t* samples, int32_t lastPeriod, Frame& frame) {
             bestSum = sum;
         }
     }
-    frame.period = best == 0 ? lastPeriod : best + 16;
-    frame.voicing = best == 0 ? 0 : bestSum >> 10;
-    if (frame.voicing < 100) {
-        frame.voicing = 0;
-        frame.period = lastPeriod;
+    if (best == 0 || bestSum >> 10 < 100) {
+        return {lastPeriod, 0};
     }
-    if (frame.voicing > 1023) {
-        frame.voicing = 1024;
-    }
+    return {best + 16, bestSum >> 10 > 1023 ? 1024 : bestSum >> 10};
 }
+
+namespace {
+
+struct Frame {
+    std::vector<float> a;
+    float gain = 0.0F;
+    Pitch pitch;
+};
 
 }  // namespace
 
@@ -230,9 +223,9 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
     int32_t lastPeriod = 58;
     for (size_t f = 0; f < frames.size(); f++) {
         frames[f].a = filter(autoCorrelation(&source[f * 160]), frames[f].gain);
-        findPitch(&source[f * 160], lastPeriod, frames[f]);
-        lastPeriod = frames[f].period;
-        if (frames[f].voicing > 0 && lastPeriod > 16 && lastPeriod < 100) {
+        frames[f].pitch = pitchOf(&source[f * 160], lastPeriod);
+        lastPeriod = frames[f].pitch.period;
+        if (frames[f].pitch.voicing > 0 && lastPeriod > 16 && lastPeriod < 100) {
             periodSum += static_cast<float>(lastPeriod);
             voiced++;
         }
@@ -248,9 +241,10 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
         const Frame& frame = frames[f];
         int32_t buffer[160];
         for (int32_t i = 0; i < 160; i++) {
-            int32_t period = mode == 1 ? 90 : frame.period;
+            int32_t period = mode == 1 ? 90 : frame.pitch.period;
             if (mode == 2) {
-                const int32_t cur = truncated((lastPeriod * (160 - i) + frame.period * i) / 160.0);
+                const int32_t cur =
+                    truncated((lastPeriod * (160 - i) + frame.pitch.period * i) / 160.0);
                 const float share = static_cast<float>(cur) / average;
                 const float mirrored = average / share;
                 period = truncated(static_cast<double>(mirrored) + 0.5);
@@ -265,7 +259,7 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
             const int32_t pulse = sincePulse < 32 ? ((sincePulse & 31) - 15) * 2048 : 0;
             sincePulse++;
             const int32_t hiss = rnd.nextInt(-20000, 20000);
-            const int32_t v = (frame.voicing * frame.voicing) >> 10;
+            const int32_t v = (frame.pitch.voicing * frame.pitch.voicing) >> 10;
             buffer[i] = ((1024 - v) * ((g * hiss) >> 10) + v * ((g * pulse) >> 10)) >> 10;
         }
         decode(buffer, frame.a.data(), ring, offset);
@@ -273,7 +267,7 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
             out[f * 160 + i] = limited(buffer[i]);
         }
         lastGain = frame.gain;
-        lastPeriod = frame.period;
+        lastPeriod = frame.pitch.period;
     }
     return out;
 }

@@ -38,7 +38,16 @@ std::vector<float> filter(const std::vector<float>& r, float& gain);
 /// One frame through the filter; ring and offset carry over.
 void decode(int32_t* frame, const float* a, float* ring, int32_t& offset);
 
-/// The robot; mode 1 at a constant pitch, mode 2 with the melody mirrored.
+struct Pitch {
+    int32_t period = 0;   // samples
+    int32_t voicing = 0;  // 0, or 100..1024
+};
+
+/// Pitch of a frame, given the last frame's period.
+Pitch pitchOf(const int32_t* frame, int32_t lastPeriod);
+
+/// The robot; mode 0 at the voice's own pitch, mode 1 at a constant pitch, mode 2 with the melody
+/// mirrored.
 Samples robot(const Samples& source, int32_t mode, int32_t seed);
 
 Samples cleanUp(const Samples& recording);
