@@ -37,7 +37,7 @@ protected:
 }  // namespace
 
 TEST_F(SdlPicturesTest, whatIsDueBeforeTheNextRefreshWaitsForIt) {
-    strip.tell(HostMessage{"takeIsBack", {}});
+    strip.strip().model().tell("Hello", {}, "", 0);
     const int64_t endMs = strip.strip().dueMs();
     EXPECT_EQ(StripMessages::kShownMs, endMs);
     clockUs = (endMs - 1) * kUsPerMs;
@@ -53,7 +53,7 @@ TEST_F(SdlPicturesTest, whatIsDueBeforeTheNextRefreshWaitsForIt) {
 }
 
 TEST_F(SdlPicturesTest, withoutAFrameNothingIsDue) {
-    strip.tell(HostMessage{"takeIsBack", {}});
+    strip.strip().model().tell("Hello", {}, "", 0);
     EXPECT_EQ(DueTime::kNever, pictures.dueMs());
     pictures.show(&frame);
     EXPECT_NE(DueTime::kNever, pictures.dueMs());
