@@ -172,6 +172,7 @@ TEST_F(SdlStripTest, aFileManagerThatFailsIsTold) {
     const std::string path = std::getenv("PATH");
     ASSERT_EQ(0, setenv("PATH", (testFolders.path("bin") + ":" + path).c_str(), 1));
     strip.strip().setDoors(&doors);
+    strip.look();
     StripWish wish = StripWish::of(Kind::kShowFile);
     wish.path = testFolders.path("Music/a.wav");
     strip.strip().wishes().fulfil(wish, 0);
