@@ -1,15 +1,44 @@
 #include "MeanFilter.h"
 
 #include "Arithmetic.h"
-#include "ArrFunc.h"
+#include "Kernels.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cstddef>
 
 namespace {
+
+constexpr int32_t kBlockSamples = 512;  // at a time; stays in the processor's first cache
 
 int32_t windowSamples(int32_t shift) {
     assert(shift >= 0 && shift <= 23);  // no counted array holds a longer window
     return 1 << shift;
+}
+
+/// What each sample adds to the sum: itself, less the one that leaves the window.
+MURMELO_KERNEL void
+subtract(const int32_t* samples, const int32_t* leaving, int32_t* __restrict changes, int32_t n) {
+    for (int32_t i = 0; i < n; i++) {
+        changes[i] = wrapSub(samples[i], leaving[i]);
+    }
+}
+
+MURMELO_KERNEL void subtractMeans(const int32_t* samples,
+                                  const int32_t* sums,
+                                  int32_t shift,
+                                  int32_t* __restrict dst,
+                                  int32_t n) {
+    for (int32_t i = 0; i < n; i++) {
+        dst[i] = clampToSample(wrapSub(samples[i], sums[i] >> shift));
+    }
+}
+
+/// How many samples may be read at once before any output is written: outputs that go to later
+/// places of the same array are inputs again.
+int32_t
+readable(const int32_t* src, int32_t srcOff, const int32_t* dst, int32_t dstOff, int32_t n) {
+    return src == dst && dstOff > srcOff ? std::min(n, dstOff - srcOff) : n;
 }
 
 }  // namespace
@@ -17,32 +46,51 @@ int32_t windowSamples(int32_t shift) {
 MeanFilter::MeanFilter(int32_t shift)
     : shift(shift)
     , length(windowSamples(shift))
-    , mask(length - 1)
     , half(length / 2)
-    , ring(newArray<int32_t>(length)) {}
+    , recent(static_cast<size_t>(length + std::max(length, 2 * kBlockSamples)))
+    , end(length)
+    , sums(kBlockSamples) {}
 
-inline void MeanFilter::take(int32_t sample) {
-    int32_t& slot = ring[index & mask];
-    sum = wrapAdd(sum, wrapSub(sample, slot));
-    slot = sample;
+int32_t MeanFilter::take(const int32_t* src, int32_t n) {
+    const auto room = static_cast<int32_t>(recent.size());
+    if (end == room) {
+        std::copy_n(&recent[static_cast<size_t>(end - length)], length, recent.data());
+        end = length;
+    }
+    const int32_t count = std::min({n, room - end, kBlockSamples});
+    int32_t* samples = recent.data() + end;
+    std::copy_n(src, count, samples);
+    subtract(samples, samples - length, sums.data(), count);
+    int32_t last = sum;
+    for (int32_t i = 0; i < count; i++) {
+        last = wrapAdd(last, sums[static_cast<size_t>(i)]);
+        sums[static_cast<size_t>(i)] = last;
+    }
+    sum = last;
+    end += count;
+    return count;
 }
 
 void MeanFilter::highpass(
     const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n) {
-    for (int32_t i = 0; i < n; i++) {
-        take(src[srcOff + i]);
-        const int32_t delayed = ring[wrapAdd(index, half) & mask];
-        dst[dstOff + i] = clampToSample(wrapSub(delayed, sum >> shift));
-        index = wrapAdd(index, 1);
+    const int32_t atOnce = readable(src, srcOff, dst, dstOff, n);
+    for (int32_t done = 0; done < n;) {
+        const int32_t count = take(src + srcOff + done, std::min(n - done, atOnce));
+        const int32_t* delayed = recent.data() + end - count - half;
+        subtractMeans(delayed, sums.data(), shift, dst + dstOff + done, count);
+        done += count;
     }
 }
 
 void MeanFilter::lowpass(
     const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp) {
-    for (int32_t i = 0; i < n; i++) {
-        take(src[srcOff + i]);
-        index = wrapAdd(index, 1);
-        const int32_t mean = sum >> shift;
-        dst[dstOff + i] = clamp ? clampToSample(mean) : mean;
+    const int32_t atOnce = readable(src, srcOff, dst, dstOff, n);
+    for (int32_t done = 0; done < n;) {
+        const int32_t count = take(src + srcOff + done, std::min(n - done, atOnce));
+        for (int32_t i = 0; i < count; i++) {
+            const int32_t mean = sums[static_cast<size_t>(i)] >> shift;
+            dst[dstOff + done + i] = clamp ? clampToSample(mean) : mean;
+        }
+        done += count;
     }
 }

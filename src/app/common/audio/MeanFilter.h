@@ -1,10 +1,10 @@
 // Running mean over a power-of-two window: takes out rumble (highpass) or hiss (lowpass).
 #pragma once
 
-#include "Array.h"
 #include "ClassLife.h"
 
 #include <cstdint>
+#include <vector>
 
 class MeanFilter : public ClassLife {
 public:
@@ -15,8 +15,9 @@ public:
     virtual ~MeanFilter() = default;
 
     /// Writes the input half a window ago minus the window's mean, clamped to 16 bits. State
-    /// carries over, so a long take may be filtered in pieces; src may equal dst. Offsets and n are
-    /// in samples; all of them must lie inside their arrays.
+    /// carries over, so a long take may be filtered in pieces; src may equal dst, and outputs that
+    /// are written before the same place is read are read. Offsets and n are in samples; all of
+    /// them must lie inside their arrays.
     virtual void
     highpass(const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n);
 
@@ -26,13 +27,15 @@ public:
         const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp);
 
 private:
-    void take(int32_t sample);
+    /// Takes samples into `recent`, and their window's sums into `sums`. Returns how many it took:
+    /// at least 1, if n is.
+    int32_t take(const int32_t* src, int32_t n);
 
     int32_t shift;
     int32_t length;  // window, samples
-    int32_t mask;
     int32_t half;
-    Array<int32_t> ring;  // the last window of samples
-    int32_t index = 0;    // samples taken so far
-    int32_t sum = 0;      // of the ring; |sum| <= 32768 << shift fits up to shift 15, wraps beyond
+    std::vector<int32_t> recent;  // what was taken: at least a window before `end`
+    int32_t end;
+    std::vector<int32_t> sums;  // of the window that ends with each sample last taken
+    int32_t sum = 0;  // the last one; |sum| <= 32768 << shift fits up to shift 15, wraps beyond
 };

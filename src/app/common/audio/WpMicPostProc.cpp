@@ -43,16 +43,30 @@ int32_t between(int32_t low, int32_t high, float t) {
     return toInt32(share * high + (1.0 - share) * low);
 }
 
+int32_t levelOf(int32_t sample) {
+    return std::abs(sample >> kLevelShift);
+}
+
+/// An entry of the curve and the next one in one word, so that a sample looks up only once.
+using CurvePairs = uint32_t[kTopLevel];
+
+void pairEntries(const int32_t* curve, CurvePairs& pairs) {
+    for (int32_t level = 0; level < kTopLevel; level++) {
+        // Entries have 15 bits.
+        pairs[level] = static_cast<uint32_t>(curve[level] | curve[level + 1] << 16);
+    }
+}
+
 MURMELO_KERNEL void
-applyCurve(const int32_t* src, const int32_t* curve, int32_t* __restrict dst, int32_t samples) {
+applyCurve(const int32_t* src, const CurvePairs& pairs, int32_t* __restrict dst, int32_t samples) {
     for (int32_t i = 0; i < samples; i++) {
         const int32_t sign = src[i] >> 31;        // -1 for negative samples
         const int32_t magnitude = src[i] ^ sign;  // complement of negative ones: -1 becomes 0
-        const int32_t level = magnitude >> kLevelShift;
+        const auto pair = static_cast<int32_t>(pairs[magnitude >> kLevelShift]);
+        const int32_t low = pair & 0xFFFF;
+        const int32_t high = pair >> 16;
         const int32_t fraction = magnitude & (kLevelSamples - 1);
-        const int32_t mapped =
-            (curve[level + 1] * fraction + curve[level] * (kLevelSamples - fraction)) >>
-            kLevelShift;
+        const int32_t mapped = (high * fraction + low * (kLevelSamples - fraction)) >> kLevelShift;
         dst[i] = (mapped ^ sign) - sign;
     }
 }
@@ -78,7 +92,7 @@ int32_t WpMicPostProc::doProcess() {
     case kCleaned:
         countLevels();
         drawCurve(findLevel());
-        applyCurve(source, levelTable, result, length(source));
+        mapSamples();
         return kLevelled;
     default:
         return kFinished;
@@ -109,9 +123,21 @@ void WpMicPostProc::removeRumble() {
 }
 
 void WpMicPostProc::countLevels() {
-    // The filter has clamped every sample to 16 bits.
-    for (int32_t i = 0; i < length(source); i++) {
-        levelTable[std::abs(source[i] >> kLevelShift)]++;
+    // The filter has clamped every sample to 16 bits. Neighbours often have the same level: they
+    // count in two tables, so that neither waits for the other.
+    int32_t* even = levelTable;
+    int32_t odd[kTopLevel + 1] = {};
+    const int32_t* samples = source;
+    const int32_t count = length(source);
+    for (int32_t i = 0; i + 1 < count; i += 2) {
+        even[levelOf(samples[i])]++;
+        odd[levelOf(samples[i + 1])]++;
+    }
+    if (count % 2 != 0) {
+        even[levelOf(samples[count - 1])]++;
+    }
+    for (int32_t level = 0; level <= kTopLevel; level++) {
+        even[level] += odd[level];
     }
 }
 
@@ -149,4 +175,10 @@ void WpMicPostProc::drawCurve(int32_t level) {
         levelTable[j] =
             toInt32(static_cast<double>(static_cast<float>(j) * lowerStep) * kNoiseTarget);
     }
+}
+
+void WpMicPostProc::mapSamples() {
+    CurvePairs pairs;
+    pairEntries(levelTable, pairs);
+    applyCurve(source, pairs, result, length(source));
 }

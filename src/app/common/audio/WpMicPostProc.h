@@ -21,6 +21,7 @@ private:
     void countLevels();
     int32_t findLevel() const;
     void drawCurve(int32_t level);
+    void mapSamples();
 
     Array<int32_t> levelTable;  // 513 entries; first a histogram, then the level curve
 };

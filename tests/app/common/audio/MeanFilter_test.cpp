@@ -80,3 +80,42 @@ TEST(MeanFilter, piecesGiveWhatTheWholeGives) {
     }
     EXPECT_EQ(whole, pieces);
 }
+
+TEST(MeanFilter, piecesOfAnyLengthGiveWhatTheWholeGives) {
+    const Samples input = audio::noise(20000, 32767);
+    for (const int32_t shift : {0, 1, 5, 9, 12}) {
+        for (const int32_t piece : {1, 31, 511, 512, 513, 1024, 1025, 9999}) {
+            Samples whole = input;
+            Samples pieces = input;
+            MeanFilter(shift).highpass(whole.data(), 0, whole.data(), 0, 20000);
+            MeanFilter filter(shift);
+            for (int32_t done = 0; done < 20000; done += piece) {
+                const int32_t count = std::min(piece, 20000 - done);
+                filter.highpass(pieces.data(), done, pieces.data(), done, count);
+            }
+            ASSERT_EQ(whole, pieces) << "shift " << shift << ", pieces of " << piece;
+        }
+    }
+}
+
+TEST(MeanFilter, outputsWrittenAheadOfTheInputAreInputsAgain) {
+    for (const int32_t ahead : {1, 3, 600}) {
+        Samples together = audio::noise(3000, 32767);
+        Samples single = together;
+        const int32_t count = 3000 - ahead;
+        MeanFilter(5).highpass(together.data(), 0, together.data(), ahead, count);
+        MeanFilter filter(5);
+        for (int32_t i = 0; i < count; i++) {
+            filter.highpass(single.data(), i, single.data(), i + ahead, 1);
+        }
+        ASSERT_EQ(single, together) << ahead;
+        Samples means = audio::noise(3000, 32767);
+        Samples singleMeans = means;
+        MeanFilter(5).lowpass(means.data(), 0, means.data(), ahead, count, false);
+        MeanFilter lowFilter(5);
+        for (int32_t i = 0; i < count; i++) {
+            lowFilter.lowpass(singleMeans.data(), i, singleMeans.data(), i + ahead, 1, false);
+        }
+        ASSERT_EQ(singleMeans, means) << ahead;
+    }
+}
