@@ -248,7 +248,7 @@ TEST_F(SdlHostTest, aChoiceOfTheMicrophoneThatCannotBeKeptIsTold) {
     testing::internal::CaptureStderr();
     host->useMicrophone("Headset");
     const std::string said = testing::internal::GetCapturedStderr();
-    EXPECT_NE(std::string::npos, said.find("it cannot be noted: ")) << said;
+    EXPECT_NE(std::string::npos, said.find("is not kept: ")) << said;
     EXPECT_EQ("Headset", host->chosenMicrophone());
 }
 
