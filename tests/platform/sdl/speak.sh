@@ -72,6 +72,11 @@ until_true was_said "Menü" || fail "the menu was not read"
 was_refused() { was_said "Es gibt noch nichts zu sichern" || was_said "Das geht im Menü"; }
 saves_nothing() { xdotool key s && sleep 0.3 && was_refused; }
 until_true saves_nothing || fail "the strip's message was not read"
+# The list that lies over the picture is read, and where the focus is on it.
+xdotool key m
+until_true was_said "Welches Mikrofon?" || fail "the list of microphones was not read"
+xdotool key Up
+until_true was_said "Schließen" || fail "the focus on the list was not read"
 kill $speaking
 wait $speaking || fail "the speaking program ended badly"
 
