@@ -30,6 +30,9 @@ public:
     /// Reads the last take. Use broughtBack() once it is the program's.
     Problem bringBack(std::vector<int16_t>& samples) const { return last.bringBack(samples); }
 
+    /// A copy to read the last take with on another thread.
+    LastTake lastTake() const { return last; }
+
     /// The last take is the program's again.
     void broughtBack() { fromFile.clear(); }
 

@@ -188,25 +188,38 @@ bool SdlDoors::opened(const FileDialog::Answer& answer) {
 }
 
 bool SdlDoors::bringBack() {
-    const std::vector<int16_t> samples = doors != nullptr ? readLastTake() : std::vector<int16_t>();
-    if (samples.empty()) {
-        return false;
+    if (doors != nullptr) {
+        startReadingTake([this](const std::vector<int16_t>& samples) {
+            if (useTake(samples)) {
+                return true;
+            }
+            tell({"notNow", {}});
+            return false;
+        });
     }
-    if (!useTake(samples)) {
-        tell({"notNow", {}});
-        return false;
-    }
-    return true;
+    return false;
 }
 
-std::vector<int16_t> SdlDoors::readLastTake() {
-    std::vector<int16_t> samples;
+void SdlDoors::startReadingTake(std::function<bool(const std::vector<int16_t>&)> done) {
     if (!takes.isThere()) {
         tell({"noLastTake", {}});
-    } else if (const Problem problem = takes.bringBack(samples)) {
-        tell({"notBack", {reasonOf(problem)}});
+        return;
     }
-    return samples;
+    const int64_t reading = ++newestReading;
+    errands.start([this, reading, last = takes.lastTake(), done = std::move(done)] {
+        std::vector<int16_t> samples;
+        const Problem problem = last.bringBack(samples);
+        return [this, reading, samples = std::move(samples), problem, done] {
+            if (doors == nullptr || reading != newestReading) {
+                return false;
+            }
+            if (problem) {
+                tell({"notBack", {reasonOf(problem)}});
+                return false;
+            }
+            return done(samples);
+        };
+    });
 }
 
 bool SdlDoors::useTake(const std::vector<int16_t>& samples) {
@@ -236,11 +249,17 @@ bool SdlDoors::deliver() {
         return false;
     }
     if (std::exchange(bringsBack, false)) {
-        offeredTake = readLastTake();
+        startReadingTake([this](const std::vector<int16_t>& samples) {
+            offeredTake = samples;
+            return false;
+        });
     }
     if (!offeredTake.empty() && useTake(offeredTake)) {
         offeredTake.clear();
         return true;
+    }
+    if (!offeredTake.empty() && doors->screenName() == "Recording") {
+        offeredTake.clear();  // another one is the last take now
     }
     if (isOffering && doors->screenName() == "Recording") {
         isOffering = false;

@@ -105,7 +105,7 @@ private:
     static ReadSound read(const std::string& nameOrUri);
     void startReading(const std::string& nameOrUri, std::function<bool(ReadSound)> done);
     bool take(const ReadSound& sound);
-    std::vector<int16_t> readLastTake();
+    void startReadingTake(std::function<bool(const std::vector<int16_t>&)> done);
     bool useTake(const std::vector<int16_t>& samples);
     bool opened(const FileDialog::Answer& answer);
     void askForExport();
