@@ -8,8 +8,6 @@
 #include "StripLayout.h"
 #include "StripPictures.h"
 
-#include <algorithm>
-
 using Kind = StripWish::Kind;
 
 namespace {
@@ -169,18 +167,19 @@ void paintMore(StripBrush& brush, BitMapFont* font, const StripButton& button) {
                        button.isEnabled ? kActionArgb : kGreyArgb);
 }
 
-/// Two lines of white: it stands out also from what is lit.
-void paintFocus(StripBrush& brush, const StripButton& button) {
-    const ScreenPlace& place = button.place;
-    const ScreenPlace outer{place.x + 2, place.y - StripLayout::kHeightPx, place.w - 4,
-                            std::min(place.h, StripLayout::kMoreHeightPx) - 1};
-    brush.frameRounded(outer, kWhiteArgb);
-    brush.frameRounded({outer.x + 1, outer.y + 1, outer.w - 2, outer.h - 2}, kWhiteArgb);
-}
-
 bool isMore(const StripButton& button) {
     return button.wish.kind == Kind::kExport || button.wish.kind == Kind::kBringBack ||
            button.wish.kind == Kind::kForget;
+}
+
+/// Two lines of white: it stands out also from what is lit.
+void paintFocus(StripBrush& brush, const StripButton& button) {
+    ScreenPlace outer = button.place;
+    outer.y -= StripLayout::kHeightPx;
+    outer = isMore(button) ? ScreenPlace{outer.x, outer.y, outer.w, outer.h - 4}
+                           : ScreenPlace{outer.x + 4, outer.y + 1, outer.w - 8, outer.h - 2};
+    brush.frameRounded(outer, kWhiteArgb);
+    brush.frameRounded({outer.x + 1, outer.y + 1, outer.w - 2, outer.h - 2}, kWhiteArgb);
 }
 
 void paintSheetRows(StripBrush& brush, BitMapFont* font, const std::vector<std::string>& rows) {
