@@ -46,6 +46,7 @@ bool FileManager::show(const std::string& folder) {
     posix_spawnattr_setsigmask(&attributes, &none);
     std::vector<std::string> variables = OwnEnvironment::ofUser();
     std::vector<char*> environment;
+    environment.reserve(variables.size() + 1);
     for (std::string& variable : variables) {
         environment.push_back(variable.data());
     }

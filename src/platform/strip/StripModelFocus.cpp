@@ -49,7 +49,7 @@ StripWish StripModel::navigate(HostKey key) {
     const std::vector<StripButton> all = sheetButtons();
     const int32_t at = focusAmong(all);
     if (key == HostKey::kMiddle) {
-        const StripWish wish = chosen(all[static_cast<size_t>(at)]);
+        StripWish wish = chosen(all[static_cast<size_t>(at)]);
         assign(focus, openSheet != Sheet::kNone ? 0 : kNoFocus);  // of the page that was turned to
         return wish;
     }
