@@ -196,6 +196,7 @@ class ThereTest(MicrophoneTest):
     def test_another_page_is_opened_while_recording(self):
         self.page.open().to_menu().to_recording()
         self.page.hear(1000)
+        self.expected.append("favicon.ico")  # browsers look for the icon of a text
         self.tab.open(self.server.address + "licences.txt")
         self.page.open().until("Options")
         self.page.told("lastTake")
@@ -243,7 +244,7 @@ class ThereTest(MicrophoneTest):
         self.tab.evaluate("murmelo.freeBytes = 100000, 0")
         self.page.press("Aufnahme")
         self.page.until("Record")
-        self.assertEqual("Es ist wenig Platz frei: eine lange Aufnahme wird vielleicht abgeschnitten.", self.page.message())
+        self.assertEqual("Es ist nur noch wenig Platz frei: Eine lange Aufnahme wird vielleicht abgeschnitten.", self.page.message())
         self.tab.wait_for("murmelo.core.standsStillSince < 0")
         self.page.soft_key(1)
         self.page.until("Recording")

@@ -89,9 +89,10 @@ class Murmelo:
         return self.tab.evaluate("murmelo.words[%s]" % json.dumps(name))
 
     def told(self, name):
-        """Waits until the page's message is this one."""
-        self.tab.wait_for("document.querySelector('#message[data-shown] span').textContent.startsWith(murmelo.words[%s])"
-                          % json.dumps(name))
+        """Waits until the page's message is this one, or begins as this one does before its first gap."""
+        self.tab.wait_for("""((start) => start !== '' &&
+            document.querySelector('#message[data-shown] span').textContent.startsWith(start)
+        )(murmelo.words[%s].split('{1}')[0])""" % json.dumps(name))
 
     def message(self):
         return self.tab.evaluate("document.querySelector('#message[data-shown] span')?.textContent ?? ''")

@@ -80,7 +80,7 @@ class Visits(PageTest):
             Object.defineProperty(navigator, 'language', { value: 'fr-CA' });""")
         self.expected += ["none", "abort"]
         self.tab.open(self.page.address)
-        self.assertEqual("Murmelo ne peut pas démarrer dans ce navigateur.", self.over(self.tab))
+        self.assertEqual("Murmelo ne peut pas être lancé dans ce navigateur.", self.over(self.tab))
 
     def test_the_end_starts_again(self):
         page = self.page.open().to_menu()
