@@ -251,7 +251,7 @@ class ThereTest(MicrophoneTest):
         self.page.hear(1000)
         self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
         self.page.until("Play")
-        self.assertEqual("Das Mikrofon ist weg. Was es bis dahin gehört hat, bleibt erhalten.", self.page.message())
+        self.assertEqual("Das Mikrofon ist nicht mehr da. Was es bis dahin gehört hat, bleibt erhalten.", self.page.message())
 
     def test_hidden_elsewhere(self):
         self.page.open().to_menu()

@@ -93,7 +93,7 @@ class Strip(PageTest):
         self.tab.press("#microphones")
         self.tab.wait_for(_SHEET)
         self.tap_button("Fake Audio Input 2")
-        self.tab.wait_for("murmelo.core.texts.strip.line.includes('Fake Audio Input 2')")
+        self.tab.wait_for("murmelo.core.texts.strip.line === 'Microphone: Fake Audio Input 2'")
         self.tab.wait_for("murmelo.store.all().then((all) => all.has('/config/microphone'))")
         page.reload().until("Options")
         page.to_recording()
