@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
@@ -38,7 +38,8 @@ void removeLeftovers(const std::string& folder) {
         if (name.compare(0, start.size(), start) != 0) {
             continue;
         }
-        const auto process = static_cast<pid_t>(std::atoi(name.c_str() + start.size()));
+        pid_t process = 0;  // stays 0 if the name has no number
+        std::from_chars(name.data() + start.size(), name.data() + name.size(), process);
         if (process > 0 && ::kill(process, 0) != 0 && errno == ESRCH) {
             ::unlink(entry.path().c_str());
         }

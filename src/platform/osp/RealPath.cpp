@@ -124,8 +124,11 @@ RealPath::RealPath(const String& phonePath, LastLink lastLink) {
         std::vector<std::string> parts;
         pushParts(parts, std::string_view{path}.substr(std::string_view{root.phonePath}.size()));
         if (!hasParentStep(parts)) {
-            real = root.writable ? resolve(folder, std::move(parts), lastLink)
-                                 : unresolved(folder, std::move(parts));
+            if (root.writable) {
+                real = resolve(folder, std::move(parts), lastLink);
+            } else {
+                real = unresolved(folder, std::move(parts));
+            }
             writable = root.writable;
             endsWithSlash = path.back() == '/';
         }

@@ -57,7 +57,7 @@ TEST_F(FileManagerTest, itLivesInASessionOfItsOwn) {
     install();
     EXPECT_TRUE(FileManager::show("/tmp"));
     const std::string session = shown().substr(5);
-    EXPECT_NE(getsid(0), std::atoi(session.c_str()));
+    EXPECT_NE(getsid(0), std::strtol(session.c_str(), nullptr, 10));
 }
 
 TEST_F(FileManagerTest, oneThatFailsIsTold) {

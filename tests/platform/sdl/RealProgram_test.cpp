@@ -394,7 +394,9 @@ TEST_F(RealProgram, ofTwoStartedAtTheSameTimeOneHandsItsFileToTheOther) {
 }
 
 TEST_F(RealProgram, withoutARuntimeFolderASecondOneSaysSoAndEnds) {
-    const std::string runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+    const char* const given = std::getenv("XDG_RUNTIME_DIR");
+    ASSERT_NE(nullptr, given);
+    const std::string runtimeFolder = given;
     unsetenv("XDG_RUNTIME_DIR");
     Program program(command());
     const bool isThere = waitForPicture();

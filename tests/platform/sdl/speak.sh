@@ -3,12 +3,10 @@
 # silent. To be run under with-desktop.
 program=$1
 
-for tool in speech-dispatcher; do
-    if ! command -v "$tool" >/dev/null || [[ ! -x /usr/lib/speech-dispatcher-modules/sd_dummy ]]; then
-        echo "skipped: $tool is not installed"
-        exit 77
-    fi
-done
+if ! command -v speech-dispatcher >/dev/null || [[ ! -x /usr/lib/speech-dispatcher-modules/sd_dummy ]]; then
+    echo "skipped: speech-dispatcher is not installed"
+    exit 77
+fi
 
 folder=$(mktemp -d /tmp/murmelo_speak_XXXXXX)
 started=()
@@ -55,7 +53,7 @@ export SPEECHD_ADDRESS=unix_socket:$folder/socket
 
 "$program" --home "$folder/home" --config "$folder/config" 2>"$folder/silent.txt" &
 silent=$!
-started+=($silent)
+started+=("$silent")
 until_true has_window || fail "no window"
 is_loaded $silent && fail "the speech library is loaded without --speak"
 kill $silent
@@ -63,7 +61,7 @@ wait $silent
 
 "$program" --speak --home "$folder/home" --config "$folder/config" 2>"$folder/speaking.txt" &
 speaking=$!
-started+=($speaking)
+started+=("$speaking")
 until_true has_window || fail "no second window"
 is_loaded $speaking || fail "the speech library is not loaded"
 xdotool key Return  # past the splash picture
@@ -84,7 +82,7 @@ wait $speaking || fail "the speaking program ended badly"
 export SPEECHD_ADDRESS=inet_socket:127.0.0.1:1
 "$program" --speak --home "$folder/home" --config "$folder/config" 2>"$folder/alone.txt" &
 alone=$!
-started+=($alone)
+started+=("$alone")
 until_true grep -q "Nothing can be read aloud" "$folder/alone.txt" || fail "a missing server was not told"
 kill $alone
 wait $alone || fail "the program without a server ended badly"
