@@ -61,7 +61,7 @@ class PixmanImage {
 public:
     explicit PixmanImage(AppImage& image)
         : image(pixman_image_create_bits(
-              PIXMAN_a8r8g8b8, image.w, image.h, image.pixels, image.w * 4)) {}
+              PIXMAN_a8r8g8b8, image.w, image.h, image.writableRows(0, image.h), image.w * 4)) {}
 
     ~PixmanImage() { pixman_image_unref(image); }
 
