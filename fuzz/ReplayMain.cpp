@@ -10,7 +10,7 @@
 #include <unistd.h>
 #include <vector>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef MURMELO_SANITIZED
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -37,7 +37,7 @@ bool replay(const fs::path& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef MURMELO_SANITIZED
     // A report of the sanitizer must be seen even while standard error is redirected to nowhere.
     const intptr_t reports = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     __sanitizer_set_report_fd(reinterpret_cast<void*>(reports));

@@ -20,3 +20,4 @@ murmelo_tests(audio_tests
         app/common/audio/WpRobot_test.cpp
         app/common/audio/WpSimple_test.cpp
     LINK murmelo_audio)
+target_compile_definitions(audio_tests PRIVATE $<$<BOOL:${MURMELO_SANITIZE}>:MURMELO_SANITIZED>)
