@@ -27,6 +27,7 @@ FILES = [
     ("run", "#!/bin/sh\ntrue\n", "#!/bin/sh\n# " + MARK + "\ntrue\n"),
     ("_a", "#compdef a\n", "#compdef a\n# " + MARK + "\n"),
     ("a.html", "<!DOCTYPE html>\n<p>\n", "<!DOCTYPE html>\n<!-- " + MARK + " -->\n<p>\n"),
+    ("b.html", "<!doctype html>\n<p>\n", "<!doctype html>\n<!-- " + MARK + " -->\n<p>\n"),
     ("a.xml", '<?xml version="1.0"?>\n<a/>\n', '<?xml version="1.0"?>\n<!-- ' + MARK + " -->\n<a/>\n"),
     ("man/a.1", ".TH A 1\n", ".\\\" " + MARK + "\n.TH A 1\n"),
     ("CMakeLists.txt", "project(a)\n", "# " + MARK + "\nproject(a)\n"),
@@ -78,6 +79,11 @@ def each_file_gets_its_line(spdx):
             check(get(folder, name) == (wanted or text), "%s gets its line: %r" % (name, get(folder, name)))
         os.remove(os.path.join(folder, "a.bin"))
         check(spdx.main(folder, True) == 0 and get(folder, "a.cpp") == FILES[0][2], "the line is added once")
+        for name in ("build/a.cpp", "tests/__pycache__/a.pyc", "sheet_actual.wav"):
+            put(folder, name, "a leftover")
+        check(spdx.main(folder, False) == 0, "what builds and tests leave is no part of the project")
+        put(folder, ".git", "of no repository")
+        check(spdx.main(folder, False) == 0, "where git does not help, the files of the folder count")
         put(folder, "data/deeper/seed", "bytes")
         check(spdx.main(folder, False) == 1, "* fits names, not paths")
 
