@@ -1,5 +1,5 @@
-#include "HostMessage.h"
 #include "Host.h"
+#include "HostMessage.h"
 #include "HostWords.h"
 #include "Languages.h"
 #include "StripLayout.h"

@@ -881,7 +881,7 @@ TEST_F(WebHostTest, everySentenceFitsIntoTheLineInEveryLanguage) {
             const std::string text = HostWords::text(row, language.code);
             const std::string name = row.name;
             const bool isPattern = text.find("{1}") != std::string::npos;
-            if (isPattern || name.find("help") == 0) {
+            if (isPattern || name.starts_with("help")) {
                 continue;
             }
             const char* action = withAction.count(name) != 0 ? "bringBack" : "";
