@@ -49,5 +49,4 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O3")
 if(EMSCRIPTEN)
     # With -Os alone emscripten turns inlining off: each element of a new vector costs a call.
     set(CMAKE_CXX_FLAGS_RELEASE "-Os -finline-functions")
-    set(MURMELO_INNER_LOOPS -O2)  # for the libraries that work on pixels and samples
 endif()
