@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Puts the finished pictures together as the program does, for eyes: compose.py RES_DIR OUT_DIR
 
 Writes one picture of the screen per effect and state at 240 x 320 and doubled, and contact sheets of them all.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Rasterises the SVG sources of this folder into the PNG files the program loads.
 
 Usage: render.py RES_DIR ICON_DIR STRIP_DIR

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Rasterises the pictures: render.sh [RES_DIR [ICON_DIR [STRIP_DIR]]]   (default: ../res/Res, ../res/icons, ../res/Res/strip)
 # Needs rsvg-convert (librsvg2-bin) and Pillow (python3-pil). Exit status 77: one of them is missing.
 set -eu

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(SOUNDTOUCH REQUIRED IMPORTED_TARGET soundtouch)
 pkg_check_modules(RUBBERBAND REQUIRED IMPORTED_TARGET rubberband)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Device graphics, pictures and fonts; pixman and libpng do the same work in the same run.
 find_package(Freetype REQUIRED)
 find_package(PkgConfig REQUIRED)

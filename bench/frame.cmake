@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(pixman REQUIRED IMPORTED_TARGET pixman-1)
 murmelo_bench(frame_bench

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # pixman, which many desktops draw with, does the same work in the same run, on the same pictures.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PIXMAN REQUIRED IMPORTED_TARGET pixman-1)

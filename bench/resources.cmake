@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # libpng decodes the same files in the same run, without converting them to the device's colours.
 find_package(PNG REQUIRED)
 murmelo_bench(resources_bench

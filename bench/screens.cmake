@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(BENCH_SNDFILE REQUIRED IMPORTED_TARGET sndfile)
 murmelo_bench(play_delay_bench

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # One set of flags for every target of ours: the same take and the same touches give the same bits everywhere.
 add_library(murmelo_flags INTERFACE)
 

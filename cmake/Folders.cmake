@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # murmelo_library(name SOURCES ... LINK ... PRIVATE_LINK ...): a static library of ours, one for each
 # folder of the sources. The calling folder (or INCLUDE, relative to it) is its include path, and what
 # it may include is that of the libraries after LINK: any other #include "Name.h" does not compile.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What is installed, and where: the three programs, their data, and what a desktop and a shell want to know of them.
 # The parts: "murmelo" goes everywhere, "byhand" only where no package manager looks after the files, and "debian" only
 # into a Debian package (Package.cmake).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Leaks that are meant, each with its reason: linked into every program that the address sanitizer
 // watches, which asks for them by these names.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer gives the name

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The Debian package: "cmake --build BUILD_DIR --target deb", or "cpack" there once everything is built.
 set(MURMELO_MAINTAINER "Murmelo maintainers <maintainers@example.org>" CACHE STRING
     "Who answers for a Debian package that is built here: Name <mail address>")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Run by CPack before it packs: a package's folders are for everybody, whatever the umask of whoever builds it.
 file(GLOB_RECURSE entries LIST_DIRECTORIES TRUE "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*")
 foreach(entry IN LISTS entries)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Removes the files of the last installation from BUILD_DIR (or whose notes lie there), and the folders that were made for them and are empty now.
 # Nothing else is touched: the user's sounds and settings lie elsewhere.
 set(manifest "${BUILD_DIR}/install_files.txt")

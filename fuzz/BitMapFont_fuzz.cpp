@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Font files: every font that is read can be measured and drawn, and is the same after it was
 // written and read again.
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Command lines of the tool, one argument a line: an accepted one has all that it needs, any other
 // is refused with a sentence. Nothing is opened or made.
 #include "FxCatalogue.h"

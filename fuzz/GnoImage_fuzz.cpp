@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bytes of pictures: every decoded picture has all its pixels, and a whole alpha plane if it has
 // one.
 #include "GnoImage.h"

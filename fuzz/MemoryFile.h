@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file that lies in memory and has a path: what a parser of files reads, without a disk.
 #pragma once
 

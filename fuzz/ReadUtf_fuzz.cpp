@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts in a stream, one after another: every text that is read must be the same after it was
 // written and read again.
 #include "ArrFunc.h"

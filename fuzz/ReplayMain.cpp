@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs a fuzzer's entry on every file named on the command line or lying in a folder named there,
 // so that inputs that once failed are tried again without the fuzzing library.
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scripts: every command that is accepted has the arguments that it needs.
 #include "HeadlessHost.h"
 #include "QuietListener.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Settings: any bytes as the file, which is read, changed and read again.
 #include "OspApp.h"
 #include "TestFolders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sound files that become the take: no more samples are read than were asked for, and reading fewer
 // gives the same samples from the start.
 #include "MemoryFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool's sound files: each is a sound within the limits, or an error.
 #include "MemoryFile.h"
 #include "ProgressLine.h"

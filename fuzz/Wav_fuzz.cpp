@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sound files: the header and the loader accept any bytes, and a loaded sound must be the same
 // after it was saved and loaded again.
 #include "ArrFunc.h"

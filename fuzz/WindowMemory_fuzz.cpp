@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The remembered size of the window: a sensible one or none, and a size that is kept is read again.
 #include "TestFolders.h"
 #include "WindowMemory.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 murmelo_tests(app_tests
     SOURCES
         app/common/ClassList_test.cpp

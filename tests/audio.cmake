@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 murmelo_tests(audio_tests
     SOURCES
         app/common/audio/AudioSupport.cpp

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Sound and the back ends: what records, plays and shows.
 murmelo_tests(device_tests
     SOURCES

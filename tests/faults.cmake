@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What goes wrong outside the program: a full disk, a folder that goes, damaged files, a kill, a
 # signal, a clock. Each test states its outcomes at its head.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Whole journeys, each a script for the headless program, and what that program says when it cannot
 # run at all.
 add_executable(flow-heard flows/heard.cpp)

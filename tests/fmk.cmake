@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 murmelo_tests(fmk_tests
     SOURCES
         fmk/common/fmk/Arc_test.cpp

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 murmelo_tests(imaging_tests
     SOURCES
         app/common/imaging/AppImage_test.cpp

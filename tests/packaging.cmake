@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What is installed, and what stays when it is taken away again.
 murmelo_tests(program_tests
     SOURCES platform/ProgramFolders_test.cpp

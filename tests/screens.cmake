@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The screens and what they share, with the pictures and fonts as shipped.
 murmelo_tests(screens_tests
     SOURCES

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The command line tool, run as a shell runs it.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(SNDFILE REQUIRED IMPORTED_TARGET sndfile)

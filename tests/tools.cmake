@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # A font of Debian (fonts-dejavu-core), only to have something to make bitmaps from.
 find_file(MURMELO_TEST_FONT DejaVuSans.ttf PATHS /usr/share/fonts/truetype/dejavu REQUIRED)
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The page: what serves it, and what it does in a browser.
 add_test(NAME web/serve-web
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/web/serve_test.py)

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Shows what the effects do to a recording:  demo.sh MURMELO_FX SAMPLE OUTDIR
 # Prints a line for each effect: length, level (RMS) and estimated pitch, before and after. The results stay in OUTDIR.
 set -eu

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Makes the bitmap fonts from their outlines:  make-fonts.sh BMFGEN [RES_DIR]   (default: ../res)
 #                                or compares:  make-fonts.sh --check BMFGEN     status 1: they differ
 # Exit status 77: the outlines or the rasteriser are not those that the fonts were made from.

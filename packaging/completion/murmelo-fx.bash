@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Completion of murmelo-fx for bash.
 
 _murmelo_fx() {

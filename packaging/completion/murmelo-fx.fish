@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Completion of murmelo-fx for fish.
 
 # The first word that is no option and belongs to none is the effect; with --measure there is no effect.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Completion of murmelo-headless for bash.
 
 _murmelo_headless() {

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Completion of murmelo-headless for fish.
 
 complete -c murmelo-headless -s h -l help -d 'Show a summary and exit'

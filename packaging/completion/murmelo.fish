@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Completion of murmelo for fish.
 
 # The names below one heading of the list of devices.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application as the phone sees it: life cycle, touches and keys in, one frame for each user
 // event out.
 #pragma once

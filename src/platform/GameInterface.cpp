@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GameInterface.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bridge between the phone's application and the framework: owns the application object, the
 // 240 x 320 bitmap and the graphics that paint into it, and is the only way from outside into the
 // program.

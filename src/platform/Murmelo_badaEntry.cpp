@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GEngine.h"
 #include "OspBase.h"
 #include "OspMain.h"

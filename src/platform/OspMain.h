@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's entry, called by each back end's main() once its host is installed.
 #pragma once
 

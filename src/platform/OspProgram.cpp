@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspProgram.h"
 
 #include "GEngine.h"

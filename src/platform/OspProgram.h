@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole program for a host that owns its loop, instead of one call of OspMain(). The host must
 // be installed before it is made.
 #pragma once

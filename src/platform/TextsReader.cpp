@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TextsReader.h"
 
 #include "ArrFunc.h"

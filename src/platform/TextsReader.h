@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads the texts that the picture shows from the bar, the menu, the message and the progress
 // window.
 #pragma once

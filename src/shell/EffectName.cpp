@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EffectName.h"
 
 #include "FxCatalogue.h"

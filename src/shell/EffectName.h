@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How an effect is named on the command line.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EffectRun.h"
 
 #include "FxCatalogue.h"

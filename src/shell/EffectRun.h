@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One effect of the catalogue, applied as the application does it: the clean-up of a fresh
 // recording first, then the effect.
 //

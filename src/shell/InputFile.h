@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file to read from, any part of it any number of times: what comes through a pipe is kept in a
 // temporary file first.
 #pragma once

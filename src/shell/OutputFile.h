@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file that appears whole or not at all: it is written beside its target and renamed at the end.
 // Until then, and on every failure, what was there before stays.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One line on standard error that says how far the work is. Shows nothing if standard error is no
 // terminal.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RateConverter.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Turns one channel of any rate into samples of 8 kHz, piece by piece.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The back end of a program that uses nothing of the phone but its clock.
 #pragma once
 

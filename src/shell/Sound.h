@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A sound in memory: 8 kHz samples in the range of 16 bits.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoundMeter.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures a sound: how long, how loud, how high.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoundReader.h"
 
 #include "FloatSample.h"

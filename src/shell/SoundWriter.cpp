@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoundWriter.h"
 
 #include "Array.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes a sound: WAV by the application's own writer, other kinds by a library.
 #pragma once
 

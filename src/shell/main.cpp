@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // murmelo-fx: the voice effects on the command line.
 #include "EffectRun.h"
 #include "FxCatalogue.h"

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Do the committed pictures still match their SVG sources? Exit status 0: yes, 1: no, 77: the tools are missing or
 # the renderer is another one than the pictures were made with (other renderers differ in the last bits).
 set -u

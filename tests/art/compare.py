@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """compare.py MADE COMMITTED: every freshly made picture equals the committed one, pixel for pixel."""
 import os
 import sys

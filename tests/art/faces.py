@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """faces.py: where the eyes and the mouth of each creature lie on the screen: no window of the program may cover them.
 
 The menu lies below these rows and the progress above them, which the tests of both hold; here the drawings are held to it.

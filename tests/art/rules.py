@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """rules.py RES_DIR STRIP_DIR: what the program relies on in its pictures.
 
 Names and sizes agree, the file kinds are ones the decoder takes, the pieces meet the background, nothing that is

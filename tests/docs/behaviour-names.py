@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Every test that docs/behaviour.md names must exist: behaviour-names.py SOURCE"""
 import pathlib
 import re

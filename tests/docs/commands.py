@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """commands.py BUILD SOURCE: every command of the documentation works where it is read, or stands in a list with a reason.
 
 The commands are taken from the pages: from README.md, CONTRIBUTING.md and the Markdown of docs and art every line of an

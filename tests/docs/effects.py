@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """effects.py PROGRAM SOURCE: what names the effects names all of them, in their order, and no other.
 
 PROGRAM is murmelo-fx; its --list is the catalogue.

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """licences.py SOURCE [--all]: tools/spdx finds files without a licence, and adds the line where it belongs.
 
 The licence is also the same wherever it is told: in LICENSE, the Debian package, the metainfo and the page. With --all

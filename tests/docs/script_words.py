@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """script_words.py PROGRAM SOURCE: what "murmelo-headless --list" names is what sources and monkey know: nothing is
 missing, and nothing is there besides.
 

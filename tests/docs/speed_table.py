@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """speed_table.py SOURCE: table and plot of docs/speed.md are those of the measured file, and a difference is found."""
 import pathlib
 import re

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """versions.py SOURCE VERSION: the changelog, the Debian changelog and the metainfo follow the version of the project.
 
 All three tell the same versions with the same dates, newest first; the first is VERSION, which CMake was told. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The clock jumps by a day while the program records, works, plays, waits and sleeps: nothing
 // hangs, nothing waits for ever, and no timer runs on.
 #include "AudioDev.h"

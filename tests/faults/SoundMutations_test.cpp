@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Damaged sound files through everything that reads them: the loading of a take and every effect,
 // and the player of a result. Ten thousand files, each changed in a few places by a seed.
 #include "AudioDev.h"

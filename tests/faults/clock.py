@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """clock.py SHIM PROGRAM SOURCE: the time of day jumps while the program runs, by a day forward and an hour back.
 
 Outcome: no visible effect. The same journey saves the same sounds, bit for bit, and takes no longer.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the program: the time of day jumps at every look at it, by a day forward and by an
 // hour back in turns, as when somebody sets the clock. The clock that never goes back does not.
 #define _GNU_SOURCE

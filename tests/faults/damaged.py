@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """damaged.py settings|resources PROGRAM SOURCE: files that the program reads are damaged or missing when it starts.
 
 settings. Outcome: what cannot be read is put aside and the language is asked for; choosing it works and, where the

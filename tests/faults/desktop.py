@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """desktop.py end|clock SHIM PROGRAM SOURCE: the program in its window, run by with-desktop.
 
 end: SIGTERM on one screen after the other. Outcome: status 0, nothing left but what was saved, and what was told as

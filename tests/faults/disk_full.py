@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """disk_full.py limit|tmpfs PROGRAM SOURCE: the disk is full at every write in turn.
 
 Of the take, of the cleaned-up take, of an effect's result, of a save, and of the settings: at the header, in the first

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """end_signal.py PROGRAM SOURCE: a signal that asks for the end, on every screen and in the middle of every kind of work.
 
 Outcome: a clean end with status 128 and the number of the signal and one sentence that names it, nothing left but what

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """home_gone.py PROGRAM SOURCE: the home cannot be written, or goes, before and while the program runs.
 
 Outcomes. Not writable from the start: one sentence, after which the program runs on if it is only the sound folder or

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """huge_sounds.py TOOL PROGRAM SOURCE: sounds that are long, or claim to be, within a bounded memory.
 
 Outcomes: the start of the sound becomes the take, or one sentence. Never an end by want of memory: only what is needed

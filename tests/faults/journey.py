@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the fault tests share: journeys of the headless program in folders of their own, what came of them, and a look
 at what they leave behind.
 

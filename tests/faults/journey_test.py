@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """journey_test.py: what the fault tests take for a hang.
 
 A program that works on and on hangs, and so does one that sleeps for ever. One that only has to wait for the processor

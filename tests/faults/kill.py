@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """kill.py PROGRAM SOURCE: the program is killed at a random moment of a random journey, two hundred times.
 
 Outcome: every sound in the folder, whether it was reported as saved or not, is whole and the very sound that the same

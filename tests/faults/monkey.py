@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """monkey.py [OPTIONS] PROGRAM SOURCE: random touches, keys, pauses and faults, and what the program makes of them.
 
 Events come in journeys of a thousand, each a script for murmelo-headless in a fresh home. A journey that ends before its

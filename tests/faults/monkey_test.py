@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """monkey_test.py SOURCE: the monkey finds what is broken on purpose, and shrinks it to what it takes.
 
 The program is fake_program.py, which dies at three commands in a certain order. Outcome: a find whose script holds these

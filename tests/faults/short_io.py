@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """short_io.py SHIM TOOL PROGRAM SOURCE: the system writes and reads less at a time than it was asked to.
 
 Outcome: no visible effect. A journey saves the same sounds and the tool writes the same file, bit for bit.

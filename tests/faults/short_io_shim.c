@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the program: each write and read of the system moves at most so many bytes, as a pipe, a disk in a
 // network or a signal in between may do.
 #define _GNU_SOURCE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """sound_files.py PROGRAM SOURCE: the take or the result is replaced between recording and playing, by anything.
 
 Outcomes: the message about files or sound, or a journey that goes on with what the file still holds. Never a crash or a

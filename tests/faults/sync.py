@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """sync.py SHIM TOOL PROGRAM SOURCE: what counts as saved is on the disk, its name included.
 
 Outcomes: a saved sound, the settings and the tool's output are synced, renamed, and their folder is synced, in this

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the program: notes in the file SYNC_LOG what goes onto the disk, and in which order:
 // "file PATH", "folder PATH" for each sync and "rename FROM TO" for each rename that succeeded. Where
 // SYNC_FOLDER_ERROR is a number, no folder can be synced, for that reason.

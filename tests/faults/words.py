@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a script for murmelo-headless can hold, as the program lists it."""
 import subprocess
 

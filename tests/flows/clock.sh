@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # One journey through every screen, with the clock's 32 bits wrapping round at every half second of it: what is seen,
 # heard and kept is the same as with a clock that begins at 0.
 #

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // flow-heard: is what the speaker has played the effect of what the microphone has heard?
 //
 //   flow-heard SPEAKER.wav EFFECT VOICE.wav TAKE_MS VOLUME [heard=MS] [clock=MS]

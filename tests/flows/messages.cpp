@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // screen-messages FOLDER: pictures of the fatal messages that no journey can raise, as
 // FOLDER/KIND_LANGUAGE.png.
 #include "AppImage.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The fatal messages that no journey can raise, a row for each language, pixel for pixel:
 #   messages.sh SCREEN-MESSAGES SHEET GOLDEN.png
 # A difference leaves GOLDEN_actual.png beside it for the eye. With UPDATE=1 the golden is written.

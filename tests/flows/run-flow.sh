@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Runs one journey and checks everything that it leaves on the disk.
 #
 #   run-flow.sh SCRIPT PROGRAM HEARD SOURCE

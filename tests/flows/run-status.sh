@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # What murmelo-headless prints when something is wrong: one clear sentence; and its status.
 #
 #   run-status.sh CASE PROGRAM SOURCE

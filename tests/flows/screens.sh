@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Every screen in one language, compared pixel for pixel with the sheet made before:
 #   screens.sh HEADLESS SHEET VOICE.wav LANGUAGE-INDEX GOLDEN.png
 # A difference leaves GOLDEN_actual.png beside it for the eye. With UPDATE=1 the golden itself is written.

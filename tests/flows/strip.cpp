@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // strip-states FOLDER LANGUAGE: pictures of the strip in each of its states, as FOLDER/STATE.png,
 // and of what it lays over the picture, as FOLDER/over-STATE.png.
 #include "HostMessage.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The strip in each of its states in one language, pixel for pixel:
 #   strip.sh STRIP-STATES SHEET LANGUAGE GOLDEN.png
 # What lies over the picture is in GOLDEN-over.png. A difference leaves GOLDEN_actual.png beside it for the eye. With

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # How the sources are compiled: with all that Debian's hardening=+all asks for, and with what CPPFLAGS and
 # LDFLAGS bring from outside.
 #

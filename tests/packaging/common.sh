@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What the tests of the packaging share: a folder of their own, and complaints that are counted. Sourced.
 # shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "wrong" and set "source" and "build"
 set -u

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # What bash, zsh and fish offer for a program: every option that it has, and no other; its effects, files and folders.
 #
 #   completions.sh PROGRAM SOURCE

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The Debian package satisfies lintian, works once it is installed, and leaves nothing when it is purged.
 #
 #   debian-package.sh BUILD SOURCE VERSION HARDENED     HARDENED: whether the build folder's programs are (ON or OFF)

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The desktop entry and the metainfo are valid, tell the truth, and speak every language that the program speaks.
 #
 #   desktop.sh BUILD SOURCE VERSION

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # What is installed works where it is, from anywhere, and goes away without a trace.
 #
 #   installation.sh CASE BUILD SOURCE

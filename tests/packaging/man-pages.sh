@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # A program's man page renders without a warning and has the options that the program has, and no others.
 #
 #   man-pages.sh PROGRAM SOURCE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a validator does not know of the metainfo: metainfo.py FILE VERSION DESKTOP_ENTRY MIME_TYPES LANGUAGE..."""
 
 import sys

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """screenshots.py SOURCE LANGUAGE...: what the metainfo is to show of the program is there, in its size and in every language.
 
 The list is put into a copy of the metainfo with an address, which must then be valid.

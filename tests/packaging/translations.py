@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """translations.py SOURCE: the man pages in other languages say what the English ones say, as far as a program can tell.
 
 A translation has the sections, paragraphs and entries of the English page in their order, the same options, effects,

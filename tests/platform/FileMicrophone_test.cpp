@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileMicrophone.h"
 #include "TestSounds.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ClipEnds.h"
 #include "FileSpeaker.h"
 #include "TestFolders.h"

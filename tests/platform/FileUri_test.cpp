@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Addresses of files, as desktops write them.
 #include "FileUri.h"
 

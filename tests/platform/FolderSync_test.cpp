@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // New folders are on the disk before what lies in them counts as kept: a power cut would take both.
 #include "LastTake.h"
 #include "ReplacedFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole loop: OspMain on a host that works off steps.
 #include "AppImage.h"
 #include "AudioDev.h"

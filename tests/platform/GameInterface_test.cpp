@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the outside may ask of the program, screen by screen.
 #include "AppImage.h"
 #include "AudioDev.h"

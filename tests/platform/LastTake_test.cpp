@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The copy of the take recorded last: whole, for its user only, and there until it is forgotten.
 #include "LastTake.h"
 #include "TakeKeeper.h"

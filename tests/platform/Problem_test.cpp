@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Problem.h"
 
 #include <gtest/gtest.h>

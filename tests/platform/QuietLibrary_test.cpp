@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Standard output and standard error lead nowhere for a while, and then where they led before.
 #include "QuietLibrary.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a sound of another rate keeps and loses: level, pitch, length, and nothing at a wrong pitch.
 #include "Resampler.h"
 

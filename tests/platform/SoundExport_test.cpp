@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saved sounds in other forms.
 #include "SoundExport.h"
 #include "TestFolders.h"

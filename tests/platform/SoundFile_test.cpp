@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoundFile.h"
 #include "TestFolders.h"
 #include "TestSounds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tool does when something is wrong: clear words, the right status, and never a lost file.
 #include "FxCatalogue.h"
 #include "TestFolders.h"

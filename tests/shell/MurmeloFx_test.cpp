@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool applies the effects as the application does, whatever the sound comes in.
 #include "FxCatalogue.h"
 #include "TestFolders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starts the tool as a shell does, and makes and reads the files that it works on.
 #include "ToolRunner.h"
 

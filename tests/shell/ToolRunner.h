@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs the built command line tool as a shell does, and makes and reads the files that it works on.
 #pragma once
 

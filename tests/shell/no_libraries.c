@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the program: a machine that has neither libsndfile nor libsoxr. MURMELO_MISSING is
 // the beginning of the names that are missing.
 #define _GNU_SOURCE

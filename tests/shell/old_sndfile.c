@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before libsndfile: its lists name neither MPEG nor Opus, as those of a library that was
 // built without them.
 #define _GNU_SOURCE

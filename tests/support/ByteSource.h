@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bytes written out in a test, as the streams of the runtime want them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counts how the clips that a test plays end.
 #pragma once
 

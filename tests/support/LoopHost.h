@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host for the real loop: takes its next step whenever nothing is due, and lets time pass between
 // the steps.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program that ignores its host. A test overrides the calls that it wants to see.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host with a microphone and a speaker, on the clock that the test moves.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A temporary folder for one test, removed at its end.
 #include "TestFolders.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A temporary folder for one test, with helpers to look at it from outside the application.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The faults and happenings that a test asks its host for.
 #include "TestHost.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A back end for unit tests: a clock that the test moves, folders that the test names, faults that
 // it asks for.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folders that a test host maps.
 #include "TestFolders.h"
 #include "TestHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG files for tests: made and read by libpng, or put together by hand.
 #include "TestPng.h"
 

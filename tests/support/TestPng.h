@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG files for tests: real ones made and read by libpng, and chunks put together by hand.
 #pragma once
 

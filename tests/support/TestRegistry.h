@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fresh registry over a folder of the test's own, with pictures and a font to put into it.
 #pragma once
 

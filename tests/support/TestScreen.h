@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A screen that records the events it receives.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sounds and WAV files made by hand, byte by byte.
 #include "TestSounds.h"
 

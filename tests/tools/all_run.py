@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """all_run.py SOURCE: every test that lies below tests and fuzz is run by somebody.
 
 A test that no build list names never runs, and so never fails. A file of C or C++ is named with its path

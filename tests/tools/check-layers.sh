@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # The check of layers finds what it is for: in a copy of the sources.
 #   check-layers.sh SOURCE
 set -u

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """circles.py SOURCE: classes include one another in small circles only, each within one folder.
 
 A class is a header with its source; a source without a header of its own belongs to the first class of its folder that it

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """class_list.py SOURCE: every class of the application that has something to set up or to take down is in the class list."""
 import glob
 import os

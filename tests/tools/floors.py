@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """floors.py BUILD SOURCE: the build lets each folder include what docs/architecture.md says, and nothing else.
 
 The table of the floors has a line for each folder: its path, and the folders whose headers it may include.

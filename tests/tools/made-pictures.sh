@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # made-pictures.sh SOURCE BUILD: the pictures that show the program are what tools/make-pictures makes of it today. Exit
 # status 77: the drawing tools are missing, or the renderer is another one than the committed drawings were made with.
 set -u

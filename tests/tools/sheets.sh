@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # What the font maker and the gallery write is what they are for.
 #
 #   sheets.sh CASE PROGRAM SOURCE [FONT]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The page without a mouse, without eyes, with little sight, in any window, and as an app."""
 import unittest
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Starts Chromium without a window and talks to it. Standard library only.
 
     with Browser(microphone="hello.wav") as browser:

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the page costs: bytes on the wire, lines of script, memory, and the time of an effect (told, never judged)."""
 import glob
 import os

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds the page of the source tree $1 for the tests that look at it. What the surrounding build sets for its own
 # compiler is not for this one.
 set -eu

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The browser's debugging protocol over a pair of pipes: JSON messages, each ended by a NUL byte."""
 import itertools
 import json

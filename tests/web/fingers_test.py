@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Fingers on the picture: the browser may take one away for itself."""
 import unittest
 

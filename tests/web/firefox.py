@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Starts Firefox without a window and talks to it by WebDriver BiDi. Standard library only.
 
     with Firefox() as firefox:

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """One journey in Firefox: a sound file becomes a robot, is saved, found again at the next visit, and downloaded."""
 import base64
 import os

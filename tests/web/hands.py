@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The user's mouse, fingers and keys on a page: real input, which the browser takes for the user's own gesture."""
 import base64
 import json

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The harness itself: input is the user's own, and what a page does wrong is found."""
 import array
 import json

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A page that is not touched does nothing."""
 import time
 import unittest

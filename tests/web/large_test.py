@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Large sound files: the page takes their first twenty seconds, and has room left for every effect."""
 import array
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What may happen to a microphone: the page says it, and no take is lost."""
 import array
 import unittest

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The page as built, in Chromium, and the same program without a window to compare it with."""
 import array
 import base64

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """One tab of the browser: its address, its script, its picture, its surroundings."""
 import base64
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Reads PNG files of 8 bits a channel: screenshots, and what murmelo-headless shows."""
 import struct
 import zlib

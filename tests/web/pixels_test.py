@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The page paints the same pixels as murmelo-headless, on every screen and on the strip above it, in every language."""
 import base64
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What pages and workers did meanwhile: what they complained about, and what they asked the network for."""
 import threading
 from dataclasses import dataclass

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """tools/serve-web serves what a browser needs, and says what is wrong."""
 import http.client
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A folder on a local web server, for as long as a test runs."""
 import os
 import signal

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The page makes the same files as murmelo-headless of the same take: cleaned up, and with every effect."""
 import base64
 import os

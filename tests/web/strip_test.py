@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The strip in the page: its heads, buttons, messages and sheets, by finger and by keyboard, in every language."""
 import unittest
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """One user's visits: a take is recorded, played, saved, shared and found again."""
 import os
 import unittest

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Sound files from outside: dropped, opened with the page, shared with it; in the kinds that browsers know."""
 import array
 import base64

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The page between its visits: without a network, in two tabs, with a full store, and in a new version."""
 import hashlib
 import json

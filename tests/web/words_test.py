@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The page and the program in WebAssembly know the same calls and the same words."""
 import glob
 import os

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CoverageMap.h"
 
 #include "BitMapCharacter.h"

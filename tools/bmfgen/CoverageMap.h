@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A glyph as it comes from the rasteriser, 8 bits of coverage a pixel, on its way to 4 bits without
 // empty edges.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FontMaker.h"
 
 #include "BitMapCharacter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes a bitmap font from an outline font: hinted, 4-bit coverage, every character that the
 // application's languages and their typography need.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // murmelo-bmfgen FONT.ttf SIZE OUT.bmf: makes a bitmap font file from an outline font.
 
 #include "ArrFunc.h"

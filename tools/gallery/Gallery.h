@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sheets of the gallery. The registry and the texts must be set up before.
 #pragma once
 

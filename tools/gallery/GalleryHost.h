@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A back end with folders and nothing else: no display, no clock, no sound.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts of every language as they stand on the screen, in one pair of fonts: to choose fonts by
 // eye.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A large picture on which the gallery lays out what it shows, and its file.
 #pragma once
 

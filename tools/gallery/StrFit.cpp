@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StrFit.h"
 
 #include "BitMapFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures every text of the program, in every language, at the place where it is shown.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // murmelo-gallery OUT.png: everything that lies under "/Res/", on one sheet, to be looked at.
 //
 // Every picture at its place over the background, every character of every font, the texts of all

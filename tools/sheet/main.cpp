@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // murmelo-sheet: puts pictures side by side on one sheet, or compares them with a sheet made
 // before.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the program in WebAssembly offers to the page; see src/platform/web/main.cpp.
 
 export type Entry = {

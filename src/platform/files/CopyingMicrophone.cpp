@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CopyingMicrophone.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The microphone that the program sees: another one, and a copy of every take that it gave.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A microphone that hears a sound file from its beginning at each recording, in the time of the
 // clock given, and silence behind its end.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileSpeaker.h"
 
 #include "SoundFile.h"

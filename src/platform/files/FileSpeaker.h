@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A speaker that plays into a sound file, in the time of the clock given: what was heard is written
 // one clip after the other.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileUri.h"
 
 #include <array>

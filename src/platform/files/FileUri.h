@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names of files as desktops hand them over: "file:///home/ada/a%20voice.wav".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LastTake.h"
 
 #include "HostSound.h"

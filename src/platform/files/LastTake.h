@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The raw take that was recorded last, kept beside the user's settings so that no mistake, crash or
 // power cut loses it: one take, until the next one or until the user forgets it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProgramFolders.h"
 
 #include "SafeFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a program finds its data and keeps the user's: shared by the back ends that run on a
 // computer.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QuietLibrary.h"
 
 #include "SafeFile.h"

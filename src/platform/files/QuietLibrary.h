@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keeps the libraries that decode and encode sounds from talking: some print a line of their own to
 // standard error for every damaged frame.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Brings a sound to another rate, piece by piece.
 //
 // Level up to 95 % of the band that both rates have, and at least 120 dB down in what would be

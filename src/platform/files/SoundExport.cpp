@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoundExport.h"
 
 #include "SafeFile.h"

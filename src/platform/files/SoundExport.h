@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes a saved sound as another file, in the form that its name asks for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sound files on a computer, read and written with libsndfile: whatever the user has for a voice,
 // and what the speaker has played.
 #pragma once

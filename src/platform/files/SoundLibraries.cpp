@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoundLibraries.h"
 
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The libraries that only other kinds of sound files and other rates need. Loading them takes
 // longer than the work on most recordings, so they are loaded when a sound first asks for one of
 // them.

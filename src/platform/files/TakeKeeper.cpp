@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TakeKeeper.h"
 
 #include <utility>

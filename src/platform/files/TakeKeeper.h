@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Decides when a take is kept: what was recorded at once, what came from a file only when the
 // program lets go of it. Until then the recording that the file displaced can be brought back.
 #pragma once

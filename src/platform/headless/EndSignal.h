@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Signals that ask the program to end. Their number is stored, and the program ends between two
 // callbacks, as when the phone ends it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whether the display shows what the program has painted, frame by frame: for tests.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HeadlessHost.h"
 
 #include "HostWords.h"

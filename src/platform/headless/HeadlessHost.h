@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The back end without a window: a script instead of the user's hands, a virtual clock, and files
 // for sound and pictures.
 //

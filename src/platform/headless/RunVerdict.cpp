@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunVerdict.h"
 
 void RunVerdict::settle(int32_t status, int32_t line, const std::string& message) {

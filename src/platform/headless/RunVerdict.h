@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a headless run ends: its status, and what went wrong.
 #pragma once
 

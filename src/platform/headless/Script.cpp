@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Script.h"
 
 #include "HostOperation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A headless run's script: one command a line, # starts a comment.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What each command of a script does.
 #include "HeadlessHost.h"
 #include "PngFile.h"

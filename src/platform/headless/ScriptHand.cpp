@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScriptHand.h"
 
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The finger and the keys of a script: turns a command into callbacks of the host.
 #pragma once
 

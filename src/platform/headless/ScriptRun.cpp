@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScriptRun.h"
 
 #include "EndSignal.h"

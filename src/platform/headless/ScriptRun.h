@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A script being run: which command is current, what it still has to deliver or to wait for, and
 // what each command does to the host.
 #pragma once

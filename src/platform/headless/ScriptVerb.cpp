@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScriptVerb.h"
 
 #include "ScriptRun.h"

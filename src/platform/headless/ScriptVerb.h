@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands of a script, one row for each; the reader of scripts, the run and --list use this
 // table.
 #pragma once

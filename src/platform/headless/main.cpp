@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // murmelo-headless: the application driven by a script, on a virtual clock.
 #include "EndSignal.h"
 #include "HeadlessHost.h"

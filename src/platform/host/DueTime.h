@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When something is due by the host's clock, in milliseconds; some things never are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The calls of operations that are to fail, as a test asks for them.
 #pragma once
 

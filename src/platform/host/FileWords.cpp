@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is told about saved sounds, files, and the page as a whole.
 #include "HostWordTables.h"
 

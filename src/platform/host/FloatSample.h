@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A sample as a decoder or a browser delivers it: a damaged file holds anything.
 #pragma once
 

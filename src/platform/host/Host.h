@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The door to the outside world: clock, window, device facts and folders, seen from the phone's
 // stand-in.
 //

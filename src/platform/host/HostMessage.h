@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Something to tell the user: a row of HostWords, with what is particular about it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operations of the platform that a test can tell to fail, each named once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program for a host that does not own its loop, as in a browser: the host begins, steps and
 // ends it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The door's sound: one microphone and one speaker.
 //
 // For the next porter: samples are 16-bit mono. Whatever a device's own thread has to say waits for

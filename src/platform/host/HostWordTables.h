@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tables that HostWords is made of, one for each subject.
 //
 // As in the program's own texts, Spanish and Italian say "tu", German and French "Sie" and "vous".

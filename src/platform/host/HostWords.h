@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The words of what lies around the phone's picture, in the program's languages.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyRules.h"
 
 using Kind = KeyDeed::Kind;

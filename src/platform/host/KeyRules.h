@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a key of a keyboard means, on a computer and in a browser: the phone has none of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyWalk.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keys of the phone pressed one after the other, each when the screen is there that wants it: the
 // way from any screen to a recording, and to the user's language in the first list.
 #pragma once

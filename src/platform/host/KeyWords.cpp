@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What stands on buttons, what they and the keys do, and the names of the screens.
 #include "HostWordTables.h"
 

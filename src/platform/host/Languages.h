@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The languages of the program, a row for each, in the order in which the user chooses them. A row
 // more asks every table of texts for its translations: what is missing does not compile.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How loud the microphone is: peak and mean in decibels of full scale, in whole numbers that are
 // the same on every machine.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LostMicrophone.h"
 
 #include "Host.h"

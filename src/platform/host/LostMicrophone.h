@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a host does for a recording whose microphone died: it presses "Stop", so that the take is
 // kept.
 #pragma once

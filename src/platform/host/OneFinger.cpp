@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OneFinger.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone knows one finger. Several pointers become one here: whichever is down first holds it
 // until it lets go, and the others are not there.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is wrong, in words for the user. True when something is wrong:
 //
 //     if (const Problem problem = locks.take(folders)) {

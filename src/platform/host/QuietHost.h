@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host without a window, without sound and without folders, whose clock stands still. A back end
 // that needs only a part of a phone overrides that part.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is told about microphones and recordings.
 #include "HostWordTables.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReplacedFile.h"
 
 #include "SafeFile.h"

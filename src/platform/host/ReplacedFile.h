@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A small file that is there whole, the old one or the new one, whatever happens while it is
 // written.
 #pragma once

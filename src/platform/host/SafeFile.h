@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one safe way to put a user's file onto the disk: the target is the old file or the whole new
 // one at any moment, also after a power cut, and nothing that was there before is deleted.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The names of the program's screens of which a host makes a difference; HostDoors::screenName()
 // returns them.
 #pragma once

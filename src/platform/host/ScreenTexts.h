@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the current picture says in words: for people who do not see it, for window titles and
 // tests.
 #pragma once

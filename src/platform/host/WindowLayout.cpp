@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowLayout.h"
 
 #include "Host.h"

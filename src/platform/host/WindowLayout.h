@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where strip and picture lie in a window of any size.
 //
 // The phone's display has 480 x 800 pixels: the strip of 480 x 160 above the picture of 480 x 640.

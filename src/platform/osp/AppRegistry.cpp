@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The settings file: "key=value" lines, replaced atomically, read tolerantly.
 #include "Host.h"
 #include "OspApp.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EventLoop.h"
 
 using Osp::System::IScreenEventListener;

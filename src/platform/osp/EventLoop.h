@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs one application on the host: delivers the host's callbacks, and user events when they are
 // due.
 //

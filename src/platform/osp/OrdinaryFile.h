@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ordinary files of the real file system, for the services that use them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspApp.h"
 
 #include "EventLoop.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's application model: life cycle, the queue of user events, and the settings kept
 // between runs.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspBase.h"
 
 #include "Host.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone platform's basics: results, objects, 16-bit text, lists, giving way.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A block of bytes with a position and a limit: what the phone's sound devices fill and its files
 // write.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is done to files by their names: whether they exist, taking them away, copying.
 #include "Host.h"
 #include "OrdinaryFile.h"

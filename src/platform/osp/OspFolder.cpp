@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Folders: making and listing them.
 #include "Host.h"
 #include "OspIo.h"

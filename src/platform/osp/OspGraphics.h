@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's display: a bitmap that the program paints into, and the canvas that shows it scaled.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspIo.h"
 
 #include "Host.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's files and folders, mapped to real folders.
 //
 // "/Res/" is read-only, "/Home/" the user's data ("/Home/Murmelo/" may lie elsewhere), and the

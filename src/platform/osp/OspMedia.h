@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's microphone and its player of sound files. Every callback comes on the event thread,
 // between two user events; none comes from an object that was closed or deleted, but for the end of
 // the clip after an error.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Host.h"
 #include "OspIo.h"
 #include "OspMedia.h"

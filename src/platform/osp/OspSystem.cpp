@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspSystem.h"
 
 #include "Host.h"

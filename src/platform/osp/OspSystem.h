@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's clock, settings and device facts, and the events of its screen.
 #pragma once
 

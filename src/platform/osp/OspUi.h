@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's touches, keys and the frame that they arrive at.
 #pragma once
 

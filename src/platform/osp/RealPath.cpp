@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RealPath.h"
 
 #include "Host.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finds a path of the phone in the real file system, and refuses every path that would leave the
 // mapped roots. Only the program's own files, which are read-only, may be links to anywhere.
 #pragma once

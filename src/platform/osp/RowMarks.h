@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which rows of a picture were written since somebody last looked at them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Errands.h"
 
 #include <thread>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Work that may take long, on threads of its own: reading a file from a slow disk, waiting for a
 // dialog. What comes of it is dealt with on the event thread.
 #pragma once

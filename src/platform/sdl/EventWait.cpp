@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EventWait.h"
 
 #include <SDL.h>

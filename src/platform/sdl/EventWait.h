@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the event thread sleeps: until SDL has an event, the program is roused, or a time has come.
 #pragma once
 

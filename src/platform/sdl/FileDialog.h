@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The desktop's own dialog for files, over the session bus. Each call waits until the user has
 // chosen: call it on a thread of its own.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The desktop's file manager.
 #pragma once
 

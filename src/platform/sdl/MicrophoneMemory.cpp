@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MicrophoneMemory.h"
 
 #include "ReplacedFile.h"

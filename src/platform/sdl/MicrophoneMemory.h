@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The microphone that the user has chosen in the program: remembered by its name.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OtherStarts.h"
 
 #include <utility>

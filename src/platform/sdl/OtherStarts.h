@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What later starts of the program in the same home want of this one: its window in front, and
 // their files as its take.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OwnEnvironment.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Variables of the environment that this program sets for itself and its libraries. Programs that
 // it starts get those of the user.
 #pragma once

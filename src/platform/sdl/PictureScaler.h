@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The display's 480 x 800 picture in a window of any size: its pixels there.
 //
 // The program's pixels are doubled on the display, so strip and picture have 240 x 80 and 240 x 320

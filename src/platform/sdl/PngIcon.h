@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A small picture for the window's place in lists and bars.
 #pragma once
 

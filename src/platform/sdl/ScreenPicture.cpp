@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScreenPicture.h"
 
 #include "SafeFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures of the screen that the user takes, beside the sounds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlAudio.h"
 
 #include <SDL.h>

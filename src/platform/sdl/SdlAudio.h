@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The machine's sound devices, as SDL knows them.
 #pragma once
 

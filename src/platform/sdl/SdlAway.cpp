@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlAway.h"
 
 #include <SDL.h>

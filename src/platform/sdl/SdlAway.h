@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whether the program is away: its window hidden, or itself suspended.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlDeeds.h"
 
 #include "SdlDoors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Does in the window what a key means.
 #pragma once
 

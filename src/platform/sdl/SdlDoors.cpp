@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlDoors.h"
 
 #include "FileUri.h"

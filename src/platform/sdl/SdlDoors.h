@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a computer offers beyond the phone: sound files as the take, the last take again, saving
 // and exporting by a key, pictures of the screen.
 #pragma once

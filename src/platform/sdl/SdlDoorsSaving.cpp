@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saving, exporting, and pictures of the screen.
 #include "FileUri.h"
 #include "QuietLibrary.h"

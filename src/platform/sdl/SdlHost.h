@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone in a window: SDL's events, pictures and sound behind the door.
 //
 // The event thread sleeps in SDL until an event, a signal, a sound device or a due time rouses it.

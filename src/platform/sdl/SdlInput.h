@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mouse and touch screen, turned into what the phone has: one finger.
 #pragma once
 

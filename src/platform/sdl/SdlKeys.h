@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keys of SDL's keyboard as the rules know them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlMicrophone.h"
 
 #include <SDL.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The machine's microphone, at the phone's rate. While no device delivers it gives silence, so that
 // a recording can always be stopped, and uses the first device that appears.
 #pragma once

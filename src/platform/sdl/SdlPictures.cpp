@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlPictures.h"
 
 #include "DueTime.h"

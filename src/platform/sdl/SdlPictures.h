@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When the display's picture is looked at and drawn, and what goes with it: the window's title,
 // and the words that are read aloud.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlSpeaker.h"
 
 #include <SDL.h>

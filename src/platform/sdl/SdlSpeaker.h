@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The machine's speaker. What its device has taken is heard in any case: a stop is silent after at
 // most a chunk. Without a device a clip takes its time, unheard, and the user is told.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlStrip.h"
 
 #include "FileManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The strip in the window: the mouse that points, messages, and wishes that need the desktop.
 #pragma once
 

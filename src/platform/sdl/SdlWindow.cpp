@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlWindow.h"
 
 #include "PngIcon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's display as a window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlWishes.h"
 
 #include "SdlDoors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fulfils what the strip wishes of this machine: files, the last take, the choice of a microphone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SignalWatch.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Turns the signals that end or suspend a program into calls, on a thread of its own that sleeps
 // until one comes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads texts aloud through the desktop's speech server. Its library is loaded by start() and not
 // before.
 #pragma once

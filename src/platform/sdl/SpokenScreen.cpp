@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SpokenScreen.h"
 
 #include "HostWords.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is to be read aloud when the picture changes: for people who do not see it.
 #pragma once
 

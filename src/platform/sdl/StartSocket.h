@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A second start of the program finds the first one here, and hands over the file that it was
 // given.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SystemLanguage.h"
 
 #include "Languages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The language of the user's system.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "VideoDriver.h"
 
 #include "OwnEnvironment.h"

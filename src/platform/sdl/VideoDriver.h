@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which window system SDL uses, and what it does without.
 #pragma once
 

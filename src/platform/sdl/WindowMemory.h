@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The size that the user gave the window, kept from one run to the next.
 #pragma once
 

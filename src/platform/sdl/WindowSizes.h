@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How large the window begins, and how much larger or smaller one step makes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowTitle.h"
 
 #include "HostMessage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the window's title says: the screen and the effect, for people who do not see the picture.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the window library does not tell about a window of the X Window System.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // murmelo: the application in a window.
 #include "FileUri.h"
 #include "FxCatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Strip.h"
 
 using Touch = HostListener::Touch;

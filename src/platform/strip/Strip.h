@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The strip as a host uses it: the model, what feeds it, what fulfils its wishes, and the frame to
 // look at.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripBrush.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shapes and texts on a picture: what the strip is painted with.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripFeed.h"
 
 #include "DueTime.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tells the model what the program shows, what its microphone hears and what it has saved.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone's display with the strip in its upper band, and the sheet over the picture while there
 // is one.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where things stand on the strip and on its sheet, in pixels of the program.
 #pragma once
 

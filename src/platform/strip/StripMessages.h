@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The messages of the strip: one is shown for some seconds, later ones wait for a moment each.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripModel.h"
 
 #include "HostMessage.h"

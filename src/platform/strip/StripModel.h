@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The host's own row above the picture, and the sheet that it can lay over the picture: what can be
 // done, what is said, how loud it is, in which language. Knows neither drawing nor a clock.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keyboard on the sheet: one of its buttons has the focus, arrows move it, and the middle key
 // chooses.
 #include "Host.h"

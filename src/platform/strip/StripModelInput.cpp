@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What taps, the mouse and keys do to the strip, and what they wish.
 #include "HostWords.h"
 #include "StripLayout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripPainter.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paints the strip and its sheet with the imaging room's pictures and fonts: dark glass, white
 // text.
 //

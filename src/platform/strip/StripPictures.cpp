@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripPictures.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pictures and fonts of the strip, read from /Res/ when it is made.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user wants, from a tap on the strip or one of its keys. The host fulfils it.
 #pragma once
 

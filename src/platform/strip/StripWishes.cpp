@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripWishes.h"
 
 #include "HostMessage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fulfils the wishes of the strip: what every host can do by itself, and the rest by handlers that
 // the host adds.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Breaks a text into rows of a given width.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MicrophoneReasons.h"
 
 #include "RateTo16k.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which words tell why there is no microphone.
 #pragma once
 

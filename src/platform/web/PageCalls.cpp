@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PageCalls.h"
 
 #include <emscripten.h>

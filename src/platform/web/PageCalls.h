@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page as WebHost sees it: each call goes to the part of the object `Module.page` that does it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PlainWav.h"
 
 #include "HostSound.h"

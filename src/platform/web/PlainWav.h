@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads plain WAV files for the page, and makes takes of sounds at any rate. The browser decodes
 // every other kind of file.
 #pragma once

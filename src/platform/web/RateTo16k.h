@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Brings the samples of a microphone or a file to the 16 kHz of a take, where the browser does not.
 #pragma once
 

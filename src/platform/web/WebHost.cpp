@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WebHost.h"
 
 #include "DueTime.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone in a web page. The page owns the time: it calls turn() in each of its events and when
 // the program has asked for it.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What pointers and keys of the page do.
 #include "KeyRules.h"
 #include "WebHost.h"

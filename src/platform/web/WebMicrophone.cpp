@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WebMicrophone.h"
 
 #include <algorithm>

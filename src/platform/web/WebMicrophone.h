@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The browser's microphone. The user is asked for it when a recording is offered, and the program
 // stands still until the answer; it is given back after each recording.
 #pragma once

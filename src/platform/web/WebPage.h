@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the program asks of the page around it, one call for each thing that only a page can do.
 //
 // The page calls back through WebHost. Answers that come later carry the ticket of their question:

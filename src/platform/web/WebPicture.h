@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The display as the page paints it, 240 x 80 pixels of the strip above the 240 x 320 canvas: four
 // bytes a pixel, of which only changed rows are worked out.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WebSounds.h"
 
 #include "HostSound.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Words about the sounds of the page: their names, the lines of their list, and why a file is none.
 #pragma once
 

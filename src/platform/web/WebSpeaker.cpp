@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WebSpeaker.h"
 
 #include "PlainWav.h"

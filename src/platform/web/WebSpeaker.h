@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page's one audio element as the phone's speaker.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WebStrip.h"
 
 #include "HostMessage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The strip in the page: what it says, and the wishes that only a page can fulfil.
 #pragma once
 

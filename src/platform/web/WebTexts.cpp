@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WebTexts.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the screen says in words, as JSON for the page.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page's calls into the program, all in one place. Each is named as the page calls it, without
 // the leading underscore; web/types/murmelo.d.ts lists them for the page.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list of classes runs every initialiser in the fixed order, and each class has its own.
 #include "ClassLife.h"
 #include "ClassList.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sound by script: the microphone's file in, the speaker's file out, on the virtual clock.
 #include "AudioDev.h"
 #include "Event.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // No take is lost: whatever the program does with it, it comes back and makes the same files, byte
 // for byte.
 #include "HeadlessHost.h"

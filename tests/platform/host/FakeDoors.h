@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program whose screen the test decides, and which notes the keys it gets.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostWords.h"
 #include "StrTexts.h"
 

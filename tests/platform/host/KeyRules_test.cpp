@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FakeDoors.h"
 #include "KeyRules.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Properties that hold in windows of all sizes.
 #include "WindowLayout.h"
 

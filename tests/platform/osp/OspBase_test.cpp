@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspBase.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspBuffer.h"
 #include "OspIo.h"
 #include "TestFolders.h"

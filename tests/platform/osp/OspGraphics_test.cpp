@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LoopHost.h"
 #include "OspGraphics.h"
 

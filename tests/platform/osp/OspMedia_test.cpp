@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OspIo.h"
 #include "OspMedia.h"
 #include "SoundHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RowMarks.h"
 
 #include <gtest/gtest.h>

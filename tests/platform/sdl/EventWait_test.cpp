@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Waiting for events under drivers that cannot wait themselves: an hour is like a second.
 #include "EventWait.h"
 

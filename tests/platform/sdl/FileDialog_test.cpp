@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening and exporting through a desktop's own dialogs: a bus of the test's own, with dialogs
 // whose user is the test.
 #include "FileDialog.h"

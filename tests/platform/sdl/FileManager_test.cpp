@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileManager.h"
 #include "OwnEnvironment.h"
 #include "TestFolders.h"

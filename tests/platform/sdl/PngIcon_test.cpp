@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PngIcon.h"
 #include "TestFolders.h"
 #include "TestPng.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Another program, run beside the test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sound devices that die while they are in use: a server that goes away, a device that is removed.
 // Each case has a sound server of its own to take away.
 #include "ClipEnds.h"

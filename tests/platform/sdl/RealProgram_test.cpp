@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program itself on a real X server and a real sound server: how soon it is there, what it
 // costs to leave it alone, how it ends, and a whole journey by keyboard.
 #include "Program.h"

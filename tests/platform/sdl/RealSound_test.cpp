@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Recording and playing through a real sound server: what is spoken arrives in the take, what is
 // played arrives at the speaker, and nothing that a device does holds the program up.
 #include "AudioDev.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window on a real X server: what is on the screen, what a hand does to it.
 #include "EventWait.h"
 #include "Program.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a computer offers beyond the phone, with doors that only take notes.
 #include "SdlDoors.h"
 #include "TestFolders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window's back end without a window system and without a sound server: SDL's own stand-ins,
 // which write and read files.
 #include "ClipEnds.h"

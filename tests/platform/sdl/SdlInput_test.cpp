@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlInput.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SdlKeys.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A microphone that no device serves, by a clock of the test's.
 #include "SdlMicrophone.h"
 #include "TestFolders.h"

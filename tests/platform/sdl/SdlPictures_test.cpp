@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When the window looks at the picture, without a window.
 #include "DueTime.h"
 #include "SdlPictures.h"

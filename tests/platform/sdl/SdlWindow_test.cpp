@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window's size on SDL's stand-in for a screen, which has less room than the phone's display is
 // high.
 #include "SdlWindow.h"

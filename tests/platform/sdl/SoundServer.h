@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sound server that the tests have for themselves: they stall it, rouse it and end it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Speech.h"
 #include "SpokenScreen.h"
 

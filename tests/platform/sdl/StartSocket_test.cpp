@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StartSocket.h"
 #include "TestFolders.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SystemLanguage.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TestFolders.h"
 #include "WindowMemory.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowSizes.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "XScreen.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A look at the X server's screen, past the window library.
 #pragma once
 

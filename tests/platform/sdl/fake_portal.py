@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """fake_portal.py LOG MODE [URI]: a desktop's file dialogs on the session bus, whose user is a test.
 
 Each call is written to LOG as a line of JSON. MODE says what the user does: "choose" chooses URI,

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # no-display.sh PROGRAM: what murmelo does where there is no display. It needs none itself.
 set -u
 program=$(realpath "$1")

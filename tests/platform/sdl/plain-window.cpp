@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The least that a program with such a window does: opens it and shows one ready picture. How soon
 // Murmelo's first picture stands is measured beside it.
 #include "VideoDriver.h"

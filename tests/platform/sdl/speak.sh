@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # speak.sh PROGRAM: what the program has read aloud, on a private speech server whose voice is
 # silent. To be run under with-desktop.
 program=$1

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The program on a Wayland desktop: every pixel of its picture, a key, a click, a screen that stands still, and the end.
 #   with-desktop wayland.sh MURMELO HEADLESS
 # The desktop is weston, as a window on the X server, as large as the phone; its one program fills it.

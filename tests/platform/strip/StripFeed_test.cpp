@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Languages.h"
 #include "Strip.h"
 #include "TestHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StripFrame.h"
 #include "TestHost.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Host.h"
 #include "StripLayout.h"
 #include "StripModel.h"

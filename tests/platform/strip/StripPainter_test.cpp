@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Host.h"
 #include "HostMessage.h"
 #include "HostWords.h"

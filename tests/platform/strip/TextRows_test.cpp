@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TextRows.h"
 
 #include <gtest/gtest.h>

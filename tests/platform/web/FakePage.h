@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A page without a browser: a clock that the test moves, and notes of what it was asked for.
 #pragma once
 

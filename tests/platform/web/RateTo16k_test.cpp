@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RateTo16k.h"
 
 #include <gtest/gtest.h>

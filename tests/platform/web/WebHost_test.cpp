@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole program in a page that a test plays.
 #include "FakePage.h"
 #include "HostWords.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BitMapCharacter.h"
 #include "CoverageMap.h"
 

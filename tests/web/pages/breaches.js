@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything that a sound page does not do.
 window.provoke = () => {
     console.error('told the console', 7);

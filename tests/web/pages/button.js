@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes down what the user does.
 window.seen = [];
 for (const name of ['click', 'keydown', 'drop', 'dragover', 'change', 'visibilitychange', 'freeze', 'resume']) {

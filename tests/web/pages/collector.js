@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Posts every block of the first channel.
 class Collector extends AudioWorkletProcessor {
     process(inputs) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Collects what the microphone hears, at 16 kHz.
 window.heard = [];
 window.outcome = '';

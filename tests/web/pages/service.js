@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 const kFiles = ['worker.html', 'worker.js'];
 self.addEventListener('install', (event) => {
     event.waitUntil(caches.open('harness').then((cache) => cache.addAll(kFiles)));

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands in for the page's clock and microphone, before its own scripts begin: time goes on only when the
 // test says so, and jumps to what is due next, as in murmelo-headless. `player.play(script)` understands a
 // part of that program's commands and takes the same pictures.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counts what keeps a page awake.
 window.counted = { timers: 0, waiting: 0, frames: 0, messages: 0 };
 (() => {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A browser that has one rate only.
 window.AudioContext = class extends AudioContext {
     constructor(options) {

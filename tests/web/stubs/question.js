@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The browser's question about the microphone stays open until the test answers it.
 window.question = { asked: 0, allow: () => {}, refuse: () => {} };
 (() => {

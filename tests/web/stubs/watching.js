@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Notes what the page asks of the browser; sharing is answered here, because a browser without a window cannot.
 window.noted = { microphones: [], shared: [], clips: [], asksToStay: 0 };
 (() => {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times each effect and the clean-up on real speech, other engines that make the same change to the
 // same samples, and what no exact version can leave out: effects_bench --benchmark_format=csv
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Limits.h"
 
 #include "Kernels.h"

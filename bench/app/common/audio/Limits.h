@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For each effect the part of its work that no exact version can leave out, and nothing else: what
 // remains above it can still become faster.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Other programs' engines doing the same work on the same samples, each in the way its makers
 // recommend for a whole sound in memory. Every call makes a new engine, as each of our runs sets up
 // its own state; the time for converting the samples to the engine's own type is not counted.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Real speech for the benchmarks.
 #pragma once
 

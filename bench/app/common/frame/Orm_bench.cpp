@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times the event loop: scheduling among pending events, a frame without an event, and the display.
 #include "AppImage.h"
 #include "Assembly.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times the drawing of a screen full of help text: fourteen lines of about thirty characters.
 #include "AppImage.h"
 #include "BitMapFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times the pixel loops on a picture of the canvas's size, and pixman doing the same job.
 //
 //     imaging_bench --benchmark_format=csv

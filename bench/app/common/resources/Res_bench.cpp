@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times the reading and decoding of all pictures and fonts under "/Res/", and reports the memory
 // that they take; times the layout and the painting of a text.
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times what a user waits for: from the finger on "Play" to the first sample for the speaker, in
 // the whole application with every frame in between, for a take of twenty seconds.
 //

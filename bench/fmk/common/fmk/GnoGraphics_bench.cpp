@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times the copying and the blending of a frame of 240 x 320 onto the 565 surface, and pixman doing
 // the same.
 #include "CanvasGraphics.h"

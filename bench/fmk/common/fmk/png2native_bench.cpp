@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times the decoding of the application's background to 565, and libpng's to 32-bit words.
 #include "ArrFunc.h"
 #include "png2native.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Assembly.h"
 
 #include "ClassList.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Connects the parts of the application: fills in what the frame needs from the folders that depend
 // on it.
 #pragma once

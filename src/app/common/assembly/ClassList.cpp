@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ClassList.h"
 
 #include "AbstractPainter.h"

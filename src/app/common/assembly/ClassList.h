@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every class with a class initialiser, in the one order in which they run.
 #pragma once
 

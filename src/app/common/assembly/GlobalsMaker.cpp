@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GlobalsMaker.h"
 
 #include "ArrFunc.h"

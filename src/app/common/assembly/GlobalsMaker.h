@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes what G holds besides its names: painters, fonts, effects, screens and processors.
 #pragma once
 

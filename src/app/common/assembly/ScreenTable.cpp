@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScreenTable.h"
 
 #include "FirstLang.h"

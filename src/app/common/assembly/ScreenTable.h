@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every screen of the program, one row for each: its name, and how it is made, found and freed.
 #pragma once
 

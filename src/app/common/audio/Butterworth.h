@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A filter without ripple; no effect of the catalogue uses it.
 #pragma once
 

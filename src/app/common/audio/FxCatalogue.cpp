@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FxCatalogue.h"
 
 #include "ArrFunc.h"

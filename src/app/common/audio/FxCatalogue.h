@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The effects that a user can choose: one row for each, in their order. The index of a row is the
 // effect's number everywhere.
 #pragma once

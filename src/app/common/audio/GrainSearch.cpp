@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GrainSearch.h"
 
 #include "Arithmetic.h"

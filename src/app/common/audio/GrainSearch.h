@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finds where a grain fits best onto the output made so far: the offset with the smallest sum of
 // absolute differences.
 //

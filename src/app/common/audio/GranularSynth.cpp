@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GranularSynth.h"
 
 #include "Arithmetic.h"

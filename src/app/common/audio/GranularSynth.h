@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cuts a recording into grains of equal length and pastes them, resampled and moved, where they fit
 // best. Changing a grain's stretch changes its pitch, moving the grains changes the tempo.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A curve given by its points; no effect of the catalogue uses it.
 #pragma once
 

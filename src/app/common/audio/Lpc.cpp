@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Lpc.h"
 
 #include "Arithmetic.h"

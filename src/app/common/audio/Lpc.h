@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Linear prediction of speech in frames of 20 ms: what the mouth does (a filter of order 10), what
 // the throat does (pitch period, voicing), and the way back to sound.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A handful of integer functions; results wrap at 32 bits.
 #pragma once
 

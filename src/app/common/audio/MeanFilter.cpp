@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MeanFilter.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Running mean over a power-of-two window: takes out rumble (highpass) or hiss (lowpass).
 #pragma once
 

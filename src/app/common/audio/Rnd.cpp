@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Rnd.h"
 
 void Rnd::init(int32_t a, int32_t b, int32_t c) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's own random numbers: seeded explicitly, so that an effect sounds the same each time
 // it is applied to the same recording.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SampleKeep.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keeps the big sample arrays of finished runs for the next run: fresh memory for 20 seconds of
 // sound costs more time than most effects.
 //

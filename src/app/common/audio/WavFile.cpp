@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WavFile.h"
 
 #include "Array.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Moves whole sounds between streams of WAV bytes and memory: arrays of 32-bit integers, one for
 // each sample, 8000 a second.
 //

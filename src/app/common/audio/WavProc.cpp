@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WavProc.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Base of all sound processors: one array of 8 kHz samples in, another out, worked on in slices so
 // that the screen stays alive.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WavProps.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The properties of the sound in a WAV file, and the 44-byte header that holds them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WpMicPostProc.h"
 
 #include "Arithmetic.h"

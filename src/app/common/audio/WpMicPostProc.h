@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cleans up a fresh recording: fades the clicks of the key away, takes out rumble, pushes quiet
 // noise down and raises speech to nearly full scale.
 #pragma once

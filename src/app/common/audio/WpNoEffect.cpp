@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WpNoEffect.h"
 
 #include "ArrFunc.h"

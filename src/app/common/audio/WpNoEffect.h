@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // No effect: the recording as it is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WpPitchAndTimeStretch.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Changes pitch and tempo independently, by pasting resampled grains: the high, low, fast and drunk
 // voices.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WpReverse.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Backwards: the recording played from its end.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WpRobot.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Takes the voice apart by linear prediction and speaks it again with another throat: at one pitch
 // (the robot), or with the melody of the voice upside down.
 #pragma once

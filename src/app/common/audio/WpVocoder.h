@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A voice spoken by an instrument; no effect of the catalogue uses it.
 #pragma once
 

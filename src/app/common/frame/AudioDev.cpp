@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AudioDev.h"
 
 #include "AudioDevListeners.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The interface to sound: records the microphone directly into a WAV file, or plays a WAV file. It
 // does only one of the two at a time.
 #pragma once

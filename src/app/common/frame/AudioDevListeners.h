@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The listeners to the microphone and to the player. Both work on the state of AudioDev and have
 // none of their own.
 #pragma once

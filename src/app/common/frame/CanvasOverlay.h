@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A question that is painted over the canvas's picture while the program is paused, above every
 // screen.
 #pragma once

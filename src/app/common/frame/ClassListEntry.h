@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A class with a class initialiser and a class finaliser.
 #pragma once
 

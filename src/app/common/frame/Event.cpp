@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Event.h"
 
 #include "OspBase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Something that becomes due: a name, a second name, a payload and a time, linked into the list of
 // pending events.
 #pragma once

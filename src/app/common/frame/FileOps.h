@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Operations on files and folders: tests, deletes, copies, and finds the name of the next saved
 // sound.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "G.h"
 
 #include "AppImage.h"

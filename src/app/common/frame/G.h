@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application's global objects: screens, names of its events, subscription lists, folders, the
 // current effect.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Receives the events whose names it subscribes to, while it is registered with the scheduler.
 #pragma once
 

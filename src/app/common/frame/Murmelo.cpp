@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Murmelo.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application object: chooses the first screen, removes temporary sounds at the end.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Orm.h"
 
 #include "AppImage.h"

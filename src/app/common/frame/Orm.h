@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scheduler: the pending events in time order, and the listeners. All of the program's logic is
 // called from here.
 //

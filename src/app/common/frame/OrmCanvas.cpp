@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OrmCanvas.h"
 
 #include "AppImage.h"

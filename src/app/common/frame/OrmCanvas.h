@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's one canvas: its 240 x 320 picture, one scheduler tick for each frame, touches
 // turned into events.
 #pragma once

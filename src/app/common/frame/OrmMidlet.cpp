@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OrmMidlet.h"
 
 #include "ClassListEntry.h"

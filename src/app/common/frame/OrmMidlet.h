@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Base of the application object: runs every class initialiser when it is made and every class
 // finaliser when it is deleted.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An event's payload is a pointer that also carries a plain 32-bit word: this pair, and nothing
 // else, converts. The position of a touch is such a word too: x in its high half, y in the low one.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Roof.h"
 
 Roof* Roof::installed;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the frame needs from the folders that depend on it. The assembly fills it in before the
 // application object is made; the frame includes nothing from those folders.
 #pragma once

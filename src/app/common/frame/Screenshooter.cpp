@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Screenshooter.h"
 
 #include "Event.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Takes a picture of the screen on one key. It is stored nowhere: see Orm::dumpToFile.
 #pragma once
 

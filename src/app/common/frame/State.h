@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A screen: a listener that is registered only while it is the current one. Screens are changed
 // only here.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AppImage.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An image of 32-bit ARGB words and all arithmetic on its pixels.
 //
 // Alpha in bits 24..31, red 16..23, green 8..15, blue 0..7. Rows follow one another without

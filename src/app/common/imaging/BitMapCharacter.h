@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One glyph of a bitmap font: a small picture of 4-bit coverage and its place relative to the pen.
 //
 // Coverage runs from 0 (none) to 15 (full), row by row without padding, eight pixels in a word, the

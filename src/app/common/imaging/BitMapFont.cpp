@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BitMapFont.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A bitmap font: its characters sorted by code point, their file format, measuring and drawing.
 //
 // Texts are read one UTF-16 unit at a time, without kerning. Element 0 is the missing character

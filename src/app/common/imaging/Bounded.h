@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Anything that occupies a rectangle of the screen.
 #pragma once
 

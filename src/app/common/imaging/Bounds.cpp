@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Bounds.h"
 
 #include "HexText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A rectangle, pooled, and the operations on everything that has one.
 //
 // The rectangle covers the columns x .. x + w - 1 and the rows y .. y + h - 1. Results that leave

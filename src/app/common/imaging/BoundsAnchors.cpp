@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Anchors, edges and directions of Bounds.
 #include "Bounds.h"
 #include "Point.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Operations on lists of rectangles, which make it possible to repaint each changed pixel only
 // once.
 #include "ArrFunc.h"

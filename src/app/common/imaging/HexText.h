@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Hexadecimal text of addresses and hashes, for the toString() of objects.
 #pragma once
 

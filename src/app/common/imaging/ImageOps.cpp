@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ImageOps.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Clipped drawing: every painter draws through here, because AppImage itself does not clip.
 //
 // Every operation is cut to the destination image, then to the clip; what remains is done by the

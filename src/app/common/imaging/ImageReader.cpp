@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ImageReader.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads a picture file from a stream.
 #pragma once
 

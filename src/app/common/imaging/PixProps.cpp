@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PixProps.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Three modifiers that painters carry and blends apply to each pixel, pooled. 256 is "unchanged".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arithmetic on one ARGB word, two channels at a time: red and blue share one word, alpha and
 // green another, each with 8 bits of room above it.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PixelRows.h"
 
 #include "Kernels.h"

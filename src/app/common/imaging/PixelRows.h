@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The inner loops of AppImage: rectangles of pixels, rows from left to right.
 //
 // Written so that the compiler vectorises all of them; nothing here checks or clips. Source and

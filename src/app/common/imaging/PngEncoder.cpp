@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PngEncoder.h"
 
 #include "ArrFunc.h"

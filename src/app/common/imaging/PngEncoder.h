@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes an image as a PNG file without any compressor: stored blocks only.
 #pragma once
 

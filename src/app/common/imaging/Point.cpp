@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Point.h"
 
 #include "Arithmetic.h"

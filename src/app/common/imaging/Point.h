@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A plain point, pooled.
 #pragma once
 

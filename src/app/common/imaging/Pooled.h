@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Holds a pooled object for a scope and gives it back to its pool at the end.
 #pragma once
 

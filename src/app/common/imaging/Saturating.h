@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Coordinate sums that stay at the largest or smallest 32-bit value instead of wrapping: a
 // rectangle far outside the screen stays outside.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StrUtils.h"
 
 #include "ArrFunc.h"

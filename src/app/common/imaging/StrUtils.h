@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Helpers on texts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Helpers on lists; so far the lists need none.
 #pragma once
 

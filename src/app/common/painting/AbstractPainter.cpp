@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AbstractPainter.h"
 
 #include "Bounds.h"

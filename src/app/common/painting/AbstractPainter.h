@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A painter without parts: keeps the rectangle and the modifiers.
 #pragma once
 

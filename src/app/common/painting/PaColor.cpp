@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaColor.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A rectangle of one colour.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaImage.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paints a picture of the registry.
 //
 // The rectangle has the size of the picture, which is read from its file but not decoded for that.

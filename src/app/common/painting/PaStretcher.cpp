@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaStretcher.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture that fills any rectangle, for frames and bars.
 //
 // The split point names one column and one row of the picture. They cut it into nine parts: the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaTextArea.h"
 
 #include "AppImage.h"

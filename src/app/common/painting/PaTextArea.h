@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A block of text, wrapped to the width of its rectangle.
 //
 // Rows break at spaces; a word wider than the area is cut, and a single glyph wider than the area

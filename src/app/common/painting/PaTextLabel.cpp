@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaTextLabel.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One line of text, as wide as its ink.
 //
 // The rectangle takes its size from the text when text or font are set; refresh() does so again

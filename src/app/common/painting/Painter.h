@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Something that knows its rectangle and how to paint itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PainterArray.h"
 
 #include "ArrFunc.h"

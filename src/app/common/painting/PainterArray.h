@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Painters on top of one another, themselves a painter: slot 0 is the bottom, the last the top.
 //
 // A slot may be null, which paints nothing. The painters stand relative to the array's rectangle;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Res.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The registry of texts, pictures, fonts and other objects: everything that screens and painters
 // name by a small number instead of a pointer.
 //

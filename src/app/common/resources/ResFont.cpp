@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResFont.h"
 
 #include "BitMapFont.h"

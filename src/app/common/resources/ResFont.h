@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A bitmap font, read from its file when it is first needed.
 #pragma once
 

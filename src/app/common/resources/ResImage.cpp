@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResImage.h"
 
 #include "AppImage.h"

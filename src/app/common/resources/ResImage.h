@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture: from a file, decoded when it is first needed, or blank, or made in memory.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands for "nothing": no text, no picture.
 #pragma once
 

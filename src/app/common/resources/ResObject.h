@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any object under an id. The registry does not own it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResString.h"
 
 #include "OspBase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text: one for all languages, or one for each.
 #pragma once
 

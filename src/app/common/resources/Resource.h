@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One entry of the registry: an object that may be loaded only when it is first asked for.
 #pragma once
 

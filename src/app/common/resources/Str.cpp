@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Str.h"
 
 #include "Array.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of the program. Each is registered once, in all languages; the texts themselves stand
 // in StrTexts.
 #pragma once

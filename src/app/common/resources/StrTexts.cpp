@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StrTexts.h"
 
 #include "Str.h"

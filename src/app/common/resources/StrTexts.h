@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The string table: every text of the program in all its languages, in the order of registration.
 //
 // Each text must fit its place on the screen, which the tests measure: a soft key's label a third

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ids of every text that the user sees; 0 is the id of "nothing".
 #pragma once
 

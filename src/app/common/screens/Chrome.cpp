@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Chrome.h"
 
 #include "AppImage.h"

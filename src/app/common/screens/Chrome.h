@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What bar, menu and message share: drawing text by its id onto the screen's picture.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EffectJob.h"
 
 #include "Fx.h"

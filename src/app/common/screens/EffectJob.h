@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The job of applying the current effect to the take, for the screens that need its result.
 #pragma once
 

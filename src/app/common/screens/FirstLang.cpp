@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FirstLang.h"
 
 #include "G.h"

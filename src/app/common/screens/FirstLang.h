@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The first start: the user chooses a language; all texts are shown in the language that has the
 // focus.
 #pragma once

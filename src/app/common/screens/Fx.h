@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An effect that the user can choose: its name, its picture, and the processor that applies it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The band along the top of the screen: the effect's name between two arrows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LanguageMenu.h"
 
 #include "G.h"

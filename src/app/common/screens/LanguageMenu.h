@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The choice of the language, as the first start and the main menu offer it. All texts are shown in
 // the language that has the focus.
 #pragma once

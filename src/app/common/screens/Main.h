@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The background of every screen: the recorder, and the current effect's creature in front of it.
 #pragma once
 

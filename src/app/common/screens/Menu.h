@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A list of entries in a glass window, one of which has the focus.
 //
 // Up and down move the focus around both ends; the middle soft key chooses; a touch on an entry

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The message box in the middle of the screen: one text, or a heading above a body.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageAndQuit.h"
 
 #include "AppImage.h"

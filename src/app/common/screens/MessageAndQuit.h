@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fatal condition: what happened, and one key that ends the program.
 #pragma once
 

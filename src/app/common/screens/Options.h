@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main menu; the help text and the language list are modes of the same screen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The choice of the effect: left and right turn to another one, "Play" plays it.
 #pragma once
 

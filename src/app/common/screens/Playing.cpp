@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Playing.h"
 
 #include "Arithmetic.h"

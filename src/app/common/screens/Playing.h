@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays the processed take while the wheels turn.
 #pragma once
 

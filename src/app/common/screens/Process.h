@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs one processor over a whole sound, a slice for each "Update", so that the screen keeps
 // painting.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A translucent window with a caption and a progress bar, for a recording and for the work on a
 // sound.
 #pragma once

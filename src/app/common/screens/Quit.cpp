@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Quit.h"
 
 #include "Orm.h"

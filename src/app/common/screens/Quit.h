@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one way in which a screen ends the program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ready to record: the microphone is prepared, and the user starts the recording.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Recording.h"
 
 #include "Arithmetic.h"

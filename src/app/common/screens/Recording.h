@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records the take: the light blinks, the wheels turn, the bar fills within twenty seconds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Save.h"
 
 #include "EffectJob.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copies the processed take to the next free numbered name and shows the path.
 #pragma once
 

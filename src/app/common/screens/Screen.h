@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What most screens have in common: they receive keys, touches and updates, and do nothing when
 // they are left.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Scroller.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The strip in which the effects' creatures stand, and slide when the user turns to the next one.
 //
 // scroll() paints the three positions of a slide at once, which no display shows, and chooses the

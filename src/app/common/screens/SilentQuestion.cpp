@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SilentQuestion.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The question whether sounds are wanted although the phone is silent. It is shown above every
 // screen while the program is paused, with soft keys of its own.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SkBar.h"
 
 #include "BitMapFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The soft-key bar along the bottom of the screen: three labels, and which of them is touched or
 // pressed.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Splash.h"
 
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start picture. While it is shown, checks that this phone can keep sounds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TakeJob.h"
 
 #include "Array.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What happens to every new take: it is cleaned up, and then the user chooses the effect.
 #pragma once
 

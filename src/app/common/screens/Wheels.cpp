@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Wheels.h"
 
 #include "Bounds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The wheels in the recorder's window, which turn during recording and playing.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Geometry of a part of an ellipse: its outline by the midpoint rule, and what lies between its two
 // angles.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 32-bit arithmetic with names for what happens: sums that wrap, comparisons of times, and one way
 // from float to integer.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ArrFunc.h"
 
 #include <cassert>

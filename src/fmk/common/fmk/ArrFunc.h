@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counted arrays: a 32-bit header word stands directly before element 0, so that an array knows its
 // length.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Owns a counted array (ArrFunc.h) and frees it with deleteArrFunc.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bits of one type as a value of another. The browser's compiler has no std::bit_cast.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Passes everything through to another stream: files are buffered by the platform already.
 #pragma once
 

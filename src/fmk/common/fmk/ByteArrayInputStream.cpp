@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ByteArrayInputStream.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads from a counted array of bytes, which stays the caller's until disposeBufferData().
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ByteArrayOutputStream.h"
 
 #include "ArrFunc.h"

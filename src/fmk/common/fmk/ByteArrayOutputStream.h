@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Collects bytes in memory.
 #pragma once
 

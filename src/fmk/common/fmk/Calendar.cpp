@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Calendar.h"
 
 Calendar* Calendar::instance = nullptr;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Takes the place of a calendar and does nothing: the application never shows a date.
 #pragma once
 

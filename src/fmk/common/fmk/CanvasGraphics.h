@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws into a raw screen buffer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The initialiser and the finaliser of a class as a whole: they do nothing, unless a class has its
 // own. A class derived from one that has its own takes these back with a using declaration.
 #pragma once

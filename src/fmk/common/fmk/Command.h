@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A labelled command of a screen. Nothing dispatches commands: all input arrives as events.
 #pragma once
 

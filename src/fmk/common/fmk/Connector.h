@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Would open connections; there are none here, so every call returns null.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DataInputStream.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads numbers and texts, most significant byte first, from another stream.
 //
 // If the stream ends within a value, the missing bytes count as 0; a text that is cut short is

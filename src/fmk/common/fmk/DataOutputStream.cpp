@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DataOutputStream.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes numbers and texts, most significant byte first, to another stream.
 #pragma once
 

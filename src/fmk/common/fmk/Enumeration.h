@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Steps once through the elements of a collection. Made by the collection, deleted by the caller.
 #pragma once
 

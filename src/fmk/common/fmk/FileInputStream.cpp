@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileInputStream.h"
 
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads a file. One that could not be opened is at its end from the start: available() returns 0,
 // read() -1. If the platform reports an error, the stream has failed (see hasFailed()).
 #pragma once

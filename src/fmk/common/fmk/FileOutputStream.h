@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes a file from its start; replaces a file that was there before. If the file cannot be
 // opened, everything written is lost, and the stream has failed.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A full-screen canvas: receives everything that the phone reports, and ignores what no subclass
 // overrides.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GnoGraphics.h"
 
 #include "Arc.h"

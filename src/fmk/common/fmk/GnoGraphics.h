@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws into a 16-bit RGB565 surface: plain colours, lines, arcs, device images and ARGB pixels.
 //
 // Coordinates are translated by (tx, ty) and clipped to the clip rectangle, so that no call draws

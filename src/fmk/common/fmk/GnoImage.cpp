@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GnoImage.h"
 
 #include "ArrFunc.h"

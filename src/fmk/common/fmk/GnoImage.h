@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A device image: RGB565 pixels, and an alpha plane if any of them is transparent.
 //
 // Most images are decoded from PNG files. An image that cannot be made is empty, 0 x 0 pixels,

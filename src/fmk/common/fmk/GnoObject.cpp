@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GnoObject.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Root of the runtime's classes: identity, a text form, and waiting until another object notifies.
 #pragma once
 

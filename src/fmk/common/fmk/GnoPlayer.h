@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A media player that plays nothing: sound goes through the audio device.
 #pragma once
 

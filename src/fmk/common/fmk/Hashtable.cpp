@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Hashtable.h"
 
 Hashtable::Hashtable(int32_t capacity)

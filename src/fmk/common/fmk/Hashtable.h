@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Values found by key, in the order in which the keys came. Lookups are linear, because a table
 // here holds only a few entries.
 #pragma once

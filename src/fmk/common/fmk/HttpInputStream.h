@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Takes the place of a stream over the network and never fetches anything.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws into a device image's pixels; its alpha plane stays as it is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Unpacks a zlib stream. Two libraries can do it: the native build uses zlib, the page stb, because
 // zlib would make the page larger.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Inflate.h"
 
 // Of the library only its inflater is kept.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Inflate.h"
 
 #include <zlib.h>

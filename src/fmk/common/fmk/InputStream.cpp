@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InputStream.h"
 
 #include "ArrFunc.h"

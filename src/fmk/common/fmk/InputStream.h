@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A source of bytes. Reading never waits: if no byte is there at once, the stream has ended.
 #pragma once
 

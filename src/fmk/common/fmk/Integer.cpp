@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Integer.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A 32-bit number as an object, and numbers as text.
 #pragma once
 

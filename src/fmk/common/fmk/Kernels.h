@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A macro for the few loops that take most of the time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MIDlet.h"
 
 #include "FileInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application as the runtime sees it: started, paused and ended from outside.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Would make players and recorders; there are none here, so every call returns null.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Math.h"
 
 #include "Arithmetic.h"

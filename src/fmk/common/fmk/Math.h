@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole-number arithmetic and trigonometry: angles in degrees, sines and cosines scaled by 10000.
 #pragma once
 

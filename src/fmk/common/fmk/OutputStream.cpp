@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutputStream.h"
 
 #include "ArrFunc.h"

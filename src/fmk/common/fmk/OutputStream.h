@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A destination for bytes.
 #pragma once
 

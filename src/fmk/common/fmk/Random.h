@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The runtime's random number generator, which always returns 0. Effects that need random numbers
 // have their own generator, so that a take always sounds the same.
 #pragma once

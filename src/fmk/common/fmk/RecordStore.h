@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A store of records that stores nothing: settings are kept in the platform's registry. Only the
 // header and its image in bytes work.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The eight ways to mirror and turn a rectangular region: which source pixel belongs to a pixel of
 // the result.
 //

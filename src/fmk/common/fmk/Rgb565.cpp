@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Rgb565.h"
 
 #include "Kernels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arithmetic of 16-bit device pixels: red in bits 11..15, green 5..10, blue 0..4.
 //
 // Conversions in both directions only cut bits off or append zeros; nothing is rounded or repeated,

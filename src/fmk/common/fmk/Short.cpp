@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Short.h"
 
 #include "Integer.h"

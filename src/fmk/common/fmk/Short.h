@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A 16-bit number as an object.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringBuffer.h"
 
 #include "ArrFunc.h"

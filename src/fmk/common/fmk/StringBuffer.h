@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text that grows at its end. Characters have 16 bits.
 #pragma once
 

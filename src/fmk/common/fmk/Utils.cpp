@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Utils.h"
 
 #include "Arithmetic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers and characters in counted arrays of bytes.
 #pragma once
 

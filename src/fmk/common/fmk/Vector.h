@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Growable list of object pointers. It owns its array, but never the objects; only the dispose
 // operations delete them.
 #pragma once

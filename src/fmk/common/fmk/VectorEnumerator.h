@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Enumeration over a live Vector: elements added meanwhile are seen, nothing is copied.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A player's volume that cannot be changed: the audio device keeps the real one.
 #pragma once
 

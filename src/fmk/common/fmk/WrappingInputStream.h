@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stream that passes every call on to another stream.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "png2native.h"
 
 #include "ArrFunc.h"

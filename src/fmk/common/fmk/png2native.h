@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Decodes a PNG picture into RGB565 pixels and an alpha plane.
 //
 // Made for the application's own pictures: palette, RGB and RGBA. Grey comes out black, interlaced

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests of the sound engine share: recordings, noise, tones, whole runs and the pitch
 // meter.
 #include "AudioSupport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests of the sound engine share: arrays, signals, real speech, runs, and a pitch meter.
 #pragma once
 

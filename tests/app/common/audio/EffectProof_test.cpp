@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The effects do what their names say: measured on speech, not compared with numbers.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The catalogue has the eight effects in their order, each with its own kind of processor.
 #include "AudioSupport.h"
 #include "Butterworth.h"

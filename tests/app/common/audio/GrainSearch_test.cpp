@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fast search finds the same offset as the plain one, on noise, speech, ties and extremes.
 #include "AudioSupport.h"
 #include "GrainSearch.h"

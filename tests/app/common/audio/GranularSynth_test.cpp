@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Grains stand, move, stretch and are pasted as the rule says, and never leave their arrays.
 #include "AudioSupport.h"
 #include "GranularSynth.h"

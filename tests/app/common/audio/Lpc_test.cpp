@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Linear prediction equals the plain sums and recursions: correlations, filter, pitch and pulses.
 #include "AudioSupport.h"
 #include "Lpc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The integer functions at both ends of their range, and where two results are equally good.
 #include "MathUtils.h"
 

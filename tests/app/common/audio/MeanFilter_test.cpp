@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The running mean as high-pass and as low-pass, whole and in pieces.
 #include "AudioSupport.h"
 #include "MeanFilter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The random numbers equal the generator's rule step by step, with and without a seed.
 #include "Rnd.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arrays that are kept for the next run are counted and given back, and none is lost.
 #include "AudioSupport.h"
 #include "SampleKeep.h"

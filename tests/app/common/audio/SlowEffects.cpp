@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The effects written a second time, as plainly as possible and without regard to speed.
 #include "SlowEffects.h"
 

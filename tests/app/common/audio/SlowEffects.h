@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The effects written a second time, as plainly as possible and without regard to speed: the model
 // of what every sample must be.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every processor survives everything that a driver may do to it.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sounds are loaded and saved exactly, and a damaged or failing file costs nothing but itself.
 #include "AudioSupport.h"
 #include "ByteArrayInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every processor follows the same course of a run, and the shared kernels equal their plain loops.
 #include "AudioSupport.h"
 #include "OspBase.h"

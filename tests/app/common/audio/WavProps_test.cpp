@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A WAV header is written and read field by field, and its mistakes are forgiven.
 #include "AudioSupport.h"
 #include "WavProps.h"

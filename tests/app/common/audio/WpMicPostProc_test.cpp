@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The clean-up of a recording equals its plain model: fades, filter and level curve.
 #include "AudioSupport.h"
 #include "SlowEffects.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The high, low, fast and drunk voices equal their plain model, sample by sample.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"

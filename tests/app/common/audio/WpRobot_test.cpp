@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The robot and the flipped melody equal their plain model, sample by sample.
 #include "AudioSupport.h"
 #include "SlowEffects.h"

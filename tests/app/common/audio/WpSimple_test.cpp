@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "No effect" and "Backwards" copy every sample to its place, slice by slice.
 #include "AudioSupport.h"
 #include "WpNoEffect.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The audio device records and plays what it is given, and survives every refusal of the phone.
 #include "ArrFunc.h"
 #include "AudioDev.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sounds get free numbers, and files are moved, copied and deleted without losing one.
 #include "FileOps.h"
 #include "TestFolders.h"

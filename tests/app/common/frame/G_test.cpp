@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start registers every picture, font, effect and screen, and keeps folder and language.
 #include "AppImage.h"
 #include "ArrFunc.h"

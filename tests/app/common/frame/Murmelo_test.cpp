@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application starts with the saved language, loads and saves sounds, and cleans up at its end.
 #include "AppImage.h"
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The canvas turns touches, drags and keys into events, and pauses when the display is turned.
 #include "AppImage.h"
 #include "Assembly.h"

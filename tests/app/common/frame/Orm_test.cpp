@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scheduler keeps the order of events, delivers them once, and holds them during a pause.
 #include "Assembly.h"
 #include "Bounds.h"

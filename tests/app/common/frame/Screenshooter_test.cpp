@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screenshot listener hears the keys and changes nothing.
 #include "AppImage.h"
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A change of screen leaves the old one, enters the new one, and drops or keeps what is pending.
 #include "Assembly.h"
 #include "LoopHost.h"

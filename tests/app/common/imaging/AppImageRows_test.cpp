@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every operation that may change a pixel of a watched image marks its row, and no other row.
 #include "AppImage.h"
 #include "BitMapCharacter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Images keep, copy, blend and premultiply their pixels by the stated rules.
 #include "AppImage.h"
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Glyphs are packed, drawn, clipped, read and written pixel by pixel.
 #include "AppImage.h"
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fonts hold, read, write, measure and draw their characters, and survive damaged files.
 #include "AppImage.h"
 #include "ArrFunc.h"

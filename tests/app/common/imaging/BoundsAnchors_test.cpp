@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rectangles are placed, stretched and searched by their anchor points and edges.
 #include "Bounds.h"
 #include "Point.h"

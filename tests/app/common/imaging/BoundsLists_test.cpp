@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists of rectangles are subtracted, united and clipped so that each cell is covered once.
 #include "ArrFunc.h"
 #include "Bounds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rectangles intersect, unite and compare correctly, also at the ends of 32 bits.
 #include "Bounds.h"
 #include "GnoObject.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Clipped drawing touches only pixels inside the image and the clip, and each as the rule says.
 #include "AppImage.h"
 #include "ImageOps.h"

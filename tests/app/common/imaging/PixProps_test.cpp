@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lightness, saturation and opacity combine by the stated rules, and their pool is reused.
 #include "OspBase.h"
 #include "PixProps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every pixel operation of AppImage beside the slow model, over noise and over the edges of alpha.
 #include "AppImage.h"
 #include "PixelModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pixel arithmetic written a second time, one channel at a time, slow and obvious; and noise to
 // test it with.
 //

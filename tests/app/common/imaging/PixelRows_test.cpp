@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rows are blended in groups of pixels, and what is left of a row one pixel at a time; each pixel
 // must be the same as if it were blended alone.
 #include "PixelModel.h"

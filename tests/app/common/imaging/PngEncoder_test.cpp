@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG files of the encoder are read back by libpng, and their blocks and sums are right.
 #include "ArrFunc.h"
 #include "PngEncoder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Points measure their distances exactly, and their pool is reused.
 #include "OspBase.h"
 #include "Point.h"

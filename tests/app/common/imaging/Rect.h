@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A pooled rectangle that gives itself back.
 #pragma once
 

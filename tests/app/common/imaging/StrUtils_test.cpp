@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The numbers in the name of a picture are found, also where a name is odd.
 #include "ArrFunc.h"
 #include "OspBase.h"

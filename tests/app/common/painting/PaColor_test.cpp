@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A coloured rectangle fills exactly its place inside the clip.
 #include "AppImage.h"
 #include "Bounds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture stands where its name says, and is painted there and nowhere else.
 #include "PaImage.h"
 #include "PixProps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stretched picture keeps its corners and fills any rectangle in between.
 #include "PaStretcher.h"
 #include "PixProps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A block of text is wrapped, aligned and clipped to its rectangle.
 #include "PaTextArea.h"
 #include "PixProps.h"

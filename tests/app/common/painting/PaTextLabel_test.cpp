@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A line of text is as large as its ink, and follows its text and its language.
 #include "PaTextLabel.h"
 #include "PixProps.h"

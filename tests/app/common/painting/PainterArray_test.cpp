@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An array of painters paints from the bottom up and passes its modifiers on.
 #include "AbstractPainter.h"
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures are decoded when they are first needed, and again after they were freed.
 #include "ResImage.h"
 #include "TestRegistry.h"

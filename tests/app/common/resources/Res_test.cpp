@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The registry gives each resource its number, returns it by that, and nothing for any other.
 #include "ArrFunc.h"
 #include "Res.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every text is there in every language, in its order, in the fonts, and fits its place.
 #include "ArrFunc.h"
 #include "BitMapFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A screen begins with nothing of the one before: no pending key, no frame of its animation.
 #include "G.h"
 #include "Orm.h"

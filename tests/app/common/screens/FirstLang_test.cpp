@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The first choice of the language: moving, choosing and quitting.
 #include "AppImage.h"
 #include "G.h"

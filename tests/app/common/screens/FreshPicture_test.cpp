@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a screen shows does not depend on what stood there before: boxes and bars are translucent,
 // so anything below them that is not painted again would shine through, or get darker with every
 // visit.

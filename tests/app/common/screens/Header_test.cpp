@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The header paints its band, the arrows and the name of the effect.
 #include "AppImage.h"
 #include "BitMapFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The plain picture is the background with the current creature in front.
 #include "AppImage.h"
 #include "Bounds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A menu places, focuses and paints its entries, and reports the one that is chosen.
 #include "AppImage.h"
 #include "Array.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fatal message says what went wrong in every language, and only "Ok" ends the program.
 #include "AppImage.h"
 #include "Bounds.h"

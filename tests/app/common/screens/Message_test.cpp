@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A message places its heading and its text in a box that fits them.
 #include "AppImage.h"
 #include "BitMapFont.h"

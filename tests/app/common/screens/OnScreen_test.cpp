@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The soft-key bar, the message and the progress window report that they are on the screen exactly
 // when the picture shows them, after every event of every screen.
 #include "AppImage.h"

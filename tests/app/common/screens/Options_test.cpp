@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main menu, its help and its list of languages lead where their entries say.
 #include "AppImage.h"
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The choice of the effect: turning by keys, drags and arrows, and playing the result.
 #include "AppImage.h"
 #include "Bounds.h"

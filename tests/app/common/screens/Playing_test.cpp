@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A result is played to its end or stopped, and every failure of the speaker is reported.
 #include "AppImage.h"
 #include "AudioDev.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The work on a sound goes slice by slice, shows its progress, and can be paused or fail.
 #include "AppImage.h"
 #include "ArrFunc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The progress bar fills in proportion and repaints only itself.
 #include "AppImage.h"
 #include "Bounds.h"

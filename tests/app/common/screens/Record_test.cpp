@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen before a recording prepares the microphone and removes the old take.
 #include "AudioDev.h"
 #include "G.h"

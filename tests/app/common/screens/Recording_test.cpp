@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A recording runs, is stopped or times out, and becomes a take or a message.
 #include "AppImage.h"
 #include "AudioDev.h"

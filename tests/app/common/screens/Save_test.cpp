@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A result is saved under a new number, and no failure loses a saved sound.
 #include "AppImage.h"
 #include "Bounds.h"

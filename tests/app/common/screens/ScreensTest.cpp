@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drives the whole application for the tests of the screens.
 #include "ScreensTest.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole application without its outer loop: all classes initialised, the pictures and fonts as
 // shipped, a microphone and a speaker on the clock that the test moves.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The slide from one effect to the next paints each of its frames by the rule.
 #include "AppImage.h"
 #include "Bounds.h"

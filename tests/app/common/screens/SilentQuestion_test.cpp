@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The question about silence as the canvas handles it: painted over any screen, answered while
 // everything is paused.
 #include "AppImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The soft-key bar shows its labels and reports the key that is pressed or touched.
 #include "AppImage.h"
 #include "BitMapFont.h"

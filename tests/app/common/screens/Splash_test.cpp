@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The opening shows its pictures, prepares the sound folder, and goes on by time or key.
 #include "AppImage.h"
 #include "FileInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A sound from outside takes the place of a recording.
 #include "G.h"
 #include "Orm.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The wheels of the recorder turn in six phases.
 #include "AppImage.h"
 #include "Bounds.h"

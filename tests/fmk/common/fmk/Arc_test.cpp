@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The outline and the angles of an arc are those of the true ellipse.
 #include "Arc.h"
 

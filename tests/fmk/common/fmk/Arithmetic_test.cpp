@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Wrapping sums, times across the wrap, and conversions from float.
 #include "Arithmetic.h"
 

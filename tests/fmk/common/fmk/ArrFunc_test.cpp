@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counted arrays know their length, start at zero and are freed as a whole.
 #include "ArrFunc.h"
 

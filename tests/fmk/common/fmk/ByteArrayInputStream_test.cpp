@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stream over an array reads its bytes and never past its end.
 #include "ArrFunc.h"
 #include "BufferedInputStream.h"

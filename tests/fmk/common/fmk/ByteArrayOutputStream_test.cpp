@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stream into an array grows as it must and keeps every byte.
 #include "ArrFunc.h"
 #include "ByteArrayOutputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers and texts are read from bytes, and damaged texts are refused.
 #include "ByteSource.h"
 #include "DataInputStream.h"

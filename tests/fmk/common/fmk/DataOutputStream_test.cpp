@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers and texts are written as bytes that read back the same.
 #include "ByteSource.h"
 #include "DataInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stream over a file reads, skips and remembers a failure.
 #include "ArrFunc.h"
 #include "DataInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stream into a file replaces what was there and writes everything by the time it is closed.
 #include "ArrFunc.h"
 #include "FileOutputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The canvas knows its keys, and ignores what this phone does not offer.
 #include "GnoCanvas.h"
 #include "MIDlet.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Device graphics draw lines, rectangles, arcs and images exactly inside the clip.
 #include "CanvasGraphics.h"
 #include "GnoImage.h"

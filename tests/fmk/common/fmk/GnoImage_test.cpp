@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Device images are decoded, copied, turned and read back as 565 with their alpha.
 #include "ArrFunc.h"
 #include "ByteArrayInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Objects compare by identity, and wait until they are notified or their time is over.
 #include "GnoObject.h"
 #include "OspBase.h"

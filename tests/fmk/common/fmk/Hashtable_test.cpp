@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table finds, replaces, lists and removes its entries, and deletes values only when told to.
 #include "Enumeration.h"
 #include "Hashtable.h"

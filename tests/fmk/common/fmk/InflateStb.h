@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The browser's inflater under a name of its own, so that both can stand in one program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both inflaters, side by side: the native one, and the browser's under another name.
 #include "Inflate.h"
 #include "InflateStb.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers become text and text numbers, odd characters included.
 #include "Integer.h"
 #include "OspBase.h"

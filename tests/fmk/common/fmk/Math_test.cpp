@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of angles, the searches and the small integer functions give their stated values.
 #include "Math.h"
 

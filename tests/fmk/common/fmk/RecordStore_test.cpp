@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The record store keeps nothing, but reads and writes its header.
 #include "ArrFunc.h"
 #include "OspBase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colours become 565 and come back, and blend, by the rule for one channel.
 #include "Rgb565.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The runtime's small services, most of which do nothing on this phone.
 #include "Command.h"
 #include "Connector.h"

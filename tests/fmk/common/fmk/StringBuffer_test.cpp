@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text buffer grows, appends, inserts and deletes as it states.
 #include "Integer.h"
 #include "OspBase.h"

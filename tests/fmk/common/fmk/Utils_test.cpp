@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers and characters are put into bytes, and what the phone does not know stays constant.
 #include "ArrFunc.h"
 #include "Calendar.h"

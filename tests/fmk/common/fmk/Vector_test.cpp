@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list grows, inserts, finds and removes, and reads null outside.
 #include "Enumeration.h"
 #include "Vector.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Streams that wrap other streams pass on every call and its result.
 #include "BufferedInputStream.h"
 #include "DataInputStream.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG files decode as libpng decodes them, and damaged ones are survived.
 #include "ArrFunc.h"
 #include "png2native.h"
