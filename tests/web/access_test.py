@@ -123,8 +123,10 @@ class Access(PageTest):
                 show.call(this, texts, words);
             };
         }""")
+        self.tab.call("Emulation.setCPUThrottlingRate", rate=20)  # a processor on which the work takes some pictures
         page.soft_key(1)
         page.until("Playing")
+        self.tab.call("Emulation.setCPUThrottlingRate", rate=1)
         page.until("Play")
         told = self.tab.evaluate("murmelo.told")
         for screen in ("Process", "Playing"):
