@@ -21,6 +21,7 @@ public:
         int32_t loudestDb = kFloorDb;  // the highest peak since begin()
         bool isClipped = false;        // a sample of the last second was at full scale
         int32_t heardSamples = 0;      // since begin()
+        int32_t silentSamples = 0;     // given in the place of a device that delivers nothing
 
         /// True if something was as loud as kHeardDb.
         bool hasHeard() const { return loudestDb >= kHeardDb; }

@@ -24,7 +24,8 @@ struct SdlMicrophone::Heard {
     std::mutex mutex;
     std::deque<int16_t> samples;
     LevelMeter meter;
-    size_t wanted = 0;  // the event thread is roused when as many wait; 0: let it sleep
+    int64_t silence = 0;  // samples of it, in all
+    size_t wanted = 0;    // the event thread is roused when as many wait; 0: let it sleep
     bool open = true;
     bool isFromDevice = false;  // something of it
     int64_t lastMs = 0;         // when the device delivered last, or was opened
@@ -46,10 +47,11 @@ SdlMicrophone::~SdlMicrophone() {
 void SdlMicrophone::choose(std::string newName) {
     name = std::move(newName);
     toldAway = false;
+    isReplaced = false;
 }
 
 std::string SdlMicrophone::deviceName() {
-    return name.empty() ? audio.defaultName(SdlAudio::Kind::kMicrophone) : name;
+    return name.empty() || isReplaced ? audio.defaultName(SdlAudio::Kind::kMicrophone) : name;
 }
 
 bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
@@ -89,7 +91,8 @@ void SdlMicrophone::finishOpening() {
             const std::lock_guard<std::mutex> lock(heard->mutex);
             heard->lastMs = nowMs();
         }
-        if (opening->isFallback() && !std::exchange(toldAway, true)) {
+        isReplaced = opening->isFallback();
+        if (isReplaced && !std::exchange(toldAway, true)) {
             tell({"microphoneAway", {name}});
         }
         if (toldUnusable) {
@@ -136,6 +139,7 @@ void SdlMicrophone::fillSilence() {
     const std::lock_guard<std::mutex> lock(heard->mutex);
     const int64_t due = (nowMs() - silentSinceMs) * kSamplesPerMs - silenceGiven;
     silenceGiven += due;
+    heard->silence += due;
     const size_t room = kMaxSamples - std::min(kMaxSamples, heard->samples.size());
     heard->samples.insert(heard->samples.end(), std::min(static_cast<size_t>(due), room), 0);
 }
@@ -274,5 +278,6 @@ bool SdlMicrophone::readLevel(LevelMeter::Reading& reading) {
     }
     const std::lock_guard<std::mutex> lock(heard->mutex);
     reading = heard->meter.read();
+    reading.silentSamples = static_cast<int32_t>(heard->silence);
     return true;
 }

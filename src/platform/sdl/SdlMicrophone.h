@@ -97,6 +97,7 @@ private:
     int64_t silenceGiven = 0;        // samples since then
     bool toldUnusable = false;       // in this recording
     bool toldAway = false;           // since the device was chosen
+    bool isReplaced = false;         // another device listened last in its place
     bool lost = false;
     std::shared_ptr<Heard> heard;  // shared with the device's thread
 };

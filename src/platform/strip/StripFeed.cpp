@@ -4,6 +4,7 @@
 #include "DueTime.h"
 #include "HostMessage.h"
 #include "HostWords.h"
+#include "ScreenNames.h"
 
 #include <utility>
 
@@ -101,17 +102,22 @@ void StripFeed::lookAtLevel(int64_t nowMs) {
         heardSamples = reading.heardSamples;
         lastHeardMs = nowMs;
     }
-    model.setRecording(reading, secondsLeft(heardSamples), nowMs - lastHeardMs >= kMuteMs);
+    model.setRecording(reading, secondsLeft(heardSamples + reading.silentSamples),
+                       nowMs - lastHeardMs >= kMuteMs);
 }
 
-/// A take that goes on to be worked on, and holds nothing, is told.
+/// A take that goes on to be worked on, and holds nothing, is told; so is one that was given up for
+/// the menu, where the window was hidden, and can come back.
 void StripFeed::endRecording(const std::string& screen, int64_t nowMs) {
     recording = false;
     nextLevelMs = kNever;
     LevelMeter::Reading reading;
+    if (microphone == nullptr || !microphone->readLevel(reading)) {
+        return;
+    }
     const bool isTaken = screen == "Process" || screen == "Play";
-    if (!isTaken || microphone == nullptr || !microphone->readLevel(reading) ||
-        reading.hasHeard()) {
+    hadTake = hadTake || (screen == ScreenNames::kMenu && reading.hasHeard());
+    if (!isTaken || reading.hasHeard()) {
         return;
     }
     StripWish choose;

@@ -63,3 +63,34 @@ TEST_F(SdlMicrophoneTest, aProgramThatWantsNothingIsNotRousedForSilence) {
     int16_t samples[16000] = {};
     EXPECT_EQ(500 * 16, microphone.take(samples, 16000));
 }
+
+TEST_F(SdlMicrophoneTest, silenceIsCountedApartFromWhatADeviceGave) {
+    ASSERT_TRUE(microphone.start(ear));
+    while (told.empty()) {  // the device cannot be used
+        microphone.deliver();
+        SDL_Delay(1);
+    }
+    clockMs = 700;
+    microphone.deliver();
+    LevelMeter::Reading reading;
+    ASSERT_TRUE(microphone.readLevel(reading));
+    EXPECT_EQ(0, reading.heardSamples);
+    EXPECT_EQ(700 * 16, reading.silentSamples);
+    microphone.stop();
+}
+
+TEST_F(SdlMicrophoneTest, theDeviceThatListensInTheChosenOnesPlaceIsNamed) {
+    folders.write("nothing.raw", std::string(64000, 1));
+    microphone.choose("No such device");
+    EXPECT_EQ("No such device", microphone.deviceName());
+    ASSERT_TRUE(microphone.start(ear));
+    while (told.empty()) {
+        microphone.deliver();
+        SDL_Delay(1);
+    }
+    EXPECT_STREQ("microphoneAway", told[0].row);
+    EXPECT_EQ("", microphone.deviceName());  // this driver does not name the system's
+    microphone.choose("Another");
+    EXPECT_EQ("Another", microphone.deviceName());
+    microphone.stop();
+}

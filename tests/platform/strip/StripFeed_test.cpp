@@ -143,6 +143,23 @@ TEST_F(StripFeedTest, aTakeThatWasDeletedCanBeBroughtBack) {
     EXPECT_EQ("", line());  // told once
 }
 
+TEST_F(StripFeedTest, aRecordingThatEndedInTheMenuCanBeBroughtBack) {
+    doors.hasTake = false;
+    strip.feed().setLastTake(true);
+    go("Record", 0);
+    go("Recording", 1000);
+    microphone.reading.loudestDb = -20;
+    go("Options", 2000);  // the window was hidden meanwhile
+    EXPECT_EQ("The recording is deleted.", line());
+    EXPECT_EQ(Kind::kBringBack, strip.model().action().wish.kind);
+    strip.key(StripKey::kClose, 2000);
+    go("Record", 3000);
+    go("Recording", 4000);
+    microphone.reading.loudestDb = -60;  // the last take is another one
+    go("Options", 5000);
+    EXPECT_EQ("", line());
+}
+
 TEST_F(StripFeedTest, aTakeThatIsNotKeptIsNotOffered) {
     go("Play", 0);
     doors.hasTake = false;
@@ -169,6 +186,17 @@ TEST_F(StripFeedTest, theSecondsThatAreLeftAreRoundedUp) {
         strip.look(nowMs);
         EXPECT_EQ(left, strip.model().secondsLeft()) << heard;
     }
+}
+
+TEST_F(StripFeedTest, silenceInThePlaceOfADeviceCountsAsTime) {
+    go("Recording", 0);
+    microphone.reading.silentSamples = 32000;
+    strip.look(2000);
+    EXPECT_EQ(18, strip.model().secondsLeft());
+    EXPECT_EQ("No sound comes from “Headset”.", line());
+    microphone.reading.heardSamples = 16000;
+    strip.look(3000);
+    EXPECT_EQ(17, strip.model().secondsLeft());
 }
 
 TEST_F(StripFeedTest, afterASecondWithoutSamplesTheMicrophoneIsNamed) {
