@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A microphone that hears a sound file from its beginning at each recording, in the time of the
-// clock given, and silence behind its end.
+// clock given, and silence after its end.
 #pragma once
 
 #include "HostSound.h"

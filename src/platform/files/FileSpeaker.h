@@ -48,7 +48,7 @@ private:
     void keepHeard();
 
     Clock nowMs;
-    std::string path;                // empty: nobody listens
+    std::string path;                // empty: the sound is written nowhere
     std::vector<int16_t> collected;  // at kRateHz
     std::shared_ptr<const HostClip> clip;
     HostSpeakerListener* listener = nullptr;

@@ -12,7 +12,7 @@ class LevelMeter {
 public:
     static constexpr int32_t kFloorDb = -60;  // the lowest level that is told
 
-    /// A take that never reaches this holds nothing that anybody said.
+    /// A take that never reaches this holds no speech.
     static constexpr int32_t kHeardDb = -50;
 
     struct Reading {

@@ -42,8 +42,8 @@ public:
     /// Ends the current wait, or the next one. Called on any thread.
     void rouse();
 
-    /// What the program may be roused for is looked at after this: whoever rouses it from now on
-    /// may be too late for that look, also where its event is taken out of the queue meanwhile.
+    /// Call it before looking at what the program may be roused for. A rousing from now on ends the
+    /// next wait(), even if its event is taken out of SDL's queue before.
     void listen();
 
 private:

@@ -297,7 +297,7 @@ void SdlAudio::start(std::function<void()> piece) {
     }
     std::thread([piece = std::move(piece), shared = work]() mutable {
         piece();
-        piece = nullptr;   // what it holds on to goes before anybody hears that it is done
+        piece = nullptr;   // what it owns is freed before the work is reported as done
         SDL_TLSCleanup();  // SDL keeps an error text for each thread that it does not know
         const std::lock_guard<std::mutex> lock(shared->mutex);
         shared->pieces--;

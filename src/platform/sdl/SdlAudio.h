@@ -86,7 +86,7 @@ public:
         /// The device of that name was missing, and the system's default was opened.
         bool isFallback();
 
-        /// Nobody wants the device any more: it is closed, now or when it has been opened.
+        /// The device is not needed any more: it is closed, now or when it has been opened.
         void abandon();
 
     private:
@@ -113,7 +113,7 @@ public:
     /// Waits for an opening for so long. True if it is done.
     static bool wait(Opening& opening, int32_t ms);
 
-    /// Closes a device behind the program's back: one whose source has stalled never answers, and
+    /// Closes a device on a thread of its own: one whose source has stalled may never close, and
     /// the window must not wait for it.
     /// @param callbackState  what the device's callback works on; kept until it is closed
     void closeLater(uint32_t device, std::shared_ptr<void> callbackState);

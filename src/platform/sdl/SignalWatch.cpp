@@ -21,7 +21,7 @@ SignalWatch::SignalWatch(std::function<void(int signal)> onSignal)
     for (const int signal : {SIGTERM, SIGINT, kEndOfWatch}) {
         sigaddset(&watched, signal);
     }
-    // Whoever starts a program without a terminal, or without job control, wants these ignored.
+    // A shell without a terminal or without job control starts programs with these two ignored.
     for (const int signal : {SIGHUP, SIGTSTP}) {
         if (!isIgnored(signal)) {
             sigaddset(&watched, signal);

@@ -21,8 +21,7 @@ class PixProps;
 
 class AppImage : public GnoObject {
 public:
-    /// The words to be read. Whoever writes them asks writableRows(), so that no row that changes
-    /// is overlooked.
+    /// The words, for reading. To write them, call writableRows(): it notes which rows change.
     class Pixels {
     public:
         const uint32_t* get() const { return words; }

@@ -54,8 +54,8 @@ inline int32_t elementsInRange(const void* array, int32_t off, int32_t len) {
     if (off < 0 || len <= 0 || off >= length(array)) {
         return 0;
     }
-    const int32_t behind = length(array) - off;
-    return len < behind ? len : behind;
+    const int32_t available = length(array) - off;
+    return len < available ? len : available;
 }
 
 /// A new zero-filled array of count elements of T (a plain number or a pointer).
