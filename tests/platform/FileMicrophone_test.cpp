@@ -38,13 +38,13 @@ protected:
 }  // namespace
 
 TEST_F(FileMicrophoneTest, isDueWhenEnoughWasHeard) {
-    EXPECT_EQ(FileMicrophone::kNever, microphone.dueMs());
+    EXPECT_EQ(DueTime::kNever, microphone.dueMs());
     microphone.start(taker);
     EXPECT_EQ(1010, microphone.dueMs());
     taker.wanted = 161;
     EXPECT_EQ(1011, microphone.dueMs());
     taker.wanted = 0;
-    EXPECT_EQ(FileMicrophone::kNever, microphone.dueMs());
+    EXPECT_EQ(DueTime::kNever, microphone.dueMs());
     taker.wanted = 160;
     nowMs = 1009;
     EXPECT_FALSE(microphone.deliver());

@@ -35,7 +35,7 @@ TEST_F(FileSpeakerTest, aClipEndsInTheMillisecondOfItsLastSample) {
     nowMs = 101;
     EXPECT_TRUE(speaker.deliver());
     EXPECT_EQ(1, end.ends);
-    EXPECT_EQ(FileSpeaker::kNever, speaker.dueMs());
+    EXPECT_EQ(DueTime::kNever, speaker.dueMs());
 }
 
 TEST_F(FileSpeakerTest, manyVolumeStepsDoNotMoveTheEnd) {

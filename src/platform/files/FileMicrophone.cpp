@@ -16,14 +16,14 @@ FileMicrophone::FileMicrophone(Clock nowMs)
 int64_t FileMicrophone::dueMs() const {
     const int64_t wanted = listener != nullptr ? listener->samplesWanted() : 0;
     if (wanted <= 0) {
-        return kNever;
+        return DueTime::kNever;
     }
     return startMs + (taken + wanted + kSamplesPerMs - 1) / kSamplesPerMs;
 }
 
 bool FileMicrophone::deliver() {
     const int64_t due = dueMs();
-    if (due == kNever || due > nowMs()) {
+    if (due == DueTime::kNever || due > nowMs()) {
         return false;
     }
     forgetOldest();

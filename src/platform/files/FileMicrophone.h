@@ -3,6 +3,7 @@
 // clock given, and silence after its end.
 #pragma once
 
+#include "DueTime.h"
 #include "HostSound.h"
 
 #include <cstdint>
@@ -12,8 +13,6 @@
 class FileMicrophone : public HostMicrophone {
 public:
     using Clock = std::function<int64_t()>;
-
-    static constexpr int64_t kNever = -1;
 
     // What waits to be taken at most: three times the longest take. A clock that jumps by a day
     // does not make a day of sound.
@@ -29,7 +28,7 @@ public:
     /// What is heard from the next recording on; nothing is silence.
     void setVoice(std::vector<int16_t> samples) { voice = std::move(samples); }
 
-    /// When the listener is to be called, kNever if it wants nothing.
+    /// When the listener is to be called, DueTime::kNever if it wants nothing.
     int64_t dueMs() const;
 
     /// Calls the listener if it is time. True if it was.

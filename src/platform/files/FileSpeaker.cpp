@@ -33,7 +33,7 @@ Problem FileSpeaker::finishFile() {
 
 int64_t FileSpeaker::dueMs() const {
     if (clip == nullptr || paused) {
-        return kNever;
+        return DueTime::kNever;
     }
     const int64_t samples = static_cast<int64_t>(clip->samples.size()) - startPosition;
     return startMs + (samples * kMsPerSecond + clip->rateHz - 1) / clip->rateHz;
@@ -41,7 +41,7 @@ int64_t FileSpeaker::dueMs() const {
 
 bool FileSpeaker::deliver() {
     const int64_t due = dueMs();
-    if (due == kNever || due > nowMs()) {
+    if (due == DueTime::kNever || due > nowMs()) {
         return false;
     }
     HostSpeakerListener* const ending = listener;

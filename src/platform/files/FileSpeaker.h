@@ -3,6 +3,7 @@
 // one clip after the other.
 #pragma once
 
+#include "DueTime.h"
 #include "HostSound.h"
 #include "Problem.h"
 
@@ -16,8 +17,6 @@ public:
     using Clock = std::function<int64_t()>;
 
     static constexpr int32_t kRateHz = 8000;  // of the file: the rate of every clip of the program
-    static constexpr int64_t kNever = -1;
-
     /// @param nowMs  the host's clock
     explicit FileSpeaker(Clock nowMs);
 
@@ -28,7 +27,7 @@ public:
     /// Writes what was heard until now.
     Problem finishFile();
 
-    /// When the clip ends, kNever if none plays.
+    /// When the clip ends, DueTime::kNever if none plays.
     int64_t dueMs() const;
 
     /// Ends the clip if it is time. True if it was.

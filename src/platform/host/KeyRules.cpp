@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "KeyRules.h"
 
+#include "ScreenNames.h"
+
 using Kind = KeyDeed::Kind;
 using Name = KeyPress::Name;
 using Means = ScreenTexts::Means;
@@ -128,10 +130,11 @@ KeyDeed KeyRules::ofCharacter(char character, HostDoors* doors) {
     case '-':
         return {Kind::kVolumeDown};
     case 'r':
-        return stops && texts.screen == "Recording" ? navigation(HostKey::kMiddle)
-                                                    : KeyDeed{Kind::kRecord};
+        return stops && texts.screen == ScreenNames::kRecording ? navigation(HostKey::kMiddle)
+                                                                : KeyDeed{Kind::kRecord};
     case 'p':
-        return meaningOf(texts, kMiddle) == Means::kPlay || (stops && texts.screen == "Playing")
+        return meaningOf(texts, kMiddle) == Means::kPlay ||
+                       (stops && texts.screen == ScreenNames::kPlaying)
                    ? navigation(HostKey::kMiddle)
                    : KeyDeed{};
     case 's':

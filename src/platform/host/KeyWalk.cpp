@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "KeyWalk.h"
 
+#include "ScreenNames.h"
+
 #include <algorithm>
 
 using Means = ScreenTexts::Means;
@@ -62,8 +64,8 @@ bool KeyWalk::step(HostDoors& doors) {
 
 std::optional<HostKey> KeyWalk::towardsRecording(const ScreenTexts& texts) {
     const Means middle = texts.softKeys[1].means;
-    if (texts.isQuestion || texts.screen == "FirstLang" || texts.screen == "MessageAndQuit" ||
-        texts.screen == "Recording") {
+    if (texts.isQuestion || texts.screen == ScreenNames::kFirstLanguage ||
+        texts.screen == ScreenNames::kLastMessage || texts.screen == ScreenNames::kRecording) {
         giveUp();
         return {};
     }
@@ -71,7 +73,7 @@ std::optional<HostKey> KeyWalk::towardsRecording(const ScreenTexts& texts) {
         giveUp();  // this key is the last one
         return HostKey::kMiddle;
     }
-    if (texts.screen == "Splash" || middle == Means::kOk || middle == Means::kStop) {
+    if (texts.screen == ScreenNames::kSplash || middle == Means::kOk || middle == Means::kStop) {
         return HostKey::kMiddle;
     }
     if (middle == Means::kPlay) {

@@ -16,5 +16,10 @@ struct ScreenNames {
     }
 
     static constexpr const char* kMenu = "Options";
+    static constexpr const char* kRecord = "Record";  // before the recording
     static constexpr const char* kRecording = "Recording";
+    static constexpr const char* kProcess = "Process";
+    static constexpr const char* kPlay = "Play";  // the choice of the effect
+    static constexpr const char* kPlaying = "Playing";
+    static constexpr const char* kLastMessage = "MessageAndQuit";
 };

@@ -259,10 +259,10 @@ bool SdlDoors::deliver() {
         offeredTake.clear();
         return true;
     }
-    if (!offeredTake.empty() && doors->screenName() == "Recording") {
+    if (!offeredTake.empty() && doors->screenName() == ScreenNames::kRecording) {
         offeredTake.clear();  // another one is the last take now
     }
-    if (isOffering && doors->screenName() == "Recording") {
+    if (isOffering && doors->screenName() == ScreenNames::kRecording) {
         isOffering = false;
         offered = {};
         tell({"offerDropped", {offeredName}});

@@ -64,7 +64,7 @@ bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
     listener = &newListener;
     lost = false;
     toldUnusable = false;
-    silentSinceMs = kNever;
+    silentSinceMs = DueTime::kNever;
     beginOpening();
     SdlAudio::wait(*opening, kOpeningMs);
     work();
@@ -79,7 +79,7 @@ void SdlMicrophone::beginOpening() {
     wanted.samples = kDeviceSamples;
     wanted.callback = &SdlMicrophone::onHeard;
     wanted.userdata = heard.get();
-    retryMs = kNever;
+    retryMs = DueTime::kNever;
     opening = audio.openLater(name, wanted, heard, wake);
 }
 
@@ -115,7 +115,7 @@ void SdlMicrophone::work() {
     if (opening != nullptr && opening->isDone()) {
         finishOpening();
     }
-    if (opening == nullptr && device == 0 && retryMs != kNever && nowMs() >= retryMs) {
+    if (opening == nullptr && device == 0 && retryMs != DueTime::kNever && nowMs() >= retryMs) {
         beginOpening();
     }
     bool delivers = false;
@@ -124,8 +124,8 @@ void SdlMicrophone::work() {
         delivers = nowMs() - heard->lastMs < kStalledMs;
     }
     if (delivers) {
-        silentSinceMs = kNever;
-    } else if (silentSinceMs == kNever) {
+        silentSinceMs = DueTime::kNever;
+    } else if (silentSinceMs == DueTime::kNever) {
         silentSinceMs = nowMs();
         silenceGiven = 0;
     }
@@ -133,7 +133,7 @@ void SdlMicrophone::work() {
 }
 
 void SdlMicrophone::fillSilence() {
-    if (silentSinceMs == kNever) {
+    if (silentSinceMs == DueTime::kNever) {
         return;
     }
     const std::lock_guard<std::mutex> lock(heard->mutex);
@@ -146,10 +146,10 @@ void SdlMicrophone::fillSilence() {
 
 int64_t SdlMicrophone::dueMs() const {
     if (listener == nullptr) {
-        return kNever;
+        return DueTime::kNever;
     }
     const std::lock_guard<std::mutex> lock(heard->mutex);
-    if (silentSinceMs == kNever) {
+    if (silentSinceMs == DueTime::kNever) {
         return heard->lastMs + kStalledMs;
     }
     const int64_t wanted = listener->samplesWanted();
@@ -160,7 +160,7 @@ int64_t SdlMicrophone::dueMs() const {
     const int64_t enoughMs =
         silentSinceMs + (silenceGiven + std::max<int64_t>(missing, kSamplesPerMs)) / kSamplesPerMs +
         1;
-    return retryMs == kNever ? enoughMs : std::min(enoughMs, retryMs);
+    return retryMs == DueTime::kNever ? enoughMs : std::min(enoughMs, retryMs);
 }
 
 void SdlMicrophone::onHeard(void* heardState, uint8_t* bytes, int byteCount) {
@@ -257,7 +257,7 @@ void SdlMicrophone::listenNoMore() {
         opening.reset();
     }
     closeDevice();
-    retryMs = kNever;
+    retryMs = DueTime::kNever;
 }
 
 int32_t SdlMicrophone::take(int16_t* samples, int32_t count) {

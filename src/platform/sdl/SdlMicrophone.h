@@ -3,6 +3,7 @@
 // a recording can always be stopped, and uses the first device that appears.
 #pragma once
 
+#include "DueTime.h"
 #include "HostMessage.h"
 #include "HostSound.h"
 #include "SdlAudio.h"
@@ -17,8 +18,6 @@ public:
     using Wake = std::function<void()>;
     using Clock = std::function<int64_t()>;
     using Tell = std::function<void(const HostMessage& message)>;
-
-    static constexpr int64_t kNever = -1;
 
     // How long the window may stand still for a device. Shorter, and a healthy device of a busy
     // machine misses the first word, with silence in its place.
@@ -47,7 +46,7 @@ public:
     /// The chosen device, also while another one listens in its place; empty: the system's default.
     const std::string& chosen() const { return name; }
 
-    /// When deliver() has something to do without a device; kNever if it has not.
+    /// When deliver() has something to do without a device; DueTime::kNever if it has not.
     int64_t dueMs() const;
 
     /// Calls the listener if enough was heard; if not, the device will rouse. True if it called.
@@ -92,12 +91,13 @@ private:
     HostMicrophoneListener* listener = nullptr;
     uint32_t device = 0;
     std::shared_ptr<SdlAudio::Opening> opening;  // null: none
-    int64_t retryMs = kNever;                    // when to look for a device again
-    int64_t silentSinceMs = kNever;  // from when on silence is due; kNever: a device delivers
-    int64_t silenceGiven = 0;        // samples since then
-    bool toldUnusable = false;       // in this recording
-    bool toldAway = false;           // since the device was chosen
-    bool isReplaced = false;         // another device listened last in its place
+    int64_t retryMs = DueTime::kNever;           // when to look for a device again
+    int64_t silentSinceMs =
+        DueTime::kNever;        // from when on silence is due; DueTime::kNever: a device delivers
+    int64_t silenceGiven = 0;   // samples since then
+    bool toldUnusable = false;  // in this recording
+    bool toldAway = false;      // since the device was chosen
+    bool isReplaced = false;    // another device listened last in its place
     bool lost = false;
     std::shared_ptr<Heard> heard;  // shared with the device's thread
 };

@@ -38,9 +38,10 @@ struct SdlSpeaker::Playing {
     int32_t volume = kFullVolume;
     bool paused = false;
     bool open = true;
-    int64_t progressMs = 0;  // when samples were handed over last
-    int64_t endMs = kNever;  // when the last one will have been heard; kNever until it went out
-    int64_t leftMs = 0;      // of an unheard clip that is paused
+    int64_t progressMs = 0;           // when samples were handed over last
+    int64_t endMs = DueTime::kNever;  // when the last one will have been heard; DueTime::kNever
+                                      // until it went out
+    int64_t leftMs = 0;               // of an unheard clip that is paused
     int64_t latencyMs = 0;
     Clock nowMs;
     Wake wake;
@@ -113,10 +114,10 @@ void SdlSpeaker::onWanted(void* playingState, uint8_t* bytes, int byteCount) {
         }
         std::fill(samples + heard, samples + count, int16_t{0});
         playing->position += heard;
-        if (sounds && playing->endMs == kNever) {
+        if (sounds && playing->endMs == DueTime::kNever) {
             playing->progressMs = playing->nowMs();
             last = playing->position == clip.size();
-            playing->endMs = last ? playing->progressMs + playing->latencyMs : kNever;
+            playing->endMs = last ? playing->progressMs + playing->latencyMs : DueTime::kNever;
         }
     }
     if (last) {
@@ -126,18 +127,18 @@ void SdlSpeaker::onWanted(void* playingState, uint8_t* bytes, int byteCount) {
 
 int64_t SdlSpeaker::dueMs() {
     if (listener == nullptr) {
-        return kNever;
+        return DueTime::kNever;
     }
     const std::lock_guard<std::mutex> lock(playing->mutex);
-    if (playing->endMs != kNever || playing->paused) {
-        return playing->paused ? kNever : playing->endMs;
+    if (playing->endMs != DueTime::kNever || playing->paused) {
+        return playing->paused ? DueTime::kNever : playing->endMs;
     }
     return playing->progressMs + playing->remainingMs() + playing->latencyMs + kDeadAfterMs;
 }
 
 bool SdlSpeaker::deliver() {
     const int64_t due = dueMs();
-    if (due == kNever || due > nowMs()) {
+    if (due == DueTime::kNever || due > nowMs()) {
         return false;
     }
     if (!hasAllGoneOut()) {
@@ -152,7 +153,7 @@ bool SdlSpeaker::deliver() {
 
 bool SdlSpeaker::hasAllGoneOut() const {
     const std::lock_guard<std::mutex> lock(playing->mutex);
-    return playing->endMs != kNever;
+    return playing->endMs != DueTime::kNever;
 }
 
 bool SdlSpeaker::lose(uint32_t lostDevice) {
@@ -192,7 +193,8 @@ void SdlSpeaker::setPaused(bool paused) {
         playing->endMs = nowMs() + playing->leftMs;
     } else if (!paused) {
         playing->progressMs = nowMs();
-        playing->endMs = std::min(playing->endMs, playing->progressMs);  // kNever stays kNever
+        playing->endMs =
+            std::min(playing->endMs, playing->progressMs);  // DueTime::kNever stays DueTime::kNever
     }
 }
 

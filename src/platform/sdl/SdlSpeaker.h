@@ -3,6 +3,7 @@
 // most a chunk. Without a device a clip takes its time, unheard, and the user is told.
 #pragma once
 
+#include "DueTime.h"
 #include "HostMessage.h"
 #include "HostSound.h"
 #include "SdlAudio.h"
@@ -18,8 +19,6 @@ public:
     using Wake = std::function<void()>;
     using Tell = std::function<void(const HostMessage& message)>;
 
-    static constexpr int64_t kNever = -1;
-
     /// @param audio  not owned
     /// @param name   of the device; empty: the system's default
     /// @param nowMs  the host's clock; read on the device's thread too
@@ -30,7 +29,7 @@ public:
     SdlSpeaker& operator=(const SdlSpeaker&) = delete;
     ~SdlSpeaker() override;
 
-    /// When to look next whether the clip has ended; kNever if none plays.
+    /// When to look next whether the clip has ended; DueTime::kNever if none plays.
     int64_t dueMs();
 
     /// Ends the clip if its last sample was heard, or if its device takes nothing any more and it

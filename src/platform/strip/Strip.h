@@ -32,7 +32,7 @@ public:
     /// Looks at the program; before a picture is shown, and when dueMs() is over.
     void look(int64_t nowMs) { feeding.look(nowMs); }
 
-    /// kNever: when the program does something.
+    /// DueTime::kNever: when the program does something.
     int64_t dueMs() const { return feeding.dueMs(); }
 
     /// A touch in pixels of the 480 x 800 display, and what it wishes is fulfilled. One that goes

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "StripFeed.h"
 
-#include "DueTime.h"
 #include "HostMessage.h"
 #include "HostWords.h"
 #include "ScreenNames.h"
@@ -26,7 +25,7 @@ void StripFeed::setDoors(HostDoors* offered) {
     language.clear();
     screen.clear();
     recording = false;
-    nextLevelMs = kNever;
+    nextLevelMs = DueTime::kNever;
     savedBefore = 0;
     hadTake = false;
 }
@@ -56,17 +55,17 @@ void StripFeed::look(int64_t nowMs) {
 }
 
 int64_t StripFeed::dueMs() const {
-    return DueTime::earlier(model.dueMs(), recording ? nextLevelMs : kNever);
+    return DueTime::earlier(model.dueMs(), recording ? nextLevelMs : DueTime::kNever);
 }
 
 void StripFeed::lookAtScreen(int64_t nowMs) {
     const ScreenTexts texts = doors->texts();
-    const bool isRecording = texts.screen == "Recording";
+    const bool isRecording = texts.screen == ScreenNames::kRecording;
     if (recording && !isRecording) {
         endRecording(texts.screen, nowMs);
     }
     // The sound system may have become ready, or the user may have chosen another device.
-    if (texts.screen != screen && (isRecording || texts.screen == "Record")) {
+    if (texts.screen != screen && (isRecording || texts.screen == ScreenNames::kRecord)) {
         nameMicrophone();
     }
     screen = texts.screen;
@@ -110,12 +109,12 @@ void StripFeed::lookAtLevel(int64_t nowMs) {
 /// the menu, where the window was hidden, and can come back.
 void StripFeed::endRecording(const std::string& screen, int64_t nowMs) {
     recording = false;
-    nextLevelMs = kNever;
+    nextLevelMs = DueTime::kNever;
     LevelMeter::Reading reading;
     if (microphone == nullptr || !microphone->readLevel(reading)) {
         return;
     }
-    const bool isTaken = screen == "Process" || screen == "Play";
+    const bool isTaken = screen == ScreenNames::kProcess || screen == ScreenNames::kPlay;
     hadTake = hadTake || (screen == ScreenNames::kMenu && reading.hasHeard());
     if (!isTaken || reading.hasHeard()) {
         return;

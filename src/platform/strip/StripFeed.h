@@ -2,6 +2,7 @@
 // Tells the model what the program shows, what its microphone hears and what it has saved.
 #pragma once
 
+#include "DueTime.h"
 #include "Host.h"
 #include "LevelMeter.h"
 #include "StripModel.h"
@@ -11,8 +12,6 @@
 
 class StripFeed {
 public:
-    static constexpr int64_t kNever = -1;
-
     /// How often the level is looked at while recording: 15 times a second reads as smooth.
     static constexpr int64_t kLevelMs = 66;
 
@@ -47,7 +46,7 @@ public:
     /// Looks at the program and ends messages.
     void look(int64_t nowMs);
 
-    /// When to look again although the program does nothing; kNever: not before it does.
+    /// When to look again although the program does nothing; DueTime::kNever: not before it does.
     int64_t dueMs() const;
 
 private:
@@ -70,7 +69,7 @@ private:
     bool hadTake = false;  // when a take could be used last
 
     bool recording = false;
-    int64_t nextLevelMs = kNever;
+    int64_t nextLevelMs = DueTime::kNever;
     int32_t heardSamples = 0;
     int64_t lastHeardMs = 0;
 };

@@ -19,7 +19,7 @@ void StripMessages::tell(Message message, int64_t nowMs) {
 void StripMessages::close() {
     if (!waiting.empty()) {
         waiting.pop_front();
-        sinceMs = kNever;
+        sinceMs = DueTime::kNever;
     }
 }
 
@@ -39,7 +39,7 @@ bool StripMessages::tick(int64_t nowMs) {
     if (waiting.empty()) {
         return false;
     }
-    if (sinceMs == kNever) {
+    if (sinceMs == DueTime::kNever) {
         sinceMs = nowMs;
     }
     if (nowMs < endMs()) {
@@ -52,9 +52,9 @@ bool StripMessages::tick(int64_t nowMs) {
 
 int64_t StripMessages::dueMs() const {
     if (waiting.empty()) {
-        return kNever;
+        return DueTime::kNever;
     }
-    return sinceMs == kNever ? 0 : endMs();
+    return sinceMs == DueTime::kNever ? 0 : endMs();
 }
 
 int64_t StripMessages::endMs() const {

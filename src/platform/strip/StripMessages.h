@@ -2,6 +2,7 @@
 // The messages of the strip: one is shown for some seconds, later ones wait for a moment each.
 #pragma once
 
+#include "DueTime.h"
 #include "StripWish.h"
 
 #include <cstdint>
@@ -10,8 +11,6 @@
 
 class StripMessages {
 public:
-    static constexpr int64_t kNever = -1;
-
     /// How long a message is shown that no other follows; one with an action longer, so that the
     /// hand gets there.
     static constexpr int64_t kShownMs = 6000;
@@ -52,6 +51,6 @@ public:
 private:
     int64_t endMs() const;
 
-    std::deque<Message> waiting;  // the first one is shown
-    int64_t sinceMs = kNever;     // when it began; kNever: with the next tick
+    std::deque<Message> waiting;        // the first one is shown
+    int64_t sinceMs = DueTime::kNever;  // when it began; DueTime::kNever: with the next tick
 };

@@ -3,6 +3,7 @@
 
 #include "HostMessage.h"
 #include "HostWords.h"
+#include "ScreenNames.h"
 #include "StripLayout.h"
 
 #include <algorithm>
@@ -162,11 +163,11 @@ std::string StripModel::sheetTitle() const {
 }
 
 bool StripModel::isRecordingScreen() const {
-    return screen == "Recording";
+    return screen == ScreenNames::kRecording;
 }
 
 bool StripModel::showsHeads() const {
-    return screen == "Play" && !questioned && shownLines.size() <= 1;
+    return screen == ScreenNames::kPlay && !questioned && shownLines.size() <= 1;
 }
 
 bool StripModel::showsLevel() const {
@@ -181,7 +182,7 @@ std::string StripModel::lineWithoutMessage() const {
     if (!hint.empty()) {
         return hint;
     }
-    return showsLevel() || screen == "Record" ? microphoneName : "";
+    return showsLevel() || screen == ScreenNames::kRecord ? microphoneName : "";
 }
 
 /// Seconds and action stand at the right end of the first row.

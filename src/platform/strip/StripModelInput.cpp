@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What taps, the mouse and keys do to the strip, and what they wish.
 #include "HostWords.h"
+#include "ScreenNames.h"
 #include "StripLayout.h"
 #include "StripModel.h"
 
@@ -126,7 +127,7 @@ StripWish StripModel::key(StripKey key) {
     default:
         // A message may cover the heads; their keys hold all the same.
         index = static_cast<int32_t>(key) - static_cast<int32_t>(StripKey::kEffect1);
-        return screen == "Play" && !questioned && index >= 0 && index < kEffects
+        return screen == ScreenNames::kPlay && !questioned && index >= 0 && index < kEffects
                    ? StripWish::of(Kind::kEffect, index)
                    : StripWish();
     }

@@ -33,7 +33,7 @@ public:
     /// Asks the page for a frame if the strip looks different.
     void showIfNew();
 
-    /// When look() is due, in milliseconds of the strip's clock; StripFeed::kNever: when the
+    /// When look() is due, in milliseconds of the strip's clock; DueTime::kNever: when the
     /// program does something.
     int64_t dueMs() const { return row.dueMs(); }
 
