@@ -1,5 +1,5 @@
-// Keeps the page on this device: all files of one version, or none. A new version waits until the
-// user takes it.
+// Stores the page on this device: all files of one version, or none. A new version waits until the
+// user accepts it.
 /* global VERSION, FILES: the packer writes them above */
 
 const FOLDER = new URL('.', location.href).pathname;

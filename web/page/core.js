@@ -1,4 +1,4 @@
-// The program: loads it, gives it its turns, and paints when it has a frame.
+// Loads the program, calls it when it asks for a turn, and paints when it has a frame.
 //
 // The program asks for its next turn; there is exactly one timer for it, a message when it wants to
 // go on at once, and nothing when it sleeps. It stands still, with its clock, while the browser asks

@@ -1,4 +1,4 @@
-// The microphone: asked for when a recording is offered, given back after each.
+// The microphone: requested when a recording is offered, released after each.
 
 /** @typedef {import('./core.js').Core} Core */
 

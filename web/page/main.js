@@ -1,4 +1,4 @@
-// Connects the parts of the page. The program in WebAssembly is the only truth.
+// Connects the parts of the page. All state of the program is in the WebAssembly module.
 
 import { Core, MENU } from './core.js';
 import { find } from './dom.js';

@@ -6,7 +6,7 @@ import { HEIGHT, STRIP_HEIGHT, WIDTH } from './picture.js';
 /** @typedef {import('./core.js').ScreenTexts} ScreenTexts */
 /** @typedef {import('../types/murmelo.js').Entry} Entry */
 
-const SPEAK_AFTER_MS = 200; // a region that changes twice at once may be read by halves
+const SPEAK_AFTER_MS = 200; // of a region that changes twice at once only a half may be read
 
 /** The buttons over strip or picture. */
 class Layer {

@@ -19,7 +19,7 @@ export class Sounds {
 
     async read() {
         const all = () => this.page.store.all();
-        const kept = await all().catch(all).catch(() => null); // browsers are known to fail once
+        const kept = await all().catch(all).catch(() => null); // some browsers fail at the first attempt
         this.hasStore = kept !== null;
         this.kept = kept ?? this.kept;
     }

@@ -1,4 +1,4 @@
-// What outlives the page: settings, saved sounds and the last take, in a small database of our own.
+// What is kept after the page is closed: settings, saved sounds and the last take, in a small database of our own.
 
 /** @typedef {{bytes: Uint8Array, effect: number, when: number}} Kept */
 
@@ -48,7 +48,7 @@ export class Store {
             table.transaction.onabort = () => reject(table.transaction.error); // a full store
         });
         step(table);
-        table.transaction.commit?.(); // the page may be going away
+        table.transaction.commit?.(); // the page may be closing
         await done;
     }
 

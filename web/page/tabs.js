@@ -1,4 +1,4 @@
-// One tab at a time: two would write over each other's sounds.
+// Only one tab at a time: two would overwrite each other's sounds.
 
 import { OWN } from './store.js';
 

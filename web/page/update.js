@@ -21,7 +21,7 @@ export class Update {
             if (accepted) {
                 location.reload();
             }
-            accepted = true; // the first one only takes its place
+            accepted = true; // the first one replaces no older version
         });
         this.note(registration.waiting);
         registration.onupdatefound = () => {

@@ -14,18 +14,18 @@ class FileMicrophone : public HostMicrophone {
 public:
     using Clock = std::function<int64_t()>;
 
-    // What waits to be taken at most: three times the longest take. A clock that jumps by a day
-    // does not make a day of sound.
+    // The most samples that wait to be taken: three times the longest take. So a clock that jumps
+    // by a day does not make a day of sound.
     static constexpr int64_t kMaxWaitingMs = 60000;
 
-    // What is read of a file: the longest take, and a second more because the end of a recording
-    // may come some frames late.
+    // How much of a file is read: the longest take, and one second more because a recording may end
+    // some frames late.
     static constexpr int64_t kLongestVoiceSamples = int64_t{kLongestTakeSamples} + kRateHz;
 
     /// @param nowMs  the host's clock
     explicit FileMicrophone(Clock nowMs);
 
-    /// What is heard from the next recording on; nothing is silence.
+    /// Sets what the next recordings hear; no samples mean silence.
     void setVoice(std::vector<int16_t> samples) { voice = std::move(samples); }
 
     /// When the listener is to be called, DueTime::kNever if it wants nothing.
@@ -45,7 +45,7 @@ public:
     /// True from the loss of the device until the next start() or stop().
     bool isLost() const { return lost; }
 
-    /// Dies and calls the listener. False if there is no listener.
+    /// Simulates the loss of the device and calls the listener. False if there is no listener.
     bool lose();
 
 private:

@@ -22,7 +22,7 @@ Problem FileSpeaker::openFile(const std::string& newPath) {
     if (problem) {
         return problem;
     }
-    return SoundFile::write(path, kRateHz, collected);  // so that a bad place shows at once
+    return SoundFile::write(path, kRateHz, collected);  // a bad path fails at once
 }
 
 Problem FileSpeaker::finishFile() {
@@ -94,7 +94,8 @@ void FileSpeaker::stop() {
     listener = nullptr;
 }
 
-/// Moves on to where the clip stands by now; what lies between sounds at the volume of the time.
+/// Advances the clip to the present time; the samples in between are heard at the volume set until
+/// now.
 void FileSpeaker::hearUntilNow() {
     if (clip == nullptr || paused) {
         return;

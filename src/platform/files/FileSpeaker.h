@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A speaker that plays into a sound file, in the time of the clock given: what was heard is written
-// one clip after the other.
+// A speaker that plays into a sound file at the pace of the given clock: the clips are written one
+// after the other.
 #pragma once
 
 #include "DueTime.h"
@@ -20,8 +20,8 @@ public:
     /// @param nowMs  the host's clock
     explicit FileSpeaker(Clock nowMs);
 
-    /// Finishes the file before, if any, and begins the next.
-    /// @returns what is wrong with either
+    /// Finishes the current file, if there is one, and begins the next.
+    /// @returns why either failed
     Problem openFile(const std::string& path);
 
     /// Writes what was heard until now.
@@ -33,7 +33,7 @@ public:
     /// Ends the clip if it is time. True if it was.
     bool deliver();
 
-    /// Dies and calls the listener. False if no clip plays.
+    /// Simulates the loss of the device and calls the listener. False if no clip plays.
     bool lose();
 
     bool play(std::shared_ptr<const HostClip> newClip, HostSpeakerListener& newListener) override;

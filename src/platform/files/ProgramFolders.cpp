@@ -215,7 +215,7 @@ HomeLock::~HomeLock() {
 Problem HomeLock::take(const std::string& home) {
     path = home + "/" + kLockName;
     heldByAnother = false;
-    // Once more when another program took its lock away between the opening and the locking.
+    // Try again if another program removed its lock file between the opening and the locking.
     while (!isHeld) {
         if (file >= 0) {
             ::close(file);
@@ -245,7 +245,7 @@ bool HomeLock::isOrdinary() const {
 
     struct stat facts {};
 
-    // What cannot be opened may be something else as well: a folder, a socket, a link.
+    // What cannot be opened may be no file at all, but a folder, a socket or a link.
     const bool isThere =
         file >= 0 ? ::fstat(file, &facts) == 0 : ::lstat(path.c_str(), &facts) == 0;
     errno = reason;
@@ -274,7 +274,7 @@ Problem FolderLocks::take(const HostFolders& folders) {
     }
     const bool elsewhere = fs::is_directory(folders.soundFolder, error) &&
                            !fs::equivalent(folders.soundFolder, folders.home, error);
-    // One that cannot be written needs no lock; the program says so in its own way.
+    // A folder that cannot be written needs no lock; the program reports it later.
     const bool usable = elsewhere && !ProgramFolders::whySoundsCannotBeKept(folders);
     return usable ? sounds.take(folders.soundFolder) : Problem::none();
 }

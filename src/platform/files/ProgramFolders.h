@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a program finds its data and keeps the user's: shared by the back ends that run on a
+// The folders of the program's data and of the user's files, for the back ends that run on a
 // computer.
 #pragma once
 
@@ -35,7 +35,7 @@ public:
     static int64_t freeBytes(const HostFolders& folders);
 };
 
-/// Holds a home for one running program. The file that says so goes away with the program, so that
+/// Locks a home for one running program. The lock file is removed when the program ends, so that
 /// only sounds stay in the user's music folder.
 class HomeLock {
 public:
@@ -55,7 +55,7 @@ private:
     /// False if something that is no ordinary file has the name of the lock. Leaves errno alone.
     bool isOrdinary() const;
 
-    /// False once the file was taken away, or another one lies in its place.
+    /// False once the lock file was removed or replaced.
     bool isStillAt(const std::string& place) const;
 
     std::string path;
@@ -64,8 +64,8 @@ private:
     bool heldByAnother = false;
 };
 
-/// What one running program holds: its home, and the sound folder where that lies elsewhere, which
-/// another home may lead to as well.
+/// The locks of one running program: on its home, and on the sound folder if that lies elsewhere,
+/// because another home may use the same folder.
 class FolderLocks {
 public:
     /// Makes a sound folder that lies elsewhere if it is missing, so that it can be locked too.

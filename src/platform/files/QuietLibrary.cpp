@@ -104,7 +104,7 @@ QuietLibrary::~QuietLibrary() {
             std::signal(SIGABRT, SIG_DFL);
             heardError = -1;
         }
-        flush();  // what a library left in a buffer comes to nothing as well
+        flush();  // drops what a library left in a buffer, too
         for (Turned& stream : shared().streams) {
             turnBack(stream);
         }

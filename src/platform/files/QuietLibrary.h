@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Keeps the libraries that decode and encode sounds from talking: some print a line of their own to
-// standard error for every damaged frame.
+// Hides what the libraries that decode and encode sounds print: some print a line to standard error
+// for every damaged frame.
 #pragma once
 
 #include <string>

@@ -15,7 +15,7 @@ struct soxr;
 
 class Resampler {
 public:
-    /// What has no limit.
+    /// maxSamples without a limit.
     static constexpr size_t kEndless = SIZE_MAX;
 
     /// How many times one rate may be the other.
@@ -30,7 +30,7 @@ public:
     /// then.
     bool isReady() const { return state != nullptr; }
 
-    /// Takes count samples and appends what they make to out, until out holds maxSamples. The
+    /// Converts count samples and appends the result to out, until out holds maxSamples. The
     /// whole sound is count * toHz / fromHz samples long, rounded.
     /// @param last  no more will come
     /// @returns false if the resampling library failed

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sound files on a computer, read and written with libsndfile: whatever the user has for a voice,
-// and what the speaker has played.
+// Sound files on a computer, read and written with libsndfile: the user's recordings, and what the
+// speaker has played.
 #pragma once
 
 #include "Problem.h"
@@ -13,9 +13,9 @@
 class SoundFile {
 public:
     /// Reads the start of a file of any rate and up to eight channels as 16-bit mono (the mean of
-    /// the channels) at the wanted rate. 16-bit mono at that rate comes through untouched. Memory
-    /// follows what was read, never what a header promises; floats beyond full scale are clamped,
-    /// and one that is not a number is silence.
+    /// the channels) at the wanted rate. 16-bit mono at that rate is not changed. Memory is used
+    /// for what was read, not for what a header promises; floats beyond full scale are clamped, and
+    /// one that is not a number is silence.
     /// @param maxSamples  what lies after this number of samples of the wanted rate is not read
     /// @param samples     untouched on an error
     /// @param framesRead  if given: frames of the file that were taken from the library

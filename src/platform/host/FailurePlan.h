@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The calls of operations that are to fail, as a test asks for them.
+// Which calls of which operations a test wants to fail.
 #pragma once
 
 #include <cstdint>

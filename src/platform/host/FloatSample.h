@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A sample as a decoder or a browser delivers it: a damaged file holds anything.
+// A sample as a decoder or a browser delivers it; in a damaged file it may have any value.
 #pragma once
 
 #include <algorithm>
@@ -8,12 +8,12 @@
 
 class FloatSample {
 public:
-    /// Not a number becomes silence, and what is louder than any sound is clamped. An infinite
-    /// sample would make everything not a number that the filter of a rate converter reaches.
+    /// Not a number becomes silence, and a value far beyond full scale is clamped. An infinite one
+    /// would turn every sample that the filter of a rate converter reaches into not a number.
     /// @param value  full scale is 1
     static float tamed(float value) { return clamped(value, -kLoudest, kLoudest); }
 
-    /// Not a number becomes silence, wherever low and high lie.
+    /// Clamps to low..high; not a number becomes silence.
     static float clamped(float value, float low, float high) {
         return std::isnan(value) ? 0.0F : std::clamp(value, low, high);
     }
@@ -25,7 +25,7 @@ public:
     }
 
 private:
-    // Times full scale (24 dB). Decoders overshoot by a few decibels, which a mean of channels or a
-    // lower rate may bring back: those must come through.
+    // Times full scale (24 dB). Decoders overshoot by a few decibels, which the mean of channels or
+    // a lower rate may bring back into range, so these must not be clamped.
     static constexpr float kLoudest = 16.0F;
 };

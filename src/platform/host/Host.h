@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The door to the outside world: clock, window, device facts and folders, seen from the phone's
-// stand-in.
+// The interface to the outside world: clock, window, device facts and folders. The classes that
+// replace the phone call it.
 //
 // For the next porter: one back end derives Host, its main() installs the object with
 // Host::install() and calls OspMain(). Every call comes from the event thread, and every callback
-// goes out on that same thread, from pump(). A back end may own threads of its own; what they have
-// to say waits for pump().
+// goes out on that same thread, from pump(). A back end may have threads of its own; their messages
+// wait for pump().
 #pragma once
 
 #include "HostOperation.h"
@@ -37,7 +37,7 @@ public:
     virtual void onTerminate() = 0;
 };
 
-/// The newest picture of the display. It is worked out only when a host looks at it.
+/// The newest picture of the display. Its pixels are worked out only when a host reads them.
 class HostFrame {
 public:
     static constexpr int32_t kWidthPx = 480;
@@ -74,8 +74,7 @@ public:
         composeRows(pixels, strideBytes, Rows().set());
     }
 
-    /// The rows in which a pixel may differ from what the last call of this saw; all of them at the
-    /// first call.
+    /// The rows in which a pixel may have changed since the last call; all rows at the first call.
     virtual Rows takeChanges() = 0;
 };
 
@@ -90,8 +89,8 @@ enum class HostKey : int32_t {
     kRightSoft = -7,
 };
 
-/// What the application offers to the outside beyond the phone's own callbacks. A back end uses a
-/// door from pump() and counts the use as a callback delivered.
+/// What the application offers to the outside beyond the phone's own callbacks. A back end calls a
+/// door only from pump(), and counts the call as a callback delivered.
 class HostDoors {
 public:
     virtual ~HostDoors() = default;
@@ -184,7 +183,8 @@ public:
     /// Milliseconds of the device's own clock; never goes back.
     virtual int64_t ticksMs() = 0;
 
-    /// The application spins and gives way (Thread::Yield). No callback may be delivered from here.
+    /// The application waits in a loop and yields (Thread::Yield). No callback may be delivered
+    /// from here.
     virtual void yielded() = 0;
 
     virtual const HostFolders& folders() = 0;
@@ -200,11 +200,11 @@ public:
     /// ever), then delivers at most one callback. Returns whether it delivered one.
     virtual bool pump(HostListener& listener, int64_t timeoutMs) = 0;
 
-    /// A frame was finished (Canvas::Show). Never waits; shows it when the display refreshes next.
-    /// Null: the frame is gone, the last picture stays.
+    /// A frame was finished (Canvas::Show). Never waits; shows it at the display's next refresh.
+    /// Null: the frame was deleted, the last picture stays.
     virtual void frameShown(HostFrame* frame) = 0;
 
-    /// Null: a device without ears, or without a voice. The same object every time.
+    /// Null if the device has no microphone, or no speaker. Always the same object.
     virtual HostMicrophone* microphone() { return nullptr; }
 
     virtual HostSpeaker* speaker() { return nullptr; }
@@ -212,12 +212,12 @@ public:
     /// The application's doors; null when it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}
 
-    /// A file of the user's is on the disk, whole: a saved sound, or the settings. A host whose
-    /// disk is not one stores it now.
+    /// A file of the user's (a saved sound, or the settings) has been written completely. A host
+    /// without a real disk stores it now.
     /// @param path  the real one
     virtual void kept(const std::string& /*path*/) {}
 
-    /// Tells the user what no screen shows.
+    /// Tells the user something that no screen shows.
     /// @param sentence  without a full stop, and without the program's name in front
     virtual void say(const std::string& /*sentence*/) {}
 
@@ -231,7 +231,7 @@ public:
     virtual bool fails(const char* /*operation*/) { return false; }
 };
 
-/// Whether the back end in use wants this call of the platform operation to fail.
+/// True if the installed back end wants this call of the platform operation to fail.
 inline bool hostFails(HostOperation operation) {
     return Host::current().fails(operation.name());
 }

@@ -11,7 +11,7 @@ public:
     /// @returns false if it cannot be initialised: then neither step() nor end() is called
     virtual bool begin() = 0;
 
-    /// One turn of the loop; the host's pump() is asked once.
+    /// One turn of the loop; calls the host's pump() once.
     /// @returns false once the program has ended
     virtual bool step() = 0;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The door's sound: one microphone and one speaker.
+// The sound devices of a host: one microphone and one speaker.
 //
-// For the next porter: samples are 16-bit mono. Whatever a device's own thread has to say waits for
-// Host::pump(), which calls the listener; nothing is called once its object was told to stop.
+// For the next porter: samples are 16-bit mono. Messages of a device's own thread wait for
+// Host::pump(), which calls the listener. After a stop the listener is not called any more.
 #pragma once
 
 #include "LevelMeter.h"
@@ -16,13 +16,13 @@ class HostMicrophoneListener {
 public:
     virtual ~HostMicrophoneListener() = default;
 
-    /// How many samples to gather before onSamples(); 0 while there is no room for any.
+    /// The number of samples to collect before onSamples(); 0 while there is no room for any.
     virtual int32_t samplesWanted() = 0;
 
     /// At least as many as wanted wait to be taken. Counts as a callback of Host::pump().
     virtual void onSamples() = 0;
 
-    /// The device died while it listened: it was removed, or its server went away. It has stopped;
+    /// The device was lost during a recording: it was removed, or its server ended. It has stopped;
     /// what was heard before can still be taken. Counts as a callback of Host::pump().
     virtual void onDeviceLost() = 0;
 };
@@ -42,15 +42,16 @@ public:
     /// Name of the device, as the system shows it; empty if it is not known. Opens nothing.
     virtual std::string deviceName() { return ""; }
 
-    /// A recording will be offered: time to ask the user for the microphone, where that is needed.
+    /// A recording will be offered. A host that needs the user's permission for the microphone asks
+    /// now.
     virtual void prepare() {}
 
-    /// The recording was made, or given up: the program needs neither the microphone any more nor
-    /// the samples that it did not take.
+    /// The recording was made or given up: the program needs neither the microphone nor the samples
+    /// that it did not take any more.
     virtual void release() {}
 
-    /// Begins to listen; samples that were not taken before are forgotten. False if there is no
-    /// such device, or it listens already.
+    /// Begins to record; older samples that were not taken are dropped. False if there is no
+    /// device, or it records already.
     virtual bool start(HostMicrophoneListener& listener) = 0;
 
     /// Stops listening; the listener is not called any more. What was heard until now can still be
@@ -77,7 +78,7 @@ public:
     /// The last sample of the clip was heard. Counts as a callback of Host::pump().
     virtual void onClipEnd() = 0;
 
-    /// The device died while it played: it was removed, or its server went away. The clip has
+    /// The device was lost while it played: it was removed, or its server ended. The clip has
     /// stopped, and onClipEnd() does not follow. Counts as a callback of Host::pump().
     virtual void onDeviceLost() = 0;
 };
@@ -91,14 +92,14 @@ public:
     /// Plays a clip from its beginning. False if there is no such device, or a clip plays already.
     virtual bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& listener) = 0;
 
-    /// 0 is silence, kFullVolume leaves the samples as they are; in proportion between. Holds for
-    /// what is heard from now on, and for later clips.
+    /// 0 is silence, kFullVolume leaves the samples unchanged; linear in between. Applies to what
+    /// is heard from now on, and to later clips.
     virtual void setVolume(int32_t volume) = 0;
 
-    /// Silent at once, and stays where it is.
+    /// Pauses: silent at once, and keeps the position.
     virtual void pause() = 0;
     virtual void resume() = 0;
 
-    /// Silent at once and done: the listener is not called.
+    /// Stops: silent at once, the clip has ended, the listener is not called.
     virtual void stop() = 0;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The words of what lies around the phone's picture, in the program's languages.
+// The texts around the phone's picture, in the program's languages.
 #pragma once
 
 #include "Languages.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The languages of the program, a row for each, in the order in which the user chooses them. A row
-// more asks every table of texts for its translations: what is missing does not compile.
+// The languages of the program, a row for each, in the order in which the user chooses them. With a
+// new row every table of texts needs its translations: a missing one does not compile.
 #pragma once
 
 #include <cstddef>

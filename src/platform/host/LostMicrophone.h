@@ -8,9 +8,9 @@ class HostDoors;
 class LostMicrophone {
 public:
     /// Called in each pump. Presses "Stop" once for each loss, as soon as it is offered.
-    /// @param lost   whether the microphone is lost
+    /// @param lost   true while the microphone is lost
     /// @param doors  null: there are none
-    /// @returns whether it pressed, which counts as a callback
+    /// @returns true if it pressed, which counts as a callback
     bool deliver(bool lost, HostDoors* doors);
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The phone knows one finger. Several pointers become one here: whichever is down first holds it
-// until it lets go, and the others are not there.
+// The phone knows one finger. Of several pointers only the one that was pressed first counts until
+// it is released; the others are ignored.
 #pragma once
 
 #include "Host.h"
@@ -13,7 +13,7 @@ public:
 
     /// Positions are pixels of the phone's display; one outside it presses nothing.
     /// @param id  tells pointers of one kind apart
-    /// @returns here and below: whether a callback was delivered
+    /// @returns here and below: true if a callback was delivered
     bool pressed(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
 
     /// As pressed(), unless it is the second tap of a double tap on the soft-key bar: a job that
@@ -23,7 +23,7 @@ public:
     bool tapped(
         Pointer pointer, int64_t id, int32_t x, int32_t y, uint32_t timeMs, HostListener& listener);
 
-    /// A pointer that leaves the display goes on, or lets go, at its edge.
+    /// A pointer that leaves the display moves on, or is released, at its edge.
     bool moved(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
     bool released(Pointer pointer, int64_t id, int32_t x, int32_t y, HostListener& listener);
 
@@ -31,7 +31,7 @@ public:
     /// is, and presses nothing.
     bool cancelled(Pointer pointer, int64_t id, HostListener& listener);
 
-    /// Whether a place of the display belongs to the soft-key bar.
+    /// True if a place of the display belongs to the soft-key bar.
     static bool isOnSoftKeys(int32_t y) { return y >= HostFrame::kSoftKeysTopPx; }
 
 private:

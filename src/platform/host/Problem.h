@@ -2,7 +2,7 @@
 // What is wrong, in words for the user. True when something is wrong:
 //
 //     if (const Problem problem = locks.take(folders)) {
-//         return complain(problem.sentence());
+//         return reportError(problem.sentence());
 //     }
 #pragma once
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A host without a window, without sound and without folders, whose clock stands still. A back end
-// that needs only a part of a phone overrides that part.
+// A host without a window, sound or folders, whose clock stands still. A back end that needs only a
+// part of a phone overrides that part.
 #pragma once
 
 #include "Host.h"

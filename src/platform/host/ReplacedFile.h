@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A small file that is there whole, the old one or the new one, whatever happens while it is
-// written.
+// A small file that is always complete: either the old one or the new one, even if the writing is
+// interrupted.
 #pragma once
 
 #include <string>

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
-constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more is a circle
+constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more are a circle
 constexpr int kMaxAside = 100000;      // numbers that are tried
 constexpr int kMaxBeside = 1000;
 constexpr mode_t kPermissionBits = 07777;
@@ -135,7 +135,7 @@ bool SafeFile::renameToFree(const std::string& from,
     struct stat facts = {};
     if (errno == EEXIST || ::lstat(from.c_str(), &facts) != 0 ||
         !takeName(to, S_ISDIR(facts.st_mode))) {
-        return false;  // whatever else was wrong, the longer way meets it too
+        return false;  // any other error would also come with the longer way
     }
     if (overEmpty(from, to)) {
         return true;

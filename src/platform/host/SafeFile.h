@@ -48,8 +48,8 @@ public:
     /// Writes every byte to a file, a pipe or a device, however many calls it takes.
     static bool writeAll(int fd, const void* bytes, size_t count);
 
-    /// Puts every byte onto the disk. Pipes, devices and file systems that cannot do that count as
-    /// synced.
+    /// Waits until every byte is on the disk. Pipes, devices and file systems that cannot do that
+    /// count as synced.
     static bool sync(int fd);
 
     /// Puts every byte onto the disk and closes the descriptor, also on failure.
@@ -60,7 +60,7 @@ public:
     /// cut.
     static bool replace(const std::string& from, const std::string& to);
 
-    /// One step of renaming: true on success, else errno says why it failed.
+    /// Type of a rename in one step: true on success, else errno says why it failed.
     using Step = bool (*)(const std::string& from, const std::string& to);
 
     /// Renames to a name that nothing has; errno is EEXIST if something has it. In one step where
@@ -77,7 +77,7 @@ public:
     /// Renames in one step to a name that nothing has. Fails also where there is no such step.
     static bool atOnce(const std::string& from, const std::string& to);
 
-    /// Renames over whatever has the name.
+    /// Renames, and replaces what has the name.
     static bool over(const std::string& from, const std::string& to);
 
     /// Puts the names in the folder of this file onto the disk. File systems that cannot do that,
@@ -99,8 +99,8 @@ public:
     static bool moveAside(const std::string& path, std::string* newName = nullptr);
 
     /// What a path leads to if it is no ordinary file, for a sentence: "is a folder", "is a pipe".
-    /// None for ordinary files, and where nothing can be found out. Opens nothing: a pipe would
-    /// wait for its other end.
+    /// None for ordinary files, and if it cannot be found out. Opens nothing: a pipe would wait for
+    /// its other end.
     static Problem whyNotOrdinary(const std::string& path);
 
     /// What errno says, in words.

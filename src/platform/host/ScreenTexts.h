@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the current picture says in words: for people who do not see it, for window titles and
-// tests.
+// The texts of the current picture, for people who do not see it, for window titles and for tests.
 #pragma once
 
 #include <array>
@@ -18,8 +17,8 @@ struct ScreenPlace {
     bool operator==(const ScreenPlace&) const = default;
 };
 
-/// Only what stands on the screen is in here. Texts are UTF-8 in the program's language; an empty
-/// one means that there is none.
+/// Contains only what is on the screen. Texts are UTF-8 in the program's language; an empty one
+/// means that there is none.
 struct ScreenTexts {
     /// What an entry or a soft key does, in whatever language it says so.
     enum class Means { kOther, kBack, kOk, kPlay, kQuit, kRecord, kStop };

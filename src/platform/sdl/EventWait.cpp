@@ -15,9 +15,9 @@ EventWait::EventWait(Nap nap)
     : doNap(std::move(nap)) {}
 
 void EventWait::begin() {
-    // SDL marks the end of each look at the window system with an event of its own. A wait makes
-    // many looks and takes none of the marks away: after a minute or two they would fill the queue,
-    // no other event would find room, and each look would go through all of them.
+    // SDL adds an event of its own after each check of the window system. A wait makes many checks
+    // and removes none of these events: after a minute or two they would fill the queue, no other
+    // event would have room, and each check would go through all of them.
     SDL_EventState(SDL_POLLSENTINEL, SDL_IGNORE);
     const char* name = SDL_GetCurrentVideoDriver();
     const std::string driver = name != nullptr ? name : "";
@@ -54,7 +54,7 @@ void EventWait::wait(int64_t ms) {
     }
 }
 
-/// With the other drivers SDL itself only looks again and again, a thousand times a second.
+/// With the other drivers SDL itself only checks again and again, a thousand times a second.
 void EventWait::look(int64_t ms) {
     int64_t leftMs = ms;
     for (;;) {

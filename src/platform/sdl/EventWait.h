@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the event thread sleeps: until SDL has an event, the program is roused, or a time has come.
+// Lets the event thread sleep until SDL has an event, wake() is called, or a time is reached.
 #pragma once
 
 #include <condition_variable>
@@ -11,8 +11,8 @@ class EventWait {
 public:
     static constexpr int64_t kForever = -1;
 
-    // How often a driver that cannot wait is looked at. Longer, and a key is felt late; shorter,
-    // and an idle program wakes up more often.
+    // How often a driver that cannot wait is checked. If it were longer, keys would be noticed
+    // late; if shorter, an idle program would wake up more often.
     static constexpr int64_t kLookMs = 10;
 
     /// Sleeps for at most ms milliseconds. Returns how many passed.

@@ -25,8 +25,8 @@ public:
               int32_t windowWidth,
               int32_t windowHeight);
 
-    /// Draws again what shows one of the changed rows, into a target that has held the whole
-    /// picture since draw() in the same size. Of the program's doubled rows the upper ones count.
+    /// Draws the changed rows again, into a target that has held the whole picture since a draw()
+    /// of the same size. Of the program's doubled rows the upper ones count.
     /// @returns where it has drawn: of the strip from the top down, then of the picture
     std::vector<PicturePlace> drawChanged(const uint16_t* picture,
                                           uint32_t* target,

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr uint32_t kMostPx = 512;
+constexpr uint32_t kMaxPx = 512;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ bool PngIcon::read(const std::string& path) {
         return false;
     }
     image.format = PNG_FORMAT_RGBA;
-    if (image.width > kMostPx || image.height > kMostPx) {
+    if (image.width > kMaxPx || image.height > kMaxPx) {
         png_image_free(&image);
         return false;
     }

@@ -22,8 +22,8 @@ int isCapture(SdlAudio::Kind kind) {
 /// Takes the place of the sound library's own printer of errors.
 void printNothing(const char*, int, const char*, int, const char*, ...) {}
 
-/// Where there is no sound server, the sound library tells ten lines of its troubles to the
-/// terminal. The user hears of them in the window.
+/// Without a sound server the sound library prints ten lines of errors to the terminal. The window
+/// shows the user a message instead.
 void silenceSoundLibrary() {
     using Printer = void (*)(const char*, int, const char*, int, const char*, ...);
     using Setter = int (*)(Printer);
@@ -146,7 +146,7 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
     }
     bool inTime = false;
     uint32_t device = tryToOpen(kind, name, wanted, inTime);
-    // A device that only one program at a time may use can be still on its way out.
+    // A device that only one program at a time may use may still be closing.
     if (device == 0 && inTime && isBusy() && waitForWork(kClosingMs)) {
         device = tryToOpen(kind, name, wanted, inTime);
     }
@@ -177,7 +177,7 @@ void SdlAudio::closeCounted(Work& shared, uint32_t device) {
 
 uint32_t
 SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wanted, bool& inTime) {
-    // Whichever comes second cleans up: the thread that opens, or this one that waits for it.
+    // The later of the two cleans up: the thread that opens, or this one, which waits for it.
     struct Opening {
         std::mutex mutex;
         SDL_AudioDeviceID device = 0;

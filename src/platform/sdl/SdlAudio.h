@@ -17,21 +17,21 @@ class SdlAudio {
 public:
     enum class Kind { kMicrophone, kSpeaker };
 
-    // The longest that the window stands still for a sound server that has stalled.
+    // The longest time that the window waits for a sound server that does not respond.
     static constexpr int32_t kPatienceMs = 3000;
 
     SdlAudio() = default;
     SdlAudio(const SdlAudio&) = delete;
     SdlAudio& operator=(const SdlAudio&) = delete;
 
-    /// Gives devices that are being closed a moment.
+    /// Waits a moment for devices that are being closed.
     ~SdlAudio();
 
-    /// Makes the sound system ready, on first use: a program that makes no sound never asks for
-    /// it. False if the machine has none, or it does not answer within kPatienceMs.
+    /// Starts the sound system at the first use, so that a program that makes no sound never needs
+    /// it. False if the machine has none, or it does not respond within kPatienceMs.
     bool begin();
 
-    /// Whether there is any device of that kind.
+    /// True if there is a device of that kind.
     bool has(Kind kind);
 
     std::vector<std::string> names(Kind kind);
@@ -61,8 +61,8 @@ public:
     /// Name of the system's default device; empty if it is not known, or before begin().
     std::string defaultName(Kind kind);
 
-    /// Whether SDL itself has stopped a device that it opened: it was removed, or its server went
-    /// away. False for a device that runs, whatever an older event says.
+    /// True if SDL itself has stopped a device that it opened: it was removed, or its server ended.
+    /// False for a device that runs, whatever an older event says.
     static bool hasDied(uint32_t device);
 
     /// Opens a device in exactly the format wanted (SDL converts) and lets it run.
@@ -118,8 +118,8 @@ public:
     /// @param callbackState  what the device's callback works on; kept until it is closed
     void closeLater(uint32_t device, std::shared_ptr<void> callbackState);
 
-    /// Something is being opened or closed for so long that it never will be. Then nothing of SDL
-    /// may be shut down any more, for that would wait too.
+    /// True if the opening or closing of a device never ends. Then nothing of SDL may be shut down
+    /// any more, because that would wait too.
     bool isStuck();
 
 private:

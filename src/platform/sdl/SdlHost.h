@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The phone in a window: SDL's events, pictures and sound behind the door.
+// The phone in a window: the back end that uses SDL's events, pictures and sound.
 //
-// The event thread sleeps in SDL until an event, a signal, a sound device or a due time rouses it.
-// A picture is looked at once for each refresh of the display at most.
+// The event thread sleeps in SDL until an event, a signal, a sound device or a due time wakes it.
+// The picture is read at most once for each refresh of the display.
 #pragma once
 
 #include "CopyingMicrophone.h"
@@ -40,7 +40,7 @@ struct SdlOptions {
     HostFolders folders;
     std::string microphone;      // name of a device; empty: the system's default
     std::string speaker;         // name of a device; empty: the system's default
-    bool hearsFile = false;      // a sound file in the place of the microphone:
+    bool hearsFile = false;      // a sound file replaces the microphone:
     std::vector<int16_t> voice;  // 16 kHz
     std::string take;            // a sound file that becomes the take; empty: none
     bool last = false;           // begins with the take of the last time
@@ -58,7 +58,7 @@ public:
     ~SdlHost() override;
 
     /// Opens the window.
-    /// @returns what is wrong
+    /// @returns why it failed
     Problem open();
 
     /// A sound device is stuck, or a file or a dialog is waited for: the program can only end at
@@ -112,7 +112,7 @@ public:
     /// One line on standard error, also before there is a host.
     static void print(const std::string& sentence);
 
-    /// Pictures that came onto the screen.
+    /// The number of pictures that were shown.
     int64_t presented() const { return pictures.presented(); }
 
 private:

@@ -29,7 +29,7 @@ public:
     /// @param places  not owned
     explicit SdlInput(const SdlPlaces& places);
 
-    /// @returns whether a callback was delivered
+    /// @returns true if a callback was delivered
     bool handle(const SDL_Event& event, HostListener& listener);
 
 private:

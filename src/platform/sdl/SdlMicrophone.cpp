@@ -13,7 +13,7 @@ namespace {
 // 32 ms: what may be missing of a word at the stop. Less costs wake-ups.
 constexpr uint16_t kDeviceSamples = 512;
 
-// What a program that takes nothing lets pile up: a minute, then the rest is lost.
+// If the program takes nothing, at most a minute is kept; the rest is lost.
 constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 
 constexpr int64_t kSamplesPerMs = HostMicrophone::kRateHz / 1000;
@@ -25,7 +25,7 @@ struct SdlMicrophone::Heard {
     std::deque<int16_t> samples;
     LevelMeter meter;
     int64_t silence = 0;  // samples of it, in all
-    size_t wanted = 0;    // the event thread is roused when as many wait; 0: let it sleep
+    size_t wanted = 0;    // when this many samples wait, the event thread is woken; 0: never
     bool open = true;
     bool isFromDevice = false;  // something of it
     int64_t lastMs = 0;         // when the device delivered last, or was opened

@@ -33,7 +33,7 @@ public:
     /// @param audio  not owned
     /// @param name   of the device; empty: the system's default
     /// @param nowMs  the host's clock; read on the device's thread too
-    /// @param wake   rouses the event thread; called on the device's thread
+    /// @param wake   wakes the event thread; called on the device's thread
     /// @param tell   gets what the user must know of the device
     SdlMicrophone(SdlAudio& audio, std::string name, Clock nowMs, Wake wake, Tell tell);
     SdlMicrophone(const SdlMicrophone&) = delete;
@@ -49,7 +49,8 @@ public:
     /// When deliver() has something to do without a device; DueTime::kNever if it has not.
     int64_t dueMs() const;
 
-    /// Calls the listener if enough was heard; if not, the device will rouse. True if it called.
+    /// Calls the listener if enough was heard; if not, the device will call wake later. True if it
+    /// called the listener.
     bool deliver();
 
     /// SDL says that this device of its own died. True if it was the one that listens, and had

@@ -11,17 +11,18 @@ namespace {
 
 constexpr int64_t kMsPerSecond = 1000;
 
-// How often the device asks for samples, at least. Less often, and a stop, a volume and the end of
-// a clip come later; sixteen times a second, and a machine that is busy eight times over stutters.
+// How often the device asks for samples, at least. If it asked less often, a stop, a volume and the
+// end of a clip would come later; at sixteen times a second the sound stutters on a machine with
+// eight times more work than it can do.
 constexpr int32_t kChunksPerSecond = 4;
 
 constexpr int32_t kMinChunkSamples = 64;
-constexpr int32_t kMaxChunkSamples = 1 << 15;  // what SDL's 16 bits can say
+constexpr int32_t kMaxChunkSamples = 1 << 15;  // SDL's limit: 16 bits
 
 // From handing over samples to hearing the last of them: one chunk that plays, one that waits.
 constexpr int64_t kChunksUnderWay = 2;
 
-// A device that has asked for nothing for so long, beyond what it still had to play, is dead.
+// A device that has asked for no samples for this long after it played its last ones is lost.
 constexpr int64_t kDeadAfterMs = 1500;
 
 }  // namespace

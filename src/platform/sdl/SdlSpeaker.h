@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The machine's speaker. What its device has taken is heard in any case: a stop is silent after at
-// most a chunk. Without a device a clip takes its time, unheard, and the user is told.
+// The machine's speaker. Samples that the device has already taken are always heard: after a stop
+// it is silent after at most one chunk. Without a device a clip takes its time, unheard, and the
+// user is told.
 #pragma once
 
 #include "DueTime.h"
@@ -22,7 +23,7 @@ public:
     /// @param audio  not owned
     /// @param name   of the device; empty: the system's default
     /// @param nowMs  the host's clock; read on the device's thread too
-    /// @param wake   rouses the event thread; called on the device's thread
+    /// @param wake   wakes the event thread; called on the device's thread
     /// @param tell   gets what the user must know of the device
     SdlSpeaker(SdlAudio& audio, std::string name, Clock nowMs, Wake wake, Tell tell);
     SdlSpeaker(const SdlSpeaker&) = delete;
@@ -32,12 +33,13 @@ public:
     /// When to look next whether the clip has ended; DueTime::kNever if none plays.
     int64_t dueMs();
 
-    /// Ends the clip if its last sample was heard, or if its device takes nothing any more and it
-    /// would have been: then the device is lost. True if it did.
+    /// Ends the clip if its last sample was heard. Also ends it if the device has stopped taking
+    /// samples and the last one should have been heard by now: then the device is lost. True if it
+    /// ended the clip.
     bool deliver();
 
-    /// SDL says that this device of its own died. True if it was the one that plays: then that was
-    /// said on standard error and the listener was called.
+    /// SDL reports the loss of a device, by its number. True if it was the one that plays: then the
+    /// loss was reported on standard error and to the listener.
     bool lose(uint32_t lostDevice);
 
     /// False only if a clip plays already.

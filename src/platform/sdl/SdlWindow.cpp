@@ -14,7 +14,8 @@ namespace {
 constexpr int64_t kUsPerSecond = 1000000;
 constexpr int32_t kUsualRefreshHz = 60;
 
-// From here on a display is taken to be twice as fine as usual, and counts its pixels unscaled.
+// A display of at least this density is taken to have twice the usual resolution, and to report
+// unscaled pixels.
 constexpr float kFineDpi = 180.0F;
 
 /// What the first screen has for windows; none if that is not known.
@@ -140,7 +141,7 @@ void SdlWindow::redraw() {
     }
 }
 
-/// Whether the surface holds the picture before this one, in pixels that can be written directly.
+/// True if the surface still holds the last picture, in pixels that can be written directly.
 bool SdlWindow::isDrawnOn(const SDL_Surface& surface) const {
     return &surface == drawn && surface.w == drawnWidth && surface.h == drawnHeight &&
            surface.format->format == SDL_PIXELFORMAT_RGB888;

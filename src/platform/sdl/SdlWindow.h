@@ -37,7 +37,7 @@ public:
     /// One step. A window that fills the screen stays as it is.
     void changeSize(Change change);
 
-    /// Keeps the size if the user has changed it.
+    /// Stores the size for the next run if the user has changed it.
     void rememberSize() const;
 
     /// Draws the rows that have changed since the last call; the first one gets them all.
@@ -56,7 +56,7 @@ public:
     /// From one refresh of the display to the next.
     int64_t refreshUs() const;
 
-    /// Whether the user has put the window aside as an icon.
+    /// True if the user has minimised the window.
     bool isIcon() const;
 
     /// Puts the window in front of all others, also one that is an icon.

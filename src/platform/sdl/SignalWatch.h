@@ -11,7 +11,7 @@
 
 class SignalWatch {
 public:
-    /// Made before any other thread is: threads inherit that these signals wait.
+    /// Must be made before any other thread: threads inherit that these signals are blocked.
     /// @param onSignal  called on the watching thread
     explicit SignalWatch(std::function<void(int signal)> onSignal);
     SignalWatch(const SignalWatch&) = delete;

@@ -37,7 +37,7 @@ bool isSet(const char* variable) {
     return value != nullptr && *value != 0;
 }
 
-/// Whether the user has named the driver.
+/// True if the user has named the driver.
 bool isChosen() {
     return isSet("SDL_VIDEODRIVER");
 }
@@ -47,8 +47,8 @@ bool comesToX11() {
     return isChosen() ? SDL_strcmp(std::getenv("SDL_VIDEODRIVER"), "x11") == 0 : isSet("DISPLAY");
 }
 
-/// Without a display SDL would take a driver that shows nothing, and the program would run unseen
-/// until somebody ends it.
+/// Without a display SDL would choose a driver that shows nothing, and the program would run
+/// invisibly until the user ends it.
 void chooseWindowSystem() {
     if (!isChosen()) {
         SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "x11,wayland", SDL_HINT_OVERRIDE);
@@ -65,8 +65,8 @@ std::string noWindow() {
                            : "there is no display, neither DISPLAY nor WAYLAND_DISPLAY names one");
 }
 
-/// Keeps SDL from what this program has no use for, and what would take longer than everything else
-/// up to the first picture.
+/// Switches off features of SDL that this program does not use, and that would take longer than
+/// everything else before the first picture.
 void doWithoutDesktopServices() {
     // The user writes no text: the table of accented letters need not be read. Wayland's keyboard
     // takes no empty one.
@@ -93,7 +93,7 @@ Problem VideoDriver::begin() {
     }
     const char* driver = SDL_GetCurrentVideoDriver();
     if (driver != nullptr && SDL_strcmp(driver, "wayland") == 0) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // it has no other way
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // the only way it has
     }
     return Problem::none();
 }

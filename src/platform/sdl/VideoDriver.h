@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which window system SDL uses, and what it does without.
+// Chooses the window system that SDL uses, and switches off what the program does not need.
 #pragma once
 
 #include "Problem.h"

@@ -18,10 +18,11 @@ public:
     /// @param folder  of the settings; empty: nothing is kept
     explicit WindowMemory(const std::string& folder);
 
-    /// What was kept last; none if there is nothing, or nothing sensible.
+    /// The size that was kept last; none if there is no size, or no sensible one.
     Size read() const;
 
-    /// Kept for the next run. Where that is impossible the window begins as large as it did before.
+    /// Keeps the size for the next run. If that is impossible, the next window is as large as this
+    /// one was at its start.
     void write(Size size) const;
 
 private:

@@ -29,8 +29,8 @@ bool X11Window::isIcon(SDL_Window* window) {
                                           stateName, &type, &bits, &count, &left, &words);
     const bool known = answer == Success && bits == 32 && count == 1 && words != nullptr;
     // Properties of 32 bits come as the machine's long words.
-    const bool icon =
-        known && *reinterpret_cast<unsigned long*>(words) == IconicState;  // NOLINT: as above
+    // NOLINTNEXTLINE: as above
+    const bool icon = known && *reinterpret_cast<unsigned long*>(words) == IconicState;
     if (words != nullptr) {
         XFree(words);
     }

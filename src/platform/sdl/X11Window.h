@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the window library does not tell about a window of the X Window System.
+// Facts about a window of the X Window System that the window library does not report.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@ struct SDL_Window;
 
 class X11Window {
 public:
-    /// Whether the window manager keeps the window as an icon. An icon is unmapped just as a window
-    /// is that was taken off the screen; only the manager's own note tells one from the other.
+    /// True if the window manager shows the window as an icon. Both an icon and a hidden window are
+    /// unmapped; only a property that the manager sets tells them apart.
     static bool isIcon(SDL_Window* window);
 
     /// A setting of the X server's for all programs ("Xft.dpi"); empty if there is none.

@@ -6,7 +6,7 @@
 
 class PageCalls : public WebPage {
 public:
-    /// Also mends how the file system in memory renames.
+    /// Also corrects how the file system in memory renames.
     PageCalls();
 
     double nowMs() override;

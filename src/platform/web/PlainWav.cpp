@@ -14,7 +14,7 @@ using Samples = std::vector<int16_t>;
 
 constexpr uint32_t kWholeNumbers = 1;
 constexpr uint32_t kFloats = 3;
-constexpr uint32_t kExtensible = 0xFFFE;  // the real format stands further on
+constexpr uint32_t kExtensible = 0xFFFE;  // the real format comes later in the chunk
 constexpr size_t kRiffBytes = 12;
 constexpr uint32_t kChunkHeadBytes = 8;
 constexpr uint32_t kFormatBytes = 16;

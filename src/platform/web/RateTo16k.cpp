@@ -13,8 +13,8 @@ namespace {
 
 constexpr int32_t kOutHz = 16000;
 constexpr int32_t kUnits = 24;  // half the filter's length; longer: steeper between 7 and 9 kHz
-constexpr int32_t kStepsPerUnit =
-    512;  // between them lies a straight line, wrong by less than -105 dB
+// Values in between are interpolated linearly, with an error below -105 dB.
+constexpr int32_t kStepsPerUnit = 512;
 constexpr double kKaiserBeta = 9.4;  // larger: quieter from 9 kHz on, but less steep before
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kFullScale = 32768.0;
@@ -100,14 +100,14 @@ void RateTo16k::beginSound() {
 void RateTo16k::take(const float* samples, size_t n, std::deque<int16_t>& out) {
     std::transform(samples, samples + n, std::back_inserter(held), &FloatSample::tamed);
     emit(out);
-    // Only what the next sample out reaches to is kept.
+    // Keeps only the input samples that the next output sample needs.
     const size_t done = at - reach;
     assert(done <= held.size());
     held.erase(held.begin(), held.begin() + static_cast<std::ptrdiff_t>(done));
     at -= done;
 }
 
-/// Makes all samples whose time has come in and whose filter has all it reaches to.
+/// Makes all output samples for which every input sample that the filter needs has come in.
 void RateTo16k::emit(std::deque<int16_t>& out) {
     while (owed > 0 && at + reach < held.size()) {
         out.push_back(FloatSample::toInt16(static_cast<float>(filtered() * kFullScale)));

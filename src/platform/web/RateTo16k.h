@@ -7,8 +7,8 @@
 #include <deque>
 #include <vector>
 
-/// A filter of many phases, symmetric and without delay: the first sample out lies at the time of
-/// the first sample in, and each one at n/16000 s. Up to 7/16 of the lower of both rates (7 kHz, if
+/// A polyphase filter, symmetric and without delay: the first output sample lies at the time of the
+/// first input sample, and sample n at n/16000 s. Up to 7/16 of the lower of both rates (7 kHz, if
 /// the input has more than 16 kHz) it changes nothing by more than 0.001 dB, and from 9/16 (9 kHz)
 /// on it lets nothing through above -85 dB. 16 kHz comes out as it went in.
 ///
@@ -30,8 +30,8 @@ public:
     RateTo16k(const RateTo16k&) = delete;
     RateTo16k& operator=(const RateTo16k&) = delete;
 
-    /// Appends what n more samples make certain: everything up to 24 samples (of the lower rate)
-    /// before the last of them. Blocks of any size make the same samples, bit for bit.
+    /// Appends all output samples that n more input samples determine: up to 24 samples (of the
+    /// lower rate) before the last of them. Blocks of any size give the same output, bit for bit.
     /// @param samples  full scale is 1. What is louder is clamped, not a number becomes silence.
     void convert(const float* samples, int32_t n, std::deque<int16_t>& out);
 

@@ -146,7 +146,7 @@ void WebHost::giveRecordingUp(const char* word) {
     if (hasTake) {
         offeredTake = lastTake;
     }
-    refusals++;  // what was pressed meanwhile was meant for a recording
+    refusals++;  // keys pressed meanwhile were meant for a recording
     key(HostKey::kRightSoft);
 }
 

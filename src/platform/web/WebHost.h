@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The phone in a web page. The page owns the time: it calls turn() in each of its events and when
-// the program has asked for it.
+// The phone in a web page. The page decides when the program runs: it calls turn() in each of its
+// events and when the program has asked for it.
 //
-// What the page tells waits in a queue until the next turn. The program stands still, and its clock
+// Events of the page wait in a queue until the next turn. The program stands still, and its clock
 // with it, while the browser asks the user for the microphone.
 #pragma once
 
@@ -39,7 +39,8 @@ public:
     /// Starts the program. False if it cannot be started.
     bool begin(std::unique_ptr<HostProgram> made);
 
-    /// Lets the program work, 8 ms of the real clock at most or one step if that takes longer.
+    /// Lets the program work for at most 8 ms of the real clock, or for one step if that takes
+    /// longer.
     /// @returns after how many milliseconds it wants the next turn (0: as soon as the page has
     /// dealt with its own events), kNever, or kEnded
     double turn();

@@ -7,7 +7,7 @@
 
 namespace {
 
-// What a program that takes nothing lets pile up: a minute, then the rest is lost.
+// If the program takes nothing, at most a minute is kept; the rest is lost.
 constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 
 // Samples come thirty times a second. A page that was busy for long has some that it has not handed

@@ -24,7 +24,7 @@ public:
     /// True while the user is being asked.
     bool isAsked() const { return asked; }
 
-    /// The user's answer. Of an earlier question it is dropped. @returns whether it counted
+    /// The user's answer. An answer to an earlier question is dropped. @returns whether it counted
     bool granted(int32_t answered);
     bool refused(int32_t answered);
 
@@ -54,7 +54,8 @@ public:
     /// Calls the listener if enough was heard. True if it called.
     bool deliver();
 
-    /// What the program took since start(), bit for bit, and forgets it here; empty if nothing.
+    /// Returns the samples that the program took since start(), bit for bit, and drops them here;
+    /// empty if there are none.
     std::vector<int16_t> takeAway() { return std::exchange(taken, {}); }
 
     /// True if it has listened since it was prepared.

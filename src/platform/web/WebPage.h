@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What the program asks of the page around it, one call for each thing that only a page can do.
+// The calls of the program to the page around it, one for each thing that only a page can do.
 //
-// The page calls back through WebHost. Answers that come later carry the ticket of their question:
-// one that is no longer the newest is dropped.
+// The page calls back through WebHost. Late answers carry the ticket of their question; an answer
+// whose ticket is not the newest is dropped.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ public:
     virtual void startMicrophone() = 0;
     virtual void stopMicrophone() = 0;
 
-    /// Gives the microphone back, so that the browser's recording light goes out.
+    /// Releases the microphone, so that the browser's recording light goes out.
     virtual void releaseMicrophone() = 0;
 
     /// Plays a WAV file from its beginning: WebHost::clipEnded() or clipFailed().

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the screen says in words, as JSON for the page.
+// The texts of the screen as JSON for the page.
 #pragma once
 
 #include "ScreenTexts.h"

@@ -39,8 +39,8 @@ constexpr int32_t kTop = 250;
 constexpr int64_t kFirstPictureUs = 1000000;
 constexpr int64_t kMaxRecordingMs = 500;  // of processor time in a second
 #else
-constexpr int64_t kFirstPictureUs =
-    400000;  // about 16000 where nothing else runs, up to 90000 beside builds
+// About 16000 if nothing else runs, up to 90000 beside builds.
+constexpr int64_t kFirstPictureUs = 400000;
 // About 14 where nothing else runs, 32 beside a build; a loop that does not sleep takes 1000.
 constexpr int64_t kMaxRecordingMs = 100;
 #endif
