@@ -3,6 +3,8 @@
 add_test(NAME web/serve-web
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/web/serve_test.py)
 set_tests_properties(web/serve-web PROPERTIES TIMEOUT 930)
+add_test(NAME web/pack-web
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/web/pack_test.py)
 
 if(NOT MURMELO_CHROMIUM OR NOT MURMELO_EMCC)
     set(missing "chromium or emscripten is missing: tools/install-packages web installs them")

@@ -299,6 +299,20 @@ class Update(PageTest):
         page.running().until("Options")
         self.tab.wait_for("caches.keys().then((names) => names.length === 1)")
 
+    def test_an_answer_that_is_never_read_holds_no_new_version_up(self):
+        page = self.page.open().to_menu()
+        self.tab.wait_for(_INSTALLED)
+        page.reload().until("Options")
+        self.tab.wait_for("navigator.serviceWorker.controller")
+        self.publish()
+        self.tab.evaluate("navigator.serviceWorker.getRegistration().then((registration) => registration.update()).then(() => 0)")
+        page.told("newVersion")
+        self.assertTrue(self.tab.evaluate("fetch('murmelo.data').then((answer) => { window.unread = answer; return answer.ok; })"))
+        page.press(page.word("update"))
+        self.tab.wait_for("window.isNewer")
+        page.running().until("Options")
+        self.tab.wait_for("caches.keys().then((names) => names.length === 1)")
+
     def test_no_sound_is_asked_from_the_network(self):
         page = self.page.open().to_menu()  # by a tap, which unlocks the speaker
         self.tab.wait_for("murmelo.voice.audio.src.startsWith('blob:')")
@@ -310,7 +324,7 @@ class Update(PageTest):
         page = self.page.open().to_menu()
         self.tab.wait_for(_INSTALLED)
         self.publish()
-        with open(os.path.join(self.folder, "page/core.js"), "ab") as file:
+        with open(os.path.join(self.folder, "page/dialog.js"), "ab") as file:
             file.write(b"// of yet another version\n")
         self.expected.append("not of this version")
         page.reload().until("Options")

@@ -1,0 +1,65 @@
+# SPDX-License-Identifier: MIT
+"""How pack-web joins the modules that the first picture needs."""
+import importlib.machinery
+import importlib.util
+import os
+import unittest
+
+TOOL = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../tools/pack-web")
+
+
+def packer():
+    loader = importlib.machinery.SourceFileLoader("pack_web", TOOL)
+    module = importlib.util.module_from_spec(importlib.util.spec_from_loader(loader.name, loader))
+    loader.exec_module(module)
+    return module
+
+
+class Join(unittest.TestCase):
+    def setUp(self):
+        self.files = {
+            "index.html": b"<title>",
+            "page/core.js": b"import program from '../program.js';\n\nexport const MENU = 1;\n",
+            "page/main.js": b"import { MENU } from './core.js';\nimport { Sounds } from './sounds.js';\n\n"
+                            b"const page = new Sounds(MENU);\nimport('./voice.js');\n",
+            "page/sounds.js": b"import { MENU } from './core.js';\n\nexport class Sounds {\n    export = MENU;\n}\n",
+            "page/voice.js": b"import { MENU } from './core.js';\nimport { Box } from './box.js';\n",
+            "page/box.js": b"export class Box {}\n",
+        }
+
+    def join(self):
+        packer().join_first_modules(self.files)
+        return self.files["page/main.js"].decode()
+
+    def test_each_module_stands_once_and_after_those_that_it_imports(self):
+        self.assertEqual(
+            "import program from '../program.js';\n\nconst MENU = 1;\n"
+            "\n\nclass Sounds {\n    export = MENU;\n}\n"
+            "\n\nconst page = new Sounds(MENU);\nimport('./voice.js');\n"
+            "\nexport { MENU, Sounds };\n", self.join())
+
+    def test_later_modules_import_from_the_joined_one(self):
+        self.join()
+        self.assertEqual(b"import { MENU } from './main.js';\nimport { Box } from './box.js';\n", self.files["page/voice.js"])
+        self.assertEqual(["index.html", "page/box.js", "page/main.js", "page/voice.js"], sorted(self.files))
+        self.assertEqual((b"<title>", b"export class Box {}\n"), (self.files["index.html"], self.files["page/box.js"]))
+
+    def test_two_modules_may_not_declare_the_same_name(self):
+        for declaration in (b"const page = 1;\n", b"async function Sounds() {}\n", b"export class page {}\n",
+                            b"const [other, page] = [1, 2];\n"):
+            self.setUp()
+            self.files["page/core.js"] += declaration
+            with self.subTest(declaration), self.assertRaisesRegex(SystemExit, "two modules.*: (page|Sounds)$"):
+                self.join()
+
+    def test_an_import_of_another_form_is_refused(self):
+        for line in (b"import * as core from './core.js';\n", b"import core from './core.js';\n",
+                     b"export { MENU } from './core.js';\n", b"import './core.js';\n"):
+            self.setUp()
+            self.files["page/sounds.js"] = line
+            with self.subTest(line), self.assertRaisesRegex(SystemExit, "sounds.js"):
+                self.join()
+
+
+if __name__ == "__main__":
+    unittest.main()
