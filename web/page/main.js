@@ -31,17 +31,14 @@ export class Page {
     async start() {
         this.asked = new URLSearchParams(location.search);
         history.replaceState(null, '', location.pathname);
+        const takesOver = this.asked.has('takeover');
         const measured = this.measure();
         const loaded = this.core.load(this);
-        const early = this.asked.has('takeover') || this.sounds.read(); // else the other tab may still write
-        const isOurs = await holdTab(this.asked.has('takeover'), () => loaded.then(() => this.showOver('otherTab')));
-        await (early === true ? this.sounds.read() : early);
+        const held = holdTab(takesOver, () => loaded.then(() => this.showOver('otherTab')));
+        await (takesOver && held); // until then the other tab may write
+        await this.sounds.read();
         await loaded;
         this.useLanguage(this.earlyText().lang);
-        if (!isOurs) {
-            this.showOver('otherTab');
-            return;
-        }
         this.sounds.unpack();
         await measured;
         if (!this.core.begin()) {
@@ -50,6 +47,11 @@ export class Page {
         }
         this.picture.setSource(this.core.pixels());
         this.core.turn();
+        this.core.paint(); // the browser's next frame has it
+        if (!(await held)) { // nothing can be touched until here, so nothing was stored
+            this.showOver('otherTab');
+            return;
+        }
         const opened = this.store.table('readonly').then(() => true, () => false);
         await this.addLater();
         this.connectVisibility();
