@@ -1,8 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Every screen in every language, pixel for pixel. UPDATE=1 tests/flows/screens.sh ... makes a sheet again.
 if(MURMELO_TOOLS)
-    file(STRINGS ${CMAKE_SOURCE_DIR}/src/platform/host/Languages.h languages REGEX "{\"[a-z]+\", \"")
-    list(TRANSFORM languages REPLACE "^ *{\"([a-z]+)\".*" "\\1")
     set(index 0)
     foreach(language ${languages})
         add_test(NAME screens_${language}
