@@ -139,7 +139,42 @@ _WORKING = """(() => {
 })()"""
 
 
+# Keeps the time of the longest turn of the program on each screen.
+_TIMED_TURNS = """(() => {
+    const { program } = murmelo.core;
+    const turn = program._murmeloTurn;
+    murmelo.longest = {};
+    program._murmeloTurn = () => {
+        const begin = performance.now();
+        const ms = turn();
+        const screen = murmelo.core.texts.screen;
+        murmelo.longest[screen] = Math.max(murmelo.longest[screen] ?? 0, performance.now() - begin);
+        return ms;
+    };
+})()"""
+
+
 class Times(PageTest):
+    OPTIONS = {"microphone": SPEECH}
+
+    def test_turns_of_a_journey(self):
+        page = self.page.open().to_menu()
+        self.tab.evaluate(_TIMED_TURNS)
+        page.record(3000)
+        for _ in EFFECTS:
+            page.soft_key(1)
+            page.until("Playing")
+            page.soft_key(1)
+            page.until("Play")
+            page.rest()
+            page.effect(1)
+        self.tab.press("#save")
+        page.until("Save")
+        longest = self.tab.evaluate("murmelo.longest")
+        for screen, ms in longest.items():
+            print("the longest turn on %s: %.1f ms" % (screen, ms))
+        self.assertLessEqual({"Record", "Recording", "Play", "Playing", "Save"}, set(longest))
+
     def test_effects_on_twenty_seconds(self):
         page = self.page.open().to_menu()
         voice = os.path.join(temporary_folder(self), "voice.wav")
