@@ -35,7 +35,10 @@ public:
 
     int64_t freeCardBytes() override { return cardBytes; }
 
-    void say(const std::string& sentence) override { said.push_back(sentence); }
+    void tell(const HostMessage& message, const std::string& sentence) override {
+        told.push_back(message);
+        said.push_back(sentence);
+    }
 
     void kept(const std::string& path) override { keptPaths.push_back(path); }
 
@@ -56,6 +59,7 @@ public:
 
     int64_t nowMs = 0;
     HostFolders mappedFolders;
+    std::vector<HostMessage> told;
     std::vector<std::string> said;
     std::vector<std::string> keptPaths;
     bool silent = false;

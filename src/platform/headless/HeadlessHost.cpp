@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HeadlessHost.h"
 
-#include "HostWords.h"
-
 #include <algorithm>
 #include <iostream>
 #include <utility>
@@ -14,7 +12,10 @@ HeadlessHost::HeadlessHost(HostFolders folders,
     : mapped(std::move(folders))
     , nowMs(clockStartMs)
     , fileEars([this] { return nowMs; })
-    , keeper(mapped.state, [this](const Problem& problem) { say(problem.sentence()); })
+    , keeper(mapped.state,
+             [this](const Problem& problem) {
+                 tell({"notKept", {problem.sentence()}}, problem.sentence());
+             })
     , copyingEars(
           fileEars,
           [this] { keeper.letGo(); },
@@ -57,12 +58,11 @@ void HeadlessHost::look() {
 void HeadlessHost::bringBack() {
     std::vector<int16_t> samples;
     if (const Problem problem = keeper.bringBack(samples)) {
-        say(problem.sentence());
+        tell({"notBack", {problem.sentence()}}, problem.sentence());
     } else if (doors->useTake(samples.data(), static_cast<int32_t>(samples.size()))) {
         keeper.broughtBack();
     } else {
-        const std::string& language = strip->model().language();
-        strip->model().tell(HostWords::text("notNow", language), {}, "", nowMs);
+        tellOnStrip({"notNow", {}});
     }
 }
 
@@ -136,8 +136,15 @@ std::vector<uint16_t> HeadlessHost::pictureOf(HostFrame& shown) {
     return pixels;
 }
 
-void HeadlessHost::say(const std::string& sentence) {
+void HeadlessHost::tell(const HostMessage& message, const std::string& sentence) {
     std::cerr << "murmelo-headless: " << sentence << "\n";
+    if (strip != nullptr) {
+        tellOnStrip(message);
+    }
+}
+
+void HeadlessHost::tellOnStrip(const HostMessage& message) {
+    strip->model().tell(message.text(strip->model().language()), {}, "", nowMs);
 }
 
 void HeadlessHost::setStorage(int64_t phone, int64_t card) {

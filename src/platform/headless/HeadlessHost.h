@@ -70,8 +70,8 @@ public:
 
     void setDoors(HostDoors* offered) override;
 
-    /// One line on standard error.
-    void say(const std::string& sentence) override;
+    /// On standard error, and on the strip if that is shown.
+    void tell(const HostMessage& message, const std::string& sentence) override;
 
     bool fails(const char* operation) override { return failures.fails(operation); }
 
@@ -114,6 +114,7 @@ public:
 private:
     bool pumpProgram(HostListener& listener, int64_t timeoutMs);
     void look();
+    void tellOnStrip(const HostMessage& message);
     void bringBack();
     static std::vector<uint16_t> pictureOf(HostFrame& shown);
 

@@ -153,7 +153,7 @@ int main(int argc, char** argv) {
         host.checkFrames();
     }
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(folders)) {
-        host.say(problem.sentence());
+        host.tell({"soundsNotKept", {folders.sounds()}}, problem.sentence());
     }
     const EndSignal endSignal;
     const int result = OspMain(argc, argv);

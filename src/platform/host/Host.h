@@ -8,6 +8,7 @@
 // wait for pump().
 #pragma once
 
+#include "HostMessage.h"
 #include "HostOperation.h"
 #include "HostSound.h"
 #include "ScreenTexts.h"
@@ -217,14 +218,10 @@ public:
     /// @param path  the real one
     virtual void kept(const std::string& /*path*/) {}
 
-    /// Tells the user something that no screen shows.
+    /// Tells the user something that no screen shows: the sentence where there is a terminal, the
+    /// message in the program's language where there is a strip.
     /// @param sentence  without a full stop, and without the program's name in front
-    virtual void say(const std::string& /*sentence*/) {}
-
-    /// The same for what HostWords has in each language. A host with a console says the sentence;
-    /// one that speaks the program's language tells the words.
-    /// @param name  of a row of HostWords
-    virtual void tell(const char* /*name*/, const std::string& sentence) { say(sentence); }
+    virtual void tell(const HostMessage& /*message*/, const std::string& /*sentence*/) {}
 
     /// True if this call of the named platform operation (HostOperation) is to fail. Tests ask for
     /// it; a phone never does.

@@ -127,7 +127,7 @@ void AppRegistry::Open(const std::string& configFolder) {
     if (problem) {
         // Not damaged, only out of reach: the next run may find them again.
         keeps = false;
-        Host::current().tell("settingsUnreadable",
+        Host::current().tell({"settingsUnreadable", {}},
                              "the settings \"" + path +
                                  "\" cannot be read and stay as they are: " + problem.sentence());
     }

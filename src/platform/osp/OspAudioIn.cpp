@@ -30,9 +30,9 @@ void sayIfRoomIsShort() {
     if (freeBytes >= 0 && freeBytes < kLongestTakeBytes) {
         // Rounded apart: too little never reads as enough.
         const int64_t neededKb = (kLongestTakeBytes + kKilobyte - 1) / kKilobyte;
-        Host::current().tell("littleRoom", "only " + std::to_string(freeBytes / kKilobyte) +
-                                               " KB are free; a take of 20 seconds needs " +
-                                               std::to_string(neededKb) + " KB");
+        Host::current().tell({"littleRoom", {}}, "only " + std::to_string(freeBytes / kKilobyte) +
+                                                     " KB are free; a take of 20 seconds needs " +
+                                                     std::to_string(neededKb) + " KB");
     }
 }
 
@@ -179,7 +179,7 @@ void AudioIn::handOver(ByteBuffer* filled) {
     const int32_t error = Osp::Io::File::takeWriteError();
     if (error != 0 && !saidCutShort) {
         saidCutShort = true;
-        Host::current().tell("cutShort",
+        Host::current().tell({"cutShort", {}},
                              "the take is cut short: " +
                                  std::error_code(error, std::generic_category()).message());
     }
@@ -210,10 +210,10 @@ void AudioIn::sayLoss(bool isTakeKept) {
     if (isLossUnsaid) {
         isLossUnsaid = false;
         if (isTakeKept) {
-            Host::current().tell("microphoneGone",
+            Host::current().tell({"microphoneGone", {}},
                                  "the microphone is gone; what it heard until now is kept");
         } else {
-            Host::current().tell("microphoneGoneEmpty", "the microphone is gone");
+            Host::current().tell({"microphoneGoneEmpty", {}}, "the microphone is gone");
         }
     }
 }

@@ -91,8 +91,9 @@ result Directory::Create(const String& path, bool createParentFolders) {
         mkdir(folder.substr(0, slash).c_str(), kNewFolderMode);
     }
     if (mkdir(folder.c_str(), kNewFolderMode) != 0) {
-        Host::current().tell("noSoundFolder", "the folder \"" + folder +
-                                                  "\" cannot be made: " + SafeFile::lastError());
+        Host::current().tell({"noSoundFolder", {}},
+                             "the folder \"" + folder +
+                                 "\" cannot be made: " + SafeFile::lastError());
         return E_FAILURE;
     }
     return E_SUCCESS;

@@ -177,7 +177,7 @@ void Player::onClipEnd() {
 
 void Player::onDeviceLost() {
     state = PLAYER_STATE_ENDOFCLIP;
-    Host::current().tell("cannotPlay", "the speaker is gone");
+    Host::current().tell({"cannotPlay", {}}, "the speaker is gone");
     bool deleted = false;
     bool* const outerMark = std::exchange(deletedMark, &deleted);
     listener->OnPlayerErrorOccurred(PLAYER_ERROR_DEVICE_FAILED);

@@ -84,10 +84,6 @@ void SdlHost::tell(const HostMessage& message, const std::string& sentence) {
     strip.tell(message);
 }
 
-void SdlHost::tell(const char* name, const std::string& sentence) {
-    tell(HostMessage{name, {}}, sentence);
-}
-
 Problem SdlHost::open() {
     otherStarts.open(options.folders.home);  // first: a second start may come at any moment
     if (Problem problem = VideoDriver::begin()) {

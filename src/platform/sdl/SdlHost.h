@@ -83,18 +83,11 @@ public:
 
     void setDoors(HostDoors* offered) override;
 
-    /// One line on standard error.
-    void say(const std::string& sentence) override { print(sentence); }
-
-    /// The sentence on standard error, the words in the strip.
-    void tell(const char* name, const std::string& sentence) override;
-
-    /// Tells what HostWords has in each language: in English on standard error, in the program's
-    /// language in the strip.
-    void tell(const HostMessage& message);
-
     /// The sentence on standard error, the message in the strip.
-    void tell(const HostMessage& message, const std::string& sentence);
+    void tell(const HostMessage& message, const std::string& sentence) override;
+
+    /// The same with the message in English as the sentence.
+    void tell(const HostMessage& message);
 
     /// What the keys for files do, for whatever else wants it.
     SdlDoors& files() { return extraDoors; }

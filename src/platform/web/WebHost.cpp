@@ -118,7 +118,7 @@ bool WebHost::deliver(HostListener& listener) {
 
 void WebHost::remindToAllow() {
     isReminded = true;
-    row.tell("allowMicrophone");
+    row.tell({"allowMicrophone", {}});
 }
 
 void WebHost::microphoneAnswered(int32_t ticket,
@@ -141,7 +141,7 @@ void WebHost::microphoneAnswered(int32_t ticket,
 
 /// From the screen that offers a recording.
 void WebHost::giveRecordingUp(const char* word) {
-    row.tell(word);
+    row.tell({word, {}});
     walk.giveUp();
     if (hasTake) {
         offeredTake = lastTake;
@@ -187,7 +187,7 @@ void WebHost::use(std::vector<int16_t> samples) {
         const bool isUsed = bringTakeBack();
         if (!isUsed && !offeredTake.empty()) {
             offeredTake.clear();
-            row.tell("notNow");
+            row.tell({"notNow", {}});
         }
         return isUsed;
     });
@@ -195,7 +195,7 @@ void WebHost::use(std::vector<int16_t> samples) {
 
 void WebHost::bringLastTakeBack() {
     if (lastTake.empty()) {
-        row.tell("noLastTake");
+        row.tell({"noLastTake", {}});
     } else {
         use(lastTake);
     }
@@ -251,7 +251,7 @@ void WebHost::leave() {
         goesOn = step();
     }
     if (goesOn && wasRecording && isOn(ScreenNames::kRecording)) {
-        row.tell("tooShort");
+        row.tell({"tooShort", {}});
     }
     look();
     leftMs = uptimeMs();

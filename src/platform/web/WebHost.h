@@ -138,7 +138,9 @@ public:
     void kept(const std::string& path) override;
 
     /// Only words in the program's language are shown.
-    void tell(const char* name, const std::string& /*sentence*/) override { row.tell(name); }
+    void tell(const HostMessage& message, const std::string& /*sentence*/) override {
+        row.tell(message);
+    }
 
 private:
     /// Returns whether it delivered a callback.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "WebStrip.h"
 
-#include "HostMessage.h"
 #include "HostWords.h"
 #include "SafeFile.h"
 #include "ScreenNames.h"
@@ -52,8 +51,8 @@ std::string WebStrip::word(const char* name) {
     return HostWords::text(name, language());
 }
 
-void WebStrip::tell(const std::string& name) {
-    tell(word(name.c_str()), "", 0);
+void WebStrip::tell(const HostMessage& message) {
+    tell(message.text(language()), "", 0);
 }
 
 void WebStrip::tell(const std::string& text, const std::string& actionWord, int32_t act) {
@@ -74,7 +73,7 @@ void WebStrip::open() {
     if (ScreenNames::isBeforeMenu(screen) || (doors != nullptr && doors->canUseSound())) {
         page.pickFile();
     } else {
-        tell("notNow");
+        tell({"notNow", {}});
     }
 }
 
@@ -102,7 +101,7 @@ void WebStrip::listMicrophones(std::vector<std::string> names) {
                                                 : StripWish::kSystemsChoice);
     row.model().showMicrophones();
     if (microphones.empty()) {
-        tell("microphonesUnnamed");
+        tell({"microphonesUnnamed", {}});
     }
     showIfNew();
 }
@@ -118,18 +117,14 @@ void WebStrip::useMicrophone(int32_t index) {
         static_cast<void>(SafeFile::finish(fd));
         page.keepFile(choicePath, 0);
     }
-    if (isNamed) {
-        tell(HostMessage{"microphoneUsed", {name}}.text(language()), "", 0);
-    } else {
-        tell("systemsMicrophone");
-    }
+    tell(isNamed ? HostMessage{"microphoneUsed", {name}} : HostMessage{"systemsMicrophone", {}});
 }
 
 void WebStrip::microphoneGiven(const std::string& name) {
     row.model().setMicrophoneName(name);
     const std::string chosen = chosenMicrophone();
     if (!chosen.empty() && !name.empty() && name != chosen) {
-        tell(HostMessage{"microphoneAway", {chosen}}.text(language()), "", 0);
+        tell({"microphoneAway", {chosen}});
     }
 }
 

@@ -37,8 +37,8 @@ public:
     /// program does something.
     int64_t dueMs() const { return row.dueMs(); }
 
-    /// Tells what HostWords has under that name, in the program's language.
-    void tell(const std::string& name);
+    /// Tells it in the program's language.
+    void tell(const HostMessage& message);
 
     /// Tells a text in the program's language.
     /// @param actionWord  empty: there is no action

@@ -114,7 +114,7 @@ protected:
     MenuDoors program;
     TakeKeeper takes{"", [](const Problem&) {}};
     SdlDoors doors{mapped, takes,
-                   [this](const HostMessage& message) { host.say(message.text("en")); },
+                   [this](const HostMessage& message) { host.tell(message, message.text("en")); },
                    [](int32_t effect) { return effect == 1 ? "robot" : "another"; }, [] {}};
     std::unique_ptr<Program> bus;
     std::unique_ptr<Program> portal;

@@ -146,7 +146,7 @@ protected:
     std::condition_variable roused;
     TakeKeeper takes{folders.path("state"), [](const Problem&) {}};
     SdlDoors doors{mapped, takes,
-                   [this](const HostMessage& message) { host.say(message.text("en")); },
+                   [this](const HostMessage& message) { host.tell(message, message.text("en")); },
                    [](int32_t effect) { return effect == 0 ? "none" : "another"; },
                    [this] { roused.notify_all(); }};
 };
