@@ -27,6 +27,7 @@ constexpr HostWords::Row kRows[] = {
      "Aucun son sauvegardé pour l’instant.",
      "Ancora nessun audio salvato."},
     {"seconds", "s", "s", "s", "s", "s"},
+    {"decimalPoint", ".", ",", ",", ",", ","},
     {"deleted", "Deleted", "Gelöscht", "Eliminado", "Supprimé", "Eliminato"},
     {"cannotPlay",
      "The sound cannot be played.",
