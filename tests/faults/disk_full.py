@@ -63,6 +63,8 @@ class ByLimit:
                 saved = place.sounds().get("rec_00008.wav", b"")
                 self.verdict.outcome(case, outcome, ["done"])
                 self.verdict.check(is_whole(saved) and len(saved) < CLEAN_BYTES, case + ": what was saved is not whole")
+                told = "%g of %g" % ((len(saved) - 44) // 1600 / 10, TAKE_MS / 1000)
+                self.verdict.check(outcome.kept == [told], case + ": kept %s, not %s" % (outcome.kept, told))
                 os.unlink(place.path("home/Murmelo/rec_00008.wav"))
             elif self.verdict.outcome(case, outcome, ["message"]):
                 self.verdict.check(take or not outcome.cut_short, case + ": what is no take was called one")

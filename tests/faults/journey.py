@@ -19,8 +19,9 @@ import time
 
 SKIPPED = 77
 CUT_SHORT = "murmelo-headless: the take is cut short: "
+KEPT = re.compile(r"murmelo-headless: ([\d.]+ of [\d.]+) seconds of the take are kept\n")
 # What the host says besides, while the program goes on.
-SAID = re.compile(r'murmelo-headless: (the take is cut short: |only \d+ KB are free; |the microphone |the speaker |'
+SAID = re.compile(r'murmelo-headless: (the take is cut short: |[\d.]+ of [\d.]+ seconds of the take are kept|only \d+ KB are free; |the microphone |the speaker |'
                   r'the folder ".*" cannot be made: |the settings ".*" cannot be read and stay as they are: )')
 CRASH_STATUS = 97  # of a program that a sanitizer ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
@@ -74,6 +75,7 @@ class Outcome:
     def __init__(self, status, complaint, seconds_out=False):
         lines = complaint.splitlines(True)
         self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]
+        self.kept = KEPT.findall(complaint)
         self.status = status
         self.everything = complaint
         self.complaint = "".join(line for line in lines if not SAID.match(line))

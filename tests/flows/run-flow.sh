@@ -24,7 +24,7 @@
 #   #! heard FILE EFFECT VOICE TAKE_MS VOLUME [heard=MS] [clock=MS]
 #                           what the speaker has played into FILE (see heard.cpp)
 #   #! status N             exit status, 0 if left out
-#   #! error TEXT           the one line on standard error contains this; nothing there if left out
+#   #! error TEXT           the next line on standard error contains this; no other lines are there
 #   #! again                what follows is another run with the same home and settings
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
@@ -70,15 +70,15 @@ prepare() {
 }
 
 judge() {
-    local part=$1 status=$2 wanted error line first second
+    local part=$1 status=$2 wanted error lines line first second
     wanted=$(said status "$part")
     [ "$status" = "${wanted:-0}" ] || complain "status $status instead of ${wanted:-0}"
-    error=$(said error "$part")
-    if [ -z "$error" ]; then
-        [ ! -s stderr ] || complain "standard error: $(cat stderr)"
-    elif [ "$(wc -l <stderr)" != 1 ] || ! grep -qF -- "$error" stderr; then
-        complain "standard error is \"$(cat stderr)\", wanted one line with \"$error\""
-    fi
+    lines=0
+    while read -r error; do
+        lines=$((lines + 1))
+        sed -n "${lines}p" stderr | grep -qF -- "$error" || complain "line $lines of standard error lacks \"$error\""
+    done < <(said error "$part")
+    [ "$(wc -l <stderr)" = $lines ] || complain "standard error is \"$(cat stderr)\", wanted $lines lines"
     wanted=$(said left "$part" | tr ' ' '\n' | sed '/^$/d' | sort)
     line=$(find home/Murmelo/ -mindepth 1 -maxdepth 1 -printf '%f\n' 2>/dev/null | sort)
     [ "$line" = "$wanted" ] || complain "left \"${line//$'\n'/ }\" instead of \"${wanted//$'\n'/ }\""

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The copy of the take recorded last: whole, for its user only, and there until it is forgotten.
+#include "FullDisk.h"
 #include "LastTake.h"
 #include "TakeKeeper.h"
 #include "TestFolders.h"
@@ -7,9 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -108,17 +107,10 @@ TEST_F(LastTakeTest, aFolderThatCannotBeMadeIsToldByName) {
 
 TEST_F(LastTakeTest, aDiskThatIsFullKeepsTheEarlierTake) {
     EXPECT_EQ("", last.keep(voice));
-    // In a process of its own: no file may grow beyond 100 bytes there.
-    const pid_t child = fork();
-    if (child == 0) {
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{100, 100};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        _exit(last.keep(TestSounds::noise(5000, 3)) ? 0 : 1);
+    {
+        const FullDisk disk(100);
+        EXPECT_TRUE(last.keep(TestSounds::noise(5000, 3)));
     }
-    int status = -1;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(0, status);  // the child was told
     EXPECT_EQ(voice, broughtBack());
     std::filesystem::directory_iterator files(stateFolder());
     EXPECT_EQ("last-take.wav", files->path().filename());

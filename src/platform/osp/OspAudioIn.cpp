@@ -4,6 +4,7 @@
 #include "OspMedia.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -19,6 +20,17 @@ constexpr int64_t kHeaderBytes = 44;
 constexpr int64_t kLongestTakeBytes =
     kHeaderBytes + int64_t{kSampleBytes} * HostMicrophone::kLongestTakeSamples;
 constexpr int64_t kKilobyte = 1000;
+
+constexpr int64_t kTenthSamples = HostMicrophone::kRateHz / 10;
+
+/// EFBIG: a limit that somebody has set is met in the same way.
+bool isDiskFull(int32_t error) {
+    return error == ENOSPC || error == EDQUOT || error == EFBIG;
+}
+
+std::string reasonOf(int32_t error) {
+    return std::error_code(error, std::generic_category()).message();
+}
 
 HostMicrophone* microphone() {
     return Host::current().microphone();
@@ -38,7 +50,8 @@ void sayIfRoomIsShort() {
 
 }  // namespace
 
-bool AudioIn::saidCutShort = false;
+int32_t AudioIn::cutBy = 0;
+int64_t AudioIn::keptBytes = 0;
 
 AudioIn::~AudioIn() {
     sayLoss(false);
@@ -94,9 +107,9 @@ result AudioIn::Start() {
         return E_FAILURE;
     }
     state = AUDIOIN_STATE_RECORDING;
-    saidCutShort = false;
+    cutBy = 0;
     isLossUnsaid = false;
-    hasHeard = false;
+    heardSamples = 0;
     return E_SUCCESS;
 }
 
@@ -107,7 +120,8 @@ result AudioIn::Stop() {
     silence();
     if (deliverRest()) {
         state = AUDIOIN_STATE_STOPPED;
-        sayLoss(hasHeard && !saidCutShort);
+        sayLoss(heardSamples > 0 && cutBy == 0);
+        sayHowMuchIsKept();
     }
     return E_SUCCESS;
 }
@@ -150,7 +164,7 @@ void AudioIn::onSamples() {
 void AudioIn::onDeviceLost() {
     isLossUnsaid = true;
     if (deliverRest()) {
-        if (!hasHeard) {
+        if (heardSamples == 0) {
             sayLoss(false);  // no "Stop" follows soon
         }
         listener->OnAudioInErrorOccurred(AUDIOIN_ERROR_DEVICE_FAILED);  // may delete this object
@@ -168,7 +182,7 @@ ByteBuffer* AudioIn::fillNext() {
     }
     queue.pop_front();
     buffer->SetLimit(count * kSampleBytes);
-    hasHeard = true;
+    heardSamples += count;
     return buffer;
 }
 
@@ -176,13 +190,32 @@ ByteBuffer* AudioIn::fillNext() {
 void AudioIn::handOver(ByteBuffer* filled) {
     Osp::Io::File::takeWriteError();
     listener->OnAudioInBufferIsFilled(filled);  // may delete this object
-    const int32_t error = Osp::Io::File::takeWriteError();
-    if (error != 0 && !saidCutShort) {
-        saidCutShort = true;
-        Host::current().tell({"cutShort", {}},
-                             "the take is cut short: " +
-                                 std::error_code(error, std::generic_category()).message());
+    const Osp::Io::File::WriteError error = Osp::Io::File::takeWriteError();
+    if (error.number != 0 && cutBy == 0) {
+        cutBy = error.number;
+        keptBytes = error.fileBytes;
+        sayCutShort();
     }
+}
+
+void AudioIn::sayCutShort() {
+    const std::string reason = reasonOf(cutBy);
+    Host::current().tell(isDiskFull(cutBy) ? HostMessage{"cutShort", {}}
+                                           : HostMessage{"cutFor", {reason}},
+                         "the take is cut short: " + reason);
+}
+
+void AudioIn::sayHowMuchIsKept() const {
+    if (cutBy == 0) {
+        return;
+    }
+    const int64_t keptSamples = (keptBytes - kHeaderBytes) / kSampleBytes;
+    HostMessage message{isDiskFull(cutBy) ? "diskFull" : "secondsKept", {reasonOf(cutBy)}};
+    message.tenths = {std::max<int64_t>(keptSamples, 0) / kTenthSamples,
+                      (heardSamples + kTenthSamples / 2) / kTenthSamples};
+    Host::current().tell(message, HostMessage::number(message.tenths[0], "en") + " of " +
+                                      HostMessage::number(message.tenths[1], "en") +
+                                      " seconds of the take are kept");
 }
 
 /// False if a listener deleted this object meanwhile, or stopped it itself.

@@ -71,7 +71,7 @@ int openOrdinary(const RealPath& path, int flags) {
     return fd.release();
 }
 
-int32_t File::writeError = 0;
+File::WriteError File::writeError;
 
 File::~File() {
     if (file != nullptr) {
@@ -126,27 +126,30 @@ int32_t File::Read(void* buffer, int32_t lengthBytes) {
 
 result File::Write(const void* buffer, int32_t lengthBytes) {
     if (hostFails("File.Write")) {
-        writeError = ENOSPC;
-        return E_FAILURE;
+        return failWrite(ENOSPC);
     }
     if (lengthBytes < 0) {
-        writeError = EINVAL;
-        return E_FAILURE;
+        return failWrite(EINVAL);
     }
     if (!turnTo(Direction::kWriting)) {
-        writeError = errno;
-        return E_FAILURE;
+        return failWrite(errno);
     }
     const auto count = static_cast<size_t>(lengthBytes);
     if (std::fwrite(buffer, 1, count, file) != count || (count > 1 && std::fflush(file) != 0)) {
-        writeError = errno;
-        return E_FAILURE;
+        return failWrite(errno);
     }
     return E_SUCCESS;
 }
 
-int32_t File::takeWriteError() {
-    return std::exchange(writeError, 0);
+result File::failWrite(int32_t number) {
+    struct stat status = {};
+    const bool isKnown = file != nullptr && fstat(fileno(file), &status) == 0;
+    writeError = {number, isKnown ? static_cast<int64_t>(status.st_size) : 0};
+    return E_FAILURE;
+}
+
+File::WriteError File::takeWriteError() {
+    return std::exchange(writeError, {});
 }
 
 result File::Write(const Osp::Base::ByteBuffer& buffer) {

@@ -49,9 +49,14 @@ public:
     /// Writes what lies between the buffer's position and its limit; neither moves.
     result Write(const Osp::Base::ByteBuffer& buffer);
 
-    /// The system's number for why the last failed Write() of any file failed; 0 if none failed
-    /// since the last call of this.
-    static int32_t takeWriteError();
+    /// What a Write() could not write.
+    struct WriteError {
+        int32_t number = 0;     // the system's; 0: nothing failed
+        int64_t fileBytes = 0;  // what the file holds all the same
+    };
+
+    /// Of the last failed Write() of any file since the last call of this.
+    static WriteError takeWriteError();
 
     result Seek(FileSeekPosition position, int32_t offsetBytes);
 
@@ -85,8 +90,9 @@ private:
     enum class Direction { kNone, kReading, kWriting };
 
     bool turnTo(Direction wanted);
+    result failWrite(int32_t number);
 
-    static int32_t writeError;
+    static WriteError writeError;
 
     std::FILE* file = nullptr;
     Direction direction = Direction::kNone;

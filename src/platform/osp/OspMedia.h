@@ -92,20 +92,27 @@ private:
     void handOver(Osp::Base::ByteBuffer* filled);
     bool deliverRest();
 
+    static void sayCutShort();
+
+    /// Reports how much of a take is kept that was cut short, if it was.
+    void sayHowMuchIsKept() const;
+
     /// Reports the loss of the microphone, if it was lost. Called only when it is known what
     /// happens to the take, because a pause still deletes it.
     void sayLoss(bool isTakeKept);
     void silence();
     void release();
 
-    static bool saidCutShort;  // of the current recording
+    // Of the current recording.
+    static int32_t cutBy;      // the system's number of the error that cut it short; 0: none
+    static int64_t keptBytes;  // of its file, if it was cut short
 
     IAudioInEventListener* listener = nullptr;
     std::deque<Osp::Base::ByteBuffer*> queue;
     AudioInState state = AUDIOIN_STATE_INITIALIZED;
     bool isMicrophoneHeld = false;  // prepared, and not released yet
     bool isLossUnsaid = false;      // the microphone died in the current recording
-    bool hasHeard = false;          // a buffer was filled in the current recording
+    int64_t heardSamples = 0;       // in the buffers that were filled in the current recording
     bool* deletedMark = nullptr;    // of the current delivery: a listener may delete this object
 };
 

@@ -33,7 +33,7 @@ std::string WebSounds::line(const std::string& path,
     const bool isTake = path == kTakePath;
     const int32_t perSecond = isTake ? kTakeBytesPerSecond : kSoundBytesPerSecond;
     const int32_t tenths = ((fileBytes - kHeaderBytes) * 10 + perSecond / 2) / perSecond;
-    const std::string point = language == "en" ? "." : ",";
+    const std::string point = HostWords::text("decimalPoint", language);
     const std::string title = isTake ? HostWords::text("lastTake", language) : name;
     const std::string effect = isTake || effectName.empty() ? "" : effectName + ", ";
     return title + " (" + effect + std::to_string(tenths / 10) + point +

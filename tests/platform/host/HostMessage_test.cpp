@@ -30,6 +30,19 @@ TEST(HostMessage, aPartIsNotLookedIntoForParts) {
     EXPECT_EQ("{2}.wav is no sound file: {1}", message.text("en"));
 }
 
+TEST(HostMessage, numbersAreWrittenAsTheLanguageWritesThem) {
+    HostMessage message{"diskFull", {}};
+    message.tenths = {64, 90};
+    EXPECT_EQ("Disk full: 6.4 of 9 seconds kept.", message.text("en"));
+    EXPECT_EQ("Speicher voll: 6,4 von 9 Sekunden bleiben erhalten.", message.text("de"));
+    EXPECT_EQ("Disco lleno: se conservan 6,4 de 9 segundos.", message.text("es"));
+    EXPECT_EQ("Disque plein\u00A0: 6,4 secondes conservées sur 9.", message.text("fr"));
+    EXPECT_EQ("Disco pieno: conservati 6,4 secondi su 9.", message.text("it"));
+    EXPECT_EQ("0.1", HostMessage::number(1, "en"));
+    EXPECT_EQ("0", HostMessage::number(0, "de"));
+    EXPECT_EQ("21,3", HostMessage::number(213, "de"));
+}
+
 TEST(HostMessage, withoutPartsTheWordsStayAsTheyAre) {
     EXPECT_EQ("Deleted", (HostMessage{"deleted", {}}.text("en")));
     EXPECT_EQ("{1} holds no sound.", (HostMessage{"emptySound", {}}.text("en")));
@@ -38,7 +51,7 @@ TEST(HostMessage, withoutPartsTheWordsStayAsTheyAre) {
 
 TEST(HostMessage, everyLanguageNamesTheSameParts) {
     for (const HostWords::Row& row : HostWords::rows()) {
-        for (const char* part : {"{1}", "{2}", "{3}"}) {
+        for (const char* part : {"{1}", "{2}", "{3}", "{a}", "{b}", "{c}"}) {
             const size_t first = count(row.texts[0], part);
             EXPECT_GE(1U, first) << row.name;
             EXPECT_TRUE(std::all_of(row.texts.begin(), row.texts.end(), [&](const char* text) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "FullDisk.h"
 #include "OspIo.h"
 #include "OspMedia.h"
 #include "SoundHost.h"
@@ -503,7 +504,7 @@ TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
         host.failNth("File.Write", 1);
         EXPECT_NE(E_SUCCESS, file.Write("sound", 5));
     };
-    const std::vector<std::string> once = {"the take is cut short: No space left on device"};
+    std::vector<std::string> once = {"the take is cut short: No space left on device"};
     host.pass(100);
     EXPECT_EQ(once, host.said);
     host.pass(100);
@@ -511,12 +512,38 @@ TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
     ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
     host.pass(50);
     EXPECT_EQ(E_SUCCESS, in.Stop());
+    once.emplace_back("0 of 0.3 seconds of the take are kept");  // 250 ms were heard
     EXPECT_EQ(once, host.said);
     ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
     ASSERT_EQ(E_SUCCESS, in.Start());
     host.pass(50);
     EXPECT_EQ(E_SUCCESS, in.Stop());  // the last buffer counts as well
-    EXPECT_EQ(2U, host.said.size());
+    EXPECT_EQ(4U, host.said.size());
+}
+
+TEST_F(AudioInTest, aTakeThatIsCutShortTellsAtItsEndHowMuchIsKept) {
+    TestFolders folders;
+    host.mapHome(folders);
+    Osp::Io::File file;
+    ASSERT_EQ(E_SUCCESS, file.Construct("/Home/take.wav", "wb+"));
+    ASSERT_EQ(E_SUCCESS, file.Write(std::string(44, '\0').data(), 44));
+    AudioIn in;
+    start(in);
+    int32_t buffers = 0;
+    ear.onFilled = [&] {
+        buffers++;
+        const FullDisk disk(44 + 2 * 3300);  // 206 ms: in the middle of the third buffer
+        const std::string sound(3200, 's');
+        EXPECT_EQ(buffers < 3, file.Write(sound.data(), 3200) == E_SUCCESS);
+        in.AddBuffer(ear.buffers.back());
+    };
+    host.pass(400);
+    EXPECT_EQ((std::vector<std::string>{"the take is cut short: File too large"}), host.said);
+    EXPECT_EQ(E_SUCCESS, in.Stop());
+    ASSERT_EQ(2U, host.told.size());
+    EXPECT_EQ("0.2 of 0.4 seconds of the take are kept", host.said[1]);
+    EXPECT_EQ("Disk full: 0.2 of 0.4 seconds kept.", host.told[1].text("en"));
+    EXPECT_EQ("Speicher voll: 0,2 von 0,4 Sekunden bleiben erhalten.", host.told[1].text("de"));
 }
 
 TEST_F(AudioInTest, aFailedWriteOutsideARecordingIsNoMatterOfTheTake) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a computer offers beyond the phone, with doors that only take notes.
+#include "FullDisk.h"
 #include "SdlDoors.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -10,11 +11,9 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <mutex>
-#include <sys/resource.h>
 #include <utility>
 
 using Samples = TestSounds::Samples;
@@ -459,16 +458,11 @@ TEST_F(SdlDoorsTest, aPictureIsTheCanvasUnderTheNextFreeName) {
 }
 
 TEST_F(SdlDoorsTest, aPictureThatTheDiskHasNoRoomForLeavesNothing) {
-    struct rlimit before = {};
-    ASSERT_EQ(0, getrlimit(RLIMIT_FSIZE, &before));
-    struct rlimit small = before;
-    small.rlim_cur = 2;  // bytes: the picture is larger
-    signal(SIGXFSZ, SIG_IGN);
     folders.makeFolder("home/Murmelo");
-    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &small));
-    doors.takePicture();
-    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &before));
-    signal(SIGXFSZ, SIG_DFL);
+    {
+        const FullDisk disk(2);  // bytes: the picture is larger
+        doors.takePicture();
+    }
     EXPECT_TRUE(std::filesystem::is_empty(folders.path("home/Murmelo")));
     EXPECT_NE(std::string::npos, error().find("cannot be written"));
     EXPECT_EQ("", output());
