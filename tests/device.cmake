@@ -49,6 +49,7 @@ murmelo_tests(sdl_tests
         platform/sdl/EventWait_test.cpp
         platform/sdl/FileDialog_test.cpp
         platform/sdl/FileManager_test.cpp
+        platform/sdl/MicrophoneWatch_test.cpp
         platform/sdl/PictureScaler_test.cpp
         platform/sdl/PngIcon_test.cpp
         platform/sdl/Program.cpp

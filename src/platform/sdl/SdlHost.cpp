@@ -59,6 +59,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           options.effectWord,
           [this] { rouse(); })
     , wishes(strip, extraDoors, listOfMicrophones())
+    , microphones(audio, [this] { rouse(); })
     , pictures(window, strip, speech, takes, [this] { return nowUs(); })
     , otherStarts([this] { rouse(); }) {
     strip.strip().feed().setMicrophone(&realMicrophone());
@@ -149,17 +150,16 @@ void SdlHost::useMicrophone(const std::string& name) {
 }
 
 void SdlHost::deliverListing() {
-    if (listing != nullptr && listing->isDone()) {
-        wishes.show(listing->names());
-        listing.reset();
+    if (const auto names = microphones.take()) {
+        wishes.show(*names);
+        ears.listed(*names);
+        strip.strip().feed().nameMicrophone();
     }
 }
 
 SdlWishes::Microphones SdlHost::listOfMicrophones() {
     SdlWishes::Microphones list;
-    list.ask = [this] {
-        listing = audio.namesLater(SdlAudio::Kind::kMicrophone, [this] { rouse(); });
-    };
+    list.ask = [this] { microphones.ask(); };
     list.chosen = [this] { return chosenMicrophone(); };
     list.use = [this](const std::string& name) { useMicrophone(name); };
     list.isFixed = [this] {
@@ -248,7 +248,11 @@ bool SdlHost::handle(const SDL_Event& event, HostListener& listener) {
         strip.handle(event);
         handleWindow(event);
         return false;
+    case SDL_AUDIODEVICEADDED:
+        microphones.ask();
+        return false;
     case SDL_AUDIODEVICEREMOVED:
+        microphones.ask();
         return ears.lose(event.adevice.which) || voice.lose(event.adevice.which);
     case SDL_APP_WILLENTERBACKGROUND:
     case SDL_APP_DIDENTERFOREGROUND:

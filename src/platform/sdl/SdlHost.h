@@ -11,6 +11,7 @@
 #include "Host.h"
 #include "KeyWalk.h"
 #include "LostMicrophone.h"
+#include "MicrophoneList.h"
 #include "MicrophoneMemory.h"
 #include "OtherStarts.h"
 #include "Problem.h"
@@ -32,7 +33,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -154,7 +154,7 @@ private:
     KeyWalk walk;
     SdlDeeds deeds{window, extraDoors, strip, walk};
     SdlWishes wishes;
-    std::shared_ptr<SdlAudio::Listing> listing;  // of microphones, asked for; null: none
+    MicrophoneList microphones;
     Speech speech;
     SdlPictures pictures;
     SdlAway away{window};

@@ -38,7 +38,8 @@ SdlMicrophone::SdlMicrophone(SdlAudio& audio, std::string name, Clock nowMs, Wak
     , name(std::move(name))
     , nowMs(std::move(nowMs))
     , wake(std::move(wake))
-    , tell(std::move(tell)) {}
+    , tell(tell)
+    , watch(std::move(tell)) {}
 
 SdlMicrophone::~SdlMicrophone() {
     SdlMicrophone::stop();
@@ -46,6 +47,8 @@ SdlMicrophone::~SdlMicrophone() {
 
 void SdlMicrophone::choose(std::string newName) {
     name = std::move(newName);
+    watch.forget();
+    watch.isThere(name);
     toldAway = false;
     isReplaced = false;
 }
@@ -92,12 +95,18 @@ void SdlMicrophone::finishOpening() {
             heard->lastMs = nowMs();
         }
         isReplaced = opening->isFallback();
+        openName = deviceName();
         if (isReplaced && !std::exchange(toldAway, true)) {
             tell({"microphoneAway", {name}});
         }
-        if (toldUnusable) {
-            toldUnusable = false;
+        if (std::exchange(toldUnusable, false)) {
             tell({"microphoneHeard", {}});
+            watch.forget();  // that was said
+        }
+        if (isReplaced) {
+            watch.isGone(name);
+        } else {
+            watch.isThere(openName);
         }
     } else {
         retryMs = nowMs() + kRetryMs;
@@ -225,10 +234,19 @@ bool SdlMicrophone::lose(uint32_t lostDevice) {
         retryMs = nowMs();
         return false;
     }
+    watch.isGone(openName);
     listenNoMore();
     lost = true;
     losing->onDeviceLost();
     return true;
+}
+
+void SdlMicrophone::listed(const std::vector<std::string>& names) {
+    if (listener != nullptr || lost) {
+        watch.listedWhileRecording(names);
+    } else {
+        watch.listed(names);
+    }
 }
 
 void SdlMicrophone::stop() {

@@ -6,12 +6,14 @@
 #include "DueTime.h"
 #include "HostMessage.h"
 #include "HostSound.h"
+#include "MicrophoneWatch.h"
 #include "SdlAudio.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 class SdlMicrophone : public HostMicrophone {
 public:
@@ -58,6 +60,10 @@ public:
     /// silence.
     bool lose(uint32_t lostDevice);
 
+    /// The devices have changed; these are the names of all microphones. Tells the user if the one
+    /// of the recordings has gone or is back.
+    void listed(const std::vector<std::string>& names);
+
     /// True if a device has delivered something since the last start().
     bool hasHeard() const;
 
@@ -89,8 +95,10 @@ private:
     Clock nowMs;
     Wake wake;
     Tell tell;
+    MicrophoneWatch watch;
     HostMicrophoneListener* listener = nullptr;
     uint32_t device = 0;
+    std::string openName;                        // of the device, as long as it is open
     std::shared_ptr<SdlAudio::Opening> opening;  // null: none
     int64_t retryMs = DueTime::kNever;           // when to look for a device again
     int64_t silentSinceMs =

@@ -31,7 +31,8 @@ StripWish actionOf(const HostMessage& message) {
     if (row == "exported" || row == "exportedNowhere") {
         wish.kind = Kind::kShowFile;
         wish.path = message.parts[0];
-    } else if (row == "noMicrophone" || row == "microphoneUnusable" || row == "microphoneAway") {
+    } else if (row == "noMicrophone" || row == "microphoneUnusable" || row == "microphoneAway" ||
+               row == "microphoneLeft") {
         wish.kind = Kind::kMicrophones;
     }
     return wish;

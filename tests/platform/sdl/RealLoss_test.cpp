@@ -57,8 +57,8 @@ public:
                   "--use-pid-file=no", "--log-target=file:" + folders.path("server.log"),
                   "--load=module-native-protocol-unix auth-anonymous=1 socket=" +
                       folders.path("socket"),
-                  sink("one", kSpeaker), sink("two", "TwoVoice"), source("one", kMicrophone),
-                  source("two", "TwoEar")}) {
+                  "--load=" + sink("one", kSpeaker), "--load=" + sink("two", "TwoVoice"),
+                  "--load=" + source("one", kMicrophone), "--load=" + source("two", "TwoEar")}) {
         name(folders);
         isReady = until([] { return control("set-default-source two_ear >/dev/null 2>&1"); }) &&
                   control("set-default-sink two");
@@ -76,6 +76,12 @@ public:
         control("unload-module $(pactl list short modules | grep sink_name=one | cut -f1)");
     }
 
+    /// They are back.
+    static void addDevices() {
+        control("load-module " + sink("one", kSpeaker) + " >/dev/null");
+        control("load-module " + source("one", kMicrophone) + " >/dev/null");
+    }
+
     /// Whether a program records from it ("source-outputs") or plays on it ("sink-inputs").
     static bool isInUse(const std::string& how) {
         return control("list short " + how + " | grep -q protocol-native");
@@ -85,14 +91,14 @@ public:
 
 private:
     static std::string sink(const std::string& name, const std::string& title) {
-        return "--load=module-null-sink sink_name=" + name +
+        return "module-null-sink sink_name=" + name +
                " rate=16000 channels=1 format=s16le norewinds=1"
                " sink_properties=device.description=" +
                title;
     }
 
     static std::string source(const std::string& name, const std::string& title) {
-        return "--load=module-remap-source source_name=" + name + "_ear master=" + name +
+        return "module-remap-source source_name=" + name + "_ear master=" + name +
                ".monitor source_properties=device.description=" + title;
     }
 
@@ -389,6 +395,23 @@ TEST_F(RealLossProgram, aTakeIsKeptWhenTheServerGoesAwayWhileItIsRecorded) {
     EXPECT_TRUE(until([this] { return isCleanedUp(); }));  // no key was pressed
     EXPECT_EQ("murmelo: the microphone is gone; what it heard until now is kept\n",
               folders.read("stderr"));
+}
+
+TEST_F(RealLossProgram, aMicrophoneThatGoesAndComesBackBetweenRecordingsIsTold) {
+    const Program program(command({"--microphone", OwnServer::kMicrophone}));
+    ASSERT_TRUE(keyUntil("Return", [] { return OwnServer::isInUse("source-outputs"); }));
+    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 24000; }));
+    key("Return");
+    ASSERT_TRUE(until([this] { return isCleanedUp(); }));
+    const std::string gone = "murmelo: “OneEar” is gone.\n";
+    for (const std::string& before : {std::string(), gone + "murmelo: “OneEar” is back.\n"}) {
+        OwnServer::removeDevices();
+        EXPECT_TRUE(until([&] { return folders.read("stderr") == before + gone; }));
+        OwnServer::addDevices();
+        EXPECT_TRUE(until([&] {
+            return folders.read("stderr") == before + gone + "murmelo: “OneEar” is back.\n";
+        })) << folders.read("stderr");
+    }
 }
 
 TEST_F(RealLossProgram, aClipHasEndedWhenTheServerGoesAwayWhileItPlays) {
