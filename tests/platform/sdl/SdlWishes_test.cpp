@@ -60,13 +60,13 @@ TEST_F(SdlWishesTest, theListShowsWhatTheServerNamesAndWhatIsUsed) {
     SdlWishes wishes(strip, doors, list);
     wish(StripWish::of(Kind::kMicrophones));
     wishes.show(names);
-    EXPECT_EQ((std::vector<std::string>{"The system’s choice*", "Built-in", "Headset"}), listed());
+    EXPECT_EQ((std::vector<std::string>{"Default microphone*", "Built-in", "Headset"}), listed());
     chosen = "Headset";
     wishes.show(names);
-    EXPECT_EQ((std::vector<std::string>{"The system’s choice", "Built-in", "Headset*"}), listed());
+    EXPECT_EQ((std::vector<std::string>{"Default microphone", "Built-in", "Headset*"}), listed());
     chosen = "one that is away";
     wishes.show(names);
-    EXPECT_EQ("The system’s choice*", listed()[0]);
+    EXPECT_EQ("Default microphone*", listed()[0]);
 }
 
 TEST_F(SdlWishesTest, theListOpensAtOnceAndIsFilledWhenTheServerHasToldItsNames) {
@@ -74,7 +74,7 @@ TEST_F(SdlWishesTest, theListOpensAtOnceAndIsFilledWhenTheServerHasToldItsNames)
     wish(StripWish::of(Kind::kMicrophones));
     EXPECT_EQ(1, asked);
     EXPECT_EQ(StripModel::Sheet::kMicrophones, strip.strip().model().sheet());
-    EXPECT_EQ(std::vector<std::string>{"The system’s choice*"}, listed());
+    EXPECT_EQ(std::vector<std::string>{"Default microphone*"}, listed());
     wishes.show(names);
     EXPECT_EQ(3U, listed().size());
     wish(StripWish::of(Kind::kMicrophones));  // those of the last time

@@ -265,7 +265,7 @@ TEST(StripModel, theListOffersTheSystemsChoiceAndEachDevice) {
     model.showMicrophones();
     const std::vector<StripButton> choices = buttonsOf(model, Kind::kUseMicrophone);
     ASSERT_EQ(3U, choices.size());
-    EXPECT_EQ("The system’s choice", choices[0].name);
+    EXPECT_EQ("Default microphone", choices[0].name);
     EXPECT_EQ("Headset", choices[1].name);
     EXPECT_TRUE(choices[2].isLit);
     EXPECT_FALSE(choices[0].isLit);
@@ -460,7 +460,7 @@ TEST(StripModel, theFocusGoesRoundOnTheSheet) {
         model.navigate(i % 2 == 0 ? HostKey::kDown : HostKey::kRight);
         names.push_back(focusIn(model));
     }
-    EXPECT_EQ((std::vector<std::string>{"Close", "The system’s choice", "Built-in", "Headset"}),
+    EXPECT_EQ((std::vector<std::string>{"Close", "Default microphone", "Built-in", "Headset"}),
               names);
     model.navigate(HostKey::kLeft);
     EXPECT_EQ("Built-in", focusIn(model));

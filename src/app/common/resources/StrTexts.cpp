@@ -260,7 +260,7 @@ constexpr StrTexts kRows[] = {
      {"Your device is currently on silent mode. Do you want to use sounds anyway?",
       "Ihr Gerät ist lautlos gestellt. Trotzdem Ton\u00a0abspielen?",
       "Tu dispositivo está en silencio. ¿Quieres activar el sonido de todos modos?",
-      "Votre appareil est en mode silencieux. Activer quand même le son\u00a0?",
+      "Votre appareil est en mode silencieux. Activer quand\u00a0même le son\u00a0?",
       "Il dispositivo è in modalità silenziosa. Vuoi attivare comunque l’audio?"}},
 };
 // NOLINTEND(bugprone-suspicious-missing-comma)
