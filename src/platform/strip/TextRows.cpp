@@ -31,7 +31,8 @@ size_t fitting(const std::string& text, int32_t widthPx, const TextRows::Width& 
 size_t breakBefore(const std::string& text, size_t end) {
     for (size_t at = end; at > 0; at--) {
         const bool isSpace = at < text.size() && text[at] == ' ';
-        if (isSpace || (text[at - 1] == '/' && at > 1)) {
+        const bool isAfterSlash = text[at - 1] == '/' && at > 1 && text[at - 2] != '~';
+        if (isSpace || isAfterSlash) {
             return at;
         }
     }
@@ -43,6 +44,25 @@ std::string withoutSpaces(const std::string& text) {
     return first == std::string::npos ? "" : text.substr(first);
 }
 
+/// A last row of one word gets the last word of the row above it, where that row keeps two words.
+/// @param isSplit  a path goes on from the row above without a space
+void giveCompany(std::string& above,
+                 std::string& last,
+                 bool isSplit,
+                 int32_t widthPx,
+                 const TextRows::Width& widthOf) {
+    const size_t gap = above.rfind(' ');
+    if (last.find(' ') != std::string::npos || gap == std::string::npos || gap == 0 ||
+        above.rfind(' ', gap - 1) == std::string::npos) {
+        return;
+    }
+    const std::string together = above.substr(gap + 1) + (isSplit ? "" : " ") + last;
+    if (widthOf(together) <= widthPx) {
+        last = together;
+        above.erase(gap);
+    }
+}
+
 }  // namespace
 
 std::vector<std::string> TextRows::wrap(const std::string& text,
@@ -52,10 +72,14 @@ std::vector<std::string> TextRows::wrap(const std::string& text,
                                         const Width& widthOf) {
     std::vector<std::string> rows;
     std::string rest = withoutSpaces(text);
+    bool isSplit = false;
     while (!rest.empty()) {
         const int32_t rowPx = rows.empty() ? firstPx : widthPx;
         if (widthOf(rest) <= rowPx) {
             rows.push_back(rest);
+            if (rows.size() > 1) {
+                giveCompany(rows[rows.size() - 2], rows.back(), isSplit, widthPx, widthOf);
+            }
             break;
         }
         if (rows.size() + 1 == maxRows) {
@@ -64,6 +88,7 @@ std::vector<std::string> TextRows::wrap(const std::string& text,
         }
         const size_t end = breakBefore(rest, fitting(rest, rowPx, widthOf));
         rows.push_back(rest.substr(0, end));
+        isSplit = rest[end] != ' ';
         rest = withoutSpaces(rest.substr(end));
     }
     return rows;

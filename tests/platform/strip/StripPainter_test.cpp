@@ -116,6 +116,36 @@ TEST_F(StripPainterTest, messagesFitTheirRowsInEveryLanguage) {
     EXPECT_GT(messages, 60);
 }
 
+/// Where the row above keeps two words, it gives its last one away. What follows a slash is a path.
+TEST_F(StripPainterTest, noMessageLeavesAWordAloneThatCouldHaveCompany) {
+    int32_t severalRows = 0;
+    for (const HostWords::Row& row : HostWords::rows()) {
+        for (const Language& language : Languages::kAll) {
+            for (const char* name :
+                 {"Built-in Audio Analogue Stereo", "~/Music/Murmelo/rec_00003.wav"}) {
+                StripModel telling = model("Play", language.code);
+                telling.tell(HostMessage{row.name, {name, "unknown format"}}.text(language.code),
+                             {}, "", 0);
+                const std::vector<std::string>& lines = telling.lines();
+                if (lines.size() == 1) {
+                    continue;
+                }
+                severalRows++;
+                const std::string& last = lines.back();
+                const std::string& above = lines[lines.size() - 2];
+                const size_t gap = above.rfind(' ');
+                if (last.find_first_of(" /") == std::string::npos && above.back() != '/' &&
+                    gap != std::string::npos && above.rfind(' ', gap - 1) != std::string::npos) {
+                    EXPECT_LT(StripLayout::kLinePx,
+                              painter->textWidth(above.substr(gap + 1) + " " + last))
+                        << row.name << " " << language.code << ": " << above << " / " << last;
+                }
+            }
+        }
+    }
+    EXPECT_GT(severalRows, 100);
+}
+
 TEST_F(StripPainterTest, aMuteMicrophoneFitsBesideTheSecondsInEveryLanguage) {
     for (const Language& language : Languages::kAll) {
         StripModel mute = model("Recording", language.code);

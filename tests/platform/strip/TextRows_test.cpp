@@ -40,6 +40,30 @@ TEST(TextRows, pathsBreakAfterTheirSlashes) {
     EXPECT_EQ((Rows{"Saved: ~/Music/", "rec.wav"}), wrap("Saved: ~/Music/rec.wav", 17, 3));
 }
 
+TEST(TextRows, theSignOfTheHomeFolderStaysWithItsPath) {
+    EXPECT_EQ((Rows{"Saved:", "~/Music/", "rec.wav"}), wrap("Saved: ~/Music/rec.wav", 10, 3));
+    EXPECT_EQ((Rows{"~/Mu", "sic"}), wrap("~/Music", 4, 3));
+}
+
+TEST(TextRows, aLastWordGetsCompanyFromARowThatCanSpareOne) {
+    EXPECT_EQ((Rows{"one two", "three four"}), wrap("one two three four", 13, 3));
+    EXPECT_EQ((Rows{"one", "two three", "four five"}),
+              TextRows::wrap("one two three four five", 3, 14, 3, widthOf));
+    EXPECT_EQ((Rows{"äöü äöü", "äöü äöü"}), wrap("äöü äöü äöü äöü", 11, 2));
+    EXPECT_EQ((Rows{"It is in", "~/Music/rec.wav"}), wrap("It is in ~/Music/rec.wav", 17, 3));
+}
+
+TEST(TextRows, aLastWordStaysAloneWhereNoOtherFitsBesideIt) {
+    EXPECT_EQ((Rows{"one two three", "fourth word"}), wrap("one two three fourth word", 13, 3));
+    EXPECT_EQ((Rows{"a b cccccc", "dddd"}), wrap("a b cccccc dddd", 10, 3));
+    EXPECT_EQ((Rows{"one two", "three"}), wrap("one two three", 9, 3))
+        << "it would leave one alone";
+    EXPECT_EQ((Rows{"1\u00a02 3", "4"}), wrap("1\u00a02 3 4", 5, 3)) << "two words above";
+    EXPECT_EQ((Rows{"one two three", "four five se…"}),
+              wrap("one two three four five seven", 13, 2))
+        << "the last row is full";
+}
+
 TEST(TextRows, aWordTooLongIsCutWhereTheRowEnds) {
     EXPECT_EQ((Rows{"abcde", "fgh"}), wrap("abcdefgh", 5, 3));
     EXPECT_EQ((Rows{"äöü", "äöü"}), wrap("äöüäöü", 3, 3));
