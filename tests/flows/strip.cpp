@@ -3,9 +3,12 @@
 // and of what it lays over the picture, as FOLDER/over-STATE.png.
 #include "HostMessage.h"
 #include "HostWords.h"
+#include "Languages.h"
 #include "PngFile.h"
+#include "Str.h"
 #include "StripModel.h"
 #include "StripPainter.h"
+#include "StrTexts.h"
 #include "TestHost.h"
 
 #include <functional>
@@ -19,6 +22,26 @@ namespace {
 constexpr const char* kMicrophone = "Headset H390 Mono";
 constexpr const char* kSound = "~/Music/Murmelo/rec_00003.wav";
 
+/// In the order of the heads.
+constexpr const int32_t* kEffects[] = {
+    &Str::str_FX_NO_EFFECT,  &Str::str_FX_ROBOT,           &Str::str_FX_BACKWARDS,
+    &Str::str_FX_HIGH_PITCH, &Str::str_FX_LOW_PITCH,       &Str::str_FX_FAST_TALKER,
+    &Str::str_FX_DRUNK,      &Str::str_FX_INTONATION_FLIP,
+};
+
+std::string programsText(const int32_t* id, const std::string& language) {
+    int32_t count = 0;
+    const StrTexts* rows = StrTexts::rows(count);
+    for (int32_t i = 0; i < count; i++) {
+        for (size_t at = 0; rows[i].id == id && at < Languages::kCount; at++) {
+            if (language == Languages::kAll[at].code) {
+                return rows[i].texts.utf8[at];
+            }
+        }
+    }
+    return "";
+}
+
 class States {
 public:
     States(std::string folder, std::string language)
@@ -27,7 +50,10 @@ public:
 
     bool writeAll() {
         write("play", "Play", [](StripModel&) {});
-        write("pointed", "Play", [](StripModel& model) { model.point(5 * 30 + 10, 30); });
+        for (int32_t head = 0; head < StripModel::kEffects; head++) {
+            write("head-" + std::to_string(head), "Play",
+                  [head](StripModel& model) { model.point(head * 30 + 10, 30); });
+        }
         write("record", "Record", [](StripModel&) {});
         write("recording", "Recording",
               [](StripModel& model) { record(model, -9, -24, 17, false); });
@@ -57,6 +83,7 @@ private:
     void writeMessages() {
         const auto show = StripWish::Kind::kShowFile;
         const auto choose = StripWish::Kind::kMicrophones;
+        const auto bringBack = StripWish::Kind::kBringBack;
         tell("saved", {"saved", {kSound}}, show);
         tell("picture", {"picture", {"~/Music/Murmelo/screen_00000.png"}}, show);
         tell("heard-nothing-from", {"heardNothingFrom", {kMicrophone}}, choose);
@@ -73,6 +100,17 @@ private:
         tell("microphone-used", {"microphoneUsed", {kMicrophone}});
         tell("microphone-away", {"microphoneAway", {kMicrophone}}, choose);
         tell("microphone-unusable", {"microphoneUnusable", {kMicrophone, "Device busy"}}, choose);
+        tell("choice-not-kept", {"choiceNotKept", {"No space left on device"}});
+        tell("exported", {"exported", {"~/Music/Interview.flac"}}, show);
+        tell("offer-dropped", {"offerDropped", {"Interview.flac"}});
+        tell("no-speaker", {"noSpeaker", {}});
+        tell("settings-unreadable", {"settingsUnreadable", {}});
+        tell("too-short", {"tooShort", {}});
+        tell("little-room", {"littleRoom", {}});
+        tell("cut-short", {"cutShort", {}});
+        tell("take-gone", {"takeGone", {}}, bringBack);
+        tell("take-is-back", {"takeIsBack", {}});
+        tell("take-forgotten", {"takeForgotten", {}});
     }
 
     void writeHints() {
@@ -110,7 +148,12 @@ private:
               StripWish::Kind kind = StripWish::Kind::kNone) {
         StripWish action;
         action.kind = kind;
-        const char* word = kind == StripWish::Kind::kMicrophones ? "choose" : "show";
+        const char* word = "show";
+        if (kind == StripWish::Kind::kMicrophones) {
+            word = "choose";
+        } else if (kind == StripWish::Kind::kBringBack) {
+            word = "bringBack";
+        }
         write(name, "Play", [this, message, action, word](StripModel& model) {
             model.tell(message.text(language), action, HostWords::text(word, language), 0);
         });
@@ -124,7 +167,11 @@ private:
         texts.screen = screen;
         model.setScreen(texts, 2, screen == "Play");
         model.setCanOpen(screen == "Play");
-        model.setEffectNames(std::vector<std::string>(8, "Quick talker"));
+        std::vector<std::string> names;
+        for (const int32_t* effect : kEffects) {
+            names.push_back(programsText(effect, language));
+        }
+        model.setEffectNames(names);
         model.setMicrophoneName(kMicrophone);
         set(model);
         const bool isOver = model.sheet() != StripModel::Sheet::kNone;
