@@ -10,6 +10,8 @@
 #include "WpMicPostProc.h"
 #include "WpRobot.h"
 
+#include <utility>
+
 EffectRun::EffectRun(int32_t effect, bool clean, ProgressLine& progress)
     : effectName(FxCatalogue::at(effect).word)
     , progress(progress) {
@@ -29,13 +31,13 @@ EffectRun::~EffectRun() {
 
 Sound EffectRun::apply(Sound sound) {
     if (cleaner != nullptr) {
-        sound = run(*cleaner, "clean-up", sound);
+        sound = run(*cleaner, "clean-up", std::move(sound));
     }
-    return sound != nullptr ? run(*processor, effectName, sound) : Sound();
+    return sound != nullptr ? run(*processor, effectName, std::move(sound)) : Sound();
 }
 
-Sound EffectRun::run(WavProc& work, const char* step, const Sound& sound) {
-    work.init(sound.get(), WavFile::kRateHz);
+Sound EffectRun::run(WavProc& work, const char* step, Sound sound) {
+    work.initWithOwn(std::move(sound), WavFile::kRateHz);
     while (work.getLastProgress() < WavProc::kFinished) {
         const int32_t done = work.process();
         if (done < 0) {

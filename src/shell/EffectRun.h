@@ -31,7 +31,7 @@ public:
     static int32_t effectsLongest(int32_t effect);
 
 private:
-    Sound run(WavProc& work, const char* step, const Sound& sound);
+    Sound run(WavProc& work, const char* step, Sound sound);
 
     std::unique_ptr<WavProc> cleaner;  // null if not wanted
     std::unique_ptr<WavProc> processor;

@@ -7,15 +7,43 @@
 #include "WavProps.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
 #include <cstddef>
+#include <cstring>
 
 namespace {
 
 constexpr int32_t kSampleBytes = 2;
 
-int32_t sampleAt(const signed char* bytes) {
-    return static_cast<uint8_t>(bytes[0]) | bytes[1] * 256;
+static_assert(std::endian::native == std::endian::little, "samples are copied as they are");
+
+/// Sample i of a file.
+int32_t sampleAt(const signed char* bytes, ptrdiff_t i) {
+    int16_t sample = 0;
+    std::memcpy(&sample, bytes + kSampleBytes * i, sizeof sample);
+    return sample;
+}
+
+void widen(const signed char* __restrict bytes, int32_t* __restrict target, int32_t count) {
+    for (int32_t i = 0; i < count; i++) {
+        target[i] = sampleAt(bytes, i);
+    }
+}
+
+void takeMeans(const signed char* __restrict bytes, int32_t* __restrict target, int32_t count) {
+    for (int32_t i = 0; i < count; i++) {
+        const ptrdiff_t first = ptrdiff_t{2} * i;
+        target[i] = (sampleAt(bytes, first) + sampleAt(bytes, first + 1)) >> 1;
+    }
+}
+
+void narrow(const int32_t* __restrict samples, signed char* __restrict bytes, int32_t count) {
+    for (int32_t i = 0; i < count; i++) {
+        // Deliberate: no clamping. A sample outside 16 bits wraps; the effects limit theirs.
+        const auto sample = static_cast<int16_t>(samples[i]);
+        std::memcpy(bytes + ptrdiff_t{kSampleBytes} * i, &sample, sizeof sample);
+    }
 }
 
 /// Reads until count bytes are there or the stream ends; returns how many are there.
@@ -41,11 +69,10 @@ readSamples(InputStream* stream, int32_t samplesPerTarget, int32_t* target, sign
     while (done < length(target)) {
         const int32_t wanted = std::min(maxSamples, length(target) - done);
         const int32_t got = readUpTo(stream, buffer, wanted * stride) / stride;
-        for (int32_t i = 0; i < got; i++) {
-            const signed char* bytes = buffer + ptrdiff_t{stride} * i;
-            target[done + i] = samplesPerTarget == 1
-                                   ? sampleAt(bytes)
-                                   : (sampleAt(bytes) + sampleAt(bytes + kSampleBytes)) >> 1;
+        if (samplesPerTarget == 1) {
+            widen(buffer, target + done, got);
+        } else {
+            takeMeans(buffer, target + done, got);
         }
         done += got;
         if (got < wanted) {
@@ -101,13 +128,7 @@ bool WavFile::save8Khz(OutputStream* stream,
     const int32_t maxSamples = length(sampleBuffer) / kSampleBytes;
     for (int32_t done = 0; done < length(samples);) {
         const int32_t count = std::min(maxSamples, length(samples) - done);
-        for (int32_t i = 0; i < count; i++) {
-            // Deliberate: no clamping. A sample outside 16 bits wraps; the effects limit theirs.
-            const int32_t sample = samples[done + i];
-            signed char* bytes = sampleBuffer + ptrdiff_t{kSampleBytes} * i;
-            bytes[0] = static_cast<signed char>(sample);
-            bytes[1] = static_cast<signed char>(sample >> 8);
-        }
+        narrow(samples + done, sampleBuffer, count);
         stream->write(sampleBuffer, 0, kSampleBytes * count);
         done += count;
     }

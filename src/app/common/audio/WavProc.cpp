@@ -78,11 +78,26 @@ WavProc::~WavProc() {
 }
 
 void WavProc::init(const int32_t* samples, int32_t srate) {
-    lastProgress = 0;
-    // The current run, if there is one, is dropped.
+    dropRun();
+    start(SampleKeep::takeCopy(samples), srate);
+}
+
+void WavProc::initWithOwn(Array<int32_t> samples, int32_t srate) {
+    dropRun();
+    start(samples != nullptr ? samples.release() : newArray<int32_t>(0), srate);
+}
+
+/// Drops the current run, if there is one.
+void WavProc::dropRun() {
     SampleKeep::giveBack(source);
+    source = nullptr;
     result.reset();
-    source = SampleKeep::takeCopy(samples);
+}
+
+/// @param samples  taken over
+void WavProc::start(int32_t* samples, int32_t srate) {
+    lastProgress = 0;
+    source = samples;
     srateHz = srate;
     doInit();
 }

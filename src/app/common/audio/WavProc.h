@@ -32,6 +32,10 @@ public:
     /// samples).
     virtual void init(const int32_t* samples, int32_t srate);
 
+    /// The same, but takes samples over in place of copying them: for a caller that needs them no
+    /// more.
+    void initWithOwn(Array<int32_t> samples, int32_t srate);
+
     /// Does one slice of work. Returns the progress, 0..1024; -1 if an error has ended the run:
     /// then only init starts another one.
     virtual int32_t process();
@@ -88,8 +92,12 @@ protected:
     /// Allocates the result: count samples of silence.
     void newResult(int32_t count);
 
-    int32_t* source = nullptr;  // a copy from SampleKeep, owned
+    int32_t* source = nullptr;  // owned; a copy from SampleKeep, or what initWithOwn() took over
     Array<int32_t> result;
     int32_t lastProgress = kIdle;
     int32_t srateHz = 0;
+
+private:
+    void dropRun();
+    void start(int32_t* samples, int32_t srate);
 };

@@ -40,7 +40,7 @@ public:
 
     bool isClean() const { return source == nullptr && result == nullptr; }
 
-    const int32_t* copyOfSource() const { return source; }
+    const int32_t* sourceArray() const { return source; }
 
     std::vector<int32_t> script;
     size_t calls = 0;
@@ -70,9 +70,33 @@ TEST(WavProc, initCopiesTheSamplesAndKeepsTheRate) {
     EXPECT_EQ(0, proc.getLastProgress());
     EXPECT_EQ(8000, proc.getSrate());
     EXPECT_EQ(1, proc.inits);
-    EXPECT_NE(samples.get(), proc.copyOfSource());
+    EXPECT_NE(samples.get(), proc.sourceArray());
     samples[0] = 99;
-    EXPECT_EQ((Samples{1, 2, 3, 4, 5}), audio::toVector(proc.copyOfSource()));
+    EXPECT_EQ((Samples{1, 2, 3, 4, 5}), audio::toVector(proc.sourceArray()));
+}
+
+TEST(WavProc, initWithOwnTakesTheSamplesOverAndCopiesNone) {
+    ScriptedProc proc({5, 1024});
+    Array<int32_t> samples = fiveSamples();
+    const int32_t* const own = samples.get();
+    proc.initWithOwn(std::move(samples), 8000);
+    EXPECT_EQ(0, proc.getLastProgress());
+    EXPECT_EQ(8000, proc.getSrate());
+    EXPECT_EQ(1, proc.inits);
+    EXPECT_EQ(own, proc.sourceArray());
+    EXPECT_EQ((Samples{1, 2, 3, 4, 5}), audio::toVector(proc.sourceArray()));
+    proc.process();
+    proc.initWithOwn(audio::toArray(Samples{8}), 8000);  // drops the current run
+    EXPECT_EQ(Samples{8}, audio::toVector(proc.sourceArray()));
+    proc.cleanUp();
+    EXPECT_TRUE(proc.isClean());
+}
+
+TEST(WavProc, initWithNoArrayOfItsOwnIsASoundOfLengthZero) {
+    ScriptedProc proc({});
+    proc.initWithOwn(Array<int32_t>(), 8000);
+    EXPECT_NE(nullptr, proc.sourceArray());
+    EXPECT_EQ(0, length(proc.sourceArray()));
 }
 
 TEST(WavProc, progressMayStayLevelAndRunsToTheEnd) {
@@ -158,13 +182,13 @@ TEST(WavProc, initInTheMiddleOfARunStartsAfresh) {
     proc.process();
     proc.init(audio::toArray(Samples{8}).get(), 8000);
     EXPECT_EQ(0, proc.getLastProgress());
-    EXPECT_EQ(Samples{8}, audio::toVector(proc.copyOfSource()));
+    EXPECT_EQ(Samples{8}, audio::toVector(proc.sourceArray()));
 }
 
 TEST(WavProc, noSamplesAtAllAreASoundOfLengthZero) {
     ScriptedProc proc({});
     proc.init(nullptr, 8000);
-    EXPECT_EQ(0, length(proc.copyOfSource()));
+    EXPECT_EQ(0, length(proc.sourceArray()));
 }
 
 TEST(WavProc, copyStretchedOntoTheSameLengthIsACopy) {
