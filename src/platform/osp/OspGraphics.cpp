@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "OspGraphics.h"
 
+#include "Kernels.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -28,9 +30,8 @@ bool isEmpty(const Rectangle& r) {
 }
 
 /// Two equal pixels for each source pixel, written as whole words.
-void doubleRow(const uint16_t* __restrict source,
-               uint16_t* __restrict target,
-               size_t sourcePixels) {
+MURMELO_KERNEL void
+doubleRow(const uint16_t* __restrict source, uint16_t* __restrict target, size_t sourcePixels) {
     for (size_t i = 0; i < sourcePixels; i++) {
         const uint32_t pixel = source[i];
         const uint32_t pair = pixel | (pixel << 16);
@@ -154,7 +155,8 @@ void Canvas::keep(Operation operation) {
 }
 
 void Canvas::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) {
-    const Operation* above = nullptr;  // what drew the row above, all by itself
+    const Operation* above = nullptr;  // the bitmap that drew the row above, all by itself
+    int32_t rowAbove = 0;              // of that bitmap
     for (int32_t y = 0; y < kHeightPx; y++) {
         if (!rows[static_cast<size_t>(y)]) {
             above = nullptr;
@@ -163,13 +165,19 @@ void Canvas::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows
         uint16_t* row = pixels + static_cast<ptrdiff_t>(y) * (strideBytes / 2);
         size_t first = 0;
         const Operation* sole = soleOperation(y, first);
-        if (above != nullptr && above == sole && above->bitmap != nullptr &&
-            sourceRow(*above, y) == sourceRow(*above, y - 1)) {
-            std::copy_n(row - strideBytes / 2, above->visible.width, row);
-        } else {
+        if (sole == nullptr || sole->bitmap == nullptr) {
             composeRow(row, y, first);
+            above = nullptr;
+            continue;
+        }
+        const int32_t bitmapRow = sourceRow(*sole, y);
+        if (sole == above && bitmapRow == rowAbove) {
+            std::copy_n(row - strideBytes / 2, kWidthPx, row);
+        } else {
+            drawBitmapRow(*sole, row, bitmapRow);
         }
         above = sole;
+        rowAbove = bitmapRow;
     }
 }
 
@@ -219,16 +227,19 @@ int32_t Canvas::firstRowShowing(const Operation& operation, int32_t row) {
 }
 
 void Canvas::drawRow(const Operation& operation, uint16_t* row, int32_t y) {
-    const Rectangle& visible = operation.visible;
     if (operation.bitmap == nullptr) {
-        std::fill(row + visible.x, row + visible.x + visible.width, operation.colour);
+        std::fill_n(row + operation.visible.x, operation.visible.width, operation.colour);
         return;
     }
+    drawBitmapRow(operation, row, sourceRow(operation, y));
+}
+
+void Canvas::drawBitmapRow(const Operation& operation, uint16_t* row, int32_t bitmapRow) {
+    const Rectangle& visible = operation.visible;
     const Rectangle& destination = operation.destination;
     const Rectangle& source = operation.source;
-    const uint16_t* sourcePixels =
-        operation.bitmap->pixels.data() +
-        static_cast<ptrdiff_t>(sourceRow(operation, y)) * operation.pixelsPerRow;
+    const uint16_t* sourcePixels = operation.bitmap->pixels.data() +
+                                   static_cast<ptrdiff_t>(bitmapRow) * operation.pixelsPerRow;
     const bool whole = visible.x == destination.x && visible.width == destination.width;
     if (whole && destination.width == 2 * source.width) {
         doubleRow(sourcePixels + source.x, row + visible.x, static_cast<size_t>(source.width));
@@ -270,16 +281,24 @@ void Canvas::seeChanges(const Operation& operation, uint64_t seenVersion, Rows& 
     const std::vector<uint64_t>& versions = operation.bitmap->rowVersions;
     const Rectangle& visible = operation.visible;
     const Rectangle& source = operation.source;
-    for (int32_t row = source.y; row < source.y + source.height; row++) {
-        if (versions[static_cast<size_t>(row)] <= seenVersion) {
+    const int32_t end = source.y + source.height;
+    const auto isSeen = [&](int32_t row) {
+        return versions[static_cast<size_t>(row)] <= seenVersion;
+    };
+    for (int32_t row = source.y; row < end; row++) {
+        if (isSeen(row)) {
             continue;
         }
+        int32_t next = row + 1;  // below neighbouring rows that have changed
+        while (next < end && !isSeen(next)) {
+            next++;
+        }
         const int32_t first = std::max(firstRowShowing(operation, row), visible.y);
-        const int32_t end =
-            std::min(firstRowShowing(operation, row + 1), visible.y + visible.height);
-        for (int32_t y = first; y < end; y++) {
+        const int32_t last = std::min(firstRowShowing(operation, next), visible.y + visible.height);
+        for (int32_t y = first; y < last; y++) {
             changed.set(static_cast<size_t>(y));
         }
+        row = next;
     }
 }
 

@@ -141,6 +141,7 @@ private:
     const Operation* soleOperation(int32_t y, size_t& first) const;
     void composeRow(uint16_t* row, int32_t y, size_t first) const;
     static void drawRow(const Operation& operation, uint16_t* row, int32_t y);
+    static void drawBitmapRow(const Operation& operation, uint16_t* row, int32_t bitmapRow);
     static int32_t sourceRow(const Operation& operation, int32_t y);
     static int32_t firstRowShowing(const Operation& operation, int32_t row);
 
