@@ -32,6 +32,13 @@ class Fingers(PageTest):
         self.tab.tap(*self.soft_key())
         self.page.until("Record")
 
+    def test_the_help_speaks_of_fingers(self):
+        self.tab.tap(*self.tab.evaluate("""(() => {
+            const box = document.getElementById('help').getBoundingClientRect();
+            return [box.x + box.width / 2, box.y + box.height / 2];
+        })()"""))
+        self.tab.wait_for("document.getElementById('live').textContent.startsWith('Help. Swipe across the picture')")
+
     def test_a_finger_that_the_browser_takes_away_presses_nothing(self):
         self.tab.touch("touchStart", self.soft_key())
         self.tab.touch("touchCancel")

@@ -13,6 +13,9 @@ import createMurmelo from '../murmelo.js';
 export const MENU = 'Options';
 const ENDED = -2;
 const TEXT_BYTES = 512;
+const CALM = matchMedia('(prefers-reduced-motion: reduce)');
+const CALM_MS = 250; // longer than a slide between two effects
+const FINGERS_ONLY = matchMedia('(any-pointer: coarse) and (not (any-hover: hover))');
 
 export class Core {
     constructor() {
@@ -25,6 +28,8 @@ export class Core {
         this.timer = 0;
         this.frame = 0;
         this.posted = false;
+        this.isTurning = false;
+        this.paintedMs = -Infinity;
         this.stoodStillMs = 0;
         this.standsStillSince = -1;
         this.channel = new MessageChannel();
@@ -62,7 +67,7 @@ export class Core {
 
     /** @returns {boolean} */
     begin() {
-        this.running = this.program._murmeloBegin() === 1;
+        this.running = this.program._murmeloBegin(Number(FINGERS_ONLY.matches)) === 1;
         return this.running;
     }
 
@@ -72,13 +77,16 @@ export class Core {
     }
 
     turn() {
-        if (!this.running || this.standsStillSince >= 0) {
+        if (!this.running || this.standsStillSince >= 0 || this.isTurning) {
+            this.isTurning && this.post(); // something that the program has called wants a turn
             return;
         }
         clearTimeout(this.timer);
         this.timer = 0;
         this.turns++;
+        this.isTurning = true;
         const ms = this.program._murmeloTurn();
+        this.isTurning = false;
         if (ms === ENDED) {
             this.stop();
             this.page.showOver('ended');
@@ -106,7 +114,10 @@ export class Core {
     /** The program has a frame. */
     frameWaits() {
         if (this.frame === 0) {
-            this.frame = requestAnimationFrame(() => this.paint());
+            // With less motion a slide is its beginning and its end.
+            const waitMs = CALM.matches ? this.paintedMs + CALM_MS - performance.now() : 0;
+            const paint = () => this.paint();
+            this.frame = waitMs > 0 ? setTimeout(paint, waitMs) : requestAnimationFrame(paint);
         }
     }
 
@@ -115,6 +126,7 @@ export class Core {
         if (!this.running) {
             return;
         }
+        this.paintedMs = performance.now();
         const rows = this.program._murmeloPaint();
         if (rows >= 0) {
             this.page.picture.paint(rows & 0xffff, rows >> 16);

@@ -36,7 +36,7 @@ export type Murmelo = {
     };
     UTF8ToString(at: number): string;
     stringToUTF8(text: string, at: number, bytes: number): void;
-    _murmeloBegin(): number;
+    _murmeloBegin(fingersOnly: number): number;
     _murmeloTurn(): number;
     _murmeloTouch(kind: number, isFinger: number, id: number, x: number, y: number, timeMs: number): void;
     _murmeloTouchCancelled(isFinger: number, id: number): void;

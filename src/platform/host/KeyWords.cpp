@@ -93,6 +93,12 @@ constexpr HostWords::Row kRows[] = {
      "Rien ne quitte cet appareil.",
      "Nulla esce da questo dispositivo."},
     // Help of the page
+    {"helpFingers",
+     "Swipe across the picture for another effect, or tap a head.",
+     "Für einen anderen Effekt wischen Sie über das Bild oder tippen auf einen Kopf.",
+     "Para cambiar de efecto, desliza el dedo por la imagen o toca una cabeza.",
+     "Pour changer d’effet, balayez l’image ou touchez une tête.",
+     "Per cambiare effetto scorri sull’immagine o tocca una testa."},
     {"helpKeys",
      "S saves, O opens a sound file, M chooses the microphone, + and - change the volume, F1 and F2 are the left and right keys, Esc goes back, Ctrl+Z brings the last recording back.",
      "S:\u00A0speichern. O:\u00A0Tondatei öffnen. M:\u00A0Mikrofon wählen. + und -:\u00A0Lautstärke. F1 und F2:\u00A0linke und rechte Taste. Esc:\u00A0zurück. Strg+Z:\u00A0letzte Aufnahme zurückholen.",

@@ -61,5 +61,9 @@ bool OneFinger::released(
 }
 
 bool OneFinger::cancelled(Pointer pointer, int64_t id, HostListener& listener) {
-    return released(pointer, id, 0, 0, listener);  // in the empty band above the canvas
+    return released(pointer, id, 0, 0, listener);  // in the band above the canvas
+}
+
+bool OneFinger::letGo(HostListener& listener) {
+    return down != Pointer::kNone && cancelled(down, downId, listener);
 }

@@ -31,6 +31,9 @@ public:
     /// is, and presses nothing.
     bool cancelled(Pointer pointer, int64_t id, HostListener& listener);
 
+    /// As cancelled(), for whichever pointer is down: its end may never be told.
+    bool letGo(HostListener& listener);
+
     /// True if a place of the display belongs to the soft-key bar.
     static bool isOnSoftKeys(int32_t y) { return y >= HostFrame::kSoftKeysTopPx; }
 

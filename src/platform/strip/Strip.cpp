@@ -36,12 +36,13 @@ bool Strip::touch(Touch touch, int32_t x, int32_t y, int64_t nowMs) {
     if (touch == Touch::kPress) {
         touched = isShown && row.covers(px, py);
         pressed = row.buttonAt(px, py);
+        isTakenAway = false;
     }
     const bool isOurs = touched;
     if (touch == Touch::kRelease && touched) {
         touched = false;
         feeding.look(nowMs);
-        if (row.buttonAt(px, py).isSameAs(pressed)) {
+        if (!isTakenAway && row.buttonAt(px, py).isSameAs(pressed)) {
             fulfilling.fulfil(row.tap(px, py), nowMs);
         }
     }

@@ -41,6 +41,9 @@ public:
     /// @returns false if the touch is the program's
     bool touch(HostListener::Touch touch, int32_t x, int32_t y, int64_t nowMs);
 
+    /// The finger that is down wishes nothing when it is lifted: it was taken away.
+    void takeTouchAway() { isTakenAway = true; }
+
     /// The mouse is there, in pixels of the display.
     void point(int32_t x, int32_t y);
 
@@ -71,7 +74,8 @@ private:
     StripFrame frame{row};
     bool isShown = false;  // the program runs
     bool touched = false;  // the finger went down on it
-    StripButton pressed;   // the finger went down on this one; without a wish: on none
+    bool isTakenAway = false;
+    StripButton pressed;  // the finger went down on this one; without a wish: on none
 };
 
 /// Hands touches to the strip first, and everything else to the program.

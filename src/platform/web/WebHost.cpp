@@ -13,7 +13,9 @@
 
 namespace {
 
-constexpr double kTurnMs = 8;  // leaves the page half of a frame for everything else
+// As loud as the program can play: how loud that is the device's own keys decide.
+constexpr int32_t kVolumeSteps = 4;  // from 50 to 90
+constexpr double kTurnMs = 8;        // leaves the page half of a frame for everything else
 
 }  // namespace
 
@@ -137,6 +139,9 @@ void WebHost::microphoneAnswered(int32_t ticket,
     } else if (ears.refused(ticket)) {
         giveRecordingUp(word);
     }
+    if (leavesLater) {
+        leave();
+    }
 }
 
 /// From the screen that offers a recording.
@@ -239,9 +244,14 @@ bool WebHost::isOn(const char* screen) const {
 }
 
 void WebHost::leave() {
-    if (program == nullptr || isAway || ears.isAsked()) {
-        return;  // the browser's own question may hide the page
+    leavesLater = ears.isAsked();  // the browser's own question may hide the page
+    if (program == nullptr || isAway || leavesLater) {
+        return;
     }
+    tasks.emplace_back([this](HostListener& listener) {
+        row.strip().takeTouchAway();
+        return finger.letGo(listener);
+    });
     const bool wasRecording = isOn(ScreenNames::kRecording);
     tasks.emplace_back(
         [this](HostListener&) { return doors != nullptr && doors->stopRecording(); });
@@ -266,6 +276,7 @@ void WebHost::leave() {
 }
 
 void WebHost::comeBack() {
+    leavesLater = false;
     if (!std::exchange(isAway, false)) {
         return;
     }
@@ -297,6 +308,9 @@ void WebHost::frameShown(HostFrame* newest) {
 }
 
 void WebHost::setDoors(HostDoors* offered) {
+    for (int32_t i = 0; doors == nullptr && offered != nullptr && i < kVolumeSteps; i++) {
+        volumeKey(true);
+    }
     doors = offered;
     row.setDoors(offered);
 }

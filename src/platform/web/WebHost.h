@@ -62,6 +62,9 @@ public:
     /// @returns whether program or strip have a use for it
     bool keyNamed(const std::string& name);
 
+    /// The user has fingers and no keys: the help speaks of them.
+    void fingersOnly(bool only) { row.fingersOnly(only); }
+
     /// See WebSpeaker.
     void volumeStays(bool stays) { voice.volumeStays(stays); }
 
@@ -193,9 +196,10 @@ private:
     int32_t refusals = 0;              // of the microphone
     double restMs = 0;                 // how long the program wants to sleep since the last pump
     bool isAway = false;
-    int64_t leftMs = 0;       // when it went away
-    int64_t awayMs = 0;       // for how long it was away, in all: the strip's clock stands still
-    bool isReminded = false;  // to allow the microphone
+    bool leavesLater = false;  // it was hidden while the user was asked
+    int64_t leftMs = 0;        // when it went away
+    int64_t awayMs = 0;        // for how long it was away, in all: the strip's clock stands still
+    bool isReminded = false;   // to allow the microphone
     bool ended = false;
     std::unique_ptr<HostProgram> program;
 };

@@ -61,6 +61,7 @@ void WebHost::touch(
 
 void WebHost::touchCancelled(bool isFinger, int32_t id) {
     tasks.emplace_back([=, this](HostListener& listener) {
+        row.strip().takeTouchAway();
         return finger.cancelled(pointerOf(isFinger), id, listener);
     });
 }

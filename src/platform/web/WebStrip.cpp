@@ -78,8 +78,13 @@ void WebStrip::open() {
 }
 
 void WebStrip::help() {
-    row.model().showHelp(
-        {word("helpRecordKeys"), word("helpKeys"), word("helpPlace"), word("helpPrivate")});
+    std::vector<std::string> text = {word("helpRecordKeys"), word("helpKeys")};
+    if (hasFingersOnly) {
+        text = {word("helpFingers")};
+    }
+    text.push_back(word("helpPlace"));
+    text.push_back(word("helpPrivate"));
+    row.model().showHelp(std::move(text));
 }
 
 std::string WebStrip::chosenMicrophone() const {

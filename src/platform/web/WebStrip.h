@@ -59,6 +59,9 @@ public:
     /// The browser has given that one. If another was wanted, the user is told.
     void microphoneGiven(const std::string& name);
 
+    /// See WebHost.
+    void fingersOnly(bool only) { hasFingersOnly = only; }
+
     /// Bring back the last take, if there is one.
     void onBringBack(std::function<void()> handler);
 
@@ -75,4 +78,5 @@ private:
     Strip row;
     HostDoors* doors = nullptr;
     std::vector<std::string> microphones;
+    bool hasFingersOnly = false;
 };

@@ -96,8 +96,10 @@ int32_t wordCount() {
 extern "C" {
 
 /// Starts the program. 0 if it cannot be started.
-EMSCRIPTEN_KEEPALIVE int32_t murmeloBegin() {
+/// @param fingersOnly  1: the user has no keys and no mouse
+EMSCRIPTEN_KEEPALIVE int32_t murmeloBegin(int32_t fingersOnly) {
     host = std::make_unique<WebHost>(page, folders());
+    host->fingersOnly(fingersOnly != 0);
     return host->begin(std::make_unique<OspProgram>()) ? 1 : 0;
 }
 

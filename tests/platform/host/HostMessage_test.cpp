@@ -44,7 +44,8 @@ TEST(HostMessage, numbersAreWrittenAsTheLanguageWritesThem) {
 }
 
 TEST(HostMessage, withoutPartsTheWordsStayAsTheyAre) {
-    EXPECT_EQ("Deleted", (HostMessage{"deleted", {}}.text("en")));
+    EXPECT_EQ("There is nothing to save yet. Record something first.",
+              (HostMessage{"nothingToSave", {}}.text("en")));
     EXPECT_EQ("{1} holds no sound.", (HostMessage{"emptySound", {}}.text("en")));
     EXPECT_EQ("", (HostMessage{"no such row", {"a"}}.text("en")));
 }

@@ -364,6 +364,19 @@ TEST_F(WebHostTest, aPageThatIsHiddenWhileTheUserIsAskedDoesNotLeave) {
     EXPECT_EQ("Record", screen());
 }
 
+TEST_F(WebHostTest, aPageThatIsStillHiddenWhenTheUserHasAnsweredLeavesThen) {
+    toMenu();
+    ask();
+    host->leave();
+    EXPECT_EQ("Record", screen());
+    page.notes.clear();
+    allow();
+    EXPECT_EQ(Notes{"release"}, page.takeNotes());
+    host->comeBack();
+    settle();
+    EXPECT_EQ("Options", screen());
+}
+
 TEST_F(WebHostTest, aMicrophoneThatDiesKeepsWhatItHeard) {
     toMenu();
     beginRecording();
@@ -494,7 +507,7 @@ TEST_F(WebHostTest, aClipEndsWhenThePageSaysSo) {
     key(HostKey::kMiddle);
     pass(100);
     EXPECT_EQ("Playing", screen());
-    EXPECT_EQ(50, page.volume);
+    EXPECT_EQ(90, page.volume) << "as loud as the program can";
     EXPECT_EQ(folders.read("home/Murmelo/MrmLastProc.wav"),
               std::string(page.clip.begin(), page.clip.end()));
     host->clipEnded(page.clipTicket - 1);
@@ -515,10 +528,10 @@ TEST_F(WebHostTest, aPageThatCannotSetTheVolumeGetsSofterSamples) {
     ASSERT_EQ(file.size(), page.clip.size());
     for (size_t at = 44; at < file.size(); at += 2) {
         int16_t full = 0;
-        int16_t half = 0;
+        int16_t softer = 0;
         std::memcpy(&full, file.data() + at, 2);
-        std::memcpy(&half, page.clip.data() + at, 2);
-        ASSERT_EQ(full / 2, half) << at;
+        std::memcpy(&softer, page.clip.data() + at, 2);
+        ASSERT_EQ(full * 90 / 100, softer) << at;
     }
 }
 
@@ -686,6 +699,56 @@ TEST_F(WebHostTest, aTouchThatTheBrowserTakesAwayPressesNothing) {
     host->touch(HostListener::Touch::kRelease, true, 6, 240, 770, 20050);
     settle();
     EXPECT_EQ("Record", screen()) << "the next finger counts";
+}
+
+TEST_F(WebHostTest, aTouchThatTheBrowserTakesAwayClosesNoHelpAndNoMessage) {
+    toMenu();
+    tapStrip(4 * 48 + 24, 60);
+    const StripModel& model = host->strip().strip().model();
+    ASSERT_EQ(StripModel::Sheet::kHelp, model.sheet());
+    host->touch(HostListener::Touch::kPress, true, 5, 240, 400, 10000);
+    host->touchCancelled(true, 5);
+    settle();
+    EXPECT_EQ(StripModel::Sheet::kHelp, model.sheet());
+    tapStrip(120, 200);
+    EXPECT_EQ(StripModel::Sheet::kNone, model.sheet()) << "the next finger counts";
+    host->strip().tell("A message.", "", 0);
+    host->touch(HostListener::Touch::kPress, true, 5, 100, 10, 20000);
+    host->touchCancelled(true, 5);
+    settle();
+    EXPECT_EQ("A message.", line());
+    tapStrip(50, 5);
+    EXPECT_NE("A message.", line());
+}
+
+TEST_F(WebHostTest, aFingerWhoseEndIsNotToldHoldsNothingAfterThePageWasHidden) {
+    toMenu();
+    host->touch(HostListener::Touch::kPress, true, 5, 240, 770, 10000);
+    settle();
+    host->leave();
+    host->comeBack();
+    settle();
+    EXPECT_EQ("Options", screen());
+    host->touch(HostListener::Touch::kPress, true, 6, 240, 770, 20000);
+    host->touch(HostListener::Touch::kRelease, true, 6, 240, 770, 20050);
+    settle();
+    EXPECT_EQ("Record", screen());
+}
+
+TEST_F(WebHostTest, theHelpForFingersNamesNoKeys) {
+    toMenu();
+    const StripModel& model = host->strip().strip().model();
+    for (const bool only : {false, true}) {
+        host->fingersOnly(only);
+        tapStrip(4 * 48 + 24, 60);
+        std::string all;
+        for (const std::string& row : model.sheetRows()) {
+            all += row + " ";
+        }
+        EXPECT_EQ(only, all.find("Swipe") != std::string::npos) << all;
+        EXPECT_EQ(only, all.find("Esc ") == std::string::npos) << all;
+        tapStrip(120, 200);
+    }
 }
 
 TEST_F(WebHostTest, aTapOnAHeadGoesToThatEffect) {

@@ -42,7 +42,7 @@ TEST(WebSounds, refuseWhatWouldNotFitIntoTheMemoryOfAPhone) {
 
 TEST(WebSounds, refuseALargeFileWhoseLengthTheBrowserCannotTell) {
     for (const double unknown : {std::nan(""), HUGE_VAL}) {
-        EXPECT_STREQ("", WebSounds::refusal(4 << 20, unknown));
-        EXPECT_STREQ("fileTooLong", WebSounds::refusal((4 << 20) + 1, unknown));
+        EXPECT_STREQ("", WebSounds::refusal(1 << 20, unknown));
+        EXPECT_STREQ("fileTooLong", WebSounds::refusal((1 << 20) + 1, unknown));
     }
 }
