@@ -2,7 +2,7 @@
 """The page without a mouse, without eyes, with little sight, in any window, and as an app."""
 import unittest
 
-from murmelo import SPEECH, PageTest
+from murmelo import HOME, SPEECH, PageTest
 
 WINDOWS = {"phone": (360, 640, 3, True), "tall phone": (412, 915, 2, True), "lying phone": (844, 390, 2, True),
            "tablet": (768, 1024, 2, True), "desktop": (1440, 900, 1, False), "square": (1000, 1000, 1, False),
@@ -173,7 +173,7 @@ class Access(PageTest):
         self.assertIn("Undo", self.assertNamed())
         self.tab.evaluate("murmelo.openSounds(), 0")
         self.tab.wait_for("document.querySelector('dialog').open")
-        self.assertReadable("Sounds", "Close", "Deleted", "Undo")
+        self.assertReadable("Sounds", "Close", "Deleted: {1}", "Undo")
         page.press("Undo")
         self.tab.wait_for("undone === 1")
 
@@ -227,7 +227,7 @@ class Access(PageTest):
                     return box.top >= %d && box.left >= %d && box.bottom <= innerHeight - %d && box.right <= innerWidth - %d;
                 })""" % (top, left, bottom, right), seconds=20)
 
-    def test_the_buttons_of_the_list_have_names_of_their_own(self):
+    def test_the_buttons_of_the_list_have_names_of_their_own_and_each_deletion_is_undone(self):
         page = self.page.open().to_menu()
         page.use(SPEECH)
         for _ in range(2):
@@ -243,6 +243,43 @@ class Access(PageTest):
         names = [name for role, name, _ in self.tab.words() if role == "button"]
         self.assertEqual(len(names), len(set(names)), names)
         self.assertIn("Play: murmelo-none-00001.wav (No effect, 5.6 s)", names)
+        older, newer = page.file("rec_00000.wav"), page.file("rec_00001.wav")
+        x, y = self.tab.evaluate("""(() => {
+            const box = [...document.querySelectorAll('dialog button')].find((one) => one.textContent === 'Delete').getBoundingClientRect();
+            return [box.x + box.width / 2, box.y + box.height / 2];
+        })()""")
+        self.tab.click(x, y, times=2)
+        page.told("deleted")
+        self.assertEqual((older, None), (page.file("rec_00000.wav"), page.file("rec_00001.wav")), "one double tap, one sound")
+        page.press("Delete")
+        self.assertIsNone(page.file("rec_00000.wav"))
+        self.tab.evaluate("murmelo.sounds.keep('%srec_00001.wav', {bytes: new Uint8Array(44), effect: 2, when: 0})" % HOME)
+        for name in ("murmelo-none-00001.wav", "murmelo-none-00000.wav"):
+            self.tab.wait_for("document.querySelector('#message span').textContent === 'Deleted: %s'" % name)
+            page.press("Undo")
+            self.tab.wait_for("document.querySelector('#message span').textContent !== 'Deleted: %s'" % name)
+        self.assertEqual((older, newer), (page.file("rec_00000.wav"), page.file("rec_00002.wav")),
+                         "a sound that has the number by now stays")
+
+    def test_less_motion_is_fewer_pictures(self):
+        self.tab.media(prefers_reduced_motion="reduce")
+        page = self.page.open().to_menu()
+        page.use(SPEECH)
+        page.rest()
+        self.tab.evaluate("""{
+            window.painted = [];
+            const paint = murmelo.core.paint;
+            murmelo.core.paint = () => (painted.push(performance.now()), paint.call(murmelo.core));
+        }""")
+        for _ in range(3):
+            page.effect(1)
+        times = self.tab.evaluate("painted")
+        self.assertGreaterEqual(len(times), 4)
+        self.assertGreaterEqual(min(later - sooner for sooner, later in zip(times, times[1:])), 249)
+        self.assertTrue(self.tab.evaluate("""(() => {
+            const shown = murmelo.picture.pixels.getImageData(0, 0, 240, 400).data;
+            return murmelo.core.pixels().every((value, i) => i % 4 === 3 || value === shown[i]);
+        })()"""), "the last picture is there")
 
     def test_it_can_be_installed(self):
         self.page.open().to_menu()

@@ -203,6 +203,24 @@ class ThereTest(MicrophoneTest):
         self.page.told("lastTake")
         self.assertGreaterEqual(len(self.page.kept("take")), 32000)
 
+    def test_another_window_takes_over_while_recording(self):
+        self.page.open().to_menu().to_recording()
+        self.page.hear(1000)
+        self.tab.evaluate("murmelo.showOver('otherTab')")
+        self.assertGreaterEqual(len(self.page.kept("take")), 32000)
+
+    def test_interrupted_before_the_recording(self):
+        page = self.page.open().to_menu()
+        page.press("Record")
+        page.until("Record")
+        self.tab.wait_for("murmelo.core.standsStillSince < 0 && murmelo.ears.context?.state === 'running'")
+        self.tab.evaluate("murmelo.ears.context.suspend().then(() => 0)")
+        page.soft_key(1)
+        page.until("Recording")
+        page.hear(500)
+        page.soft_key(1)
+        page.until("Play")
+
     def test_muted_while_recording(self):
         self.stopped_by("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('mute'))")
 

@@ -1,11 +1,14 @@
 # SPDX-License-Identifier: MIT
-"""How pack-web joins the modules that the first picture needs."""
+"""How pack-web joins the modules that the first picture needs, and what page and manifest promise to browsers."""
 import importlib.machinery
 import importlib.util
+import json
 import os
+import re
 import unittest
 
-TOOL = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../tools/pack-web")
+SOURCE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../..")
+TOOL = os.path.join(SOURCE, "tools/pack-web")
 
 
 def packer():
@@ -59,6 +62,30 @@ class Join(unittest.TestCase):
             self.files["page/sounds.js"] = line
             with self.subTest(line), self.assertRaisesRegex(SystemExit, "sounds.js"):
                 self.join()
+
+
+class Promises(unittest.TestCase):
+    def read(self, name):
+        with open(os.path.join(SOURCE, "web", name), encoding="utf-8") as file:
+            return file.read()
+
+    def test_the_policy_allows_only_what_the_page_holds(self):
+        (policy,) = re.findall(r'http-equiv="Content-Security-Policy" content="([^"]*)"', self.read("index.html"))
+        rules = dict(rule.split(" ", 1) for rule in policy.split("; "))
+        self.assertEqual("'none'", rules.pop("default-src"))
+        words = {word for rule in rules.values() for word in rule.split()}
+        self.assertEqual({"'self'", "'none'", "blob:", "'wasm-unsafe-eval'"}, words)
+        self.assertEqual("'self' 'wasm-unsafe-eval'", rules["script-src"])
+
+    def test_the_manifest_has_no_address_outside_its_folder(self):
+        manifest = json.loads(self.read("manifest.webmanifest"))
+        self.assertEqual(("./", "./", "standalone"), tuple(manifest[name] for name in ("start_url", "scope", "display")))
+        places = [one["src"] for one in manifest["icons"] + manifest["screenshots"]]
+        places += [one["url"] for one in manifest["shortcuts"]]
+        places += [manifest["share_target"]["action"], *(one["action"] for one in manifest["file_handlers"])]
+        self.assertEqual([], [place for place in places if place.startswith("/") or ":" in place or ".." in place])
+        self.assertIn("maskable", [icon.get("purpose") for icon in manifest["icons"]])
+        self.assertTrue(manifest["shortcuts"] and manifest["share_target"]["params"]["files"])
 
 
 if __name__ == "__main__":

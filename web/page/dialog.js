@@ -7,10 +7,9 @@ export class Dialog {
     constructor(box, message) {
         this.box = box;
         this.message = message;
-        /** @type {() => void} */
-        this.paint = () => {};
-        /** @type {() => void} */
-        this.onClose = () => {};
+        this.paint = /** @type {() => void} */ (() => {});
+        this.onClose = /** @type {() => void} */ (() => {});
+        this.box.addEventListener('keydown', (event) => event.repeat && event.key === 'Enter' && event.preventDefault());
         this.box.addEventListener('close', () => {
             this.box.after(this.message);
             this.paint = () => {};

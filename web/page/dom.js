@@ -12,7 +12,8 @@ export function make(tag, properties = {}, ...children) {
     return element;
 }
 
-/** @param {string} textContent @param {() => void} onclick @param {string} of  tells buttons of one text apart @returns {HTMLButtonElement} */
-export function newButton(textContent, onclick, of = '') {
+/** The second tap of a double tap does nothing: other things may lie there now. @param {string} textContent @param {() => void} act @param {string} of  tells buttons of one text apart @returns {HTMLButtonElement} */
+export function newButton(textContent, act, of = '') {
+    const onclick = (/** @type {MouseEvent} */ event) => event.detail > 1 || act();
     return make('button', { type: 'button', textContent, onclick, ariaLabel: of ? `${textContent}: ${of}` : null });
 }

@@ -6,6 +6,8 @@ const WANTED_RATE = 16000;
 const REMIND_AFTER_MS = 1000;
 
 const RAW = { channelCount: 1, echoCancellation: false, noiseSuppression: false, autoGainControl: false };
+const nameOf = (/** @type {MediaStream | null} */ stream) => stream?.getAudioTracks()[0]?.label ?? ''; // as the browser shows it
+const stopTracks = (/** @type {MediaStream} */ stream) => stream.getTracks().forEach((track) => track.stop());
 const open = (/** @type {object} */ more) => navigator.mediaDevices.getUserMedia({ audio: { ...RAW, ...more } });
 
 export class Ears {
@@ -102,16 +104,14 @@ export class Ears {
 
     start() {
         this.listens = true;
+        this.context?.resume(); // it may have been interrupted since the user allowed it
     }
 
     /** @param {Float32Array} piece @param {number} rate */
     heard(piece, rate) {
-        if (!this.listens || !this.core.running) {
-            return;
-        }
-        this.core.fillRoom(piece);
-        if (this.core.program._murmeloHeard(rate)) {
-            this.core.turn();
+        if (this.listens && this.core.running) {
+            this.core.fillRoom(piece);
+            this.core.program._murmeloHeard(rate) && this.core.turn();
         }
     }
 
@@ -153,14 +153,3 @@ async function devices() {
     return all.filter(({ kind, label, deviceId }) => kind === 'audioinput' && label && !['default', 'communications'].includes(deviceId));
 }
 
-/** @param {MediaStream | null} stream @returns {string} as the browser shows it */
-function nameOf(stream) {
-    return stream?.getAudioTracks()[0]?.label ?? '';
-}
-
-/** @param {MediaStream} stream */
-function stopTracks(stream) {
-    for (const track of stream.getTracks()) {
-        track.stop();
-    }
-}

@@ -147,6 +147,7 @@ export class Page {
 
     /** The program is over; what the user has is stored. @param {string} word */
     showOver(word) {
+        word === 'otherTab' && this.core.running && this.core.program._murmeloLeave(); // a recording that runs here is kept
         this.core.stop();
         this.ears?.release();
         this.voice?.audio.pause();

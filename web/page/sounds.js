@@ -5,6 +5,7 @@ import { make, newButton } from './dom.js';
 /** @typedef {import('./store.js').Kept} Kept */
 
 const TAKE = 'take'; // its path
+const [CLOSED, OPEN] = ['AbortError', 'InvalidStateError']; // what a share sheet tells
 const SOUND = /\/rec_\d+\.wav$/;
 
 export class Sounds {
@@ -76,7 +77,7 @@ export class Sounds {
     async hand(path) {
         const files = [this.fileOf(path)];
         const sheet = navigator.canShare?.({ files }) ? navigator.share({ files, title: this.nameOf(path) }) : Promise.reject({});
-        await sheet.catch(({ name }) => name !== 'AbortError' && this.download(path)); // AbortError: the user changed his mind
+        await sheet.catch(({ name }) => name === CLOSED || name === OPEN || this.download(path));
     }
 
     /** @param {string} path */
@@ -110,7 +111,7 @@ export class Sounds {
 
     /** @param {string} path */
     remove(path) {
-        const kept = /** @type {Kept} */ (this.kept.get(path));
+        const [kept, name] = [/** @type {Kept} */ (this.kept.get(path)), this.nameOf(path)];
         this.kept.delete(path);
         const files = this.page.core.program.FS;
         files.unlink(path);
@@ -118,9 +119,12 @@ export class Sounds {
             this.stop();
         }
         this.forgetKept(path);
-        this.page.tell('deleted', 'undo', () => {
-            files.writeFile(path, kept.bytes);
-            this.keep(path, kept);
+        this.page.tell(this.page.words.deleted.replace('{1}', name), 'undo', () => {
+            const next = (/** @type {string} */ number) => String(Number(number) + 1).padStart(5, '0');
+            let free = path;
+            for (; this.kept.has(free); free = free.replace(/\d+(?=\.wav)/, next)); // a newer sound may have its number
+            files.writeFile(free, kept.bytes);
+            this.keep(free, kept);
             this.page.dialog.refresh();
         });
         this.page.dialog.refresh();

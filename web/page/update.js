@@ -16,28 +16,23 @@ export class Update {
         if (!registration) {
             return; // the page works as long as there is a network
         }
-        let accepted = navigator.serviceWorker.controller !== null;
-        navigator.serviceWorker.addEventListener('controllerchange', () => {
-            if (accepted) {
-                location.reload();
-            }
-            accepted = true; // the first one replaces no older version
-        });
-        this.note(registration.waiting);
-        registration.onupdatefound = () => {
-            const worker = /** @type {ServiceWorker} */ (registration.installing);
-            worker.onstatechange = () => {
-                if (worker.state === 'installed' && navigator.serviceWorker.controller) {
-                    this.note(worker);
-                }
-            };
+        const watch = () => {
+            const worker = registration.installing ?? registration.waiting;
+            worker?.addEventListener('statechange', () => this.note(worker, registration));
+            worker && this.note(worker, registration);
         };
+        watch();
+        registration.onupdatefound = watch;
     }
 
-    /** @param {ServiceWorker | null} worker */
-    note(worker) {
-        this.waiting = worker ?? this.waiting;
-        this.offer();
+    /** @param {ServiceWorker} worker @param {ServiceWorkerRegistration} registration */
+    note(worker, registration) {
+        if (worker.state === 'installed' && registration.active) { // not the first version
+            this.waiting = worker;
+            this.offer();
+        } else if (worker.state === 'activated' && worker === this.waiting) {
+            location.reload();
+        }
     }
 
     /** Only in the menu, where nothing records, plays or is unsaved. */
