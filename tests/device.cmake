@@ -92,11 +92,12 @@ target_compile_definitions(real_tests PRIVATE
     MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED
     MURMELO_PLAIN_WINDOW="${CMAKE_CURRENT_BINARY_DIR}/plain-window"
     MURMELO_ICON_FILE="${CMAKE_SOURCE_DIR}/res/icons/murmelo-64.png"
+    MURMELO_SYNC_SHIM="$<TARGET_FILE:sync_shim>"
     $<$<OR:$<BOOL:${MURMELO_SANITIZE}>,$<BOOL:${MURMELO_COVERAGE}>>:MURMELO_SANITIZED>)
 add_executable(plain-window platform/sdl/plain-window.cpp)
 target_compile_definitions(plain-window PRIVATE SDL_MAIN_HANDLED)
 target_link_libraries(plain-window PRIVATE murmelo_sdl_host)
-add_dependencies(real_tests murmelo plain-window)
+add_dependencies(real_tests murmelo plain-window sync_shim)
 add_test(NAME RealWayland
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
         ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/wayland.sh

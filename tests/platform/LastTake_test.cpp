@@ -8,10 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
+#include <functional>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 using Samples = TestSounds::Samples;
 
@@ -132,6 +135,61 @@ TEST_F(LastTakeTest, whatAKilledProgramLeftIsCleanedUpAndARunningOnesIsNot) {
     EXPECT_TRUE(folders.has(alive));
 }
 
+TEST_F(LastTakeTest, whatIsWrittenComesBackBeforeTheDiskHasIt) {
+    EXPECT_EQ("", last.keep(voice));
+    const Samples next = TestSounds::noise(20, 9);
+    EXPECT_EQ("", last.write(next));
+    EXPECT_EQ(next, broughtBack());
+    EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
+    EXPECT_EQ(mode_t{0600}, modeOf(stateFolder() + "/last-take.wav.next"));
+    EXPECT_EQ("", last.settle());
+    EXPECT_EQ(next, broughtBack());
+    EXPECT_EQ(TestSounds::wav(next, 16000), folders.read("state/murmelo/last-take.wav"));
+    EXPECT_FALSE(folders.has("state/murmelo/last-take.wav.next"));
+    EXPECT_EQ("", last.settle());  // nothing is left to do
+    EXPECT_EQ(next, broughtBack());
+}
+
+TEST_F(LastTakeTest, aProgramThatIsKilledBeforeTheDiskHasItLosesNothing) {
+    EXPECT_EQ("", last.keep(voice));
+    const Samples next = TestSounds::noise(20, 9);
+    const pid_t child = fork();
+    if (child == 0) {
+        static_cast<void>(last.write(next));
+        kill(getpid(), SIGKILL);
+    }
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(next, broughtBack());
+    EXPECT_EQ("", last.keep(TestSounds::noise(30, 8)));
+    EXPECT_EQ(TestSounds::noise(30, 8), broughtBack());
+}
+
+TEST_F(LastTakeTest, afterAPowerCutTheOneBeforeComesBack) {
+    EXPECT_EQ("", last.keep(voice));
+    for (const std::string& left :
+         {std::string(), TestSounds::header(1000, 16000), std::string(2044, '\0')}) {
+        folders.write("state/murmelo/last-take.wav.next", left);
+        EXPECT_EQ(voice, broughtBack()) << left.size();
+    }
+}
+
+TEST_F(LastTakeTest, whatIsForgottenBeforeTheDiskHasItIsGone) {
+    EXPECT_EQ("", last.keep(voice));
+    EXPECT_EQ("", last.write(TestSounds::noise(20, 9)));
+    EXPECT_EQ("", last.forget());
+    EXPECT_EQ("", last.settle());
+    EXPECT_FALSE(last.isThere());
+    EXPECT_TRUE(std::filesystem::is_empty(stateFolder()));
+}
+
+TEST_F(LastTakeTest, theNewestOfTwoThatAreWrittenStays) {
+    EXPECT_EQ("", last.write(voice));
+    EXPECT_EQ("", last.write(TestSounds::noise(20, 9)));
+    EXPECT_EQ("", last.settle());
+    EXPECT_EQ("", last.settle());
+    EXPECT_EQ(TestSounds::noise(20, 9), broughtBack());
+}
+
 TEST_F(LastTakeTest, aPipeInItsPlaceIsMovedAsideAndNeverWaitedFor) {
     folders.makeFolder("state/murmelo");
     ASSERT_EQ(0, mkfifo((stateFolder() + "/last-take.wav").c_str(), 0600));
@@ -191,6 +249,22 @@ TEST_F(TakeKeeperTest, whatWasForgottenIsNotKeptLater) {
     EXPECT_EQ("", keeper.forget());
     keeper.letGo();
     EXPECT_FALSE(keeper.isThere());
+}
+
+TEST_F(TakeKeeperTest, theDiskIsWaitedForLaterAndTheTakeIsThereAtOnce) {
+    std::vector<std::function<Problem()>> settles;
+    TakeKeeper patient(
+        stateFolder(), [this](const Problem& problem) { problems.push_back(problem); },
+        [&](std::function<Problem()> settle) { settles.push_back(std::move(settle)); });
+    patient.recorded(recording);
+    patient.letGo();  // there is nothing else to keep
+    ASSERT_EQ(1U, settles.size());
+    EXPECT_TRUE(patient.isThere());
+    EXPECT_EQ(recording, broughtBack());
+    EXPECT_FALSE(folders.has("state/murmelo/last-take.wav"));
+    EXPECT_EQ("", settles[0]());
+    EXPECT_EQ(TestSounds::wav(recording, 16000), folders.read("state/murmelo/last-take.wav"));
+    EXPECT_TRUE(problems.empty());
 }
 
 TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsComplainedAbout) {

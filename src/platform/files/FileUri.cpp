@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <unistd.h>
 
 namespace {
@@ -89,4 +90,9 @@ std::string FileUri::fromPath(const std::string& path) {
         }
     }
     return uri;
+}
+
+std::string FileUri::nameIn(const std::string& path) {
+    const std::string name = std::filesystem::path(path).filename().string();
+    return name.empty() ? path : name;
 }

@@ -13,6 +13,9 @@ public:
     /// @returns what is wrong: the file lies on another computer, or the address is no address
     static Problem toPath(const std::string& nameOrUri, std::string& path);
 
+    /// The name of a file without its folders; all of the path if it has none.
+    static std::string nameIn(const std::string& path);
+
     /// The address of a file. @param path  absolute
     static std::string fromPath(const std::string& path);
 };

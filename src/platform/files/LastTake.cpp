@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
@@ -22,12 +23,8 @@ namespace {
 constexpr mode_t kOwnFolder = 0700;  // only this user may read what was spoken
 constexpr mode_t kOwnFile = 0600;
 constexpr const char* kName = "/last-take.wav";
-constexpr const char* kNewName = "/last-take.wav.new-";  // and the number of the process
-
-void makeFolder(const std::string& folder) {
-    // The file that cannot be made says why.
-    static_cast<void>(SafeFile::makeFolders(folder, kOwnFolder));
-}
+constexpr const char* kNextName = "/last-take.wav.next";  // whole, but not on the disk yet
+constexpr const char* kNewName = "/last-take.wav.new-";   // and the number of the process
 
 /// Removes the unfinished files of programs that were killed while they wrote. Those of running
 /// programs stay: two homes share the folder.
@@ -47,22 +44,59 @@ void removeLeftovers(const std::string& folder) {
     }
 }
 
-}  // namespace
-
-LastTake::LastTake(std::string givenFolder)
-    : folder(std::move(givenFolder))
-    , path(folder.empty() ? "" : folder + kName) {}
-
-bool LastTake::isThere() const {
+bool isFile(const std::string& path) {
     std::error_code error;
     return !path.empty() && fs::is_regular_file(path, error);
 }
 
+/// What lies there and is no ordinary file gets another name.
+void makeWay(const std::string& path) {
+    if (SafeFile::whyNotOrdinary(path)) {
+        SafeFile::moveAside(path);
+    }
+}
+
+/// True if the open file still has that name.
+bool hasName(int file, const std::string& path) {
+    struct stat opened = {};
+    struct stat named = {};
+    return ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+}  // namespace
+
+LastTake::LastTake(std::string givenFolder)
+    : folder(std::move(givenFolder))
+    , path(folder.empty() ? "" : folder + kName)
+    , newPath(folder.empty() ? "" : folder + kNextName) {}
+
+bool LastTake::isThere() const {
+    return isFile(newPath) || isFile(path);
+}
+
 Problem LastTake::keep(const std::vector<int16_t>& samples) const {
+    Problem problem = write(samples);
+    return problem ? problem : settle();
+}
+
+Problem LastTake::notKept() const {
+    return "the last take cannot be kept as \"" + path + "\": " + SafeFile::lastError();
+}
+
+/// False: it is there already, or the file that cannot be made says why.
+bool LastTake::makeFolder() const {
+    std::error_code error;
+    fs::create_directories(fs::path(folder).parent_path(), error);
+    return ::mkdir(folder.c_str(), kOwnFolder) == 0;
+}
+
+Problem LastTake::write(const std::vector<int16_t>& samples) const {
     if (path.empty() || samples.empty()) {
         return Problem::none();
     }
-    makeFolder(folder);
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    shared->isFolderNew = makeFolder() || shared->isFolderNew;
     removeLeftovers(folder);
     const std::string fresh = folder + kNewName + std::to_string(::getpid());
     const int file = SafeFile::create(fresh);
@@ -73,13 +107,12 @@ Problem LastTake::keep(const std::vector<int16_t>& samples) const {
     const auto count = std::min(samples.size(), static_cast<size_t>(kMaxSamples));
     Problem problem = SoundFile::write(file, fresh, HostMicrophone::kRateHz, samples.data(), count,
                                        SoundFile::Format::kWav);
-    const bool isOnDisk = SafeFile::finish(file);
-    const std::string target = SafeFile::realTarget(path);
-    if (!problem && SafeFile::whyNotOrdinary(target)) {
-        SafeFile::moveAside(target);
+    const bool isClosed = ::close(file) == 0;
+    if (!problem) {
+        makeWay(newPath);
     }
-    if (!problem && (!isOnDisk || !SafeFile::replace(fresh, target))) {
-        problem = "the last take cannot be kept as \"" + path + "\": " + SafeFile::lastError();
+    if (!problem && (!isClosed || !SafeFile::over(fresh, newPath))) {
+        problem = notKept();
     }
     if (problem) {
         ::unlink(fresh.c_str());
@@ -87,7 +120,61 @@ Problem LastTake::keep(const std::vector<int16_t>& samples) const {
     return problem;
 }
 
+Problem LastTake::settle() const {
+    const int file =
+        newPath.empty() ? -1 : ::open(newPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (file < 0) {
+        return Problem::none();  // settled already, or forgotten
+    }
+    const bool isOnDisk = SafeFile::sync(file);
+    Problem problem = isOnDisk ? Problem::none() : notKept();
+    const std::string target = SafeFile::realTarget(path);
+    bool isRenamed = false;
+    {
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        const bool isNewest = hasName(file, newPath);
+        if (isNewest && isOnDisk) {
+            makeWay(target);
+            isRenamed = SafeFile::over(newPath, target);
+            problem = isRenamed ? Problem::none() : notKept();
+        }
+        if (isNewest && problem) {
+            ::unlink(newPath.c_str());
+        }
+    }
+    ::close(file);
+    if (isRenamed && !syncFolders(target)) {
+        problem = notKept();
+    }
+    return problem;
+}
+
+bool LastTake::syncFolders(const std::string& target) const {
+    if (!SafeFile::syncFolderOf(target)) {
+        return false;
+    }
+    bool isFolderNew = false;
+    {
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        isFolderNew = std::exchange(shared->isFolderNew, false);
+    }
+    bool isSynced = true;
+    for (fs::path made = folder; isFolderNew && made.has_relative_path();
+         made = made.parent_path()) {
+        isSynced = SafeFile::syncFolderOf(made.string()) && isSynced;
+    }
+    return isSynced;
+}
+
 Problem LastTake::bringBack(std::vector<int16_t>& samples) const {
+    std::vector<int16_t> newest;
+    // After a power cut it may be there without its sound.
+    if (isFile(newPath) &&
+        !SoundFile::read(newPath, HostMicrophone::kRateHz, kMaxSamples, newest) &&
+        !newest.empty()) {
+        samples = std::move(newest);
+        return Problem::none();
+    }
     if (!isThere()) {
         return "there is no last take";
     }
@@ -99,7 +186,10 @@ Problem LastTake::forget() const {
         return Problem::none();
     }
     const std::string target = SafeFile::realTarget(path);
-    if (::unlink(target.c_str()) != 0 || !SafeFile::syncFolderOf(target)) {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    const bool isNewGone = ::unlink(newPath.c_str()) == 0 || errno == ENOENT;
+    const bool isGone = ::unlink(target.c_str()) == 0 || errno == ENOENT;
+    if (!isNewGone || !isGone || !SafeFile::syncFolderOf(target)) {
         return "the last take \"" + path + "\" cannot be deleted: " + SafeFile::lastError();
     }
     return Problem::none();

@@ -6,6 +6,8 @@
 #include "Problem.h"
 
 #include <cstdint>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,17 @@ public:
     /// @returns why it could not be kept; the earlier one is still there then
     Problem keep(const std::vector<int16_t>& samples) const;
 
+    /// The first half of keep(), which waits for no disk: the take is whole in a file of its own.
+    /// It is the last take from now on, however the program ends. Until settle() a power cut brings
+    /// the one before back.
+    /// @returns as keep()
+    Problem write(const std::vector<int16_t>& samples) const;
+
+    /// The second half of keep(), which may take as long as the disk does. May run on another
+    /// thread; what was written meanwhile stays for the next call.
+    /// @returns as keep()
+    Problem settle() const;
+
     /// Reads the take; it stays where it is.
     /// @param samples  16 kHz mono; untouched on an error
     /// @returns why it cannot be read: a sentence also where there is none
@@ -35,6 +48,18 @@ public:
     bool isThere() const;
 
 private:
+    Problem notKept() const;
+    bool makeFolder() const;
+    bool syncFolders(const std::string& target) const;
+
     std::string folder;
-    std::string path;  // of the WAV file; empty: nothing is kept
+    std::string path;     // of the WAV file; empty: nothing is kept
+    std::string newPath;  // of the one that is written and not on the disk yet
+
+    struct Shared {
+        std::mutex mutex;          // while files get other names
+        bool isFolderNew = false;  // its name may not be on the disk
+    };
+
+    std::shared_ptr<Shared> shared = std::make_shared<Shared>();  // by copies
 };

@@ -167,6 +167,13 @@ Problem SoundFile::read(const std::string& path,
     return Problem::none();
 }
 
+std::string SoundFile::reasonOf(const Problem& problem) {
+    const std::string start = "cannot be read: ";
+    const size_t at = problem.sentence().find(start);
+    return at == std::string::npos ? problem.sentence()
+                                   : problem.sentence().substr(at + start.size());
+}
+
 Problem
 SoundFile::write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples) {
     SF_INFO info{};

@@ -25,6 +25,9 @@ public:
                         std::vector<int16_t>& samples,
                         int64_t* framesRead = nullptr);
 
+    /// What the sentence of read() says after "cannot be read: "; all of another sentence.
+    static std::string reasonOf(const Problem& problem);
+
     /// Writes a 16-bit mono WAV file.
     static Problem
     write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples);

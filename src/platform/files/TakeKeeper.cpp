@@ -3,13 +3,16 @@
 
 #include <utility>
 
-TakeKeeper::TakeKeeper(std::string folder, Complain complain)
+TakeKeeper::TakeKeeper(std::string folder, Complain complain, Later later)
     : last(std::move(folder))
-    , complain(std::move(complain)) {}
+    , complain(std::move(complain))
+    , later(std::move(later)) {}
 
 void TakeKeeper::keep(const std::vector<int16_t>& samples) {
-    if (const Problem problem = last.keep(samples)) {
+    if (const Problem problem = later ? last.write(samples) : last.keep(samples)) {
         complain(problem);
+    } else if (later && !samples.empty()) {
+        later([settled = last] { return settled.settle(); });
     }
 }
 

@@ -15,9 +15,13 @@ class TakeKeeper {
 public:
     using Complain = std::function<void(const Problem&)>;
 
+    /// Lets LastTake::settle() run on another thread, and complains about what it returns.
+    using Later = std::function<void(std::function<Problem()> settle)>;
+
     /// @param folder    as for LastTake
     /// @param complain  gets every reason why a take could not be kept
-    TakeKeeper(std::string folder, Complain complain);
+    /// @param later     none: takes are on the disk at once
+    TakeKeeper(std::string folder, Complain complain, Later later = {});
 
     /// A recording ended with this.
     void recorded(const std::vector<int16_t>& samples);
@@ -47,5 +51,6 @@ private:
 
     LastTake last;
     Complain complain;
+    Later later;
     std::vector<int16_t> fromFile;  // the program's take, not kept yet; empty: none
 };

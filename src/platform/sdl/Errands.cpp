@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Errands.h"
 
+#include <chrono>
 #include <thread>
 #include <utility>
+
+namespace {
+
+constexpr int64_t kLookMs = 5;
+
+}  // namespace
 
 Errands::Errands(Wake wake)
     : shared(std::make_shared<Shared>()) {
@@ -50,4 +57,13 @@ bool Errands::deliver() {
 bool Errands::isBusy() {
     const std::lock_guard<std::mutex> lock(shared->mutex);
     return shared->pieces > 0;
+}
+
+bool Errands::finish(int64_t ms) {
+    for (int64_t passedMs = 0; passedMs < ms && isBusy(); passedMs += kLookMs) {
+        deliver();
+        std::this_thread::sleep_for(std::chrono::milliseconds(kLookMs));
+    }
+    deliver();
+    return !isBusy();
 }

@@ -3,6 +3,7 @@
 // dialog. What comes of it is dealt with on the event thread.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -33,6 +34,10 @@ public:
 
     /// True while there is work whose result was not dealt with.
     bool isBusy();
+
+    /// Waits for the work that goes on, for at most so long, and deals with what comes of it. False
+    /// if something still goes on.
+    bool finish(int64_t ms);
 
 private:
     struct Shared {

@@ -8,31 +8,16 @@
 
 #include <SDL.h>
 
-#include <filesystem>
 #include <utility>
 
 namespace {
 
 // An export takes a fraction of a second; a disk that needs longer than this has stalled.
-constexpr int32_t kFinishMs = 5000;
-constexpr int32_t kLookMs = 5;
+constexpr int64_t kFinishMs = 5000;
 
 std::string firstLine(const char* text) {
     const std::string all = text != nullptr ? text : "";
     return all.substr(0, all.find_first_of("\r\n"));
-}
-
-std::string nameIn(const std::string& path) {
-    const std::string name = std::filesystem::path(path).filename().string();
-    return name.empty() ? path : name;
-}
-
-/// What a sentence says after "cannot be read: ".
-std::string reasonOf(const Problem& problem) {
-    const std::string start = "cannot be read: ";
-    const size_t at = problem.sentence().find(start);
-    return at == std::string::npos ? problem.sentence()
-                                   : problem.sentence().substr(at + start.size());
 }
 
 }  // namespace
@@ -91,17 +76,17 @@ bool SdlDoors::drop(const SDL_Event& event) {
 SdlDoors::ReadSound SdlDoors::read(const std::string& nameOrUri) {
     ReadSound sound;
     std::string path;
-    sound.name = nameIn(nameOrUri);
+    sound.name = FileUri::nameIn(nameOrUri);
     if (const Problem problem = FileUri::toPath(nameOrUri, path)) {
         sound.complaint = {"notASound", {sound.name, problem.sentence()}};
         return sound;
     }
-    sound.name = nameIn(path);
+    sound.name = FileUri::nameIn(path);
     // One more than is used: then it is known whether there was more.
     const Problem problem = SoundFile::read(path, HostMicrophone::kRateHz,
                                             HostMicrophone::kLongestTakeSamples + 1, sound.samples);
     if (problem) {
-        sound.complaint = {"notASound", {sound.name, reasonOf(problem)}};
+        sound.complaint = {"notASound", {sound.name, SoundFile::reasonOf(problem)}};
     } else if (sound.samples.empty()) {
         sound.complaint = {"emptySound", {sound.name}};
     }
@@ -132,7 +117,7 @@ void SdlDoors::startReading(const std::string& nameOrUri, std::function<bool(Rea
 
 void SdlDoors::offer(const std::string& nameOrUri) {
     isOffering = true;
-    offeredName = nameIn(nameOrUri);
+    offeredName = FileUri::nameIn(nameOrUri);
     startReading(nameOrUri, [this](ReadSound sound) {
         if (isOffering) {
             offered = std::move(sound);
@@ -215,7 +200,7 @@ void SdlDoors::startReadingTake(std::function<bool(const std::vector<int16_t>&)>
                 return false;
             }
             if (problem) {
-                tell({"notBack", {reasonOf(problem)}});
+                tell({"notBack", {SoundFile::reasonOf(problem)}});
                 return false;
             }
             return done(samples);
@@ -276,9 +261,5 @@ bool SdlDoors::deliver() {
 }
 
 bool SdlDoors::finish() {
-    for (int32_t ms = 0; ms < kFinishMs && errands.isBusy() && !isDialogOpen; ms += kLookMs) {
-        errands.deliver();
-        SDL_Delay(kLookMs);
-    }
-    return !errands.isBusy();
+    return errands.finish(isDialogOpen ? 0 : kFinishMs);
 }

@@ -2,10 +2,12 @@
 #include "SdlHost.h"
 
 #include "DueTime.h"
+#include "FileUri.h"
 #include "KeyRules.h"
 #include "ProgramFolders.h"
 #include "QuietLibrary.h"
 #include "SdlKeys.h"
+#include "SoundFile.h"
 #include "SystemLanguage.h"
 #include "VideoDriver.h"
 
@@ -19,6 +21,10 @@
 namespace {
 
 constexpr int64_t kUsPerMs = 1000;
+
+// What is still to be read or put onto the disk at the end; a disk that needs longer has stalled.
+constexpr int64_t kFinishMs = 5000;
+
 }  // namespace
 
 SdlHost::SdlHost(SdlOptions givenOptions)
@@ -35,10 +41,13 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           [this] { rouse(); },
           [this](const HostMessage& message) { tell(message); })
     , fileEars([this] { return uptimeMs(); })
-    , takes(options.folders.state,
-            [this](const Problem& problem) {
-                tell({"notKept", {problem.sentence()}});
-            })
+    , errands([this] { rouse(); })
+    , takes(
+          options.folders.state,
+          [this](const Problem& problem) {
+              tell({"notKept", {problem.sentence()}});
+          },
+          [this](std::function<Problem()> settle) { settleLater(std::move(settle)); })
     , copyingEars(
           realMicrophone(),
           [this] { extraDoors.takeIsGone(); },
@@ -64,7 +73,6 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , otherStarts([this] { rouse(); }) {
     strip.strip().feed().setMicrophone(&realMicrophone());
     extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
-    fileEars.setVoice(options.voice);
 }
 
 SdlHost::~SdlHost() {
@@ -95,6 +103,9 @@ Problem SdlHost::open() {
         return problem;
     }
     // Only now: a large file, or one on a slow disk, must not keep the window away.
+    if (options.hearsFile) {
+        readVoice();
+    }
     if (!options.take.empty()) {
         extraDoors.offer(options.take);
     }
@@ -129,6 +140,43 @@ int64_t SdlHost::freePhoneBytes() {
 
 HostMicrophone* SdlHost::microphone() {
     return &copyingEars;
+}
+
+bool SdlHost::isStuck() {
+    const bool isDone = errands.finish(kFinishMs);
+    return !extraDoors.finish() || !isDone || audio.isStuck();
+}
+
+/// A slow disk must not stop the window.
+void SdlHost::settleLater(std::function<Problem()> settle) {
+    errands.start([this, settle = std::move(settle)] {
+        return [this, problem = settle()] {
+            if (problem) {
+                tell({"notKept", {problem.sentence()}});
+            }
+            return false;
+        };
+    });
+}
+
+/// Until it is read the microphone hears silence.
+void SdlHost::readVoice() {
+    errands.start([this, name = options.microphone] {
+        std::vector<int16_t> voice;
+        std::string path;
+        Problem problem = FileUri::toPath(name, path);
+        if (!problem) {
+            problem = SoundFile::read(path, HostMicrophone::kRateHz,
+                                      FileMicrophone::kLongestVoiceSamples, voice);
+        }
+        return [this, name = FileUri::nameIn(name), problem, voice = std::move(voice)] {
+            if (problem) {
+                tell({"notASound", {name, SoundFile::reasonOf(problem)}});
+            }
+            fileEars.setVoice(voice);
+            return false;
+        };
+    });
 }
 
 /// The silence that stands in for a microphone is no take.
@@ -194,6 +242,7 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
         events.listen();
         extraDoors.tellSaved();
         strip.deliver();
+        errands.deliver();
         deliverListing();
         otherStarts.deliver(window, extraDoors);
         if (const std::string problem = speech.takeProblem(); !problem.empty()) {

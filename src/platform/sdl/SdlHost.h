@@ -6,6 +6,7 @@
 #pragma once
 
 #include "CopyingMicrophone.h"
+#include "Errands.h"
 #include "EventWait.h"
 #include "FileMicrophone.h"
 #include "Host.h"
@@ -33,17 +34,17 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 struct SdlOptions {
     HostFolders folders;
-    std::string microphone;      // name of a device; empty: the system's default
-    std::string speaker;         // name of a device; empty: the system's default
-    bool hearsFile = false;      // a sound file replaces the microphone:
-    std::vector<int16_t> voice;  // 16 kHz
-    std::string take;            // a sound file that becomes the take; empty: none
-    bool last = false;           // begins with the take of the last time
+    std::string microphone;  // name of a device; empty: the system's default
+    std::string speaker;     // name of a device; empty: the system's default
+    bool hearsFile = false;  // it is a sound file instead of a device
+    std::string take;        // a sound file that becomes the take; empty: none
+    bool last = false;       // begins with the take of the last time
     SdlDoors::EffectWord effectWord;
     bool silent = false;
     bool fullScreen = false;
@@ -63,7 +64,7 @@ public:
 
     /// A sound device is stuck, or a file or a dialog is waited for: the program can only end at
     /// once, without cleaning up after SDL.
-    bool isStuck() { return !extraDoors.finish() || audio.isStuck(); }
+    bool isStuck();
 
     int64_t uptimeMs() override;
     int64_t ticksMs() override;
@@ -112,6 +113,8 @@ private:
     HostMicrophone& realMicrophone();
     SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
+    void settleLater(std::function<Problem()> settle);
+    void readVoice();
     bool deliverSound();
     void deliverListing();
     bool deliverEvent(HostListener& listener);
@@ -142,6 +145,7 @@ private:
     SdlAudio audio;
     SdlMicrophone ears;
     FileMicrophone fileEars;
+    Errands errands;
     TakeKeeper takes;
     CopyingMicrophone copyingEars;
     LostMicrophone lostMicrophone;

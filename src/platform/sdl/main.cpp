@@ -7,7 +7,6 @@
 #include "ProgramFolders.h"
 #include "SafeFile.h"
 #include "SdlHost.h"
-#include "SoundFile.h"
 #include "StartSocket.h"
 
 #include <SDL.h>
@@ -83,9 +82,9 @@ bool isSoundFile(const std::string& microphone) {
 }
 
 /// Whether there is such a file. It is read when the window stands.
-Problem checkTake(const std::string& take) {
+Problem checkSound(const std::string& nameOrUri) {
     std::string path;
-    if (Problem problem = FileUri::toPath(take, path)) {
+    if (Problem problem = FileUri::toPath(nameOrUri, path)) {
         return problem;
     }
     if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
@@ -112,14 +111,12 @@ std::string fullName(const std::string& nameOrUri) {
 Problem prepareSound(SdlOptions& options) {
     if (!options.microphone.empty() && isSoundFile(options.microphone)) {
         options.hearsFile = true;
-        Problem problem = SoundFile::read(options.microphone, HostMicrophone::kRateHz,
-                                          FileMicrophone::kLongestVoiceSamples, options.voice);
-        if (problem) {
+        if (Problem problem = checkSound(options.microphone)) {
             return problem;
         }
     }
     if (!options.take.empty()) {
-        if (Problem problem = checkTake(options.take)) {
+        if (Problem problem = checkSound(options.take)) {
             return problem;
         }
     }

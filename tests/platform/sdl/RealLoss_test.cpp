@@ -337,7 +337,7 @@ protected:
         EXPECT_TRUE(runUntil([&] { return ear.calls >= before + 10; }));
         host->microphone()->stop();
         host->microphone()->release();
-        return folders.has("state/last-take.wav");
+        return host->hasLastTake();
     }
 
     const std::string before = std::getenv("PULSE_SERVER");
@@ -384,7 +384,7 @@ TEST_F(RealLossSilence, aServerThatAppearsDuringARecordingIsHeard) {
     EXPECT_TRUE(runUntil([&] { return ear.calls >= calls + 10; }));
     host->microphone()->stop();
     host->microphone()->release();
-    EXPECT_TRUE(folders.has("state/last-take.wav"));
+    EXPECT_TRUE(host->hasLastTake());
 }
 
 TEST_F(RealLossProgram, aTakeIsKeptWhenTheServerGoesAwayWhileItIsRecorded) {

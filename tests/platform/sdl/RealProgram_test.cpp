@@ -776,8 +776,38 @@ TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
     EXPECT_EQ(0, program.waitForEnd());
 }
 
-TEST_F(RealProgram, aMicrophoneFileThatIsNoneIsAComplaint) {
-    folders.write("voice.wav", "no sound");
+#ifndef MURMELO_SANITIZED  // its library wants to be the first one
+TEST_F(RealProgram, aDiskThatIsSlowHoldsNeitherWindowNorKeysUp) {
+    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
+    folders.write("config/settings", "lang=0\n");
+    std::vector<std::string> words = command();
+    words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
+    const std::string hold = folders.path("hold");
+    const std::string before = std::getenv("XDG_STATE_HOME");
+    setenv("SYNC_HOLD", hold.c_str(), 1);
+    setenv("LD_PRELOAD", MURMELO_SYNC_SHIM, 1);
+    setenv("XDG_STATE_HOME", folders.path("state").c_str(), 1);
+    Program program(words);
+    setenv("XDG_STATE_HOME", before.c_str(), 1);
+    unsetenv("LD_PRELOAD");
+    unsetenv("SYNC_HOLD");
+    ASSERT_TRUE(waitForMenu());
+    ASSERT_TRUE(record());
+    folders.write("hold", "");
+    key("Return");
+    EXPECT_TRUE(says("Choose an effect: No effect")) << title();
+    key("Return");
+    EXPECT_TRUE(says("Playing: No effect")) << title();
+    EXPECT_FALSE(folders.has("state/murmelo/last-take.wav"));
+    EXPECT_TRUE(folders.has("state/murmelo/last-take.wav.next"));
+    folders.remove("hold");
+    EXPECT_TRUE(until([this] { return folders.has("state/murmelo/last-take.wav"); }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+}
+#endif
+
+TEST_F(RealProgram, aMicrophoneFileThatIsNotThereIsAComplaint) {
     std::vector<std::string> words = command();
     words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
     Program program(words);

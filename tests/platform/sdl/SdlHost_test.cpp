@@ -168,10 +168,13 @@ TEST_F(SdlHostTest, aGlanceAsideIsNotTheBackground) {
 }
 
 TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndRousesTheProgram) {
+    const Samples voice = TestSounds::noise(16000);
+    folders.write("voice.wav", TestSounds::wav(voice, 16000));
     SdlOptions options;
     options.hearsFile = true;
-    options.voice = TestSounds::noise(16000);
+    options.microphone = folders.path("voice.wav");
     open(options);
+    ASSERT_FALSE(host->isStuck());  // the file is read
     Ear ear;
     const int64_t startMs = host->uptimeMs();
     EXPECT_TRUE(host->microphone()->start(ear));
@@ -180,7 +183,22 @@ TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndRousesTheProgram) {
     EXPECT_LE(100, host->uptimeMs() - startMs);
     Samples take(1600);
     EXPECT_EQ(1600, host->microphone()->take(take.data(), 1600));
-    EXPECT_EQ(TestSounds::part(options.voice, 0, 1600), take);
+    EXPECT_EQ(TestSounds::part(voice, 0, 1600), take);
+}
+
+TEST_F(SdlHostTest, aMicrophoneFileThatIsNoSoundIsToldWhenTheWindowStands) {
+    folders.write("letter.wav", "Dear Ada");
+    SdlOptions options;
+    options.hearsFile = true;
+    options.microphone = folders.path("letter.wav");
+    testing::internal::CaptureStderr();
+    open(options);
+    ASSERT_FALSE(host->isStuck());  // the file is read
+    EXPECT_EQ(
+        0U, testing::internal::GetCapturedStderr().find("murmelo: letter.wav is no sound file: "));
+    Ear ear;
+    EXPECT_TRUE(host->microphone()->start(ear));  // hears silence
+    EXPECT_TRUE(host->pump(heard, -1));
 }
 
 TEST_F(SdlHostTest, theDevicesVoiceArrivesWhole) {
@@ -348,7 +366,7 @@ TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndClip
     EXPECT_EQ(std::vector<int16_t>(16000, 0), silence);
     host->microphone()->stop();
     host->microphone()->release();
-    EXPECT_FALSE(folders.has("state/last-take.wav"));  // nothing was heard: there is no take
+    EXPECT_FALSE(host->hasLastTake());  // nothing was heard: there is no take
 
     // A clip takes its time, and stands still while it is paused.
     testing::internal::CaptureStderr();
@@ -386,6 +404,7 @@ TEST_F(SdlHostTest, whatADeviceHeardIsKeptAsTheLastTake) {
     }
     host->microphone()->stop();
     host->microphone()->release();
+    ASSERT_FALSE(host->isStuck());  // the disk has it
     EXPECT_LE(44U + 3200, folders.read("state/last-take.wav").size());
 }
 
