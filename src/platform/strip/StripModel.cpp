@@ -207,6 +207,7 @@ StripButton StripModel::action() const {
     }
     const int32_t width = widthOf(message->actionWord) + 2 * StripLayout::kActionPadPx;
     const int32_t right = showsLevel() ? StripLayout::kSecondsWidthPx : 0;
+    button.part = StripButton::Part::kMessage;
     button.wish = message->action;
     button.name = message->actionWord;
     button.place = {StripLayout::kWidthPx - StripLayout::kMarginPx / 2 - right - width,
@@ -229,6 +230,7 @@ void StripModel::addHeads(std::vector<StripButton>& all) const {
     for (int32_t i = 0; showsHeads() && i < kEffects; i++) {
         const auto at = static_cast<size_t>(i);
         StripButton head;
+        head.part = StripButton::Part::kHeads;
         head.wish = StripWish::of(Kind::kEffect, i);
         head.name = at < effectNames.size() ? effectNames[at] : std::to_string(i + 1);
         head.place = StripLayout::head(i);
@@ -253,6 +255,7 @@ void StripModel::addKeys(std::vector<StripButton>& all) const {
     int32_t index = 0;
     for (const Key& key : keys) {
         StripButton button;
+        button.part = StripButton::Part::kKeys;
         button.wish = StripWish::of(key.kind);
         button.name = key.word;
         button.place = StripLayout::keyOf(index);

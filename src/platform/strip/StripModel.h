@@ -20,6 +20,15 @@ enum class HostKey;
 
 /// Something that can be tapped.
 struct StripButton {
+    /// Where it belongs to.
+    enum class Part {
+        kMessage,  // the action of the message
+        kHeads,
+        kKeys,   // the five buttons that are always there
+        kSheet,  // what lies over the picture
+    };
+
+    Part part = Part::kSheet;
     StripWish wish;     // what a tap on it means
     std::string name;   // a word in the program's language; UTF-8
     ScreenPlace place;  // in the strip; on the sheet y is 80 and more

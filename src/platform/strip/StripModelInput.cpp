@@ -8,6 +8,7 @@
 #include <algorithm>
 
 using Kind = StripWish::Kind;
+using Part = StripButton::Part;
 
 namespace {
 
@@ -41,7 +42,7 @@ StripWish StripModel::tap(int32_t x, int32_t y) {
 
 /// Only the list itself keeps the sheet open: what else is tapped takes its place.
 StripWish StripModel::chosen(const StripButton& button) {
-    const bool turnsPage = openSheet == Sheet::kMicrophones && button.place.y >= kHeightPx &&
+    const bool turnsPage = openSheet == Sheet::kMicrophones && button.part == Part::kSheet &&
                            button.wish.kind == Kind::kMicrophones;
     if (turnsPage) {
         assign(firstChoice, button.wish.index);
@@ -51,7 +52,7 @@ StripWish StripModel::chosen(const StripButton& button) {
         (openSheet == Sheet::kHelp && button.wish.kind == Kind::kHelp) ||
         (openSheet == Sheet::kMicrophones && button.wish.kind == Kind::kMicrophones);
     const StripWish wish = closesOwn ? StripWish::of(Kind::kClose) : button.wish;
-    if (button.place.y < StripLayout::kLineHeightPx) {  // the action of a message
+    if (button.part == Part::kMessage) {
         messages.close();
     }
     openSheet = Sheet::kNone;
@@ -68,8 +69,7 @@ void StripModel::point(int32_t x, int32_t y) {
     std::string pointed;
     for (const StripButton& button : buttons()) {
         // The action of a message shows its word as it is.
-        const bool isNamed =
-            button.place.y >= StripLayout::kHeadsTopPx && button.place.y < kHeightPx;
+        const bool isNamed = button.part == Part::kHeads || button.part == Part::kKeys;
         if (isNamed && isIn(button.place, x, y)) {
             const char* text = hintOf(button.wish);
             pointed = text != nullptr ? text : button.name;
@@ -132,8 +132,7 @@ StripWish StripModel::key(StripKey key) {
                    : StripWish();
     }
     for (const StripButton& button : buttons()) {
-        if (button.wish.kind == kind && button.canBeWished() &&
-            button.place.y >= StripLayout::kKeysTopPx && button.place.y < kHeightPx) {
+        if (button.part == Part::kKeys && button.wish.kind == kind && button.canBeWished()) {
             return chosen(button);
         }
     }

@@ -10,6 +10,7 @@
 #include "StripPictures.h"
 
 using Kind = StripWish::Kind;
+using Part = StripButton::Part;
 
 namespace {
 
@@ -219,12 +220,9 @@ void StripPainter::paint(const StripModel& model, uint16_t* rgb565, int32_t stri
     }
     paintLines(brush, font, model);
     for (const StripButton& button : model.buttons()) {
-        if (button.place.y >= StripModel::kHeightPx || button.place.y < StripLayout::kHeadsTopPx) {
-            continue;
-        }
-        if (button.wish.kind == Kind::kEffect) {
+        if (button.part == Part::kHeads) {
             paintHead(brush, pictures->heads.get(), button);
-        } else {
+        } else if (button.part == Part::kKeys) {
             paintKey(brush, *pictures, button);
         }
     }
@@ -244,7 +242,7 @@ void StripPainter::paintSheet(const StripModel& model, uint16_t* rgb565, int32_t
                        StripLayout::kTitleTopPx, kWhiteArgb);
     paintSheetRows(brush, font, model.sheetRows());
     for (const StripButton& button : model.buttons()) {
-        if (button.place.y < StripModel::kHeightPx) {
+        if (button.part != Part::kSheet) {
             continue;
         }
         if (button.wish.kind == Kind::kClose) {

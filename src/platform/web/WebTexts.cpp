@@ -29,9 +29,13 @@ std::string entry(const ScreenTexts::Entry& e) {
     return "{" + namedPlace(e.text, e.place, 0, e.isFocused) + "}";
 }
 
-/// By what a button of the strip is known in the page: those that are always there.
+/// By what a button of the strip is known in the page: those that are always there, and the action
+/// of the message.
 const char* idOf(const StripButton& button) {
-    if (button.place.y >= StripModel::kHeightPx) {
+    if (button.part == StripButton::Part::kMessage) {
+        return "action";
+    }
+    if (button.part != StripButton::Part::kKeys) {
         return "";
     }
     switch (button.wish.kind) {
@@ -50,10 +54,9 @@ const char* idOf(const StripButton& button) {
     }
 }
 
-std::string buttonJson(const StripButton& button, const StripButton& action) {
-    const bool isAction = action.wish && button.place == action.place;
+std::string buttonJson(const StripButton& button) {
     return "{" + namedPlace(button.name, button.place, StripModel::kHeightPx, button.isLit) + "," +
-           field("id", WebTexts::quoted(isAction ? "action" : idOf(button))) + "," +
+           field("id", WebTexts::quoted(idOf(button))) + "," +
            field("isEnabled", truth(button.isEnabled)) + "}";
 }
 
@@ -112,10 +115,9 @@ std::string WebTexts::quoted(const std::string& utf8) {
 }
 
 std::string WebTexts::stripJson(const StripModel& model) {
-    const StripButton action = model.action();
     std::string buttons;
     for (const StripButton& button : model.buttons()) {
-        buttons += (buttons.empty() ? "" : ",") + buttonJson(button, action);
+        buttons += (buttons.empty() ? "" : ",") + buttonJson(button);
     }
     const bool isCovered = model.sheet() != StripModel::Sheet::kNone;
     return "{" + field("line", quoted(joined(model.lines(), ""))) + "," +
