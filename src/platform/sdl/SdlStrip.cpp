@@ -73,7 +73,7 @@ void SdlStrip::tell(const HostMessage& message) {
     const StripWish wish = actionOf(message);
     HostMessage shown = message;
     for (std::string& part : shown.parts) {
-        part = shortened(part);
+        part = row.model().pathForMessage(shortened(part));
     }
     row.model().tell(shown.text(language), wish,
                      HostWords::text(wish.kind == Kind::kShowFile ? "show" : "choose", language),
@@ -85,8 +85,9 @@ void SdlStrip::tellPicture(const std::string& path) {
     StripWish wish;
     wish.kind = Kind::kShowFile;
     wish.path = path;
-    row.model().tell(HostMessage{"picture", {shortened(path)}}.text(language), wish,
-                     HostWords::text("show", language), nowMs());
+    row.model().tell(
+        HostMessage{"picture", {row.model().pathForMessage(shortened(path))}}.text(language), wish,
+        HostWords::text("show", language), nowMs());
 }
 
 /// A file is shown by its folder.

@@ -140,8 +140,8 @@ void StripFeed::tellSaved(int64_t nowMs) {
     StripWish show;
     show.kind = StripWish::Kind::kShowFile;
     show.path = folder + name;
-    model.tell(HostMessage{"saved", {shownFolder + name}}.text(language), show,
-               HostWords::text("show", language), nowMs);
+    model.tell(HostMessage{"saved", {model.pathForMessage(shownFolder + name)}}.text(language),
+               show, HostWords::text("show", language), nowMs);
 }
 
 /// The take that was there has been deleted: the user may not have meant that.

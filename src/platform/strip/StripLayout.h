@@ -19,6 +19,7 @@ public:
     static constexpr int32_t kLineHeightPx = 16;
     static constexpr int32_t kLinePx = kWidthPx - 2 * kMarginPx;
     static constexpr int32_t kMaxLines = 3;
+    static constexpr int32_t kMessagePathPx = kLinePx * 3 / 2;  // of a path among its words
     static constexpr int32_t kSecondsWidthPx = 34;  // kept free at its right end while recording
     static constexpr int32_t kActionPadPx = 5;      // on both sides of the word
 

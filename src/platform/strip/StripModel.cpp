@@ -130,6 +130,15 @@ void StripModel::tell(std::string text, StripWish action, std::string actionWord
     lookAgain();
 }
 
+std::string StripModel::pathForMessage(const std::string& path) const {
+    const bool isPath = !path.empty() && (path[0] == '/' || path[0] == '~');
+    return isPath ? TextRows::cutPath(path, StripLayout::kMessagePathPx, widthOf) : path;
+}
+
+std::string StripModel::pathForHelp(const std::string& path) const {
+    return TextRows::cutPath(path, StripLayout::kSheetTextPx, widthOf);
+}
+
 bool StripModel::tick(int64_t nowMs) {
     const bool isOther = messages.tick(nowMs);
     messages.look();

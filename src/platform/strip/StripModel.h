@@ -96,6 +96,11 @@ public:
     /// @param actionWord  short
     void tell(std::string text, StripWish action, std::string actionWord, int64_t nowMs);
 
+    /// A path that fits beside the words of a message, or on the help: too long ones lose their
+    /// middle. Anything else stays as it is.
+    std::string pathForMessage(const std::string& path) const;
+    std::string pathForHelp(const std::string& path) const;
+
     /// Opens the list of the microphones that are known.
     void showMicrophones();
 

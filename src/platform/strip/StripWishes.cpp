@@ -50,7 +50,8 @@ void StripWishes::help() {
     if (model.isMoreOffered()) {
         text.emplace_back(HostWords::text("helpFileKeys", language));
     }
-    text.push_back(HostMessage{"helpFolder", {feed.shownSoundFolder()}}.text(language));
+    text.push_back(
+        HostMessage{"helpFolder", {model.pathForHelp(feed.shownSoundFolder())}}.text(language));
     text.emplace_back(HostWords::text("helpStaysHere", language));
     model.showHelp(std::move(text));
 }

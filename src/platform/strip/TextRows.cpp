@@ -107,3 +107,20 @@ std::string TextRows::cut(const std::string& text, int32_t widthPx, const Width&
     }
     return text.substr(0, end) + kEllipsis;
 }
+
+std::string TextRows::cutPath(const std::string& path, int32_t widthPx, const Width& widthOf) {
+    if (path.empty() || widthOf(path) <= widthPx) {
+        return path;
+    }
+    const size_t slash = path.rfind('/');
+    size_t tail = slash != std::string::npos ? slash : 0;
+    while (tail < path.size() && widthOf(path.substr(tail)) > widthPx * 2 / 3) {
+        tail = after(path, tail);
+    }
+    const std::string end = kEllipsis + path.substr(tail);
+    size_t head = 0;
+    while (head < tail && widthOf(path.substr(0, after(path, head)) + end) <= widthPx) {
+        head = after(path, head);
+    }
+    return path.substr(0, head) + end;
+}

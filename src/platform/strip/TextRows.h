@@ -26,4 +26,8 @@ public:
 
     /// The text, or its beginning with an ellipsis, no wider than a row.
     static std::string cut(const std::string& text, int32_t widthPx, const Width& widthOf);
+
+    /// A path, or its beginning and its end with an ellipsis between them, no wider than that. The
+    /// name of the file stays whole if it takes no more than two thirds of it.
+    static std::string cutPath(const std::string& path, int32_t widthPx, const Width& widthOf);
 };

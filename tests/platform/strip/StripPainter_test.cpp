@@ -20,6 +20,14 @@ namespace {
 
 constexpr int32_t kStrideBytes = StripModel::kWidthPx * 2;
 
+const std::string kFolders[] = {
+    "~/Music/Murmelo",
+    "/home/somebody/Music/Murmelo",
+    "/media/somebody/External Disk of Two Terabytes/Recordings/2026/November/Voices/Murmelo",
+    "/srv/" + std::string(240, 'W'),
+    "/a/" + std::string(37, 'm') + "/" + std::string(37, 'M') + "/Murmelo",
+};
+
 class StripPainterTest : public ::testing::Test {
 protected:
     StripPainterTest() {
@@ -160,27 +168,55 @@ TEST_F(StripPainterTest, aMuteMicrophoneFitsBesideTheSecondsInEveryLanguage) {
 
 TEST_F(StripPainterTest, theHelpFitsItsSheetInEveryLanguage) {
     for (const Language& language : Languages::kAll) {
-        StripModel helping = model("Play", language.code);
-        const std::string code = language.code;
-        helping.showHelp({HostWords::text("helpRecordKeys", code),
-                          HostWords::text("helpMoreKeys", code),
-                          HostWords::text("helpFileKeys", code),
-                          HostMessage{"helpFolder", {"/home/somebody/Music/Murmelo"}}.text(code),
-                          HostWords::text("helpStaysHere", code)});
-        int32_t height = StripLayout::kRowsTopPx;
-        for (const std::string& row : helping.sheetRows()) {
-            height += row.empty() ? StripLayout::kParagraphGapPx : StripLayout::kTextRowHeightPx;
-            EXPECT_LE(painter->textWidth(row), StripLayout::kSheetTextPx);
+        for (const std::string& folder : kFolders) {
+            StripModel helping = model("Play", language.code);
+            const std::string code = language.code;
+            helping.showHelp({HostWords::text("helpRecordKeys", code),
+                              HostWords::text("helpMoreKeys", code),
+                              HostWords::text("helpFileKeys", code),
+                              HostMessage{"helpFolder", {helping.pathForHelp(folder)}}.text(code),
+                              HostWords::text("helpStaysHere", code)});
+            int32_t height = StripLayout::kRowsTopPx;
+            for (const std::string& row : helping.sheetRows()) {
+                height +=
+                    row.empty() ? StripLayout::kParagraphGapPx : StripLayout::kTextRowHeightPx;
+                EXPECT_LE(painter->textWidth(row), StripLayout::kSheetTextPx);
+            }
+            EXPECT_LE(height, StripModel::kSheetHeightPx - StripLayout::kCloseHeightPx -
+                                  StripLayout::kMoreHeightPx)
+                << code << " " << folder;
         }
-        EXPECT_LE(height, StripModel::kSheetHeightPx - StripLayout::kCloseHeightPx -
-                              StripLayout::kMoreHeightPx)
-            << code;
+    }
+}
+
+TEST_F(StripPainterTest, theButtonsOfTheHelpFitInEveryLanguage) {
+    for (const Language& language : Languages::kAll) {
+        StripModel helping = model("Play", language.code);
+        helping.showHelp({});
         helping.setOffersMore(true);
+        int32_t buttons = 0;
         for (const StripButton& button : helping.buttons()) {
             if (button.place.y == StripLayout::more(0).y) {
                 EXPECT_LE(painter->textWidth(button.name), StripLayout::kMoreWidthPx - 6)
                     << button.name;
+                buttons++;
             }
+        }
+        EXPECT_EQ(3, buttons);
+    }
+}
+
+TEST_F(StripPainterTest, aSavedSoundIsNamedHoweverDeepItsFolderLies) {
+    for (const Language& language : Languages::kAll) {
+        for (const std::string& folder : kFolders) {
+            StripModel telling = model("Play", language.code);
+            const std::string path = telling.pathForMessage(folder + "/rec_00003.wav");
+            telling.tell(HostMessage{"saved", {path}}.text(language.code),
+                         StripWish::of(StripWish::Kind::kShowFile),
+                         HostWords::text("show", language.code), 0);
+            const std::string last = telling.lines().back();
+            EXPECT_LE(telling.lines().size(), 3U);
+            EXPECT_EQ("rec_00003.wav", last.substr(last.size() - 13)) << language.code << folder;
         }
     }
 }

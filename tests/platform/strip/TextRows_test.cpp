@@ -74,6 +74,19 @@ TEST(TextRows, whatDoesNotFitEndsInAnEllipsis) {
     EXPECT_EQ((Rows{"äö…"}), wrap("äöüäöü", 3, 1));
 }
 
+TEST(TextRows, aPathTooLongLosesItsMiddle) {
+    const auto cut = [](const std::string& path, int32_t widthPx) {
+        return TextRows::cutPath(path, widthPx, widthOf);
+    };
+    EXPECT_EQ("~/Music/rec.wav", cut("~/Music/rec.wav", 15));
+    EXPECT_EQ("~/Mus…/rec.wav", cut("~/Music/rec.wav", 14));
+    EXPECT_EQ("~/M…/rec.wav", cut("~/Music/rec.wav", 12));
+    EXPECT_EQ("~/….wav", cut("~/Music/rec.wav", 7));  // two thirds: four of the name
+    EXPECT_EQ("ä/Ö…/üäö", cut("ä/Ö/Ü/Ä/üäö", 8));
+    EXPECT_EQ("abc…ghijkl", cut("abcdefghijkl", 10));
+    EXPECT_EQ("", cut("", 5));
+}
+
 TEST(TextRows, theFirstRowMayBeNarrower) {
     EXPECT_EQ((Rows{"one", "two three", "four"}),
               TextRows::wrap("one two three four", 5, 9, 3, widthOf));
