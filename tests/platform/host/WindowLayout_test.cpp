@@ -57,6 +57,17 @@ TEST(WindowLayout, inAWideWindowTheStripStandsBesideThePicture) {
     EXPECT_EQ((PicturePlace{150, 405, 810, 270}), layout.strip());
 }
 
+TEST(WindowLayout, tallWindowsAreFilledFromSideToSide) {
+    // 700 / 480 of 800 is 1166 2/3 high, of 160 is 233 1/3; what is left over is halved.
+    const WindowLayout tablet(700, 1200);
+    EXPECT_EQ((PicturePlace{0, 17, 700, 233}), tablet.strip());
+    EXPECT_EQ((PicturePlace{0, 250, 700, 933}), tablet.picture());
+    // 2 / 3 of 800 is 533 1/3, of 160 is 106 2/3.
+    const WindowLayout phone(320, 568);
+    EXPECT_EQ((PicturePlace{0, 17, 320, 107}), phone.strip());
+    EXPECT_EQ((PicturePlace{0, 124, 320, 426}), phone.picture());
+}
+
 TEST(WindowLayout, exactMultiplesAreExact) {
     for (int32_t factor = 1; factor <= 8; factor++) {
         const WindowLayout high(240 * factor, 400 * factor);
