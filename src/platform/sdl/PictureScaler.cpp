@@ -140,17 +140,17 @@ void PictureScaler::drawPart(const Part& part,
     }
 }
 
-/// Makes a row of the window black where no part lies: a part's pixels are all drawn.
+/// Fills a row of the window where no part lies: a part's pixels are all drawn.
 void PictureScaler::clearBeside(int32_t y, uint32_t* row, int32_t windowWidth) const {
     int32_t x = 0;
     for (const Part& part : parts) {  // from left to right where they lie side by side
         const PicturePlace& place = part.place;
         if (y >= place.y && y < place.y + place.height) {
-            std::fill(row + std::min(x, place.x), row + place.x, 0U);
+            std::fill(row + std::min(x, place.x), row + place.x, kBesideRgb);
             x = place.x + place.width;
         }
     }
-    std::fill(row + x, row + windowWidth, 0U);
+    std::fill(row + x, row + windowWidth, kBesideRgb);
 }
 
 void PictureScaler::draw(const uint16_t* picture,

@@ -16,7 +16,10 @@
 
 class PictureScaler {
 public:
-    /// Draws the picture (rows of 480 without padding), with black around it.
+    /// Around strip and picture: the glass of the strip at its darkest, as around the page.
+    static constexpr uint32_t kBesideRgb = 0x180C14;
+
+    /// Draws the picture (rows of 480 without padding), and kBesideRgb around it.
     /// @param target        windowWidth x windowHeight pixels 0x00RRGGBB
     /// @param stridePixels  from row to row
     void draw(const uint16_t* picture,

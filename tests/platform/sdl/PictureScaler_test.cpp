@@ -31,7 +31,7 @@ protected:
         return HostFrame::toRgb32(picture[static_cast<size_t>(2 * y * 480 + 2 * x)]);
     }
 
-    /// Pixels that differ from whole-number scaling with black around it.
+    /// Pixels that differ from whole-number scaling with the dark glass around it.
     int32_t wrongPixels(int32_t width, int32_t height, int32_t factor) const {
         const int32_t left = (width - factor * 240) / 2;
         const int32_t top = (height - factor * 400) / 2;
@@ -40,8 +40,8 @@ protected:
             for (int32_t x = 0; x < width; x++) {
                 const bool inside =
                     x >= left && x < left + factor * 240 && y >= top && y < top + factor * 400;
-                const uint32_t expected =
-                    inside ? program((x - left) / factor, (y - top) / factor) : 0;
+                const uint32_t expected = inside ? program((x - left) / factor, (y - top) / factor)
+                                                 : PictureScaler::kBesideRgb;
                 wrong += window[static_cast<size_t>(y * width + x)] != expected ? 1 : 0;
             }
         }
@@ -72,7 +72,7 @@ TEST_F(PictureScalerTest, wholeNumbersRepeatEachPixelExactly) {
     }
 }
 
-TEST_F(PictureScalerTest, bandsAroundThePictureAreBlackAndEverythingIsDrawn) {
+TEST_F(PictureScalerTest, bandsAroundThePictureAreOfDarkGlassAndEverythingIsDrawn) {
     draw(517, 800);
     EXPECT_EQ(0, wrongPixels(517, 800, 2));
     draw(480, 833);
@@ -84,7 +84,7 @@ TEST_F(PictureScalerTest, inAWideWindowTheStripStandsBesideThePicture) {
     int32_t wrong = 0;
     for (int32_t y = 0; y < 640; y++) {
         for (int32_t x = 0; x < 1010; x++) {
-            uint32_t expected = 0;
+            uint32_t expected = PictureScaler::kBesideRgb;
             if (x >= 505 && x < 985) {
                 expected = program((x - 505) / 2, 80 + y / 2);
             } else if (x >= 25 && x < 505 && y >= 240 && y < 400) {

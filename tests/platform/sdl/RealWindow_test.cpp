@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window on a real X server: what is on the screen, what a hand does to it.
 #include "EventWait.h"
+#include "PictureScaler.h"
 #include "Program.h"
 #include "SdlHost.h"
 #include "TestSounds.h"
@@ -186,7 +187,7 @@ TEST_F(RealWindow, everyPixelOfThePictureIsOnTheScreen) {
     EXPECT_EQ(0, wrongPixels());
 }
 
-TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
+TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndDarkBands) {
     screen.resize(window, 740, 1200);  // three pixels each make 720 x 1200
     hand("search --name Murmelo windowmove 0 0");
     const auto isRight = [this] {
@@ -195,7 +196,8 @@ TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndBlackBands) {
         for (int32_t y = 0; y < 1200; y++) {
             for (int32_t x = 0; x < 740; x++) {
                 const bool inside = x >= 10 && x < 730;
-                const uint32_t expected = inside ? picture.rgb32((x - 10) / 3 * 2, y / 3 * 2) : 0;
+                const uint32_t expected =
+                    inside ? picture.rgb32((x - 10) / 3 * 2, y / 3 * 2) : PictureScaler::kBesideRgb;
                 wrong += all[static_cast<size_t>(y) * 740 + static_cast<size_t>(x)] != expected;
             }
         }
@@ -215,7 +217,7 @@ TEST_F(RealWindow, aWideWindowHasTheStripBesideThePictureAndBothAreTouched) {
                 const bool onStrip = x < 480 && y >= 240 && y < 400;
                 const uint32_t expected = x >= 480  ? picture.rgb32(x - 480, 160 + y)
                                           : onStrip ? picture.rgb32(x, y - 240)
-                                                    : 0;
+                                                    : PictureScaler::kBesideRgb;
                 wrong += all[static_cast<size_t>(y) * 960 + static_cast<size_t>(x)] != expected;
             }
         }
