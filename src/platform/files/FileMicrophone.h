@@ -8,6 +8,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 class FileMicrophone : public HostMicrophone {
@@ -27,6 +29,11 @@ public:
 
     /// Sets what the next recordings hear; no samples mean silence.
     void setVoice(std::vector<int16_t> samples) { voice = std::move(samples); }
+
+    /// What deviceName() returns.
+    void setName(std::string fileName) { name = std::move(fileName); }
+
+    std::string deviceName() override { return name; }
 
     /// When the listener is to be called, DueTime::kNever if it wants nothing.
     int64_t dueMs() const;
@@ -54,6 +61,7 @@ private:
     void forgetOldest();
 
     Clock nowMs;
+    std::string name;
     std::vector<int16_t> voice;
     std::vector<int16_t> hearing;  // the voice of the current recording
     HostMicrophoneListener* listener = nullptr;

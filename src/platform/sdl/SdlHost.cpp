@@ -161,6 +161,7 @@ void SdlHost::settleLater(std::function<Problem()> settle) {
 
 /// Until it is read the microphone hears silence.
 void SdlHost::readVoice() {
+    fileEars.setName(FileUri::nameIn(options.microphone));
     errands.start([this, name = options.microphone] {
         std::vector<int16_t> voice;
         std::string path;

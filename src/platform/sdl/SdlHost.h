@@ -93,6 +93,9 @@ public:
     /// What the keys for files do, for whatever else wants it.
     SdlDoors& files() { return extraDoors; }
 
+    /// The one that is heard: a device, or the file in the place of one.
+    HostMicrophone& realMicrophone();
+
     /// The one chosen; empty: the system's default.
     const std::string& chosenMicrophone() const { return ears.chosen(); }
 
@@ -110,7 +113,6 @@ public:
     int64_t presented() const { return pictures.presented(); }
 
 private:
-    HostMicrophone& realMicrophone();
     SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
     void settleLater(std::function<Problem()> settle);

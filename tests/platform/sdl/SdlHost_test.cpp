@@ -175,6 +175,7 @@ TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndRousesTheProgram) {
     options.microphone = folders.path("voice.wav");
     open(options);
     ASSERT_FALSE(host->isStuck());  // the file is read
+    EXPECT_EQ("voice.wav", host->realMicrophone().deviceName());
     Ear ear;
     const int64_t startMs = host->uptimeMs();
     EXPECT_TRUE(host->microphone()->start(ear));
