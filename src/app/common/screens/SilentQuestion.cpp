@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr uint32_t kDarkArgb = 0xD0000000;
+constexpr uint32_t kDarkArgb = 0xEB000000;
 
 }  // namespace
 

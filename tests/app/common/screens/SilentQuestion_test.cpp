@@ -96,7 +96,7 @@ TEST_F(SilentQuestionTest, wordsBesideTheQuestionRecede) {
     G::scr->set(0xFFFFFFFF);
     const Shown shown = paint();
     constexpr size_t kAboveTheSoftKeys = 240 * 287 + 120;
-    EXPECT_GE(64, 4 * (shown[kAboveTheSoftKeys] >> 5 & 0x3F));  // of 255; 128 under a fatal message
+    EXPECT_GE(20, 4 * (shown[kAboveTheSoftKeys] >> 5 & 0x3F));  // of 255; 128 under a fatal message
     EXPECT_LT(0, shown[kAboveTheSoftKeys]);
 }
 
