@@ -41,7 +41,7 @@ PLAIN = {
 STRIP = {"heads": 255, "icons": 0}
 SPLIT = re.compile(r"_x\d+y\d+$")  # what is stretched says so in its name
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
-SMALL_ICON_MAX = 32  # up to this size the icon is drawn from its simplified source
+SIMPLE_ICONS = {16: "icon_tiny.svg", 24: "icon_small.svg", 32: "icon_small.svg"}
 
 # Which groups of scene.svg are exchanged in each state (hidden, shown).
 STATES = {
@@ -222,8 +222,7 @@ def main():
     render_plain(save)
     render_strip(strip)
     for size in ICON_SIZES:
-        file = "icon_small.svg" if size <= SMALL_ICON_MAX else "icon.svg"
-        rasterise(source(file), size, size).save(os.path.join(icons, "murmelo-%d.png" % size), optimize=True)
+        rasterise(source(SIMPLE_ICONS.get(size, "icon.svg")), size, size).save(os.path.join(icons, "murmelo-%d.png" % size), optimize=True)
 
 
 if __name__ == "__main__":
