@@ -4,8 +4,9 @@
 #                                or compares:  make-fonts.sh --check BMFGEN     status 1: they differ
 # Exit status 77: the outlines or the rasteriser are not those that the fonts were made from.
 #
-# Clear Sans Medium was chosen by docs/images/fonts.png: its strokes stay even and bright on dark glass, at the
-# canvas's size and doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar, 11.75
+# Clear Sans Medium was chosen by eye, from every text of the program in five languages, beside Lato Medium (narrow strokes
+# fade on dark glass), M PLUS 1 Medium (its texts take more rows) and Roboto Condensed (thin and cramped at 11.75 pixels):
+# its strokes stay even and bright on dark glass, at the canvas's size and doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar, 11.75
 # the largest at which the path of a saved sound stays in one row of the message box.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
