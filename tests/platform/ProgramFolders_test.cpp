@@ -233,6 +233,18 @@ TEST_F(ProgramFoldersTest, aSoundFolderThatLeadsToItsOwnHomeIsLockedOnce) {
     EXPECT_EQ("", FolderLocks().take(find(folders.path("home"))));
 }
 
+TEST_F(ProgramFoldersTest, aPathBelowTheHomeIsShownFromThere) {
+    const std::string home = folders.path("user");
+    EXPECT_EQ("~/Music/rec_00000.wav", ProgramFolders::shown(home + "/Music/rec_00000.wav"));
+    EXPECT_EQ(home, ProgramFolders::shown(home));
+    EXPECT_EQ(home + "s/a.wav", ProgramFolders::shown(home + "s/a.wav"));
+    EXPECT_EQ("/media/a.wav", ProgramFolders::shown("/media/a.wav"));
+    setenv("HOME", "/", 1);
+    EXPECT_EQ("/media/a.wav", ProgramFolders::shown("/media/a.wav"));
+    unsetenv("HOME");
+    EXPECT_EQ("/media/a.wav", ProgramFolders::shown("/media/a.wav"));
+}
+
 TEST(HomeLock, aLinkInItsPlaceIsNotFollowed) {
     const TestFolders folders;
     folders.write("mine", "precious");

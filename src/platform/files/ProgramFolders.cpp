@@ -189,6 +189,13 @@ Problem ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
     return Problem::none();
 }
 
+std::string ProgramFolders::shown(const std::string& path) {
+    const std::string home = environment("HOME");
+    const bool isBelow = home.size() > 1 && path.compare(0, home.size(), home) == 0 &&
+                         path.size() > home.size() && path[home.size()] == '/';
+    return isBelow ? "~" + path.substr(home.size()) : path;
+}
+
 int64_t ProgramFolders::freeBytes(const HostFolders& folders) {
     struct statvfs facts {};
 

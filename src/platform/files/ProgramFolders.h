@@ -30,6 +30,9 @@ public:
     /// can, or is still to be made.
     static Problem whySoundsCannotBeKept(const HostFolders& folders);
 
+    /// A path as the user knows it: below the folder that HOME names it begins with "~".
+    static std::string shown(const std::string& path);
+
     /// Bytes that this user can still write where the sounds lie, or will lie once their folder is
     /// made; -1 if unknown.
     static int64_t freeBytes(const HostFolders& folders);

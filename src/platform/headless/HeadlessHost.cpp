@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HeadlessHost.h"
 
+#include "ProgramFolders.h"
+
 #include <algorithm>
 #include <iostream>
 #include <utility>
@@ -46,7 +48,7 @@ void HeadlessHost::yielded() {
 void HeadlessHost::showStrip() {
     strip = std::make_unique<Strip>();
     strip->feed().setMicrophone(&fileEars);
-    strip->feed().setSoundFolder(mapped.sounds(), mapped.sounds());
+    strip->feed().setSoundFolder(mapped.sounds(), ProgramFolders::shown(mapped.sounds()));
     strip->wishes().on(StripWish::Kind::kBringBack, [this](const StripWish&) { bringBack(); });
 }
 

@@ -3,26 +3,17 @@
 
 #include "FileManager.h"
 #include "HostWords.h"
+#include "ProgramFolders.h"
 #include "ScreenNames.h"
 
 #include <SDL.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
 using Kind = StripWish::Kind;
 
 namespace {
-
-/// A path as the user knows it: below the home it begins with "~".
-std::string shortened(const std::string& path) {
-    const char* home = std::getenv("HOME");
-    const std::string start = home != nullptr ? home : "";
-    const bool isBelow = start.size() > 1 && path.compare(0, start.size(), start) == 0 &&
-                         path.size() > start.size() && path[start.size()] == '/';
-    return isBelow ? "~" + path.substr(start.size()) : path;
-}
 
 /// What the user may want to do about a message.
 StripWish actionOf(const HostMessage& message) {
@@ -50,7 +41,7 @@ SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake)
 }
 
 void SdlStrip::look() {
-    row.feed().setSoundFolder(folders.sounds(), shortened(folders.sounds()));
+    row.feed().setSoundFolder(folders.sounds(), ProgramFolders::shown(folders.sounds()));
     row.look(nowMs());
     tellWaiting();
 }
@@ -73,7 +64,7 @@ void SdlStrip::tell(const HostMessage& message) {
     const StripWish wish = actionOf(message);
     HostMessage shown = message;
     for (std::string& part : shown.parts) {
-        part = row.model().pathForMessage(shortened(part));
+        part = row.model().pathForMessage(ProgramFolders::shown(part));
     }
     row.model().tell(shown.text(language), wish,
                      HostWords::text(wish.kind == Kind::kShowFile ? "show" : "choose", language),
@@ -86,8 +77,9 @@ void SdlStrip::tellPicture(const std::string& path) {
     wish.kind = Kind::kShowFile;
     wish.path = path;
     row.model().tell(
-        HostMessage{"picture", {row.model().pathForMessage(shortened(path))}}.text(language), wish,
-        HostWords::text("show", language), nowMs());
+        HostMessage{"picture", {row.model().pathForMessage(ProgramFolders::shown(path))}}.text(
+            language),
+        wish, HostWords::text("show", language), nowMs());
 }
 
 /// A file is shown by its folder.
