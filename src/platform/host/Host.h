@@ -67,7 +67,8 @@ public:
 
     /// Writes the pixels of those rows as RGB565.
     /// @param pixels  of the first row of the display, whether or not it is asked for
-    /// @param strideBytes  from row to row (at least 960, a multiple of 4)
+    /// @param strideBytes  from row to row (a multiple of 4; at least 960 for neighbouring rows: of
+    ///                     every second row alone, half of that leaves no gap)
     virtual void composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) = 0;
 
     /// Writes all 480 x 800 pixels.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PictureScaler.h"
 
+#include "Kernels.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -8,6 +10,7 @@
 namespace {
 
 constexpr int32_t kFactor = HostFrame::kCanvasFactor;
+static_assert(kFactor == 2, "convertDoubled() writes two pixels for each");
 constexpr int32_t kProgramWidth = HostFrame::kWidthPx / kFactor;
 constexpr int32_t kStripRows = HostFrame::kCanvasTopPx / kFactor;
 constexpr int32_t kPictureRows = HostFrame::kHeightPx / kFactor - kStripRows;
@@ -28,7 +31,16 @@ uint32_t pixelAt(const uint16_t* row, int32_t programX) {
 }
 
 const uint16_t* rowAt(const uint16_t* picture, int32_t programY) {
-    return picture + static_cast<ptrdiff_t>(kFactor * programY) * HostFrame::kWidthPx;
+    return picture + static_cast<ptrdiff_t>(programY) * HostFrame::kWidthPx;
+}
+
+/// The columns of a window in which each of the program's pixels is as wide as on the display.
+MURMELO_KERNEL void convertDoubled(const uint16_t* __restrict source, uint32_t* __restrict target) {
+    for (ptrdiff_t x = 0; x < HostFrame::kWidthPx; x += kFactor) {
+        const uint32_t pixel = HostFrame::toRgb32(source[x]);
+        target[x] = pixel;
+        target[x + 1] = pixel;
+    }
 }
 
 }  // namespace
@@ -80,6 +92,10 @@ PictureScaler::lineOf(const Part& part, const uint16_t* picture, int32_t row) {
     line.pixels.resize(part.columns.size());
     const uint16_t* source = rowAt(picture, row);
     uint32_t* target = line.pixels.data();
+    if (part.place.width == HostFrame::kWidthPx) {
+        convertDoubled(source, target);
+        return line.pixels;
+    }
     for (const Cover& column : part.columns) {
         const uint32_t left = pixelAt(source, column.first);
         *target++ = column.firstWeight256 == 256

@@ -19,7 +19,8 @@ public:
     /// Around strip and picture: the glass of the strip at its darkest, as around the page.
     static constexpr uint32_t kBesideRgb = 0x180C14;
 
-    /// Draws the picture (rows of 480 without padding), and kBesideRgb around it.
+    /// Draws the picture, and kBesideRgb around it.
+    /// @param picture       the upper ones of the display's doubled rows: 400 of 480, no padding
     /// @param target        windowWidth x windowHeight pixels 0x00RRGGBB
     /// @param stridePixels  from row to row
     void draw(const uint16_t* picture,
@@ -29,7 +30,8 @@ public:
               int32_t windowHeight);
 
     /// Draws the changed rows again, into a target that has held the whole picture since a draw()
-    /// of the same size. Of the program's doubled rows the upper ones count.
+    /// of the same size.
+    /// @param changed  the display's rows; of the doubled ones the upper ones count
     /// @returns where it has drawn: of the strip from the top down, then of the picture
     std::vector<PicturePlace> drawChanged(const uint16_t* picture,
                                           uint32_t* target,

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int64_t kUsPerSecond = 1000000;
 constexpr int32_t kUsualRefreshHz = 60;
+constexpr int32_t kPictureRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
 
 // A display of at least this density is taken to have twice the usual resolution, and to report
 // unscaled pixels.
@@ -40,6 +41,18 @@ double scaleOfDesktop(WindowSizes::Size room) {
     const WindowSizes::Size fine = WindowSizes::usual(2, {});
     const bool isFine = SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) == 0 && dpi >= kFineDpi;
     return isFine && room.width >= fine.width && room.height > fine.height ? 2 : 1;
+}
+
+/// Of the display's doubled rows the upper ones.
+const HostFrame::Rows& upperRows() {
+    static const HostFrame::Rows rows = [] {
+        HostFrame::Rows upper;
+        for (size_t y = 0; y < upper.size(); y += HostFrame::kCanvasFactor) {
+            upper.set(y);
+        }
+        return upper;
+    }();
+    return rows;
 }
 
 /// The size of an earlier run, as far as today's screen has room for it.
@@ -118,9 +131,11 @@ void SdlWindow::rememberSize() const {
 }
 
 void SdlWindow::present(HostFrame& frame, const HostFrame::Rows& changed) {
-    picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * HostFrame::kHeightPx);
-    frame.composeRows(picture.data(), HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t)),
-                      changed);
+    picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * kPictureRows);
+    // Rows that lie half a row apart: the even ones follow one another.
+    constexpr int32_t kStrideBytes =
+        HostFrame::kWidthPx / HostFrame::kCanvasFactor * static_cast<int32_t>(sizeof(uint16_t));
+    frame.composeRows(picture.data(), kStrideBytes, changed & upperRows());
     SDL_Surface* surface = SDL_GetWindowSurface(window);
     const bool isEnough =
         surface != nullptr && isDrawnOn(*surface) && drawChangesOn(*surface, changed);

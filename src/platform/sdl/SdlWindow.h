@@ -79,7 +79,7 @@ private:
     WindowSizes::Size opened;
     std::string title;
     PictureScaler scaler;
-    std::vector<uint16_t> picture;  // the last one presented
+    std::vector<uint16_t> picture;  // the upper ones of the doubled rows that were presented last
 
     // The surface that holds the picture, and its size then; not owned. Null: none holds it whole.
     const SDL_Surface* drawn = nullptr;

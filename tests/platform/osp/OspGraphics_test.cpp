@@ -246,6 +246,26 @@ TEST_F(OspGraphicsTest, rowsThatAreNotAskedForStayAsTheyAre) {
     EXPECT_EQ(0xFFFF, at(shown, 479, 7));
 }
 
+TEST_F(OspGraphicsTest, everySecondRowCanBeComposedWithoutAGap) {
+    canvas->FillRectangle(Color(0xFF202020), {0, 0, 640, 800});
+    canvas->DrawBitmap({0, 160, 480, 640}, bitmap, {0, 0, 240, 320});
+    for (int32_t y = 0; y < 320; y++) {
+        change(y % 240, y);
+    }
+    const std::vector<uint16_t> whole = display();
+    HostFrame::Rows even;
+    for (size_t y = 0; y < even.size(); y += 2) {
+        even.set(y);
+    }
+    std::vector<uint16_t> half(static_cast<size_t>(kW) * kH / 2, 0x1234);
+    host.frame->composeRows(half.data(), kW, even);
+    for (int32_t y = 0; y < kH / 2; y++) {
+        EXPECT_TRUE(std::equal(half.begin() + y * kW, half.begin() + (y + 1) * kW,
+                               whole.begin() + 2 * y * kW))
+            << y;
+    }
+}
+
 TEST_F(OspGraphicsTest, theCanvasOutlivesItsBitmap) {
     {
         Bitmap shortLived;
