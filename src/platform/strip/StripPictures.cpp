@@ -19,23 +19,12 @@ std::unique_ptr<AppImage> readImage(const char* path) {
     return image;
 }
 
-std::unique_ptr<BitMapFont> readFont(const char* path) {
-    const std::unique_ptr<FileInputStream> in(MIDlet::getResourceAsStream(path));
-    std::unique_ptr<BitMapFont> font;
-    // A file that did not open would give a font of hollow squares.
-    if (in->available() > 0) {
-        font.reset(BitMapFont::createFrom(in.get()));
-    }
-    in->close();
-    return font;
-}
-
 }  // namespace
 
 StripPictures::StripPictures()
     : heads(readImage("/Res/strip/heads.png"))
     , icons(readImage("/Res/strip/icons.png"))
-    , font(readFont("/Res/bmf13.bmf"))
-    , titleFont(readFont("/Res/bmf15.bmf")) {}
+    , font(BitMapFont::createFromFile("/Res/bmf13.bmf"))
+    , titleFont(BitMapFont::createFromFile("/Res/bmf15.bmf")) {}
 
 StripPictures::~StripPictures() = default;

@@ -4,6 +4,7 @@
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "BitMapCharacter.h"
+#include "ByteArrayInputStream.h"
 #include "DataInputStream.h"
 #include "DataOutputStream.h"
 #include "FileInputStream.h"
@@ -79,6 +80,20 @@ BitMapFont* BitMapFont::createFrom(InputStream* in) {
     font->addChar(new BitMapCharacter(kLineFeed, 0, 0, 0));
     data.close();
     return font;
+}
+
+BitMapFont* BitMapFont::createFromFile(const String& path) {
+    FileInputStream in(path);
+    const int32_t bytes = std::min(in.available(), kMaxArrayLength);
+    if (bytes < 1) {
+        return nullptr;  // createFrom() would make a font of hollow squares
+    }
+    // The whole file at once: a font is read byte by byte.
+    const Array<signed char> data(newArray<signed char>(bytes));
+    const int32_t got = std::max(in.read(data, 0, bytes), 0);
+    in.close();
+    ByteArrayInputStream stream(data, 0, got);
+    return createFrom(&stream);
 }
 
 BitMapFont* BitMapFont::getDefaultFont() {

@@ -33,6 +33,10 @@ public:
     /// file that is cut short gives a font of the characters that are there.
     static BitMapFont* createFrom(InputStream* in);
 
+    /// Reads a font file of the resources; the caller deletes the font. Null if there is no such
+    /// file, or nothing in it.
+    static BitMapFont* createFromFile(const Osp::Base::String& path);
+
     /// The framework's own font; the caller deletes it.
     static BitMapFont* getDefaultFont();
 
