@@ -9,6 +9,7 @@ constexpr int32_t kProgramWidthPx = StripModel::kWidthPx;
 constexpr int32_t kProgramRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
 constexpr int32_t kStrideBytes = kProgramWidthPx * static_cast<int32_t>(sizeof(uint16_t));
 
+static_assert(HostFrame::kCanvasFactor == 2, "copyRow() writes two pixels for each");
 static_assert(HostFrame::kWidthPx == kProgramWidthPx * HostFrame::kCanvasFactor);
 static_assert(HostFrame::kCanvasTopPx == StripModel::kHeightPx * HostFrame::kCanvasFactor);
 static_assert(kProgramRows == StripModel::kHeightPx + StripModel::kSheetHeightPx);
@@ -31,9 +32,12 @@ void StripFrame::paint() {
     if (painter == nullptr || painted == model.version()) {
         return;
     }
-    picture.resize(static_cast<size_t>(kProgramWidthPx) * kProgramRows);
-    painter->paint(model, picture.data(), kStrideBytes);
     paintedSheet = model.sheet() != StripModel::Sheet::kNone;
+    // Room for a sheet is made when the first one is painted, and kept.
+    const int32_t rows = paintedSheet ? kProgramRows : StripModel::kHeightPx;
+    picture.resize(
+        std::max(picture.size(), static_cast<size_t>(kProgramWidthPx) * static_cast<size_t>(rows)));
+    painter->paint(model, picture.data(), kStrideBytes);
     if (paintedSheet) {
         painter->paintSheet(model, picture.data() + kProgramWidthPx * StripModel::kHeightPx,
                             kStrideBytes);
@@ -44,8 +48,9 @@ void StripFrame::paint() {
 void StripFrame::copyRow(uint16_t* to, int32_t y) const {
     const uint16_t* from =
         picture.data() + static_cast<size_t>(y / kCanvasFactor) * kProgramWidthPx;
-    for (int32_t x = 0; x < HostFrame::kWidthPx; x++) {
-        to[x] = from[x / kCanvasFactor];
+    for (std::ptrdiff_t x = 0; x < kProgramWidthPx; x++) {
+        to[kCanvasFactor * x] = from[x];
+        to[kCanvasFactor * x + 1] = from[x];
     }
 }
 
