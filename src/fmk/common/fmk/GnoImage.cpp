@@ -33,6 +33,22 @@ bool isPng(const signed char* data, int32_t length) {
     return length >= 4 && std::memcmp(data + 1, "PNG", 3) == 0;
 }
 
+/// @param alpha  null if every pixel is opaque
+void widenRow(const uint16_t* __restrict pixels,
+              const uint8_t* __restrict alpha,
+              uint32_t* __restrict argb,
+              int32_t n) {
+    if (alpha == nullptr) {
+        for (int32_t i = 0; i < n; i++) {
+            argb[i] = 0xFF000000 | Rgb565::toRgb(pixels[i]);
+        }
+        return;
+    }
+    for (int32_t i = 0; i < n; i++) {
+        argb[i] = uint32_t{alpha[i]} << 24 | Rgb565::toRgb(pixels[i]);
+    }
+}
+
 bool liesInside(const GnoImage* image, int32_t x, int32_t y, int32_t w, int32_t h) {
     return x >= 0 && y >= 0 && w > 0 && h > 0 && int64_t{x} + w <= image->getWidth() &&
            int64_t{y} + h <= image->getHeight();
@@ -144,11 +160,9 @@ void GnoImage::getRGB(uint32_t* out,
     }
     for (int32_t row = std::max(y, 0); row < endY; row++) {
         uint32_t* rowOut = out + offset + (int64_t{row} - y) * scanlength;
-        const int32_t start = width * row;
-        for (int32_t column = startX; column < endX; column++) {
-            const uint32_t a = hasAlpha ? alpha[start + column] : 0xFF;
-            rowOut[int64_t{column} - x] = a << 24 | Rgb565::toRgb(pixels[start + column]);
-        }
+        const int32_t start = width * row + startX;
+        widenRow(pixels + start, hasAlpha ? alpha + start : nullptr, rowOut + startX - x,
+                 endX - startX);
     }
 }
 
