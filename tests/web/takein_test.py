@@ -65,6 +65,15 @@ class TakeIn(PageTest):
         self.page.until("Play")
         self.assertTrue(self.speech == self.page.kept("take"), "bit for bit")
 
+    def test_of_a_longer_file_the_first_seconds_are_told(self):
+        for name in ("talk.wav", "talk.ogg"):
+            with self.subTest(name):
+                self.tab.evaluate("murmelo.sounds.kept.delete('take')")
+                self.drop(self.path(name, self.speech * (2 + 21 * 32000 // len(self.speech))))
+                self.tab.wait_for("document.querySelector('#message[data-shown] span')?.textContent === "
+                                  "murmelo.words.firstSeconds.replace('{1}', '%s')" % name)
+                self.assertTrue(self.tab.evaluate("murmelo.sounds.kept.has('take')"))
+
     def test_compressed_files_are_dropped(self):
         for kind in _KINDS:
             with self.subTest(kind):

@@ -52,6 +52,7 @@ export class TakeIn {
     /** @param {Blob} file @returns {Promise<string>} why it cannot be taken; empty: it is */
     async take(file) {
         const { core } = this.page;
+        core.program._murmeloNameFile(core.textAt(/** @type {any} */ (file).name ?? ''));
         core.fillRoom(new Uint8Array(await file.slice(0, WAV_BYTES).arrayBuffer()));
         if (core.program._murmeloUseFile(file.size) === 1) {
             return ''; // a plain WAV file: the program reads it itself
@@ -71,7 +72,7 @@ export class TakeIn {
             samples.forEach((sample, i) => (mean[i] += sample / sound.numberOfChannels));
         }
         this.page.core.fillRoom(mean);
-        return this.page.core.program._murmeloUseFloats(sound.sampleRate) === 1;
+        return this.page.core.program._murmeloUseFloats(sound.sampleRate, sound.duration) === 1;
     }
 }
 

@@ -56,7 +56,8 @@ export type Murmelo = {
     _murmeloComeBack(): void;
     _murmeloRoom(bytes: number): number;
     _murmeloHeard(rateHz: number): number;
-    _murmeloUseFloats(rateHz: number): number;
+    _murmeloNameFile(name: number): void;
+    _murmeloUseFloats(rateHz: number, seconds: number): number;
     _murmeloUseFile(fileBytes: number): number;
     _murmeloRememberTake(bringsBack: number): void;
     _murmeloForgetTake(): void;

@@ -20,7 +20,6 @@ constexpr uint32_t kChunkHeadBytes = 8;
 constexpr uint32_t kFormatBytes = 16;
 constexpr size_t kSubFormatAt = 24;
 constexpr size_t kOwnHeaderBytes = 44;
-constexpr int32_t kLongestSeconds = HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
 
 uint32_t word(const uint8_t* bytes, size_t count) {
     uint32_t value = 0;
@@ -80,7 +79,7 @@ constexpr size_t kBlockFrames = 4096;  // converted at a time: a whole sound as 
 class Take {
 public:
     Take(int32_t rateHz, size_t framesThere)
-        : framesLeft(std::min(framesThere, static_cast<size_t>(rateHz) * kLongestSeconds))
+        : framesLeft(std::min(framesThere, static_cast<size_t>(rateHz) * PlainWav::kLongestSeconds))
         , converter(rateHz) {}
 
     /// How many frames to add next; 0 at the end.
@@ -129,16 +128,17 @@ Samples takeOf(const Format& format, const uint8_t* data, size_t size) {
 
 }  // namespace
 
-std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count) {
-    return readIf(bytes, count, true);
+std::vector<int16_t> PlainWav::read(const uint8_t* bytes, size_t count, bool* isCut) {
+    return readIf(bytes, count, true, isCut);
 }
 
-std::vector<int16_t> PlainWav::readBeginning(const uint8_t* bytes, size_t count) {
-    return readIf(bytes, count, false);
+std::vector<int16_t> PlainWav::readBeginning(const uint8_t* bytes, size_t count, bool* isCut) {
+    return readIf(bytes, count, false, isCut);
 }
 
 /// @param isWhole  false: the file goes on after these bytes
-std::vector<int16_t> PlainWav::readIf(const uint8_t* bytes, size_t count, bool isWhole) {
+std::vector<int16_t>
+PlainWav::readIf(const uint8_t* bytes, size_t count, bool isWhole, bool* isCut) {
     if (count < kRiffBytes || std::memcmp(bytes, "RIFF", 4) != 0 ||
         std::memcmp(bytes + 8, "WAVE", 4) != 0) {
         return {};
@@ -155,6 +155,9 @@ std::vector<int16_t> PlainWav::readIf(const uint8_t* bytes, size_t count, bool i
         } else if (std::memcmp(head, "data", 4) == 0 && format.isKnown()) {
             const size_t takeBytes = size_t{format.rateHz} * kLongestSeconds * format.frameBytes();
             const bool isThere = isWhole || size == told || size >= takeBytes;
+            if (isCut != nullptr) {
+                *isCut = (isWhole ? size : told) > takeBytes;
+            }
             return isThere ? takeOf(format, bytes + at, size) : Samples();
         }
         at += std::min(size + size % 2, count - at);  // chunks begin at even places

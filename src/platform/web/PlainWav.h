@@ -3,6 +3,8 @@
 // every other kind of file.
 #pragma once
 
+#include "HostSound.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -13,13 +15,19 @@ public:
     static constexpr int32_t kMaxRateHz = 192000;
     static constexpr int32_t kMaxChannels = 8;
 
+    /// Of a take; what lies after that is not used.
+    static constexpr int32_t kLongestSeconds =
+        HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
+
     /// The first 20 s of a WAV file as 16 kHz mono: 8, 16, 24 or 32-bit whole numbers or 32-bit
     /// floats, 1 to 8 channels (their mean), kMinRateHz to kMaxRateHz. Empty for everything else. A
     /// file that is cut short counts as far as it goes.
-    static std::vector<int16_t> read(const uint8_t* bytes, size_t count);
+    /// @param isCut  if given: there is more of it
+    static std::vector<int16_t> read(const uint8_t* bytes, size_t count, bool* isCut = nullptr);
 
     /// The same of the beginning of a file: empty also if not all of these 20 s are in it.
-    static std::vector<int16_t> readBeginning(const uint8_t* bytes, size_t count);
+    static std::vector<int16_t>
+    readBeginning(const uint8_t* bytes, size_t count, bool* isCut = nullptr);
 
     /// All samples of a file that toFile() made of 16 kHz, as they are: a recording that ended some
     /// frames late is longer than 20 s. Empty for everything else.
@@ -32,5 +40,6 @@ public:
     static std::vector<int16_t> toTake(const float* samples, int32_t count, int32_t rateHz);
 
 private:
-    static std::vector<int16_t> readIf(const uint8_t* bytes, size_t count, bool isWhole);
+    static std::vector<int16_t>
+    readIf(const uint8_t* bytes, size_t count, bool isWhole, bool* isCut);
 };

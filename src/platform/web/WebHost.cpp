@@ -149,7 +149,7 @@ void WebHost::giveRecordingUp(const char* word) {
     row.tell({word, {}});
     walk.giveUp();
     if (hasTake) {
-        offeredTake = lastTake;
+        offer(lastTake);
     }
     refusals++;  // keys pressed meanwhile were meant for a recording
     key(HostKey::kRightSoft);
@@ -183,8 +183,13 @@ void WebHost::clipFailed(int32_t ticket) {
     tasks.emplace_back([=, this](HostListener&) { return voice.failed(ticket); });
 }
 
-void WebHost::use(std::vector<int16_t> samples) {
+void WebHost::offer(std::vector<int16_t> samples, HostMessage message) {
     offeredTake = std::move(samples);
+    offeredMessage = std::move(message);
+}
+
+void WebHost::use(std::vector<int16_t> samples, HostMessage message) {
+    offer(std::move(samples), std::move(message));
     if (doors != nullptr && ScreenNames::isBeforeMenu(doors->screenName())) {
         return;  // waits for the menu
     }
@@ -202,7 +207,7 @@ void WebHost::bringLastTakeBack() {
     if (lastTake.empty()) {
         row.tell({"noLastTake", {}});
     } else {
-        use(lastTake);
+        use(lastTake, {"takeIsBack", {}});
     }
 }
 
@@ -213,6 +218,9 @@ bool WebHost::bringTakeBack() {
     }
     keepTake(std::move(offeredTake));
     offeredTake.clear();
+    if (*offeredMessage.row != '\0') {
+        row.tell(offeredMessage);
+    }
     return true;
 }
 
@@ -235,7 +243,7 @@ void WebHost::Ears::release() {
     if (!heard.empty()) {
         host.keepTake(std::move(heard));
     } else if (hadTake && hasStarted()) {
-        host.offeredTake = host.lastTake;
+        host.offer(host.lastTake);
     }
 }
 

@@ -89,7 +89,8 @@ public:
 
     /// Makes this sound the take, all of it: now, or as soon as the start leads to the menu. Tells
     /// the user where it is not possible. @param samples  16 kHz
-    void use(std::vector<int16_t> samples);
+    /// @param message  told when it is the take; without a row: nothing is
+    void use(std::vector<int16_t> samples, HostMessage message = {});
 
     /// The page is hidden: stops a running recording, lets its clean-up run to its end, and only
     /// then goes to the background; all of that within this call. The user is told if the recording
@@ -171,6 +172,7 @@ private:
     bool step();
     void end();
     void bringLastTakeBack();
+    void offer(std::vector<int16_t> samples, HostMessage message = {});
     bool bringTakeBack();
     bool deliver(HostListener& listener);
     void look();
@@ -192,6 +194,7 @@ private:
     std::deque<Task> tasks;
     std::vector<int16_t> lastTake;     // raw, 16 kHz; empty: none
     std::vector<int16_t> offeredTake;  // becomes the take when the program rests; empty: none
+    HostMessage offeredMessage;        // told then; without a row: nothing is
     bool hasTake = false;              // the program has a take, or had it when it asked to record
     int32_t refusals = 0;              // of the microphone
     double restMs = 0;                 // how long the program wants to sleep since the last pump

@@ -29,7 +29,8 @@ constexpr size_t kSmallRoomBytes = 65536;
 PageCalls page;
 std::unique_ptr<WebHost> host;
 std::vector<uint8_t> room;
-std::string answer;  // the last text handed to the page
+std::string answer;    // the last text handed to the page
+std::string fileName;  // of the file that is taken in; empty: it has none
 WebTexts texts;
 std::array<int32_t, 8> places;  // of strip and picture: left, top, width and height of each
 
@@ -78,10 +79,14 @@ void freeRoom() {
     room = std::vector<uint8_t>();  // assigning {} would keep the memory
 }
 
-int32_t use(std::vector<int16_t> samples) {
+/// @param isCut  there is more of the file
+int32_t use(std::vector<int16_t> samples, bool isCut) {
     freeRoom();
     const bool isSound = !samples.empty();
-    if (isSound) {
+    if (isSound && isCut) {
+        host->use(std::move(samples), fileName.empty() ? HostMessage{"firstSecondsOnly", {}}
+                                                       : HostMessage{"firstSeconds", {fileName}});
+    } else if (isSound) {
         host->use(std::move(samples));
     }
     return isSound ? 1 : 0;
@@ -208,17 +213,26 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloHeard(int32_t rateHz) {
     return host->heard(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz) ? 1 : 0;
 }
 
+/// The name of the file that is taken in next; empty: it has none.
+EMSCRIPTEN_KEEPALIVE void murmeloNameFile(const char* name) {
+    fileName = name;
+}
+
 /// The room holds a sound as floats, one channel; it becomes the take. 0 if it is none.
-EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz) {
-    return use(PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz));
+/// @param seconds  of all of the sound
+EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz, double seconds) {
+    return use(PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz),
+               seconds > PlainWav::kLongestSeconds);
 }
 
 /// The room holds a file of that many bytes, or its beginning. 1: it was a plain WAV file, all that
 /// a take can hold of it was there, and that becomes the take.
 EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile(double fileBytes) {
-    return use(fileBytes > static_cast<double>(room.size())
-                   ? PlainWav::readBeginning(room.data(), room.size())
-                   : PlainWav::read(room.data(), room.size()));
+    bool isCut = false;
+    std::vector<int16_t> samples = fileBytes > static_cast<double>(room.size())
+                                       ? PlainWav::readBeginning(room.data(), room.size(), &isCut)
+                                       : PlainWav::read(room.data(), room.size(), &isCut);
+    return use(std::move(samples), isCut);
 }
 
 /// The room holds the file of the last take, of an earlier visit.
@@ -226,7 +240,7 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile(double fileBytes) {
 EMSCRIPTEN_KEEPALIVE void murmeloRememberTake(int32_t bringsBack) {
     std::vector<int16_t> take = PlainWav::readTake(room.data(), room.size());
     if (bringsBack != 0) {
-        host->use(std::move(take));
+        host->use(std::move(take), {"takeIsBack", {}});
     } else {
         host->rememberTake(std::move(take));
     }

@@ -79,6 +79,21 @@ TEST(PlainWav, aKeptTakeIsReadWholeAndNothingElseIsATake) {
     EXPECT_EQ(Samples(), PlainWav::readTake(file.data(), file.size()));
 }
 
+TEST(PlainWav, saysIfThereIsMoreThanATakeHolds) {
+    for (const bool isLonger : {false, true}) {
+        const int32_t count = 20 * 16000 + (isLonger ? 1 : 0);
+        const Samples samples = TestSounds::noise(count);
+        const std::vector<uint8_t> file = PlainWav::toFile(samples.data(), count, 16000);
+        bool isCut = !isLonger;
+        EXPECT_EQ(320000U, PlainWav::read(file.data(), file.size(), &isCut).size());
+        EXPECT_EQ(isLonger, isCut);
+        isCut = !isLonger;
+        // The beginning of the file, with all that a take holds.
+        EXPECT_EQ(320000U, PlainWav::readBeginning(file.data(), 44 + 640000, &isCut).size());
+        EXPECT_EQ(isLonger, isCut);
+    }
+}
+
 TEST(PlainWav, everyWidthMeansTheSameLoudness) {
     // A quarter of full scale, half of it negative, in each width.
     EXPECT_EQ((Samples{8192, -16384}),

@@ -287,6 +287,15 @@ TEST_F(WebHostTest, aSoundWaitsUntilTheProgramRests) {
     EXPECT_EQ(voice, page.keptTake);
 }
 
+TEST_F(WebHostTest, whatIsToldOfASoundIsToldWhenItIsTheTake) {
+    host->use(voice, {"firstSeconds", {"talk.mp3"}});
+    settle();
+    EXPECT_EQ("", line());
+    pass(4000);
+    EXPECT_EQ("Play", screen());
+    EXPECT_EQ("The first 20 seconds of talk.mp3", line());
+}
+
 TEST_F(WebHostTest, aSoundDoesNotTakeThePlaceOfARunningRecording) {
     toMenu();
     beginRecording();
@@ -910,6 +919,8 @@ TEST_F(WebHostTest, aTakeThatIsDeletedIsToldWithTheWayBack) {
     pass(100);
     EXPECT_EQ("Play", screen());
     EXPECT_EQ(voice, page.keptTake);
+    EXPECT_EQ(word("takeIsBack"), line());
+    pass(7000);  // the message has ended
     host->rememberTake({});
     key(HostKey::kLeftSoft);
     ask();
