@@ -38,6 +38,9 @@ murmelo_tests(web_tests
         platform/host/WindowLayout_test.cpp
         platform/web/PlainWav_test.cpp
         platform/web/RateTo16k_test.cpp
+        platform/web/WebHostMicrophone_test.cpp
+        platform/web/WebHostStrip_test.cpp
+        platform/web/WebHostTakes_test.cpp
         platform/web/WebHost_test.cpp
         platform/web/WebSounds_test.cpp
         platform/web/WebTexts_test.cpp
