@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "CountingEar.h"
 #include "FileMicrophone.h"
 #include "TestSounds.h"
 
@@ -7,19 +8,6 @@
 using Samples = TestSounds::Samples;
 
 namespace {
-
-class Taker : public HostMicrophoneListener {
-public:
-    int32_t samplesWanted() override { return wanted; }
-
-    void onSamples() override { calls++; }
-
-    void onDeviceLost() override { losses++; }
-
-    int32_t wanted = 160;
-    int32_t calls = 0;
-    int32_t losses = 0;
-};
 
 class FileMicrophoneTest : public testing::Test {
 protected:
@@ -31,7 +19,7 @@ protected:
 
     int64_t nowMs = 1000;
     FileMicrophone microphone{[this] { return nowMs; }};
-    Taker taker;
+    CountingEar taker{160};
     Samples voice = TestSounds::noise(320);  // 20 ms
 };
 

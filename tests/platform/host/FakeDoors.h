@@ -2,35 +2,21 @@
 // A program whose screen the test decides, and which notes the keys it gets.
 #pragma once
 
-#include "Host.h"
+#include "QuietDoors.h"
 
 #include <string>
 #include <vector>
 
-class FakeDoors : public HostDoors {
+class FakeDoors : public QuietDoors {
 public:
     using Means = ScreenTexts::Means;
 
     std::string screenName() override { return shown.screen; }
 
-    int32_t currentEffect() override { return 0; }
-
     bool navigate(HostKey key) override {
         keys.push_back(key);
         return true;
     }
-
-    bool stopRecording() override { return false; }
-
-    bool saveSound() override { return false; }
-
-    bool useSound(const int16_t*, int32_t) override { return false; }
-
-    int32_t savedCount() override { return 0; }
-
-    std::string savedName() override { return ""; }
-
-    std::vector<uint8_t> canvasPng() override { return {}; }
 
     ScreenTexts texts() override { return shown; }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Waiting for events under drivers that cannot wait themselves: an hour is like a second.
+#include "EventRoom.h"
 #include "EventWait.h"
 
 #include <gtest/gtest.h>
@@ -22,18 +23,6 @@ protected:
 
     ~EventWaitTest() override { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
 
-    /// How many events SDL's queue has room for.
-    static int32_t room() {
-        SDL_Event event{};
-        event.type = SDL_USEREVENT;
-        int32_t count = 0;
-        while (SDL_PushEvent(&event) == 1) {
-            count++;
-        }
-        SDL_FlushEvent(SDL_USEREVENT);
-        return count;
-    }
-
     bool begun = false;
     int64_t passedMs = 0;
     int64_t naps = 0;
@@ -54,10 +43,10 @@ TEST_P(EventWaitTest, anHourOfWaitingLeavesNothingInTheQueue) {
     ASSERT_TRUE(begun);
     EventWait wait(nap);
     wait.begin();
-    const int32_t before = room();
+    const int32_t before = eventRoom();
     wait.wait(kHourMs);
     EXPECT_EQ(kHourMs, passedMs);
-    EXPECT_EQ(before, room());
+    EXPECT_EQ(before, eventRoom());
     EXPECT_LT(60000, before);
 }
 

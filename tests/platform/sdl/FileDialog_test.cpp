@@ -3,6 +3,7 @@
 // whose user is the test.
 #include "FileDialog.h"
 #include "Program.h"
+#include "QuietDoors.h"
 #include "SdlDoors.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -25,17 +26,14 @@ namespace {
 
 constexpr int64_t kPatienceMs = 20000;
 
-class MenuDoors : public HostDoors {
+class MenuDoors : public QuietDoors {
 public:
-    std::string screenName() override { return "Options"; }
+    MenuDoors() {
+        screen = "Options";
+        language = "de";
+    }
 
     int32_t currentEffect() override { return 1; }
-
-    bool navigate(HostKey) override { return false; }
-
-    bool stopRecording() override { return false; }
-
-    bool saveSound() override { return false; }
 
     bool useSound(const int16_t* samples, int32_t count) override {
         taken.assign(samples, samples + count);
@@ -45,14 +43,6 @@ public:
     int32_t savedCount() override { return saved; }
 
     std::string savedName() override { return saved > 0 ? "rec_00003.wav" : ""; }
-
-    std::vector<uint8_t> canvasPng() override { return {}; }
-
-    ScreenTexts texts() override {
-        ScreenTexts texts;
-        texts.language = "de";
-        return texts;
-    }
 
     int32_t saved = 0;
     Samples taken;

@@ -2,6 +2,7 @@
 // Recording and playing through a real sound server: what is spoken arrives in the take, what is
 // played arrives at the speaker, and nothing that a device does holds the program up.
 #include "AudioDev.h"
+#include "CountingEar.h"
 #include "Event.h"
 #include "Orm.h"
 #include "OspBase.h"
@@ -256,15 +257,7 @@ TEST_F(RealSound, devicesAreChosenByName) {
             audio, known ? microphones[0] : "no such device", [this] { return host->uptimeMs(); },
             [] {}, [&told](const HostMessage& message) { told += message.text("en"); });
 
-        class Wanting : public HostMicrophoneListener {
-        public:
-            int32_t samplesWanted() override { return 1; }
-
-            void onSamples() override {}
-
-            void onDeviceLost() override {}
-        } listener;
-
+        CountingEar listener(1);
         EXPECT_TRUE(microphone.start(listener));
         const auto heard = [&microphone] {
             microphone.deliver();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a computer offers beyond the phone, with doors that only take notes.
 #include "FullDisk.h"
+#include "QuietDoors.h"
 #include "SdlDoors.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -20,15 +21,9 @@ using Samples = TestSounds::Samples;
 
 namespace {
 
-class NotingDoors : public HostDoors {
+class NotingDoors : public QuietDoors {
 public:
-    std::string screenName() override { return screen; }
-
-    int32_t currentEffect() override { return 0; }
-
-    bool navigate(HostKey) override { return false; }
-
-    bool stopRecording() override { return false; }
+    NotingDoors() { screen = "Options"; }
 
     bool saveSound() override {
         saves++;
@@ -61,9 +56,6 @@ public:
 
     std::vector<uint8_t> canvasPng() override { return {'p', 'n', 'g'}; }
 
-    ScreenTexts texts() override { return {}; }
-
-    std::string screen = "Options";
     bool open = true;
     bool refuses = false;  // there is no take
     int32_t saves = 0;

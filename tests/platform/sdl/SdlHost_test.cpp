@@ -2,6 +2,8 @@
 // The window's back end without a window system and without a sound server: SDL's own stand-ins,
 // which write and read files.
 #include "ClipEnds.h"
+#include "CountingEar.h"
+#include "EventRoom.h"
 #include "SdlHost.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
@@ -39,19 +41,6 @@ public:
     Notes notes;
 };
 
-class Ear : public HostMicrophoneListener {
-public:
-    int32_t samplesWanted() override { return wanted; }
-
-    void onSamples() override { calls++; }
-
-    void onDeviceLost() override { losses++; }
-
-    int32_t wanted = 1600;
-    int32_t calls = 0;
-    int32_t losses = 0;
-};
-
 class SdlHostTest : public testing::Test {
 protected:
     SdlHostTest() {
@@ -82,18 +71,6 @@ protected:
         SDL_PushEvent(&event);
     }
 
-    /// How many events SDL's queue has room for.
-    static int32_t room() {
-        SDL_Event event{};
-        event.type = SDL_USEREVENT;
-        int32_t count = 0;
-        while (SDL_PushEvent(&event) == 1) {
-            count++;
-        }
-        SDL_FlushEvent(SDL_USEREVENT);
-        return count;
-    }
-
     static std::shared_ptr<const HostClip> clipOf(Samples samples) {
         return std::make_shared<HostClip>(HostClip{std::move(samples), 8000});
     }
@@ -116,9 +93,9 @@ TEST_F(SdlHostTest, nothingHappensUntilTheTimeIsUp) {
 
 TEST_F(SdlHostTest, waitingLeavesNothingInTheQueue) {
     open();
-    const int32_t before = room();
+    const int32_t before = eventRoom();
     run(300);
-    EXPECT_EQ(before, room());
+    EXPECT_EQ(before, eventRoom());
 }
 
 TEST_F(SdlHostTest, oneCallbackAtATime) {
@@ -176,7 +153,7 @@ TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndRousesTheProgram) {
     open(options);
     ASSERT_FALSE(host->isStuck());  // the file is read
     EXPECT_EQ("voice.wav", host->realMicrophone().deviceName());
-    Ear ear;
+    CountingEar ear(1600);
     const int64_t startMs = host->uptimeMs();
     EXPECT_TRUE(host->microphone()->start(ear));
     EXPECT_TRUE(host->pump(heard, -1));
@@ -197,7 +174,7 @@ TEST_F(SdlHostTest, aMicrophoneFileThatIsNoSoundIsToldWhenTheWindowStands) {
     ASSERT_FALSE(host->isStuck());  // the file is read
     EXPECT_EQ(
         0U, testing::internal::GetCapturedStderr().find("murmelo: letter.wav is no sound file: "));
-    Ear ear;
+    CountingEar ear(1600);
     EXPECT_TRUE(host->microphone()->start(ear));  // hears silence
     EXPECT_TRUE(host->pump(heard, -1));
 }
@@ -206,7 +183,7 @@ TEST_F(SdlHostTest, theDevicesVoiceArrivesWhole) {
     const Samples voice = TestSounds::noise(16000);
     folders.write("voice.raw", TestSounds::bytes(voice));
     open();
-    Ear ear;
+    CountingEar ear(1600);
     EXPECT_TRUE(host->microphone()->isThere());
     EXPECT_TRUE(host->microphone()->start(ear));
     EXPECT_FALSE(host->microphone()->start(ear));
@@ -228,7 +205,7 @@ TEST_F(SdlHostTest, theDevicesVoiceArrivesWhole) {
 TEST_F(SdlHostTest, aProgramThatWantsNoSamplesIsNotRoused) {
     folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
     open();
-    Ear ear;
+    CountingEar ear(1600);
     ear.wanted = 0;
     host->microphone()->start(ear);
     run(300);
@@ -246,7 +223,7 @@ TEST_F(SdlHostTest, aDeviceThatCannotBeOpenedIsTriedOnceASecond) {
     open();
     found = 0;
     SDL_AddEventWatch(count, nullptr);
-    Ear ear;
+    CountingEar ear(1600);
     testing::internal::CaptureStderr();
     host->microphone()->start(ear);
     const int64_t startMs = host->uptimeMs();
@@ -307,7 +284,7 @@ TEST_F(SdlHostTest, aStoppedClipDoesNotEnd) {
 TEST_F(SdlHostTest, theLossOfAnOlderDeviceOfTheSameNumberIsNotThatOfThisOne) {
     folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
     open();
-    Ear ear;
+    CountingEar ear(1600);
     ear.wanted = 0;
     ClipEnds end;
     host->microphone()->start(ear);
@@ -346,7 +323,7 @@ TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndClip
     SdlOptions options;
     options.folders.state = folders.path("state");
     open(options);
-    Ear ear;
+    CountingEar ear(1600);
     ClipEnds end;
     EXPECT_TRUE(host->microphone()->isThere());
     host->microphone()->prepare();
@@ -397,7 +374,7 @@ TEST_F(SdlHostTest, whatADeviceHeardIsKeptAsTheLastTake) {
     SdlOptions options;
     options.folders.state = folders.path("state");
     open(options);
-    Ear ear;
+    CountingEar ear(1600);
     host->microphone()->prepare();
     host->microphone()->start(ear);
     while (ear.calls == 0) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A microphone that no device serves, by a clock of the test's.
+#include "CountingEar.h"
 #include "SdlMicrophone.h"
 #include "TestFolders.h"
 
@@ -10,18 +11,6 @@
 #include <cstdlib>
 
 namespace {
-
-class Ear : public HostMicrophoneListener {
-public:
-    int32_t samplesWanted() override { return wanted; }
-
-    void onSamples() override { calls++; }
-
-    void onDeviceLost() override {}
-
-    int32_t wanted = 0;
-    int32_t calls = 0;
-};
 
 /// SDL's driver that reads a file: it has a microphone, which cannot be opened without the file.
 class SdlMicrophoneTest : public testing::Test {
@@ -38,7 +27,7 @@ protected:
     TestFolders folders;
     std::atomic<int64_t> clockMs{0};
     std::vector<HostMessage> told;
-    Ear ear;
+    CountingEar ear{0};
     SdlAudio audio;
     SdlMicrophone microphone{audio, "", [this] { return clockMs.load(); }, [] {},
                              [this](const HostMessage& message) { told.push_back(message); }};

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "QuietDoors.h"
 #include "SdlStrip.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -16,15 +17,11 @@ using Kind = StripWish::Kind;
 namespace {
 
 /// A program that rests in the choice of the effect, or on another screen.
-class PlayDoors : public HostDoors {
+class PlayDoors : public QuietDoors {
 public:
-    std::string screenName() override { return screen; }
+    PlayDoors() { screen = "Play"; }
 
     int32_t currentEffect() override { return 3; }
-
-    bool navigate(HostKey) override { return false; }
-
-    bool stopRecording() override { return false; }
 
     bool canSave() override { return true; }
 
@@ -35,22 +32,6 @@ public:
     bool useSound(const int16_t*, int32_t) override { return true; }
 
     bool showEffect(int32_t) override { return true; }
-
-    int32_t savedCount() override { return 0; }
-
-    std::string savedName() override { return ""; }
-
-    std::vector<uint8_t> canvasPng() override { return {}; }
-
-    ScreenTexts texts() override {
-        ScreenTexts texts;
-        texts.language = language;
-        texts.screen = screenName();
-        return texts;
-    }
-
-    std::string screen = "Play";
-    std::string language = "en";
 };
 
 class SdlStripTest : public ::testing::Test {

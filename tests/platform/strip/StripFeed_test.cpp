@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Languages.h"
+#include "QuietDoors.h"
 #include "Strip.h"
 #include "TestHost.h"
 
@@ -12,15 +12,11 @@ using Kind = StripWish::Kind;
 
 namespace {
 
-class TestDoors : public HostDoors {
+class TestDoors : public QuietDoors {
 public:
-    std::string screenName() override { return screen; }
+    TestDoors() { screen = "Play"; }
 
     int32_t currentEffect() override { return 3; }
-
-    bool navigate(HostKey) override { return false; }
-
-    bool stopRecording() override { return false; }
 
     bool canSave() override { return hasTake; }
 
@@ -30,8 +26,6 @@ public:
     }
 
     bool canUseSound() override { return screen == "Play" || screen == "Options"; }
-
-    bool useSound(const int16_t*, int32_t) override { return false; }
 
     bool showEffect(int32_t index) override {
         shown.push_back(index);
@@ -44,16 +38,6 @@ public:
 
     std::string savedName() override { return "rec_00000.wav"; }
 
-    std::vector<uint8_t> canvasPng() override { return {}; }
-
-    ScreenTexts texts() override {
-        ScreenTexts texts;
-        texts.language = Languages::kAll[0].code;
-        texts.screen = screen;
-        return texts;
-    }
-
-    std::string screen = "Play";
     bool hasTake = true;
     int32_t saved = 0;
     std::vector<int32_t> shown;
