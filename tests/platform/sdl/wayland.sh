@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The program on a Wayland desktop: every pixel of its picture, a key, a click, a screen that stands still, and the end.
+# The program on a Wayland desktop: every pixel of its picture, a key, a click, a screen that stands still, and the end;
+# and what it says where there is no sound server, no dialog, no sound file, and where the server goes away.
 #   with-desktop wayland.sh MURMELO HEADLESS
 # The desktop is weston, as a window on the X server, as large as the phone; its one program fills it.
 set -eu
@@ -46,10 +47,16 @@ for ((SECONDS = 0; SECONDS < patience;)); do
     sleep 0.1
 done
 xdotool mousemove 240 20  # into the empty band above the picture: weston shows its arrow always
-env -u DISPLAY WAYLAND_DEBUG=client XDG_RUNTIME_DIR="$folder" WAYLAND_DISPLAY=wayland SDL_VIDEODRIVER=wayland SDL_AUDIODRIVER=dummy \
-    "$murmelo" --home "$folder/home" --config "$folder/config" >/dev/null 2>"$folder/errors" &
-program=$!
-started+=("$program")
+
+# In front of NAME=VALUE... COMMAND...: a command that knows of this desktop only.
+on_wayland=(env -u DISPLAY -u DBUS_SESSION_BUS_ADDRESS XDG_RUNTIME_DIR="$folder" WAYLAND_DISPLAY=wayland SDL_VIDEODRIVER=wayland)
+# start NAME=VALUE...: starts the program; what it says goes into the file "errors".
+start() {
+    "${on_wayland[@]}" "$@" "$murmelo" --home "$folder/home" --config "$folder/config" >/dev/null 2>"$folder/errors" &
+    program=$!
+    started+=("$program")
+}
+start WAYLAND_DEBUG=client SDL_AUDIODRIVER=dummy
 
 # shows SCREEN: waits until the window is the picture that the headless program made, pixel by pixel.
 shows() {
@@ -98,7 +105,84 @@ xdotool key F11  # this desktop has let its one program fill the screen from the
 asks unset_fullscreen
 xdotool key alt+Return
 asks set_fullscreen
-kill -TERM "$program"
-wait "$program" || fail "ended with $?"
+# ends: the program ends in good order.
+ends() {
+    kill -TERM "$program"
+    wait "$program" || fail "ended with $?"
+}
+ends
 grep -q "xkbcommon: ERROR" "$folder/errors" && fail "the keyboard complains"
-echo "two screens equal, nothing done while one stood still, ended in good order"
+
+# says SENTENCE: waits until it has said that.
+says() {
+    for ((SECONDS = 0; SECONDS < patience;)); do
+        grep -qF -- "$1" "$folder/errors" && return
+        kill -0 "$program" 2>/dev/null || fail "the program ended before it said \"$1\""
+        sleep 0.1
+    done
+    fail "it did not say \"$1\""
+}
+# holds BYTES: waits until the recording has so many.
+holds() {
+    for ((SECONDS = 0; SECONDS < patience;)); do
+        [[ $(stat -c %s "$folder/home/Murmelo/MrmLastRec.wav" 2>/dev/null || echo 0) -ge $1 ]] && return
+        sleep 0.1
+    done
+    fail "the recording does not grow to $1 bytes"
+}
+
+# cleaned BYTES: waits until the take is cleaned up, to so many bytes at least.
+cleaned() {
+    local take=$folder/home/Murmelo/MrmLastRec.wav
+    for ((SECONDS = 0; SECONDS < patience;)); do
+        [[ -f $take && $(od -An -tu4 -j24 -N4 "$take") -eq 8000 && $(stat -c %s "$take") -ge $1 ]] && return
+        sleep 0.1
+    done
+    fail "there is no take of $1 bytes"
+}
+
+# Without a sound server: silence is recorded and can be stopped. Without a dialog a file can be dropped. Escape does not
+# end the program, and a second start hands its file over.
+start SDL_AUDIODRIVER=pulseaudio PULSE_SERVER="unix:$folder/nothing"
+shows Options
+xdotool key o
+says "Drop a sound file here."
+xdotool key r
+says "No sound comes from the microphone: "
+holds 24044
+xdotool key Return
+cleaned 12044
+xdotool key Escape
+sound=$(dirname "$0")/../../../res/sample/hello.wav
+kill -0 "$program" || fail "Escape has ended the program"
+"${on_wayland[@]}" "$murmelo" --home "$folder/home" --config "$folder/config" "$sound" || fail "the file is not handed over"
+cleaned $((44 + ($(stat -c %s "$sound") - 44) / 4 * 2))  # half as many samples
+ends
+
+# The server goes away during a recording.
+start SDL_AUDIODRIVER=pulseaudio PULSE_SERVER="$PULSE_SERVER"
+shows Options
+xdotool key r
+holds 24044
+kill -KILL "$MURMELO_TEST_SOUND_SERVER"
+says "the microphone is gone; what it heard until now is kept"
+ends
+
+# What is wrong before there is a window: without an X server SDL asks zenity for a box, and without that it is said on
+# standard error alone.
+mkdir "$folder/bin"
+cat >"$folder/bin/zenity" <<END
+#!/bin/sh
+[ "\$1" = --version ] && echo 3.44.0 && exit
+echo "\$*" >>"$folder/box"
+END
+chmod +x "$folder/bin/zenity"
+for bin in "$folder/bin:" ""; do
+    rm -f "$folder/box"
+    status=0
+    "${on_wayland[@]}" PATH="$bin/usr/bin:/bin" timeout 60 "$murmelo" --from-desktop "$folder/missing.wav" 2>"$folder/errors" || status=$?
+    [[ $status = 1 ]] || fail "a file that is not there: status $status"
+    grep -q "missing.wav\" cannot be read" "$folder/errors" || fail "the file that is not there is not named"
+    [[ -z $bin ]] || grep -q "missing.wav" "$folder/box" || fail "there is no box"
+done
+echo "two screens equal, nothing done while one stood still, four failures told, ended in good order"
