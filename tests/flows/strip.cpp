@@ -91,6 +91,7 @@ private:
         tell("nothing-to-save", {"nothingToSave", {}});
         tell("not-now", {"notNow", {}});
         tell("first-seconds", {"firstSeconds", {"Interview.flac"}});
+        tell("first-seconds-only", {"firstSecondsOnly", {}});
         tell("no-sound", {"notASound", {"letter.pdf", "unknown format"}});
         tell("drop-here", {"dropHere", {}});
         tell("cannot-show", {"cannotShow", {"~/Music/Murmelo"}});
@@ -99,6 +100,8 @@ private:
         tell("microphone-heard", {"microphoneHeard", {}});
         tell("microphone-used", {"microphoneUsed", {kMicrophone}});
         tell("microphone-away", {"microphoneAway", {kMicrophone}}, choose);
+        tell("microphone-left", {"microphoneLeft", {kMicrophone}}, choose);
+        tell("microphone-back", {"microphoneBack", {kMicrophone}});
         tell("microphone-unusable", {"microphoneUnusable", {kMicrophone, "Device busy"}}, choose);
         tell("choice-not-kept", {"choiceNotKept", {"No space left on device"}});
         tell("exported", {"exported", {"~/Music/Interview.flac"}}, show);
@@ -108,6 +111,9 @@ private:
         tell("too-short", {"tooShort", {}});
         tell("little-room", {"littleRoom", {}});
         tell("cut-short", {"cutShort", {}});
+        tell("cut-for", {"cutFor", {"Input/output error"}});
+        tell("disk-full", {"diskFull", {}, {64, 90}});
+        tell("seconds-kept", {"secondsKept", {"Input/output error"}, {64, 90}});
         tell("take-gone", {"takeGone", {}}, bringBack);
         tell("take-is-back", {"takeIsBack", {}});
         tell("take-forgotten", {"takeForgotten", {}});
