@@ -156,7 +156,8 @@ xdotool key Escape
 sound=$(dirname "$0")/../../../res/sample/hello.wav
 kill -0 "$program" || fail "Escape has ended the program"
 "${on_wayland[@]}" "$murmelo" --home "$folder/home" --config "$folder/config" "$sound" || fail "the file is not handed over"
-cleaned $((44 + ($(stat -c %s "$sound") - 44) / 4 * 2))  # half as many samples
+pairs=$((($(stat -c %s "$sound") - 44) / 4))
+cleaned $((44 + 2 * pairs))  # half as many samples
 ends
 
 # The server goes away during a recording.
