@@ -201,7 +201,7 @@ constexpr HostWords::Row kRows[] = {
      "The recording is deleted.",
      "Die Aufnahme ist gelöscht.",
      "La grabación se ha eliminado.",
-     "L’enregistrement est supprimé.",
+     "L’enregistrement est\u00A0supprimé.",
      "La registrazione è stata eliminata."},
     // The last recording
     {"lastTake", "Last recording", "Letzte Aufnahme", "Última grabación", "Dernier enregistrement", "Ultima registrazione"},
