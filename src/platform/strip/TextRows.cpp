@@ -27,12 +27,23 @@ size_t fitting(const std::string& text, int32_t widthPx, const TextRows::Width& 
     return end;
 }
 
+/// Whether the word around this place is a path: "Input/output" is none.
+bool isInPath(const std::string& text, size_t at) {
+    const size_t gap = text.rfind(' ', at);
+    const size_t start = gap == std::string::npos ? 0 : gap + 1;
+    const size_t slash = text.find('/', start);
+    const size_t next = slash == std::string::npos ? slash : text.find('/', slash + 1);
+    return next < text.find(' ', at);
+}
+
 /// Where a row that may reach to the end given is to be broken.
-size_t breakBefore(const std::string& text, size_t end) {
+/// @param isSplit  the text goes on with the rest of a path
+size_t breakBefore(const std::string& text, size_t end, bool isSplit) {
+    const size_t restOfPath = isSplit ? text.find(' ') : 0;
     for (size_t at = end; at > 0; at--) {
         const bool isSpace = at < text.size() && text[at] == ' ';
         const bool isAfterSlash = text[at - 1] == '/' && at > 1 && text[at - 2] != '~';
-        if (isSpace || isAfterSlash) {
+        if (isSpace || (isAfterSlash && (at <= restOfPath || isInPath(text, at - 1)))) {
             return at;
         }
     }
@@ -86,7 +97,7 @@ std::vector<std::string> TextRows::wrap(const std::string& text,
             rows.push_back(cut(rest, rowPx, widthOf));
             break;
         }
-        const size_t end = breakBefore(rest, fitting(rest, rowPx, widthOf));
+        const size_t end = breakBefore(rest, fitting(rest, rowPx, widthOf), isSplit);
         rows.push_back(rest.substr(0, end));
         isSplit = rest[end] != ' ';
         rest = withoutSpaces(rest.substr(end));

@@ -13,9 +13,10 @@ public:
     /// Width of a UTF-8 text in pixels.
     using Width = std::function<int32_t(const std::string& utf8)>;
 
-    /// Breaks at spaces and after slashes, so that paths stay readable; a part that is wider than a
-    /// row is cut where the row ends. What does not fit into the last row ends in an ellipsis. A
-    /// last row of one word gets a second one from a row above it that has three or more.
+    /// Breaks at spaces, and in paths after slashes, so that these stay readable; a part that is
+    /// wider than a row is cut where the row ends. What does not fit into the last row ends in an
+    /// ellipsis. A last row of one word gets a second one from a row above it that has three or
+    /// more.
     /// @param firstPx  width of the first row, beside which something may stand
     /// @param maxRows  at least 1
     static std::vector<std::string> wrap(const std::string& text,

@@ -40,6 +40,13 @@ TEST(TextRows, pathsBreakAfterTheirSlashes) {
     EXPECT_EQ((Rows{"Saved: ~/Music/", "rec.wav"}), wrap("Saved: ~/Music/rec.wav", 17, 3));
 }
 
+TEST(TextRows, onlyPathsBreakAfterSlashes) {
+    EXPECT_EQ((Rows{"Cut short:", "Input/output error"}),
+              wrap("Cut short: Input/output error", 18, 3));
+    EXPECT_EQ((Rows{"~/Music/", "Murmelo/", "rec_00003.wav"}),
+              wrap("~/Music/Murmelo/rec_00003.wav", 14, 3));
+}
+
 TEST(TextRows, theSignOfTheHomeFolderStaysWithItsPath) {
     EXPECT_EQ((Rows{"Saved:", "~/Music/", "rec.wav"}), wrap("Saved: ~/Music/rec.wav", 10, 3));
     EXPECT_EQ((Rows{"~/Mu", "sic"}), wrap("~/Music", 4, 3));
