@@ -114,6 +114,8 @@ private:
         tell("cut-for", {"cutFor", {"Input/output error"}});
         tell("disk-full", {"diskFull", {}, {64, 90}});
         tell("seconds-kept", {"secondsKept", {"Input/output error"}, {64, 90}});
+        tell("first-seconds-only", {"firstSecondsOnly", {}});
+        tell("deleted", {"deleted", {"rec_00003.wav"}}, StripWish::Kind::kHostsOwn);
         tell("take-gone", {"takeGone", {}}, bringBack);
         tell("take-is-back", {"takeIsBack", {}});
         tell("take-forgotten", {"takeForgotten", {}});
@@ -159,6 +161,8 @@ private:
             word = "choose";
         } else if (kind == StripWish::Kind::kBringBack) {
             word = "bringBack";
+        } else if (kind == StripWish::Kind::kHostsOwn) {
+            word = "undo";
         }
         write(name, "Play", [this, message, action, word](StripModel& model) {
             model.tell(message.text(language), action, HostWords::text(word, language), 0);
