@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# The benchmarks of the effects, and of the libraries that they are compared with.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(SOUNDTOUCH REQUIRED IMPORTED_TARGET soundtouch)
 pkg_check_modules(RUBBERBAND REQUIRED IMPORTED_TARGET rubberband)

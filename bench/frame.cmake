@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# The benchmark of a frame.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(pixman REQUIRED IMPORTED_TARGET pixman-1)
 murmelo_bench(frame_bench

@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# The benchmark of the time from "Play" to the first sample.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(BENCH_SNDFILE REQUIRED IMPORTED_TARGET sndfile)
 murmelo_bench(play_delay_bench

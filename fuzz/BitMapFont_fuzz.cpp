@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Font files: every font that is read can be measured and drawn, and is the same after it was
-// written and read again.
+// Fuzzes font files: every font that is read can be measured and drawn, and is the same after it
+// was written and read again.
 #include "AppImage.h"
 #include "ArrFunc.h"
 #include "BitMapFont.h"

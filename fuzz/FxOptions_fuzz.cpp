@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Command lines of the tool, one argument a line: an accepted one has all that it needs, any other
-// is refused with a sentence. Nothing is opened or made.
+// Fuzzes the tool's command lines, one argument a line: an accepted one is complete, any other is
+// refused with a sentence. No file is opened or made.
 #include "FxCatalogue.h"
 #include "FxOptions.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Bytes of pictures: every decoded picture has all its pixels, and a whole alpha plane if it has
+// Fuzzes PNG files: every decoded picture has all its pixels, and a complete alpha plane if it has
 // one.
 #include "GnoImage.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A file that lies in memory and has a path: what a parser of files reads, without a disk.
+// A file in memory that has a path, so that a parser of files can read it without a disk.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files of the window's icon: each is a small picture with all its pixels, or refused.
+// Fuzzes files of the window's icon: each is a small picture with all its pixels, or refused.
 #include "MemoryFile.h"
 #include "PngIcon.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Texts in a stream, one after another: every text that is read must be the same after it was
-// written and read again.
+// Fuzzes texts in a stream, one after another: every text that is read must be the same after it
+// was written and read again.
 #include "ArrFunc.h"
 #include "ByteArrayInputStream.h"
 #include "ByteArrayOutputStream.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs a fuzzer's entry on every file named on the command line or lying in a folder named there,
-// so that inputs that once failed are tried again without the fuzzing library.
+// Runs a fuzzer's entry on every file that the command line names, and on every file in a folder
+// that it names, so that earlier finds are tested without the fuzzing library.
 #include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
@@ -39,7 +39,8 @@ bool replay(const fs::path& path) {
 
 int main(int argc, char** argv) {
 #ifdef MURMELO_SANITIZED
-    // A report of the sanitizer must be seen even while standard error is redirected to nowhere.
+    // A report of the sanitizer must be visible even while standard error is redirected to
+    // /dev/null.
     const intptr_t reports = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     __sanitizer_set_report_fd(reinterpret_cast<void*>(reports));
 #endif
@@ -58,5 +59,5 @@ int main(int argc, char** argv) {
         }
     }
     std::printf("%d inputs replayed\n", replayed);
-    return replayed > 0 ? 0 : 1;  // without an input the call was wrong
+    return replayed > 0 ? 0 : 1;  // no input: an error of the caller
 }

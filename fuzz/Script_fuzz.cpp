@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scripts: every command that is accepted has the arguments that it needs.
+// Fuzzes scripts: every accepted command has the arguments that it needs.
 #include "HeadlessHost.h"
 #include "QuietListener.h"
 #include "Script.h"
@@ -20,7 +20,7 @@ void require(bool holds) {
     }
 }
 
-/// The words and numbers that the row of the command asks for are there.
+/// Checks that the command has the words and numbers that its row demands.
 void checkArguments(const ScriptCommand& command) {
     size_t numbers = 0;
     size_t numbersAtLeast = 0;
@@ -40,7 +40,7 @@ void checkArguments(const ScriptCommand& command) {
     }
 }
 
-/// A command that names a file would read or write it.
+/// True if the command names a file, which running it would read or write.
 bool namesFile(const ScriptCommand& command) {
     const auto& arguments = command.verb->arguments;
     return std::any_of(arguments.begin(), arguments.end(), [](const ScriptArgument& argument) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Settings: any bytes as the file, which is read, changed and read again.
+// Fuzzes the settings file: any bytes are read, changed and read again.
 #include "OspApp.h"
 #include "TestFolders.h"
 #include "TestHost.h"

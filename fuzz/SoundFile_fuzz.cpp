@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sound files that become the take: no more samples are read than were asked for, and reading fewer
-// gives the same samples from the start.
+// Fuzzes sound files that become the take: at most as many samples are read as asked for, and
+// asking for fewer gives the same first samples.
 #include "MemoryFile.h"
 #include "SoundFile.h"
 

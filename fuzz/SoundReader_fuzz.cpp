@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tool's sound files: each is a sound within the limits, or an error.
+// Fuzzes the tool's sound files: each gives a sound within the limits, or an error.
 #include "MemoryFile.h"
 #include "ProgressLine.h"
 #include "SoundReader.h"

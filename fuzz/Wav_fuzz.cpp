@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sound files: the header and the loader accept any bytes, and a loaded sound must be the same
-// after it was saved and loaded again.
+// Fuzzes the application's WAV files: the header and the loader accept any bytes, and a loaded
+// sound must be the same after it was saved and loaded again.
 #include "ArrFunc.h"
 #include "ByteArrayInputStream.h"
 #include "ByteArrayOutputStream.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The remembered size of the window: a sensible one or none, and a size that is kept is read again.
+// Fuzzes the stored size of the window: it is usable or none, and a size that is written can be
+// read again.
 #include "TestFolders.h"
 #include "WindowMemory.h"
 

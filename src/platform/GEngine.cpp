@@ -18,7 +18,7 @@ constexpr RequestId kFrame = 1;
 }  // namespace
 
 Osp::Base::String GEngine::appVersion;
-AppRegistry*& GEngine::pAppRegistry = G::appRegistry;  // where the frame reaches it
+AppRegistry*& GEngine::pAppRegistry = G::appRegistry;  // kept there, where the frame can use it
 
 Osp::App::Application* GEngine::CreateInstance() {
     return new GEngine();
@@ -33,7 +33,7 @@ GEngine::GEngine()
 }
 
 GEngine::~GEngine() {
-    delete pGameInterface;  // null after a normal termination
+    delete pGameInterface;  // already null after a normal end
     delete pCanvas;
 }
 
@@ -87,7 +87,7 @@ void GEngine::OnScreenOn() {
 
 void GEngine::OnUserEventReceivedN(RequestId /*requestId*/, IList* /*arguments*/) {
     if (suspended || pCanvas == nullptr) {
-        return;  // the loop ends here; the next foreground starts it again
+        return;  // queues no event: OnForeground() starts the loop again
     }
     if (!terminated) {
         pCanvas->SetClipBounds({0, 0, HostFrame::kWidthPx, HostFrame::kHeightPx});

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The application as the phone sees it: life cycle, touches and keys in, one frame for each user
-// event out.
+// The application as the phone sees it: receives the life cycle, touches and keys, and makes one
+// frame for each user event.
 #pragma once
 
 #include "OspApp.h"
@@ -28,7 +28,7 @@ public:
     bool OnAppInitializing(Osp::App::AppRegistry& appRegistry) override;
     bool OnAppTerminating(Osp::App::AppRegistry& appRegistry, bool forcedTermination) override;
 
-    /// Takes a new canvas and starts the loop, or starts it again after a pause.
+    /// Makes a new canvas and starts the loop of user events, also after a pause.
     void OnForeground() override;
     void OnBackground() override;
 
@@ -41,7 +41,7 @@ public:
                               Osp::Base::Collection::IList* arguments) override;
     int64_t TimeUntilDue() override;
 
-    /// Resumes, but makes no frames; the next foreground does.
+    /// Resumes the program, but makes no frames; OnForeground() does.
     void OnScreenOn() override;
     void OnScreenOff() override;
 

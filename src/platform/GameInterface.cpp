@@ -54,8 +54,8 @@ static_assert(isCode(HostKey::kMiddle, OrmCanvas::kKeyMiddle));
 static_assert(isCode(HostKey::kLeftSoft, OrmCanvas::kKeyLeftSoft));
 static_assert(isCode(HostKey::kRightSoft, OrmCanvas::kKeyRightSoft));
 
-// Deliberate: wider than the display's 480 pixels; the fill covers more than there is, and nothing
-// is left over.
+// Deliberate: wider than the display's 480 pixels. The fill is cut to the display, so all of it is
+// covered.
 constexpr int32_t kFillWidthPx = 640;
 constexpr int32_t kFillHeightPx = 800;
 
@@ -69,7 +69,7 @@ int32_t canvasY(int32_t displayY) {
 
 }  // namespace
 
-bool& GameInterface::Active = OrmMidlet::active;  // where the screens reach it
+bool& GameInterface::Active = OrmMidlet::active;  // kept there, where the screens can use it
 
 GameInterface::GameInterface()
     : drawnRows(kHeightPx) {
@@ -90,7 +90,7 @@ GameInterface::~GameInterface() {
     Host::current().setDoors(nullptr);
     delete pGraphics;
     delete pBitmap;
-    delete pMidlet;  // null after AppQuit
+    delete pMidlet;  // already null after AppQuit
 }
 
 void GameInterface::AppInit() {
@@ -222,8 +222,8 @@ bool GameInterface::showEffect(int32_t index) {
     return true;
 }
 
-/// While the question is shown the canvas takes only touches on the soft keys, so a soft key is
-/// delivered as a touch.
+/// While the question about silence is shown, the canvas accepts only touches on the soft keys. So
+/// a key that means a soft key is delivered as a touch.
 bool GameInterface::answerByKey(HostKey key) {
     if (key != HostKey::kLeftSoft && key != HostKey::kRightSoft) {
         return false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The bridge between the phone's application and the framework: owns the application object, the
-// 240 x 320 bitmap and the graphics that paint into it, and is the only way from outside into the
-// program.
+// The bridge between the phone's application and the framework. It owns the application object, the
+// 240 x 320 bitmap, and the graphics that paint into it; everything from outside enters the program
+// through it.
 #pragma once
 
 #include "Host.h"
@@ -19,7 +19,7 @@ class Canvas;
 
 class GameInterface : private HostDoors {
 public:
-    /// Makes the application object; every class initialiser runs here.
+    /// Makes the application object, which runs every class initialiser.
     GameInterface();
     ~GameInterface() override;
     GameInterface(const GameInterface&) = delete;
@@ -28,22 +28,23 @@ public:
     void AppInit();
     void AppPause();
 
-    /// Resumes, unless the phone is silent and the question about it is shown or raised now.
+    /// Resumes the program, unless the question about silence must be answered first.
     void AppResume();
     void AppQuit();
 
-    /// One frame: a tick, the picture into the bitmap, the bitmap doubled onto the display.
+    /// Makes one frame: runs one event, writes the picture into the bitmap, and draws the bitmap
+    /// doubled on the canvas.
     void AppPaint(Osp::Graphics::Canvas* canvas);
 
-    /// Positions in display pixels. The canvas lies doubled at y 160, so a touch above it has a
-    /// negative y there.
+    /// Positions are in display pixels. The canvas begins at y 160 of the display, so a touch above
+    /// it has a negative y on the canvas.
     void OnPointerPressed(int32_t x, int32_t y);
     void OnPointerReleased(int32_t x, int32_t y);
     void OnPointerMove(int32_t x, int32_t y);
 
     int32_t HandleEvent(void* /*data*/, int32_t /*event*/) { return 0; }
 
-    static bool& Active;  // cleared when the user quits: one more frame, then the program ends
+    static bool& Active;  // false once the user has quit: after one more frame the program ends
 
 private:
     std::string screenName() override;
@@ -66,11 +67,11 @@ private:
     std::vector<uint16_t> canvasPixels() override;
     ScreenTexts texts() override;
 
-    /// True if the host may leave the current screen (to save, or to replace the take).
+    /// True if the host may leave the current screen, to save or to replace the take.
     static bool isAtRest();
 
     Murmelo* pMidlet;                   // owned
     CanvasGraphics* pGraphics;          // owned
     Osp::Graphics::Bitmap* pBitmap;     // owned
-    Osp::Graphics::RowMarks drawnRows;  // of the bitmap, in the frame that is being painted
+    Osp::Graphics::RowMarks drawnRows;  // rows of the bitmap that the current frame has written
 };

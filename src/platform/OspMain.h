@@ -4,10 +4,9 @@
 
 #include <cstdint>
 
-/// Converts a result of the platform to the status of a program: 0 is success, of a failure the low
-/// 16 bits are kept.
+/// Converts a platform result to a process's exit status: 0 for success, else the low 16 bits of
+/// the result.
 int exitStatusOf(uint32_t platformResult);
 
-/// Runs the application until it ends. 0 is success; of a failure the low 16 bits of its result
-/// come back.
+/// Runs the application until it ends. Returns exitStatusOf() of its result.
 extern "C" int OspMain(int argc, char** argv);

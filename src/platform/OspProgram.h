@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The whole program for a host that owns its loop, instead of one call of OspMain(). The host must
-// be installed before it is made.
+// The whole program for a host that cannot call OspMain(), because it must return to its own loop
+// (a browser). The host must be installed before this is made.
 #pragma once
 
 #include "EventLoop.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads the texts that the picture shows from the bar, the menu, the message and the progress
+// Collects the texts that the picture shows, from the bar, the menu, the message and the progress
 // window.
 #pragma once
 
@@ -10,9 +10,9 @@
 
 class TextsReader {
 public:
-    /// The texts of the picture painted last; empty before the first screen and after the end.
+    /// The texts of the last painted picture; empty before the first screen and after the end.
     static ScreenTexts read();
 
-    /// The name of that effect, as UTF-8; empty outside the catalogue.
+    /// The name of an effect in the program's language, as UTF-8; empty if there is no such effect.
     static std::string effectName(int32_t effect);
 };

@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr size_t kMinPrefix = 3;          // letters of a name that tell it from the others
-constexpr size_t kMaxNameLetters = 32;    // a longer text names no effect
-constexpr size_t kLettersPerMistake = 3;  // one mistake for each of these may be a slip
+constexpr size_t kMinPrefix = 3;          // letters: a shorter beginning could fit several names
+constexpr size_t kMaxNameLetters = 32;    // a longer text is no misspelt name
+constexpr size_t kLettersPerMistake = 3;  // one mistake in so many letters is accepted
 
 static_assert(FxCatalogue::kCount <= 10, "the number of an effect is one digit");
 
@@ -19,8 +19,8 @@ bool startsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-/// How many letters must be put in, taken out, replaced or swapped with their neighbour to turn a
-/// into b.
+/// The smallest number of letters to insert, remove, replace, or swap with their neighbour that
+/// turns a into b.
 size_t mistakes(const std::string& a, const std::string& b) {
     std::vector<std::vector<size_t>> table(a.size() + 1, std::vector<size_t>(b.size() + 1));
     for (size_t i = 0; i <= a.size(); i++) {
@@ -40,8 +40,7 @@ size_t mistakes(const std::string& a, const std::string& b) {
     return table[a.size()][b.size()];
 }
 
-/// How many mistakes lie between a text and a name; only one if the text begins with the name, or
-/// the name with the text.
+/// The number of mistakes in a text that may mean a name; 1 if one of them begins with the other.
 size_t distance(const std::string& text, const std::string& name) {
     const size_t shorter = std::min(text.size(), name.size());
     if (shorter >= kMinPrefix && (startsWith(text, name) || startsWith(name, text))) {

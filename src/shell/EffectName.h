@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How an effect is named on the command line.
+// Finds an effect by its name on the command line.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 class EffectName {
 public:
-    /// The effect of that name, in large or small letters, or of that number in the catalogue
+    /// Index in the catalogue of the effect with that name (in upper or lower case) or that number
     /// (0 is none, 1 the robot); -1 if there is none.
     static int32_t find(const std::string& text);
 

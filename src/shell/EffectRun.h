@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// One effect of the catalogue, applied as the application does it: the clean-up of a fresh
-// recording first, then the effect.
+// Applies an effect of the catalogue as the application does: first the clean-up of a fresh
+// recording, then the effect.
 //
-// The engine keeps class-wide state: one object of this class at a time.
+// Only one object of this class at a time, because the processors keep class-wide state.
 #pragma once
 
 #include "Sound.h"

@@ -32,7 +32,7 @@ Examples:
   murmelo-fx drunk --out-dir drunk *.flac
   arecord -f S16_LE -r 16000 -d 5 | murmelo-fx high - - | aplay)";
 
-/// The text broken between words into lines of the help.
+/// Breaks a text between words into lines for the help.
 std::string inLines(const std::string& text) {
     std::istringstream words(text);
     std::string lines;
@@ -72,7 +72,7 @@ public:
 
     std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
         const std::string name = CLI::Formatter::make_option_name(option, isPositional);
-        return name.substr(0, name.find('{'));  // not what a flag sets when it is given
+        return name.substr(0, name.find('{'));  // without the value that a flag sets
     }
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the command line asks for.
+// Reads the command line: the task, the effect, the files and the options.
 #pragma once
 
 #include "Problem.h"
@@ -28,7 +28,7 @@ struct FxOptions {
     bool longSounds = false;
     std::optional<int32_t> seed;
 
-    /// @returns one sentence about the mistake, if there is one
+    /// @returns the mistake in the command line, if there is one
     Problem parse(int argc, char** argv);
 
 private:

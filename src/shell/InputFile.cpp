@@ -13,7 +13,8 @@
 
 namespace {
 
-// A pipe that never ends must not fill the disk. No sound that an effect can take is this long.
+// A pipe that never ends must not fill the disk. This is more than the longest sound for any
+// effect.
 constexpr int64_t kMaxPipedBytes = int64_t{1} << 30;
 constexpr size_t kBlockBytes = 1 << 16;
 
@@ -48,7 +49,8 @@ bool InputFile::open(const std::string& path) {
     if (S_ISDIR(facts.st_mode)) {
         return reportError("cannot be read", EISDIR);
     }
-    // Standard input is shared with the caller, so this program must not move its position.
+    // Standard input is copied too, even if it is a file: it is shared with the caller, so its
+    // position must not be moved.
     if (standard || !S_ISREG(facts.st_mode)) {
         piped = true;
         return keep(opened);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A file to read from, any part of it any number of times: what comes through a pipe is kept in a
-// temporary file first.
+// A file of which any part can be read any number of times. The bytes of a pipe are first copied to
+// a temporary file.
 #pragma once
 
 #include <cstdint>
@@ -19,15 +19,15 @@ public:
     /// Opens a file, or reads a pipe to its end. Returns false on failure; error() then says why.
     bool open(const std::string& path);
 
-    /// Reads up to count bytes from an offset on; returns how many there are, -1 on an error.
+    /// Reads up to count bytes from an offset on; returns how many it has read, -1 on an error.
     int64_t readAt(void* bytes, int64_t count, int64_t offset) const;
 
     int64_t size() const { return sizeBytes; }
 
-    /// The open file; stays this object's.
+    /// The descriptor of the open file; owned by this object.
     int descriptor() const { return fd; }
 
-    /// True if the bytes came through a pipe: the path does not lead to them any more.
+    /// True if the bytes came through a pipe: they cannot be read by the path again.
     bool isPiped() const { return piped; }
 
     /// What failed and why, to be printed after the file's name; no full stop. Empty before a

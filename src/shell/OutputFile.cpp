@@ -17,9 +17,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // before the user's mask
+constexpr mode_t kNewFileMode = 0666;  // before the umask
 
-/// While it lives, signals that would end the program wait.
+/// While an object exists, signals that would end the program are delayed.
 class SignalPause {
 public:
     SignalPause() {
@@ -149,14 +149,14 @@ void OutputFile::discard() {
 }
 
 void OutputFile::removeOnSignals() {
-    // A file that grows beyond the user's limit is a failed write; it must not end the program
-    // silently.
+    // If a file grows beyond the user's limit (ulimit -f), the write must fail; the signal would
+    // end the program without a message.
     std::signal(SIGXFSZ, SIG_IGN);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGALRM, SIGVTALRM,
                              SIGUSR1, SIGUSR2}) {
         struct sigaction action = {};
         sigaction(signal, nullptr, &action);
-        // A signal that the caller wants ignored (nohup) stays ignored.
+        // If the caller (nohup) has set a signal to be ignored, it stays ignored.
         if (action.sa_handler == SIG_DFL) {
             action.sa_handler = onSignal;
             action.sa_flags = static_cast<int>(SA_RESETHAND);

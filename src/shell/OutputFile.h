@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A file that appears whole or not at all: it is written beside its target and renamed at the end.
-// Until then, and on every failure, what was there before stays.
+// A file that appears complete or not at all: it is written beside its target and renamed at the
+// end. Until then, and after every failure, the old file stays.
 #pragma once
 
 #include <cstddef>
@@ -15,11 +15,11 @@ public:
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Throws away what was not committed.
+    /// Removes the unfinished file, if it was not committed.
     ~OutputFile();
 
-    /// Each returns false on failure; error() then says why, and what was written is lost. Devices
-    /// and pipes are written to directly.
+    /// Each of these returns false on failure; error() then says why, and the bytes written are
+    /// lost. Devices and pipes are written to directly.
     bool open();
     bool write(const void* bytes, size_t count);
     bool commit();

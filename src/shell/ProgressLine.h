@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One line on standard error that says how far the work is. Shows nothing if standard error is no
-// terminal.
+// Shows the progress of the work in one line on standard error. Shows nothing if standard error is
+// not a terminal.
 #pragma once
 
 #include <chrono>
@@ -17,8 +17,7 @@ public:
     /// Begins a file: its name, its number (the first is 1) and the number of all files.
     void start(const std::string& name, size_t number, size_t count);
 
-    /// Shows the line again, at most a few times a second. done of total is the share of the step
-    /// that is done.
+    /// Shows the line again, at most a few times a second. The step is done to done / total.
     void show(const char* step, int64_t done, int64_t total);
 
     /// Erases the line, so that other text can be written.

@@ -43,7 +43,8 @@ bool RateConverter::convert(const float* samples,
     return true;
 }
 
-// The mean of each pair, as recordings of the microphone are halved; an odd last sample is dropped.
+// Takes the mean of each pair of samples, as the application does with a recording; an odd last
+// sample is dropped.
 void RateConverter::halve(const float* samples, size_t count, std::vector<int32_t>& out) {
     for (size_t i = 0; i < count; i++) {
         const int32_t sample = toSample(samples[i]);

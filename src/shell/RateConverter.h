@@ -16,7 +16,8 @@ public:
     bool isPossible() const { return possible; }
 
     /// Converts count samples (full scale is 1.0) and appends the result, in the range of 16 bits,
-    /// to out. last: no more will come. False if the resampling library failed.
+    /// to out. @param last true: these are the last samples. @returns false if the resampling
+    /// library failed
     bool convert(const float* samples, size_t count, bool last, std::vector<int32_t>& out);
 
 private:

@@ -6,5 +6,5 @@
 
 #include <cstdint>
 
-/// No array stands for no sound.
+/// Without an array there is no sound.
 using Sound = Array<int32_t>;

@@ -23,7 +23,7 @@ constexpr double kVoiced = 0.6;      // likeness of neighbouring periods; noise 
 constexpr double kNearlyBest = 0.9;  // a multiple of the period fits as well as the period itself
 constexpr double kQuietest = 300.0;  // RMS of a window that counts
 constexpr int32_t kCompared = kWindow - kLongest - 1;
-constexpr size_t kLags = kLongest + 2;  // from 0 to one beyond the longest that counts
+constexpr size_t kLags = kLongest + 2;  // lags 0 to kLongest + 1
 
 double toDb(double ratio) {
     return ratio > 0.0 ? 20.0 * std::log10(ratio) : -std::numeric_limits<double>::infinity();
@@ -32,7 +32,7 @@ double toDb(double ratio) {
 /// How similar a window is to the samples lag later: 1.0 if they are the same.
 double likenessAt(const int32_t* samples, int32_t lag) {
     double product = 0.0;
-    double here = 1.0;  // not 0, because silence is divided by it
+    double here = 1.0;  // not 0: it is a divisor, also for silence
     double there = 1.0;
     for (int32_t i = 0; i < kCompared; i++) {
         const double a = samples[i];
@@ -93,7 +93,8 @@ double SoundMeter::pitchHz() const {
     return *middle;
 }
 
-// The shortest lag that is nearly as good as the best, read between the samples by a parabola.
+// The pitch by the shortest lag that is nearly as good as the best, placed between the samples by a
+// parabola.
 double SoundMeter::windowPitchHz(const int32_t* samples) {
     std::array<double, kLags> likeness{};
     double best = 0.0;

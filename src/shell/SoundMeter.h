@@ -17,7 +17,7 @@ public:
     /// Root of the mean square against full scale; minus infinity for silence.
     double rmsDb() const;
 
-    /// Median pitch of the voiced parts between 60 and 500 Hz; 0 where nothing is voiced.
+    /// Median pitch of the voiced parts, 60 to 500 Hz; 0 if nothing is voiced.
     double pitchHz() const;
 
 private:

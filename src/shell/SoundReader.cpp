@@ -64,7 +64,7 @@ public:
 private:
     const InputFile& file;
     int64_t position = 0;
-    bool failed = false;  // the disk, not the sound
+    bool failed = false;  // the disk has failed; the sound may be good
 };
 
 /// The library's error message without its full stop.
@@ -91,7 +91,8 @@ SNDFILE* openQuietly(const InputFile& file, const std::string& path) {
     const QuietLibrary quiet;
     const SndfileLibrary& library = *SndfileLibrary::get();
     SF_INFO facts = {};
-    // By its path if it has one: kinds without a header are recognised by their extension.
+    // Opened by its path if it has one, because kinds without a header are recognised by their
+    // extension.
     return file.isPiped() ? library.openFd(file.descriptor(), SFM_READ, &facts, SF_FALSE)
                           : library.open(path.c_str(), SFM_READ, &facts);
 }
@@ -204,7 +205,7 @@ Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
     return sound;
 }
 
-// Holds no more than a block of the file at a time, because the length in its header may be false.
+// Reads block by block, because the length in the header may be false.
 bool SoundReader::convertAll(SNDFILE* file, std::vector<int32_t>& samples) {
     const SndfileLibrary& library = *SndfileLibrary::get();
     SF_INFO facts = {};

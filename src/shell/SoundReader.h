@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads a sound file of any kind, rate and number of channels as the effects need it: 8 kHz, mono.
+// Reads a sound file of any kind, rate and number of channels into what the effects need: 8 kHz,
+// mono.
 //
 // A WAV file as the application itself writes and records them (8 or 16 kHz, mono, 16 bits) goes
 // through the application's own loader, bit for bit; everything else through a library.

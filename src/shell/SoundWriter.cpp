@@ -145,7 +145,7 @@ SF_VIRTUAL_IO memoryCalls() {
     return calls;
 }
 
-/// @returns the library's error message, if something went wrong
+/// @returns the library's error message, if it has failed
 Problem encode(int format, const int32_t* samples, Memory& memory) {
     const SndfileLibrary* const library = SndfileLibrary::get();
     if (library == nullptr) {
@@ -162,7 +162,7 @@ Problem encode(int format, const int32_t* samples, Memory& memory) {
     std::array<int16_t, kBlockSamples> block{};
     for (int32_t done = 0; done < length(samples) && !problem;) {
         const int32_t count = std::min(kBlockSamples, length(samples) - done);
-        // The low 16 bits, as in a WAV file.
+        // Takes the low 16 bits, as the writer of WAV files does.
         std::transform(samples + done, samples + done + count, block.begin(),
                        [](int32_t sample) { return static_cast<int16_t>(sample); });
         if (library->writeShorts(file, block.data(), count) != count) {

@@ -17,13 +17,14 @@ public:
     /// True if the library of this machine can write that kind; it may be built without some.
     static bool isPossible(Kind kind);
 
-    /// False where the library is missing: then only WAV is possible.
+    /// True if the machine has the library; without it only WAV is possible.
     static bool isLibraryThere();
 
-    /// By the extension of a file's name; WAV for a name without one. Nothing for any other.
+    /// The kind for the extension of a file's name; WAV without an extension; no value for an
+    /// unknown one.
     static std::optional<Kind> kindOfPath(const std::string& path);
 
-    /// By the kind's name in small letters: wav, flac, ogg or oga, opus, mp3. Nothing for any other
+    /// The kind by its name in lower case: wav, flac, ogg or oga, opus, mp3. No value for any other
     /// name.
     static std::optional<Kind> kindOfName(const std::string& name);
 
@@ -33,6 +34,6 @@ public:
     static const char* extension(Kind kind);
 
     /// Writes all of a sound (a counted array) into an open file, which the caller commits.
-    /// @returns what went wrong, if anything.
+    /// @returns the problem, if it has failed
     static Problem write(OutputFile& file, Kind kind, const int32_t* samples);
 };

@@ -30,7 +30,7 @@ int reportError(const std::string& message, int status) {
     return status;
 }
 
-/// Writes out what was printed: only now a full disk is noticed.
+/// Flushes standard output, which notices a full disk. Returns the exit status.
 int finishPrinting(int status) {
     std::cout.flush();
     return std::cout ? status : reportError("standard output: cannot be written", kSomeFailed);
@@ -56,7 +56,7 @@ std::string seconds(int32_t samples) {
     return std::to_string(samples / WavFile::kRateHz) + " s";
 }
 
-/// Applies one effect to one file after the other.
+/// Applies the effect to one file after the other.
 class Applier {
 public:
     Applier(const FxOptions& options, ProgressLine& progress)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The microphone that the program sees: another one, and a copy of every take that it gave.
+// Passes on another microphone, and makes a copy of every take.
 #pragma once
 
 #include "HostSound.h"
@@ -10,20 +10,20 @@
 
 class CopyingMicrophone : public HostMicrophone {
 public:
-    /// Gets the take, 16 kHz, at least one sample.
+    /// Receives a take: 16 kHz, at least one sample.
     using Keep = std::function<void(std::vector<int16_t> samples)>;
 
     /// @param real   not owned
-    /// @param letGo  called from prepare(): the program has just deleted the take before
-    /// @param keep   called from release(), before the program can delete its own file of the take
+    /// @param letGo  called by prepare(): the program has just deleted the earlier take
+    /// @param keep  called by release(), before the program can delete its own file of the take
     CopyingMicrophone(HostMicrophone& real, std::function<void()> letGo, Keep keep);
 
     bool isThere() override { return real.isThere(); }
 
     void prepare() override;
 
-    /// The take is complete: hands over all that was heard. What the program did not take any more,
-    /// as after an interruption, belongs to it.
+    /// The take is complete: passes the copy to keep. It includes samples that the program has not
+    /// taken, for example after an interruption.
     void release() override;
 
     bool start(HostMicrophoneListener& listener) override;
@@ -36,6 +36,6 @@ private:
     HostMicrophone& real;
     std::function<void()> letGo;
     Keep keep;
-    std::vector<int16_t> copy;  // since start()
-    bool isStarted = false;     // since the last release()
+    std::vector<int16_t> copy;  // the samples since start()
+    bool isStarted = false;     // start() was called since the last release()
 };

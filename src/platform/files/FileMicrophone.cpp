@@ -73,7 +73,7 @@ int64_t FileMicrophone::heard() const {
     return listener != nullptr ? (nowMs() - startMs) * kSamplesPerMs : heardAtStop;
 }
 
-/// The program has taken nothing for longer than samples are kept: the oldest are left out.
+/// Drops the oldest samples if the program has taken none for longer than kMaxWaitingMs.
 void FileMicrophone::forgetOldest() {
     const int64_t tooMuchMs = nowMs() - startMs - taken / kSamplesPerMs - kMaxWaitingMs;
     startMs += std::max<int64_t>(tooMuchMs, 0);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A microphone that hears a sound file from its beginning at each recording, in the time of the
-// clock given, and silence after its end.
+// A microphone that plays a sound file into each recording, from its beginning and at the pace of
+// the given clock, with silence after its end.
 #pragma once
 
 #include "DueTime.h"
@@ -16,29 +16,29 @@ class FileMicrophone : public HostMicrophone {
 public:
     using Clock = std::function<int64_t()>;
 
-    // The most samples that wait to be taken: three times the longest take. So a clock that jumps
-    // by a day does not make a day of sound.
+    // How much sound waits to be taken at most: three times the longest take. Without a limit, a
+    // clock that jumps by a day would make a day of sound.
     static constexpr int64_t kMaxWaitingMs = 60000;
 
-    // How much of a file is read: the longest take, and one second more because a recording may end
+    // How much of a file is read: the longest take and one second more, because a recording may end
     // some frames late.
     static constexpr int64_t kLongestVoiceSamples = int64_t{kLongestTakeSamples} + kRateHz;
 
     /// @param nowMs  the host's clock
     explicit FileMicrophone(Clock nowMs);
 
-    /// Sets what the next recordings hear; no samples mean silence.
+    /// Sets the sound of the next recordings; no samples: silence.
     void setVoice(std::vector<int16_t> samples) { voice = std::move(samples); }
 
-    /// What deviceName() returns.
+    /// Sets the name that deviceName() returns.
     void setName(std::string fileName) { name = std::move(fileName); }
 
     std::string deviceName() override { return name; }
 
-    /// When the listener is to be called, DueTime::kNever if it wants nothing.
+    /// When to call deliver(); DueTime::kNever if the listener wants no samples.
     int64_t dueMs() const;
 
-    /// Calls the listener if it is time. True if it was.
+    /// Calls the listener if dueMs() has come. True if it called.
     bool deliver();
 
     bool isThere() override { return true; }
@@ -63,12 +63,12 @@ private:
     Clock nowMs;
     std::string name;
     std::vector<int16_t> voice;
-    std::vector<int16_t> hearing;  // the voice of the current recording
+    std::vector<int16_t> hearing;  // the sound of the current recording
     HostMicrophoneListener* listener = nullptr;
     int64_t startMs = 0;
     int64_t taken = 0;
     int64_t heardAtStop = 0;
     bool lost = false;
     LevelMeter meter;
-    int64_t metered = 0;  // samples of this recording that the meter has
+    int64_t metered = 0;  // samples of this recording that the meter has measured
 };

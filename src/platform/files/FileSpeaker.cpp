@@ -22,7 +22,7 @@ Problem FileSpeaker::openFile(const std::string& newPath) {
     if (problem) {
         return problem;
     }
-    return SoundFile::write(path, kRateHz, collected);  // a bad path fails at once
+    return SoundFile::write(path, kRateHz, collected);  // empty; a bad path fails at once
 }
 
 Problem FileSpeaker::finishFile() {
@@ -94,7 +94,7 @@ void FileSpeaker::stop() {
     listener = nullptr;
 }
 
-/// Advances the clip to the present time; the samples in between are heard at the volume set until
+/// Advances the clip to the present time. The samples in between get the volume that was set until
 /// now.
 void FileSpeaker::hearUntilNow() {
     if (clip == nullptr || paused) {

@@ -24,13 +24,13 @@ public:
     /// @returns why either failed
     Problem openFile(const std::string& path);
 
-    /// Writes what was heard until now.
+    /// Writes the sound so far to the file.
     Problem finishFile();
 
-    /// When the clip ends, DueTime::kNever if none plays.
+    /// When the clip ends; DueTime::kNever if none plays.
     int64_t dueMs() const;
 
-    /// Ends the clip if it is time. True if it was.
+    /// Ends the clip if dueMs() has come. True if it did.
     bool deliver();
 
     /// Simulates the loss of the device and calls the listener. False if no clip plays.
@@ -47,11 +47,11 @@ private:
     void keepHeard();
 
     Clock nowMs;
-    std::string path;                // empty: the sound is written nowhere
+    std::string path;                // empty: nothing is written
     std::vector<int16_t> collected;  // at kRateHz
     std::shared_ptr<const HostClip> clip;
     HostSpeakerListener* listener = nullptr;
-    std::vector<int16_t> heard;  // of the clip, at its own rate
+    std::vector<int16_t> heard;  // the clip's samples so far, at its own rate
     int64_t position = 0;        // of the next sample to be heard
     int64_t startMs = 0;         // when the clip was started or resumed,
     int64_t startPosition = 0;   // and where

@@ -21,7 +21,7 @@ int32_t hexValue(char digit) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-/// False at a % without two digits, and at one that stands for the end of a text.
+/// Decodes %XX. False if two digits are missing, or for %00, which would end the text.
 bool decode(const std::string& text, std::string& decoded) {
     for (size_t i = 0; i < text.size(); i++) {
         if (text[i] != '%') {

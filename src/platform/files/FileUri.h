@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Names of files as desktops hand them over: "file:///home/ada/a%20voice.wav".
+// Converts between paths and the addresses of files that desktops use:
+// "file:///home/ada/a%20voice.wav".
 #pragma once
 
 #include "Problem.h"
@@ -8,14 +9,14 @@
 
 class FileUri {
 public:
-    /// The path of a file's address; anything else is a path already and comes back as it is.
+    /// The path for a file's address. Anything else is taken for a path and returned unchanged.
     /// @param path  untouched on an error
-    /// @returns what is wrong: the file lies on another computer, or the address is no address
+    /// @returns the problem: the file lies on another computer, or the address is malformed
     static Problem toPath(const std::string& nameOrUri, std::string& path);
 
     /// The name of a file without its folders; all of the path if it has none.
     static std::string nameIn(const std::string& path);
 
-    /// The address of a file. @param path  absolute
+    /// The address for a path. @param path absolute
     static std::string fromPath(const std::string& path);
 };

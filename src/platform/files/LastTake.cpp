@@ -20,14 +20,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kOwnFolder = 0700;  // only this user may read what was spoken
+constexpr mode_t kOwnFolder = 0700;  // only this user may read recordings
 constexpr mode_t kOwnFile = 0600;
 constexpr const char* kName = "/last-take.wav";
-constexpr const char* kNextName = "/last-take.wav.next";  // whole, but not on the disk yet
-constexpr const char* kNewName = "/last-take.wav.new-";   // and the number of the process
+constexpr const char* kNextName = "/last-take.wav.next";  // complete, but not synced yet
+constexpr const char* kNewName = "/last-take.wav.new-";   // followed by the process number
 
-/// Removes the unfinished files of programs that were killed while they wrote. Those of running
-/// programs stay: two homes share the folder.
+/// Removes unfinished files of programs that were killed while they wrote. Files of running
+/// programs stay: programs with different homes share the folder.
 void removeLeftovers(const std::string& folder) {
     const std::string start = std::string(kNewName).substr(1);
     std::error_code error;
@@ -49,14 +49,14 @@ bool isFile(const std::string& path) {
     return !path.empty() && fs::is_regular_file(path, error);
 }
 
-/// What lies there and is no ordinary file gets another name.
+/// If something other than an ordinary file has this name, it gets another one.
 void makeWay(const std::string& path) {
     if (SafeFile::whyNotOrdinary(path)) {
         SafeFile::moveAside(path);
     }
 }
 
-/// True if the open file still has that name.
+/// True if the name still belongs to the open file.
 bool hasName(int file, const std::string& path) {
     struct stat opened = {};
     struct stat named = {};
@@ -84,7 +84,8 @@ Problem LastTake::notKept() const {
     return "the last take cannot be kept as \"" + path + "\": " + SafeFile::lastError();
 }
 
-/// False: it is there already, or the file that cannot be made says why.
+/// True if it has made the folder. False: the folder is there already, or cannot be made; then the
+/// file in it cannot be made either, and that error is reported.
 bool LastTake::makeFolder() const {
     std::error_code error;
     fs::create_directories(fs::path(folder).parent_path(), error);
@@ -103,7 +104,7 @@ Problem LastTake::write(const std::vector<int16_t>& samples) const {
     if (file < 0) {
         return "the last take cannot be kept in \"" + folder + "\": " + SafeFile::lastError();
     }
-    static_cast<void>(::fchmod(file, kOwnFile));  // a disk without permissions refuses
+    static_cast<void>(::fchmod(file, kOwnFile));  // some disks have no permissions
     const auto count = std::min(samples.size(), static_cast<size_t>(kMaxSamples));
     Problem problem = SoundFile::write(file, fresh, HostMicrophone::kRateHz, samples.data(), count,
                                        SoundFile::Format::kWav);
@@ -124,7 +125,7 @@ Problem LastTake::settle() const {
     const int file =
         newPath.empty() ? -1 : ::open(newPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
     if (file < 0) {
-        return Problem::none();  // settled already, or forgotten
+        return Problem::none();  // synced already, or deleted by forget()
     }
     const bool isOnDisk = SafeFile::sync(file);
     Problem problem = isOnDisk ? Problem::none() : notKept();
@@ -168,7 +169,7 @@ bool LastTake::syncFolders(const std::string& target) const {
 
 Problem LastTake::bringBack(std::vector<int16_t>& samples) const {
     std::vector<int16_t> newest;
-    // After a power cut it may be there without its sound.
+    // After a power cut the newest file may be there without its samples.
     if (isFile(newPath) &&
         !SoundFile::read(newPath, HostMicrophone::kRateHz, kMaxSamples, newest) &&
         !newest.empty()) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The raw take that was recorded last, kept beside the user's settings so that no mistake, crash or
-// power cut loses it: one take, until the next one or until the user forgets it.
+// Keeps the last take, before any effect, in a file, so that no mistake, crash or power cut loses
+// it. It is kept until the next take replaces it or the user deletes it.
 #pragma once
 
 #include "Problem.h"
@@ -13,36 +13,37 @@
 
 class LastTake {
 public:
-    /// More than any recording holds: the longest take, and the minute that a microphone lets wait.
+    /// More than any recording has: the longest take, and the minute of samples that may wait in a
+    /// microphone.
     static constexpr int64_t kMaxSamples = int64_t{80} * 16000;
 
     /// @param folder  made when a take is kept, for this user only; empty: nothing is kept
     explicit LastTake(std::string folder);
 
-    /// Puts the take onto the disk in the place of the one before: at any moment one of them is
-    /// there, whole. Without a sample, or without a folder, nothing happens.
+    /// Writes the take to the disk in place of the earlier one. At any moment one of them is there,
+    /// complete. Does nothing without a sample or without a folder.
     /// @param samples  16 kHz mono
-    /// @returns why it could not be kept; the earlier one is still there then
+    /// @returns why it could not be kept; then the earlier one is still there
     Problem keep(const std::vector<int16_t>& samples) const;
 
-    /// The first half of keep(), which waits for no disk: the take is whole in a file of its own.
-    /// It is the last take from now on, however the program ends. Until settle() a power cut brings
-    /// the one before back.
+    /// The first half of keep(), which does not wait for the disk: writes the take into a file of
+    /// its own. From now on this is the last take, however the program ends; only after a power cut
+    /// before settle() it is the take before.
     /// @returns as keep()
     Problem write(const std::vector<int16_t>& samples) const;
 
-    /// The second half of keep(), which may take as long as the disk does. May run on another
-    /// thread; what was written meanwhile stays for the next call.
+    /// The second half of keep(), which waits for the disk. May run on another thread; a take that
+    /// is written meanwhile is left to the next call.
     /// @returns as keep()
     Problem settle() const;
 
-    /// Reads the take; it stays where it is.
+    /// Reads the take; the file stays.
     /// @param samples  16 kHz mono; untouched on an error
-    /// @returns why it cannot be read: a sentence also where there is none
+    /// @returns why it cannot be read; a problem too if there is no take
     Problem bringBack(std::vector<int16_t>& samples) const;
 
-    /// Deletes the take, also on the disk.
-    /// @returns why it could not be deleted; none where there is no take
+    /// Deletes the file of the take, and syncs that to the disk.
+    /// @returns why it could not be deleted; no problem if there is no take
     Problem forget() const;
 
     bool isThere() const;
@@ -54,12 +55,12 @@ private:
 
     std::string folder;
     std::string path;     // of the WAV file; empty: nothing is kept
-    std::string newPath;  // of the one that is written and not on the disk yet
+    std::string newPath;  // of the file that is written but not synced yet
 
     struct Shared {
-        std::mutex mutex;          // while files get other names
-        bool isFolderNew = false;  // its name may not be on the disk
+        std::mutex mutex;          // held while files are renamed
+        bool isFolderNew = false;  // the folder's name may not be synced yet
     };
 
-    std::shared_ptr<Shared> shared = std::make_shared<Shared>();  // by copies
+    std::shared_ptr<Shared> shared = std::make_shared<Shared>();  // by the copies of this object
 };

@@ -28,7 +28,8 @@ std::string environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
-/// The folder of an XDG variable, or the given one below the user's home.
+/// The folder that an XDG variable names; if it is not set, the one named otherwise below the
+/// user's home.
 std::string xdgFolder(const char* variable, const char* otherwise) {
     const std::string folder = environment(variable);
     return !folder.empty() && folder[0] == '/' ? folder : environment("HOME") + "/" + otherwise;
@@ -39,8 +40,8 @@ std::string folderOrNone(const std::string& path) {
     return fs::is_directory(path, error) ? path : "";
 }
 
-/// The music folder as the user's desktop names it; empty if it names none that exists. Without a
-/// desktop that names folders it is "Music".
+/// The music folder that the user's desktop names in user-dirs.dirs; empty if it names none that
+/// exists. If that file is missing, "Music" in the user's home.
 std::string musicFolder() {
     const std::string key = "XDG_MUSIC_DIR=\"";
     const std::string names = xdgFolder("XDG_CONFIG_HOME", ".config") + "/user-dirs.dirs";
@@ -49,7 +50,7 @@ std::string musicFolder() {
         return environment("HOME").empty() ? "" : folderOrNone(environment("HOME") + "/Music");
     }
     if (SafeFile::whyNotOrdinary(names)) {
-        return "";  // a pipe would wait for its other end
+        return "";  // reading a pipe would wait for its writer
     }
     std::ifstream file(names);
     std::string line;
@@ -88,8 +89,8 @@ std::string chosenHome(const std::string& given) {
     return !music.empty() ? music : xdgFolder("XDG_DATA_HOME", ".local/share") + "/murmelo";
 }
 
-/// Where the sound folder leads to if it is a symbolic link, even if nothing is there yet; empty if
-/// it is none.
+/// The target of the sound folder if that is a symbolic link, even if the target does not exist
+/// yet; empty if it is not a link.
 std::string linkedSoundFolder(const std::string& home) {
     const std::string path = home + "/Murmelo";
     std::error_code error;
@@ -100,11 +101,12 @@ std::string linkedSoundFolder(const std::string& home) {
     return error ? SafeFile::realTarget(path) : real.string();
 }
 
-/// The folders of the executable and of the name that it was started by, which may be a link to it.
+/// The folder of the executable, and the folder of the name by which it was started, which may be a
+/// link to it.
 std::array<fs::path, 2> programFolders() {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): that is how the kernel hands it over
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): getauxval returns pointers as integers
     const auto* name = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
     const fs::path startedAs = fs::absolute(name != nullptr ? name : "", error);
     return {executable.parent_path(), startedAs.parent_path()};
@@ -182,7 +184,7 @@ Problem ProgramFolders::whySoundsCannotBeKept(const HostFolders& folders) {
     if (::access(folder.c_str(), W_OK | X_OK) != 0) {
         return "the sound folder \"" + folder + "\" cannot be written: " + SafeFile::lastError();
     }
-    // A save looks for the next free number in it.
+    // Saving must read the folder to find the next free number.
     if (::access(folder.c_str(), R_OK) != 0) {
         return "the sound folder \"" + folder + "\" cannot be read: " + SafeFile::lastError();
     }
@@ -199,7 +201,7 @@ std::string ProgramFolders::shown(const std::string& path) {
 int64_t ProgramFolders::freeBytes(const HostFolders& folders) {
     struct statvfs facts {};
 
-    // A folder that is still to be made will lie on the disk of the folder above it.
+    // If the folder does not exist yet, it will lie on the disk of the folder above it.
     fs::path folder = folders.sounds();
     while (::statvfs(folder.c_str(), &facts) != 0) {
         if (!folder.has_relative_path()) {
@@ -231,7 +233,8 @@ Problem HomeLock::take(const std::string& home) {
         if (!isOrdinary()) {
             return "\"" + path + "\" is not the file that keeps a second program out: take it away";
         }
-        // An old lock can still be opened where nothing new can be made.
+        // Checks the folder too, because an old lock file can be opened in a folder that cannot be
+        // written.
         if (file < 0 || ::access(home.c_str(), W_OK) != 0) {
             return "the home folder \"" + home + "\" cannot be written: " + SafeFile::lastError();
         }
@@ -252,7 +255,7 @@ bool HomeLock::isOrdinary() const {
 
     struct stat facts {};
 
-    // What cannot be opened may be no file at all, but a folder, a socket or a link.
+    // If it cannot be opened, it may be a folder, a socket or a link.
     const bool isThere =
         file >= 0 ? ::fstat(file, &facts) == 0 : ::lstat(path.c_str(), &facts) == 0;
     errno = reason;
@@ -274,8 +277,8 @@ Problem FolderLocks::take(const HostFolders& folders) {
     }
     std::error_code error;
     if (!folders.soundFolder.empty()) {
-        // One that is still to be made is made now: another home may lead to it as well. Where that
-        // fails, the program says so when it needs the folder.
+        // Made now if it is missing, so that it can be locked: another home may have the same sound
+        // folder. If that fails, the program reports it when it needs the folder.
         fs::create_directory(folders.soundFolder, error);
         error.clear();
     }

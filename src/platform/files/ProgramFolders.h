@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The folders of the program's data and of the user's files, for the back ends that run on a
+// Finds the folders of the program's data and of the user's files, for the back ends that run on a
 // computer.
 #pragma once
 
@@ -11,30 +11,29 @@
 
 class ProgramFolders {
 public:
-    /// Finds the folders and makes the user's home if it is not there. A sound folder that is a
-    /// symbolic link is followed once, here, wherever it leads. The data ("Res",
-    /// "framework") lie in the folder that MURMELO_DATA names, beside the executable, or in the
-    /// installed share folder; the first that has them is taken. Where the program was started by a
-    /// link to it, the last two are sought beside that link as well.
+    /// Finds the folders, and makes the user's home if it is missing. If the sound folder is a
+    /// symbolic link, the result holds its target. The data ("Res", "framework") lie in the folder
+    /// that MURMELO_DATA names, beside the executable, or in the installed share folder; the first
+    /// folder that has them is used. If the program was started by a link, the last two are also
+    /// looked for beside that link.
     /// @param home    as given by the user; empty: MURMELO_HOME, the music folder (~/Music where
     /// user-dirs.dirs is missing), or the XDG data folder
     /// @param config  as given by the user; empty: the XDG configuration folder
-    /// @param folders  its state is the XDG state folder
+    /// @param folders  gets the folders; its state becomes the XDG state folder
     static Problem find(const std::string& home, const std::string& config, HostFolders& folders);
 
-    /// The folder of the window's icons: beside the folder of the pictures, or beside where that
-    /// leads to if it is a symbolic link. Empty if there is none.
+    /// The folder of the window's icons: beside "Res", or beside the target of "Res" if that is a
+    /// symbolic link. Empty if there is none.
     static std::string icons();
 
-    /// Why the sound folder cannot be written or read, as one sentence that names it; none if it
-    /// can, or is still to be made.
+    /// Why the sound folder cannot be written or read, as one sentence that names it. No problem if
+    /// it can, or does not exist yet.
     static Problem whySoundsCannotBeKept(const HostFolders& folders);
 
-    /// A path as the user knows it: below the folder that HOME names it begins with "~".
+    /// A path as it is shown to the user: in it "~" stands for the folder that HOME names.
     static std::string shown(const std::string& path);
 
-    /// Bytes that this user can still write where the sounds lie, or will lie once their folder is
-    /// made; -1 if unknown.
+    /// Bytes that this user can still write on the disk of the sound folder; -1 if unknown.
     static int64_t freeBytes(const HostFolders& folders);
 };
 
@@ -47,15 +46,16 @@ public:
     HomeLock& operator=(const HomeLock&) = delete;
     ~HomeLock();
 
-    /// @returns what is wrong: the home cannot be written, another program holds it, or something
-    /// else has the name of the lock
+    /// @returns the problem: the home cannot be written, another program holds it, or the lock's
+    /// name is taken by something else
     Problem take(const std::string& home);
 
-    /// True if the last take() has found another program that holds it.
+    /// True if the last take() has failed because another program holds the home.
     bool isHeldByAnother() const { return heldByAnother; }
 
 private:
-    /// False if something that is no ordinary file has the name of the lock. Leaves errno alone.
+    /// False if the lock's name is taken by something that is not an ordinary file. Does not change
+    /// errno.
     bool isOrdinary() const;
 
     /// False once the lock file was removed or replaced.
@@ -71,11 +71,12 @@ private:
 /// because another home may use the same folder.
 class FolderLocks {
 public:
-    /// Makes a sound folder that lies elsewhere if it is missing, so that it can be locked too.
-    /// @returns what is wrong, as HomeLock::take
+    /// Takes both locks. If the sound folder lies elsewhere and is missing, it is made, so that it
+    /// can be locked.
+    /// @returns the problem, as HomeLock::take
     Problem take(const HostFolders& folders);
 
-    /// True if take() has found another program that runs in the same home.
+    /// True if take() has failed because another program runs with the same home.
     bool isHomeHeldByAnother() const { return home.isHeldByAnother(); }
 
 private:

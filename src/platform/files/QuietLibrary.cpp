@@ -15,14 +15,15 @@
 
 namespace {
 
-/// One of the two streams, turned away. Where there is no /dev/null the library is heard.
+/// One of the two streams, redirected to /dev/null. If there is no /dev/null, the library's output
+/// is not hidden.
 struct Turned {
     int from = -1;
-    int kept = -1;  // a second name for where it led; -1 if it was closed
+    int kept = -1;  // copy of the original descriptor; -1 if that was closed
     bool isTurned = false;
 };
 
-/// What all objects share: the streams are turned away once.
+/// Shared by all objects: the first one redirects the streams, the last one restores them.
 struct State {
     std::mutex mutex;
     int objects = 0;
@@ -30,26 +31,26 @@ struct State {
 };
 
 State& shared() {
-    static State* const state = new State;  // a thread may outlive main()
+    static State* const state = new State;  // never freed: a thread may run longer than main()
     return *state;
 }
 
-/// Where standard error led before it was turned away; -1 while nothing is turned away, or if it
-/// was closed. For the handler of a signal, which may not wait for the lock.
+/// The original standard error while it is redirected; -1 otherwise, or if it was closed. For the
+/// signal handler, which must not take the lock.
 volatile std::sig_atomic_t heardError = -1;
 
 void writeToHeard(const char* words) {
     [[maybe_unused]] const ssize_t count = write(heardError, words, std::strlen(words));
 }
 
-/// Handles the signal of abort(), which ends the process after this all the same.
+/// Handles the signal of abort(). The process ends after this.
 void sayAbort(int /*signal*/) {
     writeToHeard(program_invocation_short_name);
     writeToHeard(": the library that reads and writes sounds has ended the program\n");
 }
 
-/// A descriptor of /dev/null, -1 if there is none. Never one of the three standard streams: where
-/// one of them was closed, it would take that place for good.
+/// A descriptor of /dev/null; -1 if there is none. Greater than 2: if a standard stream is closed,
+/// open() would return its number.
 int openNowhere() {
     const int fd = open("/dev/null", O_WRONLY | O_CLOEXEC);
     if (fd < 0 || fd > STDERR_FILENO) {
@@ -104,7 +105,7 @@ QuietLibrary::~QuietLibrary() {
             std::signal(SIGABRT, SIG_DFL);
             heardError = -1;
         }
-        flush();  // drops what a library left in a buffer, too
+        flush();  // also drops what a library left in a buffer
         for (Turned& stream : shared().streams) {
             turnBack(stream);
         }
@@ -118,7 +119,7 @@ void QuietLibrary::print(int stream, const std::string& text) {
         to = turned.from == stream && turned.isTurned ? turned.kept : to;
     }
     if (shared().objects == 0) {
-        flush();  // in the order in which it was said
+        flush();  // keeps the order of the output
     }
     if (to >= 0) {
         SafeFile::writeAll(to, text.data(), text.size());

@@ -5,10 +5,10 @@
 
 #include <string>
 
-/// While one of these lives, on any thread, whatever the process prints to standard output and
-/// standard error comes to nothing, but for what print() writes. Both are what they were before
-/// when the last one ends. Should the library abort the process meanwhile, its own message is lost,
-/// and one sentence says whose end that was.
+/// While at least one object exists, on any thread, everything that the process writes to standard
+/// output and standard error is dropped, except what print() writes. Both streams are restored when
+/// the last object is destroyed. If the library aborts the process meanwhile, its own message is
+/// lost; one sentence then tells that the library has ended the program.
 class QuietLibrary {
 public:
     QuietLibrary();
@@ -16,7 +16,7 @@ public:
     QuietLibrary& operator=(const QuietLibrary&) = delete;
     ~QuietLibrary();
 
-    /// Writes to where the stream leads when no library is kept from talking.
+    /// Writes to a stream even while it is hidden.
     /// @param stream  STDOUT_FILENO or STDERR_FILENO
     static void print(int stream, const std::string& text);
 

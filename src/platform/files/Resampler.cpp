@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr size_t kBlockSamples = 4096;  // made at once
+constexpr size_t kBlockSamples = 4096;  // output samples per call of the library
 
-// Of the lower rate's band. More of it would ring longer at each edge of the sound, less would be
-// heard as duller consonants.
+// The part of the lower rate's band that is not weakened. If it were larger, the sound would ring
+// longer at each edge; if it were smaller, consonants would be duller.
 constexpr double kLevelBand = 0.95;
 
 bool isPossible(int32_t fromHz, int32_t toHz) {
@@ -24,7 +24,7 @@ soxr_t newState(int32_t fromHz, int32_t toHz) {
     if (library == nullptr || !isPossible(fromHz, toHz)) {
         return nullptr;
     }
-    // Twenty bits: its faults stay below the last of the sixteen.
+    // 20 bits: the errors stay below the lowest of the 16 bits.
     soxr_quality_spec_t quality = library->qualitySpec(SOXR_20_BITQ, SOXR_DOUBLE_PRECISION);
     quality.passband_end = kLevelBand;
     const soxr_io_spec_t kinds = library->ioSpec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
@@ -32,7 +32,7 @@ soxr_t newState(int32_t fromHz, int32_t toHz) {
     return library->create(fromHz, toHz, 1, nullptr, &kinds, &quality, &oneThread);
 }
 
-/// Of a state that was made: the library is there.
+/// Deletes a state that newState() has made; so the library is there.
 void deleteState(soxr_t state) {
     SoxrLibrary::get()->destroy(state);
 }
@@ -51,12 +51,12 @@ bool Resampler::convert(
     if (!isReady()) {
         return false;
     }
-    // No samples at all would end the sound.
+    // A call without samples would end the sound.
     const bool isTaken = count == 0 || process(samples, count, maxSamples, out);
     return isTaken && (!last || process(nullptr, 0, maxSamples, out));
 }
 
-/// @param samples  null ends the sound
+/// @param samples  null: the end of the sound
 bool Resampler::process(const float* samples,
                         size_t count,
                         size_t maxSamples,

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Brings a sound to another rate, piece by piece.
+// Converts a sound to another rate, piece by piece.
 //
-// Level up to 95 % of the band that both rates have, and at least 120 dB down in what would be
-// heard at a wrong pitch (docs/speed.md has the curve). Worked out in double precision, so that
-// the samples of 16 bits do not depend on the instructions that a processor has.
+// The frequency response is flat up to 95 % of the band that both rates have. Frequencies that
+// would be heard at a wrong pitch are weakened by at least 120 dB (docs/speed.md has the curve).
+// Works in double precision, so that the 16-bit samples are the same on processors with different
+// instructions.
 #pragma once
 
 #include <cstddef>
@@ -15,24 +16,24 @@ struct soxr;
 
 class Resampler {
 public:
-    /// maxSamples without a limit.
+    /// Value of maxSamples for no limit.
     static constexpr size_t kEndless = SIZE_MAX;
 
-    /// How many times one rate may be the other.
+    /// The largest ratio of the two rates.
     static constexpr int32_t kMaxTimes = 256;
 
-    /// False where the resampling library is missing.
+    /// True if the machine has the resampling library.
     static bool isThere();
 
     Resampler(int32_t fromHz, int32_t toHz);
 
-    /// False if there was no memory or no library, or the rates lie too far apart: convert() fails
-    /// then.
+    /// False if memory or the library is missing, or the rates lie too far apart. Then convert()
+    /// fails.
     bool isReady() const { return state != nullptr; }
 
     /// Converts count samples and appends the result to out, until out holds maxSamples. The
     /// whole sound is count * toHz / fromHz samples long, rounded.
-    /// @param last  no more will come
+    /// @param last  true: these are the last samples of the sound
     /// @returns false if the resampling library failed
     bool convert(
         const float* samples, size_t count, bool last, size_t maxSamples, std::vector<float>& out);

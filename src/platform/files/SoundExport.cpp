@@ -61,7 +61,7 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
     if (const Problem kind = SafeFile::whyNotOrdinary(target)) {
         return "it " + kind.sentence();
     }
-    std::string fresh;  // the folder is the user's: no name there is ours to delete
+    std::string fresh;  // a free name: no file in the user's folder may be deleted
     const int file = SafeFile::createBeside(target, fresh);
     if (file < 0) {
         return SafeFile::lastError();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writes a saved sound as another file, in the form that its name asks for.
+// Writes a saved sound to another file, in the format that the ending of its name asks for.
 #pragma once
 
 #include "Problem.h"
@@ -10,19 +10,18 @@
 
 class SoundExport {
 public:
-    /// The form that a name asks for by its ending, in capitals or not: .wav, .flac, .ogg (also
-    /// .oga), .opus, .mp3. A name without an ending asks for WAV.
-    /// @param format  untouched if there is no such form
+    /// The format for a name's ending, in upper or lower case: .wav, .flac, .ogg (also .oga),
+    /// .opus, .mp3. WAV for a name without an ending.
+    /// @param format  untouched if there is no such format
     static bool formatOf(const std::string& name, SoundFile::Format& format);
 
     /// Name for a saved sound: "murmelo-robot-00003.wav" for "rec_00003.wav".
     /// @param effectWord  empty: left out
     static std::string nameOf(const std::string& savedName, const std::string& effectWord);
 
-    /// Converts a saved sound. At any moment the path leads to what was there before or the whole
-    /// new file.
+    /// Converts a saved sound. At any moment path is the old file or the complete new one.
     /// @param saved   a WAV file of the program
-    /// @param path    of the new file, in a folder that is there
-    /// @returns what is wrong, without the target's name
+    /// @param path  of the new file, in a folder that exists
+    /// @returns the problem, in a sentence without the new file's name
     static Problem write(const std::string& saved, const std::string& path);
 };

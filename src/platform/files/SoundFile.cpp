@@ -15,7 +15,7 @@ namespace {
 
 constexpr int32_t kMaxChannels = 8;
 constexpr int32_t kMaxRateHz = 384000;
-constexpr sf_count_t kBlockFrames = 4096;  // read at once
+constexpr sf_count_t kBlockFrames = 4096;  // read at a time
 constexpr float kFullScale = 32768.0F;
 
 using OpenFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
@@ -28,7 +28,7 @@ public:
         , channels(static_cast<size_t>(channels))
         , frames(static_cast<size_t>(kBlockFrames) * this->channels) {}
 
-    /// The next frames, at most this many; fewer only at the end of the file.
+    /// The next frames, at most `most` and kBlockFrames; fewer only at the end of the file.
     const std::vector<float>& next(int64_t most) {
         const auto wanted = std::min<sf_count_t>(kBlockFrames, most);
         const auto got = static_cast<size_t>(
@@ -63,7 +63,7 @@ private:
     bool atEnd = false;
 };
 
-/// Frames at their own rate, no more than maxSamples.
+/// Reads frames without changing their rate, at most maxSamples.
 std::vector<float> readAll(MonoReader& reader, int64_t maxSamples) {
     std::vector<float> samples;
     while (!reader.isAtEnd() && reader.framesRead() < maxSamples) {
@@ -78,8 +78,8 @@ int64_t samplesAt(int64_t samples, int32_t fromHz, int32_t toHz) {
     return (2 * samples * toHz + fromHz) / (2 * int64_t{fromHz});
 }
 
-/// Frames brought to another rate, at most maxSamples; nothing is read that is not needed for
-/// them. False if the resampler failed.
+/// Reads frames and converts them to another rate until out has maxSamples; reads no more than that
+/// takes. False if the resampler failed.
 bool convertAll(
     MonoReader& reader, int32_t fromHz, int32_t toHz, int64_t maxSamples, std::vector<float>& out) {
     Resampler resampler(fromHz, toHz);
@@ -90,7 +90,7 @@ bool convertAll(
             return false;
         }
     }
-    // What the resampler did not fill is the silence after the end.
+    // Missing samples at the end are silence.
     const int64_t whole = samplesAt(reader.framesRead(), fromHz, toHz);
     out.resize(static_cast<size_t>(std::min(whole, maxSamples)));
     return resampler.isReady();
@@ -102,7 +102,7 @@ std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int
     std::vector<float> converted;
     converted.reserve(count);
     Resampler(fromHz, toHz).convert(samples.data(), samples.size(), true, count, converted);
-    converted.resize(count);  // what the resampler did not fill is the silence after the end
+    converted.resize(count);  // missing samples at the end are silence
     return converted;
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sound files on a computer, read and written with libsndfile: the user's recordings, and what the
-// speaker has played.
+// Reads and writes sound files on a computer, with libsndfile.
 #pragma once
 
 #include "Problem.h"
@@ -13,19 +12,20 @@
 class SoundFile {
 public:
     /// Reads the start of a file of any rate and up to eight channels as 16-bit mono (the mean of
-    /// the channels) at the wanted rate. 16-bit mono at that rate is not changed. Memory is used
-    /// for what was read, not for what a header promises; floats beyond full scale are clamped, and
-    /// one that is not a number is silence.
-    /// @param maxSamples  what lies after this number of samples of the wanted rate is not read
+    /// the channels) at the wanted rate. 16-bit mono at that rate is not changed. Takes memory only
+    /// for samples that were read, whatever a header says. Floats beyond full scale are clamped;
+    /// NaN is silence.
+    /// @param maxSamples  how many samples, at the wanted rate, are read at most
     /// @param samples     untouched on an error
-    /// @param framesRead  if given: frames of the file that were taken from the library
+    /// @param framesRead  if not null: gets how many frames of the file were read
     static Problem read(const std::string& path,
                         int32_t rateHz,
                         int64_t maxSamples,
                         std::vector<int16_t>& samples,
                         int64_t* framesRead = nullptr);
 
-    /// What the sentence of read() says after "cannot be read: "; all of another sentence.
+    /// The reason in a sentence of read(), which follows "cannot be read: "; the whole sentence of
+    /// any other problem.
     static std::string reasonOf(const Problem& problem);
 
     /// Writes a 16-bit mono WAV file.
@@ -35,7 +35,7 @@ public:
     enum class Format { kWav, kFlac, kOgg, kOpus, kMp3 };
 
     /// Writes mono samples into an open file; it stays open. WAV and FLAC keep every bit.
-    /// @param name  of the file, for the sentence
+    /// @param name  of the file, for the sentence of a problem
     static Problem write(int file,
                          const std::string& name,
                          int32_t rateHz,
@@ -43,7 +43,7 @@ public:
                          size_t count,
                          Format format);
 
-    /// The same sound at another rate; its length is rounded to whole samples.
+    /// The sound at another rate; its length is rounded to whole samples.
     static std::vector<int16_t>
     resample(const std::vector<int16_t>& samples, int32_t fromHz, int32_t toHz);
 };

@@ -8,7 +8,7 @@ namespace {
 /// A library that stays loaded until the process ends.
 class Loaded {
 public:
-    // Its names are global, so that a library that was loaded before it can stand in for one.
+    // RTLD_GLOBAL: a library that was preloaded can replace one of its functions.
     explicit Loaded(const char* name)
         : isWhole(dlopen(name, RTLD_NOW | RTLD_GLOBAL) != nullptr) {}
 

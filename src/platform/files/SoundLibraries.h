@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The libraries that only other kinds of sound files and other rates need. Loading them takes
-// longer than the work on most recordings, so they are loaded when a sound first asks for one of
-// them.
+// Loads the libraries for sound files and for changing rates when a sound first needs one of them:
+// loading takes longer than the work on most recordings.
 #pragma once
 
 #include <sndfile.h>
@@ -21,7 +20,7 @@ struct SndfileLibrary {
     decltype(&::sf_error_number) errorNumber = nullptr;
     decltype(&::sf_strerror) strError = nullptr;
 
-    /// Loads the library if need be. Null if this machine does not have it.
+    /// Loads the library at the first call. Null if this machine does not have it.
     static const SndfileLibrary* get();
 };
 
@@ -34,6 +33,6 @@ struct SoxrLibrary {
     decltype(&::soxr_io_spec) ioSpec = nullptr;
     decltype(&::soxr_runtime_spec) runtimeSpec = nullptr;
 
-    /// Loads the library if need be. Null if this machine does not have it.
+    /// Loads the library at the first call. Null if this machine does not have it.
     static const SoxrLibrary* get();
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Decides when a take is kept: what was recorded at once, what came from a file only when the
-// program lets go of it. Until then the recording that the file displaced can be brought back.
+// Decides when to keep a take as the last take: a recording at once, a take from a file only when
+// the program deletes it. Until then the recording before that file can be brought back.
 #pragma once
 
 #include "LastTake.h"
@@ -15,18 +15,18 @@ class TakeKeeper {
 public:
     using Complain = std::function<void(const Problem&)>;
 
-    /// Lets LastTake::settle() run on another thread, and complains about what it returns.
+    /// Runs LastTake::settle() on another thread, and reports the error that it returns.
     using Later = std::function<void(std::function<Problem()> settle)>;
 
     /// @param folder    as for LastTake
-    /// @param complain  gets every reason why a take could not be kept
-    /// @param later     none: takes are on the disk at once
+    /// @param complain  called with the reason if a take could not be kept
+    /// @param later     empty: the keeper itself waits for the disk
     TakeKeeper(std::string folder, Complain complain, Later later = {});
 
-    /// A recording ended with this.
+    /// A recording has ended with these samples.
     void recorded(const std::vector<int16_t>& samples);
 
-    /// This sound, from a file, became the take.
+    /// A sound from a file has become the take.
     void used(std::vector<int16_t> samples);
 
     /// The program deletes its take: a recording is offered, or the program has ended.
@@ -41,7 +41,7 @@ public:
     /// The last take is the program's again.
     void broughtBack() { fromFile.clear(); }
 
-    /// Deletes the last take, and keeps the current one no more if it came from a file.
+    /// Deletes the last take; if the current one came from a file, does not keep that either.
     Problem forget();
 
     bool isThere() const { return last.isThere(); }
@@ -52,5 +52,6 @@ private:
     LastTake last;
     Complain complain;
     Later later;
-    std::vector<int16_t> fromFile;  // the program's take, not kept yet; empty: none
+    std::vector<int16_t>
+        fromFile;  // the program's take if it came from a file and is not kept yet; else empty
 };

@@ -19,11 +19,11 @@ EndSignal::EndSignal() {
     struct sigaction action {};
 
     action.sa_handler = note;
-    action.sa_flags = SA_RESTART;  // a file that is being written is written to its end
+    action.sa_flags = SA_RESTART;  // a write() that is interrupted goes on
     sigemptyset(&action.sa_mask);
     for (size_t i = 0; i < kSignals.size(); i++) {
         sigaction(kSignals[i], nullptr, &before[i]);
-        if (before[i].sa_handler != SIG_IGN) {  // the caller wants the signal ignored
+        if (before[i].sa_handler != SIG_IGN) {  // if ignored, it stays ignored
             sigaction(kSignals[i], &action, nullptr);
         }
     }

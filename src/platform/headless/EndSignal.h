@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Signals that ask the program to end. Their number is stored, and the program ends between two
-// callbacks, as when the phone ends it.
+// Handles the signals that ask a process to end: stores the signal's number, so that the program
+// can end between two callbacks, as when the phone ends it.
 #pragma once
 
 #include <array>
 #include <csignal>
 
-/// While one lives, a signal only stores its number. Its end restores the handlers that were set
-/// before.
+/// While an object exists, a signal only stores its number. The destructor restores the earlier
+/// handlers.
 class EndSignal {
 public:
     EndSignal();
@@ -15,7 +15,7 @@ public:
     EndSignal& operator=(const EndSignal&) = delete;
     ~EndSignal();
 
-    /// The first signal that came, 0 if none did.
+    /// The first signal that has come; 0 if none has.
     static int received();
 
 private:

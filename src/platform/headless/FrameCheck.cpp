@@ -9,7 +9,7 @@ namespace {
 constexpr int32_t kFactor = HostFrame::kCanvasFactor;
 constexpr ptrdiff_t kWidthPx = HostFrame::kWidthPx;
 constexpr int32_t kStrideBytes = HostFrame::kWidthPx * static_cast<int32_t>(sizeof(uint16_t));
-constexpr int32_t kFramesPerLook = 3;  // a window that is busy misses frames
+constexpr int32_t kFramesPerLook = 3;  // every third frame is skipped, as by a busy window
 
 bool shows(const std::vector<uint16_t>& display, const std::vector<uint16_t>& canvas) {
     const auto row = [&](int32_t y) { return display.begin() + y * kWidthPx; };

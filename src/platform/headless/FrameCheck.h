@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whether the display shows what the program has painted, frame by frame: for tests.
+// Checks for tests, frame by frame, that the display shows what the program has painted.
 #pragma once
 
 #include "Host.h"
@@ -9,10 +9,10 @@
 
 class FrameCheck {
 public:
-    /// Compares a frame in two ways with the whole picture: as a host sees it that works out all
-    /// rows, and as one sees it that works out the changed rows only.
+    /// Compares a frame with the painted picture in two ways: with all rows worked out, and with
+    /// only the changed rows worked out again.
     /// @param canvas  the 240 x 320 pixels that the program has painted, RGB565
-    /// @returns whether both show it
+    /// @returns true if both show the painted picture
     bool isRight(HostFrame& frame, const std::vector<uint16_t>& canvas);
 
     int64_t frames() const { return count; }

@@ -38,7 +38,7 @@ int32_t HeadlessHost::finish() {
 }
 
 void HeadlessHost::yielded() {
-    // A program that yields again and again waits for time to pass.
+    // A program that yields more than once is waiting for time to pass.
     yieldsSincePump++;
     if (yieldsSincePump > 1) {
         nowMs++;

@@ -2,8 +2,8 @@
 // The back end without a window: a script instead of the user's hands, a virtual clock, and files
 // for sound and pictures.
 //
-// When nothing is due, time jumps to the next event, so every run is the same and takes no longer
-// than its work.
+// When nothing is due, time jumps to the next event. So every run gives the same result, and takes
+// only as long as its work.
 #pragma once
 
 #include "CopyingMicrophone.h"
@@ -32,14 +32,15 @@ public:
                  std::vector<ScriptCommand> script,
                  int64_t clockStartMs,
                  bool silent = false);
-    HeadlessHost(const HeadlessHost&) = delete;  // the script's run knows where its host lies
+    HeadlessHost(const HeadlessHost&) = delete;  // the script's run has a pointer to it
     HeadlessHost& operator=(const HeadlessHost&) = delete;
 
-    /// Checks what the script still expects after the end of the program.
+    /// Carries out the rest of the script, which may only be expectations, after the end of the
+    /// program.
     /// @returns the status of the whole run
     int32_t finish();
 
-    /// What went wrong, with its line; empty if nothing did.
+    /// What has failed, with the script's line; empty if nothing has.
     const std::string& error() const { return verdict.error(); }
 
     int64_t uptimeMs() override { return nowMs; }
@@ -58,8 +59,8 @@ public:
 
     bool pump(HostListener& listener, int64_t timeoutMs) override;
 
-    /// From now on the display has the strip above its picture, and touches reach it. Before the
-    /// program starts.
+    /// Shows the strip above the picture, and gives touches to it. Call it before the program
+    /// starts.
     void showStrip();
 
     void frameShown(HostFrame* phones) override;
@@ -70,12 +71,12 @@ public:
 
     void setDoors(HostDoors* offered) override;
 
-    /// On standard error, and on the strip if that is shown.
+    /// Writes the sentence to standard error; if the strip is shown, shows the message there.
     void tell(const HostMessage& message, const std::string& sentence) override;
 
     bool fails(const char* operation) override { return failures.fails(operation); }
 
-    // For the script's run: reads and changes the state of the device.
+    // For the script's run: reading and changing the state of the device.
 
     /// The program's doors; null before the program has opened them and after its end.
     HostDoors* openDoors() { return doors; }
@@ -95,17 +96,17 @@ public:
 
     void setClock(int64_t ms) { nowMs = ms; }
 
-    /// How long until the program or its sound has something to do, -1 if neither.
-    /// @param timeoutMs  how long the program has nothing to do, -1 for ever
+    /// Milliseconds until the program or its sound has something to do; -1 if neither has.
+    /// @param timeoutMs  how long the program wants to wait; -1: for ever
     int64_t longestSleep(int64_t timeoutMs) const;
 
-    /// From now on every frame is compared with the whole picture; the run fails at the first one
-    /// that shows another.
+    /// Compares every frame after this with the painted picture; the run fails at the first
+    /// difference.
     void checkFrames() { frameCheck.emplace(); }
 
     void setSilent(bool on) { silent = on; }
 
-    /// Free bytes; -1 means unknown.
+    /// Sets the free bytes of the phone's memory and of its card; -1: unknown.
     void setStorage(int64_t phone, int64_t card);
 
     /// As FailurePlan::failNth.
@@ -132,9 +133,9 @@ private:
     int64_t cardBytes = -1;
     FailurePlan failures;
 
-    std::unique_ptr<Strip> strip;  // null: the display is the phone's
+    std::unique_ptr<Strip> strip;  // null: no strip is shown
     HostFrame* frame = nullptr;
-    std::vector<uint16_t> lastPicture;  // of a frame that is gone; empty before the first
+    std::vector<uint16_t> lastPicture;  // of a deleted frame; empty before the first
     HostDoors* doors = nullptr;
     std::optional<FrameCheck> frameCheck;  // none: frames are not compared
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures of the display, written with libpng.
+// Writes pictures of the display, with libpng.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,8 @@
 
 class PngFile {
 public:
-    /// Writes RGB565 pixels as an 8-bit RGB file, the high bits repeated below so that white is
-    /// white.
+    /// Writes RGB565 pixels as an 8-bit RGB file. The high bits of each colour are repeated as its
+    /// low bits, so that white stays white.
     static bool
     writeRgb565(const std::string& path, const uint16_t* pixels, int32_t width, int32_t height);
 };

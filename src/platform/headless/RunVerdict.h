@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a headless run ends: its status, and what went wrong.
+// The result of a headless run: its exit status, and what has failed.
 #pragma once
 
 #include <cstdint>
@@ -10,19 +10,19 @@ public:
     static constexpr int32_t kOk = 0;
     static constexpr int32_t kFailed = 1;  // an expectation was not met
     static constexpr int32_t kUsage = 2;   // a mistake in the script or on the command line
-    /// Plus the number of the signal that asked for the end.
+    /// The number of the signal that asked for the end is added to this.
     static constexpr int32_t kSignalled = 128;
 
-    /// True as long as nothing went wrong.
+    /// True as long as nothing has failed.
     bool isOk() const { return result == kOk; }
 
     int32_t status() const { return result; }
 
-    /// What went wrong, with its line; empty if nothing did.
+    /// What has failed, with the script's line; empty if nothing has.
     const std::string& error() const { return failure; }
 
     /// Records that an expectation of the script was not met.
-    /// @param line  of the script; 0: of none
+    /// @param line  of the script; 0: no line
     void fail(int32_t line, const std::string& message) { settle(kFailed, line, message); }
 
     /// Records a mistake in the script: a file that does not exist, a path that cannot be written.

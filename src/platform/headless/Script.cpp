@@ -27,7 +27,7 @@ bool startsWith(const std::vector<std::string>& words, const std::vector<std::st
     return words.size() >= start.size() && std::equal(start.begin(), start.end(), words.begin());
 }
 
-/// The verb whose name the line begins with, the longest where several do; null if none.
+/// The verb whose name begins the line; if several do, the longest. Null if there is none.
 const ScriptVerb* verbOf(const std::vector<std::string>& words, size_t& nameWords) {
     const ScriptVerb* best = nullptr;
     nameWords = 0;
@@ -43,12 +43,13 @@ const ScriptVerb* verbOf(const std::vector<std::string>& words, size_t& nameWord
 
 bool isNumber(const std::string& word, int64_t& number) {
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    // Within 32 bits: positions, milliseconds of one journey, bytes of a small phone.
+    // 32 bits are enough for positions, for the milliseconds of a run, and for the bytes of a small
+    // phone.
     return error == std::errc() && end == word.data() + word.size() && number >= INT32_MIN &&
            number <= INT32_MAX;
 }
 
-/// What is wrong with arguments that have the right form.
+/// Checks the values of arguments whose form is correct.
 Problem checkValues(const ScriptCommand& command) {
     auto number = command.numbers.begin();
     for (const ScriptArgument& argument : command.verb->arguments) {
@@ -76,7 +77,7 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
-/// The words that may stand in the place of this argument.
+/// The words that are allowed for this argument.
 std::vector<std::string> choicesOf(const ScriptArgument& argument,
                                    const std::vector<std::string>& screens) {
     if (argument.kind == Kind::kScreen) {
@@ -94,7 +95,7 @@ std::vector<std::string> choicesOf(const ScriptArgument& argument,
     return choices;
 }
 
-/// The sentence that says that the word is not allowed there.
+/// A problem if the word is not allowed for this argument.
 Problem checkWord(const ScriptVerb& verb,
                   const ScriptArgument& argument,
                   const std::vector<std::string>& screens,
@@ -113,7 +114,7 @@ Problem checkWord(const ScriptVerb& verb,
            " \"" + word + "\", only " + joined(choices);
 }
 
-/// What is wrong with a line that begins with no verb's name.
+/// The sentence for a line that begins with no verb's name.
 std::string noVerb(const std::string& firstWord) {
     std::vector<std::string> choices;
     for (const ScriptVerb& verb : ScriptVerb::all()) {
@@ -126,7 +127,7 @@ std::string noVerb(const std::string& firstWord) {
                            : "\"" + firstWord + "\" wants " + joined(choices);
 }
 
-/// What is wrong with the arguments that stand from words[at] on.
+/// Reads the arguments, which begin at words[at], into command.
 Problem readArguments(const std::vector<std::string>& words,
                       size_t at,
                       const std::vector<std::string>& screens,

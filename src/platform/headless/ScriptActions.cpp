@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What each command of a script does.
+// The operations of ScriptRun that carry out the commands.
 #include "HeadlessHost.h"
 #include "PngFile.h"
 #include "RunVerdict.h"
@@ -17,7 +17,8 @@ namespace {
 constexpr int64_t kUntilMs = 60000;  // how long "until" waits if it does not say
 
 int32_t numberOf(const ScriptCommand& command, size_t at) {
-    return static_cast<int32_t>(command.numbers[at]);  // the script's reader keeps to 32 bits
+    return static_cast<int32_t>(
+        command.numbers[at]);  // the reader of scripts has checked the range
 }
 
 }  // namespace

@@ -13,11 +13,11 @@ class ScriptHand {
 public:
     using Callback = std::function<void(HostListener&)>;
 
-    /// @param callbacks  what the hand does is appended; not owned
+    /// @param callbacks  the hand's callbacks are appended here; not owned
     explicit ScriptHand(std::deque<Callback>& callbacks)
         : callbacks(callbacks) {}
 
-    /// A place on the display, in its pixels.
+    /// Sets the finger down, moves or lifts it, at a pixel of the display.
     void touch(HostListener::Touch kind, int32_t x, int32_t y);
 
     /// Sets the finger down and lifts it.
@@ -31,7 +31,7 @@ public:
     /// @param third  left, middle or right
     void softKey(const std::string& third);
 
-    /// The key that "navigate" names.
+    /// The key for an argument of "navigate".
     static HostKey keyOf(const std::string& name);
 
 private:

@@ -9,7 +9,8 @@
 
 namespace {
 
-// A program that is due again and again while the time stands still would stop the script for ever.
+// How many frames the program may make without time passing. More would mean that it is always due,
+// and the script would never go on.
 constexpr int64_t kMaxFramesAtOnce = 1000000;
 
 bool isUntil(const ScriptCommand& command) {
@@ -35,7 +36,8 @@ int32_t ScriptRun::currentLine() const {
 }
 
 void ScriptRun::look() {
-    // Pictures a screen that comes and goes within one command, such as the processing of a take.
+    // Takes a picture of the watched screen even if it comes and goes within one command, as the
+    // processing of a take does.
     if (!watchedScreen.empty() && host.screenName() == watchedScreen) {
         watchedScreen.clear();
         writeCanvas(script[next - 1], watchedFile);
@@ -89,9 +91,10 @@ void ScriptRun::start(const ScriptCommand& command) {
     command.verb->handler.call(*this, command);
 }
 
-/// "until" checks every frame, even while more is due, beginning with the frames of the command
-/// before it: so it notices a screen that is shown only during its work. If the screen is shown
-/// already, it waits until the screen is shown again and nothing is due.
+/// True if the screen that "until" waits for is shown. "until" checks every frame, also those of
+/// the command before it and those during work, so that it notices a screen that is shown only
+/// briefly. If that screen was shown when the command before began, and still is, "until" takes
+/// effect only when nothing is due.
 bool ScriptRun::awaitedScreenCame() {
     const bool untilIsNext =
         !waiting && pending.empty() && next < script.size() && isUntil(script[next]);
@@ -122,7 +125,7 @@ bool ScriptRun::waitOver(int64_t timeoutMs) {
     }
     const int64_t sleepMs = host.longestSleep(timeoutMs);
     const bool dueBefore = sleepMs >= 0 && sleepMs < waitEndMs - nowMs;
-    if (dueBefore && stayingStill && sleepMs > 0) {  // 0: the rest of the command before it
+    if (dueBefore && stayingStill && sleepMs > 0) {  // 0 ms: still the command before it
         fail(script[next - 1], "something is due in " + std::to_string(sleepMs) + " ms");
         return true;
     }

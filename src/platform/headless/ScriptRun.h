@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A script being run: which command is current, what it still has to deliver or to wait for, and
-// what each command does to the host.
+// Runs a script: knows the current command and what it still has to deliver or to wait for, and
+// carries out each command on the host.
 #pragma once
 
 #include "Script.h"
@@ -19,22 +19,24 @@ public:
     /// @param host, verdict  not owned
     ScriptRun(HeadlessHost& host, RunVerdict& verdict, std::vector<ScriptCommand> script);
 
-    /// Carries out the commands at the script's beginning that state facts of the device, so that
-    /// these hold from the start.
+    /// Carries out the facts about the device at the beginning of the script, so that they hold
+    /// before the program starts.
     void begin();
 
-    /// Must be called first in each pump: checks for a signal, and for the screen that is watched.
+    /// Checks for a signal and for the watched screen. Call it first in each pump().
     void look();
 
     /// Delivers at most one callback of the script, or lets time pass.
-    /// @param timeoutMs  how long the program has nothing to do, -1 for ever
+    /// @param timeoutMs  how long the program wants to wait; -1: for ever
     /// @returns true if it delivered one
     bool pump(HostListener& listener, int64_t timeoutMs);
 
-    /// Checks what the script still expects after the end of the program.
+    /// Carries out the rest of the script after the end of the program: expectations are checked,
+    /// anything else fails.
     void finish();
 
-    // What the commands do; ScriptVerb calls them. The arguments are those of the verb's row.
+    // The operations of the commands, which ScriptVerb calls. The command's arguments are as the
+    // verb's row says.
     void tap(const ScriptCommand& command);
     void press(const ScriptCommand& command);
     void move(const ScriptCommand& command);
@@ -78,10 +80,10 @@ private:
     bool awaitedScreenCame();
     bool awaitedScreenIsThere() const;
 
-    /// Passes time towards the end of a wait. True once the wait is over.
+    /// Moves the clock towards the end of a wait. True once the wait is over.
     bool waitOver(int64_t timeoutMs);
 
-    /// False, and the run has failed, if the program has no doors.
+    /// True if the program has doors; else false, and the run has failed.
     bool hasDoors(const ScriptCommand& command);
     void waitFor(int64_t ms, const std::string& screen = "");
     std::string soundPath(const std::string& name) const;
@@ -94,16 +96,16 @@ private:
     HeadlessHost& host;
     RunVerdict& verdict;
     std::vector<ScriptCommand> script;
-    size_t next = 0;                           // of the script
+    size_t next = 0;                           // index of the next command
     std::deque<ScriptHand::Callback> pending;  // callbacks of the current command
     int64_t framesAtThisTime = 0;
     bool ended = false;
 
     bool waiting = false;
-    bool stayingStill = false;  // the wait fails if anything becomes due before its end
+    bool stayingStill = false;  // true: the wait fails if anything becomes due before its end
     int64_t waitEndMs = 0;
-    std::string awaitedScreen;  // empty: only time counts
-    std::string screenBefore;   // when the current command began
+    std::string awaitedScreen;  // of "until"; empty: it is a wait for time only
+    std::string screenBefore;   // the screen when the current command began
     std::string watchedScreen;  // empty: none
     std::string watchedFile;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The commands of a script, one row for each; the reader of scripts, the run and --list use this
-// table.
+// The table of a script's commands, one row for each. The reader of scripts, the run, and --list
+// use it.
 #pragma once
 
 #include <array>
@@ -21,24 +21,24 @@ struct ScriptArgument {
         kScreen,     // name of a screen
         kOperation,  // name of an operation of the platform (HostOperation)
         kNumber,     // any number of 32 bits
-        kCount,      // a number from 1 on
-        kTimeMs,     // a number from 0 on
+        kCount,      // a number, at least 1
+        kTimeMs,     // a number, at least 0
     };
 
     bool isNumber() const { return kind >= Kind::kNumber; }
 
     Kind kind = Kind::kNone;
-    const char* text = "";  // as --list shows it; of a choice its words, with a | between them
+    const char* text = "";  // as --list shows it; for a choice, its words separated by |
     bool isOptional = false;
 };
 
-/// The operation of ScriptRun that carries out a command. There is no handler without one: a row
-/// that lacks it does not compile.
+/// The operation of ScriptRun that carries out a command. A handler always has one: a row without
+/// an operation does not compile.
 class ScriptHandler {
 public:
     using Operation = void (ScriptRun::*)(const ScriptCommand& command);
 
-    // NOLINTNEXTLINE(google-explicit-constructor): a row names the operation alone
+    // NOLINTNEXTLINE(google-explicit-constructor): a row contains just the operation
     constexpr ScriptHandler(Operation operation)
         : operation(operation) {}
 
@@ -55,9 +55,9 @@ private:
 // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): a handler has no default
 struct ScriptVerb {
     enum class Sort {
-        kFact,         // holds from the start if only facts precede it
-        kAction,       // cannot be done once the program has ended
-        kExpectation,  // can be met also when the program has ended
+        kFact,         // if only facts precede it, holds before the program starts
+        kAction,       // impossible after the program has ended
+        kExpectation,  // possible after the program has ended
     };
 
     const char* name = "";  // one or more words

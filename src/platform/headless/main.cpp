@@ -32,7 +32,7 @@ int reportError(const std::string& message, int status) {
     return status;
 }
 
-/// A file, a pipe or standard input ("-"), to its end.
+/// Reads a file, a pipe or standard input ("-") to its end.
 Problem readAll(const std::string& path, std::string& text) {
     const int file = path == "-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     std::array<char, kReadBytes> bytes{};
@@ -65,7 +65,7 @@ void listNames(const char* title, const Names& names) {
     }
 }
 
-/// All that a script can hold.
+/// Prints everything that a script can contain.
 int list() {
     size_t width = 0;
     for (const ScriptVerb& verb : ScriptVerb::all()) {
@@ -142,7 +142,7 @@ int main(int argc, char** argv) {
     if (const Problem problem = locks.take(folders)) {
         return reportError(problem.sentence(), RunVerdict::kFailed);
     }
-    folders.state = state;  // a run leaves nothing in the user's own folder
+    folders.state = state;  // empty by default: a run writes nothing into the user's own folder
 
     HeadlessHost host(folders, commands, clockStartMs, silent);
     if (showsStrip) {

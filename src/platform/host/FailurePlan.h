@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which calls of which operations a test wants to fail.
+// Holds which calls of which operations are to fail, for tests.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 class FailurePlan {
 public:
-    /// The n-th next call of the operation (1: the next one) fails. Replaces what was planned for
-    /// that operation.
+    /// Makes the n-th call of the operation after this fail (1: the next one). Replaces an earlier
+    /// plan for that operation.
     void failNth(const std::string& operation, int64_t n) { remaining[operation] = n; }
 
     /// Counts one call.
@@ -24,5 +24,5 @@ public:
     }
 
 private:
-    std::map<std::string, int64_t> remaining;  // by operation: calls until one fails
+    std::map<std::string, int64_t> remaining;  // for each operation: calls until one fails
 };

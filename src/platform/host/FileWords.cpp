@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is told about saved sounds, files, and the page as a whole.
+// Messages about saved sounds, files, and the page as a whole, in every language.
 #include "HostWordTables.h"
 
 namespace {

@@ -3,9 +3,9 @@
 // replace the phone call it.
 //
 // For the next porter: one back end derives Host, its main() installs the object with
-// Host::install() and calls OspMain(). Every call comes from the event thread, and every callback
-// goes out on that same thread, from pump(). A back end may have threads of its own; their messages
-// wait for pump().
+// Host::install() and calls OspMain(). Every method is called on the event thread, and the back end
+// makes every callback on that same thread, within pump(). A back end may have threads of its own;
+// it keeps their messages until pump().
 #pragma once
 
 #include "HostMessage.h"
@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-/// What the outside world tells the phone, one call for each thing that happened.
+/// The callbacks by which a host tells the phone what has happened, one for each kind of event.
 class HostListener {
 public:
     enum class Touch { kPress, kMove, kRelease };
@@ -34,7 +34,7 @@ public:
     virtual void onScreenOff() = 0;
     virtual void onScreenOn() = 0;
 
-    /// The phone ends the application: it cleans up and OspMain() returns.
+    /// The phone ends the application: the application cleans up, and OspMain() returns.
     virtual void onTerminate() = 0;
 };
 
@@ -44,14 +44,15 @@ public:
     static constexpr int32_t kWidthPx = 480;
     static constexpr int32_t kHeightPx = 800;
 
-    // The program's canvas lies on it doubled, down to the lower edge; its last rows are the
-    // soft-key bar.
+    // The program's canvas is shown doubled, from row kCanvasTopPx to the lower edge; the last rows
+    // are the soft-key bar.
     static constexpr int32_t kCanvasFactor = 2;
     static constexpr int32_t kCanvasTopPx = 160;
     static constexpr int32_t kSoftKeysHeightPx = 64;
     static constexpr int32_t kSoftKeysTopPx = kHeightPx - kSoftKeysHeightPx;
 
-    /// One of its pixels as 0x00RRGGBB, the high bits repeated below so that white is white.
+    /// One pixel as 0x00RRGGBB. The high bits of each colour are repeated as its low bits, so that
+    /// white stays white.
     static constexpr uint32_t toRgb32(uint16_t rgb565) {
         const uint32_t red = rgb565 >> 11;
         const uint32_t green = (rgb565 >> 5) & 0x3F;
@@ -60,15 +61,15 @@ public:
                (blue << 3 | blue >> 2);
     }
 
-    /// Some of its rows, from the top down.
+    /// A set of rows of the display; bit 0 is the top row.
     using Rows = std::bitset<static_cast<size_t>(kHeightPx)>;
 
     virtual ~HostFrame() = default;
 
     /// Writes the pixels of those rows as RGB565.
-    /// @param pixels  of the first row of the display, whether or not it is asked for
-    /// @param strideBytes  from row to row (a multiple of 4; at least 960 for neighbouring rows: of
-    ///                     every second row alone, half of that leaves no gap)
+    /// @param pixels  address of the display's first row, even if that row is not in the set
+    /// @param strideBytes  from row to row; a multiple of 4. At least 960, but 480 if only every
+    ///                     second row is asked for: the rows then follow one another
     virtual void composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) = 0;
 
     /// Writes all 480 x 800 pixels.
@@ -80,7 +81,7 @@ public:
     virtual Rows takeChanges() = 0;
 };
 
-/// Navigation keys for people without a touch screen; the values are the canvas's key codes.
+/// Keys for hosts without a touch screen; the values are the canvas's key codes.
 enum class HostKey : int32_t {
     kUp = -1,
     kDown = -2,
@@ -91,8 +92,8 @@ enum class HostKey : int32_t {
     kRightSoft = -7,
 };
 
-/// What the application offers to the outside beyond the phone's own callbacks. A back end calls a
-/// door only from pump(), and counts the call as a callback delivered.
+/// What the application offers to a back end besides the phone's own callbacks. A back end calls
+/// these only within pump(), and counts a call that has an effect as a delivered callback.
 class HostDoors {
 public:
     virtual ~HostDoors() = default;
@@ -107,7 +108,7 @@ public:
     /// outside the catalogue.
     virtual std::string effectName(int32_t /*effect*/) { return ""; }
 
-    /// A key pressed and let go. False if the program does not take it.
+    /// Presses and releases a key. False if the program does not use it now.
     virtual bool navigate(HostKey key) = 0;
 
     /// Presses the soft key "Stop" of a recording. False, and nothing happens, unless it is
@@ -127,15 +128,15 @@ public:
     /// on the screen, or without a sample.
     virtual bool useSound(const int16_t* samples, int32_t count) = 0;
 
-    /// The same with a take that was recorded before: all of it, so that it becomes the files that
-    /// it was. A recording that ended some frames late is longer than 20 seconds.
+    /// The same with a take that was recorded before, but without cutting it: a recording that
+    /// ended some frames late is longer than 20 seconds, and must give the same files again.
     virtual bool useTake(const int16_t* samples, int32_t count) { return useSound(samples, count); }
 
-    /// True if useSound() would take a sound.
+    /// True if useSound() would work now.
     virtual bool canUseSound() { return false; }
 
-    /// Turns to that effect, as the arrows turn to the next one. False, and nothing happens, unless
-    /// the choice of the effect is on the screen and there is such an effect.
+    /// Shows that effect, as the arrows show the next one. False, and nothing happens, unless the
+    /// choice of the effect is on the screen and there is such an effect.
     virtual bool showEffect(int32_t /*index*/) { return false; }
 
     /// Counts the sounds that were saved in this run; a change means that savedName() is new and on
@@ -152,18 +153,19 @@ public:
     /// from what was painted. Slow; for tests. Empty if nothing is to be shown.
     virtual std::vector<uint16_t> canvasPixels() { return {}; }
 
-    /// What the picture says in words.
+    /// The texts of the current picture.
     virtual ScreenTexts texts() = 0;
 };
 
-/// Real folders behind the phone's roots, without a trailing "/". Empty: that root is not mapped.
+/// The real folders for the phone's root folders, without a trailing "/". Empty: that root is not
+/// mapped.
 struct HostFolders {
     std::string res;          // "/Res/", read-only
     std::string home;         // "/Home/"
     std::string soundFolder;  // "/Home/Murmelo/", if it lies elsewhere; empty: below home
     std::string framework;    // the framework's own files (its default font), read-only
     std::string config;       // settings
-    std::string state;        // the last take; empty: none is kept
+    std::string state;        // where the last take is kept; empty: none is kept
 
     /// Where the program keeps the sounds.
     std::string sounds() const { return soundFolder.empty() ? home + "/Murmelo" : soundFolder; }
@@ -176,22 +178,22 @@ public:
     /// The back end in use; there is exactly one while OspMain() runs.
     static Host& current();
 
-    /// Installs a back end (not owned); null takes it away.
+    /// Installs a back end (not owned); null removes it.
     static void install(Host* host);
 
     /// Milliseconds since the program started; never goes back.
     virtual int64_t uptimeMs() = 0;
 
-    /// Milliseconds of the device's own clock; never goes back.
+    /// Milliseconds of the device's own clock; it never goes back.
     virtual int64_t ticksMs() = 0;
 
-    /// The application waits in a loop and yields (Thread::Yield). No callback may be delivered
-    /// from here.
+    /// Called when the application waits in a loop and yields (Thread::Yield). The host must not
+    /// deliver a callback here.
     virtual void yielded() = 0;
 
     virtual const HostFolders& folders() = 0;
 
-    /// Device facts. Bytes: -1 means unknown.
+    /// Facts about the device. Free bytes: -1 if unknown.
     virtual bool isSilent() { return false; }
 
     virtual int64_t freePhoneBytes() = 0;
@@ -202,30 +204,30 @@ public:
     /// ever), then delivers at most one callback. Returns whether it delivered one.
     virtual bool pump(HostListener& listener, int64_t timeoutMs) = 0;
 
-    /// A frame was finished (Canvas::Show). Never waits; shows it at the display's next refresh.
-    /// Null: the frame was deleted, the last picture stays.
+    /// A frame was finished (Canvas::Show). Must not wait: the host shows the frame at the
+    /// display's next refresh. Null: the frame was deleted, and the last picture stays.
     virtual void frameShown(HostFrame* frame) = 0;
 
-    /// Null if the device has no microphone, or no speaker. Always the same object.
+    /// The device's microphone and speaker; null if it has none. Each call returns the same object.
     virtual HostMicrophone* microphone() { return nullptr; }
 
     virtual HostSpeaker* speaker() { return nullptr; }
 
-    /// The application's doors; null when it has ended.
+    /// The application has started and offers its doors (not owned); null: it has ended.
     virtual void setDoors(HostDoors* /*doors*/) {}
 
-    /// A file of the user's (a saved sound, or the settings) has been written completely. A host
-    /// without a real disk stores it now.
+    /// Called when a file of the user's (a saved sound, or the settings) is written completely. A
+    /// host without a real disk stores it now.
     /// @param path  the real one
     virtual void kept(const std::string& /*path*/) {}
 
-    /// Tells the user something that no screen shows: the sentence where there is a terminal, the
-    /// message in the program's language where there is a strip.
-    /// @param sentence  without a full stop, and without the program's name in front
+    /// Tells the user something that the program does not show on a screen. A host with a terminal
+    /// prints the sentence; one with a strip shows the message in the program's language.
+    /// @param sentence  without a full stop, and without the program's name before it
     virtual void tell(const HostMessage& /*message*/, const std::string& /*sentence*/) {}
 
-    /// True if this call of the named platform operation (HostOperation) is to fail. Tests ask for
-    /// it; a phone never does.
+    /// True if this call of the named platform operation (HostOperation) is to fail. Only tests
+    /// make it return true.
     virtual bool fails(const char* /*operation*/) { return false; }
 };
 

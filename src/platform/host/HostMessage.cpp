@@ -17,7 +17,7 @@ std::string HostMessage::text(const std::string& language) const {
     std::string filled;
     for (size_t i = 0; i < words.size(); i++) {
         const bool isPlace = i + 2 < words.size() && words[i] == '{' && words[i + 2] == '}';
-        // Any other sign is far outside of both.
+        // Any other character gives an index outside of both lists.
         const auto part = isPlace ? static_cast<size_t>(words[i + 1] - '1') : parts.size();
         const auto figure = isPlace ? static_cast<size_t>(words[i + 1] - 'a') : tenths.size();
         if (part < parts.size()) {

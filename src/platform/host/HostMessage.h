@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Something to tell the user: a row of HostWords, with what is particular about it.
+// A message for the user: a row of HostWords, and the names or reasons to put into it.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,14 @@
 #include <vector>
 
 struct HostMessage {
-    /// The sentence in that language ("de"): {1}, {2} and so on of the row are replaced by the
-    /// parts, {a}, {b} and so on by the numbers.
+    /// The sentence in that language ("de"), with {1}, {2} and so on replaced by the parts, and
+    /// {a}, {b} and so on by the numbers.
     std::string text(const std::string& language) const;
 
-    /// 64 as "6.4" or "6,4", and 90 as "9".
+    /// A number of tenths as text: 64 becomes "6.4" or "6,4", and 90 becomes "9".
     static std::string number(int64_t tenths, const std::string& language);
 
     const char* row = "";              // name of the row
-    std::vector<std::string> parts;    // the same in every language: names of files, reasons
-    std::vector<int64_t> tenths = {};  // numbers
+    std::vector<std::string> parts;    // for {1}, {2}: names of files, reasons; not translated
+    std::vector<int64_t> tenths = {};  // for {a}, {b}: numbers in tenths
 };

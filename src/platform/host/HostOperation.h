@@ -8,7 +8,7 @@
 
 class HostOperation {
 public:
-    /// Every operation, in the order of the alphabet.
+    /// The names of all operations, in alphabetical order.
     static constexpr std::array kNames = {
         "AppRegistry.Write", "AudioIn.AddBuffer",   "AudioIn.Construct",    "AudioIn.Prepare",
         "AudioIn.Reset",     "AudioIn.Start",       "AudioIn.Stop",         "AudioIn.Unprepare",
@@ -29,12 +29,12 @@ public:
         return false;
     }
 
-    /// A name written in the code. One that is not in the table does not compile.
-    // NOLINTNEXTLINE(google-explicit-constructor): so that hostFails("File.Write") reads as it does
+    /// @param name  a literal; if it is not in the table, the call does not compile
+    // NOLINTNEXTLINE(google-explicit-constructor): allows hostFails("File.Write")
     consteval HostOperation(const char* name)
         : text(name) {
         if (!isKnown(name)) {
-            std::abort();  // no constant: the compiler refuses it
+            std::abort();  // not a constant expression, so it does not compile
         }
     }
 

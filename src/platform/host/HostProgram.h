@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program for a host that does not own its loop, as in a browser: the host begins, steps and
-// ends it.
+// The program as seen by a host that cannot run a loop of its own, as in a browser: the host begins
+// it, calls step() again and again, and ends it.
 #pragma once
 
 class HostProgram {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The tables that HostWords is made of, one for each subject.
+// The tables of texts that HostWords joins, one for each subject.
 //
 // As in the program's own texts, Spanish and Italian say "tu", German and French "Sie" and "vous".
-// The words of the program lead: save, stop and play are what its menu and its soft keys call them.
-// A sound is one that the program has saved, a sound file is any other one; a recording is what the
-// microphone heard. What ends in a path or a reason has no full stop.
+// Use the words of the program's own menus and soft keys for save, stop and play. A "sound" is one
+// that the program has saved; a "sound file" is any other file with sound; a "recording" comes from
+// the microphone. A text that ends in a path or a reason has no full stop.
 //
 // Deliberate: the French "Sauver" is short for "Sauvegarder", which is too wide for its key.
 #pragma once

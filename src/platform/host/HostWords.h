@@ -26,9 +26,9 @@ public:
 
     static const std::vector<Row>& rows();
 
-    /// The row's text in that language ("de"); English in one that is not known.
+    /// The row's text in that language ("de"); in English if the language is unknown.
     static const char* text(const Row& row, const std::string& language);
 
-    /// The text of that name; empty if there is none.
+    /// The text with that name; empty if there is none.
     static const char* text(const std::string& name, const std::string& language);
 };

@@ -8,8 +8,8 @@
 /// with 256-bit integer and float instructions, and the program picks one when it is loaded.
 ///
 /// Neither copy may fuse a multiplication with an addition: the target is "avx2", which does not
-/// bring "fma" with it, and every file is compiled with -ffp-contract=off besides. So both copies
-/// give the same bits.
+/// bring "fma" with it, and every file is also compiled with -ffp-contract=off. So both copies give
+/// the same bits.
 ///
 /// It does nothing if the compiler or the loader does not support this: clang 14 lacks the
 /// attribute, only ELF has indirect functions (which glibc resolves), and under a sanitizer the

@@ -106,7 +106,7 @@ KeyDeed KeyRules::withControl(char character, bool shift) {
     case '0':
         return {Kind::kUsualSize};
     case '+':
-    case '=':  // the plus of keyboards that want a shift for it
+    case '=':  // where the plus needs Shift, its key without Shift
         return {Kind::kLarger};
     case '-':
         return {Kind::kSmaller};

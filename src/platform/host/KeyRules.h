@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What a key of a keyboard means, on a computer and in a browser: the phone has none of them.
+// Decides what the keys of a computer's keyboard mean, in a window and in a browser. The phone has
+// no such keys.
 #pragma once
 
 #include "Host.h"
 
 #include <cstdint>
 
-/// A key that was pressed, with what was held down.
+/// A key that was pressed, with the modifier keys that were held.
 struct KeyPress {
     enum class Name {
         kOther,
@@ -32,33 +33,33 @@ struct KeyPress {
     bool shift = false;
 };
 
-/// What is to be done for a key.
+/// What to do for a key.
 struct KeyDeed {
     enum class Kind {
         kNone,
         kNavigate,  // press this key of the phone
         kVolumeUp,
         kVolumeDown,
-        kEffect,  // go to the effect of that index
-        kRecord,  // go on, key by key, until a recording runs (KeyWalk)
+        kEffect,  // show the effect
+        kRecord,  // press keys of the phone until a recording runs (KeyWalk)
         kSave,
         kExport,
         kOpen,
-        kBringBack,  // the last take
-        kPicture,    // of the screen
+        kBringBack,  // make the last take the take again
+        kPicture,    // write a picture of the screen
         kMicrophones,
         kHelp,
-        kClose,  // the message or the sheet of the strip
+        kClose,  // close the message or the sheet of the strip
         kQuit,
-        kFullScreen,  // or back from it
+        kFullScreen,  // fill the screen, or leave that again
         kLarger,
         kSmaller,
         kUsualSize,
     };
 
     Kind kind = Kind::kNone;
-    HostKey key = HostKey::kMiddle;  // kNavigate
-    int32_t effect = 0;              // kEffect, 0 to 7
+    HostKey key = HostKey::kMiddle;  // if the kind is kNavigate
+    int32_t effect = 0;              // if it is kEffect; 0 to 7
 
     bool operator==(const KeyDeed& other) const {
         return kind == other.kind && key == other.key && effect == other.effect;
@@ -67,13 +68,12 @@ struct KeyDeed {
 
 class KeyRules {
 public:
-    /// @param doors   null: only what needs no program is done
-    /// @param closes  the strip shows something that Escape closes first
+    /// @param doors  null: the program has ended; its screen then counts as empty
+    /// @param closes  true: the strip shows something, which Escape closes first
     static KeyDeed deedOf(const KeyPress& press, HostDoors* doors, bool closes = false);
 
-    /// True if it is one of the phone's keys by itself, whatever the picture shows: an arrow,
-    /// Enter, Space, F1, F2.
-    /// @param key  which one; untouched otherwise
+    /// True if it stands for a key of the phone on every screen: an arrow, Enter, Space, F1, F2.
+    /// @param key  that key of the phone; untouched if false
     static bool isOfPhone(const KeyPress& press, HostKey& key);
 
 private:

@@ -26,7 +26,7 @@ int32_t recordingEntry(const ScreenTexts& texts) {
                                         : kNone;
 }
 
-/// Differs after a key has had its effect.
+/// A text that changes when a key has had its effect.
 std::string fingerprint(const ScreenTexts& texts) {
     std::string print = texts.screen + "\n" + std::to_string(focusedEntry(texts)) + "\n" +
                         std::to_string(texts.entries.size()) + "\n" + texts.message;
@@ -70,7 +70,7 @@ std::optional<HostKey> KeyWalk::towardsRecording(const ScreenTexts& texts) {
         return {};
     }
     if (middle == Means::kRecord) {
-        giveUp();  // this key is the last one
+        giveUp();  // the last key of the walk
         return HostKey::kMiddle;
     }
     if (texts.screen == ScreenNames::kSplash || middle == Means::kOk || middle == Means::kStop) {
@@ -93,7 +93,7 @@ std::optional<HostKey> KeyWalk::towardsRecording(const ScreenTexts& texts) {
 
 std::optional<HostKey> KeyWalk::towardsLanguage(const ScreenTexts& texts) {
     if (texts.screen.empty()) {
-        return {};  // it is still to come
+        return {};  // the first screen has not come yet
     }
     const int32_t focused = focusedEntry(texts);
     if (texts.screen != "FirstLang" || focused >= wantedEntry) {

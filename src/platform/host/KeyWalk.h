@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Keys of the phone pressed one after the other, each when the screen is there that wants it: the
-// way from any screen to a recording, and to the user's language in the first list.
+// Presses keys of the phone one after the other, each once the program has reacted to the one
+// before. It leads from any screen to a recording, and in the first list to the user's language.
 #pragma once
 
 #include "Host.h"
@@ -11,17 +11,18 @@
 
 class KeyWalk {
 public:
-    /// To a running recording.
+    /// Begins the walk to a running recording.
     void toRecording() { begin(Goal::kRecording, 0); }
 
-    /// In the list that the first start shows, to the entry of that index. Chooses nothing.
+    /// Begins the walk to an entry of the list that the first start shows. It moves the focus and
+    /// chooses nothing.
     void toFirstLanguage(int32_t index) { begin(Goal::kLanguage, index); }
 
-    /// The user does something else.
+    /// Ends the walk, because the user does something else.
     void giveUp() { goal = Goal::kNone; }
 
-    /// Presses the next key if its time has come; from pump(), whenever something has happened.
-    /// @returns whether a callback was delivered
+    /// Presses the next key if the program has reacted to the last one. Call it in each pump().
+    /// @returns true if a key was pressed, which counts as a callback
     bool step(HostDoors& doors);
 
 private:
@@ -33,5 +34,5 @@ private:
 
     Goal goal = Goal::kNone;
     int32_t wantedEntry = 0;
-    std::string answered;  // what the screen said when the last key was pressed
+    std::string answered;  // fingerprint of the screen on which the last key was pressed
 };

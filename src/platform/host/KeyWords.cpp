@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What stands on buttons, what they and the keys do, and the names of the screens.
+// The texts of buttons and of their hints, the help on keys, and the names of the screens, in every
+// language.
 #include "HostWordTables.h"
 
 namespace {
@@ -30,7 +31,7 @@ constexpr HostWords::Row kRows[] = {
     {"startAgain", "Start again", "Neu starten", "Volver a abrir", "Relancer", "Riavvia"},
     {"previousEffect", "Previous effect", "Voriger Effekt", "Efecto anterior", "Effet précédent", "Effetto precedente"},
     {"nextEffect", "Next effect", "Nächster Effekt", "Efecto siguiente", "Effet suivant", "Effetto successivo"},
-    // What the mouse points at
+    // Hints for the button below the mouse
     {"saveHint",
      "Save the sound (S)",
      "Sound speichern (S)",

@@ -10,13 +10,13 @@ constexpr int32_t kRateHz = 16000;
 constexpr int32_t kBlockSamples = kRateHz / 100;
 constexpr int32_t kFullScale = 32767;
 
-// Slower than a syllable ends, so that the eye can read it.
+// Slower than a syllable ends, so that the peak can be read.
 constexpr int32_t kFallDbPerSecond = 20;
 constexpr int32_t kFallPerBlock256 = kFallDbPerSecond * 256 * kBlockSamples / kRateHz;
 
 constexpr int32_t kLevels = -LevelMeter::kFloorDb + 1;
 
-/// The lowest amplitude of each level, from 0 dB down.
+/// The lowest amplitude that counts as each level: 0 dB, -1 dB and so on.
 constexpr std::array<int32_t, kLevels> makeAmplitudes() {
     constexpr double kOneDbDown = 0.89125093813374556;  // 10^(-1/20)
     std::array<int32_t, kLevels> amplitudes{};

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a host does for a recording whose microphone died: it presses "Stop", so that the take is
-// kept.
+// Presses "Stop" when a recording has lost its microphone, so that the take is kept.
 #pragma once
 
 class HostDoors;
@@ -9,8 +8,8 @@ class LostMicrophone {
 public:
     /// Called in each pump. Presses "Stop" once for each loss, as soon as it is offered.
     /// @param lost   true while the microphone is lost
-    /// @param doors  null: there are none
-    /// @returns true if it pressed, which counts as a callback
+    /// @param doors  null: the program has ended
+    /// @returns true if it pressed "Stop", which counts as a callback
     bool deliver(bool lost, HostDoors* doors);
 
 private:

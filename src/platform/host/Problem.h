@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is wrong, in words for the user. True when something is wrong:
+// An error in words for the user, or no error. It converts to true if there is one:
 //
 //     if (const Problem problem = locks.take(folders)) {
 //         return reportError(problem.sentence());
@@ -12,13 +12,13 @@
 
 class [[nodiscard]] Problem {
 public:
-    /// Nothing is wrong.
+    /// No problem.
     static Problem none() { return {}; }
 
-    /// Nothing is wrong.
+    /// No problem.
     Problem() = default;
 
-    /// @param sentence  without a full stop; empty: nothing is wrong
+    /// @param sentence  without a full stop; empty: no problem
     // NOLINTNEXTLINE(google-explicit-constructor): an operation returns the sentence itself
     Problem(std::string sentence)
         : text(std::move(sentence)) {}
@@ -27,10 +27,10 @@ public:
     Problem(const char* sentence)
         : text(sentence) {}
 
-    /// True if something is wrong.
+    /// True if there is a problem.
     explicit operator bool() const { return !text.empty(); }
 
-    /// What is wrong; empty if nothing is.
+    /// What the problem is; empty if there is none.
     const std::string& sentence() const { return text; }
 
     friend bool operator==(const Problem& problem, const std::string& sentence) {

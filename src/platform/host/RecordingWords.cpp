@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is told about microphones and recordings.
+// Messages about microphones and recordings, in every language.
 #include "HostWordTables.h"
 
 namespace {

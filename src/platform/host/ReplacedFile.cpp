@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 bool ReplacedFile::write(const std::string& path, const std::string& text) {
     const std::string target = SafeFile::realTarget(path);
-    // The file that cannot be made says why.
+    // No check here: without the folder the file cannot be made, and that error is reported.
     static_cast<void>(SafeFile::makeFolders(fs::path(target).parent_path().string()));
     const std::string fresh = target + ".new";
     const int fd = SafeFile::create(fresh);

@@ -7,9 +7,10 @@
 
 class ReplacedFile {
 public:
-    /// Writes the text beside the file, onto the disk, and puts it in the file's place; makes the
-    /// folder if it is missing. A symbolic link stays: the file that it leads to is replaced.
-    /// False if that failed: the file is as it was, or it is the new one and a power cut may still
-    /// bring back the old one.
+    /// Writes a new file beside the old one, waits until it is on the disk, and renames it over the
+    /// old one. Makes the folder if it is missing. If path is a symbolic link, the file that it
+    /// leads to is replaced.
+    /// False on an error: the old file is unchanged, or the new one is there but a power cut may
+    /// still bring back the old one.
     static bool write(const std::string& path, const std::string& text);
 };

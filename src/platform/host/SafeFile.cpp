@@ -13,9 +13,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
-constexpr int kMaxLinks = 40;          // as many as a Linux kernel follows; more are a circle
-constexpr int kMaxAside = 100000;      // numbers that are tried
+constexpr mode_t kNewFileMode = 0666;  // before the umask
+constexpr int kMaxLinks = 40;          // as many as Linux follows; more are a circle
+constexpr int kMaxAside = 100000;      // numbers to try
 constexpr int kMaxBeside = 1000;
 constexpr mode_t kPermissionBits = 07777;
 
@@ -24,7 +24,7 @@ bool liesAt(const std::string& path) {
     return ::lstat(path.c_str(), &facts) == 0;
 }
 
-/// Takes a free name with an empty file, or with an empty folder if a folder is to get the name.
+/// Makes an empty file (or folder) with that name. False if something has the name.
 bool takeName(const std::string& name, bool forFolder) {
     if (forFolder) {
         return ::mkdir(name.c_str(), SafeFile::kUsualFolder) == 0;
@@ -42,9 +42,9 @@ std::string SafeFile::realTarget(const std::string& path) {
         std::error_code error;
         const fs::path next = fs::read_symlink(target, error);
         if (error) {
-            return target.string();  // no link, or nothing there
+            return target.string();  // not a link, or there is nothing
         }
-        target = target.parent_path() / next;  // the next one alone if it is absolute
+        target = target.parent_path() / next;  // "/" replaces the parent if next is absolute
     }
     return path;
 }
@@ -63,7 +63,7 @@ int SafeFile::create(const std::string& path) {
 int SafeFile::createBeside(const std::string& target, std::string& fresh) {
     struct stat facts = {};
     const bool replaces = ::stat(target.c_str(), &facts) == 0;
-    // Other users must not open it before it has the target's permissions.
+    // Nobody else may open the file before it has the target's permissions.
     const mode_t mode = replaces ? S_IRUSR | S_IWUSR : kNewFileMode;
     const std::string start =
         (fs::path(target).parent_path() / ".murmelo-").string() + std::to_string(::getpid()) + "-";
@@ -135,13 +135,13 @@ bool SafeFile::renameToFree(const std::string& from,
     struct stat facts = {};
     if (errno == EEXIST || ::lstat(from.c_str(), &facts) != 0 ||
         !takeName(to, S_ISDIR(facts.st_mode))) {
-        return false;  // any other error would also come with the longer way
+        return false;  // the other way would fail with the same error
     }
     if (overEmpty(from, to)) {
         return true;
     }
     const int reason = errno;
-    std::remove(to.c_str());  // an empty file is of no use
+    std::remove(to.c_str());  // do not leave the empty file
     errno = reason;
     return false;
 }
@@ -186,7 +186,7 @@ bool SafeFile::makeFolders(const std::string& folder, mode_t mode) {
     if (errno != ENOENT || (!parent.empty() && parent != path && !makeFolders(parent.string()))) {
         return false;
     }
-    // Another program may make the same folder now.
+    // EEXIST: another program may just have made the same folder.
     return (::mkdir(path.c_str(), mode) == 0 || errno == EEXIST) && syncFolderOf(path.string());
 }
 

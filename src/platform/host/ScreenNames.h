@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The names of the program's screens of which a host makes a difference; HostDoors::screenName()
-// returns them.
+// Names of screens that a host treats specially, as HostDoors::screenName() returns them.
 #pragma once
 
 #include <string>
 
 struct ScreenNames {
-    // Until the menu is there.
+    // Before the menu.
     static constexpr const char* kFirstLanguage = "FirstLang";
     static constexpr const char* kSplash = "Splash";
 
-    /// True for these two, and before there is a screen.
+    /// True for these two screens, and before there is any screen.
     static bool isBeforeMenu(const std::string& name) {
         return name.empty() || name == kFirstLanguage || name == kSplash;
     }

@@ -17,10 +17,10 @@ struct ScreenPlace {
     bool operator==(const ScreenPlace&) const = default;
 };
 
-/// Contains only what is on the screen. Texts are UTF-8 in the program's language; an empty one
-/// means that there is none.
+/// Only what is visible now. Texts are UTF-8 in the program's language; an empty one is not on the
+/// screen.
 struct ScreenTexts {
-    /// What an entry or a soft key does, in whatever language it says so.
+    /// What an entry or a soft key does, the same in every language.
     enum class Means { kOther, kBack, kOk, kPlay, kQuit, kRecord, kStop };
 
     struct Entry {
@@ -40,13 +40,13 @@ struct ScreenTexts {
     std::string language;       // Language::code
     std::string screen;         // the screen's own name, the same in every language
     std::string title;          // the effect's name
-    std::vector<Entry> arrows;  // to the effect before and after; their texts are empty
+    std::vector<Entry> arrows;  // to the previous and the next effect; without texts
     std::string heading;        // of the message
     std::string message;
     bool isQuestion = false;  // the message is the question about silence
     std::vector<Entry> entries;
-    std::string caption;                // of what goes on
-    int32_t progressQ10 = kNoProgress;  // 0 to 1024 while something goes on
+    std::string caption;                // of the work that goes on
+    int32_t progressQ10 = kNoProgress;  // 0 to 1024 while work goes on
     std::array<Entry, kSoftKeys> softKeys;
 
     bool operator==(const ScreenTexts&) const = default;

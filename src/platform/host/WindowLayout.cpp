@@ -13,7 +13,7 @@ constexpr int32_t kHeight = HostFrame::kHeightPx;
 constexpr int32_t kStripHeight = HostFrame::kCanvasTopPx;
 constexpr int32_t kPictureHeight = kHeight - kStripHeight;
 
-/// The largest place of those proportions in the middle of the window.
+/// The largest rectangle with the proportions width : height, in the middle of the window.
 PicturePlace fit(int32_t width, int32_t height, int32_t windowWidth, int32_t windowHeight) {
     PicturePlace place;
     if (int64_t{windowWidth} * height < int64_t{windowHeight} * width) {
@@ -33,8 +33,8 @@ int32_t share(int32_t length, int32_t part, int32_t whole) {
     return static_cast<int32_t>((int64_t{length} * part + whole / 2) / whole);
 }
 
-/// From a place of the window to one of length pixels of the display, of which the window shows
-/// shown from first on.
+/// Turns a coordinate of the window into one of the display. The window's pixels first to first +
+/// shown - 1 show length pixels of the display.
 int32_t scaled(double place, int32_t first, int32_t shown, int32_t length) {
     return static_cast<int32_t>(std::floor((place - first) / std::max(shown, 1) * length));
 }
@@ -42,7 +42,7 @@ int32_t scaled(double place, int32_t first, int32_t shown, int32_t length) {
 }  // namespace
 
 WindowLayout::WindowLayout(int32_t windowWidth, int32_t windowHeight) {
-    // How large a pixel of the display becomes, times the same number.
+    // The size of a display pixel in the window for each arrangement, times the same factor.
     const int64_t stacked = std::min(int64_t{windowWidth} * 2 * kHeight * kPictureHeight,
                                      int64_t{windowHeight} * 2 * kWidth * kPictureHeight);
     const int64_t sideBySide = std::min(int64_t{windowWidth} * kHeight * kPictureHeight,

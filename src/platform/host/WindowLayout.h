@@ -2,9 +2,9 @@
 // Where strip and picture lie in a window of any size.
 //
 // The phone's display has 480 x 800 pixels: the strip of 480 x 160 above the picture of 480 x 640.
-// In a high window they stand as on the phone; where both are larger side by side, in a wide
-// window, the strip stands beside the picture. They are as large as the window lets them be, in the
-// phone's proportions, and lie in its middle.
+// In a high window they stand as on the phone. In a wide window, where both are larger side by
+// side, the strip stands left of the picture. They keep the phone's proportions, are as large as
+// the window allows, and lie in its middle.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ struct PicturePlace {
     }
 };
 
-/// What stands in the window.
+/// The parts of the window.
 enum class WindowPart { kNone, kStrip, kPicture };
 
 /// A place of the display, in its pixels.
@@ -37,7 +37,7 @@ struct DisplayPoint {
 
 class WindowLayout {
 public:
-    /// @param windowWidth, windowHeight  in pixels, 0 and more
+    /// @param windowWidth, windowHeight  in pixels, at least 0
     WindowLayout(int32_t windowWidth, int32_t windowHeight);
 
     /// Rows 0 to 159 of the display.
@@ -46,12 +46,13 @@ public:
     /// Rows 160 to 799 of the display.
     const PicturePlace& picture() const { return picturePlace; }
 
-    /// The display's pixel at that place of the window; outside strip and picture there is none.
-    /// @param x, y  in the window's pixels, 0.5 in the middle of the first
+    /// The display's pixel at a place of the window; with part kNone outside strip and picture.
+    /// @param x, y  in the window's pixels; the middle of the first one is 0.5
     DisplayPoint at(double x, double y) const;
 
-    /// The same as one part would go on beyond its edges: for a finger that was set down on it.
-    /// @param part  if it is none, as at()
+    /// The same as if one part went on beyond its edges, for a finger that went down on it and has
+    /// left it. The result may lie outside the display.
+    /// @param part  kNone: like at() without a part
     DisplayPoint at(double x, double y, WindowPart part) const;
 
 private:

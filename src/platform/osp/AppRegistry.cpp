@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The settings file: "key=value" lines, replaced atomically, read tolerantly.
+// The settings file, with lines "key=value". Writing replaces it as a whole; a damaged one is set
+// aside.
 #include "Host.h"
 #include "OspApp.h"
 #include "Problem.h"
@@ -20,12 +21,13 @@ namespace Osp::App {
 namespace {
 
 constexpr const char* kFileName = "settings";
-constexpr const char* kDamaged = ".damaged";             // after the name of what was set aside
-constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // a few short lines; more is not ours
+constexpr const char* kDamaged = ".damaged";             // added to the name
+constexpr size_t kLargestFileBytes = size_t{64} * 1024;  // ours has a few short lines
 
-/// Renames damaged settings, so that they can be looked at; a symbolic link to them stays. The
-/// first ones become NAME.damaged, later ones NAME.aside-N: each may be the user's only copy.
-/// @returns why that failed, if it did
+/// Renames a damaged settings file, so that the user can look at it; if it is reached by a symbolic
+/// link, the link stays. The first one becomes NAME.damaged, later ones NAME.aside-N: none is
+/// overwritten, because each may be the user's only copy.
+/// @returns why that failed
 Problem setAside(const std::string& path) {
     const std::string target = SafeFile::realTarget(path);
     const bool moved = SafeFile::renameToFree(target, target + kDamaged) ||
@@ -44,14 +46,14 @@ bool isValue(const std::string& text) {
                        [](unsigned char c) { return c >= 0x20 && c != 0x7F; });
 }
 
-/// False if a line is neither empty, nor a comment, nor key=value.
+/// Reads the settings. False if a line is not empty, a comment, or key=value.
 bool parse(const std::string& text, std::map<std::string, std::string>& values) {
     size_t start = 0;
     while (start < text.size()) {
         const size_t end = std::min(text.find('\n', start), text.size());
         std::string line = text.substr(start, end - start);
         if (!line.empty() && line.back() == '\r') {
-            line.pop_back();  // edited on another system
+            line.pop_back();  // written by an editor of another system
         }
         start = end + 1;
         if (line.empty() || line[0] == '#') {
@@ -71,10 +73,10 @@ bool parse(const std::string& text, std::map<std::string, std::string>& values) 
     return true;
 }
 
-/// Opens an ordinary file; null for everything else, and then problem says why. A missing file is
-/// no problem.
+/// Opens an ordinary file. Null on failure, with the reason in problem; a missing file gives null
+/// without a problem.
 std::FILE* openToRead(const std::string& path, Problem& problem) {
-    // A pipe would wait for its other end.
+    // Opening a pipe would wait for its writer.
     if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
         problem = "it " + kind.sentence();
         return nullptr;
@@ -93,7 +95,8 @@ std::FILE* openToRead(const std::string& path, Problem& problem) {
     return nullptr;
 }
 
-/// The text of a small file, as far as it can be one of ours; problem says why it cannot be read.
+/// The text of a file, at most kLargestFileBytes + 1 bytes; problem gets the reason if it cannot be
+/// read.
 std::string readFile(const std::string& path, Problem& problem) {
     std::FILE* file = openToRead(path, problem);
     if (file == nullptr) {
@@ -125,7 +128,7 @@ void AppRegistry::Open(const std::string& configFolder) {
         problem = setAside(path);
     }
     if (problem) {
-        // Not damaged, only out of reach: the next run may find them again.
+        // The file may be intact and only unreadable now: this run must not overwrite it.
         keeps = false;
         Host::current().tell({"settingsUnreadable", {}},
                              "the settings \"" + path +
@@ -158,7 +161,7 @@ result AppRegistry::Add(const Osp::Base::String& key, const Osp::Base::String& v
     return values.count(name) != 0 ? E_KEY_ALREADY_EXIST : write(name, value.ToUtf8());
 }
 
-/// The value holds for this run even when it cannot be kept.
+/// The value is used in this run even if it cannot be written to the file.
 result AppRegistry::write(const std::string& key, const std::string& value) {
     if (!isKey(key) || !isValue(value)) {
         return E_FAILURE;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs one application on the host: delivers the host's callbacks, and user events when they are
-// due.
+// Runs an application on the host: passes the host's callbacks to it, and delivers user events when
+// they are due.
 //
 // A host that owns its loop calls run(). One that does not, as in a browser, calls begin(), then
 // step() whenever it has something to deliver or a due time has come, and end() once step() has
@@ -21,18 +21,19 @@ public:
     EventLoop& operator=(const EventLoop&) = delete;
 
     /// Initialises the application and brings it to the foreground. False if it cannot be
-    /// initialised: there is nothing to step through or to end then.
+    /// initialised: then step() and end() must not be called.
     bool begin();
 
-    /// Delivers at most one callback of the host, then the user event if it is due: one queued
-    /// before a pause is consumed before the callback that ends the pause can queue another.
+    /// Delivers at most one callback of the host, then the user event if it is due. In this order a
+    /// user event queued before a pause is used up before the callback that ends the pause queues
+    /// another.
     /// @returns false once the application has ended
     bool step();
 
     /// Lets the application clean up.
     void end();
 
-    /// Runs the application from after its creation until before its deletion.
+    /// begin(), step() until it returns false, and end().
     result run();
 
     void queueUserEvent(RequestId requestId);
@@ -58,7 +59,7 @@ private:
 
     Application& application;
     RequestId queuedRequest = 0;
-    bool queued = false;  // a user event waits
+    bool queued = false;  // a user event is waiting
     // A callback came since the last user event: the next one is due at once.
     bool calledBack = false;
     bool ended = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Ordinary files of the real file system, for the services that use them.
+// Opens ordinary files of the real file system.
 #pragma once
 
 #include <unistd.h>
@@ -32,10 +32,10 @@ private:
     int fd;
 };
 
-/// Opens an ordinary file; -1 for everything else: a folder opens for reading as well, and a pipe
-/// would wait for its other end. Below the writable roots its last part is never followed as a
-/// symbolic link: that is the path's work.
-/// @param flags  as open() takes them; a file that is made has the usual mode
+/// Opens an ordinary file; -1 for everything else (open() would accept a folder for reading, and a
+/// pipe would wait for its other end). Below the writable roots a symbolic link at the end of the
+/// path is not followed: RealPath has resolved it already.
+/// @param flags  of open(); a new file gets the usual mode, 0666 before the umask
 int openOrdinary(const RealPath& path, int flags);
 
 }  // namespace Osp::Io

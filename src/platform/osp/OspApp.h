@@ -2,9 +2,9 @@
 // The phone's application model: life cycle, the queue of user events, and the settings kept
 // between runs.
 //
-// The queue never has more than one user event. It becomes due when the application says that
-// something is due (TimeUntilDue), and at once after every callback of the platform; until then the
-// host sleeps.
+// The queue never has more than one user event. It becomes due when TimeUntilDue() of the
+// application has passed, and at once after every callback of the platform; until then the host
+// sleeps.
 #pragma once
 
 #include "OspBase.h"
@@ -19,15 +19,15 @@ namespace Osp::App {
 
 using RequestId = int32_t;
 
-/// Settings as text under text keys, in one small file. When a call returns, its change is
-/// completely on the disk.
+/// Settings in one small file: a text for each text key. When a call returns success, its change is
+/// on the disk.
 class AppRegistry {
 public:
-    /// Reads the settings. A file that is damaged is set aside as "settings.damaged" (as
-    /// "settings.aside-1" and so on if that name is taken) and the registry starts empty. It starts
-    /// empty too if the file cannot be read; the host says so, and the file stays as it is for this
-    /// run.
-    /// @param folder  real folder, made when something is first written; empty keeps nothing
+    /// Reads the settings. A damaged file is renamed to "settings.damaged" (or to
+    /// "settings.aside-1" and so on if that name is taken), and the registry starts empty. It also
+    /// starts empty if the file cannot be read; then the host tells the user, and this run does not
+    /// write the file.
+    /// @param folder  real folder, made when something is first written; empty: nothing is kept
     void Open(const std::string& folder);
 
     /// E_KEY_NOT_FOUND if there is no such key; E_FAILURE, value untouched, if its text is not an
@@ -57,8 +57,9 @@ public:
 
     static constexpr int64_t kNothingDue = -1;
 
-    /// Makes the application, runs it until it terminates or is terminated, and deletes it.
-    /// An application that is an IScreenEventListener too hears of the screen without registering.
+    /// Makes the application, runs it until it ends by itself or the host ends it, and deletes it.
+    /// If the application is also an IScreenEventListener, it is told about the screen without
+    /// registering.
     static result Execute(Factory factory, const Osp::Base::Collection::IList* arguments);
 
     virtual bool OnAppInitializing(AppRegistry& appRegistry) = 0;
@@ -70,8 +71,8 @@ public:
     virtual void OnUserEventReceivedN(RequestId requestId,
                                       Osp::Base::Collection::IList* arguments) = 0;
 
-    /// Milliseconds until the application has something to do (0: now), or kNothingDue. Asked while
-    /// a user event is queued, to know how long it may wait.
+    /// Milliseconds until the application has something to do (0: now), or kNothingDue. The loop
+    /// calls it while a user event is queued, to know how long that event may wait.
     virtual int64_t TimeUntilDue() = 0;
 
     Osp::Base::String GetAppVersion() const;

@@ -23,7 +23,7 @@ constexpr int64_t kKilobyte = 1000;
 
 constexpr int64_t kTenthSamples = HostMicrophone::kRateHz / 10;
 
-/// EFBIG: a limit that somebody has set is met in the same way.
+/// EFBIG counts too: a limit on the size of files has the same effect.
 bool isDiskFull(int32_t error) {
     return error == ENOSPC || error == EDQUOT || error == EFBIG;
 }
@@ -36,11 +36,12 @@ HostMicrophone* microphone() {
     return Host::current().microphone();
 }
 
-/// A warning only: the user may mean to speak a few words.
+/// Warns if a take of full length does not fit. The recording goes on: a few words may fit.
 void sayIfRoomIsShort() {
     const int64_t freeBytes = Host::current().freePhoneBytes();
     if (freeBytes >= 0 && freeBytes < kLongestTakeBytes) {
-        // Rounded apart: too little never reads as enough.
+        // One number is rounded down and the other up, so that too little room never looks like
+        // enough.
         const int64_t neededKb = (kLongestTakeBytes + kKilobyte - 1) / kKilobyte;
         Host::current().tell({"littleRoom", {}}, "only " + std::to_string(freeBytes / kKilobyte) +
                                                      " KB are free; a take of 20 seconds needs " +
@@ -165,7 +166,7 @@ void AudioIn::onDeviceLost() {
     isLossUnsaid = true;
     if (deliverRest()) {
         if (heardSamples == 0) {
-            sayLoss(false);  // no "Stop" follows soon
+            sayLoss(false);  // told now: no "Stop" will follow
         }
         listener->OnAudioInErrorOccurred(AUDIOIN_ERROR_DEVICE_FAILED);  // may delete this object
     }
@@ -174,7 +175,7 @@ void AudioIn::onDeviceLost() {
 ByteBuffer* AudioIn::fillNext() {
     ByteBuffer* buffer = queue.front();
     buffer->Clear();
-    // Little-endian as on the phone: so are all machines that this runs on.
+    // The file needs little-endian samples; all machines that this runs on are little-endian.
     auto* samples = reinterpret_cast<int16_t*>(buffer->GetPointer());
     const int32_t count = microphone()->take(samples, buffer->GetCapacity() / kSampleBytes);
     if (count == 0) {
@@ -186,7 +187,8 @@ ByteBuffer* AudioIn::fillNext() {
     return buffer;
 }
 
-/// Whatever the listener fails to write down meanwhile will be missing in the take.
+/// If the listener cannot write the buffer to its file, the take will be cut short: the user is
+/// told.
 void AudioIn::handOver(ByteBuffer* filled) {
     Osp::Io::File::takeWriteError();
     listener->OnAudioInBufferIsFilled(filled);  // may delete this object
@@ -218,7 +220,7 @@ void AudioIn::sayHowMuchIsKept() const {
                                       " seconds of the take are kept");
 }
 
-/// False if a listener deleted this object meanwhile, or stopped it itself.
+/// False if the listener has deleted this object in a callback, or has stopped it.
 bool AudioIn::deliverRest() {
     bool deleted = false;
     bool* const outerMark = std::exchange(deletedMark, &deleted);

@@ -14,8 +14,8 @@ bool isContinuation(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
 
-/// Decodes one code point of a zero-terminated text and steps over it; damaged bytes become the
-/// replacement character.
+/// Decodes one code point of a zero-terminated text and moves the pointer after it. Malformed bytes
+/// give the replacement character.
 char32_t nextCodePoint(const char*& utf8) {
     const auto lead = static_cast<unsigned char>(*utf8++);
     if (lead < 0x80) {

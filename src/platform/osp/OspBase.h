@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The phone platform's basics: results, objects, 16-bit text, lists, giving way.
+// The phone platform's basics: results, objects, 16-bit text, lists, and yielding to other threads.
 #pragma once
 
 #include <cstdint>
@@ -45,7 +45,7 @@ public:
 
     bool IsEmpty() const { return text.empty(); }
 
-    /// Not checked: 0 <= index < GetLength().
+    /// @param index  0 to GetLength() - 1; not checked
     char16_t operator[](int32_t index) const { return text[static_cast<size_t>(index)]; }
 
     bool operator==(const String& other) const { return text == other.text; }
@@ -66,7 +66,7 @@ public:
         text.insert(static_cast<size_t>(index), 1, character);
     }
 
-    /// Characters start .. start + count - 1, cut to what there is.
+    /// Characters start to start + count - 1, or as many of them as there are.
     String SubString(int32_t start, int32_t count) const;
 
     String SubString(int32_t start) const { return SubString(start, GetLength()); }
@@ -92,7 +92,7 @@ class IList : public Object {
 public:
     virtual int32_t GetCount() const = 0;
 
-    /// Null when out of range.
+    /// Null if the index is out of range.
     virtual Object* GetAt(int32_t index) = 0;
 };
 
@@ -117,7 +117,7 @@ namespace Runtime {
 
 class Thread {
 public:
-    /// Yields to other work of the machine. Delivers no event and ends nothing.
+    /// Lets other work of the machine run for a moment. Delivers no event.
     static void Yield();
 };
 

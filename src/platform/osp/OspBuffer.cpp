@@ -7,7 +7,7 @@ namespace Osp::Base {
 
 namespace {
 
-constexpr int32_t kMaxBytes = 1 << 26;  // more is a mistake, not a buffer
+constexpr int32_t kMaxBytes = 1 << 26;  // a larger request must be a mistake
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A block of bytes with a position and a limit: what the phone's sound devices fill and its files
-// write.
+// A block of bytes with a position and a limit. The phone's sound devices fill such blocks, and its
+// files write them.
 #pragma once
 
 #include "OspBase.h"
@@ -19,16 +19,17 @@ public:
 
     int32_t GetPosition() const { return position; }
 
-    /// From the position to the limit.
+    /// Number of bytes from the position to the limit.
     int32_t GetRemaining() const { return limit - position; }
 
-    /// Fails, and changes nothing, beyond the limit.
+    /// Fails without a change if it is greater than the limit.
     result SetPosition(int32_t newPosition);
 
-    /// Fails, and changes nothing, beyond the capacity. A position beyond it moves back to it.
+    /// Fails without a change if it is greater than the capacity. A position after the new limit
+    /// moves back to it.
     result SetLimit(int32_t newLimit);
 
-    /// Position 0, limit at the capacity; what the buffer holds stays.
+    /// Sets the position to 0 and the limit to the capacity; the content stays.
     void Clear();
 
 protected:
@@ -46,11 +47,12 @@ public:
     ByteBuffer(const ByteBuffer&) = delete;
     ByteBuffer& operator=(const ByteBuffer&) = delete;
 
-    /// All zero, the limit at the capacity. Once for each object.
+    /// Takes memory, filled with zeros; the limit is the capacity. Call it once for each object.
     result Construct(int32_t capacityBytes);
 
-    /// Copies what lies between the other's position and its limit; the position is then at the
-    /// first copied byte, the limit after the last. Fails, and changes nothing, if it does not fit.
+    /// Copies the other's bytes from its position to its limit. After this the position is at the
+    /// first copied byte and the limit after the last one. Fails without a change if they do not
+    /// fit.
     result CopyFrom(const ByteBuffer& other);
 
     unsigned char* GetPointer() { return bytes.data(); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is done to files by their names: whether they exist, taking them away, copying.
+// Operations on files by their names: test, remove, copy.
 #include "Host.h"
 #include "OrdinaryFile.h"
 #include "OspIo.h"
@@ -37,8 +37,8 @@ bool copyBytes(int source, int target) {
     }
 }
 
-/// The name of an unfinished copy. One program holds a home: one that lies there already was left
-/// by a program that was killed.
+/// The name of an unfinished copy. Only one program uses a home, so an existing file of that name
+/// was left by a program that was killed.
 std::string besideOf(const std::string& target) {
     return target + ".part";
 }
@@ -49,13 +49,13 @@ bool renameOver(const std::string& from, const std::string& to) {
 
 bool renameAtOnce(const std::string& from, const std::string& to) {
     if (hostFails("File.RenameToFree")) {
-        errno = ENOSYS;  // as where the file system has no such step
+        errno = ENOSYS;  // as if the file system could not do it
         return false;
     }
     return SafeFile::atOnce(from, to);
 }
 
-/// Gives a file its name unless another file has it.
+/// Renames, unless another file has the new name.
 result renameToFree(const std::string& from, const std::string& to) {
     if (SafeFile::renameToFree(from, to, renameAtOnce, renameOver)) {
         return E_SUCCESS;
@@ -67,7 +67,7 @@ bool moveAside(const std::string& path, std::string* newName = nullptr) {
     return !hostFails("File.MoveAside") && SafeFile::moveAside(path, newName);
 }
 
-/// What has the name of the target keeps its content under another name.
+/// Renames; a file that has the new name is moved aside first.
 result renameKeeping(const std::string& from, const std::string& to) {
     std::string aside;
     if (!moveAside(to, &aside)) {
@@ -75,18 +75,20 @@ result renameKeeping(const std::string& from, const std::string& to) {
     }
     const result r = renameToFree(from, to);
     if (r != E_SUCCESS && !aside.empty()) {
-        // Something that has taken the name meanwhile stays; the old file then lies aside.
+        // Gives the old file its name back. If another program has taken the name meanwhile, the
+        // old file stays aside.
         static_cast<void>(SafeFile::renameToFree(aside, to));
     }
     return r;
 }
 
-/// The name is on the disk too: after a power cut the target is the old file or the whole new one.
+/// Syncs the names in the folder, so that after a power cut the target is the old file or the whole
+/// new one.
 bool syncFolderOf(const std::string& path) {
     return !hostFails("File.SyncFolder") && SafeFile::syncFolderOf(path);
 }
 
-/// Copies through a new file beside the target, which gets its name by rename(from, to) only when
+/// Copies into a new file beside the target. rename(from, to) gives it the target's name, only once
 /// all its bytes are on the disk.
 template <typename Rename>
 result copyBeside(const String& source, const RealPath& to, Rename rename) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Folders: making and listing them.
+// Makes and lists folders.
 #include "Host.h"
 #include "OspIo.h"
 #include "RealPath.h"
@@ -17,7 +17,7 @@ namespace Osp::Io {
 
 namespace {
 
-constexpr mode_t kNewFolderMode = 0777;  // less what the user's mask takes away
+constexpr mode_t kNewFolderMode = 0777;  // before the umask
 
 bool isFolder(const std::string& path) {
     struct stat status = {};
@@ -85,7 +85,7 @@ result Directory::Create(const String& path, bool createParentFolders) {
         return E_FAILURE;
     }
     const std::string& folder = real.path();
-    // Folders above the root exist: making them again fails and does no harm.
+    // The folders above the root exist; making them again fails without effect.
     for (size_t slash = folder.find('/', 1); createParentFolders && slash != std::string::npos;
          slash = folder.find('/', slash + 1)) {
         mkdir(folder.substr(0, slash).c_str(), kNewFolderMode);

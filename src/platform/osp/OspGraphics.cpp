@@ -29,7 +29,7 @@ bool isEmpty(const Rectangle& r) {
     return r.width <= 0 || r.height <= 0;
 }
 
-/// Two equal pixels for each source pixel, written as whole words.
+/// Doubles each pixel of a row, and writes the pair as one 32-bit word.
 MURMELO_KERNEL void
 doubleRow(const uint16_t* __restrict source, uint16_t* __restrict target, size_t sourcePixels) {
     for (size_t i = 0; i < sourcePixels; i++) {
@@ -155,8 +155,8 @@ void Canvas::keep(Operation operation) {
 }
 
 void Canvas::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) {
-    const Operation* above = nullptr;  // the bitmap that drew the row above, all by itself
-    int32_t rowAbove = 0;              // of that bitmap
+    const Operation* above = nullptr;  // the only operation of the row above, if it is a bitmap
+    int32_t rowAbove = 0;              // the bitmap's row that it shows
     for (int32_t y = 0; y < kHeightPx; y++) {
         if (!rows[static_cast<size_t>(y)]) {
             above = nullptr;
@@ -181,8 +181,8 @@ void Canvas::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows
     }
 }
 
-/// What lies below an operation that covers the whole row is never seen: first becomes the
-/// uppermost such one.
+/// Operations that were drawn before one that covers the whole row cannot be seen. first becomes
+/// the index of the last such one.
 const Canvas::Operation* Canvas::soleOperation(int32_t y, size_t& first) const {
     const Operation* sole = nullptr;
     for (size_t i = 0; i < keptCount; i++) {
@@ -219,7 +219,7 @@ int32_t Canvas::sourceRow(const Operation& operation, int32_t y) {
            (y - operation.destination.y) * operation.source.height / operation.destination.height;
 }
 
-/// The uppermost row of the display that shows this row of the bitmap or one below it.
+/// The first row of the display that shows this row of the bitmap or a later one.
 int32_t Canvas::firstRowShowing(const Operation& operation, int32_t row) {
     const int32_t lines = operation.source.height;
     const int64_t fromTop = int64_t{row - operation.source.y} * operation.destination.height;
@@ -272,8 +272,7 @@ HostFrame::Rows Canvas::takeChanges() {
     return changed;
 }
 
-/// Adds the display's rows that show a bitmap's row into which something was drawn since that
-/// version.
+/// Adds to changed the display's rows that show rows of a bitmap drawn after seenVersion.
 void Canvas::seeChanges(const Operation& operation, uint64_t seenVersion, Rows& changed) {
     if (operation.bitmap->version == seenVersion) {
         return;
@@ -289,7 +288,7 @@ void Canvas::seeChanges(const Operation& operation, uint64_t seenVersion, Rows& 
         if (isSeen(row)) {
             continue;
         }
-        int32_t next = row + 1;  // below neighbouring rows that have changed
+        int32_t next = row + 1;  // the first row after a run of changed ones
         while (next < end && !isSeen(next)) {
             next++;
         }

@@ -45,7 +45,7 @@ private:
     uint32_t argb;
 };
 
-/// RGB565 is the one format that the display and the bitmaps have.
+/// The only format of the display and of bitmaps.
 enum BitmapPixelFormat { BITMAP_PIXEL_FORMAT_RGB565 = 1 };
 
 /// What Bitmap::Lock returns about the pixel memory.
@@ -60,23 +60,24 @@ struct BufferInfo {
 /// Width x height 16-bit pixels, row-major, without padding; all 0 when made.
 class Bitmap : public Osp::Base::Object {
 public:
-    /// The pixels, and since when its rows look as they do.
+    /// The pixels, and for each row the version of its last change.
     struct Memory {
         std::vector<uint16_t> pixels;
-        std::vector<uint64_t> rowVersions;  // of each row, when something was last drawn into it
-        uint64_t version = 0;               // the highest of them
+        std::vector<uint64_t> rowVersions;  // for each row: version of the last drawing into it
+        uint64_t version = 0;               // the highest version
     };
 
     result Construct(const Dimension& wanted, BitmapPixelFormat format);
 
-    /// The memory does not move during the bitmap's life, locked or not. The time limit is ignored.
+    /// Returns the memory of the pixels, which stays at its address as long as the bitmap exists.
+    /// The time limit is ignored.
     result Lock(BufferInfo& info, int32_t timeoutMs);
 
-    /// Anything may have been drawn since Lock().
+    /// Ends the drawing; any row may have changed since Lock().
     result Unlock();
 
-    /// Something may have been drawn into these rows since Lock(), and into no others.
-    /// @param written  as many rows as the bitmap has
+    /// Ends the drawing; only these rows may have changed since Lock().
+    /// @param written  made for the bitmap's number of rows
     result Unlock(const RowMarks& written);
 
     int32_t GetWidth() const { return size.width; }
@@ -93,8 +94,8 @@ private:
 
 /// The 480 x 800 display.
 ///
-/// Fills and bitmaps are only stored; their pixels are worked out when the frame is presented or
-/// read, from what the bitmap holds then. A fill of the whole display drops everything before it.
+/// Fills and bitmaps are only noted. Their pixels are worked out when a host reads the frame, from
+/// what the bitmap holds at that time. A fill of the whole display drops everything before it.
 class Canvas : public Osp::Base::Object, private HostFrame {
 public:
     Canvas() = default;
@@ -102,7 +103,7 @@ public:
     Canvas& operator=(const Canvas&) = delete;
     ~Canvas() override;
 
-    /// Limits what follows to a rectangle, cut to the display.
+    /// Limits later drawing to a rectangle, which is cut to the display.
     result SetClipBounds(const Rectangle& bounds);
     result FillRectangle(const Color& color, const Rectangle& bounds);
 
@@ -126,8 +127,8 @@ private:
         bool operator==(const Operation& other) const;
     };
 
-    /// Enough for every frame of the program, which has two operations; beyond it they are worked
-    /// out at once.
+    /// How many operations are noted: a frame of the program has two. With more, the ones so far
+    /// are worked out into a bitmap.
     static constexpr size_t kKept = 8;
 
     void composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) override;
@@ -137,7 +138,7 @@ private:
     bool showsOtherOperations() const;
     void seeAll();
     static void seeChanges(const Operation& operation, uint64_t seenVersion, Rows& changed);
-    /// The one operation that gives a row all its pixels, null if there are several or none.
+    /// The operation that alone determines all pixels of a row; null if there are several or none.
     const Operation* soleOperation(int32_t y, size_t& first) const;
     void composeRow(uint16_t* row, int32_t y, size_t first) const;
     static void drawRow(const Operation& operation, uint16_t* row, int32_t y);
@@ -149,8 +150,8 @@ private:
     std::array<Operation, kKept> kept;
     size_t keptCount = 0;
 
-    std::array<Operation, kKept> seen;          // what takeChanges() saw last
-    std::array<uint64_t, kKept> seenVersion{};  // of the bitmaps in it
+    std::array<Operation, kKept> seen;          // the operations at the last takeChanges()
+    std::array<uint64_t, kKept> seenVersion{};  // of their bitmaps
     size_t seenCount = 0;
     bool everSeen = false;
 };

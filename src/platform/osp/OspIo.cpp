@@ -21,7 +21,7 @@ namespace Osp::Io {
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+constexpr mode_t kNewFileMode = 0666;  // before the umask
 
 struct Mode {
     std::string_view name;
@@ -60,8 +60,8 @@ int openOrdinary(const RealPath& path, int flags) {
     if (!path.isValid() || path.saysFolder() || (writes && !path.isWritable())) {
         return -1;
     }
-    // Below the writable roots the path is resolved already: a link that is still there is not
-    // followed.
+    // Below the writable roots the path has been resolved already; a link that appears at its end
+    // is not followed.
     const int links = path.isWritable() ? O_NOFOLLOW : 0;
     Descriptor fd(open(path.path().c_str(), flags | links | O_CLOEXEC | O_NONBLOCK, kNewFileMode));
     struct stat status = {};
@@ -87,7 +87,7 @@ result File::Construct(const String& path, const char* openMode, bool /*createPa
         if (mode.name != openMode) {
             continue;
         }
-        // Writing through a link would change a file of another name.
+        // For writing, a link is not followed: that would change a file with another name.
         const RealPath real(path, isWriting(mode.flags) ? LastLink::kKeep : LastLink::kFollow);
         Descriptor fd(openOrdinary(real, mode.flags));
         if (fd.get() < 0) {
@@ -175,7 +175,7 @@ result File::Flush() {
     if (hostFails("File.Flush") || file == nullptr) {
         return E_FAILURE;
     }
-    // A file that has lost bytes before never claims to be whole again.
+    // ferror() too: after a failed write the file is incomplete, even if this flush succeeds.
     return std::fflush(file) == 0 && std::ferror(file) == 0 ? E_SUCCESS : E_FAILURE;
 }
 
@@ -184,7 +184,7 @@ bool File::turnTo(Direction wanted) {
         errno = EBADF;
         return false;
     }
-    // The C library wants a seek between writing and reading.
+    // The C library demands a seek between writing and reading.
     if (direction != wanted && direction != Direction::kNone && fseeko(file, 0, SEEK_CUR) != 0) {
         return false;
     }

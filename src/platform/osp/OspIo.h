@@ -2,8 +2,8 @@
 // The phone's files and folders, mapped to real folders.
 //
 // "/Res/" is read-only, "/Home/" the user's data ("/Home/Murmelo/" may lie elsewhere), and the
-// framework's own files are read-only. A path under no mapped root, with a ".." in it, or with an
-// embedded zero, fails, and below "/Home/" one through a symbolic link that leads out. The
+// framework's own files are read-only. Refused: a path under no mapped root, one with ".." or an
+// embedded zero in it, and below "/Home/" one that a symbolic link leads out of the root. The
 // read-only files may be installed as links to anywhere.
 #pragma once
 
@@ -29,8 +29,8 @@ public:
     /// Closes the file.
     ~File() override;
 
-    /// Modes as the C library's: "rb", "wb+". Opens ordinary files only, once for each object.
-    /// Parent folders are never made.
+    /// Opens an ordinary file; once for each object. The modes are those of the C library: "rb",
+    /// "wb+". Never makes parent folders.
     result Construct(const Osp::Base::String& path,
                      const char* openMode,
                      bool createParentFolders = false);
@@ -38,24 +38,24 @@ public:
                      const char16_t* openMode,
                      bool createParentFolders = false);
 
-    /// Bytes read: 0 at the end, -1 if the file is not open or the read failed.
+    /// Returns the number of bytes read: 0 at the end, -1 if the file is not open or reading
+    /// failed.
     int32_t Read(void* buffer, int32_t lengthBytes);
 
-    /// Fails if not every byte could be written. A block is passed to the system at once, so that a
-    /// full disk is reported by the same call; single bytes collect until the next block or
-    /// Flush().
+    /// Fails unless every byte could be written. A block is passed to the system at once, so that
+    /// this call reports a full disk; single bytes are buffered until the next block or Flush().
     result Write(const void* buffer, int32_t lengthBytes);
 
-    /// Writes what lies between the buffer's position and its limit; neither moves.
+    /// Writes the buffer's bytes from its position to its limit; neither changes.
     result Write(const Osp::Base::ByteBuffer& buffer);
 
-    /// What a Write() could not write.
+    /// Why a Write() has failed.
     struct WriteError {
-        int32_t number = 0;     // the system's; 0: nothing failed
-        int64_t fileBytes = 0;  // what the file holds all the same
+        int32_t number = 0;     // errno; 0: none has failed
+        int64_t fileBytes = 0;  // length of the file after it
     };
 
-    /// Of the last failed Write() of any file since the last call of this.
+    /// The error of the last Write(), of any file, that has failed since the last call of this.
     static WriteError takeWriteError();
 
     result Seek(FileSeekPosition position, int32_t offsetBytes);
@@ -70,20 +70,19 @@ public:
     /// Removes an ordinary file; fails for a folder, a symbolic link and everything else.
     static result Remove(const Osp::Base::String& path);
 
-    /// Makes a path free for a new file: an ordinary file is removed, anything else (a folder, a
-    /// pipe, a symbolic link, whatever it leads to) is moved aside to "NAME.aside-N".
-    /// E_FILE_NOT_FOUND if nothing lies there.
+    /// Makes a path free for a new file: removes an ordinary file, and renames anything else (a
+    /// folder, a pipe, a symbolic link) to "NAME.aside-N". E_FILE_NOT_FOUND if there is nothing.
     static result MakeWay(const Osp::Base::String& path);
 
     /// Copies through a temporary file beside the target, so that a failed copy leaves no half
-    /// file. On success the bytes and the name are on the disk. If only the name could not be put
-    /// there, the copy fails but stays.
-    /// @param failIfExists  a file of that name is never overwritten, not even one that appears
-    ///                      while the copy is made: E_FILE_ALREADY_EXIST
+    /// file. On success the bytes and the name are on the disk. If only syncing the name fails, the
+    /// call fails, but the copy stays.
+    /// @param failIfExists  true: an existing target is not overwritten, not even one that appears
+    /// meanwhile; the result is E_FILE_ALREADY_EXIST
     static result
     Copy(const Osp::Base::String& source, const Osp::Base::String& target, bool failIfExists);
 
-    /// The same in the place of an existing target, which is first moved aside to "NAME.aside-N".
+    /// The same, but an existing target is first renamed to "NAME.aside-N".
     static result CopyKeeping(const Osp::Base::String& source, const Osp::Base::String& target);
 
 private:
@@ -126,14 +125,14 @@ private:
 
 class Directory : public Osp::Base::Object {
 public:
-    /// With or without the last "/"; fails for everything that is no folder.
+    /// Opens a folder; the path may end in "/". Fails for everything that is not a folder.
     result Construct(const Osp::Base::String& path);
 
     /// A new enumerator over the entries, sorted by name, without "." and ".."; the caller deletes
     /// it. Null on failure.
     DirEnumerator* ReadN();
 
-    /// Fails if the folder exists already. The host says why a folder cannot be made.
+    /// Fails if the folder exists already. If it cannot be made, the host tells the user why.
     static result Create(const Osp::Base::String& path, bool createParentFolders);
 
 private:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The phone's microphone and its player of sound files. Every callback comes on the event thread,
-// between two user events; none comes from an object that was closed or deleted, but for the end of
-// the clip after an error.
+// The phone's microphone and its player of sound files. Callbacks come on the event thread, between
+// two user events. An object that was closed or deleted makes none, except for the end of the clip
+// after an error.
 #pragma once
 
 #include "HostSound.h"
@@ -34,11 +34,11 @@ class IAudioInEventListener {
 public:
     virtual ~IAudioInEventListener() = default;
 
-    /// Position 0; the limit is the number of bytes filled. The buffer is the listener's
-    /// again.
+    /// A buffer was filled: its position is 0, its limit the number of bytes. It is no longer
+    /// queued, and the listener may use it again.
     virtual void OnAudioInBufferIsFilled(Osp::Base::ByteBuffer* buffer) = 0;
 
-    /// The microphone was lost. What it had heard was delivered before this, in a last, partly
+    /// The microphone was lost. The samples from before were delivered already, in a last, partly
     /// filled buffer. The recorder counts as recording until it is stopped.
     virtual void OnAudioInErrorOccurred(AudioInErrorReason reason) = 0;
     virtual void OnAudioInInterrupted() = 0;
@@ -52,25 +52,25 @@ public:
     AudioIn(const AudioIn&) = delete;
     AudioIn& operator=(const AudioIn&) = delete;
 
-    /// Silences the microphone; no buffer is delivered any more.
+    /// Stops the microphone without delivering a buffer.
     ~AudioIn() override;
 
     /// @param listener  not owned
     result Construct(IAudioInEventListener& listener);
 
-    /// The phone's own format only: its microphone, 16 bits, mono, 16000 Hz.
+    /// Accepts only the phone's own format: its microphone, 16 bits, mono, 16000 Hz.
     result Prepare(AudioInputDevice device,
                    AudioSampleType sampleType,
                    AudioChannelType channelType,
                    int32_t rateHz);
 
-    /// Queues an empty buffer (not owned) with room for one sample at least. Sound that comes while
-    /// none is queued waits for the next.
+    /// Queues an empty buffer (not owned) with room for at least one sample. Sound that comes while
+    /// no buffer is queued waits for the next one.
     result AddBuffer(Osp::Base::ByteBuffer* buffer);
     result Start();
 
-    /// Delivers what was heard until now, the last buffer filled in part, and only then counts as
-    /// stopped: the last word is in the take.
+    /// First delivers the samples so far (the last buffer may be partly filled), so that the last
+    /// word is in the take; then stops.
     result Stop();
 
     /// Stops, forgets the queued buffers, and delivers nothing.
@@ -84,36 +84,36 @@ private:
     void onSamples() override;
     void onDeviceLost() override;
 
-    /// Fills the first queued buffer and takes it out of the queue; null if nothing was heard.
+    /// Fills the first queued buffer and removes it from the queue; null if there are no samples.
     Osp::Base::ByteBuffer* fillNext();
 
-    /// Calls the listener, which may delete this object. The host says if the listener could not
-    /// write a buffer to the disk, once for each recording.
+    /// Calls the listener, which may delete this object. If the listener could not write the buffer
+    /// to the disk, tells the user, once for each recording.
     void handOver(Osp::Base::ByteBuffer* filled);
     bool deliverRest();
 
     static void sayCutShort();
 
-    /// Reports how much of a take is kept that was cut short, if it was.
+    /// If the take was cut short, tells the user how much of it is kept.
     void sayHowMuchIsKept() const;
 
-    /// Reports the loss of the microphone, if it was lost. Called only when it is known what
-    /// happens to the take, because a pause still deletes it.
+    /// Tells the user of the loss of the microphone, if it was lost. Called only once it is known
+    /// whether the take is kept: a pause would delete it.
     void sayLoss(bool isTakeKept);
     void silence();
     void release();
 
-    // Of the current recording.
-    static int32_t cutBy;      // the system's number of the error that cut it short; 0: none
-    static int64_t keptBytes;  // of its file, if it was cut short
+    // For the current recording.
+    static int32_t cutBy;      // errno of the error that has cut it short; 0: none
+    static int64_t keptBytes;  // length of its file, if it was cut short
 
     IAudioInEventListener* listener = nullptr;
     std::deque<Osp::Base::ByteBuffer*> queue;
     AudioInState state = AUDIOIN_STATE_INITIALIZED;
     bool isMicrophoneHeld = false;  // prepared, and not released yet
-    bool isLossUnsaid = false;      // the microphone died in the current recording
-    int64_t heardSamples = 0;       // in the buffers that were filled in the current recording
-    bool* deletedMark = nullptr;    // of the current delivery: a listener may delete this object
+    bool isLossUnsaid = false;      // the microphone was lost, and the user was not told yet
+    int64_t heardSamples = 0;       // samples in the current recording's filled buffers
+    bool* deletedMark = nullptr;    // the destructor sets it: a listener may delete this object
 };
 
 enum PlayerState {
@@ -138,8 +138,8 @@ public:
     virtual void OnPlayerEndOfClip() = 0;
     virtual void OnPlayerBuffering(int32_t percent) = 0;
 
-    /// The speaker was lost. OnPlayerEndOfClip follows even if the player is closed in here, but
-    /// not if it is deleted or plays again.
+    /// The speaker was lost. OnPlayerEndOfClip follows, even if this callback closes the player,
+    /// but not if it deletes the player or plays again.
     virtual void OnPlayerErrorOccurred(PlayerErrorReason reason) = 0;
     virtual void OnPlayerInterrupted() = 0;
     virtual void OnPlayerReleased() = 0;
@@ -159,18 +159,18 @@ public:
     ~Player() override;
 
     /// @param listener     not owned
-    /// @param videoBuffer  null: there is nothing to see
+    /// @param videoBuffer  null: the player has no picture
     result Construct(IPlayerEventListener& listener, const void* videoBuffer);
 
-    /// Reads a sound of the plain form (44 bytes of header, 16 bits, mono, any usual rate) and
-    /// refuses every other. The result reports everything: OnPlayerOpened is not called.
-    /// @param isAsync  must be false: nothing is opened in the background
+    /// Reads a WAV file of the plain form (44 bytes of header, 16 bits, mono, any usual rate) and
+    /// refuses every other. The result tells if it worked; OnPlayerOpened is not called.
+    /// @param isAsync  must be false
     result OpenFile(const Osp::Base::String& path, bool isAsync);
 
     /// 0 to kMaxVolume.
     result SetVolume(int32_t level);
 
-    /// From the beginning, or where it was paused.
+    /// Plays from the beginning, or from where it was paused.
     result Play();
     result Pause();
     result Stop();
@@ -187,7 +187,7 @@ private:
     std::shared_ptr<const HostClip> clip;
     int32_t volume = kMaxVolume;
     PlayerState state = PLAYER_STATE_INITIALIZED;
-    bool* deletedMark = nullptr;  // of the error being told: a listener may delete this object
+    bool* deletedMark = nullptr;  // the destructor sets it: a listener may delete this object
 };
 
 }  // namespace Osp::Media

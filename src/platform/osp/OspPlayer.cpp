@@ -39,7 +39,7 @@ int32_t word(const Header& header, size_t off, int32_t bytes) {
     return static_cast<int32_t>(value);
 }
 
-/// The size in the RIFF header is not looked at: it says nothing that the data size does not say.
+/// Does not check the size in the RIFF header: the data size is enough.
 bool isPlainSound(const Header& header, int32_t rateHz, int32_t dataBytes) {
     return hasText(header, 0, "RIFF") && hasText(header, 8, "WAVE") &&
            hasText(header, 12, "fmt ") && word(header, 16, 4) == 16 && word(header, 20, 2) == 1 &&
@@ -49,7 +49,7 @@ bool isPlainSound(const Header& header, int32_t rateHz, int32_t dataBytes) {
            dataBytes >= 0 && dataBytes <= kMaxDataBytes && dataBytes % kSampleBytes == 0;
 }
 
-/// -1 if that cannot be found out.
+/// -1 if it cannot be found out.
 int32_t bytesAfterHeader(File& file) {
     const bool measured = file.Seek(Osp::Io::FILESEEKPOSITION_END, 0) == E_SUCCESS;
     const int32_t end = measured ? file.Tell() : -1;
@@ -59,7 +59,7 @@ int32_t bytesAfterHeader(File& file) {
                : -1;
 }
 
-/// Null for everything that is no plain sound. A file cut short plays as far as it goes.
+/// Null if it is not a plain WAV file. Of a file that is cut short, what is there is played.
 std::shared_ptr<const HostClip> readClip(const String& path) {
     File file;
     Header header{};

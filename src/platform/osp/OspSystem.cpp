@@ -11,8 +11,7 @@ namespace Osp::System {
 
 namespace {
 
-// The largest number of bytes that a signed 32-bit integer holds; more free space is reported as
-// this.
+// More free space is reported as this: the largest signed 32-bit number.
 constexpr int64_t kMaxBytesReported = 0x7FFFFFFF;
 
 }  // namespace

@@ -30,14 +30,14 @@ public:
 
 class SettingInfo {
 public:
-    /// Knows "SilentMode"; any other key fails and leaves value alone.
+    /// Knows "SilentMode". For any other key it fails and does not change value.
     static result GetValue(const Osp::Base::String& key, bool& value);
 };
 
 class RuntimeInfo {
 public:
     /// Knows "AvailableInternalStorage" and "AvailableExternalStorage", in bytes, at most
-    /// 0x7FFFFFFF. Fails and leaves value alone when the amount is unknown.
+    /// 0x7FFFFFFF. Fails without changing value if the amount is unknown.
     static result GetValue(const Osp::Base::String& key, int64_t& value);
 };
 

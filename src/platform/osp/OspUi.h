@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The phone's touches, keys and the frame that they arrive at.
+// The phone's touches and keys, and the frame that receives them.
 #pragma once
 
 #include "OspBase.h"
@@ -14,7 +14,7 @@ enum KeyCode { KEY_SIDE_UP = 1, KEY_SIDE_DOWN = 2 };
 
 enum Orientation { ORIENTATION_NONE = 0, ORIENTATION_PORTRAIT = 1 };
 
-/// Anything that events can come from.
+/// The source of an event.
 class Control : public Osp::Base::Object {};
 
 class TouchEventInfo {

@@ -16,7 +16,7 @@ namespace Osp::Io {
 
 namespace {
 
-// As many links in a row as a Linux kernel follows; more of them is a circle.
+// As many links in a row as Linux follows; more are taken for a circle.
 constexpr int32_t kMaxLinks = 40;
 
 struct Root {
@@ -25,7 +25,7 @@ struct Root {
     bool writable;
 };
 
-// The first that fits and is mapped counts.
+// The first row that fits and whose folder is mapped is used.
 constexpr std::array<Root, 4> kRoots = {{
     {"/Res", &HostFolders::res, false},
     {"/Home/Murmelo", &HostFolders::soundFolder, true},
@@ -38,7 +38,7 @@ bool liesUnder(std::string_view path, std::string_view root) {
            (path.size() == root.size() || path[root.size()] == '/');
 }
 
-/// Puts the parts of a path on the stack, the first part on top.
+/// Pushes the parts of a path onto the stack, with the first part on top.
 void pushParts(std::vector<std::string>& stack, std::string_view path) {
     while (!path.empty()) {
         const size_t slash = path.rfind('/');
@@ -57,14 +57,15 @@ bool hasParentStep(const std::vector<std::string>& parts) {
     return false;
 }
 
-/// Where a symbolic link points to; empty if the path is no link.
+/// The target of a symbolic link; empty if the path is not a link.
 std::string linkTarget(const std::string& path) {
     std::array<char, PATH_MAX> target = {};
     const ssize_t count = readlink(path.c_str(), target.data(), target.size());
     return count > 0 ? std::string(target.data(), static_cast<size_t>(count)) : std::string();
 }
 
-/// Walks the parts from the root on, following links by hand; empty if the way leads out.
+/// Joins the parts below the root, and follows each link on the way. Empty if a link leads out of
+/// the root.
 std::string resolve(const std::string& root, std::vector<std::string> parts, LastLink lastLink) {
     std::string real = root;
     std::vector<size_t> parents;  // length of the real path before each step down
@@ -97,8 +98,8 @@ std::string resolve(const std::string& root, std::vector<std::string> parts, Las
     return real;
 }
 
-/// The same way with its links as they are, for the system to follow. The program's own files may
-/// each be installed as a link to anywhere; nothing is written through them.
+/// Joins the parts below the root and leaves the links to the system. For the program's own files:
+/// each may be installed as a link to anywhere, and none is written.
 std::string unresolved(const std::string& root, std::vector<std::string> parts) {
     std::string real = root;
     for (; !parts.empty(); parts.pop_back()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which rows of a picture were written since somebody last looked at them.
+// Marks the rows of a picture that were written since the last clear().
 #pragma once
 
 #include <algorithm>
@@ -11,17 +11,17 @@ namespace Osp::Graphics {
 
 class RowMarks {
 public:
-    /// Neighbouring rows; none if count is 0.
+    /// A run of neighbouring rows; none if count is 0.
     struct Run {
         int32_t first;
         int32_t count;
     };
 
-    /// No row of that many is marked.
+    /// @param rows  of the picture; at first none is marked
     explicit RowMarks(int32_t rows)
         : marks(static_cast<size_t>(rows), kClean) {}
 
-    /// What lies outside the picture is left out.
+    /// Marks count rows from first on; rows outside the picture are ignored.
     void mark(int32_t first, int32_t count) {
         const int32_t begin = std::max(first, 0);
         const int32_t end = static_cast<int32_t>(
@@ -37,7 +37,7 @@ public:
 
     bool none() const { return high == 0; }
 
-    /// The first run of marked rows that begins at row from or below it.
+    /// The next run of marked rows at or after row from.
     Run next(int32_t from) const {
         const auto end = marks.begin() + high;
         const auto first =
@@ -59,8 +59,8 @@ private:
     static constexpr uint8_t kWritten = 1;
 
     std::vector<uint8_t> marks;
-    int32_t low = static_cast<int32_t>(marks.size());  // no row above it is marked
-    int32_t high = 0;                                  // nor this one or any below it
+    int32_t low = static_cast<int32_t>(marks.size());  // no row before it is marked
+    int32_t high = 0;                                  // nor is this row or any after it
 };
 
 }  // namespace Osp::Graphics

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Work that may take long, on threads of its own: reading a file from a slow disk, waiting for a
-// dialog. What comes of it is dealt with on the event thread.
+// dialog. Its result is handled on the event thread.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +13,10 @@ class Errands {
 public:
     using Wake = std::function<void()>;
 
-    /// Runs on the event thread. Returns whether it delivered a callback.
+    /// Handles the result, on the event thread. Returns true if it delivered a callback.
     using Result = std::function<bool()>;
 
-    /// Runs on a thread of its own, and may never end.
+    /// The work, on a thread of its own; it may never end. Returns what handles its result.
     using Work = std::function<Result()>;
 
     /// @param wake  rouses the event thread; called on other threads
@@ -24,26 +24,27 @@ public:
     Errands(const Errands&) = delete;
     Errands& operator=(const Errands&) = delete;
 
-    /// Results that still come are dropped.
+    /// Does not wait for work that still goes on; its results are dropped.
     ~Errands();
 
     void start(Work work);
 
-    /// Deals with what has come, up to the first result that delivers a callback. True if one did.
+    /// Handles the results that have come, up to the first one that delivers a callback. True if
+    /// one did.
     bool deliver();
 
-    /// True while there is work whose result was not dealt with.
+    /// True while there is work whose result was not handled yet.
     bool isBusy();
 
-    /// Waits for the work that goes on, for at most so long, and deals with what comes of it. False
-    /// if something still goes on.
+    /// Waits until all work is done, for at most that time, and delivers the results. False if some
+    /// work still goes on.
     bool finish(int64_t ms);
 
 private:
     struct Shared {
         std::mutex mutex;
         std::deque<Result> results;
-        Wake wake;  // empty once there is no one to rouse
+        Wake wake;  // empty after the end: there is no event thread to rouse
         int pieces = 0;
     };
 

@@ -54,7 +54,8 @@ void EventWait::wait(int64_t ms) {
     }
 }
 
-/// With the other drivers SDL itself only checks again and again, a thousand times a second.
+/// Checks every kLookMs. With the drivers that cannot wait SDL itself would check a thousand times
+/// a second.
 void EventWait::look(int64_t ms) {
     int64_t leftMs = ms;
     for (;;) {

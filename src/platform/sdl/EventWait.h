@@ -28,21 +28,21 @@ public:
 
     ~EventWait() { end(); }
 
-    /// Once, when SDL's video runs: from then on the program can be roused.
+    /// Call it once, when SDL's video runs. After that rouse() works.
     void begin();
 
-    /// Rouses no more: SDL may be shut down.
+    /// After this rouse() does nothing, and SDL may be shut down.
     void end();
 
-    /// Sleeps until there is an event in SDL's queue, which stays there, or ms have passed. Not at
-    /// all if the program was roused since the last call of listen().
+    /// Sleeps until there is an event in SDL's queue, or ms have passed; the event stays in the
+    /// queue. Returns at once if rouse() was called since the last listen().
     /// @param ms  greater than 0, or kForever
     void wait(int64_t ms);
 
     /// Ends the current wait, or the next one. Called on any thread.
     void rouse();
 
-    /// Call it before looking at what the program may be roused for. A rousing from now on ends the
+    /// Call it before looking for the things that rouse() announces. A rouse() after this ends the
     /// next wait(), even if its event is taken out of SDL's queue before.
     void listen();
 
@@ -54,7 +54,7 @@ private:
     bool driverWaits = false;
     Nap doNap;
 
-    std::mutex mutex;  // of what follows
+    std::mutex mutex;  // protects the two fields that follow
     std::condition_variable rousing;
     uint32_t rousingEvent = 0;  // 0: the program cannot be roused
     bool roused = false;        // since the last call of listen()

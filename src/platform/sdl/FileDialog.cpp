@@ -87,7 +87,7 @@ public:
         });
     }
 
-    /// A path: bytes that end with 0, for it need not be valid text.
+    /// Adds a path as bytes that end with 0, because it need not be valid text.
     void addPath(const char* name, const std::string& path) {
         add(name, "ay", [&](DBusMessageIter* value) {
             DBusMessageIter bytes;
@@ -99,7 +99,7 @@ public:
         });
     }
 
-    /// Files of one kind only, and all of them on request of the user.
+    /// Shows files of one kind only, until the user asks for all of them.
     void addFilter(const char* title, const char* mimeType) {
         add("filters", "a(sa(us))", [&](DBusMessageIter* value) {
             DBusMessageIter filters;
@@ -127,7 +127,8 @@ private:
     DBusMessageIter entries{};
 };
 
-/// The first address in a dialog's answer: (u a{sv}), among the values "uris" of type as.
+/// The first address in a dialog's answer. The answer is (u a{sv}) in D-Bus's notation; the
+/// addresses are its value "uris", of type as.
 FileDialog::Answer read(DBusMessage* response) {
     DBusMessageIter part;
     DBusMessageIter entries;
@@ -167,7 +168,7 @@ FileDialog::Answer read(DBusMessage* response) {
     return {Kind::kCancelled, ""};
 }
 
-/// True if the desktop's dialogs have left the bus: then no answer comes any more.
+/// True if the service that shows the dialogs has left the bus: then no answer will come.
 bool isEndOfService(DBusMessage* message) {
     const char* name = nullptr;
     const char* before = nullptr;

@@ -23,7 +23,7 @@ public:
     /// @param filter  name of the kind of files that it shows
     static Answer open(const std::string& title, const std::string& filter);
 
-    /// Asks where to save. Whether an existing file is to be replaced is asked by the dialog.
+    /// Asks where to save. If the file exists, the dialog itself asks if it may be replaced.
     /// @param name    of the file, as a proposal
     /// @param folder  where the dialog begins
     static Answer

@@ -12,10 +12,11 @@
 
 namespace {
 
-// The shell looks for the program where the user's PATH says, and becomes it.
+// The shell finds the program by the user's PATH and is replaced by it.
 constexpr const char* kScript = "exec xdg-open \"$1\" </dev/null >/dev/null 2>&1";
 
-// What goes wrong after so long was shown before: on some desktops it ends with the file manager.
+// A failure after more than this is ignored: the folder was shown. On some desktops xdg-open ends
+// only when the file manager does, with any result.
 constexpr std::chrono::seconds kFailsWithin{30};
 
 bool succeeds(pid_t child) {

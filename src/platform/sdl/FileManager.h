@@ -6,9 +6,10 @@
 
 class FileManager {
 public:
-    /// Shows a folder in a window of its own, which outlives this program. Waits for xdg-open,
-    /// which on some desktops lasts as long as that window: not for the event thread.
+    /// Shows a folder in a window of its own, which stays when this program ends. Waits for
+    /// xdg-open, which on some desktops ends only with that window: never call it on the event
+    /// thread.
     /// @param folder  an absolute path
-    /// @returns false if the machine has no xdg-open, or that says that it failed
+    /// @returns false if the machine has no xdg-open, or xdg-open reports an error
     static bool show(const std::string& folder);
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Asks for the names of all microphones without holding anything up, again if the devices change
-// meanwhile.
+// Asks for the names of all microphones without waiting; if the devices change meanwhile, asks
+// again.
 #pragma once
 
 #include "SdlAudio.h"
@@ -24,12 +24,12 @@ public:
 
     void ask();
 
-    /// The names that were asked for, once; nothing before they have come.
+    /// Returns the names once, when they have come; before that, and after it, no value.
     std::optional<std::vector<std::string>> take();
 
 private:
     SdlAudio& audio;
     Wake wake;
-    std::shared_ptr<SdlAudio::Listing> listing;  // null: none is asked for
-    bool isOutdated = false;                     // it was asked for again
+    std::shared_ptr<SdlAudio::Listing> listing;  // the current question; null: none
+    bool isOutdated = false;                     // ask() was called again meanwhile
 };

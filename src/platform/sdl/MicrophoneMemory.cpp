@@ -20,7 +20,7 @@ MicrophoneMemory::MicrophoneMemory(const std::string& folder)
 std::string MicrophoneMemory::read() const {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) {
-        return "";  // a pipe would wait for its other end
+        return "";  // reading a pipe would wait for its writer
     }
     std::ifstream file(path);
     std::string name;

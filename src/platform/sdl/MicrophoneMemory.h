@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The microphone that the user has chosen in the program: remembered by its name.
+// Stores the name of the microphone that the user has chosen, for later starts.
 #pragma once
 
 #include "Problem.h"
@@ -11,10 +11,10 @@ public:
     /// @param folder  of the settings; empty: nothing is remembered
     explicit MicrophoneMemory(const std::string& folder);
 
-    /// Empty: the system's default.
+    /// The stored name; empty: the system's default.
     std::string read() const;
 
-    /// @returns why it cannot be remembered
+    /// @returns why it cannot be stored
     Problem write(const std::string& name) const;
 
 private:

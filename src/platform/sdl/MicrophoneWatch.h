@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Tells the user when the microphone of the recordings goes away and when it is back, also between
-// recordings.
+// Tells the user when the microphone that recordings use is removed and when it is back, also
+// between recordings.
 #pragma once
 
 #include "HostMessage.h"
@@ -16,30 +16,32 @@ public:
     explicit MicrophoneWatch(Tell tell)
         : tell(std::move(tell)) {}
 
-    /// This one is there, and is watched from now on. If it was gone, that it is back is told.
-    /// @param newName  empty: it is not known, and nothing changes
+    /// This microphone is there; watches it from now on. If it was gone, tells the user that it is
+    /// back.
+    /// @param newName  empty: not known; then nothing changes
     void isThere(const std::string& newName);
 
-    /// This one is gone, and the user was told so. It is watched from now on.
-    /// @param newName  empty: it is not known, and nothing changes
+    /// This microphone is gone, and the user knows it; watches it from now on.
+    /// @param newName  empty: not known; then nothing changes
     void isGone(const std::string& newName);
 
-    /// None is watched any more.
+    /// Ends the watching.
     void forget() { name.clear(); }
 
-    /// The devices have changed; these are the names of all microphones.
+    /// Call it when the devices have changed. @param names of all microphones
     void listed(const std::vector<std::string>& names);
 
-    /// The same while a recording goes on, which tells by itself what it loses.
+    /// The same during a recording, which itself tells of a loss.
     void listedWhileRecording(const std::vector<std::string>& names);
 
 private:
     bool isAmong(const std::vector<std::string>& names) const;
 
     Tell tell;
-    std::string name;   // of the one that is watched; empty: none
-    bool gone = false;  // and the user knows
+    std::string name;   // of the watched microphone; empty: none
+    bool gone = false;  // true: it is gone, and the user knows it
 
-    // No list had it since it is gone. The list of a server that has ended is that of before.
+    // True if a list since then did not have it. Only then a list can bring it back: after the end
+    // of a sound server its old list is still returned.
     bool wasMissing = false;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What later starts of the program in the same home want of this one: its window in front, and
-// their files as its take.
+// Serves later starts of the program in the same home: puts this program's window in front, and
+// makes the file that they were given its take.
 #pragma once
 
 #include "SdlDoors.h"
@@ -17,17 +17,17 @@ public:
     /// @param wake  rouses the event thread; called on another thread
     explicit OtherStarts(std::function<void()> wake);
 
-    /// From now on, for this home.
+    /// Listens from now on, for this home.
     void open(const std::string& home) { socket.open(home); }
 
-    /// On the event thread: does what was asked for since the last call.
+    /// Does what other starts have asked for since the last call. On the event thread.
     void deliver(SdlWindow& window, SdlDoors& doors);
 
 private:
     void add(const std::string& file);
 
     std::function<void()> wake;
-    std::mutex mutex;  // of the two that follow
+    std::mutex mutex;  // protects the two fields that follow
     bool isAsked = false;
     std::vector<std::string> files;  // full paths
 

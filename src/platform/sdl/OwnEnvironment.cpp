@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What the user had in place of each variable that was set; nothing: it was not there.
+/// The user's value of each variable that this program has set; no value: the user had not set it.
 std::map<std::string, std::optional<std::string>>& before() {
     static std::map<std::string, std::optional<std::string>> variables;
     return variables;

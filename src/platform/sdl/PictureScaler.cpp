@@ -65,7 +65,8 @@ std::vector<PictureScaler::Cover>
 PictureScaler::covers(int32_t windowPixels, int32_t first, int32_t programPixels) {
     std::vector<Cover> covers(static_cast<size_t>(windowPixels));
     for (int32_t i = 0; i < windowPixels; i++) {
-        // In units of 1 / windowPixels of a program's pixel: this one covers from .. to.
+        // The window's pixel i covers from .. to, in units of 1 / windowPixels of a program's
+        // pixel.
         const int64_t from = int64_t{i} * programPixels;
         const int64_t to = from + programPixels;
         const int64_t pixel = from / windowPixels;
@@ -81,7 +82,7 @@ PictureScaler::covers(int32_t windowPixels, int32_t first, int32_t programPixels
     return covers;
 }
 
-/// Valid until the next but one row is asked for.
+/// A row of the program, scaled to the window's columns. Valid until two other rows were asked for.
 const std::vector<uint32_t>&
 PictureScaler::lineOf(const Part& part, const uint16_t* picture, int32_t row) {
     Line& line = lines[static_cast<size_t>(row) % lines.size()];
@@ -133,9 +134,9 @@ void PictureScaler::drawPart(const Part& part,
     const PicturePlace& place = part.place;
     const auto width = static_cast<size_t>(place.width);
     for (Line& line : lines) {
-        line.row = -1;  // the picture is another one
+        line.row = -1;  // forget the rows of the last picture
     }
-    const Cover* above = nullptr;  // of the row above, if that was drawn
+    const Cover* above = nullptr;  // what the row above covers; null if it was not drawn
     for (int32_t y = 0; y < place.height; y++) {
         const Cover& cover = part.rows[static_cast<size_t>(y)];
         if (!isChanged(cover.first) && !isChanged(cover.second)) {
@@ -156,7 +157,8 @@ void PictureScaler::drawPart(const Part& part,
     }
 }
 
-/// Fills a row of the window where no part lies: a part's pixels are all drawn.
+/// Fills the pixels of a window's row outside strip and picture; those of strip and picture are
+/// drawn later.
 void PictureScaler::clearBeside(int32_t y, uint32_t* row, int32_t windowWidth) const {
     int32_t x = 0;
     for (const Part& part : parts) {  // from left to right where they lie side by side

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The display's 480 x 800 picture in a window of any size: its pixels there.
+// Scales the display's 480 x 800 picture to a window of any size.
 //
 // The program's pixels are doubled on the display, so strip and picture have 240 x 80 and 240 x 320
-// of them. Each of the window's pixels is the mean of what it covers: the same as repeating the
-// program's pixels to the next whole multiple and shrinking that smoothly. At a whole multiple each
-// is repeated exactly.
+// of them. Each of the window's pixels is the mean of what it covers: the same as enlarging to the
+// next whole multiple by repeating pixels, and then shrinking smoothly. At a whole multiple each is
+// repeated exactly.
 #pragma once
 
 #include "Host.h"
@@ -20,7 +20,8 @@ public:
     static constexpr uint32_t kBesideRgb = 0x180C14;
 
     /// Draws the picture, and kBesideRgb around it.
-    /// @param picture       the upper ones of the display's doubled rows: 400 of 480, no padding
+    /// @param picture       the upper row of each equal pair of the display: 400 rows of 480, no
+    /// gap
     /// @param target        windowWidth x windowHeight pixels 0x00RRGGBB
     /// @param stridePixels  from row to row
     void draw(const uint16_t* picture,
@@ -31,8 +32,9 @@ public:
 
     /// Draws the changed rows again, into a target that has held the whole picture since a draw()
     /// of the same size.
-    /// @param changed  the display's rows; of the doubled ones the upper ones count
-    /// @returns where it has drawn: of the strip from the top down, then of the picture
+    /// @param changed  rows of the display; only the upper row of each equal pair is looked at
+    /// @returns the places that it has drawn: first those in the strip from the top down, then
+    /// those in the picture
     std::vector<PicturePlace> drawChanged(const uint16_t* picture,
                                           uint32_t* target,
                                           int32_t stridePixels,

@@ -9,7 +9,7 @@
 struct PngIcon {
     static constexpr int32_t kPixelBytes = 4;
 
-    /// False if there is none, or it is no PNG of a small size.
+    /// False if there is no such file, or it is not a small PNG.
     bool read(const std::string& path);
 
     int32_t width = 0;

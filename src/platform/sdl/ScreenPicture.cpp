@@ -32,7 +32,7 @@ bool renameToFirstFree(const std::string& fresh, const std::string& folder, std:
 Problem ScreenPicture::write(const std::string& folder,
                              const std::vector<uint8_t>& png,
                              std::string& path) {
-    // The file that cannot be made says why.
+    // No check here: without the folder the file cannot be made, and that error is reported.
     static_cast<void>(SafeFile::makeFolders(folder));
     std::string fresh;
     const int file = SafeFile::createBeside(folder + "/screen.png", fresh);

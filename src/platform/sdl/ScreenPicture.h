@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures of the screen that the user takes, beside the sounds.
+// Writes pictures of the screen that the user takes, into the folder of sounds.
 #pragma once
 
 #include "Problem.h"

@@ -11,8 +11,8 @@
 
 namespace {
 
-// A healthy device needs half of this: before it is closed it plays what it has taken, up to three
-// of its chunks.
+// How long closing a device may take. A healthy one needs half of this, because it first plays the
+// samples that it has taken, up to three of its chunks.
 constexpr int32_t kClosingMs = 1500;
 
 int isCapture(SdlAudio::Kind kind) {
@@ -61,7 +61,7 @@ bool SdlAudio::has(Kind kind) {
     if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kPatienceMs))) {
         return false;
     }
-    // A negative count: there may be some that cannot be listed.
+    // A negative count means that there may be devices, but that they cannot be listed.
     const bool isAny = SDL_GetNumAudioDevices(isCapture(kind)) != 0;
     work->system.unlock();
     return isAny;
@@ -153,7 +153,8 @@ uint32_t SdlAudio::open(Kind kind, const std::string& name, const SDL_AudioSpec&
     return device;
 }
 
-/// Another thread may end SDL's sound as soon as the lock is free and no device is counted.
+/// Opens a device and counts it under one lock: without the lock, and with no device counted,
+/// another thread may end SDL's sound.
 uint32_t
 SdlAudio::openCounted(Work& shared, Kind kind, const char* name, const SDL_AudioSpec& wanted) {
     const std::lock_guard<std::timed_mutex> lock(shared.system);
@@ -193,7 +194,7 @@ SdlAudio::tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wan
         if (opening->abandoned) {
             closeCounted(*shared, device);
         } else {
-            SDL_PauseAudioDevice(device, 0);  // at once: until then it plays silence
+            SDL_PauseAudioDevice(device, 0);  // at once: a device begins paused
         }
     });
     const std::lock_guard<std::mutex> lock(opening->mutex);
@@ -229,7 +230,8 @@ void SdlAudio::openInto(Opening& opening,
     bool isReady = makeReady(shared);
     for (int32_t tries = 0; isReady && device == 0 && tries < 2; tries++) {
         if (tries > 0) {
-            // What SDL knows of a server that has gone away says nothing about the one that came.
+            // SDL's list of devices is that of a server that may have ended. Starting SDL's sound
+            // again finds the new one.
             const std::lock_guard<std::timed_mutex> lock(shared.system);
             if (shared.openDevices > 0) {
                 break;
@@ -241,7 +243,7 @@ void SdlAudio::openInto(Opening& opening,
         const std::lock_guard<std::timed_mutex> lock(shared.system);
         const std::vector<std::string> known =
             isReady ? listNames(Kind::kMicrophone) : std::vector<std::string>();
-        // SDL itself would open the default as well, and say nothing.
+        // Checked here because SDL itself would open the default without telling.
         usedDefault = !name.empty() && std::find(known.begin(), known.end(), name) == known.end();
         const char* wantedName = name.empty() || usedDefault ? nullptr : name.c_str();
         device = isReady ? openLocked(shared, Kind::kMicrophone, wantedName, wanted) : 0;

@@ -36,13 +36,13 @@ public:
 
     std::vector<std::string> names(Kind kind);
 
-    /// The names of devices that are being asked for on another thread.
+    /// A list of device names that another thread is asking for.
     class Listing {
     public:
-        /// True once the names are known, or that they cannot be.
+        /// True once the names are known, or it is known that they cannot be.
         bool isDone();
 
-        /// The system's default comes first. Once isDone().
+        /// The names, the system's default first. Call it once isDone() returns true.
         std::vector<std::string> names();
 
     private:
@@ -53,8 +53,7 @@ public:
         std::vector<std::string> found;
     };
 
-    /// Asks for the names without holding anything up: a sound server that has stalled may never
-    /// say them.
+    /// Asks for the names without waiting: a sound server that has stalled may never return them.
     /// @param wake  called on another thread when they are known
     std::shared_ptr<Listing> namesLater(Kind kind, std::function<void()> wake);
 
@@ -62,7 +61,7 @@ public:
     std::string defaultName(Kind kind);
 
     /// True if SDL itself has stopped a device that it opened: it was removed, or its server ended.
-    /// False for a device that runs, whatever an older event says.
+    /// False for a device that runs, even if an older event says that it has ended.
     static bool hasDied(uint32_t device);
 
     /// Opens a device in exactly the format wanted (SDL converts) and lets it run.
@@ -76,17 +75,18 @@ public:
         /// True once it is known whether the device could be opened.
         bool isDone();
 
-        /// SDL's number of the device, which is the caller's from now on; 0 if it could not be
-        /// opened.
+        /// SDL's number of the device; 0 if it could not be opened. After this the caller owns the
+        /// device and must close it.
         uint32_t take();
 
         /// Why it could not be opened, in SDL's words.
         std::string reason();
 
-        /// The device of that name was missing, and the system's default was opened.
+        /// True if the device of that name was missing, and the system's default was opened.
         bool isFallback();
 
-        /// The device is not needed any more: it is closed, now or when it has been opened.
+        /// The caller does not need the device any more. If it is still being opened, it is closed
+        /// after that; if it was opened, take() still returns it.
         void abandon();
 
     private:
@@ -101,25 +101,25 @@ public:
         std::string error;
     };
 
-    /// Opens a microphone in exactly the format wanted, without holding anything up. Where the
-    /// sound system has gone away and come back, it is made ready again.
+    /// Opens a microphone in exactly the format wanted, without waiting. If the sound system has
+    /// ended and is there again, it is made ready again.
     /// @param callbackState  what the device's callback works on; kept until it is opened
-    /// @param wake           called on another thread when it is known what came of it
+    /// @param wake  called on another thread when the opening is done
     std::shared_ptr<Opening> openLater(const std::string& name,
                                        const SDL_AudioSpec& wanted,
                                        std::shared_ptr<void> callbackState,
                                        std::function<void()> wake);
 
-    /// Waits for an opening for so long. True if it is done.
+    /// Waits until an opening is done, for at most ms milliseconds. True if it is done.
     static bool wait(Opening& opening, int32_t ms);
 
-    /// Closes a device on a thread of its own: one whose source has stalled may never close, and
-    /// the window must not wait for it.
+    /// Closes a device on a thread of its own: closing one that has stalled may never end, and the
+    /// window must not wait for it.
     /// @param callbackState  what the device's callback works on; kept until it is closed
     void closeLater(uint32_t device, std::shared_ptr<void> callbackState);
 
-    /// True if the opening or closing of a device never ends. Then nothing of SDL may be shut down
-    /// any more, because that would wait too.
+    /// Waits a moment for devices that are being opened or closed. True if that does not end; then
+    /// SDL must not be shut down, because that would wait too.
     bool isStuck();
 
 private:
@@ -148,13 +148,15 @@ private:
     /// Begins a piece of work on another thread.
     void start(std::function<void()> piece);
 
-    /// Waits until all of it is done. False if it is not after so long.
+    /// Waits until all of the work is done, for at most ms milliseconds. False if it is not done by
+    /// then.
     bool waitForWork(int32_t ms);
 
     uint32_t
     tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wanted, bool& inTime);
 
-    /// Does a piece of work there and waits for it. False after kPatienceMs; then it goes on.
+    /// Does a piece of work on another thread and waits for it. False if it is not done after
+    /// kPatienceMs; the work then goes on.
     bool doPatiently(std::function<void()> piece);
     bool isBusy();
 

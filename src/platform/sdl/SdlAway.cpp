@@ -7,7 +7,8 @@
 
 namespace {
 
-// By then a window manager has noted whether it made the window an icon.
+// How long after the window vanished to ask if it is an icon: by then the window manager has noted
+// it.
 constexpr int64_t kHiddenCheckAfterMs = 100;
 
 }  // namespace
@@ -27,7 +28,7 @@ void SdlAway::handle(const SDL_Event& event, int64_t nowMs) {
 
 void SdlAway::standStill() {
     if (told && (reasons & kStopped) != 0) {
-        std::raise(SIGSTOP);  // the program stands still in here
+        std::raise(SIGSTOP);  // returns when the program is continued
         set(kStopped, false);
     }
 }

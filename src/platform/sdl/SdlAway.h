@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Whether the program is away: its window hidden, or itself suspended.
+// Knows if the program is away (its window is hidden, or the program is suspended), and tells the
+// listener.
 #pragma once
 
 #include "DueTime.h"
@@ -16,19 +17,22 @@ public:
     explicit SdlAway(const SdlWindow& window)
         : window(window) {}
 
-    /// An event of SDL's that can mean that the program is away, or back.
+    /// Looks at an event of SDL's, which may mean that the program is away, or back.
     void handle(const SDL_Event& event, int64_t nowMs);
 
-    /// The user suspends the program: it is told that it is away first.
+    /// The user suspends the program: deliver() then tells it that it is away, and standStill()
+    /// suspends it.
     void stop() { set(kStopped, true); }
 
-    /// Suspends the program if it was told so, and returns when it is let go on.
+    /// Suspends the process if stop() was called and the program was told; returns when the process
+    /// is continued.
     void standStill();
 
-    /// Tells the program if it is away now, or back. @returns whether a callback was delivered
+    /// Tells the program if it is away or back since the last call. @returns true if a callback was
+    /// delivered
     bool deliver(HostListener& listener, int64_t nowMs);
 
-    /// When deliver() has something to find out.
+    /// When to call deliver() although no event has come; DueTime::kNever if not at all.
     int64_t dueMs() const { return hiddenCheckMs; }
 
 private:

@@ -53,7 +53,7 @@ bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* d
     }
 }
 
-/// What the strip offers by a tap as well.
+/// Does what the strip also offers by a tap.
 bool SdlDeeds::onStrip(const KeyDeed& deed) {
     switch (deed.kind) {
     case Kind::kEffect:

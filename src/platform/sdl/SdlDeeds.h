@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Does in the window what a key means.
+// Carries out what a key means (a KeyDeed) in the window.
 #pragma once
 
 #include "KeyRules.h"
@@ -15,7 +15,7 @@ public:
     SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, KeyWalk& walk);
 
     /// @param doors  null: the program has ended
-    /// @returns whether a callback was delivered
+    /// @returns true if a callback was delivered
     bool perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors);
 
 private:

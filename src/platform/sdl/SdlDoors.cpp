@@ -60,7 +60,8 @@ bool SdlDoors::drop(const SDL_Event& event) {
         hasDropped = false;
         return false;
     }
-    // A text is the address of a file, or none of a sound, which is told.
+    // A dropped text is taken for the address of a file. If it is none, the user is told so when it
+    // cannot be read.
     const std::string path = firstLine(event.drop.file);
     SDL_free(event.drop.file);
     if (path.empty() || std::exchange(hasDropped, true)) {
@@ -69,7 +70,7 @@ bool SdlDoors::drop(const SDL_Event& event) {
     if (doors != nullptr) {
         return useFile(path);
     }
-    offer(path);  // the program only begins
+    offer(path);  // the program has not begun yet
     return false;
 }
 
@@ -82,7 +83,7 @@ SdlDoors::ReadSound SdlDoors::read(const std::string& nameOrUri) {
         return sound;
     }
     sound.name = FileUri::nameIn(path);
-    // One more than is used: then it is known whether there was more.
+    // Reads one sample more than is used, to find out if the file is longer.
     const Problem problem = SoundFile::read(path, HostMicrophone::kRateHz,
                                             HostMicrophone::kLongestTakeSamples + 1, sound.samples);
     if (problem) {
@@ -245,7 +246,7 @@ bool SdlDoors::deliver() {
         return true;
     }
     if (!offeredTake.empty() && doors->screenName() == ScreenNames::kRecording) {
-        offeredTake.clear();  // another one is the last take now
+        offeredTake.clear();  // the new recording is the last take now
     }
     if (isOffering && doors->screenName() == ScreenNames::kRecording) {
         isOffering = false;

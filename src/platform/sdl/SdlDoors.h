@@ -20,7 +20,7 @@ class SdlDoors {
 public:
     using Tell = std::function<void(const HostMessage& message)>;
 
-    /// The effect's word in the name of an exported file.
+    /// The word for an effect in the name of an exported file.
     using EffectWord = std::function<std::string(int32_t effect)>;
 
     /// @param folders  where saved sounds and pictures lie; not owned
@@ -35,7 +35,7 @@ public:
     /// @param offered  null: the program has ended
     void setDoors(HostDoors* offered);
 
-    /// What else is to be told of a picture that F12 has written.
+    /// Sets what is called with the path of each picture that takePicture() has written.
     void onPicture(std::function<void(const std::string& path)> told) {
         tellPicture = std::move(told);
     }
@@ -43,22 +43,22 @@ public:
     /// The program has deleted its take.
     void takeIsGone();
 
-    /// A sound file that becomes the take as soon as it is read and the program rests in its menu;
-    /// not any more once a recording has begun, and that is told.
+    /// Reads a sound file, which becomes the take as soon as the program rests in its menu. If a
+    /// recording begins before that, the file is dropped and the user is told.
     /// @param nameOrUri  "voice.wav" or "file:///home/ada/voice.wav"
     void offer(const std::string& nameOrUri);
 
-    /// A file dropped on the window, or a text that is its address: the first one of a drop becomes
-    /// the take.
-    /// @returns whether a callback was delivered
+    /// Handles a drop on the window: its first file, or the file whose address is a dropped text,
+    /// becomes the take.
+    /// @returns true if a callback was delivered
     bool handle(const SDL_Event& event);
 
-    // What keys and the strip wish. Each tells the user what cannot be done, and returns whether a
-    // callback was delivered. Without a program they do nothing.
+    // The operations that keys and the strip ask for. Each tells the user if it cannot be done, and
+    // returns true if a callback was delivered. If the program has ended, they do nothing.
 
     bool save();
 
-    /// Saves the sound unless it is saved already, and asks for a name for a copy of it.
+    /// Saves the sound if it is not saved yet, and asks the user where to put a copy of it.
     bool exportSound();
 
     /// Asks for a sound file. It becomes the take once the user has chosen.
@@ -78,7 +78,7 @@ public:
     /// Writes a picture of the screen into the folder of sounds.
     void takePicture();
 
-    /// Hands over what is ready: a sound that was read, a file that was chosen. @returns whether a
+    /// Hands over what is ready: a sound that was read, a file that was chosen. @returns true if a
     /// callback was delivered
     bool deliver();
 
@@ -91,15 +91,15 @@ public:
     /// True while a dialog is open.
     bool isAsking() const { return isDialogOpen; }
 
-    /// The program ends: waits for a file that is being written, but not for a user. False if
-    /// something still goes on.
+    /// Called when the program ends: waits for files that are being read or written, but not while
+    /// a dialog is open. False if something still goes on.
     bool finish();
 
 private:
     struct ReadSound {
         std::vector<int16_t> samples;
         std::string name;       // of the file, without folders
-        bool isCut = false;     // there was more of it
+        bool isCut = false;     // the file was longer than a take can be
         HostMessage complaint;  // a row without a name: none
     };
 
@@ -125,12 +125,13 @@ private:
     bool isOffering = false;           // a sound waits for the menu
     std::string offeredName;           // of its file, without folders
     std::vector<int16_t> offeredTake;  // the last take; empty: none
-    int64_t newestReading = 0;         // an earlier one that still goes on is not wanted any more
+    int64_t newestReading =
+        0;  // number of the newest reading; the result of an earlier one is dropped
     bool isDialogOpen = false;
     bool bringsBack = false;
-    bool exportsNext = false;  // the next saved sound
-    bool hasDropped = false;   // the first file of a drop came
+    bool exportsNext = false;  // true: the next sound that is saved
+    bool hasDropped = false;   // true: the first file of this drop has come
     int32_t savedBefore = 0;
-    int32_t savedEffect = -1;  // of the sound that was saved last; -1: the take was another
+    int32_t savedEffect = -1;  // of the sound that was saved last; -1: none of this take
     std::function<void(const std::string& path)> tellPicture;
 };

@@ -98,7 +98,8 @@ void SdlDoors::takePicture() {
 void SdlDoors::tellSaved() {
     const int32_t saved = doors != nullptr ? doors->savedCount() : savedBefore;
     if (saved == savedBefore) {
-        // At rest again, and nothing was saved: that failed, and the user was told why.
+        // The program is at rest again and nothing was saved: saving has failed, and the user was
+        // told why.
         if (exportsNext && doors != nullptr && doors->canUseSound()) {
             exportsNext = false;
         }

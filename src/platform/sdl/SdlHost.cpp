@@ -22,7 +22,8 @@ namespace {
 
 constexpr int64_t kUsPerMs = 1000;
 
-// What is still to be read or put onto the disk at the end; a disk that needs longer has stalled.
+// How long the end waits for files that are still being read or synced; a disk that needs longer
+// has stalled.
 constexpr int64_t kFinishMs = 5000;
 
 }  // namespace
@@ -102,7 +103,7 @@ Problem SdlHost::open() {
     if (Problem problem = window.open(options.folders.config, options.fullScreen)) {
         return problem;
     }
-    // Only now: a large file, or one on a slow disk, must not keep the window away.
+    // Only after the window is open: a large file or a slow disk must not delay it.
     if (options.hearsFile) {
         readVoice();
     }
@@ -147,7 +148,7 @@ bool SdlHost::isStuck() {
     return !extraDoors.finish() || !isDone || audio.isStuck();
 }
 
-/// A slow disk must not stop the window.
+/// Syncs the take on another thread, so that a slow disk does not stop the window.
 void SdlHost::settleLater(std::function<Problem()> settle) {
     errands.start([this, settle = std::move(settle)] {
         return [this, problem = settle()] {
@@ -159,7 +160,7 @@ void SdlHost::settleLater(std::function<Problem()> settle) {
     });
 }
 
-/// Until it is read the microphone hears silence.
+/// Reads the sound file that replaces the microphone; until then the microphone delivers silence.
 void SdlHost::readVoice() {
     fileEars.setName(FileUri::nameIn(options.microphone));
     errands.start([this, name = options.microphone] {
@@ -180,7 +181,7 @@ void SdlHost::readVoice() {
     });
 }
 
-/// The silence that stands in for a microphone is no take.
+/// Keeps the take, but not the silence that replaces a missing microphone.
 void SdlHost::recorded(const std::vector<int16_t>& take) {
     if (options.hearsFile || ears.hasHeard()) {
         takes.recorded(take);
@@ -381,7 +382,7 @@ DisplayPoint SdlHost::fromShares(double xShare, double yShare, WindowPart part) 
 }
 
 DisplayPoint SdlHost::fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const {
-    // The middle of the pixel pointed at.
+    // + 0.5: the middle of the pixel under the mouse.
     return window.toDisplay((mouseX + 0.5) / window.widthUnits(),
                             (mouseY + 0.5) / window.heightUnits(), part);
 }

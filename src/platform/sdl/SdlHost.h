@@ -42,9 +42,9 @@ struct SdlOptions {
     HostFolders folders;
     std::string microphone;  // name of a device; empty: the system's default
     std::string speaker;     // name of a device; empty: the system's default
-    bool hearsFile = false;  // it is a sound file instead of a device
+    bool hearsFile = false;  // the microphone is a sound file, not a device
     std::string take;        // a sound file that becomes the take; empty: none
-    bool last = false;       // begins with the take of the last time
+    bool last = false;       // begin with the last take of an earlier run
     SdlDoors::EffectWord effectWord;
     bool silent = false;
     bool fullScreen = false;
@@ -62,8 +62,9 @@ public:
     /// @returns why it failed
     Problem open();
 
-    /// A sound device is stuck, or a file or a dialog is waited for: the program can only end at
-    /// once, without cleaning up after SDL.
+    /// Waits a moment for work on other threads. True if it does not end: a sound device is stuck,
+    /// a disk does not respond, or a dialog is open. Then the process must end at once, without
+    /// shutting down SDL.
     bool isStuck();
 
     int64_t uptimeMs() override;
@@ -84,22 +85,22 @@ public:
 
     void setDoors(HostDoors* offered) override;
 
-    /// The sentence on standard error, the message in the strip.
+    /// Writes the sentence to standard error, and shows the message in the strip.
     void tell(const HostMessage& message, const std::string& sentence) override;
 
-    /// The same with the message in English as the sentence.
+    /// The same; the sentence is the message in English.
     void tell(const HostMessage& message);
 
-    /// What the keys for files do, for whatever else wants it.
+    /// The operations on files, which keys call too.
     SdlDoors& files() { return extraDoors; }
 
     /// The one that is heard: a device, or the file in the place of one.
     HostMicrophone& realMicrophone();
 
-    /// The one chosen; empty: the system's default.
+    /// Name of the chosen microphone; empty: the system's default.
     const std::string& chosenMicrophone() const { return ears.chosen(); }
 
-    /// Records from this one, from the next recording on and at later starts.
+    /// Uses this microphone from the next recording on, and stores it for later starts.
     /// @param name  empty: the system's default
     void useMicrophone(const std::string& name);
 
@@ -138,10 +139,10 @@ private:
     SdlOptions options;
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 
-    std::atomic<bool> endAsked{false};   // by a signal
-    std::atomic<bool> stopAsked{false};  // by a signal
+    std::atomic<bool> endAsked{false};   // a signal asked for the end
+    std::atomic<bool> stopAsked{false};  // a signal asked to suspend the program
     EventWait events;
-    SignalWatch signals;  // its thread comes first and goes last
+    SignalWatch signals;  // before all members that start threads, which inherit its signal mask
 
     MicrophoneMemory microphoneMemory;
     SdlAudio audio;

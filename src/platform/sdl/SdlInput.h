@@ -16,11 +16,12 @@ class SdlPlaces {
 public:
     virtual ~SdlPlaces() = default;
 
-    /// The display's pixel at a place in the window, given as shares of its width and height.
+    /// The display's pixel at a place in the window, given as fractions of its width and height, 0
+    /// to 1.
     /// @param part  that a finger was set down on, as WindowLayout::at()
     virtual DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const = 0;
 
-    /// The same for a place as the mouse counts.
+    /// The same for a place in the mouse's units.
     virtual DisplayPoint fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const = 0;
 };
 

@@ -41,7 +41,7 @@ Name nameOf(SDL_Keycode code) {
     }
 }
 
-/// The digit of the number block, while it types digits; 0 if the key is none of them.
+/// The digit of a key of the number block while Num Lock is on; 0 for other keys.
 char blockDigit(const SDL_Keysym& key) {
     if ((key.mod & kHeldDigits) == 0) {
         return 0;
@@ -54,7 +54,7 @@ char blockDigit(const SDL_Keysym& key) {
                : '\0';
 }
 
-/// The digit of the upper row, also where the keyboard wants a shift for it; 0 for another key.
+/// The digit of a key in the upper row, also on keyboards where it needs Shift; 0 for other keys.
 char rowDigit(const SDL_Keysym& key) {
     const bool isSign = key.sym == SDLK_PLUS || key.sym == SDLK_MINUS || key.sym == SDLK_EQUALS;
     if (key.scancode == SDL_SCANCODE_0 && !isSign) {
@@ -86,8 +86,7 @@ char characterOf(const SDL_Keysym& key) {
 
 bool SdlKeys::read(const SDL_Event& event, KeyPress& press) {
     if (event.type == SDL_TEXTINPUT) {
-        // Where this sign lies differs from keyboard to keyboard; only the text says that it was
-        // typed.
+        // The key for this sign differs from keyboard to keyboard; only the typed text shows it.
         press = {Name::kCharacter, '?'};
         return SDL_strcmp(event.text.text, "?") == 0;
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The keys of SDL's keyboard as the rules know them.
+// Turns SDL's keyboard events into what KeyRules reads.
 #pragma once
 
 #include "KeyRules.h"
@@ -8,6 +8,7 @@ union SDL_Event;
 
 class SdlKeys {
 public:
-    /// @returns false if the event is no key that was pressed just now
+    /// @returns false if the event is not a key going down (a repetition is none), or the Windows
+    /// key is held
     static bool read(const SDL_Event& event, KeyPress& press);
 };

@@ -10,7 +10,8 @@
 
 namespace {
 
-// 32 ms: what may be missing of a word at the stop. Less costs wake-ups.
+// 32 ms: so much of the last word may be missing when the recording stops. A smaller number would
+// wake the machine more often.
 constexpr uint16_t kDeviceSamples = 512;
 
 // If the program takes nothing, at most a minute is kept; the rest is lost.
@@ -24,10 +25,10 @@ struct SdlMicrophone::Heard {
     std::mutex mutex;
     std::deque<int16_t> samples;
     LevelMeter meter;
-    int64_t silence = 0;  // samples of it, in all
+    int64_t silence = 0;  // samples of silence put in place of the device's, in all
     size_t wanted = 0;    // when this many samples wait, the event thread is woken; 0: never
     bool open = true;
-    bool isFromDevice = false;  // something of it
+    bool isFromDevice = false;  // true: the device has delivered samples
     int64_t lastMs = 0;         // when the device delivered last, or was opened
     Clock nowMs;
     Wake wake;
@@ -101,7 +102,7 @@ void SdlMicrophone::finishOpening() {
         }
         if (std::exchange(toldUnusable, false)) {
             tell({"microphoneHeard", {}});
-            watch.forget();  // that was said
+            watch.forget();  // the user was told already
         }
         if (isReplaced) {
             watch.isGone(name);
@@ -119,7 +120,8 @@ void SdlMicrophone::finishOpening() {
     opening.reset();
 }
 
-/// What a recording needs now and then: the device that was opened, another try, silence.
+/// One step of a recording: takes a device that was opened, tries again to open one, adds the
+/// silence that is due.
 void SdlMicrophone::work() {
     if (opening != nullptr && opening->isDone()) {
         finishOpening();

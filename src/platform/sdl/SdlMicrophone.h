@@ -21,15 +21,15 @@ public:
     using Clock = std::function<int64_t()>;
     using Tell = std::function<void(const HostMessage& message)>;
 
-    // How long the window may stand still for a device. Shorter, and a healthy device of a busy
-    // machine misses the first word, with silence in its place.
+    // How long the window may stand still while a device is opened. If it were shorter, the first
+    // word could be lost to silence on a busy machine with a healthy device.
     static constexpr int32_t kOpeningMs = 500;
 
     // How long a device may deliver nothing before there is silence in its place.
     static constexpr int64_t kStalledMs = 1000;
 
-    // How often a device is sought while a recording hears none. Each try begins SDL's sound again,
-    // which announces every device: an announcement says nothing about a device that is new.
+    // How often to try again while a recording has no device. Waiting for SDL to announce a new
+    // device would not do: each try starts SDL's sound again, which announces every device.
     static constexpr int64_t kRetryMs = 1000;
 
     /// @param audio  not owned
@@ -42,32 +42,34 @@ public:
     SdlMicrophone& operator=(const SdlMicrophone&) = delete;
     ~SdlMicrophone() override;
 
-    /// Which device listens from the next recording on. @param newName  empty: the system's default
+    /// Sets the device for the recordings after this one. @param newName empty: the system's
+    /// default
     void choose(std::string newName);
 
     /// The chosen device, also while another one listens in its place; empty: the system's default.
     const std::string& chosen() const { return name; }
 
-    /// When deliver() has something to do without a device; DueTime::kNever if it has not.
+    /// When to call deliver() although the device has not called wake; DueTime::kNever if not at
+    /// all.
     int64_t dueMs() const;
 
-    /// Calls the listener if enough was heard; if not, the device will call wake later. True if it
-    /// called the listener.
+    /// Calls the listener if as many samples as it wants have come; if not, the device will call
+    /// wake when they have. True if it called the listener.
     bool deliver();
 
-    /// SDL says that this device of its own died. True if it was the one that listens, and had
-    /// heard something: then the listener was called. One that had heard nothing is replaced by
-    /// silence.
+    /// SDL reports that a device was lost. If it is the one that records and has delivered samples,
+    /// stops, calls the listener and returns true. If it has delivered none, silence replaces it
+    /// and another try is made.
     bool lose(uint32_t lostDevice);
 
-    /// The devices have changed; these are the names of all microphones. Tells the user if the one
-    /// of the recordings has gone or is back.
+    /// Call it when the devices have changed. Tells the user if the microphone of the recordings is
+    /// gone or back. @param names of all microphones
     void listed(const std::vector<std::string>& names);
 
     /// True if a device has delivered something since the last start().
     bool hasHeard() const;
 
-    /// Always: without a device it gives silence, and says so when a recording begins.
+    /// Always true: without a device it gives silence, and tells the user when a recording begins.
     bool isThere() override { return true; }
 
     bool start(HostMicrophoneListener& newListener) override;
@@ -98,15 +100,15 @@ private:
     MicrophoneWatch watch;
     HostMicrophoneListener* listener = nullptr;
     uint32_t device = 0;
-    std::string openName;                        // of the device, as long as it is open
+    std::string openName;                        // name of the open device
     std::shared_ptr<SdlAudio::Opening> opening;  // null: none
     int64_t retryMs = DueTime::kNever;           // when to look for a device again
     int64_t silentSinceMs =
-        DueTime::kNever;        // from when on silence is due; DueTime::kNever: a device delivers
-    int64_t silenceGiven = 0;   // samples since then
-    bool toldUnusable = false;  // in this recording
-    bool toldAway = false;      // since the device was chosen
-    bool isReplaced = false;    // another device listened last in its place
+        DueTime::kNever;        // when silence began; DueTime::kNever: a device delivers
+    int64_t silenceGiven = 0;   // samples of silence since then
+    bool toldUnusable = false;  // the user knows that this recording has no device
+    bool toldAway = false;      // the user knows that the chosen device is missing
+    bool isReplaced = false;    // the last recording used the default in its place
     bool lost = false;
     std::shared_ptr<Heard> heard;  // shared with the device's thread
 };

@@ -62,7 +62,8 @@ void SdlPictures::presentIfDue(HostDoors* doors) {
         window.setTitle(WindowTitle::of(texts));
         speak(texts);
     }
-    // In step with the display, unless it was still for a while.
+    // One refresh after the last picture, so that pictures keep in step with the display; after a
+    // pause, now.
     nextPictureUs = std::max(nextPictureUs + window.refreshUs(), nowUs());
     if (pictures++ == 0) {
         window.setIcon(ProgramFolders::icons());
@@ -91,7 +92,7 @@ int64_t SdlPictures::dueMs() {
     const int64_t nextMs = (nextPictureUs + kUsPerMs - 1) / kUsPerMs;
     const int64_t stripMs = strip.strip().dueMs();
     const bool isNew = frameIsNew || strip.strip().isNew();
-    // Before the next refresh nothing is looked at, whatever is due.
+    // Nothing is due before the next refresh.
     return DueTime::earlier(isNew ? nextMs : DueTime::kNever,
                             stripMs != DueTime::kNever ? std::max(stripMs, nextMs) : stripMs);
 }

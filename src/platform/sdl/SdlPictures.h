@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// When the display's picture is looked at and drawn, and what goes with it: the window's title,
-// and the words that are read aloud.
+// Decides when to look at the display's picture and draw it. Each new picture also updates the
+// window's title and the words that are read aloud.
 #pragma once
 
 #include "Host.h"
@@ -25,7 +25,7 @@ public:
     /// @param newest  as Host::frameShown()
     void show(HostFrame* newest);
 
-    /// Draws what is new, if a refresh of the display has passed since the last time.
+    /// Draws what is new if at least one refresh of the display has passed since the last picture.
     /// @param doors  null: no program
     void presentIfDue(HostDoors* doors);
 
@@ -35,7 +35,7 @@ public:
     /// When presentIfDue() has something to do.
     int64_t dueMs();
 
-    /// Pictures that came onto the screen.
+    /// The number of pictures that were drawn.
     int64_t presented() const { return pictures; }
 
 private:

@@ -11,15 +11,16 @@ namespace {
 
 constexpr int64_t kMsPerSecond = 1000;
 
-// How often the device asks for samples, at least. If it asked less often, a stop, a volume and the
-// end of a clip would come later; at sixteen times a second the sound stutters on a machine with
-// eight times more work than it can do.
+// How often the device asks for samples, roughly. If it asked less often, a stop, a new volume and
+// the end of a clip would take effect later. At 16 times a second the sound stutters on a machine
+// that has eight times more work than it can do.
 constexpr int32_t kChunksPerSecond = 4;
 
 constexpr int32_t kMinChunkSamples = 64;
 constexpr int32_t kMaxChunkSamples = 1 << 15;  // SDL's limit: 16 bits
 
-// From handing over samples to hearing the last of them: one chunk that plays, one that waits.
+// The chunks between handing over samples and hearing the last of them: one that plays, one that
+// waits.
 constexpr int64_t kChunksUnderWay = 2;
 
 // A device that has asked for no samples for this long after it played its last ones is lost.
@@ -40,9 +41,8 @@ struct SdlSpeaker::Playing {
     bool paused = false;
     bool open = true;
     int64_t progressMs = 0;           // when samples were handed over last
-    int64_t endMs = DueTime::kNever;  // when the last one will have been heard; DueTime::kNever
-                                      // until it went out
-    int64_t leftMs = 0;               // of an unheard clip that is paused
+    int64_t endMs = DueTime::kNever;  // when the last one was heard; kNever: not all handed over
+    int64_t leftMs = 0;               // rest of a clip that is paused and has no device
     int64_t latencyMs = 0;
     Clock nowMs;
     Wake wake;
@@ -85,7 +85,7 @@ bool SdlSpeaker::play(std::shared_ptr<const HostClip> clip, HostSpeakerListener&
     return true;
 }
 
-/// No device: the clip ends when it would have been heard.
+/// Without a device the clip takes its time, unheard, and ends.
 void SdlSpeaker::playUnheard() {
     playing->endMs = nowMs() + playing->remainingMs();
     tell(name.empty() ? HostMessage{"noSpeaker", {}} : HostMessage{"speakerUnusable", {name}});

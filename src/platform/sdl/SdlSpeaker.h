@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The machine's speaker. Samples that the device has already taken are always heard: after a stop
-// it is silent after at most one chunk. Without a device a clip takes its time, unheard, and the
-// user is told.
+// The machine's speaker. Samples that the device has already taken are still heard: it falls silent
+// at most one chunk after a stop. Without a device a clip takes its time, unheard, and the user is
+// told.
 #pragma once
 
 #include "DueTime.h"
@@ -30,16 +30,16 @@ public:
     SdlSpeaker& operator=(const SdlSpeaker&) = delete;
     ~SdlSpeaker() override;
 
-    /// When to look next whether the clip has ended; DueTime::kNever if none plays.
+    /// When to call deliver() next; DueTime::kNever if no clip plays.
     int64_t dueMs();
 
-    /// Ends the clip if its last sample was heard. Also ends it if the device has stopped taking
-    /// samples and the last one should have been heard by now: then the device is lost. True if it
-    /// ended the clip.
+    /// Ends the clip if its last sample was heard. Also ends it if the device has stopped asking
+    /// for samples and the clip should be over by now: then the device counts as lost. Calls the
+    /// listener and returns true if it ended the clip.
     bool deliver();
 
-    /// SDL reports the loss of a device, by its number. True if it was the one that plays: then the
-    /// loss was reported on standard error and to the listener.
+    /// SDL reports the loss of a device, by its number. If it is the one that plays, ends the clip,
+    /// calls the listener and returns true.
     bool lose(uint32_t lostDevice);
 
     /// False only if a clip plays already.
@@ -52,8 +52,8 @@ public:
 
     void stop() override;
 
-    /// Samples that the device asks for at a time, a power of two: a quarter of a second of sound
-    /// or up to twice as much, less at rates above 131,072 Hz.
+    /// How many samples the device asks for at a time: a power of two, a quarter of a second of
+    /// sound or up to twice as much. Less at rates above 131,072 Hz.
     static uint16_t chunkSamples(int32_t rateHz);
 
 private:
@@ -71,7 +71,7 @@ private:
     Wake wake;
     Tell tell;
     HostSpeakerListener* listener = nullptr;
-    uint32_t device = 0;  // 0: none plays, or the clip is unheard
+    uint32_t device = 0;  // 0: no clip plays, or it plays without a device
     int32_t volume = kFullVolume;
     std::shared_ptr<Playing> playing;  // shared with the device's thread
 };

@@ -15,7 +15,7 @@ using Kind = StripWish::Kind;
 
 namespace {
 
-/// What the user may want to do about a message.
+/// The wish that a tap on the message fulfils; none for most messages.
 StripWish actionOf(const HostMessage& message) {
     const std::string row = message.row;
     StripWish wish;
@@ -82,11 +82,11 @@ void SdlStrip::tellPicture(const std::string& path) {
         wish, HostWords::text("show", language), nowMs());
 }
 
-/// A file is shown by its folder.
+/// Shows a folder, or the folder of a file.
 void SdlStrip::show(const std::string& path, bool isFolder) {
     const std::string folder = isFolder ? path : std::filesystem::path(path).parent_path().string();
     std::error_code error;
-    std::filesystem::create_directories(folder, error);  // before the first sound there is none
+    std::filesystem::create_directories(folder, error);  // it is missing before the first sound
     errands.start([this, folder] {
         const bool isShown = FileManager::show(folder);
         return [this, folder, isShown] {

@@ -30,31 +30,32 @@ public:
     /// Code of the program's language ("de").
     const std::string& language() { return row.model().language(); }
 
-    /// Something for the user in the program's language, with what may be done about it: look at
-    /// the file, choose another microphone. What is told before the program has a language waits
-    /// until the user had the time to choose one.
+    /// Shows a message in the program's language, with an action if there is one: show the file,
+    /// choose another microphone. Before the program has a language, and while the user chooses
+    /// one, messages wait.
     void tell(const HostMessage& message);
 
-    /// A picture of the screen was written there.
+    /// Tells the user that a picture of the screen was written to that path.
     void tellPicture(const std::string& path);
 
-    /// Tells what has become of the desktop's programs that were started.
+    /// Tells the user if a program of the desktop could not be started.
     void deliver() { errands.deliver(); }
 
-    /// Looks at the program; the folder of sounds can have come with its first start.
+    /// Updates the strip from the program and the folder of sounds, and tells messages that have
+    /// waited.
     void look();
 
     /// True if the strip has used it; counts as a callback.
     bool key(StripKey key) { return row.key(key, nowMs()); }
 
-    /// A key of the phone goes to the sheet while that lies over its picture. True if the sheet has
-    /// it; counts as a callback.
+    /// Gives a key of the phone to the sheet while the sheet covers the picture. True if the sheet
+    /// has used it; counts as a callback.
     bool navigate(const KeyPress& press);
 
-    /// Closes the sheet if it is open: a key means something else.
+    /// Closes the sheet if it is open, for a key that means something else.
     void closeSheet();
 
-    /// The mouse may have left the window.
+    /// Looks at a window event: the mouse may have left the window.
     void handle(const SDL_Event& event);
 
 private:

@@ -15,18 +15,19 @@ constexpr int64_t kUsPerSecond = 1000000;
 constexpr int32_t kUsualRefreshHz = 60;
 constexpr int32_t kPictureRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor;
 
-// A display of at least this density is taken to have twice the usual resolution, and to report
-// unscaled pixels.
+// If the desktop sets no scale, a display of at least this density gets a window of twice the usual
+// size.
 constexpr float kFineDpi = 180.0F;
 
-/// What the first screen has for windows; none if that is not known.
+/// The part of the first screen that windows may use; none if that is not known.
 WindowSizes::Size roomOfScreen() {
     SDL_Rect room;
     return SDL_GetDisplayUsableBounds(0, &room) == 0 ? WindowSizes::Size{room.w, room.h}
                                                      : WindowSizes::Size{};
 }
 
-/// How much larger than usual everything is to be.
+/// How much larger than on a usual screen the window is to be: what the desktop says, or 2 on a
+/// fine display.
 double scaleOfDesktop(WindowSizes::Size room) {
     const char* driver = SDL_GetCurrentVideoDriver();
     const std::string driverName = driver != nullptr ? driver : "";
@@ -43,7 +44,7 @@ double scaleOfDesktop(WindowSizes::Size room) {
     return isFine && room.width >= fine.width && room.height > fine.height ? 2 : 1;
 }
 
-/// Of the display's doubled rows the upper ones.
+/// The upper row of each equal pair of the display's rows.
 const HostFrame::Rows& upperRows() {
     static const HostFrame::Rows rows = [] {
         HostFrame::Rows upper;
@@ -55,7 +56,7 @@ const HostFrame::Rows& upperRows() {
     return rows;
 }
 
-/// The size of an earlier run, as far as today's screen has room for it.
+/// The size of an earlier run, cut to what the screen has room for now.
 WindowSizes::Size withinRoom(WindowSizes::Size remembered, WindowSizes::Size room) {
     constexpr int32_t kMinWidth = WindowSizes::kMinWidth;
     constexpr int32_t kMinHeight = WindowSizes::kMinHeight;
@@ -132,7 +133,7 @@ void SdlWindow::rememberSize() const {
 
 void SdlWindow::present(HostFrame& frame, const HostFrame::Rows& changed) {
     picture.resize(static_cast<size_t>(HostFrame::kWidthPx) * kPictureRows);
-    // Rows that lie half a row apart: the even ones follow one another.
+    // With half a row as stride, the even rows follow one another without a gap.
     constexpr int32_t kStrideBytes =
         HostFrame::kWidthPx / HostFrame::kCanvasFactor * static_cast<int32_t>(sizeof(uint16_t));
     frame.composeRows(picture.data(), kStrideBytes, changed & upperRows());

@@ -23,10 +23,10 @@ public:
     SdlWindow& operator=(const SdlWindow&) = delete;
     ~SdlWindow();
 
-    /// Opens the window: as large as the user left it in an earlier run, else as the phone, and
-    /// never larger than the screen has room for.
+    /// Opens the window: as large as the user left it in an earlier run, else as large as the
+    /// phone, and never larger than the screen has room for.
     /// @param settingsFolder  where its size is kept; empty: nowhere
-    /// @param onFullScreen    it fills the screen
+    /// @param onFullScreen  true: it fills the screen
     Problem open(const std::string& settingsFolder, bool onFullScreen);
 
     /// Fills the screen, or has its own size again.
@@ -50,10 +50,10 @@ public:
     /// @param xShare, yShare  0 at the left and upper edge, 1 at the right and lower one
     DisplayPoint toDisplay(double xShare, double yShare, WindowPart part) const;
 
-    int32_t widthUnits() const;  // as the mouse counts
+    int32_t widthUnits() const;  // in the mouse's units
     int32_t heightUnits() const;
 
-    /// From one refresh of the display to the next.
+    /// Microseconds from one refresh of the display to the next.
     int64_t refreshUs() const;
 
     /// True if the user has minimised the window.
@@ -62,10 +62,10 @@ public:
     /// Puts the window in front of all others, also one that is an icon.
     void raise();
 
-    /// What stands in its title bar, if it is another text than before. UTF-8.
+    /// Sets the text of the title bar if it has changed. UTF-8.
     void setTitle(const std::string& text);
 
-    /// Gives the window its picture in lists and bars, if the folder has one.
+    /// Gives the window its icon, if the folder has one.
     void setIcon(const std::string& iconFolder);
 
 private:
@@ -79,7 +79,7 @@ private:
     WindowSizes::Size opened;
     std::string title;
     PictureScaler scaler;
-    std::vector<uint16_t> picture;  // the upper ones of the doubled rows that were presented last
+    std::vector<uint16_t> picture;  // presented last: the upper row of each equal pair
 
     // The surface that holds the picture, and its size then; not owned. Null: none holds it whole.
     const SDL_Surface* drawn = nullptr;

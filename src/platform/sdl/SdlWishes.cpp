@@ -28,7 +28,7 @@ void SdlWishes::showMicrophones() {
     if (microphones.isFixed()) {
         return;
     }
-    show(std::move(listed));  // those of the last time
+    show(std::move(listed));  // the names of the last time, until the new ones come
     strip.strip().model().showMicrophones();
     microphones.ask();
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fulfils what the strip wishes of this machine: files, the last take, the choice of a microphone.
+// Fulfils the wishes of the strip that need this machine: files, the last take, the choice of a
+// microphone.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +14,16 @@ class SdlStrip;
 class SdlWishes {
 public:
     struct Microphones {
-        std::function<void()> ask;                         // for the names: show() has them later
+        std::function<void()> ask;                         // for the names; show() gets them later
         std::function<std::string()> chosen;               // empty: the system's default
         std::function<void(const std::string& name)> use;  // empty: the system's default
-        std::function<bool()> isFixed;  // true: none can be chosen, and the user was told why
+        std::function<bool()> isFixed;  // true: no other can be chosen; it has told the user why
     };
 
     /// @param strip, files  not owned
     SdlWishes(SdlStrip& strip, SdlDoors& files, Microphones microphones);
 
-    /// The names that were asked for.
+    /// Shows the names that were asked for.
     void show(std::vector<std::string> names);
 
 private:

@@ -21,7 +21,8 @@ SignalWatch::SignalWatch(std::function<void(int signal)> onSignal)
     for (const int signal : {SIGTERM, SIGINT, kEndOfWatch}) {
         sigaddset(&watched, signal);
     }
-    // A shell without a terminal or without job control starts programs with these two ignored.
+    // A shell without a terminal or without job control starts programs with these two signals
+    // ignored.
     for (const int signal : {SIGHUP, SIGTSTP}) {
         if (!isIgnored(signal)) {
             sigaddset(&watched, signal);

@@ -47,7 +47,7 @@ Speech::~Speech() {
 }
 
 Problem Speech::start(Wake wake, const char* library) {
-    void* opened = dlopen(library, RTLD_NOW | RTLD_LOCAL);  // stays loaded: its thread may be in it
+    void* opened = dlopen(library, RTLD_NOW | RTLD_LOCAL);  // never unloaded: the thread uses it
     if (opened == nullptr) {
         return std::string("the library ") + library + " of Speech Dispatcher is missing";
     }
@@ -66,7 +66,8 @@ Problem Speech::start(Wake wake, const char* library) {
     return Problem::none();
 }
 
-/// On the thread of its own, until the program ends or the server is away.
+/// Runs on the thread of its own until the program ends. Returns at once if the server cannot be
+/// reached.
 void Speech::work(Shared& shared, const Functions& functions) {
     char* reason = nullptr;
     SPDConnection* server =

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads texts aloud through the desktop's speech server. Its library is loaded by start() and not
-// before.
+// Reads texts aloud through the desktop's speech server. start() loads that server's library;
+// without start() the program does not need it.
 #pragma once
 
 #include "Problem.h"
@@ -19,7 +19,7 @@ public:
     Speech(const Speech&) = delete;
     Speech& operator=(const Speech&) = delete;
 
-    /// Waits for nothing: a server that is stuck keeps its thread, which ends with the program.
+    /// Does not wait for the thread: one that is stuck in the server ends with the program.
     ~Speech();
 
     /// Loads the library, and connects to the server on a thread of its own.
@@ -29,12 +29,13 @@ public:
 
     bool isStarted() const { return shared != nullptr; }
 
-    /// Says this in place of what is being said. Does not wait. Without start() it does nothing.
+    /// Stops what is being said and says this text. Does not wait. Without start() it does nothing.
     /// @param text      UTF-8
     /// @param language  a code ("de")
     void say(const std::string& text, const std::string& language);
 
-    /// Why the server cannot be reached, once; empty: no reason.
+    /// Returns once why the server cannot be reached; after that, and if there is no problem, it is
+    /// empty.
     std::string takeProblem();
 
 private:
@@ -43,5 +44,5 @@ private:
 
     static void work(Shared& shared, const Functions& functions);
 
-    std::shared_ptr<Shared> shared;  // with the thread; null: not started
+    std::shared_ptr<Shared> shared;  // shared with the thread; null: not started
 };

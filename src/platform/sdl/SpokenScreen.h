@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is to be read aloud when the picture changes: for people who do not see it.
+// Finds what to read aloud when the picture changes, for people who do not see it.
 #pragma once
 
 #include "ScreenTexts.h"
@@ -8,8 +8,9 @@
 
 class SpokenScreen {
 public:
-    /// What is new, in the program's language; empty: nothing. A new screen is read whole, a moved
-    /// focus is the entry's text alone. How far a work has come is not told.
+    /// The text to read aloud since the last call, in the program's language; empty: nothing is
+    /// new. A new screen is read as a whole, for a moved focus only the entry's text. The progress
+    /// of work is not read.
     /// @param message  of the strip; empty: none
     std::string change(const ScreenTexts& texts, const std::string& message);
 

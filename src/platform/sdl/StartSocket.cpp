@@ -19,8 +19,8 @@
 
 namespace {
 
-constexpr int kWaiting = 8;            // starts that may wait at one time
-constexpr timeval kPatience = {5, 0};  // with another program that says nothing
+constexpr int kWaiting = 8;            // length of the queue of starts that are not served yet
+constexpr timeval kPatience = {5, 0};  // with a program on the other side that does not send
 constexpr size_t kLongest = PATH_MAX;  // bytes of a file's path
 constexpr char kTaken = 'k';
 
@@ -52,8 +52,8 @@ void limitWaiting(int socket) {
     ::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &kPatience, sizeof kPatience);
 }
 
-/// Everything that the other side says until it ends. False if it says too much, or nothing for too
-/// long.
+/// Reads everything that the other side sends until it closes. False if that is more than kLongest
+/// bytes, or if nothing comes for kPatience.
 bool readAll(int socket, std::string& text) {
     std::array<char, 512> bytes{};
     for (;;) {
@@ -94,7 +94,7 @@ StartSocket::StartSocket(std::function<void(const std::string& file)> onStart)
 
 StartSocket::~StartSocket() {
     if (thread.joinable()) {
-        ::close(endWriter);  // the reader hears it
+        ::close(endWriter);  // ends the poll() in listen()
         thread.join();
         ::close(endReader);
     }
@@ -129,7 +129,7 @@ void StartSocket::open(const std::string& home) {
     }
     ::unlink(path.c_str());
     const sockaddr_un address = addressOf(path);
-    // The mode of the socket's file is that of its descriptor when it is bound.
+    // bind() gives the socket's file the mode that the descriptor has.
     const bool isOpen =
         ::fchmod(server, 0600) == 0 &&
         ::bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&

@@ -14,22 +14,23 @@
 
 class StartSocket {
 public:
-    /// @param onStart  another start wants the window to be seen, and this sound file to be opened
-    ///                 (a full path; empty: none). Called on a thread of the socket's.
+    /// @param onStart  called for each other start, on the socket's thread: it wants the window in
+    /// front, and this sound file opened (a full path; empty: none)
     explicit StartSocket(std::function<void(const std::string& file)> onStart);
     StartSocket(const StartSocket&) = delete;
     StartSocket& operator=(const StartSocket&) = delete;
 
-    /// Takes the socket away.
+    /// Stops listening and removes the socket's file.
     ~StartSocket();
 
-    /// Listens from now on. Only while the home's lock is held: a socket that is there already is
-    /// left over. Without a runtime folder nothing happens.
+    /// Begins to listen. Call it only while the home's lock is held: then a socket that exists
+    /// already is left from a program that has ended, and is removed. Without a runtime folder it
+    /// does nothing.
     void open(const std::string& home);
 
     /// Asks the program that runs in that home to show its window, and hands over a file.
     /// @param file  empty: none
-    /// @returns false if no such program has taken it
+    /// @returns true if that program has taken it
     static bool handOver(const std::string& home, const std::string& file);
 
     /// The socket's path; empty if there is no runtime folder, or its name is too long for a
@@ -41,7 +42,7 @@ private:
     void serve(int client);
 
     std::function<void(const std::string& file)> onStart;
-    std::string path;  // empty: there is none
+    std::string path;  // of the socket's file; empty: there is none
     int server = -1;
     int endReader = -1;
     int endWriter = -1;

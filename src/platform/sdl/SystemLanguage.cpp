@@ -15,7 +15,8 @@ std::string variable(const char* name) {
     return value != nullptr ? value : "";
 }
 
-/// Of a locale such as "de_AT.UTF-8"; kNone if the program does not speak its language.
+/// Index of the language of a locale such as "de_AT.UTF-8"; kNone if the program does not have that
+/// language.
 int32_t indexOfLocale(const std::string& locale) {
     const std::string code = locale.substr(0, locale.find_first_of("_.@"));
     for (size_t i = 0; i < Languages::kCount; i++) {
@@ -38,7 +39,7 @@ int32_t SystemLanguage::indexOf(const Environment& environment) {
     locale = !locale.empty() ? locale : environment.lang;
     const std::string code = locale.substr(0, locale.find_first_of("_.@"));
     if (code.empty() || code == "C" || code == "POSIX") {
-        return 0;  // the list counts only where there is a language
+        return 0;  // as in gettext, LANGUAGE counts only if a locale is set
     }
     std::istringstream list(environment.language);
     for (std::string entry; std::getline(list, entry, ':');) {

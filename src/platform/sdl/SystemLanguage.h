@@ -7,7 +7,7 @@
 
 class SystemLanguage {
 public:
-    /// What the environment says of it; empty: not set.
+    /// The variables of the environment that say it; empty: not set.
     struct Environment {
         std::string language;  // LANGUAGE: a list, the preferred one first
         std::string all;       // LC_ALL
@@ -17,6 +17,6 @@ public:
 
     static Environment environment();
 
-    /// Place in Languages::kAll; 0, English, if the program does not speak it.
+    /// Index in Languages::kAll; 0 (English) if the program does not have the language.
     static int32_t indexOf(const Environment& environment);
 };

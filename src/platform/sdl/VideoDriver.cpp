@@ -17,13 +17,14 @@ void setUnlessSet(const char* variable, const char* value) {
 }
 
 void setHints() {
-    // The window's pixels come ready-made: looking for a graphics processor to double them takes
-    // longer than everything else up to the first picture.
+    // The program computes the window's pixels itself. To look for a graphics processor that could
+    // enlarge them would take longer than everything else before the first picture.
     if (SDL_GetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION) == nullptr) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     }
     SDL_SetHint(SDL_HINT_APP_NAME, "Murmelo");
-    // By the desktop entry's name Wayland finds the icon, and tells whose window it is.
+    // The desktop entry's name: by it a Wayland desktop finds the icon and knows whose window it
+    // is.
     setUnlessSet("SDL_VIDEO_WAYLAND_WMCLASS", "org.murmelo.Murmelo");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -42,7 +43,8 @@ bool isChosen() {
     return isSet("SDL_VIDEODRIVER");
 }
 
-/// Where SDL will look first for a window system: on X11, unless the user has named another.
+/// True if SDL will try X11 first: it does where DISPLAY is set, unless the user has named another
+/// driver.
 bool comesToX11() {
     return isChosen() ? SDL_strcmp(std::getenv("SDL_VIDEODRIVER"), "x11") == 0 : isSet("DISPLAY");
 }
@@ -68,13 +70,13 @@ std::string noWindow() {
 /// Switches off features of SDL that this program does not use, and that would take longer than
 /// everything else before the first picture.
 void doWithoutDesktopServices() {
-    // The user writes no text: the table of accented letters need not be read. Wayland's keyboard
-    // takes no empty one.
+    // The user types no text, so the table of accented letters need not be read. Only on X11:
+    // Wayland's keyboard accepts no empty table.
     if (comesToX11()) {
         OwnEnvironment::set("XCOMPOSEFILE", "/dev/null");
     }
-    // Where the session has no message bus, asking for one forks a search for a program that starts
-    // one.
+    // If the session has no message bus, asking for one would start a process that looks for a
+    // program to start one.
     const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
     const std::string bus = (runtimeFolder != nullptr ? runtimeFolder : "") + std::string("/bus");
     if (::access(bus.c_str(), F_OK) != 0) {
@@ -93,7 +95,7 @@ Problem VideoDriver::begin() {
     }
     const char* driver = SDL_GetCurrentVideoDriver();
     if (driver != nullptr && SDL_strcmp(driver, "wayland") == 0) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // the only way it has
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "1");  // on Wayland SDL has no other way
     }
     return Problem::none();
 }

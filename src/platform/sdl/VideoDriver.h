@@ -6,6 +6,7 @@
 
 class VideoDriver {
 public:
-    /// Starts SDL's video on X11 or Wayland, or on the drivers that SDL_VIDEODRIVER names.
+    /// Starts SDL's video on X11 or Wayland, or on the driver that SDL_VIDEODRIVER names. Returns
+    /// why it failed.
     static Problem begin();
 };

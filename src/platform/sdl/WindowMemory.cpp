@@ -24,7 +24,7 @@ WindowMemory::WindowMemory(const std::string& folder)
 WindowMemory::Size WindowMemory::read() const {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) {
-        return {};  // a pipe would wait for its other end
+        return {};  // reading a pipe would wait for its writer
     }
     std::ifstream file(path);
     Size size;

@@ -18,7 +18,7 @@ public:
     /// @param folder  of the settings; empty: nothing is kept
     explicit WindowMemory(const std::string& folder);
 
-    /// The size that was kept last; none if there is no size, or no sensible one.
+    /// The size that was kept last; 0 x 0 if there is none, or it is unusable.
     Size read() const;
 
     /// Keeps the size for the next run. If that is impossible, the next window is as large as this

@@ -19,7 +19,7 @@ constexpr double kMaxScale = 8;
 constexpr Size kStackedStep = {120, 200};
 constexpr Size kSideBySideStep = {240, 160};
 
-/// 0 if it is no number.
+/// The text as a number; 0 if it is not a number greater than 0.
 double numberIn(const std::string& text) {
     char* end = nullptr;
     const double number = std::strtod(text.c_str(), &end);
@@ -31,7 +31,7 @@ Size stepOf(Size now) {
     return layout.strip().x < layout.picture().x ? kSideBySideStep : kStackedStep;
 }
 
-/// Steps that fit into the size.
+/// How many whole steps fit into the size.
 int32_t stepsIn(Size size, Size step) {
     return std::min(size.width / step.width, size.height / step.height);
 }
@@ -51,7 +51,8 @@ WindowSizes::desktopScale(bool isScaled, const std::string& xftDpi, const std::s
 Size WindowSizes::usual(double scale, Size room) {
     const Size size{static_cast<int32_t>(std::lround(scale * HostFrame::kWidthPx)),
                     static_cast<int32_t>(std::lround(scale * HostFrame::kHeightPx))};
-    // A screen exactly as large as the phone shows no title bar anyway.
+    // A screen that is exactly as large as the phone's has no room for a title bar: none is kept
+    // free.
     if (!room.isKnown() || (room.height >= size.height && room.width >= size.width)) {
         return size;
     }

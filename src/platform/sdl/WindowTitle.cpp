@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* kProgram = "Murmelo";
 
-/// Empty for a screen without a name of its own.
+/// The screen's name; empty for a screen without one.
 std::string nameOf(const ScreenTexts& texts) {
     return HostWords::text("screen" + texts.screen, texts.language);
 }

@@ -28,7 +28,7 @@ bool X11Window::isIcon(SDL_Window* window) {
     const int answer = XGetWindowProperty(display, info.info.x11.window, stateName, 0, 1, False,
                                           stateName, &type, &bits, &count, &left, &words);
     const bool known = answer == Success && bits == 32 && count == 1 && words != nullptr;
-    // Properties of 32 bits come as the machine's long words.
+    // X returns properties of 32 bits as an array of long.
     // NOLINTNEXTLINE: as above
     const bool icon = known && *reinterpret_cast<unsigned long*>(words) == IconicState;
     if (words != nullptr) {

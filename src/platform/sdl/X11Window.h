@@ -12,6 +12,7 @@ public:
     /// unmapped; only a property that the manager sets tells them apart.
     static bool isIcon(SDL_Window* window);
 
-    /// A setting of the X server's for all programs ("Xft.dpi"); empty if there is none.
+    /// The value of a setting that the X server holds for all programs ("Xft.dpi"); empty if there
+    /// is none.
     static std::string resource(const std::string& name);
 };

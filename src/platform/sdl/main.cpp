@@ -23,8 +23,8 @@
 
 namespace {
 
-// A program that has only just begun may not listen yet. It does after some milliseconds, or on a
-// machine that has much to do after this.
+// How long to try to reach the program that holds the home: one that has just started may not
+// listen yet. Usually it does after some milliseconds; this is enough on a busy machine too.
 constexpr uint32_t kHandOverMs = 2000;
 constexpr uint32_t kAgainMs = 20;
 
@@ -33,10 +33,10 @@ constexpr int kLargestFromHeapBytes = 8 << 20;
 constexpr int kKeptFreeBytes = 4 << 20;
 #endif
 
-constexpr int kUsage = 2;  // a mistake on the command line, as the other programs answer it
+constexpr int kUsage = 2;  // exit status after a mistake on the command line
 
-/// What is wrong before there is a window: on standard error, and where no terminal was seen when
-/// the program was started, in a box of its own.
+/// Reports errors before there is a window: on standard error, and in a box too if the program was
+/// started from a desktop (--from-desktop).
 class Complaints {
 public:
     void setFromDesktop() { inBox = true; }
@@ -70,7 +70,7 @@ int listDevices() {
     return EXIT_SUCCESS;
 }
 
-/// A name without a device is a problem. An empty name is the system's choice.
+/// A problem if no device has that name. An empty name is the system's default and never a problem.
 Problem checkDevice(SdlAudio::Kind kind, const char* what, const std::string& name) {
     if (name.empty()) {
         return Problem::none();
@@ -89,7 +89,8 @@ bool isSoundFile(const std::string& microphone) {
            std::filesystem::is_regular_file(microphone, error);
 }
 
-/// Whether there is such a file. It is read when the window stands.
+/// A problem if the file is missing or not readable. Its samples are read later, once the window is
+/// open.
 Problem checkSound(const std::string& nameOrUri) {
     std::string path;
     if (Problem problem = FileUri::toPath(nameOrUri, path)) {
@@ -104,7 +105,7 @@ Problem checkSound(const std::string& nameOrUri) {
     return Problem::none();
 }
 
-/// The file's name for a program that runs in another folder: an address stays as it is.
+/// The file's full path, for a program that runs in another folder. What is no path stays as it is.
 std::string fullName(const std::string& nameOrUri) {
     std::string path;
     if (nameOrUri.empty() || FileUri::toPath(nameOrUri, path)) {
@@ -115,7 +116,7 @@ std::string fullName(const std::string& nameOrUri) {
     return error ? path : full.string();
 }
 
-/// Looks at the sound files that the command line names, and for its devices.
+/// Reads or checks the sound files that the command line names, and checks its devices.
 Problem prepareSound(SdlOptions& options) {
     if (!options.microphone.empty() && isSoundFile(options.microphone)) {
         options.hearsFile = true;
@@ -138,8 +139,8 @@ Problem prepareSound(SdlOptions& options) {
     return checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
 }
 
-/// Hands the file over to the program that holds the home. If that one has ended meanwhile, the
-/// locks are taken.
+/// Hands the file over to the program that holds the home. If that program ends meanwhile, takes
+/// the locks instead.
 /// @param problem  why the locks were not taken; none if they are now
 /// @returns true if it was handed over: its window comes to the front
 bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
@@ -170,13 +171,13 @@ int run(int argc, char** argv, SdlOptions options, const Complaints& complaints)
     result = OspMain(argc, argv);
     Host::install(nullptr);
     if (host.isStuck()) {
-        std::_Exit(result);  // everything of the user's is on disk; only a sound device is left
+        std::_Exit(result);  // all sounds are on disk; only a stuck device, disk or dialog is left
     }
     return result == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-/// Lets freed memory be used again in place of being handed back: fresh pages cost more time than
-/// what is done with them up to the first picture.
+/// Keeps freed memory for later use instead of returning it to the system: up to the first picture,
+/// getting new pages would cost more time than the work in them.
 void keepFreedMemory() {
 #ifdef __GLIBC__
     mallopt(M_MMAP_THRESHOLD, kLargestFromHeapBytes);

@@ -5,7 +5,7 @@ using Touch = HostListener::Touch;
 
 namespace {
 
-/// Rounded down, also above and to the left of the display.
+/// Rounded down, for negative coordinates too.
 int32_t toProgramPx(int32_t displayPx) {
     return displayPx >> 1;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The strip as a host uses it: the model, what feeds it, what fulfils its wishes, and the frame to
-// look at.
+// The strip as a host uses it: holds the model, the feed that fills it, the wishes that it makes,
+// and the frame that shows it.
 #pragma once
 
 #include "Host.h"
@@ -19,46 +19,47 @@ public:
     Strip(const Strip&) = delete;
     Strip& operator=(const Strip&) = delete;
 
-    /// The program has started, or (null) ended. Only in between the strip is shown, and takes
-    /// touches and keys.
+    /// The program has started, or (null) ended. The strip is shown and takes touches and keys only
+    /// while the program runs.
     void setDoors(HostDoors* doors);
 
-    /// The frame to look at in place of the phone's own; null: the display's is gone.
+    /// Returns the frame that the host shows in place of the phone's; null if display is null.
     HostFrame* frameOver(HostFrame* display);
 
-    /// True if it looks different from what was looked at last.
+    /// True if it has changed since it was shown last.
     bool isNew() const { return frame.isThere() && frame.isNew(); }
 
-    /// Looks at the program; before a picture is shown, and when dueMs() is over.
+    /// Updates the strip from the program. Call it before a picture is shown, and when dueMs() has
+    /// come.
     void look(int64_t nowMs) { feeding.look(nowMs); }
 
-    /// DueTime::kNever: when the program does something.
+    /// When to call look() again; DueTime::kNever: not before the program does something.
     int64_t dueMs() const { return feeding.dueMs(); }
 
-    /// A touch in pixels of the 480 x 800 display, and what it wishes is fulfilled. One that goes
-    /// down on the strip or its sheet is the strip's until it is lifted; it wishes nothing if that
-    /// is not on the button where it went down.
+    /// Handles a touch, in pixels of the 480 x 800 display, and fulfils the wish it makes. A touch
+    /// that begins on the strip or its sheet is the strip's until it ends. It makes a wish only if
+    /// it ends on the button on which it began.
     /// @returns false if the touch is the program's
     bool touch(HostListener::Touch touch, int32_t x, int32_t y, int64_t nowMs);
 
-    /// The finger that is down wishes nothing when it is lifted: it was taken away.
+    /// The system has taken the current touch away: it has no effect when it ends.
     void takeTouchAway() { isTakenAway = true; }
 
-    /// The mouse is there, in pixels of the display.
+    /// The mouse points at this pixel of the display.
     void point(int32_t x, int32_t y);
 
-    /// A key.
+    /// Handles a key of the strip, and fulfils the wish it makes.
     /// @returns false if the strip has no use for it now
     bool key(StripKey key, int64_t nowMs);
 
-    /// A key of the phone, which goes to the sheet while that lies over the picture.
+    /// Handles a key of the phone, which goes to the sheet while the sheet covers the picture.
     /// @returns false if the key is the program's
     bool navigate(HostKey key, int64_t nowMs);
 
     /// True if the sheet lies over the picture.
     bool coversPicture() const { return isShown && row.sheet() != StripModel::Sheet::kNone; }
 
-    /// True if there is something that the key for it closes.
+    /// True if a sheet or a message is there, which StripKey::kClose closes.
     bool canClose() const { return isShown && row.canClose(); }
 
     StripModel& model() { return row; }
@@ -73,12 +74,12 @@ private:
     StripWishes fulfilling{row, feeding};
     StripFrame frame{row};
     bool isShown = false;  // the program runs
-    bool touched = false;  // the finger went down on it
+    bool touched = false;  // the current touch began on the strip
     bool isTakenAway = false;
-    StripButton pressed;  // the finger went down on this one; without a wish: on none
+    StripButton pressed;  // where the touch began; without a wish: on no button
 };
 
-/// Hands touches to the strip first, and everything else to the program.
+/// Gives touches to the strip first, and everything else straight to the program.
 class StripListener : public HostListener {
 public:
     using Clock = std::function<int64_t()>;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shapes and texts on a picture: what the strip is painted with.
+// Draws shapes and texts on a picture, for the strip.
 #pragma once
 
 #include "ScreenTexts.h"
@@ -16,7 +16,7 @@ public:
     explicit StripBrush(AppImage& image)
         : image(image) {}
 
-    /// Cut to the picture.
+    /// Fills a rectangle, cut to the picture.
     /// @param argb  not premultiplied
     void fill(const ScreenPlace& place, uint32_t argb);
 
@@ -26,20 +26,21 @@ public:
     /// The edge of such a rectangle, one pixel wide.
     void frameRounded(const ScreenPlace& place, uint32_t argb);
 
-    /// From one colour at the top to another at the bottom; both opaque.
+    /// Fills a rectangle with a fade from one colour at the top to another at the bottom; both must
+    /// be opaque.
     void fade(const ScreenPlace& place, uint32_t top, uint32_t bottom);
 
-    /// One of the equal cells of a row of pictures, cut to the picture painted on.
+    /// Paints one cell of a row of pictures of equal size, cut to the picture painted on.
     /// @param row      null: nothing is painted
     /// @param cells    how many it has
     /// @param opacity  0 to 256
     void cell(AppImage* row, int32_t cells, int32_t index, int32_t x, int32_t y, int32_t opacity);
 
-    /// Text with its first ink at x and the top of its line at y.
+    /// Paints text with its leftmost ink at x and the top of its line at y.
     /// @param font  null: nothing is painted
     void text(BitMapFont* font, const std::string& utf8, int32_t x, int32_t y, uint32_t argb);
 
-    /// Text in the middle of a place as wide as that.
+    /// Paints text centred between x and x + w.
     void textInMiddle(
         BitMapFont* font, const std::string& utf8, int32_t x, int32_t w, int32_t y, uint32_t argb);
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int32_t kTakeSeconds = HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
 
-/// Rounded up: the last second counts until it is over.
+/// Seconds until the longest take is full; rounded up, so that 0 appears only at the end.
 int32_t secondsLeft(int32_t heardSamples) {
     const int32_t left = HostMicrophone::kLongestTakeSamples - heardSamples;
     const int32_t seconds = (left + HostMicrophone::kRateHz - 1) / HostMicrophone::kRateHz;
@@ -105,8 +105,9 @@ void StripFeed::lookAtLevel(int64_t nowMs) {
                        nowMs - lastHeardMs >= kMuteMs);
 }
 
-/// A take that goes on to be worked on, and holds nothing, is told; so is one that was given up for
-/// the menu, where the window was hidden, and can come back.
+/// Tells the user if a take that is being processed holds no sound. A take that was given up for
+/// the menu (because the window was hidden) is noted, so that tellTakeGone() offers to bring it
+/// back.
 void StripFeed::endRecording(const std::string& screen, int64_t nowMs) {
     recording = false;
     nextLevelMs = DueTime::kNever;
@@ -134,7 +135,7 @@ void StripFeed::tellSaved(int64_t nowMs) {
     }
     savedBefore = saved;
     if (folder.empty()) {
-        return;  // the host tells it in its own words
+        return;  // the host itself tells it
     }
     const std::string name = "/" + doors->savedName();
     StripWish show;
@@ -144,7 +145,8 @@ void StripFeed::tellSaved(int64_t nowMs) {
                show, HostWords::text("show", language), nowMs);
 }
 
-/// The take that was there has been deleted: the user may not have meant that.
+/// Tells the user if the program has deleted the take, and offers to bring it back: the user may
+/// not have meant it.
 void StripFeed::tellTakeGone(int64_t nowMs) {
     if (!doors->canUseSound()) {
         return;

@@ -12,41 +12,42 @@
 
 class StripFeed {
 public:
-    /// How often the level is looked at while recording: 15 times a second reads as smooth.
+    /// How often the level is updated while recording: 15 times a second looks smooth.
     static constexpr int64_t kLevelMs = 66;
 
-    /// After so long without a sample the microphone is called mute.
+    /// How long no sample must come before the strip says that the microphone is mute.
     static constexpr int64_t kMuteMs = 1000;
 
     /// @param model  not owned
     explicit StripFeed(StripModel& model)
         : model(model) {}
 
-    /// Null: the program has ended.
+    /// The program has started; null: it has ended.
     void setDoors(HostDoors* offered);
 
-    /// Whose level is shown; null: none. Not owned.
+    /// The microphone whose level is shown; null: none. Not owned.
     void setMicrophone(HostMicrophone* newest) { microphone = newest; }
 
-    /// Where saved sounds lie. Without it the host itself tells what was saved.
+    /// The folder of saved sounds. If it is not set, the strip does not tell what was saved.
     /// @param path   the real one, without a trailing "/"
     /// @param shown  as the user knows it ("~/Music/Murmelo")
     void setSoundFolder(std::string path, std::string shown);
 
-    /// There is a take of an earlier recording to be brought back.
+    /// @param isThere  true: there is an earlier take that can be brought back
     void setLastTake(bool isThere);
 
-    /// Asks the microphone for its name: another one was chosen.
+    /// Reads the microphone's name again; call it when another one was chosen.
     void nameMicrophone();
 
     const std::string& soundFolder() const { return folder; }
 
     const std::string& shownSoundFolder() const { return shownFolder; }
 
-    /// Looks at the program and ends messages.
+    /// Updates the model from the program, and ends messages whose time is over.
     void look(int64_t nowMs);
 
-    /// When to look again although the program does nothing; DueTime::kNever: not before it does.
+    /// When to call look() although the program does nothing; DueTime::kNever: not before it does
+    /// something.
     int64_t dueMs() const;
 
 private:
@@ -66,7 +67,7 @@ private:
     std::string language;
     int32_t savedBefore = 0;
     bool hasLastTake = false;
-    bool hadTake = false;  // when a take could be used last
+    bool hadTake = false;  // true: there was a take at the last look
 
     bool recording = false;
     int64_t nextLevelMs = DueTime::kNever;

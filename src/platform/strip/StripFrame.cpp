@@ -33,7 +33,7 @@ void StripFrame::paint() {
         return;
     }
     paintedSheet = model.sheet() != StripModel::Sheet::kNone;
-    // Room for a sheet is made when the first one is painted, and kept.
+    // Memory for a sheet is allocated when the first one is painted, and then kept.
     const int32_t rows = paintedSheet ? kProgramRows : StripModel::kHeightPx;
     picture.resize(
         std::max(picture.size(), static_cast<size_t>(kProgramWidthPx) * static_cast<size_t>(rows)));
@@ -84,7 +84,7 @@ HostFrame::Rows StripFrame::takeChanges() {
     const bool isAllNew = seen.size() != picture.size();
     seen.resize(picture.size());
     if (paintedSheet != seenSheet) {
-        changed.set();  // the picture comes out from under it, or goes
+        changed.set();  // the sheet appears over the picture, or uncovers it
     }
     const int32_t rows = paintedSheet ? kProgramRows : StripModel::kHeightPx;
     for (int32_t y = 0; y < rows; y++) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The phone's display with the strip in its upper band, and the sheet over the picture while there
-// is one.
+// The phone's display with the strip in its upper band, and with the sheet over the picture while
+// one is open.
 //
-// A host that shows it looks at this frame instead of the phone's own.
+// A host that has a strip shows this frame in place of the phone's own.
 #pragma once
 
 #include "Host.h"
@@ -25,13 +25,13 @@ public:
     /// The program has ended.
     void end();
 
-    /// The phone's frame; null: it is gone, or there is none yet.
+    /// Sets the phone's frame; null: there is none.
     void setDisplay(HostFrame* frame) { display = frame; }
 
-    /// True if there is something to look at.
+    /// True if there is a frame of the phone.
     bool isThere() const { return display != nullptr; }
 
-    /// True if the strip or its sheet has changed since they were last looked at.
+    /// True if the strip or its sheet has changed since the last takeChanges().
     bool isNew() const { return painter != nullptr && model.version() != lookedAt; }
 
     void composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& rows) override;
@@ -42,12 +42,12 @@ private:
     void copyRow(uint16_t* to, int32_t y) const;
 
     StripModel& model;
-    std::unique_ptr<StripPainter> painter;  // between begin() and end()
+    std::unique_ptr<StripPainter> painter;  // null before begin() and after end()
     HostFrame* display = nullptr;
-    std::vector<uint16_t> picture;  // 240 x 400, the lower part only of a sheet
+    std::vector<uint16_t> picture;  // 240 x 400; below row 80 only while a sheet is open
     uint32_t painted = 0;           // version of the model; 0: none
     uint32_t lookedAt = 0;
     bool paintedSheet = false;
     bool seenSheet = false;
-    std::vector<uint16_t> seen;  // what takeChanges() saw last
+    std::vector<uint16_t> seen;  // the picture at the last takeChanges()
 };

@@ -12,18 +12,18 @@ public:
     static constexpr int32_t kHeightPx = 80;
     static constexpr int32_t kSheetHeightPx = 320;
 
-    static constexpr int32_t kMarginPx = 6;  // of texts, left and right
+    static constexpr int32_t kMarginPx = 6;  // left and right of texts
 
-    // The row of text, which grows down over the heads.
+    // The row of text at the top. A message of several rows covers the heads.
     static constexpr int32_t kLineTopPx = 0;
     static constexpr int32_t kLineHeightPx = 16;
     static constexpr int32_t kLinePx = kWidthPx - 2 * kMarginPx;
     static constexpr int32_t kMaxLines = 3;
-    static constexpr int32_t kMessagePathPx = kLinePx * 3 / 2;  // of a path among its words
-    static constexpr int32_t kSecondsWidthPx = 34;  // kept free at its right end while recording
+    static constexpr int32_t kMessagePathPx = kLinePx * 3 / 2;  // the widest path within a message
+    static constexpr int32_t kSecondsWidthPx = 34;  // at the row's right end, while recording
     static constexpr int32_t kActionPadPx = 5;      // on both sides of the word
 
-    // Heads, or the level while recording.
+    // The heads of the effects, or the level while recording.
     static constexpr int32_t kHeadsTopPx = 17;
     static constexpr int32_t kHeadWidthPx = 30;
     static constexpr int32_t kHeadHeightPx = 30;
@@ -38,9 +38,9 @@ public:
     static constexpr int32_t kIconPx = 16;
     static constexpr int32_t kIconTopPx = kKeysTopPx + 1;
     static constexpr int32_t kWordTopPx = kKeysTopPx + 17;
-    static constexpr int32_t kWordPadPx = 1;  // left and right of a word at least
+    static constexpr int32_t kWordPadPx = 1;  // at least, left and right of a word
 
-    // The sheet, counted from its own top.
+    // The sheet; y counts from its own top.
     static constexpr int32_t kTitleTopPx = 8;
     static constexpr int32_t kRowsTopPx = 34;
     static constexpr int32_t kChoiceHeightPx = 25;
@@ -49,9 +49,9 @@ public:
     static constexpr int32_t kParagraphGapPx = 7;  // height of an empty row
     static constexpr int32_t kSheetMarginPx = 10;
     static constexpr int32_t kSheetTextPx = kWidthPx - 2 * kSheetMarginPx;
-    static constexpr int32_t kCloseHeightPx = 32;  // of the row at the lower edge that closes it
+    static constexpr int32_t kCloseHeightPx = 32;  // of the button "Close" at its lower edge
 
-    // Buttons of the help, above that row.
+    // Further buttons of the help, above "Close".
     static constexpr int32_t kMoreKeys = 3;
     static constexpr int32_t kMoreWidthPx = kSheetTextPx / kMoreKeys;
     static constexpr int32_t kMoreHeightPx = 28;
@@ -67,7 +67,7 @@ public:
         return {kSaveWidthPx + (index - 1) * kKeyWidthPx, kKeysTopPx, kKeyWidthPx, kKeyHeightPx};
     }
 
-    /// A row of the list on the sheet, counted from the strip's top.
+    /// A row of the list on the sheet; y counts from the strip's top.
     static constexpr ScreenPlace choice(int32_t index) {
         return {0, kHeightPx + kRowsTopPx + index * kChoiceHeightPx, kWidthPx, kChoiceHeightPx};
     }

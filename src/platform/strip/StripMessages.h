@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The messages of the strip: one is shown for some seconds, later ones wait for a moment each.
+// The messages of the strip. One is shown for some seconds; if others wait, each is shown for a
+// shorter time.
 #pragma once
 
 #include "DueTime.h"
@@ -11,12 +12,12 @@
 
 class StripMessages {
 public:
-    /// How long a message is shown that no other follows; one with an action longer, so that the
-    /// hand gets there.
+    /// How long a message is shown if no other waits. One with an action is shown longer, so that
+    /// there is time to tap it.
     static constexpr int64_t kShownMs = 6000;
     static constexpr int64_t kActionShownMs = 10000;
 
-    /// At least so long, if another waits. The hand needs longer than the eye.
+    /// How long a message is shown if another waits: time to read it, or to tap its action.
     static constexpr int64_t kLeastMs = 2000;
     static constexpr int64_t kActionLeastMs = 5000;
 
@@ -27,30 +28,33 @@ public:
         bool isSeen = false;
     };
 
-    /// Shows it, or lets it wait. The same text that is shown now only begins again.
+    /// Shows a message, or lets it wait. If the newest message has the same text, replaces that one
+    /// and starts its time again.
     void tell(Message message, int64_t nowMs);
 
-    /// Null: none is shown.
+    /// The current message; null: none.
     const Message* shown() const { return waiting.empty() ? nullptr : &waiting.front(); }
 
-    /// Takes the shown message away; a waiting one follows with the next tick().
+    /// Removes the current message. The next one is shown at once; its time begins with the next
+    /// tick().
     void close();
 
-    /// Takes all away that were told before the last look, also those that wait.
+    /// Removes all messages that were told before the last look(), also those that wait.
     void closeSeen();
 
-    /// True if another message is shown now, or none.
+    /// Removes the current message if its time is over. True if it did.
     bool tick(int64_t nowMs);
 
-    /// The strip was looked at.
+    /// Marks all messages as seen, for closeSeen().
     void look();
 
-    /// When tick() has something to do.
+    /// When to call tick() next; DueTime::kNever if there is no message.
     int64_t dueMs() const;
 
 private:
     int64_t endMs() const;
 
-    std::deque<Message> waiting;        // the first one is shown
-    int64_t sinceMs = DueTime::kNever;  // when it began; DueTime::kNever: with the next tick
+    std::deque<Message> waiting;  // the first one is shown
+    int64_t sinceMs =
+        DueTime::kNever;  // since when it is shown; DueTime::kNever: from the next tick on
 };

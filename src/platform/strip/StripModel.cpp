@@ -48,7 +48,7 @@ void StripModel::setTextWidth(TextRows::Width width) {
     lookAgain();
 }
 
-/// Something of the picture has changed: its texts are laid out again.
+/// Breaks the texts into rows again, and counts a new version of the picture.
 void StripModel::lookAgain() {
     const StripMessages::Message* message = messages.shown();
     const std::string line = message != nullptr ? message->text : lineWithoutMessage();
@@ -73,7 +73,7 @@ void StripModel::lookAgain() {
 void StripModel::setScreen(const ScreenTexts& texts, int32_t currentEffect, bool offersSave) {
     const bool wasRecording = isRecordingScreen();
     if (texts.screen != screen) {
-        assign(hint, std::string());  // what was pointed at means something else, or nothing
+        assign(hint, std::string());  // what the mouse points at has another meaning now
     }
     assign(code, texts.language);
     assign(screen, texts.screen);
@@ -83,7 +83,7 @@ void StripModel::setScreen(const ScreenTexts& texts, int32_t currentEffect, bool
     if (isRecordingScreen() && !wasRecording) {
         reading = {};
         mute = false;
-        messages.closeSeen();  // of the take before; they would cover the level
+        messages.closeSeen();  // messages about the take before would cover the level
         openSheet = Sheet::kNone;
         lookAgain();
     }
@@ -162,7 +162,7 @@ void StripModel::showHelp(std::vector<std::string> text) {
     lookAgain();
 }
 
-/// Of HostWords, in the program's language.
+/// A text of HostWords in the program's language.
 std::string StripModel::word(const char* row) const {
     return HostWords::text(row, code);
 }
@@ -194,7 +194,7 @@ std::string StripModel::lineWithoutMessage() const {
     return showsLevel() || screen == ScreenNames::kRecord ? microphoneName : "";
 }
 
-/// Seconds and action stand at the right end of the first row.
+/// Width of the first row: the seconds and the action stand at its right end.
 int32_t StripModel::firstLinePx() const {
     int32_t width = StripLayout::kLinePx;
     if (showsLevel()) {
@@ -293,7 +293,7 @@ void StripModel::addSheet(std::vector<StripButton>& all) const {
 void StripModel::addMore(std::vector<StripButton>& all) const {
     struct More {
         Kind kind;
-        const char* row;  // of HostWords
+        const char* row;  // name of its text in HostWords
         bool isEnabled;
     };
 
@@ -314,7 +314,8 @@ void StripModel::addMore(std::vector<StripButton>& all) const {
     }
 }
 
-/// The system's choice, then the devices; what does not fit comes after a tap on the last row.
+/// Adds a page of the list: the system's choice, then the devices. If they do not fit, the last row
+/// is a button that turns to the next page.
 void StripModel::addChoices(std::vector<StripButton>& all) const {
     const auto count = static_cast<int32_t>(microphones.size()) + 1;
     const bool fits = count <= StripLayout::kMaxChoices;

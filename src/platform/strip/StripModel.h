@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The host's own row above the picture, and the sheet that it can lay over the picture: what can be
-// done, what is said, how loud it is, in which language. Knows neither drawing nor a clock.
+// The host's own row above the picture, and the sheet that can cover the picture: which buttons
+// there are, which message is shown, how loud the recording is. Does not draw, and has no clock.
 //
 // Positions are pixels of the program: the strip has 240 x 80 of them. The sheet (the list of
 // microphones, the help) lies over the 240 x 320 picture below it, from y 80 on.
@@ -20,7 +20,7 @@ enum class HostKey;
 
 /// Something that can be tapped.
 struct StripButton {
-    /// Where it belongs to.
+    /// The part of the strip that it belongs to.
     enum class Part {
         kMessage,  // the action of the message
         kHeads,
@@ -29,16 +29,17 @@ struct StripButton {
     };
 
     Part part = Part::kSheet;
-    StripWish wish;     // what a tap on it means
+    StripWish wish;     // the wish that a tap on it makes
     std::string name;   // a word in the program's language; UTF-8
-    ScreenPlace place;  // in the strip; on the sheet y is 80 and more
+    ScreenPlace place;  // in pixels of the strip; on the sheet y is at least 80
     bool isEnabled = true;
     bool isLit = false;  // the current effect, or the microphone in use
 
-    /// True if a tap is a wish all the same: the host says why nothing can be saved or opened.
+    /// True if a tap makes a wish. It does on disabled buttons to save or open too: then the host
+    /// tells why it is not possible.
     bool canBeWished() const;
 
-    /// True if it means the same and stands at the same place, however it looks now.
+    /// True if it has the same wish and place; its look may differ.
     bool isSameAs(const StripButton& other) const;
 
     bool operator==(const StripButton& other) const;
@@ -51,53 +52,53 @@ public:
     static constexpr int32_t kSheetHeightPx = 320;
     static constexpr int32_t kEffects = 8;
 
-    /// What lies over the picture.
+    /// The sheet that covers the picture.
     enum class Sheet { kNone, kMicrophones, kHelp };
 
     StripModel();
 
-    /// How wide texts are; until then every byte counts 7 pixels.
+    /// Sets the function that measures texts. Until then every byte counts 7 pixels.
     void setTextWidth(TextRows::Width width);
 
     /// @param currentEffect  0 to 7
-    /// @param offersSave     there is a take, and now it can be saved
+    /// @param offersSave  true: there is a take, and it can be saved now
     void setScreen(const ScreenTexts& texts, int32_t currentEffect, bool offersSave);
 
-    /// @param offersOpen  a sound file can become the take now
+    /// @param offersOpen  true: a sound file can become the take now
     void setCanOpen(bool offersOpen);
 
     /// Names of the effects in the program's language, for the heads.
     void setEffectNames(const std::vector<std::string>& names);
 
     /// @param names    as the sound server shows them
-    /// @param current  place in names; StripWish::kSystemsChoice
+    /// @param current  index in names, or StripWish::kSystemsChoice
     void setMicrophones(const std::vector<std::string>& names, int32_t current);
 
-    /// Of the microphone that records; empty: not known.
+    /// Sets the name of the microphone that records; empty: not known.
     void setMicrophoneName(const std::string& name);
 
-    /// While a recording goes on.
-    /// @param isMute  no samples have come for a second
+    /// Sets the level and the time that is left, while a recording goes on.
+    /// @param isMute  true: no samples have come for a second
     void setRecording(const LevelMeter::Reading& newest, int32_t secondsLeft, bool isMute);
 
-    /// A take of an earlier run or screen can be brought back.
+    /// @param isThere  true: an earlier take can be brought back
     void setLastTake(bool isThere);
 
-    /// The host exports sounds, and brings back and forgets the last take: the help has buttons for
-    /// that.
+    /// @param isOffered  true: the host can export sounds, and bring back or forget the last take;
+    /// the help then has buttons for that
     void setOffersMore(bool isOffered);
 
     bool isMoreOffered() const { return offersMore; }
 
-    /// A message in the line, for some seconds; one that has just come is shown for a moment before
-    /// the next takes its place.
+    /// Shows a message in the line for some seconds; if another is shown, after that one has had
+    /// its shortest time.
     /// @param text        in the program's language, UTF-8
-    /// @param action      what a tap on the word does; kNone: there is no word
+    /// @param action  the wish that a tap on the word makes; kNone: there is no word
     /// @param actionWord  short
     void tell(std::string text, StripWish action, std::string actionWord, int64_t nowMs);
 
-    /// A path that fits beside the words of a message, or on the help: too long ones lose their
-    /// middle. Anything else stays as it is.
+    /// The path, shortened in its middle if it does not fit into a message, or into a row of the
+    /// help. Other texts are returned unchanged.
     std::string pathForMessage(const std::string& path) const;
     std::string pathForHelp(const std::string& path) const;
 
@@ -108,56 +109,58 @@ public:
     /// @param text  its paragraphs, in the program's language
     void showHelp(std::vector<std::string> text);
 
-    /// A tap. Closes what is to be closed by it and returns what the host has to do.
+    /// Handles a tap: closes the sheet or the message if the tap means that, and returns the wish
+    /// that the host has to fulfil.
     StripWish tap(int32_t x, int32_t y);
 
-    /// The button that a tap here would choose; without a wish: none.
+    /// The button that a tap here would choose; one without a wish if there is none.
     StripButton buttonAt(int32_t x, int32_t y) const;
 
     /// True if a touch here is the strip's, and not the picture's.
     bool covers(int32_t x, int32_t y) const;
 
-    /// The mouse points here: the line tells the name of what a tap would do.
+    /// The mouse points here: the line shows what a tap would do.
     void point(int32_t x, int32_t y);
 
-    /// A key; kNone if the strip has no use for it now.
+    /// Handles a key and returns its wish; kNone if the key means nothing now.
     StripWish key(StripKey key);
 
-    /// A key of the phone while the sheet lies over its picture: arrows move the focus, the middle
-    /// key chooses, the others do nothing. Returns what the host has to do.
+    /// Handles a key of the phone while the sheet covers the picture: arrows move the focus, the
+    /// middle key chooses, the others do nothing. Returns the wish that the host has to fulfil.
     StripWish navigate(HostKey key);
 
-    /// The button of the sheet that has the focus, once a key has moved it; without a wish: none.
+    /// The button of the sheet that has the focus; one without a wish until a key has moved the
+    /// focus.
     StripButton shownFocus() const;
 
-    /// What the sheet says in words: its title, its text, its buttons and the focus among them.
+    /// The sheet as texts: its title, its text, its buttons, and which one has the focus.
     ScreenTexts sheetTexts() const;
 
-    /// True if a message or the sheet is there to be closed.
+    /// True if there is a message or a sheet to close.
     bool canClose() const { return openSheet != Sheet::kNone || messages.shown() != nullptr; }
 
-    /// Messages end. True if something changed.
+    /// Ends a message whose time is over. True if something changed.
     bool tick(int64_t nowMs);
 
-    /// When tick() has something to do; -1 never.
+    /// When to call tick() next; DueTime::kNever if there is no message.
     int64_t dueMs() const { return messages.dueMs(); }
 
-    /// Changes whenever the picture of strip or sheet would.
+    /// A number that changes whenever the picture of strip or sheet changes.
     uint32_t version() const { return changes; }
 
-    /// All that can be tapped now, disabled buttons too: places, names, and what is lit.
+    /// All buttons that are shown now, disabled ones too.
     std::vector<StripButton> buttons() const;
 
-    // What the painter asks.
+    // For the painter.
 
-    /// Rows of text from the top of the strip; more than one covers the heads. Empty ones are left
-    /// out.
+    /// Rows of text from the top of the strip; none if there is no text. More than one covers the
+    /// heads.
     const std::vector<std::string>& lines() const { return shownLines; }
 
-    /// True if the lines are a message or a warning and not only a name.
+    /// True if the lines are a message or a warning. False if they are only a name.
     bool isTelling() const { return telling; }
 
-    /// Word and place of the message's action; no word: there is none.
+    /// Word, place and wish of the message's action; without a wish if there is none.
     StripButton action() const;
 
     bool showsHeads() const;
@@ -165,7 +168,7 @@ public:
 
     const LevelMeter::Reading& level() const { return reading; }
 
-    /// Of the recording; -1 if none goes on.
+    /// Seconds that are left of a recording; -1 if there is none.
     int32_t secondsLeft() const { return showsLevel() ? seconds : -1; }
 
     Sheet sheet() const { return openSheet; }
@@ -176,13 +179,13 @@ public:
     const std::vector<std::string>& sheetRows() const { return rows; }
 
     /// Code of the program's language ("de").
-    /// Of the program; empty before there is one.
+    /// Name of the program's screen; empty before the first one.
     const std::string& screenName() const { return screen; }
 
     const std::string& language() const { return code; }
 
 private:
-    static constexpr int32_t kNoFocus = -1;  // no key has moved it
+    static constexpr int32_t kNoFocus = -1;  // no key has moved the focus
 
     template <typename T>
     void assign(T& field, const T& value) {
@@ -211,8 +214,8 @@ private:
     const char* hintOf(const StripWish& wish) const;
 
     TextRows::Width widthOf;
-    std::string code;    // of the language
-    std::string screen;  // its name
+    std::string code;    // of the program's language ("de")
+    std::string screen;  // name of the program's screen
     bool questioned = false;
     int32_t effect = 0;
     bool canSave = false;
@@ -229,13 +232,13 @@ private:
     bool mute = false;
 
     StripMessages messages;
-    std::string hint;  // of what the mouse points at
+    std::string hint;  // text for the button under the mouse; empty: none
     std::vector<std::string> shownLines;
     bool telling = false;
 
     Sheet openSheet = Sheet::kNone;
-    int32_t firstChoice = 0;   // of the list
-    int32_t focus = kNoFocus;  // among the buttons of the sheet that can be chosen
+    int32_t firstChoice = 0;   // first row that the list shows
+    int32_t focus = kNoFocus;  // index among the buttons of the sheet that can be chosen
     std::vector<std::string> paragraphs;
     std::vector<std::string> rows;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The keyboard on the sheet: one of its buttons has the focus, arrows move it, and the middle key
-// chooses.
+// StripModel's handling of keys on the sheet: one button has the focus, arrows move it, and the
+// middle key chooses.
 #include "Host.h"
 #include "StripModel.h"
 
@@ -32,7 +32,8 @@ std::vector<StripButton> StripModel::sheetButtons() const {
     return all;
 }
 
-/// Until it was moved it is on what is in use, or on the button that closes.
+/// Index of the button with the focus. Until a key has moved it, that is the lit button (the
+/// microphone in use), or else the one that closes the sheet.
 int32_t StripModel::focusAmong(const std::vector<StripButton>& all) const {
     const auto last = static_cast<int32_t>(all.size()) - 1;
     if (focus != kNoFocus) {
@@ -51,7 +52,7 @@ StripWish StripModel::navigate(HostKey key) {
     const int32_t at = focusAmong(all);
     if (key == HostKey::kMiddle) {
         StripWish wish = chosen(all[static_cast<size_t>(at)]);
-        assign(focus, openSheet != Sheet::kNone ? 0 : kNoFocus);  // of the page that was turned to
+        assign(focus, openSheet != Sheet::kNone ? 0 : kNoFocus);  // first row of the new page
         return wish;
     }
     const auto count = static_cast<int32_t>(all.size());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What taps, the mouse and keys do to the strip, and what they wish.
+// StripModel's handling of taps, the mouse and keys.
 #include "HostWords.h"
 #include "ScreenNames.h"
 #include "StripLayout.h"
@@ -40,7 +40,8 @@ StripWish StripModel::tap(int32_t x, int32_t y) {
     return {};
 }
 
-/// Only the list itself keeps the sheet open: what else is tapped takes its place.
+/// Carries out a tap on a button. Every button closes the sheet, except the one that turns the page
+/// of the list.
 StripWish StripModel::chosen(const StripButton& button) {
     const bool turnsPage = openSheet == Sheet::kMicrophones && button.part == Part::kSheet &&
                            button.wish.kind == Kind::kMicrophones;
@@ -68,7 +69,7 @@ bool StripModel::covers(int32_t x, int32_t y) const {
 void StripModel::point(int32_t x, int32_t y) {
     std::string pointed;
     for (const StripButton& button : buttons()) {
-        // The action of a message shows its word as it is.
+        // The action of a message needs no hint: its word says everything.
         const bool isNamed = button.part == Part::kHeads || button.part == Part::kKeys;
         if (isNamed && isIn(button.place, x, y)) {
             const char* text = hintOf(button.wish);
@@ -125,7 +126,7 @@ StripWish StripModel::key(StripKey key) {
         kind = Kind::kHelp;
         break;
     default:
-        // A message may cover the heads; their keys hold all the same.
+        // The keys of the effects work even while a message covers the heads.
         index = static_cast<int32_t>(key) - static_cast<int32_t>(StripKey::kEffect1);
         return screen == ScreenNames::kPlay && !questioned && index >= 0 && index < kEffects
                    ? StripWish::of(Kind::kEffect, index)

@@ -14,26 +14,26 @@ using Part = StripButton::Part;
 
 namespace {
 
-// Dark glass with a warm rim, as the program's own windows. Red and blue are equal, so that the
-// display's five bits of each change together, and no band of the fade looks reddish.
+// Dark glass with a warm rim, like the program's own windows. Red and blue are equal: the display
+// has five bits for each, so both change in the same rows, and no band of the fade looks reddish.
 constexpr uint32_t kGlassTopArgb = 0xFF301C30;
 constexpr uint32_t kGlassArgb = 0xFF180C18;
 constexpr uint32_t kEdgeArgb = 0x8CFFD9A0;
 constexpr uint32_t kSheenArgb = 0x18FFFFFF;
 constexpr uint32_t kGrooveArgb = 0x90000000;
 constexpr uint32_t kWhiteArgb = 0xFFFFFFFF;
-constexpr uint32_t kSoftArgb = 0xC0FFFFFF;  // what is only said by the way
-constexpr uint32_t kGreyArgb = 0x60FFFFFF;  // what can do nothing
+constexpr uint32_t kSoftArgb = 0xC0FFFFFF;  // text of minor weight
+constexpr uint32_t kGreyArgb = 0x60FFFFFF;  // disabled buttons
 constexpr uint32_t kMessageArgb = 0xFF482840;
 constexpr uint32_t kActionArgb = 0xFFFFD9A0;
 constexpr uint32_t kActionTextArgb = 0xFF2A1420;
 constexpr uint32_t kLitArgb = 0x38FFFFFF;
 
 constexpr int32_t kOpaque = 256;
-constexpr int32_t kOtherHead = 176;  // of 256: the current one stands out also without colours
+constexpr int32_t kOtherHead = 176;  // of 256: dim, so that the current one stands out
 constexpr int32_t kGreyIcon = 90;    // of 256
 
-// The level: segments of four pixels, the last of which is dark.
+// The level: segments of four pixels, of which the last one is a dark gap.
 constexpr int32_t kSegmentPx = 4;
 constexpr int32_t kSegments = 54;
 constexpr int32_t kLevelTopPx = StripLayout::kHeadsTopPx + 3;
@@ -46,9 +46,9 @@ constexpr uint32_t kTooLoudArgb = 0xFFFF5A4A;
 constexpr int32_t kLoudDb = -12;
 constexpr int32_t kTooLoudDb = -3;
 constexpr uint32_t kUnlitMask = 0x30FFFFFF;
-constexpr uint32_t kPeakMask = 0x90FFFFFF;  // between mean and peak
+constexpr uint32_t kPeakMask = 0x90FFFFFF;  // segments between mean and peak
 
-/// The level at which a segment is lit.
+/// The level in dB from which on a segment is lit.
 int32_t dbOf(int32_t segment) {
     return LevelMeter::kFloorDb - LevelMeter::kFloorDb * (segment + 1) / kSegments;
 }
@@ -174,7 +174,7 @@ bool isMore(const StripButton& button) {
            button.wish.kind == Kind::kForget;
 }
 
-/// Two lines of white: it stands out also from what is lit.
+/// Paints a white frame of two lines, which is visible on a lit button too.
 void paintFocus(StripBrush& brush, const StripButton& button) {
     ScreenPlace outer = button.place;
     outer.y -= StripLayout::kHeightPx;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Paints the strip and its sheet with the imaging room's pictures and fonts: dark glass, white
-// text.
+// Paints the strip and its sheet, dark glass with white text, by means of the imaging room.
 //
 // Reads its pictures from /Res/ when it is made: the host must be installed by then, and the
 // program must have started.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pictures and fonts of the strip, read from /Res/ when it is made.
+// The pictures and fonts of the strip, read from /Res/ by the constructor.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ public:
     StripPictures& operator=(const StripPictures&) = delete;
     ~StripPictures();
 
-    // Null where a file is missing or no picture.
+    // Null if a file is missing or is not a picture.
     std::unique_ptr<AppImage> heads;  // eight in a row, in the order of the effects
     std::unique_ptr<AppImage> icons;  // five in a row, in the order of the buttons
     std::unique_ptr<BitMapFont> font;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user wants, from a tap on the strip or one of its keys. The host fulfils it.
+// What the user wants when tapping the strip or pressing one of its keys. The host fulfils it.
 #pragma once
 
 #include <cstdint>
@@ -12,15 +12,15 @@ struct StripWish {
         kExport,
         kOpen,
         kMicrophones,    // show the list (StripModel::showMicrophones)
-        kUseMicrophone,  // index: place in the list; kSystemsChoice
+        kUseMicrophone,  // index in the list, or kSystemsChoice
         kSounds,         // show the folder or the list of the saved sounds
         kHelp,           // show the help (StripModel::showHelp)
         kEffect,         // index: 0 to 7
-        kBringBack,      // the last take
-        kForget,         // the last take
-        kShowFile,       // path: show it where it lies
-        kHostsOwn,       // index: what the host means by it
-        kClose,          // the strip has closed a message or its sheet: nothing is left to do
+        kBringBack,      // make the last take the take again
+        kForget,         // delete the last take
+        kShowFile,       // path: show its folder
+        kHostsOwn,       // index: a number that the host has given
+        kClose,          // the strip has closed a message or its sheet; the host does nothing
     };
 
     static constexpr int32_t kSystemsChoice = -1;
@@ -44,7 +44,7 @@ struct StripWish {
     std::string path;
 };
 
-/// Keys that mean something to the strip.
+/// Keys that the strip handles.
 enum class StripKey : char {
     kEffect1 = '1',
     kEffect2,

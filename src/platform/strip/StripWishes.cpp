@@ -56,7 +56,7 @@ void StripWishes::help() {
     model.showHelp(std::move(text));
 }
 
-/// What was saved is told when the program has done it.
+/// Saves the sound, or tells why not. StripFeed tells of a saved sound when it is written.
 void StripWishes::save(int64_t nowMs) {
     if (doors != nullptr && doors->saveSound()) {
         return;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fulfils the wishes of the strip: what every host can do by itself, and the rest by handlers that
-// the host adds.
+// Fulfils the wishes of the strip: those that are the same for every host by itself, the others by
+// handlers that the host adds.
 #pragma once
 
 #include "StripFeed.h"
@@ -20,10 +20,10 @@ public:
         : model(model)
         , feed(feed) {}
 
-    /// Null: the program has ended, nothing but what the host handles is fulfilled.
+    /// The program has started; null: it has ended, and only the host's handlers work.
     void setDoors(HostDoors* offered) { doors = offered; }
 
-    /// From now on the host fulfils that kind of wish, also one that this class could fulfil.
+    /// Sets the handler for a kind of wish. It replaces what this class would do.
     void on(StripWish::Kind kind, Handler handler);
 
     /// True if there is a handler for it.

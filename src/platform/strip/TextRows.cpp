@@ -9,7 +9,7 @@ bool isInsideCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-/// Where the character after the one at this place begins.
+/// Index of the first byte of the next character.
 size_t after(const std::string& text, size_t at) {
     at++;
     while (at < text.size() && isInsideCharacter(text[at])) {
@@ -18,7 +18,8 @@ size_t after(const std::string& text, size_t at) {
     return at;
 }
 
-/// The longest beginning of the text that is no wider than the row, at least one character.
+/// Length in bytes of the longest beginning of the text that fits into the row; at least one
+/// character.
 size_t fitting(const std::string& text, int32_t widthPx, const TextRows::Width& widthOf) {
     size_t end = after(text, 0);
     while (end < text.size() && widthOf(text.substr(0, after(text, end))) <= widthPx) {
@@ -36,7 +37,7 @@ bool isInPath(const std::string& text, size_t at) {
     return next < text.find(' ', at);
 }
 
-/// Where a row that may reach to the end given is to be broken.
+/// Where to break a row that may reach to end at most.
 /// @param isSplit  the text goes on with the rest of a path
 size_t breakBefore(const std::string& text, size_t end, bool isSplit) {
     const size_t restOfPath = isSplit ? text.find(' ') : 0;
@@ -55,8 +56,9 @@ std::string withoutSpaces(const std::string& text) {
     return first == std::string::npos ? "" : text.substr(first);
 }
 
-/// A last row of one word gets the last word of the row above it, where that row keeps two words.
-/// @param isSplit  a path goes on from the row above without a space
+/// If the last row has one word, moves the last word of the row above to it, unless that row would
+/// keep less than two words.
+/// @param isSplit  true: the last row continues a path of the row above, without a space
 void giveCompany(std::string& above,
                  std::string& last,
                  bool isSplit,

@@ -13,7 +13,7 @@ struct Reason {
 constexpr Reason kReasons[] = {
     {"NotAllowedError", "microphoneRefused"}, {"SecurityError", "microphoneRefused"},
     {"NotFoundError", "microphoneMissing"},   {"OverconstrainedError", "microphoneMissing"},
-    {"InsecureError", "microphoneInsecure"},  // the page's own: it has nothing to ask
+    {"InsecureError", "microphoneInsecure"},  // from the page: no API without https
 };
 
 }  // namespace
@@ -27,5 +27,5 @@ const char* MicrophoneReasons::wordOf(const std::string& error, int32_t rateHz) 
             return reason.word;
         }
     }
-    return "microphoneBusy";  // it is there, and allowed
+    return "microphoneBusy";  // any other error: the device is there and allowed
 }

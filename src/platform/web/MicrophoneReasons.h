@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which words tell why there is no microphone.
+// Chooses the words that tell why there is no microphone.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,9 @@
 
 class MicrophoneReasons {
 public:
-    /// @param error  the name of the exception that the browser threw; empty: it gives the
-    /// microphone
-    /// @param rateHz  of the samples that would come
+    /// @param error  the name of the exception that the browser threw; empty: the microphone was
+    /// granted
+    /// @param rateHz  of the microphone's samples
     /// @returns a name of HostWords; null if nothing is wrong
     static const char* wordOf(const std::string& error, int32_t rateHz);
 };

@@ -3,7 +3,8 @@
 
 #include <emscripten.h>
 
-// Samples and texts are copied out of the heap before anything of the page goes on later.
+// Samples and texts are copied out of the heap within the call, because the program may free or
+// overwrite them after it.
 // clang-format off
 EM_JS(double, pageNow, (), { return Module.page.core.now(); })
 EM_JS(double, pageRealNow, (), { return performance.now(); })
@@ -30,8 +31,8 @@ EM_JS(void, pagePickFile, (), { document.getElementById('file').click(); })
 EM_JS(void, pageShowSounds, (), { Module.page.openSounds(); })
 EM_JS(void, pageListMicrophones, (), { Module.page.ears.list(); })
 EM_JS(void, pageAct, (int32_t number), { Module.page.acts[number](); })
-// Emscripten's rename() leaves a file whose place is taken in its table of names: it would be found
-// again when the other is deleted.
+// When Emscripten's rename() replaces a file, it leaves the replaced file in its table of names.
+// That file would be found again once the new one is deleted.
 EM_JS(void, pageMendRename, (), {
     const rename = FS.rename;
     FS.rename = (from, to) => {

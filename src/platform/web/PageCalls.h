@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The page as WebHost sees it: each call goes to the part of the object `Module.page` that does it.
+// The page as WebHost sees it: passes each call to the part of the object `Module.page` that
+// carries it out.
 #pragma once
 
 #include "WebPage.h"
 
 class PageCalls : public WebPage {
 public:
-    /// Also corrects how the file system in memory renames.
+    /// Also corrects an error in rename() of Emscripten's file system.
     PageCalls();
 
     double nowMs() override;

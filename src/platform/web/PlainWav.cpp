@@ -55,7 +55,7 @@ struct Format {
             return value;
         }
         if (bits == 8) {
-            return static_cast<float>(bytes[0] - 128) / 128.0F;  // the one width without a sign
+            return static_cast<float>(bytes[0] - 128) / 128.0F;  // 8-bit samples alone are unsigned
         }
         const auto top = static_cast<int32_t>(word(bytes, sampleBytes()) << (32 - bits));
         return static_cast<float>(top) / 2147483648.0F;
@@ -82,7 +82,7 @@ public:
         : framesLeft(std::min(framesThere, static_cast<size_t>(rateHz) * PlainWav::kLongestSeconds))
         , converter(rateHz) {}
 
-    /// How many frames to add next; 0 at the end.
+    /// How many frames the next add() takes; 0 at the end.
     size_t wanted() const { return std::min(framesLeft, kBlockFrames); }
 
     void add(const float* frames, size_t count) {
@@ -203,7 +203,7 @@ std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int
     number(8 * kSampleBytes, 2);
     letters("data");
     number(dataBytes, 4);
-    std::memcpy(next, samples, dataBytes);  // little-endian, as every host
+    std::memcpy(next, samples, dataBytes);  // every host is little-endian, as the file is
     return file;
 }
 

@@ -20,17 +20,18 @@ public:
         HostMicrophone::kLongestTakeSamples / HostMicrophone::kRateHz;
 
     /// The first 20 s of a WAV file as 16 kHz mono: 8, 16, 24 or 32-bit whole numbers or 32-bit
-    /// floats, 1 to 8 channels (their mean), kMinRateHz to kMaxRateHz. Empty for everything else. A
-    /// file that is cut short counts as far as it goes.
+    /// floats, 1 to 8 channels (their mean), kMinRateHz to kMaxRateHz. Empty for everything else.
+    /// Of a file that is cut short, what is there is read.
     /// @param isCut  if given: there is more of it
     static std::vector<int16_t> read(const uint8_t* bytes, size_t count, bool* isCut = nullptr);
 
-    /// The same of the beginning of a file: empty also if not all of these 20 s are in it.
+    /// The same for the first bytes of a longer file. Also empty if they do not hold all of the
+    /// sound or its first 20 s.
     static std::vector<int16_t>
     readBeginning(const uint8_t* bytes, size_t count, bool* isCut = nullptr);
 
-    /// All samples of a file that toFile() made of 16 kHz, as they are: a recording that ended some
-    /// frames late is longer than 20 s. Empty for everything else.
+    /// All samples of a 16 kHz file that toFile() made, unchanged and not cut to 20 s: a recording
+    /// may end some frames late. Empty for everything else.
     static std::vector<int16_t> readTake(const uint8_t* bytes, size_t count);
 
     /// The bytes of a WAV file: 16 bits, one channel.

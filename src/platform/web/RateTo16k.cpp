@@ -13,18 +13,19 @@ namespace {
 
 constexpr int32_t kOutHz = 16000;
 constexpr int32_t kUnits = 24;  // half the filter's length; longer: steeper between 7 and 9 kHz
-// Values in between are interpolated linearly, with an error below -105 dB.
+// Filter values are kept at so many places per unit and interpolated linearly between them, with an
+// error below -105 dB.
 constexpr int32_t kStepsPerUnit = 512;
 constexpr double kKaiserBeta = 9.4;  // larger: quieter from 9 kHz on, but less steep before
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kFullScale = 32768.0;
-constexpr size_t kBlockSamples = 1024;  // taken at once: bounds what is held
+constexpr size_t kBlockSamples = 1024;  // taken at a time: limits the memory
 
 /// sin(pi * x), exactly 0 for whole numbers. Taylor's series, correct to the last bits of a double.
 /// @param x  not below 0
 double sinPi(double x) {
     const auto whole = static_cast<int32_t>(std::lround(x));
-    const double y = kPi * (x - whole);  // within half a turn around 0
+    const double y = kPi * (x - whole);  // -pi/2 to pi/2
     double term = y;
     double sum = y;
     for (int32_t power = 3; power <= 25; power += 2) {
@@ -45,8 +46,8 @@ double besselI0(double quarterSquare) {
     return sum;
 }
 
-/// A low pass at half the lower rate, in a Kaiser window. One value more than its length, for the
-/// straight line to end at.
+/// The right half of a low-pass filter at half the lower rate, with a Kaiser window. It has one
+/// value more than its length, as the end of the last interpolation.
 std::vector<float> halfFilter() {
     constexpr double kQuarterBetaSquare = kKaiserBeta * kKaiserBeta / 4;
     const double full = besselI0(kQuarterBetaSquare);
@@ -119,16 +120,17 @@ void RateTo16k::emit(std::deque<int16_t>& out) {
 }
 
 double RateTo16k::filtered() const {
-    // The sample in at `at` and the earlier ones, then the later ones.
+    // First the input sample at `at` and the earlier ones, then the later ones.
     return gain * (wing(at, after, -1) + wing(at + 1, perIn - after, 1));
 }
 
-/// Half a sample out.
+/// One half of an output sample: the filtered sum of the input samples on one side of it.
 /// @param nearest    the index in held of the first sample of this half
-/// @param distance   of that sample from the one out, in 1/perIn samples in
+/// @param distance  from that sample to the output sample, in 1/perIn input samples
 /// @param direction  -1: earlier samples follow, 1: later ones
 double RateTo16k::wing(size_t nearest, int64_t distance, int32_t direction) const {
-    // Where in the filter, in steps: whole, and a rest in 1/unit. Both advance without a division.
+    // The place in the filter: whole steps, and the rest in 1/unit of a step. Both advance without
+    // a division.
     int64_t step = distance * kStepsPerUnit / unit;
     int64_t rest = distance * kStepsPerUnit % unit;
     const int64_t nextStep = perIn * kStepsPerUnit / unit;

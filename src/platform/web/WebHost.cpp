@@ -13,7 +13,7 @@
 
 namespace {
 
-// As loud as the program can play: how loud that is the device's own keys decide.
+// The program plays at its loudest; the user changes the volume with the device's own keys.
 constexpr int32_t kVolumeSteps = 4;  // from 50 to 90
 constexpr double kTurnMs = 8;        // leaves the page half of a frame for everything else
 
@@ -64,8 +64,8 @@ double WebHost::turn() {
     return static_cast<double>(DueTime::earlier(static_cast<int64_t>(restMs), waitMs));
 }
 
-/// In the background the strip is not seen, and what it tells waits. Between two takes there is
-/// none for a moment: the strip must not tell that it is deleted.
+/// Updates the strip. Not in the background: the strip cannot be seen there, and its messages wait.
+/// Not while a take is about to come back either: the strip would tell that the take is gone.
 void WebHost::look() {
     const bool takeComes = !offeredTake.empty() && doors != nullptr && doors->canUseSound();
     if (!isAway && program != nullptr && !takeComes) {
@@ -105,7 +105,7 @@ bool WebHost::pump(HostListener& listener, int64_t timeoutMs) {
     return false;
 }
 
-/// Returns whether it delivered a callback.
+/// Returns true if it delivered a callback.
 bool WebHost::deliver(HostListener& listener) {
     while (!tasks.empty()) {
         const Task task = std::move(tasks.front());
@@ -144,14 +144,15 @@ void WebHost::microphoneAnswered(int32_t ticket,
     }
 }
 
-/// From the screen that offers a recording.
+/// Leaves the screen that offers a recording: tells the user why, brings the earlier take back, and
+/// presses "Back".
 void WebHost::giveRecordingUp(const char* word) {
     row.tell({word, {}});
     walk.giveUp();
     if (hasTake) {
         offer(lastTake);
     }
-    refusals++;  // keys pressed meanwhile were meant for a recording
+    refusals++;  // drops waiting keys: they were meant for a recording
     key(HostKey::kRightSoft);
 }
 
@@ -169,8 +170,8 @@ bool WebHost::loseMicrophone() {
     return false;
 }
 
-/// A microphone from which nothing more comes is gone. One that never said anything may be switched
-/// off: the strip says so, and the user may switch it on.
+/// A microphone that has delivered samples and then stops is treated as lost. One that has
+/// delivered none may be switched off: the strip tells so, and the user can switch it on.
 bool WebHost::watchMicrophone() {
     return ears.fellSilent() && ears.hasHeard() && loseMicrophone();
 }
@@ -239,7 +240,7 @@ void WebHost::keepTake(std::vector<int16_t> samples) {
 void WebHost::Ears::release() {
     WebMicrophone::release();
     std::vector<int16_t> heard = takeAway();
-    const bool hadTake = std::exchange(host.hasTake, false);  // the program has deleted it
+    const bool hadTake = std::exchange(host.hasTake, false);  // the program has deleted that one
     if (!heard.empty()) {
         host.keepTake(std::move(heard));
     } else if (hadTake && hasStarted()) {
@@ -252,7 +253,7 @@ bool WebHost::isOn(const char* screen) const {
 }
 
 void WebHost::leave() {
-    leavesLater = ears.isAsked();  // the browser's own question may hide the page
+    leavesLater = ears.isAsked();  // the browser's question itself may hide the page
     if (program == nullptr || isAway || leavesLater) {
         return;
     }
@@ -263,7 +264,8 @@ void WebHost::leave() {
     const bool wasRecording = isOn(ScreenNames::kRecording);
     tasks.emplace_back(
         [this](HostListener&) { return doors != nullptr && doors->stopRecording(); });
-    // A recording that has stopped is cleaned up without a pause, as any job.
+    // A recording that was stopped is cleaned up in steps without a pause between them, like any
+    // job.
     bool goesOn = step();
     while (goesOn && restMs == 0) {
         goesOn = step();

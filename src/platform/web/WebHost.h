@@ -26,7 +26,7 @@
 
 class WebHost : public Host {
 public:
-    // What turn() returns besides milliseconds.
+    // Results of turn() besides times: wait for the next event; the program has ended.
     static constexpr double kNever = -1;
     static constexpr double kEnded = -2;
 
@@ -39,13 +39,12 @@ public:
     /// Starts the program. False if it cannot be started.
     bool begin(std::unique_ptr<HostProgram> made);
 
-    /// Lets the program work for at most 8 ms of the real clock, or for one step if that takes
-    /// longer.
-    /// @returns after how many milliseconds it wants the next turn (0: as soon as the page has
-    /// dealt with its own events), kNever, or kEnded
+    /// Lets the program work for about 8 ms of the real clock, and for at least one step.
+    /// @returns milliseconds until the program wants the next turn (0: as soon as the page has
+    /// handled its own events), kNever, or kEnded
     double turn();
 
-    // What the page tells. All of it waits for the next turn.
+    // Events of the page. They are delivered in the next turn.
     void touch(HostListener::Touch touch,
                bool isFinger,
                int32_t id,
@@ -53,59 +52,63 @@ public:
                int32_t y,
                uint32_t timeMs);
 
-    /// The browser takes the pointer away, for a pinch for instance: it presses nothing.
+    /// The browser has taken the pointer away, for example for a pinch: the touch ends without a
+    /// press.
     void touchCancelled(bool isFinger, int32_t id);
     void key(HostKey key);
     void volumeKey(bool up);
 
-    /// A key by the name that browsers give it ("ArrowUp"), after "Control+" if that is held.
-    /// @returns whether program or strip have a use for it
+    /// A key that was pressed. @param name as browsers call it ("ArrowUp"), with "Control+" before
+    /// it if that key is held
+    /// @returns true if the program or the strip uses it
     bool keyNamed(const std::string& name);
 
-    /// The user has fingers and no keys: the help speaks of them.
+    /// Sets if the user has only fingers, no keys and no mouse: then the help describes touches
+    /// instead of keys.
     void fingersOnly(bool only) { row.fingersOnly(only); }
 
     /// See WebSpeaker.
     void volumeStays(bool stays) { voice.volumeStays(stays); }
 
-    /// The user has not answered the browser's question for a while.
+    /// Tells the user to answer the browser's question, which has waited for a while.
     void remindToAllow();
 
-    /// What became of the question of that ticket. On a refusal the user is told why, and it goes
-    /// back to the menu, with the earlier take, which the program has deleted. Keys and presses
-    /// that still wait are then forgotten.
-    /// @param error  name of the browser's exception; empty: it gives the microphone
-    /// @param rateHz  of the samples that will come
+    /// The answer to the question with that ticket. If the microphone was refused, tells the user
+    /// why, returns to the menu, and brings back the earlier take, which the program has deleted;
+    /// keys and presses that still wait are dropped.
+    /// @param error  name of the browser's exception; empty: the microphone was granted
+    /// @param rateHz  of the microphone's samples
     /// @param name    of the microphone; empty: not known
     void microphoneAnswered(int32_t ticket,
                             const std::string& error,
                             int32_t rateHz,
                             const std::string& name = "");
 
-    /// The device is gone. What it heard is kept; before a recording it is as a refusal.
+    /// The device was lost. What it has recorded is kept; before a recording this counts as a
+    /// refusal.
     void microphoneLost();
     void clipEnded(int32_t ticket);
     void clipFailed(int32_t ticket);
 
-    /// Makes this sound the take, all of it: now, or as soon as the start leads to the menu. Tells
-    /// the user where it is not possible. @param samples  16 kHz
+    /// Makes this sound the take, without cutting it: now, or as soon as the program reaches its
+    /// menu after the start. Tells the user if it is not possible now. @param samples 16 kHz
     /// @param message  told when it is the take; without a row: nothing is
     void use(std::vector<int16_t> samples, HostMessage message = {});
 
-    /// The page is hidden: stops a running recording, lets its clean-up run to its end, and only
-    /// then goes to the background; all of that within this call. The user is told if the recording
-    /// was too short to be kept.
+    /// The page is hidden: stops a recording, finishes its clean-up, and then tells the program
+    /// that it is in the background; all within this call. The user is told if the recording was
+    /// too short to be kept.
     void leave();
 
-    /// The page is seen again; nothing happens unless it had left.
+    /// The page is visible again. Does nothing without a leave() before.
     void comeBack();
 
-    /// Samples from the microphone. @returns whether a turn has something to do with them
+    /// Samples from the microphone. @returns true if a turn is due because of them
     bool heard(const float* samples, int32_t count, int32_t rateHz) {
         return ears.heard(samples, count, rateHz);
     }
 
-    /// The rows that changed since the last call.
+    /// Works out the picture. Returns the rows that have changed since the last call.
     WebPicture::Rows paint();
 
     const WebPicture& picture() const { return painted; }
@@ -113,12 +116,13 @@ public:
     /// Null before the start and after the end.
     HostDoors* doorsInUse() { return doors; }
 
-    /// Keeps the copy of a take from an earlier visit, for a refusal of the microphone.
+    /// Keeps the copy of a take from an earlier visit, to bring it back on request or after a
+    /// refusal.
     void rememberTake(std::vector<int16_t> samples);
 
     WebStrip& strip() { return row; }
 
-    /// The mouse is there, in pixels of the display.
+    /// The mouse points at this pixel of the display.
     void point(int32_t x, int32_t y);
 
     int64_t uptimeMs() override;
@@ -141,17 +145,17 @@ public:
 
     void kept(const std::string& path) override;
 
-    /// Only words in the program's language are shown.
+    /// Shows the words in the program's language; the English sentence is not used.
     void tell(const HostMessage& message, const std::string& /*sentence*/) override {
         row.tell(message);
     }
 
 private:
-    /// Returns whether it delivered a callback.
+    /// Returns true if it delivered a callback.
     using Task = std::function<bool(HostListener&)>;
 
-    /// The microphone that the program sees: tells when a take was recorded, and brings the earlier
-    /// one back after a recording that heard nothing.
+    /// The program's microphone: also keeps each recorded take, and brings the earlier one back
+    /// after a recording without samples.
     class Ears : public WebMicrophone {
     public:
         Ears(WebHost& host, WebPage& page)
@@ -196,13 +200,13 @@ private:
     std::vector<int16_t> offeredTake;  // becomes the take when the program rests; empty: none
     HostMessage offeredMessage;        // told then; without a row: nothing is
     bool hasTake = false;              // the program has a take, or had it when it asked to record
-    int32_t refusals = 0;              // of the microphone
-    double restMs = 0;                 // how long the program wants to sleep since the last pump
+    int32_t refusals = 0;              // how often the microphone was refused
+    double restMs = 0;  // the program's wish at the last pump: ms to sleep, or kNever
     bool isAway = false;
-    bool leavesLater = false;  // it was hidden while the user was asked
-    int64_t leftMs = 0;        // when it went away
-    int64_t awayMs = 0;        // for how long it was away, in all: the strip's clock stands still
-    bool isReminded = false;   // to allow the microphone
+    bool leavesLater = false;  // the page was hidden while the browser asked the user
+    int64_t leftMs = 0;        // when the page was hidden last
+    int64_t awayMs = 0;        // total time away, during which the strip's clock stands still
+    bool isReminded = false;   // the user was reminded to allow the microphone
     bool ended = false;
     std::unique_ptr<HostProgram> program;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What pointers and keys of the page do.
+// WebHost's handling of the page's pointers and keys.
 #include "KeyRules.h"
 #include "WebHost.h"
 
@@ -72,7 +72,7 @@ void WebHost::key(HostKey key) {
     });
 }
 
-/// A key of the user's: not for a picture that a sheet covers.
+/// A key that the user pressed. Ignored while a sheet covers the picture.
 void WebHost::navigate(HostKey pressed) {
     walk.giveUp();
     if (!row.coversPicture()) {
@@ -121,7 +121,7 @@ bool WebHost::keyNamed(const std::string& name) {
         stripKey(static_cast<StripKey>(press.character));
         break;
     default:
-        return false;  // the browser's own: reload, full screen, size, end
+        return false;  // left to the browser: reload, full screen, zoom
     }
     return true;
 }

@@ -10,8 +10,8 @@ namespace {
 // If the program takes nothing, at most a minute is kept; the rest is lost.
 constexpr size_t kMaxSamples = size_t{60} * HostMicrophone::kRateHz;
 
-// Samples come thirty times a second. A page that was busy for long has some that it has not handed
-// over yet: they are there before the second look.
+// Samples come about 30 times a second; after a second without any, the microphone may be lost. A
+// page that was busy may still have some to hand over: they come before the second look.
 constexpr double kSilentMs = 1000;
 constexpr double kSecondLookMs = 100;
 constexpr double kEndless = std::numeric_limits<double>::infinity();
@@ -40,7 +40,7 @@ bool WebMicrophone::refused(int32_t answered) {
 void WebMicrophone::release() {
     asked = false;
     held = false;
-    ticket++;  // an answer that still comes is dropped
+    ticket++;  // a late answer is dropped
     page.releaseMicrophone();
 }
 

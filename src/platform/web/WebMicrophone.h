@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The browser's microphone. The user is asked for it when a recording is offered, and the program
-// stands still until the answer; it is given back after each recording.
+// The browser's microphone. The browser asks the user when a recording is offered, and the program
+// stands still until the answer. The microphone is released after each recording.
 #pragma once
 
 #include "HostSound.h"
@@ -24,47 +24,48 @@ public:
     /// True while the user is being asked.
     bool isAsked() const { return asked; }
 
-    /// The user's answer. An answer to an earlier question is dropped. @returns whether it counted
+    /// The user's answer. @param answered ticket of the question. @returns false if it is not the
+    /// newest question: then the answer is dropped
     bool granted(int32_t answered);
     bool refused(int32_t answered);
 
-    /// Samples from the page, -1 to 1. Those of a rate that cannot be converted are dropped.
-    /// @returns whether deliver() has something to do now
+    /// Samples from the page, -1 to 1. If their rate cannot be converted, they are dropped.
+    /// @returns true if deliver() has something to do now
     bool heard(const float* samples, int32_t count, int32_t rateHz);
 
-    /// Looks whether it listens and no sample has come for a second: true once, until more is
-    /// heard.
+    /// True if it records and no sample has come for a second (checked twice). True only once,
+    /// until samples come again.
     bool fellSilent();
 
-    /// After how many milliseconds fellSilent() wants to look next; endless if there is no need.
+    /// Milliseconds until fellSilent() must be called next; infinite if it need not be.
     double nextLookMs() const;
 
     /// True if a sample came since start().
     bool hasHeard() const { return heardAny; }
 
-    /// True from the user's consent until it is given back.
+    /// True from the user's consent until release().
     bool isHeld() const { return held; }
 
-    /// The device is gone. @returns whether it listened: then its listener was called
+    /// The device was lost. @returns true if it was recording; then the listener was called
     bool lose();
 
     /// True from the loss of the device until the next start() or stop().
     bool isLost() const { return lost; }
 
-    /// Calls the listener if enough was heard. True if it called.
+    /// Calls the listener if as many samples as it wants have come. True if it called.
     bool deliver();
 
     /// Returns the samples that the program took since start(), bit for bit, and drops them here;
     /// empty if there are none.
     std::vector<int16_t> takeAway() { return std::exchange(taken, {}); }
 
-    /// True if it has listened since it was prepared.
+    /// True if start() was called since prepare().
     bool hasStarted() const { return started; }
 
-    /// Always: whether the user lets it listen is found out by asking.
+    /// Always true: only asking finds out if the user allows it.
     bool isThere() override { return true; }
 
-    /// As the browser shows it, once the user has let it listen.
+    /// The browser's name for it; known once the user has allowed it.
     std::string deviceName() override { return name; }
 
     void setDeviceName(std::string newName) { name = std::move(newName); }
@@ -93,7 +94,7 @@ private:
     LevelMeter meter;
     std::string name;
     int32_t ticket = 0;
-    double lookMs = 0;  // when fellSilent() looks next, on the page's clock
+    double lookMs = 0;  // when fellSilent() has to look next, by the page's clock
     bool hasLooked = false;
     bool heardAny = false;
     bool asked = false;

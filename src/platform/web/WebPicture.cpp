@@ -5,7 +5,7 @@ namespace {
 
 constexpr int32_t kOpaque = 0xFF;
 
-/// As four bytes in the order red, green, blue, opacity on a little-endian machine.
+/// Four bytes in the order red, green, blue, opacity, as a word of a little-endian machine.
 uint32_t toBytes(uint16_t rgb565) {
     const uint32_t rgb = HostFrame::toRgb32(rgb565);
     return uint32_t{kOpaque} << 24 | (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
@@ -19,7 +19,7 @@ WebPicture::WebPicture()
 
 WebPicture::Rows WebPicture::update(HostFrame& frame) {
     const HostFrame::Rows changed = frame.takeChanges();
-    HostFrame::Rows wanted;  // the upper one of each two equal rows
+    HostFrame::Rows wanted;  // the upper row of each pair of equal rows
     Rows rows{kHeightPx, -1};
     for (int32_t y = 0; y < kHeightPx; y++) {
         const auto row = static_cast<size_t>(y) * HostFrame::kCanvasFactor;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The display as the page paints it, 240 x 80 pixels of the strip above the 240 x 320 canvas: four
-// bytes a pixel, of which only changed rows are worked out.
+// The display as the page paints it: the strip's 240 x 80 pixels above the 240 x 320 canvas, with
+// four bytes a pixel. Only changed rows are worked out.
 #pragma once
 
 #include "Host.h"

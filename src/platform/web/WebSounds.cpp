@@ -14,7 +14,7 @@ constexpr int32_t kTakeBytesPerSecond = 2 * HostMicrophone::kRateHz;
 
 constexpr double kMaxBytes = 64 << 20;
 constexpr double kMaxSeconds = 300;                   // 115 MB of stereo, decoded at 48 kHz
-constexpr double kMaxBytesOfUnknownLength = 1 << 20;  // of speech at few bits: a few minutes
+constexpr double kMaxBytesOfUnknownLength = 1 << 20;  // a few minutes of speech at a low bit rate
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Words about the sounds of the page: their names, the lines of their list, and why a file is none.
+// Texts about the sounds of the page: their file names, the lines of their list, and why a file is
+// refused.
 #pragma once
 
 #include <cstdint>
@@ -7,18 +8,18 @@
 
 class WebSounds {
 public:
-    /// Under this path lies the raw last take.
+    /// Path that stands for the last take, before any effect.
     static constexpr const char* kTakePath = "take";
 
     /// The name under which a sound leaves the page: "murmelo-robot-00003.wav".
-    /// @param path  of the file that the program has written, "/home/Murmelo/rec_00003.wav"; a take
-    /// has no number
+    /// @param path  of the file that the program has written, "/home/Murmelo/rec_00003.wav", or
+    /// kTakePath, which has no number
     /// @param effectWord  null: none is known
     static std::string fileName(const std::string& path, const char* effectWord);
 
-    /// What the list says of a sound: "murmelo-robot-00003.wav (Robot, 1.2 s)".
+    /// The list's line for a sound: "murmelo-robot-00003.wav (Robot, 1.2 s)".
     /// @param name  of the file
-    /// @param effectName  in that language; empty: it is not told
+    /// @param effectName  in that language; empty: the line has none
     /// @param fileBytes  of the WAV file
     static std::string line(const std::string& path,
                             const std::string& name,
@@ -27,7 +28,8 @@ public:
                             const std::string& language);
 
     /// Why a file that the browser would have to decode is refused, as a name of HostWords; empty:
-    /// it is not. Decoded it takes many times its size.
-    /// @param seconds  of its sound; not finite if the browser cannot tell
+    /// it is accepted. There is a limit because a decoded sound takes many times the size of its
+    /// file.
+    /// @param seconds  length of its sound in seconds; not finite if the browser does not know it
     static const char* refusal(double fileBytes, double seconds);
 };

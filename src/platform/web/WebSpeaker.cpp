@@ -43,7 +43,7 @@ bool WebSpeaker::failed(int32_t ofTicket) {
     return done != nullptr;
 }
 
-/// Null unless it is the ticket of the current clip.
+/// Ends the clip with that ticket and returns its listener; null if another clip, or none, plays.
 HostSpeakerListener* WebSpeaker::finish(int32_t ofTicket) {
     return ofTicket == ticket ? std::exchange(listener, nullptr) : nullptr;
 }

@@ -13,13 +13,13 @@ public:
     explicit WebSpeaker(WebPage& page)
         : page(page) {}
 
-    /// The element has played the clip of that ticket to its end, or cannot play it. Of an earlier
-    /// clip it is dropped. @returns whether the listener was called
+    /// The element has played the clip with that ticket to its end (ended), or cannot play it
+    /// (failed). @returns true if the listener was called, false for an earlier clip
     bool ended(int32_t ofTicket);
     bool failed(int32_t ofTicket);
 
-    /// The page cannot set the volume, as on phones that leave it to their keys: the samples of
-    /// later clips are made softer instead.
+    /// True: the page cannot set the volume, as on phones where only their keys do. Then the
+    /// samples of later clips are scaled instead.
     void volumeStays(bool stays) { isScaling = stays; }
 
     bool play(std::shared_ptr<const HostClip> clip, HostSpeakerListener& newListener) override;

@@ -67,7 +67,8 @@ bool WebStrip::close() {
     return closed;
 }
 
-/// Before the menu too: what was chosen then waits until the menu is there.
+/// Lets the user choose a file if it can become the take now. Before the first menu too: the file
+/// then waits for the menu.
 void WebStrip::open() {
     const std::string screen = doors != nullptr ? doors->screenName() : "";
     if (ScreenNames::isBeforeMenu(screen) || (doors != nullptr && doors->canUseSound())) {
@@ -115,7 +116,7 @@ void WebStrip::useMicrophone(int32_t index) {
     const bool isNamed = index >= 0 && static_cast<size_t>(index) < microphones.size();
     const std::string name = isNamed ? microphones[static_cast<size_t>(index)] : "";
     const std::string folder = choicePath.substr(0, choicePath.rfind('/'));
-    static_cast<void>(::mkdir(folder.c_str(), S_IRWXU));  // it may be there
+    static_cast<void>(::mkdir(folder.c_str(), S_IRWXU));  // an error: it exists already
     const int fd = SafeFile::create(choicePath);
     if (fd >= 0) {
         static_cast<void>(SafeFile::writeAll(fd, name.data(), name.size()));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The strip in the page: what it says, and the wishes that only a page can fulfil.
+// The strip in the page: tells messages, and fulfils the wishes that only a page can.
 #pragma once
 
 #include "Host.h"
@@ -27,17 +27,18 @@ public:
     /// True while a sheet lies over the picture: the program gets no keys.
     bool coversPicture() { return row.model().sheet() != StripModel::Sheet::kNone; }
 
-    /// Looks at the program, and asks the page for a frame if the strip looks different.
+    /// Updates the strip from the program, and asks the page for a frame if the strip looks
+    /// different.
     void look();
 
     /// Asks the page for a frame if the strip looks different.
     void showIfNew();
 
-    /// When look() is due, in milliseconds of the strip's clock; DueTime::kNever: when the
+    /// When look() is due, in milliseconds of the strip's clock; DueTime::kNever: not before the
     /// program does something.
     int64_t dueMs() const { return row.dueMs(); }
 
-    /// Tells it in the program's language.
+    /// Shows a message in the program's language.
     void tell(const HostMessage& message);
 
     /// Tells a text in the program's language.
@@ -53,16 +54,16 @@ public:
     /// Its name; empty: the browser's choice.
     std::string chosenMicrophone() const;
 
-    /// Those of WebPage::listMicrophones(), by the names that the browser shows: the list opens.
+    /// Opens the list of microphones. @param names as the browser shows them
     void listMicrophones(std::vector<std::string> names);
 
-    /// The browser has given that one. If another was wanted, the user is told.
+    /// The browser has granted this microphone. If the user had chosen another, tells so.
     void microphoneGiven(const std::string& name);
 
-    /// See WebHost.
+    /// See WebHost::fingersOnly().
     void fingersOnly(bool only) { hasFingersOnly = only; }
 
-    /// Bring back the last take, if there is one.
+    /// Sets what the wish to bring back the last take calls.
     void onBringBack(std::function<void()> handler);
 
 private:
@@ -73,7 +74,7 @@ private:
     const std::string& language();
 
     WebPage& page;
-    std::string choicePath;  // of the file with the name of the chosen microphone
+    std::string choicePath;  // path of the file that stores the chosen microphone's name
     Clock nowMs;
     Strip row;
     HostDoors* doors = nullptr;

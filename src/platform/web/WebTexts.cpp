@@ -29,8 +29,8 @@ std::string entry(const ScreenTexts::Entry& e) {
     return "{" + namedPlace(e.text, e.place, 0, e.isFocused) + "}";
 }
 
-/// By what a button of the strip is known in the page: those that are always there, and the action
-/// of the message.
+/// The name by which the page knows a button of the strip: one of the five that are always there,
+/// or the action of the message; "" for any other.
 const char* idOf(const StripButton& button) {
     if (button.part == StripButton::Part::kMessage) {
         return "action";

@@ -9,18 +9,18 @@
 
 class WebTexts {
 public:
-    /// The JSON of what a screen says, with a field `strip`, or null if both say what they said at
-    /// the last call. Progress counts in eighths. It holds until the next call.
-    /// @param strip  of stripJson()
+    /// The JSON of the screen's texts, with a field `strip`; null if neither has changed since the
+    /// last call. Progress is rounded down to eighths. Valid until the next call.
+    /// @param strip  the result of stripJson()
     const char* ifNew(ScreenTexts texts, const std::string& strip);
 
     /// An object with the fields of ScreenTexts by their names; a place is [x, y, w, h], progress
     /// is `progressPercent`, -1 if there is none.
     static std::string toJson(const ScreenTexts& texts);
 
-    /// An object with what the strip says: `line`, `isTelling`, the text of its `sheet` (empty:
-    /// there is none), and its `buttons`, with places in pixels of the canvas: the strip is above
-    /// it.
+    /// An object with the strip's texts: `line`, `isTelling`, the text of its `sheet` (empty: there
+    /// is none), and its `buttons`. Places are in pixels of the canvas; the strip lies above it, at
+    /// negative y.
     static std::string stripJson(const StripModel& model);
 
     /// A JSON string, quotes included. @param utf8  well-formed
@@ -29,5 +29,5 @@ public:
 private:
     ScreenTexts told;
     std::string toldStrip;
-    std::string json;  // empty: nothing was told yet
+    std::string json;  // result of the last call; empty: none yet
 };

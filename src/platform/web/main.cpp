@@ -2,8 +2,8 @@
 // The page's calls into the program, all in one place. Each is named as the page calls it, without
 // the leading underscore; web/types/murmelo.d.ts lists them for the page.
 //
-// Memory that the page fills belongs to the program: murmeloRoom() gives it, and it holds until the
-// next call of murmeloRoom().
+// The page passes data in a block of memory that the program owns, the room: murmeloRoom() returns
+// its address, which is valid until the next call of murmeloRoom().
 #include "FxCatalogue.h"
 #include "HostWords.h"
 #include "OspProgram.h"
@@ -52,7 +52,7 @@ ScreenTexts textsNow() {
     return host->doorsInUse() != nullptr ? host->doorsInUse()->texts() : ScreenTexts();
 }
 
-/// The lines of a text.
+/// The lines of a text, at least one.
 std::vector<std::string> lines(const std::string& text) {
     std::vector<std::string> found;
     size_t begin = 0;
@@ -64,7 +64,7 @@ std::vector<std::string> lines(const std::string& text) {
     return found;
 }
 
-/// Of the display, from one of the canvas.
+/// Turns a coordinate of the canvas into one of the display.
 int32_t displayX(double x) {
     return static_cast<int32_t>(std::floor(x * HostFrame::kCanvasFactor));
 }
@@ -73,8 +73,7 @@ int32_t displayY(double y) {
     return static_cast<int32_t>(std::floor(y * HostFrame::kCanvasFactor)) + HostFrame::kCanvasTopPx;
 }
 
-/// Gives the room's memory back. The heap is small: what a large file took must not starve an
-/// effect.
+/// Frees the room. The heap is small: an effect needs the memory that a large file took.
 void freeRoom() {
     room = std::vector<uint8_t>();  // assigning {} would keep the memory
 }
@@ -120,7 +119,7 @@ murmeloTouch(int32_t kind, int32_t isFinger, int32_t id, double x, double y, dou
                 static_cast<uint32_t>(static_cast<int64_t>(timeMs)));
 }
 
-/// The mouse is there, without a button pressed.
+/// The mouse points here, with no button pressed.
 EMSCRIPTEN_KEEPALIVE void murmeloPoint(double x, double y) {
     host->point(displayX(x), displayY(y));
 }
@@ -139,12 +138,12 @@ EMSCRIPTEN_KEEPALIVE void murmeloTouchCancelled(int32_t isFinger, int32_t id) {
     host->touchCancelled(isFinger != 0, id);
 }
 
-/// @param name  see WebHost::keyNamed(). @returns 1 if the program has a use for it
+/// @param name  see WebHost::keyNamed(). @returns 1 if the program or the strip uses it
 EMSCRIPTEN_KEEPALIVE int32_t murmeloKey(const char* name) {
     return host->keyNamed(name) ? 1 : 0;
 }
 
-/// 1: the page cannot set how loud a clip is, so its samples are made softer.
+/// 1: the page cannot set a clip's volume, so its samples are scaled.
 EMSCRIPTEN_KEEPALIVE void murmeloVolumeStays(int32_t stays) {
     host->volumeStays(stays != 0);
 }
@@ -153,8 +152,8 @@ EMSCRIPTEN_KEEPALIVE void murmeloRemindToAllow() {
     host->remindToAllow();
 }
 
-/// @param answer  name of the exception (none: the microphone is there), and in a second line the
-///                name of the microphone
+/// @param answer  the name of the exception (empty: the microphone was granted), and in a second
+/// line the name of the microphone
 EMSCRIPTEN_KEEPALIVE void
 murmeloMicrophoneAnswered(int32_t ticket, const char* answer, double rateHz) {
     const std::vector<std::string> parts = lines(answer);
@@ -166,14 +165,14 @@ EMSCRIPTEN_KEEPALIVE const char* murmeloMicrophone() {
     return answered(host->strip().chosenMicrophone());
 }
 
-/// The room holds the names of all microphones, one in each line; nothing: none is known.
+/// The room holds the names of all microphones, one in each line; it is empty if none is known.
 EMSCRIPTEN_KEEPALIVE void murmeloMicrophones() {
     const std::string names(room.begin(), room.end());
     host->strip().listMicrophones(names.empty() ? std::vector<std::string>() : lines(names));
 }
 
-/// The strip tells it. @param message  and in a second line the word of its action; without one
-/// there is none. @param act  see WebPage::act()
+/// Shows a message in the strip. @param message its text; a second line, if there is one, is the
+/// word of its action. @param act see WebPage::act()
 EMSCRIPTEN_KEEPALIVE void murmeloTell(const char* message, int32_t act) {
     const std::vector<std::string> parts = lines(message);
     host->strip().tell(parts.front(), parts.size() > 1 ? parts.back() : "", act);
@@ -199,7 +198,7 @@ EMSCRIPTEN_KEEPALIVE void murmeloComeBack() {
     host->comeBack();
 }
 
-/// Room for that many bytes, aligned to 8.
+/// Makes the room that many bytes large and returns its address, aligned to 8.
 EMSCRIPTEN_KEEPALIVE uint8_t* murmeloRoom(int32_t bytes) {
     if (room.capacity() > kSmallRoomBytes) {
         freeRoom();
@@ -208,7 +207,7 @@ EMSCRIPTEN_KEEPALIVE uint8_t* murmeloRoom(int32_t bytes) {
     return room.data();
 }
 
-/// The room holds samples of the microphone as floats, to its end. 1 if a turn is due.
+/// The room is filled with samples of the microphone, as floats. 1 if a turn is due.
 EMSCRIPTEN_KEEPALIVE int32_t murmeloHeard(int32_t rateHz) {
     return host->heard(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz) ? 1 : 0;
 }
@@ -218,15 +217,16 @@ EMSCRIPTEN_KEEPALIVE void murmeloNameFile(const char* name) {
     fileName = name;
 }
 
-/// The room holds a sound as floats, one channel; it becomes the take. 0 if it is none.
+/// The room holds a sound as floats, one channel. 1: it becomes the take. 0: it holds no samples,
+/// or the rate is out of range.
 /// @param seconds  of all of the sound
 EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFloats(int32_t rateHz, double seconds) {
     return use(PlainWav::toTake(reinterpret_cast<const float*>(room.data()), wordCount(), rateHz),
                seconds > PlainWav::kLongestSeconds);
 }
 
-/// The room holds a file of that many bytes, or its beginning. 1: it was a plain WAV file, all that
-/// a take can hold of it was there, and that becomes the take.
+/// The room holds a file of that many bytes, or its beginning. 1: it is a plain WAV file of which
+/// the room holds everything that a take can, and becomes the take. 0: it is not.
 EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile(double fileBytes) {
     bool isCut = false;
     std::vector<int16_t> samples = fileBytes > static_cast<double>(room.size())
@@ -235,8 +235,8 @@ EMSCRIPTEN_KEEPALIVE int32_t murmeloUseFile(double fileBytes) {
     return use(std::move(samples), isCut);
 }
 
-/// The room holds the file of the last take, of an earlier visit.
-/// @param bringsBack  1: it becomes the take again. 0: it waits for a refusal of the microphone
+/// The room holds the last take's file from an earlier visit.
+/// @param bringsBack  1: it becomes the take now. 0: it is kept, to be brought back later
 EMSCRIPTEN_KEEPALIVE void murmeloRememberTake(int32_t bringsBack) {
     std::vector<int16_t> take = PlainWav::readTake(room.data(), room.size());
     if (bringsBack != 0) {
@@ -246,24 +246,24 @@ EMSCRIPTEN_KEEPALIVE void murmeloRememberTake(int32_t bringsBack) {
     }
 }
 
-/// The last take is forgotten.
+/// Forgets the last take.
 EMSCRIPTEN_KEEPALIVE void murmeloForgetTake() {
     host->rememberTake({});
 }
 
-/// Works out the changed rows. @returns the first, and the last shifted up by 16; -1 if none
+/// Works out the changed rows. @returns first row | last row << 16; -1 if none has changed
 EMSCRIPTEN_KEEPALIVE int32_t murmeloPaint() {
     const WebPicture::Rows rows = host->paint();
     return rows.last < rows.first ? -1 : rows.first | rows.last << 16;
 }
 
-/// 240 x 400 pixels, of the strip and of the picture below it, of four bytes; always at the same
+/// The 240 x 400 pixels of the strip and the picture below it, four bytes each; always at the same
 /// address.
 EMSCRIPTEN_KEEPALIVE const uint8_t* murmeloPixels() {
     return host->picture().bytes();
 }
 
-/// What screen and strip say as JSON, or null if it says what it said at the last call.
+/// The texts of screen and strip as JSON; null if they have not changed since the last call.
 EMSCRIPTEN_KEEPALIVE const char* murmeloTextsIfNew() {
     return texts.ifNew(textsNow(), WebTexts::stripJson(host->strip().strip().model()));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Times each effect and the clean-up on real speech, other engines that make the same change to the
-// same samples, and what no exact version can leave out: effects_bench --benchmark_format=csv
+// same samples, and the least work that any exact version must do: effects_bench
+// --benchmark_format=csv
 #include "ArrFunc.h"
 #include "FxCatalogue.h"
 #include "Limits.h"
@@ -43,7 +44,7 @@ const Speech& speechOf(int32_t seconds) {
     return speech;
 }
 
-/// A whole run as a driver makes it, the result fetched and freed.
+/// A whole run as a screen does it; fetches and frees the result.
 size_t runOurs(WavProc& processor, const int32_t* samples) {
     processor.init(samples, 8000);
     while (processor.process() < WavProc::kFinished) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The least work of each effect, as the benchmark times it.
 #include "Limits.h"
 
 #include "Kernels.h"
@@ -31,7 +32,7 @@ struct Filter {
     float a[Lpc::kCoefficients];
 };
 
-/// The filters of the frames, kept by the length of the sound.
+/// The filters of all frames; worked out once for each length of the sound.
 const std::vector<Filter>& filtersOf(const std::vector<int32_t>& samples) {
     static std::map<size_t, std::vector<Filter>> kept;
     std::vector<Filter>& filters = kept[samples.size()];
@@ -85,7 +86,8 @@ MURMELO_KERNEL_PART int32_t compareWindows(const uint8_t* grain,
     return best;
 }
 
-/// The windows are constants, the fades of the effects in whole vectors: so the loops are fastest.
+/// Loops with a constant length are fastest; the constants are the effects' fades, rounded up to
+/// whole vectors.
 MURMELO_KERNEL int32_t compare(const uint8_t* grain,
                                const uint8_t* target,
                                int32_t offsets,

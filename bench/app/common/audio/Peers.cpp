@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Runs other programs' engines on the benchmark's samples.
 #include "Peers.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ namespace {
 constexpr int32_t kRateHz = 8000;
 constexpr size_t kBlockSamples = 4096;
 
-// What flows through a SoX chain; its callbacks take no argument of ours.
+// The state of a SoX chain; global, because its callbacks have no argument for it.
 struct SoxFlow {
     const std::vector<int32_t>* input = nullptr;
     size_t read = 0;

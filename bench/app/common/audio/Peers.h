@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Other programs' engines doing the same work on the same samples, each in the way its makers
-// recommend for a whole sound in memory. Every call makes a new engine, as each of our runs sets up
-// its own state; the time for converting the samples to the engine's own type is not counted.
+// Other programs' engines that do the same work on the same samples, each used as its makers
+// recommend for a whole sound in memory. Every call makes a new engine, as each run of an effect
+// makes its own state. Converting the samples to the engine's type is not timed.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ rubberBand(const std::vector<float>& samples, double pitch, double tempo, Rubber
 size_t sox(const std::vector<int32_t>& samples,
            const std::vector<std::vector<std::string>>& effects);
 
-/// There and back through the codec.
+/// Encodes and decodes the sound.
 size_t lpc10(const std::vector<int16_t>& samples);
 size_t codec2(const std::vector<int16_t>& samples);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Loads real speech for the benchmarks.
 #include "Speech.h"
 
 #include "ArrFunc.h"

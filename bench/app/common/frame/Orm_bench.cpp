@@ -38,8 +38,8 @@ void scheduleAndDeliver(benchmark::State& state) {
     }
 }
 
-/// A tick with nothing due; then the picture goes into the bitmap, and the operations onto the
-/// display's canvas.
+/// A tick with nothing due; then the picture is copied into the bitmap, and the operations are
+/// noted on the display's canvas.
 void frameWithoutEvent(benchmark::State& state) {
     LoopHost host;
     GameInterface game;
@@ -69,7 +69,7 @@ void frameOnTheDisplay(benchmark::State& state) {
     }
 }
 
-/// Working out the display's pixels alone.
+/// Only works out the display's pixels.
 void composeTheDisplay(benchmark::State& state) {
     LoopHost host;
     GameInterface game;
@@ -106,7 +106,7 @@ void composeWithPixman(benchmark::State& state) {
     pixman_image_unref(target);
 }
 
-/// For comparison: what filling the display's memory costs.
+/// For comparison: fills the display's memory.
 void fillTheDisplay(benchmark::State& state) {
     std::vector<uint16_t> display(size_t{480} * 800);
     for (auto _ : state) {

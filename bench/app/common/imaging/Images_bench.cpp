@@ -30,8 +30,8 @@ private:
     uint32_t state = 1;
 };
 
-/// What is blended: pixels of random alpha, or an opaque disc with a soft edge on a transparent
-/// ground, which is like the pictures of a user interface.
+/// The picture that is blended: pixels of random alpha, or an opaque disc with a soft edge on
+/// transparent pixels, which is like the pictures of a user interface.
 enum class Kind { kMixed, kPicture };
 
 constexpr double kDiscRadiusPx = 100;
@@ -137,7 +137,7 @@ void opacityPixman(benchmark::State& state) {
     pixmanOver(state, kind, kOpacity);
 }
 
-/// pixman has no such operation.
+/// Only ours: pixman has no such operation.
 void properties(benchmark::State& state) {
     PixProps props(300, 128, 200);
     repeat(state,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Times what a user waits for: from the finger on "Play" to the first sample for the speaker, in
-// the whole application with every frame in between, for a take of twenty seconds.
+// Times how long a user waits from the touch on "Play" to the first sample for the speaker, in the
+// whole application with every frame in between, for a take of twenty seconds.
 //
 // The counter "frames" says how many frames the work took; effects_bench times the effects alone.
 #include "FxCatalogue.h"
@@ -26,7 +26,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int32_t kTakeSeconds = 20;
 constexpr int32_t kRateHz = 8000;
 
-/// Looks at the clock between the callbacks of a script.
+/// Reads the real clock between the callbacks of a script.
 class WatchingHost : public HeadlessHost {
 public:
     using HeadlessHost::HeadlessHost;
@@ -54,7 +54,7 @@ public:
         HeadlessHost::frameShown(newest);
     }
 
-    /// -1 if nothing was played.
+    /// Seconds from the touch to the first sample; -1 if nothing was played.
     double delaySeconds() const {
         return isPlaying ? std::chrono::duration<double>(started - touched).count() : -1;
     }

@@ -7,7 +7,7 @@
 
 class Assembly : public Roof {
 public:
-    /// Must be called before an application object is made. A second call changes nothing.
+    /// Call it before the application object is made. A second call does nothing.
     static void install();
 
     const ClassListEntry* classes(int32_t& count) override;

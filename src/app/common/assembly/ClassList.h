@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every class with a class initialiser, in the one order in which they run.
+// Every class with a class initialiser, in the order in which they run.
 #pragma once
 
 #include "ClassListEntry.h"

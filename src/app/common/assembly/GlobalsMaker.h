@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes what G holds besides its names: painters, fonts, effects, screens and processors.
+// Makes the objects that G holds: painters, fonts, effects, screens and processors.
 #pragma once
 
 class GlobalsMaker {

@@ -33,7 +33,7 @@ void makeIn() {
     *Slot = new Kind();
 }
 
-/// A screen that lives for the whole run.
+/// The row of a screen that exists for the whole run.
 template <class Kind, State** Slot>
 constexpr ScreenTable::Row kept(const char* name) {
     return {name, &makeIn<Kind, Slot>, &freeSlot<Slot>, &screenIn<Slot>};

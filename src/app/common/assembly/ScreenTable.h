@@ -10,14 +10,14 @@ class ScreenTable {
 public:
     struct Row {
         const char* name;    // for scripts and hosts
-        void (*make)();      // with the globals; null: made when it is needed
-        void (*free)();      // with the globals; null: its class frees it
+        void (*make)();      // called with the globals; null: it is made when it is needed
+        void (*free)();      // called with the globals; null: its class frees it
         State* (*screen)();  // null while there is none
     };
 
     static const Row* rows(int32_t& count);
 
-    /// Makes all screens that live for the whole run, in the order of the rows.
+    /// Makes all screens that exist for the whole run, in the order of the rows.
     static void make();
     static void free();
 

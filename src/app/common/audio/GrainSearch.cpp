@@ -107,8 +107,8 @@ MURMELO_KERNEL_PART int32_t roughDifferences(const uint8_t* grain,
     return addWholeVectors(grain, target, sums, offsets, whole);
 }
 
-/// The most by which an exact sum can be less than its rough sum << shift, because of the target's
-/// remainders.
+/// The largest amount by which an exact sum can be less than its rough sum << shift, because of the
+/// bits that rounding drops.
 MURMELO_KERNEL_PART int32_t slackOf(const int32_t* target,
                                     int32_t lowest,
                                     int32_t shift,
@@ -192,8 +192,7 @@ MURMELO_KERNEL_PART int32_t GrainSearch::search(const int32_t* grain,
     for (int32_t i = 0; i < count; i++) {
         const int32_t o = promising[i];
         const int32_t sum = difference(grain + o, target, window);
-        // Of equal sums the first offset wins. roughBest itself may come up here and changes
-        // nothing.
+        // Of equal sums the first offset wins. If o is roughBest, nothing changes.
         if (sum < smallest || (sum == smallest && o < best)) {
             smallest = sum;
             best = o;

@@ -3,8 +3,8 @@
 // absolute differences.
 //
 // Exact sums at every offset would be most of the work of a pitch change. So all offsets are first
-// compared with samples rounded down to 8 bits, many at a time. Such a rough sum tells how small
-// the exact one can be at least: nine offsets of ten need no exact sum, and the winner is the same.
+// compared with samples rounded down to 8 bits, many at a time. A rough sum gives a lower bound of
+// the exact one: nine of ten offsets need no exact sum, and the result is the same.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,8 @@ public:
     /// there is none to try. Reads grain[0 .. offsets + window - 2] and target[0 .. window - 1].
     int32_t bestOffset(const int32_t* grain, const int32_t* target);
 
-    /// The same by exact sums alone, for any number of offsets and any window: for grains at the
-    /// edge of their arrays.
+    /// The same by exact sums alone, for any number of offsets and any window. Used for grains at
+    /// the edge of their arrays.
     static int32_t
     bestOffsetInFull(const int32_t* grain, const int32_t* target, int32_t offsets, int32_t window);
 

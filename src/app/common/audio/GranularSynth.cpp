@@ -39,7 +39,7 @@ GranularSynth::~GranularSynth() {
 }
 
 int32_t GranularSynth::getDstLength() {
-    // Without a grain the output is one search and one fade of silence.
+    // Without a grain the output is silence, as long as one search and one fade.
     const int32_t lastPos = numGrains > 0 ? getDstPos(numGrains - 1, false) : 0;
     return std::max(search + fade + lastPos, 0);
 }
@@ -106,7 +106,7 @@ int32_t GranularSynth::findOffset(const int32_t* dst, int32_t dstPos) {
     if (window == fade) {
         return grainSearch.bestOffset(temp, dst + dstPos);
     }
-    // Of a grain that was moved over the edge of the output only the part inside is compared.
+    // If a grain was moved over the edge of the output, only the part inside is compared.
     return window <= 0 ? 0
                        : GrainSearch::bestOffsetInFull(temp + before, dst + dstPos + before, search,
                                                        window);

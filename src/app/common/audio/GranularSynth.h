@@ -54,9 +54,9 @@ public:
 
     virtual void analyseCorr(int32_t /*from*/, int32_t /*to*/) {}
 
-    /// Resamples a grain and joins it to what dst (a counted array) holds before it. The last grain
-    /// only marks the end of the one before it. Nothing happens for it, or outside 0 ..
-    /// getNumGrains() - 1.
+    /// Resamples a grain and joins it to what dst (a counted array) holds before it. Does nothing
+    /// for the last grain, which only marks the end of the one before it, nor for a number outside
+    /// 0 .. getNumGrains() - 1.
     virtual void pasteGrain(int32_t grain, int32_t* dst);
 
     virtual void findAmpPeaks(int32_t /*window*/) {}

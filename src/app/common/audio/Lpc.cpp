@@ -177,7 +177,8 @@ void Lpc::computeAutoCorrelation(const int32_t* x, float* r) {
 // Levinson and Durbin's recursion. The order of the float operations is part of the sound: each
 // product and each sum is rounded to single, and the sum starts at r[i].
 float Lpc::computeFilterCoeffs(const float* r, float* a, float* tmp) {
-    // The filters of two orders, each made from the one before. An odd number of steps ends in a.
+    // The filters of two orders, each made from the one before. After an odd number of steps the
+    // result is in a.
     static_assert(kOrder % 2 == 0);
     float* filter = tmp;
     float* next = a;

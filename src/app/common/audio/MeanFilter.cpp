@@ -17,7 +17,7 @@ int32_t windowSamples(int32_t shift) {
     return 1 << shift;
 }
 
-/// What each sample adds to the sum: itself, less the one that leaves the window.
+/// The change of the sum for each sample: the sample, minus the one that leaves the window.
 MURMELO_KERNEL void
 subtract(const int32_t* samples, const int32_t* leaving, int32_t* __restrict changes, int32_t n) {
     for (int32_t i = 0; i < n; i++) {
@@ -35,8 +35,8 @@ MURMELO_KERNEL void subtractMeans(const int32_t* samples,
     }
 }
 
-/// How many samples may be read at once before any output is written: outputs that go to later
-/// places of the same array are inputs again.
+/// How many samples may be read before the first output is written. If src and dst are the same
+/// array and the output goes to later places, an output must be written before its place is read.
 int32_t
 readable(const int32_t* src, int32_t srcOff, const int32_t* dst, int32_t dstOff, int32_t n) {
     return src == dst && dstOff > srcOff ? std::min(n, dstOff - srcOff) : n;

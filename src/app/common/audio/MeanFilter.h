@@ -16,9 +16,9 @@ public:
     virtual ~MeanFilter() = default;
 
     /// Writes the input half a window ago minus the window's mean, clamped to 16 bits. State
-    /// carries over, so a long take may be filtered in pieces; src may equal dst, and outputs that
-    /// are written before the same place is read are read. Offsets and n are in samples; all of
-    /// them must lie inside their arrays.
+    /// carries over, so a long take may be filtered in pieces; src may equal dst; if an output goes
+    /// to a place that is read later, the output is read there. Offsets and n are in samples; all
+    /// of them must lie inside their arrays.
     virtual void
     highpass(const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n);
 
@@ -28,15 +28,15 @@ public:
         const int32_t* src, int32_t srcOff, int32_t* dst, int32_t dstOff, int32_t n, bool clamp);
 
 private:
-    /// Takes samples into `recent`, and their window's sums into `sums`. Returns how many it took:
-    /// at least 1, if n is.
+    /// Copies samples into `recent`, and the sums of their windows into `sums`. Returns how many it
+    /// has taken: 1 to n.
     int32_t take(const int32_t* src, int32_t n);
 
     int32_t shift;
     int32_t length;  // window, samples
     int32_t half;
-    std::vector<int32_t> recent;  // what was taken: at least a window before `end`
+    std::vector<int32_t> recent;  // the samples taken last: up to `end`, at least a window
     int32_t end;
-    std::vector<int32_t> sums;  // of the window that ends with each sample last taken
+    std::vector<int32_t> sums;  // for each sample of the last take(): its window's sum
     int32_t sum = 0;  // the last one; |sum| <= 32768 << shift fits up to shift 15, wraps beyond
 };

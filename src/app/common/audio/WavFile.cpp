@@ -18,7 +18,7 @@ constexpr int32_t kSampleBytes = 2;
 
 static_assert(std::endian::native == std::endian::little, "samples are copied as they are");
 
-/// Sample i of a file.
+/// Sample i of a file's bytes.
 int32_t sampleAt(const signed char* bytes, ptrdiff_t i) {
     int16_t sample = 0;
     std::memcpy(&sample, bytes + kSampleBytes * i, sizeof sample);

@@ -19,14 +19,14 @@ public:
     /// Loads a sound of 8000 Hz as it is, one of 16000 Hz as the means of its pairs of samples.
     /// Returns a new counted array, which the caller frees with deleteArrFunc. Null for a stream
     /// without a whole header, for any other rate, for more samples than an array can hold, and if
-    /// the stream has failed: half a sound would replace the whole one. Samples that the header
-    /// promises and the stream does not have are dropped: the array ends with the stream. A
+    /// the stream has failed, because half a sound must not replace the whole one. Samples that the
+    /// header promises and the stream does not have are dropped: the array ends with the stream. A
     /// negative length is a sound of no samples.
     static int32_t*
     loadTo8Khz(InputStream* stream, signed char* headerBuffer, signed char* sampleBuffer);
 
     /// Writes header and samples; of each sample the low 16 bits. Returns false if the stream lost
-    /// a byte; what was written of the sound is then of no use.
+    /// a byte; then the bytes written are not a usable sound.
     static bool save8Khz(OutputStream* stream,
                          const int32_t* samples,
                          signed char* headerBuffer,

@@ -94,7 +94,7 @@ void WavProc::dropRun() {
     result.reset();
 }
 
-/// @param samples  taken over
+/// @param samples  owned from now on
 void WavProc::start(int32_t* samples, int32_t srate) {
     lastProgress = 0;
     source = samples;

@@ -32,8 +32,7 @@ public:
     /// samples).
     virtual void init(const int32_t* samples, int32_t srate);
 
-    /// The same, but takes samples over in place of copying them: for a caller that needs them no
-    /// more.
+    /// The same, but takes ownership of samples instead of copying them.
     void initWithOwn(Array<int32_t> samples, int32_t srate);
 
     /// Does one slice of work. Returns the progress, 0..1024; -1 if an error has ended the run:
@@ -51,7 +50,7 @@ public:
     /// processor up: then source and result are null.
     virtual int32_t doProcess() = 0;
 
-    /// Frees what doInit made, the result excepted.
+    /// Frees what doInit made, except the result.
     virtual void doCleanup() = 0;
 
     virtual int32_t getSrate() { return srateHz; }
@@ -66,7 +65,7 @@ public:
     void exc(Osp::Base::String* message);
 
     /// Fades src in over what dst holds: sample i of 0..fade takes i parts of src and fade - i of
-    /// dst. After that copies src, until total samples are written. What lies outside an array is
+    /// dst. After that copies src, until total samples are written. Samples outside an array are
     /// left out.
     static void addCrossFaded(const int32_t* src,
                               int32_t srcOff,
@@ -92,7 +91,7 @@ protected:
     /// Allocates the result: count samples of silence.
     void newResult(int32_t count);
 
-    int32_t* source = nullptr;  // owned; a copy from SampleKeep, or what initWithOwn() took over
+    int32_t* source = nullptr;  // owned; a copy from SampleKeep, or the array of initWithOwn()
     Array<int32_t> result;
     int32_t lastProgress = kIdle;
     int32_t srateHz = 0;

@@ -11,7 +11,7 @@ namespace {
 constexpr int32_t kPcm = 1;
 constexpr int32_t kFmtChunkBytes = 16;
 
-// Defects of a header, for exc(), which forgives them all.
+// Defects of a header, the numbers that exc() is called with.
 constexpr int32_t kShortHeader = 1;
 constexpr int32_t kNoRiff = 2;
 constexpr int32_t kNoWave = 3;
@@ -23,7 +23,7 @@ constexpr int32_t kReadLengthOutOfRange = 9;
 constexpr int32_t kNoRoom = 11;
 constexpr int32_t kWrittenLengthOutOfRange = 12;
 
-// A header under construction or being read; little-endian throughout.
+// The bytes of a header that is being written or read. All numbers are little-endian.
 class HeaderBytes {
 public:
     HeaderBytes() = default;

@@ -34,8 +34,8 @@ public:
              int32_t bitsPerSample,
              int32_t sampleCount);
 
-    /// Reads a header (a counted array). A malformed one is read all the same: the caller decides
-    /// what it accepts. Bytes missing at the end of a short array count as 0.
+    /// Reads a header (a counted array). A malformed one is read too: the caller decides what it
+    /// accepts. Bytes missing at the end of a short array count as 0.
     explicit WavProps(const signed char* header);
 
     WavProps& operator=(const WavProps&) = delete;

@@ -25,8 +25,8 @@ constexpr int32_t kLevelShift = 6;  // one level is 64 steps of a sample
 constexpr int32_t kLevelSamples = 1 << kLevelShift;
 constexpr int32_t kTopLevel = 32768 >> kLevelShift;
 
-// What counts as speech, and where it goes. A higher share raises less, a higher noise share
-// swallows soft consonants.
+// kSpeechShare of the samples lie below the speech level, which is raised to kSpeechTarget; with a
+// higher share speech is raised less. With a higher noise share soft consonants are lost.
 constexpr double kSpeechShare = 0.992;
 constexpr double kNoiseShare = 0.02;
 constexpr int32_t kNoiseTarget = 500;
@@ -48,7 +48,7 @@ int32_t levelOf(int32_t sample) {
     return std::abs(sample >> kLevelShift);
 }
 
-/// An entry of the curve and the next one in one word, so that a sample looks up only once.
+/// An entry of the curve and the next one in one word, so that each sample needs only one look-up.
 using CurvePairs = uint32_t[kTopLevel];
 
 void pairEntries(const int32_t* curve, CurvePairs& pairs) {

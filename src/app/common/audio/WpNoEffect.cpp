@@ -19,7 +19,7 @@ void WpNoEffect::doInit() {
 int32_t WpNoEffect::doProcess() {
     const int32_t samples = length(source);
     if (samples == 0) {
-        return kFinished;  // nothing to copy, and the division below needs a sample
+        return kFinished;  // nothing to copy, and no division by 0 samples
     }
     // Deliberate: the first slice makes the whole result; the others only report progress, one
     // second of sound at a time.

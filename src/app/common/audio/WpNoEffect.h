@@ -14,5 +14,5 @@ public:
     void doCleanup() override {}
 
 private:
-    int32_t position = 0;  // samples; how far the run has got
+    int32_t position = 0;  // samples reported so far
 };

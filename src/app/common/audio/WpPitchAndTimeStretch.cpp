@@ -67,7 +67,7 @@ void WpPitchAndTimeStretch::doCleanup() {
     rnd.reset();
 }
 
-// Pastes one grain; over all grains the progress runs from progressBefore to the end.
+// Pastes one grain. Over all grains the progress runs from progressBefore to kFinished.
 int32_t WpPitchAndTimeStretch::pasteNext(int32_t progressBefore) {
     synth->pasteGrain(grainCounter, result);
     grainCounter++;

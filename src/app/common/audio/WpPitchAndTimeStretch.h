@@ -19,7 +19,7 @@ public:
 
     /// @param step,fade,search  lengths in samples, as GranularSynth has them
     /// @param pitch  2.0 is an octave up
-    /// @param tempo  length of the result against the source's: 0.5 is twice as fast
+    /// @param tempo  length of the result / length of the source: 0.5 is twice as fast
     WpPitchAndTimeStretch(
         int32_t step, int32_t fade, int32_t search, float pitch, float tempo, int32_t mode);
     ~WpPitchAndTimeStretch() override;

@@ -127,7 +127,7 @@ int32_t WpRobot::synthesiseFrame() {
     return kHalfway + frameIndex * (kFinished - kHalfway) / frameCount;
 }
 
-// Fills the next frame's buffer in the time that the filter waits for its outputs.
+// Fills the next frame's buffer while the filter waits for its own outputs.
 void WpRobot::decodeAndExcite(const Frame& frame, const Frame& next) {
     Rnd noise = *rnd;  // a local copy can stay in registers
     Lpc::decode(frameBuffer, frame.coefficients, [this, &frame, &next, &noise](int32_t i) {

@@ -155,7 +155,7 @@ bool AudioDev::stopRec() {
         if (Orm::isPaused()) {
             pRecorder->Reset();
         } else {
-            pRecorder->Stop();  // the last buffer, filled in part, arrives in here
+            pRecorder->Stop();  // delivers the last, partly filled buffer
         }
     }
     pRecorder->Unprepare();
@@ -183,8 +183,8 @@ bool AudioDev::hasRecorderStopped() {
 void AudioDev::writeHeader() {
     WavProps props(recordLength >> 1);
     props.toByteArray(recordFileHeader, 0);
-    // A header anywhere else would be heard as noise. Without one the take is no sound, and loading
-    // it fails with a message.
+    // If the file cannot be positioned at its start, no header is written: elsewhere it would be
+    // heard as noise. Without a header, loading the take fails with a message.
     if (record->Seek(Osp::Io::FILESEEKPOSITION_BEGIN, 0) == E_SUCCESS) {
         record->Write(recordFileHeader, WavProps::kHeaderBytes);
     }
@@ -199,7 +199,7 @@ void AudioDev::ConsumeBuffer(ByteBuffer* buffer) {
     isCutShort = isCutShort || record->Write(*buffer) != E_SUCCESS;
     if (hasRecorderStopped()) {
         writeHeader();
-        // Back to the end: a further late buffer must not overwrite the start of the take.
+        // Back to the end, because another late buffer must not overwrite the start of the take.
         record->Seek(Osp::Io::FILESEEKPOSITION_END, 0);
     }
 }

@@ -37,8 +37,9 @@ public:
     static constexpr int32_t kRecording = 3;
     static constexpr int32_t kPlaying = 4;
 
-    /// Prepares a recording into the file at path, which is emptied. Only when ready. This and the
-    /// following operations return true on success; on false the state is as it was.
+    /// Prepares a recording into the file at path, which is emptied. Only when nothing is recorded
+    /// or played. This and the following operations return true on success; on false the state is
+    /// unchanged.
     static bool initRec(String* path);
 
     /// Starts to record. Only after initRec.
@@ -52,12 +53,11 @@ public:
     static bool startPlay(String* path, String* endEvent);
     static bool stopPlay();
 
-    /// One step down for a negative direction, else one up.
+    /// Changes the volume by one step: down if direction is negative, else up.
     static void changeVolume(int32_t direction);
 
     /// Appends a filled buffer to the file. A buffer that comes after the stop corrects the header
-    /// too. After a buffer that could not be written whole, later ones are only counted, not
-    /// appended.
+    /// too. If a buffer could not be written whole, later ones are only counted.
     static void ConsumeBuffer(ByteBuffer* buffer);
 
     static void static_ctor();

@@ -12,7 +12,7 @@ public:
     CanvasOverlay& operator=(const CanvasOverlay&) = delete;
     virtual ~CanvasOverlay() = default;
 
-    /// Paints over the picture. The canvas shows the result and puts the picture back afterwards.
+    /// Paints over the picture. The canvas shows the result, and then restores the picture.
     virtual void paint() = 0;
 
     /// A finger was lifted at (x, y), in canvas pixels.

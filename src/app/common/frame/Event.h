@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Something that becomes due: a name, a second name, a payload and a time, linked into the list of
-// pending events.
+// An event with the time at which it is due, a name, a second name and a payload; an element of the
+// list of pending events.
 #pragma once
 
 #include "ClassLife.h"
@@ -27,11 +27,11 @@ public:
 
     virtual void insertBeforeMe(Event* event);
 
-    /// Only at the end of the list: the link back of an old successor is not corrected.
+    /// Call it only on the last event of the list: the link back of a successor is not corrected.
     virtual void insertAfterMe(Event* event);
 
-    /// Leaves the list. To detach the first event, the caller first moves the list's head to the
-    /// next one.
+    /// Removes this event from the list. Before detaching the first event, the caller must move the
+    /// list's head to the next one.
     virtual void detachMe();
 
     /// A new string to be read by people; the caller deletes it.

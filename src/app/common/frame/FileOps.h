@@ -20,8 +20,8 @@ public:
     static bool deleteFile(const String& path);
     static bool deleteFile(String* folder, String* name);
 
-    /// Deletes what has the path, or moves it aside as deleteFile does. Returns true if the path is
-    /// free then, also if nothing was there.
+    /// Deletes the file at path, or moves it aside as deleteFile does. Returns true if the path is
+    /// free after that, also if nothing was there.
     static bool makeWay(const String& path);
 
     /// True too if the path exists. Parents are not made.
@@ -33,8 +33,8 @@ public:
     /// An existing target is moved aside, to "NAME.aside-N".
     static bool copyKeeping(const String& source, const String& target);
 
-    /// False if there is a file of that name, even one that appears during the copy; that file is
-    /// not changed.
+    /// Copies only if the target does not exist. False if there is such a file, even one that
+    /// appears during the copy; that file is not changed.
     /// @param isTaken  set to true if the copy failed because of such a file, else to false
     static bool copyToFree(const String& source, const String& target, bool& isTaken);
 
@@ -43,8 +43,8 @@ public:
     static int32_t getAvailPhone();
 
     /// A new string, the caller's: prefix, the number after the highest one in the folder with at
-    /// least five digits, suffix; null if the folder can neither be opened nor made. The count
-    /// stops at 99999, which is then used again and again.
+    /// least five digits, suffix; null if the folder can neither be opened nor made. 99999 is the
+    /// highest number: after it, the same name is returned each time.
     static String*
     getNextAvailableName(const String& folder, const String& prefix, const String& suffix);
 

@@ -19,7 +19,8 @@ namespace {
 
 constexpr int32_t kStdEventTypes = 7;
 
-/// The seven names that every screen hears, and one more if given.
+/// A new counted array of the seven event names to which every screen subscribes, and one more if
+/// it is not null.
 String** newEventTypes(String* oneMore) {
     String* const names[kStdEventTypes] = {Orm::EV_T_SYS_PAUSE,   Orm::EV_T_SYS_RESUME,
                                            Orm::EV_T_SYS_DISPOSE, Orm::EV_T_KEY_PRESS,

@@ -42,7 +42,7 @@ public:
     static String takePath();
     static String resultPath();
 
-    /// Deletes the two temporary files in the user's folder; nothing if that is not set yet.
+    /// Deletes the two temporary files in the user's folder; does nothing before the folder is set.
     static void deleteRecordedAndProcessed();
 
     static int32_t getCurrFx() { return currFx; }
@@ -53,8 +53,8 @@ public:
 
     static void setLastPlayedFx(int32_t index) { lastPlayedFx = index; }
 
-    /// Index of the language chosen in an earlier run, -1 if none was (or what is kept is no
-    /// language).
+    /// Index of the language chosen in an earlier run; -1 if none was, or if the stored text is not
+    /// a language.
     static int32_t getSavedLang();
     static void saveCurrentLang();
 

@@ -9,9 +9,9 @@ class Event;
 class Listener : public GnoObject {
 public:
     /// Receives an event. May schedule, unschedule, register, unregister and pause.
-    /// @param event  lives only during the call
+    /// @param event  valid only during the call
     virtual void onEvent(Event* event) = 0;
 
-    /// A counted array of name objects, not the caller's to free; null subscribes to nothing.
+    /// The names of the events, in a counted array that the caller must not free; null: no events.
     virtual Osp::Base::String** getSubscriptions() = 0;
 };

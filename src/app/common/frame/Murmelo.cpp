@@ -102,7 +102,7 @@ int32_t* Murmelo::loadLastRec8Khz() {
     String path = G::takePath();
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
-        Roof::installed->enterFileError();  // no screen is left without keys
+        Roof::installed->enterFileError();  // else the screen would stay without keys
     }
     return samples;
 }

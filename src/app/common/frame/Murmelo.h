@@ -22,8 +22,8 @@ public:
     void onInit() override;
     void onShutDown() override;
 
-    /// Deletes the take and the processed take in the working folder; nothing before the folder is
-    /// named.
+    /// Deletes the take and the processed take in the working folder; does nothing before that
+    /// folder is named.
     static void deleteTempFiles();
 
     /// Always true: the phone's own storage is the only one in use.
@@ -31,16 +31,15 @@ public:
 
     static bool checkMemCardRemoved() { return true; }
 
-    /// A WAV file of 8 or 16 kHz as a new counted array of 8 kHz samples, the caller's; null if
-    /// there is no such sound.
+    /// Loads a WAV file of 8 or 16 kHz. Returns a new counted array of 8 kHz samples, which the
+    /// caller frees; null if there is no such sound.
     static int32_t* loadWavTo8Khz(Osp::Base::String& uri);
 
     /// Writes samples as an 8 kHz WAV file and replaces a file of that path. False if not every
     /// byte could be written; no file is left then.
     static bool save8KhzWav(const int32_t* samples, Osp::Base::String* path);
 
-    /// The last recording. Null if there is none that can be read: the fatal message stands on the
-    /// screen then.
+    /// Loads the last recording. If it cannot be read, shows the fatal message and returns null.
     static int32_t* loadLastRec8Khz();
 
     /// Colour of the display around the picture, from now on.

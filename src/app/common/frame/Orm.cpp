@@ -163,7 +163,7 @@ void Orm::setReceivers(String* type) {
 }
 
 void Orm::deliverToReceivers(Event* event) {
-    // A handler may pause, which chooses other receivers: this delivery keeps a list of its own.
+    // A copy of the list, because a handler may pause the program, which chooses other receivers.
     Vector row(receivers->size());
     for (int32_t i = 0; i < receivers->size(); i++) {
         row.addElement(receivers->elementAt(i));
@@ -256,6 +256,6 @@ signed char* Orm::getPersistentMemory(String* /*name*/) {
 
 void Orm::printEvents() {
     for (Event* event = firstEvent; event != nullptr; event = event->next) {
-        // Nothing is printed; a debugger can stop here.
+        // Empty; a place for a debugger's breakpoint.
     }
 }

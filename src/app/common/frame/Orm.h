@@ -53,13 +53,13 @@ public:
 
     static bool isPaused() { return paused; }
 
-    /// From now on every tick delivers "SysDispose". There is no way back.
+    /// After this every tick delivers "SysDispose"; it cannot be undone.
     static void dispose();
 
-    /// Milliseconds until a tick has something to deliver, 0 for now, -1 for nothing.
+    /// Milliseconds until a tick has something to deliver; 0: now; -1: nothing is pending.
     static int64_t msUntilDue();
 
-    /// Ask for a repaint. The whole picture is copied every frame anyway.
+    /// Asks for a repaint. Not needed: each frame shows every changed row.
     static void flush();
     static void flush(int32_t x, int32_t y, int32_t w, int32_t h);
 

@@ -18,7 +18,7 @@ using Osp::Graphics::RowMarks;
 namespace {
 
 constexpr int32_t kNoPress = -1;
-// A drag longer than this is a key. If it were shorter, an unsteady tap would turn the page.
+// A longer drag counts as a key. If this were smaller, an unsteady tap would change the effect.
 constexpr int32_t kSwipePx = 99;
 constexpr int32_t kGreen = 0x80FF00;  // not visible in normal operation
 
@@ -104,14 +104,14 @@ void OrmCanvas::paint(GnoGraphics* g) {
     RowMarks all(kHeightPx);
     all.markAll();
     paintPicture(g, all);
-    painted = waiting;  // what an overlay has painted it has taken back
+    painted = waiting;  // an overlay has marked rows, but has restored them
 }
 
 void OrmCanvas::paintChanges(GnoGraphics* g) {
     paintPicture(g, painted);
 }
 
-/// @param rows  no longer marked once they are copied
+/// @param rows  the rows to copy; then their marks are cleared
 void OrmCanvas::paintPicture(GnoGraphics* g, RowMarks& rows) {
     if (wrongRes) {
         paintWRMessage(g);
@@ -129,8 +129,8 @@ void OrmCanvas::paintPicture(GnoGraphics* g, RowMarks& rows) {
     }
 }
 
-/// The overlay is painted on each frame while it is shown, and the canvas's own picture is put back
-/// after it.
+/// Paints the overlay, copies the result, and restores the canvas's own picture. Called for each
+/// frame while the overlay is shown.
 void OrmCanvas::paintOverlay(GnoGraphics* g, RowMarks& rows) {
     AppImage below(screen);
     overlay->paint();

@@ -34,28 +34,28 @@ public:
     void hideNotify() override;
     void showNotify() override;
 
-    /// One of the key codes above. Dropped while paused.
+    /// @param keyCode  one of the codes above. Does nothing while the program is paused
     void keyPressed(int32_t keyCode) override;
     void keyReleased(int32_t keyCode) override;
     void paint(GnoGraphics* g) override;
 
     /// Paints only the rows in which something was painted since the last call; the first call
     /// paints all of them.
-    /// @param g  still shows what the last call left there, and nothing else was drawn into it
+    /// @param g  its surface must still hold the result of the last call
     void paintChanges(GnoGraphics* g);
 
-    /// A press only stores its place.
+    /// Only stores the place of the press.
     void pointerPressed(int32_t x, int32_t y) override;
 
-    /// Each 100 pixels of horizontal travel are one left or right key.
+    /// Turns each 100 pixels of horizontal movement into a left or right key.
     void pointerDragged(int32_t x, int32_t y) override;
     void pointerReleased(int32_t x, int32_t y) override;
     void sizeChanged(int32_t w, int32_t h) override;
 
-    /// One tick: delivers at most one event, however many are due.
+    /// One tick of the scheduler: delivers at most one event, even if more are due.
     virtual void run();
 
-    /// Paints nothing: no display of this program is ever turned.
+    /// Paints nothing: the display is never turned.
     virtual void paintWRMessage(GnoGraphics* /*g*/) {}
 
     AppImage* getScreen() const { return screen; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// An event's payload is a pointer that also carries a plain 32-bit word: this pair, and nothing
-// else, converts. The position of a touch is such a word too: x in its high half, y in the low one.
+// An event's payload is a pointer, in which a plain 32-bit word may be stored. Only these two
+// functions convert between the two. The position of a touch is such a word too: x in its high
+// half, y in the low one.
 #pragma once
 
 #include "Arithmetic.h"

@@ -17,7 +17,7 @@ public:
     /// Every class with a class initialiser, in the order in which initialisers and finalisers run.
     virtual const ClassListEntry* classes(int32_t& count) = 0;
 
-    /// Makes and frees what G holds besides its names: painters, fonts, effects, screens.
+    /// Makes and frees the objects that G holds: painters, fonts, effects, screens.
     virtual void makeGlobals() = 0;
     virtual void freeGlobals() = 0;
 

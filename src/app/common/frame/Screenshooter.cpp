@@ -25,8 +25,7 @@ Screenshooter::~Screenshooter() {
     }
 }
 
-/// Compares the event's text, because this key, which no phone of this program had, has no shared
-/// name.
+/// Compares the text, because this key has no shared name: none of the program's phones had it.
 bool Screenshooter::asksForPicture(Event* event) {
     return event->type == Orm::EV_T_KEY_PRESS && event->subType != nullptr &&
            *event->subType == String(kKey);

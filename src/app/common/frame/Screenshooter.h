@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Takes a picture of the screen on one key. It is stored nowhere: see Orm::dumpToFile.
+// Would take a picture of the screen on one key, but the picture is not stored (Orm::dumpToFile
+// does nothing).
 #pragma once
 
 #include "Array.h"

@@ -173,8 +173,8 @@ void AppImage::set(
     }
     const PixelBlock block = blockOf(this, src, sx, sy, w, h, dx, dy);
     for (int32_t i = 0; i < h; i++) {
-        // Moved down within its own image, the last row comes first: else rows that are already
-        // copies would be copied again.
+        // When a part of the image is moved down, the last row is copied first: otherwise rows
+        // would be overwritten before they are copied.
         const int32_t row = src == this && dy > sy ? h - 1 - i : i;
         std::memmove(block.dstRow(row), block.srcRow(row),
                      static_cast<size_t>(w) * sizeof(uint32_t));

@@ -26,7 +26,7 @@ public:
     public:
         const uint32_t* get() const { return words; }
 
-        // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the array itself could
+        // NOLINTNEXTLINE(google-explicit-constructor): can be used like the array itself
         operator const uint32_t*() const { return words; }
 
     private:
@@ -37,7 +37,7 @@ public:
     /// Empty: no size, no pixels.
     AppImage() = default;
 
-    /// The values of the pixels are not promised (zero today).
+    /// The pixels may have any values.
     AppImage(int32_t w, int32_t h);
     AppImage(int32_t w, int32_t h, uint32_t argb);
 
@@ -62,8 +62,8 @@ public:
     /// channel above its alpha, which no premultiplied picture has, keeps only the low eight bits.
     virtual void unpremult();
 
-    /// From now on every row that may change is marked there, all of them at once.
-    /// @param marks  as many rows as the image has, not owned; null: nothing is marked any more
+    /// From now on marks every row that may have changed; at first marks all rows.
+    /// @param marks  made for the image's number of rows, not owned; null: ends the marking
     void watchRows(Osp::Graphics::RowMarks* marks);
 
     /// The first pixel of row y, for writing that many rows from there on, which count as changed.
@@ -96,7 +96,7 @@ public:
     blend(AppImage* src, int32_t sx, int32_t sy, int32_t w, int32_t h, int32_t dx, int32_t dy);
 
     /// @param opacity  256 and above is the plain blend, 0 and below nothing.
-    /// Deliberate: 1..255 looks at src's alpha even if src is marked opaque.
+    /// Deliberate: 1..255 uses src's alpha even if src is marked opaque.
     virtual void blend(AppImage* src,
                        int32_t sx,
                        int32_t sy,
@@ -126,7 +126,7 @@ public:
                        int32_t dy,
                        PixProps* props);
 
-    /// Each channel becomes alpha * channel / 255, truncated.
+    /// Multiplies each channel by alpha / 255, truncated.
     static uint32_t premult(uint32_t argb);
 
     /// All four channels of c0 at t = 0 to those of c1 at t = 256.

@@ -2,7 +2,7 @@
 // One glyph of a bitmap font: a small picture of 4-bit coverage and its place relative to the pen.
 //
 // Coverage runs from 0 (none) to 15 (full), row by row without padding, eight pixels in a word, the
-// first one in bits 28..31. A glyph may belong to more than one font; the last font that lets it go
+// first one in bits 28..31. A glyph may belong to more than one font; the last font that drops it
 // deletes it.
 #pragma once
 
@@ -54,8 +54,8 @@ public:
     static BitMapCharacter* createFrom(DataInputStream* in);
     void writeTo(DataOutputStream* out);
 
-    /// Draws with the bitmap's top left corner at (x, y), blending a premultiplied colour. What
-    /// reaches out of the image is left out.
+    /// Draws with the bitmap's top left corner at (x, y), blending a premultiplied colour. Pixels
+    /// outside the image are left out.
     void draw(AppImage* image, int32_t x, int32_t y, uint32_t colour);
 
     /// Draws only what lies in the clip rectangle.
@@ -71,8 +71,8 @@ public:
     /// A new string; the caller deletes it.
     virtual Osp::Base::String* toString();
 
-    /// A font holds each of its characters, and lets it go when it drops it. The last letGo()
-    /// deletes the character.
+    /// A font calls hold() for each of its characters, and letGo() when it drops one. The last
+    /// letGo() deletes the character.
     void hold() { holders++; }
 
     void letGo();

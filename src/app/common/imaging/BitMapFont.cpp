@@ -86,9 +86,9 @@ BitMapFont* BitMapFont::createFromFile(const String& path) {
     FileInputStream in(path);
     const int32_t bytes = std::min(in.available(), kMaxArrayLength);
     if (bytes < 1) {
-        return nullptr;  // createFrom() would make a font of hollow squares
+        return nullptr;  // createFrom() would make a font that has only hollow squares
     }
-    // The whole file at once: a font is read byte by byte.
+    // The file is read at once, because createFrom() reads single bytes.
     const Array<signed char> data(newArray<signed char>(bytes));
     const int32_t got = std::max(in.read(data, 0, bytes), 0);
     in.close();
@@ -180,7 +180,7 @@ void BitMapFont::setLineHeight(int32_t lineHeight) {
     setMissingChar(space == nullptr ? DEFAULT_MISSING_CHAR_WIDTH : space->advanceWidth);
 }
 
-/// Index of the code point, or where it would have to be inserted.
+/// Index of the code point; if it is missing, the index at which to insert it.
 int32_t BitMapFont::indexAtOrAfter(int32_t codePoint) const {
     BitMapCharacter** found =
         std::lower_bound(characters.get(), characters + numChars, codePoint,
@@ -227,7 +227,7 @@ String* BitMapFont::toString() {
     return text.toString();
 }
 
-/// How far the pen stands before x, so that the first ink comes to lie at x.
+/// Where the pen starts, relative to x, so that the first ink lies at x.
 int32_t BitMapFont::inkStart(const String& text) {
     BitMapCharacter* first = getChar(text[0]);
     return first->pixels != nullptr ? first->ofsX : 0;

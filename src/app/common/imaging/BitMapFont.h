@@ -2,7 +2,7 @@
 // A bitmap font: its characters sorted by code point, their file format, measuring and drawing.
 //
 // Texts are read one UTF-16 unit at a time, without kerning. Element 0 is the missing character
-// (code point 0, a hollow square), which stands in for every code point that the font lacks.
+// (code point 0, a hollow square), which is used for every code point that the font lacks.
 #pragma once
 
 #include "Array.h"
@@ -22,19 +22,19 @@ public:
     static constexpr int32_t DEFAULT_LINE_HEIGHT = 10;  // px
     static constexpr const char* DEFAULT_FONT_NAME = "/com/tallowin/orm/image/font/default.bmf";
 
-    /// Named "n/a", of the default line height.
+    /// A font with the name "n/a" and the default line height.
     BitMapFont();
 
     /// @param name  copied; null is "n/a"
     BitMapFont(Osp::Base::String* name, float size, int32_t lineHeight);
     ~BitMapFont() override;
 
-    /// Reads a font file and closes the stream, which stays the caller's to delete. Never null: a
-    /// file that is cut short gives a font of the characters that are there.
+    /// Reads a font file and closes the stream; the caller deletes the stream. Never null: a file
+    /// that is cut short gives a font of the characters that are there.
     static BitMapFont* createFrom(InputStream* in);
 
     /// Reads a font file of the resources; the caller deletes the font. Null if there is no such
-    /// file, or nothing in it.
+    /// file, or if it is empty.
     static BitMapFont* createFromFile(const Osp::Base::String& path);
 
     /// The framework's own font; the caller deletes it.
@@ -44,12 +44,12 @@ public:
     /// characters than the file can count (32767).
     bool writeTo(OutputStream* out);
 
-    /// The font holds the character, and lets go of the one that had its code point. Line feed,
-    /// space and no-break space lose their bitmap.
+    /// The font holds the character, and releases the one that had its code point. Line feed, space
+    /// and no-break space lose their bitmap.
     void addChar(BitMapCharacter* character);
 
-    /// The missing character becomes a hollow square of s pixels on the baseline. Below 1 it has
-    /// no ink; above 255 it is as large as a file can hold.
+    /// The missing character becomes a hollow square of s pixels on the baseline. If s is less than
+    /// 1, it has no ink; sizes are limited to 255.
     void setMissingChar(int32_t s);
 
     /// Makes the missing character as wide as a space, too.
@@ -60,7 +60,7 @@ public:
 
     BitMapCharacter* getMissingChar() { return characters[0]; }
 
-    /// Not checked: 0 <= index < getNumChars().
+    /// @param index  0 to getNumChars() - 1; not checked
     BitMapCharacter* getCharAtIndex(int32_t index) { return characters[index]; }
 
     /// -1 if the font lacks it.
@@ -76,7 +76,8 @@ public:
 
     int32_t getLineHeight() const { return lineHeight; }
 
-    /// How many pixels any character ever reached above (below) the baseline; never shrinks.
+    /// The largest number of pixels that a character has reached above (below) the baseline so far;
+    /// it never becomes smaller.
     int32_t getMaxAbove() const { return maxAbove; }
 
     int32_t getMaxBelow() const { return maxBelow; }

@@ -13,7 +13,7 @@ using Osp::Base::String;
 
 namespace {
 
-/// Reads the rectangle, lets change work on the copy, and writes it back.
+/// Copies the rectangle, calls change with the copy, and writes the copy back.
 template <typename Change>
 void edit(Bounded* bounded, Change change) {
     const PooledBounds copy(Bounds::alloc(bounded));
@@ -21,7 +21,7 @@ void edit(Bounded* bounded, Change change) {
     bounded->setBounds(copy);
 }
 
-/// Returns what read makes of a copy of the rectangle.
+/// Calls read with a copy of the rectangle, and returns its result.
 template <typename Read>
 auto ask(Bounded* bounded, Read read) {
     const PooledBounds copy(Bounds::alloc(bounded));

@@ -16,8 +16,8 @@ class Vector;
 
 class Bounds : public Bounded {
 public:
-    // An anchor names a point of a rectangle: a vertical and a horizontal bit, the middle (rounded
-    // towards the top left) where one is missing and the centre bit is set.
+    // An anchor names a point of a rectangle: a vertical and a horizontal bit, in a direction
+    // without a bit, the middle (rounded towards the top left) if the centre bit is set.
     static constexpr int32_t kTop = 1;
     static constexpr int32_t kBottom = 2;
     static constexpr int32_t kLeft = 4;
@@ -92,7 +92,7 @@ public:
     static int32_t getArea(Bounded* bounded);
     static int32_t getArea(Vector* vector);
 
-    /// True if there is at least one pixel: w > 0 and h > 0.
+    /// True if it has at least one pixel: w > 0 and h > 0.
     static bool isValid(Bounded* bounded);
 
     /// Sets w and h to 0.
@@ -129,8 +129,8 @@ public:
     /// stay. So kTop | kBottom moves the rectangle vertically.
     static void moveEdges(Bounded* bounded, int32_t anchor, int32_t dx, int32_t dy);
 
-    /// Places the rectangle so that its anchor point lies at (x, y). A direction without a bit
-    /// keeps its position.
+    /// Places the rectangle so that its anchor point lies at (x, y). In a direction without a bit
+    /// the position does not change.
     static void setPos(Bounded* bounded, int32_t anchor, int32_t x, int32_t y);
 
     /// The same, at the reference's anchor point plus (dx, dy).
@@ -155,13 +155,15 @@ public:
     /// True if they share at least one pixel.
     static bool intersects(Bounded* a, Bounded* b);
 
-    /// Cuts a to what it shares with b. Without a shared pixel a becomes invalid: test isValid().
+    /// Cuts a to the part that it shares with b. If they share no pixel, a becomes invalid (see
+    /// isValid()).
     static void intersect(Bounded* a, Bounded* b);
 
     /// Cuts a to one pixel; invalid if that lies outside.
     static void intersect(Bounded* a, int32_t x, int32_t y);
 
-    /// Appends to cut the valid parts of the elements inside clip, pooled; source stays as it is.
+    /// Appends to cut pooled copies of the elements, cut to clip; those without a pixel are left
+    /// out. source does not change.
     static void intersect(Vector* source, Bounded* clip, Vector* cut);
 
     /// Widens a to the bounding box of both; an invalid a becomes a copy of b.
@@ -222,9 +224,9 @@ public:
     /// Replaces the (pooled) elements of b by their parts that no element of a covers.
     static void removeOverlapping(Vector* a, Vector* b);
 
-    /// Appends to target what of the added elements target does not cover yet: if its rectangles
-    /// did not overlap before, they do not afterwards.
-    /// @param scratch  empty before and after; a working list that the caller keeps
+    /// Appends to target the parts of the added elements that target does not cover yet. If
+    /// target's rectangles did not overlap before, they do not overlap after it.
+    /// @param scratch  a working list, empty before and after; owned by the caller
     static void addAndRemoveOverlapping(Vector* target, Vector* added, Vector* scratch);
 
     int32_t x = 0;  // px, left column

@@ -23,8 +23,8 @@ void moveInto(Vector* source, Vector* target) {
     source->removeAllElements();
 }
 
-/// A copy of b, shifted, with right and bottom edges instead of sizes. A negative size would take
-/// away what lies outside the rectangle; it counts as an empty one.
+/// A copy of b, shifted, with right and bottom edges instead of sizes. A negative size counts as an
+/// empty rectangle: otherwise pixels outside the rectangle would be removed.
 Bounds* shiftedHole(Bounded* b, int32_t dx, int32_t dy) {
     Bounds* hole = Bounds::alloc(b);
     hole->w = std::max(hole->w, 0);

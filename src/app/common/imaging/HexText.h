@@ -16,7 +16,7 @@ inline Osp::Base::String hexText(uint64_t value) {
     return text;
 }
 
-/// As hash codes are printed: a negative one as its 32-bit pattern.
+/// A hash code; a negative one is printed as its 32-bit pattern.
 inline Osp::Base::String hexText(int32_t hash) {
     return hexText(uint64_t{static_cast<uint32_t>(hash)});
 }

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int32_t kReductionShift = 4;  // 16 columns become one
-constexpr uint32_t kRoundUp = 15;       // so that 16 times 255 stays 255
+constexpr uint32_t kRoundUp = 15;       // so that the mean of 16 times 255 is 255
 constexpr uint32_t kRoundUpPair = kRoundUp << 16 | kRoundUp;
 
 /// Cuts r to the destination, then to the clip; false if nothing remains.
@@ -27,13 +27,13 @@ bool clipTo(Bounds* r, AppImage* dst, Bounded* clip) {
     return Bounds::isValid(r);
 }
 
-/// A pixel that is not there is transparent.
+/// The pixel at (x, y); transparent outside the image.
 uint32_t pixelOrNothing(AppImage* image, int64_t x, int64_t y) {
     const bool inside = x >= 0 && x < image->w && y >= 0 && y < image->h;
     return inside ? image->get(static_cast<int32_t>(x), static_cast<int32_t>(y)) : 0;
 }
 
-/// A cell's pixel: the columns begin .. end - 1 of one row, each channel added up on its own.
+/// The pixel of a cell: the columns begin .. end - 1 of one row, each channel summed by itself.
 uint32_t reduceCell(const uint32_t* row, int32_t begin, int32_t end) {
     uint32_t redBlue = kRoundUpPair;  // at most 15 + 16 * 255 in each half
     uint32_t alphaGreen = kRoundUpPair;

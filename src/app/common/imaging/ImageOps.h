@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Clipped drawing: every painter draws through here, because AppImage itself does not clip.
+// Clipped drawing. Every painter draws by means of these operations, because AppImage itself does
+// not clip.
 //
-// Every operation is cut to the destination image, then to the clip; what remains is done by the
+// Every operation is cut to the destination image, then to the clip; the rest is drawn by the
 // destination's own pixel operations. The destination and the clip are never null; modifiers may be
 // null, and then change nothing. Nothing is read or written outside an image, and nothing is
 // allocated once the pool of rectangles is filled.
@@ -49,8 +50,8 @@ public:
                           Bounded* clip,
                           PixProps* props);
 
-    /// As blendRect(), but the colour (modified by props) replaces what is there, alpha included:
-    /// a transparent colour erases.
+    /// As blendRect(), but the colour (modified by props) replaces the pixels, alpha included: a
+    /// transparent colour erases.
     static void fillRect(AppImage* dst,
                          Bounded* rect,
                          uint32_t argb,
@@ -83,7 +84,8 @@ public:
                          PixProps* props);
 
     /// One cell of a picture map of columns x rows equal cells, counted row by row from 0; pixels
-    /// that are left over at the right and bottom belong to no cell. No such cell: draws nothing.
+    /// that are left over at the right and bottom belong to no cell. Draws nothing if there is no
+    /// such cell.
     static void blendMap(AppImage* dst,
                          AppImage* map,
                          int32_t index,

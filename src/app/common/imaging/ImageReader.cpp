@@ -10,7 +10,7 @@
 
 namespace {
 
-/// All that the stream still has; null if that is nothing, or too much.
+/// The rest of the stream; null if it is empty or too long.
 Array<signed char> readAll(InputStream* in) {
     const int32_t bytes = in->available();
     Array<signed char> data;

@@ -26,13 +26,13 @@ public:
     static PixProps* alloc(int32_t lightness, int32_t saturation, int32_t opacity);
     static PixProps* alloc(PixProps* props);
 
-    /// own as modified by inherited; either may be null.
+    /// A pooled copy of own, scaled by inherited; either may be null.
     static PixProps* alloc(PixProps* own, PixProps* inherited);
 
     virtual ~PixProps() = default;
 
     /// Gives the instance back to the pool; it must not be used afterwards. The fields become 512,
-    /// 0, 256: a painter that uses it by mistake paints white, which is seen at once.
+    /// 0, 256: a painter that still uses it by mistake paints white, so that the mistake is seen.
     virtual void free();
     virtual void setDefault();
     virtual bool isDefault();

@@ -25,7 +25,7 @@ constexpr uint32_t greyOf(uint32_t level) {
     return level << 16 | level << 8 | level;
 }
 
-/// How much of what lies below a pixel remains visible.
+/// The factor (256 is 1) by which the pixel below remains visible.
 constexpr uint32_t remainder256(uint32_t argb) {
     return 256 - (argb >> 24);
 }
@@ -59,7 +59,7 @@ constexpr uint32_t overPixel(uint32_t d, uint32_t s, uint32_t opacity256) {
     return overPixelScaled(d, redBlueOf(s) * opacity256, alphaGreenOf(s) * opacity256);
 }
 
-/// Source-over of a colour whose pairs the caller has spread out, on d.
+/// Source-over on d of a colour whose channel pairs the caller has prepared.
 constexpr uint32_t overPixelColour(uint32_t d, uint32_t agUpper, uint32_t rbUpper, uint32_t k256) {
     const uint32_t ag = (agUpper + k256 * alphaGreenOf(d)) & kUpperPairMask;
     const uint32_t rb = ((rbUpper + k256 * redBlueOf(d)) >> 8) & kPairMask;

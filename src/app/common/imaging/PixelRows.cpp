@@ -8,9 +8,9 @@
 
 namespace {
 
-// Most pixels of a picture lie in transparent or opaque runs, so groups of pixels are tested as a
-// whole. Smaller groups would fit into more runs, but the compiler unrolls a loop over 16 pixels
-// before it can vectorise it.
+// Most pixels of a picture lie in transparent or opaque runs, so pixels are tested in groups.
+// Smaller groups would fit into more runs, but the compiler unrolls a loop over 16 pixels
+// completely and then does not vectorise it.
 constexpr int32_t kGroupPx = 32;
 constexpr int32_t kGroupBytes = kGroupPx * 4;
 constexpr uint64_t kAlphasMask = 0xFF000000FF000000;  // of two pixels
@@ -45,8 +45,8 @@ inline bool isBetween(uint32_t argb) {
     return argb - 1 < kAlphaMask - 1;
 }
 
-/// First all weights, then all pixels: two short chains of operations keep the processor busier
-/// than one long one.
+/// First works out all weights, then all pixels: with two short chains of operations the processor
+/// waits less than with one long one.
 inline void overGroup(uint32_t* __restrict dst, const uint32_t* __restrict src) {
     uint32_t k256[kGroupPx];
     for (int32_t i = 0; i < kGroupPx; i++) {
@@ -108,7 +108,7 @@ inline void overRest(uint32_t* __restrict dst,
     }
 }
 
-/// Rows that follow one another without a gap in both images are one long row.
+/// If the rows follow one another without a gap in both images, makes them one long row.
 PixelBlock joinRows(const PixelBlock& block) {
     PixelBlock joined = block;
     if (block.w == block.dstStride && block.w == block.srcStride) {
@@ -118,7 +118,7 @@ PixelBlock joinRows(const PixelBlock& block) {
     return joined;
 }
 
-/// Blends row by row, in groups as far as they go.
+/// Blends row by row: whole groups first, then the remaining pixels.
 /// @param modifier  none, an opacity, or a tint; a copy, so that writing pixels cannot change it
 template <typename... Modifier>
 MURMELO_KERNEL_PART void overRows(const PixelBlock& rows, Modifier... modifier) {
@@ -128,7 +128,7 @@ MURMELO_KERNEL_PART void overRows(const PixelBlock& rows, Modifier... modifier) 
         const uint32_t* src = block.srcRow(row);
         int32_t left = block.w;
         for (; left >= kGroupPx; left -= kGroupPx) {
-            // The first pixel usually shows of which kind its group is.
+            // The first pixel usually shows the kind of its group.
             const bool isModified = sizeof...(modifier) > 0;
             if (!isModified && *src != 0 && !isBetween(*src) && isOpaque(src)) {
                 std::memcpy(dst, src, kGroupBytes);

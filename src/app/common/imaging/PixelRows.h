@@ -22,7 +22,7 @@ struct PixelBlock {
     const uint32_t* srcRow(int32_t row) const { return src + ptrdiff_t{srcStride} * row; }
 };
 
-/// The factors of a PixProps, brought into ranges without special cases.
+/// The factors of a PixProps, converted to ranges that need no special cases.
 struct PixelTint {
     uint32_t whiteMask;      // 0xFFFFFF lightens, 0 darkens
     uint32_t light256;       // 256: unchanged
@@ -38,10 +38,10 @@ public:
     static void overWithOpacity(const PixelBlock& rows, uint32_t opacity256);
     static void overWithTint(const PixelBlock& rows, const PixelTint& tint);
 
-    /// The colour over the destination. Like fill(), it leaves the source alone.
+    /// Blends the colour over the destination. Does not use the source; nor does fill().
     static void overWithColour(const PixelBlock& rows, uint32_t argb);
 
-    /// The colour through the source's alpha.
+    /// Blends the colour through the source's alpha.
     static void overThroughMask(const PixelBlock& rows, uint32_t argb);
 
     static void fill(const PixelBlock& rows, uint32_t argb);

@@ -15,14 +15,14 @@ constexpr uint32_t kCrcPolynomial = 0xEDB88320;  // reflected
 constexpr signed char kDepth = 8;
 constexpr signed char kTrueColour = 2;
 
-/// Bytes after which the two sums must be reduced; a few more would still fit.
+/// How many bytes are added before the two sums are reduced; somewhat more would still fit 32 bits.
 constexpr int32_t kAdlerRun = 3800;
 
 signed char byteOf(uint32_t value, int32_t shift) {
     return static_cast<signed char>(static_cast<unsigned char>(value >> shift));
 }
 
-/// Filter bytes and pixels.
+/// Number of bytes of all rows: one filter byte and three bytes for each pixel.
 int64_t rawBytes(int64_t w, int64_t h) {
     return h * (1 + 3 * w);
 }
@@ -39,9 +39,9 @@ bool PngEncoder::setImageData(const uint32_t* argb, int32_t w, int32_t h) {
     if (w < 1 || h < 1 || int64_t{w} * h > kMaxArrayLength) {
         return false;
     }
-    // Rows have a filter byte and blocks a header, so tall, narrow images need more than three
-    // bytes for each pixel; reserve() makes room for them. Here it is only checked that an array
-    // can count the bytes.
+    // Only checks that the array can count the bytes. Rows have a filter byte and blocks a header,
+    // so tall, narrow images need more than three bytes for each pixel; reserve() makes room for
+    // them.
     const int64_t raw = rawBytes(w, h);
     if (slackBytes + raw + (raw / kBlockBytes + 1) * kBlockHeaderBytes > kMaxArrayLength) {
         return false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writes an image as a PNG file without any compressor: stored blocks only.
+// Writes an image as a PNG file without compression, in stored blocks.
 #pragma once
 
 #include "Array.h"
@@ -15,7 +15,7 @@ public:
     PngEncoder& operator=(const PngEncoder&) = delete;
     virtual ~PngEncoder() = default;
 
-    /// Keeps the pointer to the pixels, which stay the caller's and must live until encode(), and
+    /// Keeps the pointer to the pixels (not owned; they must stay valid until encode()), and
     /// allocates the output. False if there are no pixels or too many; encode() then returns null.
     /// @param argb  w * h words; alpha is dropped
     bool setImageData(const uint32_t* argb, int32_t w, int32_t h);
@@ -30,7 +30,7 @@ public:
     /// CRC-32 of the written bytes from .. to - 1.
     virtual uint32_t getCRC(int32_t from, int32_t to);
 
-    /// Continues an Adler-32, which starts at 1.
+    /// Continues an Adler-32 checksum, whose first value is 1.
     virtual uint32_t
     updateAdler(uint32_t adler, const signed char* data, int32_t offset, int32_t length);
 

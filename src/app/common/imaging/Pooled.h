@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds a pooled object for a scope and gives it back to its pool at the end.
+// Holds a pooled object, and returns it to its pool at the end of the scope.
 #pragma once
 
 class Bounds;
@@ -20,7 +20,7 @@ public:
 
     T* operator->() const { return object; }
 
-    // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the object itself could
+    // NOLINTNEXTLINE(google-explicit-constructor): can be used like the object itself
     operator T*() const { return object; }
 
 private:

@@ -21,12 +21,12 @@ constexpr int32_t satSub(int32_t a, int32_t b) {
     return saturate(int64_t{a} - b);
 }
 
-/// The last column (row) of a width (height) from the first one.
+/// The last column (row) of a range with this first one and this width (height).
 constexpr int32_t lastOf(int32_t first, int32_t size) {
     return saturate(int64_t{first} + size - 1);
 }
 
-/// The width (height) from the first to the last column (row).
+/// The width (height) of the range from the first to the last column (row).
 constexpr int32_t sizeOf(int32_t first, int32_t last) {
     return saturate(int64_t{last} + 1 - first);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Helpers on lists; so far the lists need none.
+// Would hold helpers for lists; there are none.
 #pragma once
 
 #include "ClassLife.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A painter without parts: keeps the rectangle and the modifiers.
+// Base of the painters without parts: keeps the rectangle and the modifiers.
 #pragma once
 
 #include "Painter.h"

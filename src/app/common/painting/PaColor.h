@@ -11,7 +11,7 @@ public:
 
     uint32_t get() const { return argb; }
 
-    /// Deliberate: only the inherited modifiers count, the painter's own do nothing: the colour
+    /// Deliberate: only the inherited modifiers are used, not the painter's own, because the colour
     /// itself says how light and how transparent the rectangle is.
     void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
 

@@ -18,7 +18,8 @@ public:
     /// No picture.
     PaImage();
 
-    /// Takes over the picture and its size; the position stays. Res::Null: no picture.
+    /// Sets the picture, and the rectangle's size to the picture's; the position stays. Res::Null:
+    /// no picture.
     void setImage(int32_t id);
 
     int32_t getImage() const { return imageId; }
@@ -26,9 +27,9 @@ public:
     void setPos(int32_t x, int32_t y);
     void set(int32_t id, int32_t x, int32_t y);
 
-    /// Registers the file and takes its picture (the flags are those of Res::addImage). Four
-    /// numbers in the path are x, y, width and height, five a label and then these; the painter
-    /// moves to (x, y) if the size is the picture's own, else it stays where it is.
+    /// Registers the file and sets its picture (for the flags see Res::addImage). Four numbers in
+    /// the path are x, y, width and height; five are a label and then these. If that size is the
+    /// picture's own, the painter moves to (x, y), else its position stays.
     void set(String* path, bool premultiply, bool opaque);
     void set(const char* path, bool premultiply, bool opaque);
 

@@ -19,13 +19,13 @@ constexpr int32_t kNumbers = 2;
 constexpr int32_t kColumns = 3;
 constexpr int32_t kMiddle = 1;  // column or row of the stretched parts
 
-/// One direction of the nine parts: where each of the three begins, and how far it reaches.
+/// One direction of the nine parts: where each of the three begins and how long it is.
 struct Thirds {
     int32_t begin[kColumns];
     int32_t size[kColumns];
 };
 
-/// @param split  the pixel to be stretched, of a picture of length pixels
+/// @param split  index of the pixel to be stretched, in a picture of length pixels
 Thirds cut(int32_t split, int32_t length, int32_t target) {
     const int32_t near = std::clamp(target, 0, split);
     const int32_t far = std::clamp(target - near, 0, length - 1 - split);

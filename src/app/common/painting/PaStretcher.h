@@ -25,13 +25,13 @@ public:
     PaStretcher();
     ~PaStretcher() override;
 
-    /// Registers the file and takes its picture (the flags are those of Res::addImage). Two numbers
-    /// in the path are the split point, if it lies within 0 .. width and 0 .. height; otherwise the
+    /// Registers the file and sets its picture (for the flags see Res::addImage). Two numbers in
+    /// the path are the split point, if it lies within 0 .. width and 0 .. height; otherwise the
     /// picture is split at its centre. The rectangle gets the picture's size; its position stays.
     void set(String* path, bool premultiply, bool opaque);
     void set(const char* path, bool premultiply, bool opaque);
 
-    /// A registered picture, split at its centre.
+    /// Sets a registered picture, split at its centre.
     void setImage(int32_t id);
     void setImage(int32_t id, int32_t splitX, int32_t splitY);
 
@@ -47,7 +47,7 @@ public:
     /// Works out the parts again, for a picture that has changed.
     void refresh() override;
 
-    /// Lays the nine parts over the rectangle.
+    /// Works out the places of the nine parts in the rectangle.
     void updateSubBounds();
 
 private:

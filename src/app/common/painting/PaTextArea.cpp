@@ -93,7 +93,7 @@ void PaTextArea::layOut() {
     int32_t i = 0;
     while (true) {
         if (!rows.empty() && i < length && (*text)[i] == u'\n') {
-            i++;  // it ended the row before, whose line height is counted already
+            i++;  // the line feed that ended the row before, whose height is counted
         }
         for (; i < length && ((*text)[i] == u' ' || (*text)[i] == u'\n'); i++) {
             top += (*text)[i] == u'\n' ? lineHeight : 0;
@@ -129,8 +129,7 @@ int32_t PaTextArea::findRowEnd(const String& text, BitMapFont* font, int32_t sta
             if (breakAt != kNone) {
                 return breakAt;
             }
-            // A glyph that is wider than the area all by itself gets a row of its own: the text
-            // must go on.
+            // A glyph that is wider than the area gets a row of its own, so that the loop goes on.
             return std::max(i, start + 1);
         }
         pen += character->advanceWidth;
@@ -225,7 +224,8 @@ void PaTextArea::paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, Pix
     Bounds::intersect(area, whole);
     if (Bounds::isValid(area)) {
         for (const Glyph& glyph : glyphs) {
-            // By code point: the font may have been freed and loaded again since the layout.
+            // Looked up by code point, because the font may have been freed and loaded again since
+            // the layout.
             font->getChar(glyph.codePoint)
                 ->draw(dst, originX + glyph.x, originY + glyph.y, area->x, area->y, area->w,
                        area->h, colour);

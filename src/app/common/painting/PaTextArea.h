@@ -3,8 +3,8 @@
 //
 // Rows break at spaces; a word wider than the area is cut, and a single glyph wider than the area
 // stands alone in its row. Painting is clipped to the rectangle. Without a text or a font the area
-// is empty. The layout is made when something is set; refresh() makes it again after a change of
-// the language.
+// is empty. The layout is made whenever a property is set; after a change of the language refresh()
+// makes it again.
 #pragma once
 
 #include "AbstractPainter.h"
@@ -64,14 +64,14 @@ public:
     int32_t getOffsetY() const { return offsetY; }
 
     /// From the top of the first line to the bottom of the last row: a line height for each line,
-    /// empty ones between rows included, and never less than what the font's glyphs take. 0 when
-    /// nothing is laid out.
+    /// empty ones included, and at least the height of the font's glyphs. 0 when nothing is laid
+    /// out.
     int32_t getTextHeight() const { return textHeight; }
 
     int32_t getNumRows() const { return static_cast<int32_t>(rows.size()); }
 
-    /// Append pooled rectangles, placed like the painter's own, of each row's or each glyph's ink;
-    /// what lies outside the rectangle is included.
+    /// Append a pooled rectangle for each row's (each glyph's) ink, in the coordinates of the
+    /// painter's own rectangle. Rows and glyphs outside that are included.
     void appendRowBounds(Vector* out);
     void appendCharBounds(Vector* out);
 

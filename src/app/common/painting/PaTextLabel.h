@@ -2,8 +2,8 @@
 // One line of text, as wide as its ink.
 //
 // The rectangle takes its size from the text when text or font are set; refresh() does so again
-// after a change of the language. What is painted is always the current text, its ink starting
-// exactly at the rectangle's top left corner. Without a text or a font the label is empty.
+// after a change of the language. Always paints the current text, with its ink starting exactly at
+// the rectangle's top left corner. Without a text or a font the label is empty.
 #pragma once
 
 #include "AbstractPainter.h"

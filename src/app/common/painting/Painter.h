@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Something that knows its rectangle and how to paint itself.
+// An object that paints itself into its rectangle.
 #pragma once
 
 #include "Bounded.h"
@@ -11,7 +11,7 @@ class PixProps;
 
 class Painter : public Bounded {
 public:
-    /// Paints with the own rectangle shifted by (x, y).
+    /// Paints with the painter's rectangle shifted by (x, y).
     /// @param clip       never null; nothing outside is touched
     /// @param inherited  modifiers of the array that the painter is part of; may be null
     virtual void

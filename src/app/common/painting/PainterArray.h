@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Painters on top of one another, themselves a painter: slot 0 is the bottom, the last the top.
+// A painter made of painters on top of one another: slot 0 is the lowest, the last slot the
+// uppermost.
 //
-// A slot may be null, which paints nothing. The painters stand relative to the array's rectangle;
-// the array does not own them. Its modifiers are passed on to them; its size clips nothing.
+// A slot may be null, which paints nothing. The painters' positions are relative to the array's
+// rectangle; the array does not own them. Its modifiers are passed on to them; it does not clip to
+// its size.
 #pragma once
 
 #include "Array.h"
@@ -25,7 +27,7 @@ public:
     void getBounds(Bounds* target) override;
     void setBounds(Bounds* source) override;
 
-    /// All slots, from the bottom up.
+    /// Paints all slots, from the lowest up.
     void paintOn(AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited) override;
 
     /// Refreshes all painters.
@@ -35,7 +37,7 @@ public:
 
     void setPixProps(PixProps* source) override;
 
-    /// The counted array itself, which stays the array's.
+    /// The counted array itself; owned by this object.
     virtual Painter** getPainters() { return slots; }
 
     /// Null outside the array.
@@ -49,14 +51,14 @@ public:
     virtual Painter* getBottomPainter();
     virtual Painter* getTopPainter();
 
-    /// Nothing happens outside the array.
+    /// Does nothing if the index is outside the array.
     virtual void setPainter(int32_t index, Painter* painter);
 
     /// Empty the slot, or the lowest one that holds the painter.
     virtual void removePainter(int32_t index);
     virtual void removePainter(Painter* painter);
 
-    /// No slots are left.
+    /// Removes all slots.
     virtual void removeAllPainters();
 
     /// The lowest slot that holds the painter, -1 if none does.
@@ -66,11 +68,12 @@ public:
     /// The nearest index inside the array; 0 for an array without slots.
     virtual int32_t clamp(int32_t index);
 
-    /// From a slot to the top.
+    /// Paints from a slot to the uppermost one.
     virtual void
     paintOn(int32_t from, AppImage* dst, int32_t x, int32_t y, Bounded* clip, PixProps* inherited);
 
-    /// From a slot to another, both included, both clamped to the array; nothing if from > to.
+    /// Paints from one slot to another, both included and clamped to the array; nothing if from >
+    /// to.
     virtual void paintOn(int32_t from,
                          int32_t to,
                          AppImage* dst,

@@ -19,7 +19,7 @@ using Osp::Base::String;
 namespace {
 
 constexpr int32_t kFirstCapacity = 100;
-constexpr int32_t kGrowth = 21;  // the new capacity lies this far above the next id
+constexpr int32_t kGrowth = 21;  // the new capacity is the next id plus this
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The registry of texts, pictures, fonts and other objects: everything that screens and painters
-// name by a small number instead of a pointer.
+// The registry of texts, pictures, fonts and other objects, which screens and painters name by a
+// small number, the id.
 //
 // Ids count from 0 and are never used again. Pictures and fonts are loaded on first use. For an
 // unknown id, or one of another kind than asked for, null, -1 or false is returned.
@@ -26,24 +26,24 @@ public:
 
     static constexpr auto kLanguages = static_cast<int32_t>(Languages::kCount);
 
-    /// Registrations; all return the new id. Resources, texts and pictures made in memory belong to
-    /// the registry from now on; paths and wrapped objects stay the caller's.
+    /// Register an entry and return its new id. After this the registry owns resources, texts, and
+    /// pictures made in memory; it does not own paths and wrapped objects.
     static int32_t addRes(Resource* resource);
     static int32_t addRes(GnoObject* object);
 
-    /// One text for all languages.
+    /// Registers one text for all languages.
     static int32_t addStr(String* text);
     static int32_t addStr(const char* utf8);
 
-    /// @param utf8  counted array, up to its end or its first 0; stays the caller's
+    /// @param utf8  counted array, read to its end or its first 0; not owned
     static int32_t addStr(signed char* utf8);
 
     /// A counted array of one text for each language.
     static int32_t addStr(String** texts);
 
-    /// One language-neutral text for each element of a counted array. The strings belong to the
-    /// registry from now on, the array stays the caller's. Returns a new counted array of their
-    /// ids, which the caller frees with deleteArrFunc.
+    /// One language-neutral text for each element of a counted array. After this the registry owns
+    /// the strings; the caller still owns the array. Returns a new counted array of their ids,
+    /// which the caller frees with deleteArrFunc.
     static int32_t* addLanguageNames(String** names);
     static int32_t addFont(String* path);
     static int32_t addFont(const char* path);
@@ -56,14 +56,14 @@ public:
 
     static Resource* getRes(int32_t id);
 
-    /// The registry keeps what it returns; free() and freeAll() may delete it.
+    /// The picture, owned by the registry; free() and freeAll() may delete it.
     static AppImage* getImage(int32_t id);
     static BitMapFont* getFont(int32_t id);
 
     /// The size of the picture, 0 x 0 if there is none. Loads nothing.
     static void getImageSize(int32_t id, int32_t& w, int32_t& h);
 
-    /// The object of the resource, whatever its kind (see Resource::get()).
+    /// The object of a resource of any kind (see Resource::get()).
     static void* getList(int32_t id);
 
     /// One of Resource's kinds, -1 for an unknown id.
@@ -77,18 +77,18 @@ public:
     static String* getStr(int32_t id);
     static String** getStrArray(int32_t id);
 
-    /// Puts a new text under the same id. The registry owns it from now on, and deletes it at once
-    /// if the id is not that of a text. Painters of the old text must be refreshed.
+    /// Replaces the text of an id. The registry owns the new text; if the id is not that of a text,
+    /// it deletes it at once. Painters of the old text must be refreshed.
     static void replaceStr(int32_t id, String* text);
     static void replaceStr(int32_t id, String** texts);
 
-    /// Not checked: callers pass 0 to kLanguages - 1. In any other language there are only neutral
-    /// texts.
+    /// @param index  0 to kLanguages - 1; not checked. With any other index only language-neutral
+    /// texts are found
     static void setCurrLangIndex(int32_t index) { currLangIndex = index; }
 
     static int32_t getCurrLangIndex() { return currLangIndex; }
 
-    /// Drops what can be loaded again.
+    /// Frees what can be loaded again.
     static void free(int32_t id);
     static void freeAll();
 

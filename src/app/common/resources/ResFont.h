@@ -19,8 +19,8 @@ public:
     /// The BitMapFont. Null if the file cannot be opened; the next call tries again.
     void* get() override;
 
-    /// The next get() reads the file again. Pointers to the font and to its characters are no
-    /// longer valid then.
+    /// Frees the font; the next get() reads the file again. Pointers to the font and to its
+    /// characters become invalid.
     void free() override;
 
     int32_t getType() override { return kTypeFont; }

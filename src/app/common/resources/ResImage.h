@@ -21,7 +21,7 @@ public:
     /// Blank, every pixel transparent.
     ResImage(int32_t w, int32_t h);
 
-    /// Owned from now on.
+    /// @param image  owned from now on
     explicit ResImage(AppImage* image);
     ~ResImage() override;
 
@@ -32,8 +32,8 @@ public:
     /// many pictures are not painted for a long time, or never.
     void getSize(int32_t& width, int32_t& height);
 
-    /// The next get() reads the file again, or makes a new blank picture. One that was made in
-    /// memory stays: nothing could bring it back.
+    /// The next get() reads the file again, or makes a new blank picture. A picture that was made
+    /// in memory is kept, because it could not be made again.
     void free() override;
 
     int32_t getType() override { return kTypeImage; }

@@ -19,12 +19,12 @@ public:
     /// The String** array, of one or five texts.
     void* get() override { return texts; }
 
-    /// Keeps the texts: there is no file to bring them back from.
+    /// Keeps the texts, because there is no file to load them from again.
     void free() override {}
 
     int32_t getType() override { return kTypeString; }
 
-    /// Swap in new text, owned from now on; the old one is deleted.
+    /// Replace the text by a new one, owned from now on; the old one is deleted.
     void replace(String* text);
     void replace(String** newTexts);
 

@@ -8,7 +8,7 @@
 
 class Resource : public GnoObject {
 public:
-    // What getType() returns.
+    // The values that getType() returns.
     static constexpr int32_t kTypeNull = 0;
     static constexpr int32_t kTypeString = 1;
     static constexpr int32_t kTypeImage = 2;
@@ -19,7 +19,7 @@ public:
     /// For texts a counted array of strings (String**), for all other kinds a GnoObject*.
     virtual void* get() = 0;
 
-    /// Drops what the next get() can bring back.
+    /// Frees what the next get() can load again.
     virtual void free() = 0;
     virtual int32_t getType() = 0;
 };

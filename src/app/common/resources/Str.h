@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The texts of the program. Each is registered once, in all languages; the texts themselves stand
-// in StrTexts.
+// The texts of the program. Each is registered once, in all languages; the texts themselves are in
+// StrTexts.
 #pragma once
 
 #include "TextIds.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The same ids for an edition with European texts only. There is no such edition: nothing is
-// registered, and every id is that of "nothing".
+// The same ids for an edition with European texts only. There is no such edition: no text is
+// registered, and every id is 0.
 #pragma once
 
 #include "ClassLife.h"

@@ -10,9 +10,9 @@ namespace {
 // One text on a line, as far as it fits.
 //
 // Deliberate: the blank before the first sentence of ROTATE_SCREEN, the one after "No memory
-// card", the large P of "Low Pitch" and the spelling of "occured" are the program's own and stay.
-// Spanish and Italian say "tu", German and French "Sie" and "vous". Help and messages name keys and
-// menus by the very words that stand on them. A blank that does not break (U+00A0) keeps a last
+// card", the large P of "Low Pitch" and the spelling of "occured" are intended and stay. Spanish
+// and Italian say "tu", German and French "Sie" and "vous". Help and messages call keys and menus
+// by exactly the words that are shown on them. A blank that does not break (U+00A0) keeps a last
 // word from standing alone in its row.
 // clang-format off
 // NOLINTBEGIN(bugprone-suspicious-missing-comma): long texts continue on the next line

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What bar, menu and message share: drawing text by its id onto the screen's picture.
+// Draws texts by their id on the screen's picture, for the bar, the menu and the message.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@ class Chrome {
 public:
     static constexpr uint32_t kWhite = 0xFFFFFFFF;
 
-    /// Menu and message stand a little above the middle, clear of the soft keys.
+    /// Menu and message stand a little above the middle, so that they do not touch the soft keys.
     static constexpr int32_t kAboveCentrePx = -24;
 
     /// Draws a text of the table in the current language, cut at the screen's edges; nothing if

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The job of applying the current effect to the take, for the screens that need its result.
+// Applies the current effect to the take, for the screens that need its result.
 #pragma once
 
 class State;

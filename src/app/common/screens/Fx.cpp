@@ -12,10 +12,10 @@
 
 namespace {
 
-/// What an effect looks like; FxCatalogue says how it sounds.
+/// The look of an effect; its sound is in FxCatalogue.
 struct Look {
     const int32_t* nameId;
-    const char* picture;  // its name carries the place on the screen
+    const char* picture;  // its file name contains the place on the screen
 };
 
 constexpr Look kLooks[] = {

@@ -16,7 +16,7 @@ class String;
 class Fx : public ClassLife {
 public:
     /// @param nameId     text of the effect's name
-    /// @param imagePath  of its picture, whose name carries the place; stays the caller's
+    /// @param imagePath  of its picture, whose name contains the place; not owned
     /// @param processor  owned from now on
     Fx(int32_t nameId, Osp::Base::String* imagePath, WavProc* processor);
     Fx(const Fx&) = delete;
@@ -25,8 +25,8 @@ public:
     /// Deletes the picture's painter and then the processor.
     virtual ~Fx();
 
-    /// The effects that the user can choose, in the order of FxCatalogue: a counted array whose
-    /// elements and memory are the caller's.
+    /// The effects that the user can choose, in the order of FxCatalogue: a new counted array; the
+    /// caller owns the array and its elements.
     static Fx** newCatalogue();
 
     int32_t name;

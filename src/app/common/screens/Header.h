@@ -13,14 +13,14 @@ public:
     /// Called once, after fonts and pictures are registered.
     static void init();
 
-    /// Sets what paint() shows: the arrows, the name of the current effect, and which arrow is held
-    /// down.
+    /// Sets what paint() shows: the arrows, the name of the current effect, and which arrow looks
+    /// pressed.
     static void set(bool showArrows, bool showFxName, bool leftPressed, bool rightPressed);
 
-    /// @param withBg  first the background picture
+    /// @param withBg  true: paints the background picture first
     static void paint(bool withBg);
 
-    /// Puts the arrows at the two ends of the band, where touches look for them.
+    /// Puts the arrows at the two ends of the band, where touches expect them.
     static void placeArrows();
 
     static void static_ctor();

@@ -19,7 +19,8 @@ public:
     /// Soft keys and menu.
     static void paint();
 
-    /// A language that is chosen is saved; one that was only focused stays the current one.
+    /// Handles an event. A chosen language is saved. If the user leaves without a choice, the
+    /// focused language stays the current one.
     /// @param softKey   label of the soft key that the event chose
     /// @param leaveKey  as init()
     static Outcome update(Event* event, int32_t softKey, int32_t leaveKey);

@@ -9,15 +9,15 @@ class PixProps;
 
 class Main : public ClassLife {
 public:
-    /// A whole picture is painted over everything: menu, bar, message and progress window are no
-    /// longer on the screen until each is painted again.
+    /// Call it when a whole picture is painted over everything: menu, bar, message and progress
+    /// window then count as not visible until each is painted again.
     static void coverFurniture();
 
-    /// Without a clip: paints the whole screen, and covers everything that was there.
+    /// Paints the whole screen (see coverFurniture()).
     static void paintBg();
     static void paintBg(Bounded* clip, PixProps* props);
 
-    /// Within the clip.
+    /// Paints only within the clip.
     static void paintBgAndFx(Bounded* clip);
     static void paintBgAndFx();
 };

@@ -21,10 +21,11 @@
 
 namespace {
 
-constexpr int32_t kFramePx = 6;     // the window reaches this much beyond the bar at either side
+constexpr int32_t kFramePx = 6;     // left and right of the focus bar, to the window's edge
 constexpr int32_t kMarginPx = 10;   // above the first entry and below the last
 constexpr int32_t kBetweenPx = 12;  // from a row's text to the next one's
-constexpr int32_t kOnRecorderPx = 172;  // the top of a window below every creature's face
+constexpr int32_t kOnRecorderPx =
+    172;  // top of the window in layOnRecorder(): below every creature's face
 constexpr uint32_t kFocusedArgb = 0xA0000000;
 constexpr uint32_t kOpaque = 0xFF000000;
 

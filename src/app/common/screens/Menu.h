@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A list of entries in a glass window, one of which has the focus.
 //
-// Up and down move the focus around both ends; the middle soft key chooses; a touch on an entry
-// focuses and chooses it at once. An entry is thirty pixels of the canvas high, which is sixty on
-// the display: large enough for a finger.
+// Up and down move the focus, from the last entry on to the first and back. The middle soft key
+// chooses; a touch on an entry focuses and chooses it at once. An entry is thirty pixels of the
+// canvas high, which is sixty on the display: large enough for a finger.
 #pragma once
 
 #include "Array.h"
@@ -21,8 +21,8 @@ public:
     /// @param ids  counted array, copied
     static void init(const int32_t* ids);
 
-    /// Lays the window over the recorder, so that the creature above it keeps its face. For at most
-    /// three entries; a longer list stays in the middle.
+    /// Places the window over the recorder, so that it does not cover the creature's face above.
+    /// For at most three entries; a longer list stays in the middle.
     static void layOnRecorder();
 
     /// Sets a plain colour as the window's background; always opaque.

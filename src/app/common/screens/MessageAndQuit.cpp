@@ -72,7 +72,8 @@ int32_t MessageAndQuit::joined(int32_t firstId, int32_t secondId) {
 }
 
 void MessageAndQuit::enter(int32_t kind) {
-    // The earlier one may be the current screen, until the next one is entered.
+    // Kept until the end of this function: the earlier one may be the current screen until the new
+    // one is entered.
     const auto earlier = std::exchange(entered, std::make_unique<MessageAndQuit>(kind));
     State::setState(entered.get(), true, true);
 }

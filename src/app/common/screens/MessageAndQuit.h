@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A fatal condition: what happened, and one key that ends the program.
+// The screen for a fatal error: a message, and one key that ends the program.
 #pragma once
 
 #include "Screen.h"
@@ -22,8 +22,7 @@ public:
     /// until the program ends.
     static void enter(int32_t kind);
 
-    /// The same over the plain picture, because a window on the screen would be seen through the
-    /// box.
+    /// The same, but paints the plain picture first: other windows would shine through the box.
     static void enterOnPicture(int32_t kind);
 
     /// The one that was entered last; null before the first.

@@ -50,7 +50,7 @@ void Process::schedUpdate() {
 
 void Process::onEvent(Event* event) {
     if (event->type == Orm::EV_T_UPDATE) {
-        update();  // moves nothing in the soft-key bar
+        update();  // does not change the soft-key bar
         return;
     }
     SkBar::update(event, true);
@@ -80,7 +80,7 @@ void Process::update() {
 }
 
 void Process::finish() {
-    samples.reset();  // the result needs as much memory
+    samples.reset();  // frees the take before the result is saved
     samples.reset(processor->getResult());
     if (!Murmelo::save8KhzWav(samples, path.get())) {
         samples.reset();

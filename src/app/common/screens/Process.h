@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs one processor over a whole sound, a slice for each "Update", so that the screen keeps
-// painting.
+// Runs one processor over a whole sound, one slice for each "Update", so that the screen is painted
+// in between.
 #pragma once
 
 #include "Array.h"

@@ -15,7 +15,7 @@ public:
     /// paints its background first.
     static void paintInit(int32_t captionId);
 
-    /// Paints the bar alone, unless it stands there as it would be painted.
+    /// Paints only the bar, unless it already shows this progress.
     /// @param progress  0 to 1024
     static void paintProgress(int32_t progress);
     static void flushProgress();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one way in which a screen ends the program.
+// Ends the program; no screen does so in another way.
 #pragma once
 
 class Quit {

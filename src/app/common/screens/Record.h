@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Ready to record: the microphone is prepared, and the user starts the recording.
+// The screen before a recording: prepares the microphone, and lets the user start.
 #pragma once
 
 #include "Screen.h"

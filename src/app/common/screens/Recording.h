@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Records the take: the light blinks, the wheels turn, the bar fills within twenty seconds.
+// Records the take, while the light blinks, the wheels turn, and the bar fills within twenty
+// seconds.
 #pragma once
 
 #include "Screen.h"

@@ -69,9 +69,9 @@ void Save::onEnter() {
     dropKeyEvents();
 }
 
-/// False if there is no free name, or the copy failed. A name that was free when it was chosen may
-/// be taken by now: only then another one is tried. The last name alone is used again, and what had
-/// it before is moved aside.
+/// False if there is no free name, or the copy failed. Another name is tried only if another
+/// program has taken the chosen one meanwhile. Only the last name (99999) is used more than once:
+/// the file that had it is moved aside.
 bool Save::copyResult() {
     String* folder = G::getMrmFolderUri();
     for (int32_t i = 0; i < kMaxTries; i++) {

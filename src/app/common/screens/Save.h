@@ -11,7 +11,7 @@ public:
     Save();
     ~Save() override;
 
-    /// An outdated result is first made again; then this screen is entered again.
+    /// If the result on file is outdated, first makes it again, and then enters this screen again.
     void onEnter() override;
 
     void onEvent(Event* event) override;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What most screens have in common: they receive keys, touches and updates, and do nothing when
-// they are left.
+// Base of most screens: receives keys, touches and updates, and does nothing in onExit().
 #pragma once
 
 #include "State.h"

@@ -19,15 +19,16 @@
 
 namespace {
 
-// Screen pixels for each pixel of the strip: the moving picture is a smear.
+// Screen pixels for each pixel of the strip: the moving picture looks smeared.
 constexpr int32_t kBlurPx = 16;
 constexpr int32_t kStripColumns = 30;  // two screens' worth
 constexpr int32_t kDoneQ10 = 1024;
-// If it were longer, turning through the effects would feel slow; if shorter, it would not be seen.
+// Duration of a slide. If it were longer, changing the effect would feel slow; if shorter, the
+// slide would not be seen.
 constexpr int32_t kSlideMs = 180;
 
-// Where a picture of the screen stands in the strip (in screen pixels), so that the window of half
-// the strip shows it in its own place at the slide's two ends.
+// Where a picture stands in the strip, in screen pixels. The visible part is half the strip; with
+// this offset it shows the picture in its own place at both ends of a slide.
 constexpr int32_t kFirstPx = kStripColumns / 8 * kBlurPx;
 constexpr int32_t kSecondPx = (kStripColumns / 3 + kStripColumns / 8) * kBlurPx;
 
@@ -174,7 +175,7 @@ void Scroller::expandRow(const AppImage* strip, int32_t row, int32_t firstColumn
 void Scroller::startSlide(int32_t nowMs) {
     slideStartMs = nowMs;
     sliding = true;
-    Header::set(true, true, left, !left);  // held down for as long as the pictures move
+    Header::set(true, true, left, !left);  // the arrow looks pressed while the pictures move
     paintHeader();
     paint(true, 0);
     Orm::flush(bounds.get());

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The strip in which the effects' creatures stand, and slide when the user turns to the next one.
+// The strip of the effects' creatures, which slides when the user changes the effect.
 //
-// scroll() paints the three positions of a slide at once, which no display shows, and chooses the
-// effect. Then startSlide() and slide() play the slide for the user, one frame for each "Update" of
-// the screen, without waiting; the last frame is the sharp picture. A key or a touch during the
-// slide already belongs to the new effect.
+// scroll() paints three positions of a slide at once, too fast for a display to show, and chooses
+// the effect. After that startSlide() and slide() show the slide to the user, one frame for each
+// "Update" of the screen, without waiting; the last frame is the sharp picture. A key or a touch
+// during the slide already belongs to the new effect.
 #pragma once
 
 #include <cstdint>
@@ -25,20 +25,21 @@ public:
     /// Turns to the previous (left) or the next effect.
     static void scroll(bool left);
 
-    /// Turns to any effect in one slide, from the left to one that stands before the current one.
+    /// Shows any effect in one slide; one before the current effect comes from the left.
     /// @param index  an effect, not the current one
     static void scrollTo(int32_t index);
 
-    /// The current effect's picture.
+    /// Paints the current effect's picture.
     static void paint(bool withBg);
 
-    /// One frame of the slide prepared last. @param progress  0 to 1024
+    /// Paints one frame of the slide that was prepared last. @param progress 0 to 1024
     static void paint(bool withBg, int32_t progress);
 
     /// Begins to show the slide that scroll() has just made.
     static void startSlide(int32_t nowMs);
 
-    /// Paints the slide as it is at this time. @returns false once the sharp picture is painted
+    /// Paints the slide's frame for the present time. @returns false once the sharp picture is
+    /// painted
     static bool slide(int32_t nowMs);
 
     static void static_ctor();

@@ -37,7 +37,7 @@ void SilentQuestion::offer() {
 
 void SilentQuestion::raise() {
     OrmCanvas::showIsSilentPopup = true;
-    // First, because a screen may end its work at a pause and set other soft keys.
+    // The pause comes first, because at a pause a screen may end its work and set other soft keys.
     Orm::setPaused(true);
     SkBar::save();
     OrmCanvas::silentPopupShown = true;
@@ -50,7 +50,7 @@ void SilentQuestion::resume() {
         return;  // paused until the question is answered
     }
     if (silent && OrmCanvas::showIsSilentPopup) {
-        return;  // still shown: answers are taken only while the scheduler is paused
+        return;  // the question is still shown: it works only while the scheduler is paused
     }
     Orm::canvas->showNotify();
     if (!silent) {
@@ -70,8 +70,7 @@ void SilentQuestion::withdraw() {
 }
 
 void SilentQuestion::paint() {
-    // Words may stand on the picture: in the dark they are neither read through the glass nor
-    // beside it.
+    // Darkens the picture, so that words on it cannot be read through the glass or beside it.
     ImageOps::blend(G::scr, kDarkArgb, 0, 0, G::scr->w, SkBar::y1, G::scrB, nullptr);
     SkBar::setStr(Str::str_SK_YES, Res::Null, Str::str_SK_NO);
     SkBar::paint(true);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The question whether sounds are wanted although the phone is silent. It is shown above every
+// The question about silence: "use sounds although the phone is silent?" It is shown over every
 // screen while the program is paused, with soft keys of its own.
 #pragma once
 
@@ -10,8 +10,8 @@ public:
     /// The phone's own setting; false if it cannot be read.
     static bool isPhoneSilent();
 
-    /// Called when the menu is shown: from now on the question may be raised, and it is raised now
-    /// if the phone is silent and the question was not asked yet.
+    /// Called when the menu is shown. After this the question may be raised; if the phone is silent
+    /// and the question was not asked yet, it is raised now.
     static void offer();
 
     /// Pauses the program and raises the question over the screen that is shown after the pause.
@@ -22,11 +22,11 @@ public:
     /// resumes the program if there is no question.
     static void resume();
 
-    /// "Yes" (left), "No" (right) and the question over the current picture.
+    /// Paints the question over the current picture, with "Yes" (left) and "No" (right).
     void paint() override;
 
-    /// A touch on one of the two keys decides about sounds and resumes the program; any other touch
-    /// leaves the question where it is.
+    /// A touch on one of the two keys decides about sounds and resumes the program; other touches
+    /// have no effect.
     void release(int32_t x, int32_t y) override;
 
 private:

@@ -57,7 +57,7 @@ void SkBar::static_ctor() {
 }
 
 void SkBar::static_dtor() {
-    // If a question is still shown, the painters of the screen below it are kept here.
+    // If the question is still shown at the end, these hold the painters of the screen below it.
     s_paTxt.reset();
     s_paTxt2.reset();
     s_psWndBg.reset();
@@ -105,7 +105,7 @@ void SkBar::save() {
     s_psWndBg.reset(std::exchange(G::psWndBg, new PaStretcher()));
     String window("/Res/menu_bg_x16y16.png");
     G::psWndBg->set(&window, true, false);
-    s_messageVisible = std::exchange(Message::visible, false);  // the question's words cover it
+    s_messageVisible = std::exchange(Message::visible, false);  // the question covers the message
 }
 
 void SkBar::restore() {

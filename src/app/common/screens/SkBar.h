@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The soft-key bar along the bottom of the screen: three labels, and which of them is touched or
-// pressed.
+// The soft-key bar along the bottom of the screen: keeps three labels, and knows which key is
+// touched or pressed.
 #pragma once
 
 #include <cstdint>
@@ -22,10 +22,10 @@ public:
     /// Called once, after fonts and pictures are registered.
     static void init();
 
-    /// Three labels (string ids, Res::Null for none); no key is held down any more.
+    /// Sets three labels (string ids, Res::Null for none); no key counts as held down then.
     static void setStr(int32_t lsk, int32_t msk, int32_t rsk);
 
-    /// Sets no labels and paints the bar: the screen takes no key for a while.
+    /// Removes the labels and paints the bar, while the screen accepts no keys.
     static void clear();
 
     /// Called when a question is raised over the screen: keeps the labels and the message painters,
@@ -35,8 +35,8 @@ public:
     /// Puts back what save() kept; nothing if it kept nothing.
     static void restore();
 
-    /// @param withBg  first the background picture, without which the glass would darken with every
-    /// painting
+    /// @param withBg  true: paints the background picture first; without it the glass becomes
+    /// darker each time
     static void paint(bool withBg);
 
     /// Returns the label's id of the soft key that the event chooses, or Res::Null.
@@ -47,8 +47,8 @@ public:
     /// label it is an empty strip.
     static bool isVisible() { return visible; }
 
-    /// Sub-name of the soft key at that point of the screen, with a label or without; null outside
-    /// the bar. Each has a third of the bar.
+    /// Sub-name of the soft key at that point of the screen, even if it has no label; null outside
+    /// the bar. Each key has a third of the bar.
     static Osp::Base::String* keyAt(int32_t x, int32_t y);
 
     /// Middle of the soft key of that sub-name.

@@ -32,7 +32,7 @@ constexpr int32_t kTooLittleBytes = 1024;
 }  // namespace
 
 void Splash::onEnter() {
-    // A pause cannot end while a screen is being entered, so the rest is done later.
+    // If the program is paused now, the rest is done after the resume.
     waitsForResume = Orm::isPaused();
     if (!waitsForResume) {
         begin();

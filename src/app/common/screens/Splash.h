@@ -8,7 +8,7 @@ class AppImage;
 
 class Splash : public Screen {
 public:
-    /// While the program is paused nothing happens; the rest is done after the resume.
+    /// If the program is paused, most of the work is done only after the resume.
     void onEnter() override;
 
     void onEvent(Event* event) override;

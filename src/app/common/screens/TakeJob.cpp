@@ -45,7 +45,7 @@ void TakeJob::bringBack(const int16_t* samples, int32_t count) {
     G::deleteRecordedAndProcessed();
     G::setLastPlayedFx(-1);
     if (FileOps::exists(G::resultPath())) {
-        // As when a recording cannot remove it.
+        // The same message as when a recording cannot remove the old result.
         MessageAndQuit::enterOnPicture(MessageAndQuit::kFileError);
         return;
     }

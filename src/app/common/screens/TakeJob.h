@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What happens to every new take: it is cleaned up, and then the user chooses the effect.
+// Begins the work on a new take: it is cleaned up, and then the user chooses the effect.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,14 @@ public:
     /// message.
     static void enter();
 
-    /// Replaces the take with a sound, and goes on as after a recording. The result of the old take
-    /// is deleted.
+    /// Replaces the take with a sound, deletes the old take's result, and goes on as after a
+    /// recording.
     /// @param samples  16 kHz mono
     /// @param count    at least 1; samples after the longest take are left out
     static void use(const int16_t* samples, int32_t count);
 
-    /// The same with a take that was recorded before: nothing is left out. A recording that ended
-    /// some frames late is longer than the longest take.
+    /// The same with a take that was recorded before, but without cutting it: a recording that
+    /// ended some frames late is longer than the longest take.
     static void bringBack(const int16_t* samples, int32_t count);
 
 private:

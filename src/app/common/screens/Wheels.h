@@ -6,7 +6,8 @@
 
 class Wheels {
 public:
-    /// Six phases make a seamless turn: the background's own wheels and five pictures.
+    /// Paints one of six phases, which make a seamless turn: the background's own wheels and five
+    /// pictures.
     /// @param frame  counts from 0
     static void paint(int32_t frame);
 };

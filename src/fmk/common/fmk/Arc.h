@@ -12,7 +12,7 @@
 
 class Arc {
 public:
-    /// Products of an ellipse with longer edges would not fit 64 bits.
+    /// The longest edge: with a longer one, products would not fit 64 bits.
     static constexpr int32_t kMaxEdgePx = 32767;
 
     /// @param w, h    the axes in pixels, 0 .. kMaxEdgePx
@@ -23,10 +23,10 @@ public:
         return w >= 0 && h >= 0 && w <= kMaxEdgePx && h <= kMaxEdgePx;
     }
 
-    /// The point lies between the two angles or on one of them.
+    /// True if the point lies between the two angles or on one of them.
     bool isBetweenAngles(int32_t u, int32_t v) const;
 
-    /// The point lies in the ellipse or on it.
+    /// True if the point lies in the ellipse or on it.
     bool isInEllipse(int32_t u, int32_t v) const { return excess(u, v) <= 0; }
 
     /// Calls plot(u, v) for each point of the outline between the angles, for some points more than
@@ -78,13 +78,14 @@ void Arc::outline(Plot plot) const {
     int32_t u = w & 1;
     int32_t v = h;
     plotFourfold(plot, u, v);
-    // The flat part, column by column: down a row where the middle between two lies outside.
+    // The flat part, column by column. Goes down a row if the point midway between two rows lies
+    // outside.
     while (u + 2 <= w && (u + 2) * hh < (v - 1) * ww) {
         u += 2;
         v -= excess(u, v - 1) > 0 ? 2 : 0;
         plotFourfold(plot, u, v);
     }
-    // The steep part, row by row, beginning with what the flat part left of its last row.
+    // The steep part, row by row, beginning with the rest of the flat part's last row.
     for (;;) {
         while (excess(u + 1, v) < 0) {
             u += 2;

@@ -31,7 +31,7 @@ constexpr int32_t wrapShl(int32_t a, int32_t shift) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) << shift);
 }
 
-/// Truncates toward zero; out of range saturates, not-a-number becomes 0. Written as three
+/// Truncates toward zero; out of range saturates, NaN becomes 0. Written as three
 /// selections without a jump, so that a loop of conversions becomes vector instructions.
 constexpr int32_t toInt32(double value) {
     const double number = value == value ? value : 0.0;
@@ -40,7 +40,7 @@ constexpr int32_t toInt32(double value) {
     return static_cast<int32_t>(inRange);
 }
 
-/// Truncates toward zero; out of range saturates, not-a-number becomes 0.
+/// Truncates toward zero; out of range saturates, NaN becomes 0.
 constexpr int32_t toInt32(float value) {
     return toInt32(static_cast<double>(value));  // every float is a double exactly
 }

@@ -9,10 +9,10 @@
 template <typename T>
 class Array {
 public:
-    /// No array; length() of it is 0.
+    /// Holds no array; length() of it is 0.
     Array() = default;
 
-    /// Takes a counted array over; null is none.
+    /// Takes ownership of a counted array; null: none.
     explicit Array(T* array)
         : elements(array) {}
 
@@ -31,10 +31,10 @@ public:
     // NOLINTNEXTLINE(google-explicit-constructor): can be used like the array itself
     operator T*() const { return elements; }
 
-    /// Frees the array and takes another one over.
+    /// Frees the array and takes ownership of another one.
     void reset(T* array = nullptr) { deleteArrFunc(std::exchange(elements, array)); }
 
-    /// Hands the array to the caller, who frees it with deleteArrFunc.
+    /// Gives the array to the caller, who must free it with deleteArrFunc.
     [[nodiscard]] T* release() { return std::exchange(elements, nullptr); }
 
 private:

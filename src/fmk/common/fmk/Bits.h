@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The bits of one type as a value of another. The browser's compiler has no std::bit_cast.
+// Reads the bits of a value as a value of another type. The browser's compiler has no
+// std::bit_cast.
 #pragma once
 
 #include <cstring>

@@ -8,7 +8,7 @@ class ByteArrayInputStream : public InputStream {
 public:
     explicit ByteArrayInputStream(signed char* bytes);
 
-    /// Reads only this part of the array, cut to what there is.
+    /// Reads only this part of the array, or as much of it as the array has.
     ByteArrayInputStream(signed char* bytes, int32_t off, int32_t len);
 
     using InputStream::read;

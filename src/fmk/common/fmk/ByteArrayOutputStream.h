@@ -6,10 +6,10 @@
 
 class ByteArrayOutputStream : public OutputStream {
 public:
-    /// Room for 32 bytes at first.
+    /// Begins with room for 32 bytes.
     ByteArrayOutputStream();
 
-    /// @param size  bytes that there is room for at first
+    /// @param size  bytes to have room for at first
     explicit ByteArrayOutputStream(int32_t size);
     ~ByteArrayOutputStream() override;
 

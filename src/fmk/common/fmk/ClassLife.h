@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The initialiser and the finaliser of a class as a whole: they do nothing, unless a class has its
-// own. A class derived from one that has its own takes these back with a using declaration.
+// own. A class derived from one that has its own selects these again with a using declaration.
 #pragma once
 
 class ClassLife {

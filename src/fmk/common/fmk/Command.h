@@ -6,7 +6,7 @@
 
 class Command : public GnoObject {
 public:
-    /// The texts stay the caller's.
+    /// @param label  not owned
     Command(Osp::Base::String* label, int32_t type, int32_t priority)
         : Command(label, nullptr, type, priority) {}
 

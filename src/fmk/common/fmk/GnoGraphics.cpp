@@ -16,8 +16,8 @@ namespace {
 
 __extension__ using Wide = unsigned __int128;  // for the product of two distances
 
-/// Of the steps 0 .. count of a line that moves one pixel a step from position start on, the first
-/// and last ones within low .. high.
+/// The first and the last step within low .. high, for a line of the steps 0 .. count that begins
+/// at position start and moves one pixel a step.
 struct Steps {
     Steps(int64_t start, int64_t direction, int64_t count, int32_t low, int32_t high)
         : first(std::max<int64_t>(0, direction > 0 ? low - start : start - high))
@@ -237,7 +237,8 @@ void GnoGraphics::drawRGB(const uint32_t* argb,
         const int64_t cutY = j - (int64_t{y} + ty);
         return argb + offset + cutX + cutY * scanlength;
     };
-    // Rows that follow one another without a gap, in both, are one long row.
+    // If the rows follow one another without a gap, in the source and on the surface, they are
+    // copied as one long row.
     const bool isWhole = written == nullptr && n == scanlength && n == strideBytes / 2;
     const int32_t rows = isWhole ? 1 : area.y2 - area.y1 + 1;
     const int32_t rowPixels = isWhole ? n * (area.y2 - area.y1 + 1) : n;

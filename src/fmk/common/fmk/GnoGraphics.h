@@ -2,7 +2,7 @@
 // Draws into a 16-bit RGB565 surface: plain colours, lines, arcs, device images and ARGB pixels.
 //
 // Coordinates are translated by (tx, ty) and clipped to the clip rectangle, so that no call draws
-// outside the surface. The clip can only be narrowed for the life of the object.
+// outside the surface. The clip of an object can be narrowed, but never widened again.
 #pragma once
 
 #include "GnoObject.h"
@@ -18,7 +18,7 @@ class RowMarks;
 
 class GnoGraphics : public GnoObject {
 public:
-    // Anchors of images, to be combined: one of each direction. 0 is left and top.
+    // Anchors of images: combine a horizontal and a vertical one. 0 is left and top.
     static constexpr int32_t kHCenter = 1;
     static constexpr int32_t kVCenter = 2;
     static constexpr int32_t kLeft = 4;
@@ -27,7 +27,7 @@ public:
     static constexpr int32_t kBottom = 32;
     static constexpr int32_t kBaseline = 64;  // an image stands on its bottom edge
 
-    /// Where the owner puts a finished frame. Only kept here; nothing is drawn into it.
+    /// Keeps the canvas on which the owner shows finished frames. These graphics do not draw on it.
     // NOLINTNEXTLINE(readability-identifier-naming): the phone's spelling
     void SetCanvas(Osp::Graphics::Canvas* canvas) { pCanvas = canvas; }
 
@@ -59,8 +59,8 @@ public:
 
     int32_t getClipHeight() const { return clipH; }
 
-    /// From now on the rows of the surface in which a pixel may have changed are marked there.
-    /// @param marks  as many rows as the surface has, not owned; null: nothing is marked any more
+    /// From now on marks the rows of the surface in which a pixel may have changed.
+    /// @param marks  made for the surface's number of rows, not owned; null: ends the marking
     void watchRows(Osp::Graphics::RowMarks* marks) { written = marks; }
 
     void fillRect(int32_t x, int32_t y, int32_t w, int32_t h);
@@ -102,9 +102,8 @@ public:
     /// 3 turned by 180, 4 mirrored and turned by 270, 5 turned by 90, 6 turned by 270, 7 mirrored
     /// and turned by 90; mirroring swaps left and right and comes first, turns are clockwise.
     /// Right and bottom anchors put (x, y) one pixel after the result's last column or row; centres
-    /// are rounded down. Parts of the region outside the image, and unknown transforms, draw
-    /// nothing. Transparency
-    /// is blended as in drawRGB.
+    /// are rounded down. For parts of the region outside the image, and for unknown transforms,
+    /// nothing is drawn. Transparency is blended as in drawRGB.
     void drawRegion(GnoImage* image,
                     int32_t sx,
                     int32_t sy,

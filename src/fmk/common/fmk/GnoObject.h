@@ -20,7 +20,7 @@ public:
     /// The low 32 bits of the object's address.
     virtual int32_t hashCode();
 
-    /// Identity here; value classes compare by value.
+    /// Compares addresses; value classes override it to compare values.
     virtual bool equals(GnoObject* other);
 
     /// A new string; the caller deletes it.
@@ -28,8 +28,7 @@ public:
 
     virtual ~GnoObject();
 
-    /// Yields until notify() is called on this object. Meanwhile only the platform's own yield
-    /// runs.
+    /// Yields until notify() is called on this object. Meanwhile nothing of the program runs.
     void wait();
 
     /// Like wait(), but ends once more than timeoutMs milliseconds have passed.

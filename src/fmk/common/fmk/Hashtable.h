@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Values found by key, in the order in which the keys came. Lookups are linear, because a table
-// here holds only a few entries.
+// Values found by key, in the order in which the keys were added. Lookups are linear, because a
+// table here holds only a few entries.
 #pragma once
 
 #include "Vector.h"

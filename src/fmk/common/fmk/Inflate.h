@@ -7,8 +7,8 @@
 
 class Inflate {
 public:
-    /// Unpacks into a buffer of outSize bytes, which were zero before. Bytes beyond it are dropped.
-    /// A damaged or short stream fills the buffer as far as it could be decoded.
+    /// Unpacks into a buffer of outSize bytes, which the caller has filled with zeros. Bytes that
+    /// do not fit are dropped. Of a damaged or short stream, what could be decoded is written.
     /// @param packed  the stream with its two bytes of header
     static void
     unpack(const unsigned char* packed, size_t packedSize, unsigned char* out, size_t outSize);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inflate.h"
 
-// Of the library only its inflater is kept.
+// Compiles only the library's inflater.
 #define STB_IMAGE_IMPLEMENTATION
 #define STB_IMAGE_STATIC
 #define STBI_ONLY_PNG

@@ -33,6 +33,6 @@ public:
     /// Frees the memory that the stream reads from, if it reads from memory.
     virtual void disposeBufferData() {}
 
-    /// True once a byte that exists could not be read; then the apparent end is not the real one.
+    /// True once reading has failed; then -1 does not mean the real end.
     virtual bool hasFailed() { return false; }
 };

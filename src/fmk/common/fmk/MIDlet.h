@@ -21,8 +21,8 @@ public:
 
     void notifyDestroyed() {}
 
-    /// A new stream over a file, resources and recordings alike; the caller deletes it. If the file
-    /// cannot be opened, the stream is at its end.
+    /// A new stream that reads a file, be it a resource or a recording; the caller deletes it. If
+    /// the file cannot be opened, the stream is at its end.
     static FileInputStream* getResourceAsStream(Osp::Base::String& path);
     static FileInputStream* getResourceAsStream(Osp::Base::String* path);
     static FileInputStream* getResourceAsStream(const char* path);

@@ -18,7 +18,7 @@ public:
 
     virtual void flush() {}
 
-    /// True once a byte that was to be written was lost. Writing itself reports nothing: the caller
-    /// checks this at the end.
+    /// True once a byte could not be written. Writing itself reports nothing: the caller checks
+    /// this at the end.
     virtual bool hasFailed() { return false; }
 };

@@ -50,7 +50,7 @@ public:
     /// record. Words that do not fit into the array are left out.
     void saveToHeader(signed char* bytes);
 
-    /// The other way round; words that the array does not hold count as 0.
+    /// Reads the header from such an array; missing words count as 0.
     void updateFromHeader(const signed char* bytes);
 
 private:

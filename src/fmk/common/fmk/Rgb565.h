@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Arithmetic of 16-bit device pixels: red in bits 11..15, green 5..10, blue 0..4.
 //
-// Conversions in both directions only cut bits off or append zeros; nothing is rounded or repeated,
-// so white comes back as 0xF8FCF8.
+// Conversions in both directions only cut bits off or append zeros. Nothing is rounded or repeated,
+// so white becomes 0xF8FCF8 after both.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ class Rgb565 {
 public:
     /// Keeps the top bits of each channel; the alpha byte is ignored.
     static constexpr uint16_t fromRgb(uint32_t argb) {
-        // In halves of 16 bits, of which the vectoriser fits twice as many into a register.
+        // In values of 16 bits, because a vector register holds twice as many of them.
         const auto redHalf = static_cast<uint16_t>(argb >> 16);
         const auto greenBlueHalf = static_cast<uint16_t>(argb);
         return static_cast<uint16_t>((redHalf << 8 & 0xF800) | (greenBlueHalf >> 5 & 0x07E0) |
@@ -24,7 +24,7 @@ public:
                ((uint32_t{pixel} << 3) & 0xFF);
     }
 
-    /// Source-over of one straight ARGB word, each 8-bit channel by itself:
+    /// Blends one straight ARGB word over a pixel, each 8-bit channel by itself:
     /// (a * src + (255 - a) * dst) / 255.
     static constexpr uint16_t blend(uint32_t argb, uint16_t dst) {
         const uint32_t a = argb >> 24;
@@ -36,7 +36,7 @@ public:
     /// Converts n ARGB words. The rows do not overlap.
     static void storeRow(uint16_t* dst, const uint32_t* argb, int32_t n);
 
-    /// The same. Returns whether a pixel has become another one.
+    /// The same. Returns true if a pixel has changed.
     static bool replaceRow(uint16_t* dst, const uint32_t* argb, int32_t n);
 
     /// Blends n straight ARGB words over what is there. The rows do not overlap.

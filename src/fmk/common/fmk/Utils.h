@@ -13,8 +13,9 @@ public:
     /// The four bytes at off, most significant first; 0 if they are not all in the array.
     static int32_t getInt(const signed char* bytes, int32_t off);
 
-    /// New counted arrays for a range of a counted array, cut to what there is; the caller frees
-    /// them. One byte for each character: its low 8 bits, and back without a sign.
+    /// Convert a range of a counted array (or as much of it as there is) to a new counted array,
+    /// which the caller frees. A character becomes the byte of its low 8 bits, a byte a character
+    /// from 0 to 255.
     static signed char* charToByteArray(const char16_t* characters, int32_t off, int32_t len);
     static char16_t* byteToCharArray(const signed char* bytes, int32_t off, int32_t len);
 };

@@ -46,8 +46,8 @@ public:
     void trimToSize();
     void ensureCapacity(int32_t minimum);
 
-    /// First index at or after from whose element the object equals; null finds a null element; -1
-    /// if there is none.
+    /// The first index, at or after from, of an element equal to the object (for null, of a null
+    /// element); -1 if there is none.
     int32_t indexOf(GnoObject* object, int32_t from);
 
     int32_t indexOf(GnoObject* object) { return indexOf(object, 0); }

@@ -61,8 +61,8 @@ void readHeader(Picture& picture, const unsigned char* data) {
 
 enum class Wanted { kSize, kPicture };
 
-/// Reads one chunk; false at the end of the picture. Of a chunk that is cut short by the end of the
-/// file only image data is used, as far as it goes.
+/// Reads one chunk; false at the end of the picture. A chunk that the end of the file cuts short is
+/// used only if it holds image data.
 bool readChunk(Picture& picture, uint32_t type, Chunk chunk, bool complete, Wanted wanted) {
     if (type == fourLetters("IDAT") && wanted == Wanted::kPicture) {
         picture.compressed.insert(picture.compressed.end(), chunk.data, chunk.data + chunk.length);
@@ -115,14 +115,14 @@ int32_t paeth(int32_t left, int32_t above, int32_t corner) {
 
 /// Adds to each byte what the filter predicts from its neighbours.
 /// @tparam kBpp  distance to the left neighbour in bytes
-template <int32_t kBpp, typename Foresee>
-void unfilterWith(unsigned char* row, const unsigned char* above, int64_t n, Foresee foresee) {
+template <int32_t kBpp, typename Predict>
+void unfilterWith(unsigned char* row, const unsigned char* above, int64_t n, Predict predict) {
     for (int64_t i = 0; i < std::min<int64_t>(kBpp, n); i++) {
-        row[i] = static_cast<unsigned char>(row[i] + foresee(0, above[i], 0));
+        row[i] = static_cast<unsigned char>(row[i] + predict(0, above[i], 0));
     }
     for (int64_t i = kBpp; i < n; i++) {
         row[i] =
-            static_cast<unsigned char>(row[i] + foresee(row[i - kBpp], above[i], above[i - kBpp]));
+            static_cast<unsigned char>(row[i] + predict(row[i - kBpp], above[i], above[i - kBpp]));
     }
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Decodes a PNG picture into RGB565 pixels and an alpha plane.
 //
-// Made for the application's own pictures: palette, RGB and RGBA. Grey comes out black, interlaced
-// files come out jumbled, and no checksum is looked at. Damaged files do no harm: pixels that could
+// Made for the application's own pictures: palette, RGB and RGBA. Grey becomes black, interlaced
+// files become jumbled, and checksums are not checked. Damaged files are safe: pixels that could
 // not be decoded stay zero.
 #pragma once
 
@@ -25,8 +25,8 @@ int32_t png2native(const unsigned char* data,
                    int32_t* height,
                    bool* hasAlpha);
 
-/// The size that png2native() would give, without decoding anything; false, and 0 x 0, where it
-/// would give -1.
+/// The size that png2native() would return, without decoding the picture; false, and 0 x 0, if it
+/// would return -1.
 bool pngSize(const unsigned char* data, int32_t length, int32_t* width, int32_t* height);
 
 /// Bytes of one row of image data, its filter byte included; 0 for colour types that are not
