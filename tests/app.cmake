@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# Tests that link the whole application and the headless back end.
 murmelo_tests(app_tests
     SOURCES
         app/common/ClassList_test.cpp

@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# The tests of the sound files and the effects.
 murmelo_tests(audio_tests
     SOURCES
         app/common/audio/AudioSupport.cpp

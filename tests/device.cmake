@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Sound and the back ends: what records, plays and shows.
+# Tests of sound and of the back ends.
 murmelo_tests(device_tests
     SOURCES
         app/common/frame/AudioDev_test.cpp
@@ -75,12 +75,12 @@ murmelo_tests(sdl_tests
 target_compile_definitions(sdl_tests PRIVATE
     MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}" SDL_MAIN_HANDLED)
 
-# Where there is no display.
+# The program without a display.
 add_test(NAME NoDisplay
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/no-display.sh $<TARGET_FILE:murmelo>)
 set_tests_properties(NoDisplay PROPERTIES TIMEOUT 600)
 
-# The window and its sound, on servers of their own: each case starts and ends them.
+# The window and its sound, with an X server and a sound server that each case starts and ends.
 find_package(X11 REQUIRED)
 add_executable(real_tests
     platform/sdl/Program.cpp

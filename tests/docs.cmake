@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What is written about the program is true.
+# Checks that the documentation of the program is true.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME docs/behaviour-names
     COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs/behaviour-names.py ${CMAKE_SOURCE_DIR})

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# What goes wrong outside the program: a full disk, a folder that goes, damaged files, a kill, a
-# signal, a clock. Each test states its outcomes at its head.
+# Tests of faults outside the program: a full disk, a removed folder, damaged files, a kill, a signal, a changed clock.
+# Each test states the outcomes that it demands at its beginning.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 murmelo_tests(fault_tests
@@ -34,19 +34,19 @@ fault_test(huge-sounds huge_sounds.py $<TARGET_FILE:murmelo-fx>)
 fault_test(damaged-settings damaged.py settings)
 fault_test(damaged-resources damaged.py resources)
 fault_test(kill kill.py)
-# Hundreds of runs each: they begin first, and ./test leaves them out where the sanitizers watch.
+# Each of these does hundreds of runs. They are started first, and ./test leaves them out with the sanitizers.
 foreach(name damaged-sounds damaged-settings damaged-resources kill)
     set_tests_properties(faults/${name} PROPERTIES COST 1000 LABELS "faults;slow")
 endforeach()
 
-# The monkey: a small piece with every test run, and the proof that it finds what is broken. A million
-# events: tests/faults/monkey.py --events 1000000 build/asan/murmelo-headless .
+# The monkey: some of its events in each run of the tests, and a check that it finds faults. For a million events:
+# tests/faults/monkey.py --events 1000000 build/asan/murmelo-headless .
 fault_test(monkey monkey.py --seed 1 --events $<IF:$<OR:$<BOOL:${MURMELO_SANITIZE}>,$<BOOL:${MURMELO_COVERAGE}>>,4000,10000> --finds ${CMAKE_CURRENT_BINARY_DIR})
 add_test(NAME faults/monkey-finds-and-shrinks
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/monkey_test.py ${CMAKE_SOURCE_DIR})
 set_tests_properties(faults/monkey-finds-and-shrinks PROPERTIES TIMEOUT 1500 LABELS faults)
 
-# A program that hangs is told from one that a busy machine keeps waiting.
+# Checks that a program that hangs is distinguished from one that only waits on a busy machine.
 add_test(NAME faults/hangs-are-told-from-waiting
     COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_SOURCE_DIR}/faults/journey_test.py)
 set_tests_properties(faults/hangs-are-told-from-waiting PROPERTIES TIMEOUT 1500 LABELS faults)
@@ -59,7 +59,7 @@ fault_test(sync sync.py $<TARGET_FILE:sync_shim> $<TARGET_FILE:murmelo-fx>)
 add_library(short_io_shim SHARED faults/short_io_shim.c)
 fault_test(short-io short_io.py $<TARGET_FILE:short_io_shim> $<TARGET_FILE:murmelo-fx>)
 
-# The same with a window, on servers of its own.
+# The same with a window, on an X server and a sound server of their own.
 foreach(mode end clock)
     add_test(NAME faults/desktop-${mode}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop

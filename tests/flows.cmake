@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Whole journeys, each a script for the headless program, and what that program says when it cannot
-# run at all.
+# Whole journeys, each a script for the headless program, and the errors of that program when it
+# cannot run.
 add_executable(flow-heard flows/heard.cpp)
 target_include_directories(flow-heard PRIVATE ${CMAKE_SOURCE_DIR}/src/shell)
 target_link_libraries(flow-heard PRIVATE murmelo_audio murmelo_fmk murmelo_files)

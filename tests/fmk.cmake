@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# The tests of the runtime.
 murmelo_tests(fmk_tests
     SOURCES
         fmk/common/fmk/Arc_test.cpp

@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# The tests of images, fonts and the PNG encoder.
 murmelo_tests(imaging_tests
     SOURCES
         app/common/imaging/AppImage_test.cpp

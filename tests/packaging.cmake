@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What is installed, and what stays when it is taken away again.
+# Tests of the installation and of uninstalling.
 murmelo_tests(program_tests
     SOURCES platform/ProgramFolders_test.cpp
     LINK murmelo_files)
@@ -35,7 +35,7 @@ foreach(program murmelo murmelo-headless murmelo-fx)
     endforeach()
 endforeach()
 
-# What is shipped bears no sanitizers and no counters.
+# Not with sanitizers or counters: such programs are not installed.
 if(NOT MURMELO_SANITIZE AND NOT MURMELO_COVERAGE)
     add_test(NAME packaging/debian-package
         COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION} ${MURMELO_HARDENED}
@@ -43,7 +43,7 @@ if(NOT MURMELO_SANITIZE AND NOT MURMELO_COVERAGE)
     list(APPEND packaging_tests packaging/debian-package)
 endif()
 
-# What stands between a mistake and an attack. Unoptimised and counted builds go without.
+# Checks the hardening of the programs. Builds without optimisation or with counters are not hardened.
 if(MURMELO_HARDENED)
     foreach(program murmelo murmelo-headless murmelo-fx)
         add_test(NAME packaging/hardening-${program}

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Every screen in every language, pixel for pixel. UPDATE=1 tests/flows/screens.sh ... makes a sheet again.
+# Compares every screen in every language, pixel for pixel. UPDATE=1 tests/flows/screens.sh ... writes a new sheet.
 if(MURMELO_TOOLS)
     set(index 0)
     foreach(language ${languages})

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The screens and what they share, with the pictures and fonts as shipped.
+# Tests of the screens, with the program's real pictures and fonts.
 murmelo_tests(screens_tests
     SOURCES
         app/common/frame/G_test.cpp

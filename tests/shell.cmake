@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The command line tool, run as a shell runs it.
+# Tests of the command line tool, run as a shell does.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(SNDFILE REQUIRED IMPORTED_TARGET sndfile)
 

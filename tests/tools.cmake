@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A font of Debian (fonts-dejavu-core), only to have something to make bitmaps from.
+# A font of Debian (fonts-dejavu-core), as input for the font maker.
 find_file(MURMELO_TEST_FONT DejaVuSans.ttf PATHS /usr/share/fonts/truetype/dejavu REQUIRED)
 
 murmelo_tests(tools_tests
@@ -15,13 +15,13 @@ add_test(NAME bmfgen.makesAFont
 add_test(NAME bmfgen.refusesWhatIsNoFont COMMAND murmelo-bmfgen ${CMAKE_CURRENT_LIST_FILE} 15 no.bmf)
 set_tests_properties(bmfgen.refusesWhatIsNoFont PROPERTIES WILL_FAIL TRUE)
 
-# The pictures of README, of the page's manifest and for software centres show the program as it is (skipped
+# Checks that the pictures of README, of the page's manifest and for software centres show the present program (skipped
 # without the drawing tools).
 add_test(NAME Pictures.showTheProgramAsItIs
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/made-pictures.sh ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR})
 set_tests_properties(Pictures.showTheProgramAsItIs PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 1500)
 
-# The committed fonts match their outlines (skipped without the very font and rasteriser).
+# Checks that the committed fonts match their outlines (skipped without the same versions of font and rasteriser).
 add_test(NAME Fonts.matchTheirOutlines
     COMMAND ${CMAKE_SOURCE_DIR}/tools/make-fonts.sh --check $<TARGET_FILE:murmelo-bmfgen>)
 set_tests_properties(Fonts.matchTheirOutlines PROPERTIES SKIP_RETURN_CODE 77)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The page: what serves it, and what it does in a browser.
+# Tests of the page in a browser, and of its web server.
 add_test(NAME web/serve-web
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/web/serve_test.py)
 set_tests_properties(web/serve-web PROPERTIES TIMEOUT 930)

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Do the committed pictures still match their SVG sources? Exit status 0: yes, 1: no, 77: the tools are missing or
-# the renderer is another one than the pictures were made with (other renderers differ in the last bits).
+# Checks that the committed pictures match their SVG sources. Exit status 0: yes, 1: no, 77: the tools are missing, or
+# the renderer is not the version that the pictures were made with (others differ in the last bits).
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""compare.py MADE COMMITTED: every freshly made picture equals the committed one, pixel for pixel."""
+"""compare.py MADE COMMITTED: checks that every newly made picture equals the committed one, pixel for pixel."""
 import os
 import sys
 

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""faces.py: where the eyes and the mouth of each creature lie on the screen: no window of the program may cover them.
+"""faces.py: checks where each creature's eyes and mouth are on the screen: no window of the program may cover them.
 
-The menu lies below these rows and the progress above them, which the tests of both hold; here the drawings are held to it.
+The menu is below these rows and the progress window above them. The tests of both check that; this checks the drawings.
 """
 import copy
 import os
@@ -17,7 +17,7 @@ FIRST_ROW, LAST_ROW = 72, 169
 
 
 def only_face(element):
-    """Drops what is drawn and is neither inside the face nor on the way to it. @returns whether the face was found"""
+    """Removes all elements that are not part of the face and do not contain it. Returns True if the face was found."""
     if element.get("id") == "face":
         return True
     found = False

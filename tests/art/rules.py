@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""rules.py RES_DIR STRIP_DIR: what the program relies on in its pictures.
+"""rules.py RES_DIR STRIP_DIR: checks what the program expects of its pictures.
 
-Names and sizes agree, the file kinds are ones the decoder takes, the pieces meet the background, nothing that is
-repainted wipes out part of a character, and white text stays readable where text is written.
+Names and sizes agree, the decoder accepts the kinds of files, the pieces fit the background, no part that is painted
+again erases a part of a creature, and white text is readable where text is shown.
 """
 import os
 import re
@@ -28,7 +28,7 @@ HEADER = (0, 0, 240, 26)
 SOFT_KEYS = (0, 288, 240, 320)
 MIN_CONTRAST = 4.5            # of text, by the usual accessibility rule
 
-ROUNDING = 1                  # of 255: what blending a colour with itself may lose
+ROUNDING = 1                  # of 255: blending a colour with itself may change it by this much
 
 complaints = []
 
@@ -87,7 +87,7 @@ def check_cut_outs(folder, background):
 
 
 def check_wheels(folder, background):
-    """Six phases, all different; evenly turned wheels change about as much from any phase to the next."""
+    """Checks the six phases: all different, and the change from each phase to the next about equal."""
     phases = [background.crop(WHEELS).convert("RGB")]
     phases += [load(folder, "wheels_%d_176_179_64_32" % p)[0].convert("RGB") for p in range(15, 90, 15)]
     steps = []
@@ -129,7 +129,8 @@ def stretched_rows(picture):
 
 
 def check_stretched(folder):
-    """What is stretched repeats its middle row and column: between its edges every channel goes one way, level by level."""
+    """Checks the pictures that are stretched, whose middle row and column are repeated: from edge to edge every channel
+    only rises or only falls, level by level."""
     for name, edge in (("footer_bg_x0y15", 2), ("menu_bg_x16y16", 5), ("focus_bar_x5y5", 2)):
         picture, _ = load(folder, name)
         column, row = (int(n) for n in re.search(r"_x(\d+)y(\d+)$", name).groups())
@@ -173,7 +174,7 @@ def check_text_places(folder, background):
 
 
 def check_strip(folder):
-    """Eight heads and five icons, each in a cell of its own that it fills and does not leave."""
+    """Checks the eight heads and five icons: each fills its own cell and does not reach out of it."""
     for name, cells, size in (("heads", 8, 28), ("icons", 5, 16)):
         check_file(folder, name)
         picture = Image.open(os.path.join(folder, name + ".png")).convert("RGBA")

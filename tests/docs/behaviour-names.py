@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Every test that docs/behaviour.md names must exist: behaviour-names.py SOURCE"""
+"""behaviour-names.py SOURCE: checks that every test that docs/behaviour.md names exists."""
 import pathlib
 import re
 import sys

@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""commands.py BUILD SOURCE: every command of the documentation works where it is read, or stands in a list with a reason.
+"""commands.py BUILD SOURCE: checks that every command of the documentation works, or is in a list with a reason.
 
-The commands are taken from the pages: from README.md, CONTRIBUTING.md and the Markdown of docs and art every line of an
-indented or fenced block, and what stands in the text between backquotes and begins as a command does; from the man pages what
-stands between .EX and .EE. Those that not-run.txt lists are not run. All others run in a folder that looks like the
-source tree with the build in build/release; the commands of man pages run in a folder of a user's own. Outcome: status
-0, nothing on standard error, and the files and folders that the command names as its results.
+The commands are those of README.md, CONTRIBUTING.md and the Markdown files of docs and art (every line of an indented
+or fenced block, and text between backquotes that begins like a command), and of the man pages (between .EX and .EE).
+Those that not-run.txt lists are not run. The others run in a folder that looks like the source tree with the build in
+build/release; the commands of man pages run in a user's own folder. A command must end with status 0, without output on
+standard error, and must have made the files and folders that it names as its results.
 
-A command of a page that is run and fails, and an entry of the list that no page has any more, fail the test.
+The test also fails if an entry of the list is in no page any more.
 """
 import glob
 import os
@@ -25,7 +25,7 @@ SOUND = re.compile(r"\.(wav|flac|ogg|opus|mp3)$")
 
 
 def starts_a_command(text, source):
-    """True for a program that is known, with words after it, and for a file of the tree that can be run."""
+    """True if the text begins with a known program and has more words, or with an executable file of the tree."""
     words = text.split()
     while words and re.match(r"[A-Z_]+=", words[0]):
         words.pop(0)
@@ -37,12 +37,12 @@ def starts_a_command(text, source):
 
 
 def without_remark(line):
-    """A page tells what a command does after at least two blanks."""
+    """The line without the remark that a page puts after a command and at least two blanks."""
     return re.split(r"\s{2,}", line.strip())[0]
 
 
 def joined(lines):
-    """Commands of a block: a line that ends in | or \\ goes on in the next one, << goes on to its word."""
+    """The commands of a block: a line that ends in | or \\ is continued in the next line, one with << up to its word."""
     commands, lines = [], list(lines)
     while lines:
         command = lines.pop(0)
@@ -56,7 +56,7 @@ def joined(lines):
 
 
 def of_markdown(text, source):
-    """Commands of a page. A block that is a script for murmelo-headless says so in its first line."""
+    """The commands of a page. A block with a script for murmelo-headless says so in its first line, and is left out."""
     text = re.sub(r"^```\w*\n(.*?)^```\n", lambda fenced: re.sub("^", "    ", fenced.group(1), flags=re.M).rstrip(" "), text,
                   flags=re.M | re.S)
     blocks = re.findall(r"(?:(?<=\n\n)|\A)((?:    .*\n|\n(?=    ))+)", text)
@@ -99,7 +99,7 @@ def all_commands(source):
 
 
 def listed(path):
-    """What is not run: page and the first line of the command, to the reason."""
+    """The commands that are not run: a dictionary from (page, first line of the command) to the reason."""
     reasons, reason = {}, ""
     with open(path, encoding="utf-8") as file:
         for line in file.read().splitlines():
@@ -111,7 +111,7 @@ def listed(path):
 
 
 class Folder:
-    """A source tree with its build, as a reader of the pages has it. Nothing in it is written in the real one."""
+    """A copy of the source tree with its build, as a reader of the pages has it. The real tree is not written to."""
 
     def __init__(self, build, source):
         self.folder = tempfile.TemporaryDirectory(prefix="murmelo_docs_")
@@ -134,7 +134,7 @@ class Folder:
         self.users_files()
 
     def copy_what_installs(self, build):
-        """The scripts of the build folder, about this folder instead."""
+        """Copies the installation scripts of the build folder, changed to refer to this folder."""
         shutil.copytree(build + "/install", self.build + "/install", symlinks=True)
         for folder, _, names in os.walk(build):
             for name in names:
@@ -147,7 +147,7 @@ class Folder:
                         file.write(text)
 
     def users_files(self):
-        """The sounds that the man pages speak of."""
+        """Makes the sound files that the man pages mention."""
         sample = self.path + "/tree/res/sample/hello.wav"
         for name in ("voice.wav", "voices/a.wav", "voices/b b.wav"):
             shutil.copy(sample, os.path.join(self.path, "user", name))
@@ -156,7 +156,7 @@ class Folder:
                            env=self.environment, check=True)
 
     def run(self, page, command):
-        """What is wrong, or nothing."""
+        """Runs a command. Returns what is wrong, or nothing."""
         where = os.path.join(self.path, "user" if page.endswith(".1") or page == "docs/many-files.md" else "tree")
         done = subprocess.run(["bash", "-e", "-o", "pipefail", "-c", command], cwd=where, env=self.environment,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
@@ -170,7 +170,7 @@ class Folder:
         return ""
 
     def results(self, command):
-        """Sounds and folders that a command names: they are there afterwards."""
+        """The sounds and folders that a command names as its results."""
         words = shlex.split(command, comments=True)
         found = [word for word in words if SOUND.search(word) and "*" not in word]
         for option in ("--out-dir", "--prefix"):

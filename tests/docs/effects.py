@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""effects.py PROGRAM SOURCE: what names the effects names all of them, in their order, and no other.
+"""effects.py PROGRAM SOURCE: checks that each text that lists the effects has all of them, in their order, and no other.
 
 PROGRAM is murmelo-fx; its --list is the catalogue.
 """
@@ -37,7 +37,7 @@ def first_cells(table):
 
 
 def meant_by(name):
-    """The effect that murmelo-fx takes a name of the application for."""
+    """The name in murmelo-fx of an effect of the application."""
     hint = re.search(r'did you mean "(\w+)"', said(name.lower(), "no-such-input", "no-such-output.wav"))
     return hint.group(1) if hint else name.lower()
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""licences.py SOURCE [--all]: tools/spdx finds files without a licence, and adds the line where it belongs.
+"""licences.py SOURCE [--all]: tools/spdx finds files without a licence, and adds the line in the right place.
 
-The licence is also the same wherever it is told: in LICENSE, the Debian package, the metainfo and the page. With --all
+Also checks that the licence is the same in LICENSE, the Debian package, the metainfo and the page. With --all
 every file of the project must have a licence.
 """
 import importlib.machinery
@@ -106,7 +106,7 @@ def same_licence_everywhere(source):
     root = tree.parse(os.path.join(source, "packaging/org.murmelo.Murmelo.metainfo.xml")).getroot()
     spoken = root.findtext("project_license").split(" AND ")
     check(spoken[0] == "MIT" and root.findtext("metadata_license") == "MIT", "the metainfo says MIT")
-    # What is contained in the package: the fonts and CLI11.
+    # Other authors' work in the package: the fonts and CLI11.
     check(sorted(spoken[1:]) == ["Apache-2.0", "BSD-3-Clause"], "the metainfo names what is contained: %s" % spoken)
     check(all("license: " + name.lower() in debian.lower() for name in spoken[1:]), "the Debian package names it, too")
     page = tool(os.path.join(source, "tools/pack-web")).licences(source).decode()

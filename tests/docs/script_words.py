@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""script_words.py PROGRAM SOURCE: what "murmelo-headless --list" names is what sources and monkey know: nothing is
-missing, and nothing is there besides.
+"""script_words.py PROGRAM SOURCE: checks that "murmelo-headless --list" has the operations and commands that the sources
+and the monkey use, and no others.
 
-Compared are the operations that the platform asks for and the commands that the monkey gives. Every command has a meaning.
-The pages are held to the list by tools/man-lists.
+It compares the operations that the platform asks for, and the commands that the monkey gives or leaves out. Every command
+must have an explanation. (tools/man-lists compares the man pages with the list.)
 """
 import glob
 import os
@@ -18,7 +18,7 @@ MONKEYS_JOURNEYS = 100
 
 
 def asked_for(source):
-    """The operations of which the platform asks whether they are to fail."""
+    """The operations for which the platform's code asks if they are to fail."""
     found = []
     for path in glob.glob(os.path.join(source, "src/**/*.cpp"), recursive=True):
         with open(path, encoding="utf-8") as file:
@@ -36,7 +36,7 @@ def classes_of_screens(source):
 
 
 def of_the_monkey(listed):
-    """The commands that it gives in many journeys, and those that it leaves out."""
+    """The commands that the monkey gives in many journeys, and those that it leaves out."""
     verbs = sorted(listed.verbs(), key=len, reverse=True)
     given = set(monkey.PRELUDE[1:])
     for journey in range(MONKEYS_JOURNEYS):
@@ -47,7 +47,7 @@ def of_the_monkey(listed):
 
 
 def compare(what, listed, found, may_repeat=False):
-    """How many differences there are; each is told."""
+    """Prints each difference. Returns their number."""
     wrong = [f"{what}: {name} is missing" for name in listed if name not in found]
     wrong += [f"{what}: {name} is not in --list" for name in dict.fromkeys(found) if name not in listed]
     if not may_repeat:

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""speed_table.py SOURCE: table and plot of docs/speed.md are those of the measured file, and a difference is found."""
+"""speed_table.py SOURCE: the table and plot of docs/speed.md match the measured file, and a difference is found."""
 import pathlib
 import re
 import shutil
@@ -13,7 +13,7 @@ wrong = []
 
 
 def differs(folder):
-    """What "tools/bench --check" says of a tree; empty if all is well."""
+    """The output of "tools/bench --check" for a tree; empty if there is no difference."""
     done = subprocess.run([folder / "tools/bench", "--check"], capture_output=True, text=True, check=False)
     if done.stderr or (done.returncode != 0) != bool(done.stdout):
         sys.exit(f"--check ended with {done.returncode}: {done.stdout}{done.stderr}")

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""versions.py SOURCE VERSION: the changelog, the Debian changelog and the metainfo follow the version of the project.
+"""versions.py SOURCE VERSION: the changelog, the Debian changelog and the metainfo have the project's version.
 
-All three tell the same versions with the same dates, newest first; the first is VERSION, which CMake was told. The
-changelog has the form of Keep a Changelog.
+All three must have the same versions with the same dates, newest first; the first is VERSION (CMakeLists.txt).
+The changelog has the form of Keep a Changelog.
 """
 import email.utils
 import re

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The clock jumps by a day while the program records, works, plays, waits and sleeps: nothing
-// hangs, nothing waits for ever, and no timer runs on.
+// The clock jumps by a day while the program records, works, plays, waits and sleeps: nothing hangs
+// or waits for ever, and no timer goes on after its end.
 #include "AudioDev.h"
 #include "G.h"
 #include "Orm.h"

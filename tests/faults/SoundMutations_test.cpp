@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Damaged sound files through everything that reads them: the loading of a take and every effect,
-// and the player of a result. Ten thousand files, each changed in a few places by a seed.
+// Gives damaged sound files to everything that reads them: the loader of a take, every effect, and
+// the player of a result. Ten thousand files, each changed in a few places by a seed.
 #include "AudioDev.h"
 #include "AudioSupport.h"
 #include "FxCatalogue.h"
@@ -91,7 +91,7 @@ private:
             break;
         case 7:
             for (size_t i = kHeader; i < file.size(); i++) {
-                file[i] = (i / 2) % 97 < 48 ? '\x7F' : '\x80';  // as loud as can be
+                file[i] = (i / 2) % 97 < 48 ? '\x7F' : '\x80';  // as loud as possible
             }
             break;
         case 8:
@@ -113,7 +113,7 @@ private:
         }
     }
 
-    /// What the header says of the length: wrong by a little, by much, or beyond all reason.
+    /// Changes the length in the header: by a little, by much, or to nonsense.
     void changeSize() {
         const auto real = static_cast<uint32_t>(file.size());
         const uint32_t sizes[] = {real - 1,
@@ -144,7 +144,7 @@ int32_t sampleOf(const std::string& file, size_t index) {
                                                                      << 8);
 }
 
-/// What a file holds at 8 kHz, worked out in the plainest way. False if it is refused.
+/// The slow model of the loader: the file's samples at 8 kHz. False if the file is refused.
 bool expected(const std::string& file, audio::Samples& samples) {
     samples.clear();
     if (file.size() < kHeader || (wordOf(file, 24) != 8000 && wordOf(file, 24) != 16000)) {
@@ -192,7 +192,7 @@ protected:
         }
     }
 
-    /// Loaded as the screens load it; what comes is what a slow model says.
+    /// Loads the file as the screens do, and compares with the slow model.
     void load(const std::string& file) {
         folders.write(kTake, file);
         String path("/Home/Murmelo/MrmLastRec.wav");
@@ -209,7 +209,7 @@ protected:
         }
     }
 
-    /// Played, if it is taken for a sound, and stopped again: the device is ready afterwards.
+    /// Plays the file, if it is accepted, and stops it; the device must be ready after that.
     void play(const std::string& file) {
         folders.write(kResult, file);
         String path("/Home/Murmelo/MrmLastProc.wav");
@@ -238,7 +238,7 @@ TEST_P(SoundMutations, everyDamagedFileIsRefusedOrRunsThroughEveryEffect) {
         ASSERT_NO_FATAL_FAILURE(load(file));
         ASSERT_NO_FATAL_FAILURE(play(file));
     }
-    // Neither everything refused nor everything taken: the changes hit what matters.
+    // Some files must be refused and some accepted: else the changes would test nothing.
     EXPECT_LT(kFilesEach / 4, loaded);
     EXPECT_GT(kFilesEach - kFilesEach / 20, loaded);
     EXPECT_LT(kFilesEach / 20, played);

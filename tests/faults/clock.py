@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""clock.py SHIM PROGRAM SOURCE: the time of day jumps while the program runs, by a day forward and an hour back.
+"""clock.py SHIM PROGRAM SOURCE: the time of day jumps while the program runs, a day forward and an hour back.
 
-Outcome: no visible effect. The same journey saves the same sounds, bit for bit, and takes no longer.
+Outcome: no visible effect. The same journey saves the same sounds, bit for bit, and takes no more processor time.
 """
 import os
 import resource
@@ -35,7 +35,7 @@ until Save
 
 
 def processor_seconds():
-    """Of the programs that have ended. A busy machine has them wait, which is no matter here."""
+    """Processor time of the programs that have ended. Unlike the time of day, it does not depend on a busy machine."""
     used = resource.getrusage(resource.RUSAGE_CHILDREN)
     return used.ru_utime + used.ru_stime
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Loaded before the program: the time of day jumps at every look at it, by a day forward and by an
-// hour back in turns, as when somebody sets the clock. The clock that never goes back does not.
+// Loaded before the program: each time the program reads the time of day, it jumps, in turns a day
+// forward and an hour back, as if the user had set the clock. The monotonic clock does not change.
 #define _GNU_SOURCE
 #include <stdatomic.h>
 #include <sys/syscall.h>

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 """damaged.py settings|resources PROGRAM SOURCE: files that the program reads are damaged or missing when it starts.
 
-settings. Outcome: what cannot be read is put aside and the language is asked for; choosing it works and, where the
-folder allows, is remembered. resources: each font in turn, and the pictures, four at a time. Outcome: a journey through
-every screen as ever, with something missing from the picture; without the folder of the pictures one sentence.
+settings. Outcome: unreadable settings are set aside and the program asks for the language; choosing it works and, if
+the folder can be written, is stored. resources: each font in turn, and the pictures, four at a time. Outcome: a journey
+through every screen works, with something missing in the picture; without the folder of the pictures one sentence.
 """
 import os
 import random
@@ -68,7 +68,7 @@ def files_below(folder):
 
 
 def damages(path):
-    """Name and what does it to a copy of the file."""
+    """The kinds of damage: a name, and a function that does it to a copy of the file."""
     with open(path, "rb") as file:
         whole = file.read()
     noise = random.Random(os.path.basename(path))
@@ -99,7 +99,7 @@ def damages(path):
 
 
 def journey_with(verdict, program, source, what, files):
-    """A journey with this damage to each of these files; files is a dictionary of what to do to the file of a name."""
+    """Runs a journey with this damage; files is a dictionary from a file's name to the function that damages it."""
     with Place(program, source, settings=None) as place:
         place.data = place.path("data")
         for folder in ("Res", "framework"):
@@ -112,8 +112,8 @@ def journey_with(verdict, program, source, what, files):
 
 
 def groups(names):
-    """Fonts alone, and pictures in fours: those of a group are far from each other in the alphabet, so that they seldom
-    belong to one screen, and none hides what another one does."""
+    """Groups of files that are damaged together: each font alone, and the pictures in fours. The names of a group are far
+    apart in the alphabet, so that they seldom belong to one screen and do not hide each other's effect."""
     pictures = [name for name in names if name.endswith(".png")]
     step = -(-len(pictures) // AT_ONCE)
     return [[name] for name in names if name not in pictures] + [pictures[i::step] for i in range(step)]
@@ -152,7 +152,7 @@ OUT_OF_REACH = ("a folder", "a folder with something in it", "a pipe", "a link t
 
 
 def settings_cases():
-    """Name, what lies at the settings' place (bytes, or an act), the screen that comes first."""
+    """Name of the case, what is in place of the settings (bytes, or a function), and the first screen."""
     asks, knows = "FirstLang", "Splash"
     for text in ("", "l", "lang", "lang=", "=", "=1\n", "lang 1\n", "lang=-1\n", "lang=5\n", "lang=99999999999999999999\n",
                  "lang=1x\n", "lang= 1\n", "lang=0x1\n", "lang=1\nrubbish\n", "\0", "lang=1\0\n", "l\xe4ng=1\n"):
@@ -188,7 +188,7 @@ def settings(program, source):
             # Chosen or kept: the language is there the next time, unless the settings are out of reach and stay so.
             next_time = "FirstLang" if case in OUT_OF_REACH else "Splash"
             verdict.outcome(case + ", later", place.run("expect screen %s\n" % next_time), ["done"])
-    # What is no file there is moved aside, or another name is taken.
+    # If something other than a file has the name, it is moved aside, or another name is used.
     for case, block in (("settings.new is a folder", "new"), ("settings.damaged is a folder", "damaged")):
         with Place(program, source, settings="rubbish") as place:
             os.makedirs(place.path("config/settings.%s/more" % block))

@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
 """desktop.py end|clock SHIM PROGRAM SOURCE: the program in its window, run by with-desktop.
 
-end: SIGTERM on one screen after the other. Outcome: status 0, nothing left but what was saved, and what was told as
-saved is whole.
-clock: the time of day jumps all the while. Outcome: the journey of recording, playing and saving goes on as ever, a clip
-takes its time, and the program sleeps where nothing moves.
+end: SIGTERM on one screen after the other. Outcome: status 0, only saved sounds are left, and each sound that was
+reported as saved is complete.
+clock: the time of day jumps all the time. Outcome: recording, playing and saving work as usual, a clip is not shorter or
+longer, and the program sleeps while nothing moves.
 
 Each key waits for the screen before it: the window's soft keys are those that murmelo-headless shows on that screen.
 """
@@ -18,12 +18,12 @@ import time
 
 from journey import Patience, Verdict, ended, environment, is_whole
 
-PATIENCE_SECONDS = 60  # for what takes a moment, on a machine that does much else
-SLEEP_SECONDS = 2  # without any processor time: then it sleeps
+PATIENCE_SECONDS = 60  # for things that take a moment, on a busy machine
+SLEEP_SECONDS = 2  # without any processor time: then the program sleeps
 TAKE_BYTES = 44 + 3 * 32000  # long enough to be seen while it plays
 SOFT_KEYS = ["-crop", "480x72+0+728", "+repage", "-depth", "8"]
 
-# Makes a picture of each screen, to know it by.
+# Makes a picture of each screen, by which the screens are recognised.
 PICTURES = """expect screen Splash
 shot Splash.png
 until Options
@@ -58,7 +58,7 @@ SCREENS = [("start picture", []), ("menu", KEYS[:1]), ("record", KEYS[:2]), ("re
 
 
 def until(happened, seconds=PATIENCE_SECONDS):
-    """What happened() returned in the end; false if it never became true."""
+    """Calls happened() until it returns something true, and returns that; False if it never does."""
     end = time.monotonic() + seconds
     while True:
         result = happened()
@@ -102,7 +102,7 @@ class Window:
             file.write("lang=0\n")
         variables = environment()
         variables.update(env or {})
-        # Two windows side by side would need a window manager to tell whose keys are whose: one at a time.
+        # One window at a time: with two, only a window manager would decide which one gets the keys.
         self.process = subprocess.Popen(
             [program, "--home", self.path("home"), "--config", self.path("config"), "--microphone",
              source + "/res/sample/hello.wav"], env=variables, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
@@ -127,7 +127,7 @@ class Window:
             return b""
 
     def keys(self, keys):
-        """Presses each, and waits for the screen that it leads to. Empty, or what is wrong."""
+        """Presses each key, and waits for the screen that it leads to. Returns what is wrong, or an empty text."""
         for name, screen in keys:
             subprocess.run(["xdotool", "windowfocus", "--sync", self.window, "key", name], check=False)
             if not until(lambda screen=screen: self.shows(screen)):
@@ -137,7 +137,7 @@ class Window:
         return ""
 
     def end(self):
-        """Status, output, complaint."""
+        """Ends the program. Returns its status, its output and its errors."""
         self.process.send_signal(signal.SIGTERM)
         out, complaint, by_itself = ended(self.process, Patience(self.process, asleep_seconds=PATIENCE_SECONDS))
         return self.process.returncode if by_itself else "hang", out.decode(), complaint.decode()

@@ -1,13 +1,13 @@
 # SPDX-License-Identifier: MIT
 """disk_full.py limit|tmpfs PROGRAM SOURCE: the disk is full at every write in turn.
 
-Of the take, of the cleaned-up take, of an effect's result, of a save, and of the settings: at the header, in the first
-buffer, in the middle, at the last byte. Outcomes: a message whose key ends the program, and for the settings no visible
-effect. Of a take that does not fit, what was written is kept, and one sentence says so: it goes on to its effect and its
-save, each of which is whole or a message. A sound that was saved before stays as it was, no half file stays anywhere,
-and with room again everything works.
+The writes are those of the take, of the cleaned-up take, of an effect's result, of a save, and of the settings: at the
+header, in the first buffer, in the middle, at the last byte. Outcomes: a message whose key ends the program, and for the
+settings no visible effect. Of a take that does not fit, the part that was written is kept, and one sentence says so; its
+effect and its save then give a complete file or a message. A sound that was saved before does not change, no unfinished
+file is left, and once there is room again everything works.
 
-limit: a limit on the size of files, as real as a full disk and in need of no rights. tmpfs: a small file system.
+limit: a limit on the size of files, which has the effect of a full disk and needs no rights. tmpfs: a small file system.
 """
 import os
 import subprocess
@@ -26,14 +26,14 @@ SAVE = "save\nexpect screen Save\nexpect file rec_00008.wav\nkey middle\nexpect 
 
 
 def places(whole):
-    """Where a write of a file of that size is cut off."""
+    """The sizes at which the writing of a file of this size is cut off."""
     cuts = {0, 1, 43, 44, 45, 1000, 4096, 20480, 20524, 24043, 24044, 24045, whole // 2, whole - 2, whole - 1}
     return sorted(cut for cut in cuts if cut < whole)
 
 
 def phases():
-    """Name, script up to the point at which the disk fills, script from there on, size of the file being written. The
-    clean-up begins by itself: its disk fills when its screen comes."""
+    """Name, script up to the point at which the disk becomes full, script after it, size of the file that is written. The
+    clean-up begins by itself: for it the disk becomes full when its screen comes."""
     record = RECORD % TAKE_MS
     before_stop = record[:record.rindex("key middle")]
     stop = record[len(before_stop):]
@@ -57,7 +57,7 @@ class ByLimit:
             outcome, script = self.until_full(place, head, tail, fill, screen)
             take = case.startswith("take,")
             if take and 'expected screen "Playing", found "Play"' in str(outcome):
-                pass  # not a sample was written: such a sound has been played before anybody looks
+                pass  # not one sample was written: such a sound ends before the script can see that it is played
             elif take and outcome.kind() == "done":
                 self.verdict.check(len(outcome.cut_short) == 1, case + ": it was not said once that the take is cut short")
                 saved = place.sounds().get("rec_00008.wav", b"")
@@ -100,7 +100,7 @@ class ByLimit:
 
 
 class ByFileSystem(ByLimit):
-    """The home is a file system of its own, with a ballast that leaves so many pages."""
+    """The home is a file system of its own, filled except for a number of pages."""
 
     def __init__(self, verdict, program, source, folder):
         super().__init__(verdict, program, source)
@@ -127,7 +127,7 @@ class ByFileSystem(ByLimit):
 
 
 def settings(verdict, program, source):
-    """A language that cannot be kept holds for this run; what was kept before stays."""
+    """A language that cannot be stored is used in this run; the stored one does not change."""
     choose = "tap 240 432\nkey middle\nuntil Options\n"
     change = "until Options\ntap 240 678\ntap 240 550\ntap 240 550\nexpect screen Options\n"
     for cut in range(7):

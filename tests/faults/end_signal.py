@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""end_signal.py PROGRAM SOURCE: a signal that asks for the end, on every screen and in the middle of every kind of work.
+"""end_signal.py PROGRAM SOURCE: a signal asks for the end, on every screen and in the middle of every kind of work.
 
-Outcome: a clean end with status 128 and the number of the signal and one sentence that names it, nothing left but what
-was saved, and a later start that works.
+Outcome: a clean end with status 128 + the number of the signal and one sentence that names it; only saved sounds are
+left, and a later start works.
 """
 import os
 import signal
@@ -14,7 +14,7 @@ EARLIER = b"a sound of earlier days"
 TAKE = RECORD % 1300
 PLAY = TAKE + "key middle\nuntil Playing\n"
 
-# Where the program stands, the way there, the screen at whose coming it stops (none: at rest), sounds saved on the way.
+# Name of the place, the script that leads there, the screen at which it stops (none: at rest), number of sounds saved.
 PLACES = [
     ("the first language", None, "expect screen FirstLang\n", None, 0),
     ("the start picture", LANGUAGE_KNOWN, "expect screen Splash\n", None, 0),

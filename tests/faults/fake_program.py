@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""A stand-in for murmelo-headless that breaks on purpose: it dies when its script holds "swipe left", "background" and
-"volume up" in this order, whatever lies between. With MURMELO_FAKE_FAULT=none it does not.
+"""A replacement for murmelo-headless with a fault: it crashes if its script has "swipe left", "background" and "volume
+up" in this order, with anything between them. With MURMELO_FAKE_FAULT=none it does not.
 """
 import os
 import signal

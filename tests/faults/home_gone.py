@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: MIT
-"""home_gone.py PROGRAM SOURCE: the home cannot be written, or goes, before and while the program runs.
+"""home_gone.py PROGRAM SOURCE: the home cannot be written, or is removed, before and while the program runs.
 
-Outcomes. Not writable from the start: one sentence, after which the program runs on if it is only the sound folder or
-the settings. From then on: the message about files or sound, whose key ends the
-program, or no visible effect where nothing is written any more. Sounds that were saved before stay as they were as long
-as the folder itself does, and with the home back everything works.
+Outcomes. Not writable from the start: one sentence, after which the program goes on if it is only the sound folder or
+the settings. Later: the message about files or sound, whose key ends the program, or no visible effect if nothing more
+is written. Sounds that were saved before do not change as long as the folder exists, and once the home is back
+everything works.
 
-As root, for whom no folder is read-only, the program runs as nobody.
+Run as root, for whom no folder is read-only, the test starts the program as the user nobody.
 """
 import os
 import shutil
@@ -26,8 +26,8 @@ PLAYED = TAKE + "key middle\nuntil Playing\nuntil Play\n"
 PLAYING = TAKE + "key middle\nuntil Playing\nwait 300\n"
 FROM_MENU = "mic hello.wav\nkey middle\nuntil Record\nkey middle\nuntil Recording\nwait 1300\nkey middle\nuntil Play\n"
 
-# Name, the way to the point where it happens, what the user does then, outcome if the folder is read-only from there
-# on, outcome if it is removed.
+# Name, the script up to the point where it happens, the script after it, the outcome if the folder becomes read-only
+# there, the outcome if it is removed.
 CASES = [
     ("start picture", "expect screen Splash\n", MENU + FROM_MENU, "message", "message"),
     ("menu", MENU, FROM_MENU, "message", "message"),
@@ -45,7 +45,7 @@ CASES = [
 
 
 class Nobody:
-    """Runs the program as somebody for whom folders can be read-only."""
+    """Runs the program as a user for whom folders can be read-only."""
 
     def __init__(self, program, source):
         self.program, self.source, self.prefix = program, source, []
@@ -112,7 +112,7 @@ def half_way(verdict, way, case, before, after, happens, wanted):
 
 
 def message_ends_it(verdict, way, case, before, after, happens, at_line):
-    """The key of the message ends the program in good order, whatever has become of the home."""
+    """The message's key ends the program properly, whatever has happened to the home."""
     with way.place() as place:
         stop = place.stop()
         way.give(place)
@@ -141,7 +141,7 @@ def from_the_start(verdict, way):
 
 
 def said(verdict, case, outcome, words):
-    """The program runs on, and has said one sentence."""
+    """The program goes on, and has printed one sentence."""
     lines = outcome.everything.splitlines()
     verdict.check(outcome.status == 0 and len(lines) == 1 and words in lines[0],
                   "%s: %s: %s" % (case, outcome, lines))

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""huge_sounds.py TOOL PROGRAM SOURCE: sounds that are long, or claim to be, within a bounded memory.
+"""huge_sounds.py TOOL PROGRAM SOURCE: sounds that are long, or claim to be, with a limit on memory.
 
-Outcomes: the start of the sound becomes the take, or one sentence. Never an end by want of memory: only what is needed
-of a file is read, and nothing is set aside for what a header merely claims.
+Outcomes: the beginning of the sound becomes the take, or one sentence. The program must never end for lack of memory: it
+reads only the part of a file that it needs, and takes no memory for the length that a header claims.
 """
 import os
 import resource
@@ -19,12 +19,12 @@ STEREO_SECONDS = 600
 
 def bounded():
     fresh_signals()
-    if not sanitized():  # the address sanitizer sets terabytes of addresses aside
+    if not sanitized():  # the address sanitizer reserves terabytes of addresses
         resource.setrlimit(resource.RLIMIT_AS, (ADDRESS_BYTES, ADDRESS_BYTES))
 
 
 def ten_minutes(path):
-    """Stereo of 44.1 kHz; a second of it is a wave, the rest takes no room on the disk."""
+    """Writes a stereo file at 44.1 kHz: one second of a wave, the rest a hole that takes no room on the disk."""
     size = STEREO_SECONDS * 44100 * 4
     with open(path, "wb") as file:
         file.write(b"RIFF" + struct.pack("<I", 36 + size) + b"WAVEfmt "
@@ -41,7 +41,7 @@ def lying_wav(path):
 
 
 def lying_flac(path):
-    """A header that promises 2^36 - 1 samples of 192 kHz, and noise instead of frames."""
+    """Writes a header that claims 2^36 - 1 samples at 192 kHz, and noise instead of frames."""
     info = struct.pack(">HH", 4096, 4096) + bytes(6) + struct.pack(">Q", 192000 << 44 | 15 << 36 | (1 << 36) - 1) + bytes(16)
     with open(path, "wb") as file:
         file.write(b"fLaC\x80" + struct.pack(">I", len(info))[1:] + info + b"\x55" * 286)

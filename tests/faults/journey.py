@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""What the fault tests share: journeys of the headless program in folders of their own, what came of them, and a look
-at what they leave behind.
+"""Shared by the fault tests: runs journeys of the headless program in folders of their own, and checks their outcome and
+the files that they leave.
 
-A test stops the program at any point of its script by a picture written into a pipe: Stop.reached() answers once the
-program stands there, and it goes on at release().
+A test stops the program at any point of its script by a picture that is written into a pipe: Stop.reached() returns once
+the program waits there, and release() lets it go on.
 """
 import os
 import re
@@ -20,22 +20,22 @@ import time
 SKIPPED = 77
 CUT_SHORT = "murmelo-headless: the take is cut short: "
 KEPT = re.compile(r"murmelo-headless: ([\d.]+ of [\d.]+) seconds of the take are kept\n")
-# What the host says besides, while the program goes on.
+# Sentences that the host prints while the program goes on.
 SAID = re.compile(r'murmelo-headless: (the take is cut short: |[\d.]+ of [\d.]+ seconds of the take are kept|only \d+ KB are free; |the microphone |the speaker |'
                   r'the folder ".*" cannot be made: |the settings ".*" cannot be read and stay as they are: )')
-CRASH_STATUS = 97  # of a program that a sanitizer ended
+CRASH_STATUS = 97  # of a program that a sanitizer has ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
-ASLEEP_SECONDS = 60  # that it may sleep without using any
+ASLEEP_SECONDS = 60  # that it may sleep without using any processor time
 LOOK_SECONDS = 0.2
 TEMPORARY = ("MrmLastRec.wav", "MrmLastProc.wav")
 
 LANGUAGE_KNOWN = "lang=0\n"
 
-# From here on a recording offers "Stop": the first buffer, 750 ms, has arrived.
+# After this a recording offers "Stop": the first buffer, 750 ms, has arrived.
 STOP_OFFERED_MS = 800
 
-# From the menu to the choice of the effect, with a take of that many milliseconds, at least STOP_OFFERED_MS. A "Stop"
-# that is not offered would be overheard, and the recording go on for its twenty seconds: then the last line fails.
+# From the menu to the choice of the effect, with a take of so many milliseconds, at least STOP_OFFERED_MS. If "Stop" is
+# not offered yet, the tap has no effect, the recording goes on for twenty seconds, and the last line fails.
 RECORD = """until Options
 mic hello.wav
 key middle
@@ -49,7 +49,7 @@ until Play 1000
 
 
 def sanitized():
-    """True where the sanitizers watch: everything takes ten times as long."""
+    """True if the program was built with the sanitizers: then everything takes ten times as long."""
     return os.environ.get("MURMELO_SANITIZED") == "1"
 
 
@@ -63,14 +63,14 @@ def environment():
 
 
 def fresh_signals():
-    """Whoever runs the tests may have signals ignored. A write beyond a size limit fails as on a full disk."""
+    """Resets the signals, which the caller of the tests may ignore. A write beyond a size limit fails as on a full disk."""
     for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGPIPE):
         signal.signal(number, signal.SIG_DFL)
     signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
 
 
 class Outcome:
-    """How one run ended."""
+    """The outcome of one run."""
 
     def __init__(self, status, complaint, seconds_out=False):
         lines = complaint.splitlines(True)
@@ -82,8 +82,8 @@ class Outcome:
         self.seconds_out = seconds_out
 
     def kind(self):
-        """"done": the whole script. "message": the application's own message stands at some line. "sentence": one
-        sentence, and an end. Anything else is what must never happen."""
+        """"done": the whole script was run. "message": at some line the application's own message was shown. "sentence": one
+        sentence, and an end. Anything else is an error."""
         lines = self.complaint.splitlines()
         if self.seconds_out:
             return "hang"
@@ -103,10 +103,10 @@ class Outcome:
 
 
 class Patience:
-    """Tells a program that hangs from one that a busy machine keeps waiting, however long.
+    """Distinguishes a program that hangs from one that waits on a busy machine, however long.
 
-    One that hangs either uses more processor time than any run needs, or sleeps and waits for what never comes. To be
-    asked again and again while the program runs.
+    One that hangs either uses more processor time than any run needs, or sleeps for ever. Call it again and again while
+    the program runs.
     """
 
     def __init__(self, process, processor_seconds=PROCESSOR_SECONDS, asleep_seconds=ASLEEP_SECONDS):
@@ -151,11 +151,11 @@ class Stop:
         self.reader = None
 
     def command(self, screen=None):
-        """At this line of the script, or when that screen next comes."""
+        """The command that stops at this line of the script, or when that screen next comes."""
         return ("watch %s " % screen if screen else "shot-canvas ") + self.path
 
     def reached(self, process):
-        """True once the program stands here; false if it ended before."""
+        """Waits until the program is stopped here. False if it has ended before."""
         self.reader = os.open(self.path, os.O_RDONLY | os.O_NONBLOCK)
         patience = Patience(process)
         while not patience.is_over():
@@ -181,7 +181,7 @@ class Stop:
 
 
 class Place:
-    """A home, settings and a voice for one journey. Removed at the end of a with."""
+    """A home, settings and a voice for one journey. Used in a with statement, which removes them at its end."""
 
     def __init__(self, program, source, settings=LANGUAGE_KNOWN, folder=None):
         self.program = os.path.realpath(program)
@@ -250,12 +250,12 @@ class Place:
 
 
 def limit_file_size(process, most_bytes):
-    """From now on no file of the program grows beyond so many bytes."""
+    """Limits the size of the program's files, from now on, to most_bytes bytes."""
     resource.prlimit(process.pid, resource.RLIMIT_FSIZE, (most_bytes, resource.RLIM_INFINITY))
 
 
 def is_whole(sound, rate=8000):
-    """A sound file in the one form that is written, as long as its header says."""
+    """True if the bytes are a sound file in the form that the program writes, as long as its header says."""
     if len(sound) < 44 or sound[:4] != b"RIFF" or sound[8:16] != b"WAVEfmt " or sound[36:40] != b"data":
         return False
     riff, data = struct.unpack("<I", sound[4:8])[0], struct.unpack("<I", sound[40:44])[0]
@@ -264,7 +264,7 @@ def is_whole(sound, rate=8000):
 
 
 class Verdict:
-    """Collects what is wrong, and says how much was looked at."""
+    """Collects the errors, and reports how many checks were made."""
 
     def __init__(self):
         self.wrong = []
@@ -293,7 +293,7 @@ def skip(reason):
 
 
 def can_mount():
-    """The command that gives a program mounts of its own; none where that is not permitted."""
+    """The command that gives a program its own mounts; None if that is not permitted."""
     for prefix in (["unshare", "-m"], ["unshare", "-rm"]):
         test = "d=$(mktemp -d) && mount -t tmpfs -o size=64k none $d && umount $d; s=$?; rmdir $d; exit $s"
         try:

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""journey_test.py: what the fault tests take for a hang.
+"""journey_test.py: checks what the fault tests take for a hang.
 
-A program that works on and on hangs, and so does one that sleeps for ever. One that only has to wait for the processor
-does not: here it is stopped for longer than it may sleep, goes on, and ends as ever.
+A program that never stops working hangs, and so does one that sleeps for ever. One that only waits for the processor
+does not: here it is stopped for longer than it may sleep, continues, and ends normally.
 """
 import signal
 import subprocess

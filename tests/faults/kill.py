@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 """kill.py PROGRAM SOURCE: the program is killed at a random moment of a random journey, two hundred times.
 
-Outcome: every sound in the folder, whether it was reported as saved or not, is whole and the very sound that the same
-journey saves when nobody disturbs it; every sound that was reported is there. Then a start as ever: it clears up what
-the kill left, records, and saves under the next number.
+Outcome: every sound in the folder, whether or not it was reported as saved, is complete and equals the sound that
+the same journey saves without a kill; every sound that was reported is there. After that the program starts
+normally, removes what the kill has left, records, and saves under the next number.
 
 There are fifty journeys, each killed four times. MURMELO_TEST_KILLS and MURMELO_TEST_SEED change the number of kills
 and the journeys.
@@ -37,7 +37,7 @@ KILLS_OF_ONE_JOURNEY = 4
 
 
 class Journey:
-    """Recordings, effects, plays and saves as they come; after each save a file says that it was reported."""
+    """Random recordings, effects, plays and saves; after each save the script writes a file, as a report."""
 
     def __init__(self, chance):
         self.chance = chance
@@ -84,7 +84,7 @@ class Killing:
         self.after_the_end = 0
 
     def undisturbed(self, case, script):
-        """The sounds of the journey, and how long it takes."""
+        """Runs the journey without a kill. Returns its sounds and its duration."""
         with Place(self.program, self.source) as place:
             start = time.monotonic()
             outcome = place.run(script)
@@ -93,7 +93,7 @@ class Killing:
             return place.sounds(), seconds
 
     def journey(self, number):
-        """One journey, killed at several moments."""
+        """Runs one journey and kills it at several moments."""
         case = "journey %d of seed %d" % (number, self.seed)
         script = Journey(self.chance).script()
         wanted, seconds = self.undisturbed(case, script)

@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: MIT
-"""monkey.py [OPTIONS] PROGRAM SOURCE: random touches, keys, pauses and faults, and what the program makes of them.
+"""monkey.py [OPTIONS] PROGRAM SOURCE: gives the program random touches, keys, pauses and faults, and looks for errors.
 
-Events come in journeys of a thousand, each a script for murmelo-headless in a fresh home. A journey that ends before its
-events are used up (the monkey has found "Quit") goes on with the next start in the same home. What event 123456 of a
-seed is never depends on what happened before: --from 123000 goes on where an earlier run was left.
+Events come in journeys of a thousand, each a script for murmelo-headless in a new home. If the program ends before the
+events are used up (the monkey has found "Quit"), it is started again in the same home. An event depends only on the
+seed and its number, so --from 123000 continues an earlier run.
 
-A find is a crash, a hang, a complaint that is none of a script, or a saved sound that is not whole. It is shrunk to the
-fewest events that still lead there and written as a script, with the home it started from, for
+A find is a crash, a hang, an error that a script cannot cause, or a saved sound that is not complete. It is reduced to
+the fewest events that still cause it, and written as a script, with the home that it began with, for
 
     murmelo-headless --home FIND/home --config FIND/config FIND/script
 
@@ -26,12 +26,12 @@ from journey import TEMPORARY, Place, is_whole
 JOURNEY_EVENTS = 1000
 PRELUDE = ["mic hello.wav", "wait 3100"]  # past the start picture
 
-# What a script complains of when the monkey asks for what cannot be had on this screen, or has quit.
+# Errors of a script that are expected: the monkey has asked for something that this screen does not offer, or has quit.
 FINE = re.compile(r"^murmelo-headless: script: line \d+: (the program has ended|nothing can be saved on screen \"\w*\"|"
                   r"a sound cannot be taken on screen \"\w*\"|there is no picture yet|the program has no doors yet)$")
 
-# Commands that the monkey does not give: they ask for a certain moment, or look, and would end the journey elsewhere; or
-# they name a file of the sound folder, or where sound comes from and goes; or they need an option of the program.
+# Commands that the monkey does not give: expectations and waits for a screen, which would end the journey on other
+# screens; those that name a file of the sound folder or of the sound devices; those that need an option of the program.
 LEFT_OUT = {"until", "still", "lose", "watch", "shot-canvas", "expect screen", "expect file", "expect no file", "expect effect",
             "expect ended", "remove", "mic", "speaker", "last", "forget"}
 
@@ -40,12 +40,12 @@ class Monkey:
     """The events of one journey."""
 
     def __init__(self, seed, journey, operations):
-        """Operations: those that can be told to fail."""
+        """@param operations: the operations that can be made to fail."""
         self.operations = operations
         self.chance = random.Random(seed * 1000003 + journey)
 
     def place(self):
-        """Anywhere, now and then beside the display; seldom on the soft key that so often says "Quit"."""
+        """A random place, sometimes outside the display; seldom on the soft key that is often "Quit"."""
         while True:
             x, y = self.chance.randrange(480), self.chance.randrange(800)
             if self.chance.random() < 0.02:
@@ -84,7 +84,7 @@ class Monkey:
         }[kind]()
 
     def settings(self):
-        """Now and then a first start."""
+        """The settings to begin with; sometimes none, for a first start."""
         return None if self.chance.random() < 0.2 else "lang=%d\n" % self.chance.randrange(5)
 
     def events(self):
@@ -92,7 +92,7 @@ class Monkey:
 
 
 class Find:
-    """Something that must not happen: the events of the run, and the home and settings that it began with."""
+    """A fault: the events of the run, and the home and settings that it began with."""
 
     def __init__(self, outcome, what, events, before):
         self.outcome, self.what, self.events, self.before = outcome, what, events, before
@@ -113,7 +113,7 @@ class Runs:
             return "crash" if outcome.kind() != "hang" else "hang"
         for name, content in place.sounds().items():
             if name in TEMPORARY:
-                continue  # one that the monkey forbade to remove
+                continue  # the monkey has made its removal fail
             if not is_whole(content):
                 return "damage"
         return ""
@@ -131,11 +131,11 @@ class Runs:
             return self.run(place, events)[1] == find.what
 
     def used_up(self, outcome, events):
-        """How many events the program took before it ended."""
+        """How many events the program has used before it ended."""
         return len(events) if outcome.kind() == "done" else max(outcome.line() - len(PRELUDE), 1)
 
     def journey(self, monkey):
-        """Delivers all of them. Starts made, sounds saved, and the find, if there is one."""
+        """Delivers a journey's events. Returns the numbers of starts and of saved sounds, and the find, if there is one."""
         settings, events, starts = monkey.settings(), monkey.events(), 0
         with Place(self.program, self.source, settings=settings) as place:
             while events:
@@ -154,7 +154,7 @@ class Runs:
 
 
 def shrink(events, fails):
-    """The fewest events that still fail: takes pieces away, smaller and smaller ones (fails(events) must be true)."""
+    """The fewest events that still fail: removes smaller and smaller pieces. fails(events) must be true at first."""
     piece = max(len(events) // 2, 1)
     while True:
         at, shrunk = 0, False
@@ -170,7 +170,7 @@ def shrink(events, fails):
 
 
 def keep(find, events, folder, name):
-    """Writes the find where somebody can look at it. Answers its script."""
+    """Writes the find to a folder. Returns the path of its script."""
     target = os.path.join(folder, name)
     shutil.rmtree(target, ignore_errors=True)
     os.makedirs(target)
@@ -185,7 +185,7 @@ def keep(find, events, folder, name):
 
 def report(runs, find, folder, name):
     events = find.events
-    # Nothing behind the event at which it ended has been used; a find that does not come again is kept whole.
+    # Events after the one at which it ended were not used. A find that cannot be repeated is kept with all its events.
     if runs.fails_so(find, events):
         events = shrink(events, lambda fewer: runs.fails_so(find, fewer))
     else:

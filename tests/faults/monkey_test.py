@@ -1,9 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""monkey_test.py SOURCE: the monkey finds what is broken on purpose, and shrinks it to what it takes.
+"""monkey_test.py SOURCE: checks that the monkey finds a known fault, and reduces it to the events that cause it.
 
-The program is fake_program.py, which dies at three commands in a certain order. Outcome: a find whose script holds these
-three and nothing else, that dies again when it is run; the same from any place to go on from; and none where the fault
-is not met.
+The program is fake_program.py, which crashes at three commands in a certain order. Outcome: a find whose script has only
+these three and crashes again when it is run; the same with any --from; and no find without the fault.
 """
 import os
 import subprocess

@@ -19,7 +19,7 @@ def saved(verdict, program, source, env, case):
 
 
 def changed(tool, source, env):
-    """What the tool makes of the sample, through pipes and then through files."""
+    """The tool's output for the sample, through pipes and then through files."""
     with open(source + "/res/sample/hello.wav", "rb") as sample:
         sound = sample.read()
     piped = subprocess.run([tool, "high", "-", "-"], input=sound, stdout=subprocess.PIPE, env=env, check=False)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Loaded before the program: each write and read of the system moves at most so many bytes, as a pipe, a disk in a
-// network or a signal in between may do.
+// Loaded before the program: each write() and read() moves only a few bytes at most, as may happen
+// with a pipe, a disk in a network or a signal.
 #define _GNU_SOURCE
 #include <stddef.h>
 #include <sys/syscall.h>

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""sound_files.py PROGRAM SOURCE: the take or the result is replaced between recording and playing, by anything.
+"""sound_files.py PROGRAM SOURCE: the file of the take or of the result is replaced between recording and playing.
 
-Outcomes: the message about files or sound, or a journey that goes on with what the file still holds. Never a crash or a
-hang, and a sound that was saved before stays as it was. A later start works and clears up.
+Outcomes: the message about files or sound, or the program goes on with what the file still has. There must be no crash or
+hang, and a sound that was saved before does not change. A later start works and removes the rest.
 """
 import os
 import random
@@ -16,7 +16,7 @@ EARLIER = b"a sound of earlier days"
 TAKE = RECORD % STOP_OFFERED_MS
 PLAYED = TAKE + "key middle\nuntil Playing\nuntil Play\n"
 
-# Name, way to the replacement, which file, what the user does then.
+# Name, script up to the replacement, which file, script after it.
 POINTS = [
     ("take before an effect", TAKE, "MrmLastRec.wav", "swipe right\nkey middle\nuntil Play 9000\nkey right\nexpect ended\n"),
     ("take before another", PLAYED, "MrmLastRec.wav", "swipe left\nwait 900\nkey middle\nuntil Play\nwait 9\n"),
@@ -46,7 +46,7 @@ def content(path, content):
 
 
 def replacements():
-    """Name and what puts it in the place of the file."""
+    """The replacements: a name, and a function that puts it in place of the file."""
     noise = random.Random(3)
     random_bytes = bytes(noise.randrange(256) for _ in range(10000))
     yield "nothing", lambda path: os.unlink(path)
@@ -69,7 +69,7 @@ NO_FILES = ("a folder", "a pipe", "a link elsewhere")
 
 
 def huge_replacements():
-    """More than the arrays of the program hold; each only where it is read as a whole."""
+    """Files that are larger than the program's arrays; each only for the work that reads it as a whole."""
     if not sanitized():
         yield "five minutes", lambda path: sparse(path, header(2400000), 44 + 4800000)
         yield "half an hour", lambda path: sparse(path, header(16777000), 44 + 33554000)
@@ -88,7 +88,7 @@ def replace_by_pipe(path):
 
 
 def restore(path):
-    """What the program never removes: a folder, and a link that leads out of the home."""
+    """Removes what the program never removes: a folder, and a link that leads out of the home."""
     if os.path.islink(path):
         os.unlink(path)
     elif os.path.isdir(path):
@@ -107,18 +107,18 @@ def journey(verdict, program, source, point, replacement):
             put(place.sound(file))
             stop.release()
         outcome = place.finish(process)
-        # A sound of no length is over before a script can see it: then it names another screen. Without a take there
-        # is nothing to save.
+        # A sound without samples has ended before the script can see it, so that the script finds another screen.
+        # Without a take there is nothing to save.
         fine = outcome.kind() in ("done", "message") or (outcome.kind() == "sentence" and (
             "expected screen" in outcome.complaint or "nothing can be saved" in outcome.complaint))
         verdict.kinds[outcome.kind()] = verdict.kinds.get(outcome.kind(), 0) + 1
         verdict.check(fine, "%s: %s" % (case, outcome))
         restore(place.sound(file))
         verdict.check(place.read("home/Murmelo/rec_00007.wav") == EARLIER, case + ": an earlier sound is not what it was")
-        # What was saved of a damaged result is a copy of it, and no concern of the next start.
+        # A saved copy of a damaged result is damaged too; the next start does not use it.
         later = PLAYED + "save\nuntil Save\nkey middle\n"
         verdict.outcome(case + ", later", place.run(later), ["done"])
-        # What is no file was moved aside where its place was needed.
+        # Something that is not a file was moved aside if its name was needed.
         wanted = {file + ".aside-1"} if what in NO_FILES else set()
         left = {entry for entry in os.listdir(place.path("home/Murmelo")) if not entry.startswith("rec_")}
         verdict.check(left <= wanted, "%s: later left %s" % (case, sorted(left)))
@@ -126,7 +126,7 @@ def journey(verdict, program, source, point, replacement):
 
 def main(program, source):
     verdict = Verdict()
-    some = 6 if sanitized() else 1  # then each replacement comes at one point or two
+    some = 6 if sanitized() else 1  # with sanitizers, each replacement at only one or two points
     for number, point in enumerate(POINTS):
         for replacement in list(replacements())[number % some::some]:
             journey(verdict, program, source, point, replacement)

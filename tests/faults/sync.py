@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""sync.py SHIM TOOL PROGRAM SOURCE: what counts as saved is on the disk, its name included.
+"""sync.py SHIM TOOL PROGRAM SOURCE: checks that a file that counts as saved is on the disk, with its name.
 
 Outcomes: a saved sound, the settings and the tool's output are synced, renamed, and their folder is synced, in this
-order. Where the folder cannot be synced, the application's message (a saved sound) or a sentence (the tool) says so;
-where the file system knows no such sync, nothing is said.
+order. If the folder cannot be synced, the application's message (for a saved sound) or a sentence (the tool) says so; if
+the file system has no such sync, nothing is printed.
 """
 import errno
 import os
@@ -30,7 +30,7 @@ def log(place):
 
 
 def check_order(verdict, case, place, target):
-    """The bytes, the name, the folder of the name."""
+    """Checks the order of three steps: sync of the file, rename, sync of the folder."""
     lines = [line.split() for line in log(place)]
     full = [[line[0]] + [os.path.realpath(os.path.join(place.folder, name)) for name in line[1:]] for line in lines]
     renames = [at for at, line in enumerate(full) if line[0] == "rename" and os.path.basename(line[2]) == target]

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Loaded before the program: notes in the file SYNC_LOG what goes onto the disk, and in which order:
-// "file PATH", "folder PATH" for each sync and "rename FROM TO" for each rename that succeeded. Where
-// SYNC_FOLDER_ERROR is a number, no folder can be synced, for that reason. As long as the file
-// SYNC_HOLD is there, nothing gets onto the disk, and who syncs waits.
+// Loaded before the program: writes to the file SYNC_LOG, in their order, "file PATH" or "folder
+// PATH" for each sync, and "rename FROM TO" for each rename that succeeded. If SYNC_FOLDER_ERROR is
+// set, each sync of a folder fails with that errno. As long as the file SYNC_HOLD is there, every
+// sync waits.
 #define _GNU_SOURCE
 #include <errno.h>
 #include <fcntl.h>
@@ -23,7 +23,7 @@ static void note(const char* what, const char* first, const char* second) {
     }
 }
 
-// The disk is slow: as long as the file SYNC_HOLD is there.
+// Simulates a slow disk: waits as long as the file SYNC_HOLD is there.
 static void hold(void) {
     const char* name = getenv("SYNC_HOLD");
     while (name != NULL && access(name, F_OK) == 0) {

@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
-"""What a script for murmelo-headless can hold, as the program lists it."""
+"""Reads what a script for murmelo-headless can contain, as the program's --list prints it."""
 import subprocess
 
 
 class Words:
-    """The lines of --list."""
+    """The parts of the output of --list."""
 
     def __init__(self, text):
         parts = {}
@@ -19,11 +19,11 @@ class Words:
         self.screens = parts["Screens:"]
 
     def verbs(self):
-        """The forms without their arguments: these are in capitals, or have a choice in them."""
+        """The forms without their arguments, which are in capitals or have a choice in them."""
         return [" ".join(word for word in form.split() if word.islower() and "|" not in word) for form in self.forms]
 
     def choices(self):
-        """The forms, each choice by itself: "swipe left" and "swipe right"."""
+        """The forms, one for each choice: "swipe left" and "swipe right"."""
         found = []
         for form in self.forms:
             words = form.split()

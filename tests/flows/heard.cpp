@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// flow-heard: is what the speaker has played the effect of what the microphone has heard?
+// flow-heard: compares what the speaker has played with the effect of what the microphone has
+// heard.
 //
 //   flow-heard SPEAKER.wav EFFECT VOICE.wav TAKE_MS VOLUME [heard=MS] [clock=MS]
 //
-// TAKE_MS may be "all": the voice was taken as it is. EFFECT is the command line tool's word for
-// it. The take is worked out again here, from the voice and the effects alone, without a screen.
+// TAKE_MS may be "all": the voice became the take as it is. EFFECT is the command line tool's word.
+// The expected sound is worked out from the voice and the effects, without a screen.
 #include "ArrFunc.h"
 #include "FxCatalogue.h"
 #include "ShellHost.h"
@@ -37,7 +38,7 @@ Samples read(const char* path, int32_t rateHz) {
     return samples;
 }
 
-/// Pairs become their means, rounded down.
+/// Replaces each pair by its mean, rounded down.
 Samples halved(const Samples& samples) {
     Samples half;
     for (size_t i = 0; i + 1 < samples.size(); i += 2) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// screen-messages FOLDER: pictures of the fatal messages that no journey can raise, as
+// screen-messages FOLDER: takes pictures of the fatal messages that no journey can cause, as
 // FOLDER/KIND_LANGUAGE.png.
 #include "AppImage.h"
 #include "G.h"

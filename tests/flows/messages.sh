@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The fatal messages that no journey can raise, a row for each language, pixel for pixel:
+# Compares, pixel for pixel, the fatal messages that no journey can cause, a row for each language:
 #   messages.sh SCREEN-MESSAGES SHEET GOLDEN.png
-# A difference leaves GOLDEN_actual.png beside it for the eye. With UPDATE=1 the golden is written.
+# If they differ, GOLDEN_actual.png is written beside it, to look at. With UPDATE=1 the golden is written.
 set -eu
 messages=$1 sheet=$2 golden=$3
 folder=$(mktemp -d)

@@ -4,10 +4,10 @@
 #
 #   run-flow.sh SCRIPT PROGRAM HEARD SOURCE
 #
-# PROGRAM is murmelo-headless, HEARD the program that compares what was heard with the effects
-# themselves, SOURCE the source tree. The journey starts with an empty home and no settings, in a
-# folder of its own that holds hello.wav. Every frame of it has to show what was painted. Comments of
-# the script prepare and judge it:
+# PROGRAM is murmelo-headless, HEARD the program that compares the sound of the speaker with the
+# effects themselves, SOURCE the source tree. The journey starts with an empty home and no settings, in a
+# folder of its own with hello.wav. Every frame must show what was painted. Comments of the script
+# prepare the journey and say what it must leave:
 #
 #   #! home NAME [FILE]     a file in the sound folder beforehand (FILE: its content; else a text)
 #   #! folder NAME          a folder in the sound folder beforehand, with a file "kept" in it
@@ -16,16 +16,16 @@
 #   #! elsewhere            the sound folder is a symbolic link to a folder outside the home
 #   #! config LINE          a line of the settings beforehand
 #   #! args WORD...         more arguments for the program
-#   #! left NAME...         files in the sound folder afterwards (none if left out)
+#   #! left NAME...         files in the sound folder afterwards (none without this line)
 #   #! same NAME NAME       two files of the sound folder are equal afterwards
 #   #! alike NAME NAME      two pictures that the script took are equal afterwards
 #   #! unlike NAME NAME     two pictures that the script took differ afterwards
-#   #! settings LINE        the settings afterwards ("none": there are none; left out: not looked at)
+#   #! settings LINE        the settings afterwards ("none": there are none; without this line: not checked)
 #   #! heard FILE EFFECT VOICE TAKE_MS VOLUME [heard=MS] [clock=MS]
-#                           what the speaker has played into FILE (see heard.cpp)
-#   #! status N             exit status, 0 if left out
-#   #! error TEXT           the next line on standard error contains this; no other lines are there
-#   #! again                what follows is another run with the same home and settings
+#                           the sound that the speaker has written to FILE (see heard.cpp)
+#   #! status N             exit status; 0 without this line
+#   #! error TEXT           the next line on standard error contains this; there must be no other lines
+#   #! again                the next lines are another run with the same home and settings
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 export MURMELO_CHECK_FRAMES=1
@@ -43,7 +43,7 @@ complain() {
     wrong=1
 }
 
-# The arguments of each directive of that name in a part.
+# said NAME PART: the arguments of each directive of that name in a part of the script.
 said() {
     sed -n "s/^#! $1\( \|\$\)//p" "$2"
 }

@@ -1,6 +1,6 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# What murmelo-headless prints when something is wrong: one clear sentence; and its status.
+# Checks the one sentence that murmelo-headless prints for each kind of error, and its exit status.
 #
 #   run-status.sh CASE PROGRAM SOURCE
 set -u
@@ -15,7 +15,7 @@ unset MURMELO_DATA MURMELO_HOME
 
 wrong=0
 
-# expect STATUS TEXT COMMAND...: TEXT is part of the one line on standard error, "" for none there.
+# expect STATUS TEXT COMMAND...: checks the status, and that the one line on standard error has TEXT ("": no line).
 expect() {
     local status=$1 text=$2 found
     shift 2
@@ -36,7 +36,7 @@ expect() {
 
 run=("$program" --home home --config config)
 
-# A script of one line that fails.
+# line STATUS TEXT LINE: checks a script of one line, which fails.
 line() {
     echo "$3" >line
     expect "$1" "line 1: $2" "${run[@]}" line
@@ -97,7 +97,7 @@ pictures-missing)
     cp "$program" alone
     expect 1 'the folder with the pictures, "Res", is missing' \
         ./alone --home home --config config fine
-    # An empty folder, and one of damaged files: nothing to see, but everything works.
+    # With an empty folder of pictures, or damaged files in it, nothing is visible, but everything works.
     mkdir -p data/Res
     printf 'expect screen FirstLang\nkey middle\nuntil Options\nkey right\nexpect ended\n' >blind
     expect 0 '' env MURMELO_DATA="$folder/data" ./alone --home home --config config blind
@@ -115,7 +115,7 @@ home-not-writable)
         "$program" --home /proc --config config fine
     ;;
 settings-not-writable)
-    # The language holds for this run, and is asked for again in the next one.
+    # The language is used in this run; the next one asks again.
     printf 'tap 240 432\nkey middle\nexpect screen Splash\nuntil Options\n' >spanish
     expect 0 '' "$program" --home home --config fine spanish
     expect 0 '' "$program" --home home --config fine fine
@@ -128,7 +128,7 @@ second-instance)
     expect 0 '' flock -n home/.murmelo.lock "$program" --home other --config config fine
     ;;
 sound-folder)
-    # Whatever is wrong with it, the sentence names it, and then comes the message of the screen.
+    # Whatever is wrong with the folder, the sentence names it, and after it the screen shows its message.
     printf 'key middle\nexpect screen MessageAndQuit\nkey middle\nexpect ended\n' >refused
     ln -s "$folder/disk/sounds" home/Murmelo
     expect 0 "the folder \"$folder/disk/sounds\" cannot be made: No such file or directory" "${run[@]}" refused
@@ -180,7 +180,7 @@ odd-scripts)
     expect 2 'the script "home" cannot be read: Is a directory' "${run[@]}" home
     expect 2 'the script "-" cannot be read: Is a directory' bash -c '"$@" - <home' _ "${run[@]}"
     expect 2 'the script "-" cannot be read: Bad file descriptor' bash -c '"$@" - <&-' _ "${run[@]}"
-    # It opens, and its first byte cannot be read.
+    # A file that can be opened, but not read.
     expect 2 'the script "/proc/self/mem" cannot be read: Input/output error' "${run[@]}" /proc/self/mem
     ;;
 odd-sounds)
@@ -196,7 +196,7 @@ odd-sounds)
     done
     ;;
 settings-out-of-reach)
-    # The language holds for this run, and nothing is written.
+    # The language is used in this run, and nothing is written.
     printf 'tap 240 432\nkey middle\nexpect screen Splash\nuntil Options\n' >spanish
     mkfifo config/settings
     expect 0 'config/settings" cannot be read and stay as they are: it is a pipe' "${run[@]}" spanish

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Every screen in one language, compared pixel for pixel with the sheet made before:
+# Compares every screen in one language, pixel for pixel, with the committed sheet:
 #   screens.sh HEADLESS SHEET VOICE.wav LANGUAGE-INDEX GOLDEN.png
-# A difference leaves GOLDEN_actual.png beside it for the eye. With UPDATE=1 the golden itself is written.
+# If they differ, GOLDEN_actual.png is written beside it, to look at. With UPDATE=1 the golden itself is written.
 set -eu
 headless=$1 sheet=$2 voice=$3 lang=$4 golden=$5
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-# A later start in this language: the rest of the script comes on standard input.
+# A later start in this language, with the rest of the script on standard input.
 run() {
     rm -rf "${folder:?}/home" "$folder/config"
     mkdir -p "$folder/config"
@@ -18,7 +18,7 @@ run() {
 
 rm -rf "${folder:?}/home" "$folder/config"
 row=$((306 + 62 * lang))  # of the language list, on the display
-# English has the focus already: a touch on it would choose it.
+# English has the focus already, and a touch on the focused entry would choose it.
 "$headless" --home "$folder/home" --config "$folder/config" - <<END
 $([ "$lang" = 0 ] || echo "tap 240 $row")
 shot-canvas $folder/first.png
@@ -73,7 +73,7 @@ until Options
 shot-canvas $folder/asking-below.png
 shot $folder/asking-display.png
 END
-# The question stands over the picture, not in it: only the display shows it.
+# The question is painted over the picture, not into it: only a picture of the display shows it.
 "$sheet" --halve --top 160 "$folder/asking.png" "$folder/asking-display.png"
 
 run <<END

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// strip-states FOLDER LANGUAGE: pictures of the strip in each of its states, as FOLDER/STATE.png,
-// and of what it lays over the picture, as FOLDER/over-STATE.png.
+// strip-states FOLDER LANGUAGE: takes pictures of the strip in each of its states, as
+// FOLDER/STATE.png, and of its sheets over the picture, as FOLDER/over-STATE.png.
 #include "HostMessage.h"
 #include "HostWords.h"
 #include "Languages.h"
@@ -22,7 +22,7 @@ namespace {
 constexpr const char* kMicrophone = "Headset H390 Mono";
 constexpr const char* kSound = "~/Music/Murmelo/rec_00003.wav";
 
-/// In the order of the heads.
+/// The texts' ids of the effects, in the order of the heads.
 constexpr const int32_t* kEffects[] = {
     &Str::str_FX_NO_EFFECT,  &Str::str_FX_ROBOT,           &Str::str_FX_BACKWARDS,
     &Str::str_FX_HIGH_PITCH, &Str::str_FX_LOW_PITCH,       &Str::str_FX_FAST_TALKER,
@@ -114,7 +114,6 @@ private:
         tell("cut-for", {"cutFor", {"Input/output error"}});
         tell("disk-full", {"diskFull", {}, {64, 90}});
         tell("seconds-kept", {"secondsKept", {"Input/output error"}, {64, 90}});
-        tell("first-seconds-only", {"firstSecondsOnly", {}});
         tell("deleted", {"deleted", {"rec_00003.wav"}}, StripWish::Kind::kHostsOwn);
         tell("take-gone", {"takeGone", {}}, bringBack);
         tell("take-is-back", {"takeIsBack", {}});

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The strip in each of its states in one language, pixel for pixel:
+# Compares the strip in each of its states in one language, pixel for pixel, with the committed sheet:
 #   strip.sh STRIP-STATES SHEET LANGUAGE GOLDEN.png
-# What lies over the picture is in GOLDEN-over.png. A difference leaves GOLDEN_actual.png beside it for the eye. With
-# UPDATE=1 the goldens are written.
+# The sheets over the picture are in GOLDEN-over.png. If they differ, GOLDEN_actual.png is written beside it, to
+# look at. With UPDATE=1 the goldens are written.
 set -eu
 states=$1 sheet=$2 language=$3 golden=$4
 folder=$(mktemp -d)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# How the sources are compiled: with all that Debian's hardening=+all asks for, and with what CPPFLAGS and
-# LDFLAGS bring from outside.
+# Checks that the sources are compiled with all flags of Debian's hardening=+all, and with those of CPPFLAGS and LDFLAGS
+# from the environment.
 #
 #   build-flags.sh BUILD SOURCE
 build=$(realpath "$1") source=$(realpath "$2")
@@ -9,7 +9,7 @@ build=$(realpath "$1") source=$(realpath "$2")
 . "$(dirname "$0")/common.sh"
 unset DEB_BUILD_OPTIONS DEB_BUILD_MAINT_OPTIONS CPPFLAGS CXXFLAGS CFLAGS LDFLAGS
 
-# without FLAG FOLDER: the sources below src that are not compiled with this flag in this build folder.
+# without FLAG FOLDER: lists the sources below src that are not compiled with this flag in this build folder.
 without() {
     python3 - "$1" "$2/compile_commands.json" "$source/src/" <<'END_PYTHON'
 import json, shlex, sys
@@ -35,7 +35,7 @@ for flag in $hardening; do
     [ -z "$missing" ] || complain "not compiled with $flag: $missing"
 done
 
-# A builder of packages may ask for more than we do, and it is not taken back.
+# A builder of packages may ask for a higher level than ours, which must not be lowered.
 LDFLAGS=-Wl,--defsym=murmelo_from_outside=1 \
     CPPFLAGS='-DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3' cmake -S "$source" -B "$folder/configured" -G Ninja \
     -DCMAKE_BUILD_TYPE=Release -DMURMELO_TESTS=OFF -DMURMELO_TOOLS=OFF >"$folder/log" 2>&1 ||
@@ -46,7 +46,7 @@ for flag in -DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3; do
 done
 grep -q -- '-D_FORTIFY_SOURCE=2' "$folder/configured/compile_commands.json" && complain "level 3 was lowered to 2"
 
-# unlinked FLAG FOLDER: the programs of this build folder that are not linked with this flag.
+# unlinked FLAG FOLDER: lists the programs of this build folder that are not linked with this flag.
 unlinked() {
     python3 - "$1" "$2/build.ninja" <<'END_PYTHON'
 import re, shlex, sys

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What the tests of the packaging share: a folder of their own, and complaints that are counted. Sourced.
+# Shared by the tests of the packaging, which source it: makes a folder of their own, and counts errors.
 # shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "wrong" and set "source" and "build"
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
@@ -14,10 +14,10 @@ complain() {
     wrong=1
 }
 
-# stage BUILD DESTDIR PREFIX: installs, with the notes for uninstalling in $folder: those of the build folder may be of
-# an installation that somebody means to take away again.
+# stage BUILD DESTDIR PREFIX: installs, with the notes for uninstalling in $folder: the notes of the build folder
+# may belong to a real installation.
 stage() {
-    # By somebody whose own files are private.
+    # With a umask that makes files private.
     (umask 077 && DESTDIR=$2 MURMELO_INSTALL_NOTES=$folder cmake --install "$1" --prefix "$3") >"$folder/log" 2>&1 ||
         complain "installing failed: $(cat "$folder/log")"
 }
@@ -27,13 +27,13 @@ unstage() { # DESTDIR
         complain "uninstalling failed: $(cat "$folder/log")"
 }
 
-# Every file, folder and link below a folder, with what it holds.
+# Lists every file, folder and link below a folder, with its content.
 inventory() {
     (cd "$1" && find . -printf '%p %y %m %l\n' | sort && find . -type f -exec sha1sum {} + | sort)
 }
 
-# journey PREFIX: speaks through the programs installed there, from another folder and as a new user; in
-# $folder/user is what that user has afterwards.
+# journey PREFIX: runs a journey with the programs installed there, from another folder and as a new user. After it,
+# $folder/user holds that user's files.
 journey() {
     local bin=$1/bin
     rm -rf "$folder/user" "$folder/elsewhere"
@@ -63,7 +63,7 @@ END
         complain "the journey failed with $bin/murmelo-headless"
 }
 
-# After a journey: its pictures, and so its fonts, are those of the build folder, to the byte.
+# After a journey: checks that its pictures, and so its fonts, equal those of the build folder, byte for byte.
 expect_same_pictures() {
     mkdir "$folder/here"
     mv "$folder/elsewhere"/*.png "$folder/here"
@@ -74,7 +74,7 @@ expect_same_pictures() {
     done
 }
 
-# The robot speaks at 89 Hz, whatever is said to it.
+# The robot speaks at 89 Hz, whatever the voice is.
 expect_robot() { # PREFIX SOUND
     local facts
     facts=$("$1/bin/murmelo-fx" --measure "$2")

@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# What bash, zsh and fish offer for a program: every option that it has, and no other; its effects, files and folders.
+# Checks what bash, zsh and fish offer for a program: all its options and no others, its effects, files and folders.
 #
 #   completions.sh PROGRAM SOURCE
 program=$(realpath "$1") source=$(realpath "$2")
 # shellcheck source=tests/packaging/common.sh
 . "$(dirname "$0")/common.sh"
 name=$(basename "$program")
-export PATH=${program%/*}:$PATH # the effects and the devices are those that the program names
+export PATH=${program%/*}:$PATH # completions ask the program for its effects and devices
 for_bash=$source/packaging/completion/$name.bash
 for_zsh=$source/packaging/completion/_$name
 for_fish=$source/packaging/completion/$name.fish
@@ -19,7 +19,7 @@ fish --no-execute "$for_fish" || complain "$for_fish does not parse"
 "$program" --help | sed -n '/^Options:/,/^$/p' | grep -oE -- '--[a-z][a-z-]*' | sort -u >"$folder/helped"
 [ "$(wc -l <"$folder/helped")" -ge 6 ] || complain "--help names too few options: $(cat "$folder/helped")"
 
-# The words that bash offers for the last of a line.
+# The words that bash offers for the last word of a line.
 offered() {
     bash -c '
         compopt() { :; }
@@ -41,7 +41,7 @@ expect() { # WANTED WORD...: what bash offers, in one line
 offered "$name" -- | sort >"$folder/bash"
 diff "$folder/helped" "$folder/bash" || complain "--help (<) and bash (>) have other options"
 
-# The words that fish offers for the last of a line.
+# The words that fish offers for the last word of a line.
 offered_by_fish() { # LINE
     # shellcheck disable=SC2016  # fish expands them
     XDG_CONFIG_HOME=$folder/fish XDG_DATA_HOME=$folder/fish HOME=$folder/fish \
@@ -57,7 +57,7 @@ expect_of_fish() { # WANTED LINE
 offered_by_fish "$name --" | grep -E -- '^--[a-z]' >"$folder/fish-options"
 diff "$folder/helped" "$folder/fish-options" || complain "--help (<) and fish (>) have other options"
 
-# A zsh in a terminal of its own, asked by the tab key; where there are no such terminals, its options are read.
+# A zsh in a pseudo terminal, asked with the tab key; without pseudo terminals, the options are read from its file.
 if zsh -fc 'zmodload zsh/zpty && zpty probe true' 2>/dev/null; then
     zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" >"$folder/zsh-said"
     tr -s '[:space:]' '\n' <"$folder/zsh-said" | grep -E -- '^--[a-z]' | sort -u >"$folder/zsh"
@@ -103,7 +103,7 @@ murmelo)
     expect "some folder" "$name" --home = ""
     expect "some folder" "$name" --config ""
     expect voice.wav "$name" --microphone v
-    # The names of devices, as the program tells them.
+    # The names of devices, as the program lists them.
     cat >murmelo <<'END'
 #!/bin/sh
 printf 'Microphones:\n  Headset Mono\n  Built-in\nSpeakers:\n  Hall\n'

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The Debian package satisfies lintian, works once it is installed, and leaves nothing when it is purged.
+# Checks that the Debian package satisfies lintian, works when it is installed, and leaves nothing when it is purged.
 #
-#   debian-package.sh BUILD SOURCE VERSION HARDENED     HARDENED: whether the build folder's programs are (ON or OFF)
+#   debian-package.sh BUILD SOURCE VERSION HARDENED     HARDENED: ON if the build folder's programs are hardened, else OFF
 build=$(realpath "$1") source=$(realpath "$2") version=$3 hardened=$4
 # shellcheck source=tests/packaging/common.sh
 . "$(dirname "$0")/common.sh"
@@ -14,14 +14,14 @@ fi
 deb=$(echo "$folder"/packed/murmelo_"$version"-1_*.deb)
 [ -f "$deb" ] || complain "the package has another name: $(ls "$folder/packed")"
 
-# Its warnings are as good as errors.
+# Warnings count as errors.
 said=$(lintian --fail-on error,warning "$deb" 2>/dev/null) || complain "lintian: $said"
 [[ $said == *[EW]:* ]] && complain "lintian: $said"
 zcat < <(dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/doc/murmelo/changelog.Debian.gz) >"$folder/changelog"
 grep -q "^murmelo ($version-1) " <<<"$(head -n 1 "$folder/changelog")" || complain "the changelog is of another version"
 dpkg-deb --fsys-tarfile "$deb" | tar -tv | awk '$2 != "root/root"' | grep . && complain "not all of that is root's"
 
-# A root folder of its own, as dpkg wants to find it. Being root is pretended.
+# A root folder of its own with what dpkg needs, and a simulated root user.
 root=$folder/root
 mkdir -p "$root/var/lib/dpkg"/{info,updates,triggers,parts} "$root/usr/share/icons/hicolor" "$root/etc"
 touch "$root/var/lib/dpkg/status" "$root/var/lib/dpkg/available" "$root/usr/share/icons/hicolor/index.theme"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The desktop entry and the metainfo are valid, tell the truth, and speak every language that the program speaks.
+# Checks that the desktop entry and the metainfo are valid and true, and have every language of the program.
 #
 #   desktop.sh BUILD SOURCE VERSION LANGUAGE...
 build=$(realpath "$1") source=$(realpath "$2") version=$3 languages=("${@:4}")
@@ -15,7 +15,7 @@ metainfo=$share/metainfo/org.murmelo.Murmelo.metainfo.xml
 warnings=$(desktop-file-validate "$entry" 2>&1) || complain "desktop-file-validate: $warnings"
 [ -z "$warnings" ] || complain "desktop-file-validate: $warnings"
 appstreamcli validate --no-net "$metainfo" >"$folder/said" 2>&1 || complain "appstreamcli: $(cat "$folder/said")"
-# It exits with 0 for what it calls a warning or an information.
+# Its exit status is 0 also for warnings and informations.
 grep -E '^[EWI]:' "$folder/said" && complain "appstreamcli: $(cat "$folder/said")"
 appstreamcli validate-tree --no-net "$folder/stage" >"$folder/said" 2>&1 || complain "in its tree: $(cat "$folder/said")"
 

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# A shipped program makes it hard to turn a mistake in it into an attack. Each is read from the program's own headers:
-# it is loaded at another address each time, its table of library functions is read-only before it begins, its stack
-# holds no code, and overwritten stacks and overrun buffers end it.
+# Checks the hardening of a program by its own headers: it is loaded at another address each time, its table of library
+# functions is read-only before it begins, its stack cannot be executed, and overwritten stacks or buffers end it.
 #
 #   hardening.sh PROGRAM
 set -u

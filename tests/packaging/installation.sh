@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# What is installed works where it is, from anywhere, and goes away without a trace.
+# Checks that the installed programs work, from any folder and after a move, and are removed without a trace.
 #
 #   installation.sh CASE BUILD SOURCE
 build=$(realpath "$2") source=$(realpath "$3")
@@ -18,7 +18,7 @@ journey-from-staging-folder)
     for part in Res framework; do
         diff -r "$source/res/$part" "$prefix/share/murmelo/$part" || complain "$part is not all there"
     done
-    # And really its own.
+    # Checks that these are the pictures used: without them the program must fail.
     mv "$prefix/share/murmelo" "$folder/away"
     (cd "$folder/elsewhere" && "$prefix/bin/murmelo-headless" --home home --config config robot.txt) 2>"$folder/err" &&
         complain "there are pictures without pictures"
@@ -46,13 +46,13 @@ moved-tree)
     mkdir -p "$folder/a folder"
     mv "$folder/first" "$folder/a folder/second"
     journey "$folder/a folder/second"
-    # A link to a program, as people keep them in a folder of their own.
+    # A link to a program, as users have them in a folder of their own.
     mkdir "$folder/links"
     ln -s "$folder/a folder/second/bin/murmelo-headless" "$folder/links/mh"
     (cd "$folder/elsewhere" && "$folder/links/mh" --home home --config config robot.txt) || complain "not by its link"
     ;;
 every-file-a-link)
-    # As a farm of links installs it: each file lies elsewhere under another name, and a link to a link leads there.
+    # Installed as a tree of links: each file is elsewhere under another name, and a link to a link leads there.
     stage "$build" "$folder/stage" /usr
     prefix=$folder/stage/usr
     mkdir "$folder/store" "$folder/between"
@@ -93,7 +93,7 @@ window-program)
     grep -q -- --nonsense "$folder/err" || complain "the mistake is not named: $(cat "$folder/err")"
     "$prefix/bin/murmelo" --home "$folder/home" "$folder/nothing.wav" >"$folder/out" 2>"$folder/err"
     [ $? = 1 ] || complain "a missing sound has another status than 1"
-    # The icon of its window lies where it is looked for, and is no second copy.
+    # The icon of its window is where the program looks for it, and is a link, not a second copy.
     icon=$prefix/share/murmelo/icons/murmelo-64.png
     [ -L "$icon" ] || complain "$icon is no link"
     cmp "$icon" "$source/res/icons/murmelo-64.png" || complain "$icon is no icon"
@@ -109,12 +109,12 @@ icons)
     [ "$(find "$hicolor" -mindepth 1 -maxdepth 1 | wc -l)" = 10 ] || complain "there should be eight sizes, a scalable and a symbolic one: $(ls "$hicolor")"
     symbolic=$hicolor/symbolic/apps/org.murmelo.Murmelo-symbolic.svg
     rsvg-convert "$symbolic" -o "$folder/symbolic.png" || complain "the symbolic icon cannot be drawn"
-    # Desktops exchange this very colour, and want a picture of 16 pixels.
+    # Desktops replace exactly this colour, and expect a picture of 16 pixels.
     [ "$(grep -o '#[0-9a-f]*' "$symbolic" | sort -u)" = "#2e3436" ] || complain "the symbolic icon has another colour"
     [ "$(identify -format '%w %h' "$folder/symbolic.png")" = "16 16" ] || complain "the symbolic icon has another size"
     rsvg-convert -w 64 "$hicolor/scalable/apps/org.murmelo.Murmelo.svg" -o "$folder/scalable.png" ||
         complain "the scalable icon cannot be drawn"
-    # Drawn at one of the sizes, it is the same picture, but for the other's dither.
+    # Drawn at one of the sizes, it is the same picture, except for the dither of that one.
     difference=$(compare -metric MAE "$folder/scalable.png" "$hicolor/64x64/apps/org.murmelo.Murmelo.png" null: 2>&1 |
         sed 's/.*(\(.*\))/\1/')
     awk "BEGIN { exit !($difference < 0.02) }" || complain "the scalable icon is another picture: $difference"
@@ -125,7 +125,7 @@ licences)
     grep -q 'Copyright 2013 Intel' "$papers/licences/clear-sans.txt" || complain "the fonts have no notice"
     grep -q 'END OF TERMS AND CONDITIONS' "$papers/licences/clear-sans.txt" || complain "the fonts' terms are not whole"
     grep -q 'Redistributions in binary form' "$papers/licences/cli11.txt" || complain "CLI11 has no notice"
-    # Every font that is installed is named.
+    # Every installed font is named.
     find "$folder/stage/usr/share/murmelo" -name '*.bmf' -printf '%P\n' >"$folder/fonts"
     [ "$(wc -l <"$folder/fonts")" = 3 ] || complain "there should be three fonts: $(cat "$folder/fonts")"
     while read -r font; do
@@ -134,7 +134,7 @@ licences)
     done <"$folder/fonts"
     ;;
 uninstalled-without-a-trace)
-    # A prefix that others use too, with an empty folder that was there before.
+    # A prefix that other programs use too, with an empty folder that existed before.
     prefix=$folder/prefix
     mkdir -p "$prefix/share/man/man1" "$prefix/share/applications" "$prefix/share/icons/hicolor/64x64/apps" "$prefix/bin"
     echo other | tee "$prefix/bin/other" "$prefix/share/applications/other.desktop" >"$prefix/share/icons/hicolor/icon"
@@ -145,7 +145,7 @@ uninstalled-without-a-trace)
     unstage ""
     inventory "$prefix" >"$folder/after"
     diff "$folder/before" "$folder/after" || complain "the prefix is not as it was"
-    # What the user keeps: the sound, and the language.
+    # The user's files stay: the sound, and the language.
     (cd "$folder/user" && find . -type f | sort) >"$folder/kept"
     printf '%s\n' ./.config/murmelo/settings ./.local/share/murmelo/Murmelo/rec_00000.wav |
         diff - "$folder/kept" || complain "the user keeps something else"

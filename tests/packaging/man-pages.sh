@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# A program's man page renders without a warning and has the options that the program has, and no others.
+# Checks that a program's man page renders without a warning, and has exactly the program's options.
 #
 #   man-pages.sh PROGRAM SOURCE
 program=$(realpath "$1") source=$(realpath "$2")
@@ -32,7 +32,7 @@ murmelo-fx)
 esac
 if [ "$name" != murmelo-fx ]; then
     sed -n '/^ENVIRONMENT/,/^FILES/p' "$folder/text" >"$folder/environment"
-    # The finished program knows their names.
+    # The names of the variables are those that are in the program's file.
     variables=$(grep -aohE '\b(MURMELO_(HOME|DATA|CONFIG)|XDG_(CONFIG|DATA|CACHE|STATE)_HOME)\b' "$program" | sort -u)
     [ "$(wc -w <<<"$variables")" -ge 4 ] || complain "too few variables: $variables"
     for variable in $variables; do

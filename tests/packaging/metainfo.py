@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a validator does not know of the metainfo: metainfo.py FILE VERSION DESKTOP_ENTRY MIME_TYPES LANGUAGE..."""
+"""metainfo.py FILE VERSION DESKTOP_ENTRY MIME_TYPES LANGUAGE...: checks of the metainfo that no validator can make."""
 
 import sys
 import xml.etree.ElementTree as tree
@@ -15,7 +15,7 @@ def complaints(root, version, entry, types, *languages):
     marks = [None if code == "en" else code for code in languages]
     for tag in TRANSLATED:
         found = [language(element) for element in root.iter(tag)]
-        # Each text stands with all its translations, one after the other.
+        # Each text is followed by all its translations.
         if not found or found != marks * (len(found) // len(marks)):
             yield f"<{tag}> does not come in every language: {found}"
     texts = [element.text for tag in ("summary", "p", "li") for element in root.iter(tag)]

@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""screenshots.py SOURCE LANGUAGE...: what the metainfo is to show of the program is there, in its size and in every language.
+"""screenshots.py SOURCE LANGUAGE...: checks that the pictures for the metainfo exist, in the right size, with a caption in
+every language.
 
-The list is put into a copy of the metainfo with an address, which must then be valid.
+The list is put into a copy of the metainfo, with an address, and that copy must be valid.
 """
 import os
 import re
@@ -12,7 +13,7 @@ import tempfile
 import xml.etree.ElementTree as tree
 
 LANG = "{http://www.w3.org/XML/1998/namespace}lang"
-MAX_CAPTION = 100  # characters: what software centres show without cutting
+MAX_CAPTION = 100  # characters: software centres cut longer ones
 
 
 def size_of(path):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""translations.py SOURCE: the man pages in other languages say what the English ones say, as far as a program can tell.
+"""translations.py SOURCE: compares the man pages in other languages with the English ones, as far as a program can.
 
 A translation has the sections, paragraphs and entries of the English page in their order, the same options, effects,
 variables and files as their tags, the same numbers, and the same examples. No sentence is left in English, and each page
@@ -20,12 +20,12 @@ def without_examples(text):
 
 
 def structure(text):
-    """The macros that begin something, and the lists that are in the English page only as comments."""
+    """The macros that begin sections, paragraphs and entries, and the marks of the generated lists."""
     return re.findall(r"^\.(SH|SS|TP|PP|EX|EE|RS|RE|br)\b", text, re.M)
 
 
 def tags(text):
-    """What is typed as it stands: options, names in capitals or with a point or an underline, effects."""
+    """The words that are not translated: options, names in capitals or with a point or an underline, effects."""
     found = []
     for tag in re.findall(r"^\.TP\n(.*)$", text, re.M):
         found += re.findall(r"\\-\\-[a-z\\-]+|\\-h\b|\b[A-Z]{3,}_[A-Z_]+|DISPLAY\b|[\w~/.]*[_/.][\w/.]*[a-z]|^\.B [a-z]+$|\bF\d+\b|^\.B \d$",

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// A file as speaker collects the clips at their time and volume.
 #include "ClipEnds.h"
 #include "FileSpeaker.h"
 #include "TestFolders.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Addresses of files, as desktops write them.
+// Addresses of files, as desktops write them, become paths, and paths addresses.
 #include "FileUri.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// New folders are on the disk before what lies in them counts as kept: a power cut would take both.
+// New folders are synced before a file in them counts as kept: a power cut could remove both.
 #include "LastTake.h"
 #include "ReplacedFile.h"
 #include "SafeFile.h"
@@ -17,11 +17,11 @@
 
 namespace {
 
-std::set<std::string> synced;  // paths of all that was put onto the disk
+std::set<std::string> synced;  // paths of all files and folders that were synced
 
 }  // namespace
 
-/// Takes the place of the system's in this program, and writes down what it was called for.
+/// Replaces the system's fsync() in this program, and notes what it was called for.
 extern "C" int fsync(int fd) {
     std::error_code error;
     synced.insert(

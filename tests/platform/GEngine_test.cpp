@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The whole loop: OspMain on a host that works off steps.
+// The whole loop: OspMain() on a host that carries out the steps of a test.
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "G.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the outside may ask of the program, screen by screen.
+// The program's doors do their work, or refuse it, screen by screen.
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "Event.h"
@@ -87,7 +87,7 @@ protected:
         return {first, first + ptrdiff_t{480} * 64};
     }
 
-    /// The canvas once a slide has come to its end.
+    /// The canvas after a slide has ended.
     std::vector<uint8_t> settledPicture() {
         host.nowMs += 1000;
         tick();

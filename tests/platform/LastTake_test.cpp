@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The copy of the take recorded last: whole, for its user only, and there until it is forgotten.
+// The last take is kept complete, readable for its user only, until it is replaced or deleted.
 #include "FullDisk.h"
 #include "LastTake.h"
 #include "TakeKeeper.h"
@@ -57,7 +57,7 @@ TEST_F(LastTakeTest, comesBackSampleForSample) {
     EXPECT_EQ("", last.keep(voice));
     EXPECT_TRUE(last.isThere());
     EXPECT_EQ(voice, broughtBack());
-    EXPECT_EQ(voice, broughtBack());  // as often as one likes
+    EXPECT_EQ(voice, broughtBack());  // any number of times
     EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// A problem is a sentence, and converts to true if there is one.
 #include "Problem.h"
 
 #include <gtest/gtest.h>

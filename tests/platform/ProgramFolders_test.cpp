@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The program finds its folders by options, variables and the desktop's settings, and locks them.
 #include "ProgramFolders.h"
 #include "TestFolders.h"
 
@@ -52,7 +53,7 @@ protected:
         return std::filesystem::canonical(folders.path(name)).string();
     }
 
-    /// Asks in a child process: a user with all rights can read everything.
+    /// Asks in a child process without rights, because root can read everything.
     static bool isWhatAUserWithoutRightsHears(const HostFolders& found, const std::string& words) {
         constexpr uid_t kNobody = 65534;
         if (geteuid() == 0 && chown(found.sounds().c_str(), kNobody, kNobody) != 0) {
@@ -325,7 +326,7 @@ TEST(HomeLock, theFileOfAProgramThatWasKilledIsTakenOver) {
     EXPECT_FALSE(folders.has(kLock));
 }
 
-// Somebody empties the folder while the program runs, and starts another one there.
+// Another program has emptied the folder while this one runs, and has taken the lock.
 TEST(HomeLock, aFileThatReplacedItsOwnIsNotTakenAway) {
     const TestFolders folders;
     {

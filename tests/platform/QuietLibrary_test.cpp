@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Standard output and standard error lead nowhere for a while, and then where they led before.
+// Standard output and standard error are hidden for a while and then restored.
 #include "QuietLibrary.h"
 
 #include <gtest/gtest.h>

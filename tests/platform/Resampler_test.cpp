@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a sound of another rate keeps and loses: level, pitch, length, and nothing at a wrong pitch.
+// A converted sound keeps its level, pitch and length, and has nothing at a wrong pitch.
 #include "Resampler.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ Sound sine(int32_t rateHz, double hz) {
     return sound;
 }
 
-/// The whole sound at the new rate, given in pieces.
+/// Converts a sound in pieces.
 Sound converted(const Sound& sound, int32_t fromHz, int32_t toHz, size_t piece = 4096) {
     Resampler resampler(fromHz, toHz);
     Sound out;
@@ -37,7 +37,7 @@ Sound converted(const Sound& sound, int32_t fromHz, int32_t toHz, size_t piece =
     return out;
 }
 
-/// Power in the middle half of a sound, away from the edges, against that of the sine.
+/// The power in the middle half of a sound, away from the edges, relative to that of the sine.
 template <typename Wanted>
 double decibelsOff(const Sound& sound, Wanted wanted) {
     double power = 0;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Files are replaced, renamed and moved aside without losing any, whatever has their name.
 #include "SafeFile.h"
 #include "TestFolders.h"
 
@@ -23,7 +24,7 @@ protected:
 
     bool isLink(const std::string& name) { return fs::is_symlink(folders.path(name)); }
 
-    /// Writes through the whole way that the header describes.
+    /// Writes a file in all the steps that the header describes.
     bool save(const std::string& name, const std::string& text) {
         const std::string target = SafeFile::realTarget(folders.path(name));
         const int fd = SafeFile::create(target + ".new");
@@ -35,7 +36,7 @@ protected:
     TestFolders folders;
 };
 
-/// A file system that has no step for renaming to a free name.
+/// As on a file system that cannot rename to a free name in one step.
 bool noStep(const std::string& /*from*/, const std::string& /*to*/) {
     errno = EINVAL;
     return false;

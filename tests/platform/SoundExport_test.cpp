@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Saved sounds in other forms.
+// Saved sounds are exported in all formats.
 #include "SoundExport.h"
 #include "TestFolders.h"
 #include "TestSounds.h"

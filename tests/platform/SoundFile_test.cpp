@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Sound files of all kinds are read, converted and written; unusable ones are refused.
 #include "SoundFile.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
@@ -168,7 +169,7 @@ TEST(SoundFile, ofTenMinutesAtAnotherRateOnlyTheStartIsRead) {
         int64_t frames = 0;
         EXPECT_EQ("", SoundFile::read(folders.path("voice.wav"), 16000, wanted, read, &frames));
         EXPECT_EQ(static_cast<size_t>(wanted), read.size());
-        // What the filter reaches beyond the last sample, and the rest of a block.
+        // The frames that the filter needs after the last sample, and the rest of a block.
         EXPECT_GE(wanted * 441 / 160 + 8192, frames);
         EXPECT_LE(wanted * 441 / 160, frames);
     }

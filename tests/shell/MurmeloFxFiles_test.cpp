@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tool does when something is wrong: clear words, the right status, and never a lost file.
+// On every kind of error the tool prints a clear sentence, has the right status, and loses no file.
 #include "FxCatalogue.h"
 #include "TestFolders.h"
 #include "ToolRunner.h"
@@ -51,7 +51,8 @@ protected:
         return path(name);
     }
 
-    /// The run must fail with status 1 and one line that names the file and says these words.
+    /// Checks that the run fails with status 1 and one line that has the file's name and these
+    /// words.
     static void
     expectFailure(const shell::Result& result, const std::string& name, const std::string& words) {
         EXPECT_EQ(1, result.status);
@@ -70,7 +71,7 @@ protected:
         return count;
     }
 
-    /// The tool where a user without rights can start it.
+    /// A copy of the tool that a user without rights can start.
     std::string toolForNobody() const {
         fs::permissions(path(""), fs::perms::owner_all | fs::perms::group_read |
                                       fs::perms::group_exec | fs::perms::others_read |
@@ -83,7 +84,7 @@ protected:
     std::string good;
 };
 
-/// A full disk of 64 KiB, where this user may mount one.
+/// A full disk of 64 KiB, if this user may mount one.
 class SmallDisk {
 public:
     explicit SmallDisk(const std::string& folder)
@@ -108,7 +109,7 @@ private:
     bool mounted = false;
 };
 
-/// The disk takes no file of more bytes than this.
+/// Limits the size of files, as a full disk does.
 void limitFiles(rlim_t bytes) {
     const struct rlimit limit = {bytes, bytes};
     if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
@@ -589,7 +590,8 @@ TEST_F(MurmeloFxFiles, longSoundsEndWhereAnEffectLosesItsPlace) {
 }
 
 TEST_F(MurmeloFxFiles, theLongestSoundStillHasItsEnd) {
-    // Silence, and a tone in the last two seconds: it must come out at the end, and changed.
+    // Silence, and a tone in the last two seconds, which must be changed and at the end of the
+    // output.
     const Samples tone = audio::glide(16000, 150, 150);
     const std::string toneBytes = shell::wavBytes(8000, tone).substr(shell::kHeaderBytes);
     for (const auto& [effect, count] : {std::pair("high", 1 << 21), std::pair("drunk", 1 << 20)}) {

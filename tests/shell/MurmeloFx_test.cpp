@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tool applies the effects as the application does, whatever the sound comes in.
+// The tool applies the effects as the application does, to sounds in all kinds of files.
 #include "FxCatalogue.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -29,7 +29,8 @@ protected:
 
     std::string path(const std::string& name) const { return folders.path(name); }
 
-    /// Runs the tool on a file to "out.wav", which must work without a word; the samples of that.
+    /// Runs the tool on a file, which must succeed without output; returns the samples of
+    /// "out.wav".
     Samples apply(std::vector<std::string> options, const std::string& input) const {
         folders.remove("out.wav");
         options.push_back(input);

@@ -18,16 +18,16 @@ struct Result {
 
 class ToolRunner {
 public:
-    /// Bytes that come to standard input through a pipe; without this it is empty.
+    /// Sets the bytes that come to standard input through a pipe; without this it is empty.
     ToolRunner& input(const std::string& bytes);
 
     /// Standard output goes to this file, not to the result.
     ToolRunner& outputTo(const std::string& path);
 
-    /// Done by the child before it becomes the tool.
+    /// Sets what the child process does before it becomes the tool.
     ToolRunner& before(std::function<void()> work);
 
-    /// Another program than the tool; the first argument of run() is still the first one.
+    /// Runs another program in place of the tool, with the arguments of run().
     ToolRunner& program(const std::string& path);
 
     Result run(const std::vector<std::string>& arguments);
@@ -39,10 +39,10 @@ private:
     std::function<void()> work;
 };
 
-/// The tool with these arguments and nothing more.
+/// Runs the tool with these arguments.
 Result run(const std::vector<std::string>& arguments);
 
-/// Becomes a user without rights, if this is a user with all of them.
+/// If this process runs as root, changes to a user without rights.
 void becomeNobody();
 
 /// Bytes of a WAV file before its samples.

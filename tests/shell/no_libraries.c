@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Loaded before the program: a machine that has neither libsndfile nor libsoxr. MURMELO_MISSING is
-// the beginning of the names that are missing.
+// Loaded before the program: simulates a machine without libsndfile or libsoxr. Libraries whose
+// names begin with MURMELO_MISSING cannot be loaded.
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <stdlib.h>

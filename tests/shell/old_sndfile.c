@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Loaded before libsndfile: its lists name neither MPEG nor Opus, as those of a library that was
-// built without them.
+// Loaded before libsndfile: removes MPEG and Opus from its lists, as if the library was built
+// without them.
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <sndfile.h>

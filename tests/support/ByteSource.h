@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Bytes written out in a test, as the streams of the runtime want them.
+// Bytes of a test as a stream of the runtime.
 #pragma once
 
 #include "ArrFunc.h"

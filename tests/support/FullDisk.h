@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+// Limits the size of this process's files, as a full disk does.
 #pragma once
 
 #include <csignal>
 #include <sys/resource.h>
 
-/// While it lives, no file of this process can grow beyond a size, as on a full disk.
+/// While an object exists, writing a file beyond this size fails.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) {

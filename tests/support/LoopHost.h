@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A host for the real loop: takes its next step whenever nothing is due, and lets time pass between
-// the steps.
+// A host for the real loop: carries out the next step of the test whenever nothing is due, and lets
+// time pass between the steps.
 #pragma once
 
 #include "TestHost.h"
@@ -15,7 +15,7 @@ public:
     /// Returns true if it delivered a callback, as Host::pump does.
     using Step = std::function<bool(HostListener&)>;
 
-    /// A callback of the platform.
+    /// Adds a step that delivers a callback of the platform.
     void callback(std::function<void(HostListener&)> deliver) {
         steps.emplace_back([deliver = std::move(deliver)](HostListener& listener) {
             deliver(listener);
@@ -23,7 +23,7 @@ public:
         });
     }
 
-    /// A look or a change from inside the test, which is no callback.
+    /// Adds a step that checks or changes something without a callback.
     void check(std::function<void()> look) {
         steps.emplace_back([look = std::move(look)](HostListener&) {
             look();
@@ -31,7 +31,7 @@ public:
         });
     }
 
-    /// Time passes, and what falls due meanwhile is delivered.
+    /// Adds a step that lets time pass; what becomes due is delivered.
     void wait(int64_t ms) {
         check([this, ms] { waitEndMs = nowMs + ms; });
     }
@@ -63,11 +63,10 @@ public:
 
     void setDoors(HostDoors* offered) override { doors = offered; }
 
-    /// The application does not yield to other programs here: the clock stands still while it
-    /// works.
+    /// Unlike TestHost, does not advance the clock: it stands still while the application works.
     void yielded() override { yields++; }
 
-    int64_t lastTimeoutMs = 0;  // of the newest pump
+    int64_t lastTimeoutMs = 0;  // of the last pump()
     int32_t framesShown = 0;
     int32_t sleeps = 0;
     int32_t yields = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A program that ignores its host. A test overrides the calls that it wants to see.
+// A listener that ignores all callbacks. A test overrides those that it needs.
 #pragma once
 
 #include "Host.h"

@@ -14,7 +14,7 @@ public:
 
     HostSpeaker* speaker() override { return hasDevices ? &voice : nullptr; }
 
-    /// Time passes, and sound that becomes due meanwhile is delivered at its time.
+    /// Lets time pass; sound that becomes due is delivered at its time.
     void pass(int64_t ms) {
         const int64_t endMs = nowMs + ms;
         while (ears.deliver() || voice.deliver() || nextDue() <= endMs) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A temporary folder for one test, with helpers to look at it from outside the application.
+// A temporary folder for one test, with helpers that read and write it without the application.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ public:
     /// Writes a file, and makes the folders that it lies in.
     void write(const std::string& name, const std::string& content) const;
 
-    /// What a file holds; empty if there is none.
+    /// The content of a file; empty if there is none.
     std::string read(const std::string& name) const;
 
     bool has(const std::string& name) const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The faults and happenings that a test asks its host for.
+// The faults and actions that a test plans on its host.
 #include "TestHost.h"
 
 #include <cassert>

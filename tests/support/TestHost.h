@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A back end for unit tests: a clock that the test moves, folders that the test names, faults that
-// it asks for.
+// A back end for unit tests: the test moves its clock, names its folders, and plans its faults.
 #pragma once
 
 #include "FailurePlan.h"
@@ -44,17 +43,17 @@ public:
 
     bool fails(const char* operation) override;
 
-    /// The n-th next call of the operation (1: the next one) fails. There must be such an
-    /// operation.
+    /// Makes the n-th call of the operation after this fail (1: the next one). The operation must
+    /// exist.
     void failNth(const std::string& operation, int32_t n);
 
-    /// Something happens outside just before each call of the operation.
+    /// Calls happens just before each call of the operation.
     void onCall(const std::string& operation, std::function<void()> happens);
 
-    /// Makes the folder "home" there, and maps it as the home.
+    /// Makes the folder "home" in folders, and maps it as the home.
     void mapHome(const TestFolders& folders);
 
-    /// Maps the pictures and fonts as they are shipped.
+    /// Maps the program's real pictures and fonts.
     void mapShipped();
 
     int64_t nowMs = 0;

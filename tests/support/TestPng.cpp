@@ -64,7 +64,7 @@ void setPalette(png_structp png, png_infop info, const TestPngSpec& spec, std::m
     }
 }
 
-/// Noise on a slope: every filter finds some neighbours that predict a sample and some that do not.
+/// Noise on a slope, so that each filter predicts some samples well and others badly.
 std::vector<Bytes> makeRows(const TestPngSpec& spec, std::mt19937& random) {
     const int32_t bits = spec.w * channels(spec.colorType) * spec.depth;
     std::vector<Bytes> rows(static_cast<size_t>(spec.h), Bytes(static_cast<size_t>(bits + 7) / 8));

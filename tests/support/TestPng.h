@@ -8,7 +8,8 @@
 
 using Bytes = std::vector<unsigned char>;
 
-/// What libpng shall write. The samples are noise from a seed, so that every filter has work.
+/// The file that libpng is to write. The samples are noise from a seed, so that every filter is
+/// used.
 struct TestPngSpec {
     int32_t w = 1;
     int32_t h = 1;
@@ -32,14 +33,14 @@ class TestPng {
 public:
     static Bytes write(const TestPngSpec& spec);
 
-    /// Strict: libpng checks sums and sizes, and warnings count as errors. Of 16-bit samples the
-    /// high byte is kept.
+    /// Reads a file with libpng, which checks sums and sizes; warnings count as errors. Of 16-bit
+    /// samples the high byte is kept.
     static TestPicture read(const Bytes& file);
 
     /// The signature.
     static Bytes signature();
 
-    /// Length, type, data and a sum of zero, which our decoder does not look at.
+    /// A chunk: length, type, data, and a checksum of zero, which our decoder does not check.
     static Bytes chunk(const std::string& type, const Bytes& data);
     static Bytes header(int32_t w, int32_t h, int32_t depth, int32_t colorType);
     static Bytes compressed(const Bytes& data);

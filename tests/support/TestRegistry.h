@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A fresh registry over a folder of the test's own, with pictures and a font to put into it.
+// An empty registry over a folder of the test's own, with helpers that write pictures and a font
+// into it.
 #pragma once
 
 #include "AppImage.h"

@@ -12,17 +12,17 @@ public:
 
     static constexpr size_t kHeaderBytes = 44;
 
-    /// No two stretches of it are alike: a sample lost, doubled or moved shows.
+    /// Noise, no two parts of which are equal, so that a lost, doubled or moved sample is found.
     static Samples noise(int32_t count, uint32_t seed = 1);
 
     static std::string little(uint32_t value, int32_t bytes);
 
-    /// 16-bit mono.
+    /// A WAV header for 16-bit mono.
     static std::string header(uint32_t samples, uint32_t rateHz);
     static std::string bytes(const Samples& samples);
     static std::string wav(const Samples& samples, uint32_t rateHz);
 
-    /// The file with other bytes from a place on.
+    /// The file with its bytes from at on replaced by these.
     static std::string changed(std::string wav, size_t at, const std::string& bytes);
 
     /// The samples after the header.

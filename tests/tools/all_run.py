@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""all_run.py SOURCE: every test that lies below tests and fuzz is run by somebody.
+"""all_run.py SOURCE: checks that every test below tests and fuzz is run.
 
-A test that no build list names never runs, and so never fails. A file of C or C++ is named with its path
-in a .cmake file or in another script (fuzzers by their name alone), a script by its name there or in another test.
+A test that no list of the build names never runs, and so never fails. A file in C or C++ must be named with its path in
+a .cmake file or in another script (fuzzers by their name alone), a script by its name there or in another test.
 """
 import glob
 import os
@@ -15,7 +15,7 @@ SOURCES = (".cpp", ".c")
 
 
 def files_below(source):
-    """Path below the source, to the text, of everything that a person wrote; what tests read as data is left out."""
+    """A dictionary from each file's path to its text; files that tests read as data are left out."""
     found = {}
     for folder in ("tests", "fuzz"):
         for path in glob.glob(os.path.join(source, folder, "**", "*"), recursive=True):
@@ -27,14 +27,14 @@ def files_below(source):
 
 
 def is_named(name, texts):
-    """True if a list of the build, or another script, has the file."""
+    """True if a list of the build, or another script, names the file."""
     stem = os.path.splitext(os.path.basename(name))[0]
     if name.startswith("fuzz/"):
         word, where = stem.removesuffix("_fuzz"), LISTS
     elif name.endswith(SOURCES):
         word, where = os.path.relpath(name, "tests"), LISTS
     else:
-        # Its ending may come from a loop, and Python's modules have none. A program's test starts scripts, too.
+        # The name may lack its ending: a loop adds it, or it is a module. Tests in C++ may start scripts too.
         word, where = stem, LISTS + SCRIPTS + SOURCES
     return any(re.search(r"(?<![\w-])%s(?![\w-])" % re.escape(word), text)
                for other, text in texts.items() if other != name and other.endswith(where))

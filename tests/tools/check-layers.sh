@@ -1,6 +1,6 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# The check of layers finds what it is for: in a copy of the sources.
+# Checks in a copy of the sources that tools/check-layers finds forbidden headers and calls.
 #   check-layers.sh SOURCE
 set -u
 source=$(realpath "$1")
@@ -16,7 +16,7 @@ if ! tools/check-layers >"$folder/said"; then
     wrong=1
 fi
 
-# breach FILE LINE WORD: with this line at the end of that file, what is said names the file and the word.
+# breach FILE LINE WORD: adds the line at the end of the file, and checks that the output names the file and the word.
 breaches=()
 breach() {
     printf '\n%s\n' "$2" >>"$1"
@@ -30,7 +30,7 @@ breach $app/screens/Menu.cpp 'static const char* home = std::getenv("HOME");  //
 breach $app/screens/Main.cpp 'const auto now = time(nullptr);' 'time('
 breach src/fmk/common/fmk/Math.cpp 'void end() { ::exit(1); }' 'exit('
 breach src/fmk/common/fmk/GnoImage.cpp '#include <zlib.h>' 'zlib'
-# Found by its name: also where the file that may include zlib is not the first in its folder, or not there at all.
+# The file that may include zlib is found by its name, even if it is not the first in its folder, or does not exist.
 sed -i '/#include <zlib/d' src/fmk/common/fmk/InflateZlib.cpp
 if tools/check-layers >"$folder/said"; then
     echo "nothing found"

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""circles.py SOURCE: classes include one another in small circles only, each within one folder.
+"""circles.py SOURCE: checks that classes include one another only in small circles, each within one folder.
 
 A class is a header with its source; a source without a header of its own belongs to the first class of its folder that it
 includes, and a main.cpp to none.
@@ -12,7 +12,7 @@ MAX_MEMBERS = 6
 
 
 def read(source):
-    """Path below the source, to what it includes; for each header and each source."""
+    """A dictionary from the path of each header and source to what it includes."""
     files = {}
     for folder, _, names in os.walk(os.path.join(source, "src")):
         for name in names:
@@ -24,7 +24,7 @@ def read(source):
 
 
 def classes(files):
-    """Class, to the classes it includes. A class is the path of its header without the ending."""
+    """A dictionary from each class (its header's path without the ending) to the classes that it includes."""
     headers = {os.path.basename(path): path for path in files if path.endswith(".h")}
 
     def owner(path):
@@ -52,7 +52,7 @@ def reached(graph, start):
 
 
 def circles(graph):
-    """The sets of classes that reach one another, the largest first."""
+    """The sets of classes that include one another, directly or not, the largest first."""
     reach = {one: reached(graph, one) for one in graph}
     sets = {frozenset(other for other in reach[one] if one in reach[other]) for one in graph if one in reach[one]}
     return sorted((sorted(one) for one in sets), key=lambda one: (-len(one), one))

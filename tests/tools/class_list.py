@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""class_list.py SOURCE: every class of the application that has something to set up or to take down is in the class list."""
+"""class_list.py SOURCE: checks that every class with a class initialiser or finaliser is in the class list."""
 import glob
 import os
 import re

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""floors.py BUILD SOURCE: the build lets each folder include what docs/architecture.md says, and nothing else.
+"""floors.py BUILD SOURCE: checks that the build lets each folder include exactly what docs/architecture.md says.
 
-The table of the floors has a line for each folder: its path, and the folders whose headers it may include.
-What the compiler is really given stands in the build folder's compile_commands.json.
+The table there has a line for each folder: its path, and the folders whose headers it may include. The compiler's real
+include paths are in the build folder's compile_commands.json.
 """
 import json
 import os
@@ -12,7 +12,7 @@ import sys
 
 
 def drawn(source):
-    """Folder, to the folders that the table lets it include."""
+    """A dictionary from each folder to the folders that it may include by the table."""
     with open(os.path.join(source, "docs/architecture.md"), encoding="utf-8") as file:
         lines = re.findall(r"^\| `(src/\S+)` \| ([^|]*) \|", file.read(), re.M)
     short = {os.path.basename(folder): folder for folder, _ in lines}
@@ -23,7 +23,7 @@ def drawn(source):
 
 
 def built(build, source):
-    """Folder, to the folders of ours on the include path of its sources."""
+    """A dictionary from each folder to the project's folders on the include path of its sources."""
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
         commands = json.load(file)
     found = {}
@@ -37,7 +37,7 @@ def built(build, source):
 
 
 def lying(source):
-    """The folders that hold sources."""
+    """The folders that have sources."""
     return {os.path.relpath(folder, source) for folder, _, files in os.walk(os.path.join(source, "src"))
             if any(name.endswith(".cpp") for name in files)}
 

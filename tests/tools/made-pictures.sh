@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# made-pictures.sh SOURCE BUILD: the pictures that show the program are what tools/make-pictures makes of it today. Exit
-# status 77: the drawing tools are missing, or the renderer is another one than the committed drawings were made with.
+# made-pictures.sh SOURCE BUILD: checks that the pictures of the program are what tools/make-pictures makes now. Exit
+# status 77: the drawing tools are missing, or the renderer has another version than for the committed drawings.
 set -u
 source=$1 build=$2
 made=$(mktemp -d)

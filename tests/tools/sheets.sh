@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# What the font maker and the gallery write is what they are for.
+# Checks the fonts that the font maker writes, and the sheets that the gallery writes.
 #
 #   sheets.sh CASE PROGRAM SOURCE [FONT]
 set -u
@@ -15,7 +15,7 @@ complain() {
     wrong=1
 }
 
-# size PICTURE: its width and height; the picture is whole.
+# size PICTURE: checks that the picture is complete, and prints its width and height.
 size() {
     pngcheck -q "$1" >&2 || complain "$1 is no whole picture"
     identify -format '%w %h' "$1"
@@ -46,7 +46,7 @@ shows-everything)
     read -r empty_width empty_height < <(size empty.png)
     [ "$twice_width $twice_height" = "$((2 * width)) $((2 * height))" ] || complain "twice as large is $twice_width x $twice_height"
     [ "$empty_width" = "$width" ] || complain "a sheet without pictures is $empty_width wide, not $width"
-    # Each picture takes its place: those of the screens alone are 800 pixels high.
+    # Each picture needs room: those of the screens alone are 800 pixels high.
     [ "$height" -gt "$((empty_height + 800))" ] || complain "with all pictures the sheet is $height high, without $empty_height"
     [ "$(identify -format %k all.png)" -gt 1000 ] || complain "the sheet has hardly any colours"
     ;;

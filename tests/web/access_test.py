@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The page without a mouse, without eyes, with little sight, in any window, and as an app."""
+"""The page can be used without a mouse, by blind users, with weak sight, in any window, and as an app."""
 import unittest
 
 from murmelo import HOME, SPEECH, PageTest
@@ -9,7 +9,7 @@ WINDOWS = {"phone": (360, 640, 3, True), "tall phone": (412, 915, 2, True), "lyi
            "old phone": (320, 480, 2, True), "large screen": (3840, 2160, 1, False)}
 _INTERACTIVE = ("button", "link", "textbox", "checkbox", "combobox", "menuitem", "tab", "slider")
 _FOCUSED = "document.activeElement === document.body ? '' : document.activeElement.textContent"
-# The contrast of each text of the page's own parts that is seen, as [contrast, text].
+# The contrast of each visible text of the page's own parts, as [contrast, text].
 _CONTRASTS = """(() => {
     const parse = (colour) => colour.match(/[\\d.]+/g).map(Number);
     const light = ([r, g, b]) => {
@@ -39,14 +39,14 @@ class Access(PageTest):
         return [name for _, name in found]
 
     def assertReadable(self, *texts):
-        """All texts that are seen stand out from their ground; those that are named are among them."""
+        """Checks that all visible texts have enough contrast, and that these texts are among them."""
         found = self.tab.evaluate(_CONTRASTS)
         self.assertEqual([], [(text, contrast) for contrast, text in found if contrast < 4.5])
         for text in texts:
             self.assertIn(text, [other for _, other in found])
 
     def tabbed(self, times):
-        """What has the focus after each press of Tab."""
+        """The elements that have the focus after each press of Tab."""
         texts = []
         for _ in range(times):
             self.tab.key("Tab")
@@ -123,7 +123,7 @@ class Access(PageTest):
                 show.call(this, texts, words);
             };
         }""")
-        self.tab.call("Emulation.setCPUThrottlingRate", rate=20)  # a processor on which the work takes some pictures
+        self.tab.call("Emulation.setCPUThrottlingRate", rate=20)  # a slow processor, so that the work takes several frames
         page.soft_key(1)
         page.until("Playing")
         self.tab.call("Emulation.setCPUThrottlingRate", rate=1)

@@ -9,8 +9,8 @@
         page.screenshot("page.png")
         assert not browser.records.complaints(), browser.records.complaints()
 
-Needs no display and no sound card, and works for root. The profile lies in a temporary folder that goes with the
-browser, unless the caller brings a folder of its own.
+Needs no display and no sound card, and works for root. The profile is in a temporary folder that is removed
+with the browser, unless the caller gives a folder.
 """
 import atexit
 import fcntl
@@ -27,15 +27,15 @@ from records import Records
 
 CHROMIUM = os.environ.get("MURMELO_CHROMIUM", "/usr/bin/chromium")
 START_SECONDS = 120  # a cold start on a busy machine
-_SHARED_MEMORY_BYTES = 1 << 29  # with less in /dev/shm, Chromium is told to keep away from it
+_SHARED_MEMORY_BYTES = 1 << 29  # with less in /dev/shm, Chromium is told not to use it
 
 _FLAGS = (
     "--headless=new", "--remote-debugging-pipe",
-    # It sees only pages of ours. Its sandbox refuses root, needs what containers lack, and would keep the fake
+    # It opens only pages of the project. Its sandbox refuses root, needs what containers lack, and would keep the fake
     # microphone from its file.
     "--no-sandbox",
     "--no-first-run", "--no-default-browser-check", "--no-service-autorun",
-    # Nothing of Chromium's own talks to the network: what is left is the page's.
+    # Chromium itself must not use the network, so that all requests are the page's.
     "--disable-background-networking", "--disable-component-update", "--disable-sync", "--disable-default-apps",
     "--disable-domain-reliability", "--disable-client-side-phishing-detection", "--disable-breakpad",
     "--disable-features=OptimizationHints,MediaRouter,Translate,InterestFeedContentSuggestions",
@@ -45,7 +45,7 @@ _FLAGS = (
 
 
 class Browser:
-    """One Chromium with one profile. `page` is its first tab; `records` tells what happened in all of them."""
+    """One Chromium with one profile. `page` is its first tab; `records` has what happened in all tabs."""
 
     def __init__(self, microphone=None, ask=False, profile=None, language="en", flags=()):
         """
@@ -55,12 +55,12 @@ class Browser:
                     Chromium cannot show its question: a microphone that is neither granted nor denied ("prompt")
                     is refused as if the user had closed the question.
         profile     a folder to use and to keep; None: a temporary one
-        language    what the page finds in navigator.language
-        flags       more for Chromium's command line
+        language    the value of navigator.language
+        flags       more arguments for Chromium
         """
         self.records = Records()
         self._sessions = {}
-        self._opened = []  # pages that were handed out
+        self._opened = []  # pages that were returned to tests
         self._offline = False
         self._pipe = None
         self._home = tempfile.mkdtemp(prefix="murmelo_browser_")
@@ -103,17 +103,17 @@ class Browser:
         return self._page_of(lambda session: session.kind == "page" and session.target["targetId"] not in handed_out)
 
     def workers(self, kind="service_worker"):
-        """The sessions of the workers that live now, of all pages."""
+        """The sessions of all pages' workers that exist now."""
         return [session for session in self._living() if session.kind == kind]
 
     def permission(self, name, setting, origin):
-        """What a page of origin may do: name as in navigator.permissions ("microphone", "persistent-storage");
+        """Sets a permission of the pages of origin: name as in navigator.permissions ("microphone", "persistent-storage");
         setting "granted", "denied" or "prompt". For the microphone the browser was made with ask=True."""
         self._pipe.call("Browser.setPermission", {
             "permission": {"name": name}, "setting": setting, "origin": origin})
 
     def offline(self, offline=True):
-        """Takes the network away from every page and worker, the later ones too, or gives it back."""
+        """Switches the network off for every page and worker, also for later ones, or on again."""
         self._offline = offline
         for session in self._living():
             if session.kind in _WITH_NETWORK:
@@ -138,12 +138,12 @@ class Browser:
         return self._pipe.call(method, params)
 
     def said(self):
-        """What Chromium wrote to its standard error, its last lines."""
+        """The last lines that Chromium wrote to its standard error."""
         with open(os.path.join(self._home, "stderr"), encoding="utf-8", errors="replace") as file:
             return "".join(file.readlines()[-20:])
 
     def close(self):
-        """Ends the browser as its user would: it writes its profile. Removes the profile if it is our own."""
+        """Ends the browser as its user would, so that it writes its profile. Removes a temporary profile."""
         try:
             self._pipe.call("Browser.close", seconds=30)
             self._child.wait(30)
@@ -179,7 +179,7 @@ class Browser:
         return flags
 
     def _start(self, line, language):
-        # Chromium expects its pipe on 3 and 4. Our ends lie above, so that moving them overwrites nothing, and
+        # Chromium expects its pipe on 3 and 4. Our ends have larger numbers, so that moving overwrites nothing, and
         # the stoppers keep 3 and 4 from becoming a descriptor that Popen needs itself.
         to_browser, from_browser = [_above(9, pair) for pair in (os.pipe(), os.pipe())]
         stoppers = [os.open(os.devnull, os.O_RDONLY)]
@@ -217,7 +217,7 @@ class Browser:
                 self._pipe.fail_session(number, "the page has crashed")
 
     def _attach(self, session):
-        """A page or worker has begun and stands still: asks for its events, then lets it go on."""
+        """A page or worker has begun and waits: subscribes to its events, then lets it continue."""
         for method in Records.WANTED:
             session.send(method)
         if session.kind == "page":
@@ -253,7 +253,7 @@ class Browser:
 # The same on every machine: no sound card (Chromium then plays without a device, in real time), no desktop.
 _NO_SOUND_CARD = {"ALSA_CONFIG_PATH": os.devnull, "PULSE_SERVER": "unix:/nonexistent"}
 _DESKTOP = ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")
-# Everything but the browser itself, and the pages of which its own window is made.
+# All targets except the browser itself and the pages of its own window.
 _FILTER = [{"type": kind, "exclude": True} for kind in ("browser", "tab", "browser_ui", "webview")] + [{}]
 _WITH_NETWORK = ("page", "iframe", "worker", "shared_worker", "service_worker")
 
@@ -263,7 +263,7 @@ def _network(offline):
 
 
 def _above(lowest, pair):
-    """The same pipe on descriptors above lowest."""
+    """Moves a pipe to descriptors greater than lowest."""
     moved = [fcntl.fcntl(end, fcntl.F_DUPFD_CLOEXEC, lowest + 1) for end in pair]
     for end in pair:
         os.close(end)

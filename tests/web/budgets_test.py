@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the page costs: bytes on the wire, lines of script, memory, and the time of an effect (told, never judged)."""
+"""The page stays within its limits of transferred bytes, lines of script and memory. Times are printed, not checked."""
 import glob
 import os
 import re
@@ -27,7 +27,7 @@ def files(*patterns):
 
 
 def number(data, at):
-    """A LEB128 number of a wasm file, and where it ends."""
+    """Reads a LEB128 number of a wasm file. Returns the number and the index after it."""
     value = shift = 0
     while True:
         byte = data[at]
@@ -39,7 +39,7 @@ def number(data, at):
 
 
 def imported(name):
-    """A module of the page and those that it imports, directly or not; what is imported when the picture is there is not."""
+    """The files of a module of the page and of those that it imports, directly or not, before the first picture."""
     found, waiting = [], [name]
     while waiting:
         (path,) = files("page/" + waiting.pop())
@@ -51,7 +51,7 @@ def imported(name):
 
 
 def memories(wasm):
-    """Least and most pages of each memory that the module makes itself or wants from the page."""
+    """The smallest and largest number of pages of each memory that the module makes or imports."""
     found, at = [], 8
     while at < len(wasm):
         kind = wasm[at]
@@ -120,7 +120,7 @@ class Budgets(unittest.TestCase):
             self.assertEqual([(MEMORY_PAGES, MEMORY_PAGES)], memories(file.read()))
 
 
-# Works on the current effect without a pause; the milliseconds that this takes.
+# Works on the current effect without a pause. Returns how many milliseconds that takes.
 _WORKING = """(() => {
     const { core } = murmelo;
     const screen = () => {

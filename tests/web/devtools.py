@@ -5,32 +5,32 @@ import json
 import os
 import threading
 
-CALL_SECONDS = 120  # generous: a busy machine is slow, and only a browser that hangs reaches it
+CALL_SECONDS = 120  # long enough for a busy machine; only a browser that hangs needs more
 
 
 class DevToolsError(Exception):
-    """The browser refused a call, did not reply, or is gone."""
+    """The browser has refused a call, has not replied, or has ended."""
 
 
 class Pipe:
     """Sends calls from any thread; one thread of its own reads the replies and the events.
 
     Takes over both file descriptors. `on_event(session, method, params)` runs on the reading thread: it may
-    `send`, but never `call`, which would wait for a reply that nothing reads any more.
+    `send`, but never `call`, which would wait for a reply that this thread itself must read.
     """
 
     def __init__(self, read_end, write_end, on_event):
         self._read_end, self._write_end, self._on_event = read_end, write_end, on_event
         self._numbers = itertools.count(1)
-        self._waiting = {}  # number of a call, to its session and its reply
-        self._gone = None  # why there is no browser any more
+        self._waiting = {}  # from a call's number to its session and reply
+        self._gone = None  # the reason, if the browser has ended
         self.changed = threading.Condition()  # notified after every message
         self._writing = threading.Lock()
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
 
     def send(self, method, params=None, session=None):
-        """Sends a call whose reply is of no interest. Returns its number."""
+        """Sends a call and does not wait for its reply. Returns its number."""
         number = next(self._numbers)
         self._write(number, method, params, session)
         return number
@@ -55,7 +55,7 @@ class Pipe:
         return reply["result"]
 
     def fail_session(self, session, reason):
-        """Fails the calls that wait for a reply of a page that is gone."""
+        """Makes the calls fail that wait for a reply of a page that has ended."""
         with self.changed:
             for entry in self._waiting.values():
                 if entry[0] == session and entry[1] is None:
@@ -63,7 +63,7 @@ class Pipe:
             self.changed.notify_all()
 
     def close(self):
-        """Tells the browser by the end of the pipe that it may go. Call it when the browser has ended, or to end it."""
+        """Closes the pipe, which ends the browser if it still runs."""
         with self._writing:
             if self._write_end is not None:
                 os.close(self._write_end)
@@ -85,7 +85,7 @@ class Pipe:
 
     def _read(self):
         reason = "the browser has closed its pipe"
-        pieces = []  # of a message whose end has not come yet
+        pieces = []  # the parts of an incomplete message
         try:
             while True:
                 data = os.read(self._read_end, 1 << 16)
@@ -97,7 +97,7 @@ class Pipe:
                     pieces = []
                 if rest:
                     pieces.append(rest)
-        except Exception as error:  # whatever it is: calls must fail instead of waiting for ever
+        except Exception as error:  # after any error, calls must fail instead of waiting for ever
             reason = "reading from the browser failed: %r" % error
         with self.changed:
             self._gone = reason
@@ -120,7 +120,7 @@ class Session:
         self._pipe, self.number, self.target = pipe, number, target
 
     def call(self, method, seconds=CALL_SECONDS, **params):
-        """Calls a method of the protocol, for all that has no operation of its own."""
+        """Calls a method of the protocol for which there is no operation here."""
         return self._pipe.call(method, params, self.number, seconds)
 
     def send(self, method, **params):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Fingers on the picture: the browser may take one away for itself."""
+"""Fingers on the picture work, also if the browser takes one away for a gesture of its own."""
 import unittest
 
 from murmelo import PageTest

@@ -5,8 +5,8 @@
         firefox.open("http://localhost:8000/")
         firefox.wait_for("document.readyState === 'complete'")
 
-Needs no display and no sound card; without one Firefox plays sounds, but hears nothing. The profile lies in a temporary
-folder that goes with the browser.
+Needs no display and no sound card; without one Firefox plays sounds, but hears nothing. The profile is in a temporary
+folder that is removed with the browser.
 """
 import base64
 import json
@@ -25,7 +25,7 @@ WAIT_SECONDS = 120
 _POLL_SECONDS = 0.1
 _TEXT, _CONTINUED, _PING, _PONG = 1, 0, 9, 10
 
-# A first start that shows no page of Firefox's own, asks nobody, and lets sound play.
+# A first start that shows no page of Firefox's own, asks no questions, and lets sound play.
 _SETTINGS = """
 user_pref("browser.shell.checkDefaultBrowser", false);
 user_pref("browser.startup.homepage_override.mstone", "ignore");
@@ -213,7 +213,7 @@ class Firefox:
                 value = self.evaluate(expression)
             except FirefoxError as error:
                 value = None
-                last = error  # may refer to what is not there yet
+                last = error  # the expression may refer to something that does not exist yet
             else:
                 last = value
             if value:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""One journey in Firefox: a sound file becomes a robot, is saved, found again at the next visit, and downloaded."""
+"""One journey in Firefox: a sound file gets the robot effect, is saved, found again at the next visit, and downloaded."""
 import base64
 import os
 import unittest
@@ -8,7 +8,7 @@ from firefox import Firefox
 from murmelo import FOLDER, HERE, SPEECH, Murmelo, headless, read_wav, temporary_folder
 from served import Served
 
-# Every screen that the program shows is noted: one that is left again at once would be missed by asking.
+# Notes every screen that the program shows. Asking now and then would miss one that is left at once.
 _NOTING = """(() => {
     const show = murmelo.mirror.show;
     murmelo.screens = [];
@@ -54,7 +54,7 @@ class Journey(unittest.TestCase):
             self.assertEqual([], firefox.complaints)
 
     def test_the_same_sound_makes_the_same_files(self):
-        """The effects draw lots by the clock: with the clock of the test, they are those of murmelo-headless."""
+        """Some effects seed their noise with the clock: with the test's clock, the files equal those of murmelo-headless."""
         folder, samples = temporary_folder(self), read_wav(SPEECH)[0]
         lines = ["key middle", "until Options", "take", "until Play", "swipe left", "wait 1000", "save", "until Save"]
         sounds = headless([line.replace("take", "take " + SPEECH) for line in lines], folder)

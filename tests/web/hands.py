@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
-"""The user's mouse, fingers and keys on a page: real input, which the browser takes for the user's own gesture."""
+"""The user's mouse, fingers and keys on a page. The browser takes this input for the user's own."""
 import base64
 import json
 import mimetypes
 import os
 
-# Name as in KeyboardEvent.key, to its code and its virtual key code.
+# From the name as in KeyboardEvent.key to its code and its virtual key code.
 _KEYS = {
     "Enter": ("Enter", 13), "Escape": ("Escape", 27), "Tab": ("Tab", 9), " ": ("Space", 32),
     "Backspace": ("Backspace", 8), "Delete": ("Delete", 46), "Home": ("Home", 36), "End": ("End", 35),
@@ -52,7 +52,7 @@ class Hands:
 
     def touch(self, kind, *fingers):
         """Fingers on the screen: kind is "touchStart", "touchMove", "touchEnd" or "touchCancel"; each finger (x, y).
-        Those that are no longer named have been lifted."""
+        Fingers that are not listed any more are lifted."""
         self.call("Input.dispatchTouchEvent", type=kind, touchPoints=[
             {"x": x, "y": y, "id": number} for number, (x, y) in enumerate(fingers)])
 
@@ -62,7 +62,7 @@ class Hands:
         self.key_up(key, *modifiers)
 
     def key_down(self, key, *modifiers, repeat=False):
-        """Only presses it; repeat: the keyboard repeats it because it is held."""
+        """Only presses a key; repeat=True: as a keyboard repeats a key that is held."""
         text = "" if set(modifiers) & {"Alt", "Control", "Meta"} else _TEXTS.get(key, key if len(key) == 1 else "")
         self.call("Input.dispatchKeyEvent", type="keyDown" if text else "rawKeyDown", text=text, autoRepeat=repeat,
                   **_key(key, modifiers))

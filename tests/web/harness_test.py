@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The harness itself: input is the user's own, and what a page does wrong is found."""
+"""The harness works: a page takes its input for a user's, and every error of a page is found."""
 import array
 import json
 import operator
@@ -23,7 +23,7 @@ _SPEECH = os.path.join(_HERE, "../../res/sample/hello.wav")
 
 
 class BrowserTest(unittest.TestCase):
-    """One server for a test; `browser()` starts a browser that ends with it."""
+    """One server for each test; `browser()` starts a browser that ends with the test."""
 
     def setUp(self):
         self.server = Served(_PAGES)
@@ -49,7 +49,7 @@ class HandsTest(BrowserTest):
         self.tab.open(self.server.address + "button.html")
 
     def seen(self, name):
-        """Waits for the page's note of the last event of this name."""
+        """Waits until the page has noted an event of this name, and returns the last one."""
         return self.tab.wait_for("seen.filter((one) => one.name === %s).at(-1)" % json.dumps(name))
 
     def test_a_click_is_the_users_own(self):
@@ -363,8 +363,8 @@ def envelope(samples, at=0):
 
 
 def found_pieces(spoken, heard):
-    """The share of the pieces of 200 ms of what was spoken that lie somewhere in what was heard. Not the whole at one
-    place: on a busy machine the browser loses moments of what it hears."""
+    """The fraction of the 200 ms pieces of `spoken` that are found anywhere in `heard`. Each piece is looked for by
+    itself, because on a busy machine the browser loses parts of what it records."""
     size = 20
     wanted = envelope(spoken)
     pieces = [wanted[at:at + size] for at in range(0, len(wanted) - size + 1, size)]

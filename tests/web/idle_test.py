@@ -14,7 +14,7 @@ class Idle(PageTest):
         self.page.stub("counting")
         self.page.open().to_menu()
         self.page.rest()
-        self.tab.wait_for("counted.waiting === 0")  # what was said has been hidden
+        self.tab.wait_for("counted.waiting === 0")  # the message has been hidden
         before = self.tab.evaluate(_STATE)
         self.assertTrue(before["turns"] and before["timers"] and before["frames"] and before["messages"], before)
         time.sleep(IDLE_SECONDS)

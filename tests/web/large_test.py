@@ -51,7 +51,7 @@ class Large(PageTest):
                 self.tab.wait_for("murmelo.core.texts.screen === 'Play'")
                 page.rest()
                 self.assertEqual(20 * 32000 + 44, self.tab.evaluate("murmelo.sounds.kept.get('take').bytes.length"))
-        for _ in range(8):  # each in its turn
+        for _ in range(8):  # all eight effects, one after the other
             page.soft_key(1)
             page.until("Playing")
             page.soft_key(1)

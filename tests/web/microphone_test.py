@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What may happen to a microphone: the page says it, and no take is lost."""
+"""If anything happens to a microphone, the page says so, and no take is lost."""
 import array
 import unittest
 
@@ -10,7 +10,7 @@ CLEANED = "MrmLastRec.wav"
 
 class MicrophoneTest(PageTest):
     def with_a_take(self):
-        """In the menu, with a take from a file. Returns the cleaned and the raw one."""
+        """Goes to the menu with a take from a file. Returns the cleaned and the raw take."""
         self.page.open().to_menu()
         self.page.use(SPEECH)
         take = self.page.file(CLEANED), self.page.kept("take")
@@ -25,7 +25,7 @@ class MicrophoneTest(PageTest):
         self.assertTrue(take[1] == self.page.kept("take"))
 
     def refused(self, word):
-        """Wants to record where that is impossible: with an earlier take, and without one."""
+        """Tries to record where that is impossible, with an earlier take and without one."""
         take = self.with_a_take()
         self.page.press("Record")
         self.page.told(word)
@@ -134,7 +134,7 @@ class ThereTest(MicrophoneTest):
         self.assertTakeIsBack(take)
 
     def run_out(self):
-        """The program's clock jumps to the end of the longest recording."""
+        """Moves the program's clock to the end of the longest recording."""
         self.tab.evaluate("{ murmelo.core.stoodStillMs -= 21000; murmelo.core.turn(); }")
 
     def test_silent(self):
@@ -175,7 +175,7 @@ class ThereTest(MicrophoneTest):
         self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
 
     def leave(self):
-        """What a browser tells a page that it leaves, and nothing else."""
+        """Sends only the event that a browser sends to a page that the user leaves."""
         self.assertFalse(self.tab.evaluate("document.hidden"))
         self.tab.evaluate("dispatchEvent(new PageTransitionEvent('pagehide', { persisted: true })), 0")
 
@@ -231,7 +231,7 @@ class ThereTest(MicrophoneTest):
         self.stopped_by("murmelo.ears.node.port.onmessage = null, 0")
 
     def stopped_by(self, event):
-        """In the middle of a take; what was heard is kept, and it is told."""
+        """Ends a take in its middle by an event; the part until then is kept, and the user is told."""
         self.page.open().to_menu().to_recording()
         self.page.hear(1000)
         self.tab.evaluate(event)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The page as built, in Chromium, and the same program without a window to compare it with."""
+"""The built page in Chromium, and murmelo-headless to compare it with."""
 import array
 import base64
 import json
@@ -22,7 +22,7 @@ EFFECTS = ("none", "robot", "backwards", "high", "low", "fast", "drunk", "flip")
 HOME = "/home/Murmelo/"
 RATE_HZ = 16000
 HEADER_BYTES = 44
-_BETWEEN_TAPS_MS = 600  # the second of two taps on the soft keys within half a second does not count
+_BETWEEN_TAPS_MS = 600  # of two taps on the soft keys within half a second the second is ignored
 
 
 class Murmelo:
@@ -57,7 +57,7 @@ class Murmelo:
             self.tab.before_load(file.read())
 
     def press(self, text):
-        """Clicks on what has this text, in the picture or beside it, as soon as it is there."""
+        """Clicks on the element with this text, in the picture or beside it, as soon as it exists."""
         place = self.tab.wait_for("""(() => {
             const shown = document.querySelector('dialog[open]') ?? document; // the rest is inert
             const found = [...shown.querySelectorAll('button, a')].find((one) =>
@@ -77,7 +77,7 @@ class Murmelo:
         self.tab.wait_for("murmelo.core.timer === 0 && !murmelo.core.posted && murmelo.core.frame === 0")
 
     def effect(self, number):
-        """From the choice of the effect, to that one."""
+        """From the choice of the effect, shows that one."""
         name = self.tab.evaluate("murmelo.core.texts.title")
         for _ in range(number):
             self.press(self.word("nextEffect"))
@@ -86,11 +86,11 @@ class Murmelo:
             name = self.tab.evaluate("murmelo.core.texts.title")
 
     def word(self, name):
-        """What the page says under that name, in its language."""
+        """The page's text with that name, in its language."""
         return self.tab.evaluate("murmelo.words[%s]" % json.dumps(name))
 
     def told(self, name):
-        """Waits until the page's message is this one, or begins as this one does before its first gap."""
+        """Waits until the page shows this message, or one with the same beginning up to its first {1}."""
         self.tab.wait_for("""((start) => start !== '' &&
             document.querySelector('#message[data-shown] span').textContent.startsWith(start)
         )(murmelo.words[%s].split('{1}')[0])""" % json.dumps(name))
@@ -106,7 +106,7 @@ class Murmelo:
         return self
 
     def to_recording(self):
-        """From the menu, until it hears."""
+        """From the menu to a recording that gets samples."""
         self.press("Record")
         self.until("Record")
         self.tab.wait_for("!murmelo.ears.listens && murmelo.core.standsStillSince < 0")
@@ -128,11 +128,11 @@ class Murmelo:
         })()""" % (number, _BETWEEN_TAPS_MS, number)))
 
     def hear(self, ms):
-        """Waits until the running recording has heard that much."""
+        """Waits until the recording has that many milliseconds."""
         self.tab.wait_for("murmelo.heardMs >= %d" % ms)
 
     def record(self, ms=1500):
-        """From the menu: records that much of the microphone, and waits until it is cleaned up."""
+        """From the menu: records that many milliseconds, and waits until the take is cleaned up."""
         self.to_recording()
         self.hear(ms)
         self.soft_key(1)
@@ -140,7 +140,7 @@ class Murmelo:
         return self
 
     def use(self, path):
-        """Opens a sound file by the page's own button, and waits until it is the take."""
+        """Opens a sound file with the page's button, and waits until it is the take."""
         self.tab.pick_files(lambda: self.tab.press("#open"), [path])
         self.until("Play")
 
@@ -160,7 +160,7 @@ class Murmelo:
                       if not name.startswith("."))
 
     def kept(self, path):
-        """What the database keeps under that path ("take": the samples of the raw take), or None."""
+        """The entry of the database for that path ("take": the samples of the raw take), or None."""
         found = _bytes(self.tab.evaluate("""new Promise((resolve) => {
             const opening = indexedDB.open(murmelo.store.name, 1);
             opening.onsuccess = () => {
@@ -208,8 +208,8 @@ def _bytes(base64_text):
 
 
 class PageTest(unittest.TestCase):
-    """One browser for all tests of a class, a new tab and a new origin for each test. Whatever a test does not
-    expect itself must not happen: errors, violations of the policy, requests to other origins."""
+    """One browser for all tests of a class, a new tab and a new origin for each test. Errors,
+    violations of the policy and requests to other origins make a test fail, unless it expects them."""
 
     OPTIONS = {}  # of Browser
 
@@ -225,7 +225,7 @@ class PageTest(unittest.TestCase):
         self.browser.records.clear()
         self.tab = self.browser.new_tab()
         self.page = Murmelo(self.tab, self.server.address)
-        self.expected = []  # what a complaint may contain
+        self.expected = []  # texts that an expected error contains
 
     def tearDown(self):
         complaints = [str(record) for record in self.browser.records.complaints()]
@@ -260,7 +260,7 @@ def write_wav(path, samples, rate=RATE_HZ):
 
 
 def read_wav(path):
-    """The samples of a file as bytes, and its rate."""
+    """Returns the samples of a file as bytes, and its rate."""
     with wave.open(path) as file:
         return file.readframes(file.getnframes()), file.getframerate()
 

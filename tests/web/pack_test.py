@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""How pack-web joins the modules that the first picture needs, and what page and manifest promise to browsers."""
+"""pack-web joins the modules that the first picture needs; policy and manifest of the page are as intended."""
 import importlib.machinery
 import importlib.util
 import json

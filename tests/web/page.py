@@ -7,28 +7,28 @@ import time
 from devtools import DevToolsError
 from hands import Hands
 
-WAIT_SECONDS = 120  # generous: only what never happens reaches it
+WAIT_SECONDS = 120  # long: only something that never happens takes so long
 _POLL_SECONDS = 0.05
 
 
-# JavaScript decides what is true: an object without properties of its own is {} here, which Python takes for false.
+# The truth is decided in JavaScript: some objects are {} here, which Python takes for false.
 _TRUTH = """(async () => {
     const value = await (%s);
     const kinds = [Array.prototype, Object.prototype];
     const isPlain = Object(value) !== value || kinds.includes(Object.getPrototypeOf(value));
     return [Boolean(value), isPlain ? value : true];
 })()"""
-# The page that is left stays for a moment, and is complete as well.
+# For a moment the page that is left still exists, and it is complete too.
 _MARK = "window.isThePageBefore = true"
 _LOADED = "!window.isThePageBefore && document.readyState === 'complete'"
 
 
 class PageError(Exception):
-    """The page's script threw, or what was waited for did not come."""
+    """The page's script has thrown an exception, or a wait has ended without success."""
 
 
 class Page(Hands):
-    """Made by Browser. `call` reaches every method of the protocol; the operations here are the frequent ones."""
+    """A tab, made by Browser, with the frequent operations; `call` calls any method of the protocol."""
 
     def __init__(self, session, records):
         self._session, self._records = session, records
@@ -40,7 +40,7 @@ class Page(Hands):
         result = self.call("Page.navigate", url=address)
         if result.get("errorText"):
             raise PageError("%s: %s" % (address, result["errorText"]))
-        if "loaderId" in result:  # not only another #place of the same page
+        if "loaderId" in result:  # not only another #anchor of the same page
             self.wait_for(_LOADED)
 
     def reload(self, past_cache=False):
@@ -50,7 +50,7 @@ class Page(Hands):
         self.wait_for(_LOADED)
 
     def evaluate(self, expression, gesture=False):
-        """The value of a JavaScript expression; a promise is awaited. What JSON cannot tell is None.
+        """The value of a JavaScript expression; a promise is awaited. A value that JSON cannot hold is None.
         gesture: the expression runs as if the user had just touched the page."""
         result = self.call("Runtime.evaluate", expression=expression, awaitPromise=True, returnByValue=True,
                            userGesture=gesture)
@@ -61,8 +61,8 @@ class Page(Hands):
         return result["result"].get("value")
 
     def wait_for(self, expression, seconds=WAIT_SECONDS):
-        """Asks until the expression is true (or a promise of it), and returns its value; True for what JSON cannot
-        tell, such as an element. A page on its way to another address is asked again."""
+        """Asks until the expression is true (or a promise of it), and returns its value; True for values that
+        JSON cannot hold, such as an element. While the page goes to another address, it tries again."""
         limit = time.monotonic() + seconds
         while True:
             try:
@@ -94,25 +94,25 @@ class Page(Hands):
         self.call("Emulation.setTouchEmulationEnabled", enabled=mobile, maxTouchPoints=5)
 
     def safe_area(self, top=0, left=0, bottom=0, right=0):
-        """What a notch or a rounded corner leaves over: env(safe-area-inset-top) and its like, in CSS pixels."""
+        """Sets the margins of a notch or a rounded corner: env(safe-area-inset-top) and the others, in CSS pixels."""
         self.call("Emulation.setSafeAreaInsetsOverride", insets={
             "top": top, "left": left, "bottom": bottom, "right": right})
 
     def media(self, **features):
-        """What the user prefers: media(prefers_reduced_motion="reduce", prefers_color_scheme="dark")."""
+        """Sets the user's preferences: media(prefers_reduced_motion="reduce", prefers_color_scheme="dark")."""
         self.call("Emulation.setEmulatedMedia", features=[
             {"name": name.replace("_", "-"), "value": value} for name, value in features.items()])
 
     def screenshot(self, path):
-        """What the window shows, in device pixels, as a PNG file."""
+        """Writes what the window shows, in device pixels, as a PNG file."""
         picture = self.call("Page.captureScreenshot", format="png")["data"]
         with open(path, "wb") as file:
             file.write(base64.b64decode(picture))
 
     def quota(self, size=None, origin=None):
-        """How many bytes an origin (None: the page's) may store; None: as many as the browser allows.
+        """Sets how many bytes an origin (None: the page's) may store; size None: the browser's own limit.
         Chromium remembers for half a minute how much space it found: call it before the page opens its store, or
-        let the page write until it is refused. navigator.storage.estimate() does not tell the limit."""
+        let the page write until it is refused. navigator.storage.estimate() does not return this limit."""
         limit = {} if size is None else {"quotaSize": size}
         self.call("Storage.overrideQuotaForOrigin", origin=origin or self.evaluate("location.origin"), **limit)
 
@@ -121,7 +121,7 @@ class Page(Hands):
         self.call("Page.bringToFront")
 
     def freeze(self):
-        """What a phone does to a page that was hidden for long: no script runs until thaw."""
+        """Freezes the page, as a phone does with one that was hidden for long: no script runs until thaw()."""
         self.call("Page.setWebLifecycleState", state="frozen")
 
     def thaw(self):
@@ -129,7 +129,7 @@ class Page(Hands):
         self.call("Page.setWebLifecycleState", state="active")
 
     def words(self):
-        """What a screen reader finds, in reading order: a list of (role, name, properties)."""
+        """The elements that a screen reader finds, in reading order: a list of (role, name, properties)."""
         nodes = self.call("Accessibility.getFullAXTree")["nodes"]
         known = {node["nodeId"]: node for node in nodes}
         found, waiting = [], [nodes[0]]
@@ -159,5 +159,5 @@ class Page(Hands):
 
     @property
     def records(self):
-        """What was recorded of this tab alone."""
+        """The records of this tab only."""
         return self._records.all(target=self.target["targetId"])

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Reads PNG files of 8 bits a channel: screenshots, and what murmelo-headless shows."""
+"""Reads PNG files with 8 bits for each channel: screenshots, and the pictures of murmelo-headless."""
 import struct
 import zlib
 
@@ -7,7 +7,7 @@ _CHANNELS = {0: 1, 2: 3, 4: 2, 6: 4}  # of the kinds of PNG that are read here: 
 
 
 class Picture:
-    """`rows` holds the bytes of each row, `channels` to a pixel."""
+    """A picture. `rows` holds the bytes of each row, `channels` bytes for each pixel."""
 
     def __init__(self, path):
         with open(path, "rb") as file:

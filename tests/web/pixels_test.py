@@ -7,7 +7,7 @@ import unittest
 from murmelo import LANGUAGES, SPEECH, PageTest, headless, noisy, read_wav, temporary_folder, write_wav
 
 VOICE_MS = 2500
-# What a hand does at a later start, in this order; "shot" and "watch" name pictures.
+# The commands at a later start, in this order; "shot" and "watch" name pictures.
 WALK = """
 until Splash
 wait 500
@@ -100,7 +100,7 @@ class Pixels(PageTest):
         self.tab.evaluate("player.play(%r)" % lines)
 
     def compare(self, lines, with_strip=(), **options):
-        """Plays the lines on both sides and compares the pictures, those that are named with the strip."""
+        """Runs the lines on both sides and compares the pictures; for the names in with_strip, with the strip."""
         self.play(lines)
         script = ["mic " + self.voice]
         for line in lines:

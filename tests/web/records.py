@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What pages and workers did meanwhile: what they complained about, and what they asked the network for."""
+"""Records what pages and workers do: their errors and warnings, and their requests."""
 import threading
 from dataclasses import dataclass
 from urllib.parse import urlsplit
@@ -15,7 +15,7 @@ class Record:
     page asked or told something in a box of the browser; it is accepted), file-chooser."""
     kind: str
     where: str  # the kind of target: page, service_worker, ...
-    target: str  # the target's id, to tell pages apart
+    target: str  # the target's id, by which pages are distinguished
     text: str  # for a request its address
 
     def __str__(self):
@@ -35,16 +35,16 @@ class Records:
 
     def __init__(self):
         self._records = []
-        self._changed = threading.Condition()  # around a lock that one thread may take twice
+        self._changed = threading.Condition()  # with a lock that one thread may take twice
 
     def all(self, *kinds, target=None):
-        """The records of these kinds (none: of every kind), of one target or of all."""
+        """The records of these kinds (without a kind: all), of one target or of all."""
         with self._changed:
             return [record for record in self._records
                     if (not kinds or record.kind in kinds) and (target is None or record.target == target)]
 
     def complaints(self, target=None):
-        """What no sound run has: errors, uncaught exceptions, crashes, violations of the content security policy."""
+        """The records that a correct run has not: errors, uncaught exceptions, crashes, violations of the policy."""
         return self.all("console-error", "log-error", "exception", "crash", "violation", target=target)
 
     def requests(self, target=None):
@@ -56,26 +56,26 @@ class Records:
         return [address for address in self.requests() if origin_of(address) not in ("", origin_of(origin))]
 
     def until(self, find, seconds=60):
-        """Waits until find(records) finds something, and returns it: the browser tells events when it likes to."""
+        """Waits until find(records) returns something true, and returns that. Events may come late."""
         with self._changed:
             if not self._changed.wait_for(lambda: find(self), seconds):
                 raise DevToolsError("not recorded in %d s; there is:\n%s" % (seconds, "\n".join(map(str, self.all()))))
             return find(self)
 
     def take_out(self, record):
-        """Forgets one record."""
+        """Removes one record."""
         with self._changed:
             self._records.remove(record)
 
     def clear(self):
-        """Forgets everything: for a test that has looked at what it provoked."""
+        """Removes all records, for a test that has checked the errors that it has caused."""
         with self._changed:
             self._records.clear()
 
     def take(self, session, method, params):
         """Turns an event of the protocol into a record, if it is one."""
         if method == "Inspector.targetCrashed" and session.kind == "service_worker":
-            return  # told also when the browser only stops a worker that has nothing to do
+            return  # also sent when the browser only stops an idle worker
         found = _READERS.get(method, lambda _: None)(params)
         if found:
             with self._changed:
@@ -123,7 +123,7 @@ def _issue(params):
 
 
 def _short(address):
-    """An address of data: may be as long as a picture."""
+    """Shortens an address: one of data: may be as long as a picture."""
     return address if origin_of(address) else address[:80]
 
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""tools/serve-web serves what a browser needs, and says what is wrong."""
+"""tools/serve-web serves files as browsers need them, and reports its errors."""
 import http.client
 import os
 import signal
@@ -15,7 +15,7 @@ _SERVER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../tools/
 
 
 def run(*arguments):
-    """For calls that fail: status, and what was printed."""
+    """Runs a call that fails. Returns its status and its output."""
     done = subprocess.run([sys.executable, "-B", _SERVER, *arguments], capture_output=True, text=True, timeout=300)
     return done.returncode, done.stdout + done.stderr
 

@@ -11,7 +11,7 @@ _SERVER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../tools/
 class Served:
     """    with Served("build/web") as address: page.open(address)
 
-    `stop` and `start` take the server away from a page and bring it back on the same address.
+    `stop` and `start` stop the server and start it again at the same address.
     """
 
     def __init__(self, folder, port=0):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The page makes the same files as murmelo-headless of the same take: cleaned up, and with every effect."""
+"""From the same take the page makes the same files as murmelo-headless: cleaned up, and with every effect."""
 import base64
 import os
 import unittest
@@ -11,7 +11,7 @@ RESULT = "MrmLastProc.wav"
 
 
 def saving():
-    """Saves the take with every effect, from the choice of the effect on."""
+    """The commands that save the take with every effect, from the choice of the effect on."""
     lines = []
     for effect in range(len(EFFECTS)):
         if effect:
@@ -35,7 +35,7 @@ class Sound(PageTest):
         self.tab.evaluate("player.setVoice(%r)" % base64.b64encode(samples).decode())
         self.tab.evaluate("player.play(%r)" % lines)
         script = ["mic " + voice] + [line.replace("take", "take " + voice) for line in lines]
-        # The program deletes what it was working on when it ends, unless that fails.
+        # Makes the removal fail: at its end the program would delete the files that are compared.
         sounds = headless(script + ["fail File.Remove 1"], self.folder)
         names = [CLEANED] + ["rec_%05d.wav" % effect for effect in range(len(EFFECTS))]
         contents = []

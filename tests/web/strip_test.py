@@ -18,7 +18,7 @@ class Strip(PageTest):
         return self.tab.evaluate("murmelo.core.texts.title")
 
     def tap_button(self, name):
-        """Taps where the button of that name lies: the finger meets the canvas below it."""
+        """Taps at the place of the button with that name, on the canvas below it."""
         x, y = self.tab.wait_for("""(() => {
             const box = [...document.querySelectorAll('#keys button, #mirror button')].find((one) =>
                 one.textContent === %r)?.getBoundingClientRect();

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""One user's visits: a take is recorded, played, saved, shared and found again."""
+"""In several visits of one user a take is recorded, played, saved, shared and found again."""
 import os
 import unittest
 
@@ -24,7 +24,7 @@ class Take(PageTest):
         return self.page
 
     def in_headless(self, raw, lines):
-        """The sound folder of murmelo-headless after the same take and these commands."""
+        """Runs murmelo-headless with the same take and these commands. Returns its sound folder."""
         folder = temporary_folder(self)
         write_wav(os.path.join(folder, "raw.wav"), raw)
         return headless(["until Options", "take raw.wav", "until Play", *lines, "fail File.Remove 1"], folder, "lang=0")
@@ -82,7 +82,7 @@ class Take(PageTest):
         self.tab.wait_for("noted.asksToStay === 1")
         self.assertTrue(saved == page.kept(path))
 
-        page.press(page.word("share"))  # of the message
+        page.press(page.word("share"))  # the message's button
         self.assertEqual([name, "audio/wav", name], self.tab.wait_for(
             "noted.shared.length && [noted.shared[0].name, noted.shared[0].type, noted.shared[0].title]"))
         self.assertTrue(saved == bytes(self.tab.evaluate("noted.shared[0].bytes")))
@@ -101,7 +101,7 @@ class Take(PageTest):
         self.tab.wait_for("murmelo.voice.audio.paused && murmelo.sounds.playing === ''")
         self.tab.press("#sounds")
         page.press(page.word("play"))
-        page.press(page.word("stop"))  # at once: no complaint that it cannot be played
+        page.press(page.word("stop"))  # at once; this must not be reported as an error of playing
         page.press(page.word("play"))
         self.tab.wait_for("murmelo.sounds.playing === ''")  # to its end
         self.assertFalse(page.message().startswith(page.word("cannotPlay")))

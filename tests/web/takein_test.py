@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Sound files from outside: dropped, opened with the page, shared with it; in the kinds that browsers know."""
+"""Sound files of all kinds that browsers know are taken in: dropped, opened with the page, or shared with it."""
 import array
 import base64
 import ctypes
@@ -19,7 +19,7 @@ class _Info(ctypes.Structure):
 
 
 def write_compressed(path, samples, rate):
-    """The bytes of 16-bit samples as a file of the kind that the name says, by the library with which the program reads."""
+    """Writes 16-bit samples as a file of the kind that its name says, with libsndfile."""
     library = ctypes.CDLL("libsndfile.so.1")
     library.sf_open.restype = ctypes.c_void_p
     info = _Info(rate=rate, channels=1, format=_KINDS[path.rsplit(".", 1)[1]])
@@ -53,7 +53,7 @@ class TakeIn(PageTest):
         self.assertGreater(max(map(abs, array.array("h", take))), 5000, "it speaks")
 
     def bytes_of(self, path):
-        """A file as an expression of the page's script."""
+        """A file's bytes as an expression of JavaScript."""
         with open(path, "rb") as file:
             return "Uint8Array.from(atob('%s'), (letter) => letter.charCodeAt(0))" % base64.b64encode(file.read()).decode()
 
@@ -94,7 +94,7 @@ class TakeIn(PageTest):
         self.tab.evaluate("launchQueue.consumer({ files: [] }), 0")  # opened without one
 
     def share(self, form):
-        """Another app shares with the page, which is installed."""
+        """Shares a form with the page, as another app does if the page is installed."""
         self.tab.wait_for(_INSTALLED)
         self.page.reload().until("Options")
         self.tab.wait_for("navigator.serviceWorker.controller")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The page between its visits: without a network, in two tabs, with a full store, and in a new version."""
+"""The page works without a network, in two tabs, with a full store, and when there is a new version."""
 import hashlib
 import json
 import os
@@ -32,7 +32,7 @@ class Visits(PageTest):
             "fetch('style/page.css').then((reply) => `${reply.status} ${reply.headers.has('content-type')}`)"))
 
     def over(self, tab):
-        """The sentence over a page that has stopped."""
+        """The sentence that covers a page that has stopped."""
         return tab.wait_for("!document.getElementById('over').hidden && document.querySelector('#over p').textContent")
 
     def test_a_second_tab_says_so_and_takes_over(self):
@@ -117,7 +117,7 @@ class Visits(PageTest):
     def test_a_full_store_is_told_and_nothing_is_lost(self):
         self.page.stub("watching")
         self.tab.quota(20000, self.server.origin)
-        self.expected.append("QuotaExceeded")  # the service worker finds no room for its files either
+        self.expected.append("QuotaExceeded")  # the service worker has no room for its files either
         page = self.page.open().to_menu()
         page.use(SPEECH)
         page.told("storeFull")
@@ -149,7 +149,7 @@ class Visits(PageTest):
         page.told("storeFull")
         saved = page.file("rec_00000.wav")
         self.assertIsNone(page.kept(HOME + "rec_00000.wav"))
-        page.press(page.word("share"))  # no sheet without a window: it is downloaded
+        page.press(page.word("share"))  # without a window there is no share sheet: the file is downloaded
         with open(self.browser.downloaded("murmelo-none-00000.wav"), "rb") as file:
             self.assertTrue(saved == file.read())
 
@@ -291,7 +291,7 @@ class Update(PageTest):
         self.publish()
         self.tab.evaluate("navigator.serviceWorker.getRegistration().then((registration) => registration.update()).then(() => 0)")
         page.told("newVersion")
-        os.mkfifo(os.path.join(self.folder, "endless"))  # the server waits for somebody who writes
+        os.mkfifo(os.path.join(self.folder, "endless"))  # the server waits for a writer
         self.expected.append("endless")
         self.tab.evaluate("void fetch('endless').catch(() => {})")
         page.press(page.word("update"))
@@ -302,7 +302,7 @@ class Update(PageTest):
     def test_a_page_without_its_service_worker_takes_a_new_version_too(self):
         page = self.page.open().to_menu()
         self.tab.wait_for(_INSTALLED)
-        self.tab.reload(past_cache=True)  # such a page the service worker leaves alone
+        self.tab.reload(past_cache=True)  # the service worker does not control a page that was loaded so
         page.running().until("Options")
         self.assertIsNone(self.tab.evaluate("navigator.serviceWorker.controller"))
         self.tab.wait_for("murmelo.update")
@@ -314,7 +314,7 @@ class Update(PageTest):
         page.running().until("Options")
 
     def test_no_sound_is_asked_from_the_network(self):
-        page = self.page.open().to_menu()  # by a tap, which unlocks the speaker
+        page = self.page.open().to_menu()  # with a tap, which unlocks the speaker
         self.tab.wait_for("murmelo.voice.audio.src.startsWith('blob:')")
         self.assertEqual([], self.tab.evaluate(
             "performance.getEntriesByType('resource').map((entry) => entry.name).filter((name) => name.endsWith('.wav'))"))

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The page and the program in WebAssembly know the same calls and the same words."""
+"""The page uses only calls and words that the program in WebAssembly has."""
 import glob
 import os
 import re
@@ -14,7 +14,7 @@ def read(*path):
 
 
 def scripts():
-    """The page's own script, without its comments."""
+    """The page's scripts, without their comments."""
     text = "\n".join(read(path) for path in sorted(glob.glob(os.path.join(SOURCE, "web/page/*.js"))))
     return re.sub(r"//.*|/\*.*?\*/", "", text)
 

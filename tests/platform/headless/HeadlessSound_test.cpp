@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sound by script: the microphone's file in, the speaker's file out, on the virtual clock.
+// A script's sound: the microphone plays a file and the speaker writes one, on the virtual clock.
 #include "AudioDev.h"
 #include "Event.h"
 #include "HeadlessHost.h"
@@ -18,7 +18,7 @@ using Samples = TestSounds::Samples;
 
 namespace {
 
-/// Each "volume up" of the script works off one step of the test.
+/// Each "volume up" of the script carries out one step of the test.
 class Steps : public HostListener {
 public:
     void onTouch(Touch, int32_t, int32_t) override {}

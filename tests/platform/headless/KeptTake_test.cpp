@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// No take is lost: whatever the program does with it, it comes back and makes the same files, byte
-// for byte.
+// No take is lost: whatever the program does with it, it can be brought back and gives the same
+// files, byte for byte.
 #include "HeadlessHost.h"
 #include "OspProgram.h"
 #include "ScreenTable.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int32_t kEffects = 8;
 
-/// A take whose recording is stopped after so long.
+/// A take, and when its recording is stopped.
 struct Recording {
     Samples voice;
     int32_t stopAfterMs;
@@ -31,7 +31,7 @@ protected:
         folders.write("config/settings", "lang=0\n");
     }
 
-    /// One run of the program. Whenever a job ends, what it made is put aside.
+    /// Runs the program once. Whenever a job ends, stores its result.
     void run(const std::string& script) {
         TestHost shipped;
         shipped.mapShipped();
@@ -74,7 +74,7 @@ protected:
                std::to_string(recording.stopAfterMs) + "\n";
     }
 
-    /// Hears all eight, and goes back to the first.
+    /// The commands that play all eight effects and go back to the first.
     static std::string hearAll() {
         std::string script;
         for (int32_t i = 0; i < kEffects; i++) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Scripts are read into commands, and a mistake is reported with its line.
 #include "Script.h"
 
 #include <gtest/gtest.h>

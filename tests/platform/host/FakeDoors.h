@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A program whose screen the test decides, and which notes the keys it gets.
+// The doors of a program whose screen the test sets; notes the keys that it gets.
 #pragma once
 
 #include "QuietDoors.h"
@@ -20,7 +20,8 @@ public:
 
     ScreenTexts texts() override { return shown; }
 
-    /// A screen with those soft keys. Their words are in no language: only what they do counts.
+    /// Shows a screen with these soft keys. Their texts are in no language: only their meaning
+    /// counts.
     void show(const std::string& screen, Means left, Means middle, Means right) {
         shown = {};
         shown.screen = screen;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Parts and numbers of a message are put where each language wants them.
 #include "HostMessage.h"
 #include "HostWords.h"
 #include "Languages.h"

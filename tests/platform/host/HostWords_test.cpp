@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Every text of the host exists in every language, with the program's own words.
 #include "HostWords.h"
 #include "StrTexts.h"
 
@@ -10,7 +11,7 @@
 
 namespace {
 
-/// Of the program itself. @param name  "SK_STOP"
+/// A text of the program itself. @param name of its id, such as "SK_STOP"
 const char* textOfProgram(const std::string& name, size_t language) {
     int32_t count = 0;
     const StrTexts* rows = StrTexts::rows(count);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Each key of a computer's keyboard means the right thing on each screen.
 #include "FakeDoors.h"
 #include "KeyRules.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// A walk presses the right keys from any screen, and ends where the user must decide.
 #include "FakeDoors.h"
 #include "KeyWalk.h"
 
@@ -17,7 +18,7 @@ protected:
         doors.show(screen, left, middle, right);
     }
 
-    /// The menu, or another list, with the focus there.
+    /// Shows the menu or another list, with the focus on that entry.
     void list(const std::string& screen, int32_t focused, int32_t recordEntry, Means right) {
         show(screen, kNoKey, Means::kOther, right);
         for (int32_t i = 0; i < 5; i++) {
@@ -28,7 +29,7 @@ protected:
         }
     }
 
-    /// The keys that are pressed on this screen.
+    /// The keys that the walk presses on this screen.
     Keys pressed() {
         doors.keys.clear();
         for (int32_t i = 0; i < 5; i++) {

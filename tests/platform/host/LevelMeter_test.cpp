@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Peak, mean and clipping are measured in whole decibels.
 #include "LevelMeter.h"
 
 #include <gtest/gtest.h>

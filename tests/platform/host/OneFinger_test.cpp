@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Several pointers become one finger, and the second tap of a double tap is dropped.
 #include "OneFinger.h"
 #include "QuietListener.h"
 

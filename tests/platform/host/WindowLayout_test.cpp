@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Properties that hold in windows of all sizes.
+// Strip and picture are placed correctly in windows of all sizes.
 #include "WindowLayout.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ namespace {
 constexpr int32_t kSizes[] = {120, 200, 240, 241, 320, 333, 360,  400,  480,  481,  568,  576,
                               640, 700, 719, 720, 800, 960, 1080, 1200, 1280, 1920, 2160, 3840};
 
-/// The display's pixel becomes this many of the window's, in the larger of the two arrangements.
+/// The size of a display pixel in the window, in the better of the two arrangements.
 double bestScale(int32_t width, int32_t height) {
     const double stacked = std::min(width / 480.0, height / 800.0);
     const double sideBySide = std::min(width / 960.0, height / 640.0);
@@ -90,7 +90,7 @@ TEST(WindowLayout, bothPartsLieInTheWindowAndBesideEachOther) {
 TEST(WindowLayout, theyAreAsLargeAsTheWindowLetsThemBe) {
     inAllSizes([](int32_t width, int32_t height, const WindowLayout& layout) {
         const double scale = bestScale(width, height);
-        // Half a pixel of the window is lost by rounding, and another where two halves share one.
+        // Rounding may lose half a pixel of the window, and another half between strip and picture.
         EXPECT_NEAR(scale * 480, layout.picture().width, 1);
         EXPECT_NEAR(scale * 640, layout.picture().height, 1.5);
         EXPECT_NEAR(scale * 480, layout.strip().width, 1);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Settings are stored and read again; damaged or unreachable files are not overwritten.
 #include "OspApp.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -37,7 +38,8 @@ protected:
         return names;
     }
 
-    /// The host has said why, there are no settings, and a change holds but is not written.
+    /// Checks that the host has told why, that there are no settings, and that a change works but
+    /// is not written.
     void expectOutOfReach(const std::string& why) {
         ASSERT_EQ(1U, host.said.size());
         EXPECT_NE(std::string::npos, host.said[0].find("config/settings\" cannot be read"))

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The phone's texts, numbers and lists work as their header says.
 #include "OspBase.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// A byte buffer keeps its position, limit and capacity in order.
 #include "OspBuffer.h"
 #include "OspIo.h"
 #include "TestFolders.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The display shows what was painted, and reports which rows may have changed.
 #include "LoopHost.h"
 #include "OspGraphics.h"
 
@@ -31,7 +32,7 @@ protected:
         }
     }
 
-    /// What the display shows now.
+    /// All pixels of the display.
     std::vector<uint16_t> display() {
         canvas->Show();
         std::vector<uint16_t> shown(static_cast<size_t>(kW) * kH, 0x1234);
@@ -43,7 +44,7 @@ protected:
         return shown[static_cast<size_t>(y * kW + x)];
     }
 
-    /// Another pixel, as someone who has locked the bitmap draws it.
+    /// Changes a pixel of the locked bitmap.
     void change(int32_t x, int32_t y) {
         pixels[y * 240 + x] ^= 0x4210;
         RowMarks row(320);

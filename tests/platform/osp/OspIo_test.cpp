@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The phone's files and folders reach only the mapped roots, and report every failure.
 #include "FullDisk.h"
 #include "OspIo.h"
 #include "TestFolders.h"

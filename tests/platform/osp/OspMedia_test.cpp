@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The phone's recorder and player deliver, end and fail as their header says.
 #include "FullDisk.h"
 #include "OspIo.h"
 #include "OspMedia.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Rows are marked, listed as runs, and cleared.
 #include "RowMarks.h"
 
 #include <gtest/gtest.h>

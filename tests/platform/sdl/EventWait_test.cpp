@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waiting for events under drivers that cannot wait themselves: an hour is like a second.
+// Waits for events with drivers that cannot wait themselves do not depend on how long they last.
 #include "EventRoom.h"
 #include "EventWait.h"
 

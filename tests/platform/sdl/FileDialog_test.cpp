@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Opening and exporting through a desktop's own dialogs: a bus of the test's own, with dialogs
-// whose user is the test.
+// Files are opened and exported with a desktop's dialogs, on a bus of the test's own, where the
+// test is the user.
 #include "FileDialog.h"
 #include "Program.h"
 #include "QuietDoors.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The desktop's file manager is started for a folder, and its failure is reported.
 #include "FileManager.h"
 #include "OwnEnvironment.h"
 #include "TestFolders.h"
@@ -25,7 +26,8 @@ protected:
 
     ~FileManagerTest() override { setenv("PATH", oldPath.c_str(), 1); }
 
-    /// A file manager that writes down what it is to show, and whether it lives on its own.
+    /// Installs a file manager that writes down which folder it shows, and if it has a session of
+    /// its own.
     void install() {
         const std::string script = "#!/bin/sh\n{ echo \"$1\"; ps -o sid= -p $$; } >\"" +
                                    folders.path("part") + "\"\nmv \"" + folders.path("part") +
@@ -34,7 +36,7 @@ protected:
         ::chmod(folders.path("bin/xdg-open").c_str(), 0755);
     }
 
-    /// What it wrote, once it has.
+    /// Waits until it has written, and returns that.
     std::string shown() {
         for (int32_t waited = 0; waited < kPatienceMs && !folders.has("shown"); waited += 10) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The user is told once when the microphone is gone, and once when it is back.
 #include "MicrophoneWatch.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@ namespace {
 
 class MicrophoneWatchTest : public testing::Test {
 protected:
-    /// What was told since the last call.
+    /// The messages since the last call.
     std::string told() { return std::exchange(words, ""); }
 
     std::string words;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The picture is scaled to any window, exactly at whole multiples.
 #include "PictureScaler.h"
 #include "TestSounds.h"
 
@@ -10,7 +11,8 @@ namespace {
 
 constexpr uint32_t kUntouched = 0x12345678;
 
-/// The display's picture without the second one of each two equal rows; and drawn into a window.
+/// Random pictures with one row for each equal pair of the display's rows, and what PictureScaler
+/// makes of them in a window.
 class PictureScalerTest : public testing::Test {
 protected:
     PictureScalerTest() {
@@ -191,7 +193,7 @@ TEST_F(PictureScalerTest, drawingWhatHasChangedMakesTheWholeNewPicture) {
             ASSERT_EQ(4U, places.size());
             EXPECT_EQ(WindowLayout(width, height).strip().y, places[0].y);
             EXPECT_EQ(WindowLayout(width, height).picture().x, places[2].x);
-            // Nothing was drawn beside those places.
+            // No pixel outside of those places was drawn.
             std::vector<uint32_t> outside = partly;
             for (const PicturePlace& place : places) {
                 for (int32_t y = place.y; y < place.y + place.height; y++) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The window's icon is read from a small PNG file, and anything else is refused.
 #include "PngIcon.h"
 #include "TestFolders.h"
 #include "TestPng.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Starts, watches and ends another program.
 #include "Program.h"
 
 #include <chrono>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Another program, run beside the test.
+// Runs another program beside the test.
 #pragma once
 
 #include <cstdint>
@@ -19,14 +19,15 @@ public:
 
     void send(int signal) const;
 
-    /// How long a test waits for what takes a moment, on a machine that does much else.
+    /// How long a test waits for things that take a moment, on a busy machine.
     static constexpr int64_t kPatienceMs = 60000;
 
-    /// Its exit status; -1 if it had to be killed after so long, 128 + signal if a signal ended it.
+    /// Waits for its end. Returns its exit status, 128 + signal if a signal has ended it, or -1 if
+    /// it was killed after mostMs.
     int waitForEnd(int64_t mostMs = kPatienceMs);
 
-    /// Of /proc: processor time in ticks of 10 ms, and how often it went to sleep, threads
-    /// together.
+    /// From /proc, for all its threads together: processor time in ticks of 10 ms, and how often it
+    /// went to sleep.
     int64_t processorTicks() const;
     int64_t sleeps() const;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sound devices that die while they are in use: a server that goes away, a device that is removed.
-// Each case has a sound server of its own to take away.
+// Sound devices are lost while they are in use: the server ends, or the device is removed. Each
+// case has a sound server of its own.
 #include "ClipEnds.h"
 #include "Program.h"
 #include "QuietListener.h"
@@ -39,15 +39,15 @@ bool until(const std::function<bool()>& happened, int64_t patienceMs = kPatience
     return happened();
 }
 
-/// A sound server with two microphones that hear silence and two speakers. While it lives, it is
-/// the one that programs find.
+/// A sound server with two microphones, which record silence, and two speakers. While it exists,
+/// programs use it.
 class OwnServer {
 public:
-    // The devices that go; the others are the defaults, and stay.
+    // The devices that are removed; the others are the defaults, and stay.
     static constexpr const char* kMicrophone = "OneEar";
     static constexpr const char* kSpeaker = "OneVoice";
 
-    /// The socket of a server that programs find from now on, whether it runs or not.
+    /// Makes programs use the server with this socket, whether it runs or not.
     static void name(const TestFolders& folders) {
         setenv("PULSE_SERVER", ("unix:" + folders.path("socket")).c_str(), 1);
     }
@@ -76,13 +76,13 @@ public:
         control("unload-module $(pactl list short modules | grep sink_name=one | cut -f1)");
     }
 
-    /// They are back.
+    /// Adds them again.
     static void addDevices() {
         control("load-module " + sink("one", kSpeaker) + " >/dev/null");
         control("load-module " + source("one", kMicrophone) + " >/dev/null");
     }
 
-    /// Whether a program records from it ("source-outputs") or plays on it ("sink-inputs").
+    /// True if a program records from it (how: "source-outputs") or plays on it ("sink-inputs").
     static bool isInUse(const std::string& how) {
         return control("list short " + how + " | grep -q protocol-native");
     }
@@ -131,7 +131,7 @@ public:
     int32_t losses = 0;
 };
 
-/// Two ways in which a device dies: true if the server goes away, false if the device is removed.
+/// The two ways in which a device is lost: true: the server ends; false: the device is removed.
 class RealLoss : public testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
@@ -179,7 +179,7 @@ protected:
         folders.write("config/settings", "lang=0\n");
     }
 
-    /// The program, with what it says on standard error in a file.
+    /// The command of the program, with standard error in a file.
     std::vector<std::string> command(const std::vector<std::string>& more) const {
         std::vector<std::string> words = {"sh",
                                           "-c",
@@ -217,8 +217,8 @@ protected:
         return sound(name);
     }
 
-    /// Presses the key until something has come of it, and each time only on a screen that stands
-    /// still: a screen that works on the key before would take a key that is too much.
+    /// Presses the key until it has an effect, each time only when the screen does not change:
+    /// while the screen still reacts to the key before, another one would be too many.
     bool keyUntil(const std::string& name, const std::function<bool()>& happened) {
         until([this] { return screen.windowOf("Murmelo") != 0; });
         for (int32_t presses = 0; presses < 10 && !happened(); presses++) {
@@ -328,7 +328,8 @@ protected:
         return happened();
     }
 
-    /// Records a second; it is kept if a device was heard.
+    /// Records for a second. True if the take is kept, which it is if a device has delivered
+    /// samples.
     bool isKept(Ear& ear) {
         folders.remove("state");
         host->microphone()->prepare();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program itself on a real X server and a real sound server: how soon it is there, what it
-// costs to leave it alone, how it ends, and a whole journey by keyboard.
+// The program on a real X server and a real sound server: how soon its picture appears, how much
+// processor time it needs while idle, how it ends, and a whole journey by keyboard.
 #include "Program.h"
 #include "SdlAudio.h"
 #include "SoundServer.h"
@@ -34,14 +34,14 @@ namespace {
 constexpr int32_t kLeft = 400;
 constexpr int32_t kTop = 250;
 
-// Of a build as it is shipped; one that watches every access is not that fast.
+// Limits for an optimised build; with the sanitizers it is slower.
 #ifdef MURMELO_SANITIZED
 constexpr int64_t kFirstPictureUs = 1000000;
 constexpr int64_t kMaxRecordingMs = 500;  // of processor time in a second
 #else
-// About 16000 if nothing else runs, up to 90000 beside builds.
+// About 16000 on an idle machine, up to 90000 during builds.
 constexpr int64_t kFirstPictureUs = 400000;
-// About 14 where nothing else runs, 32 beside a build; a loop that does not sleep takes 1000.
+// About 14 on an idle machine, 32 during a build; a loop that does not sleep takes 1000.
 constexpr int64_t kMaxRecordingMs = 100;
 #endif
 
@@ -94,8 +94,8 @@ protected:
         return happened();
     }
 
-    /// Waits until the start picture has gone by itself: a key might come too late for it, and mean
-    /// the menu.
+    /// Waits until the start picture has ended by itself: a key to end it could come late and act
+    /// on the menu.
     bool waitForMenu() {
         return waitForPicture() && leadsOn([] {});
     }
@@ -111,8 +111,8 @@ protected:
         EXPECT_TRUE(leadsOn([&] { key(name); })) << name;
     }
 
-    /// Presses the key until something has come of it, and each time only on a screen that stands
-    /// still: a screen that works on the key before would take a key that is too much.
+    /// Presses the key until it has an effect, each time only when the screen does not change:
+    /// while the screen still reacts to the key before, another one would be too many.
     bool keyUntil(const std::string& name, const std::function<bool()>& happened) {
         for (int32_t presses = 0; presses < 10 && !happened(); presses++) {
             std::vector<uint32_t> last = picture();
@@ -151,7 +151,7 @@ protected:
     TestFolders folders;
     XScreen screen;
 
-    /// True if the picture is another one after something was done.
+    /// Calls something. True if the picture changes after it.
     bool leadsOn(const std::function<void()>& something) {
         const std::vector<uint32_t> before = picture();
         something();
@@ -193,7 +193,7 @@ TEST_F(RealProgram, aStillScreenSleeps) {
     const int64_t seconds = wanted != nullptr ? std::strtoll(wanted, nullptr, 10) : 5;
     Program program(command());
     ASSERT_TRUE(waitForPicture());
-    // What the start leaves to do is done.
+    // Waits until the start has finished all its work.
     int64_t before = -1;
     ASSERT_TRUE(until([&] {
         const int64_t earlier = std::exchange(before, program.processorTicks());
@@ -332,7 +332,7 @@ TEST_F(RealProgram, theStripIsClicked) {
     setenv("PATH", path.c_str(), 1);
     ASSERT_TRUE(waitForPicture());
 
-    // "Sounds", the fourth button; then the help, which lies over the picture until it is touched.
+    // "Sounds", the fourth button; then the help, which covers the picture until it is touched.
     click(3 * 96 + 48, 126);
     EXPECT_TRUE(until([this] { return folders.has("shown"); }));
     EXPECT_EQ(folders.path("home/Murmelo") + "\n", folders.read("shown"));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Recording and playing through a real sound server: what is spoken arrives in the take, what is
-// played arrives at the speaker, and nothing that a device does holds the program up.
+// Recording and playing with a real sound server: what is spoken is in the take, what is played
+// arrives at the speaker, and no device can block the program.
 #include "AudioDev.h"
 #include "CountingEar.h"
 #include "Event.h"
@@ -32,10 +32,10 @@ namespace {
 constexpr int32_t kEarHz = 8000;
 constexpr int64_t kPatienceMs = Program::kPatienceMs;
 
-// A device that holds the program up does so until its server goes on.
+// A device that blocks the program would do so until its server continues.
 constexpr int64_t kHeldUpMs = 10000;
 
-/// 1: the same up to its loudness; 0: nothing in common.
+/// Correlation of two parts: 1 if they differ only in loudness, 0 if they have nothing in common.
 double correlation(const Samples& a, size_t aFrom, const Samples& b, size_t bFrom, size_t count) {
     double ab = 0;
     double aa = 0;
@@ -50,7 +50,7 @@ double correlation(const Samples& a, size_t aFrom, const Samples& b, size_t bFro
     return aa > 0 && bb > 0 ? ab / std::sqrt(aa * bb) : 0;
 }
 
-/// Where the sound begins in what was heard: found by a stretch of it that is like no other.
+/// Index in heard at which the sound begins, found by a part of it that occurs only once.
 int64_t beginningIn(const Samples& heard, const Samples& sound) {
     constexpr size_t kStretch = 1500;
     const size_t middle = sound.size() / 2;
@@ -66,8 +66,8 @@ int64_t beginningIn(const Samples& heard, const Samples& sound) {
     return found;
 }
 
-/// The worst second of it, all seconds at one and the same distance: a sample lost or doubled
-/// anywhere spoils every second behind it.
+/// The lowest correlation of all seconds, at one fixed distance: a lost or doubled sample lowers it
+/// for every later second.
 double worstSecond(const Samples& heard, int64_t begin, const Samples& sound, size_t rateHz) {
     double worst = 1;
     for (size_t i = 0; i + rateHz <= sound.size(); i += rateHz) {
@@ -114,11 +114,11 @@ protected:
         runUntil([] { return false; }, ms);
     }
 
-    /// Works off the loop until something has happened; false if it has not after so long.
+    /// Runs the loop until happened() is true. False if that is not within mostMs.
     bool runUntil(const std::function<bool()>& happened, int64_t mostMs) {
         const int64_t endMs = host->uptimeMs() + mostMs;
         while (!happened() && host->uptimeMs() < endMs) {
-            // Other programs rouse nobody here: looked at again after a while.
+            // Other programs do not wake this one, so happened() is called again after a while.
             host->pump(nobody, std::min<int64_t>(endMs - host->uptimeMs(), 20));
         }
         return happened();
@@ -126,7 +126,7 @@ protected:
 
     static bool ended() { return Orm::firstEvent != nullptr; }
 
-    /// Plays a sound, with somebody listening at the speaker, until it has ended or is stopped.
+    /// Plays a sound until it has ended or is stopped; returns what was recorded at the speaker.
     Samples hear(const Samples& sound, int64_t stopAfterMs) {
         folders.write("home/clip.wav", TestSounds::wav(sound, kEarHz));
         Program ear({"parec", "--device=spk.monitor", "--rate=8000", "--channels=1",
@@ -200,8 +200,8 @@ TEST_F(RealSound, aClipArrivesAtTheSpeakerAndEndsWhenItWasHeard) {
               << startTookMs << " ms, ended after " << endMs - startMs << " ms\n";
     EXPECT_LT(0.95, worst);
     EXPECT_LE(5000, endMs - startMs);
-    // The last sample had been heard by the time the end was told; the ear itself lags by some
-    // tens of milliseconds.
+    // The last sample was played before the end was reported; the recording itself is some tens of
+    // milliseconds late.
     const int64_t lateMs = (begin + static_cast<int64_t>(clip.size())) * 1000 / kEarHz -
                            static_cast<int64_t>(bytesAtEnd / 2) * 1000 / kEarHz;
     std::cout << "playing: the ear had " << lateMs << " ms to go at the end\n";
@@ -308,7 +308,7 @@ TEST_F(RealSound, theServersDeathEndsAClipByTheClockAndKeepsATake) {
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_GT(kHeldUpMs, host->uptimeMs() - stopMs);
     EXPECT_LE(44U + 24000U, folders.read("home/take.wav").size());
-    // Nothing is left to play on: refused, or played to nobody and ended.
+    // There is no speaker any more: playing is refused, or ends without a sound.
     if (AudioDev::startPlay(&clipPath, &endEvent)) {
         EXPECT_TRUE(runUntil(ended, kPatienceMs));
     }

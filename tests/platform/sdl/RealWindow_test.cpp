@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The window on a real X server: what is on the screen, what a hand does to it.
+// The window on a real X server: its pixels on the screen, and the mouse on it.
 #include "EventWait.h"
 #include "PictureScaler.h"
 #include "Program.h"
@@ -24,7 +24,7 @@ namespace {
 constexpr int32_t kLeft = 400;
 constexpr int32_t kTop = 250;
 
-/// Notes what the phone is told.
+/// Records the calls that the phone gets.
 class Heard : public HostListener {
 public:
     void onTouch(Touch touch, int32_t x, int32_t y) override {
@@ -101,7 +101,7 @@ protected:
         }
     }
 
-    /// Works off what happens until something has happened; false if it never did.
+    /// Handles events until happened() is true. False if it never is.
     bool until(const std::function<bool()>& happened) {
         const int64_t endMs = host.uptimeMs() + Program::kPatienceMs;
         while (!happened() && host.uptimeMs() < endMs) {
@@ -118,7 +118,7 @@ protected:
         return until([&] { return !heard.notes.empty() && heard.notes.back() == last; });
     }
 
-    /// Does nothing to the window but what comes last: all before it has arrived by then.
+    /// Waits until all earlier events have arrived, by means of a last one that has no effect.
     void waitForAll() {
         hand("windowfocus " + std::to_string(window) + " key plus");
         ASSERT_TRUE(hears("up"));
@@ -158,7 +158,7 @@ protected:
         EXPECT_TRUE(until([&] { return host.presented() > before; }));
     }
 
-    /// Pixels that differ from the picture at its own size.
+    /// The number of pixels that differ from the picture at its own size.
     int32_t wrongPixels() {
         const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
         int32_t wrong = 0;
@@ -299,7 +299,7 @@ TEST_F(RealWindow, changedRowsAreEnoughAlsoAfterTheWindowWasElsewhere) {
     EXPECT_TRUE(isShown()) << "small for a while";
     screen.unmap(window);
     EXPECT_TRUE(hears("background"));
-    changeSomeRows();  // nobody sees it
+    changeSomeRows();  // the window is not visible
     screen.map(window);
     EXPECT_TRUE(hears("foreground"));
     EXPECT_TRUE(isShown()) << "changed off the screen";
@@ -375,7 +375,7 @@ TEST_F(RealWindow, anIconIsNotTheBackground) {
     screen.noteIcon(window);
     screen.unmap(window);
     EXPECT_TRUE(until([this] { return isOffScreen(); }));
-    run(300);  // the host looks whether it is an icon only some time later
+    run(300);  // only after some time does the host check if the window is an icon
     screen.map(window);
     EXPECT_TRUE(until([this] { return !isOffScreen(); }));
     waitForAll();
@@ -392,7 +392,8 @@ TEST_F(RealWindow, losingTheFocusIsNotTheBackground) {
 }
 
 TEST_F(RealWindow, suspendingIsTheBackground) {
-    // Everything of this program stands still, so another one lets it go on as soon as it does.
+    // All of this program is suspended, so another process continues it as soon as that has
+    // happened.
     const std::string pid = std::to_string(getpid());
     Program waker({"sh", "-c",
                    "until grep -q '^State:.*T (stopped)' /proc/" + pid +

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a computer offers beyond the phone, with doors that only take notes.
+// Files, exports and the last take of the window's program, with doors that only note the calls.
 #include "FullDisk.h"
 #include "QuietDoors.h"
 #include "SdlDoors.h"
@@ -97,7 +97,8 @@ protected:
         doors.handle(event);
     }
 
-    /// Works until a callback was delivered, or something was told; false if neither comes.
+    /// Calls deliver() until a callback was delivered or a message was told. False if neither
+    /// happens.
     bool delivered() {
         std::unique_lock<std::mutex> lock(mutex);
         for (int32_t i = 0; i < 1000; i++) {
@@ -113,14 +114,14 @@ protected:
         return false;
     }
 
-    /// What was printed since the last look.
+    /// The output since the last call.
     static std::string output() {
         std::string text = testing::internal::GetCapturedStdout();
         testing::internal::CaptureStdout();
         return text;
     }
 
-    /// What the host was asked to say since the last look, line by line.
+    /// The messages for the user since the last call, line by line.
     std::string error() {
         std::string text;
         for (const std::string& sentence : std::exchange(host.said, {})) {

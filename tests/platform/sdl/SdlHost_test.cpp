@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window's back end without a window system and without a sound server: SDL's own stand-ins,
-// which write and read files.
+// The window's back end without a window system and without a sound server, with SDL's drivers for
+// that, which write and read files.
 #include "ClipEnds.h"
 #include "CountingEar.h"
 #include "EventRoom.h"
@@ -232,7 +232,8 @@ TEST_F(SdlHostTest, aDeviceThatCannotBeOpenedIsTriedOnceASecond) {
     const int64_t seconds = (host->uptimeMs() - startMs) / 1000;
     SDL_DelEventWatch(count, nullptr);
     testing::internal::GetCapturedStderr();
-    // When the sound begins, at the second try of the first look, and at one try each second.
+    // Once when the sound begins, once at the second try of the first opening, and once for each
+    // second's try.
     EXPECT_GE(seconds + 2, found);
     EXPECT_LE(2, found);
 }
@@ -346,7 +347,7 @@ TEST_F(SdlHostTest, withoutASoundSystemThereIsSilenceAtTheMicrophonesRateAndClip
     host->microphone()->release();
     EXPECT_FALSE(host->hasLastTake());  // nothing was heard: there is no take
 
-    // A clip takes its time, and stands still while it is paused.
+    // A clip takes its time, and does not go on while it is paused.
     testing::internal::CaptureStderr();
     const int64_t playMs = host->uptimeMs();
     EXPECT_TRUE(host->speaker()->play(clipOf(Samples(1600, 1)), end));  // 200 ms

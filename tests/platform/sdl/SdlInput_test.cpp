@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// SDL's mouse and fingers become the phone's one finger.
 #include "SdlInput.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// SDL's keys are read on keyboards of several countries.
 #include "SdlKeys.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A microphone that no device serves, by a clock of the test's.
+// A microphone without a device gives silence and tries again, on the test's clock.
 #include "CountingEar.h"
 #include "SdlMicrophone.h"
 #include "TestFolders.h"
@@ -12,7 +12,8 @@
 
 namespace {
 
-/// SDL's driver that reads a file: it has a microphone, which cannot be opened without the file.
+/// SDL's driver that reads a file. It has a microphone, which cannot be opened while the file is
+/// missing.
 class SdlMicrophoneTest : public testing::Test {
 protected:
     SdlMicrophoneTest() {

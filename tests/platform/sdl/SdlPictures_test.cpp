@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// When the window looks at the picture, without a window.
+// Pictures are looked at and drawn at the right times, without a window.
 #include "DueTime.h"
 #include "SdlPictures.h"
 #include "TestFolders.h"
@@ -45,7 +45,8 @@ TEST_F(SdlPicturesTest, whatIsDueBeforeTheNextRefreshWaitsForIt) {
     pictures.show(&frame);
     pictures.presentIfDue(nullptr);  // nothing was new: looks again after a refresh
     clockUs = endMs * kUsPerMs;
-    // Due now, and yet nothing may be shown: a loop that came back at once would spin.
+    // Something is due, but must not be shown before the next refresh: with an earlier time the
+    // loop would spin.
     EXPECT_LT(endMs, pictures.dueMs());
     clockUs = pictures.dueMs() * kUsPerMs;
     pictures.presentIfDue(nullptr);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The window's size on SDL's stand-in for a screen, which has less room than the phone's display is
-// high.
+// The window's size with SDL's driver without a screen, whose room is less high than the phone's
+// display.
 #include "SdlWindow.h"
 #include "TestFolders.h"
 

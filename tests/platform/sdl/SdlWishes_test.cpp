@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The list of microphones is shown, filled and used.
 #include "SdlDoors.h"
 #include "SdlStrip.h"
 #include "SdlWishes.h"

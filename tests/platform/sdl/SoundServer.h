@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sound server that the tests have for themselves: they stall it, rouse it and end it.
+// Stalls, continues and ends the private sound server of the tests.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// New screens, moved focuses and messages are read aloud, each once.
 #include "Speech.h"
 #include "SpokenScreen.h"
 

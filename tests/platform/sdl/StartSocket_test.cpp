@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// A second start hands its file over to the first program of the same home and user.
 #include "StartSocket.h"
 #include "TestFolders.h"
 
@@ -32,7 +33,8 @@ protected:
         }
     }
 
-    /// What the first program was told so far. The other side has its reply only afterwards.
+    /// The starts that the first program was told of so far. The other side gets its reply only
+    /// after that.
     std::vector<std::string> told() {
         const std::lock_guard<std::mutex> lock(mutex);
         return files;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The first start takes the language that the environment names.
 #include "SystemLanguage.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The window's size is stored and read again, and nonsense is ignored.
 #include "TestFolders.h"
 #include "WindowMemory.h"
 

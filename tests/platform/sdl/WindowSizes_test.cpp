@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The window's first size and its steps fit the desktop's scale and the screen.
 #include "WindowSizes.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The window's title names the screen and the effect in the program's language.
 #include "HostWords.h"
 #include "WindowTitle.h"
 

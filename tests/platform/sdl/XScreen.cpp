@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Reads and changes what is on the X server's screen.
 #include "XScreen.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ Display* server(void* display) {
     return static_cast<Display*>(display);
 }
 
-/// The side of a drag that offers one file.
+/// The source of a drag, which offers one file.
 class Drag {
 public:
     Drag(Display* x11, Window target, const std::string& path)
@@ -46,7 +47,7 @@ public:
         XFlush(x11);
     }
 
-    /// Waits for the target's answer and hands over the file meanwhile, for at most two seconds.
+    /// Waits at most two seconds for the target's reply, and passes the file when it is asked for.
     bool hear(const char* message) {
         for (int32_t i = 0; i < 200; i++) {
             while (XPending(x11) > 0) {

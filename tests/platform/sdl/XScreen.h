@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A look at the X server's screen, past the window library.
+// Reads the X server's screen without the window library, and does what a window manager and a user
+// do.
 #pragma once
 
 #include <cstdint>
@@ -23,31 +24,30 @@ public:
     /// The window that all others lie in.
     uint64_t root();
 
-    /// Whether a window manager has begun its work.
+    /// True if a window manager runs.
     bool hasManager();
 
     /// The window whose title ends so, 0 if there is none.
     uint64_t windowOf(const std::string& title);
 
-    /// As a window manager does when the user closes a window, or makes it an icon.
+    /// Ask as a window manager does when the user closes a window or minimises it.
     void askToClose(uint64_t window);
     void noteIcon(uint64_t window);
 
-    /// As a file manager does: drags a file over the window and lets go in its middle. @returns
-    /// whether the window took it
+    /// Drags a file over the window and drops it in its middle, as a file manager does. @returns
+    /// true if the window has accepted it
     bool drop(uint64_t window, const std::string& path);
 
     int32_t widthOf(uint64_t window);
     std::string titleOf(uint64_t window);
 
-    /// The settings for all programs, as xrdb sets them.
+    /// Sets the settings for all programs, as xrdb does.
     void setResources(const std::string& text);
 
     /// Opens a window of that place and one colour (0xFF00FF), in front of all others.
     uint64_t cover(int32_t x, int32_t y, int32_t width, int32_t height);
 
-    /// The picture that it has in lists and bars: width, height, then 0xAARRGGBB row by row; empty
-    /// if it has none.
+    /// The window's icon: width, height, then 0xAARRGGBB row by row; empty if it has none.
     std::vector<uint32_t> iconOf(uint64_t window);
 
     void map(uint64_t window);

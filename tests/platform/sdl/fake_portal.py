@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""fake_portal.py LOG MODE [URI]: a desktop's file dialogs on the session bus, whose user is a test.
+"""fake_portal.py LOG MODE [URI]: simulates a desktop's file dialogs and their user on the session bus.
 
 Each call is written to LOG as a line of JSON. MODE says what the user does: "choose" chooses URI,
 "cancel" closes the dialog, "wait" does nothing until a file LOG.go appears and then chooses URI,
-"die" takes the dialogs off the bus, "refuse" returns an error.
+"die" removes the dialogs from the bus, "refuse" returns an error.
 """
 import json
 import os
@@ -21,7 +21,7 @@ REQUEST = 'org.freedesktop.portal.Request'
 
 
 def plain(value):
-    """The value of a D-Bus type as JSON knows it; a path of bytes as text."""
+    """Converts a value of a D-Bus type to one for JSON; a path of bytes becomes a text."""
     if isinstance(value, dbus.ByteArray) or (isinstance(value, dbus.Array) and value.signature == 'y'):
         return bytes(value).decode()
     if isinstance(value, dict):

@@ -1,6 +1,6 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# no-display.sh PROGRAM: what murmelo does where there is no display. It needs none itself.
+# no-display.sh PROGRAM: checks what murmelo does without a display. Needs none itself.
 set -u
 program=$(realpath "$1")
 folder=$(mktemp -d)
@@ -23,7 +23,7 @@ complain() {
     wrong=1
 }
 
-# refused TEXT NAME=VALUE...: with these variables it ends with status 1 and one sentence with TEXT in it.
+# refused TEXT NAME=VALUE...: checks that with these variables it ends with status 1 and one sentence that has TEXT.
 refused() {
     local text=$1 status
     shift
@@ -42,7 +42,7 @@ refused 'murmelo: no window can be opened: the display' DISPLAY=:9999
 refused 'murmelo: no window can be opened: the display' WAYLAND_DISPLAY=nowhere
 refused 'murmelo: no window can be opened: ' SDL_VIDEODRIVER=nonsense
 
-# A driver without a window is used where it is named, and hears a signal.
+# A driver without a window is used if it is named, and a signal ends the program.
 for driver in offscreen dummy; do
     rm -rf home/Murmelo
     SDL_VIDEODRIVER=$driver "$program" --home home --config config >stdout 2>stderr &

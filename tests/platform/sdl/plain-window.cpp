@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The least that a program with such a window does: opens it and shows one ready picture. How soon
-// Murmelo's first picture stands is measured beside it.
+// The least program with such a window: opens it and shows one ready picture. The time of Murmelo's
+// first picture is compared with it.
 #include "VideoDriver.h"
 
 #include <SDL.h>

@@ -1,7 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# speak.sh PROGRAM: what the program has read aloud, on a private speech server whose voice is
-# silent. To be run under with-desktop.
+# speak.sh PROGRAM: checks what the program has read aloud, with a private speech server whose voice is
+# silent. Run it under with-desktop.
 program=$1
 
 if ! command -v speech-dispatcher >/dev/null || [[ ! -x /usr/lib/speech-dispatcher-modules/sd_dummy ]]; then
@@ -71,7 +71,7 @@ until_true was_said "Menü" || fail "the menu was not read"
 was_refused() { was_said "Es gibt noch nichts zu sichern" || was_said "Das geht im Menü"; }
 saves_nothing() { xdotool key s && sleep 0.3 && was_refused; }
 until_true saves_nothing || fail "the strip's message was not read"
-# The list that lies over the picture is read, and where the focus is on it.
+# The list over the picture is read, and the focus on it.
 xdotool key m
 until_true was_said "Welches Mikrofon?" || fail "the list of microphones was not read"
 xdotool key Up
@@ -79,7 +79,7 @@ until_true was_said "Schließen" || fail "the focus on the list was not read"
 kill $speaking
 wait $speaking || fail "the speaking program ended badly"
 
-# A server that is not there is told, and nothing else is lost.
+# A missing server is reported, and everything else works.
 export SPEECHD_ADDRESS=inet_socket:127.0.0.1:1
 "$program" --speak --home "$folder/home" --config "$folder/config" 2>"$folder/alone.txt" &
 alone=$!

@@ -10,8 +10,8 @@ if ! command -v weston >/dev/null; then
     echo "skipped: weston is not installed"
     exit 77
 fi
-folder=$(mktemp -d "$HOME/wayland_XXXXXX")  # the name of a socket has to be short: not below any TMPDIR
-patience=60  # seconds for what takes a moment, on a machine that does much else
+folder=$(mktemp -d "$HOME/wayland_XXXXXX")  # not in TMPDIR: the name of a socket must be short
+patience=60  # seconds for anything that takes a moment, on a busy machine
 started=()
 touch "$folder/errors" "$folder/weston"
 clean() {
@@ -101,7 +101,7 @@ asks() {
     done
     fail "the program does not ask for $1"
 }
-xdotool key F11  # this desktop has let its one program fill the screen from the start
+xdotool key F11  # on this desktop the only program fills the screen from the start
 asks unset_fullscreen
 xdotool key alt+Return
 asks set_fullscreen

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The strip and its sheet are laid over the phone's frame, and only changed rows are reported.
 #include "StripFrame.h"
 #include "TestHost.h"
 

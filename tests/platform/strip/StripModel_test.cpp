@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The strip has the right buttons, messages and sheet for every tap, key and screen.
 #include "Host.h"
 #include "StripLayout.h"
 #include "StripModel.h"

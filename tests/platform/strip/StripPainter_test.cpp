@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The strip's texts fit their places in every language, and its pictures are painted.
 #include "Host.h"
 #include "HostMessage.h"
 #include "HostWords.h"
@@ -99,7 +100,7 @@ TEST_F(StripPainterTest, hintsFitOneRowInEveryLanguage) {
     }
 }
 
-/// With the longer of the two actions that they have.
+/// Each message is measured with the longer of the two actions.
 TEST_F(StripPainterTest, messagesFitTheirRowsInEveryLanguage) {
     int32_t messages = 0;
     for (const HostWords::Row& row : HostWords::rows()) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Texts are broken into rows at spaces and slashes.
 #include "TextRows.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A page without a browser: a clock that the test moves, and notes of what it was asked for.
+// A page without a browser: its clock is moved by the test, and it notes the program's calls.
 #pragma once
 
 #include "PlainWav.h"
@@ -65,7 +65,7 @@ public:
 
     double clockMs = 0;
     double realMs = 0;
-    double realStepMs = 0;  // how much each look at the real clock takes
+    double realStepMs = 0;  // how much the real clock advances at each call
     int32_t askedTicket = 0;
     int32_t clipTicket = 0;
     int32_t volume = -1;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Plain WAV files of every width and rate become takes; others are refused.
 #include "PlainWav.h"
 #include "TestSounds.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Sounds of any rate become 16 kHz without a wrong level, time or frequency.
 #include "RateTo16k.h"
 
 #include <gtest/gtest.h>
@@ -62,7 +63,7 @@ double level(const Samples& samples, double frequencyHz, bool expected) {
     return 10 * std::log10((power / static_cast<double>(n) + 1e-9) / (full * full / 2));
 }
 
-/// Of the sine that goes in, whatever else comes out. 1: unchanged.
+/// The loudness of the input's sine in the output, relative to the input; 1: unchanged.
 double loudness(const Samples& samples, double frequencyHz) {
     double found = 0;
     double wanted = 0;
@@ -83,7 +84,7 @@ double besselI0(double x) {
     return sum;
 }
 
-/// The same filter as a formula: every sample of the input, for one sample out.
+/// The slow model: one output sample by the formula, over every input sample.
 double slowly(const std::vector<float>& in, int32_t rateHz, size_t n) {
     const double lowerHz = std::min<double>(rateHz, kOutHz);
     double sum = 0;
@@ -104,7 +105,7 @@ class RateTo16kAtEachRate : public testing::TestWithParam<int32_t> {};
 
 TEST_P(RateTo16kAtEachRate, keepsSpeechAsItIsAndInTime) {
     const int32_t rateHz = GetParam();
-    // 7 kHz, where the input has it; below 16 kHz the same share of its rate.
+    // 7 kHz; for rates below 16 kHz, the same fraction of the rate.
     const double highestHz = 7000.0 / 16000 * std::min(rateHz, 16000);
     for (const double part : {0.02, 0.1, 0.25, 0.5, 0.75, 0.9, 1.0}) {
         const double frequencyHz = part * highestHz;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The page's sounds have their names and lines, and unusable files are refused.
 #include "WebSounds.h"
 
 #include <gtest/gtest.h>

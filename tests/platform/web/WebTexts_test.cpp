@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The texts of screen and strip become JSON, only if they are new.
 #include "WebTexts.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Glyphs are rounded to 4 bits of coverage and lose their empty edges.
 #include "BitMapCharacter.h"
 #include "CoverageMap.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Bitmap fonts are made with every character, and unusable outlines are refused.
 #include "AppImage.h"
 #include "BitMapCharacter.h"
 #include "BitMapFont.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Everything that a sound page does not do.
+// Does everything that a correct page must not do.
 window.provoke = () => {
     console.error('told the console', 7);
     setTimeout(() => {

@@ -5,7 +5,7 @@ for (const name of ['click', 'keydown', 'drop', 'dragover', 'change', 'visibilit
     document.addEventListener(name, (event) => {
         const files = event.dataTransfer?.files ?? event.target.files ?? [];
         if (event.dataTransfer) {
-            event.preventDefault();  // or the browser would open the file
+            event.preventDefault();  // else the browser would open the file
         }
         window.seen.push({
             name,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The service worker of the harness's own test: serves two files from its cache, and fetches an address on request.
 const kFiles = ['worker.html', 'worker.js'];
 self.addEventListener('install', (event) => {
     event.waitUntil(caches.open('harness').then((cache) => cache.addAll(kFiles)));

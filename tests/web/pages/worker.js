@@ -1,3 +1,3 @@
 // SPDX-License-Identifier: MIT
-// Works offline once its service worker is there.
+// A page that works offline once its service worker is installed.
 navigator.serviceWorker.register('service.js');

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Another program holds the microphone.
+// Simulates a microphone that another program uses.
 navigator.mediaDevices.getUserMedia = async () => {
     throw new DOMException('Could not start audio source', 'NotReadableError');
 };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Stands in for the page's clock and microphone, before its own scripts begin: time goes on only when the
-// test says so, and jumps to what is due next, as in murmelo-headless. `player.play(script)` understands a
-// part of that program's commands and takes the same pictures.
+// Replaces the page's clock and microphone before its own scripts begin: time passes only when the test
+// says so, and jumps to what is due next, as in murmelo-headless. `player.play(script)` carries out some of
+// that program's commands, and takes the same pictures.
 (() => {
-    const DISPLAY_SCALE = 2; // of the display, whose positions scripts use, to the canvas
+    const DISPLAY_SCALE = 2; // scripts use positions on the display, which is twice the canvas
     const CANVAS_TOP = 160;
     const SOFT_KEYS_MIDDLE = 780;
     const SOFT_KEYS = { left: 80, middle: 240, right: 400 };
@@ -13,10 +13,10 @@
 
     let nowMs = 0;
     let realMs = 0;
-    let handMs = 0; // far enough apart that no touch is the second of a double tap
+    let handMs = 0; // touches are so far apart that none is the second of a double tap
     let lastTimer = 0;
     const timers = new Map();
-    performance.now = () => (realMs += 10); // a turn's time is over after one step: no screen is jumped over
+    performance.now = () => (realMs += 10); // the time of a turn is used up after one step, so that every screen is seen
     window.setTimeout = (act, ms = 0) => {
         timers.set(++lastTimer, { dueMs: nowMs + Math.max(0, Math.ceil(ms)), act });
         return lastTimer;
@@ -28,7 +28,7 @@
     let voice = new Float32Array(0);
     let page = null;
 
-    /** Paints at once instead of with the next frame of the window. */
+    /** Paints at once instead of at the window's next frame, and takes the watched picture. */
     function paintNow() {
         if (page.core.frame !== 0) {
             cancelAnimationFrame(page.core.frame);
@@ -44,7 +44,7 @@
         return page.picture.pixels.getImageData(0, 0, 240, 400).data;
     }
 
-    /** Hears the voice as time goes on, a millisecond at a time. */
+    /** Delivers the voice to the microphone as time goes on, a millisecond at a time. */
     function listen(ears) {
         let heard = 0;
         const hear = () => {
@@ -59,7 +59,7 @@
         window.setTimeout(hear, 1);
     }
 
-    /** Changes what the page has under that name as soon as it has it. */
+    /** Calls how(part) for the page's part of that name, now or as soon as it is set, and whenever it is replaced. */
     function change(name, how) {
         let part = page[name];
         if (part) {
@@ -94,7 +94,7 @@
                 listen(ears);
             };
         });
-        // What plays ends after its length.
+        // A clip ends after its length.
         change('voice', (speaker) => {
             speaker.begin = (file, done) => {
                 const ended = () => speaker.done === done && speaker.finish('_murmeloClipEnded');
@@ -105,7 +105,7 @@
     }
     Object.defineProperty(window, 'murmelo', { get: () => page, set: take });
 
-    /** Lets everything happen that is due now. */
+    /** Waits until nothing is due now: no message and no frame. */
     async function settle() {
         do {
             await new Promise((resolve) => {
@@ -201,7 +201,7 @@
         shots,
         /** Rows of a picture that differ from a PNG of murmelo-headless: of the display, which is twice as large, or of
             the canvas, which has 5, 6 and 5 bits to a pixel and no strip above. The strip's rows are 0 to 79.
-            @param withStrip  whether they are compared */
+            @param withStrip  true if those rows are compared too */
         rowsUnlike: async (name, png, withStrip) => {
             const blob = new Blob([bytesOf(png)], { type: 'image/png' });
             const image = await createImageBitmap(blob, { colorSpaceConversion: 'none', premultiplyAlpha: 'none' });
@@ -210,7 +210,7 @@
             const scale = image.width / 240;
             const first = withStrip ? 0 : 80;
             const top = image.height - (400 - first) * scale;
-            const ignored = scale === 1 ? [7, 3, 7] : [0, 0, 0]; // low bits
+            const ignored = scale === 1 ? [7, 3, 7] : [0, 0, 0]; // low bits that RGB565 does not have
             const expected = whole.getImageData(0, top, image.width, (400 - first) * scale).data;
             const rows = new Set(image.width === 480 && image.height !== 800 ? [-1] : []);
             for (let at = first * 240; at < 240 * 400; at++) {
@@ -224,7 +224,7 @@
             }
             return [...rows];
         },
-        /** @param base64  16-bit samples of 16 kHz: what the microphone hears, and what "take" takes */
+        /** @param base64  16-bit samples of 16 kHz: what the microphone records, and what "take" opens as a file */
         setVoice: (base64) => {
             voice = Float32Array.from(new Int16Array(bytesOf(base64).buffer), (sample) => sample / 32768);
         },

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Counts what keeps a page awake.
+// Counts a page's timers, frames and messages, which keep the processor awake.
 window.counted = { timers: 0, waiting: 0, frames: 0, messages: 0 };
 (() => {
     const { setTimeout, clearTimeout, setInterval, requestAnimationFrame } = window;

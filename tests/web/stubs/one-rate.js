@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A browser that has one rate only.
+// Simulates a browser that has only one sampling rate.
 window.AudioContext = class extends AudioContext {
     constructor(options) {
         if (options?.sampleRate) {

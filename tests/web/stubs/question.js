@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The browser's question about the microphone stays open until the test answers it.
+// Keeps the browser's question about the microphone open until the test answers it.
 window.question = { asked: 0, allow: () => {}, refuse: () => {} };
 (() => {
     const devices = navigator.mediaDevices;

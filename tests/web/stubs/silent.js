@@ -1,3 +1,3 @@
 // SPDX-License-Identifier: MIT
-// The microphone is open, and no sample ever comes from it.
+// Simulates a microphone that is open but never delivers a sample.
 AudioContext.prototype.createMediaStreamSource = () => ({ connect() {} });

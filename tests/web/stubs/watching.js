@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Notes what the page asks of the browser; sharing is answered here, because a browser without a window cannot.
+// Notes the page's calls of the browser. Simulates sharing, which a browser without a window cannot do.
 window.noted = { microphones: [], shared: [], clips: [], asksToStay: 0 };
 (() => {
     const devices = navigator.mediaDevices;

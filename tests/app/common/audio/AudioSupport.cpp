@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tests of the sound engine share: recordings, noise, tones, whole runs and the pitch
+// Shared by the tests of the sound engine: recordings, noise, tones, whole runs and the pitch
 // meter.
 #include "AudioSupport.h"
 

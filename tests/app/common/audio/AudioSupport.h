@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tests of the sound engine share: arrays, signals, real speech, runs, and a pitch meter.
+// Shared by the tests of the sound engine: arrays, signals, real speech, runs, and a pitch meter.
 #pragma once
 
 #include "Array.h"
@@ -36,8 +36,8 @@ Samples roughSignal(int32_t count, uint32_t seed = 1);
 /// A voice-like tone: harmonics of a fundamental that glides from one frequency to the other.
 Samples glide(int32_t count, double fromHz, double toHz);
 
-/// A recording of Debian's asterisk-core-sounds-en-wav, 8 kHz. The test fails, and says so, where
-/// the package is missing.
+/// A recording of Debian's asterisk-core-sounds-en-wav, 8 kHz. If the package is missing, the test
+/// fails with a message.
 Samples speech(const std::string& name);
 
 /// Recordings of the same package one after the other, cut to this many seconds.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The effects do what their names say: measured on speech, not compared with numbers.
+// The effects do what their names say, measured on speech instead of compared with stored numbers.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"
 #include "TestHost.h"
@@ -27,8 +27,8 @@ protected:
     TestHost host;
 };
 
-/// The ratios of the output's pitch to the input's, wherever both are voiced; places in the output
-/// are scaled in time.
+/// The ratios of the output's pitch to the input's, at all places where both are voiced; places in
+/// the output are scaled by the tempo.
 std::vector<double> pitchRatios(const Samples& input, const Samples& output, double tempo) {
     constexpr int32_t kWindow = 480;
     std::vector<double> ratios;

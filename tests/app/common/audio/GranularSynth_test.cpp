@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Grains stand, move, stretch and are pasted as the rule says, and never leave their arrays.
+// Grains are placed, moved, stretched and pasted by the rules, and nothing outside the arrays is
+// used.
 #include "AudioSupport.h"
 #include "GranularSynth.h"
 #include "SlowEffects.h"

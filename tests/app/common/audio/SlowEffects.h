@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The effects written a second time, as plainly as possible and without regard to speed: the model
-// of what every sample must be.
+// for every sample.
 #pragma once
 
 #include "AudioSupport.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every processor survives everything that a driver may do to it.
+// No processor crashes or leaks, whatever order a caller uses its operations in.
 #include "AudioSupport.h"
 #include "FxCatalogue.h"
 #include "TestHost.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sounds are loaded and saved exactly, and a damaged or failing file costs nothing but itself.
+// Sounds are loaded and saved exactly, and a damaged or failing file does no other harm.
 #include "AudioSupport.h"
 #include "ByteArrayInputStream.h"
 #include "ByteArrayOutputStream.h"
@@ -42,7 +42,7 @@ protected:
     bool isNull = false;
 };
 
-/// A file of these samples whose header says another count, if one is given.
+/// A file of these samples; if claimed is given, its header has that count.
 Bytes file(int32_t rateHz, const Samples& samples, int32_t claimed = -1) {
     const auto count = static_cast<int32_t>(samples.size());
     const Array<signed char> header(WavProps(claimed < 0 ? count : claimed, rateHz).toByteArray());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every processor follows the same course of a run, and the shared kernels equal their plain loops.
+// A processor goes through the states of a run, and the shared kernels equal plain loops.
 #include "AudioSupport.h"
 #include "OspBase.h"
 #include "SlowEffects.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A WAV header is written and read field by field, and its mistakes are forgiven.
+// A WAV header is written and read field by field, and defects in it are ignored.
 #include "AudioSupport.h"
 #include "WavProps.h"
 

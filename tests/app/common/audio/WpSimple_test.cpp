@@ -46,7 +46,7 @@ public:
     int32_t* openResult() { return this->result.get(); }
 };
 
-/// Every slice copies all that is left: the slow model of what the result holds after each slice.
+/// The slow model: every slice copies all remaining samples.
 class SlowCopy : public WavProc {
 public:
     explicit SlowCopy(bool backwards)
@@ -73,7 +73,7 @@ private:
     int32_t position = 0;
 };
 
-/// Runs both, the processor a second time after a run that was dropped, and compares progress and
+/// Runs the model and the processor (which has dropped a run before), and compares progress and
 /// result after every slice.
 template <typename Processor>
 void expectTheModelAfterEverySlice(bool backwards) {
@@ -95,7 +95,7 @@ void expectTheModelAfterEverySlice(bool backwards) {
     }
 }
 
-/// Makes the whole pages of memory that lie in an array read-only: a write to them ends the
+/// Makes the memory pages that lie completely in an array read-only: a write to them ends the
 /// process.
 void forbidWrites(int32_t* array) {
     const auto page = static_cast<uintptr_t>(sysconf(_SC_PAGESIZE));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The audio device records and plays what it is given, and survives every refusal of the phone.
+// The audio device records and plays, and stays usable after every failure of the phone.
 #include "ArrFunc.h"
 #include "AudioDev.h"
 #include "AudioDevListeners.h"

@@ -22,7 +22,7 @@ protected:
 
     using Samples = std::vector<int32_t>;
 
-    /// "none" is a length of -1.
+    /// The samples as a vector; the array is freed.
     static Samples taken(int32_t* samples) {
         Samples result(samples, samples + length(samples));
         deleteArrFunc(samples);

@@ -31,7 +31,7 @@ protected:
         delete midlet;
     }
 
-    /// Everything that is due, in order.
+    /// Delivers everything that is due; returns the events in order.
     const Heard& delivered() {
         while (Orm::msUntilDue() == 0) {
             canvas->run();

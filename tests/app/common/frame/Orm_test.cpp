@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The scheduler keeps the order of events, delivers them once, and holds them during a pause.
+// The scheduler delivers events once and in order, and delays them by a pause.
 #include "Assembly.h"
 #include "Bounds.h"
 #include "LoopHost.h"

@@ -27,7 +27,7 @@ protected:
         source.set(0x80808080);
     }
 
-    /// Rows that differ are exactly first .. last, and exactly those are marked.
+    /// Calls draw, and checks that exactly the rows first .. last have changed and are marked.
     void expectRows(int32_t first, int32_t last, const std::function<void()>& draw) {
         marks.clear();
         const std::vector<uint32_t> before = model::pixelsOf(image);

@@ -21,7 +21,7 @@ constexpr int32_t kGlyphH = 7;
 constexpr int32_t kImageW = 20;
 constexpr int32_t kImageH = 16;
 
-/// Every coverage from 0 to 15 at least twice.
+/// A glyph's coverage, with every value from 0 to 15 at least twice.
 std::vector<signed char> someCoverage() {
     std::vector<signed char> coverage(kGlyphW * kGlyphH);
     for (size_t i = 0; i < coverage.size(); i++) {
@@ -41,7 +41,7 @@ uint32_t channel(uint32_t argb, int32_t shift) {
     return (argb >> shift) & 255;
 }
 
-/// One channel at a time.
+/// The slow model, one channel at a time.
 uint32_t slowInk(uint32_t d, uint32_t colour, uint32_t coverage) {
     if (coverage == 0) {
         return d;
@@ -64,7 +64,7 @@ struct Clip {
     int32_t x, y, w, h;
 };
 
-/// The glyph at (x, y) of a noisy image, against the slow model.
+/// Draws the glyph at (x, y) of a noisy image, and compares with the slow model.
 void expectDrawn(int32_t x, int32_t y, const Clip* clip, uint32_t colour) {
     const std::vector<signed char> coverage = someCoverage();
     BitMapCharacter glyph('A', coverage.data(), kGlyphW, kGlyphH, 6, 0, 0);

@@ -62,7 +62,7 @@ void fillRandom(model::Noise& noise, Rects& rects, int32_t count) {
     }
 }
 
-/// The cells of a that b leaves, as often as a covers them.
+/// The cover of a, without the cells that b covers.
 std::vector<int32_t> without(std::vector<int32_t> a, const std::vector<int32_t>& b) {
     for (size_t i = 0; i < a.size(); i++) {
         a[i] = b[i] != 0 ? 0 : a[i];

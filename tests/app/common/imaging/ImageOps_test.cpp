@@ -39,9 +39,9 @@ bool isIn(const AppImage& image, int32_t x, int32_t y) {
 using Pixel = std::function<uint32_t(uint32_t d, int32_t x, int32_t y)>;
 using Draw = std::function<void(AppImage& dst, AppImage& src, int32_t x, int32_t y, Bounded* clip)>;
 
-/// Draws at every position from just outside one corner to just outside the other, through every
-/// clip, and compares with pixel(), which is asked for each pixel of the destination inside the
-/// clip, x and y counted from the position.
+/// Draws at every position from just outside one corner to just outside the other, with every clip,
+/// and compares with the model. The model is called for each pixel of the destination inside the
+/// clip, with x and y relative to the position.
 void drawEverywhere(const Draw& draw, const std::function<Pixel(AppImage&)>& modelOf) {
     Noise noise(1);
     AppImage src(kSrcW, kSrcH);
@@ -67,7 +67,7 @@ void drawEverywhere(const Draw& draw, const std::function<Pixel(AppImage&)>& mod
     }
 }
 
-/// The colour of an image there, or nothing.
+/// The pixel of an image; transparent outside it.
 uint32_t at(AppImage& image, int32_t x, int32_t y) {
     return isIn(image, x, y) ? image.get(x, y) : 0;
 }

@@ -71,7 +71,7 @@ inline uint32_t lightness(uint32_t argb, int32_t l) {
     return (argb & 0xFF000000) | (colour & 0xFFFFFF);
 }
 
-/// For 0..256.
+/// @param s  0..256
 inline uint32_t saturation(uint32_t argb, int32_t s) {
     const Channels in(argb);
     const int32_t grey = (55 * in.c[1] + 183 * in.c[2] + 18 * in.c[3]) / 256;
@@ -79,7 +79,7 @@ inline uint32_t saturation(uint32_t argb, int32_t s) {
     return (argb & 0xFF000000) | (colour & 0xFFFFFF);
 }
 
-/// For 0 and above.
+/// @param o  at least 0
 inline uint32_t opacity(uint32_t argb, int32_t o) {
     return o > 255 ? argb : each(argb, [o](int32_t c) { return c * o / 256; });
 }
@@ -95,7 +95,7 @@ inline uint32_t throughMask(uint32_t d, uint32_t argb, uint32_t mask) {
 
 constexpr uint32_t kEdgeAlphas[] = {0, 1, 127, 128, 254, 255};
 
-/// The same words in every run, other ones for every seed.
+/// Pseudo-random words: the same in every run, different for each seed.
 class Noise {
 public:
     explicit Noise(uint32_t seed)
@@ -112,7 +112,7 @@ public:
         return static_cast<int32_t>(word() % static_cast<uint32_t>(limit));
     }
 
-    /// Premultiplied; every second alpha is one of the extreme ones.
+    /// A premultiplied colour; every second one has an extreme alpha (0, 1, 254, 255).
     uint32_t colour() {
         const uint32_t alpha = word() % 2 == 0 ? kEdgeAlphas[word() % 6] : word() >> 24;
         const auto limit = static_cast<int32_t>(alpha) + 1;

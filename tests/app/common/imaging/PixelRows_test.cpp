@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Rows are blended in groups of pixels, and what is left of a row one pixel at a time; each pixel
-// must be the same as if it were blended alone.
+// Rows are blended in groups of pixels, and the rest of a row one pixel at a time; each pixel must
+// be the same as if it were blended by itself.
 #include "PixelModel.h"
 #include "PixelRows.h"
 
@@ -37,8 +37,8 @@ std::vector<Operation> operations() {
     return all;
 }
 
-/// The block's rectangle once as it is and once pixel by pixel gives the same, and nothing beside
-/// it changes.
+/// Blends the block's rectangle once as a whole and once pixel by pixel; both must be equal, and no
+/// other pixel may change.
 void expectSame(const Operation& operation, Pixels& dst, Pixels& src, const PixelBlock& block) {
     Pixels single = dst;
     for (int32_t y = 0; y < block.h; y++) {

@@ -28,7 +28,7 @@ Bytes encoded(const std::vector<uint32_t>& argb, int32_t w, int32_t h) {
     return Bytes(bytes, bytes + encoder.getLength());
 }
 
-/// libpng, which checks every sum, reads back the colours, all opaque.
+/// Checks that libpng, which verifies every sum, reads back the colours, all opaque.
 void expectReadBack(int32_t w, int32_t h) {
     SCOPED_TRACE(std::to_string(w) + " x " + std::to_string(h));
     std::vector<uint32_t> argb = noise(w * h, 3);
@@ -46,7 +46,7 @@ uint32_t at32(const Bytes& file, size_t position) {
            uint32_t{file[position + 2]} << 8 | file[position + 3];
 }
 
-/// Payload lengths of the stored blocks of a file of ours, which must end the stream.
+/// The lengths of the stored blocks of a file; checks that they end the stream.
 std::vector<size_t> blocks(const Bytes& file) {
     constexpr size_t kData = 8 + 25 + 8;  // signature, header, length and type
     EXPECT_EQ(0x7801U, at32(file, kData) >> 16);

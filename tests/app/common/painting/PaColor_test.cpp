@@ -12,7 +12,7 @@ namespace {
 constexpr uint32_t kGround = 0xFF102030;
 constexpr uint32_t kRed = 0xFFFF0000;
 
-/// Columns and rows of an image of 8 x 6 that are not the ground, as x, y, w, h of their box.
+/// The bounding box (x, y, w, h) of the pixels of an 8 x 6 image that were painted.
 std::vector<int32_t> changedBox(AppImage& image) {
     Bounds box;
     for (int32_t y = 0; y < image.h; y++) {

@@ -8,7 +8,7 @@ namespace {
 
 class PaImageTest : public TestRegistry {
 public:
-    /// Where a painter that stood at (50, 60) stands after taking a 4 x 3 picture of that name.
+    /// The rectangle of a painter at (50, 60) after it has got a 4 x 3 picture with that name.
     std::vector<int32_t> placed(const std::string& name) {
         writePicture(name, 4, 3, 0xFF000000);
         PaImage painter;
@@ -17,7 +17,7 @@ public:
         return rectOf(painter);
     }
 
-    /// Opacity with which a picture is painted that has own and gets inherited modifiers.
+    /// The opacity with which a picture with these own and inherited modifiers is painted.
     uint32_t painted(PixProps* own, PixProps* inherited) {
         PaImage painter;
         painter.setImage(Res::addImage(new AppImage(1, 1, 0xFFFFFFFF)));

@@ -30,7 +30,7 @@ public:
         return Res::addImage(image);
     }
 
-    /// The picture's column (or row) that pixel i of a target shows, worked out the plain way.
+    /// The slow model: the picture's column (or row) that pixel i of a target shows.
     static int32_t sourceOf(int32_t i, int32_t split, int32_t length, int32_t target) {
         const int32_t after = length - 1 - split;
         if (i < split) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The registry gives each resource its number, returns it by that, and nothing for any other.
+// The registry gives each resource a number, and returns it for that number only.
 #include "ArrFunc.h"
 #include "Res.h"
 #include "ResNull.h"

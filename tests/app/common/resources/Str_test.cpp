@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every text is there in every language, in its order, in the fonts, and fits its place.
+// Every text exists in every language, has its place in the order and all its letters in the fonts,
+// and fits its place.
 #include "ArrFunc.h"
 #include "BitMapFont.h"
 #include "Bounds.h"
@@ -62,14 +63,14 @@ public:
         return area.getNumRows();
     }
 
-    /// Whether blanks that do not break hold several words together, and not only a word and a "?".
+    /// True if blanks that do not break join several words, and not only a word and a "?".
     static bool isGlued(const std::string& word) {
         const size_t blank = word.find("\u00a0");
         return blank != std::string::npos &&
                std::isalpha(static_cast<unsigned char>(word[blank + 2]));
     }
 
-    /// Whether the last word of any paragraph has a row to itself.
+    /// True if the last word of a paragraph has a row of its own.
     static bool hasALonelyWord(const std::string& text, int32_t font) {
         for (size_t start = 0; start < text.size();) {
             const size_t end = std::min(text.find('\n', start), text.size());

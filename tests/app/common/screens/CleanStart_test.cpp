@@ -18,7 +18,7 @@ protected:
         putTake(TestSounds::noise(3200));
     }
 
-    /// Keys of a hasty user and a frame of an animation, still pending.
+    /// Schedules keys of a hasty user and a frame of an animation.
     static void leaveKeysAndAFrame() {
         for (int32_t code = OrmCanvas::kKeyRightSoft; code <= OrmCanvas::kKeyUp; code++) {
             Orm::canvas->keyPressed(code);
@@ -27,7 +27,8 @@ protected:
         Orm::schedEvent(Orm::EV_T_UPDATE, nullptr, nullptr, 5);
     }
 
-    /// Delivers the event that changes the screen before everything that is pending.
+    /// Delivers the event that changes the screen, ahead of everything that is pending, and checks
+    /// that nothing of that is left.
     void expectCleanStart(const std::string& next,
                           const Names& own,
                           String* type,

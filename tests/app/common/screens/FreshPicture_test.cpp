@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a screen shows does not depend on what stood there before: boxes and bars are translucent,
-// so anything below them that is not painted again would shine through, or get darker with every
-// visit.
+// A screen's picture does not depend on the picture before it. Boxes and bars are translucent:
+// parts below them that are not painted again would shine through, or become darker each time.
 #include "AppImage.h"
 #include "AudioDev.h"
 #include "G.h"
@@ -33,9 +32,9 @@ protected:
         host.ears.setVoice(TestSounds::noise(16000));
     }
 
-    /// The step leads to the named screen, and the picture there is the same whether the step began
-    /// on a screen of one colour, of another, or (twice) where the preparation leads. The box, if
-    /// there is one, is painted there once.
+    /// Checks that the step leads to the named screen, and that the picture there is the same if
+    /// the step began on a screen of one colour, of another, or (twice) after the preparation. If
+    /// the screen has a box, it must have been painted once.
     static void expectFresh(const std::string& screenName,
                             const Step& prepare,
                             const Step& step,

@@ -43,7 +43,7 @@ protected:
 
     static int32_t rowTop(int32_t index) { return Menu::y + 10 + index * (Menu::rh + 12); }
 
-    /// Which entry's label is drawn in the colour of the focus.
+    /// Index of the entry whose label has the colour of the focus.
     static int32_t focusSeen() {
         int32_t seen = -1;
         for (int32_t i = 0; i < length(Menu::entries); i++) {

@@ -30,7 +30,7 @@ protected:
         G::scr->set(0xFF202020);
     }
 
-    /// Delivers what is due, and looks at the picture after each event.
+    /// Delivers what is due, and checks the picture after each event.
     static void tickAndLook() {
         while (!Orm::isDisposed && Orm::msUntilDue() == 0) {
             Orm::canvas->run();

@@ -29,7 +29,7 @@ protected:
         enter(G::statePlay);
     }
 
-    /// The middle of an arrow as the header places it.
+    /// Touches the middle of an arrow.
     static void touchArrow(bool left) {
         const PaImage* arrow = left ? G::piArrowLeftWhite : G::piArrowRightWhite;
         const int32_t x = left ? 8 : 232 - arrow->getWidth() + 1;

@@ -57,7 +57,7 @@ protected:
 
     static Pixels light() { return part(G::scr, 0, 192, 83, 86); }
 
-    /// The lamp's rectangle as it should be.
+    /// The expected pixels of the lamp.
     static Pixels lightOf(bool isLit) {
         AppImage expected(240, 320);
         G::piBg->paintOn(&expected, 0, 0, G::scrB, nullptr);
@@ -67,12 +67,12 @@ protected:
         return part(&expected, 0, 192, 83, 86);
     }
 
-    /// Rows 213 and on belong to the keys.
+    /// The wheels' pixels. (Rows from 213 on belong to the keys.)
     static Pixels wheels(AppImage* image) { return part(image, 176, 179, 64, 32); }
 
     static Pixels recordKey(AppImage* image) { return part(image, 155, 213, 51, 27); }
 
-    /// One frame of both, over the frames before it.
+    /// Paints one frame of wheels and key over the frames before it.
     static void paintWheelsAndKey(AppImage* image, int32_t frame) {
         PaImage* const phases[] = {nullptr,       G::piWheels15, G::piWheels30,
                                    G::piWheels45, G::piWheels60, G::piWheels75};

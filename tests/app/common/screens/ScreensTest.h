@@ -44,16 +44,16 @@ protected:
     /// Delivers what is due now.
     static void tick();
 
-    /// Time passes; events and sound that become due meanwhile are delivered at their time.
+    /// Lets time pass; events and sound that become due are delivered at their time.
     void pass(int64_t ms);
 
-    /// A finger set down and lifted, in canvas pixels.
+    /// Sets a finger down and lifts it, in canvas pixels.
     static void touch(int32_t x, int32_t y);
 
     /// A touch in the middle of a soft key.
     static void touch(SoftKey key);
 
-    /// A navigation key pressed and let go (codes as the canvas's).
+    /// Presses and releases a navigation key. @param code as the canvas's
     static void key(int32_t code);
 
     /// Delivers an event to the current screen at once.
@@ -62,7 +62,7 @@ protected:
     /// Class name of the current screen.
     static std::string screen();
 
-    /// What is pending, as "Name/SubName@ms from now".
+    /// The pending events, as "Name/SubName@ms from now".
     Names pending() const;
 
     /// The three soft-key labels in the current language, "-" for none.
@@ -75,16 +75,17 @@ protected:
     /// The picture's pixels inside a rectangle.
     static Pixels picture(int32_t x, int32_t y, int32_t w, int32_t h);
 
-    /// What stands on the fatal screen under its heading; "none" on any other screen.
+    /// The text of the fatal screen below its heading; "none" on any other screen.
     static std::string fatalBody();
 
     /// The heading of the fatal screen, or its body if it has no heading; "none" on any other.
     static std::string fatalText();
 
-    /// What a fatal message of that kind looks like over the plain picture, down to the soft keys.
+    /// The expected picture of a fatal message of that kind over the plain picture, down to the
+    /// soft keys.
     static Pixels fatalPicture(int32_t kind);
 
-    /// A take on file, 16 kHz.
+    /// Writes the take's file, 16 kHz.
     void putTake(const std::vector<int16_t>& samples) const;
     bool hasTake() const;
     bool hasResult() const;
@@ -92,7 +93,7 @@ protected:
     /// Records the voice given for that long and waits for the choice of the effect.
     void record(const std::vector<int16_t>& voice, int64_t ms);
 
-    // What the fatal screen says, in English.
+    // Texts of the fatal screen, in English.
     static constexpr const char* kFileError =
         "An unexpected file read or write error has occured.\nThe application will end.";
     static constexpr const char* kStorageLow =

@@ -25,7 +25,7 @@ protected:
 
     static uint32_t channel(uint32_t argb, int32_t shift) { return (argb >> shift) & 0xFF; }
 
-    /// The rule for one pixel, channel by channel.
+    /// The slow model of one pixel, channel by channel.
     static uint32_t slow(uint32_t a, uint32_t b, uint32_t k, uint32_t background) {
         uint32_t colour = 0;
         for (const int32_t shift : {0, 8, 16, 24}) {
@@ -38,7 +38,7 @@ protected:
         return out + colour;
     }
 
-    /// One frame of the slide as it should be, over the current screen and its background.
+    /// The expected pixels of a frame of the slide, over the current screen and its background.
     static Pixels slowFrame(int32_t p) {
         AppImage image(G::scr);
         G::piBg->paintOn(&image, 0, 0, Scroller::bounds.get(), nullptr);

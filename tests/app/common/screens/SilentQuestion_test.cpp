@@ -31,7 +31,7 @@ protected:
         host.silent = true;
     }
 
-    /// What a frame shows.
+    /// Paints a frame and returns what it shows.
     static Shown paint() {
         Shown shown(240 * 320);
         CanvasGraphics graphics(reinterpret_cast<unsigned char*>(shown.data()), 240, 320);

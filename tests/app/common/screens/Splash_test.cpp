@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The opening shows its pictures, prepares the sound folder, and goes on by time or key.
+// The splash screen shows its pictures, prepares the sound folder, and ends by time or by a key.
 #include "AppImage.h"
 #include "FileInputStream.h"
 #include "FileOps.h"

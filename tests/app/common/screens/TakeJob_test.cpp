@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A sound from outside takes the place of a recording.
+// A sound from outside replaces a recording.
 #include "G.h"
 #include "Orm.h"
 #include "OrmCanvas.h"

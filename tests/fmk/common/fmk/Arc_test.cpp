@@ -29,7 +29,8 @@ std::vector<std::string> drawn(int32_t w, int32_t h, const Points& points) {
     return rows;
 }
 
-/// Half pixels between the point and the ellipse, along its row or its column, the shorter way.
+/// The distance in half pixels from the point to the ellipse, along its row or its column,
+/// whichever is shorter.
 double distance(int32_t w, int32_t h, int32_t u, int32_t v) {
     const double insideX = 1.0 - static_cast<double>(v) * v / (static_cast<double>(h) * h);
     const double insideY = 1.0 - static_cast<double>(u) * u / (static_cast<double>(w) * w);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The canvas knows its keys, and ignores what this phone does not offer.
+// The canvas maps its key codes, and ignores what this phone does not have.
 #include "GnoCanvas.h"
 #include "MIDlet.h"
 #include "OspGraphics.h"

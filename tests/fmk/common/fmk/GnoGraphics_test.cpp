@@ -34,7 +34,7 @@ protected:
 
     void clear() { memory.assign(memory.size(), kUntouched); }
 
-    /// Every pixel, guard rows included, is ink exactly where the rule says.
+    /// Checks that exactly the pixels for which rule() is true have ink, guard rows included.
     template <typename Rule>
     void expectInk(Rule rule) {
         for (int32_t y = -1; y <= kH; y++) {

@@ -20,7 +20,7 @@ ImagePointer decode(const Bytes& file, int32_t offset = 0) {
                                               offset, static_cast<int32_t>(file.size()) - offset));
 }
 
-/// Straight words of the whole image.
+/// All pixels of the image as straight ARGB words.
 std::vector<uint32_t> words(const GnoImage* image) {
     std::vector<uint32_t> out(static_cast<size_t>(image->getWidth() * image->getHeight()));
     image->getRGB(out.data(), 0, image->getWidth(), 0, 0, image->getWidth(), image->getHeight());

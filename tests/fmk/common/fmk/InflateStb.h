@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The browser's inflater under a name of its own, so that both can stand in one program.
+// The browser's inflater under another name, so that one program can contain both.
 #pragma once
 
 #include <cstddef>

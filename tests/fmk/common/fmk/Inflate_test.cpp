@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Both inflaters, side by side: the native one, and the browser's under another name.
+// Both inflaters give the same bytes: the native one, and the browser's, which has another name
+// here.
 #include "Inflate.h"
 #include "InflateStb.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers become text and text numbers, odd characters included.
+// Numbers become texts and texts numbers, even with characters that are no digits.
 #include "Integer.h"
 #include "OspBase.h"
 #include "Short.h"

@@ -20,8 +20,7 @@ protected:
     ~MathTables() override { Math::dispose(); }
 };
 
-/// The stored value of an angle of the first quarter, worked out in another way than the table is
-/// made.
+/// The cosine of an angle in the first quarter, worked out in another way than the table.
 int32_t quarter(int32_t degrees) {
     static const std::map<int32_t, int32_t> odd = {{7, 9926},  {31, 8571}, {35, 8191},
                                                    {39, 7772}, {77, 2249}, {89, 174}};

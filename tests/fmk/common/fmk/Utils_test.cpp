@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers and characters are put into bytes, and what the phone does not know stays constant.
+// Numbers and characters are converted to bytes and back, within their arrays.
 #include "ArrFunc.h"
 #include "Calendar.h"
 #include "Random.h"

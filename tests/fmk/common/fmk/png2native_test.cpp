@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// PNG files decode as libpng decodes them, and damaged ones are survived.
+// PNG files are decoded as libpng does, and damaged ones do no harm.
 #include "ArrFunc.h"
 #include "png2native.h"
 #include "TestPng.h"
@@ -61,7 +61,8 @@ uint16_t to565(uint32_t argb) {
                                  (argb & 255) / 8);
 }
 
-/// Our pixels are libpng's, cut down to 565, and our alpha plane is there where it belongs.
+/// Checks that the pixels are those of libpng, cut to 565, and that there is an alpha plane exactly
+/// if one is needed.
 void expectAsLibpng(const Bytes& file) {
     const TestPicture expected = TestPng::read(file);
     ASSERT_FALSE(expected.argb.empty());
