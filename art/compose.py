@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Puts the finished pictures together as the program does, for eyes: compose.py RES_DIR OUT_DIR
+"""Composes whole screens from the pictures as the program does, for a person to look at: compose.py RES_DIR OUT_DIR
 
 Writes one picture of the screen per effect and state at 240 x 320 and doubled, and contact sheets of them all.
 """
@@ -17,13 +17,13 @@ WHITE = (255, 255, 255, 255)
 
 
 class Pictures:
-    """The pictures by the stem of their name; placed ones know where they belong."""
+    """The pictures, by the stems of their names; some names contain the picture's place."""
 
     def __init__(self, folder):
         self.paths = {os.path.basename(p)[:-4]: p for p in glob.glob(os.path.join(folder, "*.png"))}
 
     def get(self, stem):
-        """The picture and its place (None when its name says none)."""
+        """The picture and its place (None if its name has none)."""
         for name, path in self.paths.items():
             if name == stem:
                 return Image.open(path).convert("RGBA"), None
@@ -34,7 +34,7 @@ class Pictures:
 
 
 def stretch(picture, split, width, height):
-    """Nine parts around the split point: corners as they are, edges and centre from the split row and column."""
+    """Stretches a picture: corners stay as they are, edges and centre repeat the row and column of the split point."""
     a, b = split
     w, h = picture.size
     columns = ((0, a, 0, a), (a, a + 1, a, width - (w - a - 1)), (a + 1, w, width - (w - a - 1), width))
@@ -89,7 +89,7 @@ class Screen:
 
 
 def slide(pictures, name, shift):
-    """A character on its way, behind the microphone and the wheels."""
+    """A character in the middle of its slide, behind the microphone and the wheels."""
     screen = Screen(pictures)
     picture, place = pictures.get(name)
     moved = Image.new("RGBA", (240, 320))

@@ -21,7 +21,7 @@ SVG = "{http://www.w3.org/2000/svg}"
 OVERSAMPLE = 4
 SCREEN = (240, 320)
 
-# Where each cut-out lies on the screen (x, y, width, height); the same numbers stand in the file names.
+# The place of each cut-out on the screen (x, y, width, height); the file names contain the same numbers.
 LAMP = (0, 192, 83, 86)
 WHEELS = (176, 179, 64, 32)
 KEYS = {"play": (154, 212, 35, 23), "record": (155, 213, 51, 27), "stop": (195, 226, 29, 21)}
@@ -39,7 +39,7 @@ PLAIN = {
 }
 # Pictures of the strip above the screen: file name -> colours of its palette (0: none, white under an alpha plane).
 STRIP = {"heads": 255, "icons": 0}
-SPLIT = re.compile(r"_x\d+y\d+$")  # what is stretched says so in its name
+SPLIT = re.compile(r"_x\d+y\d+$")  # the end of a stretched picture's name
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
 SIMPLE_ICONS = {16: "icon_tiny.svg", 24: "icon_small.svg", 32: "icon_small.svg"}
 
@@ -68,7 +68,7 @@ THRESHOLDS = [[0.13 + 0.74 * (rank + 0.5) / 64 for rank in row] for row in bayer
 
 
 def quantise(value, bits, threshold):
-    """The 8-bit value nearest to the dithered level: its high bits are what RGB565 keeps."""
+    """The 8-bit value nearest to the dithered level. RGB565 keeps its high bits."""
     top = (1 << bits) - 1
     level = min(top, int(value * top / 255 + threshold))
     return (level * 255 + top // 2) // top
@@ -88,7 +88,7 @@ def dither565(image, x0, y0):
 
 
 def nearest565(image):
-    """The nearest colours of RGB565. What is stretched repeats one row or column, and a dither would become a stripe."""
+    """The nearest colours of RGB565. For stretched pictures: they repeat one row or column, and a dither would become stripes."""
     image = image.convert("RGBA")
     result = Image.new("RGBA", image.size)
     result.putdata([(quantise(r, 5, 0.5), quantise(g, 6, 0.5), quantise(b, 5, 0.5), a) if a else (0, 0, 0, 0)
@@ -129,7 +129,7 @@ class Scene:
         return self
 
     def only(self, name):
-        """Leaves nothing but one top-level group (and the definitions)."""
+        """Removes everything but one top-level group (and the definitions)."""
         for child in list(self.root):
             if child.tag != SVG + "defs" and child.get("id") != name:
                 self.root.remove(child)
@@ -144,7 +144,7 @@ def box(rect):
 
 
 def differs_outside(a, b, rect):
-    """Whether two renders differ anywhere outside a rectangle."""
+    """True if two renders differ outside a rectangle."""
     a, b = a.copy(), b.copy()
     for image in (a, b):
         image.paste((0, 0, 0), box(rect))
@@ -172,7 +172,7 @@ def render_scene(save):
         save(state(Scene().show(*STATES[name]), name, rect, background), placed(name, rect))
     save(state(Scene().show(*STATES["lamp"]), "lamp", LAMP, background), placed("mic_led", LAMP))
     for name, rect in OVERLAYS.items():
-        # The background's own pixels under the group's coverage: laid over the background they change nothing.
+        # The background's own pixels, with the group's coverage as alpha: over the background they change nothing.
         cut = background.crop(box(rect)).convert("RGBA")
         cut.putalpha(Scene().only(OVERLAY_GROUPS[name]).render().getchannel("A").crop(box(rect)))
         save(dither565(cut, rect[0], rect[1]), placed(name, rect))
@@ -199,7 +199,7 @@ def render_plain(save):
 
 
 def render_strip(folder):
-    """Small and sharp: a palette instead of a dither, which would be noise in a head of 28 pixels."""
+    """Reduces a strip picture to a palette. A dither would look like noise in a head of 28 pixels."""
     for name, colours in STRIP.items():
         svg = source("strip/%s.svg" % name)
         picture = rasterise(svg, *svg_size(svg))

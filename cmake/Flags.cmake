@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# One set of flags for every target of ours: the same take and the same touches give the same bits everywhere.
+# The same flags for every target of the project, so that the same take and the same touches give the same bits
+# everywhere.
 add_library(murmelo_flags INTERFACE)
 
 target_compile_options(murmelo_flags INTERFACE
@@ -13,7 +14,7 @@ if(MURMELO_WERROR)
 endif()
 
 if(MURMELO_SANITIZE)
-    # No -fwrapv here: the sanitizer finds every overflow that was not written as meant.
+    # No -fwrapv: the sanitizer must find every overflow that is not marked as intended (wrapAdd and so on).
     target_compile_options(murmelo_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(murmelo_flags INTERFACE -fsanitize=address,undefined)
@@ -28,10 +29,10 @@ if(MURMELO_COVERAGE)
     target_link_options(murmelo_flags INTERFACE --coverage)
 endif()
 
-# What is shipped is hardened: loaded at any address, with its table of library functions read-only from the start, and
-# ended by an overwritten stack or by a library call that would overrun its buffer. Debian's hardening=+all asks for the
-# same. Left out where the sanitizers or the counters look at the same places, and where nothing is optimised, as
-# _FORTIFY_SOURCE needs it.
+# Optimised programs are hardened, as Debian's hardening=+all asks: they are loaded at a random address, their table of
+# library functions is read-only from the start, and an overwritten stack or a library call that would overrun its
+# buffer ends them. Not with sanitizers or counters, which check the same places, and not without optimisation, which
+# _FORTIFY_SOURCE needs.
 set(MURMELO_HARDENED OFF)
 if(MURMELO_HARDEN AND CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$"
         AND NOT (MURMELO_SANITIZE OR MURMELO_COVERAGE OR MURMELO_FUZZ))
@@ -44,10 +45,10 @@ if(MURMELO_HARDEN AND CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSize
     target_link_options(murmelo_flags INTERFACE -pie -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endif()
 
-# Asserts stay on in the optimised build; its loops are written for the vectoriser. The page is made
-# to be downloaded: there the size counts.
+# Asserts stay on in the optimised build; its loops are written for the vectoriser. For the page a small size is more
+# important, because it is downloaded.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3")
 if(EMSCRIPTEN)
-    # With -Os alone emscripten turns inlining off: each element of a new vector costs a call.
+    # With -Os alone emscripten does not inline: then each element of a new vector costs a call.
     set(CMAKE_CXX_FLAGS_RELEASE "-Os -finline-functions")
 endif()

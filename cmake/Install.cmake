@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# What is installed, and where: the three programs, their data, and what a desktop and a shell want to know of them.
-# The parts: "murmelo" goes everywhere, "byhand" only where no package manager looks after the files, and "debian" only
-# into a Debian package (Package.cmake).
+# What is installed, and where: the three programs, their data, and the files that a desktop and a shell need. There are
+# three components: "murmelo" is always installed, "byhand" only without a package manager, and "debian" only in a
+# Debian package (Package.cmake).
 include(GNUInstallDirs)
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME murmelo)
@@ -12,13 +12,13 @@ set(murmelo_data ${CMAKE_INSTALL_DATADIR}/murmelo)
 set(murmelo_icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 set(murmelo_papers ${CMAKE_INSTALL_DATADIR}/doc/murmelo)
 
-# The programs look for their data on the same way from where they lie, so that the whole tree can be moved.
+# The programs find their data by a path relative to themselves, so that the installed tree can be moved as a whole.
 file(RELATIVE_PATH murmelo_data_from_programs
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/murmelo)
 target_compile_definitions(murmelo_files PRIVATE MURMELO_INSTALLED_DATA="${murmelo_data_from_programs}")
 
-# Makes the folders that are missing and remembers them, so that uninstalling can take exactly those away. The notes lie
-# in the build folder, or in the folder that MURMELO_INSTALL_NOTES names in the environment of the installation.
+# Makes the missing folders and notes them, so that uninstalling can remove exactly those. The notes are written to the
+# build folder, or to the folder that the environment variable MURMELO_INSTALL_NOTES names.
 set(murmelo_folders
     ${CMAKE_INSTALL_BINDIR}
     ${murmelo_data}/Res/strip
@@ -53,7 +53,7 @@ endforeach()
 install(FILES art/icon.svg DESTINATION ${murmelo_icons}/scalable/apps RENAME ${murmelo_id}.svg)
 install(FILES art/icon_symbolic.svg DESTINATION ${murmelo_icons}/symbolic/apps RENAME ${murmelo_id}-symbolic.svg)
 
-# The window's own icon is looked for beside the pictures.
+# The program looks for the window's icon beside its pictures.
 file(RELATIVE_PATH murmelo_icon_from_data
     ${CMAKE_INSTALL_FULL_DATADIR}/murmelo/icons
     ${CMAKE_INSTALL_FULL_DATADIR}/icons/hicolor/64x64/apps/${murmelo_id}.png)
@@ -66,7 +66,7 @@ install(FILES packaging/${murmelo_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_D
 
 find_program(GZIP gzip REQUIRED)
 
-# murmelo_gzip(source result): the same bytes for the same source, whenever and by whomever it is built.
+# murmelo_gzip(source result): packs a file, without name and time, so that the same source always gives the same bytes.
 function(murmelo_gzip source result)
     add_custom_command(OUTPUT ${result}
         COMMAND ${GZIP} -9nc ${source} > ${result}
@@ -87,7 +87,7 @@ foreach(program murmelo murmelo-headless murmelo-fx)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT debian EXCLUDE_FROM_ALL)
 endforeach()
 
-# The pages of the programs that people without English use, too.
+# The translated pages, of the programs that are not only for developers.
 foreach(language de es fr it)
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install/${language})
     foreach(program murmelo murmelo-fx)
@@ -98,7 +98,7 @@ foreach(language de es fr it)
     endforeach()
 endforeach()
 
-# Whose work is in here, and on what terms.
+# The authors and licences.
 install(FILES packaging/debian/copyright DESTINATION ${murmelo_papers})
 install(DIRECTORY res/licences DESTINATION ${murmelo_papers})
 murmelo_gzip(${CMAKE_SOURCE_DIR}/packaging/debian/changelog ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz)
@@ -108,13 +108,13 @@ install(FILES ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz
 install(FILES packaging/debian/lintian-overrides
     DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME murmelo COMPONENT debian EXCLUDE_FROM_ALL)
 add_custom_target(murmelo_papers DEPENDS ${murmelo_zipped})
-add_dependencies(murmelo murmelo_papers)  # so that what ./run builds can be installed
+add_dependencies(murmelo murmelo_papers)  # so that "cmake --install" works after ./run
 
-# The last step: all files are installed by then.
+# The last step, when all files are installed.
 configure_file(cmake/NoteFiles.cmake.in ${CMAKE_BINARY_DIR}/NoteFiles.cmake @ONLY)
 install(SCRIPT ${CMAKE_BINARY_DIR}/NoteFiles.cmake COMPONENT byhand)
 
-# Takes away what the last "cmake --install" brought.
+# Removes what the last "cmake --install" has installed.
 add_custom_target(uninstall
     COMMAND ${CMAKE_COMMAND} -DBUILD_DIR=${CMAKE_BINARY_DIR} -P ${CMAKE_SOURCE_DIR}/cmake/Uninstall.cmake
     COMMENT "" VERBATIM)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Leaks that are meant, each with its reason: linked into every program that the address sanitizer
-// watches, which asks for them by these names.
+// Intended leaks, each with its reason. Linked into every program with the address sanitizer, which
+// calls these functions by their names.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer gives the name
 extern "C" const char* __lsan_default_suppressions();
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer gives the name
@@ -9,8 +9,8 @@ extern "C" const char* __lsan_default_options();
 const char* __lsan_default_suppressions() {
     return
         // The finaliser deletes the head of the pool only; the other rectangles stay with the
-        // process. What an operation does not give back shows in the pool's count instead
-        // (Bounds::printNumRecycled).
+        // process. If an operation does not return a rectangle to the pool, tests find it by the
+        // pool's count (Bounds::printNumRecycled).
         "leak:Bounds::alloc\n"
         // The same for points.
         "leak:Point::alloc\n"

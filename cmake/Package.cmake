@@ -32,7 +32,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsndfile1, libsoxr0")  # loaded at run time: no program names them
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsndfile1, libsoxr0")  # loaded at run time, so not found as dependencies
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libspeechd2, speech-dispatcher, zenity")  # for --speak; for --from-desktop without X11
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 include(CPack)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Run by CPack before it packs: a package's folders are for everybody, whatever the umask of whoever builds it.
+# Run by CPack before it packs: makes the package's folders readable for all users, whatever the umask of the build was.
 file(GLOB_RECURSE entries LIST_DIRECTORIES TRUE "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*")
 foreach(entry IN LISTS entries)
     if(IS_DIRECTORY "${entry}" AND NOT IS_SYMLINK "${entry}")

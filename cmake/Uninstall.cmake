@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Removes the files of the last installation from BUILD_DIR (or whose notes lie there), and the folders that were made for them and are empty now.
-# Nothing else is touched: the user's sounds and settings lie elsewhere.
+# Removes the files of the last installation from BUILD_DIR (or of the one whose notes lie there), and the folders that
+# were made for them and are empty now. Removes nothing else: the user's sounds and settings are in other folders.
 set(manifest "${BUILD_DIR}/install_files.txt")
 set(notes "${BUILD_DIR}/install_folders.txt")
 if(NOT EXISTS "${manifest}")
@@ -23,7 +23,7 @@ foreach(file IN LISTS files)
     endif()
 endforeach()
 
-# The longest names first, so that a folder comes after all that lie in it.
+# In descending order, so that a folder comes after the folders in it.
 list(REMOVE_DUPLICATES folders)
 list(SORT folders ORDER DESCENDING)
 foreach(folder IN LISTS folders)

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Shows what the effects do to a recording:  demo.sh MURMELO_FX SAMPLE OUTDIR
-# Prints a line for each effect: length, level (RMS) and estimated pitch, before and after. The results stay in OUTDIR.
+# Prints a line for each effect, with length, level (RMS) and estimated pitch before and after. Leaves the results in
+# OUTDIR.
 set -eu
 [ $# -eq 3 ] || { echo "usage: $0 MURMELO_FX SAMPLE OUTDIR" >&2; exit 2; }
 fx=$1 sample=$2 folder=$3

@@ -2,16 +2,16 @@
 # SPDX-License-Identifier: MIT
 # Makes the bitmap fonts from their outlines:  make-fonts.sh BMFGEN [RES_DIR]   (default: ../res)
 #                                or compares:  make-fonts.sh --check BMFGEN     status 1: they differ
-# Exit status 77: the outlines or the rasteriser are not those that the fonts were made from.
+# Exit status 77: the installed outlines or rasteriser are not the versions that the fonts were made with.
 #
-# Clear Sans Medium was chosen by eye, from every text of the program in five languages, beside Lato Medium (narrow strokes
+# Clear Sans Medium was chosen by eye, with every text of the program in five languages, over Lato Medium (narrow strokes
 # fade on dark glass), M PLUS 1 Medium (its texts take more rows) and Roboto Condensed (thin and cramped at 11.75 pixels):
 # its strokes stay even and bright on dark glass, at the canvas's size and doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar, 11.75
 # the largest at which the path of a saved sound stays in one row of the message box.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 clear_sans=1.00-2                  # fonts-clear-sans, Apache License 2.0 (res/licences)
-freetype=2.12.1+dfsg-5+deb12u4     # libfreetype6: another one may round a pixel differently
+freetype=2.12.1+dfsg-5+deb12u4     # libfreetype6: other versions may round a pixel differently
 outlines=/usr/share/fonts/truetype/clear-sans
 
 check=

@@ -3,11 +3,11 @@
 /* global VERSION, FILES: the packer writes them above */
 
 const FOLDER = new URL('.', location.href).pathname;
-const OWN = `murmelo ${FOLDER} `; // other copies have caches of their own
+const OWN = `murmelo ${FOLDER} `; // copies of the page in other folders have caches of their own
 const CACHE = OWN + VERSION;
 const SHARED = OWN + 'shared';
 
-/** Fetches a file past the browser's own cache, and checks that it is of this version. */
+/** Fetches a file without the browser's own cache, and checks that it belongs to this version. */
 async function fetchChecked([path, hash]) {
     const answer = await fetch(path, { cache: 'no-cache' });
     const bytes = await answer.arrayBuffer();
@@ -16,7 +16,7 @@ async function fetchChecked([path, hash]) {
     if (!answer.ok || hex !== hash) {
         throw new Error(`${path} is not of this version`);
     }
-    // Not the answer itself: browsers refuse one that a host has redirected.
+    // A new Response, because browsers refuse one that a host has redirected.
     return /** @type {[string, Response]} */ ([path, new Response(bytes, { headers: answer.headers })]);
 }
 
@@ -31,7 +31,7 @@ async function removeOlder() {
     await Promise.all(names.filter((name) => name.startsWith(OWN) && name !== CACHE && name !== SHARED).map((name) => caches.delete(name)));
 }
 
-/** A sound that was shared with the page waits until the page has begun; it tells if there is none. */
+/** Puts a shared sound into the cache for the page, and opens the page, which tells the user if there is none. */
 async function receive(request) {
     try {
         const file = (await request.formData()).get('sound');
@@ -54,7 +54,7 @@ self.addEventListener('message', (event) => {
         self.skipWaiting();
     }
 });
-// A new version waits for every request that is answered here: what may not end is left to the browser.
+// Answers only requests for files of the page: a new version waits until all answers have ended, and others may never end.
 self.addEventListener('fetch', (event) => {
     const { request } = event;
     const { origin, pathname } = new URL(request.url);

@@ -5,7 +5,7 @@ _murmelo_fx() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word index
     local options="--list --measure --clean --no-clean --seed --out-dir --format --long --help --version"
 
-    # bash takes the sign of --format=KIND for a word of its own.
+    # bash treats the "=" of --format=KIND as a separate word.
     if [[ $current == = ]]; then
         current=
     elif [[ $previous == = ]]; then
@@ -27,7 +27,7 @@ _murmelo_fx() {
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
         return
     fi
-    # The first word that is no option and belongs to none is the effect; files follow.
+    # The first word that is neither an option nor an option's value is the effect; files follow.
     for ((index = 1; index < COMP_CWORD; index++)); do
         word=${COMP_WORDS[index]}
         case $word in

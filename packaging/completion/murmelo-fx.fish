@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Completion of murmelo-fx for fish.
 
-# The first word that is no option and belongs to none is the effect; with --measure there is no effect.
+# The first word that is neither an option nor an option's value is the effect; with --measure there is none.
 function __murmelo_fx_wants_effect
     set -l words (commandline -opc)
     set -l skip 1

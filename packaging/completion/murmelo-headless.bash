@@ -5,7 +5,7 @@ _murmelo_headless() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local options="--home --config --state --clock-start --silent --strip --list --help --version"
 
-    # bash takes the sign of --home=DIR for a word of its own.
+    # bash treats the "=" of --home=DIR as a separate word.
     if [[ $current == = ]]; then
         current=
     elif [[ $previous == = ]]; then

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Completion of murmelo for bash.
 
-# The names below one heading of the list of devices.
+# The names below one heading in the output of --list-devices.
 _murmelo_devices() {
     "${COMP_WORDS[0]}" --list-devices 2>/dev/null | sed -n "/^$1:/,/^[^ ]/ { /^  (none)\$/d; s/^  //p; }"
 }
@@ -10,7 +10,7 @@ _murmelo() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} heading
     local options="--home --config --microphone --speaker --list-devices --last --silent --fullscreen --speak --from-desktop --help --version"
 
-    # bash takes the sign of --home=DIR for a word of its own.
+    # bash treats the "=" of --home=DIR as a separate word.
     if [[ $current == = ]]; then
         current=
     elif [[ $previous == = ]]; then

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Completion of murmelo for fish.
 
-# The names below one heading of the list of devices.
+# The names below one heading in the output of --list-devices.
 function __murmelo_devices
     set -l heading
     for line in (command murmelo --list-devices 2>/dev/null)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A glyph as it comes from the rasteriser, 8 bits of coverage a pixel, on its way to 4 bits without
-// empty edges.
+// Converts a glyph from the rasteriser, with 8 bits of coverage for each pixel, to 4 bits, and cuts
+// off empty edges.
 #pragma once
 
 #include <cstddef>
@@ -25,8 +25,8 @@ public:
         coverage[index(x, y)] = static_cast<signed char>((coverage255 * 15 + 127) / 255);
     }
 
-    /// A new character of the pixels that have ink, owned by the caller; without bitmap if none
-    /// has.
+    /// A new character of the pixels that have ink, owned by the caller; without a bitmap if no
+    /// pixel has.
     /// @param left, top  of the whole map, from the pen and from the baseline
     BitMapCharacter*
     toCharacter(int32_t codePoint, int32_t advance, int32_t left, int32_t top) const;

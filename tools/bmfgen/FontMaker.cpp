@@ -17,7 +17,7 @@ namespace {
 constexpr int32_t kUnitsPerPixel = 64;  // 26.6 fixed point
 constexpr int32_t kDotsPerInch = 72;    // so that points are pixels
 constexpr double kSmallestPx = 4.0;
-constexpr double kLargestPx = 100.0;  // larger glyphs and lines no longer fit the file's bytes
+constexpr double kLargestPx = 100.0;  // larger glyphs and lines do not fit the file's bytes
 
 int32_t rounded(int64_t units) {
     return static_cast<int32_t>((units + kUnitsPerPixel / 2) >> 6);
@@ -71,7 +71,7 @@ std::vector<char16_t> FontMaker::characters() {
             all.push_back(c);
         }
     }
-    // What ISO 8859-15 has beyond that, then dashes, quotes, bullet, ellipsis, the euro sign.
+    // The other characters of ISO 8859-15, then dashes, quotes, bullet, ellipsis, the euro sign.
     const std::u16string more = u"\u0152\u0153\u0160\u0161\u0178\u017D\u017E"
                                 u"\u2013\u2014\u2018\u2019\u201A\u201C\u201D\u201E"
                                 u"\u2022\u2026\u2039\u203A\u20AC";
@@ -96,7 +96,7 @@ FontMaker::make(const std::string& path, double sizePx, const std::string& name,
     if (!addCharacters(*font, hinting)) {
         return nullptr;
     }
-    font->setLineHeight(lineHeight);  // now the missing character knows the space's width
+    font->setLineHeight(lineHeight);  // last, when the space's width is known
     return font;
 }
 

@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr uint32_t kTable = 0xFF26282C;  // ground of the sheet
+constexpr uint32_t kTable = 0xFF26282C;  // background of the sheet
 constexpr uint32_t kWhite = 0xFFFFFFFF;
 constexpr uint32_t kGrey = 0xFFA0A4AA;
 constexpr uint32_t kRed = 0xFFFF6050;
@@ -73,7 +73,7 @@ bool Gallery::showAll(const std::string& data, const std::string& out, int32_t s
     return sheet.save(out, y, scale);
 }
 
-/// Every creature in front of the recorder, with the bands that are laid over it.
+/// Shows every creature in front of the recorder, with the bands over it.
 int32_t Gallery::showScenes(Sheet& sheet, int32_t y) {
     PaImage background;
     background.set(kBackground, true, true);
@@ -101,7 +101,7 @@ int32_t Gallery::showScenes(Sheet& sheet, int32_t y) {
     return y + kScreenH + kGapPx;
 }
 
-/// Every picture by itself, over the darkened background at its place.
+/// Shows every picture by itself, at its place over the darkened background.
 int32_t Gallery::showPictures(Sheet& sheet, int32_t y, const std::string& data) {
     int32_t column = 0;
     for (const std::string& name : filesIn(data + "/Res", ".png")) {
@@ -127,7 +127,7 @@ int32_t Gallery::showPictures(Sheet& sheet, int32_t y, const std::string& data) 
     return y + (column % kColumns == 0 ? 0 : kScreenH + kGapPx);
 }
 
-/// Every character of every font.
+/// Shows every character of every font.
 int32_t Gallery::showFonts(Sheet& sheet, int32_t y) {
     const int32_t fonts[] = {Res::addFont(kMedium), Res::addFont(kSmall), Res::FntDef};
     for (const int32_t id : fonts) {
@@ -171,8 +171,8 @@ int32_t Gallery::showTexts(Sheet& sheet, int32_t y) {
     return bottom + kGapPx;
 }
 
-/// One line for each text and place: the pixels it takes and the pixels there are; red if it does
-/// not fit.
+/// Shows one line for each text and place, with the pixels that it needs and those that there are;
+/// red if it does not fit.
 int32_t Gallery::showFits(Sheet& sheet, int32_t y) {
     const int32_t medium = Res::addFont(kMedium);
     const int32_t small = Res::addFont(kSmall);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sheets of the gallery. The registry and the texts must be set up before.
+// Makes the sheets of the gallery. The registry and the texts must have been set up.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,8 @@ public:
     /// False if the file cannot be written.
     static bool showAll(const std::string& data, const std::string& out, int32_t scale);
 
-    /// One column of texts for each pair of fonts in the folder, which is mapped to "/Home/".
+    /// Shows one column of texts for each pair of fonts in the folder, which must be mapped to
+    /// "/Home/".
     static bool compareFonts(const std::string& candidates, const std::string& out, int32_t scale);
 
 private:

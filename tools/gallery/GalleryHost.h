@@ -10,7 +10,7 @@ class GalleryHost : public QuietHost {
 public:
     /// Installs itself for its lifetime.
     /// @param data        holds "Res" and "framework"
-    /// @param candidates  stands in for "/Home/"
+    /// @param candidates  used as "/Home/"
     GalleryHost(const std::string& data, const std::string& candidates) {
         mapped.res = data + "/Res";
         mapped.framework = data + "/framework";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Texts of every language as they stand on the screen, in one pair of fonts: to choose fonts by
-// eye.
+// Paints texts of every language as the screen shows them, in one pair of fonts, so that fonts can
+// be chosen by eye.
 #pragma once
 
 #include "PaStretcher.h"

@@ -23,15 +23,15 @@ constexpr int32_t kArrowPx = 22;
 constexpr int32_t kNamePx = kScreenPx - 2 * (kMarginPx + kArrowPx + 4);
 constexpr int32_t kMessagePx = 180;
 constexpr int32_t kHelpHeightPx = 200;
-constexpr std::string_view kEffect = "FX_";  // what the names of their texts begin with
+constexpr std::string_view kEffect = "FX_";  // the beginning of the ids' names
 
-// A message stands around row 136; above it the screen has as many rows, and its box needs 60 px
-// more than one text and 70 more than two.
+// The middle of a message is at row 136, so that it may be twice as high. Its box is 60 px higher
+// than one text, and 70 px higher than two.
 constexpr int32_t kAroundRowPx = 136;
 constexpr int32_t kOneTextPx = 2 * kAroundRowPx - 60;
 constexpr int32_t kTwoTextsPx = 2 * kAroundRowPx - 70;
 
-/// All measures of one language.
+/// Measures all texts of one language.
 class Tape {
 public:
     Tape(int32_t medium, int32_t small, int32_t language, std::vector<StrFit>& found)
@@ -123,7 +123,7 @@ private:
                          Res::getFont(font)->getStringWidth(Res::getStr(id)), limitPx});
     }
 
-    /// Texts one below the other; named after the longest of them.
+    /// Measures texts that stand one below the other; the result has the name of the longest one.
     void message(const char* place, const std::vector<Text>& texts, int32_t limitPx) {
         int32_t heightPx = 0;
         int32_t widestPx = 0;

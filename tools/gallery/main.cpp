@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// murmelo-gallery OUT.png: everything that lies under "/Res/", on one sheet, to be looked at.
+// murmelo-gallery OUT.png: shows everything under "/Res/" on one sheet.
 //
-// Every picture at its place over the background, every character of every font, the texts of all
-// languages as they stand on the screen, and how well each of them fits.
+// That is every picture at its place over the background, every character of every font, the texts
+// of all languages as the screen shows them, and how well each of them fits.
 #include "Gallery.h"
 #include "GalleryHost.h"
 #include "Res.h"

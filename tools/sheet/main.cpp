@@ -43,8 +43,8 @@ uint8_t* pixelRow(Picture& picture, uint32_t x, uint32_t y) {
     return picture.rgb.data() + (size_t{y} * picture.width + x) * 3;
 }
 
-/// The canvas, which the display shows doubled below `top` rows: drops those, and every second row
-/// and column of the rest.
+/// Cuts the canvas, which is shown doubled, out of a picture of the display: drops the upper `top`
+/// rows, and every second row and column of the rest.
 Picture halved(Picture& display, uint32_t top) {
     Picture canvas;
     canvas.width = display.width / 2;
@@ -59,7 +59,7 @@ Picture halved(Picture& display, uint32_t top) {
     return canvas;
 }
 
-/// All cells have the size of the first picture; what is larger is cut.
+/// Makes the sheet. All cells have the size of the first picture; larger pictures are cut.
 Picture sheetOf(std::vector<Picture>& pictures, uint32_t columns) {
     const uint32_t cellWidth = pictures[0].width;
     const uint32_t cellHeight = pictures[0].height;

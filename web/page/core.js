@@ -1,7 +1,7 @@
 // Loads the program, calls it when it asks for a turn, and paints when it has a frame.
 //
-// The program asks for its next turn; there is exactly one timer for it, a message when it wants to
-// go on at once, and nothing when it sleeps. It stands still, with its clock, while the browser asks
+// The program says when it wants its next turn: at a time (the one timer), at once (a message to
+// this page), or not until an event. The program and its clock stand still while the browser asks
 // the user for the microphone.
 
 import createMurmelo from '../murmelo.js';
@@ -14,7 +14,7 @@ export const MENU = 'Options';
 const ENDED = -2;
 const TEXT_BYTES = 512;
 const CALM = matchMedia('(prefers-reduced-motion: reduce)');
-const CALM_MS = 250; // longer than a slide between two effects
+const CALM_MS = 250; // more than a slide between two effects takes
 const FINGERS_ONLY = matchMedia('(any-pointer: coarse) and (not (any-hover: hover))');
 
 export class Core {
@@ -39,10 +39,10 @@ export class Core {
         };
     }
 
-    /** @param {import('./main.js').Page} page  the program calls its parts */
+    /** @param {import('./main.js').Page} page  the program calls the parts of it */
     async load(page) {
         this.page = page;
-        const onAbort = () => this.running && page.showOver('broken'); // before, the start fails
+        const onAbort = () => this.running && page.showOver('broken'); // before the start, load() fails instead
         const data = fetch('murmelo.data').then((answer) => (answer.ok ? answer.arrayBuffer() : Promise.reject(answer.status)));
         this.program = await createMurmelo({ page, onAbort, print() {}, printErr() {} });
         this.unpack(await data);
@@ -78,7 +78,7 @@ export class Core {
 
     turn() {
         if (!this.running || this.standsStillSince >= 0 || this.isTurning) {
-            this.isTurning && this.post(); // something that the program has called wants a turn
+            this.isTurning && this.post(); // a call from the program itself asks for a turn: it follows this one
             return;
         }
         clearTimeout(this.timer);
@@ -104,17 +104,17 @@ export class Core {
         }
     }
 
-    /** For good: the program has ended, or another tab has taken over. */
+    /** Stops for ever: the program has ended, or another tab has taken over. */
     stop() {
         this.running = false;
         clearTimeout(this.timer);
         cancelAnimationFrame(this.frame);
     }
 
-    /** The program has a frame. */
+    /** The program has a frame: paints it at the display's next refresh. */
     frameWaits() {
         if (this.frame === 0) {
-            // With less motion a slide is its beginning and its end.
+            // With less motion only the first and the last picture of a slide are painted.
             const waitMs = CALM.matches ? this.paintedMs + CALM_MS - performance.now() : 0;
             const paint = () => this.paint();
             this.frame = waitMs > 0 ? setTimeout(paint, waitMs) : requestAnimationFrame(paint);
@@ -138,7 +138,7 @@ export class Core {
         }
     }
 
-    /** The program's clock. */
+    /** The program's clock in milliseconds; it stands still while the browser asks for the microphone. */
     now() {
         const now = this.standsStillSince >= 0 ? this.standsStillSince : performance.now();
         return now - this.stoodStillMs;
@@ -158,25 +158,25 @@ export class Core {
         this.turn();
     }
 
-    /** Puts bytes into the program's room. @param {ArrayBufferView} view */
+    /** Copies bytes into the program's room (src/platform/web/main.cpp). @param {ArrayBufferView} view */
     fillRoom(view) {
         const at = this.program._murmeloRoom(view.byteLength);
         this.program.HEAPU8.set(new Uint8Array(view.buffer, view.byteOffset, view.byteLength), at);
     }
 
-    /** Puts a short text into the program's room. @param {string} text @returns {number} its place */
+    /** Copies a text of less than TEXT_BYTES bytes into the program's room. @param {string} text @returns {number} its address */
     textAt(text) {
         const at = this.program._murmeloRoom(TEXT_BYTES);
         this.program.stringToUTF8(text, at, TEXT_BYTES);
         return at;
     }
 
-    /** What a call that returns a text says. @param {string} call @param {number[]} values */
+    /** Calls a function of the program that returns a text. @param {string} call  its name @param {number[]} values  its arguments */
     answer(call, ...values) {
         return this.program.UTF8ToString(/** @type {any} */ (this.program)[call](...values));
     }
 
-    /** A finger taps into the middle. @param {number[]} place */
+    /** Lets a finger tap on the middle of a place. @param {number[]} place  left, top, width, height in pixels of the picture */
     tapOn([left, top, width, height]) {
         const [x, y] = [left + width / 2, top + height / 2];
         this.program._murmeloTouch(0, 0, -1, x, y, performance.now());
@@ -184,7 +184,7 @@ export class Core {
         this.turn();
     }
 
-    /** The words around the picture. @param {string} language @returns {Record<string, string>} */
+    /** The words of HostWords, by name. @param {string} language  a code ("de") @returns {Record<string, string>} */
     words(language) {
         return JSON.parse(this.answer('_murmeloWords', this.textAt(language)));
     }

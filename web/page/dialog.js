@@ -1,9 +1,9 @@
-// The one dialog: the list of sounds, or the help.
+// The page's one dialog, which shows the list of sounds.
 
 import { make, newButton } from './dom.js';
 
 export class Dialog {
-    /** @param {HTMLDialogElement} box @param {HTMLElement} message  to be touched also while the dialog is open */
+    /** @param {HTMLDialogElement} box @param {HTMLElement} message  shown at the end of the dialog while that is open */
     constructor(box, message) {
         this.box = box;
         this.message = message;
@@ -32,13 +32,11 @@ export class Dialog {
         this.box.showModal();
     }
 
-    /** Paints again what is open, and keeps the focus where it was. */
+    /** Paints the open dialog again, and keeps the focus on the same button. */
     refresh() {
         const buttons = () => [...this.box.querySelectorAll('button')];
         const focused = buttons().findIndex((button) => button === document.activeElement);
         this.paint();
-        if (focused >= 0) {
-            (buttons()[focused] ?? buttons()[0])?.focus();
-        }
+        focused >= 0 && (buttons()[focused] ?? buttons()[0])?.focus();
     }
 }

@@ -12,7 +12,7 @@ export function make(tag, properties = {}, ...children) {
     return element;
 }
 
-/** The second tap of a double tap does nothing: other things may lie there now. @param {string} textContent @param {() => void} act @param {string} of  tells buttons of one text apart @returns {HTMLButtonElement} */
+/** A button that ignores the second tap of a double tap, which may be meant for something that was there before. @param {string} textContent @param {() => void} act @param {string} of  what it acts on, if other buttons have the same text @returns {HTMLButtonElement} */
 export function newButton(textContent, act, of = '') {
     const onclick = (/** @type {MouseEvent} */ event) => event.detail > 1 || act();
     return make('button', { type: 'button', textContent, onclick, ariaLabel: of ? `${textContent}: ${of}` : null });

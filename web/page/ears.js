@@ -1,4 +1,4 @@
-// The microphone: requested when a recording is offered, released after each.
+// The microphone: requested when a recording is offered, released after each recording.
 
 /** @typedef {import('./core.js').Core} Core */
 
@@ -6,7 +6,7 @@ const WANTED_RATE = 16000;
 const REMIND_AFTER_MS = 1000;
 
 const RAW = { channelCount: 1, echoCancellation: false, noiseSuppression: false, autoGainControl: false };
-const nameOf = (/** @type {MediaStream | null} */ stream) => stream?.getAudioTracks()[0]?.label ?? ''; // as the browser shows it
+const nameOf = (/** @type {MediaStream | null} */ stream) => stream?.getAudioTracks()[0]?.label ?? ''; // its name in the browser
 const stopTracks = (/** @type {MediaStream} */ stream) => stream.getTracks().forEach((track) => track.stop());
 const open = (/** @type {object} */ more) => navigator.mediaDevices.getUserMedia({ audio: { ...RAW, ...more } });
 
@@ -34,7 +34,7 @@ export class Ears {
         );
     }
 
-    /** @param {number} ticket @param {string} error  empty: the user allows it */
+    /** Passes the answer to the program. @param {number} ticket @param {string} error  empty: the microphone was granted */
     answer(ticket, error) {
         if (ticket === this.ticket && this.core.running) {
             clearTimeout(this.reminder);
@@ -57,16 +57,16 @@ export class Ears {
         this.stream = stream;
         const [track] = stream.getAudioTracks();
         track.addEventListener('ended', () => this.lost(stream));
-        track.addEventListener('mute', () => this.listens && this.lost(stream)); // a call, for instance
+        track.addEventListener('mute', () => this.listens && this.lost(stream)); // for example a telephone call
         try {
             await this.listenAt(stream, WANTED_RATE);
         } catch {
             await this.closeContext();
-            await this.listenAt(stream, 0); // this browser has one rate only: the program converts
+            await this.listenAt(stream, 0); // this browser cannot change the rate: the program converts
         }
     }
 
-    /** The microphone that the user has chosen, if it is there; browsers name them only now. @param {MediaStream} stream  of any */
+    /** Opens the chosen microphone if it is there. Browsers tell the names only once one is open. @param {MediaStream} stream  of any one */
     async chosen(stream) {
         const name = this.core.answer('_murmeloMicrophone');
         const device = name !== nameOf(stream) && (await devices()).find(({ label }) => label === name);
@@ -77,7 +77,7 @@ export class Ears {
         return open({ deviceId: { exact: device.deviceId } }).catch(() => open({}));
     }
 
-    /** For the program. */
+    /** Passes the names of the microphones to the program. */
     async list() {
         const names = (await devices().catch(() => [])).map(({ label }) => label);
         this.core.fillRoom(new TextEncoder().encode(names.join('\n')));
@@ -99,7 +99,7 @@ export class Ears {
                 this.lost(stream); // interrupted
             }
         });
-        context.resume(); // not awaited: without a device's clock it would wait for ever
+        context.resume(); // no await: without a device it would never end
     }
 
     start() {
@@ -147,7 +147,7 @@ export class Ears {
     }
 }
 
-/** Microphones with names of their own. */
+/** The microphones that have names, without the browser's entries for its default. */
 async function devices() {
     const all = (await navigator.mediaDevices?.enumerateDevices()) ?? [];
     return all.filter(({ kind, label, deviceId }) => kind === 'audioinput' && label && !['default', 'communications'].includes(deviceId));

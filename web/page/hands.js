@@ -1,4 +1,4 @@
-// Pointers and keys. The program itself makes one finger of all pointers.
+// Passes pointers and keys to the program, which itself makes one finger of all pointers.
 
 const [PRESS, MOVE, RELEASE] = [0, 1, 2];
 const isFinger = (/** @type {PointerEvent} */ event) => Number(event.pointerType === 'touch');
@@ -25,7 +25,7 @@ export class Hands {
             });
             canvas.addEventListener('pointerleave', () => this.send('_murmeloPoint', -1, -1));
             canvas.addEventListener('pointerup', (event) => touch(RELEASE, event));
-            // The browser needs the finger for itself, for a pinch.
+            // The browser uses the finger itself, for example for a pinch.
             canvas.addEventListener('pointercancel', (event) => this.send('_murmeloTouchCancelled', isFinger(event), event.pointerId));
             canvas.addEventListener('contextmenu', (event) => event.preventDefault());
         }

@@ -1,4 +1,4 @@
-// The parts of the page that are not needed before the first picture.
+// Exports the parts of the page that are not needed before the first picture.
 
 export { Dialog } from './dialog.js';
 export { Ears } from './ears.js';

@@ -23,7 +23,7 @@ export class Page {
         this.freeBytes = UNKNOWN_FREE_BYTES;
         this.language = '';
         this.greeted = false;
-        /** What the actions of messages do, by their number. @type {(() => void)[]} */
+        /** The actions of messages; the index is the number that the program knows. @type {(() => void)[]} */
         this.acts = [];
         this.asked = new URLSearchParams();
     }
@@ -35,7 +35,7 @@ export class Page {
         const measured = this.measure();
         const loaded = this.core.load(this);
         const held = holdTab(takesOver, () => loaded.then(() => this.showOver('otherTab')));
-        await (takesOver && held); // until then the other tab may write
+        await (takesOver && held); // until then the other tab may still write to the store
         await this.sounds.read();
         await loaded;
         this.useLanguage(this.earlyText().lang);
@@ -47,7 +47,7 @@ export class Page {
         }
         this.picture.setSource(this.core.pixels());
         this.core.turn();
-        this.core.paint(); // the browser's next frame has it
+        this.core.paint(); // shown with the browser's next frame
         if (!(await held)) { // nothing can be touched until here, so nothing was stored
             this.showOver('otherTab');
             return;
@@ -65,7 +65,7 @@ export class Page {
         await this.update.register();
     }
 
-    /** What can be said without the program, in the language of the settings, else of the browser. @returns {HTMLElement} */
+    /** The text to show without the program, in the language of the settings, or else of the browser. @returns {HTMLElement} */
     earlyText() {
         const texts = /** @type {HTMLElement[]} */ ([...find('early').children]); // one for each language of the program, in its order
         const settings = new TextDecoder().decode(this.sounds.kept.get(SETTINGS)?.bytes);
@@ -73,13 +73,13 @@ export class Page {
         return kept ?? texts.find((text) => navigator.language.startsWith(text.lang)) ?? texts[0];
     }
 
-    /** What is free changes with everything that is stored. */
+    /** Measures the free space of the browser's store. Call it after each change of the store. */
     async measure() {
         const { quota, usage } = (await navigator.storage?.estimate?.().catch(() => null)) ?? {};
         this.freeBytes = quota ? quota - (usage ?? 0) : UNKNOWN_FREE_BYTES;
     }
 
-    /** The program shows its first picture meanwhile; nothing can be touched yet. */
+    /** Loads the other parts of the page, while the first picture is shown and nothing can be touched yet. */
     async addLater() {
         const later = await import('./later.js');
         this.dialog = new later.Dialog(find('dialog'), find('message'));
@@ -99,7 +99,7 @@ export class Page {
             }
         };
         document.addEventListener('visibilitychange', change);
-        addEventListener('pagehide', change); // alone, where a browser leaves a page that was seen
+        addEventListener('pagehide', change); // some browsers send only this when the user leaves
         addEventListener('pageshow', change);
     }
 
@@ -121,7 +121,7 @@ export class Page {
         texts.screen === MENU && this.measure();
     }
 
-    /** Once, in the menu: what the last visit has left. */
+    /** Once, in the menu: opens the list of sounds if it was asked for, or else offers the last take of an earlier visit. */
     greet() {
         if (this.greeted || !this.update || this.core.texts.screen !== MENU) {
             return;
@@ -138,16 +138,16 @@ export class Page {
         this.dialog?.open(this.words.sounds, this.words.close, (body) => this.sounds.paint(body), () => this.sounds.stop());
     }
 
-    /** The strip tells it. @param {string} word  or a text @param {string} label  word of the action; empty: none @param {() => void} act */
+    /** Shows a message in the strip. @param {string} word  its name, or a text @param {string} label  the action's; empty: none @param {() => void} act */
     tell(word, label = '', act = () => {}) {
         const lines = [this.words[word] ?? word, ...(label ? [this.words[label]] : [])];
         this.core.program._murmeloTell(this.core.textAt(lines.join('\n')), this.acts.push(act) - 1);
         this.core.turn();
     }
 
-    /** The program is over; what the user has is stored. @param {string} word */
+    /** Covers the page with a message, because the program has ended; sounds are stored already. @param {string} word  a name of HostWords */
     showOver(word) {
-        word === 'otherTab' && this.core.running && this.core.program._murmeloLeave(); // a recording that runs here is kept
+        word === 'otherTab' && this.core.running && this.core.program._murmeloLeave(); // a recording in this tab is kept
         this.core.stop();
         this.ears?.release();
         this.voice?.audio.pause();
@@ -168,5 +168,5 @@ export class Page {
 }
 
 const page = new Page();
-/** @type {any} */ (window).murmelo = page; // for the curious, and for tests
+/** @type {any} */ (window).murmelo = page; // for tests, and for a look from the browser's console
 page.start().catch(() => page.showOver('broken'));

@@ -1,4 +1,4 @@
-// Strip and picture in words: a real button over each thing that can be touched, and a voice for the rest.
+// Makes strip and picture accessible: puts a real button over each thing that can be touched, and has the other texts read aloud.
 
 import { find, newButton } from './dom.js';
 import { HEIGHT, STRIP_HEIGHT, WIDTH } from './picture.js';
@@ -6,9 +6,9 @@ import { HEIGHT, STRIP_HEIGHT, WIDTH } from './picture.js';
 /** @typedef {import('./core.js').ScreenTexts} ScreenTexts */
 /** @typedef {import('../types/murmelo.js').Entry} Entry */
 
-const SPEAK_AFTER_MS = 200; // of a region that changes twice at once only a half may be read
+const SPEAK_AFTER_MS = 200; // if a region changes twice in a short time, a screen reader may read only a part
 
-/** The buttons over strip or picture. */
+/** The buttons over the strip, or over the picture. */
 class Layer {
     /** @param {import('./core.js').Core} core @param {HTMLElement} box @param {number} top  in pixels of the picture @param {number} height */
     constructor(core, box, top, height) {
@@ -18,7 +18,7 @@ class Layer {
         this.height = height;
     }
 
-    /** Buttons stay while name and text stay. @param {Entry[]} entries */
+    /** Shows a button for each entry; one with the same id and text is kept. @param {Entry[]} entries */
     show(entries) {
         const old = /** @type {HTMLElement[]} */ ([...this.box.children]);
         const buttons = entries.map((entry) => {
@@ -48,10 +48,10 @@ class Layer {
         }
         button.id = entry.id ?? '';
         button.ariaCurrent = entry.isFocused ? 'true' : null;
-        button.ariaDisabled = entry.isEnabled === false ? 'true' : null; // not `disabled`: a tap is told why
+        button.ariaDisabled = entry.isEnabled === false ? 'true' : null; // not `disabled`: the program tells why a tap does nothing
     }
 
-    /** Whether the keyboard is here. */
+    /** True if one of these buttons has the focus. */
     get hasKeyboard() {
         return this.box.contains(document.activeElement);
     }
@@ -69,7 +69,7 @@ export class Mirror {
         this.screenSaid = '';
         this.focusSaid = '';
         this.timer = 0;
-        this.hasFocus = false; // the user's keyboard is here, even while there is no button
+        this.hasFocus = false; // true: the focus belongs to the picture, even while it has no button
         this.sheet = '';
         /** What had the focus when the sheet was opened. @type {HTMLElement | null} */
         this.opener = null;
@@ -101,7 +101,7 @@ export class Mirror {
         this.speak(screen, focused);
     }
 
-    /** What the strip tells; a dialog, which covers the strip, shows it at its end. @param {import('../types/murmelo.js').StripTexts} strip */
+    /** Shows the strip's message and its action as elements of the page. @param {import('../types/murmelo.js').StripTexts} strip */
     tell({ line, isTelling, buttons }) {
         const [text, button] = /** @type {any} */ (this.message.children);
         const action = buttons.find(({ id }) => id === 'action');
@@ -110,7 +110,7 @@ export class Mirror {
         Object.assign(button, { hidden: !action, textContent: action?.text ?? '', onclick: () => action && this.strip.core.tapOn(action.place) });
     }
 
-    /** Into a sheet that opens, and back to where it was. @param {string} sheet @param {HTMLElement | null} keyboard  what has the focus here */
+    /** Moves the focus into a sheet that opens, and back. @param {string} sheet @param {HTMLElement | null} keyboard  our button with the focus */
     moveFocus(sheet, keyboard) {
         if (sheet && !this.sheet && keyboard) {
             this.opener = keyboard;
@@ -123,7 +123,7 @@ export class Mirror {
         this.sheet = sheet;
     }
 
-    /** The focus goes with the program's, and to the middle key from a button that has gone. @param {boolean} moves @param {string} middleKey */
+    /** Follows the program's focus; from a removed button, goes to the middle key. @param {boolean} moves  it has moved @param {string} middleKey */
     keepFocus(moves, middleKey) {
         const buttons = /** @type {HTMLElement[]} */ ([...this.layer.children]);
         const current = buttons.find((button) => button.ariaCurrent);
@@ -133,7 +133,7 @@ export class Mirror {
         }
     }
 
-    /** What is new on the screen; of its focus a reader tells by itself where the keyboard is here. @param {string} screen @param {string} focused */
+    /** Has the new texts read aloud, except a focused button: screen readers read that themselves. @param {string} screen @param {string} focused */
     speak(screen, focused) {
         const isFocusNew = focused !== this.focusSaid && !this.picture.hasKeyboard;
         const text = [screen !== this.screenSaid && screen, isFocusNew && focused].filter(Boolean).join('. ');

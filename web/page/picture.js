@@ -1,4 +1,4 @@
-// The phone's picture and the strip above or beside it: drawn sharp at a whole multiple, shrunk smoothly to the size that fits.
+// Draws the phone's picture, and the strip above or beside it: enlarged sharply to a whole multiple, then shrunk smoothly to the size that fits.
 
 import { find } from './dom.js';
 
@@ -6,9 +6,9 @@ export const WIDTH = 240;
 export const STRIP_HEIGHT = 80;
 export const HEIGHT = 320;
 
-/** One of the two, on a canvas of its own. */
+/** The strip or the picture, on a canvas of its own. */
 class Part {
-    /** @param {string} id @param {number} top  in pixels of the phone's picture: the strip is above it @param {number} height */
+    /** @param {string} id @param {number} top  in pixels of the phone's picture; negative for the strip, which is above it @param {number} height */
     constructor(id, top, height) {
         this.canvas = /** @type {HTMLCanvasElement} */ (find(id));
         this.box = /** @type {HTMLElement} */ (this.canvas.parentElement);
@@ -29,7 +29,7 @@ class Part {
         }
     }
 
-    /** @param {Int32Array} place  left, top, width and height in device pixels @param {number} ratio  of them to the page's @param {HTMLCanvasElement} small */
+    /** @param {Int32Array} place  left, top, width and height in device pixels @param {number} ratio  device / page pixels @param {HTMLCanvasElement} small */
     fit(place, ratio, small) {
         const [left, top, width, height] = [...place].map((size) => `${size / ratio}px`);
         Object.assign(this.box.style, { left, top, width, height });
@@ -50,7 +50,7 @@ class Part {
 }
 
 export class Picture {
-    /** @param {import('./core.js').Core} core @param {HTMLElement} stage  the room there is */
+    /** @param {import('./core.js').Core} core @param {HTMLElement} stage  the element that strip and picture have to fit into */
     constructor(core, stage) {
         this.core = core;
         this.stage = stage;
@@ -66,7 +66,7 @@ export class Picture {
     setSource(bytes) {
         this.image = new ImageData(bytes, WIDTH, STRIP_HEIGHT + HEIGHT);
         new ResizeObserver(() => this.fit()).observe(this.stage);
-        addEventListener('resize', () => this.fit()); // the device's pixels may be others now
+        addEventListener('resize', () => this.fit()); // the size of the device's pixels may have changed
         this.fit();
     }
 
@@ -81,7 +81,7 @@ export class Picture {
     fit() {
         const room = this.stage.getBoundingClientRect();
         const ratio = devicePixelRatio || 1;
-        // A whole number of device pixels, so that nothing is blurred at the edges.
+        // In whole device pixels, so that the edges are sharp.
         const at = this.core.program._murmeloLayout(Math.floor(room.width * ratio), Math.floor(room.height * ratio));
         const places = new Int32Array(this.core.program.HEAPU8.buffer, at, 8);
         this.parts.forEach((part, i) => part.fit(places.subarray(4 * i, 4 * i + 4), ratio, this.small));

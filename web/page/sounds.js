@@ -4,8 +4,8 @@ import { make, newButton } from './dom.js';
 
 /** @typedef {import('./store.js').Kept} Kept */
 
-const TAKE = 'take'; // its path
-const [CLOSED, OPEN] = ['AbortError', 'InvalidStateError']; // what a share sheet tells
+const TAKE = 'take'; // the key of the last take, as WebSounds::kTakePath
+const [CLOSED, OPEN] = ['AbortError', 'InvalidStateError']; // errors of a share sheet
 const SOUND = /\/rec_\d+\.wav$/;
 
 export class Sounds {
@@ -15,7 +15,7 @@ export class Sounds {
         /** @type {Map<string, Kept>} */
         this.kept = new Map();
         this.hasStore = false;
-        this.playing = ''; // path
+        this.playing = ''; // path of the sound that plays; empty: none
     }
 
     async read() {
@@ -25,7 +25,7 @@ export class Sounds {
         this.kept = kept ?? this.kept;
     }
 
-    /** Files of earlier visits, for the program to find. */
+    /** Writes the files of earlier visits into the program's file system. */
     unpack() {
         for (const [path, kept] of this.kept) {
             if (path !== TAKE) {
@@ -34,7 +34,7 @@ export class Sounds {
         }
     }
 
-    /** @param {string} path @param {number} effect  a file that the program has written */
+    /** Stores a file that the program has written. @param {string} path @param {number} effect */
     async keepFile(path, effect) {
         const bytes = this.page.core.program.FS.readFile(path);
         const isKept = await this.keep(path, { bytes, effect, when: Date.now() });
@@ -44,12 +44,12 @@ export class Sounds {
         }
     }
 
-    /** @param {Uint8Array} bytes  a raw take as a WAV file */
+    /** Stores the last take. @param {Uint8Array} bytes  a WAV file, before any effect */
     keepTake(bytes) {
         this.keep(TAKE, { bytes, effect: 0, when: Date.now() });
     }
 
-    /** Where what earlier visits kept could not be read, nothing is written over it. @param {string} path @param {Kept} kept */
+    /** Stores a file. If the store could not be read at the start, does not write to it. @param {string} path @param {Kept} kept */
     async keep(path, kept) {
         this.kept.set(path, kept);
         const isKept = this.hasStore && (await this.page.store.change((table) => table.put(kept, path)).then(() => true, () => false));
@@ -73,7 +73,7 @@ export class Sounds {
         return new File([kept.bytes], this.nameOf(path), { type: 'audio/wav' });
     }
 
-    /** The share sheet where there is one, else a download. @param {string} path */
+    /** Opens the share sheet of the system; without one, downloads the file. @param {string} path */
     async hand(path) {
         const files = [this.fileOf(path)];
         const sheet = navigator.canShare?.({ files }) ? navigator.share({ files, title: this.nameOf(path) }) : Promise.reject({});
@@ -87,7 +87,7 @@ export class Sounds {
         setTimeout(() => URL.revokeObjectURL(link.href), 60000);
     }
 
-    /** Plays it, or stops it. @param {string} path */
+    /** Plays a sound, or stops it if it plays. @param {string} path */
     play(path) {
         const wasPlaying = this.playing === path;
         this.stop();
@@ -130,7 +130,7 @@ export class Sounds {
         this.page.dialog.refresh();
     }
 
-    /** @param {0 | 1} bringsBack  1: the last take becomes the program's again @returns {boolean} whether there is one */
+    /** Passes the last take to the program. @param {0 | 1} bringsBack  1: it becomes the current take @returns {boolean} true if there is one */
     rememberTake(bringsBack) {
         const take = this.kept.get(TAKE);
         if (take) {
@@ -159,7 +159,7 @@ export class Sounds {
     paint(body) {
         const { core, dialog, words } = this.page;
         const list = make('ul');
-        /** @param {string} path @param {[string, () => void][]} acts  by the words of their buttons */
+        /** @param {string} path @param {[string, () => void][]} acts  for each button: the name of its word, and its action */
         const add = (path, ...acts) => {
             const { bytes, effect } = /** @type {Kept} */ (this.kept.get(path));
             const line = core.answer('_murmeloSoundLine', core.textAt(path), effect, bytes.length);

@@ -1,8 +1,8 @@
-// What is kept after the page is closed: settings, saved sounds and the last take, in a small database of our own.
+// Stores what is kept after the page is closed: settings, saved sounds and the last take, in a database of this page.
 
 /** @typedef {{bytes: Uint8Array, effect: number, when: number}} Kept */
 
-/** Another copy of the page on the same host has sounds, a tab and files of its own. */
+/** Name of the store, the lock and the caches. It contains the path, so that copies of the page on one host do not share them. */
 export const OWN = `murmelo ${new URL('..', import.meta.url).pathname}`;
 const TABLE = 'kept';
 
@@ -17,7 +17,7 @@ export class Store {
         const opening = indexedDB.open(this.name, 1);
         opening.onupgradeneeded = () => opening.result.createObjectStore(TABLE);
         this.database = await answerOf(opening);
-        // Another version of the page, or the user, wants to change the database.
+        // Another version of the page, or the user, wants to change or delete the database: closes it.
         this.database.onversionchange = this.database.onclose = () => this.forget();
     }
 
@@ -26,7 +26,7 @@ export class Store {
         this.database = null;
     }
 
-    /** Makes no database: that takes longer than all else, and the first picture would wait. @returns {Promise<Map<string, Kept>>} by path */
+    /** Everything stored. Creates no database: that would delay the first picture. @returns {Promise<Map<string, Kept>>} by path */
     async all() {
         const databases = await indexedDB.databases?.();
         if (databases?.every(({ name }) => name !== this.name)) {
@@ -39,13 +39,13 @@ export class Store {
         return new Map((await keys).map((key, i) => [String(key), found[i]]));
     }
 
-    /** Throws if there is no room. @param {(table: IDBObjectStore) => void} step */
+    /** Carries out a change. Throws if the store is full. @param {(table: IDBObjectStore) => void} step */
     async change(step) {
         const table = await this.table('readwrite');
         const done = new Promise((resolve, reject) => {
             table.transaction.oncomplete = resolve;
             table.transaction.onerror = () => reject(table.transaction.error);
-            table.transaction.onabort = () => reject(table.transaction.error); // a full store
+            table.transaction.onabort = () => reject(table.transaction.error); // the store is full
         });
         step(table);
         table.transaction.commit?.(); // the page may be closing

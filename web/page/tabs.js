@@ -1,11 +1,11 @@
-// Only one tab at a time: two would overwrite each other's sounds.
+// Lets only one tab run the program: two would overwrite each other's sounds.
 
 import { OWN } from './store.js';
 
 /**
- * @param {boolean} steals  takes over from another tab, which stops
- * @param {() => void} onTaken  another tab has taken over
- * @returns {Promise<boolean>} whether this tab is the one
+ * @param {boolean} steals  true: takes over from another tab, which stops
+ * @param {() => void} onTaken  called when another tab has taken over
+ * @returns {Promise<boolean>} true if this tab may run the program
  */
 export function holdTab(steals, onTaken) {
     if (!navigator.locks) {
@@ -17,8 +17,8 @@ export function holdTab(steals, onTaken) {
             .request(OWN, steals ? { steal: true } : { ifAvailable: true }, (lock) => {
                 isHeld = lock !== null;
                 answer(isHeld);
-                return lock && new Promise(() => {}); // held as long as the page lives
+                return lock && new Promise(() => {}); // held until the page is closed
             })
-            .catch(() => (isHeld ? onTaken() : answer(true))); // refused: there are no locks here
+            .catch(() => (isHeld ? onTaken() : answer(true))); // an error without the lock: locks are not allowed here
     });
 }

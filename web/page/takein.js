@@ -1,9 +1,9 @@
-// Sound files from outside: picked, dropped, shared with the page, or opened with it.
+// Takes in sound files: picked, dropped, shared with the page, or opened with it.
 
 import { OWN } from './store.js';
 
-const WAV_BYTES = 15 << 18; // 20 seconds of stereo at 48 kHz, and a head: more would not fit into the program's memory
-const LENGTH_IN_MS = 5000; // some browsers never tell it
+const WAV_BYTES = 15 << 18; // a header and 20 seconds of 16-bit stereo at 48 kHz; the program's memory has no room for more
+const LENGTH_IN_MS = 5000; // some browsers never report it
 const DECODED_SECONDS = 20;
 const DECODING_RATE = 48000;
 
@@ -13,7 +13,7 @@ export class TakeIn {
         this.page = page;
         input.addEventListener('change', () => {
             this.use(input.files?.[0]);
-            input.value = ''; // the same file may be chosen again
+            input.value = ''; // so that choosing the same file again is a change
         });
         addEventListener('dragover', (event) => event.preventDefault());
         addEventListener('drop', (event) => {
@@ -25,7 +25,7 @@ export class TakeIn {
         });
     }
 
-    /** A file that was shared with the page waits in the cache of the service worker. */
+    /** Uses a file that was shared with the page; the service worker has put it into its cache. */
     async useShared() {
         try {
             const cache = await caches.open(`${OWN} shared`);
@@ -33,7 +33,7 @@ export class TakeIn {
             await this.use(await answer.blob());
             await cache.delete('shared');
         } catch {
-            this.page.tell('notShared'); // it was no file, or there was no room for it
+            this.page.tell('notShared'); // not a file, or the cache had no room for it
         }
     }
 
@@ -49,7 +49,7 @@ export class TakeIn {
         this.page.core.turn();
     }
 
-    /** @param {Blob} file @returns {Promise<string>} why it cannot be taken; empty: it is */
+    /** @param {Blob} file @returns {Promise<string>} why it cannot be used, a name of HostWords; empty: it is used */
     async take(file) {
         const { core } = this.page;
         core.program._murmeloNameFile(core.textAt(/** @type {any} */ (file).name ?? ''));
@@ -76,7 +76,7 @@ export class TakeIn {
     }
 }
 
-/** @param {Blob} file @returns {Promise<number>} in seconds; not finite if the browser cannot tell */
+/** @param {Blob} file @returns {Promise<number>} in seconds; not finite if the browser does not know it */
 async function lengthOf(file) {
     const audio = Object.assign(new Audio(), { preload: 'metadata', src: URL.createObjectURL(file) });
     await new Promise((resolve) => {

@@ -1,4 +1,4 @@
-// The service worker: offline from the second start, and a new version only when the user says so.
+// Registers the service worker: offline from the second start, a new version only if wanted.
 
 import { MENU } from './core.js';
 
@@ -14,7 +14,7 @@ export class Update {
     async register() {
         const registration = await navigator.serviceWorker?.register('sw.js').catch(() => null);
         if (!registration) {
-            return; // the page works as long as there is a network
+            return; // without a worker the page works, but needs the network
         }
         const watch = () => {
             const worker = registration.installing ?? registration.waiting;
@@ -35,7 +35,7 @@ export class Update {
         }
     }
 
-    /** Only in the menu, where nothing records, plays or is unsaved. */
+    /** Offers the new version, only in the menu: there nothing is being recorded, played or unsaved. */
     offer() {
         const inMenu = this.page.core.texts.screen === MENU;
         if (this.waiting && inMenu && !this.told) {

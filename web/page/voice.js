@@ -1,10 +1,10 @@
-// The speaker: one audio element for everything that is played, by the program and from the list.
+// The speaker: one audio element for all sounds, those of the program and those from the list.
 
 /** @typedef {import('./core.js').Core} Core */
 /** @typedef {'_murmeloClipEnded' | '_murmeloClipFailed'} End */
 
 const FULL = 100;
-/** A WAV file of 80 samples, its head first. Without a request: a player may keep one open for as long as the page lives. */
+/** A silent WAV file: its header and 80 samples. Made here, because a player may keep the request for a file open until the page is closed. */
 const SILENCE = [Uint8Array.from(atob('UklGRsQAAABXQVZFZm10IBAAAAABAAEAQB8AAIA+AAACABAAZGF0YaAAAAA='), (letter) => letter.charCodeAt(0)), new Uint8Array(160)];
 
 export class Voice {
@@ -12,24 +12,24 @@ export class Voice {
     constructor(core, audio) {
         this.core = core;
         this.audio = audio;
-        /** What is played wants to know its end. @type {((end: End) => void) | null} */
+        /** Called when the current sound has ended; null: none plays. @type {((end: End) => void) | null} */
         this.done = null;
         this.ofProgram = false;
         this.url = '';
         audio.volume = 0.5;
-        core.program._murmeloVolumeStays(Number(audio.volume !== 0.5)); // some phones leave it to their keys
+        core.program._murmeloVolumeStays(Number(audio.volume !== 0.5)); // on some phones only their keys set it
         audio.addEventListener('ended', () => this.finish('_murmeloClipEnded'));
         audio.addEventListener('error', () => this.finish('_murmeloClipFailed'));
         audio.addEventListener('pause', () => {
             if (audio.paused && !audio.ended && !this.isPaused) {
-                this.finish('_murmeloClipEnded'); // a call, or the headset was unplugged
+                this.finish('_murmeloClipEnded'); // a telephone call, or the headset was unplugged
             }
         });
         this.isPaused = false;
         ['pointerup', 'keydown'].forEach((event) => addEventListener(event, () => this.unlock(), { once: true }));
     }
 
-    /** Plays nothing within the user's gesture: later clips may then begin by themselves. */
+    /** Plays silence within an action of the user, so that the browser lets later clips begin by themselves. */
     unlock() {
         if (!this.done) {
             this.audio.src = URL.createObjectURL(new Blob(SILENCE, { type: 'audio/wav' }));
@@ -37,7 +37,7 @@ export class Voice {
         }
     }
 
-    /** For the program. @param {number} ticket @param {Uint8Array} file  WAV */
+    /** Plays a clip of the program. @param {number} ticket @param {Uint8Array} file  WAV */
     play(ticket, file) {
         this.begin(file, (end) => {
             this.core.program[end](ticket);
@@ -46,7 +46,7 @@ export class Voice {
         this.ofProgram = true;
     }
 
-    /** What is playing ends. @param {Uint8Array} file  WAV @param {(end: End) => void} done */
+    /** Ends the current sound and plays a file. @param {Uint8Array} file  WAV @param {(end: End) => void} done  called at its end */
     begin(file, done) {
         this.finish('_murmeloClipEnded');
         this.done = done;
@@ -81,7 +81,7 @@ export class Voice {
         this.audio.play().catch(() => this.finish('_murmeloClipFailed'));
     }
 
-    /** The program wants silence. */
+    /** Stops the program's clip, without calling done. */
     stop() {
         if (this.ofProgram) {
             this.done = null;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What the program in WebAssembly offers to the page; see src/platform/web/main.cpp.
+// The functions that the program in WebAssembly offers to the page, as src/platform/web/main.cpp defines them.
 
 export type Entry = {
     text: string;
     place: [number, number, number, number];
     isFocused: boolean;
-    id?: string; // of the strip's buttons
+    id?: string; // only for the strip's buttons
     isEnabled?: boolean;
 };
 

@@ -1,6 +1,6 @@
-// Collects what the microphone hears and sends it to the page in pieces.
+// Collects the microphone's samples and sends them to the page in pieces.
 
-const PIECE_FRAMES = 512; // 32 ms at 16 kHz: what may be missing of a word at the stop
+const PIECE_FRAMES = 512; // 32 ms at 16 kHz: so much of the last word may be missing when the recording stops
 
 class Ears extends AudioWorkletProcessor {
     constructor() {
@@ -11,7 +11,7 @@ class Ears extends AudioWorkletProcessor {
 
     /** @param {Float32Array[][]} inputs @returns {boolean} */
     process(inputs) {
-        const channel = inputs[0]?.[0]; // none while nothing is connected
+        const channel = inputs[0]?.[0]; // undefined while no microphone is connected
         if (channel) {
             this.collect(channel);
         }
