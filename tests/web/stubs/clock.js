@@ -87,7 +87,7 @@
         change('ears', (ears) => {
             const start = ears.start.bind(ears);
             ears.connect = async () => {
-                ears.context = { sampleRate: 1000 * RATE_PER_MS, close() {} };
+                ears.context = { sampleRate: 1000 * RATE_PER_MS, resume() {}, close() {} };
             };
             ears.start = () => {
                 start();
