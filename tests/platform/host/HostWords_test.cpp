@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Every text of the host exists in every language, with the program's own words.
+#include "FxCatalogue.h"
 #include "HostWords.h"
+#include "ScreenNames.h"
+#include "ScreenTable.h"
 #include "StrTexts.h"
 
 #include <gtest/gtest.h>
@@ -86,5 +89,24 @@ TEST(HostWords, callThingsAsTheProgramDoes) {
         // The key has no room for the whole French word.
         EXPECT_STREQ(code == "fr" ? "Sauver" : textOfProgram("MI_SAVE", i),
                      HostWords::text("save", code));
+    }
+}
+
+TEST(HostWords, nameTheDigitOfTheLastEffect) {
+    const std::string digit = std::to_string(FxCatalogue::kCount);
+    for (const Language& language : Languages::kAll) {
+        const std::string help = HostWords::text("helpRecordKeys", language.code);
+        EXPECT_NE(std::string::npos, help.find(digit)) << help;
+    }
+}
+
+TEST(HostWords, nameEachScreenThatStays) {
+    int32_t count = 0;
+    const ScreenTable::Row* rows = ScreenTable::rows(count);
+    for (int32_t i = 0; i < count; i++) {
+        const std::string name = rows[i].name;
+        if (name != ScreenNames::kSplash) {
+            EXPECT_STRNE("", HostWords::text("screen" + name, "en")) << name;
+        }
     }
 }

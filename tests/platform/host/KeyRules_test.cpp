@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Each key of a computer's keyboard means the right thing on each screen.
 #include "FakeDoors.h"
+#include "FxCatalogue.h"
 #include "KeyRules.h"
+#include "StripModel.h"
 
 #include <gtest/gtest.h>
 
@@ -56,11 +58,15 @@ TEST_F(KeyRulesTest, theVolume) {
 }
 
 TEST_F(KeyRulesTest, digitsAreEffects) {
-    for (int32_t i = 0; i < 8; i++) {
+    static_assert(StripModel::kEffects == FxCatalogue::kCount, "one head for each effect");
+    static_assert(FxCatalogue::kCount < 10, "one digit for each effect");
+    for (int32_t i = 0; i < FxCatalogue::kCount; i++) {
         EXPECT_EQ((KeyDeed{Kind::kEffect, HostKey::kMiddle, i}), typed(static_cast<char>('1' + i)));
     }
     EXPECT_EQ(kNothing, typed('0'));
-    EXPECT_EQ(kNothing, typed('9'));
+    for (char digit = '1' + FxCatalogue::kCount; digit <= '9'; digit++) {
+        EXPECT_EQ(kNothing, typed(digit));
+    }
 }
 
 TEST_F(KeyRulesTest, lettersOfTheStrip) {
