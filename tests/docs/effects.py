@@ -6,6 +6,7 @@ PROGRAM is murmelo-fx; its --list is the catalogue.
 """
 import pathlib
 import re
+import struct
 import subprocess
 import sys
 
@@ -61,6 +62,18 @@ compare("the sheet of screens.sh", words[1:], between(screens, " process play ",
 compare("README.md", words, [meant_by(name) for name in first_cells(between(read("README.md"), "## What it does", "## "))])
 speed = between(read("docs/speed.md"), "| effect | until", "\n\n")
 compare("docs/speed.md", words, [meant_by(name) for name in first_cells("| effect | until" + speed)])
+
+keys = f"1 to {len(words)}"
+compare("the keys in README.md", [keys], re.findall(r"^\| (1 to \d+) \|", read("README.md"), re.M))
+for page in sorted((source / "docs/man").rglob("murmelo.1")):
+    last = re.findall(r'^\.BR 1 " \w+ " (\d+)$', page.read_text(), re.M)
+    compare(f"the keys in {page.relative_to(source)}", [str(len(words))], last)
+
+compare("tools/bench", words, re.findall(r'"(\w+)"', between(read("tools/bench"), "_WORKS = [", "]"))[:len(words)])
+
+heads = (source / "res/Res/strip/heads.png").read_bytes()
+width, height = struct.unpack(">II", heads[16:24])
+compare("the width of heads.png", len(words) * height, width)
 
 dictionary = re.findall(r'^"([a-z]+)\\x0a"$', read("fuzz/options.dict"), re.M)
 compare("fuzz/options.dict", words, dictionary)
