@@ -4,6 +4,7 @@ import array
 import base64
 import json
 import os
+import re
 import subprocess
 import tempfile
 import unittest
@@ -17,8 +18,16 @@ SOURCE = os.path.realpath(os.path.join(HERE, "../.."))
 FOLDER = os.environ.get("MURMELO_PAGE", os.path.join(SOURCE, "build/web"))
 HEADLESS = os.environ.get("MURMELO_HEADLESS", os.path.join(SOURCE, "build/release/murmelo-headless"))
 SPEECH = os.path.join(SOURCE, "res/sample/hello.wav")
-LANGUAGES = ("en", "de", "es", "fr", "it")
-EFFECTS = ("none", "robot", "backwards", "high", "low", "fast", "drunk", "flip")
+
+
+def _first_words(path):
+    """The first text in each row of a table of the source."""
+    with open(os.path.join(SOURCE, path), encoding="utf-8") as file:
+        return tuple(re.findall(r'^ +\{"(\w+)", "', file.read(), re.M))
+
+
+LANGUAGES = _first_words("src/platform/host/Languages.h")
+EFFECTS = _first_words("src/app/common/audio/FxCatalogue.cpp")
 HOME = "/home/Murmelo/"
 RATE_HZ = 16000
 HEADER_BYTES = 44
