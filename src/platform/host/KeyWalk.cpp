@@ -96,7 +96,7 @@ std::optional<HostKey> KeyWalk::towardsLanguage(const ScreenTexts& texts) {
         return {};  // the first screen has not come yet
     }
     const int32_t focused = focusedEntry(texts);
-    if (texts.screen != "FirstLang" || focused >= wantedEntry) {
+    if (texts.screen != ScreenNames::kFirstLanguage || focused >= wantedEntry) {
         giveUp();
         return {};
     }
