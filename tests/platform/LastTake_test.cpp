@@ -114,10 +114,65 @@ TEST_F(LastTakeTest, aDiskThatIsFullKeepsTheEarlierTake) {
         const FullDisk disk(100);
         EXPECT_TRUE(last.keep(TestSounds::noise(5000, 3)));
     }
-    EXPECT_EQ(voice, broughtBack());
+    EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
     std::filesystem::directory_iterator files(stateFolder());
     EXPECT_EQ("last-take.wav", files->path().filename());
     EXPECT_EQ(1, std::distance(files, {}));
+}
+
+TEST_F(LastTakeTest, whatTheDiskRefusesComesBackAndIsForgotten) {
+    const Samples next = TestSounds::noise(5000, 3);
+    EXPECT_EQ("", last.keep(voice));
+    const LastTake copy = last;
+    {
+        const FullDisk disk(100);
+        EXPECT_TRUE(last.keep(next));
+    }
+    EXPECT_EQ(next, broughtBack());
+    EXPECT_EQ(next, last.waiting());
+    Samples samples;
+    EXPECT_EQ("", copy.bringBack(samples));
+    EXPECT_EQ(next, samples);
+    EXPECT_EQ("", last.forget());
+    EXPECT_FALSE(copy.isThere());
+    EXPECT_TRUE(last.waiting().empty());
+    EXPECT_TRUE(std::filesystem::is_empty(stateFolder()));
+}
+
+TEST_F(LastTakeTest, whatTheDiskRefusesOutlivesTheSettlingOfTheOneBefore) {
+    const Samples next = TestSounds::noise(5000, 3);
+    EXPECT_EQ("", last.write(voice));
+    {
+        const FullDisk disk(100);
+        EXPECT_TRUE(last.write(next));
+    }
+    EXPECT_EQ("", last.settle());
+    EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
+    EXPECT_EQ(next, last.waiting());
+    EXPECT_EQ(next, broughtBack());
+}
+
+TEST_F(LastTakeTest, whatIsInMemoryOnlyIsForgottenWithoutAFolder) {
+    folders.write("state", "a file where the folder should be");
+    EXPECT_TRUE(last.keep(voice));
+    EXPECT_TRUE(last.isThere());
+    EXPECT_EQ("", last.forget());
+    EXPECT_FALSE(last.isThere());
+}
+
+TEST_F(LastTakeTest, aTakeThatCannotBeRenamedStaysInMemory) {
+    folders.makeFolder("state/murmelo");
+    std::filesystem::create_symlink(folders.path("missing/take.wav"),
+                                    stateFolder() + "/last-take.wav");
+    EXPECT_EQ("", last.write(voice));
+    EXPECT_TRUE(last.waiting().empty());
+    EXPECT_TRUE(last.settle());
+    EXPECT_EQ(voice, last.waiting());
+    EXPECT_EQ(voice, broughtBack());
+    folders.makeFolder("missing");
+    EXPECT_EQ("", last.keep(last.waiting()));
+    EXPECT_TRUE(last.waiting().empty());
+    EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("missing/take.wav"));
 }
 
 TEST_F(LastTakeTest, whatAKilledProgramLeftIsCleanedUpAndARunningOnesIsNot) {
@@ -265,6 +320,53 @@ TEST_F(TakeKeeperTest, theDiskIsWaitedForLaterAndTheTakeIsThereAtOnce) {
     EXPECT_EQ("", settles[0]());
     EXPECT_EQ(TestSounds::wav(recording, 16000), folders.read("state/murmelo/last-take.wav"));
     EXPECT_TRUE(problems.empty());
+}
+
+TEST_F(TakeKeeperTest, aTakeThatTheDiskRefusesIsKeptWhenTheProgramLetsGoOfIt) {
+    keeper.recorded(file);
+    {
+        const FullDisk disk(100);
+        keeper.recorded(recording);
+        EXPECT_EQ(1U, problems.size());
+        keeper.letGo();  // still full
+        EXPECT_EQ(2U, problems.size());
+    }
+    EXPECT_EQ(file, broughtBack());  // the disk has the earlier one
+    keeper.letGo();
+    EXPECT_EQ(2U, problems.size());
+    EXPECT_EQ(recording, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, aFileDoesNotReplaceATakeThatTheDiskRefused) {
+    {
+        const FullDisk disk(100);
+        keeper.recorded(recording);
+        keeper.used(file);
+    }
+    Samples samples;
+    EXPECT_EQ("", keeper.bringBack(samples));
+    EXPECT_EQ(recording, samples);
+    keeper.broughtBack();
+    keeper.letGo();
+    EXPECT_EQ(recording, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, theDiskIsWaitedForAlsoAfterItRefused) {
+    std::vector<std::function<Problem()>> settles;
+    TakeKeeper patient(
+        stateFolder(), [this](const Problem& problem) { problems.push_back(problem); },
+        [&](std::function<Problem()> settle) { settles.push_back(std::move(settle)); });
+    {
+        const FullDisk disk(100);
+        patient.recorded(recording);
+    }
+    EXPECT_TRUE(settles.empty());
+    patient.letGo();
+    ASSERT_EQ(1U, settles.size());
+    EXPECT_EQ("", settles[0]());
+    EXPECT_EQ(TestSounds::wav(recording, 16000), folders.read("state/murmelo/last-take.wav"));
+    patient.letGo();
+    EXPECT_EQ(1U, settles.size());
 }
 
 TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsComplainedAbout) {

@@ -72,7 +72,12 @@ LastTake::LastTake(std::string givenFolder)
     , newPath(folder.empty() ? "" : folder + kNextName) {}
 
 bool LastTake::isThere() const {
-    return isFile(newPath) || isFile(path);
+    return shared->isWaiting || isFile(newPath) || isFile(path);
+}
+
+std::vector<int16_t> LastTake::waiting() const {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    return shared->isWaiting ? shared->samples : std::vector<int16_t>();
 }
 
 Problem LastTake::keep(const std::vector<int16_t>& samples) const {
@@ -97,6 +102,13 @@ Problem LastTake::write(const std::vector<int16_t>& samples) const {
         return Problem::none();
     }
     const std::lock_guard<std::mutex> lock(shared->mutex);
+    Problem problem = writeFile(samples);
+    shared->samples = samples;
+    shared->isWaiting = static_cast<bool>(problem);
+    return problem;
+}
+
+Problem LastTake::writeFile(const std::vector<int16_t>& samples) const {
     shared->isFolderNew = makeFolder() || shared->isFolderNew;
     removeLeftovers(folder);
     const std::string fresh = folder + kNewName + std::to_string(::getpid());
@@ -141,6 +153,10 @@ Problem LastTake::settle() const {
         }
         if (isNewest && problem) {
             ::unlink(newPath.c_str());
+            shared->isWaiting = !shared->samples.empty();
+        }
+        if (isRenamed && !shared->isWaiting) {
+            shared->samples.clear();
         }
     }
     ::close(file);
@@ -168,7 +184,11 @@ bool LastTake::syncFolders(const std::string& target) const {
 }
 
 Problem LastTake::bringBack(std::vector<int16_t>& samples) const {
-    std::vector<int16_t> newest;
+    std::vector<int16_t> newest = waiting();
+    if (!newest.empty()) {
+        samples = std::move(newest);
+        return Problem::none();
+    }
     // After a power cut the newest file may be there without its samples.
     if (isFile(newPath) &&
         !SoundFile::read(newPath, HostMicrophone::kRateHz, kMaxSamples, newest) &&
@@ -183,11 +203,13 @@ Problem LastTake::bringBack(std::vector<int16_t>& samples) const {
 }
 
 Problem LastTake::forget() const {
+    const std::string target = SafeFile::realTarget(path);
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    shared->isWaiting = false;
+    shared->samples.clear();
     if (!isThere()) {
         return Problem::none();
     }
-    const std::string target = SafeFile::realTarget(path);
-    const std::lock_guard<std::mutex> lock(shared->mutex);
     const bool isNewGone = ::unlink(newPath.c_str()) == 0 || errno == ENOENT;
     const bool isGone = ::unlink(target.c_str()) == 0 || errno == ENOENT;
     if (!isNewGone || !isGone || !SafeFile::syncFolderOf(target)) {

@@ -5,6 +5,7 @@
 
 #include "Problem.h"
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -23,7 +24,8 @@ public:
     /// Writes the take to the disk in place of the earlier one. At any moment one of them is there,
     /// complete. Does nothing without a sample or without a folder.
     /// @param samples  16 kHz mono
-    /// @returns why it could not be kept; then the earlier one is still there
+    /// @returns why it could not be kept; then the file of the earlier one is still there, and this
+    ///          object and its copies keep the take in memory, as waiting()
     Problem keep(const std::vector<int16_t>& samples) const;
 
     /// The first half of keep(), which does not wait for the disk: writes the take into a file of
@@ -37,12 +39,16 @@ public:
     /// @returns as keep()
     Problem settle() const;
 
+    /// The take that could not be kept, to try again: it is the last take, but is lost when the
+    /// program ends. Empty: there is none.
+    std::vector<int16_t> waiting() const;
+
     /// Reads the take; the file stays.
     /// @param samples  16 kHz mono; untouched on an error
     /// @returns why it cannot be read; a problem too if there is no take
     Problem bringBack(std::vector<int16_t>& samples) const;
 
-    /// Deletes the file of the take, and syncs that to the disk.
+    /// Deletes the take and its file, and syncs that to the disk.
     /// @returns why it could not be deleted; no problem if there is no take
     Problem forget() const;
 
@@ -50,6 +56,7 @@ public:
 
 private:
     Problem notKept() const;
+    Problem writeFile(const std::vector<int16_t>& samples) const;
     bool makeFolder() const;
     bool syncFolders(const std::string& target) const;
 
@@ -58,8 +65,10 @@ private:
     std::string newPath;  // of the file that is written but not synced yet
 
     struct Shared {
-        std::mutex mutex;          // held while files are renamed
-        bool isFolderNew = false;  // the folder's name may not be synced yet
+        std::mutex mutex;                    // held while files are renamed
+        bool isFolderNew = false;            // the folder's name may not be synced yet
+        std::vector<int16_t> samples;        // of the newest take until it is synced
+        std::atomic<bool> isWaiting{false};  // true: no file holds these samples
     };
 
     std::shared_ptr<Shared> shared = std::make_shared<Shared>();  // by the copies of this object

@@ -31,7 +31,7 @@ void TakeKeeper::used(std::vector<int16_t> samples) {
 }
 
 void TakeKeeper::letGo() {
-    keep(std::exchange(fromFile, {}));
+    keep(fromFile.empty() ? last.waiting() : std::exchange(fromFile, {}));
 }
 
 Problem TakeKeeper::forget() {

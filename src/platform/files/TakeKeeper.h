@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Decides when to keep a take as the last take: a recording at once, a take from a file only when
-// the program deletes it. Until then the recording before that file can be brought back.
+// the program deletes it. Until then the recording before that file can be brought back. A take
+// that the disk refuses stays in memory, and is tried again when the program deletes it.
 #pragma once
 
 #include "LastTake.h"
@@ -19,7 +20,7 @@ public:
     using Later = std::function<void(std::function<Problem()> settle)>;
 
     /// @param folder    as for LastTake
-    /// @param complain  called with the reason if a take could not be kept
+    /// @param complain  called with the reason each time that a take could not be kept
     /// @param later     empty: the keeper itself waits for the disk
     TakeKeeper(std::string folder, Complain complain, Later later = {});
 
@@ -29,7 +30,8 @@ public:
     /// A sound from a file has become the take.
     void used(std::vector<int16_t> samples);
 
-    /// The program deletes its take: a recording is offered, or the program has ended.
+    /// The program deletes its take: a recording is offered, or the program has ended. Its own
+    /// files are gone: a disk that was full may have room now.
     void letGo();
 
     /// Reads the last take. Use broughtBack() once it is the program's.
