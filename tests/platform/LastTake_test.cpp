@@ -120,6 +120,27 @@ TEST_F(LastTakeTest, aDiskThatIsFullKeepsTheEarlierTake) {
     EXPECT_EQ(1, std::distance(files, {}));
 }
 
+TEST_F(LastTakeTest, theReasonNamesNoFile) {
+    EXPECT_EQ("", last.keep(voice));
+    Problem problem;
+    {
+        const FullDisk disk(100);
+        problem = last.keep(TestSounds::noise(5000, 3));
+    }
+    EXPECT_EQ("the last take cannot be kept as \"" + stateFolder() +
+                  "/last-take.wav\": File too large",
+              problem.sentence());
+    EXPECT_EQ("File too large", LastTake::reasonOf(problem));
+    {
+        const FullDisk disk(0);  // not even the header
+        problem = last.keep(voice);
+    }
+    EXPECT_EQ("File too large", LastTake::reasonOf(problem));
+    folders.write("file", "where a folder should be");
+    problem = LastTake(folders.path("file/murmelo\": x")).keep(voice);
+    EXPECT_EQ("Not a directory", LastTake::reasonOf(problem));
+}
+
 TEST_F(LastTakeTest, whatTheDiskRefusesComesBackAndIsForgotten) {
     const Samples next = TestSounds::noise(5000, 3);
     EXPECT_EQ("", last.keep(voice));

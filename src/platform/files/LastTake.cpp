@@ -26,6 +26,8 @@ constexpr const char* kName = "/last-take.wav";
 constexpr const char* kNextName = "/last-take.wav.next";  // complete, but not synced yet
 constexpr const char* kNewName = "/last-take.wav.new-";   // followed by the process number
 
+constexpr const char* kBeforeReason = "\": ";
+
 /// Removes unfinished files of programs that were killed while they wrote. Files of running
 /// programs stay: programs with different homes share the folder.
 void removeLeftovers(const std::string& folder) {
@@ -71,6 +73,13 @@ LastTake::LastTake(std::string givenFolder)
     , path(folder.empty() ? "" : folder + kName)
     , newPath(folder.empty() ? "" : folder + kNextName) {}
 
+std::string LastTake::reasonOf(const Problem& problem) {
+    const std::string& sentence = problem.sentence();
+    const size_t at = sentence.rfind(kBeforeReason);  // the last one: a folder's name may have it
+    return at == std::string::npos ? sentence
+                                   : sentence.substr(at + std::string(kBeforeReason).size());
+}
+
 bool LastTake::isThere() const {
     return shared->isWaiting || isFile(newPath) || isFile(path);
 }
@@ -86,7 +95,7 @@ Problem LastTake::keep(const std::vector<int16_t>& samples) const {
 }
 
 Problem LastTake::notKept() const {
-    return "the last take cannot be kept as \"" + path + "\": " + SafeFile::lastError();
+    return "the last take cannot be kept as \"" + path + kBeforeReason + SafeFile::lastError();
 }
 
 /// True if it has made the folder. False: the folder is there already, or cannot be made; then the
@@ -114,12 +123,17 @@ Problem LastTake::writeFile(const std::vector<int16_t>& samples) const {
     const std::string fresh = folder + kNewName + std::to_string(::getpid());
     const int file = SafeFile::create(fresh);
     if (file < 0) {
-        return "the last take cannot be kept in \"" + folder + "\": " + SafeFile::lastError();
+        return "the last take cannot be kept in \"" + folder + kBeforeReason +
+               SafeFile::lastError();
     }
     static_cast<void>(::fchmod(file, kOwnFile));  // some disks have no permissions
     const auto count = std::min(samples.size(), static_cast<size_t>(kMaxSamples));
+    errno = 0;
     Problem problem = SoundFile::write(file, fresh, HostMicrophone::kRateHz, samples.data(), count,
                                        SoundFile::Format::kWav);
+    if (problem && errno != 0) {
+        problem = notKept();  // not the name of the unfinished file
+    }
     const bool isClosed = ::close(file) == 0;
     if (!problem) {
         makeWay(newPath);

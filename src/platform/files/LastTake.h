@@ -39,6 +39,9 @@ public:
     /// @returns as keep()
     Problem settle() const;
 
+    /// The reason in a sentence of keep(), write() or settle(), without the file's name.
+    static std::string reasonOf(const Problem& problem);
+
     /// The take that could not be kept, to try again: it is the last take, but is lost when the
     /// program ends. Empty: there is none.
     std::vector<int16_t> waiting() const;

@@ -16,7 +16,7 @@ HeadlessHost::HeadlessHost(HostFolders folders,
     , fileEars([this] { return nowMs; })
     , keeper(mapped.state,
              [this](const Problem& problem) {
-                 tell({"notKept", {problem.sentence()}}, problem.sentence());
+                 tell({"notKept", {LastTake::reasonOf(problem)}}, problem.sentence());
              })
     , copyingEars(
           fileEars,

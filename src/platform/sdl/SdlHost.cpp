@@ -45,9 +45,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , errands([this] { rouse(); })
     , takes(
           options.folders.state,
-          [this](const Problem& problem) {
-              tell({"notKept", {problem.sentence()}});
-          },
+          [this](const Problem& problem) { tellNotKept(problem); },
           [this](std::function<Problem()> settle) { settleLater(std::move(settle)); })
     , copyingEars(
           realMicrophone(),
@@ -153,11 +151,17 @@ void SdlHost::settleLater(std::function<Problem()> settle) {
     errands.start([this, settle = std::move(settle)] {
         return [this, problem = settle()] {
             if (problem) {
-                tell({"notKept", {problem.sentence()}});
+                tellNotKept(problem);
             }
             return false;
         };
     });
+}
+
+/// The strip has room for the reason only; the terminal gets the file's name too.
+void SdlHost::tellNotKept(const Problem& problem) {
+    const HostMessage whole = {"notKept", {problem.sentence()}};
+    tell({"notKept", {LastTake::reasonOf(problem)}}, whole.text("en"));
 }
 
 /// Reads the sound file that replaces the microphone; until then the microphone delivers silence.

@@ -387,6 +387,33 @@ TEST_F(SdlHostTest, whatADeviceHeardIsKeptAsTheLastTake) {
     EXPECT_LE(44U + 3200, folders.read("state/last-take.wav").size());
 }
 
+TEST_F(SdlHostTest, aTakeWithoutACopyIsToldAndComesBack) {
+    folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
+    folders.write("state", "a file where the folder should be");
+    SdlOptions options;
+    options.folders.state = folders.path("state");
+    open(options);
+    CountingEar ear(1600);
+    host->microphone()->prepare();
+    host->microphone()->start(ear);
+    while (ear.calls == 0) {
+        host->pump(heard, 1000);
+    }
+    host->microphone()->stop();
+    testing::internal::CaptureStderr();
+    host->microphone()->release();
+    // The program still has it: the sentence must not say that it is lost.
+    EXPECT_EQ(
+        "murmelo: There is no spare copy of the recording: the last take cannot be kept in \"" +
+            folders.path("state") + "\": Not a directory\n",
+        testing::internal::GetCapturedStderr());
+    EXPECT_TRUE(host->hasLastTake());
+    folders.remove("state");
+    host->setDoors(nullptr);
+    ASSERT_FALSE(host->isStuck());  // the disk has it
+    EXPECT_LE(44U + 3200, folders.read("state/last-take.wav").size());
+}
+
 TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {
     SdlOptions options;
     options.folders.config = folders.path("config");
