@@ -390,6 +390,31 @@ TEST_F(TakeKeeperTest, theDiskIsWaitedForAlsoAfterItRefused) {
     EXPECT_EQ(1U, settles.size());
 }
 
+TEST_F(TakeKeeperTest, theLastTakeIsTheProgramsUnlessThatIsNotKept) {
+    EXPECT_EQ("", last.keep(otherFile));  // in an earlier run
+    EXPECT_TRUE(keeper.isThere());
+    EXPECT_FALSE(keeper.isPrograms());
+    keeper.recorded(recording);
+    EXPECT_TRUE(keeper.isPrograms());
+    keeper.letGo();
+    EXPECT_TRUE(keeper.isPrograms());  // it was
+    keeper.recorded({});               // silence
+    EXPECT_FALSE(keeper.isPrograms());
+    keeper.broughtBack();
+    EXPECT_TRUE(keeper.isPrograms());
+    keeper.used(file);
+    EXPECT_FALSE(keeper.isPrograms());  // the recording before is kept
+    keeper.letGo();
+    EXPECT_TRUE(keeper.isPrograms());
+    EXPECT_EQ("", keeper.forget());
+    EXPECT_FALSE(keeper.isPrograms());
+    keeper.used(file);
+    EXPECT_TRUE(keeper.isPrograms());
+    const FullDisk disk(100);
+    keeper.recorded(recording);
+    EXPECT_TRUE(keeper.isPrograms());  // in memory
+}
+
 TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsComplainedAbout) {
     folders.write("state", "a file where the folder should be");
     keeper.recorded(recording);

@@ -18,11 +18,13 @@ void TakeKeeper::keep(const std::vector<int16_t>& samples) {
 
 void TakeKeeper::recorded(const std::vector<int16_t>& samples) {
     fromFile.clear();
+    isNewest = !samples.empty();
     keep(samples);
 }
 
 void TakeKeeper::used(std::vector<int16_t> samples) {
     letGo();
+    isNewest = true;
     if (last.isThere()) {
         fromFile = std::move(samples);
     } else {
@@ -34,7 +36,13 @@ void TakeKeeper::letGo() {
     keep(fromFile.empty() ? last.waiting() : std::exchange(fromFile, {}));
 }
 
+void TakeKeeper::broughtBack() {
+    fromFile.clear();
+    isNewest = true;
+}
+
 Problem TakeKeeper::forget() {
     fromFile.clear();
+    isNewest = false;
     return last.forget();
 }

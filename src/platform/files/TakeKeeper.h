@@ -24,7 +24,8 @@ public:
     /// @param later     empty: the keeper itself waits for the disk
     TakeKeeper(std::string folder, Complain complain, Later later = {});
 
-    /// A recording has ended with these samples.
+    /// A recording has ended.
+    /// @param samples  empty: it is the program's take, but is not to be kept
     void recorded(const std::vector<int16_t>& samples);
 
     /// A sound from a file has become the take.
@@ -41,12 +42,16 @@ public:
     LastTake lastTake() const { return last; }
 
     /// The last take is the program's again.
-    void broughtBack() { fromFile.clear(); }
+    void broughtBack();
 
     /// Deletes the last take; if the current one came from a file, does not keep that either.
     Problem forget();
 
     bool isThere() const { return last.isThere(); }
+
+    /// True if the last take is the one that the program has, or had before it deleted it; false if
+    /// it is an earlier one.
+    bool isPrograms() const { return isNewest && fromFile.empty() && last.isThere(); }
 
 private:
     void keep(const std::vector<int16_t>& samples);
@@ -54,6 +59,7 @@ private:
     LastTake last;
     Complain complain;
     Later later;
+    bool isNewest = false;  // the program's newest take is kept, or will be by letGo()
     std::vector<int16_t>
         fromFile;  // the program's take if it came from a file and is not kept yet; else empty
 };

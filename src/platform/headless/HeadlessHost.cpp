@@ -53,7 +53,7 @@ void HeadlessHost::showStrip() {
 }
 
 void HeadlessHost::look() {
-    strip->feed().setLastTake(keeper.isThere());
+    strip->feed().setLastTake(keeper.isThere(), keeper.isPrograms());
     strip->look(nowMs);
 }
 

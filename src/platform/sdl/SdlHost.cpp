@@ -187,9 +187,8 @@ void SdlHost::readVoice() {
 
 /// Keeps the take, but not the silence that replaces a missing microphone.
 void SdlHost::recorded(const std::vector<int16_t>& take) {
-    if (options.hearsFile || ears.hasHeard()) {
-        takes.recorded(take);
-    }
+    const bool isHeard = options.hearsFile || ears.hasHeard();
+    takes.recorded(isHeard ? take : std::vector<int16_t>());
 }
 
 void SdlHost::useMicrophone(const std::string& name) {

@@ -40,7 +40,7 @@ bool SdlPictures::isDue() {
     const int64_t stripMs = strip.strip().dueMs();
     const bool isStripDue = stripMs != DueTime::kNever && nowUs() / kUsPerMs >= stripMs;
     if (frameIsNew || isStripDue) {
-        strip.strip().feed().setLastTake(takes.isThere());
+        strip.strip().feed().setLastTake(takes.isThere(), takes.isPrograms());
         strip.look();
     }
     return frameIsNew || strip.strip().isNew();

@@ -35,8 +35,8 @@ void StripFeed::nameMicrophone() {
     model.setMicrophoneName(microphoneName);
 }
 
-void StripFeed::setLastTake(bool isThere) {
-    hasLastTake = isThere;
+void StripFeed::setLastTake(bool isThere, bool isPrograms) {
+    offersLastTake = isThere && isPrograms;
     model.setLastTake(isThere);
 }
 
@@ -152,7 +152,7 @@ void StripFeed::tellTakeGone(int64_t nowMs) {
         return;
     }
     const bool hasTake = doors->canSave();
-    if (std::exchange(hadTake, hasTake) && !hasTake && hasLastTake) {
+    if (std::exchange(hadTake, hasTake) && !hasTake && offersLastTake) {
         model.tell(HostWords::text("takeGone", language),
                    StripWish::of(StripWish::Kind::kBringBack),
                    HostWords::text("bringBack", language), nowMs);

@@ -33,8 +33,10 @@ public:
     /// @param shown  as the user knows it ("~/Music/Murmelo")
     void setSoundFolder(std::string path, std::string shown);
 
-    /// @param isThere  true: there is an earlier take that can be brought back
-    void setLastTake(bool isThere);
+    /// @param isThere     true: there is a take that can be brought back
+    /// @param isPrograms  true: it is the one that the program has, or had before it deleted it;
+    ///                    only then it is offered when the program deletes its take
+    void setLastTake(bool isThere, bool isPrograms = true);
 
     /// Reads the microphone's name again; call it when another one was chosen.
     void nameMicrophone();
@@ -66,8 +68,8 @@ private:
     std::string shownFolder;
     std::string language;
     int32_t savedBefore = 0;
-    bool hasLastTake = false;
-    bool hadTake = false;  // true: there was a take at the last look
+    bool offersLastTake = false;  // true: the last take is the program's own
+    bool hadTake = false;         // true: there was a take at the last look
 
     bool recording = false;
     int64_t nextLevelMs = DueTime::kNever;

@@ -151,6 +151,15 @@ TEST_F(StripFeedTest, aTakeThatIsNotKeptIsNotOffered) {
     EXPECT_EQ("", line());
 }
 
+TEST_F(StripFeedTest, anEarlierRecordingIsNotOfferedForTheOneThatWasDeleted) {
+    strip.feed().setLastTake(true, false);
+    go("Play", 0);
+    doors.hasTake = false;
+    go("Options", 1000);
+    EXPECT_EQ("", line());
+    EXPECT_TRUE(strip.key(StripKey::kBringBack, 1000));  // its key still brings it back
+}
+
 TEST_F(StripFeedTest, withoutATakeAtTheStartNothingWasDeleted) {
     strip.feed().setLastTake(true);
     doors.hasTake = false;
