@@ -7,29 +7,38 @@
 #include "SdlWindow.h"
 #include "StartSocket.h"
 
+#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <string>
-#include <vector>
 
 class OtherStarts {
 public:
     /// @param wake  rouses the event thread; called on another thread
     explicit OtherStarts(std::function<void()> wake);
+    OtherStarts(const OtherStarts&) = delete;
+    OtherStarts& operator=(const OtherStarts&) = delete;
+    ~OtherStarts();
 
     /// Listens from now on, for this home.
     void open(const std::string& home) { socket.open(home); }
 
-    /// Does what other starts have asked for since the last call. On the event thread.
+    /// Does what another start has asked for since the last call. On the event thread.
     void deliver(SdlWindow& window, SdlDoors& doors);
 
+    /// Call it as soon as this program begins to end: a start from now on, and one that was not
+    /// delivered, waits for this program's end and then begins by itself.
+    void end();
+
 private:
-    void add(const std::string& file);
+    bool add(const std::string& file);
 
     std::function<void()> wake;
-    std::mutex mutex;  // protects the two fields that follow
+    std::mutex mutex;  // protects the three fields that follow
     bool isAsked = false;
-    std::vector<std::string> files;  // full paths
+    bool isEnded = false;
+    std::string asked;  // full path of the file; empty: none
+    std::condition_variable changed;
 
-    StartSocket socket{[this](const std::string& file) { add(file); }};
+    StartSocket socket{[this](const std::string& file) { return add(file); }};
 };

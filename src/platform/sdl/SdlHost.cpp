@@ -237,6 +237,8 @@ void SdlHost::setDoors(HostDoors* offered) {
     strip.strip().setDoors(offered);
     if (doors != nullptr) {
         walk.toFirstLanguage(SystemLanguage::indexOf(SystemLanguage::environment()));
+    } else {
+        otherStarts.end();
     }
 }
 
@@ -249,7 +251,6 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
         strip.deliver();
         errands.deliver();
         deliverListing();
-        otherStarts.deliver(window, extraDoors);
         if (const std::string problem = speech.takeProblem(); !problem.empty()) {
             tell({"notSpoken", {problem}});
         }
@@ -258,6 +259,7 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
             (doors != nullptr && walk.step(*doors))) {
             return true;
         }
+        otherStarts.deliver(window, extraDoors);  // last: not any more if the program is to end
         pictures.presentIfDue(doors);
         if (endMs != DueTime::kNever && uptimeMs() >= endMs) {
             return false;

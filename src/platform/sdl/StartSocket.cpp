@@ -89,19 +89,22 @@ bool writeAll(int socket, const std::string& text) {
 
 }  // namespace
 
-StartSocket::StartSocket(std::function<void(const std::string& file)> onStart)
+StartSocket::StartSocket(std::function<bool(const std::string& file)> onStart)
     : onStart(std::move(onStart)) {}
 
 StartSocket::~StartSocket() {
-    if (thread.joinable()) {
-        ::close(endWriter);  // ends the poll() in listen()
-        thread.join();
-        ::close(endReader);
+    close();
+}
+
+void StartSocket::close() {
+    if (server < 0) {
+        return;
     }
-    if (server >= 0) {
-        ::unlink(path.c_str());
-        ::close(server);
-    }
+    ::unlink(path.c_str());
+    ::close(endWriter);  // ends the poll() in listen()
+    thread.join();
+    ::close(endReader);
+    ::close(std::exchange(server, -1));
 }
 
 std::string StartSocket::pathFor(const std::string& home) {
@@ -168,8 +171,9 @@ void StartSocket::serve(int client) {
     if (!isOfThisUser(client) || !readAll(client, file) || (!file.empty() && file[0] != '/')) {
         return;
     }
-    onStart(file);
-    writeAll(client, std::string(1, kTaken));
+    if (onStart(file)) {
+        writeAll(client, std::string(1, kTaken));
+    }
 }
 
 bool StartSocket::handOver(const std::string& home, const std::string& file) {

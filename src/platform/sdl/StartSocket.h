@@ -15,18 +15,22 @@
 class StartSocket {
 public:
     /// @param onStart  called for each other start, on the socket's thread: it wants the window in
-    /// front, and this sound file opened (a full path; empty: none)
-    explicit StartSocket(std::function<void(const std::string& file)> onStart);
+    /// front, and this sound file opened (a full path; empty: none). Returns false if this program
+    /// does not do that, because it is ending; the other start then goes on by itself
+    explicit StartSocket(std::function<bool(const std::string& file)> onStart);
     StartSocket(const StartSocket&) = delete;
     StartSocket& operator=(const StartSocket&) = delete;
 
-    /// Stops listening and removes the socket's file.
     ~StartSocket();
 
     /// Begins to listen. Call it only while the home's lock is held: then a socket that exists
     /// already is left from a program that has ended, and is removed. Without a runtime folder it
     /// does nothing.
     void open(const std::string& home);
+
+    /// Stops listening and removes the socket's file. onStart is not called any more; a call that
+    /// is under way must return first.
+    void close();
 
     /// Asks the program that runs in that home to show its window, and hands over a file.
     /// @param file  empty: none
@@ -41,7 +45,7 @@ private:
     void listen();
     void serve(int client);
 
-    std::function<void(const std::string& file)> onStart;
+    std::function<bool(const std::string& file)> onStart;
     std::string path;  // of the socket's file; empty: there is none
     int server = -1;
     int endReader = -1;

@@ -12,6 +12,7 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <chrono>
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <filesystem>
@@ -23,9 +24,10 @@
 
 namespace {
 
-// How long to try to reach the program that holds the home: one that has just started may not
-// listen yet. Usually it does after some milliseconds; this is enough on a busy machine too.
-constexpr uint32_t kHandOverMs = 2000;
+// How long to try to reach the program that holds the home, or to wait for its end. One that has
+// just started may not listen yet; one that is ending listens no more, and may wait some seconds
+// for a slow disk and a stuck sound device.
+constexpr std::chrono::seconds kHandOverTime{20};
 constexpr uint32_t kAgainMs = 20;
 
 #ifdef __GLIBC__
@@ -139,17 +141,18 @@ Problem prepareSound(SdlOptions& options) {
     return checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
 }
 
-/// Hands the file over to the program that holds the home. If that program ends meanwhile, takes
-/// the locks instead.
+/// Hands the file over to the program that holds the home. If that program ends meanwhile, waits
+/// for its end and takes the locks instead.
 /// @param problem  why the locks were not taken; none if they are now
 /// @returns true if it was handed over: its window comes to the front
 bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
     const std::string& home = options.folders.home;
-    for (uint32_t ms = 0; problem && locks.isHomeHeldByAnother(); ms += kAgainMs) {
+    const auto end = std::chrono::steady_clock::now() + kHandOverTime;
+    while (problem && locks.isHomeHeldByAnother()) {
         if (StartSocket::handOver(home, fullName(options.take))) {
             return true;
         }
-        if (ms >= kHandOverMs || StartSocket::pathFor(home).empty()) {
+        if (std::chrono::steady_clock::now() >= end || StartSocket::pathFor(home).empty()) {
             return false;
         }
         SDL_Delay(kAgainMs);

@@ -394,6 +394,26 @@ TEST_F(RealProgram, ofTwoStartedAtTheSameTimeOneHandsItsFileToTheOther) {
     EXPECT_EQ(0, (isOneLeft ? one : two).waitForEnd());
 }
 
+TEST_F(RealProgram, aStartWhileTheFirstOneEndsBeginsWithItsFile) {
+    folders.write("config/settings", "lang=0\n");
+    folders.write("two.wav", TestSounds::wav(TestSounds::noise(32000), 16000));
+    Program first(commandWithVoice(16000));
+    ASSERT_TRUE(says("Choose an effect: No effect")) << title();
+    key("p");
+    ASSERT_TRUE(says("Playing: No effect")) << title();
+    SoundServer::send(SIGSTOP);  // the end waits for the speaker
+    first.send(SIGTERM);
+    pass(200);
+    std::vector<std::string> words = command();
+    words.push_back(folders.path("two.wav"));
+    Program second(words);
+    EXPECT_EQ(0, first.waitForEnd());
+    SoundServer::send(SIGCONT);
+    EXPECT_TRUE(until([&] { return sound("MrmLastRec.wav").size() == 44 + 2 * 16000; }));
+    second.send(SIGTERM);
+    EXPECT_EQ(0, second.waitForEnd());
+}
+
 TEST_F(RealProgram, withoutARuntimeFolderASecondOneSaysSoAndEnds) {
     const char* const given = std::getenv("XDG_RUNTIME_DIR");
     ASSERT_NE(nullptr, given);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <mutex>
@@ -44,9 +45,11 @@ protected:
     std::string before;
     std::mutex mutex;
     std::vector<std::string> files;
+    std::atomic<bool> isEnding{false};
     StartSocket first{[this](const std::string& file) {
         const std::lock_guard<std::mutex> lock(mutex);
         files.push_back(file);
+        return !isEnding;
     }};
 };
 
@@ -71,6 +74,16 @@ TEST_F(StartSocketTest, eachHomeHasItsOwn) {
     first.open("/home/ann/Music");
     EXPECT_FALSE(StartSocket::handOver("/home/ben/Music", ""));
     EXPECT_EQ(Files{}, told());
+}
+
+TEST_F(StartSocketTest, aProgramThatIsEndingTakesNothing) {
+    first.open("/home");
+    isEnding = true;
+    EXPECT_FALSE(StartSocket::handOver("/home", "/tmp/voice.wav"));
+    first.close();
+    EXPECT_FALSE(StartSocket::handOver("/home", "/tmp/voice.wav"));
+    EXPECT_FALSE(std::filesystem::exists(StartSocket::pathFor("/home")));
+    EXPECT_EQ(Files{"/tmp/voice.wav"}, told());
 }
 
 TEST_F(StartSocketTest, onlyThisUserCanReachIt) {
@@ -129,7 +142,7 @@ TEST_F(StartSocketTest, aSocketThatWasLeftOverIsReplacedAndTakenAwayAtTheEnd) {
     }
     EXPECT_FALSE(StartSocket::handOver("/home", ""));  // no program listens
     {
-        StartSocket second([](const std::string&) {});
+        StartSocket second([](const std::string&) { return true; });
         second.open("/home");
         EXPECT_TRUE(StartSocket::handOver("/home", ""));
     }
