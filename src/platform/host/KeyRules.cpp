@@ -79,6 +79,18 @@ KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors, bool closes) {
     }
 }
 
+bool KeyRules::closesSheet(const KeyDeed& deed) {
+    switch (deed.kind) {
+    case Kind::kNavigate:
+    case Kind::kRecord:
+    case Kind::kExport:
+    case Kind::kBringBack:
+        return true;
+    default:
+        return false;  // the strip closes its sheet for its own keys
+    }
+}
+
 bool KeyRules::isOfPhone(const KeyPress& press, HostKey& key) {
     if (press.alt || press.control) {
         return false;

@@ -72,6 +72,11 @@ public:
     /// @param closes  true: the strip shows something, which Escape closes first
     static KeyDeed deedOf(const KeyPress& press, HostDoors* doors, bool closes = false);
 
+    /// True if it changes what lies below the sheet of the strip (help, list of microphones): the
+    /// sheet is closed first, so that the user sees what happens. A key of the phone (isOfPhone())
+    /// goes to the sheet instead.
+    static bool closesSheet(const KeyDeed& deed);
+
     /// True if it stands for a key of the phone on every screen: an arrow, Enter, Space, F1, F2.
     /// @param key  that key of the phone; untouched if false
     static bool isOfPhone(const KeyPress& press, HostKey& key);

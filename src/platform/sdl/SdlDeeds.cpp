@@ -14,16 +14,17 @@ SdlDeeds::SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, Key
     , walk(walk) {}
 
 bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors) {
+    if (KeyRules::closesSheet(deed)) {
+        strip.closeSheet();
+    }
     switch (deed.kind) {
     case Kind::kNavigate:
-        strip.closeSheet();
         return doors != nullptr && doors->navigate(deed.key);
     case Kind::kVolumeUp:
     case Kind::kVolumeDown:
         listener.onVolumeKey(deed.kind == Kind::kVolumeUp);
         return true;
     case Kind::kRecord:
-        strip.closeSheet();
         walk.toRecording();
         return false;
     case Kind::kExport:

@@ -128,9 +128,11 @@ StripWish StripModel::key(StripKey key) {
     default:
         // The keys of the effects work even while a message covers the heads.
         index = static_cast<int32_t>(key) - static_cast<int32_t>(StripKey::kEffect1);
-        return screen == ScreenNames::kPlay && !questioned && index >= 0 && index < kEffects
-                   ? StripWish::of(Kind::kEffect, index)
-                   : StripWish();
+        if (screen != ScreenNames::kPlay || questioned || index < 0 || index >= kEffects) {
+            return {};
+        }
+        assign(openSheet, Sheet::kNone);  // the user must see what the key changes
+        return StripWish::of(Kind::kEffect, index);
     }
     for (const StripButton& button : buttons()) {
         if (button.part == Part::kKeys && button.wish.kind == kind && button.canBeWished()) {

@@ -96,6 +96,12 @@ void WebHost::volumeKey(bool up) {
 bool WebHost::keyNamed(const std::string& name) {
     const KeyPress press = pressOf(name);
     const KeyDeed deed = KeyRules::deedOf(press, doors, row.strip().canClose());
+    HostKey ofPhone = HostKey::kMiddle;
+    const bool isBrowsers = deed.kind == KeyDeed::Kind::kExport;
+    if (row.coversPicture() && KeyRules::closesSheet(deed) && !isBrowsers &&
+        !KeyRules::isOfPhone(press, ofPhone)) {
+        row.close();
+    }
     switch (deed.kind) {
     case KeyDeed::Kind::kNavigate:
         navigate(deed.key);

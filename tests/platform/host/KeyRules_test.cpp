@@ -166,6 +166,17 @@ TEST_F(KeyRulesTest, escapeClosesFirstWhatCanBeClosed) {
     EXPECT_EQ(KeyDeed{Kind::kHelp}, KeyRules::deedOf({Name::kCharacter, '?'}, &doors, true));
 }
 
+TEST(KeyRules, deedsThatChangeThePictureBelowASheetCloseItFirst) {
+    using Kind = KeyDeed::Kind;
+    for (const Kind kind : {Kind::kNavigate, Kind::kRecord, Kind::kExport, Kind::kBringBack}) {
+        EXPECT_TRUE(KeyRules::closesSheet({kind}));
+    }
+    for (const Kind kind :
+         {Kind::kVolumeUp, Kind::kPicture, Kind::kFullScreen, Kind::kClose, Kind::kNone}) {
+        EXPECT_FALSE(KeyRules::closesSheet({kind}));
+    }
+}
+
 TEST(KeyRules, whatIsAKeyOfThePhoneByItself) {
     HostKey key = HostKey::kLeftSoft;
     KeyPress press;

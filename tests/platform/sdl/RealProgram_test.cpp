@@ -512,10 +512,13 @@ TEST_F(RealProgram, keysOfTheStripWorkInTheWindow) {
     const auto picture = [this] { return screen.pixels(kLeft, kTop + 160, 480, 640); };
     std::vector<uint32_t> before;
     const auto rests = [&] { return std::exchange(before, picture()) == before; };
-    ASSERT_TRUE(until([&] {  // the effects have passed by
-        std::this_thread::sleep_for(std::chrono::milliseconds(500));
-        return rests();
-    }));
+    const auto settled = [&] {
+        return until([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(500));
+            return rests();
+        });
+    };
+    ASSERT_TRUE(settled());  // the effects have passed by
     key("m");
     ASSERT_TRUE(until([&] { return picture() != before; }));
     click(240, 2 * (80 + 34 + 25 + 12));
@@ -524,6 +527,14 @@ TEST_F(RealProgram, keysOfTheStripWorkInTheWindow) {
     ASSERT_TRUE(until([&] { return picture() != before; }));
     key("Escape");
     EXPECT_TRUE(until([&] { return picture() == before; }));
+    for (const char* closes : {"ctrl+z", "ctrl+shift+s"}) {
+        ASSERT_TRUE(settled()) << closes;
+        key("question");
+        ASSERT_TRUE(until([&] { return picture() != before; })) << closes;
+        ASSERT_TRUE(settled()) << closes;
+        key(closes);
+        EXPECT_TRUE(until([&] { return picture() != before; })) << closes;
+    }
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
 }

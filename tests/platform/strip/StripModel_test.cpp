@@ -311,6 +311,17 @@ TEST(StripModel, theHelpButtonClosesTheHelp) {
     EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
 }
 
+TEST(StripModel, theKeyOfAnEffectClosesTheSheetWhereItShowsTheEffect) {
+    StripModel model = on("Play");
+    model.showHelp({"Keys"});
+    EXPECT_EQ(wish(Kind::kEffect, 3), model.key(StripKey::kEffect4));
+    EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+    model = on("Options");
+    model.showHelp({"Keys"});
+    EXPECT_EQ(StripWish(), model.key(StripKey::kEffect4));
+    EXPECT_EQ(StripModel::Sheet::kHelp, model.sheet());
+}
+
 TEST(StripModel, theHelpExportsBringsBackAndForgetsWhereTheHostCan) {
     StripModel model = on("Play");
     model.showHelp({"Keys"});

@@ -77,6 +77,24 @@ TEST_F(WebHostTest, theHelpLiesOverThePictureWhichGetsNoKeys) {
     EXPECT_EQ("Options", screen());
 }
 
+TEST_F(WebHostTest, aKeyThatChangesThePictureClosesTheHelpFirst) {
+    toMenu();
+    record();
+    const StripModel& model = host->strip().strip().model();
+    for (const char* key : {"4", "Control+z", "p", "r"}) {
+        tapStrip(4 * 48 + 24, 60);
+        ASSERT_EQ(StripModel::Sheet::kHelp, model.sheet()) << key;
+        EXPECT_TRUE(host->keyNamed(key));
+        settle();
+        EXPECT_EQ(StripModel::Sheet::kNone, model.sheet()) << key;
+        pass(100);
+        if (screen() == "Playing") {
+            host->keyNamed("p");
+            pass(100);
+        }
+    }
+}
+
 TEST_F(WebHostTest, theLevelIsShownWhileRecordingAndNothingIsDueAfterwards) {
     toMenu();
     beginRecording();
