@@ -33,7 +33,9 @@ void OtherStarts::deliver(SdlWindow& window, SdlDoors& doors) {
     }
     changed.notify_all();
     window.raise();
-    if (!file.empty()) {
+    if (file == StartSocket::kLastTake) {
+        doors.bringBackFromOutside();
+    } else if (!file.empty()) {
         doors.useFile(file);
     }
 }

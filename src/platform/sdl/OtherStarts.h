@@ -37,7 +37,7 @@ private:
     std::mutex mutex;  // protects the three fields that follow
     bool isAsked = false;
     bool isEnded = false;
-    std::string asked;  // full path of the file; empty: none
+    std::string asked;  // as StartSocket gives it
     std::condition_variable changed;
 
     StartSocket socket{[this](const std::string& file) { return add(file); }};

@@ -187,6 +187,14 @@ bool SdlDoors::bringBack() {
     return false;
 }
 
+void SdlDoors::bringBackFromOutside() {
+    if (doors == nullptr || ScreenNames::isBeforeMenu(doors->screenName())) {
+        bringBackLater();
+    } else {
+        bringBack();
+    }
+}
+
 void SdlDoors::startReadingTake(std::function<bool(const std::vector<int16_t>&)> done) {
     if (!takes.isThere()) {
         tell({"noLastTake", {}});

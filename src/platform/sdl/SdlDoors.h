@@ -73,6 +73,9 @@ public:
     /// The last take comes back as soon as the program rests in its menu.
     void bringBackLater() { bringsBack = true; }
 
+    /// The last take is wanted by another start: now, or before the menu as soon as possible.
+    void bringBackFromOutside();
+
     bool forget();
 
     /// Writes a picture of the screen into the folder of sounds.

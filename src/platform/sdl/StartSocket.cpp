@@ -168,7 +168,8 @@ void StartSocket::listen() {
 void StartSocket::serve(int client) {
     limitWaiting(client);
     std::string file;
-    if (!isOfThisUser(client) || !readAll(client, file) || (!file.empty() && file[0] != '/')) {
+    if (!isOfThisUser(client) || !readAll(client, file) ||
+        (!file.empty() && file[0] != '/' && file != kLastTake)) {
         return;
     }
     if (onStart(file)) {
@@ -186,7 +187,7 @@ bool StartSocket::handOver(const std::string& home, const std::string& file) {
     const sockaddr_un address = addressOf(path);
     std::error_code error;
     const std::string fullPath =
-        file.empty() ? "" : std::filesystem::absolute(file, error).string();
+        file.empty() || file == kLastTake ? file : std::filesystem::absolute(file, error).string();
     std::string reply;
     const bool isTaken =
         !error &&

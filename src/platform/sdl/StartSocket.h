@@ -15,8 +15,9 @@
 class StartSocket {
 public:
     /// @param onStart  called for each other start, on the socket's thread: it wants the window in
-    /// front, and this sound file opened (a full path; empty: none). Returns false if this program
-    /// does not do that, because it is ending; the other start then goes on by itself
+    /// front, and this sound file opened (a full path; empty: none; kLastTake: the last take).
+    /// Returns false if this program does not do that, because it is ending; the other start then
+    /// goes on by itself
     explicit StartSocket(std::function<bool(const std::string& file)> onStart);
     StartSocket(const StartSocket&) = delete;
     StartSocket& operator=(const StartSocket&) = delete;
@@ -32,8 +33,11 @@ public:
     /// is under way must return first.
     void close();
 
+    /// In the place of a file: the last take is wanted. No full path is the same.
+    static constexpr const char* kLastTake = "last";
+
     /// Asks the program that runs in that home to show its window, and hands over a file.
-    /// @param file  empty: none
+    /// @param file  empty: none; kLastTake: the last take (a file of that name needs its folder)
     /// @returns true if that program has taken it
     static bool handOver(const std::string& home, const std::string& file);
 

@@ -141,15 +141,16 @@ Problem prepareSound(SdlOptions& options) {
     return checkDevice(SdlAudio::Kind::kSpeaker, "speaker", options.speaker);
 }
 
-/// Hands the file over to the program that holds the home. If that program ends meanwhile, waits
-/// for its end and takes the locks instead.
+/// Hands the file, or the wish for the last take, over to the program that holds the home. If that
+/// program ends meanwhile, waits for its end and takes the locks instead.
 /// @param problem  why the locks were not taken; none if they are now
 /// @returns true if it was handed over: its window comes to the front
 bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
     const std::string& home = options.folders.home;
+    const std::string wish = options.last ? StartSocket::kLastTake : fullName(options.take);
     const auto end = std::chrono::steady_clock::now() + kHandOverTime;
     while (problem && locks.isHomeHeldByAnother()) {
-        if (StartSocket::handOver(home, fullName(options.take))) {
+        if (StartSocket::handOver(home, wish)) {
             return true;
         }
         if (std::chrono::steady_clock::now() >= end || StartSocket::pathFor(home).empty()) {

@@ -365,6 +365,23 @@ TEST_F(RealProgram, aSecondOneInTheSameHomeRaisesTheFirstAndHandsItsFileOver) {
     EXPECT_EQ(0, program.waitForEnd());
 }
 
+TEST_F(RealProgram, aSecondOneHandsTheWishForTheLastTakeOver) {
+    folders.write("config/settings", "lang=0\n");
+    const std::string before = std::getenv("XDG_STATE_HOME");
+    setenv("XDG_STATE_HOME", folders.path("state").c_str(), 1);
+    std::vector<std::string> words = command();
+    Program program(words);
+    words.emplace_back("--last");
+    ASSERT_TRUE(waitForMenu());
+    folders.write("state/murmelo/last-take.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
+    Program second(words);
+    setenv("XDG_STATE_HOME", before.c_str(), 1);
+    EXPECT_EQ(0, second.waitForEnd());
+    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").size() == 44 + 2 * 8000; }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+}
+
 TEST_F(RealProgram, ofTwoStartedAtTheSameTimeOneHandsItsFileToTheOther) {
     folders.write("config/settings", "lang=0\n");
     folders.write("one.wav", TestSounds::wav(TestSounds::noise(16000), 16000));

@@ -64,6 +64,12 @@ TEST_F(StartSocketTest, aSecondStartHandsItsFileOver) {
     EXPECT_EQ((Files{"/tmp/voice.wav", ""}), told());
 }
 
+TEST_F(StartSocketTest, aWordAsksForTheLastTake) {
+    first.open("/home");
+    EXPECT_TRUE(StartSocket::handOver("/home", StartSocket::kLastTake));
+    EXPECT_EQ(Files{StartSocket::kLastTake}, told());
+}
+
 TEST_F(StartSocketTest, aPathIsThatOfTheSecondStartsFolder) {
     first.open("/home");
     EXPECT_TRUE(StartSocket::handOver("/home", "voice.wav"));
