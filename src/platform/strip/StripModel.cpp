@@ -175,6 +175,16 @@ bool StripModel::isRecordingScreen() const {
     return screen == ScreenNames::kRecording;
 }
 
+bool StripModel::canChooseMicrophone() const {
+    return !isRecordingScreen() && !questioned;
+}
+
+bool StripModel::hasAction() const {
+    const StripMessages::Message* message = messages.shown();
+    return message != nullptr && message->action &&
+           (message->action.kind != Kind::kMicrophones || canChooseMicrophone());
+}
+
 bool StripModel::showsHeads() const {
     return screen == ScreenNames::kPlay && !questioned && shownLines.size() <= 1;
 }
@@ -200,20 +210,19 @@ int32_t StripModel::firstLinePx() const {
     if (showsLevel()) {
         width -= StripLayout::kSecondsWidthPx;
     }
-    const StripMessages::Message* message = messages.shown();
-    if (message != nullptr && message->action) {
-        width -=
-            widthOf(message->actionWord) + 2 * StripLayout::kActionPadPx + StripLayout::kMarginPx;
+    if (hasAction()) {
+        width -= widthOf(messages.shown()->actionWord) + 2 * StripLayout::kActionPadPx +
+                 StripLayout::kMarginPx;
     }
     return width;
 }
 
 StripButton StripModel::action() const {
     StripButton button;
-    const StripMessages::Message* message = messages.shown();
-    if (message == nullptr || !message->action) {
+    if (!hasAction()) {
         return button;
     }
+    const StripMessages::Message* message = messages.shown();
     const int32_t width = widthOf(message->actionWord) + 2 * StripLayout::kActionPadPx;
     const int32_t right = showsLevel() ? StripLayout::kSecondsWidthPx : 0;
     button.part = StripButton::Part::kMessage;
@@ -255,10 +264,11 @@ void StripModel::addKeys(std::vector<StripButton>& all) const {
         bool isEnabled;
     };
 
-    const bool isFree = !isRecordingScreen() && !questioned;
     const Key keys[StripLayout::kKeys] = {
-        {word("save"), Kind::kSave, canSave},        {word("open"), Kind::kOpen, canOpen},
-        {word("micro"), Kind::kMicrophones, isFree}, {word("sounds"), Kind::kSounds, true},
+        {word("save"), Kind::kSave, canSave},
+        {word("open"), Kind::kOpen, canOpen},
+        {word("micro"), Kind::kMicrophones, canChooseMicrophone()},
+        {word("sounds"), Kind::kSounds, true},
         {word("help"), Kind::kHelp, true},
     };
     int32_t index = 0;

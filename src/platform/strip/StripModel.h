@@ -160,7 +160,8 @@ public:
     /// True if the lines are a message or a warning. False if they are only a name.
     bool isTelling() const { return telling; }
 
-    /// Word, place and wish of the message's action; without a wish if there is none.
+    /// Word, place and wish of the message's action; without a wish if there is none. Another
+    /// microphone is not offered while none can be chosen.
     StripButton action() const;
 
     bool showsHeads() const;
@@ -198,6 +199,8 @@ private:
     void lookAgain();
 
     bool isRecordingScreen() const;
+    bool canChooseMicrophone() const;
+    bool hasAction() const;
     StripWish chosen(const StripButton& button);
     std::string lineWithoutMessage() const;
     int32_t firstLinePx() const;

@@ -106,6 +106,10 @@ TEST_F(SdlStripTest, whatTheMicrophoneSaysAtTheStartOfARecordingIsSeen) {
     doors.screen = "Recording";
     strip.look();
     ASSERT_FALSE(strip.strip().model().lines().empty());
+    EXPECT_EQ(0U, line().find("No sound"));
+    EXPECT_EQ(Kind::kNone, strip.strip().model().action().wish.kind);
+    doors.screen = "Play";
+    strip.look();
     EXPECT_EQ(Kind::kMicrophones, strip.strip().model().action().wish.kind);
 }
 

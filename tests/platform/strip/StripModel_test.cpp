@@ -135,6 +135,17 @@ TEST(StripModel, whileRecordingNoOtherMicrophoneCanBeChosen) {
     EXPECT_EQ(StripWish(), model.tap(120, 60));
 }
 
+TEST(StripModel, aMessageOffersAnotherMicrophoneOnlyWhereItCanBeChosen) {
+    StripModel model = on("Recording");
+    model.tell("No sound comes.", wish(Kind::kMicrophones), "Choose", 0);
+    EXPECT_EQ("No sound comes.", model.lines()[0]);
+    EXPECT_EQ(StripWish(), model.action().wish);
+    EXPECT_EQ(1U, buttonsOf(model, Kind::kMicrophones).size());  // the grey button alone
+    model.setScreen(screen("Play"), 2, true);
+    EXPECT_EQ(wish(Kind::kMicrophones), model.action().wish);
+    EXPECT_EQ(wish(Kind::kMicrophones), tapOn(model, model.action().place));
+}
+
 TEST(StripModel, theRecordingTellsLevelSecondsAndMicrophone) {
     StripModel model = on("Recording");
     model.setMicrophoneName("Headset");
