@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kMinPrefix = 3;          // letters: a shorter beginning could fit several names
 constexpr size_t kMaxNameLetters = 32;    // a longer text is no misspelt name
-constexpr size_t kLettersPerMistake = 3;  // one mistake in so many letters is accepted
+constexpr size_t kLettersPerMistake = 3;  // one mistake for every three letters is accepted
 
 static_assert(FxCatalogue::kCount <= 10, "the number of an effect is one digit");
 

@@ -6,7 +6,7 @@ the settings. Later: the message about files or sound, whose key ends the progra
 is written. Sounds that were saved before do not change as long as the folder exists, and once the home is back
 everything works.
 
-Run as root, for whom no folder is read-only, the test starts the program as the user nobody.
+Root can write into every folder: if root runs the test, the program is started as the user "nobody".
 """
 import os
 import shutil

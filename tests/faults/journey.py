@@ -34,8 +34,8 @@ LANGUAGE_KNOWN = "lang=0\n"
 # After this a recording offers "Stop": the first buffer, 750 ms, has arrived.
 STOP_OFFERED_MS = 800
 
-# From the menu to the choice of the effect, with a take of so many milliseconds, at least STOP_OFFERED_MS. If "Stop" is
-# not offered yet, the tap has no effect, the recording goes on for twenty seconds, and the last line fails.
+# From the menu to the choice of the effect, with a take of the given milliseconds, at least STOP_OFFERED_MS. If "Stop"
+# is not offered yet, the tap has no effect, the recording goes on for twenty seconds, and the last line fails.
 RECORD = """until Options
 mic hello.wav
 key middle

@@ -1,6 +1,6 @@
 // Collects the microphone's samples and sends them to the page in pieces.
 
-const PIECE_FRAMES = 512; // 32 ms at 16 kHz: so much of the last word may be missing when the recording stops
+const PIECE_FRAMES = 512; // 32 ms at 16 kHz, which may be missing at the end of a recording
 
 class Ears extends AudioWorkletProcessor {
     constructor() {

@@ -10,8 +10,8 @@
 
 namespace {
 
-// 32 ms: so much of the last word may be missing when the recording stops. A smaller number would
-// wake the machine more often.
+// 32 ms, which may be missing at the end of a recording. A smaller number would wake the machine
+// more often.
 constexpr uint16_t kDeviceSamples = 512;
 
 // If the program takes nothing, at most a minute is kept; the rest is lost.

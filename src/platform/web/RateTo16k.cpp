@@ -13,7 +13,7 @@ namespace {
 
 constexpr int32_t kOutHz = 16000;
 constexpr int32_t kUnits = 24;  // half the filter's length; longer: steeper between 7 and 9 kHz
-// Filter values are kept at so many places per unit and interpolated linearly between them, with an
+// Number of filter values stored per unit. Values in between are interpolated linearly, with an
 // error below -105 dB.
 constexpr int32_t kStepsPerUnit = 512;
 constexpr double kKaiserBeta = 9.4;  // larger: quieter from 9 kHz on, but less steep before

@@ -23,7 +23,7 @@ public:
     /// Free bytes of the browser's store, as the browser estimates them.
     virtual double freeBytes() = 0;
 
-    /// Asks the user for the microphone. The page answers with WebHost::microphoneAnswered().
+    /// Asks the user for the microphone. The page then calls WebHost::microphoneAnswered().
     virtual void askMicrophone(int32_t ticket) = 0;
 
     /// From now until stopMicrophone() the page passes samples to WebHost::heard().
@@ -33,8 +33,8 @@ public:
     /// Releases the microphone, so that the browser's recording light goes out.
     virtual void releaseMicrophone() = 0;
 
-    /// Plays a WAV file from its beginning. The page answers with WebHost::clipEnded() or
-    /// clipFailed().
+    /// Plays a WAV file from its beginning. At its end the page calls WebHost::clipEnded(), after
+    /// an error clipFailed().
     virtual void playClip(int32_t ticket, const std::vector<uint8_t>& file) = 0;
     virtual void pauseClip() = 0;
     virtual void resumeClip() = 0;
@@ -59,7 +59,7 @@ public:
     /// Shows the list of the saved sounds.
     virtual void showSounds() = 0;
 
-    /// Asks the browser for its microphones. The page answers with WebStrip::listMicrophones().
+    /// Asks the browser for its microphones. The page then calls WebStrip::listMicrophones().
     virtual void listMicrophones() = 0;
 
     /// Carries out the action of a message of the page. @param number that the page gave with the

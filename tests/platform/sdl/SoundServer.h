@@ -14,7 +14,7 @@ public:
         const auto server =
             text != nullptr ? static_cast<pid_t>(std::strtol(text, nullptr, 10)) : 0;
         ASSERT_LT(1, server)
-            << "whoever starts the tests must name their server; 0 would be us all";
+            << "the caller of the tests must name their server; 0 would end the tests themselves";
         kill(server, signal);
     }
 };

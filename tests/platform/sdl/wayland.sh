@@ -122,7 +122,7 @@ says() {
     done
     fail "it did not say \"$1\""
 }
-# holds BYTES: waits until the recording has so many.
+# holds BYTES: waits until the file of the recording has at least BYTES bytes.
 holds() {
     for ((SECONDS = 0; SECONDS < patience;)); do
         [[ $(stat -c %s "$folder/home/Murmelo/MrmLastRec.wav" 2>/dev/null || echo 0) -ge $1 ]] && return
@@ -131,7 +131,7 @@ holds() {
     fail "the recording does not grow to $1 bytes"
 }
 
-# cleaned BYTES: waits until the take is cleaned up, to so many bytes at least.
+# cleaned BYTES: waits until the take is cleaned up and has at least BYTES bytes.
 cleaned() {
     local take=$folder/home/Murmelo/MrmLastRec.wav
     for ((SECONDS = 0; SECONDS < patience;)); do
