@@ -74,10 +74,11 @@ void StripFeed::lookAtScreen(int64_t nowMs) {
     if (texts.language != language) {
         language = texts.language;
         std::vector<std::string> names;
+        names.reserve(StripModel::kEffects);
         for (int32_t i = 0; i < StripModel::kEffects; i++) {
             names.push_back(doors->effectName(i));
         }
-        model.setEffectNames(std::move(names));
+        model.setEffectNames(names);
     }
     if (isRecording && !recording) {
         recording = true;

@@ -39,8 +39,9 @@ void StripFrame::paint() {
         std::max(picture.size(), static_cast<size_t>(kProgramWidthPx) * static_cast<size_t>(rows)));
     painter->paint(model, picture.data(), kStrideBytes);
     if (paintedSheet) {
-        painter->paintSheet(model, picture.data() + kProgramWidthPx * StripModel::kHeightPx,
-                            kStrideBytes);
+        painter->paintSheet(
+            model, picture.data() + std::ptrdiff_t{kProgramWidthPx} * StripModel::kHeightPx,
+            kStrideBytes);
     }
     painted = model.version();
 }
@@ -49,8 +50,9 @@ void StripFrame::copyRow(uint16_t* to, int32_t y) const {
     const uint16_t* from =
         picture.data() + static_cast<size_t>(y / kCanvasFactor) * kProgramWidthPx;
     for (std::ptrdiff_t x = 0; x < kProgramWidthPx; x++) {
-        to[kCanvasFactor * x] = from[x];
-        to[kCanvasFactor * x + 1] = from[x];
+        const std::ptrdiff_t left = kCanvasFactor * x;
+        to[left] = from[x];
+        to[left + 1] = from[x];
     }
 }
 
@@ -62,7 +64,7 @@ void StripFrame::composeRows(uint16_t* pixels, int32_t strideBytes, const Rows& 
     if (picture.empty()) {
         return;
     }
-    const int32_t stride = strideBytes / static_cast<int32_t>(sizeof(uint16_t));
+    const std::ptrdiff_t stride = strideBytes / static_cast<int32_t>(sizeof(uint16_t));
     const int32_t end = paintedSheet ? HostFrame::kHeightPx : kCanvasTopPx;
     for (int32_t y = 0; y < end; y++) {
         if (rows.test(static_cast<size_t>(y))) {
@@ -91,8 +93,9 @@ HostFrame::Rows StripFrame::takeChanges() {
         const auto at = static_cast<std::ptrdiff_t>(y) * kProgramWidthPx;
         const auto row = picture.begin() + at;
         if (isAllNew || !std::equal(row, row + kProgramWidthPx, seen.begin() + at)) {
-            changed.set(static_cast<size_t>(2 * y));
-            changed.set(static_cast<size_t>(2 * y + 1));
+            const auto top = static_cast<size_t>(y) * kCanvasFactor;
+            changed.set(top);
+            changed.set(top + 1);
         }
     }
     const auto looked = static_cast<std::ptrdiff_t>(rows) * kProgramWidthPx;
