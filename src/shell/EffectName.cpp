@@ -2,9 +2,9 @@
 #include "EffectName.h"
 
 #include "FxCatalogue.h"
-#include "SoundWriter.h"
 
 #include <algorithm>
+#include <cctype>
 #include <vector>
 
 namespace {
@@ -14,6 +14,12 @@ constexpr size_t kMaxNameLetters = 32;    // a longer text is no misspelt name
 constexpr size_t kLettersPerMistake = 3;  // one mistake for every three letters is accepted
 
 static_assert(FxCatalogue::kCount <= 10, "the number of an effect is one digit");
+
+std::string lowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return text;
+}
 
 bool startsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
@@ -55,14 +61,14 @@ int32_t EffectName::find(const std::string& text) {
     if (text.size() == 1 && text[0] >= '0' && text[0] < '0' + FxCatalogue::kCount) {
         return text[0] - '0';
     }
-    return FxCatalogue::find(SoundWriter::lowerCase(text).c_str());
+    return FxCatalogue::find(lowerCase(text).c_str());
 }
 
 std::string EffectName::nearest(const std::string& text) {
     if (text.size() > kMaxNameLetters) {
         return "";
     }
-    const std::string small = SoundWriter::lowerCase(text);
+    const std::string small = lowerCase(text);
     const size_t maxMistakes = std::max<size_t>(small.size() / kLettersPerMistake, 1);
     size_t best = maxMistakes + 1;
     std::string found;

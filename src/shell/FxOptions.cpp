@@ -5,6 +5,7 @@
 #include "FxCatalogue.h"
 #include "InputFile.h"
 #include "OutputFile.h"
+#include "SoundFormats.h"
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
@@ -20,8 +21,6 @@ namespace {
 constexpr size_t kHelpColumns = 79;
 
 constexpr const char* kFooter = R"(
-INPUT is a sound file of nearly any kind; OUTPUT ends in .wav, .flac, .ogg,
-.opus or .mp3.
 "-" is standard input or standard output.
 
 Exit status: 0 all done, 1 some input failed (the others were done), 2 mistake
@@ -56,6 +55,9 @@ std::string footer() {
            inLines("EFFECT is one of: " + names +
                    "; or its number in that order, from 0 (none) and 1 (robot) to " +
                    std::to_string(FxCatalogue::kCount - 1) + ".") +
+           "\n" +
+           inLines("INPUT is a sound file of nearly any kind; OUTPUT ends in " +
+                   SoundFormats::inWords(".", "or") + ".") +
            kFooter;
 }
 
@@ -95,7 +97,7 @@ std::string noEffect(const std::string& text) {
 std::string cannotWrite(SoundWriter::Kind kind) {
     return (SoundWriter::isLibraryThere() ? "the libsndfile of this machine cannot write "
                                           : "without libsndfile, which is missing, there is no ") +
-           std::string(SoundWriter::extension(kind));
+           std::string(SoundFormats::ending(kind));
 }
 
 bool isSameFile(const std::string& a, const std::string& b) {
@@ -126,7 +128,8 @@ Problem FxOptions::parse(int argc, char** argv) {
                         .description(""));
     app.add_option("--out-dir", outFolder, "Folder for the outputs of several inputs")
         ->type_name("DIR");
-    app.add_option("--format", kindName, "wav, flac, ogg, opus or mp3, where no output name tells")
+    app.add_option("--format", kindName,
+                   SoundFormats::inWords("", "or") + ", where no output name tells")
         ->type_name("KIND");
     app.add_flag("--long", longSounds, "Allow sounds longer than 60 s");
     app.add_option("arguments", arguments)->group("");
@@ -150,10 +153,10 @@ Problem FxOptions::setTask(bool list, bool measure, const std::string& kindName)
         return arguments.empty() ? Problem::none() : "--list takes no files";
     }
     if (!kindName.empty()) {
-        kind = SoundWriter::kindOfName(SoundWriter::lowerCase(kindName));
+        kind = SoundFormats::ofEnding(kindName);
         if (!kind) {
             return inQuotes(kindName) +
-                   " is no format for the output: wav, flac, ogg, opus and mp3 are";
+                   " is no format for the output: " + SoundFormats::inWords("", "and") + " are";
         }
         if (!SoundWriter::isPossible(*kind)) {
             return cannotWrite(*kind);
@@ -199,10 +202,10 @@ Problem FxOptions::addSingleJob() {
         jobs.push_back({arguments[0], output, kind.value_or(SoundWriter::Kind::kWav)});
         return Problem::none();
     }
-    const std::optional<SoundWriter::Kind> kindOfName = SoundWriter::kindOfPath(output);
+    const std::optional<SoundWriter::Kind> kindOfName = SoundFormats::ofPath(output);
     if (!kindOfName && !kind) {
-        return "the output " + inQuotes(output) +
-               " must end in .wav, .flac, .ogg, .opus or .mp3, or have no extension";
+        return "the output " + inQuotes(output) + " must end in " +
+               SoundFormats::inWords(".", "or") + ", or have no extension";
     }
     const bool nameTells = fs::path(output).has_extension();
     if (nameTells && kindOfName && kind && *kind != *kindOfName) {
@@ -223,7 +226,7 @@ Problem FxOptions::addFolderJobs() {
     const SoundWriter::Kind kindOfAll = kind.value_or(SoundWriter::Kind::kWav);
     std::vector<std::string> names;
     for (const std::string& input : arguments) {
-        const std::string name = stemOf(input) + "." + SoundWriter::extension(kindOfAll);
+        const std::string name = stemOf(input) + "." + SoundFormats::ending(kindOfAll);
         const std::string output = (fs::path(outFolder) / name).string();
         if (std::find(names.begin(), names.end(), name) != names.end()) {
             return "two inputs would be written to " + inQuotes(output);

@@ -11,45 +11,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdio>
-#include <filesystem>
 #include <vector>
 
 namespace {
 
 constexpr int32_t kSaveBytes = 20480;  // written at once
 constexpr int32_t kBlockSamples = 4096;
-
-struct KindName {
-    const char* name;
-    SoundWriter::Kind kind;
-};
-
-/// The first name of a kind is its extension.
-constexpr std::array<KindName, 6> kKindNames = {{
-    {"wav", SoundWriter::Kind::kWav},
-    {"flac", SoundWriter::Kind::kFlac},
-    {"ogg", SoundWriter::Kind::kOgg},
-    {"oga", SoundWriter::Kind::kOgg},
-    {"opus", SoundWriter::Kind::kOpus},
-    {"mp3", SoundWriter::Kind::kMp3},
-}};
-
-int formatOf(SoundWriter::Kind kind) {
-    switch (kind) {
-    case SoundWriter::Kind::kFlac:
-        return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
-    case SoundWriter::Kind::kOgg:
-        return SF_FORMAT_OGG | SF_FORMAT_VORBIS;
-    case SoundWriter::Kind::kOpus:
-        return SF_FORMAT_OGG | SF_FORMAT_OPUS;
-    case SoundWriter::Kind::kMp3:
-        return SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
-    default:
-        return SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-    }
-}
 
 /// True if one of the library's lists has this format.
 /// @param count, entry  the library's commands for the list's length and for one of its entries
@@ -176,35 +144,6 @@ Problem encode(int format, const int32_t* samples, Memory& memory) {
 
 }  // namespace
 
-std::string SoundWriter::lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-    return text;
-}
-
-std::optional<SoundWriter::Kind> SoundWriter::kindOfPath(const std::string& path) {
-    const std::string dotted = std::filesystem::path(path).extension().string();
-    return dotted.empty() ? Kind::kWav : kindOfName(lowerCase(dotted.substr(1)));
-}
-
-std::optional<SoundWriter::Kind> SoundWriter::kindOfName(const std::string& name) {
-    for (const KindName& known : kKindNames) {
-        if (name == known.name) {
-            return known.kind;
-        }
-    }
-    return std::nullopt;
-}
-
-const char* SoundWriter::extension(Kind kind) {
-    for (const KindName& known : kKindNames) {
-        if (kind == known.kind) {
-            return known.name;
-        }
-    }
-    return "";
-}
-
 bool SoundWriter::isLibraryThere() {
     return SndfileLibrary::get() != nullptr;
 }
@@ -217,7 +156,7 @@ bool SoundWriter::isPossible(Kind kind) {
     if (library == nullptr) {
         return false;
     }
-    const int format = formatOf(kind);
+    const int format = SoundFormats::ofLibrary(kind);
     const SF_INFO facts = factsOf(format);
     return isListed(*library, SFC_GET_FORMAT_MAJOR_COUNT, SFC_GET_FORMAT_MAJOR,
                     format & SF_FORMAT_TYPEMASK) &&
@@ -235,7 +174,7 @@ Problem SoundWriter::write(OutputFile& file, Kind kind, const int32_t* samples) 
         return isSaved ? Problem::none() : Problem(file.error());
     }
     Memory memory;
-    if (const Problem problem = encode(formatOf(kind), samples, memory)) {
+    if (const Problem problem = encode(SoundFormats::ofLibrary(kind), samples, memory)) {
         return "cannot be encoded (" + problem.sentence() + ")";
     }
     const bool isWritten = file.write(memory.bytes.data(), memory.bytes.size());

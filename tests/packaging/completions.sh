@@ -75,11 +75,20 @@ murmelo-fx)
     effects=$("$program" --list | cut -d ' ' -f 1 | sort | tr '\n' ' ')
     expect "${effects% }" "$name" ""
     expect_of_fish "${effects% }" "$name "
+    formats=$("$program" --help | sed -n 's/^ *--format KIND *\(.*\), where.*/\1/p' |
+        tr -c 'a-z0-9' '\n' | grep -vxE '|or' | sort | tr '\n' ' ')
+    formats=${formats% }
+    expect "$formats" "$name" robot --format ""
+    expect_of_fish "$formats" "$name robot --format "
+    [[ $formats == *" wav" ]] || complain "--help names the formats '$formats'"
     expect_of_fish robot "$name --seed 5 --long r"
     expect_of_fish voice.wav "$name robot vo"
     expect_of_fish voice.wav "$name --measure vo"
     expect_of_fish flac "$name robot --format f"
     if [ -s "$folder/zsh-said" ]; then
+        zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --format " |
+            tr -s '[:space:]' '\n' | grep -xE '[a-z0-9]+' | sort | tr '\n' ' ' >"$folder/zsh-formats"
+        [ "$(cat "$folder/zsh-formats")" = "$formats " ] || complain "zsh offers $(cat "$folder/zsh-formats") and not $formats"
         zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name " |
             tr -s '[:space:]' '\n' | grep -xE '[a-z]+' | sort | tr '\n' ' ' >"$folder/zsh-effects"
         [ "$(cat "$folder/zsh-effects")" = "$effects" ] || complain "zsh offers $(cat "$folder/zsh-effects") and not $effects"

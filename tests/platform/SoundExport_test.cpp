@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Saved sounds are exported in all formats.
 #include "SoundExport.h"
+#include "SoundFile.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 

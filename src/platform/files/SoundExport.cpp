@@ -2,9 +2,10 @@
 #include "SoundExport.h"
 
 #include "SafeFile.h"
+#include "SoundFile.h"
+#include "SoundFormats.h"
 
-#include <algorithm>
-#include <cctype>
+#include <cstdint>
 #include <filesystem>
 #include <unistd.h>
 #include <vector>
@@ -14,32 +15,7 @@ namespace {
 constexpr int32_t kSavedRateHz = 8000;  // of every sound that the program saves
 constexpr int64_t kMaxSamples = int64_t{60} * 60 * kSavedRateHz;
 
-struct Ending {
-    const char* text;
-    SoundFile::Format format;
-};
-
-constexpr Ending kEndings[] = {
-    {"", SoundFile::Format::kWav},       {".wav", SoundFile::Format::kWav},
-    {".flac", SoundFile::Format::kFlac}, {".ogg", SoundFile::Format::kOgg},
-    {".oga", SoundFile::Format::kOgg},   {".opus", SoundFile::Format::kOpus},
-    {".mp3", SoundFile::Format::kMp3},
-};
-
 }  // namespace
-
-bool SoundExport::formatOf(const std::string& name, SoundFile::Format& format) {
-    std::string ending = std::filesystem::path(name).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-    const auto* found = std::find_if(std::begin(kEndings), std::end(kEndings),
-                                     [&](const Ending& known) { return ending == known.text; });
-    if (found == std::end(kEndings)) {
-        return false;
-    }
-    format = found->format;
-    return true;
-}
 
 std::string SoundExport::nameOf(const std::string& savedName, const std::string& effectWord) {
     const std::string stem = std::filesystem::path(savedName).stem().string();
@@ -49,9 +25,9 @@ std::string SoundExport::nameOf(const std::string& savedName, const std::string&
 }
 
 Problem SoundExport::write(const std::string& saved, const std::string& path) {
-    SoundFile::Format format = SoundFile::Format::kWav;
-    if (!formatOf(path, format)) {
-        return "its name must end in .wav, .flac, .ogg, .opus or .mp3";
+    const std::optional<SoundFormats::Format> format = SoundFormats::ofPath(path);
+    if (!format) {
+        return "its name must end in " + SoundFormats::inWords(".", "or");
     }
     std::vector<int16_t> samples;
     if (Problem problem = SoundFile::read(saved, kSavedRateHz, kMaxSamples, samples)) {
@@ -67,7 +43,7 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
         return SafeFile::lastError();
     }
     Problem problem =
-        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), format);
+        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), *format);
     const bool isOnDisk = SafeFile::finish(file);
     if (!problem && (!isOnDisk || !SafeFile::replace(fresh, target))) {
         problem = SafeFile::lastError();

@@ -3,18 +3,11 @@
 #pragma once
 
 #include "Problem.h"
-#include "SoundFile.h"
 
-#include <cstdint>
 #include <string>
 
 class SoundExport {
 public:
-    /// The format for a name's ending, in upper or lower case: .wav, .flac, .ogg (also .oga),
-    /// .opus, .mp3. WAV for a name without an ending.
-    /// @param format  untouched if there is no such format
-    static bool formatOf(const std::string& name, SoundFile::Format& format);
-
     /// Name for a saved sound: "murmelo-robot-00003.wav" for "rec_00003.wav".
     /// @param effectWord  empty: left out
     static std::string nameOf(const std::string& savedName, const std::string& effectWord);

@@ -106,21 +106,6 @@ std::vector<float> atRate(const std::vector<float>& samples, int32_t fromHz, int
     return converted;
 }
 
-int libraryFormat(SoundFile::Format format) {
-    switch (format) {
-    case SoundFile::Format::kFlac:
-        return SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
-    case SoundFile::Format::kOgg:
-        return SF_FORMAT_OGG | SF_FORMAT_VORBIS;
-    case SoundFile::Format::kOpus:
-        return SF_FORMAT_OGG | SF_FORMAT_OPUS;
-    case SoundFile::Format::kMp3:
-        return SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
-    default:
-        return SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-    }
-}
-
 std::vector<int16_t> toInt16(const std::vector<float>& samples) {
     std::vector<int16_t> converted(samples.size());
     std::transform(samples.begin(), samples.end(), converted.begin(),
@@ -202,7 +187,7 @@ Problem SoundFile::write(int file,
     SF_INFO info{};
     info.samplerate = rateHz;
     info.channels = 1;
-    info.format = libraryFormat(format);
+    info.format = SoundFormats::ofLibrary(format);
     OpenFile sound(sf_open_fd(file, SFM_WRITE, &info, SF_FALSE), &sf_close);
     if (sound == nullptr) {
         return "the sound \"" + name + "\" cannot be written: " + sf_strerror(nullptr);

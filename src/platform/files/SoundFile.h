@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Problem.h"
+#include "SoundFormats.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -32,7 +33,7 @@ public:
     static Problem
     write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples);
 
-    enum class Format { kWav, kFlac, kOgg, kOpus, kMp3 };
+    using Format = SoundFormats::Format;
 
     /// Writes mono samples into an open file; it stays open. WAV and FLAC keep every bit.
     /// @param name  of the file, for the sentence of a problem
