@@ -25,6 +25,8 @@ add_test(NAME docs/floors
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/floors.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/licences
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/licences.py ${CMAKE_SOURCE_DIR} --all)
+add_test(NAME docs/purposes
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/purposes.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/speed-table
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/speed_table.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/versions

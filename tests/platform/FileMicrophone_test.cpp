@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// A sound file heard as a microphone: when a buffer is due, what it holds, and how it is lost.
 #include "CountingEar.h"
 #include "FileMicrophone.h"
 #include "TestSounds.h"

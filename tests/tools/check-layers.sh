@@ -1,6 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
 # Checks in a copy of the sources that tools/check-layers finds forbidden headers and calls.
+#
 #   check-layers.sh SOURCE
 set -u
 source=$(realpath "$1")

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Measures the room in SDL's event queue, for tests in which it is full.
 #pragma once
 
 #include <SDL.h>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The window's strip: which keys it takes, which messages it shows, and what they offer.
 #include "QuietDoors.h"
 #include "SdlStrip.h"
 #include "TestFolders.h"

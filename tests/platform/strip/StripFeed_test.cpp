@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// What the strip shows and offers while the program changes its screens, records and saves.
 #include "QuietDoors.h"
 #include "Strip.h"
 #include "TestHost.h"

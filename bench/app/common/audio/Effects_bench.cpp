@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Times each effect and the clean-up on real speech, other engines that make the same change to the
-// same samples, and the least work that any exact version must do: effects_bench
-// --benchmark_format=csv
+// same samples, and the least work that any exact version must do.
+//
+//   effects_bench --benchmark_format=csv
 #include "ArrFunc.h"
 #include "FxCatalogue.h"
 #include "Limits.h"
