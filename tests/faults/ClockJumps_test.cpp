@@ -45,7 +45,7 @@ TEST_F(ClockJumps, aDayForwardWhileRecordingEndsTheTakeByTheTimeOut) {
     pass(0);
     EXPECT_EQ("Play", screen());
     EXPECT_TRUE(pending().empty());
-    EXPECT_GT(44U + 2 * 8000 * 62, folders.read(kTake).size());
+    EXPECT_GT(TestSounds::kHeaderBytes + 2 * 8000 * 62, folders.read(kTake).size());
 }
 
 TEST_F(ClockJumps, anHourBackWhileRecordingLeavesTheStopKeyWorking) {
@@ -55,7 +55,8 @@ TEST_F(ClockJumps, anHourBackWhileRecordingLeavesTheStopKeyWorking) {
     touch(kMiddle);
     EXPECT_EQ("Play", screen());
     EXPECT_TRUE(pending().empty());
-    EXPECT_EQ(44U + 2 * 8000 * 3 / 4, folders.read(kTake).size());  // the buffer that was filled
+    EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 8000 * 3 / 4,
+              folders.read(kTake).size());  // the buffer that was filled
 }
 
 TEST_F(ClockJumps, aDayForwardWhilePlayingEndsTheClip) {
@@ -173,6 +174,6 @@ TEST_F(ClockJumps, theWrapWhileRecordingLeavesTheTakeItsTwentySeconds) {
         EXPECT_EQ("Recording", screen());
         pass(1);
         EXPECT_EQ("Play", screen());
-        EXPECT_EQ(44U + 2 * 8000 * 20, folders.read(kTake).size());
+        EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 8000 * 20, folders.read(kTake).size());
     }
 }

@@ -21,7 +21,6 @@ using Osp::Base::String;
 namespace {
 
 constexpr int32_t kFilesEach = 1250;
-constexpr size_t kHeader = 44;
 constexpr int32_t kLongestWindow = 250;  // the shortest take fills one
 constexpr uint32_t kNasty[] = {
     0,          1,          2,          43,         44,         0x7F,       0x80,       0xFF,
@@ -67,7 +66,7 @@ private:
         switch (below(10)) {
         case 0:
             file.resize(below(2) == 0 ? below(file.size() + 1)
-                                      : std::min(file.size(), below(2 * kHeader)));
+                                      : std::min(file.size(), below(2 * TestSounds::kHeaderBytes)));
             break;
         case 1:
             changeHeader();
@@ -90,7 +89,7 @@ private:
             file.erase(below(file.size() + 1), 1 + below(30));
             break;
         case 7:
-            for (size_t i = kHeader; i < file.size(); i++) {
+            for (size_t i = TestSounds::kHeaderBytes; i < file.size(); i++) {
                 file[i] = (i / 2) % 97 < 48 ? '\x7F' : '\x80';  // as loud as possible
             }
             break;
@@ -98,7 +97,8 @@ private:
             file = noise(below(2500));
             break;
         default:
-            file.insert(std::min(file.size(), kHeader), file.substr(0, kHeader));
+            file.insert(std::min(file.size(), TestSounds::kHeaderBytes),
+                        file.substr(0, TestSounds::kHeaderBytes));
             break;
         }
     }
@@ -139,7 +139,7 @@ uint32_t wordOf(const std::string& file, size_t at) {
 }
 
 int32_t sampleOf(const std::string& file, size_t index) {
-    const size_t at = kHeader + 2 * index;
+    const size_t at = TestSounds::kHeaderBytes + 2 * index;
     return static_cast<int16_t>(static_cast<uint8_t>(file[at]) | static_cast<uint8_t>(file[at + 1])
                                                                      << 8);
 }
@@ -147,12 +147,13 @@ int32_t sampleOf(const std::string& file, size_t index) {
 /// The slow model of the loader: the file's samples at 8 kHz. False if the file is refused.
 bool expected(const std::string& file, audio::Samples& samples) {
     samples.clear();
-    if (file.size() < kHeader || (wordOf(file, 24) != 8000 && wordOf(file, 24) != 16000)) {
+    if (file.size() < TestSounds::kHeaderBytes ||
+        (wordOf(file, 24) != 8000 && wordOf(file, 24) != 16000)) {
         return false;
     }
     const bool halved = wordOf(file, 24) == 16000;
     const int64_t told = static_cast<int32_t>(wordOf(file, 40)) >> 1;
-    const int64_t there = static_cast<int64_t>((file.size() - kHeader) / 2);
+    const int64_t there = static_cast<int64_t>((file.size() - TestSounds::kHeaderBytes) / 2);
     const int64_t count = std::max<int64_t>(std::min(told, there), 0) / (halved ? 2 : 1);
     for (size_t i = 0; i < static_cast<size_t>(count); i++) {
         samples.push_back(halved ? (sampleOf(file, 2 * i) + sampleOf(file, 2 * i + 1)) >> 1

@@ -16,11 +16,11 @@ import sys
 import tempfile
 import time
 
-from journey import Patience, Verdict, ended, environment, is_whole
+from journey import HEADER_BYTES, Patience, Verdict, ended, environment, is_whole
 
 PATIENCE_SECONDS = 60  # for things that take a moment, on a busy machine
 SLEEP_SECONDS = 2  # without any processor time: then the program sleeps
-TAKE_BYTES = 44 + 3 * 32000  # long enough to be seen while it plays
+TAKE_BYTES = HEADER_BYTES + 3 * 32000  # long enough to be seen while it plays
 SOFT_KEYS = ["-crop", "480x72+0+728", "+repage", "-depth", "8"]
 
 # Makes a picture of each screen, by which the screens are recognised.
@@ -202,7 +202,7 @@ def clock(verdict, program, source, screens, shim):
     verdict.check(wrong == "", wrong)
     take = window.sound("MrmLastRec.wav")
     verdict.check(is_whole(take) and struct.unpack("<I", take[24:28])[0] == 8000, "the take is not cleaned up")
-    seconds = (len(take) - 44) / 16000
+    seconds = (len(take) - HEADER_BYTES) / 16000
     verdict.check(2.9 < seconds <= 20.1, "a take of %.1f s" % seconds)
     verdict.check(until(lambda: window.shows("Play"), PATIENCE_SECONDS + seconds), "the clip does not end")
     verdict.check(time.monotonic() - start > seconds, "a clip of %.1f s ends after %.1f s"

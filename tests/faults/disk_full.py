@@ -13,11 +13,12 @@ import os
 import subprocess
 import sys
 
-from journey import LANGUAGE_KNOWN, RECORD, SKIPPED, Place, Verdict, can_mount, is_whole, limit_file_size, sanitized, skip
+from journey import (HEADER_BYTES, LANGUAGE_KNOWN, RECORD, SKIPPED, Place, Verdict, can_mount, is_whole, limit_file_size,
+                     sanitized, skip)
 
 TAKE_MS = 1300
-TAKE_BYTES = 44 + 32 * TAKE_MS  # 16 kHz, 16 bits
-CLEAN_BYTES = 44 + 16 * TAKE_MS  # 8 kHz
+TAKE_BYTES = HEADER_BYTES + 32 * TAKE_MS  # 16 kHz, 16 bits
+CLEAN_BYTES = HEADER_BYTES + 16 * TAKE_MS  # 8 kHz
 PAGE = 4096
 
 EARLIER = b"a sound of earlier days" * 1000
@@ -27,7 +28,8 @@ SAVE = "save\nexpect screen Save\nexpect file rec_00008.wav\nkey middle\nexpect 
 
 def places(whole):
     """The sizes at which the writing of a file of this size is cut off."""
-    cuts = {0, 1, 43, 44, 45, 1000, 4096, 20480, 20524, 24043, 24044, 24045, whole // 2, whole - 2, whole - 1}
+    cuts = {0, 1, 1000, 4096, 20480, 20524, 24043, 24044, 24045, whole // 2, whole - 2, whole - 1}
+    cuts |= {HEADER_BYTES - 1, HEADER_BYTES, HEADER_BYTES + 1}
     return sorted(cut for cut in cuts if cut < whole)
 
 
@@ -63,7 +65,7 @@ class ByLimit:
                 saved = place.sounds().get("rec_00008.wav", b"")
                 self.verdict.outcome(case, outcome, ["done"])
                 self.verdict.check(is_whole(saved) and len(saved) < CLEAN_BYTES, case + ": what was saved is not whole")
-                told = "%g of %g" % ((len(saved) - 44) // 1600 / 10, TAKE_MS / 1000)
+                told = "%g of %g" % ((len(saved) - HEADER_BYTES) // 1600 / 10, TAKE_MS / 1000)
                 self.verdict.check(outcome.kept == [told], case + ": kept %s, not %s" % (outcome.kept, told))
                 os.unlink(place.path("home/Murmelo/rec_00008.wav"))
             elif self.verdict.outcome(case, outcome, ["message"]):

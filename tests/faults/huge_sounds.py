@@ -10,7 +10,7 @@ import struct
 import subprocess
 import sys
 
-from journey import Patience, Place, Verdict, ended, fresh_signals, sanitized
+from journey import HEADER_BYTES, Patience, Place, Verdict, ended, fresh_signals, sanitized
 
 # Room for the programs and their libraries, and not for a sound of ten minutes (more than 100 MB as floats).
 ADDRESS_BYTES = 160 << 20
@@ -30,7 +30,7 @@ def ten_minutes(path):
         file.write(b"RIFF" + struct.pack("<I", 36 + size) + b"WAVEfmt "
                    + struct.pack("<IHHIIHH", 16, 1, 2, 44100, 176400, 4, 16) + b"data" + struct.pack("<I", size))
         file.write(b"".join(struct.pack("<hh", *[(i * 300) % 20000 - 10000] * 2) for i in range(44100)))
-        file.truncate(44 + size)
+        file.truncate(HEADER_BYTES + size)
 
 
 def lying_wav(path):

@@ -27,6 +27,7 @@ CRASH_STATUS = 97  # of a program that a sanitizer has ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
 ASLEEP_SECONDS = 60  # that it may sleep without using any processor time
 LOOK_SECONDS = 0.2
+HEADER_BYTES = 44  # of a sound file, before its samples
 TEMPORARY = ("MrmLastRec.wav", "MrmLastProc.wav")
 
 LANGUAGE_KNOWN = "lang=0\n"
@@ -256,11 +257,11 @@ def limit_file_size(process, most_bytes):
 
 def is_whole(sound, rate=8000):
     """True if the bytes are a sound file in the form that the program writes, as long as its header says."""
-    if len(sound) < 44 or sound[:4] != b"RIFF" or sound[8:16] != b"WAVEfmt " or sound[36:40] != b"data":
+    if len(sound) < HEADER_BYTES or sound[:4] != b"RIFF" or sound[8:16] != b"WAVEfmt " or sound[36:40] != b"data":
         return False
-    riff, data = struct.unpack("<I", sound[4:8])[0], struct.unpack("<I", sound[40:44])[0]
+    riff, data = struct.unpack("<I", sound[4:8])[0], struct.unpack("<I", sound[40:HEADER_BYTES])[0]
     form = struct.unpack("<IHHIIHH", sound[16:36])
-    return form == (16, 1, 1, rate, 2 * rate, 2, 16) and data == len(sound) - 44 and riff == len(sound) - 8
+    return form == (16, 1, 1, rate, 2 * rate, 2, 16) and data == len(sound) - HEADER_BYTES and riff == len(sound) - 8
 
 
 class Verdict:

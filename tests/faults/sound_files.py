@@ -10,7 +10,7 @@ import shutil
 import struct
 import sys
 
-from journey import RECORD, STOP_OFFERED_MS, Place, Verdict, sanitized
+from journey import HEADER_BYTES, RECORD, STOP_OFFERED_MS, Place, Verdict, sanitized
 
 EARLIER = b"a sound of earlier days"
 TAKE = RECORD % STOP_OFFERED_MS
@@ -51,8 +51,8 @@ def replacements():
     random_bytes = bytes(noise.randrange(256) for _ in range(10000))
     yield "nothing", lambda path: os.unlink(path)
     yield "an empty file", lambda path: content(path, b"")
-    yield "half a header", lambda path: os.truncate(path, 22)
-    yield "a header", lambda path: os.truncate(path, 44)
+    yield "half a header", lambda path: os.truncate(path, HEADER_BYTES // 2)
+    yield "a header", lambda path: os.truncate(path, HEADER_BYTES)
     yield "half of it", lambda path: os.truncate(path, 5001)
     yield "random bytes", lambda path: content(path, random_bytes)
     yield "a header and random bytes", lambda path: content(path, header(4000) + random_bytes)
@@ -71,10 +71,10 @@ NO_FILES = ("a folder", "a pipe", "a link elsewhere")
 def huge_replacements():
     """Files that are larger than the program's arrays; each only for the work that reads it as a whole."""
     if not sanitized():
-        yield "five minutes", lambda path: sparse(path, header(2400000), 44 + 4800000)
-        yield "half an hour", lambda path: sparse(path, header(16777000), 44 + 33554000)
-        yield "an hour", lambda path: sparse(path, header(28800000), 44 + 57600000)
-        yield "three gigabytes", lambda path: sparse(path, header(1600000000), 44 + 3200000000)
+        yield "five minutes", lambda path: sparse(path, header(2400000), HEADER_BYTES + 4800000)
+        yield "half an hour", lambda path: sparse(path, header(16777000), HEADER_BYTES + 33554000)
+        yield "an hour", lambda path: sparse(path, header(28800000), HEADER_BYTES + 57600000)
+        yield "three gigabytes", lambda path: sparse(path, header(1600000000), HEADER_BYTES + 3200000000)
 
 
 def replace_by_folder(path):

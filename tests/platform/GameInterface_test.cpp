@@ -126,7 +126,8 @@ TEST_F(GameInterfaceTest, aSoundIsTakenInTheMenuAndInTheChoiceOfTheEffect) {
     EXPECT_TRUE(use(Samples(600, 7)));
     tick();
     EXPECT_EQ("Play", host.doors->screenName());
-    EXPECT_EQ(44U + 2 * 300, folders.read("home/Murmelo/MrmLastRec.wav").size());
+    EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 300,
+              folders.read("home/Murmelo/MrmLastRec.wav").size());
 }
 
 TEST_F(GameInterfaceTest, theTakeIsSavedInTheMenuAndInTheChoiceOfTheEffect) {
@@ -198,7 +199,8 @@ TEST_F(GameInterfaceTest, aJobRefusesBothUntilItIsDone) {
     tick();
     EXPECT_EQ("Play", host.doors->screenName());
     EXPECT_FALSE(hasSaved());
-    EXPECT_EQ(44U + 2 * 200, folders.read("home/Murmelo/MrmLastRec.wav").size());  // the first one
+    EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 200,
+              folders.read("home/Murmelo/MrmLastRec.wav").size());  // the first one
 }
 
 TEST_F(GameInterfaceTest, theHelpTextAndTheLanguageListRefuseBoth) {

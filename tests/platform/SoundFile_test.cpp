@@ -163,7 +163,8 @@ TEST(SoundFile, ofTenMinutesAtAnotherRateOnlyTheStartIsRead) {
     const TestFolders folders;
     const Samples start = TestSounds::noise(2 * 44100);
     folders.write("voice.wav", TestSounds::header(600 * 44100, 44100) + TestSounds::bytes(start));
-    fs::resize_file(folders.path("voice.wav"), 44 + 2 * 600 * 44100);  // silence from there on
+    fs::resize_file(folders.path("voice.wav"),
+                    TestSounds::kHeaderBytes + 2 * 600 * 44100);  // silence from there on
     for (const int64_t wanted : {1, 100, 16000, 320000}) {
         Samples read;
         int64_t frames = 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "AudioSupport.h"
+#include "WavHeader.h"
 
 #include <functional>
 #include <string>
@@ -46,7 +47,7 @@ Result run(const std::vector<std::string>& arguments);
 void becomeNobody();
 
 /// Bytes of a WAV file before its samples.
-constexpr size_t kHeaderBytes = 44;
+constexpr size_t kHeaderBytes = WavHeader::kBytes;
 
 /// A WAV file of one channel and 16 bits, written byte by byte.
 std::string wavBytes(int32_t rateHz, const audio::Samples& samples);

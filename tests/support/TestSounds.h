@@ -2,6 +2,8 @@
 // Sounds and WAV files made by hand, byte by byte.
 #pragma once
 
+#include "WavHeader.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -10,7 +12,7 @@ class TestSounds {
 public:
     using Samples = std::vector<int16_t>;
 
-    static constexpr size_t kHeaderBytes = 44;
+    static constexpr size_t kHeaderBytes = WavHeader::kBytes;
 
     /// Noise, no two parts of which are equal, so that a lost, doubled or moved sample is found.
     static Samples noise(int32_t count, uint32_t seed = 1);

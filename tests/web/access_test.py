@@ -2,7 +2,7 @@
 """The page can be used without a mouse, by blind users, with weak sight, in any window, and as an app."""
 import unittest
 
-from murmelo import HOME, SPEECH, PageTest
+from murmelo import HEADER_BYTES, HOME, SPEECH, PageTest
 
 WINDOWS = {"phone": (360, 640, 3, True), "tall phone": (412, 915, 2, True), "lying phone": (844, 390, 2, True),
            "tablet": (768, 1024, 2, True), "desktop": (1440, 900, 1, False), "square": (1000, 1000, 1, False),
@@ -253,7 +253,8 @@ class Access(PageTest):
         self.assertEqual((older, None), (page.file("rec_00000.wav"), page.file("rec_00001.wav")), "one double tap, one sound")
         page.press("Delete")
         self.assertIsNone(page.file("rec_00000.wav"))
-        self.tab.evaluate("murmelo.sounds.keep('%srec_00001.wav', {bytes: new Uint8Array(44), effect: 2, when: 0})" % HOME)
+        self.tab.evaluate("murmelo.sounds.keep('%srec_00001.wav', {bytes: new Uint8Array(%d), effect: 2, when: 0})"
+                          % (HOME, HEADER_BYTES))
         for name in ("murmelo-none-00001.wav", "murmelo-none-00000.wav"):
             self.tab.wait_for("document.querySelector('#message span').textContent === 'Deleted: %s'" % name)
             page.press("Undo")

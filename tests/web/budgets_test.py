@@ -6,7 +6,7 @@ import re
 import subprocess
 import unittest
 
-from murmelo import EFFECTS, FOLDER, SOURCE, SPEECH, PageTest, noisy, read_wav, temporary_folder, write_wav
+from murmelo import EFFECTS, FOLDER, HEADER_BYTES, SOURCE, SPEECH, PageTest, noisy, read_wav, temporary_folder, write_wav
 
 WASM_BYTES = 140000  # packed; 20,000 of them for the strip and its words
 FIRST_PICTURE_BYTES = 500000  # 20,000 of them for the strip: its pictures, its words and its script
@@ -191,7 +191,7 @@ class Times(PageTest):
                 page.effect(1)
         for effect in EFFECTS:
             print("%s on 20 s: %.0f ms first, %.0f ms at best" % (effect, times[effect][0], min(times[effect])))
-        self.assertEqual(TAKE_BYTES // 2 + 44, len(page.file("MrmLastProc.wav")))
+        self.assertEqual(TAKE_BYTES // 2 + HEADER_BYTES, len(page.file("MrmLastProc.wav")))
 
 
 if __name__ == "__main__":

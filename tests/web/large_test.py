@@ -7,7 +7,7 @@ import random
 import unittest
 import wave
 
-from murmelo import PageTest, temporary_folder
+from murmelo import HEADER_BYTES, PageTest, temporary_folder
 
 # Name, rate, channels, bytes of a sample, seconds. The small ones the program reads itself, the large ones the browser.
 FILES = [
@@ -50,7 +50,7 @@ class Large(PageTest):
                 self.tab.wait_for("murmelo.sounds.kept.get('take') !== murmelo.takeSeen", seconds=60)
                 self.tab.wait_for("murmelo.core.texts.screen === 'Play'")
                 page.rest()
-                self.assertEqual(20 * 32000 + 44, self.tab.evaluate("murmelo.sounds.kept.get('take').bytes.length"))
+                self.assertEqual(20 * 32000 + HEADER_BYTES, self.tab.evaluate("murmelo.sounds.kept.get('take').bytes.length"))
         for _ in range(8):  # all eight effects, one after the other
             page.soft_key(1)
             page.until("Playing")

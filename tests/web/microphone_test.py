@@ -3,7 +3,7 @@
 import array
 import unittest
 
-from murmelo import SPEECH, PageTest, read_wav
+from murmelo import HEADER_BYTES, SPEECH, PageTest, read_wav
 
 CLEANED = "MrmLastRec.wav"
 
@@ -153,7 +153,7 @@ class ThereTest(MicrophoneTest):
         self.tab.wait_for("murmelo.ears.stream === null")
         raw, cleaned = self.page.kept("take"), self.page.file(CLEANED)
         self.assertGreaterEqual(len(raw), 32000)
-        self.assertEqual(len(raw) // 2 + 44, len(cleaned))
+        self.assertEqual(len(raw) // 2 + HEADER_BYTES, len(cleaned))
         turns = self.tab.evaluate("murmelo.core.turns")
         self.tab.evaluate("new Promise((resolve) => setTimeout(resolve, 1500))")
         self.assertEqual(turns, self.tab.evaluate("murmelo.core.turns"), "in the background nothing happens")
@@ -186,7 +186,7 @@ class ThereTest(MicrophoneTest):
         self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"), "the recording light is out")
         cleaned = self.page.file(CLEANED)
         self.assertGreaterEqual(len(cleaned), 16000, "cleaned up in the same event")
-        self.assertEqual(len(self.page.kept("take")) // 2 + 44, len(cleaned))
+        self.assertEqual(len(self.page.kept("take")) // 2 + HEADER_BYTES, len(cleaned))
         turns = self.tab.evaluate("murmelo.core.turns")
         self.tab.evaluate("new Promise((resolve) => setTimeout(resolve, 700))")
         self.assertEqual(turns, self.tab.evaluate("murmelo.core.turns"), "in the background nothing happens")

@@ -3,7 +3,7 @@
 import os
 import unittest
 
-from murmelo import EFFECTS, HOME, SPEECH, PageTest, headless, temporary_folder, write_wav
+from murmelo import EFFECTS, HEADER_BYTES, HOME, SPEECH, PageTest, headless, temporary_folder, write_wav
 
 CLEANED = "MrmLastRec.wav"
 RESULT = "MrmLastProc.wav"
@@ -45,7 +45,7 @@ class Take(PageTest):
         self.page.until("Play")
         seconds = self.tab.wait_for("noted.ended")
         clip = bytes(self.tab.wait_for("noted.clips[%d].bytes" % before))
-        self.assertAlmostEqual((len(clip) - 44) / 16000, seconds, delta=0.01)
+        self.assertAlmostEqual((len(clip) - HEADER_BYTES) / 16000, seconds, delta=0.01)
         return clip
 
     def test_a_take_is_recorded_and_played_with_every_effect(self):
@@ -62,7 +62,7 @@ class Take(PageTest):
         for effect in range(len(EFFECTS)):
             page.effect(1 if effect else 0)
             played.append(self.play_to_the_end())
-            self.assertTrue(played[-1][44:] == page.file(RESULT)[44:], "%s is played as it is" % EFFECTS[effect])
+            self.assertTrue(played[-1][HEADER_BYTES:] == page.file(RESULT)[HEADER_BYTES:], "%s is played as it is" % EFFECTS[effect])
         self.assertEqual(len(EFFECTS), len(set(played)), "every effect is heard")
         sounds = self.in_headless(raw, [])
         self.assertTrue(cleaned == self.content(sounds, CLEANED), "the same clean-up makes the same file")

@@ -7,7 +7,7 @@ import re
 import shutil
 import unittest
 
-from murmelo import FOLDER, HOME, SPEECH, Murmelo, PageTest, read_wav, temporary_folder
+from murmelo import FOLDER, HEADER_BYTES, HOME, SPEECH, Murmelo, PageTest, read_wav, temporary_folder
 from served import Served
 
 _INSTALLED = "navigator.serviceWorker.ready.then((registration) => registration.active.state === 'activated')"
@@ -131,7 +131,7 @@ class Visits(PageTest):
         self.assertTrue(saved == bytes(self.tab.evaluate("noted.shared[0].bytes")))
         self.tab.press("#sounds")
         self.assertIn("murmelo-none-00000.wav", self.tab.evaluate("document.querySelector('dialog').textContent"))
-        self.assertEqual(read_wav(SPEECH)[0], bytes(self.tab.evaluate("Array.from(murmelo.sounds.kept.get('take').bytes)"))[44:])
+        self.assertEqual(read_wav(SPEECH)[0], bytes(self.tab.evaluate("Array.from(murmelo.sounds.kept.get('take').bytes)"))[HEADER_BYTES:])
 
 
     def test_an_aborted_transaction_is_told_and_nothing_is_lost(self):

@@ -168,6 +168,6 @@ KeyDeed KeyRules::ofEscape(const ScreenTexts& texts) {
     if (meaningOf(texts, kRight) == Means::kBack) {
         return navigation(HostKey::kRightSoft);
     }
-    const bool closes = isOnly(texts, Means::kOk) && texts.screen != "MessageAndQuit";
+    const bool closes = isOnly(texts, Means::kOk) && texts.screen != ScreenNames::kLastMessage;
     return closes || isOnly(texts, Means::kStop) ? navigation(HostKey::kMiddle) : KeyDeed{};
 }

@@ -2,6 +2,7 @@
 #include "Host.h"
 #include "OspIo.h"
 #include "OspMedia.h"
+#include "WavHeader.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,9 +17,8 @@ namespace Osp::Media {
 namespace {
 
 constexpr int32_t kSampleBytes = 2;
-constexpr int64_t kHeaderBytes = 44;
 constexpr int64_t kLongestTakeBytes =
-    kHeaderBytes + int64_t{kSampleBytes} * HostMicrophone::kLongestTakeSamples;
+    WavHeader::kBytes + int64_t{kSampleBytes} * HostMicrophone::kLongestTakeSamples;
 constexpr int64_t kKilobyte = 1000;
 
 constexpr int64_t kTenthSamples = HostMicrophone::kRateHz / 10;
@@ -211,7 +211,7 @@ void AudioIn::sayHowMuchIsKept() const {
     if (cutBy == 0) {
         return;
     }
-    const int64_t keptSamples = (keptBytes - kHeaderBytes) / kSampleBytes;
+    const int64_t keptSamples = (keptBytes - WavHeader::kBytes) / kSampleBytes;
     HostMessage message{isDiskFull(cutBy) ? "diskFull" : "secondsKept", {reasonOf(cutBy)}};
     message.tenths = {std::max<int64_t>(keptSamples, 0) / kTenthSamples,
                       (heardSamples + kTenthSamples / 2) / kTenthSamples};

@@ -2,6 +2,7 @@
 #include "Host.h"
 #include "OspIo.h"
 #include "OspMedia.h"
+#include "WavHeader.h"
 
 #include <algorithm>
 #include <array>
@@ -15,13 +16,12 @@ namespace Osp::Media {
 
 namespace {
 
-constexpr int32_t kHeaderBytes = 44;
 constexpr int32_t kSampleBytes = 2;
 constexpr int32_t kLeastRateHz = 1000;
 constexpr int32_t kMaxRateHz = 192000;
 constexpr int32_t kMaxDataBytes = 1 << 26;  // half an hour at the microphone's rate
 
-using Header = std::array<unsigned char, kHeaderBytes>;
+using Header = std::array<unsigned char, WavHeader::kBytes>;
 
 HostSpeaker* speaker() {
     return Host::current().speaker();
@@ -53,9 +53,9 @@ bool isPlainSound(const Header& header, int32_t rateHz, int32_t dataBytes) {
 int32_t bytesAfterHeader(File& file) {
     const bool measured = file.Seek(Osp::Io::FILESEEKPOSITION_END, 0) == E_SUCCESS;
     const int32_t end = measured ? file.Tell() : -1;
-    return end >= kHeaderBytes &&
-                   file.Seek(Osp::Io::FILESEEKPOSITION_BEGIN, kHeaderBytes) == E_SUCCESS
-               ? end - kHeaderBytes
+    return end >= WavHeader::kBytes &&
+                   file.Seek(Osp::Io::FILESEEKPOSITION_BEGIN, WavHeader::kBytes) == E_SUCCESS
+               ? end - WavHeader::kBytes
                : -1;
 }
 
@@ -64,7 +64,7 @@ std::shared_ptr<const HostClip> readClip(const String& path) {
     File file;
     Header header{};
     if (file.Construct(path, "rb") != E_SUCCESS ||
-        file.Read(header.data(), kHeaderBytes) != kHeaderBytes) {
+        file.Read(header.data(), WavHeader::kBytes) != WavHeader::kBytes) {
         return nullptr;
     }
     const int32_t dataBytes = word(header, 40, 4);

@@ -3,6 +3,7 @@
 
 #include "HostSound.h"
 #include "RateTo16k.h"
+#include "WavHeader.h"
 
 #include <algorithm>
 #include <cstring>
@@ -19,7 +20,6 @@ constexpr size_t kRiffBytes = 12;
 constexpr uint32_t kChunkHeadBytes = 8;
 constexpr uint32_t kFormatBytes = 16;
 constexpr size_t kSubFormatAt = 24;
-constexpr size_t kOwnHeaderBytes = 44;
 
 uint32_t word(const uint8_t* bytes, size_t count) {
     uint32_t value = 0;
@@ -166,11 +166,11 @@ PlainWav::readIf(const uint8_t* bytes, size_t count, bool isWhole, bool* isCut) 
 }
 
 std::vector<int16_t> PlainWav::readTake(const uint8_t* bytes, size_t count) {
-    if (count < kOwnHeaderBytes) {
+    if (count < WavHeader::kBytes) {
         return {};
     }
-    Samples samples((count - kOwnHeaderBytes) / sizeof(int16_t));
-    std::memcpy(samples.data(), bytes + kOwnHeaderBytes, samples.size() * sizeof(int16_t));
+    Samples samples((count - WavHeader::kBytes) / sizeof(int16_t));
+    std::memcpy(samples.data(), bytes + WavHeader::kBytes, samples.size() * sizeof(int16_t));
     const std::vector<uint8_t> written =
         toFile(samples.data(), static_cast<int32_t>(samples.size()), HostMicrophone::kRateHz);
     const bool isOwn = written.size() == count && std::memcmp(written.data(), bytes, count) == 0;
@@ -179,7 +179,7 @@ std::vector<int16_t> PlainWav::readTake(const uint8_t* bytes, size_t count) {
 
 std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int32_t rateHz) {
     constexpr uint32_t kSampleBytes = sizeof(int16_t);
-    constexpr uint32_t kHeaderBytes = kOwnHeaderBytes;
+    constexpr uint32_t kHeaderBytes = WavHeader::kBytes;
     const auto rate = static_cast<uint32_t>(rateHz);
     const uint32_t dataBytes = kSampleBytes * static_cast<uint32_t>(count);
     std::vector<uint8_t> file(kHeaderBytes + dataBytes);

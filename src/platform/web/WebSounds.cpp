@@ -3,12 +3,12 @@
 
 #include "HostSound.h"
 #include "HostWords.h"
+#include "WavHeader.h"
 
 #include <cmath>
 
 namespace {
 
-constexpr int32_t kHeaderBytes = 44;
 constexpr int32_t kSoundBytesPerSecond = 16000;  // of a saved sound
 constexpr int32_t kTakeBytesPerSecond = 2 * HostMicrophone::kRateHz;
 
@@ -32,7 +32,7 @@ std::string WebSounds::line(const std::string& path,
                             const std::string& language) {
     const bool isTake = path == kTakePath;
     const int32_t perSecond = isTake ? kTakeBytesPerSecond : kSoundBytesPerSecond;
-    const int32_t tenths = ((fileBytes - kHeaderBytes) * 10 + perSecond / 2) / perSecond;
+    const int32_t tenths = ((fileBytes - WavHeader::kBytes) * 10 + perSecond / 2) / perSecond;
     const std::string point = HostWords::text("decimalPoint", language);
     const std::string title = isTake ? HostWords::text("lastTake", language) : name;
     const std::string effect = isTake || effectName.empty() ? "" : effectName + ", ";

@@ -3,6 +3,7 @@
 #include "FakeDoors.h"
 #include "FxCatalogue.h"
 #include "KeyRules.h"
+#include "ScreenNames.h"
 #include "StripModel.h"
 
 #include <gtest/gtest.h>
@@ -142,9 +143,9 @@ TEST_F(KeyRulesTest, escapeNeverEndsTheProgram) {
     EXPECT_EQ(kNothing, named(Name::kEscape));
     doors.show("Options", kNoKey, Means::kOther, Means::kQuit);
     EXPECT_EQ(kNothing, named(Name::kEscape));
-    doors.show("FirstLang", kNoKey, Means::kOther, Means::kQuit);
+    doors.show(ScreenNames::kFirstLanguage, kNoKey, Means::kOther, Means::kQuit);
     EXPECT_EQ(kNothing, named(Name::kEscape));
-    doors.show("MessageAndQuit", kNoKey, Means::kOk, kNoKey);
+    doors.show(ScreenNames::kLastMessage, kNoKey, Means::kOk, kNoKey);
     EXPECT_EQ(kNothing, named(Name::kEscape));
     doors.show("Splash", kNoKey, kNoKey, kNoKey);
     EXPECT_EQ(kNothing, named(Name::kEscape));

@@ -2,6 +2,7 @@
 // A walk presses the right keys from any screen, and ends where the user must decide.
 #include "FakeDoors.h"
 #include "KeyWalk.h"
+#include "ScreenNames.h"
 
 #include <gtest/gtest.h>
 
@@ -82,7 +83,8 @@ TEST_F(KeyWalkTest, outOfWhatStandsInTheWay) {
 }
 
 TEST_F(KeyWalkTest, whatTheUserMustDecideEndsIt) {
-    for (const char* screen : {"FirstLang", "MessageAndQuit", "Recording"}) {
+    for (const char* screen :
+         {ScreenNames::kFirstLanguage, ScreenNames::kLastMessage, ScreenNames::kRecording}) {
         walk.toRecording();
         show(screen, kNoKey, Means::kOk, kNoKey);
         EXPECT_EQ(Keys{}, pressed()) << screen;
@@ -106,12 +108,12 @@ TEST_F(KeyWalkTest, downToTheLanguageAndNoFurther) {
     walk.toFirstLanguage(2);
     EXPECT_EQ(Keys{}, pressed());  // no screen yet
     for (int32_t focused = 0; focused < 2; focused++) {
-        list("FirstLang", focused, -1, Means::kQuit);
+        list(ScreenNames::kFirstLanguage, focused, -1, Means::kQuit);
         EXPECT_EQ(Keys{HostKey::kDown}, pressed());
     }
-    list("FirstLang", 2, -1, Means::kQuit);
+    list(ScreenNames::kFirstLanguage, 2, -1, Means::kQuit);
     EXPECT_EQ(Keys{}, pressed());
-    list("FirstLang", 0, -1, Means::kQuit);  // the user goes up again
+    list(ScreenNames::kFirstLanguage, 0, -1, Means::kQuit);  // the user goes up again
     EXPECT_EQ(Keys{}, pressed());
 }
 
@@ -119,6 +121,6 @@ TEST_F(KeyWalkTest, aLaterStartHasNoFirstLanguage) {
     walk.toFirstLanguage(2);
     show("Splash", kNoKey, kNoKey, kNoKey);
     EXPECT_EQ(Keys{}, pressed());
-    list("FirstLang", 0, -1, Means::kQuit);
+    list(ScreenNames::kFirstLanguage, 0, -1, Means::kQuit);
     EXPECT_EQ(Keys{}, pressed());
 }

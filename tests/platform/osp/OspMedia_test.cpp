@@ -527,13 +527,15 @@ TEST_F(AudioInTest, aTakeThatIsCutShortTellsAtItsEndHowMuchIsKept) {
     host.mapHome(folders);
     Osp::Io::File file;
     ASSERT_EQ(E_SUCCESS, file.Construct("/Home/take.wav", "wb+"));
-    ASSERT_EQ(E_SUCCESS, file.Write(std::string(44, '\0').data(), 44));
+    ASSERT_EQ(E_SUCCESS,
+              file.Write(std::string(TestSounds::kHeaderBytes, '\0').data(), WavHeader::kBytes));
     AudioIn in;
     start(in);
     int32_t buffers = 0;
     ear.onFilled = [&] {
         buffers++;
-        const FullDisk disk(44 + 2 * 3300);  // 206 ms: in the middle of the third buffer
+        const FullDisk disk(TestSounds::kHeaderBytes +
+                            2 * 3300);  // 206 ms: in the middle of the third buffer
         const std::string sound(3200, 's');
         EXPECT_EQ(buffers < 3, file.Write(sound.data(), 3200) == E_SUCCESS);
         in.AddBuffer(ear.buffers.back());
@@ -764,7 +766,7 @@ TEST_F(PlayerTest, everyOtherKindOfFileIsRefused) {
     }
     EXPECT_NE(E_SUCCESS, open(plain.substr(0, 43)));
     EXPECT_NE(E_SUCCESS, open(""));
-    EXPECT_EQ(E_SUCCESS, open(plain.substr(0, 44)));
+    EXPECT_EQ(E_SUCCESS, open(plain.substr(0, TestSounds::kHeaderBytes)));
 }
 
 TEST_F(PlayerTest, theSizeInTheRiffHeaderIsNotLookedAt) {

@@ -237,7 +237,8 @@ protected:
 
     bool isCleanedUp() const {
         const std::string take = sound("MrmLastRec.wav");
-        return take.size() > 44 && take.substr(24, 4) == TestSounds::little(8000, 4);
+        return take.size() > TestSounds::kHeaderBytes &&
+               take.substr(24, 4) == TestSounds::little(8000, 4);
     }
 
     TestFolders folders;
@@ -391,7 +392,8 @@ TEST_F(RealLossSilence, aServerThatAppearsDuringARecordingIsHeard) {
 TEST_F(RealLossProgram, aTakeIsKeptWhenTheServerGoesAwayWhileItIsRecorded) {
     const Program program(command({}));
     ASSERT_TRUE(keyUntil("Return", [] { return OwnServer::isInUse("source-outputs"); }));
-    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 24000; }));
+    ASSERT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() >= TestSounds::kHeaderBytes + 24000; }));
     server->goAway();
     EXPECT_TRUE(until([this] { return isCleanedUp(); }));  // no key was pressed
     EXPECT_EQ("murmelo: the microphone is gone; what it heard until now is kept\n",
@@ -401,7 +403,8 @@ TEST_F(RealLossProgram, aTakeIsKeptWhenTheServerGoesAwayWhileItIsRecorded) {
 TEST_F(RealLossProgram, aMicrophoneThatGoesAndComesBackBetweenRecordingsIsTold) {
     const Program program(command({"--microphone", OwnServer::kMicrophone}));
     ASSERT_TRUE(keyUntil("Return", [] { return OwnServer::isInUse("source-outputs"); }));
-    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 24000; }));
+    ASSERT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() >= TestSounds::kHeaderBytes + 24000; }));
     key("Return");
     ASSERT_TRUE(until([this] { return isCleanedUp(); }));
     const std::string gone = "murmelo: “OneEar” is gone.\n";

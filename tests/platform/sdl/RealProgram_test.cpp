@@ -131,11 +131,13 @@ protected:
     /// Presses the keys from the menu to a recording, and waits until it has heard something.
     bool record() {
         keyOn("Return");
-        if (!until([this] { return sound("MrmLastRec.wav") == std::string(44, '\0'); })) {
+        if (!until([this] {
+                return sound("MrmLastRec.wav") == std::string(TestSounds::kHeaderBytes, '\0');
+            })) {
             return false;
         }
         keyOn("Return");
-        return until([this] { return sound("MrmLastRec.wav").size() > 44; });
+        return until([this] { return sound("MrmLastRec.wav").size() > TestSounds::kHeaderBytes; });
     }
 
     /// @param x, y  in the window
@@ -360,7 +362,8 @@ TEST_F(RealProgram, aSecondOneInTheSameHomeRaisesTheFirstAndHandsItsFileOver) {
     Program second(words);
     EXPECT_EQ(0, second.waitForEnd());
     EXPECT_TRUE(until([this] { return screen.pixel(kLeft + 240, kTop + 400) != kCover; }));
-    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").size() == 44 + 2 * 8000; }));
+    EXPECT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() == TestSounds::kHeaderBytes + 2 * 8000; }));
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
 }
@@ -377,7 +380,8 @@ TEST_F(RealProgram, aSecondOneHandsTheWishForTheLastTakeOver) {
     Program second(words);
     setenv("XDG_STATE_HOME", before.c_str(), 1);
     EXPECT_EQ(0, second.waitForEnd());
-    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").size() == 44 + 2 * 8000; }));
+    EXPECT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() == TestSounds::kHeaderBytes + 2 * 8000; }));
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
 }
@@ -404,7 +408,7 @@ TEST_F(RealProgram, ofTwoStartedAtTheSameTimeOneHandsItsFileToTheOther) {
         return status != -1;
     }));
     EXPECT_EQ(0, status);
-    const size_t expected = 44 + 2 * (isOneLeft ? 16000 : 8000);
+    const size_t expected = TestSounds::kHeaderBytes + 2 * (isOneLeft ? 16000 : 8000);
     EXPECT_TRUE(until([&] { return sound("MrmLastRec.wav").size() == expected; }));
     const Program& left = isOneLeft ? one : two;
     left.send(SIGTERM);
@@ -426,7 +430,8 @@ TEST_F(RealProgram, aStartWhileTheFirstOneEndsBeginsWithItsFile) {
     Program second(words);
     EXPECT_EQ(0, first.waitForEnd());
     SoundServer::send(SIGCONT);
-    EXPECT_TRUE(until([&] { return sound("MrmLastRec.wav").size() == 44 + 2 * 16000; }));
+    EXPECT_TRUE(until(
+        [&] { return sound("MrmLastRec.wav").size() == TestSounds::kHeaderBytes + 2 * 16000; }));
     second.send(SIGTERM);
     EXPECT_EQ(0, second.waitForEnd());
 }
@@ -504,7 +509,8 @@ TEST_F(RealProgram, oneKeyRecordsAndStopsAndAnotherPlays) {
     EXPECT_TRUE(shows("Elige un efecto"));
     key("r");  // over the menu, and by the key that begins
     ASSERT_TRUE(shows("Grabando"));
-    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 3200; }));
+    ASSERT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() >= TestSounds::kHeaderBytes + 3200; }));
     key("r");
     EXPECT_TRUE(shows("Elige un efecto"));
     key("s");
@@ -709,14 +715,17 @@ TEST_F(RealProgram, aJourneyByKeyboardRecordsChangesAndPlaysAVoice) {
                       folders.path("heard.raw"));
     ASSERT_TRUE(record());
     // "Stop" was offered before the second buffer.
-    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 2 * 24000; }));
+    ASSERT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() >= TestSounds::kHeaderBytes + 2 * 24000; }));
     key("Return");
     ASSERT_TRUE(until([this] {
         const std::string take = sound("MrmLastRec.wav");  // empty while another takes its place
-        return take.size() > 44 && take.substr(24, 4) == TestSounds::little(8000, 4);
+        return take.size() > TestSounds::kHeaderBytes &&
+               take.substr(24, 4) == TestSounds::little(8000, 4);
     }));
     key("Right");  // the robot, where the effect is chosen already
-    ASSERT_TRUE(keyUntil("Return", [this] { return sound("MrmLastProc.wav").size() > 44; }));
+    ASSERT_TRUE(keyUntil(
+        "Return", [this] { return sound("MrmLastProc.wav").size() > TestSounds::kHeaderBytes; }));
     const auto isSound = [](char byte) { return byte != 0; };
     EXPECT_TRUE(until([&] {
         const std::string heard = folders.read("heard.raw");
@@ -736,7 +745,8 @@ TEST_F(RealProgram, aDroppedFileIsTheTakeAndIsSavedByAKeyAndPictured) {
     ASSERT_TRUE(waitForMenu());
     ASSERT_TRUE(screen.drop(screen.windowOf("Murmelo"), folders.path("voice.wav")));
     // A second at 16 kHz, then cleaned up at 8 kHz.
-    ASSERT_TRUE(until([this] { return sound("MrmLastRec.wav").size() == 44 + 2 * 8000; }));
+    ASSERT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() == TestSounds::kHeaderBytes + 2 * 8000; }));
     const std::string saved = folders.path("home/Murmelo/rec_00000.wav") + "\n";
     EXPECT_TRUE(keyUntil("ctrl+s", [&] { return folders.read("said") == saved; }));
     EXPECT_EQ(sound("MrmLastProc.wav"), sound("rec_00000.wav"));
@@ -756,7 +766,8 @@ TEST_F(RealProgram, aFileOnTheCommandLineIsTheTake) {
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ("", sound("MrmLastRec.wav"));  // not before the opening is over
     // Two seconds at 16 kHz, then cleaned up at 8 kHz.
-    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").size() == 44 + 2 * 16000; }));
+    EXPECT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() == TestSounds::kHeaderBytes + 2 * 16000; }));
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
 }
@@ -798,7 +809,8 @@ TEST_F(RealProgram, withASoundServerThatNeverAnswersItGoesOnInSilence) {
     EXPECT_TRUE(says("Ready to record")) << title();
     key("Return");
     EXPECT_TRUE(says("Recording")) << title();
-    EXPECT_TRUE(until([this] { return sound("MrmLastRec.wav").size() >= 44 + 2 * 24000; }));
+    EXPECT_TRUE(until(
+        [this] { return sound("MrmLastRec.wav").size() >= TestSounds::kHeaderBytes + 2 * 24000; }));
     key("Return");
     EXPECT_TRUE(says("Choose an effect: No effect")) << title();
     key("Return");

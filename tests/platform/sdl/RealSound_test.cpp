@@ -144,7 +144,8 @@ protected:
         run(800);
         ear.send(SIGKILL);  // it has written all that it heard
         ear.waitForEnd();
-        return TestSounds::samplesOf(std::string(44, '\0') + folders.read("heard.raw"));
+        return TestSounds::samplesOf(std::string(TestSounds::kHeaderBytes, '\0') +
+                                     folders.read("heard.raw"));
     }
 
     size_t heardBytes() const {
@@ -183,7 +184,8 @@ TEST_F(RealSound, twentySecondsOfSpeechLoseAndDoubleNothing) {
     EXPECT_GT(kHeldUpMs, host->uptimeMs() - stopMs);
     const std::string file = folders.read("home/take.wav");
     const Samples take = TestSounds::samplesOf(file);
-    EXPECT_EQ(TestSounds::header(static_cast<uint32_t>(take.size()), 16000), file.substr(0, 44));
+    EXPECT_EQ(TestSounds::header(static_cast<uint32_t>(take.size()), 16000),
+              file.substr(0, TestSounds::kHeaderBytes));
     const int64_t begin = beginningIn(take, voice);
     const double worst = worstSecond(take, begin, voice, 16000);
     std::cout << "recording: worst second correlates to " << worst << "\n";
@@ -280,7 +282,7 @@ TEST_F(RealSound, aStalledServerHoldsNeitherStopNorWindowNorEndUp) {
     EXPECT_GT(kHeldUpMs, host->uptimeMs() - stopMs);
     EXPECT_LE(length, AudioDev::recordLength);
     EXPECT_EQ(TestSounds::header(static_cast<uint32_t>(AudioDev::recordLength / 2), 16000),
-              folders.read("home/take.wav").substr(0, 44));
+              folders.read("home/take.wav").substr(0, TestSounds::kHeaderBytes));
     run(200);
     SoundServer::send(SIGCONT);
     EXPECT_FALSE(host->isStuck());
@@ -307,7 +309,7 @@ TEST_F(RealSound, theServersDeathEndsAClipByTheClockAndKeepsATake) {
     const int64_t stopMs = host->uptimeMs();
     EXPECT_TRUE(AudioDev::stopRec());
     EXPECT_GT(kHeldUpMs, host->uptimeMs() - stopMs);
-    EXPECT_LE(44U + 24000U, folders.read("home/take.wav").size());
+    EXPECT_LE(TestSounds::kHeaderBytes + 24000, folders.read("home/take.wav").size());
     // There is no speaker any more: playing is refused, or ends without a sound.
     if (AudioDev::startPlay(&clipPath, &endEvent)) {
         EXPECT_TRUE(runUntil(ended, kPatienceMs));

@@ -2,6 +2,7 @@
 // Files, exports and the last take of the window's program, with doors that only note the calls.
 #include "FullDisk.h"
 #include "QuietDoors.h"
+#include "ScreenNames.h"
 #include "SdlDoors.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -306,7 +307,7 @@ TEST_F(SdlDoorsTest, anOfferedSoundThatIsStillReadGivesWayToARecordingToo) {
 TEST_F(SdlDoorsTest, aFileThatComesBeforeTheMenuWaitsForIt) {
     const Samples voice = TestSounds::noise(160);
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
-    for (const char* screen : {"", "FirstLang", "Splash"}) {
+    for (const char* screen : {"", ScreenNames::kFirstLanguage, ScreenNames::kSplash}) {
         program.screen = screen;
         program.open = false;
         program.taken.clear();

@@ -384,7 +384,7 @@ TEST_F(SdlHostTest, whatADeviceHeardIsKeptAsTheLastTake) {
     host->microphone()->stop();
     host->microphone()->release();
     ASSERT_FALSE(host->isStuck());  // the disk has it
-    EXPECT_LE(44U + 3200, folders.read("state/last-take.wav").size());
+    EXPECT_LE(TestSounds::kHeaderBytes + 3200, folders.read("state/last-take.wav").size());
 }
 
 TEST_F(SdlHostTest, aTakeWithoutACopyIsToldAndComesBack) {
@@ -411,7 +411,7 @@ TEST_F(SdlHostTest, aTakeWithoutACopyIsToldAndComesBack) {
     folders.remove("state");
     host->setDoors(nullptr);
     ASSERT_FALSE(host->isStuck());  // the disk has it
-    EXPECT_LE(44U + 3200, folders.read("state/last-take.wav").size());
+    EXPECT_LE(TestSounds::kHeaderBytes + 3200, folders.read("state/last-take.wav").size());
 }
 
 TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {

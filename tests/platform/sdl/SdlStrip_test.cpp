@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window's strip: which keys it takes, which messages it shows, and what they offer.
 #include "QuietDoors.h"
+#include "ScreenNames.h"
 #include "SdlStrip.h"
 #include "TestFolders.h"
 #include "TestHost.h"
@@ -118,7 +119,7 @@ TEST_F(SdlStripTest, whatIsToldBeforeTheLanguageIsKnownWaitsForIt) {
     strip.tell(HostMessage{"soundsNotKept", {"/tank"}});
     strip.tell(HostMessage{"settingsUnreadable", {}});
     EXPECT_EQ("", line());
-    doors.screen = "FirstLang";
+    doors.screen = ScreenNames::kFirstLanguage;
     start();
     EXPECT_EQ("", line()) << "the user may want another one";
     doors.screen = "Splash";
@@ -131,7 +132,7 @@ TEST_F(SdlStripTest, whatIsToldBeforeTheLanguageIsKnownWaitsForIt) {
 }
 
 TEST_F(SdlStripTest, onceTheLanguageIsKnownNothingWaits) {
-    doors.screen = "FirstLang";
+    doors.screen = ScreenNames::kFirstLanguage;
     doors.language = "es";
     start();
     strip.tell(HostMessage{"nothingToSave", {}});

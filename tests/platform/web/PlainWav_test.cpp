@@ -90,7 +90,9 @@ TEST(PlainWav, saysIfThereIsMoreThanATakeHolds) {
         EXPECT_EQ(isLonger, isCut);
         isCut = !isLonger;
         // The beginning of the file, with all that a take holds.
-        EXPECT_EQ(320000U, PlainWav::readBeginning(file.data(), 44 + 640000, &isCut).size());
+        EXPECT_EQ(
+            320000U,
+            PlainWav::readBeginning(file.data(), TestSounds::kHeaderBytes + 640000, &isCut).size());
         EXPECT_EQ(isLonger, isCut);
     }
 }
@@ -156,7 +158,8 @@ TEST(PlainWav, twentySecondsAreRead) {
 TEST(PlainWav, aFileThatIsCutShortCountsAsFarAsItGoes) {
     const Samples samples = TestSounds::noise(100);
     const std::vector<uint8_t> file = PlainWav::toFile(samples.data(), 100, 16000);
-    EXPECT_EQ(TestSounds::part(samples, 0, 50), PlainWav::read(file.data(), 44 + 101));
+    EXPECT_EQ(TestSounds::part(samples, 0, 50),
+              PlainWav::read(file.data(), TestSounds::kHeaderBytes + 101));
     for (size_t bytes = 0; bytes < 46; bytes++) {
         EXPECT_TRUE(PlainWav::read(file.data(), bytes).empty()) << bytes;
     }
@@ -165,7 +168,7 @@ TEST(PlainWav, aFileThatIsCutShortCountsAsFarAsItGoes) {
 TEST(PlainWav, theBeginningOfAFileIsEnoughIfTwentySecondsAreInIt) {
     const std::string wav = TestSounds::wav(TestSounds::noise(400000), 16000);
     const auto* bytes = reinterpret_cast<const uint8_t*>(wav.data());
-    constexpr size_t kTakeBytes = 44 + 640000;
+    constexpr size_t kTakeBytes = TestSounds::kHeaderBytes + 640000;
     EXPECT_EQ(PlainWav::read(bytes, wav.size()), PlainWav::readBeginning(bytes, kTakeBytes));
     EXPECT_EQ(Samples(), PlainWav::readBeginning(bytes, kTakeBytes - 2));
     EXPECT_EQ(319999U, PlainWav::read(bytes, kTakeBytes - 2).size()) << "a whole file, cut short";

@@ -2,6 +2,7 @@
 // Turns, pictures, touches, keys and clips of the program in a page.
 #include "ScreenNames.h"
 #include "ScreenTable.h"
+#include "TestSounds.h"
 #include "WebHostTest.h"
 
 #include <cstring>
@@ -108,7 +109,7 @@ TEST_F(WebHostTest, aPageThatCannotSetTheVolumeGetsSofterSamples) {
     pass(100);
     const std::string file = folders.read("home/Murmelo/MrmLastProc.wav");
     ASSERT_EQ(file.size(), page.clip.size());
-    for (size_t at = 44; at < file.size(); at += 2) {
+    for (size_t at = TestSounds::kHeaderBytes; at < file.size(); at += 2) {
         int16_t full = 0;
         int16_t softer = 0;
         std::memcpy(&full, file.data() + at, 2);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The page's sounds have their names and lines, and unusable files are refused.
+#include "WavHeader.h"
 #include "WebSounds.h"
 
 #include <gtest/gtest.h>
@@ -20,18 +21,19 @@ TEST(WebSounds, leaveThePageUnderANameWithTheirEffect) {
 
 TEST(WebSounds, areListedWithEffectAndLengthInTheProgramsLanguage) {
     EXPECT_EQ("name.wav (Robot, 1.5 s)",
-              WebSounds::line(kPath, "name.wav", "Robot", 44 + 24000, "en"));
+              WebSounds::line(kPath, "name.wav", "Robot", WavHeader::kBytes + 24000, "en"));
     EXPECT_EQ("name.wav (Roboter, 1,5 s)",
-              WebSounds::line(kPath, "name.wav", "Roboter", 44 + 24000, "de"));
-    EXPECT_EQ("name.wav (0.0 s)", WebSounds::line(kPath, "name.wav", "", 44, "en"));
-    EXPECT_EQ("name.wav (20.0 s)", WebSounds::line(kPath, "name.wav", "", 44 + 319999, "en"));
+              WebSounds::line(kPath, "name.wav", "Roboter", WavHeader::kBytes + 24000, "de"));
+    EXPECT_EQ("name.wav (0.0 s)", WebSounds::line(kPath, "name.wav", "", WavHeader::kBytes, "en"));
+    EXPECT_EQ("name.wav (20.0 s)",
+              WebSounds::line(kPath, "name.wav", "", WavHeader::kBytes + 319999, "en"));
 }
 
 TEST(WebSounds, listTheTakeByItsWordAndItsTwoBytesAtSixteenKilohertz) {
-    EXPECT_EQ("Last recording (1.5 s)",
-              WebSounds::line(WebSounds::kTakePath, "name.wav", "Robot", 44 + 48000, "en"));
-    EXPECT_EQ("Letzte Aufnahme (20,0 s)",
-              WebSounds::line(WebSounds::kTakePath, "name.wav", "", 44 + 640000, "de"));
+    EXPECT_EQ("Last recording (1.5 s)", WebSounds::line(WebSounds::kTakePath, "name.wav", "Robot",
+                                                        WavHeader::kBytes + 48000, "en"));
+    EXPECT_EQ("Letzte Aufnahme (20,0 s)", WebSounds::line(WebSounds::kTakePath, "name.wav", "",
+                                                          WavHeader::kBytes + 640000, "de"));
 }
 
 TEST(WebSounds, refuseWhatWouldNotFitIntoTheMemoryOfAPhone) {

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The properties of the sound in a WAV file, and the 44-byte header that holds them.
+// The properties of the sound in a WAV file, and the header that holds them.
 #pragma once
 
 #include "ClassLife.h"
+#include "WavHeader.h"
 
 #include <cstdint>
 
 class WavProps : public ClassLife {
 public:
-    static constexpr int32_t kHeaderBytes = 44;
+    static constexpr int32_t kHeaderBytes = WavHeader::kBytes;
     static constexpr int32_t kLongestSoundSeconds = 60;
 
     /// 16-bit mono at 16000 Hz, as the microphone delivers it; the sample count is unknown (-1).

@@ -71,7 +71,7 @@ TEST(WavProps, copyWithLengthAndRateWorksTheByteRateOut) {
 
 TEST(WavProps, headerOfOneSampleSays38And2) {
     const Bytes header = headerOf(WavProps(1, 8000));
-    ASSERT_EQ(44U, header.size());
+    ASSERT_EQ(static_cast<size_t>(WavProps::kHeaderBytes), header.size());
     EXPECT_EQ(38U, at(header, 4, 4));
     EXPECT_EQ(2U, at(header, 40, 4));
 }

@@ -9,6 +9,7 @@
 #include "SoundHost.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
+#include "WavHeader.h"
 
 #include <gtest/gtest.h>
 
@@ -107,7 +108,7 @@ TEST_F(AudioDevTest, preparingLeavesAFileOfFortyFourZeros) {
     folders.write("home/take.wav", "an older and much longer take of another day, all of it");
     EXPECT_TRUE(AudioDev::initRec(&takePath));
     EXPECT_EQ(2, AudioDev::state);
-    EXPECT_EQ(44, length(AudioDev::recordFileHeader));
+    EXPECT_EQ(WavHeader::kBytes, length(AudioDev::recordFileHeader));
     EXPECT_EQ(24000, AudioDev::__pByteBuffer1->GetCapacity());
     EXPECT_EQ(24000, AudioDev::__pByteBuffer3->GetCapacity());
     EXPECT_EQ(std::string(TestSounds::kHeaderBytes, '\0'), take());

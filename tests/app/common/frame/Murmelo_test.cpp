@@ -11,6 +11,7 @@
 #include "ScreensTest.h"
 #include "State.h"
 #include "TestSounds.h"
+#include "WavHeader.h"
 
 using Osp::Base::String;
 
@@ -58,7 +59,7 @@ protected:
 }  // namespace
 
 TEST_F(MurmeloTest, hasItsBuffersAndTheFirstRunsColour) {
-    EXPECT_EQ(44, length(Murmelo::TempHdrBuf));
+    EXPECT_EQ(WavHeader::kBytes, length(Murmelo::TempHdrBuf));
     EXPECT_EQ(20480, length(Murmelo::TempSmpBuf));
     EXPECT_TRUE(Murmelo::msg->IsEmpty());
     EXPECT_EQ(0xFF202020U, Murmelo::pBkgColor->GetRGB32());

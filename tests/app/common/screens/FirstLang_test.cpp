@@ -115,7 +115,7 @@ TEST_F(FirstLangTest, everythingElseChangesNothing) {
     key(OrmCanvas::kKeyLeft);
     key(OrmCanvas::kKeyRight);
     key(OrmCanvas::kKeyLeftSoft);
-    key(-9);
+    key(kKeyWithoutMeaning);
     touch(kLeft);
     touch(120, 2);
     deliver(Orm::EV_T_UPDATE);

@@ -284,7 +284,7 @@ TEST_F(PlayTest, everythingElseChangesNothing) {
     const Pixels before = picture();
     key(OrmCanvas::kKeyUp);
     key(OrmCanvas::kKeyDown);
-    key(-9);
+    key(kKeyWithoutMeaning);
     deliver(Orm::EV_T_UPDATE);
     deliver(Orm::EV_T_SYS_PAUSE);
     deliver(Orm::EV_T_SYS_RESUME);

@@ -27,6 +27,9 @@ protected:
     using Names = std::vector<std::string>;
     using Pixels = std::vector<uint32_t>;
 
+    /// The last of the phone's action keys; no screen uses it.
+    static constexpr int32_t kKeyWithoutMeaning = -9;
+
     enum SoftKey { kLeft, kMiddle, kRight };
 
     ScreensTest();
