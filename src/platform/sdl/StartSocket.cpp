@@ -71,6 +71,12 @@ bool readAll(int socket, std::string& text) {
     }
 }
 
+/// True for nothing, the last take, and a full path.
+bool isAllowed(const std::string& file) {
+    return file.empty() || file == StartSocket::kLastTake ||
+           (file[0] == '/' && file.find('\0') == std::string::npos);
+}
+
 bool writeAll(int socket, const std::string& text) {
     size_t written = 0;
     while (written < text.size()) {
@@ -168,8 +174,7 @@ void StartSocket::listen() {
 void StartSocket::serve(int client) {
     limitWaiting(client);
     std::string file;
-    if (!isOfThisUser(client) || !readAll(client, file) ||
-        (!file.empty() && file[0] != '/' && file != kLastTake)) {
+    if (!isOfThisUser(client) || !readAll(client, file) || !isAllowed(file)) {
         return;
     }
     if (onStart(file)) {

@@ -158,7 +158,8 @@ TEST_F(StartSocketTest, aSocketThatWasLeftOverIsReplacedAndTakenAwayAtTheEnd) {
 TEST_F(StartSocketTest, whatIsNoPathIsNotTaken) {
     first.open("/home");
     const std::string path = StartSocket::pathFor("/home");
-    for (const std::string& words : {std::string("voice.wav"), std::string(5000, '/')}) {
+    for (const std::string& words :
+         {std::string("voice.wav"), std::string(5000, '/'), std::string("/tmp/voice.wav\0x", 16)}) {
         const int client = socket(AF_UNIX, SOCK_STREAM, 0);
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
