@@ -2,6 +2,7 @@
 // Sound devices are lost while they are in use: the server ends, or the device is removed. Each
 // case has a sound server of its own.
 #include "ClipEnds.h"
+#include "KeyUntil.h"
 #include "Program.h"
 #include "QuietListener.h"
 #include "SdlHost.h"
@@ -217,21 +218,10 @@ protected:
         return sound(name);
     }
 
-    /// Presses the key until it has an effect, each time only when the screen does not change:
-    /// while the screen still reacts to the key before, another one would be too many.
+    /// Presses the key until it has an effect.
     bool keyUntil(const std::string& name, const std::function<bool()>& happened) {
         until([this] { return screen.windowOf("Murmelo") != 0; });
-        for (int32_t presses = 0; presses < 10 && !happened(); presses++) {
-            std::string last = picture();
-            for (int32_t same = 1; same < 4 && !happened();) {
-                const std::string next = picture();
-                same = next == last ? same + 1 : 1;
-                last = next;
-            }
-            if (!happened()) {
-                key(name);
-            }
-        }
+        pressUntil([this] { return picture(); }, [&] { key(name); }, happened);
         return until(happened);
     }
 
@@ -374,14 +364,14 @@ TEST_F(RealLossSilence, aServerThatAppearsDuringARecordingIsHeard) {
     EXPECT_TRUE(runUntil([&] { return ear.calls >= 10; }));
     const OwnServer server(folders);
     OwnServer::name(folders);
-    std::string said;
+    std::string output;
     EXPECT_TRUE(runUntil([&] {
-        said += testing::internal::GetCapturedStderr();
+        output += testing::internal::GetCapturedStderr();
         testing::internal::CaptureStderr();
-        return said.find("The microphone can be heard now.") != std::string::npos;
+        return output.find("The microphone can be heard now.") != std::string::npos;
     }));
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(0U, said.find("murmelo: No sound comes from the microphone: ")) << said;
+    EXPECT_EQ(0U, output.find("murmelo: No sound comes from the microphone: ")) << output;
     const int32_t calls = ear.calls;
     EXPECT_TRUE(runUntil([&] { return ear.calls >= calls + 10; }));
     host->microphone()->stop();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program on a real X server and a real sound server: how soon its picture appears, how much
 // processor time it needs while idle, how it ends, and a whole journey by keyboard.
+#include "KeyUntil.h"
 #include "Program.h"
 #include "SdlAudio.h"
 #include "SoundServer.h"
@@ -111,20 +112,9 @@ protected:
         EXPECT_TRUE(leadsOn([&] { key(name); })) << name;
     }
 
-    /// Presses the key until it has an effect, each time only when the screen does not change:
-    /// while the screen still reacts to the key before, another one would be too many.
+    /// Presses the key until it has an effect.
     bool keyUntil(const std::string& name, const std::function<bool()>& happened) {
-        for (int32_t presses = 0; presses < 10 && !happened(); presses++) {
-            std::vector<uint32_t> last = picture();
-            for (int32_t same = 1; same < 4 && !happened();) {
-                std::vector<uint32_t> next = picture();
-                same = next == last ? same + 1 : 1;
-                last = std::move(next);
-            }
-            if (!happened()) {
-                key(name);
-            }
-        }
+        pressUntil([this] { return picture(); }, [&] { key(name); }, happened);
         return until(happened);
     }
 
@@ -206,11 +196,11 @@ TEST_F(RealProgram, aStillScreenSleeps) {
     const int64_t sleeps = program.sleeps();
     pass(seconds * 1000);
     const int64_t usedTicks = program.processorTicks() - ticks;
-    const int64_t rousings = program.sleeps() - sleeps;
-    std::cout << "in " << seconds << " s: " << usedTicks * 10 << " ms of processor time, roused "
-              << rousings << " times\n";
+    const int64_t wakeUps = program.sleeps() - sleeps;
+    std::cout << "in " << seconds << " s: " << usedTicks * 10 << " ms of processor time, woken "
+              << wakeUps << " times\n";
     EXPECT_EQ(0, usedTicks);
-    EXPECT_GE(seconds, rousings);
+    EXPECT_GE(seconds, wakeUps);
 }
 
 TEST_F(RealProgram, aStillScreenWithItsStripSleepsWithoutAnEnd) {
@@ -741,18 +731,19 @@ TEST_F(RealProgram, aJourneyByKeyboardRecordsChangesAndPlaysAVoice) {
 TEST_F(RealProgram, aDroppedFileIsTheTakeAndIsSavedByAKeyAndPictured) {
     folders.write("config/settings", "lang=0\n");
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(16000), 16000));
-    Program program(command(), folders.path("said"));
+    Program program(command(), folders.path("output"));
     ASSERT_TRUE(waitForMenu());
     ASSERT_TRUE(screen.drop(screen.windowOf("Murmelo"), folders.path("voice.wav")));
     // A second at 16 kHz, then cleaned up at 8 kHz.
     ASSERT_TRUE(until(
         [this] { return sound("MrmLastRec.wav").size() == TestSounds::kHeaderBytes + 2 * 8000; }));
     const std::string saved = folders.path("home/Murmelo/rec_00000.wav") + "\n";
-    EXPECT_TRUE(keyUntil("ctrl+s", [&] { return folders.read("said") == saved; }));
+    EXPECT_TRUE(keyUntil("ctrl+s", [&] { return folders.read("output") == saved; }));
     EXPECT_EQ(sound("MrmLastProc.wav"), sound("rec_00000.wav"));
     key("F12");
     EXPECT_TRUE(until([&] {
-        return folders.read("said") == saved + folders.path("home/Murmelo/screen_00000.png") + "\n";
+        return folders.read("output") ==
+               saved + folders.path("home/Murmelo/screen_00000.png") + "\n";
     }));
     EXPECT_EQ("\x89PNG", sound("screen_00000.png").substr(0, 4));
     program.send(SIGTERM);

@@ -26,7 +26,7 @@ TEST_F(WebHostTest, standsStillWhileTheUserIsAsked) {
 TEST_F(WebHostTest, aRefusalLeadsBackToTheMenu) {
     toMenu();
     ask();
-    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    refuse();
     settle();
     EXPECT_EQ("Options", screen());
     EXPECT_EQ((Notes{"ask", "release"}), page.takeNotes());
@@ -54,7 +54,7 @@ TEST_F(WebHostTest, aRefusalForgetsWhatWasPressedMeanwhile) {
     host->key(HostKey::kMiddle);
     host->touch(HostListener::Touch::kPress, false, 1, 440, 780, 5000);
     host->touch(HostListener::Touch::kRelease, false, 1, 440, 780, 5000);
-    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    refuse();
     settle();
     EXPECT_EQ("Options", screen());
 }

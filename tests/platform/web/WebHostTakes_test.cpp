@@ -9,7 +9,7 @@ TEST_F(WebHostTest, aRefusalBringsTheEarlierTakeBackBitForBit) {
     key(HostKey::kLeftSoft);
     ask();
     EXPECT_NE(cleaned, folders.read("home/Murmelo/MrmLastRec.wav")) << "the take is deleted";
-    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    refuse();
     pass(100);
     EXPECT_EQ("Play", screen());
     EXPECT_EQ(cleaned, folders.read("home/Murmelo/MrmLastRec.wav"));
@@ -27,9 +27,7 @@ TEST_F(WebHostTest, aTakeThatEndedSomeFramesLateComesBackBitForBit) {
     ASSERT_EQ("Play", screen());
     ASSERT_GT(page.keptTake.size(), 320000U) << "longer than what an opened sound is cut to";
     const std::string cleaned = folders.read("home/Murmelo/MrmLastRec.wav");
-    key(HostKey::kLeftSoft);
-    ask();
-    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    refuseAnother();
     pass(100);
     EXPECT_EQ("Play", screen());
     EXPECT_TRUE(cleaned == folders.read("home/Murmelo/MrmLastRec.wav"));
@@ -218,9 +216,7 @@ TEST_F(WebHostTest, aTakeThatIsDeletedIsToldWithTheWayBack) {
 TEST_F(WebHostTest, aTakeThatComesBackByItselfIsNotToldAsDeleted) {
     toMenu();
     record();
-    key(HostKey::kLeftSoft);
-    ask();
-    host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0);
+    refuseAnother();
     page.realStepMs = 9;  // each turn ends after one step
     while (screen() != "Play") {
         host->turn();

@@ -108,6 +108,15 @@ protected:
         settle();
     }
 
+    void refuse() { host->microphoneAnswered(page.askedTicket, "NotAllowedError", 0); }
+
+    /// From the choice of the effect to the question about the microphone, and its refusal.
+    void refuseAnother() {
+        key(HostKey::kLeftSoft);
+        ask();
+        refuse();
+    }
+
     /// From the menu into a recording that offers "Stop".
     void beginRecording() {
         ask();
