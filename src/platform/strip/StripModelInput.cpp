@@ -52,7 +52,7 @@ StripWish StripModel::chosen(const StripButton& button) {
     const bool closesOwn =
         (openSheet == Sheet::kHelp && button.wish.kind == Kind::kHelp) ||
         (openSheet == Sheet::kMicrophones && button.wish.kind == Kind::kMicrophones);
-    const StripWish wish = closesOwn ? StripWish::of(Kind::kClose) : button.wish;
+    StripWish wish = closesOwn ? StripWish::of(Kind::kClose) : button.wish;
     if (button.part == Part::kMessage) {
         messages.close();
     }
