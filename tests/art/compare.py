@@ -18,16 +18,16 @@ def same(a, b):
 
 def main():
     made, committed = sys.argv[1:]
-    complaints = ["%s is not made by any source" % n for n in sorted(pictures(committed) - pictures(made))]
+    problems = ["%s is not made by any source" % n for n in sorted(pictures(committed) - pictures(made))]
     for name in sorted(pictures(made)):
         path = os.path.join(committed, name)
         if not os.path.exists(path):
-            complaints.append(name + " is not committed")
+            problems.append(name + " is not committed")
         elif not same(os.path.join(made, name), path):
-            complaints.append(name + " no longer matches its source: run art/render.sh")
-    for complaint in complaints:
-        print("compare: " + complaint, file=sys.stderr)
-    return 1 if complaints else 0
+            problems.append(name + " no longer matches its source: run art/render.sh")
+    for problem in problems:
+        print("compare: " + problem, file=sys.stderr)
+    return 1 if problems else 0
 
 
 if __name__ == "__main__":

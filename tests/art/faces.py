@@ -32,21 +32,21 @@ def only_face(element):
 
 
 def main():
-    complaints = []
+    problems = []
     for name, (x, y, width, height) in render.CHARACTERS.items():
         root = copy.deepcopy(ET.fromstring(render.source("characters/%s.svg" % name)))
         if not only_face(root):
-            complaints.append("%s.svg has no group with the id \"face\"" % name)
+            problems.append("%s.svg has no group with the id \"face\"" % name)
             continue
         face = render.rasterise(ET.tostring(root), width, height).getchannel("A").point(lambda a: 255 * (a > 64))
         box = face.getbbox()
         if not box or y + box[1] < FIRST_ROW or y + box[3] - 1 > LAST_ROW:
-            complaints.append("%s: the face takes rows %d to %d" % (name, y + box[1], y + box[3] - 1))
+            problems.append("%s: the face takes rows %d to %d" % (name, y + box[1], y + box[3] - 1))
         elif "--show" in sys.argv:
             print("%s: rows %d to %d" % (name, y + box[1], y + box[3] - 1))
-    for complaint in complaints:
-        print("faces: " + complaint, file=sys.stderr)
-    return 1 if complaints else 0
+    for problem in problems:
+        print("faces: " + problem, file=sys.stderr)
+    return 1 if problems else 0
 
 
 if __name__ == "__main__":

@@ -30,12 +30,12 @@ MIN_CONTRAST = 4.5            # of text, by the usual accessibility rule
 
 ROUNDING = 1                  # of 255: blending a colour with itself may change it by this much
 
-complaints = []
+problems = []
 
 
 def check(condition, text):
     if not condition:
-        complaints.append(text)
+        problems.append(text)
 
 
 def header_of(path):
@@ -46,7 +46,7 @@ def header_of(path):
 def check_file(folder, name):
     path = os.path.join(folder, name + ".png")
     if not os.path.exists(path):
-        complaints.append(name + ".png is missing")
+        problems.append(name + ".png is missing")
         return
     width, height, depth, colour, _, _, interlace = header_of(path)
     check(colour in (2, 3, 6), "%s: colour type %d" % (name, colour))
@@ -191,7 +191,7 @@ def main():
     for name in EXPECTED:
         check_file(folder, name)
     check_strip(strip)
-    if not complaints:
+    if not problems:
         background, _ = load(folder, "background_0_0_240_320")
         check_cut_outs(folder, background)
         check_wheels(folder, background)
@@ -200,9 +200,9 @@ def main():
         check_text_places(folder, background)
         check(load(folder, "splash_top")[0].size == (240, 248), "splash_top: wrong size")
         check(load(folder, "splash_eu")[0].size == (240, 72), "splash_eu: wrong size")
-    for complaint in complaints:
-        print("rules: " + complaint, file=sys.stderr)
-    return 1 if complaints else 0
+    for problem in problems:
+        print("rules: " + problem, file=sys.stderr)
+    return 1 if problems else 0
 
 
 if __name__ == "__main__":

@@ -13,7 +13,7 @@ for path in (source / "tests").rglob("*.cpp"):
             cases.setdefault(key.removesuffix("Test"), set()).add(name)
 flows = {path.stem for path in (source / "tests/flows").glob("*.txt")}
 
-wrong = []
+errors = []
 rows = 0
 for line in (source / "docs/behaviour.md").read_text().splitlines():
     if not line.startswith("|") or line.startswith(("| oddity", "|---")):
@@ -22,13 +22,13 @@ for line in (source / "docs/behaviour.md").read_text().splitlines():
     for group in line.strip("| ").split(" | ")[-1].split(";"):
         suite, *names = [word.strip() for word in group.split(",")]
         if not names:
-            wrong.append(f"names no test: {line}")
+            errors.append(f"names no test: {line}")
         for part in suite.split("/"):
             if part.startswith("flow ") and part.removeprefix("flow ") not in flows:
-                wrong.append(f"there is no flow {part}")
+                errors.append(f"there is no flow {part}")
         suites = [word.strip().removesuffix("_test").removesuffix("Test") for word in suite.split(" and ")]
         for name in names:
             if not any(name in cases.get(one, ()) for one in suites):
-                wrong.append(f"there is no test {suite}, {name}")
-print("\n".join(wrong) if wrong else f"all tests of {rows} rows exist")
-sys.exit(1 if wrong or rows < 50 else 0)
+                errors.append(f"there is no test {suite}, {name}")
+print("\n".join(errors) if errors else f"all tests of {rows} rows exist")
+sys.exit(1 if errors or rows < 50 else 0)

@@ -188,7 +188,7 @@ class Folder:
 
 def main(build, source):
     reasons = listed(source + "/tests/docs/not-run.txt")
-    wrong, ran, unused = [], 0, set(reasons)
+    errors, ran, unused = [], 0, set(reasons)
     folder = Folder(build, source)
     for page, command in all_commands(source):
         key = (page, command.splitlines()[0])
@@ -196,14 +196,14 @@ def main(build, source):
             unused.discard(key)
             continue
         ran += 1
-        complaint = folder.run(page, command)
-        print("%s: %s: %s" % (page, key[1], complaint or "works"))
-        if complaint:
-            wrong.append(key)
+        problem = folder.run(page, command)
+        print("%s: %s: %s" % (page, key[1], problem or "works"))
+        if problem:
+            errors.append(key)
     for page, command in sorted(unused):
         print("%s: %s: is listed in not-run.txt, and not in the page" % (page, command))
-    print("%d commands run, %d not run, %d of them fail" % (ran, len(reasons) - len(unused), len(wrong)))
-    sys.exit(1 if wrong or unused or ran < 8 else 0)
+    print("%d commands run, %d not run, %d of them fail" % (ran, len(reasons) - len(unused), len(errors)))
+    sys.exit(1 if errors or unused or ran < 8 else 0)
 
 
 if __name__ == "__main__":

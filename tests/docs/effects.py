@@ -11,10 +11,10 @@ import subprocess
 import sys
 
 program, source = sys.argv[1], pathlib.Path(sys.argv[2])
-wrong = []
+errors = []
 
 
-def said(*arguments):
+def output(*arguments):
     done = subprocess.run([program, *arguments], capture_output=True, text=True, check=False)
     return done.stdout + done.stderr
 
@@ -29,7 +29,7 @@ def between(text, begin, end):
 
 def compare(place, wanted, found):
     if found != wanted:
-        wrong.append(f"{place} names {found} and not {wanted}")
+        errors.append(f"{place} names {found} and not {wanted}")
 
 
 def first_cells(table):
@@ -39,15 +39,15 @@ def first_cells(table):
 
 def meant_by(name):
     """The name in murmelo-fx of an effect of the application."""
-    hint = re.search(r'did you mean "(\w+)"', said(name.lower(), "no-such-input", "no-such-output.wav"))
+    hint = re.search(r'did you mean "(\w+)"', output(name.lower(), "no-such-input", "no-such-output.wav"))
     return hint.group(1) if hint else name.lower()
 
 
-words = [line.split()[0] for line in said("--list").splitlines()]
+words = [line.split()[0] for line in output("--list").splitlines()]
 if len(words) < 8:
     sys.exit(f"--list names too few effects: {words}")
 
-help_text = " ".join(said("--help").split())
+help_text = " ".join(output("--help").split())
 compare("--help", ", ".join(words), between(help_text, "EFFECT is one of: ", ";"))
 
 journeys = {path.stem.removeprefix("effect-"): path for path in (source / "tests/flows").glob("effect-*.txt")}
@@ -78,6 +78,6 @@ compare("the width of heads.png", len(words) * height, width)
 dictionary = re.findall(r'^"([a-z]+)\\x0a"$', read("fuzz/options.dict"), re.M)
 compare("fuzz/options.dict", words, dictionary)
 
-for line in wrong:
+for line in errors:
     print(line)
-sys.exit(1 if wrong else 0)
+sys.exit(1 if errors else 0)

@@ -59,7 +59,7 @@ def get(folder, name):
 def check(true, what):
     if not true:
         check.failed = True
-        print("wrong: " + what)
+        print("error: " + what)
 
 
 check.failed = False

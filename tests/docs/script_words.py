@@ -48,24 +48,24 @@ def of_the_monkey(listed):
 
 def compare(what, listed, found, may_repeat=False):
     """Prints each difference. Returns their number."""
-    wrong = [f"{what}: {name} is missing" for name in listed if name not in found]
-    wrong += [f"{what}: {name} is not in --list" for name in dict.fromkeys(found) if name not in listed]
+    errors = [f"{what}: {name} is missing" for name in listed if name not in found]
+    errors += [f"{what}: {name} is not in --list" for name in dict.fromkeys(found) if name not in listed]
     if not may_repeat:
-        wrong += [f"{what}: {name} stands there more than once" for name in listed if found.count(name) > 1]
-    print("\n".join(wrong) if wrong else f"{what}: {len(listed)} as listed")
-    return len(wrong)
+        errors += [f"{what}: {name} stands there more than once" for name in listed if found.count(name) > 1]
+    print("\n".join(errors) if errors else f"{what}: {len(listed)} as listed")
+    return len(errors)
 
 
 def main(program, source):
     listed = words.of(program)
-    wrong = compare("--list, once each", sorted(set(listed.choices())), listed.choices())
-    wrong += compare("--list, verbs", sorted(set(listed.verbs())), listed.verbs())
-    wrong += compare("src, screens", listed.screens, classes_of_screens(source))
-    wrong += compare("src, operations", listed.operations, asked_for(source), may_repeat=True)
-    wrong += compare("the monkey, commands", listed.verbs(), of_the_monkey(listed))
+    errors = compare("--list, once each", sorted(set(listed.choices())), listed.choices())
+    errors += compare("--list, verbs", sorted(set(listed.verbs())), listed.verbs())
+    errors += compare("src, screens", listed.screens, classes_of_screens(source))
+    errors += compare("src, operations", listed.operations, asked_for(source), may_repeat=True)
+    errors += compare("the monkey, commands", listed.verbs(), of_the_monkey(listed))
     short = [form for form, meaning in zip(listed.forms, listed.meanings) if len(meaning.split()) < 3]
     print("\n".join(f"--list: {form} has no meaning" for form in short))
-    sys.exit(1 if wrong or short or len(listed.forms) < 31 or len(listed.operations) < 32 else 0)
+    sys.exit(1 if errors or short or len(listed.forms) < 31 or len(listed.operations) < 32 else 0)
 
 
 if __name__ == "__main__":

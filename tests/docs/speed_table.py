@@ -9,7 +9,7 @@ import sys
 import tempfile
 
 source = pathlib.Path(sys.argv[1])
-wrong = []
+errors = []
 
 
 def differs(folder):
@@ -29,7 +29,7 @@ def change(path, pattern, replacement):
 
 def expect(what, pattern, found):
     if not re.search(pattern, found):
-        wrong.append(f"{what}: --check said '{found}'")
+        errors.append(f"{what}: --check said '{found}'")
 
 
 expect("the tree", r"^$", differs(source))
@@ -52,6 +52,6 @@ with tempfile.TemporaryDirectory() as name:
     results.write_text("\n".join([*lines, newest, ""]))
     expect("a newer run", r"(?s)the table.*the plot", differs(folder))
 
-for line in wrong:
+for line in errors:
     print(line)
-sys.exit(1 if wrong else 0)
+sys.exit(1 if errors else 0)

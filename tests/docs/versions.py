@@ -12,12 +12,12 @@ import pathlib
 import xml.etree.ElementTree as tree
 
 KINDS = ["Added", "Changed", "Deprecated", "Removed", "Fixed", "Security"]
-wrong = []
+errors = []
 
 
 def check(true, what):
     if not true:
-        wrong.append(what)
+        errors.append(what)
 
 
 def of_changelog(text):
@@ -57,5 +57,5 @@ check(debian == changelog, f"the Debian changelog tells {debian} and not {change
 check(metainfo == changelog, f"the metainfo tells {metainfo} and not {changelog}")
 numbers = [tuple(map(int, one.split("."))) for one, _ in changelog]
 check(numbers == sorted(set(numbers), reverse=True), f"the newest version does not come first: {numbers}")
-print("\n".join(wrong) if wrong else f"{version}, and {len(changelog) - 1} before it")
-sys.exit(1 if wrong else 0)
+print("\n".join(errors) if errors else f"{version}, and {len(changelog) - 1} before it")
+sys.exit(1 if errors else 0)

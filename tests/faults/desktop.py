@@ -139,8 +139,8 @@ class Window:
     def end(self):
         """Ends the program. Returns its status, its output and its errors."""
         self.process.send_signal(signal.SIGTERM)
-        out, complaint, by_itself = ended(self.process, Patience(self.process, asleep_seconds=PATIENCE_SECONDS))
-        return self.process.returncode if by_itself else "hang", out.decode(), complaint.decode()
+        out, error, by_itself = ended(self.process, Patience(self.process, asleep_seconds=PATIENCE_SECONDS))
+        return self.process.returncode if by_itself else "hang", out.decode(), error.decode()
 
     def left(self):
         folder = self.path("home/Murmelo")
@@ -148,8 +148,8 @@ class Window:
 
 
 def check_end(verdict, case, window, saved):
-    status, out, complaint = window.end()
-    verdict.check(status == 0 and complaint == "", "%s: status %s, %s" % (case, status, complaint))
+    status, out, error = window.end()
+    verdict.check(status == 0 and error == "", "%s: status %s, %s" % (case, status, error))
     wanted = ["rec_00000.wav"] if saved else []
     verdict.check(window.left() == wanted, "%s: left %s" % (case, window.left()))
     verdict.check(out.splitlines() == [os.path.realpath(window.path("home/Murmelo/" + name)) for name in wanted],
@@ -169,8 +169,8 @@ def end(verdict, program, source, screens, _):
     for screen, keys in SCREENS:
         window = Window(program, source, screens)
         if opens(verdict, screen, window):
-            wrong = window.keys(keys)
-            verdict.check(wrong == "", "%s: %s" % (screen, wrong))
+            error = window.keys(keys)
+            verdict.check(error == "", "%s: %s" % (screen, error))
             check_end(verdict, screen, window, screen == "saved")
 
 
@@ -195,11 +195,11 @@ def clock(verdict, program, source, screens, shim):
     # The start picture yields by its own timer.
     verdict.check(until(lambda: window.shows("Options")), "the start picture stays")
     verdict.check(until(lambda: sleeps(window.process)), "the menu does not sleep")
-    wrong = window.keys(KEYS[1:4])
-    verdict.check(wrong == "", wrong)
+    error = window.keys(KEYS[1:4])
+    verdict.check(error == "", error)
     start = time.monotonic()
-    wrong = window.keys(KEYS[4:])
-    verdict.check(wrong == "", wrong)
+    error = window.keys(KEYS[4:])
+    verdict.check(error == "", error)
     take = window.sound("MrmLastRec.wav")
     verdict.check(is_whole(take) and struct.unpack("<I", take[24:28])[0] == 8000, "the take is not cleaned up")
     seconds = (len(take) - HEADER_BYTES) / 16000
@@ -208,8 +208,8 @@ def clock(verdict, program, source, screens, shim):
     verdict.check(time.monotonic() - start > seconds, "a clip of %.1f s ends after %.1f s"
                   % (seconds, time.monotonic() - start))
     verdict.check(until(lambda: sleeps(window.process)), "the choice of the effect does not sleep")
-    wrong = window.keys([SAVE])
-    verdict.check(wrong == "", wrong)
+    error = window.keys([SAVE])
+    verdict.check(error == "", error)
     check_end(verdict, "with a clock that jumps", window, True)
 
 

@@ -52,7 +52,7 @@ def end_there(verdict, program, source, place_of_end, number):
         process.send_signal(number)
         stop.release()
         outcome = place.finish(process)
-        lines = outcome.complaint.splitlines()
+        lines = outcome.error.splitlines()
         verdict.check(outcome.status == 128 + number and len(lines) == 1
                       and lines[0].endswith("ended by signal %d" % number), "%s: %s" % (case, outcome))
         sounds = place.sounds()

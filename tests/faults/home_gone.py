@@ -131,7 +131,7 @@ def from_the_start(verdict, way):
             os.chmod(place.path(folder), 0o555)
             if name == "home":
                 outcome = place.finish(way.start(place, "until Options\n"))
-                verdict.check(outcome.kind() == "sentence" and "cannot be written" in outcome.complaint,
+                verdict.check(outcome.kind() == "sentence" and "cannot be written" in outcome.error,
                               "read-only home: %s" % outcome)
                 os.chmod(place.path(folder), 0o755)
                 verdict.check(place.sounds() == {"rec_00007.wav": EARLIER}, "read-only home: not as it was")
@@ -140,7 +140,7 @@ def from_the_start(verdict, way):
                 verdict.outcome("read-only settings", place.finish(way.start(place, script)), ["done"])
 
 
-def said(verdict, case, outcome, words):
+def expect_sentence(verdict, case, outcome, words):
     """The program goes on, and has printed one sentence."""
     lines = outcome.everything.splitlines()
     verdict.check(outcome.status == 0 and len(lines) == 1 and words in lines[0],
@@ -153,11 +153,11 @@ def out_of_reach(verdict, way):
         script = MENU + "mic hello.wav\nkey middle\nexpect screen MessageAndQuit\nkey middle\nexpect ended\n"
         where = 'the sound folder "%s" cannot be written: Permission denied' % os.path.realpath(
             place.path("home/Murmelo"))
-        said(verdict, "read-only sound folder", place.finish(way.start(place, script)), where)
+        expect_sentence(verdict, "read-only sound folder", place.finish(way.start(place, script)), where)
     with way.place() as place:
         os.chmod(place.path("config/settings"), 0)
         script = "tap 240 432\nkey middle\nexpect screen Splash\n"
-        said(verdict, "unreadable settings", place.finish(way.start(place, script)),
+        expect_sentence(verdict, "unreadable settings", place.finish(way.start(place, script)),
              'config/settings" cannot be read and stay as they are: Permission denied')
         os.chmod(place.path("config/settings"), 0o644)
         verdict.check(os.listdir(place.path("config")) == ["settings"] and place.read("config/settings") == b"lang=0\n",
@@ -173,7 +173,7 @@ def read_only_mount(verdict, program, source):
         place.write("home/Murmelo/rec_00007.wav", EARLIER)
         mount = 'mount --bind "$1" "$1" && mount -o remount,ro,bind "$1" && shift && exec "$@"'
         outcome = place.run("until Options\n", prefix=prefix + ["sh", "-c", mount, "sh", place.path("home")])
-        verdict.check(outcome.kind() == "sentence" and "cannot be written" in outcome.complaint,
+        verdict.check(outcome.kind() == "sentence" and "cannot be written" in outcome.error,
                       "read-only mount: %s" % outcome)
 
 

@@ -63,7 +63,7 @@ def with_headless(verdict, program, source):
                 if is_sound:
                     verdict.outcome(case, outcome, ["done"])
                 else:
-                    fine = outcome.kind() == "done" or (outcome.status in (1, 2) and outcome.complaint.count("\n") == 1)
+                    fine = outcome.kind() == "done" or (outcome.status in (1, 2) and outcome.error.count("\n") == 1)
                     verdict.check(fine, "%s: %s" % (case, outcome))
 
 
@@ -73,8 +73,8 @@ def with_tool(verdict, tool, program, source):
             make(place.path(name))
             with subprocess.Popen([os.path.realpath(tool), "robot", name, "out.wav"], cwd=place.folder,
                                   preexec_fn=bounded, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
-                out, complaint, by_itself = ended(process, Patience(process))
-            words = complaint.decode(errors="replace")
+                out, error, by_itself = ended(process, Patience(process))
+            words = error.decode(errors="replace")
             case = "%s: status %d, %s" % (name, process.returncode, words if by_itself else "it hangs")
             if name == "lying.wav":
                 verdict.check(process.returncode == 0 and words == "", case)

@@ -21,7 +21,7 @@ SKIPPED = 77
 CUT_SHORT = "murmelo-headless: the take is cut short: "
 KEPT = re.compile(r"murmelo-headless: ([\d.]+ of [\d.]+) seconds of the take are kept\n")
 # Sentences that the host prints while the program goes on.
-SAID = re.compile(r'murmelo-headless: (the take is cut short: |[\d.]+ of [\d.]+ seconds of the take are kept|only \d+ KB are free; |the microphone |the speaker |'
+SENTENCES = re.compile(r'murmelo-headless: (the take is cut short: |[\d.]+ of [\d.]+ seconds of the take are kept|only \d+ KB are free; |the microphone |the speaker |'
                   r'the folder ".*" cannot be made: |the settings ".*" cannot be read and stay as they are: )')
 CRASH_STATUS = 97  # of a program that a sanitizer has ended
 PROCESSOR_SECONDS = 60  # that one run may use; the longest uses ten
@@ -73,19 +73,19 @@ def fresh_signals():
 class Outcome:
     """The outcome of one run."""
 
-    def __init__(self, status, complaint, seconds_out=False):
-        lines = complaint.splitlines(True)
+    def __init__(self, status, error, seconds_out=False):
+        lines = error.splitlines(True)
         self.cut_short = [line for line in lines if line.startswith(CUT_SHORT)]
-        self.kept = KEPT.findall(complaint)
+        self.kept = KEPT.findall(error)
         self.status = status
-        self.everything = complaint
-        self.complaint = "".join(line for line in lines if not SAID.match(line))
+        self.everything = error
+        self.error = "".join(line for line in lines if not SENTENCES.match(line))
         self.seconds_out = seconds_out
 
     def kind(self):
         """"done": the whole script was run. "message": at some line the application's own message was shown. "sentence": one
         sentence, and an end. Anything else is an error."""
-        lines = self.complaint.splitlines()
+        lines = self.error.splitlines()
         if self.seconds_out:
             return "hang"
         if self.status == 0 and not lines:
@@ -96,11 +96,11 @@ class Outcome:
 
     def line(self):
         """Where the script failed."""
-        found = re.search(r": line (\d+): ", self.complaint)
+        found = re.search(r": line (\d+): ", self.error)
         return int(found.group(1)) if found else 0
 
     def __str__(self):
-        return "%s (status %s) %s" % (self.kind(), self.status, self.complaint.strip()[:2000])
+        return "%s (status %s) %s" % (self.kind(), self.status, self.error.strip()[:2000])
 
 
 class Patience:
@@ -241,18 +241,18 @@ class Place:
                                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
     def finish(self, process):
-        out, complaint, by_itself = ended(process, Patience(process))
+        out, error, by_itself = ended(process, Patience(process))
         if not by_itself:
-            return Outcome(process.returncode, complaint.decode(errors="replace"), True)
-        return Outcome(process.returncode, (out + complaint).decode(errors="replace"))
+            return Outcome(process.returncode, error.decode(errors="replace"), True)
+        return Outcome(process.returncode, (out + error).decode(errors="replace"))
 
     def run(self, script, **how):
         return self.finish(self.start(script, **how))
 
 
-def limit_file_size(process, most_bytes):
-    """Limits the size of the program's files, from now on, to most_bytes bytes."""
-    resource.prlimit(process.pid, resource.RLIMIT_FSIZE, (most_bytes, resource.RLIM_INFINITY))
+def limit_file_size(process, max_bytes):
+    """Limits the size of the program's files, from now on, to max_bytes bytes."""
+    resource.prlimit(process.pid, resource.RLIMIT_FSIZE, (max_bytes, resource.RLIM_INFINITY))
 
 
 def is_whole(sound, rate=8000):
@@ -268,14 +268,14 @@ class Verdict:
     """Collects the errors, and reports how many checks were made."""
 
     def __init__(self):
-        self.wrong = []
+        self.errors = []
         self.looked = 0
         self.kinds = {}
 
     def check(self, fine, what):
         self.looked += 1
         if not fine:
-            self.wrong.append(str(what))
+            self.errors.append(str(what))
             print("WRONG: " + str(what), flush=True)
         return fine
 
@@ -285,7 +285,7 @@ class Verdict:
 
     def end(self, *more):
         print("looked at %d things; outcomes: %s" % (self.looked, dict(sorted(self.kinds.items()))), *more)
-        sys.exit(1 if self.wrong else 0)
+        sys.exit(1 if self.errors else 0)
 
 
 def skip(reason):

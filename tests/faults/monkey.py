@@ -108,7 +108,7 @@ class Runs:
     def judge(self, place, outcome):
         """Empty, or what is wrong."""
         fine = outcome.kind() == "done" or (outcome.kind() in ("sentence", "message")
-                                            and FINE.match(outcome.complaint.strip()))
+                                            and FINE.match(outcome.error.strip()))
         if not fine:
             return "crash" if outcome.kind() != "hang" else "hang"
         for name, content in place.sounds().items():
@@ -178,8 +178,8 @@ def keep(find, events, folder, name):
         shutil.copytree(find.before.path(part), os.path.join(target, part))
     with open(os.path.join(target, "script"), "w") as file:
         file.write("# %s\n" % find.what + "\n".join(PRELUDE + events) + "\n")
-    with open(os.path.join(target, "complaint"), "w") as file:
-        file.write(str(find.outcome) + "\n" + find.outcome.complaint)
+    with open(os.path.join(target, "error"), "w") as file:
+        file.write(str(find.outcome) + "\n" + find.outcome.error)
     return os.path.join(target, "script")
 
 

@@ -110,7 +110,7 @@ def journey(verdict, program, source, point, replacement):
         # A sound without samples has ended before the script can see it, so that the script finds another screen.
         # Without a take there is nothing to save.
         fine = outcome.kind() in ("done", "message") or (outcome.kind() == "sentence" and (
-            "expected screen" in outcome.complaint or "nothing can be saved" in outcome.complaint))
+            "expected screen" in outcome.error or "nothing can be saved" in outcome.error))
         verdict.kinds[outcome.kind()] = verdict.kinds.get(outcome.kind(), 0) + 1
         verdict.check(fine, "%s: %s" % (case, outcome))
         restore(place.sound(file))

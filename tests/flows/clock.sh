@@ -104,14 +104,14 @@ run() {
 # Every fourth time, and when the clock wraps round in its last half, the journey goes on with a take of twenty seconds.
 run journey plain-journey 0
 run longer plain-longer 0
-wrong=0
+failed=0
 for ((beforeMs = 0; beforeMs <= 41000; beforeMs += beforeMs < 20000 ? 500 : 3000)); do
     journey=journey
     ((beforeMs < 20000 && beforeMs % 2000 != 0)) || journey=longer
     if ! run $journey wrapped $((boundary - beforeMs)) || ! diff -r "plain-$journey" wrapped; then
         echo "this is a clock that wraps round after $beforeMs ms" >&2
-        wrong=1
+        failed=1
     fi
     rm -r wrapped
 done
-exit $wrong
+exit $failed

@@ -37,14 +37,14 @@ cd "$folder" || exit 1
 mkdir home config
 ln -s "$source/res/sample/hello.wav" hello.wav
 
-wrong=0
-complain() {
+failed=0
+report_error() {
     echo "$(basename "$script"): $*" >&2
-    wrong=1
+    failed=1
 }
 
-# said NAME PART: the arguments of each directive of that name in a part of the script.
-said() {
+# directives NAME PART: the arguments of each directive of that name in a part of the script.
+directives() {
     sed -n "s/^#! $1\( \|\$\)//p" "$2"
 }
 
@@ -59,59 +59,59 @@ prepare() {
     while read -r name file; do
         mkdir -p home/Murmelo
         if [ -n "$file" ]; then cp "$file" "home/Murmelo/$name"; else echo kept >"home/Murmelo/$name"; fi
-    done < <(said home "$1")
+    done < <(directives home "$1")
     while read -r name; do
         mkdir -p "home/Murmelo/$name"
         echo kept >"home/Murmelo/$name/kept"
-    done < <(said folder "$1")
-    while read -r name; do mkfifo "home/Murmelo/$name"; done < <(said pipe "$1")
-    while read -r name file; do ln -s "$file" "home/Murmelo/$name"; done < <(said link "$1")
-    while read -r line; do echo "$line" >>config/settings; done < <(said config "$1")
+    done < <(directives folder "$1")
+    while read -r name; do mkfifo "home/Murmelo/$name"; done < <(directives pipe "$1")
+    while read -r name file; do ln -s "$file" "home/Murmelo/$name"; done < <(directives link "$1")
+    while read -r line; do echo "$line" >>config/settings; done < <(directives config "$1")
 }
 
 judge() {
     local part=$1 status=$2 wanted error lines line first second
-    wanted=$(said status "$part")
-    [ "$status" = "${wanted:-0}" ] || complain "status $status instead of ${wanted:-0}"
+    wanted=$(directives status "$part")
+    [ "$status" = "${wanted:-0}" ] || report_error "status $status instead of ${wanted:-0}"
     lines=0
     while read -r error; do
         lines=$((lines + 1))
-        sed -n "${lines}p" stderr | grep -qF -- "$error" || complain "line $lines of standard error lacks \"$error\""
-    done < <(said error "$part")
-    [ "$(wc -l <stderr)" = $lines ] || complain "standard error is \"$(cat stderr)\", wanted $lines lines"
-    wanted=$(said left "$part" | tr ' ' '\n' | sed '/^$/d' | sort)
+        sed -n "${lines}p" stderr | grep -qF -- "$error" || report_error "line $lines of standard error lacks \"$error\""
+    done < <(directives error "$part")
+    [ "$(wc -l <stderr)" = $lines ] || report_error "standard error is \"$(cat stderr)\", wanted $lines lines"
+    wanted=$(directives left "$part" | tr ' ' '\n' | sed '/^$/d' | sort)
     line=$(find home/Murmelo/ -mindepth 1 -maxdepth 1 -printf '%f\n' 2>/dev/null | sort)
-    [ "$line" = "$wanted" ] || complain "left \"${line//$'\n'/ }\" instead of \"${wanted//$'\n'/ }\""
+    [ "$line" = "$wanted" ] || report_error "left \"${line//$'\n'/ }\" instead of \"${wanted//$'\n'/ }\""
     while read -r first second; do
-        cmp -s "home/Murmelo/$first" "home/Murmelo/$second" || complain "$first is not $second"
-    done < <(said same "$part")
+        cmp -s "home/Murmelo/$first" "home/Murmelo/$second" || report_error "$first is not $second"
+    done < <(directives same "$part")
     while read -r first second; do
-        cmp -s "$first" "$second" || complain "$first does not look like $second"
-    done < <(said alike "$part")
+        cmp -s "$first" "$second" || report_error "$first does not look like $second"
+    done < <(directives alike "$part")
     while read -r first second; do
         if [ ! -s "$first" ] || [ ! -s "$second" ] || cmp -s "$first" "$second"; then
-            complain "$first looks like $second"
+            report_error "$first looks like $second"
         fi
-    done < <(said unlike "$part")
+    done < <(directives unlike "$part")
     while read -r line; do
         if [ "$line" = none ]; then
-            [ ! -e config/settings ] || complain "there are settings: $(cat config/settings)"
+            [ ! -e config/settings ] || report_error "there are settings: $(cat config/settings)"
         else
-            grep -qxF -- "$line" config/settings 2>/dev/null || complain "no setting \"$line\""
+            grep -qxF -- "$line" config/settings 2>/dev/null || report_error "no setting \"$line\""
         fi
-    done < <(said settings "$part")
+    done < <(directives settings "$part")
     while read -r line; do
         # shellcheck disable=SC2086  # the words of the directive
-        "$heard" $line || complain "heard something else: $line"
-    done < <(said heard "$part")
+        "$heard" $line || report_error "heard something else: $line"
+    done < <(directives heard "$part")
 }
 
 csplit -s -z -f part- -b %02d "$script" '/^#! again/' '{*}'
 for part in part-*; do
     prepare "$part"
     # shellcheck disable=SC2046  # each word is an argument
-    "$program" --home home --config config $(said args "$part") "$part" >stdout 2>stderr
+    "$program" --home home --config config $(directives args "$part") "$part" >stdout 2>stderr
     judge "$part" $?
-    [ ! -s stdout ] || complain "standard output: $(cat stdout)"
+    [ ! -s stdout ] || report_error "standard output: $(cat stdout)"
 done
-exit $wrong
+exit $failed

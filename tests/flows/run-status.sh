@@ -13,7 +13,7 @@ mkdir home config
 echo 'expect screen FirstLang' >fine
 unset MURMELO_DATA MURMELO_HOME
 
-wrong=0
+failed=0
 
 # expect STATUS TEXT COMMAND...: checks the status, and that the one line on standard error has TEXT ("": no line).
 expect() {
@@ -23,14 +23,14 @@ expect() {
     found=$?
     if [ $found != "$status" ]; then
         echo "status $found instead of $status: $*" >&2
-        wrong=1
+        failed=1
     fi
     if [ -z "$text" ] && [ -s stderr ]; then
         echo "standard error is not empty: $*: $(cat stderr)" >&2
-        wrong=1
+        failed=1
     elif [ -n "$text" ] && { [ "$(wc -l <stderr)" != 1 ] || ! grep -qF -- "$text" stderr; }; then
         echo "wanted one line with \"$text\", found: $(cat stderr)" >&2
-        wrong=1
+        failed=1
     fi
 }
 
@@ -64,12 +64,12 @@ usage)
         # shellcheck disable=SC2086  # each word is an argument
         "$program" $words >stdout 2>stderr
         if [ $? != 2 ] || [ ! -s stderr ]; then
-            echo "status or complaint of: $words" >&2
-            wrong=1
+            echo "status or error of: $words" >&2
+            failed=1
         fi
     done
     expect 0 '' "$program" --help
-    grep -q -- --home stdout || wrong=1
+    grep -q -- --home stdout || failed=1
     expect 0 '' "$program" --version
     ;;
 failed-expectations)
@@ -140,7 +140,7 @@ sound-folder)
     ln -s "$folder/disk/sounds" home/Murmelo
     printf 'key middle\nuntil Options\n' >menu
     expect 0 '' "${run[@]}" menu
-    [ -d disk/sounds ] || wrong=1
+    [ -d disk/sounds ] || failed=1
     rm -r disk/sounds config
     touch disk/sounds
     expect 0 "the folder \"$folder/disk/sounds\" cannot be made: File exists" "${run[@]}" refused
@@ -149,11 +149,11 @@ lock-in-the-way)
     echo precious >mine
     ln -s ../mine home/.murmelo.lock
     expect 1 '.murmelo.lock" is not the file that keeps a second program out' "${run[@]}" fine
-    [ "$(cat mine)" = precious ] && [ -L home/.murmelo.lock ] || wrong=1
+    [ "$(cat mine)" = precious ] && [ -L home/.murmelo.lock ] || failed=1
     rm home/.murmelo.lock
     mkfifo home/.murmelo.lock
     expect 1 '.murmelo.lock" is not the file that keeps a second program out' "${run[@]}" fine
-    [ -p home/.murmelo.lock ] || wrong=1
+    [ -p home/.murmelo.lock ] || failed=1
     ;;
 remove-stays-inside)
     mkdir -p home/Murmelo/folder
@@ -162,12 +162,12 @@ remove-stays-inside)
         line 2 "\"$name\" is not the name of a file in the sound folder" "remove $name"
     done
     line 2 '"../outside" is not the name of a file' 'remove ../outside'
-    [ -e home/outside ] && [ -e home/Murmelo/folder/inside ] || wrong=1
+    [ -e home/outside ] && [ -e home/Murmelo/folder/inside ] || failed=1
     touch home/Murmelo/a.wav
     ln -s ../outside home/Murmelo/link
     printf 'remove a.wav\nremove link\nexpect no file a.wav\n' >inside
     expect 0 '' "${run[@]}" inside
-    [ -e home/outside ] || wrong=1
+    [ -e home/outside ] || failed=1
     ;;
 odd-scripts)
     mkfifo pipe
@@ -200,25 +200,25 @@ settings-out-of-reach)
     printf 'tap 240 432\nkey middle\nexpect screen Splash\nuntil Options\n' >spanish
     mkfifo config/settings
     expect 0 'config/settings" cannot be read and stay as they are: it is a pipe' "${run[@]}" spanish
-    [ -p config/settings ] && [ "$(ls config)" = settings ] || wrong=1
+    [ -p config/settings ] && [ "$(ls config)" = settings ] || failed=1
     rm config/settings
     ln -s /proc/self/mem config/settings
     expect 0 'cannot be read and stay as they are: Input/output error' "${run[@]}" spanish
-    [ -L config/settings ] && [ "$(ls config)" = settings ] || wrong=1
+    [ -L config/settings ] && [ "$(ls config)" = settings ] || failed=1
     ;;
 settings-elsewhere)
     printf 'tap 240 432\nkey middle\nexpect screen Splash\n' >spanish
     mkdir dotfiles
     ln -s "$folder/dotfiles/murmelo" config/settings
     expect 0 '' "${run[@]}" spanish
-    [ -L config/settings ] && [ "$(cat dotfiles/murmelo)" = lang=2 ] || wrong=1
-    [ "$(echo config/* dotfiles/*)" = 'config/settings dotfiles/murmelo' ] || wrong=1
+    [ -L config/settings ] && [ "$(cat dotfiles/murmelo)" = lang=2 ] || failed=1
+    [ "$(echo config/* dotfiles/*)" = 'config/settings dotfiles/murmelo' ] || failed=1
     echo 'expect screen Splash' >later
     expect 0 '' "${run[@]}" later
     ;;
 *)
     echo "there is no case \"$1\"" >&2
-    wrong=1
+    failed=1
     ;;
 esac
-exit $wrong
+exit $failed

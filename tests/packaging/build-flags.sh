@@ -29,22 +29,22 @@ flags() { # HARDENING
     done | sort -u
 }
 hardening=$(comm -23 <(flags +all) <(flags -all))
-grep -q FORTIFY <<<"$hardening" || complain "these are no flags for hardening: $hardening"
+grep -q FORTIFY <<<"$hardening" || report_error "these are no flags for hardening: $hardening"
 for flag in $hardening; do
     missing=$(without "$flag" "$build")
-    [ -z "$missing" ] || complain "not compiled with $flag: $missing"
+    [ -z "$missing" ] || report_error "not compiled with $flag: $missing"
 done
 
 # A builder of packages may ask for a higher level than ours, which must not be lowered.
 LDFLAGS=-Wl,--defsym=murmelo_from_outside=1 \
     CPPFLAGS='-DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3' cmake -S "$source" -B "$folder/configured" -G Ninja \
     -DCMAKE_BUILD_TYPE=Release -DMURMELO_TESTS=OFF -DMURMELO_TOOLS=OFF >"$folder/log" 2>&1 ||
-    complain "configuring failed: $(cat "$folder/log")"
+    report_error "configuring failed: $(cat "$folder/log")"
 for flag in -DMURMELO_FROM_OUTSIDE=1 -D_FORTIFY_SOURCE=3; do
     missing=$(without "$flag" "$folder/configured")
-    [ -z "$missing" ] || complain "CPPFLAGS has $flag, but it is missing for: $missing"
+    [ -z "$missing" ] || report_error "CPPFLAGS has $flag, but it is missing for: $missing"
 done
-grep -q -- '-D_FORTIFY_SOURCE=2' "$folder/configured/compile_commands.json" && complain "level 3 was lowered to 2"
+grep -q -- '-D_FORTIFY_SOURCE=2' "$folder/configured/compile_commands.json" && report_error "level 3 was lowered to 2"
 
 # unlinked FLAG FOLDER: lists the programs of this build folder that are not linked with this flag.
 unlinked() {
@@ -62,5 +62,5 @@ for name, variables in links:
 END_PYTHON
 }
 missing=$(unlinked -Wl,--defsym=murmelo_from_outside=1 "$folder/configured")
-[ -z "$missing" ] || complain "LDFLAGS do not reach the link of: $missing"
-exit $wrong
+[ -z "$missing" ] || report_error "LDFLAGS do not reach the link of: $missing"
+exit $failed

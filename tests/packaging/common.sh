@@ -1,17 +1,17 @@
 # SPDX-License-Identifier: MIT
 # Shared by the tests of the packaging, which source it: makes a folder of their own, and counts errors.
-# shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "wrong" and set "source" and "build"
+# shellcheck shell=bash disable=SC2034,SC2154  # the scripts that source it look at "failed" and set "source" and "build"
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 export MANWIDTH=80
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 unset MURMELO_DATA MURMELO_HOME XDG_CONFIG_HOME XDG_DATA_HOME XDG_STATE_HOME DESTDIR
-wrong=0
+failed=0
 
-complain() {
+report_error() {
     echo "$1" >&2
-    wrong=1
+    failed=1
 }
 
 # stage BUILD DESTDIR PREFIX: installs, with the notes for uninstalling in $folder: the notes of the build folder
@@ -19,12 +19,12 @@ complain() {
 stage() {
     # With a umask that makes files private.
     (umask 077 && DESTDIR=$2 MURMELO_INSTALL_NOTES=$folder cmake --install "$1" --prefix "$3") >"$folder/log" 2>&1 ||
-        complain "installing failed: $(cat "$folder/log")"
+        report_error "installing failed: $(cat "$folder/log")"
 }
 
 unstage() { # DESTDIR
     DESTDIR=$1 cmake -DBUILD_DIR="$folder" -P "$source/cmake/Uninstall.cmake" >"$folder/log" 2>&1 ||
-        complain "uninstalling failed: $(cat "$folder/log")"
+        report_error "uninstalling failed: $(cat "$folder/log")"
 }
 
 # Lists every file, folder and link below a folder, with its content.
@@ -60,7 +60,7 @@ shot play.png
 END
     cp "$source/res/sample/hello.wav" "$folder/elsewhere/"
     (cd "$folder/elsewhere" && HOME=$folder/user "$bin/murmelo-headless" robot.txt) ||
-        complain "the journey failed with $bin/murmelo-headless"
+        report_error "the journey failed with $bin/murmelo-headless"
 }
 
 # After a journey: checks that its pictures, and so its fonts, equal those of the build folder, byte for byte.
@@ -68,9 +68,9 @@ expect_same_pictures() {
     mkdir "$folder/here"
     mv "$folder/elsewhere"/*.png "$folder/here"
     (cd "$folder/elsewhere" && "$build/murmelo-headless" --home home --config config robot.txt) ||
-        complain "the journey failed in the build folder"
+        report_error "the journey failed in the build folder"
     for picture in options play; do
-        cmp "$folder/here/$picture.png" "$folder/elsewhere/$picture.png" || complain "$picture differs"
+        cmp "$folder/here/$picture.png" "$folder/elsewhere/$picture.png" || report_error "$picture differs"
     done
 }
 
@@ -78,5 +78,5 @@ expect_same_pictures() {
 expect_robot() { # PREFIX SOUND
     local facts
     facts=$("$1/bin/murmelo-fx" --measure "$2")
-    grep -qE 'pitch 8[89]\.[0-9] Hz' <<<"$facts" || complain "this is no robot: $facts"
+    grep -qE 'pitch 8[89]\.[0-9] Hz' <<<"$facts" || report_error "this is no robot: $facts"
 }

@@ -12,12 +12,12 @@ for_bash=$source/packaging/completion/$name.bash
 for_zsh=$source/packaging/completion/_$name
 for_fish=$source/packaging/completion/$name.fish
 
-bash -n "$for_bash" || complain "$for_bash does not parse"
-zsh -n "$for_zsh" || complain "$for_zsh does not parse"
-fish --no-execute "$for_fish" || complain "$for_fish does not parse"
+bash -n "$for_bash" || report_error "$for_bash does not parse"
+zsh -n "$for_zsh" || report_error "$for_zsh does not parse"
+fish --no-execute "$for_fish" || report_error "$for_fish does not parse"
 
 "$program" --help | sed -n '/^Options:/,/^$/p' | grep -oE -- '--[a-z][a-z-]*' | sort -u >"$folder/helped"
-[ "$(wc -l <"$folder/helped")" -ge 6 ] || complain "--help names too few options: $(cat "$folder/helped")"
+[ "$(wc -l <"$folder/helped")" -ge 6 ] || report_error "--help names too few options: $(cat "$folder/helped")"
 
 # The words that bash offers for the last word of a line.
 offered() {
@@ -35,11 +35,11 @@ expect() { # WANTED WORD...: what bash offers, in one line
     local wanted=$1 got
     shift
     got=$(offered "$@" | sort | tr '\n' ' ')
-    [ "${got% }" = "$wanted" ] || complain "bash completes '$*' to '$got' and not to '$wanted'"
+    [ "${got% }" = "$wanted" ] || report_error "bash completes '$*' to '$got' and not to '$wanted'"
 }
 
 offered "$name" -- | sort >"$folder/bash"
-diff "$folder/helped" "$folder/bash" || complain "--help (<) and bash (>) have other options"
+diff "$folder/helped" "$folder/bash" || report_error "--help (<) and bash (>) have other options"
 
 # The words that fish offers for the last word of a line.
 offered_by_fish() { # LINE
@@ -51,21 +51,21 @@ offered_by_fish() { # LINE
 expect_of_fish() { # WANTED LINE
     local got
     got=$(offered_by_fish "$2" | tr '\n' ' ')
-    [ "${got% }" = "$1" ] || complain "fish completes '$2' to '$got' and not to '$1'"
+    [ "${got% }" = "$1" ] || report_error "fish completes '$2' to '$got' and not to '$1'"
 }
 
 offered_by_fish "$name --" | grep -E -- '^--[a-z]' >"$folder/fish-options"
-diff "$folder/helped" "$folder/fish-options" || complain "--help (<) and fish (>) have other options"
+diff "$folder/helped" "$folder/fish-options" || report_error "--help (<) and fish (>) have other options"
 
 # A zsh in a pseudo terminal, asked with the tab key; without pseudo terminals, the options are read from its file.
 if zsh -fc 'zmodload zsh/zpty && zpty probe true' 2>/dev/null; then
-    zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" >"$folder/zsh-said"
-    tr -s '[:space:]' '\n' <"$folder/zsh-said" | grep -E -- '^--[a-z]' | sort -u >"$folder/zsh"
+    zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" >"$folder/zsh-output"
+    tr -s '[:space:]' '\n' <"$folder/zsh-output" | grep -E -- '^--[a-z]' | sort -u >"$folder/zsh"
 else
     echo "no pseudo terminals: the tab key of zsh is not tried"
     grep -oE -- "--[a-z][a-z-]+" "$for_zsh" | sort -u >"$folder/zsh"
 fi
-diff "$folder/helped" "$folder/zsh" || complain "--help (<) and zsh (>) have other options"
+diff "$folder/helped" "$folder/zsh" || report_error "--help (<) and zsh (>) have other options"
 
 mkdir -p "$folder/here/some folder"
 cd "$folder/here" || exit 1
@@ -80,18 +80,20 @@ murmelo-fx)
     formats=${formats% }
     expect "$formats" "$name" robot --format ""
     expect_of_fish "$formats" "$name robot --format "
-    [[ $formats == *" wav" ]] || complain "--help names the formats '$formats'"
+    [[ $formats == *" wav" ]] || report_error "--help names the formats '$formats'"
     expect_of_fish robot "$name --seed 5 --long r"
     expect_of_fish voice.wav "$name robot vo"
     expect_of_fish voice.wav "$name --measure vo"
     expect_of_fish flac "$name robot --format f"
-    if [ -s "$folder/zsh-said" ]; then
+    if [ -s "$folder/zsh-output" ]; then
         zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --format " |
             tr -s '[:space:]' '\n' | grep -xE '[a-z0-9]+' | sort | tr '\n' ' ' >"$folder/zsh-formats"
-        [ "$(cat "$folder/zsh-formats")" = "$formats " ] || complain "zsh offers $(cat "$folder/zsh-formats") and not $formats"
+        [ "$(cat "$folder/zsh-formats")" = "$formats " ] ||
+            report_error "zsh offers $(cat "$folder/zsh-formats") and not $formats"
         zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name " |
             tr -s '[:space:]' '\n' | grep -xE '[a-z]+' | sort | tr '\n' ' ' >"$folder/zsh-effects"
-        [ "$(cat "$folder/zsh-effects")" = "$effects" ] || complain "zsh offers $(cat "$folder/zsh-effects") and not $effects"
+        [ "$(cat "$folder/zsh-effects")" = "$effects" ] ||
+            report_error "zsh offers $(cat "$folder/zsh-effects") and not $effects"
     fi
     expect robot "$name" r
     expect robot "$name" --seed 5 r
@@ -137,5 +139,5 @@ murmelo-headless)
     expect_of_fish "some folder/" "$name --home so"
     ;;
 esac
-[ ! -s "$folder/fish-error" ] || complain "fish: $(cat "$folder/fish-error")"
-exit $wrong
+[ ! -s "$folder/fish-error" ] || report_error "fish: $(cat "$folder/fish-error")"
+exit $failed

@@ -8,18 +8,18 @@ build=$(realpath "$1") source=$(realpath "$2") version=$3 hardened=$4
 . "$(dirname "$0")/common.sh"
 
 if ! (umask 077 && cd "$build" && cpack --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
-    complain "cpack failed: $(cat "$folder/log")"
-    exit $wrong
+    report_error "cpack failed: $(cat "$folder/log")"
+    exit $failed
 fi
 deb=$(echo "$folder"/packed/murmelo_"$version"-1_*.deb)
-[ -f "$deb" ] || complain "the package has another name: $(ls "$folder/packed")"
+[ -f "$deb" ] || report_error "the package has another name: $(ls "$folder/packed")"
 
 # Warnings count as errors.
-said=$(lintian --fail-on error,warning "$deb" 2>/dev/null) || complain "lintian: $said"
-[[ $said == *[EW]:* ]] && complain "lintian: $said"
+output=$(lintian --fail-on error,warning "$deb" 2>/dev/null) || report_error "lintian: $output"
+[[ $output == *[EW]:* ]] && report_error "lintian: $output"
 zcat < <(dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/doc/murmelo/changelog.Debian.gz) >"$folder/changelog"
-grep -q "^murmelo ($version-1) " <<<"$(head -n 1 "$folder/changelog")" || complain "the changelog is of another version"
-dpkg-deb --fsys-tarfile "$deb" | tar -tv | awk '$2 != "root/root"' | grep . && complain "not all of that is root's"
+grep -q "^murmelo ($version-1) " <<<"$(head -n 1 "$folder/changelog")" || report_error "the changelog is of another version"
+dpkg-deb --fsys-tarfile "$deb" | tar -tv | awk '$2 != "root/root"' | grep . && report_error "not all of that is root's"
 
 # A root folder of its own with what dpkg needs, and a simulated root user.
 root=$folder/root
@@ -27,30 +27,30 @@ mkdir -p "$root/var/lib/dpkg"/{info,updates,triggers,parts} "$root/usr/share/ico
 touch "$root/var/lib/dpkg/status" "$root/var/lib/dpkg/available" "$root/usr/share/icons/hicolor/index.theme"
 as_root() {
     PATH=/usr/sbin:/sbin:$PATH fakeroot dpkg --root="$root" --force-depends --force-script-chrootless --log=/dev/null \
-        "$@" >"$folder/log" 2>&1 || complain "dpkg $1: $(cat "$folder/log")"
+        "$@" >"$folder/log" 2>&1 || report_error "dpkg $1: $(cat "$folder/log")"
 }
 everything() { inventory "$root" | grep -v ' \./var/lib/dpkg\|^\./var/lib/dpkg\|^\./var/lib '; }
 everything >"$folder/before"
 as_root --install "$deb"
 [ "$(readlink -f "$root/usr/share/murmelo/icons/murmelo-64.png")" = \
-    "$root/usr/share/icons/hicolor/64x64/apps/org.murmelo.Murmelo.png" ] || complain "the window has no icon"
+    "$root/usr/share/icons/hicolor/64x64/apps/org.murmelo.Murmelo.png" ] || report_error "the window has no icon"
 for program in murmelo murmelo-headless murmelo-fx; do
-    "$root/usr/bin/$program" --version | grep -q "$program $version" || complain "$program is of another version"
-    [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || complain "zsh does not find how to complete $program"
-    [ -f "$root/usr/share/bash-completion/completions/$program" ] || complain "bash does not know how to complete $program"
-    [ -f "$root/usr/share/fish/vendor_completions.d/$program.fish" ] || complain "fish does not know how to complete $program"
-    [ -f "$root/usr/share/man/man1/$program.1.gz" ] || complain "$program has no man page"
-    [ "$hardened" = ON ] && { "$(dirname "$0")/hardening.sh" "$root/usr/bin/$program" || wrong=1; }
+    "$root/usr/bin/$program" --version | grep -q "$program $version" || report_error "$program is of another version"
+    [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || report_error "zsh does not find how to complete $program"
+    [ -f "$root/usr/share/bash-completion/completions/$program" ] || report_error "bash does not know how to complete $program"
+    [ -f "$root/usr/share/fish/vendor_completions.d/$program.fish" ] || report_error "fish does not know how to complete $program"
+    [ -f "$root/usr/share/man/man1/$program.1.gz" ] || report_error "$program has no man page"
+    [ "$hardened" = ON ] && { "$(dirname "$0")/hardening.sh" "$root/usr/bin/$program" || failed=1; }
 done
 for language in de es fr it; do
     for program in murmelo murmelo-fx; do
-        [ -f "$root/usr/share/man/$language/man1/$program.1.gz" ] || complain "$program has no man page in $language"
+        [ -f "$root/usr/share/man/$language/man1/$program.1.gz" ] || report_error "$program has no man page in $language"
     done
 done
 journey "$root/usr"
 expect_robot "$root/usr" "$folder/elsewhere/heard.wav"
 as_root --purge murmelo
 everything >"$folder/after"
-diff "$folder/before" "$folder/after" || complain "something is left of the package"
-[ -f "$folder/user/.local/share/murmelo/Murmelo/rec_00000.wav" ] || complain "the user's sound is gone"
-exit $wrong
+diff "$folder/before" "$folder/after" || report_error "something is left of the package"
+[ -f "$folder/user/.local/share/murmelo/Murmelo/rec_00000.wav" ] || report_error "the user's sound is gone"
+exit $failed

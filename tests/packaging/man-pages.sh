@@ -10,23 +10,23 @@ name=$(basename "$program")
 page=$source/docs/man/$name.1
 
 warnings=$(groff -ww -man -Tutf8 "$page" 2>&1 >/dev/null)
-[ -z "$warnings" ] || complain "groff: $warnings"
+[ -z "$warnings" ] || report_error "groff: $warnings"
 warnings=$(MANROFFSEQ='' man --warnings -E UTF-8 -l -Tutf8 "$page" 2>&1 >/dev/null)
-[ -z "$warnings" ] || complain "man: $warnings"
-lexgrog "$page" | grep -q "\"$name - " || complain "whatis would not find it: $(lexgrog "$page")"
+[ -z "$warnings" ] || report_error "man: $warnings"
+lexgrog "$page" | grep -q "\"$name - " || report_error "whatis would not find it: $(lexgrog "$page")"
 
 groff -man -Tascii -P-cbou "$page" >"$folder/text"
 sed -n '/^OPTIONS/,/^[A-Z]/p' "$folder/text" | grep -E '^ {7}-' >"$folder/entries"
 option='-(-[a-z][a-z-]*|[a-z]\b)'
 "$program" --help | sed -n '/^Options:/,/^$/p' | grep -oE -- " $option|,$option" | tr -d ' ,' | sort -u >"$folder/helped"
 grep -oE -- "(^| )$option" "$folder/entries" | tr -d ' ' | sort -u >"$folder/written"
-[ "$(wc -l <"$folder/helped")" -ge 7 ] || complain "--help names too few options: $(cat "$folder/helped")"
-diff "$folder/helped" "$folder/written" || complain "--help (<) and the man page (>) have other options"
+[ "$(wc -l <"$folder/helped")" -ge 7 ] || report_error "--help names too few options: $(cat "$folder/helped")"
+diff "$folder/helped" "$folder/written" || report_error "--help (<) and the man page (>) have other options"
 
 case $name in
 murmelo-fx)
     for effect in $("$program" --list | cut -d ' ' -f 1); do
-        grep -qE "^ {7}$effect$|^ {7}$effect  " "$folder/text" || complain "the effect $effect is not explained"
+        grep -qE "^ {7}$effect$|^ {7}$effect  " "$folder/text" || report_error "the effect $effect is not explained"
     done
     ;;
 esac
@@ -34,16 +34,16 @@ if [ "$name" != murmelo-fx ]; then
     sed -n '/^ENVIRONMENT/,/^FILES/p' "$folder/text" >"$folder/environment"
     # The names of the variables are those that are in the program's file.
     variables=$(grep -aohE '\b(MURMELO_(HOME|DATA|CONFIG)|XDG_(CONFIG|DATA|CACHE|STATE)_HOME)\b' "$program" | sort -u)
-    [ "$(wc -w <<<"$variables")" -ge 4 ] || complain "too few variables: $variables"
+    [ "$(wc -w <<<"$variables")" -ge 4 ] || report_error "too few variables: $variables"
     for variable in $variables; do
-        grep -q "$variable" "$folder/environment" || complain "the variable $variable is not explained"
+        grep -q "$variable" "$folder/environment" || report_error "the variable $variable is not explained"
     done
 fi
 sed -n '/^EXIT STATUS/,/^[A-DF-Z]/p' "$folder/text" >"$folder/statuses"
 for status in 0 1 2; do
-    grep -qE "^ {7}$status " "$folder/statuses" || complain "the exit status $status is not explained"
+    grep -qE "^ {7}$status " "$folder/statuses" || report_error "the exit status $status is not explained"
 done
 if [ "$name" = murmelo-headless ]; then
-    grep -qE '^ {7}128 \+ N' "$folder/statuses" || complain "the exit status of a signal is not explained"
+    grep -qE '^ {7}128 \+ N' "$folder/statuses" || report_error "the exit status of a signal is not explained"
 fi
-exit $wrong
+exit $failed

@@ -11,7 +11,7 @@ def language(element):
     return element.get("{http://www.w3.org/XML/1998/namespace}lang")
 
 
-def complaints(root, version, entry, types, *languages):
+def problems(root, version, entry, types, *languages):
     marks = [None if code == "en" else code for code in languages]
     for tag in TRANSLATED:
         found = [language(element) for element in root.iter(tag)]
@@ -35,6 +35,6 @@ def complaints(root, version, entry, types, *languages):
 
 
 root = tree.parse(sys.argv[1]).getroot()
-wrong = list(complaints(root, *sys.argv[2:]))
-print("\n".join(wrong), file=sys.stderr)
-sys.exit(1 if wrong else 0)
+errors = list(problems(root, *sys.argv[2:]))
+print("\n".join(errors), file=sys.stderr)
+sys.exit(1 if errors else 0)

@@ -21,7 +21,7 @@ def size_of(path):
         return struct.unpack(">II", file.read(24)[16:])
 
 
-def complaints(source, languages):
+def problems(source, languages):
     with open(os.path.join(source, "packaging/screenshots.xml"), encoding="utf-8") as file:
         text = file.read()
     shots = tree.fromstring(text.encode()).findall("screenshot")
@@ -58,9 +58,9 @@ def complaints(source, languages):
 
 def main():
     source, *languages = sys.argv[1:]
-    wrong = list(complaints(source, languages))
-    print("\n".join(wrong), file=sys.stderr)
-    return 1 if wrong else 0
+    errors = list(problems(source, languages))
+    print("\n".join(errors), file=sys.stderr)
+    return 1 if errors else 0
 
 
 if __name__ == "__main__":

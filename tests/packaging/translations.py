@@ -48,18 +48,18 @@ def examples(text):
 
 def warnings(path):
     environment = dict(os.environ, MANROFFSEQ="", MANWIDTH="80", LC_ALL="C.UTF-8")
-    said = ""
+    output = ""
     for command in (["groff", "-Kutf8", "-ww", "-man", "-Tutf8", path],
                     ["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", path]):
         done = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.PIPE, check=False)
-        said += done.stderr.decode()
+        output += done.stderr.decode()
         if done.returncode or not done.stdout:
-            said += "%s fails\n" % command[0]
-    return said
+            output += "%s fails\n" % command[0]
+    return output
 
 
-def complaints(path, page, english, translated):
+def problems(path, page, english, translated):
     for what, read in (("its parts", structure), ("the tags of its entries", tags), ("the numbers", numbers),
                        ("the examples", examples)):
         wanted, found = read(english), read(translated)
@@ -70,16 +70,16 @@ def complaints(path, page, english, translated):
     left = sorted(sentences(english) & sentences(translated))
     if left:
         yield "is left in English: %s" % left
-    said = warnings(path)
-    if said:
-        yield said
+    output = warnings(path)
+    if output:
+        yield output
     known = subprocess.run(["lexgrog", path], stdout=subprocess.PIPE, check=False).stdout.decode()
     if '"%s - ' % page not in known:
         yield "whatis would not find it: " + known
 
 
 def main(source):
-    wrong = 0
+    errors = 0
     for page in PAGES:
         with open("%s/docs/man/%s.1" % (source, page), encoding="utf-8") as file:
             english = file.read()
@@ -87,10 +87,10 @@ def main(source):
             path = "%s/docs/man/%s/%s.1" % (source, language, page)
             with open(path, encoding="utf-8") as file:
                 translated = file.read()
-            for complaint in complaints(path, page, english, translated):
-                print("%s/%s.1: %s" % (language, page, complaint))
-                wrong += 1
-    sys.exit(1 if wrong else 0)
+            for problem in problems(path, page, english, translated):
+                print("%s/%s.1: %s" % (language, page, problem))
+                errors += 1
+    sys.exit(1 if errors else 0)
 
 
 if __name__ == "__main__":

@@ -64,10 +64,10 @@ protected:
             if (geteuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0) {
                 _exit(2);
             }
-            const std::string said = ProgramFolders::whySoundsCannotBeKept(found).sentence();
+            const std::string error = ProgramFolders::whySoundsCannotBeKept(found).sentence();
             const bool fits = words.empty()
-                                  ? said.empty()
-                                  : said.find(found.sounds() + "\" " + words) != std::string::npos;
+                                  ? error.empty()
+                                  : error.find(found.sounds() + "\" " + words) != std::string::npos;
             _exit(fits ? 0 : 1);
         }
         int status = -1;
@@ -177,9 +177,9 @@ TEST_F(ProgramFoldersTest, twoHomesThatLeadToOneSoundFolderDoNotRunTogether) {
     {
         FolderLocks first;
         EXPECT_EQ("", first.take(find(folders.path("one"))));
-        const std::string wrong = FolderLocks().take(find(folders.path("two"))).sentence();
-        EXPECT_NE(std::string::npos, wrong.find("already running")) << wrong;
-        EXPECT_NE(std::string::npos, wrong.find(real("disk"))) << wrong;
+        const std::string error = FolderLocks().take(find(folders.path("two"))).sentence();
+        EXPECT_NE(std::string::npos, error.find("already running")) << error;
+        EXPECT_NE(std::string::npos, error.find(real("disk"))) << error;
     }
     EXPECT_FALSE(folders.has(std::string("disk/") + kLock));
     EXPECT_EQ("", FolderLocks().take(find(folders.path("two"))));
@@ -195,8 +195,8 @@ TEST_F(ProgramFoldersTest, twoHomesThatLeadToASoundFolderThatIsStillToBeMadeDoNo
     const HostFolders two = find(folders.path("two"));
     FolderLocks first;
     EXPECT_EQ("", first.take(one));
-    const std::string wrong = FolderLocks().take(two).sentence();
-    EXPECT_NE(std::string::npos, wrong.find("already running")) << wrong;
+    const std::string error = FolderLocks().take(two).sentence();
+    EXPECT_NE(std::string::npos, error.find("already running")) << error;
 }
 
 TEST_F(ProgramFoldersTest, aSoundFolderThatCannotBeMadeNeedsNoLock) {

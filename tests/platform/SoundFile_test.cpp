@@ -118,8 +118,8 @@ TEST(SoundFile, whatIsNoSoundIsRefusedWithItsName) {
     folders.write("text.wav", "this is no sound at all, but as long as the header of one would be");
     Samples read{1};
     for (const char* name : {"missing.wav", "empty.wav", "text.wav"}) {
-        const std::string wrong = readWhole(folders.path(name), read);
-        EXPECT_NE(std::string::npos, wrong.find(name)) << wrong;
+        const std::string error = readWhole(folders.path(name), read);
+        EXPECT_NE(std::string::npos, error.find(name)) << error;
     }
     EXPECT_EQ(Samples{1}, read);
 }

@@ -36,7 +36,7 @@ public:
 
     void tell(const HostMessage& message, const std::string& sentence) override {
         told.push_back(message);
-        said.push_back(sentence);
+        sentences.push_back(sentence);
     }
 
     void kept(const std::string& path) override { keptPaths.push_back(path); }
@@ -59,7 +59,7 @@ public:
     int64_t nowMs = 0;
     HostFolders mappedFolders;
     std::vector<HostMessage> told;
-    std::vector<std::string> said;
+    std::vector<std::string> sentences;
     std::vector<std::string> keptPaths;
     bool silent = false;
     int64_t phoneBytes = 1 << 30;

@@ -11,10 +11,10 @@ mkdir "$folder/copy"
 cp -r "$source/src" "$source/tools" "$folder/copy"
 cd "$folder/copy" || exit 1
 
-wrong=0
-if ! tools/check-layers >"$folder/said"; then
-    echo "the sources themselves: $(cat "$folder/said")"
-    wrong=1
+failed=0
+if ! tools/check-layers >"$folder/output"; then
+    echo "the sources themselves: $(cat "$folder/output")"
+    failed=1
 fi
 
 # breach FILE LINE WORD: adds the line at the end of the file, and checks that the output names the file and the word.
@@ -33,15 +33,15 @@ breach src/fmk/common/fmk/Math.cpp 'void end() { ::exit(1); }' 'exit('
 breach src/fmk/common/fmk/GnoImage.cpp '#include <zlib.h>' 'zlib'
 # The file that may include zlib is found by its name, even if it is not the first in its folder, or does not exist.
 sed -i '/#include <zlib/d' src/fmk/common/fmk/InflateZlib.cpp
-if tools/check-layers >"$folder/said"; then
+if tools/check-layers >"$folder/output"; then
     echo "nothing found"
-    wrong=1
+    failed=1
 fi
 for one in "${breaches[@]}"; do
     file=${one%% *} word=${one#* }
-    if ! grep -F "$file" "$folder/said" | grep -qF -- "$word"; then
+    if ! grep -F "$file" "$folder/output" | grep -qF -- "$word"; then
         echo "not found: $word in $file"
-        wrong=1
+        failed=1
     fi
 done
-exit $wrong
+exit $failed

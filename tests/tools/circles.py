@@ -59,15 +59,15 @@ def circles(graph):
 
 
 def main(source):
-    wrong = 0
+    errors = 0
     graph = classes(read(source))
     for circle in circles(graph):
         folders = {os.path.dirname(one) for one in circle}
         print(len(circle), ", ".join(sorted(folders)) + ":", " ".join(os.path.basename(one) for one in circle))
         if len(circle) > MAX_MEMBERS or len(folders) > 1:
             print("  is too large, or in more than one folder")
-            wrong = 1
-    return wrong or len(graph) < 100
+            errors = 1
+    return errors or len(graph) < 100
 
 
 if __name__ == "__main__":

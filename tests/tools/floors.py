@@ -44,28 +44,28 @@ def lying(source):
 
 def main(build, source):
     wanted, found = drawn(source), built(build, source)
-    wrong = 0
+    errors = 0
     for folder in sorted(lying(source) - wanted.keys()):
         print("%s: not in the table" % folder)
-        wrong = 1
+        errors = 1
     for folder in sorted(wanted.keys() | found.keys()):
         if folder not in wanted or folder not in found:
             print("%s: only in the %s" % (folder, "build" if folder in found else "table"))
-            wrong = 1
+            errors = 1
             continue
         for more, where in ((found[folder] - wanted[folder], "may be included, but is not in the table"),
                             (wanted[folder] - found[folder], "is in the table, but cannot be included")):
             for other in sorted(more):
                 print("%s: %s %s" % (folder, other, where))
-                wrong = 1
+                errors = 1
     # The table is ordered: a folder includes only folders on lower lines, so there is no circle.
     lines = list(wanted)
     for folder, others in wanted.items():
         for other in others:
             if lines.index(other) < lines.index(folder):
                 print("%s stands below %s, which it includes" % (folder, other))
-                wrong = 1
-    return wrong or not wanted
+                errors = 1
+    return errors or not wanted
 
 
 if __name__ == "__main__":

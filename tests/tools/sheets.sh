@@ -8,16 +8,16 @@ program=$(realpath "$2") source=$(realpath "$3")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
-wrong=0
+failed=0
 
-complain() {
+report_error() {
     echo "$1" >&2
-    wrong=1
+    failed=1
 }
 
 # size PICTURE: checks that the picture is complete, and prints its width and height.
 size() {
-    pngcheck -q "$1" >&2 || complain "$1 is no whole picture"
+    pngcheck -q "$1" >&2 || report_error "$1 is no whole picture"
     identify -format '%w %h' "$1"
 }
 
@@ -26,30 +26,32 @@ makes-a-font)
     font=$4
     if ! "$program" "$font" 15 small.bmf || ! "$program" "$font" 15 again.bmf ||
         ! "$program" --name Other "$font" 30 large.bmf; then
-        complain "no font was made"
+        report_error "no font was made"
     fi
-    cmp small.bmf again.bmf || complain "the same font is another one the second time"
+    cmp small.bmf again.bmf || report_error "the same font is another one the second time"
     for file in small.bmf large.bmf; do
-        [ "$(head -c 3 $file)" = BMF ] || complain "$file is no bitmap font"
+        [ "$(head -c 3 $file)" = BMF ] || report_error "$file is no bitmap font"
     done
-    [ "$(stat -c %s large.bmf)" -gt "$(stat -c %s small.bmf)" ] || complain "letters of 30 pixels take no more than of 15"
-    grep -q 'DejaVu Sans' small.bmf || complain "the font has not the name of its family"
-    grep -q Other large.bmf || complain "the font has not the name that was given"
+    [ "$(stat -c %s large.bmf)" -gt "$(stat -c %s small.bmf)" ] || report_error "letters of 30 pixels take no more than of 15"
+    grep -q 'DejaVu Sans' small.bmf || report_error "the font has not the name of its family"
+    grep -q Other large.bmf || report_error "the font has not the name that was given"
     ;;
 shows-everything)
     if ! "$program" all.png || ! "$program" --scale 2 twice.png ||
         ! "$program" --data "$source/tests/tools" empty.png; then
-        complain "no sheet was written"
+        report_error "no sheet was written"
     fi
     read -r width height < <(size all.png)
     read -r twice_width twice_height < <(size twice.png)
     read -r empty_width empty_height < <(size empty.png)
-    [ "$twice_width $twice_height" = "$((2 * width)) $((2 * height))" ] || complain "twice as large is $twice_width x $twice_height"
-    [ "$empty_width" = "$width" ] || complain "a sheet without pictures is $empty_width wide, not $width"
+    [ "$twice_width $twice_height" = "$((2 * width)) $((2 * height))" ] ||
+        report_error "twice as large is $twice_width x $twice_height"
+    [ "$empty_width" = "$width" ] || report_error "a sheet without pictures is $empty_width wide, not $width"
     # Each picture needs room: those of the screens alone are 800 pixels high.
-    [ "$height" -gt "$((empty_height + 800))" ] || complain "with all pictures the sheet is $height high, without $empty_height"
-    [ "$(identify -format %k all.png)" -gt 1000 ] || complain "the sheet has hardly any colours"
+    [ "$height" -gt "$((empty_height + 800))" ] ||
+        report_error "with all pictures the sheet is $height high, without $empty_height"
+    [ "$(identify -format %k all.png)" -gt 1000 ] || report_error "the sheet has hardly any colours"
     ;;
-*) complain "there is no case \"$1\"" ;;
+*) report_error "there is no case \"$1\"" ;;
 esac
-exit $wrong
+exit $failed

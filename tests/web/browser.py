@@ -7,7 +7,7 @@
         page.wait_for("document.readyState === 'complete'")
         page.click(120, 300)
         page.screenshot("page.png")
-        assert not browser.records.complaints(), browser.records.complaints()
+        assert not browser.records.problems(), browser.records.problems()
 
 Needs no display and no sound card, and works for root. The profile is in a temporary folder that is removed
 with the browser, unless the caller gives a folder.
@@ -82,9 +82,9 @@ class Browser:
                 "behavior": "allow", "downloadPath": self.downloads, "eventsEnabled": True})
             self.page = self._page_of(lambda session: session.kind == "page")
         except Exception as error:
-            said = self.said()
+            output = self.output()
             self.kill()
-            raise DevToolsError("%s did not start: %s\n%s" % (CHROMIUM, error, said)) from error
+            raise DevToolsError("%s did not start: %s\n%s" % (CHROMIUM, error, output)) from error
 
     def __enter__(self):
         return self
@@ -137,7 +137,7 @@ class Browser:
         """Calls a method of the protocol on the browser as a whole."""
         return self._pipe.call(method, params)
 
-    def said(self):
+    def output(self):
         """The last lines that Chromium wrote to its standard error."""
         with open(os.path.join(self._home, "stderr"), encoding="utf-8", errors="replace") as file:
             return "".join(file.readlines()[-20:])

@@ -68,10 +68,10 @@ def memories(wasm):
 
 
 def memory_limits(wasm, at):
-    has_most = wasm[at] & 1
+    has_max = wasm[at] & 1
     least, at = number(wasm, at + 1)
-    most, at = number(wasm, at) if has_most else (None, at)
-    return (least, most), at
+    max_pages, at = number(wasm, at) if has_max else (None, at)
+    return (least, max_pages), at
 
 
 def imported_memories(wasm, at):

@@ -115,7 +115,7 @@ class Firefox:
     def __init__(self):
         self._home = tempfile.mkdtemp(prefix="murmelo_firefox_")
         self._number = 0
-        self.complaints = []  # errors of the page's console
+        self.problems = []  # errors of the page's console
         self.downloads = os.path.join(self._home, "downloads")
         os.makedirs(self.downloads)
         with open(os.path.join(self._home, "user.js"), "w", encoding="utf-8") as file:
@@ -160,7 +160,7 @@ class Firefox:
         while True:
             message = json.loads(self._socket.receive())
             if message.get("method") == "log.entryAdded" and message["params"]["level"] == "error":
-                self.complaints.append(message["params"]["text"])
+                self.problems.append(message["params"]["text"])
             if message.get("id") == self._number:
                 if message["type"] == "error":
                     raise FirefoxError("%s: %s" % (method, message.get("message")))
@@ -219,7 +219,7 @@ class Firefox:
             if value:
                 return value
             if time.monotonic() > limit:
-                raise FirefoxError("not in %d s: %s\nlast: %s\n%s" % (seconds, expression, last, self.complaints))
+                raise FirefoxError("not in %d s: %s\nlast: %s\n%s" % (seconds, expression, last, self.problems))
             time.sleep(_POLL_SECONDS)
 
     def click(self, x, y):

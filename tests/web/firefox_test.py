@@ -51,7 +51,7 @@ class Journey(unittest.TestCase):
             page.press(page.word("download"))
             downloaded = firefox.downloaded("murmelo-robot-00000.wav")
             self.assertEqual(list(downloaded), firefox.evaluate("Array.from(murmelo.sounds.kept.get('/home/Murmelo/rec_00000.wav').bytes)"))
-            self.assertEqual([], firefox.complaints)
+            self.assertEqual([], firefox.problems)
 
     def test_the_same_sound_makes_the_same_files(self):
         """Some effects seed their noise with the clock: with the test's clock, the files equal those of murmelo-headless."""

@@ -135,10 +135,10 @@ class HandsTest(BrowserTest):
         self.tab.reload()
         self.assertEqual("stub", self.tab.evaluate("navigator.share()"))
 
-    def test_a_sound_page_has_no_complaints(self):
+    def test_a_sound_page_has_no_problems(self):
         self.tab.press("#button")
         self.seen("click")
-        self.assertEqual([], self.started.records.complaints())
+        self.assertEqual([], self.started.records.problems())
         self.assertEqual([], self.started.records.foreign_requests(self.server.origin))
         self.assertIn(self.server.address + "button.js", self.started.records.requests())
 
@@ -189,9 +189,9 @@ class RecordsTest(BrowserTest):
         self.assertTrue(any("nothing caught this" in text for text in texts), texts)
         self.assertTrue(any("nothing awaited this" in text for text in texts), texts)
         self.assertIn("told the console 7", browser.records.all("console-error")[0].text)
-        self.assertLessEqual(3, len(browser.records.complaints()))
+        self.assertLessEqual(3, len(browser.records.problems()))
         browser.records.clear()
-        self.assertEqual([], browser.records.complaints())
+        self.assertEqual([], browser.records.problems())
 
     def test_a_service_worker_is_watched_and_works_offline(self):
         browser = self.browser()

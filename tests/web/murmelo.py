@@ -237,8 +237,8 @@ class PageTest(unittest.TestCase):
         self.expected = []  # texts that an expected error contains
 
     def tearDown(self):
-        complaints = [str(record) for record in self.browser.records.complaints()]
-        self.assertEqual([], [text for text in complaints if not any(part in text for part in self.expected)])
+        problems = [str(record) for record in self.browser.records.problems()]
+        self.assertEqual([], [text for text in problems if not any(part in text for part in self.expected)])
         self.assertEqual([], self.browser.records.foreign_requests(self.server.origin))
         self.tab.close()
 

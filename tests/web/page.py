@@ -77,7 +77,7 @@ class Page(Hands):
                 value = error  # may refer to what is not there yet
             if time.monotonic() > limit:
                 raise PageError("not in %d s: %s\nlast: %s\n%s" % (
-                    seconds, expression, value, "\n".join(map(str, self._records.complaints()))))
+                    seconds, expression, value, "\n".join(map(str, self._records.problems()))))
             time.sleep(_POLL_SECONDS)
 
     def before_load(self, script):

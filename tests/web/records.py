@@ -43,7 +43,7 @@ class Records:
             return [record for record in self._records
                     if (not kinds or record.kind in kinds) and (target is None or record.target == target)]
 
-    def complaints(self, target=None):
+    def problems(self, target=None):
         """The records that a correct run has not: errors, uncaught exceptions, crashes, violations of the policy."""
         return self.all("console-error", "log-error", "exception", "crash", "violation", target=target)
 

@@ -73,9 +73,9 @@ class ServeTest(unittest.TestCase):
     def test_says_which_port_is_in_use(self):
         with socket.create_server(("127.0.0.1", 0)) as other:
             port = other.getsockname()[1]
-            status, said = run(self.folder, "--host", "127.0.0.1", "--port", str(port))
+            status, output = run(self.folder, "--host", "127.0.0.1", "--port", str(port))
         self.assertEqual(1, status)
-        self.assertEqual("serve-web: port %d is in use; leave out --port to get a free one\n" % port, said)
+        self.assertEqual("serve-web: port %d is in use; leave out --port to get a free one\n" % port, output)
 
     def test_takes_the_next_port_when_none_is_asked_for(self):
         servers = [self.start_without_port() for _ in range(2)]
@@ -93,9 +93,9 @@ class ServeTest(unittest.TestCase):
 
     def test_says_that_there_is_no_folder_and_no_such_host(self):
         self.assertEqual((1, "serve-web: there is no folder /nowhere\n"), run("/nowhere"))
-        status, said = run(self.folder, "--host", "192.0.2.1", "--port", "0")
+        status, output = run(self.folder, "--host", "192.0.2.1", "--port", "0")
         self.assertEqual(1, status)
-        self.assertRegex(said, r"^serve-web: cannot listen on 192\.0\.2\.1, port 0: .+\n$")
+        self.assertRegex(output, r"^serve-web: cannot listen on 192\.0\.2\.1, port 0: .+\n$")
         for port in ("-1", "65536", "x"):
             self.assertEqual(2, run(self.folder, "--port", port)[0])
 
@@ -105,11 +105,11 @@ class ServeTest(unittest.TestCase):
                 [sys.executable, "-B", _SERVER, self.folder, "--port", "0"], stdout=subprocess.PIPE,
                 stderr=subprocess.PIPE, text=True,
                 preexec_fn=lambda: signal.signal(signal.SIGINT, signal.default_int_handler))
-            said = child.stdout.readline() + child.stdout.readline()
+            output = child.stdout.readline() + child.stdout.readline()
             child.send_signal(number)
             rest, errors = child.communicate(timeout=300)
             self.assertEqual((0, "\n", ""), (child.returncode, rest, errors))
-            self.assertRegex(said, r"^http://localhost:[0-9]+/\n.*https")
+            self.assertRegex(output, r"^http://localhost:[0-9]+/\n.*https")
 
 
 if __name__ == "__main__":

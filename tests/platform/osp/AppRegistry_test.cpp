@@ -41,11 +41,11 @@ protected:
     /// Checks that the host has told why, that there are no settings, and that a change works but
     /// is not written.
     void expectOutOfReach(const std::string& why) {
-        ASSERT_EQ(1U, host.said.size());
-        EXPECT_NE(std::string::npos, host.said[0].find("config/settings\" cannot be read"))
-            << host.said[0];
-        EXPECT_NE(std::string::npos, host.said[0].find(why)) << host.said[0];
-        host.said.clear();
+        ASSERT_EQ(1U, host.sentences.size());
+        EXPECT_NE(std::string::npos, host.sentences[0].find("config/settings\" cannot be read"))
+            << host.sentences[0];
+        EXPECT_NE(std::string::npos, host.sentences[0].find(why)) << host.sentences[0];
+        host.sentences.clear();
         int lang = -1;
         EXPECT_EQ(E_KEY_NOT_FOUND, registry.Get("lang", lang));
         host.failNth("AppRegistry.Write", 1);
@@ -197,7 +197,7 @@ TEST_F(AppRegistryTest, everyDamagedFileIsKept) {
     EXPECT_EQ("first\n", folders.read("config/settings.damaged"));
     EXPECT_EQ("second\n", folders.read("config/settings.aside-1"));
     EXPECT_EQ("third\n", folders.read("config/settings.aside-2"));
-    EXPECT_TRUE(host.said.empty());
+    EXPECT_TRUE(host.sentences.empty());
 }
 
 TEST_F(AppRegistryTest, aLinkIsWrittenThrough) {
@@ -216,7 +216,7 @@ TEST_F(AppRegistryTest, aLinkIsWrittenThrough) {
         EXPECT_TRUE(std::filesystem::is_symlink(folders.path("config/settings")));
         EXPECT_TRUE(std::filesystem::is_symlink(folders.path("config/between")));
     }
-    EXPECT_TRUE(host.said.empty());
+    EXPECT_TRUE(host.sentences.empty());
 }
 
 TEST_F(AppRegistryTest, aLinkToNothingIsWrittenThroughToo) {

@@ -378,10 +378,10 @@ TEST_F(OspIo, theSoundFolderMayLieElsewhere) {
 
 TEST_F(OspIo, theHostSaysWhyAFolderCannotBeMade) {
     EXPECT_NE(E_SUCCESS, Directory::Create("/Home/missing/new", false));
-    ASSERT_EQ(1U, host.said.size());
+    ASSERT_EQ(1U, host.sentences.size());
     EXPECT_EQ("the folder \"" + folders.path("home/missing/new") +
                   "\" cannot be made: No such file or directory",
-              host.said[0]);
+              host.sentences[0]);
 }
 
 TEST_F(OspIo, copiesOverAnExistingFileOnlyWhenAllowed) {

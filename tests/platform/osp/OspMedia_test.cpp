@@ -335,34 +335,35 @@ TEST_F(AudioInTest, aLostMicrophoneIsToldWithWhatBecomesOfTheTake) {
     start(in);
     host.nowMs += 150;
     EXPECT_TRUE(host.ears.lose());
-    EXPECT_TRUE(host.said.empty());  // a pause may still throw the take away
+    EXPECT_TRUE(host.sentences.empty());  // a pause may still throw the take away
     EXPECT_EQ(E_SUCCESS, in.Stop());
-    EXPECT_EQ((std::vector<std::string>{gone + "; what it heard until now is kept"}), host.said);
+    EXPECT_EQ((std::vector<std::string>{gone + "; what it heard until now is kept"}),
+              host.sentences);
 
-    host.said.clear();
+    host.sentences.clear();
     ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
     ASSERT_EQ(E_SUCCESS, in.Start());
     host.nowMs += 50;
     EXPECT_TRUE(host.ears.lose());
     EXPECT_EQ(E_SUCCESS, in.Reset());
-    EXPECT_EQ((std::vector<std::string>{gone}), host.said);
+    EXPECT_EQ((std::vector<std::string>{gone}), host.sentences);
 
-    host.said.clear();
+    host.sentences.clear();
     ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
     ASSERT_EQ(E_SUCCESS, in.Start());
     EXPECT_TRUE(host.ears.lose());
-    EXPECT_EQ((std::vector<std::string>{gone}), host.said);  // at once: nothing was heard
+    EXPECT_EQ((std::vector<std::string>{gone}), host.sentences);  // at once: nothing was heard
     EXPECT_EQ(E_SUCCESS, in.Stop());
-    EXPECT_EQ((std::vector<std::string>{gone}), host.said);
+    EXPECT_EQ((std::vector<std::string>{gone}), host.sentences);
 
-    host.said.clear();
+    host.sentences.clear();
     {
         AudioIn deleted;
         start(deleted);
         host.nowMs += 50;
         EXPECT_TRUE(host.ears.lose());
     }
-    EXPECT_EQ((std::vector<std::string>{gone}), host.said);
+    EXPECT_EQ((std::vector<std::string>{gone}), host.sentences);
 }
 
 TEST_F(AudioInTest, aMicrophoneLostBeforeItHeardAnythingOnlyTellsTheError) {
@@ -484,14 +485,14 @@ TEST_F(AudioInTest, tooLittleRoomForATakeIsToldBeforeItIsRecorded) {
         host.phoneBytes = freeBytes;
         AudioIn in;
         start(in);
-        EXPECT_TRUE(host.said.empty()) << freeBytes;
+        EXPECT_TRUE(host.sentences.empty()) << freeBytes;
     }
     host.phoneBytes = 640043;  // one byte less than 20 seconds and their header
     AudioIn in;
     ASSERT_EQ(E_SUCCESS, in.Construct(ear));
     EXPECT_EQ(E_SUCCESS, prepare(in));  // a few words have room
     EXPECT_EQ((std::vector<std::string>{"only 640 KB are free; a take of 20 seconds needs 641 KB"}),
-              host.said);
+              host.sentences);
 }
 
 TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
@@ -507,19 +508,19 @@ TEST_F(AudioInTest, aBufferThatCannotBeWrittenIsToldOnceForEachRecording) {
     };
     std::vector<std::string> once = {"the take is cut short: No space left on device"};
     host.pass(100);
-    EXPECT_EQ(once, host.said);
+    EXPECT_EQ(once, host.sentences);
     host.pass(100);
-    EXPECT_EQ(once, host.said);
+    EXPECT_EQ(once, host.sentences);
     ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
     host.pass(50);
     EXPECT_EQ(E_SUCCESS, in.Stop());
     once.emplace_back("0 of 0.3 seconds of the take are kept");  // 250 ms were heard
-    EXPECT_EQ(once, host.said);
+    EXPECT_EQ(once, host.sentences);
     ASSERT_EQ(E_SUCCESS, in.AddBuffer(&first));
     ASSERT_EQ(E_SUCCESS, in.Start());
     host.pass(50);
     EXPECT_EQ(E_SUCCESS, in.Stop());  // the last buffer counts as well
-    EXPECT_EQ(4U, host.said.size());
+    EXPECT_EQ(4U, host.sentences.size());
 }
 
 TEST_F(AudioInTest, aTakeThatIsCutShortTellsAtItsEndHowMuchIsKept) {
@@ -541,10 +542,10 @@ TEST_F(AudioInTest, aTakeThatIsCutShortTellsAtItsEndHowMuchIsKept) {
         in.AddBuffer(ear.buffers.back());
     };
     host.pass(400);
-    EXPECT_EQ((std::vector<std::string>{"the take is cut short: File too large"}), host.said);
+    EXPECT_EQ((std::vector<std::string>{"the take is cut short: File too large"}), host.sentences);
     EXPECT_EQ(E_SUCCESS, in.Stop());
     ASSERT_EQ(2U, host.told.size());
-    EXPECT_EQ("0.2 of 0.4 seconds of the take are kept", host.said[1]);
+    EXPECT_EQ("0.2 of 0.4 seconds of the take are kept", host.sentences[1]);
     EXPECT_EQ("Disk full: 0.2 of 0.4 seconds kept.", host.told[1].text("en"));
     EXPECT_EQ("Speicher voll: 0,2 von 0,4 Sekunden bleiben erhalten.", host.told[1].text("de"));
 }
@@ -560,7 +561,7 @@ TEST_F(AudioInTest, aFailedWriteOutsideARecordingIsNoMatterOfTheTake) {
     EXPECT_NE(E_SUCCESS, file.Write("sound", 5));
     host.pass(200);
     EXPECT_EQ(E_SUCCESS, in.Stop());
-    EXPECT_TRUE(host.said.empty());
+    EXPECT_TRUE(host.sentences.empty());
 }
 
 TEST_F(PlayerTest, playsAClipAndEndsWhenItsLastSampleWasHeard) {
@@ -651,8 +652,8 @@ TEST_F(PlayerTest, aLostSpeakerTellsTheErrorAndThenTheEnd) {
         EXPECT_EQ(Osp::Media::PLAYER_STATE_ENDOFCLIP, player.GetState());
         host.pass(2000);
         EXPECT_EQ(1, end.ends);
-        EXPECT_EQ((std::vector<std::string>{"the speaker is gone"}), host.said);
-        host.said.clear();
+        EXPECT_EQ((std::vector<std::string>{"the speaker is gone"}), host.sentences);
+        host.sentences.clear();
     }
     EXPECT_EQ(2U * 2400, played().size());
 }

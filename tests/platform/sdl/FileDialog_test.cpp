@@ -94,7 +94,7 @@ protected:
     }
 
     bool isSaid(const std::string& sentence) {
-        return !host.said.empty() && host.said.back() == sentence;
+        return !host.sentences.empty() && host.sentences.back() == sentence;
     }
 
     const Samples sound = TestSounds::noise(8000);
@@ -148,14 +148,14 @@ TEST_F(FileDialogTest, aDialogThatIsClosedChangesNothing) {
     doors.openFile();
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
     EXPECT_TRUE(program.taken.empty());
-    EXPECT_TRUE(host.said.empty());
+    EXPECT_TRUE(host.sentences.empty());
 }
 
 TEST_F(FileDialogTest, aDesktopThatDiesIsADialogThatIsClosed) {
     startPortal("die");
     doors.openFile();
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
-    EXPECT_TRUE(host.said.empty());
+    EXPECT_TRUE(host.sentences.empty());
     // The next time there is none at all.
     doors.openFile();
     EXPECT_TRUE(workUntil([this] {

@@ -37,17 +37,17 @@ protected:
     int32_t wrongPixels(int32_t width, int32_t height, int32_t factor) const {
         const int32_t left = (width - factor * 240) / 2;
         const int32_t top = (height - factor * 400) / 2;
-        int32_t wrong = 0;
+        int32_t falsePixels = 0;
         for (int32_t y = 0; y < height; y++) {
             for (int32_t x = 0; x < width; x++) {
                 const bool inside =
                     x >= left && x < left + factor * 240 && y >= top && y < top + factor * 400;
                 const uint32_t expected = inside ? program((x - left) / factor, (y - top) / factor)
                                                  : PictureScaler::kBesideRgb;
-                wrong += window[static_cast<size_t>(y * width + x)] != expected ? 1 : 0;
+                falsePixels += window[static_cast<size_t>(y * width + x)] != expected ? 1 : 0;
             }
         }
-        return wrong;
+        return falsePixels;
     }
 
     PictureScaler scaler;
@@ -83,7 +83,7 @@ TEST_F(PictureScalerTest, bandsAroundThePictureAreOfDarkGlassAndEverythingIsDraw
 
 TEST_F(PictureScalerTest, inAWideWindowTheStripStandsBesideThePicture) {
     draw(1010, 640);  // two pixels each make 2 * 480 x 640
-    int32_t wrong = 0;
+    int32_t falsePixels = 0;
     for (int32_t y = 0; y < 640; y++) {
         for (int32_t x = 0; x < 1010; x++) {
             uint32_t expected = PictureScaler::kBesideRgb;
@@ -92,10 +92,10 @@ TEST_F(PictureScalerTest, inAWideWindowTheStripStandsBesideThePicture) {
             } else if (x >= 25 && x < 505 && y >= 240 && y < 400) {
                 expected = program((x - 25) / 2, (y - 240) / 2);
             }
-            wrong += window[static_cast<size_t>(y * 1010 + x)] != expected ? 1 : 0;
+            falsePixels += window[static_cast<size_t>(y * 1010 + x)] != expected ? 1 : 0;
         }
     }
-    EXPECT_EQ(0, wrong);
+    EXPECT_EQ(0, falsePixels);
 }
 
 TEST_F(PictureScalerTest, inBetweenItIsTheNextWholeMultipleShrunkSmoothly) {

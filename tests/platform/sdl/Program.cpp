@@ -42,8 +42,8 @@ void Program::send(int signal) const {
     kill(process, signal);
 }
 
-int Program::waitForEnd(int64_t mostMs) {
-    for (int64_t passedMs = 0; passedMs < mostMs; passedMs++) {
+int Program::waitForEnd(int64_t maxMs) {
+    for (int64_t passedMs = 0; passedMs < maxMs; passedMs++) {
         int status = 0;
         if (waitpid(process, &status, WNOHANG) == process) {
             process = -1;

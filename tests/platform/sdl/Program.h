@@ -23,8 +23,8 @@ public:
     static constexpr int64_t kPatienceMs = 60000;
 
     /// Waits for its end. Returns its exit status, 128 + signal if a signal has ended it, or -1 if
-    /// it was killed after mostMs.
-    int waitForEnd(int64_t mostMs = kPatienceMs);
+    /// it was killed after maxMs.
+    int waitForEnd(int64_t maxMs = kPatienceMs);
 
     /// From /proc, for all its threads together: processor time in ticks of 10 ms, and how often it
     /// went to sleep.

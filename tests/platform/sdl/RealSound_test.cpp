@@ -114,9 +114,9 @@ protected:
         runUntil([] { return false; }, ms);
     }
 
-    /// Runs the loop until happened() is true. False if that is not within mostMs.
-    bool runUntil(const std::function<bool()>& happened, int64_t mostMs) {
-        const int64_t endMs = host->uptimeMs() + mostMs;
+    /// Runs the loop until happened() is true. False if that is not within maxMs.
+    bool runUntil(const std::function<bool()>& happened, int64_t maxMs) {
+        const int64_t endMs = host->uptimeMs() + maxMs;
         while (!happened() && host->uptimeMs() < endMs) {
             // Other programs do not wake this one, so happened() is called again after a while.
             host->pump(nobody, std::min<int64_t>(endMs - host->uptimeMs(), 20));

@@ -16,11 +16,11 @@ unset DISPLAY WAYLAND_DISPLAY SDL_VIDEODRIVER MURMELO_HOME DBUS_SESSION_BUS_ADDR
 mkdir home config
 echo lang=0 >config/settings
 export XDG_RUNTIME_DIR=$folder XDG_STATE_HOME=$folder/state SDL_AUDIODRIVER=dummy
-wrong=0
+failed=0
 
-complain() {
+report_error() {
     echo "$*" >&2
-    wrong=1
+    failed=1
 }
 
 # refused TEXT NAME=VALUE...: checks that with these variables it ends with status 1 and one sentence that has TEXT.
@@ -29,9 +29,9 @@ refused() {
     shift
     env "$@" timeout --kill-after=5 60 "$program" --home home --config config >stdout 2>stderr
     status=$?
-    [ $status = 1 ] || complain "status $status with: $*"
+    [ $status = 1 ] || report_error "status $status with: $*"
     if [ "$(wc -l <stderr)" != 1 ] || ! grep -qF -- "$text" stderr || [ -s stdout ]; then
-        complain "wanted one line with \"$text\" with: $*; found: $(cat stdout stderr)"
+        report_error "wanted one line with \"$text\" with: $*; found: $(cat stdout stderr)"
     fi
 }
 
@@ -56,11 +56,11 @@ for driver in offscreen dummy; do
         kill -0 $running 2>/dev/null || break
         sleep 0.1
     done
-    kill -KILL $running 2>/dev/null && complain "$driver: SIGTERM was not heard"
+    kill -KILL $running 2>/dev/null && report_error "$driver: SIGTERM was not heard"
     wait $running
     status=$?
     running=
-    [ $status = 0 ] || complain "$driver: status $status"
-    [ ! -s stderr ] || complain "$driver: standard error: $(cat stderr)"
+    [ $status = 0 ] || report_error "$driver: status $status"
+    [ ! -s stderr ] || report_error "$driver: standard error: $(cat stderr)"
 done
-exit $wrong
+exit $failed

@@ -78,16 +78,16 @@ TEST_F(SilentQuestionTest, wordsBelowTheQuestionCannotBeRead) {
     const Shown overBlack = paint();
     constexpr int32_t kCornerPx = 16;
     const PaStretcher& box = *G::psWndBg;
-    int32_t most = 0;
+    int32_t maxDifference = 0;
     for (int32_t y = box.getY() + kCornerPx; y < box.getY() + box.getHeight() - kCornerPx; y++) {
         for (int32_t x = box.getX() + kCornerPx; x < box.getX() + box.getWidth() - kCornerPx; x++) {
             const auto at = static_cast<size_t>(240 * y + x);
             const int32_t greenDifference =
                 (overWhite[at] >> 5 & 0x3F) - (overBlack[at] >> 5 & 0x3F);
-            most = std::max(most, 4 * std::abs(greenDifference));
+            maxDifference = std::max(maxDifference, 4 * std::abs(greenDifference));
         }
     }
-    EXPECT_GE(12, most);  // of 255, between the brightest and the darkest of all pictures
+    EXPECT_GE(12, maxDifference);  // of 255, between the brightest and the darkest of all pictures
     EXPECT_NE(overWhite, overBlack);
 }
 
