@@ -27,17 +27,21 @@ set(murmelo_folders
     ${CMAKE_INSTALL_DATADIR}/applications
     ${CMAKE_INSTALL_DATADIR}/metainfo
     ${CMAKE_INSTALL_MANDIR}/man1
-    ${CMAKE_INSTALL_MANDIR}/de/man1
-    ${CMAKE_INSTALL_MANDIR}/es/man1
-    ${CMAKE_INSTALL_MANDIR}/fr/man1
-    ${CMAKE_INSTALL_MANDIR}/it/man1
     ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
     ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
     ${murmelo_papers}/licences
     ${murmelo_icons}/scalable/apps
     ${murmelo_icons}/symbolic/apps)
-foreach(size 16 24 32 48 64 128 256 512)
+# The languages of the man pages besides English, and the sizes of the icons, are those of the files.
+file(GLOB murmelo_man_languages CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/docs/man docs/man/*/murmelo.1)
+list(TRANSFORM murmelo_man_languages REPLACE "/.*" "")
+foreach(language ${murmelo_man_languages})
+    list(APPEND murmelo_folders ${CMAKE_INSTALL_MANDIR}/${language}/man1)
+endforeach()
+file(GLOB murmelo_icon_sizes CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/res/icons res/icons/murmelo-*.png)
+list(TRANSFORM murmelo_icon_sizes REPLACE "[^0-9]+" "")
+foreach(size ${murmelo_icon_sizes})
     list(APPEND murmelo_folders ${murmelo_icons}/${size}x${size}/apps)
 endforeach()
 configure_file(cmake/MakeFolders.cmake.in ${CMAKE_BINARY_DIR}/MakeFolders.cmake @ONLY)
@@ -46,7 +50,7 @@ install(SCRIPT ${CMAKE_BINARY_DIR}/MakeFolders.cmake COMPONENT byhand)
 install(TARGETS murmelo murmelo-headless murmelo-fx DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY res/Res res/framework DESTINATION ${murmelo_data})
 
-foreach(size 16 24 32 48 64 128 256 512)
+foreach(size ${murmelo_icon_sizes})
     install(FILES res/icons/murmelo-${size}.png
         DESTINATION ${murmelo_icons}/${size}x${size}/apps RENAME ${murmelo_id}.png)
 endforeach()
@@ -88,7 +92,7 @@ foreach(program murmelo murmelo-headless murmelo-fx)
 endforeach()
 
 # The translated pages, of the programs that are not only for developers.
-foreach(language de es fr it)
+foreach(language ${murmelo_man_languages})
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install/${language})
     foreach(program murmelo murmelo-fx)
         set(page ${CMAKE_BINARY_DIR}/install/${language}/${program}.1.gz)

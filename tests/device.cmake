@@ -26,7 +26,7 @@ murmelo_tests(strip_tests
         platform/strip/StripModel_test.cpp
         platform/strip/StripPainter_test.cpp
         platform/strip/TextRows_test.cpp
-    LINK murmelo_strip)
+    LINK murmelo_app murmelo_strip)
 
 murmelo_tests(web_tests
     SOURCES
@@ -34,6 +34,7 @@ murmelo_tests(web_tests
         platform/host/HostWords_test.cpp
         platform/host/KeyRules_test.cpp
         platform/host/KeyWalk_test.cpp
+        platform/host/Languages_test.cpp
         platform/host/OneFinger_test.cpp
         platform/host/WindowLayout_test.cpp
         platform/web/PlainWav_test.cpp
@@ -45,7 +46,9 @@ murmelo_tests(web_tests
         platform/web/WebSounds_test.cpp
         platform/web/WebTexts_test.cpp
     LINK murmelo_app murmelo_web_host)
-target_compile_definitions(web_tests PRIVATE MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+list(JOIN languages " " language_codes)
+target_compile_definitions(web_tests PRIVATE
+    MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}" MURMELO_LANGUAGES="${language_codes}")
 
 murmelo_tests(sdl_tests
     SOURCES
@@ -71,7 +74,7 @@ murmelo_tests(sdl_tests
         platform/sdl/WindowMemory_test.cpp
         platform/sdl/WindowSizes_test.cpp
         platform/sdl/WindowTitle_test.cpp
-    LINK murmelo_sdl_host)
+    LINK murmelo_app murmelo_sdl_host)
 target_compile_definitions(sdl_tests PRIVATE
     MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}" SDL_MAIN_HANDLED)
 

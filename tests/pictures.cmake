@@ -14,7 +14,7 @@ if(MURMELO_TOOLS)
 
     add_executable(strip-states flows/strip.cpp)
     target_link_libraries(strip-states PRIVATE
-        murmelo_tests_support murmelo_strip murmelo_resources murmelo_headless_host)
+        murmelo_tests_support murmelo_strip murmelo_resources murmelo_audio murmelo_headless_host)
     foreach(language ${languages})
         add_test(NAME strip_${language}
             COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/flows/strip.sh

@@ -4,6 +4,7 @@
 
 PROGRAM is murmelo-fx; its --list is the catalogue.
 """
+import ast
 import pathlib
 import re
 import struct
@@ -21,6 +22,14 @@ def output(*arguments):
 
 def read(path):
     return (source / path).read_text()
+
+
+def value(path, name):
+    """The value of a constant of a script in Python."""
+    for statement in ast.parse(read(path)).body:
+        if isinstance(statement, ast.Assign) and statement.targets[0].id == name:
+            return ast.literal_eval(statement.value)
+    sys.exit(f"{path} has no {name}")
 
 
 def between(text, begin, end):
@@ -69,7 +78,8 @@ for page in sorted((source / "docs/man").rglob("murmelo.1")):
     last = re.findall(r'^\.BR 1 " \w+ " (\d+)$', page.read_text(), re.M)
     compare(f"the keys in {page.relative_to(source)}", [str(len(words))], last)
 
-compare("tools/bench", words, re.findall(r'"(\w+)"', between(read("tools/bench"), "_WORKS = [", "]"))[:len(words)])
+compare("tools/bench", words, value("tools/bench", "_WORKS")[:len(words)])
+compare("art/compose.py", words, [meant_by(title) for _, title in value("art/compose.py", "EFFECTS")])
 
 heads = (source / "res/Res/strip/heads.png").read_bytes()
 width, height = struct.unpack(">II", heads[16:24])

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 // strip-states FOLDER LANGUAGE: takes pictures of the strip in each of its states, as
 // FOLDER/STATE.png, and of its sheets over the picture, as FOLDER/over-STATE.png.
+#include "FxCatalogue.h"
 #include "HostMessage.h"
 #include "HostWords.h"
 #include "Languages.h"
 #include "PngFile.h"
-#include "Str.h"
 #include "StripModel.h"
 #include "StripPainter.h"
 #include "StrTexts.h"
 #include "TestHost.h"
 
+#include <algorithm>
 #include <functional>
 #include <iostream>
 #include <string>
+#include <strings.h>
 #include <utility>
 #include <vector>
 
@@ -22,21 +24,17 @@ namespace {
 constexpr const char* kMicrophone = "Headset H390 Mono";
 constexpr const char* kSound = "~/Music/Murmelo/rec_00003.wav";
 
-/// The texts' ids of the effects, in the order of the heads.
-constexpr const int32_t* kEffects[] = {
-    &Str::str_FX_NO_EFFECT,  &Str::str_FX_ROBOT,           &Str::str_FX_BACKWARDS,
-    &Str::str_FX_HIGH_PITCH, &Str::str_FX_LOW_PITCH,       &Str::str_FX_FAST_TALKER,
-    &Str::str_FX_DRUNK,      &Str::str_FX_INTONATION_FLIP,
-};
-
-std::string programsText(const int32_t* id, const std::string& language) {
+/// The effect's name as the program shows it: the text that is its shown name in English.
+std::string effectName(int32_t effect, const std::string& language) {
+    const std::string shown = FxCatalogue::at(effect).shownName;
     int32_t count = 0;
     const StrTexts* rows = StrTexts::rows(count);
-    for (int32_t i = 0; i < count; i++) {
-        for (size_t at = 0; rows[i].id == id && at < Languages::kCount; at++) {
-            if (language == Languages::kAll[at].code) {
-                return rows[i].texts.utf8[at];
-            }
+    const StrTexts* found = std::find_if(rows, rows + count, [&](const StrTexts& row) {
+        return strcasecmp(row.texts.utf8[0], shown.c_str()) == 0;
+    });
+    for (size_t at = 0; found != rows + count && at < Languages::kCount; at++) {
+        if (language == Languages::kAll[at].code) {
+            return found->texts.utf8[at];
         }
     }
     return "";
@@ -177,8 +175,8 @@ private:
         model.setScreen(texts, 2, screen == "Play");
         model.setCanOpen(screen == "Play");
         std::vector<std::string> names;
-        for (const int32_t* effect : kEffects) {
-            names.push_back(programsText(effect, language));
+        for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
+            names.push_back(effectName(effect, language));
         }
         model.setEffectNames(names);
         model.setMicrophoneName(kMicrophone);

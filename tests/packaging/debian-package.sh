@@ -38,11 +38,13 @@ for program in murmelo murmelo-headless murmelo-fx; do
     "$root/usr/bin/$program" --version | grep -q "$program $version" || report_error "$program is of another version"
     [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || report_error "zsh does not find how to complete $program"
     [ -f "$root/usr/share/bash-completion/completions/$program" ] || report_error "bash does not know how to complete $program"
-    [ -f "$root/usr/share/fish/vendor_completions.d/$program.fish" ] || report_error "fish does not know how to complete $program"
+    [ -f "$root/usr/share/fish/vendor_completions.d/$program.fish" ] ||
+        report_error "fish does not know how to complete $program"
     [ -f "$root/usr/share/man/man1/$program.1.gz" ] || report_error "$program has no man page"
     [ "$hardened" = ON ] && { "$(dirname "$0")/hardening.sh" "$root/usr/bin/$program" || failed=1; }
 done
-for language in de es fr it; do
+for folder_of_language in "$source"/docs/man/*/; do
+    language=$(basename "$folder_of_language")
     for program in murmelo murmelo-fx; do
         [ -f "$root/usr/share/man/$language/man1/$program.1.gz" ] || report_error "$program has no man page in $language"
     done

@@ -11,7 +11,6 @@ import re
 import subprocess
 import sys
 
-LANGUAGES = ("de", "es", "fr", "it")
 PAGES = ("murmelo", "murmelo-fx")
 
 
@@ -80,10 +79,13 @@ def problems(path, page, english, translated):
 
 def main(source):
     errors = 0
+    languages = sorted(folder.name for folder in os.scandir(source + "/docs/man") if folder.is_dir())
+    if not languages:
+        sys.exit("there are no man pages in other languages")
     for page in PAGES:
         with open("%s/docs/man/%s.1" % (source, page), encoding="utf-8") as file:
             english = file.read()
-        for language in LANGUAGES:
+        for language in languages:
             path = "%s/docs/man/%s/%s.1" % (source, language, page)
             with open(path, encoding="utf-8") as file:
                 translated = file.read()

@@ -4,7 +4,6 @@ import array
 import base64
 import json
 import os
-import re
 import subprocess
 import tempfile
 import unittest
@@ -20,14 +19,20 @@ HEADLESS = os.environ.get("MURMELO_HEADLESS", os.path.join(SOURCE, "build/releas
 SPEECH = os.path.join(SOURCE, "res/sample/hello.wav")
 
 
-def _first_words(path):
-    """The first text in each row of a table of the source."""
-    with open(os.path.join(SOURCE, path), encoding="utf-8") as file:
-        return tuple(re.findall(r'^ +\{"(\w+)", "', file.read(), re.M))
+def _languages():
+    with open(os.path.join(SOURCE, "cmake/languages.txt"), encoding="utf-8") as file:
+        return tuple(line.strip() for line in file if not line.startswith("#"))
 
 
-LANGUAGES = _first_words("src/platform/host/Languages.h")
-EFFECTS = _first_words("src/app/common/audio/FxCatalogue.cpp")
+def _effects():
+    """Their words, as murmelo-fx lists them."""
+    tool = os.path.join(os.path.dirname(HEADLESS), "murmelo-fx")
+    listed = subprocess.run([tool, "--list"], stdout=subprocess.PIPE, check=True).stdout.decode()
+    return tuple(line.split()[0] for line in listed.splitlines())
+
+
+LANGUAGES = _languages()
+EFFECTS = _effects()
 HOME = "/home/Murmelo/"
 RATE_HZ = 16000
 HEADER_BYTES = 44

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The window's title names the screen and the effect in the program's language.
 #include "HostWords.h"
+#include "Languages.h"
+#include "ScreenNames.h"
+#include "ScreenTable.h"
 #include "WindowTitle.h"
 
 #include <gtest/gtest.h>
@@ -32,10 +35,13 @@ TEST(WindowTitle, isTheProgramsNameWhereTheScreenHasNone) {
 }
 
 TEST(WindowTitle, eachScreenThatStaysHasAName) {
-    for (const char* screen : {"FirstLang", "Options", "Record", "Recording", "Process", "Play",
-                               "Playing", "Save", "MessageAndQuit"}) {
-        for (const char* language : {"en", "de", "es", "fr", "it"}) {
-            EXPECT_NE("Murmelo", WindowTitle::of(on(screen, language, ""))) << screen << language;
+    int32_t count = 0;
+    const ScreenTable::Row* rows = ScreenTable::rows(count);
+    for (int32_t i = 0; i < count; i++) {
+        for (const Language& language : Languages::kAll) {
+            const std::string title = WindowTitle::of(on(rows[i].name, language.code, ""));
+            EXPECT_EQ(rows[i].name == std::string(ScreenNames::kSplash), title == "Murmelo")
+                << rows[i].name << " " << language.code;
         }
     }
 }
