@@ -28,9 +28,9 @@ public:
         , channels(static_cast<size_t>(channels))
         , frames(static_cast<size_t>(kBlockFrames) * this->channels) {}
 
-    /// The next frames, at most `most` and kBlockFrames; fewer only at the end of the file.
-    const std::vector<float>& next(int64_t most) {
-        const auto wanted = std::min<sf_count_t>(kBlockFrames, most);
+    /// The next frames, at most maxFrames and kBlockFrames; fewer only at the end of the file.
+    const std::vector<float>& next(int64_t maxFrames) {
+        const auto wanted = std::min<sf_count_t>(kBlockFrames, maxFrames);
         const auto got = static_cast<size_t>(
             std::max<sf_count_t>(sf_readf_float(file, frames.data(), wanted), 0));
         atEnd = got < static_cast<size_t>(wanted);

@@ -3,14 +3,14 @@
 
 #include <utility>
 
-TakeKeeper::TakeKeeper(std::string folder, Complain complain, Later later)
+TakeKeeper::TakeKeeper(std::string folder, ReportError reportError, Later later)
     : last(std::move(folder))
-    , complain(std::move(complain))
+    , reportError(std::move(reportError))
     , later(std::move(later)) {}
 
 void TakeKeeper::keep(const std::vector<int16_t>& samples) {
     if (const Problem problem = later ? last.write(samples) : last.keep(samples)) {
-        complain(problem);
+        reportError(problem);
     } else if (later && !samples.empty()) {
         later([settled = last] { return settled.settle(); });
     }

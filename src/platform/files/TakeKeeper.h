@@ -14,15 +14,15 @@
 
 class TakeKeeper {
 public:
-    using Complain = std::function<void(const Problem&)>;
+    using ReportError = std::function<void(const Problem&)>;
 
     /// Runs LastTake::settle() on another thread, and reports the error that it returns.
     using Later = std::function<void(std::function<Problem()> settle)>;
 
     /// @param folder    as for LastTake
-    /// @param complain  called with the reason each time that a take could not be kept
+    /// @param reportError  called with the reason each time that a take could not be kept
     /// @param later     empty: the keeper itself waits for the disk
-    TakeKeeper(std::string folder, Complain complain, Later later = {});
+    TakeKeeper(std::string folder, ReportError reportError, Later later = {});
 
     /// A recording has ended.
     /// @param samples  empty: it is the program's take, but is not to be kept
@@ -57,7 +57,7 @@ private:
     void keep(const std::vector<int16_t>& samples);
 
     LastTake last;
-    Complain complain;
+    ReportError reportError;
     Later later;
     bool isNewest = false;  // the program's newest take is kept, or will be by letGo()
     std::vector<int16_t>

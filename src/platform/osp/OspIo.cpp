@@ -167,8 +167,8 @@ int32_t File::Tell() const {
     if (file == nullptr) {
         return -1;
     }
-    constexpr off_t kMost = std::numeric_limits<int32_t>::max();
-    return static_cast<int32_t>(std::min(ftello(file), kMost));
+    constexpr off_t kMax = std::numeric_limits<int32_t>::max();
+    return static_cast<int32_t>(std::min(ftello(file), kMax));
 }
 
 result File::Flush() {

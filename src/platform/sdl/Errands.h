@@ -19,7 +19,7 @@ public:
     /// The work, on a thread of its own; it may never end. Returns what handles its result.
     using Work = std::function<Result()>;
 
-    /// @param wake  rouses the event thread; called on other threads
+    /// @param wake  wakes the event thread; called on other threads
     explicit Errands(Wake wake);
     Errands(const Errands&) = delete;
     Errands& operator=(const Errands&) = delete;
@@ -44,7 +44,7 @@ private:
     struct Shared {
         std::mutex mutex;
         std::deque<Result> results;
-        Wake wake;  // empty after the end: there is no event thread to rouse
+        Wake wake;  // empty after the end: there is no event thread to wake
         int pieces = 0;
     };
 

@@ -23,22 +23,22 @@ void EventWait::begin() {
     const std::string driver = name != nullptr ? name : "";
     driverWaits = driver == "x11" || driver == "wayland";
     const std::lock_guard<std::mutex> lock(mutex);
-    rousingEvent = SDL_RegisterEvents(1);
+    wakingEvent = SDL_RegisterEvents(1);
 }
 
 void EventWait::end() {
     const std::lock_guard<std::mutex> lock(mutex);
-    rousingEvent = 0;
+    wakingEvent = 0;
 }
 
 void EventWait::listen() {
     const std::lock_guard<std::mutex> lock(mutex);
-    roused = false;
+    woken = false;
 }
 
 bool EventWait::isRoused() {
     const std::lock_guard<std::mutex> lock(mutex);
-    return roused;
+    return woken;
 }
 
 void EventWait::wait(int64_t ms) {
@@ -71,19 +71,19 @@ void EventWait::look(int64_t ms) {
 int64_t EventWait::nap(int64_t ms) {
     const auto begin = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(mutex);
-    rousing.wait_for(lock, std::chrono::milliseconds(ms), [this] { return roused; });
+    waking.wait_for(lock, std::chrono::milliseconds(ms), [this] { return woken; });
     const auto passed = std::chrono::steady_clock::now() - begin;
     return std::chrono::ceil<std::chrono::milliseconds>(passed).count();
 }
 
-void EventWait::rouse() {
+void EventWait::wake() {
     const std::lock_guard<std::mutex> lock(mutex);
-    if (rousingEvent == 0) {
+    if (wakingEvent == 0) {
         return;
     }
     SDL_Event event{};
-    event.type = rousingEvent;
+    event.type = wakingEvent;
     SDL_PushEvent(&event);
-    roused = true;
-    rousing.notify_all();
+    woken = true;
+    waking.notify_all();
 }

@@ -28,21 +28,21 @@ public:
 
     ~EventWait() { end(); }
 
-    /// Call it once, when SDL's video runs. After that rouse() works.
+    /// Call it once, when SDL's video runs. After that wake() works.
     void begin();
 
-    /// After this rouse() does nothing, and SDL may be shut down.
+    /// After this wake() does nothing, and SDL may be shut down.
     void end();
 
     /// Sleeps until there is an event in SDL's queue, or ms have passed; the event stays in the
-    /// queue. Returns at once if rouse() was called since the last listen().
+    /// queue. Returns at once if wake() was called since the last listen().
     /// @param ms  greater than 0, or kForever
     void wait(int64_t ms);
 
     /// Ends the current wait, or the next one. Called on any thread.
-    void rouse();
+    void wake();
 
-    /// Call it before looking for the things that rouse() announces. A rouse() after this ends the
+    /// Call it before looking for the things that wake() announces. A wake() after this ends the
     /// next wait(), even if its event is taken out of SDL's queue before.
     void listen();
 
@@ -55,7 +55,7 @@ private:
     Nap doNap;
 
     std::mutex mutex;  // protects the two fields that follow
-    std::condition_variable rousing;
-    uint32_t rousingEvent = 0;  // 0: the program cannot be roused
-    bool roused = false;        // since the last call of listen()
+    std::condition_variable waking;
+    uint32_t wakingEvent = 0;  // 0: the program cannot be woken
+    bool woken = false;        // since the last call of listen()
 };

@@ -14,7 +14,7 @@
 
 class OtherStarts {
 public:
-    /// @param wake  rouses the event thread; called on another thread
+    /// @param wake  wakes the event thread; called on another thread
     explicit OtherStarts(std::function<void()> wake);
     OtherStarts(const OtherStarts&) = delete;
     OtherStarts& operator=(const OtherStarts&) = delete;

@@ -136,7 +136,7 @@ std::vector<std::string> SdlAudio::Listing::names() {
     return found;
 }
 
-bool SdlAudio::hasDied(uint32_t device) {
+bool SdlAudio::isLost(uint32_t device) {
     return SDL_GetAudioDeviceStatus(device) == SDL_AUDIO_STOPPED;
 }
 

@@ -62,7 +62,7 @@ public:
 
     /// True if SDL itself has stopped a device that it opened: it was removed, or its server ended.
     /// False for a device that runs, even if an older event says that it has ended.
-    static bool hasDied(uint32_t device);
+    static bool isLost(uint32_t device);
 
     /// Opens a device in exactly the format wanted (SDL converts) and lets it run.
     /// @param name  empty: the system's default

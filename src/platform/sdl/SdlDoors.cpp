@@ -79,7 +79,7 @@ SdlDoors::ReadSound SdlDoors::read(const std::string& nameOrUri) {
     std::string path;
     sound.name = FileUri::nameIn(nameOrUri);
     if (const Problem problem = FileUri::toPath(nameOrUri, path)) {
-        sound.complaint = {"notASound", {sound.name, problem.sentence()}};
+        sound.problem = {"notASound", {sound.name, problem.sentence()}};
         return sound;
     }
     sound.name = FileUri::nameIn(path);
@@ -87,9 +87,9 @@ SdlDoors::ReadSound SdlDoors::read(const std::string& nameOrUri) {
     const Problem problem = SoundFile::read(path, HostMicrophone::kRateHz,
                                             HostMicrophone::kLongestTakeSamples + 1, sound.samples);
     if (problem) {
-        sound.complaint = {"notASound", {sound.name, SoundFile::reasonOf(problem)}};
+        sound.problem = {"notASound", {sound.name, SoundFile::reasonOf(problem)}};
     } else if (sound.samples.empty()) {
-        sound.complaint = {"emptySound", {sound.name}};
+        sound.problem = {"emptySound", {sound.name}};
     }
     sound.isCut = sound.samples.size() > HostMicrophone::kLongestTakeSamples;
     if (sound.isCut) {
@@ -106,9 +106,9 @@ void SdlDoors::startReading(const std::string& nameOrUri, std::function<bool(Rea
             if (doors == nullptr || reading != newestReading) {
                 return false;
             }
-            if (*sound.complaint.row != '\0') {
+            if (*sound.problem.row != '\0') {
                 isOffering = !offered.samples.empty();
-                tell(sound.complaint);
+                tell(sound.problem);
                 return false;
             }
             return done(sound);

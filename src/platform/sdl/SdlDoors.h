@@ -25,7 +25,7 @@ public:
 
     /// @param folders  where saved sounds and pictures lie; not owned
     /// @param takes    where takes are kept; not owned
-    /// @param wake     rouses the event thread; called on other threads
+    /// @param wake     wakes the event thread; called on other threads
     SdlDoors(const HostFolders& folders,
              TakeKeeper& takes,
              Tell tell,
@@ -101,9 +101,9 @@ public:
 private:
     struct ReadSound {
         std::vector<int16_t> samples;
-        std::string name;       // of the file, without folders
-        bool isCut = false;     // the file was longer than a take can be
-        HostMessage complaint;  // a row without a name: none
+        std::string name;     // of the file, without folders
+        bool isCut = false;   // the file was longer than a take can be
+        HostMessage problem;  // a row without a name: none
     };
 
     static ReadSound read(const std::string& nameOrUri);

@@ -32,17 +32,17 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     : options(std::move(givenOptions))
     , signals([this](int signal) {
         (signal == SIGTSTP ? stopAsked : endAsked) = true;
-        rouse();
+        wake();
     })
     , microphoneMemory(options.folders.config)
     , ears(
           audio,
           options.microphone.empty() ? microphoneMemory.read() : options.microphone,
           [this] { return uptimeMs(); },
-          [this] { rouse(); },
+          [this] { wake(); },
           [this](const HostMessage& message) { tell(message); })
     , fileEars([this] { return uptimeMs(); })
-    , errands([this] { rouse(); })
+    , errands([this] { wake(); })
     , takes(
           options.folders.state,
           [this](const Problem& problem) { tellNotKept(problem); },
@@ -55,21 +55,21 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           audio,
           options.speaker,
           [this] { return uptimeMs(); },
-          [this] { rouse(); },
+          [this] { wake(); },
           [this](const HostMessage& message) { tell(message); })
     , input(*this)
     , strip(
-          options.folders, [this] { return uptimeMs(); }, [this] { rouse(); })
+          options.folders, [this] { return uptimeMs(); }, [this] { wake(); })
     , extraDoors(
           options.folders,
           takes,
           [this](const HostMessage& message) { tell(message); },
           options.effectWord,
-          [this] { rouse(); })
+          [this] { wake(); })
     , wishes(strip, extraDoors, listOfMicrophones())
-    , microphones(audio, [this] { rouse(); })
+    , microphones(audio, [this] { wake(); })
     , pictures(window, strip, speech, takes, [this] { return nowUs(); })
-    , otherStarts([this] { rouse(); }) {
+    , otherStarts([this] { wake(); }) {
     strip.strip().feed().setMicrophone(&realMicrophone());
     extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
 }
@@ -112,7 +112,7 @@ Problem SdlHost::open() {
         extraDoors.bringBackLater();
     }
     if (options.speaks) {
-        if (const Problem problem = speech.start([this] { rouse(); })) {
+        if (const Problem problem = speech.start([this] { wake(); })) {
             tell({"notSpoken", {problem.sentence()}});
         }
     }

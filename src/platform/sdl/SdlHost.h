@@ -132,7 +132,7 @@ private:
     int64_t nextDueMs();
     int64_t nowUs() const;
 
-    void rouse() { events.rouse(); }
+    void wake() { events.wake(); }
 
     DisplayPoint fromShares(double xShare, double yShare, WindowPart part) const override;
     DisplayPoint fromMouse(int32_t mouseX, int32_t mouseY, WindowPart part) const override;

@@ -228,7 +228,7 @@ bool SdlMicrophone::hasHeard() const {
 
 bool SdlMicrophone::lose(uint32_t lostDevice) {
     HostMicrophoneListener* const losing = listener;
-    if (losing == nullptr || lostDevice != device || !SdlAudio::hasDied(device)) {
+    if (losing == nullptr || lostDevice != device || !SdlAudio::isLost(device)) {
         return false;
     }
     if (!hasHeard()) {

@@ -158,7 +158,7 @@ bool SdlSpeaker::hasAllGoneOut() const {
 }
 
 bool SdlSpeaker::lose(uint32_t lostDevice) {
-    if (listener == nullptr || lostDevice != device || !SdlAudio::hasDied(device)) {
+    if (listener == nullptr || lostDevice != device || !SdlAudio::isLost(device)) {
         return false;
     }
     tellLoss();

@@ -22,7 +22,7 @@ public:
 
     /// @param folders  where sounds lie; not owned
     /// @param nowMs    the host's clock
-    /// @param wake     rouses the event thread for deliver(); called on other threads
+    /// @param wake     wakes the event thread for deliver(); called on other threads
     SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake = {});
 
     Strip& strip() { return row; }

@@ -23,7 +23,7 @@ public:
     ~Speech();
 
     /// Loads the library, and connects to the server on a thread of its own.
-    /// @param wake  rouses the event thread when takeProblem() has something; called on that thread
+    /// @param wake  wakes the event thread when takeProblem() has something; called on that thread
     /// @returns what is wrong with the library
     Problem start(Wake wake, const char* library = kLibrary);
 

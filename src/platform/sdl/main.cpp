@@ -39,7 +39,7 @@ constexpr int kUsage = 2;  // exit status after a mistake on the command line
 
 /// Reports errors before there is a window: on standard error, and in a box too if the program was
 /// started from a desktop (--from-desktop).
-class Complaints {
+class StartErrors {
 public:
     void setFromDesktop() { inBox = true; }
 
@@ -162,11 +162,11 @@ bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
     return false;
 }
 
-int run(int argc, char** argv, SdlOptions options, const Complaints& complaints) {
+int run(int argc, char** argv, SdlOptions options, const StartErrors& errors) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
     if (const Problem problem = host.open()) {
-        return complaints.tell(problem.sentence());
+        return errors.tell(problem.sentence());
     }
     Host::install(&host);
     if (const Problem problem = ProgramFolders::whySoundsCannotBeKept(host.folders())) {
@@ -199,7 +199,7 @@ int main(int argc, char** argv) {
     SdlOptions options;
     bool listsDevices = false;
     bool fromDesktop = false;
-    Complaints complaints;
+    StartErrors errors;
     CLI::App parser("Murmelo records your voice and changes it.");
     parser.set_version_flag("--version", "murmelo " MURMELO_VERSION);
     parser.add_option("--home", home, "Folder of your sounds")->type_name("DIR");
@@ -227,14 +227,14 @@ int main(int argc, char** argv) {
         return listDevices();
     }
     if (fromDesktop) {
-        complaints.setFromDesktop();
+        errors.setFromDesktop();
     }
 
     if (const Problem problem = prepareSound(options)) {
-        return complaints.tell(problem.sentence());
+        return errors.tell(problem.sentence());
     }
     if (const Problem problem = ProgramFolders::find(home, config, options.folders)) {
-        return complaints.tell(problem.sentence());
+        return errors.tell(problem.sentence());
     }
     options.effectWord = [](int32_t effect) {
         const char* word = FxCatalogue::toolName(effect);
@@ -246,7 +246,7 @@ int main(int argc, char** argv) {
         return EXIT_SUCCESS;
     }
     if (problem) {
-        return complaints.tell(problem.sentence());
+        return errors.tell(problem.sentence());
     }
-    return run(argc, argv, std::move(options), complaints);
+    return run(argc, argv, std::move(options), errors);
 }

@@ -59,11 +59,11 @@ std::string withoutSpaces(const std::string& text) {
 /// If the last row has one word, moves the last word of the row above to it, unless that row would
 /// keep less than two words.
 /// @param isSplit  true: the last row continues a path of the row above, without a space
-void giveCompany(std::string& above,
-                 std::string& last,
-                 bool isSplit,
-                 int32_t widthPx,
-                 const TextRows::Width& widthOf) {
+void moveLastWordDown(std::string& above,
+                      std::string& last,
+                      bool isSplit,
+                      int32_t widthPx,
+                      const TextRows::Width& widthOf) {
     const size_t gap = above.rfind(' ');
     if (last.find(' ') != std::string::npos || gap == std::string::npos || gap == 0 ||
         above.rfind(' ', gap - 1) == std::string::npos) {
@@ -91,7 +91,7 @@ std::vector<std::string> TextRows::wrap(const std::string& text,
         if (widthOf(rest) <= rowPx) {
             rows.push_back(rest);
             if (rows.size() > 1) {
-                giveCompany(rows[rows.size() - 2], rows.back(), isSplit, widthPx, widthOf);
+                moveLastWordDown(rows[rows.size() - 2], rows.back(), isSplit, widthPx, widthOf);
             }
             break;
         }

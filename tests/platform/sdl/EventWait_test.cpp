@@ -64,15 +64,15 @@ TEST_P(EventWaitTest, aProgramIsRousedAfterAnHourAsAfterASecond) {
     ASSERT_TRUE(begun);
     for (const int64_t afterMs : {int64_t{1000}, kHourMs}) {
         passedMs = 0;
-        EventWait* roused = nullptr;
+        EventWait* woken = nullptr;
         EventWait wait([&](int64_t ms) {
             passedMs += ms;
             if (passedMs == afterMs) {
-                roused->rouse();
+                woken->wake();
             }
             return ms;
         });
-        roused = &wait;
+        woken = &wait;
         wait.begin();
         wait.wait(EventWait::kForever);
         EXPECT_EQ(afterMs, passedMs);
@@ -99,7 +99,7 @@ TEST_P(EventWaitTest, anotherThreadEndsTheRealSleep) {
     ASSERT_TRUE(begun);
     EventWait wait;
     wait.begin();
-    std::thread other([&wait] { wait.rouse(); });
+    std::thread other([&wait] { wait.wake(); });
     wait.wait(EventWait::kForever);
     other.join();
     EXPECT_EQ(SDL_TRUE, SDL_HasEvents(SDL_USEREVENT, SDL_LASTEVENT));
@@ -110,11 +110,11 @@ TEST_P(EventWaitTest, aRousingWhoseEventWasTakenAlreadyEndsTheNextWait) {
     EventWait wait(nap);
     wait.begin();
     wait.listen();
-    wait.rouse();
+    wait.wake();
     SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
     wait.wait(EventWait::kForever);
     EXPECT_EQ(0, passedMs);
-    wait.listen();  // what it was roused for is looked at
+    wait.listen();  // what it was woken for is looked at
     wait.wait(1000);
     EXPECT_EQ(1000, passedMs);
 }
@@ -122,9 +122,9 @@ TEST_P(EventWaitTest, aRousingWhoseEventWasTakenAlreadyEndsTheNextWait) {
 TEST_P(EventWaitTest, itRousesOnlyBetweenBeginAndEnd) {
     ASSERT_TRUE(begun);
     EventWait wait(nap);
-    wait.rouse();
+    wait.wake();
     wait.begin();
     wait.end();
-    wait.rouse();
+    wait.wake();
     EXPECT_EQ(SDL_FALSE, SDL_HasEvents(SDL_FIRSTEVENT, SDL_LASTEVENT));
 }

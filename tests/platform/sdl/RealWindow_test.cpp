@@ -161,11 +161,12 @@ protected:
     /// The number of pixels that differ from the picture at its own size.
     int32_t wrongPixels() {
         const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
-        int32_t wrong = 0;
+        int32_t falsePixels = 0;
         for (int32_t i = 0; i < 480 * 800; i++) {
-            wrong += pixels[static_cast<size_t>(i)] != picture.rgb32(i % 480, i / 480) ? 1 : 0;
+            falsePixels +=
+                pixels[static_cast<size_t>(i)] != picture.rgb32(i % 480, i / 480) ? 1 : 0;
         }
-        return wrong;
+        return falsePixels;
     }
 
     static void hand(const std::string& actions) {
@@ -192,16 +193,17 @@ TEST_F(RealWindow, aLargerWindowShowsWholePixelsAndDarkBands) {
     hand("search --name Murmelo windowmove 0 0");
     const auto isRight = [this] {
         const std::vector<uint32_t> all = screen.pixels(0, 0, 740, 1200);
-        int32_t wrong = 0;
+        int32_t falsePixels = 0;
         for (int32_t y = 0; y < 1200; y++) {
             for (int32_t x = 0; x < 740; x++) {
                 const bool inside = x >= 10 && x < 730;
                 const uint32_t expected =
                     inside ? picture.rgb32((x - 10) / 3 * 2, y / 3 * 2) : PictureScaler::kBesideRgb;
-                wrong += all[static_cast<size_t>(y) * 740 + static_cast<size_t>(x)] != expected;
+                falsePixels +=
+                    all[static_cast<size_t>(y) * 740 + static_cast<size_t>(x)] != expected;
             }
         }
-        return wrong == 0;
+        return falsePixels == 0;
     };
     EXPECT_TRUE(until(isRight));
 }
@@ -211,17 +213,18 @@ TEST_F(RealWindow, aWideWindowHasTheStripBesideThePictureAndBothAreTouched) {
     hand("search --name Murmelo windowmove 0 0");
     const auto isRight = [this] {
         const std::vector<uint32_t> all = screen.pixels(0, 0, 960, 640);
-        int32_t wrong = 0;
+        int32_t falsePixels = 0;
         for (int32_t y = 0; y < 640; y++) {
             for (int32_t x = 0; x < 960; x++) {
                 const bool onStrip = x < 480 && y >= 240 && y < 400;
                 const uint32_t expected = x >= 480  ? picture.rgb32(x - 480, 160 + y)
                                           : onStrip ? picture.rgb32(x, y - 240)
                                                     : PictureScaler::kBesideRgb;
-                wrong += all[static_cast<size_t>(y) * 960 + static_cast<size_t>(x)] != expected;
+                falsePixels +=
+                    all[static_cast<size_t>(y) * 960 + static_cast<size_t>(x)] != expected;
             }
         }
-        return wrong == 0;
+        return falsePixels == 0;
     };
     EXPECT_TRUE(until(isRight));
     hand("mousemove 580 100 mousedown 1 mousemove 400 300 mouseup 1");  // from picture to strip
@@ -246,7 +249,7 @@ TEST_F(RealWindow, eachRousingByAnotherThreadIsHeard) {
                 std::this_thread::yield();
             }
             done = round;
-            wait.rouse();
+            wait.wake();
         }
     });
     int32_t lost = 0;
@@ -272,13 +275,14 @@ TEST_F(RealWindow, onlyTheRowsThatChangedAreDrawnAgain) {
     host.frameShown(&picture);
     const auto isRight = [&] {
         const std::vector<uint32_t> pixels = screen.pixels(kLeft, kTop, 480, 800);
-        int32_t wrong = 0;
+        int32_t falsePixels = 0;
         for (int32_t i = 0; i < 480 * 800; i++) {
             const auto at = static_cast<size_t>(i);
             const bool isNew = picture.changes[at / 480];
-            wrong += pixels[at] != (isNew ? picture.rgb32(i % 480, i / 480) : old[at]) ? 1 : 0;
+            falsePixels +=
+                pixels[at] != (isNew ? picture.rgb32(i % 480, i / 480) : old[at]) ? 1 : 0;
         }
-        return wrong == 0;
+        return falsePixels == 0;
     };
     EXPECT_TRUE(until(isRight));
     EXPECT_FALSE(old == screen.pixels(kLeft, kTop, 480, 800));

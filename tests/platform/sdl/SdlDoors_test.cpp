@@ -106,10 +106,10 @@ protected:
             lock.unlock();
             const bool delivers = doors.deliver();
             lock.lock();
-            if (delivers || !host.said.empty()) {
+            if (delivers || !host.sentences.empty()) {
                 return delivers;
             }
-            roused.wait_for(lock, std::chrono::milliseconds(20));
+            woken.wait_for(lock, std::chrono::milliseconds(20));
         }
         ADD_FAILURE() << "nothing came";
         return false;
@@ -125,7 +125,7 @@ protected:
     /// The messages for the user since the last call, line by line.
     std::string error() {
         std::string text;
-        for (const std::string& sentence : std::exchange(host.said, {})) {
+        for (const std::string& sentence : std::exchange(host.sentences, {})) {
             text += sentence + "\n";
         }
         return text;
@@ -136,12 +136,12 @@ protected:
     HostFolders mapped;
     NotingDoors program;
     std::mutex mutex;
-    std::condition_variable roused;
+    std::condition_variable woken;
     TakeKeeper takes{folders.path("state"), [](const Problem&) {}};
     SdlDoors doors{mapped, takes,
                    [this](const HostMessage& message) { host.tell(message, message.text("en")); },
                    [](int32_t effect) { return effect == 0 ? "none" : "another"; },
-                   [this] { roused.notify_all(); }};
+                   [this] { woken.notify_all(); }};
 };
 
 }  // namespace
@@ -267,7 +267,7 @@ TEST_F(SdlDoorsTest, anOfferedSoundWaitsUntilItIsTaken) {
     EXPECT_TRUE(doors.deliver());
     EXPECT_EQ(voice, program.taken);
     EXPECT_FALSE(doors.deliver());  // taken once
-    EXPECT_EQ("", error());         // waiting is nothing to complain about
+    EXPECT_EQ("", error());         // waiting is no error
 }
 
 TEST_F(SdlDoorsTest, anOfferedSoundGivesWayToARecording) {
