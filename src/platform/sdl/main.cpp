@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // murmelo: the application in a window.
+#include "StartErrors.h"
 #include "FileUri.h"
 #include "FxCatalogue.h"
 #include "OspMain.h"
@@ -36,24 +37,6 @@ constexpr int kKeptFreeBytes = 4 << 20;
 #endif
 
 constexpr int kUsage = 2;  // exit status after a mistake on the command line
-
-/// Reports errors before there is a window: on standard error, and in a box too if the program was
-/// started from a desktop (--from-desktop).
-class StartErrors {
-public:
-    void setFromDesktop() { inBox = true; }
-
-    int tell(const std::string& message) const {
-        SdlHost::print(message);
-        if (inBox) {
-            SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Murmelo", message.c_str(), nullptr);
-        }
-        return EXIT_FAILURE;
-    }
-
-private:
-    bool inBox = false;
-};
 
 void list(const char* title, const std::vector<std::string>& names) {
     std::cout << title << "\n";
@@ -180,6 +163,21 @@ int run(int argc, char** argv, SdlOptions options, const StartErrors& errors) {
     return result == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+bool hasWord(int argc, char** argv, const std::string& word) {
+    return std::find(argv, argv + argc, word) != argv + argc;
+}
+
+/// Prints the help, the version, or the mistake on the command line. @returns the exit status
+int told(const CLI::App& parser, const CLI::ParseError& error, bool isFromDesktop) {
+    if (parser.exit(error) == 0) {
+        return EXIT_SUCCESS;
+    }
+    if (isFromDesktop) {
+        StartErrors::showBox(error.what());
+    }
+    return kUsage;
+}
+
 /// Keeps freed memory for later use instead of returning it to the system: up to the first picture,
 /// getting new pages would cost more time than the work in them.
 void keepFreedMemory() {
@@ -221,7 +219,7 @@ int main(int argc, char** argv) {
     try {
         parser.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return parser.exit(error) == 0 ? EXIT_SUCCESS : kUsage;
+        return told(parser, error, hasWord(argc, argv, "--from-desktop"));
     }
     if (listsDevices) {
         return listDevices();

@@ -453,6 +453,20 @@ TEST_F(RealProgram, startedFromTheDesktopItShowsWhatIsWrongInABox) {
     EXPECT_EQ(1, fromDesktop.waitForEnd());
 }
 
+TEST_F(RealProgram, startedFromTheDesktopItShowsAMistakeInTheCommandInABox) {
+    std::vector<std::string> words = command();
+    words.emplace_back("one.wav");
+    words.emplace_back("two.wav");
+    Program fromTerminal(words);
+    EXPECT_EQ(2, fromTerminal.waitForEnd());  // no box to be closed
+    words.emplace_back("--from-desktop");
+    Program fromDesktop(words);
+    ASSERT_TRUE(until([this] { return screen.windowOf("Murmelo") != 0; }));
+    EXPECT_EQ(-1, fromDesktop.waitForEnd(300));
+    screen.askToClose(screen.windowOf("Murmelo"));
+    EXPECT_EQ(2, fromDesktop.waitForEnd());
+}
+
 TEST_F(RealProgram, theFirstListBeginsAtTheSystemsLanguage) {
     setenv("LANG", "fr_FR.UTF-8", 1);
     Program program(command());

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Reports errors before there is a window: on standard error, and in a box too if the program was
+// started from a desktop (--from-desktop).
+#pragma once
+
+#include <string>
+
+class StartErrors {
+public:
+    void setFromDesktop() { inBox = true; }
+
+    /// @param message  one sentence
+    /// @returns the program's exit status
+    int tell(const std::string& message) const;
+
+    /// Shows the sentence in a box and waits until the user has closed it.
+    static void showBox(const std::string& message);
+
+private:
+    bool inBox = false;
+};
