@@ -52,6 +52,7 @@ target_compile_definitions(web_tests PRIVATE
 
 murmelo_tests(sdl_tests
     SOURCES
+        platform/sdl/DesktopNotice_test.cpp
         platform/sdl/EventWait_test.cpp
         platform/sdl/FileDialog_test.cpp
         platform/sdl/FileManager_test.cpp

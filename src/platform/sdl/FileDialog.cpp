@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "FileDialog.h"
 
-#include <array>
+#include "BusOptions.h"
+#include "SessionBus.h"
+
 #include <cstdint>
-#include <cstdlib>
-#include <dbus/dbus.h>
 #include <functional>
-#include <memory>
 #include <random>
-#include <sys/stat.h>
 
 namespace {
 
@@ -17,115 +15,9 @@ constexpr const char* kObject = "/org/freedesktop/portal/desktop";
 constexpr const char* kChooser = "org.freedesktop.portal.FileChooser";
 constexpr const char* kRequest = "org.freedesktop.portal.Request";
 constexpr const char* kBus = "org.freedesktop.DBus";
-constexpr int kStartMs = 25000;  // a desktop may start its dialogs only now
 constexpr int kForever = -1;
-constexpr uint32_t kFilterByMimeType = 1;
 
 using Kind = FileDialog::Answer::Kind;
-
-struct Closing {
-    void operator()(DBusConnection* bus) const {
-        dbus_connection_close(bus);
-        dbus_connection_unref(bus);
-    }
-};
-
-struct Letting {
-    void operator()(DBusMessage* message) const { dbus_message_unref(message); }
-};
-
-using Bus = std::unique_ptr<DBusConnection, Closing>;
-using Message = std::unique_ptr<DBusMessage, Letting>;
-
-/// Empty if there is no session bus: the library itself would start one.
-std::string busAddress() {
-    if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS")) {
-        return address;
-    }
-    const char* folder = std::getenv("XDG_RUNTIME_DIR");
-    const std::string path = std::string(folder != nullptr ? folder : "") + "/bus";
-    struct stat facts = {};
-    return ::stat(path.c_str(), &facts) == 0 && S_ISSOCK(facts.st_mode) ? "unix:path=" + path : "";
-}
-
-/// Null if there is none.
-Bus openBus() {
-    dbus_threads_init_default();
-    const std::string address = busAddress();
-    Bus bus(address.empty() ? nullptr : dbus_connection_open_private(address.c_str(), nullptr));
-    if (bus != nullptr && dbus_bus_register(bus.get(), nullptr) == FALSE) {
-        bus.reset();
-    }
-    return bus;
-}
-
-/// One dictionary entry of the options of a call.
-class Options {
-public:
-    explicit Options(DBusMessageIter* call) {
-        dbus_message_iter_open_container(call, DBUS_TYPE_ARRAY, "{sv}", &entries);
-        this->call = call;
-    }
-
-    void add(const char* name,
-             const char* signature,
-             const std::function<void(DBusMessageIter*)>& value) {
-        DBusMessageIter entry;
-        DBusMessageIter variant;
-        dbus_message_iter_open_container(&entries, DBUS_TYPE_DICT_ENTRY, nullptr, &entry);
-        dbus_message_iter_append_basic(&entry, DBUS_TYPE_STRING, &name);
-        dbus_message_iter_open_container(&entry, DBUS_TYPE_VARIANT, signature, &variant);
-        value(&variant);
-        dbus_message_iter_close_container(&entry, &variant);
-        dbus_message_iter_close_container(&entries, &entry);
-    }
-
-    void addText(const char* name, const std::string& text) {
-        add(name, "s", [&](DBusMessageIter* value) {
-            const char* letters = text.c_str();
-            dbus_message_iter_append_basic(value, DBUS_TYPE_STRING, &letters);
-        });
-    }
-
-    /// Adds a path as bytes that end with 0, because it need not be valid text.
-    void addPath(const char* name, const std::string& path) {
-        add(name, "ay", [&](DBusMessageIter* value) {
-            DBusMessageIter bytes;
-            const char* start = path.c_str();
-            dbus_message_iter_open_container(value, DBUS_TYPE_ARRAY, "y", &bytes);
-            dbus_message_iter_append_fixed_array(&bytes, DBUS_TYPE_BYTE, &start,
-                                                 static_cast<int>(path.size() + 1));
-            dbus_message_iter_close_container(value, &bytes);
-        });
-    }
-
-    /// Shows files of one kind only, until the user asks for all of them.
-    void addFilter(const char* title, const char* mimeType) {
-        add("filters", "a(sa(us))", [&](DBusMessageIter* value) {
-            DBusMessageIter filters;
-            DBusMessageIter filter;
-            DBusMessageIter rules;
-            DBusMessageIter rule;
-            dbus_message_iter_open_container(value, DBUS_TYPE_ARRAY, "(sa(us))", &filters);
-            dbus_message_iter_open_container(&filters, DBUS_TYPE_STRUCT, nullptr, &filter);
-            dbus_message_iter_append_basic(&filter, DBUS_TYPE_STRING, &title);
-            dbus_message_iter_open_container(&filter, DBUS_TYPE_ARRAY, "(us)", &rules);
-            dbus_message_iter_open_container(&rules, DBUS_TYPE_STRUCT, nullptr, &rule);
-            dbus_message_iter_append_basic(&rule, DBUS_TYPE_UINT32, &kFilterByMimeType);
-            dbus_message_iter_append_basic(&rule, DBUS_TYPE_STRING, &mimeType);
-            dbus_message_iter_close_container(&rules, &rule);
-            dbus_message_iter_close_container(&filter, &rules);
-            dbus_message_iter_close_container(&filters, &filter);
-            dbus_message_iter_close_container(value, &filters);
-        });
-    }
-
-    void close() { dbus_message_iter_close_container(call, &entries); }
-
-private:
-    DBusMessageIter* call = nullptr;
-    DBusMessageIter entries{};
-};
 
 /// The first address in a dialog's answer. The answer is (u a{sv}) in D-Bus's notation; the
 /// addresses are its value "uris", of type as.
@@ -182,7 +74,7 @@ bool isEndOfService(DBusMessage* message) {
 FileDialog::Answer waitForUser(DBusConnection* bus, const std::string& handle) {
     for (;;) {
         while (DBusMessage* const next = dbus_connection_pop_message(bus)) {
-            const Message message(next);
+            const SessionBus::Message message(next);
             const char* path = dbus_message_get_path(next);
             if (dbus_message_is_signal(next, kRequest, "Response") != FALSE && path != nullptr &&
                 handle == path) {
@@ -204,12 +96,11 @@ std::string newToken() {
 }
 
 FileDialog::Answer
-ask(const char* method, const std::string& title, const std::function<void(Options&)>& fill) {
-    const Bus bus = openBus();
-    if (bus == nullptr) {
+ask(const char* method, const std::string& title, const std::function<void(BusOptions&)>& fill) {
+    const SessionBus bus;
+    if (!bus.isOpen()) {
         return {};
     }
-    dbus_connection_set_exit_on_disconnect(bus.get(), FALSE);
     // Before the call: an answer can come at once.
     dbus_bus_add_match(
         bus.get(),
@@ -219,22 +110,18 @@ ask(const char* method, const std::string& title, const std::function<void(Optio
         bus.get(),
         (std::string("type='signal',member='NameOwnerChanged',arg0='") + kService + "'").c_str(),
         nullptr);
-    const Message call(dbus_message_new_method_call(kService, kObject, kChooser, method));
-    if (call == nullptr) {
-        return {};
-    }
+    const SessionBus::Message call = SessionBus::newCall({kService, kObject, kChooser, method});
     DBusMessageIter arguments;
     const char* parent = "";
     const char* titleText = title.c_str();
     dbus_message_iter_init_append(call.get(), &arguments);
     dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &parent);
     dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &titleText);
-    Options options(&arguments);
+    BusOptions options(&arguments);
     options.addText("handle_token", newToken());
     fill(options);
     options.close();
-    const Message reply(
-        dbus_connection_send_with_reply_and_block(bus.get(), call.get(), kStartMs, nullptr));
+    const SessionBus::Message reply = bus.call(*call);
     const char* handle = nullptr;
     if (reply == nullptr || dbus_message_get_args(reply.get(), nullptr, DBUS_TYPE_OBJECT_PATH,
                                                   &handle, DBUS_TYPE_INVALID) == FALSE) {
@@ -247,12 +134,12 @@ ask(const char* method, const std::string& title, const std::function<void(Optio
 
 FileDialog::Answer FileDialog::open(const std::string& title, const std::string& filter) {
     return ask("OpenFile", title,
-               [&](Options& options) { options.addFilter(filter.c_str(), "audio/*"); });
+               [&](BusOptions& options) { options.addFilter(filter.c_str(), "audio/*"); });
 }
 
 FileDialog::Answer
 FileDialog::save(const std::string& title, const std::string& name, const std::string& folder) {
-    return ask("SaveFile", title, [&](Options& options) {
+    return ask("SaveFile", title, [&](BusOptions& options) {
         options.addText("current_name", name);
         options.addPath("current_folder", folder);
     });

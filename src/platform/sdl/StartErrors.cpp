@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StartErrors.h"
 
+#include "DesktopNotice.h"
 #include "SdlHost.h"
 
 #include <SDL.h>
@@ -16,5 +17,7 @@ int StartErrors::tell(const std::string& message) const {
 }
 
 void StartErrors::showBox(const std::string& message) {
-    SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Murmelo", message.c_str(), nullptr);
+    if (SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Murmelo", message.c_str(), nullptr) != 0) {
+        DesktopNotice::show("Murmelo", message);  // SDL has no box: Wayland without zenity
+    }
 }

@@ -13,7 +13,8 @@ public:
     /// @returns the program's exit status
     int tell(const std::string& message) const;
 
-    /// Shows the sentence in a box and waits until the user has closed it.
+    /// Shows the sentence in a box and waits until the user has closed it. Where there can be no
+    /// box, the desktop shows it as a notice instead.
     static void showBox(const std::string& message);
 
 private:

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // murmelo: the application in a window.
-#include "StartErrors.h"
 #include "FileUri.h"
 #include "FxCatalogue.h"
 #include "OspMain.h"
@@ -8,6 +7,7 @@
 #include "ProgramFolders.h"
 #include "SafeFile.h"
 #include "SdlHost.h"
+#include "StartErrors.h"
 #include "StartSocket.h"
 
 #include <SDL.h>

@@ -2,9 +2,9 @@
 // Files are opened and exported with a desktop's dialogs, on a bus of the test's own, where the
 // test is the user.
 #include "FileDialog.h"
-#include "Program.h"
 #include "QuietDoors.h"
 #include "SdlDoors.h"
+#include "TestBus.h"
 #include "TestFolders.h"
 #include "TestHost.h"
 #include "TestSounds.h"
@@ -12,19 +12,11 @@
 #include <gtest/gtest.h>
 #include <SDL.h>
 
-#include <chrono>
-#include <condition_variable>
-#include <csignal>
-#include <cstdlib>
-#include <memory>
-#include <mutex>
-#include <thread>
+#include <functional>
 
 using Samples = TestSounds::Samples;
 
 namespace {
-
-constexpr int64_t kPatienceMs = 20000;
 
 class MenuDoors : public QuietDoors {
 public:
@@ -51,43 +43,21 @@ public:
 class FileDialogTest : public testing::Test {
 protected:
     void SetUp() override {
-        if (std::system("command -v dbus-daemon >/dev/null && /usr/bin/python3 -c 'import dbus, gi'"
-                        " 2>/dev/null") != 0) {
+        if (!TestBus::isInstalled()) {
             GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
         }
-        const std::string address = "unix:path=" + folders.path("bus");
-        bus = std::make_unique<Program>(
-            std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile",
-                                     "--address=" + address, "--syslog-only"});
-        ASSERT_TRUE(until([this] { return folders.has("bus"); }));
-        setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
+        ASSERT_TRUE(bus.start());
         mapped.home = folders.path("home");
         folders.write("home/Murmelo/rec_00003.wav", TestSounds::wav(sound, 8000));
         doors.setDoors(&program);
     }
 
-    void TearDown() override {
-        unsetenv("DBUS_SESSION_BUS_ADDRESS");
-        portal.reset();
-        bus.reset();
-    }
-
     void startPortal(const std::string& mode, const std::string& path = "") {
-        portal = std::make_unique<Program>(std::vector<std::string>{
-            "/usr/bin/python3", MURMELO_SOURCE_DIR "/tests/platform/sdl/fake_portal.py",
-            folders.path("calls"), mode, path.empty() ? "" : "file://" + path});
-        ASSERT_TRUE(until([this] { return folders.has("calls.ready"); }));
-    }
-
-    static bool until(const std::function<bool()>& happened) {
-        for (int64_t ms = 0; ms < kPatienceMs && !happened(); ms += 10) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return happened();
+        ASSERT_TRUE(bus.serve("fake_portal.py", {mode, path.empty() ? "" : "file://" + path}));
     }
 
     bool workUntil(const std::function<bool()>& happened) {
-        return until([&] {
+        return TestBus::until([&] {
             doors.deliver();
             return happened();
         });
@@ -106,8 +76,7 @@ protected:
     SdlDoors doors{mapped, takes,
                    [this](const HostMessage& message) { host.tell(message, message.text("en")); },
                    [](int32_t effect) { return effect == 1 ? "robot" : "another"; }, [] {}};
-    std::unique_ptr<Program> bus;
-    std::unique_ptr<Program> portal;
+    TestBus bus{folders};
 };
 
 }  // namespace
@@ -167,7 +136,7 @@ TEST_F(FileDialogTest, aBusThatDiesIsADialogThatIsClosed) {
     startPortal("wait", "/nothing.wav");
     doors.openFile();
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
-    bus->send(SIGKILL);
+    bus.kill();
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
 }
 

@@ -50,6 +50,31 @@ xdotool mousemove 240 20  # into the empty band above the picture: weston shows 
 
 # In front of NAME=VALUE... COMMAND...: a command that knows of this desktop only.
 on_wayland=(env -u DISPLAY -u DBUS_SESSION_BUS_ADDRESS XDG_RUNTIME_DIR="$folder" WAYLAND_DISPLAY=wayland SDL_VIDEODRIVER=wayland)
+
+# The desktop's services, which write down what they are asked for. "bus" is empty where they cannot be simulated.
+bus=
+if command -v dbus-daemon >/dev/null && /usr/bin/python3 -c 'import dbus, gi' 2>/dev/null; then
+    bus=unix:path=$folder/services
+    dbus-daemon --session --nofork --nopidfile --syslog-only --address="$bus" 2>/dev/null &
+    started+=($!)
+    # serves SCRIPT LOG WORD...: starts a service; it writes the calls that it gets into the file LOG.
+    serves() {
+        local script=$1 log=$folder/$2
+        shift 2
+        DBUS_SESSION_BUS_ADDRESS=$bus /usr/bin/python3 "$(dirname "$0")/$script" "$log" "$@" &
+        started+=($!)
+        for ((SECONDS = 0; SECONDS < patience;)); do
+            [[ -e $log.ready ]] && return
+            sleep 0.1
+        done
+        fail "$script did not start"
+    }
+    for ((SECONDS = 0; SECONDS < patience;)); do
+        [[ -S $folder/services ]] && break
+        sleep 0.1
+    done
+    serves fake_desktop.py calls
+fi
 # start NAME=VALUE...: starts the program; what it says goes into the file "errors".
 start() {
     "${on_wayland[@]}" "$@" "$murmelo" --home "$folder/home" --config "$folder/config" >/dev/null 2>"$folder/errors" &
@@ -169,8 +194,8 @@ kill -KILL "$MURMELO_TEST_SOUND_SERVER"
 says "the microphone is gone; what it heard until now is kept"
 ends
 
-# What is wrong before there is a window: without an X server SDL asks zenity for a box, and without that it is said on
-# standard error alone.
+# What is wrong before there is a window: without an X server SDL asks zenity for a box. Where that is not installed, the
+# desktop shows a notice.
 mkdir "$folder/bin"
 cat >"$folder/bin/zenity" <<END
 #!/bin/sh
@@ -178,12 +203,21 @@ cat >"$folder/bin/zenity" <<END
 echo "\$*" >>"$folder/box"
 END
 chmod +x "$folder/bin/zenity"
-for bin in "$folder/bin:" ""; do
-    rm -f "$folder/box"
-    status=0
-    "${on_wayland[@]}" PATH="$bin/usr/bin:/bin" timeout 60 "$murmelo" --from-desktop "$folder/missing.wav" 2>"$folder/errors" || status=$?
+# refuses NAME=VALUE...: the program names the file that is not there, and ends with status 1.
+refuses() {
+    local status=0
+    "${on_wayland[@]}" "$@" timeout 60 "$murmelo" --from-desktop "$folder/missing.wav" 2>"$folder/errors" || status=$?
     [[ $status = 1 ]] || fail "a file that is not there: status $status"
     grep -q "missing.wav\" cannot be read" "$folder/errors" || fail "the file that is not there is not named"
-    [[ -z $bin ]] || grep -q "missing.wav" "$folder/box" || fail "there is no box"
+}
+refuses PATH="$folder/bin:/usr/bin:/bin"
+grep -q "missing.wav" "$folder/box" || fail "there is no box"
+mkdir "$folder/without"
+for tool in /usr/bin/* /bin/*; do
+    [[ ${tool##*/} = zenity ]] || ln -sf "$tool" "$folder/without/"
 done
+refuses PATH="$folder/without" DBUS_SESSION_BUS_ADDRESS="${bus:-disabled:}"
+if [[ $bus ]]; then
+    grep '^."Notify"' "$folder/calls" | grep -q "missing.wav.* cannot be read" || fail "there is no notice"
+fi
 echo "two screens equal, nothing done while one stood still, four failures told, ended in good order"
