@@ -97,6 +97,7 @@ target_link_libraries(real_tests PRIVATE
     murmelo_tests_support murmelo_app murmelo_sdl_host X11::X11 GTest::gtest_main)
 target_compile_definitions(real_tests PRIVATE
     MURMELO_PROGRAM_FOLDER="${CMAKE_BINARY_DIR}" SDL_MAIN_HANDLED
+    MURMELO_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
     MURMELO_PLAIN_WINDOW="${CMAKE_CURRENT_BINARY_DIR}/plain-window"
     MURMELO_ICON_FILE="${CMAKE_SOURCE_DIR}/res/icons/murmelo-64.png"
     MURMELO_SYNC_SHIM="$<TARGET_FILE:sync_shim>"

@@ -95,8 +95,9 @@ std::string newToken() {
     return "murmelo" + std::to_string(random());
 }
 
-FileDialog::Answer
-ask(const char* method, const std::string& title, const std::function<void(BusOptions&)>& fill) {
+FileDialog::Answer ask(const char* method,
+                       const FileDialog::Frame& frame,
+                       const std::function<void(BusOptions&)>& fill) {
     const SessionBus bus;
     if (!bus.isOpen()) {
         return {};
@@ -112,11 +113,11 @@ ask(const char* method, const std::string& title, const std::function<void(BusOp
         nullptr);
     const SessionBus::Message call = SessionBus::newCall({kService, kObject, kChooser, method});
     DBusMessageIter arguments;
-    const char* parent = "";
-    const char* titleText = title.c_str();
+    const char* parent = frame.parent.c_str();
+    const char* title = frame.title.c_str();
     dbus_message_iter_init_append(call.get(), &arguments);
     dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &parent);
-    dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &titleText);
+    dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &title);
     BusOptions options(&arguments);
     options.addText("handle_token", newToken());
     fill(options);
@@ -132,14 +133,14 @@ ask(const char* method, const std::string& title, const std::function<void(BusOp
 
 }  // namespace
 
-FileDialog::Answer FileDialog::open(const std::string& title, const std::string& filter) {
-    return ask("OpenFile", title,
+FileDialog::Answer FileDialog::open(const Frame& frame, const std::string& filter) {
+    return ask("OpenFile", frame,
                [&](BusOptions& options) { options.addFilter(filter.c_str(), "audio/*"); });
 }
 
 FileDialog::Answer
-FileDialog::save(const std::string& title, const std::string& name, const std::string& folder) {
-    return ask("SaveFile", title, [&](BusOptions& options) {
+FileDialog::save(const Frame& frame, const std::string& name, const std::string& folder) {
+    return ask("SaveFile", frame, [&](BusOptions& options) {
         options.addText("current_name", name);
         options.addPath("current_folder", folder);
     });

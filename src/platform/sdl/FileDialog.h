@@ -18,14 +18,17 @@ public:
         std::string uri;  // of the chosen file
     };
 
+    struct Frame {
+        std::string parent;  // the window that it belongs to ("x11:1e00007"); empty: not known
+        std::string title;
+    };
+
     /// Asks for a sound file to open.
-    /// @param title   of the dialog
     /// @param filter  name of the kind of files that it shows
-    static Answer open(const std::string& title, const std::string& filter);
+    static Answer open(const Frame& frame, const std::string& filter);
 
     /// Asks where to save. If the file exists, the dialog itself asks if it may be replaced.
     /// @param name    of the file, as a proposal
     /// @param folder  where the dialog begins
-    static Answer
-    save(const std::string& title, const std::string& name, const std::string& folder);
+    static Answer save(const Frame& frame, const std::string& name, const std::string& folder);
 };

@@ -49,6 +49,18 @@ std::string SdlDoors::words(const char* row) const {
     return HostWords::text(row, doors != nullptr ? doors->texts().language : "");
 }
 
+FileDialog::Frame SdlDoors::frameOf(const char* titleRow) const {
+    return {nameParent ? nameParent() : "", words(titleRow)};
+}
+
+/// False, and tells so, if a dialog is open already: it may be below another window.
+bool SdlDoors::isFreeForDialog() {
+    if (isDialogOpen) {
+        tell({"dialogOpen", {}});
+    }
+    return !isDialogOpen;
+}
+
 bool SdlDoors::handle(const SDL_Event& event) {
     const bool isDrop =
         event.type == SDL_DROPBEGIN || event.type == SDL_DROPFILE || event.type == SDL_DROPTEXT;
@@ -157,9 +169,10 @@ bool SdlDoors::take(const ReadSound& sound) {
 }
 
 bool SdlDoors::openFile() {
-    if (doors != nullptr && !std::exchange(isDialogOpen, true)) {
-        errands.start([this, title = words("openSound"), filter = words("soundFiles")] {
-            const FileDialog::Answer answer = FileDialog::open(title, filter);
+    if (doors != nullptr && isFreeForDialog()) {
+        isDialogOpen = true;
+        errands.start([this, frame = frameOf("openSound"), filter = words("soundFiles")] {
+            const FileDialog::Answer answer = FileDialog::open(frame, filter);
             return [this, answer] { return opened(answer); };
         });
     }

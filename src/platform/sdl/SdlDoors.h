@@ -40,6 +40,10 @@ public:
         tellPicture = std::move(told);
     }
 
+    /// Sets what names the window that dialogs belong to, as FileDialog::Frame; asked for on the
+    /// event thread.
+    void onParent(std::function<std::string()> named) { nameParent = std::move(named); }
+
     /// The program has deleted its take.
     void takeIsGone();
 
@@ -117,6 +121,8 @@ private:
     void startExport(const std::string& saved, const std::string& uri);
     bool drop(const SDL_Event& event);
     std::string words(const char* row) const;
+    FileDialog::Frame frameOf(const char* titleRow) const;
+    bool isFreeForDialog();
 
     const HostFolders& folders;
     TakeKeeper& takes;
@@ -137,4 +143,5 @@ private:
     int32_t savedBefore = 0;
     int32_t savedEffect = -1;  // of the sound that was saved last; -1: none of this take
     std::function<void(const std::string& path)> tellPicture;
+    std::function<std::string()> nameParent;
 };

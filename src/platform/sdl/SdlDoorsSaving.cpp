@@ -30,7 +30,7 @@ bool SdlDoors::save() {
 }
 
 bool SdlDoors::exportSound() {
-    if (doors == nullptr || isDialogOpen) {
+    if (doors == nullptr || !isFreeForDialog()) {
         return false;
     }
     if (savedEffect >= 0 && savedEffect == doors->currentEffect() && !doors->savedName().empty()) {
@@ -45,8 +45,8 @@ void SdlDoors::askForExport() {
     isDialogOpen = true;
     const std::string saved = folders.sounds() + "/" + doors->savedName();
     const std::string name = SoundExport::nameOf(doors->savedName(), effectWord(savedEffect));
-    errands.start([this, saved, name, title = words("exportSound"), folder = folders.sounds()] {
-        const FileDialog::Answer answer = FileDialog::save(title, name, folder);
+    errands.start([this, saved, name, frame = frameOf("exportSound"), folder = folders.sounds()] {
+        const FileDialog::Answer answer = FileDialog::save(frame, name, folder);
         return [this, answer, saved] { return exportChosen(answer, saved); };
     });
 }
@@ -108,7 +108,7 @@ void SdlDoors::tellSaved() {
     savedBefore = saved;
     savedEffect = doors->currentEffect();
     print(folders.sounds() + "/" + doors->savedName());
-    if (std::exchange(exportsNext, false)) {
+    if (std::exchange(exportsNext, false) && isFreeForDialog()) {
         askForExport();
     }
 }

@@ -71,6 +71,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , pictures(window, strip, speech, takes, [this] { return nowUs(); })
     , otherStarts([this] { wake(); }) {
     strip.strip().feed().setMicrophone(&realMicrophone());
+    extraDoors.onParent([this] { return window.portalName(); });
     extraDoors.onPicture([this](const std::string& path) { strip.tellPicture(path); });
 }
 

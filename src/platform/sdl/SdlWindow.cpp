@@ -236,6 +236,10 @@ bool SdlWindow::isIcon() const {
     return X11Window::isIcon(window);
 }
 
+std::string SdlWindow::portalName() const {
+    return X11Window::portalName(window);
+}
+
 void SdlWindow::raise() {
     if (isIcon()) {
         SDL_RestoreWindow(window);

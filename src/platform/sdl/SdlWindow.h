@@ -59,6 +59,9 @@ public:
     /// True if the user has minimised the window.
     bool isIcon() const;
 
+    /// The window's name for the desktop's dialogs; empty: not known (on Wayland).
+    std::string portalName() const;
+
     /// Puts the window in front of all others, also one that is an icon.
     void raise();
 

@@ -4,6 +4,8 @@
 #include <SDL.h>
 #include <SDL_syswm.h>
 
+#include <array>
+#include <cstdio>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xresource.h>
@@ -35,6 +37,17 @@ bool X11Window::isIcon(SDL_Window* window) {
         XFree(words);
     }
     return icon;
+}
+
+std::string X11Window::portalName(SDL_Window* window) {
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    if (SDL_GetWindowWMInfo(window, &info) != SDL_TRUE || info.subsystem != SDL_SYSWM_X11) {
+        return "";
+    }
+    std::array<char, 2 * sizeof info.info.x11.window + 1> digits{};
+    std::snprintf(digits.data(), digits.size(), "%lx", info.info.x11.window);
+    return std::string("x11:") + digits.data();
 }
 
 std::string X11Window::resource(const std::string& name) {

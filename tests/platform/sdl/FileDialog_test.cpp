@@ -103,6 +103,14 @@ TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
     doors.openFile();
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
     doors.openFile();
+    EXPECT_TRUE(isSaid("The desktop’s dialog is open already."));
+    host.said.clear();
+    program.saved = 1;
+    testing::internal::CaptureStdout();
+    doors.tellSaved();
+    testing::internal::GetCapturedStdout();
+    EXPECT_FALSE(doors.exportSound());
+    EXPECT_TRUE(isSaid("The desktop’s dialog is open already."));
     EXPECT_FALSE(doors.deliver());
     EXPECT_TRUE(doors.isBusy());
     folders.write("calls.go", "");
@@ -110,6 +118,14 @@ TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
     EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
     const std::string calls = folders.read("calls");
     EXPECT_EQ(calls.find('\n'), calls.size() - 1) << calls;  // one line
+}
+
+TEST_F(FileDialogTest, theDialogBelongsToTheWindow) {
+    startPortal("cancel");
+    doors.onParent([] { return "x11:1e00007"; });
+    doors.openFile();
+    EXPECT_TRUE(workUntil([this] { return !doors.isBusy(); }));
+    EXPECT_EQ(0U, folders.read("calls").find(R"(["OpenFile", "x11:1e00007", "Tondatei)"));
 }
 
 TEST_F(FileDialogTest, aDialogThatIsClosedChangesNothing) {

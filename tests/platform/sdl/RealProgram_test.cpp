@@ -6,6 +6,7 @@
 #include "SdlAudio.h"
 #include "SoundServer.h"
 #include "StripMessages.h"
+#include "TestBus.h"
 #include "TestFolders.h"
 #include "TestPng.h"
 #include "TestSounds.h"
@@ -23,6 +24,7 @@
 #include <iostream>
 #include <iterator>
 #include <poll.h>
+#include <sstream>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <thread>
@@ -310,6 +312,26 @@ TEST_F(RealProgram, aMessageBusOfTheSessionIsUsedWhereThereIsOne) {
     close(bus);  // hangs up: whatever was called must not wait for an answer
     unlink(path.c_str());
     EXPECT_TRUE(waitForPicture());
+}
+
+TEST_F(RealProgram, theDesktopsDialogBelongsToTheWindow) {
+    if (!TestBus::isInstalled()) {
+        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+    }
+    folders.write("config/settings", "lang=0\n");
+    TestBus bus(folders);
+    ASSERT_TRUE(bus.start());
+    ASSERT_TRUE(bus.serve("fake_portal.py", {"wait", "file:///nothing.wav"}));
+    Program program(command());
+    ASSERT_TRUE(waitForMenu());
+    std::ostringstream parent;
+    parent << "x11:" << std::hex << screen.windowOf("Murmelo");
+    key("o");
+    EXPECT_TRUE(until([&] { return folders.read("calls").find('\n') != std::string::npos; }));
+    EXPECT_EQ(0U, folders.read("calls").find(R"(["OpenFile", ")" + parent.str() + "\", "))
+        << folders.read("calls") << parent.str();
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
 }
 
 TEST_F(RealProgram, theStripIsClicked) {
