@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "FileManager.h"
 
+#include "FileUri.h"
 #include "OwnEnvironment.h"
+#include "SessionBus.h"
 
 #include <cerrno>
 #include <chrono>
+#include <filesystem>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -28,7 +31,31 @@ bool succeeds(pid_t child) {
     return ended == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+/// Asks the file manager over the session bus. False if there is none that does this.
+bool marks(const std::string& path) {
+    const SessionBus bus;
+    if (!bus.isOpen()) {
+        return false;
+    }
+    constexpr const char* kName = "org.freedesktop.FileManager1";
+    const SessionBus::Message call =
+        SessionBus::newCall({kName, "/org/freedesktop/FileManager1", kName, "ShowItems"});
+    const std::string uri = FileUri::fromPath(path);
+    const char* address = uri.c_str();
+    const char** addresses = &address;
+    const char* startupId = "";
+    dbus_message_append_args(call.get(), DBUS_TYPE_ARRAY, DBUS_TYPE_STRING, &addresses, 1,
+                             DBUS_TYPE_STRING, &startupId, DBUS_TYPE_INVALID);
+    return bus.call(*call) != nullptr;
+}
+
 }  // namespace
+
+bool FileManager::showFile(const std::string& path) {
+    std::error_code error;
+    return (std::filesystem::exists(path, error) && marks(path)) ||
+           show(std::filesystem::path(path).parent_path().string());
+}
 
 bool FileManager::show(const std::string& folder) {
     std::string shell = "sh";

@@ -12,4 +12,9 @@ public:
     /// @param folder  an absolute path
     /// @returns false if the machine has no xdg-open, or xdg-open reports an error
     static bool show(const std::string& folder);
+
+    /// Shows the folder of a file, with the file marked where the desktop's file manager can do
+    /// that; else as show().
+    /// @param path  absolute
+    static bool showFile(const std::string& path);
 };

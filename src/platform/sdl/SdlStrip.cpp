@@ -9,6 +9,7 @@
 #include <SDL.h>
 
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 using Kind = StripWish::Kind;
@@ -36,8 +37,8 @@ SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake)
     , nowMs(std::move(nowMs))
     , errands(std::move(wake)) {
     row.wishes().on(Kind::kSounds,
-                    [this](const StripWish&) { show(this->folders.sounds(), true); });
-    row.wishes().on(Kind::kShowFile, [this](const StripWish& wish) { show(wish.path, false); });
+                    [this](const StripWish&) { showFolder(this->folders.sounds()); });
+    row.wishes().on(Kind::kShowFile, [this](const StripWish& wish) { showFile(wish.path); });
 }
 
 void SdlStrip::look() {
@@ -82,13 +83,20 @@ void SdlStrip::tellPicture(const std::string& path) {
         wish, HostWords::text("show", language), nowMs());
 }
 
-/// Shows a folder, or the folder of a file.
-void SdlStrip::show(const std::string& path, bool isFolder) {
-    const std::string folder = isFolder ? path : std::filesystem::path(path).parent_path().string();
+void SdlStrip::showFolder(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);  // it is missing before the first sound
-    errands.start([this, folder] {
-        const bool isShown = FileManager::show(folder);
+    startShowing(folder, [folder] { return FileManager::show(folder); });
+}
+
+void SdlStrip::showFile(const std::string& path) {
+    startShowing(std::filesystem::path(path).parent_path().string(),
+                 [path] { return FileManager::showFile(path); });
+}
+
+void SdlStrip::startShowing(const std::string& folder, std::function<bool()> show) {
+    errands.start([this, folder, show = std::move(show)] {
+        const bool isShown = show();
         return [this, folder, isShown] {
             if (!isShown) {
                 tell(HostMessage{"cannotShow", {folder}});

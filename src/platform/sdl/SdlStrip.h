@@ -60,7 +60,9 @@ public:
 
 private:
     void tellWaiting();
-    void show(const std::string& path, bool isFolder);
+    void showFolder(const std::string& folder);
+    void showFile(const std::string& path);
+    void startShowing(const std::string& folder, std::function<bool()> show);
 
     const HostFolders& folders;
     Clock nowMs;

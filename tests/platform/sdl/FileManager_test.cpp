@@ -2,6 +2,7 @@
 // The desktop's file manager is started for a folder, and its failure is reported.
 #include "FileManager.h"
 #include "OwnEnvironment.h"
+#include "TestBus.h"
 #include "TestFolders.h"
 
 #include <gtest/gtest.h>
@@ -88,4 +89,46 @@ TEST_F(FileManagerTest, itSeesTheEnvironmentThatTheUserStartedTheProgramWith) {
 TEST_F(FileManagerTest, withoutOneNothingIsShown) {
     setenv("PATH", folders.path("bin").c_str(), 1);
     EXPECT_FALSE(FileManager::show("/tmp"));
+}
+
+TEST_F(FileManagerTest, aFileIsMarkedWhereTheDesktopCanDoThat) {
+    if (!TestBus::isInstalled()) {
+        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+    }
+    install();
+    TestBus bus(folders);
+    ASSERT_TRUE(bus.start());
+    ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
+    folders.write("my sounds/rec_00003.wav", "");
+    EXPECT_TRUE(FileManager::showFile(folders.path("my sounds/rec_00003.wav")));
+    EXPECT_EQ("[\"ShowItems\", [\"file://" + folders.path("my%20sounds/rec_00003.wav") +
+                  "\"], \"\"]\n",
+              folders.read("calls"));
+    EXPECT_FALSE(folders.has("shown"));
+}
+
+TEST_F(FileManagerTest, elseItsFolderIsShown) {
+    if (!TestBus::isInstalled()) {
+        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+    }
+    install();
+    TestBus bus(folders);
+    ASSERT_TRUE(bus.start());
+    ASSERT_TRUE(bus.serve("fake_desktop.py", {"failing"}));
+    folders.write("my sounds/rec_00003.wav", "");
+    EXPECT_TRUE(FileManager::showFile(folders.path("my sounds/rec_00003.wav")));
+    EXPECT_EQ(0U, shown().find(folders.path("my sounds") + "\n")) << shown();
+}
+
+TEST_F(FileManagerTest, aFileThatIsGoneIsNotAskedFor) {
+    if (!TestBus::isInstalled()) {
+        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+    }
+    install();
+    TestBus bus(folders);
+    ASSERT_TRUE(bus.start());
+    ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
+    EXPECT_TRUE(FileManager::showFile(folders.path("rec_00003.wav")));
+    EXPECT_TRUE(folders.has("shown"));
+    EXPECT_FALSE(folders.has("calls"));
 }
