@@ -202,6 +202,7 @@ bool GameInterface::useSound(const int16_t* samples, int32_t count) {
     if (!isAtRest() || count < 1) {
         return false;
     }
+    taken++;
     TakeJob::use(samples, count);
     return true;
 }
@@ -210,6 +211,7 @@ bool GameInterface::useTake(const int16_t* samples, int32_t count) {
     if (!isAtRest() || count < 1) {
         return false;
     }
+    taken++;
     TakeJob::bringBack(samples, count);
     return true;
 }

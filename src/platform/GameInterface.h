@@ -58,6 +58,8 @@ private:
     bool useSound(const int16_t* samples, int32_t count) override;
     bool useTake(const int16_t* samples, int32_t count) override;
 
+    int32_t takenCount() override { return taken; }
+
     bool canUseSound() override { return isAtRest(); }
 
     bool showEffect(int32_t index) override;
@@ -74,4 +76,5 @@ private:
     CanvasGraphics* pGraphics;          // owned
     Osp::Graphics::Bitmap* pBitmap;     // owned
     Osp::Graphics::RowMarks drawnRows;  // rows of the bitmap that the current frame has written
+    int32_t taken = 0;                  // sounds that have become the take
 };

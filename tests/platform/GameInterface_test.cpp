@@ -115,15 +115,21 @@ TEST_F(GameInterfaceTest, aTakeThatIsBroughtBackIsNotCut) {
     EXPECT_FALSE(host.doors->useTake(late.data(), 0));
     ASSERT_TRUE(host.doors->useTake(late.data(), count));
     EXPECT_EQ(TestSounds::wav(late, 16000), folders.read("home/Murmelo/MrmLastRec.wav"));
+    EXPECT_EQ(1, host.doors->takenCount());
     EXPECT_FALSE(host.doors->useTake(late.data(), count));  // it is being cleaned up
+    EXPECT_EQ(1, host.doors->takenCount());
 }
 
 TEST_F(GameInterfaceTest, aSoundIsTakenInTheMenuAndInTheChoiceOfTheEffect) {
     EXPECT_TRUE(use(Samples(400, 5)));
     EXPECT_EQ("Process", host.doors->screenName());
+    EXPECT_EQ(1, host.doors->takenCount());
+    EXPECT_FALSE(use(Samples(400, 5)));
+    EXPECT_EQ(1, host.doors->takenCount());
     tick();
     EXPECT_EQ("Play", host.doors->screenName());
     EXPECT_TRUE(use(Samples(600, 7)));
+    EXPECT_EQ(2, host.doors->takenCount());
     tick();
     EXPECT_EQ("Play", host.doors->screenName());
     EXPECT_EQ(TestSounds::kHeaderBytes + 2 * 300,

@@ -132,6 +132,9 @@ public:
     /// ended some frames late is longer than 20 seconds, and must give the same files again.
     virtual bool useTake(const int16_t* samples, int32_t count) { return useSound(samples, count); }
 
+    /// Counts the sounds that have become the take by useSound() and useTake() in this run.
+    virtual int32_t takenCount() { return 0; }
+
     /// True if useSound() would work now.
     virtual bool canUseSound() { return false; }
 

@@ -27,6 +27,7 @@ void StripFeed::setDoors(HostDoors* offered) {
     recording = false;
     nextLevelMs = DueTime::kNever;
     savedBefore = 0;
+    takenBefore = 0;
     hadTake = false;
 }
 
@@ -71,6 +72,9 @@ void StripFeed::lookAtScreen(int64_t nowMs) {
     screen = texts.screen;
     model.setScreen(texts, doors->currentEffect(), doors->canSave());
     model.setCanOpen(doors->canUseSound());
+    if (const int32_t taken = doors->takenCount(); std::exchange(takenBefore, taken) != taken) {
+        model.closeSheet();
+    }
     if (texts.language != language) {
         language = texts.language;
         std::vector<std::string> names;

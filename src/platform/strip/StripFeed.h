@@ -68,6 +68,7 @@ private:
     std::string shownFolder;
     std::string language;
     int32_t savedBefore = 0;
+    int32_t takenBefore = 0;
     bool offersLastTake = false;  // true: the last take is the program's own
     bool hadTake = false;         // true: there was a take at the last look
 

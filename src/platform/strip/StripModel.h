@@ -60,6 +60,8 @@ public:
     /// Sets the function that measures texts. Until then every byte counts 7 pixels.
     void setTextWidth(TextRows::Width width);
 
+    /// Closes the sheet if the program shows something by itself: a recording, work on a take, its
+    /// last message, a question.
     /// @param currentEffect  0 to 7
     /// @param offersSave  true: there is a take, and it can be saved now
     void setScreen(const ScreenTexts& texts, int32_t currentEffect, bool offersSave);
@@ -108,6 +110,9 @@ public:
     /// Opens the help.
     /// @param text  its paragraphs, in the program's language
     void showHelp(std::vector<std::string> text);
+
+    /// Closes the sheet, so that the user sees the picture.
+    void closeSheet();
 
     /// Handles a tap: closes the sheet or the message if the tap means that, and returns the wish
     /// that the host has to fulfil.

@@ -102,7 +102,7 @@ StripWish StripModel::key(StripKey key) {
     switch (key) {
     case StripKey::kClose:
         if (openSheet != Sheet::kNone) {
-            assign(openSheet, Sheet::kNone);
+            closeSheet();
             return StripWish::of(Kind::kClose);
         }
         if (messages.shown() != nullptr) {
@@ -131,7 +131,7 @@ StripWish StripModel::key(StripKey key) {
         if (screen != ScreenNames::kPlay || questioned || index < 0 || index >= kEffects) {
             return {};
         }
-        assign(openSheet, Sheet::kNone);  // the user must see what the key changes
+        closeSheet();  // the user must see what the key changes
         return StripWish::of(Kind::kEffect, index);
     }
     for (const StripButton& button : buttons()) {

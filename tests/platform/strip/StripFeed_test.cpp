@@ -37,10 +37,13 @@ public:
 
     int32_t savedCount() override { return saved; }
 
+    int32_t takenCount() override { return taken; }
+
     std::string savedName() override { return "rec_00000.wav"; }
 
     bool hasTake = true;
     int32_t saved = 0;
+    int32_t taken = 0;
     std::vector<int32_t> shown;
 };
 
@@ -166,6 +169,17 @@ TEST_F(StripFeedTest, withoutATakeAtTheStartNothingWasDeleted) {
     doors.hasTake = false;
     go("Options", 0);
     EXPECT_EQ("", line());
+}
+
+TEST_F(StripFeedTest, aSoundThatReplacesTheTakeOnPlayClosesTheSheet) {
+    doors.taken = 1;  // at the start of the program
+    go("Play", 0);
+    strip.key(StripKey::kHelp, 0);
+    go("Play", 100);
+    EXPECT_EQ(StripModel::Sheet::kHelp, strip.model().sheet());
+    doors.taken = 2;  // its clean-up ended before the strip looked
+    go("Play", 200);
+    EXPECT_EQ(StripModel::Sheet::kNone, strip.model().sheet());
 }
 
 TEST_F(StripFeedTest, theSecondsThatAreLeftAreRoundedUp) {

@@ -367,6 +367,37 @@ TEST(StripModel, aRecordingThatBeginsClosesTheSheet) {
     EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
 }
 
+TEST(StripModel, whatTheProgramShowsByItselfClosesTheSheet) {
+    for (const char* name : {"Process", "MessageAndQuit"}) {
+        StripModel model = on("Play");
+        model.showHelp({"Keys"});
+        model.setScreen(screen(name), 2, false);
+        EXPECT_EQ(StripModel::Sheet::kNone, model.sheet()) << name;
+        model.showHelp({"Keys"});
+        model.setScreen(screen(name), 2, false);  // the same screen: opened by the user
+        EXPECT_EQ(StripModel::Sheet::kHelp, model.sheet()) << name;
+    }
+}
+
+TEST(StripModel, theQuestionAboutSilenceClosesTheSheet) {
+    StripModel model = on("Play");
+    model.showMicrophones();
+    ScreenTexts texts = screen("Play");
+    texts.isQuestion = true;
+    model.setScreen(texts, 2, false);
+    EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+    model.showHelp({"Keys"});
+    model.setScreen(texts, 2, false);
+    EXPECT_EQ(StripModel::Sheet::kHelp, model.sheet());
+}
+
+TEST(StripModel, aSoundThatEndsLeavesTheHelpOpen) {
+    StripModel model = on("Playing");
+    model.showHelp({"Keys"});
+    model.setScreen(screen("Play"), 2, true);
+    EXPECT_EQ(StripModel::Sheet::kHelp, model.sheet());
+}
+
 TEST(StripModel, aRecordingThatBeginsEndsTheMessages) {
     StripModel model = on("Record");
     model.tell("first", {}, "", 0);
