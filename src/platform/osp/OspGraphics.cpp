@@ -29,8 +29,17 @@ bool isEmpty(const Rectangle& r) {
     return r.width <= 0 || r.height <= 0;
 }
 
+/// The set of count rows of the display from first on; empty if count is not positive.
+HostFrame::Rows rowsFrom(int32_t first, int32_t count) {
+    if (count <= 0) {
+        return {};
+    }
+    const auto others = static_cast<size_t>(HostFrame::kHeightPx - count);
+    return HostFrame::Rows().set() >> others << static_cast<size_t>(first);
+}
+
 /// Doubles each pixel of a row, and writes the pair as one 32-bit word.
-MURMELO_KERNEL void
+MURMELO_PIXEL_KERNEL void
 doubleRow(const uint16_t* __restrict source, uint16_t* __restrict target, size_t sourcePixels) {
     for (size_t i = 0; i < sourcePixels; i++) {
         const uint32_t pixel = source[i];
@@ -294,9 +303,7 @@ void Canvas::seeChanges(const Operation& operation, uint64_t seenVersion, Rows& 
         }
         const int32_t first = std::max(firstRowShowing(operation, row), visible.y);
         const int32_t last = std::min(firstRowShowing(operation, next), visible.y + visible.height);
-        for (int32_t y = first; y < last; y++) {
-            changed.set(static_cast<size_t>(y));
-        }
+        changed |= rowsFrom(first, last - first);
         row = next;
     }
 }

@@ -3,14 +3,14 @@
 
 #include "Kernels.h"
 
-MURMELO_KERNEL void
+MURMELO_PIXEL_KERNEL void
 Rgb565::storeRow(uint16_t* __restrict dst, const uint32_t* __restrict argb, int32_t n) {
     for (int32_t i = 0; i < n; i++) {
         dst[i] = fromRgb(argb[i]);
     }
 }
 
-MURMELO_KERNEL bool
+MURMELO_PIXEL_KERNEL bool
 Rgb565::replaceRow(uint16_t* __restrict dst, const uint32_t* __restrict argb, int32_t n) {
     uint16_t differences = 0;
     for (int32_t i = 0; i < n; i++) {
