@@ -18,8 +18,9 @@ target_link_libraries(no_libraries PRIVATE ${CMAKE_DL_LIBS})
 target_compile_definitions(shell_tests PRIVATE
     MURMELO_NO_LIBRARIES="$<TARGET_FILE:no_libraries>"
     MURMELO_OLD_SNDFILE="$<TARGET_FILE:old_sndfile>"
-    MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_VERSION="${PROJECT_VERSION}")
-add_dependencies(shell_tests murmelo-fx no_libraries old_sndfile)
+    MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_HEADLESS="$<TARGET_FILE:murmelo-headless>"
+    MURMELO_VERSION="${PROJECT_VERSION}")
+add_dependencies(shell_tests murmelo-fx murmelo-headless no_libraries old_sndfile)
 
 # The tool's demonstration.
 add_test(NAME MurmeloFx.demoMeasuresEveryEffect

@@ -189,8 +189,8 @@ Sound SoundReader::readCanonical(const InputFile& file, int32_t count) {
 
 Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
     if (SndfileLibrary::get() == nullptr) {
-        return refuse("needs libsndfile, which is missing: only WAV of 8 or 16 kHz, one channel "
-                      "and 16 bits can be read without it");
+        return refuse("needs libsndfile, which is missing: without it only WAV files with a header "
+                      "of 44 bytes, 8 or 16 kHz, one channel and 16 bits can be read");
     }
     const LibraryFile opened(openQuietly(file, path));
     if (opened == nullptr) {

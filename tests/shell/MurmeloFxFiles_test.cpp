@@ -10,8 +10,11 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <sndfile.h>
+#include <sstream>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -287,9 +290,12 @@ TEST_F(MurmeloFxFiles, aLibraryWithoutAKindOfOutputIsToldBeforeAnythingIsDone) {
 
 namespace {
 
-/// Runs the tool on a machine that lacks the libraries whose names begin so.
-shell::Result runWithout(const char* missing, const std::vector<std::string>& arguments) {
+/// Runs the tool, or another program, on a machine that lacks the libraries whose names begin so.
+shell::Result runWithout(const char* missing,
+                         const std::vector<std::string>& arguments,
+                         const char* program = MURMELO_FX) {
     return ToolRunner()
+        .program(program)
         .before([missing] {
             setenv("LD_PRELOAD", MURMELO_NO_LIBRARIES, 1);
             setenv("MURMELO_MISSING", missing, 1);
@@ -331,6 +337,20 @@ TEST_F(MurmeloFxFiles, withoutTheResamplerOtherRatesAreRefusedByItsName) {
     EXPECT_EQ(2, filesIn(path("")));
 }
 
+TEST_F(MurmeloFxFiles, theOtherProgramsNameTheMissingResamplerToo) {
+    const std::string sound = file("in.wav", shell::wavBytes(44100, audio::noise(5000, 9000)));
+    const std::string script =
+        file("take.txt", "until FirstLang\nkey middle\nuntil Options\ntake " + sound + "\n");
+    fs::create_directory(path("home"));
+    fs::create_directory(path("config"));
+    const shell::Result result = runWithout(
+        "libsoxr", {script, "--home", path("home"), "--config", path("config")}, MURMELO_HEADLESS);
+    EXPECT_EQ(2, result.status);
+    const std::string reason =
+        "cannot be brought to 16000 Hz: libsoxr, which converts it, is missing";
+    EXPECT_NE(std::string::npos, result.err.find(reason)) << result.err;
+}
+
 TEST_F(MurmeloFxFiles, theToolItselfLoadsNoSoundLibrary) {
     const shell::Result result =
         ToolRunner().before([] { setenv("LD_TRACE_LOADED_OBJECTS", "1", 1); }).run({"--version"});
@@ -362,8 +382,39 @@ TEST_F(MurmeloFxFiles, inputsThatAreNoSoundsAreToldApart) {
     EXPECT_EQ(3, filesIn(path("")));
 }
 
+namespace {
+
+/// What the C library uses of this processor.
+/// @param tunables  value of GLIBC_TUNABLES
+std::string usedWith(const char* tunables) {
+    const std::string all = ToolRunner()
+                                .program("/lib64/ld-linux-x86-64.so.2")
+                                .before([tunables] { setenv("GLIBC_TUNABLES", tunables, 1); })
+                                .run({"--list-diagnostics"})
+                                .out;
+    std::istringstream lines(all);
+    std::string used;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find(".active[") != std::string::npos) {
+            used += line + "\n";
+        }
+    }
+    return used;
+}
+
+bool hasAvx2() {
+    std::ifstream file("/proc/cpuinfo");
+    const std::string all(std::istreambuf_iterator<char>(file), {});
+    return all.find(" avx2 ") != std::string::npos;
+}
+
+}  // namespace
+
 TEST_F(MurmeloFxFiles, anotherRateGivesTheSameSamplesOnEveryProcessor) {
-    constexpr const char* kPlain = "glibc.cpu.hwcaps=-AVX_Usable,-AVX2_Usable,-FMA_Usable";
+    constexpr const char* kPlain = "glibc.cpu.hwcaps=-AVX,-AVX2,-FMA,-FMA4";
+    if (hasAvx2()) {
+        EXPECT_NE(usedWith(""), usedWith(kPlain)) << kPlain << " turns nothing off";
+    }
     for (const int32_t rateHz : {11025, 22050, 44100, 44101, 48000}) {
         const std::string input =
             file("rate.wav", shell::wavBytes(rateHz, audio::noise(rateHz, 32767)));

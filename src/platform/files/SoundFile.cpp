@@ -143,7 +143,8 @@ Problem SoundFile::read(const std::string& path,
     if (info.samplerate == rateHz) {
         sound = readAll(reader, maxSamples);
     } else if (!convertAll(reader, info.samplerate, rateHz, maxSamples, sound)) {
-        return "the sound \"" + path + "\" cannot be brought to " + std::to_string(rateHz) + " Hz";
+        return "the sound \"" + path + "\" cannot be brought to " + std::to_string(rateHz) + " Hz" +
+               (Resampler::isThere() ? "" : ": libsoxr, which converts it, is missing");
     }
     if (framesRead != nullptr) {
         *framesRead = reader.framesRead();
