@@ -18,6 +18,7 @@ murmelo_tests(app_tests
         app/common/resources/Str_test.cpp
         ../tools/gallery/StrFit.cpp
         platform/GEngine_test.cpp
+        platform/headless/FrameCheck_test.cpp
         platform/headless/Script_test.cpp
         platform/osp/AppRegistry_test.cpp
         platform/osp/OspGraphics_test.cpp

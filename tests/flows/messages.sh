@@ -4,6 +4,7 @@
 #   messages.sh SCREEN-MESSAGES SHEET GOLDEN.png
 # If they differ, GOLDEN_actual.png is written beside it, to look at. With UPDATE=1 the golden is written.
 set -eu
+export MURMELO_CHECK_FRAMES=1
 messages=$1 sheet=$2 golden=$3
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

@@ -4,6 +4,7 @@
 #   screens.sh HEADLESS SHEET VOICE.wav LANGUAGE-INDEX GOLDEN.png
 # If they differ, GOLDEN_actual.png is written beside it, to look at. With UPDATE=1 the golden itself is written.
 set -eu
+export MURMELO_CHECK_FRAMES=1
 headless=$1 sheet=$2 voice=$3 lang=$4 golden=$5
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

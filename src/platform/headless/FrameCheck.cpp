@@ -30,15 +30,19 @@ bool shows(const std::vector<uint16_t>& display, const std::vector<uint16_t>& ca
 
 }  // namespace
 
-bool FrameCheck::isRight(HostFrame& frame, const std::vector<uint16_t>& canvas) {
+bool FrameCheck::isRight(HostFrame& phones, HostFrame& shown, const std::vector<uint16_t>& canvas) {
     const size_t pixels = static_cast<size_t>(kWidthPx) * HostFrame::kHeightPx;
     whole.assign(pixels, 0);
-    frame.compose(whole.data(), kStrideBytes);
+    phones.compose(whole.data(), kStrideBytes);
+    const bool showsCanvas = shows(whole, canvas);
+    if (&shown != &phones) {
+        shown.compose(whole.data(), kStrideBytes);
+    }
     const bool looks = byChanges.empty() || count % kFramesPerLook != 0;
     if (looks) {
         byChanges.resize(pixels);
-        frame.composeRows(byChanges.data(), kStrideBytes, frame.takeChanges());
+        shown.composeRows(byChanges.data(), kStrideBytes, shown.takeChanges());
     }
     count++;
-    return shows(whole, canvas) && (!looks || byChanges == whole);
+    return showsCanvas && (!looks || byChanges == whole);
 }

@@ -12,8 +12,12 @@ public:
     /// Compares a frame with the painted picture in two ways: with all rows worked out, and with
     /// only the changed rows worked out again.
     /// @param canvas  the 240 x 320 pixels that the program has painted, RGB565
-    /// @returns true if both show the painted picture
-    bool isRight(HostFrame& frame, const std::vector<uint16_t>& canvas);
+    /// @param phones  the phone's own frame, which shows the canvas
+    /// @param shown   the frame that the host shows: the phone's, or one with the strip over it.
+    ///                Its changes are taken, except at every third call
+    /// @returns true if the phone's frame shows the canvas, and the changed rows make the whole
+    ///          picture of the shown one
+    bool isRight(HostFrame& phones, HostFrame& shown, const std::vector<uint16_t>& canvas);
 
     int64_t frames() const { return count; }
 

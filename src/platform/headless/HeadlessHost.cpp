@@ -115,7 +115,7 @@ void HeadlessHost::frameShown(HostFrame* phones) {
     frame = newest;
     if (phones != nullptr && doors != nullptr && frameCheck) {
         const std::vector<uint16_t> canvas = doors->canvasPixels();
-        if (!canvas.empty() && !frameCheck->isRight(*phones, canvas)) {
+        if (!canvas.empty() && !frameCheck->isRight(*phones, *newest, canvas)) {
             verdict.fail(0, "frame " + std::to_string(frameCheck->frames()) +
                                 " shows something else than was painted");
         }
