@@ -23,3 +23,18 @@ murmelo_tests(audio_tests
         app/common/audio/WpSimple_test.cpp
     LINK murmelo_audio)
 target_compile_definitions(audio_tests PRIVATE $<$<BOOL:${MURMELO_SANITIZE}>:MURMELO_SANITIZED>)
+
+# Most machines run the copy of each kernel that has 256-bit instructions. Here the same tests run the other one: its
+# files are compiled once more, and so the library's own are not linked.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT MURMELO_SANITIZE)
+    get_target_property(folder murmelo_audio SOURCE_DIR)
+    set(kernels GrainSearch Lpc MeanFilter WavProc WpMicPostProc WpReverse)
+    list(TRANSFORM kernels PREPEND "${folder}/")
+    list(TRANSFORM kernels APPEND ".cpp")
+    add_executable(plain_audio_tests ${kernels} $<TARGET_OBJECTS:audio_tests>)
+    target_compile_definitions(plain_audio_tests PRIVATE MURMELO_PLAIN_KERNELS)
+    target_compile_options(plain_audio_tests PRIVATE -O3)
+    target_link_libraries(plain_audio_tests PRIVATE murmelo_tests_support murmelo_audio GTest::gtest_main)
+    add_test(NAME AudioOnAnyProcessor COMMAND plain_audio_tests)
+    set_tests_properties(AudioOnAnyProcessor PROPERTIES TIMEOUT 1500)
+endif()

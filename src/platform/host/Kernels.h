@@ -11,11 +11,13 @@
 /// bring "fma" with it, and every file is also compiled with -ffp-contract=off. So both copies give
 /// the same bits.
 ///
-/// It does nothing if the compiler or the loader does not support this: clang 14 lacks the
-/// attribute, only ELF has indirect functions (which glibc resolves), and under a sanitizer the
-/// resolver would run before the sanitizer's own start.
-#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__ELF__) &&         \
-    defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+/// It does nothing with MURMELO_PLAIN_KERNELS (for tests of the copy for every processor), or if
+/// the compiler or the loader does not support this: clang 14 lacks the attribute, only ELF has
+/// indirect functions (which glibc resolves), and under a sanitizer the resolver would run before
+/// the sanitizer's own start.
+#if !defined(MURMELO_PLAIN_KERNELS) && defined(__GNUC__) && !defined(__clang__) &&                 \
+    defined(__x86_64__) && defined(__ELF__) && defined(__GLIBC__) &&                               \
+    !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #define MURMELO_KERNEL_COPIES
 #define MURMELO_KERNEL __attribute__((target_clones("avx2", "default")))
 #else
