@@ -83,10 +83,25 @@ def with_tool(verdict, tool, program, source):
                 verdict.check(not os.path.exists(place.path("out.wav")), case)
 
 
+def to_the_end(verdict, tool, program, source):
+    """Ten minutes are read, converted and written whole, with the same limit on memory."""
+    with Place(program, source) as place:
+        ten_minutes(place.path("in.wav"))
+        with subprocess.Popen([os.path.realpath(tool), "none", "--long", "in.wav", "out.wav"], cwd=place.folder,
+                              preexec_fn=bounded, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            _, errors, by_itself = ended(process, Patience(process))
+        words = errors.decode(errors="replace")
+        case = "--long: status %d, %s" % (process.returncode, words if by_itself else "it hangs")
+        verdict.check(process.returncode == 0 and words == "", case)
+        out = place.path("out.wav")
+        verdict.check(os.path.exists(out) and os.path.getsize(out) == 44 + STEREO_SECONDS * 8000 * 2, "--long: its length")
+
+
 def main(tool, program, source):
     verdict = Verdict()
     with_headless(verdict, program, source)
     with_tool(verdict, tool, program, source)
+    to_the_end(verdict, tool, program, source)
     verdict.end()
 
 

@@ -14,6 +14,12 @@ fi
 deb=$(echo "$folder"/packed/murmelo_"$version"-1_*.deb)
 [ -f "$deb" ] || report_error "the package has another name: $(ls "$folder/packed")"
 
+# The tool loads these only when a file needs them, so dpkg-shlibdeps does not see them for it.
+needs=$(dpkg-deb --field "$deb" Depends)
+for package in libsndfile1 libsoxr0; do
+    [[ ", $needs," == *", $package"[\ ,]* ]] || complain "the package does not depend on $package: $needs"
+done
+
 # Warnings count as errors.
 output=$(lintian --fail-on error,warning "$deb" 2>/dev/null) || report_error "lintian: $output"
 [[ $output == *[EW]:* ]] && report_error "lintian: $output"
