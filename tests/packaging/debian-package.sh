@@ -1,13 +1,19 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Checks that the Debian package satisfies lintian, works when it is installed, and leaves nothing when it is purged.
+# Checks that the Debian package can be made with the packages that ./run installs, satisfies lintian, works when it is
+# installed, and leaves nothing when it is purged.
 #
 #   debian-package.sh BUILD SOURCE VERSION HARDENED     HARDENED: ON if the build folder's programs are hardened, else OFF
 build=$(realpath "$1") source=$(realpath "$2") version=$3 hardened=$4
 # shellcheck source=tests/packaging/common.sh
 . "$(dirname "$0")/common.sh"
 
-if ! (umask 077 && cd "$build" && cpack --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
+mapfile -t packages < <("$source/tools/install-packages" --list build)
+[ ${#packages[@]} -ge 10 ] || report_error "the group build has only ${#packages[@]} packages"
+"$source/tests/packaging/programs-of.py" "$folder/programs" "${packages[@]}" || report_error "not all of the group build is there"
+# CMake would also look for programs in the system's folders.
+if ! (umask 077 && cd "$build" && PATH=$folder/programs cpack -D CMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF \
+    --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
     report_error "cpack failed: $(cat "$folder/log")"
     exit $failed
 fi
@@ -17,7 +23,7 @@ deb=$(echo "$folder"/packed/murmelo_"$version"-1_*.deb)
 # The tool loads these only when a file needs them, so dpkg-shlibdeps does not see them for it.
 needs=$(dpkg-deb --field "$deb" Depends)
 for package in libsndfile1 libsoxr0; do
-    [[ ", $needs," == *", $package"[\ ,]* ]] || complain "the package does not depend on $package: $needs"
+    [[ ", $needs," == *", $package"[\ ,]* ]] || report_error "the package does not depend on $package: $needs"
 done
 
 # Warnings count as errors.
