@@ -105,10 +105,6 @@ endforeach()
 # The authors and licences.
 install(FILES packaging/debian/copyright DESTINATION ${murmelo_papers})
 install(DIRECTORY res/licences DESTINATION ${murmelo_papers})
-murmelo_gzip(${CMAKE_SOURCE_DIR}/packaging/debian/changelog ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz)
-list(APPEND murmelo_zipped ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz)
-install(FILES ${CMAKE_BINARY_DIR}/install/changelog.Debian.gz
-    DESTINATION ${murmelo_papers} COMPONENT debian EXCLUDE_FROM_ALL)
 install(FILES packaging/debian/lintian-overrides
     DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME murmelo COMPONENT debian EXCLUDE_FROM_ALL)
 add_custom_target(murmelo_papers DEPENDS ${murmelo_zipped})

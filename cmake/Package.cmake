@@ -1,12 +1,15 @@
 # SPDX-License-Identifier: MIT
 # The Debian package: "cmake --build BUILD_DIR --target deb", or "cpack" there once everything is built.
-set(MURMELO_MAINTAINER "Murmelo maintainers <maintainers@example.org>" CACHE STRING
-    "Who answers for a Debian package that is built here: Name <mail address>")
+set(MURMELO_MAINTAINER "" CACHE STRING
+    "Maintainer of a Debian package that is built here, Name <mail address>; empty: who builds it (Maintainer.cmake)")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME murmelo)
 set(CPACK_PACKAGE_VENDOR "Murmelo")
-set(CPACK_PACKAGE_CONTACT "${MURMELO_MAINTAINER}")
+set(CPACK_MURMELO_MAINTAINER "${MURMELO_MAINTAINER}")
+set(CPACK_MURMELO_CHANGELOG ${CMAKE_SOURCE_DIR}/packaging/debian/changelog)
+set(CPACK_MURMELO_PAPERS ${murmelo_papers})
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/cmake/Maintainer.cmake)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "voice changer with many effects and one marble")
 set(CPACK_PACKAGE_DESCRIPTION
 "Murmelo records up to twenty seconds of speech, turns it into a robot, a
@@ -23,7 +26,7 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/PublicFolders.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/DebianChangelog.cmake ${CMAKE_SOURCE_DIR}/cmake/PublicFolders.cmake)
 set(CPACK_INSTALL_CMAKE_PROJECTS
     "${CMAKE_BINARY_DIR};murmelo;murmelo;/"
     "${CMAKE_BINARY_DIR};murmelo;debian;/")

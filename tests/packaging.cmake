@@ -22,6 +22,11 @@ add_test(NAME packaging/screenshots
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/packaging/screenshots.py ${CMAKE_SOURCE_DIR} ${languages})
 list(APPEND packaging_tests packaging/screenshots)
 
+add_test(NAME packaging/maintainer
+    COMMAND packaging/maintainer.sh ${CMAKE_SOURCE_DIR}
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+list(APPEND packaging_tests packaging/maintainer)
+
 add_test(NAME packaging/man-pages-translated
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/packaging/translations.py ${CMAKE_SOURCE_DIR})
 list(APPEND packaging_tests packaging/man-pages-translated)

@@ -40,7 +40,7 @@ def of_changelog(text):
 
 def of_debian(text):
     versions = re.findall(r"^murmelo \((\S+)-1\) unstable; urgency=\w+$", text, re.M)
-    dates = [email.utils.parsedate_to_datetime(date) for date in re.findall(r"^ -- .* <.*>  (.*)$", text, re.M)]
+    dates = [email.utils.parsedate_to_datetime(date) for date in re.findall(r"^ -- @MAINTAINER@  (.*)$", text, re.M)]
     return list(zip(versions, [date.strftime("%Y-%m-%d") for date in dates]))
 
 

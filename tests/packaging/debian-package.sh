@@ -11,6 +11,7 @@ build=$(realpath "$1") source=$(realpath "$2") version=$3 hardened=$4
 mapfile -t packages < <("$source/tools/install-packages" --list build)
 [ ${#packages[@]} -ge 10 ] || report_error "the group build has only ${#packages[@]} packages"
 "$source/tests/packaging/programs-of.py" "$folder/programs" "${packages[@]}" || report_error "not all of the group build is there"
+export DEBFULLNAME="A Packager" DEBEMAIL=packager@murmelo.test
 # CMake would also look for programs in the system's folders.
 if ! (umask 077 && cd "$build" && PATH=$folder/programs cpack -D CMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF \
     --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
@@ -30,6 +31,12 @@ done
 output=$(lintian --fail-on error,warning "$deb" 2>/dev/null) || report_error "lintian: $output"
 [[ $output == *[EW]:* ]] && report_error "lintian: $output"
 zcat < <(dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/doc/murmelo/changelog.Debian.gz) >"$folder/changelog"
+expect_maintainer() { # MAINTAINER: in the package and in its changelog
+    [ "$(dpkg-deb --field "$deb" Maintainer)" = "$1" ] || report_error "the maintainer is $(dpkg-deb --field "$deb" Maintainer)"
+    [ "$(sed -n 's/^ -- \(.*\)  .*/\1/p' "$folder/changelog" | sort -u)" = "$1" ] || report_error "the changelog is not by $1"
+}
+given=$(sed -n 's/^set(CPACK_MURMELO_MAINTAINER "\(.*\)")$/\1/p' "$build/CPackConfig.cmake")
+expect_maintainer "${given:-A Packager <packager@murmelo.test>}"
 grep -q "^murmelo ($version-1) " <<<"$(head -n 1 "$folder/changelog")" || report_error "the changelog is of another version"
 dpkg-deb --fsys-tarfile "$deb" | tar -tv | awk '$2 != "root/root"' | grep . && report_error "not all of that is root's"
 
