@@ -15,7 +15,7 @@ add_test(NAME docs/man-lists
 set_tests_properties(docs/commands PROPERTIES TIMEOUT 1500)
 add_test(NAME check-layers/finds-breaches
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/check-layers.sh ${CMAKE_SOURCE_DIR})
-foreach(case changed arguments)
+foreach(case result changed arguments)
     add_test(NAME tools/gate-${case} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/gate.sh ${case} ${CMAKE_SOURCE_DIR})
 endforeach()
 add_test(NAME tools/circles
