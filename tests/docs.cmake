@@ -5,6 +5,8 @@ add_test(NAME docs/behaviour-names
     COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs/behaviour-names.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/commands
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/commands.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+add_test(NAME docs/many-files
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/many-files.py $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/effects
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/effects.py $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/script-words
@@ -12,7 +14,7 @@ add_test(NAME docs/script-words
         $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/man-lists
     COMMAND Python3::Interpreter -B ${CMAKE_SOURCE_DIR}/tools/man-lists --check ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
-set_tests_properties(docs/commands PROPERTIES TIMEOUT 1500)
+set_tests_properties(docs/commands docs/many-files PROPERTIES TIMEOUT 1500)
 add_test(NAME check-layers/finds-breaches
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/check-layers.sh ${CMAKE_SOURCE_DIR})
 foreach(case result changed arguments)

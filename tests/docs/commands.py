@@ -117,7 +117,7 @@ class Folder:
         self.folder = tempfile.TemporaryDirectory(prefix="murmelo_docs_")
         self.path = os.path.realpath(self.folder.name)
         self.build = self.path + "/tree/build/release"
-        for name in ("home", "user/voices"):
+        for name in ("home", "user/voices", "user/out"):
             os.makedirs(os.path.join(self.path, name))
         os.makedirs(self.build)
         shutil.copytree(source, self.path + "/tree", symlinks=True, dirs_exist_ok=True,
@@ -126,54 +126,57 @@ class Folder:
             shutil.copy(os.path.join(build, name), self.build)
         for name in ("Res", "framework"):
             os.symlink(os.path.join(source, "res", name), os.path.join(self.build, name))
-        self.copy_what_installs(build)
+        # It installs from the real build folder; the notes for uninstalling are written to this one.
+        os.symlink(build + "/cmake_install.cmake", self.build + "/cmake_install.cmake")
         self.environment = {name: value for name, value in os.environ.items()
                             if not name.startswith(("MURMELO_", "XDG_")) and name != "DESTDIR"}
-        self.environment.update(HOME=self.path + "/home", PATH=self.build + ":" + os.environ["PATH"], LC_ALL="C.UTF-8",
+        self.environment.update(HOME=self.path + "/home", MURMELO_INSTALL_NOTES=self.path, PATH=self.build + ":" + os.environ["PATH"], LC_ALL="C.UTF-8",
                                 MANWIDTH="80")
         self.users_files()
-
-    def copy_what_installs(self, build):
-        """Copies the installation scripts of the build folder, changed to refer to this folder."""
-        shutil.copytree(build + "/install", self.build + "/install", symlinks=True)
-        for folder, _, names in os.walk(build):
-            for name in names:
-                if name in ("cmake_install.cmake", "MakeFolders.cmake", "NoteFiles.cmake"):
-                    target = os.path.join(self.build, os.path.relpath(folder, build))
-                    os.makedirs(target, exist_ok=True)
-                    with open(os.path.join(folder, name), encoding="utf-8") as file:
-                        text = file.read().replace(build + "/", self.build + "/")
-                    with open(os.path.join(target, name), "w", encoding="utf-8") as file:
-                        file.write(text)
 
     def users_files(self):
         """Makes the sound files that the man pages mention."""
         sample = self.path + "/tree/res/sample/hello.wav"
+        self.inputs = {sample}
         for name in ("voice.wav", "voices/a.wav", "voices/b b.wav"):
             shutil.copy(sample, os.path.join(self.path, "user", name))
+            self.inputs.add(os.path.join(self.path, "user", name))
         for name in ("voice.flac", "another.flac"):
-            subprocess.run([self.build + "/murmelo-fx", "none", sample, os.path.join(self.path, "user", name)],
-                           env=self.environment, check=True)
+            path = os.path.join(self.path, "user", name)
+            subprocess.run([self.build + "/murmelo-fx", "none", sample, path], env=self.environment, check=True)
+            self.inputs.add(path)
 
     def run(self, page, command):
         """Runs a command. Returns what is wrong, or nothing."""
         where = os.path.join(self.path, "user" if page.endswith(".1") or page == "docs/many-files.md" else "tree")
+        results = [os.path.join(where, name) for name in self.results(command)]
+        for path in results:
+            self.remove(path)
         done = subprocess.run(["bash", "-e", "-o", "pipefail", "-c", command], cwd=where, env=self.environment,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
         if done.returncode != 0:
             return "status %d: %s" % (done.returncode, done.stderr.decode(errors="replace").strip())
         if done.stderr:
             return "standard error: " + done.stderr.decode(errors="replace").strip()
-        missing = [name for name in self.results(command) if not self.holds_something(os.path.join(where, name))]
+        missing = [os.path.relpath(path, where) for path in results if not self.holds_something(path)]
         if missing:
             return "left no " + " and no ".join(missing)
         return ""
 
+    def remove(self, path):
+        """Removes what an earlier command has made there, so that this command must make it. Inputs stay."""
+        if path in self.inputs:
+            return
+        if os.path.isdir(path):
+            shutil.rmtree(path)
+        elif os.path.exists(path):
+            os.remove(path)
+
     def results(self, command):
-        """The sounds and folders that a command names as its results."""
+        """The sounds and folders that a command names: its results, and sounds that it reads."""
         words = shlex.split(command, comments=True)
         found = [word for word in words if SOUND.search(word) and "*" not in word]
-        for option in ("--out-dir", "--prefix"):
+        for option in ("--out-dir", "--prefix", "--joblog"):
             found += [words[words.index(option) + 1]] if option in words else []
         staged = [word.removeprefix("DESTDIR=") for word in words if word.startswith("DESTDIR=")]
         if staged:
