@@ -24,7 +24,5 @@ add_dependencies(shell_tests murmelo-fx murmelo-headless no_libraries old_sndfil
 
 # The tool's demonstration.
 add_test(NAME MurmeloFx.demoMeasuresEveryEffect
-    COMMAND ${CMAKE_SOURCE_DIR}/tools/demo.sh $<TARGET_FILE:murmelo-fx>
-        ${CMAKE_SOURCE_DIR}/res/sample/hello.wav ${CMAKE_BINARY_DIR}/demo-test)
-set_tests_properties(MurmeloFx.demoMeasuresEveryEffect PROPERTIES
-    PASS_REGULAR_EXPRESSION "robot .* 88[.][0-9] .*flip .*" TIMEOUT 1500)
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/shell/demo.sh $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
+set_tests_properties(MurmeloFx.demoMeasuresEveryEffect PROPERTIES TIMEOUT 1500)

@@ -57,12 +57,15 @@ expect_of_fish() { # WANTED LINE
 offered_by_fish "$name --" | grep -E -- '^--[a-z]' >"$folder/fish-options"
 diff "$folder/helped" "$folder/fish-options" || report_error "--help (<) and fish (>) have other options"
 
-# A zsh in a pseudo terminal, asked with the tab key; without pseudo terminals, the options are read from its file.
+# A zsh in a pseudo terminal, asked with the tab key. Without pseudo terminals the options are read from its file, and the
+# test counts as skipped if the rest passes.
+passed=0
 if zsh -fc 'zmodload zsh/zpty && zpty probe true' 2>/dev/null; then
     zsh -f "$source/tests/packaging/zsh-offers" "$source/packaging/completion" "$name --" >"$folder/zsh-output"
     tr -s '[:space:]' '\n' <"$folder/zsh-output" | grep -E -- '^--[a-z]' | sort -u >"$folder/zsh"
 else
-    echo "no pseudo terminals: the tab key of zsh is not tried"
+    echo "skipped: there are no pseudo terminals, so the tab key of zsh is not tried"
+    passed=77
     grep -oE -- "--[a-z][a-z-]+" "$for_zsh" | sort -u >"$folder/zsh"
 fi
 diff "$folder/helped" "$folder/zsh" || report_error "--help (<) and zsh (>) have other options"
@@ -140,4 +143,5 @@ murmelo-headless)
     ;;
 esac
 [ ! -s "$folder/fish-error" ] || report_error "fish: $(cat "$folder/fish-error")"
+[ $failed -ne 0 ] || exit $passed
 exit $failed

@@ -21,7 +21,24 @@ size() {
     identify -format '%w %h' "$1"
 }
 
+# refuses MESSAGE ARGUMENT...: the program ends with status 1, and says that and nothing else.
+refuses() {
+    local output status message=$1
+    shift
+    output=$("$program" "$@" 2>&1)
+    status=$?
+    [ $status -eq 1 ] || complain "the status is $status"
+    [ "$output" = "$message" ] || complain "it says \"$output\" and not \"$message\""
+}
+
 case $1 in
+refuses-no-font)
+    refuses "murmelo-bmfgen: $source/README.md is not a font that can be read" "$source/README.md" 15 no.bmf
+    [ ! -e no.bmf ] || complain "it has written a font"
+    ;;
+cannot-write)
+    refuses "murmelo-gallery: cannot write $source/README.md/no.png" "$source/README.md/no.png"
+    ;;
 makes-a-font)
     font=$4
     if ! "$program" "$font" 15 small.bmf || ! "$program" "$font" 15 again.bmf ||
