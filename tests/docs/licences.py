@@ -2,12 +2,14 @@
 # SPDX-License-Identifier: MIT
 """licences.py SOURCE [--all]: tools/spdx finds files without a licence, and adds the line in the right place.
 
-Also checks that the licence is the same in LICENSE, the Debian package, the metainfo and the page. With --all
-every file of the project must have a licence.
+Also checks that the licence is the same in LICENSE, README, the Debian package, the metainfo, the man pages and the page, and
+which files have another one. With --all every file of the project must have a licence.
 """
+import glob
 import importlib.machinery
 import importlib.util
 import os
+import re
 import sys
 import tempfile
 import xml.etree.ElementTree as tree
@@ -68,6 +70,7 @@ check.failed = False
 def each_file_gets_its_line(spdx):
     with tempfile.TemporaryDirectory() as folder:
         put(folder, "REUSE.toml", "# " + MARK + "\n" + REUSE)
+        put(folder, "LICENSES/MIT.txt", "the text")
         put(folder, "picture.png", "no real one")
         put(folder, "data/seed", "bytes")
         check(spdx.main(folder, False) == 0, "a file with an entry, or with a line, is all right")
@@ -92,8 +95,38 @@ def each_file_gets_its_line(spdx):
 def entries_are_needed_and_alone(spdx):
     with tempfile.TemporaryDirectory() as folder:
         put(folder, "REUSE.toml", "# " + MARK + "\n" + REUSE)
+        put(folder, "LICENSES/MIT.txt", "the text")
         put(folder, "data/seed", "# " + MARK + "\n")
         check(spdx.main(folder, False) == 2, "a line besides an entry, and an entry without a file, are named")
+
+
+def values_are_right(spdx):
+    with tempfile.TemporaryDirectory() as folder:
+        put(folder, "REUSE.toml", "# " + MARK + "\n" + REUSE)
+        put(folder, "LICENSES/MIT.txt", "the text")
+        put(folder, "a.png", "no real one")
+        put(folder, "data/seed", "bytes")
+        put(folder, "a.cpp", "// " + MARK + "\n")
+        check(spdx.main(folder, False) == 0, "the project's licence is all right")
+        for other in ("Whatever-9", "MIT-0", "MIT OR Apache-2.0"):
+            put(folder, "a.cpp", "// " + MARK.replace("MIT", other) + "\n")
+            check(spdx.main(folder, False) == 1, "a line with %s is named" % other)
+        os.remove(os.path.join(folder, "a.cpp"))
+        os.rename(os.path.join(folder, "LICENSES/MIT.txt"), os.path.join(folder, "LICENSES/BSD-2-Clause.txt"))
+        check(spdx.main(folder, False) == 2, "a licence without its text, and a text without its licence, are named")
+
+
+def other_licences(spdx, source):
+    """Which files are not under the project's licence: others made them, or what they are made of."""
+    fonts = glob.glob("res/**/*.bmf", root_dir=source, recursive=True)
+    check(len(fonts) >= 3, "the fonts are found: %s" % fonts)
+    wanted = dict.fromkeys(fonts + ["res/licences/clear-sans.txt"], "Apache-2.0")
+    wanted["res/licences/cli11.txt"] = "BSD-3-Clause"
+    wanted["web/licences/libcxx.txt"] = "Apache-2.0 WITH LLVM-exception"
+    tables = spdx.annotations(source)
+    entries = {path: spdx.licence_of(path, tables) for path in spdx.all_files(source, False)}
+    other = {path: licence for path, licence in entries.items() if licence not in (None, spdx.LICENCE)}
+    check(other == wanted, "REUSE.toml gives other licences to: %s" % sorted(set(other.items()) ^ set(wanted.items())))
 
 
 def same_licence_everywhere(source):
@@ -109,6 +142,14 @@ def same_licence_everywhere(source):
     # Other authors' work in the package: the fonts and CLI11.
     check(sorted(spoken[1:]) == ["Apache-2.0", "BSD-3-Clause"], "the metainfo names what is contained: %s" % spoken)
     check(all("license: " + name.lower() in debian.lower() for name in spoken[1:]), "the Debian package names it, too")
+    readme = " ".join(get(source, "README.md").split("## Licence")[1].split())
+    check("have the MIT licence" in readme, "README says MIT")
+    check("fonts (Apache 2.0) and CLI11 (BSD)" in readme, "README names what is contained")
+    pages = glob.glob(source + "/docs/man/**/*.1", recursive=True)
+    check(len(pages) >= 11, "the man pages are found: %s" % pages)
+    for path in pages:
+        chapter = re.search(r"^\.SH LICEN[CZ].*?\n(.*?)^\.SH ", get("/", path).replace("LIZENZ", "LICENZ"), re.M | re.S)
+        check(chapter and re.search(r"\bMIT\b.*Expat", chapter.group(1)), "%s says MIT" % path)
     page = tool(os.path.join(source, "tools/pack-web")).licences(source).decode()
     check(page.startswith("murmelo\n=======\n\n" + get(source, "LICENSE").strip()), "the page begins with LICENSE")
     for name in ("emscripten", "libcxx", "musl", "stb", "clear-sans"):
@@ -120,6 +161,8 @@ def main(source, everything):
     spdx = tool(os.path.join(source, "tools/spdx"))
     each_file_gets_its_line(spdx)
     entries_are_needed_and_alone(spdx)
+    values_are_right(spdx)
+    other_licences(spdx, source)
     same_licence_everywhere(source)
     if everything:
         check(spdx.main(source, False) == 0, "every file of the project has a licence")
