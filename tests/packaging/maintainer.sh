@@ -12,7 +12,7 @@ expect() {
     local output
     output=$(cd "$folder" && env -i HOME="$folder/home" PATH="$PATH" GIT_CEILING_DIRECTORIES=/ GIT_DIR="$folder/none" "${@:2}" \
         cmake -DCPACK_MURMELO_MAINTAINER="${GIVEN:-}" -P "$source/cmake/Maintainer.cmake" 2>&1)
-    [[ $(tr -s ' \n' ' ' <<<"$output") == *"$1"* ]] || complain "with ${*:2} ${GIVEN:-}: $output, and not: $1"
+    [[ $(tr -s ' \n' ' ' <<<"$output") == *"$1"* ]] || report_error "with ${*:2} ${GIVEN:-}: $output, and not: $1"
 }
 mkdir "$folder/home"
 expect "maintainer is $(id -un) <$(id -un)@"
@@ -26,5 +26,5 @@ for mistake in "E F" "e@f.test" "E F <e>" "<e@f.test>"; do
 done
 
 grep -rnE '@[a-z.-]*(example\.(org|com|net)|\.invalid)' "$source"/{cmake,docs,packaging,res,src,web} "$source"/*.md &&
-    complain "these addresses are invented"
-exit $wrong
+    report_error "these addresses are invented"
+exit $failed

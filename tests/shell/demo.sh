@@ -8,28 +8,28 @@ set -u
 fx=$(realpath "$1") source=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-wrong=0
+failed=0
 
-complain() {
+report_error() {
     echo "$1" >&2
-    wrong=1
+    failed=1
 }
 
-"$source/tools/demo.sh" "$fx" "$source/res/sample/hello.wav" "$folder/results" >"$folder/rows" || complain "demo.sh fails"
+"$source/tools/demo.sh" "$fx" "$source/res/sample/hello.wav" "$folder/results" >"$folder/rows" || report_error "demo.sh fails"
 cat "$folder/rows"
 diff <("$fx" --list | cut -d ' ' -f 1) <(tail -n +2 "$folder/rows" | cut -d ' ' -f 1) ||
-    complain "--list (<) and the demonstration (>) have other effects"
+    report_error "--list (<) and the demonstration (>) have other effects"
 
 # expect EFFECT LONGER HIGHER: how many times as long and as high the result is; - for "not to be predicted".
 expect() {
     local row
-    row=$(grep "^$1 " "$folder/rows") || { complain "there is no row for $1"; return; }
-    [ -s "$folder/results/$1.wav" ] || complain "there is no sound for $1"
+    row=$(grep "^$1 " "$folder/rows") || { report_error "there is no row for $1"; return; }
+    [ -s "$folder/results/$1.wav" ] || report_error "there is no sound for $1"
     # Columns: effect, length -> length, level -> level, pitch -> pitch, file
     awk -v longer="$2" -v higher="$3" '
         function near(got, wanted) { return wanted == "-" || got > wanted * 0.95 && got < wanted * 1.05 }
         { exit !(near($4 / $2, longer) && near($10 / $8, higher)) }' <<<"$row" ||
-        complain "not $2 times as long and $3 times as high: $row"
+        report_error "not $2 times as long and $3 times as high: $row"
 }
 expect none 1 1
 expect robot 1 -
@@ -39,8 +39,8 @@ expect low 1 0.75
 expect fast 0.5 1
 expect drunk 2 -
 expect flip 1 -
-awk '$1 == "robot" && $10 > 88 && $10 < 90 { found = 1 } END { exit !found }' "$folder/rows" || complain "the robot is not at 89 Hz"
+awk '$1 == "robot" && $10 > 88 && $10 < 90 { found = 1 } END { exit !found }' "$folder/rows" || report_error "the robot is not at 89 Hz"
 
-"$source/tools/demo.sh" "$fx" "$source/README.md" "$folder/none" >"$folder/output" 2>&1 && complain "a text is taken for a sound"
-grep -q "README.md" "$folder/output" || complain "the message does not name the file: $(cat "$folder/output")"
-exit $wrong
+"$source/tools/demo.sh" "$fx" "$source/README.md" "$folder/none" >"$folder/output" 2>&1 && report_error "a text is taken for a sound"
+grep -q "README.md" "$folder/output" || report_error "the message does not name the file: $(cat "$folder/output")"
+exit $failed

@@ -9,11 +9,11 @@ set -u
 case=$1 source=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-wrong=0
+failed=0
 
-complain() {
+report_error() {
     echo "$1" >&2
-    wrong=1
+    failed=1
 }
 
 # stub FILE NAME: makes a program. With arguments that contain the text of the environment variable FAIL it fails.
@@ -54,34 +54,34 @@ result() {
     stub "$tree/tests/web/build-page.sh" build-page
     for mode in "" all native; do
         # shellcheck disable=SC2086  # no mode is no argument
-        output=$("$tree/test" $mode 2>&1) || complain "./test $mode fails although nothing else does: $output"
-        [[ $(tail -n 1 <<<"$output") == "Total Test time"* ]] || complain "./test $mode ends with: $(tail -n 3 <<<"$output")"
-        [[ $output != *FAILED* ]] || complain "./test $mode says that something failed"
+        output=$("$tree/test" $mode 2>&1) || report_error "./test $mode fails although nothing else does: $output"
+        [[ $(tail -n 1 <<<"$output") == "Total Test time"* ]] || report_error "./test $mode ends with: $(tail -n 3 <<<"$output")"
+        [[ $output != *FAILED* ]] || report_error "./test $mode says that something failed"
         for part in check-layers "lint --quick" "cmake --build --preset release" "cmake --build --preset asan" \
             "ctest --preset release -j" "ctest --preset asan" start-presets "lint --tidy" build-page "-L browser"; do
             [[ $mode != all ]] || continue  # it differs only in what it gives to lint
             [[ $mode != native || $part != build-page && $part != "-L browser" ]] || continue
             # shellcheck disable=SC2086
-            output=$(FAIL=$part "$tree/test" $mode 2>&1) && complain "./test $mode succeeds although $part fails"
+            output=$(FAIL=$part "$tree/test" $mode 2>&1) && report_error "./test $mode succeeds although $part fails"
             [[ $(tail -n 1 <<<"$output") == "== FAILED: "* ]] ||
-                complain "./test $mode ends after a failure of $part with: $(tail -n 2 <<<"$output")"
+                report_error "./test $mode ends after a failure of $part with: $(tail -n 2 <<<"$output")"
         done
     done
     mapfile -t left < <(find "$folder" -maxdepth 1 -name 'murmelo_*')
-    [ ${#left[@]} -eq 0 ] || complain "these are left: ${left[*]}"
+    [ ${#left[@]} -eq 0 ] || report_error "these are left: ${left[*]}"
 }
 
 # tidied: prints the names that clang-tidy got, sorted, in one line.
 tidied() {
     rm -f "$folder/calls"
-    (cd "$tree" && tools/lint --tidy-newest) >"$folder/output" 2>&1 || complain "lint fails: $(cat "$folder/output")"
+    (cd "$tree" && tools/lint --tidy-newest) >"$folder/output" 2>&1 || report_error "lint fails: $(cat "$folder/output")"
     sed -n 's/^clang-tidy-14 .* //p' "$folder/calls" | sort | tr '\n' ' '
 }
 
 expect_tidied() { # NAMES WHEN
     local got
     got=$(tidied)
-    [ "$got" = "$1" ] || complain "$2, clang-tidy looks at \"$got\" and not at \"$1\""
+    [ "$got" = "$1" ] || report_error "$2, clang-tidy looks at \"$got\" and not at \"$1\""
 }
 
 commit() { # FILE TEXT
@@ -94,8 +94,8 @@ commit() { # FILE TEXT
 changed() {
     cp "$source/tools/lint" "$tree/tools/"
     expect_tidied "" "without git"
-    grep -q "no history in git" "$folder/output" || complain "lint does not say that it looked at nothing: $(cat "$folder/output")"
-    ! grep -q "Nothing found" "$folder/output" || complain "without git lint claims to have found nothing"
+    grep -q "no history in git" "$folder/output" || report_error "lint does not say that it looked at nothing: $(cat "$folder/output")"
+    ! grep -q "Nothing found" "$folder/output" || report_error "without git lint claims to have found nothing"
 
     git -C "$tree" init -q
     commit src/Old.cpp '#include "Plain.h"'
@@ -105,7 +105,7 @@ changed() {
     commit src/Pair.cpp '#include "Pair.h"'
     git -C "$tree" tag v1.0.0
     expect_tidied "" "at a release"
-    grep -q "0 sources have changed since v1.0.0" "$folder/output" || complain "lint does not say since when: $(cat "$folder/output")"
+    grep -q "0 sources have changed since v1.0.0" "$folder/output" || report_error "lint does not say since when: $(cat "$folder/output")"
     commit src/Pair.h "struct Pair;"
     expect_tidied "src/Pair.cpp " "with a changed header of a pair"
     commit src/Plain.h "struct Other;"
@@ -115,7 +115,7 @@ changed() {
     commit src/Lonely.h "struct Lonely;"
     commit src/Middle.h '#include "Lonely.h"'
     expect_tidied "" "with a header that no source includes"
-    grep -q "no source includes src/Lonely.h" "$folder/output" || complain "lint drops a header without a word"
+    grep -q "no source includes src/Lonely.h" "$folder/output" || report_error "lint drops a header without a word"
     commit tests/Middle_test.cpp '#include "Middle.h"'
     git -C "$tree" tag v1.2.0
     commit src/Lonely.h "struct More;"
@@ -131,23 +131,23 @@ arguments() {
         # shellcheck disable=SC2086  # a program and its argument
         output=$(cd "$tree" && ./$call 2>&1)
         status=$?
-        [ $status -eq 2 ] || complain "$call: status $status"
-        [[ $output == "usage: "* ]] || complain "$call prints: $output"
-        [ ! -e "$folder/calls" ] || complain "$call begins with: $(head -n 1 "$folder/calls")"
+        [ $status -eq 2 ] || report_error "$call: status $status"
+        [[ $output == "usage: "* ]] || report_error "$call prints: $output"
+        [ ! -e "$folder/calls" ] || report_error "$call begins with: $(head -n 1 "$folder/calls")"
     done
     # Without a display, arguments reach the program, which uses or refuses them itself.
     stub "$tree/build/release/murmelo" murmelo
     stub "$tree/tools/demo.sh" demo
     (cd "$tree" && env -u DISPLAY -u WAYLAND_DISPLAY ./run x.wav) >/dev/null 2>&1
-    grep -q '^murmelo x.wav$' "$folder/calls" || complain "run forgets its argument without a display"
+    grep -q '^murmelo x.wav$' "$folder/calls" || report_error "run forgets its argument without a display"
     (cd "$tree" && env -u DISPLAY -u WAYLAND_DISPLAY ./run) >/dev/null 2>&1
-    grep -q '^demo ' "$folder/calls" || complain "run shows nothing without a display"
+    grep -q '^demo ' "$folder/calls" || report_error "run shows nothing without a display"
 }
 
 case $case in
     result) result ;;
     changed) changed ;;
     arguments) arguments ;;
-    *) complain "there is no case $case" ;;
+    *) report_error "there is no case $case" ;;
 esac
-exit $wrong
+exit $failed

@@ -27,14 +27,14 @@ refuses() {
     shift
     output=$("$program" "$@" 2>&1)
     status=$?
-    [ $status -eq 1 ] || complain "the status is $status"
-    [ "$output" = "$message" ] || complain "it says \"$output\" and not \"$message\""
+    [ $status -eq 1 ] || report_error "the status is $status"
+    [ "$output" = "$message" ] || report_error "it says \"$output\" and not \"$message\""
 }
 
 case $1 in
 refuses-no-font)
     refuses "murmelo-bmfgen: $source/README.md is not a font that can be read" "$source/README.md" 15 no.bmf
-    [ ! -e no.bmf ] || complain "it has written a font"
+    [ ! -e no.bmf ] || report_error "it has written a font"
     ;;
 cannot-write)
     refuses "murmelo-gallery: cannot write $source/README.md/no.png" "$source/README.md/no.png"
