@@ -104,7 +104,7 @@ TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
     doors.openFile();
     EXPECT_TRUE(isSaid("The desktop’s dialog is open already."));
-    host.said.clear();
+    host.sentences.clear();
     program.saved = 1;
     testing::internal::CaptureStdout();
     doors.tellSaved();
