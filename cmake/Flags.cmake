@@ -52,3 +52,11 @@ if(EMSCRIPTEN)
     # With -Os alone emscripten does not inline: then each element of a new vector costs a call.
     set(CMAKE_CXX_FLAGS_RELEASE "-Os -finline-functions")
 endif()
+
+# murmelo_reads_options(FILE...): files that mostly hold the code of the library that reads the command line. With the
+# sanitizers this code takes longest to compile of all; it need not be fast there.
+function(murmelo_reads_options)
+    if(MURMELO_SANITIZE)
+        set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O0)
+    endif()
+endfunction()
