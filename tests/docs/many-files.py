@@ -73,7 +73,7 @@ def commands(page):
 
 
 def main(program, source):
-    wrong, ways = [], 0
+    errors, ways = [], 0
     with tempfile.TemporaryDirectory(prefix="murmelo_many_") as folder:
         folder = os.path.realpath(folder)
         for name in ("programs", "machines/one", "machines/two", "home"):
@@ -107,16 +107,16 @@ def main(program, source):
             other = sorted(one for one in set(got) | set(wanted) if got.get(one) != wanted.get(one))
             result = "the same as in one process"
             if done.returncode != 0 or other:
-                wrong.append(name)
+                errors.append(name)
                 result = "status %d, other results: %s\n%s" % (done.returncode, ", ".join(other), done.stdout[-2000:])
             print("%s: %s" % (name, result))
         with open(folder + "/machines/used", encoding="utf-8") as file:
             used = set(file.read().split())
         left = [name for name in ("one", "two") if os.listdir(folder + "/machines/" + name) not in ([], [".parallel"])]
         if used != {"one", "two"} or left:
-            wrong.append("the machines used are %s; something is left on %s" % (sorted(used), left))
-    print("\n".join(wrong))
-    sys.exit(1 if wrong or ways != 6 else 0)
+            errors.append("the machines used are %s; something is left on %s" % (sorted(used), left))
+    print("\n".join(errors))
+    sys.exit(1 if errors or ways != 6 else 0)
 
 
 if __name__ == "__main__":

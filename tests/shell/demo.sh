@@ -39,8 +39,10 @@ expect low 1 0.75
 expect fast 0.5 1
 expect drunk 2 -
 expect flip 1 -
-awk '$1 == "robot" && $10 > 88 && $10 < 90 { found = 1 } END { exit !found }' "$folder/rows" || report_error "the robot is not at 89 Hz"
+awk '$1 == "robot" && $10 > 88 && $10 < 90 { found = 1 } END { exit !found }' "$folder/rows" ||
+    report_error "the robot is not at 89 Hz"
 
-"$source/tools/demo.sh" "$fx" "$source/README.md" "$folder/none" >"$folder/output" 2>&1 && report_error "a text is taken for a sound"
+"$source/tools/demo.sh" "$fx" "$source/README.md" "$folder/none" >"$folder/output" 2>&1 &&
+    report_error "a text is taken for a sound"
 grep -q "README.md" "$folder/output" || report_error "the message does not name the file: $(cat "$folder/output")"
 exit $failed

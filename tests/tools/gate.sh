@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Checks the scripts that check the project, in a folder where everything they call is replaced by a stub that only prints
-# what the real program would print, and fails if FAIL says so:
+# what the real program would print, and fails if FAIL says so.
+#
 #   gate.sh result SOURCE      the last line of ./test tells if something failed, and else it is the test runner's
 #   gate.sh changed SOURCE     which files tools/lint --tidy-newest gives to clang-tidy
 #   gate.sh arguments SOURCE   unknown arguments are refused, and nothing begins
@@ -55,7 +56,8 @@ result() {
     for mode in "" all native; do
         # shellcheck disable=SC2086  # no mode is no argument
         output=$("$tree/test" $mode 2>&1) || report_error "./test $mode fails although nothing else does: $output"
-        [[ $(tail -n 1 <<<"$output") == "Total Test time"* ]] || report_error "./test $mode ends with: $(tail -n 3 <<<"$output")"
+        [[ $(tail -n 1 <<<"$output") == "Total Test time"* ]] ||
+            report_error "./test $mode ends with: $(tail -n 3 <<<"$output")"
         [[ $output != *FAILED* ]] || report_error "./test $mode says that something failed"
         for part in check-layers "lint --quick" "cmake --build --preset release" "cmake --build --preset asan" \
             "ctest --preset release -j" "ctest --preset asan" start-presets "lint --tidy" build-page "-L browser"; do
@@ -94,7 +96,8 @@ commit() { # FILE TEXT
 changed() {
     cp "$source/tools/lint" "$tree/tools/"
     expect_tidied "" "without git"
-    grep -q "no history in git" "$folder/output" || report_error "lint does not say that it looked at nothing: $(cat "$folder/output")"
+    grep -q "no history in git" "$folder/output" ||
+        report_error "lint does not say that it looked at nothing: $(cat "$folder/output")"
     ! grep -q "Nothing found" "$folder/output" || report_error "without git lint claims to have found nothing"
 
     git -C "$tree" init -q
@@ -105,7 +108,8 @@ changed() {
     commit src/Pair.cpp '#include "Pair.h"'
     git -C "$tree" tag v1.0.0
     expect_tidied "" "at a release"
-    grep -q "0 sources have changed since v1.0.0" "$folder/output" || report_error "lint does not say since when: $(cat "$folder/output")"
+    grep -q "0 sources have changed since v1.0.0" "$folder/output" ||
+        report_error "lint does not say since when: $(cat "$folder/output")"
     commit src/Pair.h "struct Pair;"
     expect_tidied "src/Pair.cpp " "with a changed header of a pair"
     commit src/Plain.h "struct Other;"

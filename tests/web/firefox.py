@@ -140,18 +140,18 @@ class Firefox:
     def __exit__(self, *_):
         self.close()
 
-    def _said(self):
+    def _output(self):
         self._log.seek(0)
         return self._log.read()
 
     def _connected(self):
         limit = time.monotonic() + START_SECONDS
         while time.monotonic() < limit and self._child.poll() is None:
-            found = re.search(r"WebDriver BiDi listening on ws://([\w.\[\]:]+):(\d+)", self._said())
+            found = re.search(r"WebDriver BiDi listening on ws://([\w.\[\]:]+):(\d+)", self._output())
             if found:
                 return _WebSocket("127.0.0.1", int(found.group(2)), "/session")
             time.sleep(_POLL_SECONDS)
-        raise FirefoxError("%s did not start:\n%s" % (FIREFOX, self._said()[-2000:]))
+        raise FirefoxError("%s did not start:\n%s" % (FIREFOX, self._output()[-2000:]))
 
     def call(self, method, **params):
         """Calls a method of the protocol and returns its result."""
