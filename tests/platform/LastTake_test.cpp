@@ -415,7 +415,7 @@ TEST_F(TakeKeeperTest, theLastTakeIsTheProgramsUnlessThatIsNotKept) {
     EXPECT_TRUE(keeper.isPrograms());  // in memory
 }
 
-TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsComplainedAbout) {
+TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsReported) {
     folders.write("state", "a file where the folder should be");
     keeper.recorded(recording);
     EXPECT_EQ(1U, problems.size());

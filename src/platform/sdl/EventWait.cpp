@@ -36,13 +36,13 @@ void EventWait::listen() {
     woken = false;
 }
 
-bool EventWait::isRoused() {
+bool EventWait::isWoken() {
     const std::lock_guard<std::mutex> lock(mutex);
     return woken;
 }
 
 void EventWait::wait(int64_t ms) {
-    if (isRoused()) {
+    if (isWoken()) {
         return;
     }
     if (!driverWaits) {

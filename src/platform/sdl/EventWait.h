@@ -49,7 +49,7 @@ public:
 private:
     int64_t nap(int64_t ms);
     void look(int64_t ms);
-    bool isRoused();
+    bool isWoken();
 
     bool driverWaits = false;
     Nap doNap;

@@ -60,7 +60,7 @@ TEST_P(EventWaitTest, itLooksAHundredTimesASecond) {
     EXPECT_EQ(10015, passedMs);
 }
 
-TEST_P(EventWaitTest, aProgramIsRousedAfterAnHourAsAfterASecond) {
+TEST_P(EventWaitTest, aProgramIsWokenAfterAnHourAsAfterASecond) {
     ASSERT_TRUE(begun);
     for (const int64_t afterMs : {int64_t{1000}, kHourMs}) {
         passedMs = 0;
@@ -105,7 +105,7 @@ TEST_P(EventWaitTest, anotherThreadEndsTheRealSleep) {
     EXPECT_EQ(SDL_TRUE, SDL_HasEvents(SDL_USEREVENT, SDL_LASTEVENT));
 }
 
-TEST_P(EventWaitTest, aRousingWhoseEventWasTakenAlreadyEndsTheNextWait) {
+TEST_P(EventWaitTest, aWakeWhoseEventWasTakenAlreadyEndsTheNextWait) {
     ASSERT_TRUE(begun);
     EventWait wait(nap);
     wait.begin();
@@ -119,7 +119,7 @@ TEST_P(EventWaitTest, aRousingWhoseEventWasTakenAlreadyEndsTheNextWait) {
     EXPECT_EQ(1000, passedMs);
 }
 
-TEST_P(EventWaitTest, itRousesOnlyBetweenBeginAndEnd) {
+TEST_P(EventWaitTest, itWakesOnlyBetweenBeginAndEnd) {
     ASSERT_TRUE(begun);
     EventWait wait(nap);
     wait.wake();

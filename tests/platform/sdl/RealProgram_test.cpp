@@ -894,7 +894,7 @@ TEST_F(RealProgram, aDiskThatIsSlowHoldsNeitherWindowNorKeysUp) {
 }
 #endif
 
-TEST_F(RealProgram, aMicrophoneFileThatIsNotThereIsRefused) {
+TEST_F(RealProgram, aMicrophoneFileThatIsNotThereIsAnError) {
     std::vector<std::string> words = command();
     words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
     Program program(words);
@@ -921,7 +921,7 @@ TEST_F(RealProgram, theListOfDevicesNamesThemOrSaysThatThereAreNone) {
     EXPECT_EQ("Microphones:\n  (none)\nSpeakers:\n  (none)\n", folders.read("none"));
 }
 
-TEST_F(RealProgram, aDeviceThatIsNotThereIsRefusedAtOnce) {
+TEST_F(RealProgram, aDeviceThatIsNotThereIsAnErrorAtOnce) {
     for (const char* option : {"--microphone", "--speaker"}) {
         std::vector<std::string> words = command();
         words.insert(words.end(), {option, "no such device"});

@@ -237,7 +237,7 @@ TEST_F(RealWindow, aWideWindowHasTheStripBesideThePictureAndBothAreTouched) {
               Notes(heard.notes.end() - 3, heard.notes.end()));
 }
 
-TEST_F(RealWindow, eachRousingByAnotherThreadIsHeard) {
+TEST_F(RealWindow, eachWakeByAnotherThreadIsHeard) {
     constexpr int32_t kRounds = 2000;
     EventWait wait;
     wait.begin();
@@ -408,7 +408,7 @@ TEST_F(RealWindow, suspendingIsTheBackground) {
     EXPECT_EQ((Notes{"background", "foreground"}), heard.notes);
 }
 
-TEST_F(RealWindow, aSignalRousesTheSleeper) {
+TEST_F(RealWindow, aSignalWakesTheSleeper) {
     kill(getpid(), SIGTERM);
     EXPECT_TRUE(host.pump(heard, -1));
     EXPECT_EQ(Notes{"terminate"}, heard.notes);

@@ -160,7 +160,7 @@ TEST_F(SdlHostTest, aGlanceAsideIsNotTheBackground) {
     EXPECT_TRUE(heard.notes.empty());
 }
 
-TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndRousesTheProgram) {
+TEST_F(SdlHostTest, theFilesVoiceIsHeardInRealTimeAndWakesTheProgram) {
     const Samples voice = TestSounds::noise(16000);
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
     SdlOptions options;
@@ -218,7 +218,7 @@ TEST_F(SdlHostTest, theDevicesVoiceArrivesWhole) {
     EXPECT_EQ(2, ear.calls);
 }
 
-TEST_F(SdlHostTest, aProgramThatWantsNoSamplesIsNotRoused) {
+TEST_F(SdlHostTest, aProgramThatWantsNoSamplesIsNotWoken) {
     folders.write("voice.raw", TestSounds::bytes(TestSounds::noise(16000)));
     open();
     CountingEar ear(1600);

@@ -36,7 +36,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SdlMicrophoneTest, aProgramThatWantsNothingIsNotRousedForSilence) {
+TEST_F(SdlMicrophoneTest, aProgramThatWantsNothingIsNotWokenForSilence) {
     ASSERT_TRUE(microphone.start(ear));
     while (told.empty()) {  // the device cannot be used
         microphone.deliver();
