@@ -24,6 +24,8 @@ add_test(NAME tools/circles
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/circles.py ${CMAKE_SOURCE_DIR})
 add_test(NAME tools/class-list
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/class_list.py ${CMAKE_SOURCE_DIR})
+add_test(NAME tools/plain-words
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/plain_words.py ${CMAKE_SOURCE_DIR})
 add_test(NAME tools/all-tests-run
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/tools/all_run.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/floors

@@ -143,7 +143,7 @@ def main(program, source):
     kills = int(os.environ.get("MURMELO_TEST_KILLS", "12" if sanitized() else "200"))
     for number in range(-(-kills // KILLS_OF_ONE_JOURNEY)):
         killing.journey(number)
-    print("%d kills, %d journeys over before it; %d sounds saved before a kill; left behind: %s"
+    print("%d kills, %d journeys over before it; %d sounds saved before a kill; left over: %s"
           % (kills, killing.after_the_end, killing.saved, killing.left))
     killing.verdict.end()
 

@@ -136,7 +136,7 @@ ends() {
     wait "$program" || fail "ended with $?"
 }
 ends
-grep -q "xkbcommon: ERROR" "$folder/errors" && fail "the keyboard complains"
+grep -q "xkbcommon: ERROR" "$folder/errors" && fail "the keyboard reports an error"
 
 # says SENTENCE: waits until it has said that.
 says() {
