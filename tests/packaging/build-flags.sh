@@ -48,18 +48,10 @@ grep -q -- '-D_FORTIFY_SOURCE=2' "$folder/configured/compile_commands.json" && r
 
 # unlinked FLAG FOLDER: lists the programs of this build folder that are not linked with this flag.
 unlinked() {
-    python3 - "$1" "$2/build.ninja" <<'END_PYTHON'
-import re, shlex, sys
-flag, ninja = sys.argv[1:]
-# One paragraph for each program: "build NAME: CXX_EXECUTABLE_LINKER__... ", then its variables.
-links = re.findall(r"^build (\S+): CXX_EXECUTABLE_LINKER__.*\n((?: .*\n)*)", open(ninja).read(), re.M)
-if len(links) < 3:
-    print("only %d programs" % len(links))
-for name, variables in links:
-    flags = re.search(r"^ +LINK_FLAGS = (.*)$", variables, re.M)
-    if flag not in shlex.split(flags.group(1) if flags else ""):
-        print(name)
-END_PYTHON
+    local program
+    for program in murmelo murmelo-headless murmelo-fx; do
+        ninja -C "$2" -t commands -s "$program" | grep -qF -- " $1 " || echo "$program"
+    done
 }
 missing=$(unlinked -Wl,--defsym=murmelo_from_outside=1 "$folder/configured")
 [ -z "$missing" ] || report_error "LDFLAGS do not reach the link of: $missing"
