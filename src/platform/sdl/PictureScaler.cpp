@@ -15,19 +15,12 @@ constexpr int32_t kProgramWidth = HostFrame::kWidthPx / kFactor;
 constexpr int32_t kStripRows = HostFrame::kCanvasTopPx / kFactor;
 constexpr int32_t kPictureRows = HostFrame::kHeightPx / kFactor - kStripRows;
 
-uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
-    if (a == b || aWeight256 == 256) {
-        return a;
-    }
+MURMELO_KERNEL_PART uint32_t blend(uint32_t a, uint32_t b, int32_t aWeight256) {
     const auto aWeight = static_cast<uint32_t>(aWeight256);
     const uint32_t bWeight = 256 - aWeight;
     const uint32_t redBlue = ((a & 0xFF00FF) * aWeight + (b & 0xFF00FF) * bWeight) >> 8;
     const uint32_t green = ((a & 0xFF00) * aWeight + (b & 0xFF00) * bWeight) >> 8;
     return (redBlue & 0xFF00FF) | (green & 0xFF00);
-}
-
-uint32_t pixelAt(const uint16_t* row, int32_t programX) {
-    return HostFrame::toRgb32(row[ptrdiff_t{kFactor} * programX]);
 }
 
 const uint16_t* rowAt(const uint16_t* picture, int32_t programY) {
@@ -40,6 +33,23 @@ MURMELO_KERNEL void convertDoubled(const uint16_t* __restrict source, uint32_t* 
         const uint32_t pixel = HostFrame::toRgb32(source[x]);
         target[x] = pixel;
         target[x + 1] = pixel;
+    }
+}
+
+/// One value for each of the program's pixels.
+MURMELO_KERNEL void convert(const uint16_t* __restrict source, uint32_t* __restrict target) {
+    for (ptrdiff_t x = 0; x < kProgramWidth; x++) {
+        target[x] = HostFrame::toRgb32(source[kFactor * x]);
+    }
+}
+
+MURMELO_KERNEL void blendRows(const uint32_t* upper,
+                              const uint32_t* lower,
+                              int32_t upperWeight256,
+                              uint32_t* __restrict target,
+                              size_t pixels) {
+    for (size_t x = 0; x < pixels; x++) {
+        target[x] = blend(upper[x], lower[x], upperWeight256);
     }
 }
 
@@ -82,6 +92,17 @@ PictureScaler::covers(int32_t windowPixels, int32_t first, int32_t programPixels
     return covers;
 }
 
+/// The program's pixels of one row, each column of the window being a mixture of two of them.
+MURMELO_KERNEL void PictureScaler::blendColumns(const uint32_t* pixels,
+                                                const Cover* columns,
+                                                uint32_t* __restrict target,
+                                                size_t count) {
+    for (size_t x = 0; x < count; x++) {
+        const Cover& column = columns[x];
+        target[x] = blend(pixels[column.first], pixels[column.second], column.firstWeight256);
+    }
+}
+
 /// A row of the program, scaled to the window's columns. Valid until two other rows were asked for.
 const std::vector<uint32_t>&
 PictureScaler::lineOf(const Part& part, const uint16_t* picture, int32_t row) {
@@ -97,12 +118,9 @@ PictureScaler::lineOf(const Part& part, const uint16_t* picture, int32_t row) {
         convertDoubled(source, target);
         return line.pixels;
     }
-    for (const Cover& column : part.columns) {
-        const uint32_t left = pixelAt(source, column.first);
-        *target++ = column.firstWeight256 == 256
-                        ? left
-                        : blend(left, pixelAt(source, column.second), column.firstWeight256);
-    }
+    uint32_t pixels[kProgramWidth];
+    convert(source, pixels);
+    blendColumns(pixels, part.columns.data(), target, part.columns.size());
     return line.pixels;
 }
 
@@ -116,9 +134,7 @@ void PictureScaler::drawRow(const Part& part,
         return;
     }
     const std::vector<uint32_t>& lower = lineOf(part, picture, row.second);
-    for (size_t x = 0; x < upper.size(); x++) {
-        target[x] = blend(upper[x], lower[x], row.firstWeight256);
-    }
+    blendRows(upper.data(), lower.data(), row.firstWeight256, target, upper.size());
 }
 
 /// @param drawn  gets the places, one for each run of rows

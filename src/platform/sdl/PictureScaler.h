@@ -68,6 +68,10 @@ private:
 
     static Part partOf(const PicturePlace& place, int32_t firstRow, int32_t rows);
     static std::vector<Cover> covers(int32_t windowPixels, int32_t first, int32_t programPixels);
+    static void blendColumns(const uint32_t* pixels,
+                             const Cover* columns,
+                             uint32_t* __restrict target,
+                             size_t count);
     void prepare(int32_t windowWidth, int32_t windowHeight);
     void clearBeside(int32_t y, uint32_t* row, int32_t windowWidth) const;
     void drawPart(const Part& part,

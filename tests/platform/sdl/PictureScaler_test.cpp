@@ -50,6 +50,52 @@ protected:
         return falsePixels;
     }
 
+    /// Two neighbours of the program's pixels, of which the first has this share of 256.
+    struct Mean {
+        Mean(int32_t at, int32_t windowPixels, int32_t programPixels)
+            : first(at * programPixels / windowPixels) {
+            const int32_t inFirst = (first + 1) * windowPixels - at * programPixels;
+            share256 = inFirst < programPixels ? inFirst * 256 / programPixels : 256;
+            second = share256 < 256 ? first + 1 : first;
+        }
+
+        uint32_t of(uint32_t a, uint32_t b) const {
+            uint32_t mean = 0;
+            for (const uint32_t shift : {0U, 8U, 16U}) {
+                const auto channelA = static_cast<int32_t>((a >> shift) & 0xFF);
+                const auto channelB = static_cast<int32_t>((b >> shift) & 0xFF);
+                const int32_t sum = channelA * share256 + channelB * (256 - share256);
+                mean |= static_cast<uint32_t>(sum / 256) << shift;
+            }
+            return mean;
+        }
+
+        int32_t first;
+        int32_t second;
+        int32_t share256;
+    };
+
+    /// Pixels of a place that are not the means of the columns' means; the place shows that many of
+    /// the program's rows.
+    int32_t
+    wrongMeans(const PicturePlace& place, int32_t firstRow, int32_t rows, int32_t width) const {
+        int32_t wrong = 0;
+        for (int32_t y = 0; y < place.height; y++) {
+            for (int32_t x = 0; x < place.width; x++) {
+                const Mean column(x, place.width, 240);
+                const Mean row(y, place.height, rows);
+                const auto inRow = [&](int32_t programY) {
+                    return column.of(program(column.first, firstRow + programY),
+                                     program(column.second, firstRow + programY));
+                };
+                const uint32_t expected = row.of(inRow(row.first), inRow(row.second));
+                const auto at = static_cast<size_t>((place.y + y) * width + place.x + x);
+                wrong += window[at] != expected ? 1 : 0;
+            }
+        }
+        return wrong;
+    }
+
     PictureScaler scaler;
     std::vector<uint16_t> picture;
     std::vector<uint32_t> window;
@@ -139,6 +185,15 @@ TEST_F(PictureScalerTest, pixelsThatCoverTwoAreTheirMeanByShare) {
         for (const uint32_t shift : {0U, 8U, 16U}) {
             EXPECT_EQ(mean(left, right, shift), (window[at + 1] >> shift) & 0xFF);
         }
+    }
+}
+
+TEST_F(PictureScalerTest, everyPixelOfWindowsOfOddSizesIsTheMeanByShare) {
+    for (const auto& [width, height] : {std::pair{413, 688}, {431, 718}, {300, 900}, {97, 160}}) {
+        draw(width, height);
+        const WindowLayout layout(width, height);
+        EXPECT_EQ(0, wrongMeans(layout.strip(), 0, 80, width)) << width;
+        EXPECT_EQ(0, wrongMeans(layout.picture(), 80, 320, width)) << width;
     }
 }
 
