@@ -31,7 +31,8 @@ SdlDoors::SdlDoors(const HostFolders& folders,
     , takes(takes)
     , tell(std::move(tell))
     , effectWord(std::move(effectWord))
-    , errands(std::move(wake)) {}
+    , errands(wake)
+    , dialogs(std::move(wake)) {}
 
 void SdlDoors::setDoors(HostDoors* offeredDoors) {
     doors = offeredDoors;
@@ -171,7 +172,7 @@ bool SdlDoors::take(const ReadSound& sound) {
 bool SdlDoors::openFile() {
     if (doors != nullptr && isFreeForDialog()) {
         isDialogOpen = true;
-        errands.start([this, frame = frameOf("openSound"), filter = words("soundFiles")] {
+        dialogs.start([this, frame = frameOf("openSound"), filter = words("soundFiles")] {
             const FileDialog::Answer answer = FileDialog::open(frame, filter);
             return [this, answer] { return opened(answer); };
         });
@@ -250,7 +251,7 @@ bool SdlDoors::forget() {
 }
 
 bool SdlDoors::deliver() {
-    if (errands.deliver()) {
+    if (errands.deliver() || dialogs.deliver()) {
         return true;
     }
     if (doors == nullptr) {
@@ -283,5 +284,7 @@ bool SdlDoors::deliver() {
 }
 
 bool SdlDoors::finish() {
-    return errands.finish(isDialogOpen ? 0 : kFinishMs);
+    dialogs.deliver();
+    const bool isDone = errands.finish(kFinishMs);
+    return isDone && !dialogs.isBusy();
 }

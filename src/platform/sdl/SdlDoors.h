@@ -93,13 +93,13 @@ public:
     void tellSaved();
 
     /// True while a dialog is open, or a file is being read or written.
-    bool isBusy() { return errands.isBusy(); }
+    bool isBusy() { return errands.isBusy() || dialogs.isBusy(); }
 
     /// True while a dialog is open.
     bool isAsking() const { return isDialogOpen; }
 
-    /// Called when the program ends: waits for files that are being read or written, but not while
-    /// a dialog is open. False if something still goes on.
+    /// Called when the program ends: waits for files that are being read or written, but not for a
+    /// dialog. False if something still goes on.
     bool finish();
 
 private:
@@ -128,7 +128,8 @@ private:
     TakeKeeper& takes;
     Tell tell;
     EffectWord effectWord;
-    Errands errands;
+    Errands errands;  // reading and writing files
+    Errands dialogs;  // apart: the end does not wait for the user
     HostDoors* doors = nullptr;
     ReadSound offered;                 // no samples: none, or it is still being read
     bool isOffering = false;           // a sound waits for the menu

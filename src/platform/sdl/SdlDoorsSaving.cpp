@@ -45,7 +45,7 @@ void SdlDoors::askForExport() {
     isDialogOpen = true;
     const std::string saved = folders.sounds() + "/" + doors->savedName();
     const std::string name = SoundExport::nameOf(doors->savedName(), effectWord(savedEffect));
-    errands.start([this, saved, name, frame = frameOf("exportSound"), folder = folders.sounds()] {
+    dialogs.start([this, saved, name, frame = frameOf("exportSound"), folder = folders.sounds()] {
         const FileDialog::Answer answer = FileDialog::save(frame, name, folder);
         return [this, answer, saved] { return exportChosen(answer, saved); };
     });

@@ -77,7 +77,6 @@ SdlHost::SdlHost(SdlOptions givenOptions)
 
 SdlHost::~SdlHost() {
     events.end();
-    window.rememberSize();
 }
 
 void SdlHost::print(const std::string& sentence) {
@@ -240,6 +239,10 @@ void SdlHost::setDoors(HostDoors* offered) {
         walk.toFirstLanguage(SystemLanguage::indexOf(SystemLanguage::environment()));
     } else {
         otherStarts.end();
+        // Not later: if a disk, a device or a dialog does not let the program end, the process
+        // stops without the destructor, and until then a dead window would be on the screen.
+        window.rememberSize();
+        window.hide();
     }
 }
 

@@ -240,6 +240,12 @@ std::string SdlWindow::portalName() const {
     return X11Window::portalName(window);
 }
 
+void SdlWindow::hide() {
+    if (window != nullptr) {
+        SDL_HideWindow(window);
+    }
+}
+
 void SdlWindow::raise() {
     if (isIcon()) {
         SDL_RestoreWindow(window);

@@ -62,6 +62,9 @@ public:
     /// The window's name for the desktop's dialogs; empty: not known (on Wayland).
     std::string portalName() const;
 
+    /// Takes the window off the screen.
+    void hide();
+
     /// Puts the window in front of all others, also one that is an icon.
     void raise();
 

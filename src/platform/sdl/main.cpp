@@ -21,7 +21,9 @@
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
+#include <optional>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -145,7 +147,12 @@ bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
     return false;
 }
 
-int run(int argc, char** argv, SdlOptions options, const StartErrors& errors) {
+/// @param locks  of the folders; given up at the end of the program
+int run(int argc,
+        char** argv,
+        SdlOptions options,
+        const Complaints& complaints,
+        std::optional<FolderLocks>& locks) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
     if (const Problem problem = host.open()) {
@@ -158,6 +165,7 @@ int run(int argc, char** argv, SdlOptions options, const StartErrors& errors) {
     result = OspMain(argc, argv);
     Host::install(nullptr);
     if (host.isStuck()) {
+        locks.reset();
         std::_Exit(result);  // all sounds are on disk; only a stuck device, disk or dialog is left
     }
     return result == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -238,13 +246,13 @@ int main(int argc, char** argv) {
         const char* word = FxCatalogue::toolName(effect);
         return std::string(word != nullptr ? word : "");
     };
-    FolderLocks locks;
-    Problem problem = locks.take(options.folders);
-    if (handOver(options, locks, problem)) {
+    std::optional<FolderLocks> locks(std::in_place);
+    Problem problem = locks->take(options.folders);
+    if (handOver(options, *locks, problem)) {
         return EXIT_SUCCESS;
     }
     if (problem) {
         return errors.tell(problem.sentence());
     }
-    return run(argc, argv, std::move(options), errors);
+    return run(argc, argv, std::move(options), complaints, locks);
 }

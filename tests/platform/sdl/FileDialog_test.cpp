@@ -206,6 +206,24 @@ TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsAndADialogIsNotWaited
     EXPECT_EQ("fLaC", folders.read("robot.flac").substr(0, 4));
 }
 
+TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsWithAnotherDialogOpen) {
+    // Long enough to be written for some time.
+    folders.write("home/Murmelo/rec_00003.wav", TestSounds::wav(TestSounds::noise(4000000), 8000));
+    startPortal("wait", folders.path("robot.flac"));
+    program.saved = 1;
+    testing::internal::CaptureStdout();
+    doors.tellSaved();
+    testing::internal::GetCapturedStdout();
+    doors.exportSound();
+    folders.write("calls.go", "");
+    ASSERT_TRUE(workUntil([this] { return !doors.isAsking(); }));
+    folders.remove("calls.go");
+    doors.openFile();
+    doors.setDoors(nullptr);
+    EXPECT_FALSE(doors.finish());
+    EXPECT_EQ("fLaC", folders.read("robot.flac").substr(0, 4));
+}
+
 TEST_F(FileDialogTest, anExportThatCannotBeWrittenIsTold) {
     startPortal("choose", folders.path("robot.txt"));
     program.saved = 1;

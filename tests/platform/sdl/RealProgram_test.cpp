@@ -23,6 +23,7 @@
 #include <functional>
 #include <iostream>
 #include <iterator>
+#include <memory>
 #include <poll.h>
 #include <sstream>
 #include <sys/socket.h>
@@ -118,6 +119,25 @@ protected:
     bool keyUntil(const std::string& name, const std::function<bool()>& happened) {
         pressUntil([this] { return picture(); }, [&] { key(name); }, happened);
         return until(happened);
+    }
+
+    /// Starts the program with a voice as its microphone. As long as the file "hold" is there, the
+    /// disk is not done with any file.
+    std::unique_ptr<Program> startOnSlowDisk() {
+        folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
+        folders.write("config/settings", "lang=0\n");
+        std::vector<std::string> words = command();
+        words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
+        const std::string hold = folders.path("hold");
+        const std::string before = std::getenv("XDG_STATE_HOME");
+        setenv("SYNC_HOLD", hold.c_str(), 1);
+        setenv("LD_PRELOAD", MURMELO_SYNC_SHIM, 1);
+        setenv("XDG_STATE_HOME", folders.path("state").c_str(), 1);
+        auto program = std::make_unique<Program>(words);
+        setenv("XDG_STATE_HOME", before.c_str(), 1);
+        unsetenv("LD_PRELOAD");
+        unsetenv("SYNC_HOLD");
+        return program;
     }
 
     /// Presses the keys from the menu to a recording, and waits until it has heard something.
@@ -332,6 +352,28 @@ TEST_F(RealProgram, theDesktopsDialogBelongsToTheWindow) {
         << folders.read("calls") << parent.str();
     program.send(SIGTERM);
     EXPECT_EQ(0, program.waitForEnd());
+}
+
+TEST_F(RealProgram, closingWithADialogOpenLeavesNothingAndKeepsTheSize) {
+    if (!TestBus::isInstalled()) {
+        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+    }
+    folders.write("config/settings", "lang=0\n");
+    TestBus bus(folders);
+    ASSERT_TRUE(bus.start());
+    ASSERT_TRUE(bus.serve("fake_portal.py", {"wait", "file:///nothing.wav"}));
+    Program program(command());
+    ASSERT_TRUE(waitForMenu());
+    EXPECT_TRUE(folders.has("home/.murmelo.lock"));
+    key("o");
+    EXPECT_TRUE(until([&] { return folders.has("calls"); }));
+    const uint64_t window = screen.windowOf("Murmelo");
+    screen.resize(window, 600, 1000);
+    EXPECT_TRUE(until([&] { return screen.widthOf(window) == 600; }));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+    EXPECT_EQ("600 1000\n", folders.read("config/window"));
+    EXPECT_FALSE(folders.has("home/.murmelo.lock"));
 }
 
 TEST_F(RealProgram, theStripIsClicked) {
@@ -864,20 +906,25 @@ TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
 }
 
 #ifndef MURMELO_SANITIZED  // its library wants to be the first one
+TEST_F(RealProgram, theWindowIsGoneAsSoonAsTheEndBegins) {
+    const std::unique_ptr<Program> program = startOnSlowDisk();
+    ASSERT_TRUE(waitForMenu());
+    ASSERT_TRUE(record());
+    folders.write("hold", "");
+    key("Return");
+    EXPECT_TRUE(says("Choose an effect: No effect")) << title();
+    program->send(SIGTERM);
+    const int32_t x = kLeft + 240;
+    EXPECT_TRUE(
+        until([&] { return screen.pixels(x, kTop + 60, 1, 700) == std::vector<uint32_t>(700); }));
+    EXPECT_EQ(-1, program->waitForEnd(1));  // it still waits for the disk
+    folders.remove("hold");
+    EXPECT_EQ(0, program->waitForEnd());
+    EXPECT_TRUE(folders.has("state/murmelo/last-take.wav"));
+}
+
 TEST_F(RealProgram, aDiskThatIsSlowHoldsNeitherWindowNorKeysUp) {
-    folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
-    folders.write("config/settings", "lang=0\n");
-    std::vector<std::string> words = command();
-    words.insert(words.end(), {"--microphone", folders.path("voice.wav")});
-    const std::string hold = folders.path("hold");
-    const std::string before = std::getenv("XDG_STATE_HOME");
-    setenv("SYNC_HOLD", hold.c_str(), 1);
-    setenv("LD_PRELOAD", MURMELO_SYNC_SHIM, 1);
-    setenv("XDG_STATE_HOME", folders.path("state").c_str(), 1);
-    Program program(words);
-    setenv("XDG_STATE_HOME", before.c_str(), 1);
-    unsetenv("LD_PRELOAD");
-    unsetenv("SYNC_HOLD");
+    const std::unique_ptr<Program> program = startOnSlowDisk();
     ASSERT_TRUE(waitForMenu());
     ASSERT_TRUE(record());
     folders.write("hold", "");
@@ -889,8 +936,8 @@ TEST_F(RealProgram, aDiskThatIsSlowHoldsNeitherWindowNorKeysUp) {
     EXPECT_TRUE(folders.has("state/murmelo/last-take.wav.next"));
     folders.remove("hold");
     EXPECT_TRUE(until([this] { return folders.has("state/murmelo/last-take.wav"); }));
-    program.send(SIGTERM);
-    EXPECT_EQ(0, program.waitForEnd());
+    program->send(SIGTERM);
+    EXPECT_EQ(0, program->waitForEnd());
 }
 #endif
 
