@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The program on a Wayland desktop: every pixel of its picture, a key, a click, a screen that stands still, and the end;
-# and what it says where there is no sound server, no dialog, no sound file, and where the server goes away.
+# The program on a Wayland desktop: every pixel of its picture and its strip, a key, a click, a screen that stands still,
+# a dialog, and the end; and what it says where there is no sound server, no dialog, no sound file, and where the server goes away.
 #   with-desktop wayland.sh MURMELO HEADLESS
 # The desktop is weston, as a window on the X server, as large as the phone; its one program fills it.
 set -eu
@@ -29,13 +29,20 @@ fail() {
 mkdir -p "$folder/config" "$folder/config2"
 echo "lang=0" >"$folder/config/settings"
 cp "$folder/config/settings" "$folder/config2/settings"
-"$headless" --home "$folder/home2" --config "$folder/config2" - <<END
+"$headless" --strip --home "$folder/home2" --config "$folder/config2" - <<END
 until Options
+wait 500
 shot $folder/Options.png
+tap 48 126
+wait 100
+shot $folder/Message.png
+wait 7000
 key middle
 until Record
+wait 500
 shot $folder/Record.png
 END
+compare -metric AE "$folder/Options.png" "$folder/Message.png" null: >/dev/null 2>&1 && fail "the strip tells nothing"
 
 XDG_RUNTIME_DIR=$folder weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so --socket=wayland \
     --width=480 --height=800 --idle-time=0 >"$folder/weston" 2>&1 &
@@ -46,7 +53,8 @@ for ((SECONDS = 0; SECONDS < patience;)); do
     kill -0 "$desktop" 2>/dev/null || fail "weston ended"
     sleep 0.1
 done
-xdotool mousemove 240 20  # into the empty band above the picture: weston shows its arrow always
+xdotool mousemove 479 799  # weston shows its arrow always: only some pixels of it are in the window there
+without_arrow=(-fill black -draw "rectangle 470,790 479,799")
 
 # In front of NAME=VALUE... COMMAND...: a command that knows of this desktop only.
 on_wayland=(env -u DISPLAY -u DBUS_SESSION_BUS_ADDRESS XDG_RUNTIME_DIR="$folder" WAYLAND_DISPLAY=wayland SDL_VIDEODRIVER=wayland)
@@ -86,10 +94,11 @@ start WAYLAND_DEBUG=client SDL_AUDIODRIVER=dummy
 # shows SCREEN: waits until the window is the picture that the headless program made, pixel by pixel.
 shows() {
     local different=unknown
+    convert "$folder/$1.png" "${without_arrow[@]}" "$folder/wanted.png"
     for ((SECONDS = 0; SECONDS < patience;)); do
-        import -silent -window root -crop 480x640+0+160 +repage "$folder/shown.png"
-        different=$(compare -metric AE -extract 480x640+0+160 "$folder/$1.png" +extract "$folder/shown.png" null: 2>&1) &&
-            return
+        import -silent -window root -crop 480x800+0+0 +repage "$folder/whole.png"
+        convert "$folder/whole.png" "${without_arrow[@]}" "$folder/shown.png"
+        different=$(compare -metric AE "$folder/wanted.png" "$folder/shown.png" null: 2>&1) && return
         kill -0 "$program" 2>/dev/null || fail "the program ended before it showed $1"
         sleep 0.1
     done
@@ -113,9 +122,12 @@ sleeps() {
 shows Options
 grep -q 'set_app_id("org.murmelo.Murmelo")' "$folder/errors" || fail "the window does not carry the desktop entry's name"
 sleeps
+xdotool key s  # there is nothing to save, and the strip says so
+shows Message
+shows Options
 xdotool key Return
 shows Record
-xdotool mousemove 440 770 click 1 mousemove 240 20  # "Back"
+xdotool mousemove 440 770 click 1 mousemove 479 799  # "Back"
 shows Options
 
 # asks REQUEST: waits until the program has asked the desktop for it.
@@ -185,6 +197,18 @@ pairs=$((($(stat -c %s "$sound") - 44) / 4))
 cleaned $((44 + 2 * pairs))  # half as many samples
 ends
 
+# The desktop's dialog: its file becomes the take. It does not know the window.
+if [[ $bus ]]; then
+    serves fake_portal.py dialogs choose "file://$(realpath "$sound")"
+    rm -f "$folder/home/Murmelo/MrmLastRec.wav"
+    start SDL_AUDIODRIVER=dummy DBUS_SESSION_BUS_ADDRESS="$bus"
+    shows Options
+    xdotool key o
+    cleaned $((44 + 2 * pairs))
+    grep -q '^."OpenFile", "", "Open' "$folder/dialogs" || fail "the dialog is not asked for so: $(cat "$folder/dialogs")"
+    ends
+fi
+
 # The server goes away during a recording.
 start SDL_AUDIODRIVER=pulseaudio PULSE_SERVER="$PULSE_SERVER"
 shows Options
@@ -220,4 +244,4 @@ refuses PATH="$folder/without" DBUS_SESSION_BUS_ADDRESS="${bus:-disabled:}"
 if [[ $bus ]]; then
     grep '^."Notify"' "$folder/calls" | grep -q "missing.wav.* cannot be read" || fail "there is no notice"
 fi
-echo "two screens equal, nothing done while one stood still, four failures told, ended in good order"
+echo "screens, strip and its message equal, nothing done while one stood still, a dialog and five failures, ended in good order"
