@@ -6,6 +6,7 @@
 // called any more.
 #pragma once
 
+#include "HostMessage.h"
 #include "LevelMeter.h"
 
 #include <cstdint>
@@ -68,6 +69,10 @@ public:
     /// samples yet. Valid from the first start() on, also after a stop(). False if the microphone
     /// does not measure it.
     virtual bool readLevel(LevelMeter::Reading& /*reading*/) { return false; }
+
+    /// Why no device has delivered a sample since the last start(); without a row if one has, or if
+    /// the reason is not known.
+    virtual HostMessage whyUnheard() { return {}; }
 };
 
 struct HostClip {

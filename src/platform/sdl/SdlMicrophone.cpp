@@ -67,7 +67,7 @@ bool SdlMicrophone::start(HostMicrophoneListener& newListener) {
     heard->nowMs = nowMs;
     listener = &newListener;
     lost = false;
-    toldUnusable = false;
+    unheard = {};
     silentSinceMs = DueTime::kNever;
     beginOpening();
     SdlAudio::wait(*opening, kOpeningMs);
@@ -100,7 +100,7 @@ void SdlMicrophone::finishOpening() {
         if (isReplaced && !std::exchange(toldAway, true)) {
             tell({"microphoneAway", {name}});
         }
-        if (std::exchange(toldUnusable, false)) {
+        if (const HostMessage before = std::exchange(unheard, {}); *before.row != '\0') {
             tell({"microphoneHeard", {}});
             watch.forget();  // the user was told already
         }
@@ -111,10 +111,11 @@ void SdlMicrophone::finishOpening() {
         }
     } else {
         retryMs = nowMs() + kRetryMs;
-        if (!std::exchange(toldUnusable, true)) {
+        if (*unheard.row == '\0') {
             const std::string reason = opening->reason();
-            tell(name.empty() ? HostMessage{"noMicrophone", {reason}}
-                              : HostMessage{"microphoneUnusable", {name, reason}});
+            unheard = name.empty() ? HostMessage{"noMicrophone", {reason}}
+                                   : HostMessage{"microphoneUnusable", {name, reason}};
+            tell(unheard);
         }
     }
     opening.reset();
@@ -300,4 +301,8 @@ bool SdlMicrophone::readLevel(LevelMeter::Reading& reading) {
     reading = heard->meter.read();
     reading.silentSamples = static_cast<int32_t>(heard->silence);
     return true;
+}
+
+HostMessage SdlMicrophone::whyUnheard() {
+    return hasHeard() ? HostMessage() : unheard;
 }

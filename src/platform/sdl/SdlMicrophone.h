@@ -77,6 +77,7 @@ public:
     int32_t take(int16_t* samples, int32_t count) override;
     std::string deviceName() override;
     bool readLevel(LevelMeter::Reading& reading) override;
+    HostMessage whyUnheard() override;
 
     /// True from the loss of the device until the next start() or stop().
     bool isLost() const { return lost; }
@@ -104,11 +105,11 @@ private:
     std::shared_ptr<SdlAudio::Opening> opening;  // null: none
     int64_t retryMs = DueTime::kNever;           // when to look for a device again
     int64_t silentSinceMs =
-        DueTime::kNever;        // when silence began; DueTime::kNever: a device delivers
-    int64_t silenceGiven = 0;   // samples of silence since then
-    bool toldUnusable = false;  // the user knows that this recording has no device
-    bool toldAway = false;      // the user knows that the chosen device is missing
-    bool isReplaced = false;    // the last recording used the default in its place
+        DueTime::kNever;       // when silence began; DueTime::kNever: a device delivers
+    int64_t silenceGiven = 0;  // samples of silence since then
+    HostMessage unheard;       // why this recording has no device; without a row: it has one
+    bool toldAway = false;     // the user knows that the chosen device is missing
+    bool isReplaced = false;   // the last recording used the default in its place
     bool lost = false;
     std::shared_ptr<Heard> heard;  // shared with the device's thread
 };

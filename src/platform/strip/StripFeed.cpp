@@ -108,6 +108,16 @@ void StripFeed::lookAtLevel(int64_t nowMs) {
     }
     model.setRecording(reading, secondsLeft(heardSamples + reading.silentSamples),
                        nowMs - lastHeardMs >= kMuteMs);
+    model.setWhyUnheard(whyUnheard());
+}
+
+/// Empty if a device delivers, or if the reason is not known.
+std::string StripFeed::whyUnheard() {
+    HostMessage message = microphone->whyUnheard();
+    for (std::string& part : message.parts) {
+        part = model.pathForMessage(part);
+    }
+    return message.text(language);
 }
 
 /// Tells the user if a take that is being processed holds no sound. A take that was given up for
@@ -125,12 +135,14 @@ void StripFeed::endRecording(const std::string& screen, int64_t nowMs) {
     if (!isTaken || reading.hasHeard()) {
         return;
     }
-    StripWish choose;
-    choose.kind = StripWish::Kind::kMicrophones;
-    model.tell(microphoneName.empty()
+    std::string text = whyUnheard();
+    if (text.empty()) {
+        text = microphoneName.empty()
                    ? HostWords::text("heardNothing", language)
-                   : HostMessage{"heardNothingFrom", {microphoneName}}.text(language),
-               choose, HostWords::text("choose", language), nowMs);
+                   : HostMessage{"heardNothingFrom", {microphoneName}}.text(language);
+    }
+    model.tell(text, StripWish::of(StripWish::Kind::kMicrophones),
+               HostWords::text("choose", language), nowMs);
 }
 
 void StripFeed::tellSaved(int64_t nowMs) {

@@ -55,6 +55,7 @@ public:
 private:
     void lookAtScreen(int64_t nowMs);
     void lookAtLevel(int64_t nowMs);
+    std::string whyUnheard();
     void endRecording(const std::string& screen, int64_t nowMs);
     void tellSaved(int64_t nowMs);
     void tellTakeGone(int64_t nowMs);

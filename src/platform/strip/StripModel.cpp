@@ -43,7 +43,7 @@ void StripModel::setTextWidth(TextRows::Width width) {
 void StripModel::lookAgain() {
     const StripMessages::Message* message = messages.shown();
     const std::string line = message != nullptr ? message->text : lineWithoutMessage();
-    telling = message != nullptr || (showsLevel() && mute);
+    telling = message != nullptr || (showsLevel() && (mute || !whyUnheard.empty()));
     shownLines = TextRows::wrap(line, firstLinePx(), StripLayout::kLinePx,
                                 telling ? StripLayout::kMaxLines : 1, widthOf);
     rows.clear();
@@ -77,6 +77,7 @@ void StripModel::setScreen(const ScreenTexts& texts, int32_t currentEffect, bool
     if (isRecordingScreen() && !wasRecording) {
         reading = {};
         mute = false;
+        whyUnheard.clear();
         messages.closeSeen();  // messages about the take before would cover the level
         lookAgain();
     }
@@ -112,6 +113,10 @@ void StripModel::setRecording(const LevelMeter::Reading& newest, int32_t seconds
     }
     assign(seconds, secondsLeft);
     assign(mute, isMute);
+}
+
+void StripModel::setWhyUnheard(const std::string& text) {
+    assign(whyUnheard, text);
 }
 
 void StripModel::setLastTake(bool isThere) {
@@ -191,6 +196,9 @@ bool StripModel::showsLevel() const {
 }
 
 std::string StripModel::lineWithoutMessage() const {
+    if (showsLevel() && !whyUnheard.empty()) {
+        return whyUnheard;
+    }
     if (showsLevel() && mute) {
         return microphoneName.empty() ? word("microphoneSilent")
                                       : HostMessage{"noSoundFrom", {microphoneName}}.text(code);

@@ -83,6 +83,10 @@ public:
     /// @param isMute  true: no samples have come for a second
     void setRecording(const LevelMeter::Reading& newest, int32_t secondsLeft, bool isMute);
 
+    /// Sets why nothing is heard in the current recording, in the program's language; empty: not
+    /// known. It stands in the line while no message is shown.
+    void setWhyUnheard(const std::string& text);
+
     /// @param isThere  true: an earlier take can be brought back
     void setLastTake(bool isThere);
 
@@ -238,6 +242,7 @@ private:
     LevelMeter::Reading reading;
     int32_t seconds = 0;
     bool mute = false;
+    std::string whyUnheard;
 
     StripMessages messages;
     std::string hint;  // text for the button under the mouse; empty: none

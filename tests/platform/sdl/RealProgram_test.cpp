@@ -891,6 +891,30 @@ TEST_F(RealProgram, withASoundServerThatNeverAnswersItGoesOnInSilence) {
     EXPECT_FALSE(folders.has("home/Murmelo/MrmLastRec.wav"));
 }
 
+TEST_F(RealProgram, withoutASoundServerTheReasonStaysInTheStrip) {
+    folders.write("config/settings", "lang=0\n");
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    Program program(command());
+    setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
+    ASSERT_TRUE(waitForMenu());
+    key("Return");
+    ASSERT_TRUE(says("Ready to record")) << title();
+    key("Return");
+    ASSERT_TRUE(says("Recording")) << title();
+    const auto heard = [this](int64_t seconds) {
+        return until([&] {
+            return sound("MrmLastRec.wav").size() >= static_cast<size_t>(44 + seconds * 32000);
+        });
+    };
+    const auto rows = [this] { return screen.pixels(kLeft, kTop + 2 * 17, 480, 2 * 30); };
+    ASSERT_TRUE(heard(2));
+    const std::vector<uint32_t> message = rows();  // its second row, and the third one
+    ASSERT_TRUE(heard(14));                        // a message stands for ten seconds at most
+    EXPECT_EQ(message, rows());
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+}
+
 TEST_F(RealProgram, aSoundFileServesWhereThereIsNoMicrophone) {
     folders.write("voice.wav", TestSounds::wav(TestSounds::noise(3 * 16000), 16000));
     folders.write("config/settings", "lang=0\n");

@@ -69,6 +69,27 @@ TEST_F(SdlMicrophoneTest, silenceIsCountedApartFromWhatADeviceGave) {
     microphone.stop();
 }
 
+TEST_F(SdlMicrophoneTest, theReasonIsKnownUntilADeviceDelivers) {
+    EXPECT_STREQ("", microphone.whyUnheard().row);
+    ASSERT_TRUE(microphone.start(ear));
+    while (told.empty()) {  // the device cannot be used
+        microphone.deliver();
+        SDL_Delay(1);
+    }
+    EXPECT_STREQ("noMicrophone", microphone.whyUnheard().row);
+    EXPECT_EQ(told[0].parts, microphone.whyUnheard().parts);
+    microphone.stop();
+    EXPECT_STREQ("noMicrophone", microphone.whyUnheard().row);  // for the end of the recording
+    folders.write("nothing.raw", std::string(64000, 1));
+    ASSERT_TRUE(microphone.start(ear));
+    while (!microphone.hasHeard()) {
+        microphone.deliver();
+        SDL_Delay(1);
+    }
+    EXPECT_STREQ("", microphone.whyUnheard().row);
+    microphone.stop();
+}
+
 TEST_F(SdlMicrophoneTest, theDeviceThatListensInTheChosenOnesPlaceIsNamed) {
     folders.write("nothing.raw", std::string(64000, 1));
     microphone.choose("No such device");

@@ -64,7 +64,10 @@ public:
         return true;
     }
 
+    HostMessage whyUnheard() override { return reason; }
+
     LevelMeter::Reading reading;
+    HostMessage reason;
     std::string device = "Headset";
 };
 
@@ -215,6 +218,39 @@ TEST_F(StripFeedTest, afterASecondWithoutSamplesTheMicrophoneIsNamed) {
     EXPECT_EQ("No sound comes from “Headset”.", line());
     microphone.reading.heardSamples = 160;
     strip.look(1200);
+    EXPECT_EQ("Headset", line());
+}
+
+TEST_F(StripFeedTest, theReasonWhyNothingIsHeardStandsUntilADeviceDelivers) {
+    microphone.reason = {"noMicrophone", {"Connection refused"}};
+    microphone.reading.loudestDb = -60;
+    go("Recording", 0);
+    strip.look(100);
+    EXPECT_EQ("No sound comes from the microphone: Connection refused", line());
+    strip.look(15000);
+    EXPECT_EQ("No sound comes from the microphone: Connection refused", line());
+    microphone.reason = {};
+    microphone.reading.heardSamples = 160;
+    strip.look(15100);
+    EXPECT_EQ("Headset", line());
+    go("Process", 16000);
+    EXPECT_EQ("I heard nothing from “Headset”.", line());
+}
+
+TEST_F(StripFeedTest, aTakeOfNoDeviceIsToldWithItsReason) {
+    microphone.reason = {"microphoneUnusable", {"Headset", "Device busy"}};
+    microphone.reading.loudestDb = -60;
+    go("Recording", 0);
+    strip.look(100);
+    go("Process", 3000);
+    EXPECT_EQ("No sound comes from “Headset”: Device busy", line());
+    EXPECT_EQ(Kind::kMicrophones, strip.model().action().wish.kind);
+    EXPECT_EQ("Choose", strip.model().action().name);
+    strip.key(StripKey::kClose, 3000);
+    EXPECT_EQ("", line());
+    microphone.reason = {};
+    go("Recording", 4000);
+    strip.look(4100);
     EXPECT_EQ("Headset", line());
 }
 
