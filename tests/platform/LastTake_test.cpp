@@ -42,9 +42,16 @@ protected:
 
 class TakeKeeperTest : public LastTakeTest {
 protected:
-    std::vector<Problem> problems;
-    TakeKeeper keeper{folders.path("state/murmelo"),
-                      [this](const Problem& problem) { problems.push_back(problem); }};
+    TakeKeeper::Complain note() {
+        return [this](const HostMessage& message, const std::string& sentence) {
+            told.push_back(message.text("en"));
+            sentences.push_back(sentence);
+        };
+    }
+
+    std::vector<std::string> told;
+    std::vector<std::string> sentences;
+    TakeKeeper keeper{folders.path("state/murmelo"), note()};
     const Samples recording = TestSounds::noise(500, 5);
     const Samples file = TestSounds::noise(600, 6);
     const Samples otherFile = TestSounds::noise(700, 7);
@@ -329,9 +336,9 @@ TEST_F(TakeKeeperTest, whatWasForgottenIsNotKeptLater) {
 
 TEST_F(TakeKeeperTest, theDiskIsWaitedForLaterAndTheTakeIsThereAtOnce) {
     std::vector<std::function<Problem()>> settles;
-    TakeKeeper patient(
-        stateFolder(), [this](const Problem& problem) { problems.push_back(problem); },
-        [&](std::function<Problem()> settle) { settles.push_back(std::move(settle)); });
+    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
+        settles.push_back(std::move(settle));
+    });
     patient.recorded(recording);
     patient.letGo();  // there is nothing else to keep
     ASSERT_EQ(1U, settles.size());
@@ -340,7 +347,7 @@ TEST_F(TakeKeeperTest, theDiskIsWaitedForLaterAndTheTakeIsThereAtOnce) {
     EXPECT_FALSE(folders.has("state/murmelo/last-take.wav"));
     EXPECT_EQ("", settles[0]());
     EXPECT_EQ(TestSounds::wav(recording, 16000), folders.read("state/murmelo/last-take.wav"));
-    EXPECT_TRUE(problems.empty());
+    EXPECT_TRUE(told.empty());
 }
 
 TEST_F(TakeKeeperTest, aTakeThatTheDiskRefusesIsKeptWhenTheProgramLetsGoOfIt) {
@@ -348,14 +355,80 @@ TEST_F(TakeKeeperTest, aTakeThatTheDiskRefusesIsKeptWhenTheProgramLetsGoOfIt) {
     {
         const FullDisk disk(100);
         keeper.recorded(recording);
-        EXPECT_EQ(1U, problems.size());
+        EXPECT_EQ(1U, told.size());
         keeper.letGo();  // still full
-        EXPECT_EQ(2U, problems.size());
+        EXPECT_EQ(2U, told.size());
     }
     EXPECT_EQ(file, broughtBack());  // the disk has the earlier one
     keeper.letGo();
-    EXPECT_EQ(2U, problems.size());
+    EXPECT_EQ(2U, told.size());
     EXPECT_EQ(recording, broughtBack());
+}
+
+TEST_F(TakeKeeperTest, aFullDiskIsToldInWordsOfTheProgram) {
+    const FullDisk disk(100);
+    keeper.recorded(recording);
+    EXPECT_EQ(std::vector<std::string>{"Disk full: there is no spare copy of the recording."},
+              told);
+    EXPECT_EQ("There is no spare copy of the recording: the last take cannot be kept as \"" +
+                  stateFolder() + "/last-take.wav\": File too large",
+              sentences.at(0));
+}
+
+TEST_F(TakeKeeperTest, anotherReasonIsToldWithoutTheFile) {
+    folders.write("state", "a file where the folder should be");
+    keeper.recorded(recording);
+    EXPECT_EQ("There is no spare copy of the recording: Not a directory", told.at(0));
+}
+
+TEST_F(TakeKeeperTest, atTheEndAFullDiskKeepsTheBeginningOfTheTake) {
+    constexpr size_t kLimit = 100000;
+    const Samples longTake = TestSounds::noise(160000, 8);
+    keeper.recorded(file);
+    {
+        const FullDisk disk(kLimit);
+        keeper.recorded(longTake);
+        keeper.letGo();
+        Samples samples;
+        EXPECT_EQ("", keeper.bringBack(samples));
+        EXPECT_EQ(longTake, samples);  // the program goes on: the whole take is in memory
+        told.clear();
+        keeper.end();
+    }
+    const Samples kept = broughtBack();
+    EXPECT_GE(kLimit, 44 + 2 * kept.size());
+    EXPECT_LE(kLimit, 44 + 2 * kept.size() + 8192);
+    EXPECT_EQ(Samples(longTake.begin(), longTake.begin() + static_cast<ptrdiff_t>(kept.size())),
+              kept);
+    const std::string tenths = std::to_string(kept.size() / 1600);
+    EXPECT_EQ(std::vector<std::string>{"Disk full: " + tenths.substr(0, 1) + "." +
+                                       tenths.substr(1) + " of 10 seconds kept."},
+              told);
+}
+
+TEST_F(TakeKeeperTest, atTheEndAFullDiskWithoutAnyRoomIsTold) {
+    const FullDisk disk(20);
+    keeper.recorded(recording);
+    told.clear();
+    keeper.end();
+    EXPECT_EQ(std::vector<std::string>{"Disk full: there is no spare copy of the recording."},
+              told);
+}
+
+TEST_F(TakeKeeperTest, atTheEndTheBeginningIsSyncedToo) {
+    std::vector<std::function<Problem()>> settles;
+    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
+        settles.push_back(std::move(settle));
+    });
+    {
+        const FullDisk disk(500);
+        patient.recorded(recording);
+        patient.end();
+    }
+    ASSERT_EQ(1U, settles.size());
+    EXPECT_EQ("", settles[0]());
+    EXPECT_TRUE(folders.has("state/murmelo/last-take.wav"));
+    EXPECT_FALSE(broughtBack().empty());
 }
 
 TEST_F(TakeKeeperTest, aFileDoesNotReplaceATakeThatTheDiskRefused) {
@@ -374,9 +447,9 @@ TEST_F(TakeKeeperTest, aFileDoesNotReplaceATakeThatTheDiskRefused) {
 
 TEST_F(TakeKeeperTest, theDiskIsWaitedForAlsoAfterItRefused) {
     std::vector<std::function<Problem()>> settles;
-    TakeKeeper patient(
-        stateFolder(), [this](const Problem& problem) { problems.push_back(problem); },
-        [&](std::function<Problem()> settle) { settles.push_back(std::move(settle)); });
+    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
+        settles.push_back(std::move(settle));
+    });
     {
         const FullDisk disk(100);
         patient.recorded(recording);
@@ -418,5 +491,5 @@ TEST_F(TakeKeeperTest, theLastTakeIsTheProgramsUnlessThatIsNotKept) {
 TEST_F(TakeKeeperTest, aTakeThatCannotBeKeptIsReported) {
     folders.write("state", "a file where the folder should be");
     keeper.recorded(recording);
-    EXPECT_EQ(1U, problems.size());
+    EXPECT_EQ(1U, told.size());
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Saved sounds are exported in all formats.
+#include "FullDisk.h"
 #include "SoundExport.h"
 #include "SoundFile.h"
 #include "TestFolders.h"
@@ -118,6 +119,8 @@ TEST_F(SoundExportTest, whatCannotBeWrittenIsToldAndLeavesTheOldFile) {
     EXPECT_NE("", exportTo("no folder/a.wav").sentence());
     folders.makeFolder("a.wav");
     EXPECT_EQ("it is a folder", exportTo("a.wav"));
+    const FullDisk disk(100);
+    EXPECT_EQ("File too large", exportTo("full.wav"));  // without the name of the unfinished file
     folders.write("b.wav", "old");
     EXPECT_NE("",
               SoundExport::write(folders.path("nothing.wav"), folders.path("b.wav")).sentence());

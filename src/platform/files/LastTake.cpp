@@ -28,6 +28,10 @@ constexpr const char* kNewName = "/last-take.wav.new-";   // followed by the pro
 
 constexpr const char* kBeforeReason = "\": ";
 
+constexpr off_t kHeaderBytes = 44;
+constexpr off_t kSampleBytes = 2;
+constexpr size_t kBlockSamples = 2048;  // of a disk's block
+
 /// Removes unfinished files of programs that were killed while they wrote. Files of running
 /// programs stay: programs with different homes share the folder.
 void removeLeftovers(const std::string& folder) {
@@ -49,6 +53,21 @@ void removeLeftovers(const std::string& folder) {
 bool isFile(const std::string& path) {
     std::error_code error;
     return !path.empty() && fs::is_regular_file(path, error);
+}
+
+/// Empties a file that the disk had no room for, and lowers the number of samples to what it took.
+/// False if that is none.
+bool makeShorter(int file, size_t& count) {
+    struct stat facts = {};
+    if (::fstat(file, &facts) != 0 || ::ftruncate(file, 0) != 0 ||
+        ::lseek(file, 0, SEEK_SET) != 0) {
+        return false;
+    }
+    const off_t bytes = std::max<off_t>(facts.st_size - kHeaderBytes, 0);
+    const auto taken = static_cast<size_t>(bytes / kSampleBytes);
+    // If what it took does not fit a second time: a block less.
+    count = taken < count ? taken : count - std::min(count, kBlockSamples);
+    return count > 0;
 }
 
 /// If something other than an ordinary file has this name, it gets another one.
@@ -94,8 +113,30 @@ Problem LastTake::keep(const std::vector<int16_t>& samples) const {
     return problem ? problem : settle();
 }
 
+/// The error that errno tells. @param what "in FOLDER" or "as PATH", with the first quotation mark
+Problem LastTake::notKept(const std::string& what) const {
+    shared->error = errno;
+    return "the last take cannot be kept " + what + kBeforeReason + SafeFile::lastError();
+}
+
 Problem LastTake::notKept() const {
-    return "the last take cannot be kept as \"" + path + kBeforeReason + SafeFile::lastError();
+    return notKept("as \"" + path);
+}
+
+/// A limit on the size of files counts too: it has the same effect.
+bool LastTake::isDiskFull() const {
+    const int error = shared->error;
+    return shared->isWaiting && (error == ENOSPC || error == EDQUOT || error == EFBIG);
+}
+
+Problem LastTake::writeSamples(int file,
+                               const std::string& fresh,
+                               const std::vector<int16_t>& samples,
+                               size_t count) const {
+    errno = 0;
+    Problem problem = SoundFile::write(file, fresh, HostMicrophone::kRateHz, samples.data(), count,
+                                       SoundFile::Format::kWav);
+    return problem && errno != 0 ? notKept() : problem;  // without the unfinished file's name
 }
 
 /// True if it has made the folder. False: the folder is there already, or cannot be made; then the
@@ -111,28 +152,38 @@ Problem LastTake::write(const std::vector<int16_t>& samples) const {
         return Problem::none();
     }
     const std::lock_guard<std::mutex> lock(shared->mutex);
-    Problem problem = writeFile(samples);
+    size_t count = samples.size();
+    Problem problem = writeFile(samples, count, false);
     shared->samples = samples;
     shared->isWaiting = static_cast<bool>(problem);
     return problem;
 }
 
-Problem LastTake::writeFile(const std::vector<int16_t>& samples) const {
+Problem LastTake::writeWhatFits(size_t& kept) const {
+    const std::lock_guard<std::mutex> lock(shared->mutex);
+    ::unlink(newPath.c_str());
+    ::unlink(SafeFile::realTarget(path).c_str());
+    kept = shared->samples.size();
+    Problem problem = writeFile(shared->samples, kept, true);
+    shared->isWaiting = static_cast<bool>(problem);
+    return problem;
+}
+
+/// @param count   number of samples to write; becomes that of the samples that are written
+/// @param mayCut  true: if the disk is full, writes fewer
+Problem LastTake::writeFile(const std::vector<int16_t>& samples, size_t& count, bool mayCut) const {
     shared->isFolderNew = makeFolder() || shared->isFolderNew;
     removeLeftovers(folder);
     const std::string fresh = folder + kNewName + std::to_string(::getpid());
     const int file = SafeFile::create(fresh);
     if (file < 0) {
-        return "the last take cannot be kept in \"" + folder + kBeforeReason +
-               SafeFile::lastError();
+        return notKept("in \"" + folder);
     }
     static_cast<void>(::fchmod(file, kOwnFile));  // some disks have no permissions
-    const auto count = std::min(samples.size(), static_cast<size_t>(kMaxSamples));
-    errno = 0;
-    Problem problem = SoundFile::write(file, fresh, HostMicrophone::kRateHz, samples.data(), count,
-                                       SoundFile::Format::kWav);
-    if (problem && errno != 0) {
-        problem = notKept();  // not the name of the unfinished file
+    count = std::min(count, static_cast<size_t>(kMaxSamples));
+    Problem problem = writeSamples(file, fresh, samples, count);
+    while (problem && mayCut && makeShorter(file, count)) {
+        problem = writeSamples(file, fresh, samples, count);
     }
     const bool isClosed = ::close(file) == 0;
     if (!problem) {
@@ -227,7 +278,8 @@ Problem LastTake::forget() const {
     const bool isNewGone = ::unlink(newPath.c_str()) == 0 || errno == ENOENT;
     const bool isGone = ::unlink(target.c_str()) == 0 || errno == ENOENT;
     if (!isNewGone || !isGone || !SafeFile::syncFolderOf(target)) {
-        return "the last take \"" + path + "\" cannot be deleted: " + SafeFile::lastError();
+        return "the last take cannot be deleted as \"" + path + kBeforeReason +
+               SafeFile::lastError();
     }
     return Problem::none();
 }

@@ -39,7 +39,16 @@ public:
     /// @returns as keep()
     Problem settle() const;
 
-    /// The reason in a sentence of keep(), write() or settle(), without the file's name.
+    /// True if a full disk was the reason why waiting() could not be kept.
+    bool isDiskFull() const;
+
+    /// For the end of the program: writes as much of waiting() as the disk has room for, from its
+    /// beginning. The file of the earlier take is deleted first, to make room. Call settle() next.
+    /// @param kept  number of samples that are in the file
+    /// @returns as keep()
+    Problem writeWhatFits(size_t& kept) const;
+
+    /// The reason in a sentence of keep(), write(), settle() or forget(), without the file's name.
     static std::string reasonOf(const Problem& problem);
 
     /// The take that could not be kept, to try again: it is the last take, but is lost when the
@@ -58,8 +67,13 @@ public:
     bool isThere() const;
 
 private:
+    Problem notKept(const std::string& what) const;
     Problem notKept() const;
-    Problem writeFile(const std::vector<int16_t>& samples) const;
+    Problem writeFile(const std::vector<int16_t>& samples, size_t& count, bool mayCut) const;
+    Problem writeSamples(int file,
+                         const std::string& fresh,
+                         const std::vector<int16_t>& samples,
+                         size_t count) const;
     bool makeFolder() const;
     bool syncFolders(const std::string& target) const;
 
@@ -72,6 +86,7 @@ private:
         bool isFolderNew = false;            // the folder's name may not be synced yet
         std::vector<int16_t> samples;        // of the newest take until it is synced
         std::atomic<bool> isWaiting{false};  // true: no file holds these samples
+        std::atomic<int> error{0};           // errno of the last failure
     };
 
     std::shared_ptr<Shared> shared = std::make_shared<Shared>();  // by the copies of this object

@@ -5,7 +5,9 @@
 #include "SoundFile.h"
 #include "SoundFormats.h"
 
-#include <cstdint>
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
 #include <filesystem>
 #include <unistd.h>
 #include <vector>
@@ -30,8 +32,8 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
         return "its name must end in " + SoundFormats::inWords(".", "or");
     }
     std::vector<int16_t> samples;
-    if (Problem problem = SoundFile::read(saved, kSavedRateHz, kMaxSamples, samples)) {
-        return problem;
+    if (const Problem problem = SoundFile::read(saved, kSavedRateHz, kMaxSamples, samples)) {
+        return SoundFile::reasonOf(problem);
     }
     const std::string target = SafeFile::realTarget(path);
     if (const Problem kind = SafeFile::whyNotOrdinary(target)) {
@@ -42,8 +44,12 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
     if (file < 0) {
         return SafeFile::lastError();
     }
+    errno = 0;
     Problem problem =
-        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), *format);
+        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), format);
+    if (problem && errno != 0) {
+        problem = SafeFile::lastError();  // without the unfinished file's name
+    }
     const bool isOnDisk = SafeFile::finish(file);
     if (!problem && (!isOnDisk || !SafeFile::replace(fresh, target))) {
         problem = SafeFile::lastError();

@@ -1,18 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "TakeKeeper.h"
 
+#include "HostSound.h"
+
 #include <utility>
 
-TakeKeeper::TakeKeeper(std::string folder, ReportError reportError, Later later)
+namespace {
+
+constexpr int64_t kTenthSamples = HostMicrophone::kRateHz / 10;
+
+}  // namespace
+
+TakeKeeper::TakeKeeper(std::string folder, Complain complain, Later later)
     : last(std::move(folder))
     , reportError(std::move(reportError))
     , later(std::move(later)) {}
 
 void TakeKeeper::keep(const std::vector<int16_t>& samples) {
-    if (const Problem problem = later ? last.write(samples) : last.keep(samples)) {
-        reportError(problem);
-    } else if (later && !samples.empty()) {
+    complainOf(write(samples));
+}
+
+Problem TakeKeeper::write(const std::vector<int16_t>& samples) {
+    Problem problem = later ? last.write(samples) : last.keep(samples);
+    if (!problem && later && !samples.empty()) {
         later([settled = last] { return settled.settle(); });
+    }
+    return problem;
+}
+
+void TakeKeeper::complainOf(const Problem& problem) {
+    if (problem) {
+        const HostMessage whole = {"notKept", {problem.sentence()}};
+        complain(last.isDiskFull() ? HostMessage{"noRoomForCopy", {}}
+                                   : HostMessage{"notKept", {LastTake::reasonOf(problem)}},
+                 whole.text("en"));
     }
 }
 
@@ -32,8 +53,41 @@ void TakeKeeper::used(std::vector<int16_t> samples) {
     }
 }
 
+std::vector<int16_t> TakeKeeper::toLetGo() {
+    return fromFile.empty() ? last.waiting() : std::exchange(fromFile, {});
+}
+
 void TakeKeeper::letGo() {
-    keep(fromFile.empty() ? last.waiting() : std::exchange(fromFile, {}));
+    keep(toLetGo());
+}
+
+void TakeKeeper::end() {
+    const Problem problem = write(toLetGo());
+    if (problem && last.isDiskFull()) {
+        keepWhatFits();
+    } else {
+        complainOf(problem);
+    }
+}
+
+void TakeKeeper::keepWhatFits() {
+    const size_t all = last.waiting().size();
+    size_t kept = 0;
+    if (const Problem problem = last.writeWhatFits(kept)) {
+        complainOf(problem);
+        return;
+    }
+    if (later) {
+        later([settled = last] { return settled.settle(); });
+    } else {
+        complainOf(last.settle());
+    }
+    if (kept < all) {
+        HostMessage message{"diskFull", {}};
+        message.tenths = {static_cast<int64_t>(kept) / kTenthSamples,
+                          (static_cast<int64_t>(all) + kTenthSamples / 2) / kTenthSamples};
+        complain(message, message.text("en"));
+    }
 }
 
 void TakeKeeper::broughtBack() {

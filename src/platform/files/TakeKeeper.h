@@ -4,6 +4,7 @@
 // that the disk refuses stays in memory, and is tried again when the program deletes it.
 #pragma once
 
+#include "HostMessage.h"
 #include "LastTake.h"
 #include "Problem.h"
 
@@ -14,13 +15,14 @@
 
 class TakeKeeper {
 public:
-    using ReportError = std::function<void(const Problem&)>;
+    /// @param sentence  in English, with the file's name
+    using Complain = std::function<void(const HostMessage& message, const std::string& sentence)>;
 
-    /// Runs LastTake::settle() on another thread, and reports the error that it returns.
+    /// Runs LastTake::settle() on another thread, and calls complainOf() with what it returns.
     using Later = std::function<void(std::function<Problem()> settle)>;
 
     /// @param folder    as for LastTake
-    /// @param reportError  called with the reason each time that a take could not be kept
+    /// @param complain  called each time that a take could not be kept, or not whole
     /// @param later     empty: the keeper itself waits for the disk
     TakeKeeper(std::string folder, ReportError reportError, Later later = {});
 
@@ -31,9 +33,16 @@ public:
     /// A sound from a file has become the take.
     void used(std::vector<int16_t> samples);
 
-    /// The program deletes its take: a recording is offered, or the program has ended. Its own
-    /// files are gone: a disk that was full may have room now.
+    /// The program deletes its take, because a recording is offered. Its own files are gone: a disk
+    /// that was full may have room now.
     void letGo();
+
+    /// The program has ended: as letGo(). If the disk is still too full, keeps the beginning of the
+    /// take, in place of the earlier one.
+    void end();
+
+    /// Tells that the take is not kept. Does nothing without a problem.
+    void complainOf(const Problem& problem);
 
     /// Reads the last take. Use broughtBack() once it is the program's.
     Problem bringBack(std::vector<int16_t>& samples) const { return last.bringBack(samples); }
@@ -55,6 +64,9 @@ public:
 
 private:
     void keep(const std::vector<int16_t>& samples);
+    Problem write(const std::vector<int16_t>& samples);
+    std::vector<int16_t> toLetGo();
+    void keepWhatFits();
 
     LastTake last;
     ReportError reportError;

@@ -2,6 +2,7 @@
 #include "HeadlessHost.h"
 
 #include "ProgramFolders.h"
+#include "SoundFile.h"
 
 #include <algorithm>
 #include <iostream>
@@ -15,8 +16,8 @@ HeadlessHost::HeadlessHost(HostFolders folders,
     , nowMs(clockStartMs)
     , fileEars([this] { return nowMs; })
     , keeper(mapped.state,
-             [this](const Problem& problem) {
-                 tell({"notKept", {LastTake::reasonOf(problem)}}, problem.sentence());
+             [this](const HostMessage& message, const std::string& sentence) {
+                 tell(message, sentence);
              })
     , copyingEars(
           fileEars,
@@ -60,7 +61,7 @@ void HeadlessHost::look() {
 void HeadlessHost::bringBack() {
     std::vector<int16_t> samples;
     if (const Problem problem = keeper.bringBack(samples)) {
-        tell({"notBack", {problem.sentence()}}, problem.sentence());
+        tell({"notBack", {SoundFile::reasonOf(problem)}}, problem.sentence());
     } else if (doors->useTake(samples.data(), static_cast<int32_t>(samples.size()))) {
         keeper.broughtBack();
     } else {
@@ -74,7 +75,7 @@ void HeadlessHost::setDoors(HostDoors* offered) {
         strip->setDoors(offered);
     }
     if (doors == nullptr) {
-        keeper.letGo();
+        keeper.end();
     }
 }
 

@@ -37,7 +37,7 @@ SdlDoors::SdlDoors(const HostFolders& folders,
 void SdlDoors::setDoors(HostDoors* offeredDoors) {
     doors = offeredDoors;
     if (doors == nullptr) {
-        takeIsGone();
+        takes.end();
     }
 }
 
@@ -243,7 +243,7 @@ bool SdlDoors::useTake(const std::vector<int16_t>& samples) {
 
 bool SdlDoors::forget() {
     if (const Problem problem = takes.forget()) {
-        tell({"notForgotten", {problem.sentence()}});
+        tell({"notForgotten", {LastTake::reasonOf(problem)}});
     } else {
         tell({"takeForgotten", {}});
     }

@@ -45,7 +45,9 @@ SdlHost::SdlHost(SdlOptions givenOptions)
     , errands([this] { wake(); })
     , takes(
           options.folders.state,
-          [this](const Problem& problem) { tellNotKept(problem); },
+          [this](const HostMessage& message, const std::string& sentence) {
+              tell(message, sentence);
+          },
           [this](std::function<Problem()> settle) { settleLater(std::move(settle)); })
     , copyingEars(
           realMicrophone(),
@@ -150,18 +152,10 @@ bool SdlHost::isStuck() {
 void SdlHost::settleLater(std::function<Problem()> settle) {
     errands.start([this, settle = std::move(settle)] {
         return [this, problem = settle()] {
-            if (problem) {
-                tellNotKept(problem);
-            }
+            takes.complainOf(problem);
             return false;
         };
     });
-}
-
-/// The strip has room for the reason only; the terminal gets the file's name too.
-void SdlHost::tellNotKept(const Problem& problem) {
-    const HostMessage whole = {"notKept", {problem.sentence()}};
-    tell({"notKept", {LastTake::reasonOf(problem)}}, whole.text("en"));
 }
 
 /// Reads the sound file that replaces the microphone; until then the microphone delivers silence.

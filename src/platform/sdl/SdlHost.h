@@ -116,7 +116,6 @@ public:
 private:
     SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
-    void tellNotKept(const Problem& problem);
     void settleLater(std::function<Problem()> settle);
     void readVoice();
     bool deliverSound();

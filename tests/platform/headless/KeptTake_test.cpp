@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // No take is lost: whatever the program does with it, it can be brought back and gives the same
 // files, byte for byte.
+#include "FullDisk.h"
 #include "HeadlessHost.h"
 #include "OspProgram.h"
 #include "ScreenTable.h"
@@ -198,4 +199,19 @@ TEST_F(KeptTakeTest, aRecordingThatWasNotBegunLeavesTheTakeBefore) {
 TEST_F(KeptTakeTest, theUserForgetsIt) {
     run(record({TestSounds::noise(1200 * 16), 1200}) + "key middle\nuntil Play\nforget\n");
     EXPECT_FALSE(folders.has("state/last-take.wav"));
+}
+
+TEST_F(KeptTakeTest, ofATakeThatTheDiskHasNoRoomForTheBeginningComesBack) {
+    const Samples voice = TestSounds::noise(6 * 16000, 4);
+    {
+        const FullDisk disk(100000);
+        run(record({voice, 6000}) + "key middle\nuntil Play\n");
+    }
+    const Samples part = kept();
+    EXPECT_LE(46000U, part.size());
+    ASSERT_GT(voice.size(), part.size());
+    EXPECT_EQ(Samples(voice.begin(), voice.begin() + static_cast<ptrdiff_t>(part.size())), part);
+    run("last\nuntil Play\n");
+    ASSERT_EQ(2U, takes.size());
+    EXPECT_EQ(44 + part.size(), takes[1].size());  // cleaned up: half of the samples
 }

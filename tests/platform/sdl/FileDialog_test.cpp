@@ -72,7 +72,7 @@ protected:
     TestFolders folders;
     HostFolders mapped;
     MenuDoors program;
-    TakeKeeper takes{"", [](const Problem&) {}};
+    TakeKeeper takes{"", [](const HostMessage&, const std::string&) {}};
     SdlDoors doors{mapped, takes,
                    [this](const HostMessage& message) { host.tell(message, message.text("en")); },
                    [](int32_t effect) { return effect == 1 ? "robot" : "another"; }, [] {}};

@@ -136,8 +136,8 @@ protected:
     HostFolders mapped;
     NotingDoors program;
     std::mutex mutex;
-    std::condition_variable woken;
-    TakeKeeper takes{folders.path("state"), [](const Problem&) {}};
+    std::condition_variable roused;
+    TakeKeeper takes{folders.path("state"), [](const HostMessage&, const std::string&) {}};
     SdlDoors doors{mapped, takes,
                    [this](const HostMessage& message) { host.tell(message, message.text("en")); },
                    [](int32_t effect) { return effect == 0 ? "none" : "another"; },

@@ -28,7 +28,7 @@ protected:
     HostFolders folders;
     int64_t clockUs = 0;
     StillFrame frame;
-    TakeKeeper takes{testFolders.path("state"), [](const Problem&) {}};
+    TakeKeeper takes{testFolders.path("state"), [](const HostMessage&, const std::string&) {}};
     SdlWindow window;
     SdlStrip strip{folders, [this] { return clockUs / kUsPerMs; }};
     Speech speech;

@@ -48,7 +48,7 @@ protected:
     std::vector<std::string> told;
     bool fixed = false;
     SdlWishes::Microphones list;
-    TakeKeeper takes{testFolders.path("state"), [](const Problem&) {}};
+    TakeKeeper takes{testFolders.path("state"), [](const HostMessage&, const std::string&) {}};
     SdlStrip strip{folders, [this] { return host.nowMs; }};
     SdlDoors doors{folders, takes,
                    [this](const HostMessage& message) { told.push_back(message.text("en")); },
