@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // strip-states FOLDER LANGUAGE: takes pictures of the strip in each of its states, as
 // FOLDER/STATE.png, and of its sheets over the picture, as FOLDER/over-STATE.png.
-#include "FxCatalogue.h"
+#include "Host.h"
 #include "HostMessage.h"
 #include "HostWords.h"
 #include "Languages.h"
@@ -22,6 +22,8 @@
 namespace {
 
 constexpr const char* kMicrophone = "Headset H390 Mono";
+constexpr const char* kFull = "No space left on device";
+constexpr const char* kRefused = "Connection refused";
 constexpr const char* kSound = "~/Music/Murmelo/rec_00003.wav";
 
 /// The effect's name as the program shows it: the text that is its shown name in English.
@@ -61,7 +63,12 @@ public:
             model.setMicrophoneName("");
             record(model, -60, -60, 19, true);
         });
+        write("unheard", "Recording", [this](StripModel& model) {
+            record(model, -60, -60, 12, true);
+            model.setWhyUnheard(HostMessage{"noMicrophone", {kRefused}}.text(language));
+        });
         writeMessages();
+        writeFailures();
         writeHints();
         writeOver();
         return isOk;
@@ -118,6 +125,21 @@ private:
         tell("take-forgotten", {"takeForgotten", {}});
     }
 
+    void writeFailures() {
+        const auto choose = StripWish::Kind::kMicrophones;
+        tell("not-kept", {"notKept", {"Read-only file system"}});
+        tell("no-room-for-copy", {"noRoomForCopy", {}});
+        tell("no-last-take", {"noLastTake", {}});
+        tell("not-back", {"notBack", {"Input/output error"}});
+        tell("not-forgotten", {"notForgotten", {"Read-only file system"}});
+        tell("not-exported", {"notExported", {"~/Music/Interview.flac", kFull}});
+        tell("not-spoken", {"notSpoken", {kRefused}});
+        tell("no-microphone", {"noMicrophone", {kRefused}}, choose);
+        tell("file-is-microphone", {"fileIsMicrophone", {"Interview.flac"}});
+        tell("systems-microphone", {"systemsMicrophone", {}});
+        tell("sounds-not-kept", {"soundsNotKept", {"~/Music/Murmelo"}});
+    }
+
     void writeHints() {
         for (int32_t key = 0; key < 5; key++) {
             write("hint-" + std::to_string(key), "Play",
@@ -137,15 +159,28 @@ private:
                                  StripWish::kSystemsChoice);
             model.showMicrophones();
         });
-        write("over-help", "Play", [this](StripModel& model) {
-            model.showHelp({HostWords::text("helpRecordKeys", language),
-                            HostWords::text("helpMoreKeys", language),
-                            HostWords::text("helpFileKeys", language),
-                            HostMessage{"helpFolder", {"~/Music/Murmelo"}}.text(language),
-                            HostWords::text("helpStaysHere", language)});
-            model.setOffersMore(true);
-            model.setLastTake(true);
+        write("over-unnamed", "Record", [](StripModel& model) { model.showMicrophones(); });
+        write("over-focus", "Record", [](StripModel& model) {
+            model.setMicrophones({kMicrophone, "Built-in Audio Analogue Stereo"}, 0);
+            model.showMicrophones();
+            model.navigate(HostKey::kDown);
         });
+        write("over-help", "Play", [this](StripModel& model) { help(model, true); });
+        write("over-help-focus", "Play", [this](StripModel& model) {
+            help(model, true);
+            model.navigate(HostKey::kUp);
+        });
+        write("over-help-grey", "Record", [this](StripModel& model) { help(model, false); });
+    }
+
+    void help(StripModel& model, bool hasLastTake) {
+        model.showHelp({HostWords::text("helpRecordKeys", language),
+                        HostWords::text("helpMoreKeys", language),
+                        HostWords::text("helpFileKeys", language),
+                        HostMessage{"helpFolder", {"~/Music/Murmelo"}}.text(language),
+                        HostWords::text("helpStaysHere", language)});
+        model.setOffersMore(true);
+        model.setLastTake(hasLastTake);
     }
 
     void tell(const std::string& name,
