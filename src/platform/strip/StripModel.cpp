@@ -98,6 +98,9 @@ void StripModel::setEffectNames(const std::vector<std::string>& names) {
 void StripModel::setMicrophones(const std::vector<std::string>& names, int32_t current) {
     assign(microphones, names);
     assign(microphone, current);
+    if (firstChoice > static_cast<int32_t>(names.size())) {
+        assign(firstChoice, 0);  // its page is gone
+    }
 }
 
 void StripModel::setMicrophoneName(const std::string& name) {

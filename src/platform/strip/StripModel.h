@@ -39,7 +39,8 @@ struct StripButton {
     /// tells why it is not possible.
     bool canBeWished() const;
 
-    /// True if it has the same wish and place; its look may differ.
+    /// True if it has the same wish and place, and on the sheet the same name: a list may have
+    /// changed. Its look may differ.
     bool isSameAs(const StripButton& other) const;
 
     bool operator==(const StripButton& other) const;

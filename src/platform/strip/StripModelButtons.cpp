@@ -14,7 +14,8 @@ bool StripButton::canBeWished() const {
 }
 
 bool StripButton::isSameAs(const StripButton& other) const {
-    return wish == other.wish && place == other.place;
+    const bool isSameName = part != Part::kSheet || name == other.name;
+    return wish == other.wish && place == other.place && isSameName;
 }
 
 bool StripButton::operator==(const StripButton& other) const {

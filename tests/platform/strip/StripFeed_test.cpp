@@ -2,6 +2,7 @@
 // What the strip shows and offers while the program changes its screens, records and saves.
 #include "QuietDoors.h"
 #include "Strip.h"
+#include "StripLayout.h"
 #include "TestHost.h"
 
 #include <gtest/gtest.h>
@@ -354,6 +355,24 @@ TEST_F(StripFeedTest, aFingerThatLeavesAButtonOfTheSheetLeavesItOpen) {
     EXPECT_EQ(StripModel::Sheet::kHelp, strip.model().sheet());
     tap(240, 300);
     EXPECT_EQ(StripModel::Sheet::kNone, strip.model().sheet());
+}
+
+TEST_F(StripFeedTest, aListThatChangesUnderTheFingerChoosesNoOtherDevice) {
+    std::vector<int32_t> used;
+    strip.wishes().on(Kind::kUseMicrophone,
+                      [&used](const StripWish& wish) { used.push_back(wish.index); });
+    go("Record", 0);
+    const std::vector<std::string> names[] = {{"Headset"}, {"Camera"}};
+    for (const std::vector<std::string>& after : names) {
+        strip.model().setMicrophones({"Headset"}, StripWish::kSystemsChoice);
+        strip.model().showMicrophones();
+        const ScreenPlace second = StripLayout::choice(1);
+        EXPECT_TRUE(strip.touch(HostListener::Touch::kPress, 240, 2 * second.y + 10, 0));
+        strip.model().setMicrophones(after, StripWish::kSystemsChoice);
+        EXPECT_TRUE(strip.touch(HostListener::Touch::kRelease, 240, 2 * second.y + 10, 0));
+    }
+    EXPECT_EQ(std::vector<int32_t>{0}, used);  // the second time it was another device
+    EXPECT_EQ(StripModel::Sheet::kMicrophones, strip.model().sheet());
 }
 
 TEST_F(StripFeedTest, aHostFulfilsWhatItHandles) {

@@ -310,6 +310,18 @@ TEST(StripModel, aLongListTurnsPages) {
     EXPECT_EQ(wish(Kind::kUseMicrophone, 11), tapOn(model, rest[3].place));
 }
 
+TEST(StripModel, aListThatShrinksWhileItsSecondPageIsOpenShowsItsFirst) {
+    StripModel model = on("Record");
+    model.setMicrophones(std::vector<std::string>(14, "Ear"), StripWish::kSystemsChoice);
+    model.showMicrophones();
+    tapOn(model, buttonsOf(model, Kind::kMicrophones).back().place);
+    EXPECT_EQ(8, buttonsOf(model, Kind::kUseMicrophone).at(0).wish.index);
+    model.setMicrophones({"Ear"}, StripWish::kSystemsChoice);
+    const std::vector<StripButton> choices = buttonsOf(model, Kind::kUseMicrophone);
+    ASSERT_EQ(2U, choices.size());
+    EXPECT_EQ(StripWish::kSystemsChoice, choices[0].wish.index);
+}
+
 TEST(StripModel, aTapBesideTheSheetClosesIt) {
     StripModel model = on("Play");
     model.showHelp({"Keys"});
