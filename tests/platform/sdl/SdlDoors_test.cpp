@@ -304,6 +304,24 @@ TEST_F(SdlDoorsTest, anOfferedSoundThatIsStillReadGivesWayToARecordingToo) {
     EXPECT_EQ("voice.wav is not used, for a recording has begun.\n", error());
 }
 
+TEST_F(SdlDoorsTest, theLastTakeThatWaitsGivesWayToARecordingAndIsToldToo) {
+    takes.recorded(TestSounds::noise(160));
+    program.open = false;
+    doors.bringBackLater();
+    EXPECT_FALSE(doors.deliver());
+    while (doors.isBusy()) {
+        EXPECT_FALSE(doors.deliver());
+    }
+    program.screen = "Recording";
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_EQ("Last recording is not used, for a recording has begun.\n", error());
+    program.screen = "Play";
+    program.open = true;
+    EXPECT_FALSE(doors.deliver());
+    EXPECT_TRUE(program.taken.empty());
+}
+
 TEST_F(SdlDoorsTest, aFileThatComesBeforeTheMenuWaitsForIt) {
     const Samples voice = TestSounds::noise(160);
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
