@@ -39,7 +39,7 @@ bool SdlPictures::isDue() {
     }
     const int64_t stripMs = strip.strip().dueMs();
     const bool isStripDue = stripMs != DueTime::kNever && nowUs() / kUsPerMs >= stripMs;
-    if (frameIsNew || isStripDue) {
+    if (frameIsNew || isStripDue || strip.strip().isNew()) {
         strip.strip().feed().setLastTake(takes.isThere(), takes.isPrograms());
         strip.look();
     }

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Pictures are looked at and drawn at the right times, without a window.
 #include "DueTime.h"
+#include "QuietDoors.h"
 #include "SdlPictures.h"
 #include "TestFolders.h"
 #include "TestHost.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -52,6 +55,29 @@ TEST_F(SdlPicturesTest, whatIsDueBeforeTheNextRefreshWaitsForIt) {
     pictures.presentIfDue(nullptr);
     EXPECT_TRUE(strip.strip().model().lines().empty());
     EXPECT_EQ(DueTime::kNever, pictures.dueMs());
+}
+
+TEST_F(SdlPicturesTest, aTakeThatWasForgottenIsNotOfferedUntilTheNextFrame) {
+    QuietDoors doors;
+    doors.screen = "Play";
+    strip.strip().setDoors(&doors);
+    strip.strip().model().setOffersMore(true);
+    takes.recorded(std::vector<int16_t>(16, 1));
+    pictures.show(&frame);
+    pictures.presentIfDue(nullptr);
+    const auto offers = [this] {
+        strip.strip().model().showHelp({"Keys"});
+        const std::vector<StripButton> all = strip.strip().model().buttons();
+        return std::any_of(all.begin(), all.end(), [](const StripButton& button) {
+            return button.wish.kind == StripWish::Kind::kForget && button.isEnabled;
+        });
+    };
+    EXPECT_TRUE(offers());
+    EXPECT_EQ("", takes.forget());
+    clockUs = pictures.dueMs() * kUsPerMs;
+    pictures.presentIfDue(nullptr);  // no frame of the program, but a new sheet
+    EXPECT_FALSE(offers());
+    strip.strip().setDoors(nullptr);
 }
 
 TEST_F(SdlPicturesTest, withoutAFrameNothingIsDue) {
