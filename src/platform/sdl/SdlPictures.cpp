@@ -81,6 +81,9 @@ void SdlPictures::speak(const ScreenTexts& texts) {
             message += (message.empty() ? "" : " ") + row;
         }
     }
+    if (const StripButton action = model.action(); action.wish) {
+        message += " " + action.name;
+    }
     const bool isCovered = strip.strip().coversPicture();
     speech.say(spoken.change(isCovered ? model.sheetTexts() : texts, message), texts.language);
 }

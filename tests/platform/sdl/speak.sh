@@ -76,6 +76,10 @@ xdotool key m
 until_true was_said "Welches Mikrofon?" || fail "the list of microphones was not read"
 xdotool key Up
 until_true was_said "Schließen" || fail "the focus on the list was not read"
+# A message is read with the word of what it offers.
+xdotool key Escape F12
+until_true was_said "Bildschirmfoto" || fail "the message of a picture was not read"
+until_true was_said "Anzeigen" || fail "what the message offers was not read"
 kill $speaking
 wait $speaking || fail "the speaking program ended badly"
 
