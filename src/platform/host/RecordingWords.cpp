@@ -209,6 +209,12 @@ constexpr HostWords::Row kRows[] = {
      "La grabación se ha eliminado.",
      "L’enregistrement est\u00A0supprimé.",
      "La registrazione è stata eliminata."},
+    {"takeReplaced",
+     "{1} replaces the recording.",
+     "{1} ersetzt die Aufnahme.",
+     "{1} sustituye a la grabación.",
+     "{1} remplace\u00A0l’enregistrement.",
+     "{1} sostituisce la registrazione."},
     // The last recording
     {"lastTake", "Last recording", "Letzte Aufnahme", "Última grabación", "Dernier enregistrement", "Ultima registrazione"},
     {"takeIsBack",

@@ -43,6 +43,7 @@ void SdlDoors::setDoors(HostDoors* offeredDoors) {
 
 void SdlDoors::takeIsGone() {
     takes.letGo();
+    isFromFile = false;
     savedEffect = -1;
 }
 
@@ -158,11 +159,16 @@ bool SdlDoors::useFile(const std::string& nameOrUri) {
 }
 
 bool SdlDoors::take(const ReadSound& sound) {
+    const bool isUnsaved = !isFromFile && savedEffect < 0 && doors->canSave() && takes.isPrograms();
     if (!doors->useSound(sound.samples.data(), static_cast<int32_t>(sound.samples.size()))) {
         return false;
     }
     takes.used(sound.samples);
+    isFromFile = true;
     savedEffect = -1;
+    if (isUnsaved) {
+        tell({"takeReplaced", {sound.name}});
+    }
     if (sound.isCut) {
         tell({"firstSeconds", {sound.name}});
     }
@@ -236,6 +242,7 @@ bool SdlDoors::useTake(const std::vector<int16_t>& samples) {
         return false;
     }
     takes.broughtBack();
+    isFromFile = false;
     savedEffect = -1;
     tell({"takeIsBack", {}});
     return true;

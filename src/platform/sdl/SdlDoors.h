@@ -141,6 +141,7 @@ private:
     bool bringsBack = false;
     bool exportsNext = false;  // true: the next sound that is saved
     bool hasDropped = false;   // true: the first file of this drop has come
+    bool isFromFile = false;   // the take came from a file, and was not brought back
     int32_t savedBefore = 0;
     int32_t savedEffect = -1;  // of the sound that was saved last; -1: none of this take
     std::function<void(const std::string& path)> tellPicture;

@@ -26,8 +26,21 @@ StripWish actionOf(const HostMessage& message) {
     } else if (row == "noMicrophone" || row == "microphoneUnusable" || row == "microphoneAway" ||
                row == "microphoneLeft") {
         wish.kind = Kind::kMicrophones;
+    } else if (row == "takeReplaced") {
+        wish.kind = Kind::kBringBack;
     }
     return wish;
+}
+
+const char* wordOf(const StripWish& wish) {
+    switch (wish.kind) {
+    case Kind::kShowFile:
+        return "show";
+    case Kind::kBringBack:
+        return "bringBack";
+    default:
+        return "choose";
+    }
 }
 
 }  // namespace
@@ -67,9 +80,7 @@ void SdlStrip::tell(const HostMessage& message) {
     for (std::string& part : shown.parts) {
         part = row.model().pathForMessage(ProgramFolders::shown(part));
     }
-    row.model().tell(shown.text(language), wish,
-                     HostWords::text(wish.kind == Kind::kShowFile ? "show" : "choose", language),
-                     nowMs());
+    row.model().tell(shown.text(language), wish, HostWords::text(wordOf(wish), language), nowMs());
 }
 
 void SdlStrip::tellPicture(const std::string& path) {

@@ -182,6 +182,22 @@ TEST_F(SdlDoorsTest, aDroppedFileBecomesTheTake) {
     EXPECT_EQ("", error());
 }
 
+TEST_F(SdlDoorsTest, aFileThatReplacesARecordingWhichIsNotSavedSaysSo) {
+    folders.write("a.wav", TestSounds::wav(TestSounds::noise(1600), 16000));
+    const auto dropped = [this] {
+        doors.useFile(folders.path("a.wav"));
+        EXPECT_TRUE(delivered());
+        return error();
+    };
+    takes.recorded(TestSounds::noise(160));
+    EXPECT_EQ("a.wav replaces the recording.\n", dropped());
+    EXPECT_EQ("", dropped());  // it replaces a file
+    takes.recorded(TestSounds::noise(160));
+    program.saved++;
+    doors.tellSaved();
+    EXPECT_EQ("", dropped());  // the recording is saved
+}
+
 TEST_F(SdlDoorsTest, aDroppedAddressBecomesTheTake) {
     const Samples voice = TestSounds::noise(1600);
     folders.write("a voice.wav", TestSounds::wav(voice, 16000));

@@ -83,6 +83,13 @@ TEST_F(SdlStripTest, messagesOfFilesOfferToShowThem) {
     EXPECT_EQ("/home/me/Music/a.mp3", strip.strip().model().action().wish.path);
 }
 
+TEST_F(SdlStripTest, aRecordingThatAFileReplacedIsOffered) {
+    start();
+    strip.tell(HostMessage{"takeReplaced", {"a.wav"}});
+    EXPECT_EQ(Kind::kBringBack, strip.strip().model().action().wish.kind);
+    EXPECT_EQ("Bring back", strip.strip().model().action().name);
+}
+
 TEST_F(SdlStripTest, messagesOfMicrophonesOfferAnotherOne) {
     for (const HostMessage& message :
          {HostMessage{"noMicrophone", {"why"}}, HostMessage{"microphoneUnusable", {"A", "why"}},
