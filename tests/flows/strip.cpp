@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // strip-states FOLDER LANGUAGE: takes pictures of the strip in each of its states, as
 // FOLDER/STATE.png, and of its sheets over the picture, as FOLDER/over-STATE.png.
+#include "FxCatalogue.h"
 #include "Host.h"
 #include "HostMessage.h"
 #include "HostWords.h"

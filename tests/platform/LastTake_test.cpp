@@ -42,7 +42,7 @@ protected:
 
 class TakeKeeperTest : public LastTakeTest {
 protected:
-    TakeKeeper::Complain note() {
+    TakeKeeper::Report note() {
         return [this](const HostMessage& message, const std::string& sentence) {
             told.push_back(message.text("en"));
             sentences.push_back(sentence);

@@ -5,9 +5,8 @@
 #include "SoundFile.h"
 #include "SoundFormats.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <unistd.h>
 #include <vector>
@@ -46,7 +45,7 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
     }
     errno = 0;
     Problem problem =
-        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), format);
+        SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), *format);
     if (problem && errno != 0) {
         problem = SafeFile::lastError();  // without the unfinished file's name
     }

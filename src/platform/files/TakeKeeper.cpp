@@ -11,13 +11,13 @@ constexpr int64_t kTenthSamples = HostMicrophone::kRateHz / 10;
 
 }  // namespace
 
-TakeKeeper::TakeKeeper(std::string folder, Complain complain, Later later)
+TakeKeeper::TakeKeeper(std::string folder, Report report, Later later)
     : last(std::move(folder))
-    , reportError(std::move(reportError))
+    , report(std::move(report))
     , later(std::move(later)) {}
 
 void TakeKeeper::keep(const std::vector<int16_t>& samples) {
-    complainOf(write(samples));
+    reportError(write(samples));
 }
 
 Problem TakeKeeper::write(const std::vector<int16_t>& samples) {
@@ -28,12 +28,12 @@ Problem TakeKeeper::write(const std::vector<int16_t>& samples) {
     return problem;
 }
 
-void TakeKeeper::complainOf(const Problem& problem) {
+void TakeKeeper::reportError(const Problem& problem) {
     if (problem) {
         const HostMessage whole = {"notKept", {problem.sentence()}};
-        complain(last.isDiskFull() ? HostMessage{"noRoomForCopy", {}}
-                                   : HostMessage{"notKept", {LastTake::reasonOf(problem)}},
-                 whole.text("en"));
+        report(last.isDiskFull() ? HostMessage{"noRoomForCopy", {}}
+                                 : HostMessage{"notKept", {LastTake::reasonOf(problem)}},
+               whole.text("en"));
     }
 }
 
@@ -66,7 +66,7 @@ void TakeKeeper::end() {
     if (problem && last.isDiskFull()) {
         keepWhatFits();
     } else {
-        complainOf(problem);
+        reportError(problem);
     }
 }
 
@@ -74,19 +74,19 @@ void TakeKeeper::keepWhatFits() {
     const size_t all = last.waiting().size();
     size_t kept = 0;
     if (const Problem problem = last.writeWhatFits(kept)) {
-        complainOf(problem);
+        reportError(problem);
         return;
     }
     if (later) {
         later([settled = last] { return settled.settle(); });
     } else {
-        complainOf(last.settle());
+        reportError(last.settle());
     }
     if (kept < all) {
         HostMessage message{"diskFull", {}};
         message.tenths = {static_cast<int64_t>(kept) / kTenthSamples,
                           (static_cast<int64_t>(all) + kTenthSamples / 2) / kTenthSamples};
-        complain(message, message.text("en"));
+        report(message, message.text("en"));
     }
 }
 

@@ -16,15 +16,15 @@
 class TakeKeeper {
 public:
     /// @param sentence  in English, with the file's name
-    using Complain = std::function<void(const HostMessage& message, const std::string& sentence)>;
+    using Report = std::function<void(const HostMessage& message, const std::string& sentence)>;
 
-    /// Runs LastTake::settle() on another thread, and calls complainOf() with what it returns.
+    /// Runs LastTake::settle() on another thread, and calls reportError() with what it returns.
     using Later = std::function<void(std::function<Problem()> settle)>;
 
     /// @param folder    as for LastTake
-    /// @param complain  called each time that a take could not be kept, or not whole
+    /// @param report    called each time that a take could not be kept, or not whole
     /// @param later     empty: the keeper itself waits for the disk
-    TakeKeeper(std::string folder, ReportError reportError, Later later = {});
+    TakeKeeper(std::string folder, Report report, Later later = {});
 
     /// A recording has ended.
     /// @param samples  empty: it is the program's take, but is not to be kept
@@ -42,7 +42,7 @@ public:
     void end();
 
     /// Tells that the take is not kept. Does nothing without a problem.
-    void complainOf(const Problem& problem);
+    void reportError(const Problem& problem);
 
     /// Reads the last take. Use broughtBack() once it is the program's.
     Problem bringBack(std::vector<int16_t>& samples) const { return last.bringBack(samples); }
@@ -69,7 +69,7 @@ private:
     void keepWhatFits();
 
     LastTake last;
-    ReportError reportError;
+    Report report;
     Later later;
     bool isNewest = false;  // the program's newest take is kept, or will be by letGo()
     std::vector<int16_t>

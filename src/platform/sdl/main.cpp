@@ -151,7 +151,7 @@ bool handOver(const SdlOptions& options, FolderLocks& locks, Problem& problem) {
 int run(int argc,
         char** argv,
         SdlOptions options,
-        const Complaints& complaints,
+        const StartErrors& errors,
         std::optional<FolderLocks>& locks) {
     int result = EXIT_SUCCESS;
     SdlHost host(std::move(options));
@@ -254,5 +254,5 @@ int main(int argc, char** argv) {
     if (problem) {
         return errors.tell(problem.sentence());
     }
-    return run(argc, argv, std::move(options), complaints, locks);
+    return run(argc, argv, std::move(options), errors, locks);
 }

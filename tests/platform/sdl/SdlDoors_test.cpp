@@ -136,7 +136,7 @@ protected:
     HostFolders mapped;
     NotingDoors program;
     std::mutex mutex;
-    std::condition_variable roused;
+    std::condition_variable woken;
     TakeKeeper takes{folders.path("state"), [](const HostMessage&, const std::string&) {}};
     SdlDoors doors{mapped, takes,
                    [this](const HostMessage& message) { host.tell(message, message.text("en")); },
