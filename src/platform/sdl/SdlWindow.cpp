@@ -251,6 +251,11 @@ void SdlWindow::raise() {
         SDL_RestoreWindow(window);
     }
     SDL_RaiseWindow(window);
+    const char* driver = SDL_GetCurrentVideoDriver();
+    if (driver != nullptr && SDL_strcmp(driver, "wayland") == 0) {
+        // Most Wayland desktops let no program raise itself; they mark the window instead.
+        SDL_FlashWindow(window, SDL_FLASH_UNTIL_FOCUSED);
+    }
 }
 
 void SdlWindow::setTitle(const std::string& text) {
