@@ -16,8 +16,8 @@ set(CPACK_PACKAGE_DESCRIPTION
 giant, a hurried talker, a drunk or itself backwards, and plays it back. A
 small glass marble on an old cassette recorder shows which.
 
-Every result can be saved as a WAV file, and the texts come in several
-languages.
+Every result can be saved as WAV, FLAC, Ogg, Opus or MP3, and the texts come
+in several languages.
 
 Besides the program in a window there is murmelo-fx, which applies the
 effects to sound files on the command line, and murmelo-headless, which runs

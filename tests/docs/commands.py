@@ -153,7 +153,8 @@ class Folder:
         for path in results:
             self.remove(path)
         done = subprocess.run(["bash", "-e", "-o", "pipefail", "-c", command], cwd=where, env=self.environment,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False,
+                              timeout=300)  # such as a command that builds, and is not in the list
         if done.returncode != 0:
             return "status %d: %s" % (done.returncode, done.stderr.decode(errors="replace").strip())
         if done.stderr:
