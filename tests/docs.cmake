@@ -5,6 +5,8 @@ add_test(NAME docs/behaviour-names
     COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/docs/behaviour-names.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/commands
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/commands.py ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+add_test(NAME docs/lists
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/lists.py ${CMAKE_CTEST_COMMAND} ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/many-files
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/many-files.py $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/effects

@@ -170,7 +170,9 @@ std::vector<int16_t> PlainWav::readTake(const uint8_t* bytes, size_t count) {
         return {};
     }
     Samples samples((count - WavHeader::kBytes) / sizeof(int16_t));
-    std::memcpy(samples.data(), bytes + WavHeader::kBytes, samples.size() * sizeof(int16_t));
+    if (!samples.empty()) {
+        std::memcpy(samples.data(), bytes + WavHeader::kBytes, samples.size() * sizeof(int16_t));
+    }
     const std::vector<uint8_t> written =
         toFile(samples.data(), static_cast<int32_t>(samples.size()), HostMicrophone::kRateHz);
     const bool isOwn = written.size() == count && std::memcmp(written.data(), bytes, count) == 0;
@@ -203,7 +205,9 @@ std::vector<uint8_t> PlainWav::toFile(const int16_t* samples, int32_t count, int
     number(8 * kSampleBytes, 2);
     letters("data");
     number(dataBytes, 4);
-    std::memcpy(next, samples, dataBytes);  // every host is little-endian, as the file is
+    if (count > 0) {
+        std::memcpy(next, samples, dataBytes);  // every host is little-endian, as the file is
+    }
     return file;
 }
 
