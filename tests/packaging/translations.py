@@ -3,9 +3,11 @@
 """translations.py SOURCE: compares the man pages in other languages with the English ones, as far as a program can.
 
 A translation has the sections, paragraphs and entries of the English page in their order, the same options, effects,
-variables and files as their tags, the same numbers, and the same examples. No sentence is left in English, and each page
-renders without a warning.
+variables and files as their tags, the same numbers, and the same examples. No sentence is left in English, each page renders
+without a warning, and no English entry has changed since it was translated (tools/man-translations notes that).
 """
+import importlib.machinery
+import importlib.util
 import os
 import re
 import subprocess
@@ -58,6 +60,27 @@ def warnings(path):
     return output
 
 
+def notes_of(source):
+    sys.dont_write_bytecode = True
+    loader = importlib.machinery.SourceFileLoader("man_translations", source + "/tools/man-translations")
+    module = importlib.util.module_from_spec(importlib.util.spec_from_loader(loader.name, loader))
+    loader.exec_module(module)
+    return module
+
+
+def changed_entries_are_named(notes):
+    """With a changed, a new or a removed entry, and with a comment, which is no text."""
+    english = '.\\" a comment\n.TH A\n.SH NAME\na \\- b\n.SH OPTIONS\n.TP\n.B \\-\\-one\nOne.\n.TP\n.B \\-\\-two\nTwo.\n'
+    translated = "".join(notes.NOTE + digest + "\n" for _, digest in notes.entries(english))
+    same = [english, english.replace("a comment", "another"), english.replace("One.\n", "One.\n.\\\" more\n")]
+    changed = {"OPTIONS: .B \\-\\-one": english.replace("One.", "One more."),
+               "OPTIONS: .B \\-\\-three": english + ".TP\n.B \\-\\-three\nThree.\n"}
+    wrong = [text for text in same if notes.outdated(translated, text)]
+    wrong += [text for name, text in changed.items() if notes.outdated(translated, text) != [name]]
+    wrong += [] if len(notes.outdated("no notes", english)) == 4 else ["a translation without notes passes"]
+    return wrong
+
+
 def problems(path, page, english, translated):
     for what, read in (("its parts", structure), ("the tags of its entries", tags), ("the numbers", numbers),
                        ("the examples", examples)):
@@ -78,6 +101,10 @@ def problems(path, page, english, translated):
 
 
 def main(source):
+    notes = notes_of(source)
+    wrong = changed_entries_are_named(notes)
+    if wrong:
+        sys.exit("tools/man-translations is wrong about: %s" % wrong)
     errors = 0
     languages = sorted(folder.name for folder in os.scandir(source + "/docs/man") if folder.is_dir())
     if not languages:
@@ -89,7 +116,9 @@ def main(source):
             path = "%s/docs/man/%s/%s.1" % (source, language, page)
             with open(path, encoding="utf-8") as file:
                 translated = file.read()
-            for problem in problems(path, page, english, translated):
+            old = ['the English text of "%s" has changed (tools/man-translations, when it is translated)' % name
+                   for name in notes.outdated(translated, english)]
+            for problem in old + list(problems(path, page, english, notes.without_notes(translated))):
                 print("%s/%s.1: %s" % (language, page, problem))
                 errors += 1
     sys.exit(1 if errors else 0)
