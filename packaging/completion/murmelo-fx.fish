@@ -28,7 +28,7 @@ complete -c murmelo-fx -n 'not __murmelo_fx_wants_effect' -F
 complete -c murmelo-fx -s h -l help -d 'Show a summary and exit'
 complete -c murmelo-fx -l version -d 'Show the version and exit'
 complete -c murmelo-fx -l list -d 'Name the effects'
-complete -c murmelo-fx -l measure -d 'Tell length, level and pitch of each input'
+complete -c murmelo-fx -l measure -d 'Print length, level and pitch of each input'
 complete -c murmelo-fx -l clean -d 'Clean the recording up first (default)'
 complete -c murmelo-fx -l no-clean -d 'Do not clean the recording up'
 complete -c murmelo-fx -l seed -x -d 'Repeatable noise for robot and flip'

@@ -117,7 +117,7 @@ Problem FxOptions::parse(int argc, char** argv) {
     app.footer(footer());
     app.set_version_flag("--version", "murmelo-fx " MURMELO_VERSION);
     app.add_flag("--list", list, "Name the effects");
-    app.add_flag("--measure", measure, "Tell length, level and pitch of each input");
+    app.add_flag("--measure", measure, "Print length, level and pitch of each input");
     app.add_flag("--clean,!--no-clean", clean,
                  "Clean the recording up first, as the application does (default)");
     CLI::Option* seedOption =

@@ -10,6 +10,7 @@
 #include "ShellHost.h"
 #include "SoundMeter.h"
 #include "SoundReader.h"
+#include "UsageError.h"
 #include "WavFile.h"
 
 #include <cmath>
@@ -162,7 +163,8 @@ int applyAll(const FxOptions& options, ProgressLine& progress) {
 int main(int argc, char** argv) {
     FxOptions options;
     if (const Problem mistake = options.parse(argc, argv)) {
-        return reportError(mistake.sentence() + " (see murmelo-fx --help)", kUsage);
+        std::cerr << usageError("murmelo-fx", mistake.sentence());
+        return kUsage;
     }
     ProgressLine progress;
     switch (options.task) {

@@ -28,7 +28,7 @@ PRELUDE = ["mic hello.wav", "wait 3100"]  # past the start picture
 
 # Errors of a script that are expected: the monkey has asked for something that this screen does not offer, or has quit.
 FINE = re.compile(r"^murmelo-headless: script: line \d+: (the program has ended|nothing can be saved on screen \"\w*\"|"
-                  r"a sound cannot be taken on screen \"\w*\"|there is no picture yet|the program has no doors yet)$")
+                  r"a sound cannot be taken on screen \"\w*\"|there is no picture yet|the program has not started yet)$")
 
 # Commands that the monkey does not give: expectations and waits for a screen, which would end the journey on other
 # screens; those that name a file of the sound folder or of the sound devices; those that need an option of the program.

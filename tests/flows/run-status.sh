@@ -45,28 +45,25 @@ line() {
 case $1 in
 script-mistakes)
     line 2 'there is no command "jump"' 'jump 3'
-    line 2 '"tap" wants more' 'tap 3'
+    line 2 '"tap" needs X Y' 'tap 3'
     line 2 '"x" is not a number' 'tap 3 x'
     line 2 '"9" is too much' 'tap 3 4 9'
-    line 2 '"key" wants left, middle or right' 'key up'
-    line 2 '"expect" wants screen, file, no file, effect or ended' 'expect'
-    line 2 '"lose" wants microphone or speaker' 'lose voice'
+    line 2 '"key" needs left, middle or right' 'key up'
+    line 2 '"expect" needs screen, file, no file, effect or ended' 'expect'
+    line 2 '"lose" needs microphone or speaker' 'lose voice'
     line 2 'there is no screen "Menu", only Splash, FirstLang, ' 'until Menu'
     line 2 'there is no operation "Write", only AppRegistry.Write, ' 'fail Write 1'
     expect 2 'the script "none" cannot be read' "${run[@]}" none
     head -c 4096 /dev/urandom | tr -d '#\n' | sed 's/^/x/' >noise
     expect 2 'line 1: there is no command' "${run[@]}" noise
     printf 'expect screen FirstLang\n\n# fine\nwait\n' >fourth
-    expect 2 'line 4: "wait" wants more' "${run[@]}" fourth
+    expect 2 'line 4: "wait" needs MS' "${run[@]}" fourth
     ;;
 usage)
     for words in '' '--nonsense fine' '--clock-start x fine' 'fine fine'; do
         # shellcheck disable=SC2086  # each word is an argument
-        "$program" $words >stdout 2>stderr
-        if [ $? != 2 ] || [ ! -s stderr ]; then
-            echo "status or error of: $words" >&2
-            failed=1
-        fi
+        expect 2 ' (see murmelo-headless --help)' "$program" $words
+        grep -q '^murmelo-headless: .' stderr || failed=1
     done
     expect 0 '' "$program" --help
     grep -q -- --home stdout || failed=1
@@ -76,6 +73,8 @@ failed-expectations)
     line 1 'expected screen "Play", found "FirstLang"' 'expect screen Play'
     line 1 'expected screen "Play", found "FirstLang"' 'until Play 50'
     line 1 'expected file "a.wav", there is none' 'expect file a.wav'
+    line 2 '"last" needs --state DIR' 'last'
+    line 2 '"forget" needs --state DIR' 'forget'
     line 1 'expected effect 3, found 0' 'expect effect 3'
     line 1 'expected the program to have ended' 'expect ended'
     line 1 'there is no file "a.wav" to remove' 'remove a.wav'

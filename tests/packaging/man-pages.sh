@@ -23,6 +23,10 @@ grep -oE -- "(^| )$option" "$folder/entries" | tr -d ' ' | sort -u >"$folder/wri
 [ "$(wc -l <"$folder/helped")" -ge 7 ] || report_error "--help names too few options: $(cat "$folder/helped")"
 diff "$folder/helped" "$folder/written" || report_error "--help (<) and the man page (>) have other options"
 
+"$program" --nonsense >"$folder/stdout" 2>"$folder/stderr" && report_error "an unknown option is accepted"
+[[ $(cat "$folder/stdout" "$folder/stderr") =~ ^"$name: "[^$'\n']+" (see $name --help)"$ ]] ||
+    report_error "an unknown option is reported as: $(cat "$folder/stdout" "$folder/stderr")"
+
 case $name in
 murmelo-fx)
     for effect in $("$program" --list | cut -d ' ' -f 1); do

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -60,7 +61,7 @@ Problem checkValues(const ScriptCommand& command) {
             return "the calls of an operation count from 1";
         }
         if (argument.kind == Kind::kTimeMs && *number < 0) {
-            return "time does not go back";
+            return "a time must be at least 0";
         }
         number++;
     }
@@ -103,12 +104,18 @@ Problem checkWord(const ScriptVerb& verb,
     if (argument.kind == Kind::kWord) {
         return Problem::none();
     }
+    if (argument.kind == Kind::kPngFile) {
+        constexpr std::string_view kEnding = ".png";
+        return std::string_view(word).ends_with(kEnding)
+                   ? Problem::none()
+                   : Problem("the name of a picture must end in .png");
+    }
     const std::vector<std::string> choices = choicesOf(argument, screens);
     if (std::find(choices.begin(), choices.end(), word) != choices.end()) {
         return Problem::none();
     }
     if (argument.kind == Kind::kChoice) {
-        return std::string("\"") + verb.name + "\" wants " + joined(choices);
+        return std::string("\"") + verb.name + "\" needs " + joined(choices);
     }
     return std::string("there is no ") + (argument.kind == Kind::kScreen ? "screen" : "operation") +
            " \"" + word + "\", only " + joined(choices);
@@ -124,7 +131,7 @@ std::string noVerb(const std::string& firstWord) {
         }
     }
     return choices.empty() ? "there is no command \"" + firstWord + "\""
-                           : "\"" + firstWord + "\" wants " + joined(choices);
+                           : "\"" + firstWord + "\" needs " + joined(choices);
 }
 
 /// Reads the arguments, which begin at words[at], into command.
@@ -138,7 +145,8 @@ Problem readArguments(const std::vector<std::string>& words,
             break;
         }
         if (at == words.size()) {
-            return std::string("\"") + verb.name + "\" wants more";
+            return std::string("\"") + verb.name + "\" needs" +
+                   verb.form().substr(std::string(verb.name).size());
         }
         const std::string& word = words[at++];
         int64_t number = 0;

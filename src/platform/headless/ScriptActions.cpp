@@ -182,7 +182,7 @@ void ScriptRun::take(const ScriptCommand& command) {
 }
 
 void ScriptRun::last(const ScriptCommand& command) {
-    if (!hasDoors(command)) {
+    if (!hasState(command) || !hasDoors(command)) {
         return;
     }
     std::vector<int16_t> samples;
@@ -200,6 +200,9 @@ void ScriptRun::last(const ScriptCommand& command) {
 }
 
 void ScriptRun::forget(const ScriptCommand& command) {
+    if (!hasState(command)) {
+        return;
+    }
     if (const Problem problem = host.takes().forget()) {
         fail(command, problem.sentence());
     }
@@ -250,9 +253,16 @@ void ScriptRun::expectEnded(const ScriptCommand& command) {
 
 bool ScriptRun::hasDoors(const ScriptCommand& command) {
     if (host.openDoors() == nullptr) {
-        fail(command, "the program has no doors yet");
+        fail(command, "the program has not started yet");
     }
     return host.openDoors() != nullptr;
+}
+
+bool ScriptRun::hasState(const ScriptCommand& command) {
+    if (host.folders().state.empty()) {
+        mistake(command, inQuotes(command.verb->name) + " needs --state DIR");
+    }
+    return !host.folders().state.empty();
 }
 
 void ScriptRun::writeCanvas(const ScriptCommand& command, const std::string& path) {

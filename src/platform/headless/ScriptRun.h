@@ -85,6 +85,9 @@ private:
 
     /// True if the program has doors; else false, and the run has failed.
     bool hasDoors(const ScriptCommand& command);
+
+    /// True if the program keeps the last take; else false, and the run ends with a mistake.
+    bool hasState(const ScriptCommand& command);
     void waitFor(int64_t ms, const std::string& screen = "");
     std::string soundPath(const std::string& name) const;
     bool soundFileExists(const std::string& name) const;

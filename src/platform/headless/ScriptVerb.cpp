@@ -17,7 +17,7 @@ constexpr ScriptArgument kLongestMs{Kind::kTimeMs, "MS", true};
 constexpr ScriptArgument kScreen{Kind::kScreen, "SCREEN"};
 constexpr ScriptArgument kFile{Kind::kWord, "FILE"};
 constexpr ScriptArgument kWavFile{Kind::kWord, "FILE.wav"};
-constexpr ScriptArgument kPngFile{Kind::kWord, "FILE.png"};
+constexpr ScriptArgument kPngFile{Kind::kPngFile, "FILE.png"};
 constexpr ScriptArgument kName{Kind::kWord, "NAME"};
 constexpr ScriptArgument kOnOff{Kind::kChoice, "on|off"};
 
@@ -26,7 +26,7 @@ constexpr ScriptVerb kVerbs[] = {
      {kX, kY},
      Sort::kAction,
      &ScriptRun::tap,
-     "sets the finger down and lifts it, in pixels of the 480 x 800 display"},
+     "sets the finger down and lifts it, in pixels of the 480 x 800 display or outside it"},
     {"press", {kX, kY}, Sort::kAction, &ScriptRun::press, "sets the finger down"},
     {"move", {kX, kY}, Sort::kAction, &ScriptRun::move, "moves the finger"},
     {"release", {kX, kY}, Sort::kAction, &ScriptRun::release, "lifts the finger"},
@@ -50,7 +50,7 @@ constexpr ScriptVerb kVerbs[] = {
      {kMs},
      Sort::kAction,
      &ScriptRun::still,
-     "lets time pass in which nothing may be due"},
+     "lets time pass, and fails if anything is due"},
     {"until",
      {kScreen, kLongestMs},
      Sort::kAction,
@@ -85,7 +85,7 @@ constexpr ScriptVerb kVerbs[] = {
      {{{Kind::kChoice, "microphone|speaker"}}},
      Sort::kAction,
      &ScriptRun::lose,
-     "lets the device that records or plays die; fails if it is not in use"},
+     "removes the device that records or plays; fails if it is not in use"},
     {"shot", {kPngFile}, Sort::kAction, &ScriptRun::shot, "writes a picture of the display"},
     {"shot-canvas",
      {kPngFile},

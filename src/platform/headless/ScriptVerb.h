@@ -17,6 +17,7 @@ struct ScriptArgument {
     enum class Kind {
         kNone,
         kWord,       // any word
+        kPngFile,    // a word that ends in .png
         kChoice,     // one of the words in text
         kScreen,     // name of a screen
         kOperation,  // name of an operation of the platform (HostOperation)

@@ -9,6 +9,7 @@
 #include "RunVerdict.h"
 #include "ScreenTable.h"
 #include "Script.h"
+#include "UsageError.h"
 
 #include <algorithm>
 #include <array>
@@ -113,6 +114,9 @@ int main(int argc, char** argv) {
             script->required(false);
         },
         "Name what a script can hold: commands, operations that can fail, screens");
+    options.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
+        return usageError("murmelo-headless", error.what());
+    });
     try {
         options.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

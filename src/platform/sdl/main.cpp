@@ -9,6 +9,7 @@
 #include "SdlHost.h"
 #include "StartErrors.h"
 #include "StartSocket.h"
+#include "UsageError.h"
 
 #include <SDL.h>
 
@@ -214,7 +215,7 @@ int main(int argc, char** argv) {
         .add_option("--microphone", options.microphone, "A device, or a sound file instead of one")
         ->type_name("NAME|FILE.wav");
     parser.add_option("--speaker", options.speaker, "A device")->type_name("NAME");
-    parser.add_flag("--list-devices", listsDevices, "Tell the names of microphones and speakers");
+    parser.add_flag("--list-devices", listsDevices, "Print the names of microphones and speakers");
     parser.add_flag("--silent", options.silent,
                     "Ask before anything is played, as a phone in silent mode does");
     CLI::Option* file =
@@ -223,7 +224,10 @@ int main(int argc, char** argv) {
     parser.add_flag("--fullscreen", options.fullScreen, "Fill the screen; F11 leaves it");
     parser.add_flag("--speak", options.speaks, "Read aloud what the window shows");
     parser.add_flag("--from-desktop", fromDesktop,
-                    "Show what is wrong in a box: there is no terminal");
+                    "Also show start errors in a dialog box, for starts without a terminal");
+    parser.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
+        return usageError("murmelo", error.what());
+    });
     try {
         parser.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

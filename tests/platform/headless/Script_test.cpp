@@ -44,18 +44,21 @@ TEST(Script, namesTheLineOfAMistake) {
     EXPECT_EQ("line 1: \"x\" is not a number", mistakeIn("wait x"));
     EXPECT_EQ("line 1: \"12a\" is not a number", mistakeIn("tap 12a 3"));
     EXPECT_EQ("line 1: \"99999999999\" is not a number", mistakeIn("wait 99999999999"));
-    EXPECT_EQ("line 1: \"tap\" wants more", mistakeIn("tap 5"));
+    EXPECT_EQ("line 1: \"tap\" needs X Y", mistakeIn("tap 5"));
     EXPECT_EQ("line 1: \"6\" is too much", mistakeIn("wait 5 6"));
-    EXPECT_EQ("line 1: \"swipe\" wants left or right", mistakeIn("swipe up"));
-    EXPECT_EQ("line 1: \"lose\" wants microphone or speaker", mistakeIn("lose voice"));
+    EXPECT_EQ("line 1: \"swipe\" needs left or right", mistakeIn("swipe up"));
+    EXPECT_EQ("line 1: \"lose\" needs microphone or speaker", mistakeIn("lose voice"));
     EXPECT_EQ("line 1: the calls of an operation count from 1", mistakeIn("fail File.Write 0"));
-    EXPECT_EQ("line 1: time does not go back", mistakeIn("wait -5"));
+    EXPECT_EQ("line 1: a time must be at least 0", mistakeIn("wait -5"));
+    for (const char* line : {"shot a.gif", "shot-canvas png", "watch Play a.png.txt"}) {
+        EXPECT_EQ("line 1: the name of a picture must end in .png", mistakeIn(line));
+    }
 }
 
-TEST(Script, aWordThatIsNoneOfTheChoicesIsAnsweredWithThem) {
-    EXPECT_EQ("line 1: \"key\" wants left, middle or right", mistakeIn("key up"));
+TEST(Script, theMistakeOfAWrongWordNamesTheChoices) {
+    EXPECT_EQ("line 1: \"key\" needs left, middle or right", mistakeIn("key up"));
     for (const char* line : {"expect", "expect nothing", "expect no screen"}) {
-        EXPECT_EQ("line 1: \"expect\" wants screen, file, no file, effect or ended",
+        EXPECT_EQ("line 1: \"expect\" needs screen, file, no file, effect or ended",
                   mistakeIn(line));
     }
     for (const char* line : {"until Nowhere", "watch Nowhere a.png", "expect screen Nowhere"}) {
