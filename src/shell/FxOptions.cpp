@@ -89,7 +89,7 @@ std::string stemOf(const std::string& input) {
 
 std::string noEffect(const std::string& text) {
     const std::string nearest = EffectName::nearest(text);
-    return inQuotes(text) + " is no effect; " +
+    return inQuotes(text) + " is not an effect; " +
            (nearest.empty() ? "murmelo-fx --list names them"
                             : "did you mean " + inQuotes(nearest) + "?");
 }
@@ -156,7 +156,7 @@ Problem FxOptions::setTask(bool list, bool measure, const std::string& kindName)
         kind = SoundFormats::ofEnding(kindName);
         if (!kind) {
             return inQuotes(kindName) +
-                   " is no format for the output: " + SoundFormats::inWords("", "and") + " are";
+                   " is not a format for the output: " + SoundFormats::inWords("", "and") + " are";
         }
         if (!SoundWriter::isPossible(*kind)) {
             return cannotWrite(*kind);

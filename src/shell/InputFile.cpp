@@ -84,7 +84,7 @@ bool InputFile::keep(int pipe) {
         return reportError("cannot be read", stopped);
     }
     if (got > 0 && sizeBytes + got > kMaxPipedBytes) {
-        errorText = "more than 1 GiB came through the pipe, which is no sound for an effect";
+        errorText = "the pipe delivered more than 1 GiB, more than any effect can use";
         return false;
     }
     if (got > 0 || lseek(kept, 0, SEEK_SET) != 0) {

@@ -140,7 +140,7 @@ Sound SoundReader::read(const std::string& path) {
     const int32_t count = canonicalSamples(file);
     Sound sound = count >= 0 ? readCanonical(file, count) : readAnyKind(file, path);
     if (sound != nullptr && length(sound.get()) == 0) {
-        return refuse("holds no sound, not one sample of 8 kHz");
+        return refuse("is empty: it has less than one sample at 8 kHz");
     }
     return sound;
 }
@@ -194,7 +194,7 @@ Sound SoundReader::readAnyKind(const InputFile& file, const std::string& path) {
     }
     const LibraryFile opened(openQuietly(file, path));
     if (opened == nullptr) {
-        return refuse("is no sound file that can be read (" + libraryError(nullptr) + ")");
+        return refuse("is not a sound file that can be read (" + libraryError(nullptr) + ")");
     }
     std::vector<int32_t> samples;
     if (!convertAll(opened.get(), samples)) {

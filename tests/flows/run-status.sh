@@ -147,11 +147,11 @@ sound-folder)
 lock-in-the-way)
     echo precious >mine
     ln -s ../mine home/.murmelo.lock
-    expect 1 '.murmelo.lock" is not the file that keeps a second program out' "${run[@]}" fine
+    expect 1 '.murmelo.lock" is not a lock file of Murmelo: remove it' "${run[@]}" fine
     [ "$(cat mine)" = precious ] && [ -L home/.murmelo.lock ] || failed=1
     rm home/.murmelo.lock
     mkfifo home/.murmelo.lock
-    expect 1 '.murmelo.lock" is not the file that keeps a second program out' "${run[@]}" fine
+    expect 1 '.murmelo.lock" is not a lock file of Murmelo: remove it' "${run[@]}" fine
     [ -p home/.murmelo.lock ] || failed=1
     ;;
 remove-stays-inside)

@@ -52,7 +52,7 @@ TEST(FileUri, anotherComputersFileIsRefused) {
 TEST(FileUri, whatIsNoAddressIsRefused) {
     for (const char* uri : {"file://", "file:///a%", "file:///a%2", "file:///a%zz", "file:///a%2g",
                             "file:///a%00b", "file://localhost"}) {
-        EXPECT_EQ("\"" + std::string(uri) + "\" is no address of a file", problemOf(uri));
+        EXPECT_EQ("\"" + std::string(uri) + "\" is not an address of a file", problemOf(uri));
     }
 }
 

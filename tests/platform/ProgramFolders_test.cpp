@@ -253,7 +253,7 @@ TEST(HomeLock, aLinkInItsPlaceIsNotFollowed) {
         folders.remove(kLock);
         ASSERT_EQ(0, symlink(target, folders.path(kLock).c_str()));
         EXPECT_EQ("\"" + folders.path("") + "/" + kLock +
-                      "\" is not the file that keeps a second program out: take it away",
+                      "\" is not a lock file of Murmelo: remove it",
                   HomeLock().take(folders.path("")));
         EXPECT_TRUE(std::filesystem::is_symlink(folders.path(kLock)));
     }
@@ -270,7 +270,7 @@ TEST(HomeLock, aPipeInItsPlaceStays) {
 
 TEST(HomeLock, aFolderOrASocketInItsPlaceIsCalledWhatItIs) {
     const TestFolders folders;
-    const std::string words = "is not the file that keeps a second program out: take it away";
+    const std::string words = "is not a lock file of Murmelo: remove it";
     folders.makeFolder(kLock);
     EXPECT_NE(std::string::npos, HomeLock().take(folders.path("")).sentence().find(words));
     EXPECT_TRUE(folders.has(kLock));

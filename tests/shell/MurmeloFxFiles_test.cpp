@@ -199,7 +199,7 @@ TEST_F(MurmeloFxFiles, anUnknownEffectIsAnsweredWithTheNearestOne) {
     for (const auto& [text, meant] : texts) {
         const shell::Result result = run({text, good, path("out.wav")});
         EXPECT_EQ(2, result.status);
-        EXPECT_EQ(std::string("murmelo-fx: \"") + text + "\" is no effect; did you mean \"" +
+        EXPECT_EQ(std::string("murmelo-fx: \"") + text + "\" is not an effect; did you mean \"" +
                       meant + "\"? (see murmelo-fx --help)\n",
                   result.err);
     }
@@ -208,7 +208,7 @@ TEST_F(MurmeloFxFiles, anUnknownEffectIsAnsweredWithTheNearestOne) {
         const shell::Result result = run({text, good, path("out.wav")});
         EXPECT_EQ(2, result.status);
         EXPECT_EQ("murmelo-fx: \"" + text +
-                      "\" is no effect; murmelo-fx --list names them (see murmelo-fx --help)\n",
+                      "\" is not an effect; murmelo-fx --list names them (see murmelo-fx --help)\n",
                   result.err);
     }
 }
@@ -219,14 +219,17 @@ TEST_F(MurmeloFxFiles, aSoundWithoutSamplesSaysSo) {
     shell::writeSound(path("empty.aiff"), SF_FORMAT_AIFF | SF_FORMAT_PCM_16, 44100, 2, {});
     const std::string out = file("out.wav", "precious");
     for (const std::string& input : {empty, single, path("empty.aiff")}) {
-        expectFailure(run({"robot", input, out}), input, "holds no sound");
-        expectFailure(run({"high", input, "-"}), input, "holds no sound");
-        expectFailure(run({"--measure", input}), input, "holds no sound");
+        expectFailure(run({"robot", input, out}), input,
+                      "is empty: it has less than one sample at 8 kHz");
+        expectFailure(run({"high", input, "-"}), input,
+                      "is empty: it has less than one sample at 8 kHz");
+        expectFailure(run({"--measure", input}), input,
+                      "is empty: it has less than one sample at 8 kHz");
         EXPECT_EQ("precious", folders.read("out.wav"));
     }
     const shell::Result piped =
         ToolRunner().input(folders.read("empty.wav")).run({"drunk", "-", "-"});
-    expectFailure(piped, "standard input", "holds no sound");
+    expectFailure(piped, "standard input", "is empty: it has less than one sample at 8 kHz");
 }
 
 TEST_F(MurmeloFxFiles, noLibraryTalksWhereASoundIsDamaged) {
@@ -363,7 +366,7 @@ TEST_F(MurmeloFxFiles, oneBadInputFailsAloneAndTheOthersAreDone) {
     const std::string bad = file("bad.wav", "no sound\n");
     const std::string last = file("last.wav", shell::wavBytes(8000, audio::noise(500, 500)));
     const shell::Result result = run({"low", "--out-dir", path("out"), good, bad, last});
-    expectFailure(result, bad, "is no sound file");
+    expectFailure(result, bad, "is not a sound file");
     EXPECT_TRUE(folders.has("out/good.wav"));
     EXPECT_TRUE(folders.has("out/last.wav"));
     EXPECT_EQ(2, filesIn(path("out")));
@@ -374,10 +377,10 @@ TEST_F(MurmeloFxFiles, inputsThatAreNoSoundsAreToldApart) {
     expectFailure(run({"low", path("gone.wav"), out}), path("gone.wav"), "No such file");
     expectFailure(run({"low", path(""), out}), path(""), "Is a directory");
     const std::string text = file("text.wav", "just a few words in a file\n");
-    expectFailure(run({"low", text, out}), text, "is no sound file");
+    expectFailure(run({"low", text, out}), text, "is not a sound file");
     const std::string nothing = file("nothing.wav", "");
-    expectFailure(run({"low", nothing, out}), nothing, "is no sound file");
-    expectFailure(run({"low", "-", out}), "standard input", "is no sound file");
+    expectFailure(run({"low", nothing, out}), nothing, "is not a sound file");
+    expectFailure(run({"low", "-", out}), "standard input", "is not a sound file");
     EXPECT_FALSE(folders.has("out.wav"));
     EXPECT_EQ(3, filesIn(path("")));
 }

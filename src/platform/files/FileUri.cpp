@@ -71,7 +71,7 @@ Problem FileUri::toPath(const std::string& nameOrUri, std::string& path) {
     }
     std::string decoded;
     if (rest.empty() || !decode(rest, decoded)) {
-        return "\"" + nameOrUri + "\" is no address of a file";
+        return "\"" + nameOrUri + "\" is not an address of a file";
     }
     path = decoded;
     return Problem::none();

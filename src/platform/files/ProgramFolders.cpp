@@ -135,7 +135,8 @@ Problem
 ProgramFolders::find(const std::string& home, const std::string& config, HostFolders& folders) {
     const fs::path data = dataFolder();
     if (data.empty()) {
-        return "the folder with the pictures, \"Res\", is missing: it is sought in MURMELO_DATA, "
+        return "the folder with the pictures, \"Res\", is missing: it is looked for in "
+               "MURMELO_DATA, "
                "beside the "
                "program, and where it is installed";
     }
@@ -231,7 +232,7 @@ Problem HomeLock::take(const std::string& home) {
         }
         file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
         if (!isOrdinary()) {
-            return "\"" + path + "\" is not the file that keeps a second program out: take it away";
+            return "\"" + path + "\" is not a lock file of Murmelo: remove it";
         }
         // Checks the folder too, because an old lock file can be opened in a folder that cannot be
         // written.
