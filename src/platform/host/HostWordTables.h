@@ -18,4 +18,7 @@ public:
     static std::span<const HostWords::Row> ofKeys();
     static std::span<const HostWords::Row> ofRecording();
     static std::span<const HostWords::Row> ofFiles();
+
+    /// The page does without these, because it is downloaded.
+    static std::span<const HostWords::Row> ofDesktop();
 };

@@ -19,7 +19,11 @@ size_t indexOf(const std::string& language) {
 std::vector<HostWords::Row> all() {
     std::vector<HostWords::Row> rows;
     for (const auto table :
-         {HostWordTables::ofKeys(), HostWordTables::ofRecording(), HostWordTables::ofFiles()}) {
+         {HostWordTables::ofKeys(), HostWordTables::ofRecording(), HostWordTables::ofFiles(),
+#ifndef __EMSCRIPTEN__
+          HostWordTables::ofDesktop()
+#endif
+         }) {
         rows.insert(rows.end(), table.begin(), table.end());
     }
     return rows;
