@@ -2,7 +2,7 @@
 // Converts a sound to another rate, piece by piece.
 //
 // The frequency response is flat up to 95 % of the band that both rates have. Frequencies that
-// would be heard at a wrong pitch are weakened by at least 120 dB (docs/speed.md has the curve).
+// would be heard at a wrong pitch are weakened by at least 115 dB (docs/speed.md has the curve).
 // Works in double precision, so that the 16-bit samples are the same on processors with different
 // instructions.
 #pragma once

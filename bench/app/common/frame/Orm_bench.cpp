@@ -38,8 +38,8 @@ void scheduleAndDeliver(benchmark::State& state) {
     }
 }
 
-/// A tick with nothing due; then the picture is copied into the bitmap, and the operations are
-/// noted on the display's canvas.
+/// A tick with nothing due: nothing is painted, so no row is converted; the operations are noted on
+/// the display's canvas.
 void frameWithoutEvent(benchmark::State& state) {
     LoopHost host;
     GameInterface game;
@@ -50,9 +50,9 @@ void frameWithoutEvent(benchmark::State& state) {
     }
 }
 
-/// The same while the display is shown: the frame is compared with the last one, and the display's
-/// pixels are worked out for what has changed. The argument is the number of rows of the picture
-/// that change.
+/// The same while the display is shown: the painted rows are compared with the last ones, and the
+/// display's pixels are worked out for those that differ. The argument is the number of rows of the
+/// picture that are painted; each differs in one pixel.
 void frameOnTheDisplay(benchmark::State& state) {
     const auto rows = static_cast<int32_t>(state.range(0));
     LoopHost host;

@@ -43,7 +43,7 @@ public:
 
     int32_t getHeight() const { return 0; }
 
-    /// Does nothing: every frame is painted anyway.
+    /// Does nothing: the host shows each frame anyway.
     void repaint() {}
 
     void repaint(int32_t /*x*/, int32_t /*y*/, int32_t /*w*/, int32_t /*h*/) {}
