@@ -100,6 +100,8 @@ private:
         tell("first-seconds-only", {"firstSecondsOnly", {}});
         tell("no-sound", {"notASound", {"letter.pdf", "unknown format"}});
         tell("drop-here", {"dropHere", {}});
+        tell("dialog-open", {"dialogOpen", {}});
+        tell("speaker-unusable", {"speakerUnusable", {"Headset H390 Stereo"}});
         tell("cannot-show", {"cannotShow", {"~/Music/Murmelo"}});
         tell("exported-nowhere", {"exportedNowhere", {kSound}}, show);
         tell("microphone-gone", {"microphoneGone", {}});
