@@ -105,7 +105,7 @@ TEST_F(ClockJumps, aDayForwardInAPauseIsAPauseOfADay) {
     EXPECT_EQ("Options", screen());
 }
 
-TEST_F(ClockJumps, aDayForwardOnScreensAtRestWakesNobody) {
+TEST_F(ClockJumps, aDayForwardOnScreensAtRestWakesNothing) {
     for (State* resting : {G::stateOptions, G::stateRecord, G::statePlay}) {
         enter(resting);
         host.nowMs += kDayMs;

@@ -12,7 +12,7 @@ import sys
 
 from journey import HEADER_BYTES, Patience, Place, Verdict, ended, fresh_signals, sanitized
 
-# Room for the programs and their libraries, and not for a sound of ten minutes (more than 100 MB as floats).
+# Room for the programs and their libraries, but not for a sound of ten minutes (more than 100 MB as floats).
 ADDRESS_BYTES = 160 << 20
 STEREO_SECONDS = 600
 

@@ -232,7 +232,7 @@ TEST_F(GEngineTest, quittingPaintsOneMoreFrameAndEnds) {
     EXPECT_EQ("SysDispose", screen->heard.back());
 }
 
-TEST_F(GEngineTest, quittingFromAHandlerEndsAfterTheFrameInHand) {
+TEST_F(GEngineTest, quittingFromAHandlerEndsAfterTheCurrentFrame) {
     host.check([this] {
         screen->handler = [this](Event*) {
             screen->handler = nullptr;

@@ -450,7 +450,7 @@ TEST_F(GameInterfaceTest, handlesNoOtherEvent) {
     EXPECT_EQ(0, game->HandleEvent(nullptr, 1));
 }
 
-TEST_F(GameInterfaceTest, afterTheEndTouchesAndFramesAreNobodys) {
+TEST_F(GameInterfaceTest, afterTheEndTouchesAndFramesDoNothing) {
     game->AppQuit();
     ASSERT_EQ(nullptr, Orm::canvas);
     touch(120, 300);

@@ -707,7 +707,7 @@ TEST_F(MurmeloFxFiles, soundIsNotWrittenToATerminal) {
     EXPECT_NE(std::string::npos, result.out.find("terminal")) << result.out;
 }
 
-TEST_F(MurmeloFxFiles, namesThatLookLikeOptionsStandBehindTwoDashes) {
+TEST_F(MurmeloFxFiles, namesThatLookLikeOptionsStandAfterTwoDashes) {
     folders.write("-odd.wav", folders.read("good.wav"));
     const shell::Result result = ToolRunner()
                                      .before([this] {

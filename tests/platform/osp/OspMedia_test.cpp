@@ -252,7 +252,7 @@ TEST_F(AudioInTest, resettingDeliversNothingAndForgetsTheBuffers) {
     EXPECT_EQ(TestSounds::part(voice, 0, 1600), ear.heard);
 }
 
-TEST_F(AudioInTest, aDeletedRecorderCallsNobody) {
+TEST_F(AudioInTest, aDeletedRecorderCallsNoListener) {
     {
         AudioIn in;
         start(in);
@@ -615,7 +615,7 @@ TEST_F(PlayerTest, stoppingAndClosingAreSilentAtOnce) {
     EXPECT_EQ(1600U, played().size());
 }
 
-TEST_F(PlayerTest, aDeletedPlayerCallsNobody) {
+TEST_F(PlayerTest, aDeletedPlayerCallsNoListener) {
     {
         Player player;
         start(player);

@@ -172,7 +172,7 @@ TEST_F(WavFileTest, halfASampleAtTheEndIsDropped) {
     EXPECT_EQ((Samples{1, 2}), load(bytes));
 }
 
-TEST_F(WavFileTest, dataBehindTheClaimedEndIsNotLoaded) {
+TEST_F(WavFileTest, dataAfterTheClaimedEndIsNotLoaded) {
     EXPECT_EQ((Samples{1, 2}), load(file(8000, {1, 2, 3, 4}, 2)));
 }
 

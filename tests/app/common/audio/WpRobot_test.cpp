@@ -76,7 +76,7 @@ TEST_F(WpRobotTest, soundsShorterThanAFrameAreSilence) {
     }
 }
 
-TEST_F(WpRobotTest, samplesBehindTheLastFrameAreSilent) {
+TEST_F(WpRobotTest, samplesAfterTheLastFrameAreSilent) {
     const Samples result = audio::run(robot, audio::glide(500, 150, 150));
     ASSERT_EQ(500U, result.size());
     EXPECT_NE(Samples(20), Samples(result.begin() + 460, result.begin() + 480));

@@ -91,7 +91,7 @@ protected:
 
 }  // namespace
 
-TEST_F(AudioDevTest, startsReadyAtHalfVolumeWithNothingInHand) {
+TEST_F(AudioDevTest, startsReadyAtHalfVolumeWithNothingRunning) {
     EXPECT_EQ(1, AudioDev::state);
     EXPECT_EQ(50, AudioDev::volumeLevel);
     EXPECT_EQ(0, AudioDev::recordLength);
@@ -250,7 +250,7 @@ TEST_F(AudioDevTest, aTakeEndsWhereABufferCouldNotBeWrittenAndHasNoGap) {
     EXPECT_EQ(takeOf(12000), take());
 }
 
-TEST_F(AudioDevTest, eachRecordingStartsAnew) {
+TEST_F(AudioDevTest, eachRecordingStartsFromItsBeginning) {
     record(2000);
     AudioDev::stopRec();
     record(100);
@@ -411,7 +411,7 @@ TEST_F(AudioDevTest, aPreparedRecorderThatIsNotReleasedLeavesTheFileToTheNextRec
     EXPECT_EQ(takeOf(12000), take());
 }
 
-TEST_F(AudioDevTest, theEndOfTheProgramReleasesARecordingInHand) {
+TEST_F(AudioDevTest, theEndOfTheProgramReleasesTheCurrentRecording) {
     record(800);
     AudioDev::static_dtor();
     host.pass(3000);  // no listener is called
@@ -474,7 +474,7 @@ TEST_F(AudioDevPlayTest, aPlayerThatWillNotStopPlaysOnButTheDeviceIsReady) {
     EXPECT_TRUE(play());  // the old player is deleted first
 }
 
-TEST_F(AudioDevPlayTest, playingWhileSomethingIsInHandIsRefusedWithAMessage) {
+TEST_F(AudioDevPlayTest, playingWhileSomethingRunsIsRefusedWithAMessage) {
     AudioDev::initRec(&takePath);
     EXPECT_FALSE(play());
     EXPECT_EQ(String("NOT_STATE_READY"), *AudioDev::msg);
@@ -587,7 +587,7 @@ TEST_F(AudioDevPlayTest, whatThePhoneAlsoTellsChangesNothing) {
     EXPECT_NE(nullptr, Orm::firstEvent);
 }
 
-TEST_F(AudioDevPlayTest, theEndOfTheProgramReleasesAPlaybackInHand) {
+TEST_F(AudioDevPlayTest, theEndOfTheProgramReleasesTheCurrentPlayback) {
     play();
     AudioDev::static_dtor();
     EXPECT_EQ(nullptr, AudioDev::pPlayer);

@@ -143,7 +143,7 @@ TEST_F(OrmTest, whoIsUnregisteredDuringDeliveryStillHearsAndWhoJoinsDoesNot) {
     Orm::unregisterListener(&joining);
 }
 
-TEST_F(OrmTest, aHandlerThatPausesLetsTheOthersHearTheEventInHand) {
+TEST_F(OrmTest, aHandlerThatPausesLetsTheOthersHearTheCurrentEvent) {
     TestScreen pausing({Orm::EV_T_UPDATE});
     TestScreen second({Orm::EV_T_UPDATE});
     pausing.handler = [](Event*) { Orm::setPaused(true); };

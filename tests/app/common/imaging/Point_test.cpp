@@ -27,7 +27,7 @@ TEST(Point, pointsAtBothEndsOfTheNumbersAreAsFarApartAsTheyAre) {
     EXPECT_EQ(INT32_MAX, Point::getDistanceInt(&a, &b));
 }
 
-TEST(Point, freedOneIsTheNextToBeHandedOutAndStartsAnew) {
+TEST(Point, freedOneIsTheNextToBeHandedOutAndStartsAgain) {
     Point* first = Point::alloc(3, 4);
     first->free();
     Point* second = Point::alloc();

@@ -137,7 +137,7 @@ TEST_F(PaTextAreaTest, nothingAtTheEndTakesRoom) {
     EXPECT_EQ(12, area.getTextHeight());
 }
 
-TEST_F(PaTextAreaTest, aLineFeedBehindSpacesThatDidNotFitLeavesAnEmptyLine) {
+TEST_F(PaTextAreaTest, aLineFeedAfterSpacesThatDidNotFitLeavesAnEmptyLine) {
     // The spaces overflow, so the row ends before them and not at the line feed.
     set("aaa   \nb", 20);
     EXPECT_EQ((Lines{{0, 16}, {24, 4}}), lines());
@@ -193,7 +193,7 @@ TEST_F(PaTextAreaTest, noAreaIsNarrowerThanItsLeastWidth) {
     EXPECT_EQ(20, area.getWidth());
 }
 
-TEST_F(PaTextAreaTest, anotherWidthWrapsAnew) {
+TEST_F(PaTextAreaTest, anotherWidthWrapsAgain) {
     set("aa bb", 20);
     EXPECT_EQ(2, area.getNumRows());
     area.setWidth(25);

@@ -51,7 +51,7 @@ TEST_F(ResImageTest, withoutAnOpaqueFlagThePictureIsBlended) {
     EXPECT_EQ(kPremultiplied, image->pixels[0]);
 }
 
-TEST_F(ResImageTest, freeingReadsTheFileAnewOnNextUse) {
+TEST_F(ResImageTest, freeingReadsTheFileAgainOnNextUse) {
     writePicture("a.png", 1, 1, 0xFF000000);
     const int32_t id = add("/Res/a.png", false, false);
     EXPECT_EQ(1, Res::getImage(id)->w);

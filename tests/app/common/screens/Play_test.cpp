@@ -216,7 +216,7 @@ TEST_F(PlayTest, aSecondPlayOfTheSameEffectProcessesNothing) {
     EXPECT_EQ(TestSounds::wav({7, 7}, 8000), folders.read(kResult));
 }
 
-TEST_F(PlayTest, anotherEffectIsProcessedAnew) {
+TEST_F(PlayTest, anotherEffectIsProcessedAgain) {
     touch(kMiddle);
     touch(kMiddle);
     const std::string first = folders.read(kResult);

@@ -95,7 +95,7 @@ TEST_F(SaveTest, savingTwiceGivesTwoNumbersAndProcessesNothing) {
     EXPECT_EQ("rec_00001.wav", static_cast<Save*>(G::stateSave)->getSavedName()->ToUtf8());
 }
 
-TEST_F(SaveTest, aStaleResultIsMadeAnewFirst) {
+TEST_F(SaveTest, aStaleResultIsMadeAgainFirst) {
     haveResult();
     G::setCurrFx(2);
     enter(G::stateSave);

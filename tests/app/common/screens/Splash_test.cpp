@@ -87,7 +87,7 @@ TEST_F(SplashTest, removesWhatAnEarlierRunLeftBehind) {
     EXPECT_TRUE(folders.has("home/Murmelo/rec_00000.wav"));
 }
 
-TEST_F(SplashTest, storageThatNobodyKnowsIsNotSupported) {
+TEST_F(SplashTest, unknownStorageIsNotSupported) {
     EXPECT_EQ(kNotSupported, enterWith(-1, -1));
 }
 

@@ -84,7 +84,7 @@ TEST(GnoObject, waitsAgainAfterAWaitThatRanOut) {
     EXPECT_EQ(host.notifyAtYield, host.yields);
 }
 
-TEST(GnoObject, notifyingNobodyAndEverybodyDoesNothing) {
+TEST(GnoObject, notifyingOneOrAllDoesNothing) {
     GnoObject a;
     a.notify();
     a.notifyAll();

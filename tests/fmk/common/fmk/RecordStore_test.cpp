@@ -100,7 +100,7 @@ TEST(RecordStore, numberOfRecordsIsTheFifthValueEvenWhenThereIsNoRoomForThem) {
     }
 }
 
-TEST(RecordStore, aShortHeaderCountsAsZerosBehindItsEnd) {
+TEST(RecordStore, aShortHeaderCountsAsZerosAfterItsEnd) {
     auto* header = headerOf(20, 22);
     auto* image = throughAStore(header);
     EXPECT_EQ(20, Utils::getInt(image, 16));
