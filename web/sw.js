@@ -38,7 +38,7 @@ async function receive(request) {
         const cache = await caches.open(SHARED);
         await (file instanceof File && cache.put('shared', new Response(file)));
     } finally {
-        return Response.redirect('./?shared', 303); // eslint-disable-line no-unsafe-finally
+        return Response.redirect('./?shared', 303);
     }
 }
 
@@ -54,7 +54,7 @@ self.addEventListener('message', (event) => {
         self.skipWaiting();
     }
 });
-// Answers only requests for files of the page: a new version waits until all answers have ended, and others may never end.
+// Responds only to requests for files of the page: a new version waits until all responses have ended, and others may never end.
 self.addEventListener('fetch', (event) => {
     const { request } = event;
     const { origin, pathname } = new URL(request.url);

@@ -72,6 +72,6 @@ private:
     Report report;
     Later later;
     bool isNewest = false;  // the program's newest take is kept, or will be by letGo()
-    std::vector<int16_t>
-        fromFile;  // the program's take if it came from a file and is not kept yet; else empty
+    // The program's take if it came from a file and is not kept yet; else empty.
+    std::vector<int16_t> fromFile;
 };

@@ -32,7 +32,7 @@ public:
     /// is, so that nothing is pressed.
     bool cancelled(Pointer pointer, int64_t id, HostListener& listener);
 
-    /// As cancelled(), for the pointer that is down, if any: its end may never be reported.
+    /// Cancels the pointer that is down, if any, because its release may never be reported.
     bool letGo(HostListener& listener);
 
     /// True if this row of the display belongs to the soft-key bar.

@@ -63,7 +63,7 @@ int SafeFile::create(const std::string& path) {
 int SafeFile::createBeside(const std::string& target, std::string& fresh) {
     struct stat facts = {};
     const bool replaces = ::stat(target.c_str(), &facts) == 0;
-    // Nobody else may open the file before it has the target's permissions.
+    // No other user may open the file before it has the target's permissions.
     const mode_t mode = replaces ? S_IRUSR | S_IWUSR : kNewFileMode;
     const std::string start =
         (fs::path(target).parent_path() / ".murmelo-").string() + std::to_string(::getpid()) + "-";

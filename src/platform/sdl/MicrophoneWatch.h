@@ -31,7 +31,7 @@ public:
     /// Call it when the devices have changed. @param names of all microphones
     void listed(const std::vector<std::string>& names);
 
-    /// The same during a recording, which itself tells of a loss.
+    /// As above, for calls during a recording; does not report a loss, because the recording does.
     void listedWhileRecording(const std::vector<std::string>& names);
 
 private:

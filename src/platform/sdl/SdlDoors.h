@@ -77,7 +77,8 @@ public:
     /// The last take comes back as soon as the program rests in its menu.
     void bringBackLater() { bringsBack = true; }
 
-    /// The last take is wanted by another start: now, or before the menu as soon as possible.
+    /// Another start has asked for the last take: brings it back now, or, before the menu was
+    /// shown, as soon as it is.
     void bringBackFromOutside();
 
     bool forget();
@@ -135,8 +136,8 @@ private:
     bool isOffering = false;           // a sound waits for the menu
     std::string offeredName;           // of its file, without folders
     std::vector<int16_t> offeredTake;  // the last take; empty: none
-    int64_t newestReading =
-        0;  // number of the newest reading; the result of an earlier one is dropped
+    // Number of the newest reading; the result of an earlier one is dropped.
+    int64_t newestReading = 0;
     bool isDialogOpen = false;
     bool bringsBack = false;
     bool exportsNext = false;  // true: the next sound that is saved

@@ -94,7 +94,7 @@ public:
     /// The operations on files, which keys call too.
     SdlDoors& files() { return extraDoors; }
 
-    /// The one that is heard: a device, or the file in the place of one.
+    /// The microphone in use: a device, or the file that replaces it.
     HostMicrophone& realMicrophone();
 
     /// Name of the chosen microphone; empty: the system's default.

@@ -104,8 +104,8 @@ private:
     std::string openName;                        // name of the open device
     std::shared_ptr<SdlAudio::Opening> opening;  // null: none
     int64_t retryMs = DueTime::kNever;           // when to look for a device again
-    int64_t silentSinceMs =
-        DueTime::kNever;       // when silence began; DueTime::kNever: a device delivers
+    // When silence began; DueTime::kNever: a device delivers.
+    int64_t silentSinceMs = DueTime::kNever;
     int64_t silenceGiven = 0;  // samples of silence since then
     HostMessage unheard;       // why this recording has no device; without a row: it has one
     bool toldAway = false;     // the user knows that the chosen device is missing

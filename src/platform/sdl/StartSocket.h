@@ -33,7 +33,7 @@ public:
     /// is under way must return first.
     void close();
 
-    /// In the place of a file: the last take is wanted. No full path is the same.
+    /// Sent in place of a file's path to ask for the last take; no absolute path equals it.
     static constexpr const char* kLastTake = "last";
 
     /// Asks the program that runs in that home to show its window, and hands over a file.

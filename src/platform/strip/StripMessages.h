@@ -39,7 +39,7 @@ public:
     /// tick().
     void close();
 
-    /// Removes all messages that were told before the last look(), also those that wait.
+    /// Removes all messages that were shown or queued before the last look(), also those that wait.
     void closeSeen();
 
     /// Removes the current message if its time is over. True if it did.
@@ -55,6 +55,6 @@ private:
     int64_t endMs() const;
 
     std::deque<Message> waiting;  // the first one is shown
-    int64_t sinceMs =
-        DueTime::kNever;  // since when it is shown; DueTime::kNever: from the next tick on
+    // Since when it is shown; DueTime::kNever: from the next tick on.
+    int64_t sinceMs = DueTime::kNever;
 };
