@@ -81,7 +81,7 @@ def main(program, source):
         os.symlink(program, folder + "/programs/murmelo-fx")
         write(folder + "/programs/ssh", SSH)
         environment = dict(os.environ, PATH=folder + "/programs:" + os.environ["PATH"], HOME=folder + "/home",
-                           MACHINES=folder + "/machines", LC_ALL="C.UTF-8", PARALLEL_SSH="ssh")
+                           MACHINES=folder + "/machines", LC_ALL="C.UTF-8", PARALLEL_SSH="ssh", SHELL="/bin/bash")
         work = folder + "/work"
         make_sounds(source + "/res/sample/hello.wav", work + "/voices")
 

@@ -147,8 +147,8 @@ class Stop:
     """A point of the script at which the program waits."""
 
     def __init__(self, path):
-        self.path = path
-        os.mkfifo(path)
+        self.path = path + ".png"  # the program takes no other name for a picture
+        os.mkfifo(self.path)
         self.reader = None
 
     def command(self, screen=None):
