@@ -74,7 +74,7 @@ class ByLimit:
                 lines = script.splitlines()
                 lines = lines[:outcome.line() - 1] + ["expect screen MessageAndQuit", "key middle", "expect ended"]
                 place.stops = 0
-                os.unlink(place.path("stop1"))
+                os.unlink(place.path("stop1.png"))
                 again, _ = self.until_full(place, head, "\n".join(lines[len(head.splitlines()) + 1:]) + "\n", fill, screen)
                 self.verdict.outcome(case + ", the message's key", again, ["done"])
             self.left_in_order(case, place)
