@@ -124,6 +124,7 @@ private:
         tell("seconds-kept", {"secondsKept", {"Input/output error"}, {64, 90}});
         tell("deleted", {"deleted", {"rec_00003.wav"}}, StripWish::Kind::kHostsOwn);
         tell("take-gone", {"takeGone", {}}, bringBack);
+        tell("take-not-back", {"takeNotBack", {}});
         tell("take-replaced", {"takeReplaced", {"Interview.flac"}}, bringBack);
         tell("take-is-back", {"takeIsBack", {}});
         tell("take-forgotten", {"takeForgotten", {}});

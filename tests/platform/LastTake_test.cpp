@@ -356,12 +356,12 @@ TEST_F(TakeKeeperTest, aTakeThatTheDiskRefusesIsKeptWhenTheProgramLetsGoOfIt) {
         const FullDisk disk(100);
         keeper.recorded(recording);
         EXPECT_EQ(1U, told.size());
-        keeper.letGo();  // still full
-        EXPECT_EQ(2U, told.size());
+        keeper.letGo();  // still full, and not told twice
+        EXPECT_EQ(1U, told.size());
     }
     EXPECT_EQ(file, broughtBack());  // the disk has the earlier one
     keeper.letGo();
-    EXPECT_EQ(2U, told.size());
+    EXPECT_EQ(1U, told.size());
     EXPECT_EQ(recording, broughtBack());
 }
 
@@ -404,6 +404,26 @@ TEST_F(TakeKeeperTest, atTheEndAFullDiskKeepsTheBeginningOfTheTake) {
     EXPECT_EQ(std::vector<std::string>{"Disk full: " + tenths.substr(0, 1) + "." +
                                        tenths.substr(1) + " of 10 seconds kept."},
               told);
+}
+
+TEST_F(TakeKeeperTest, atTheEndAFullDiskKeepsTheRecordingAndNotTheBeginningOfAFile) {
+    keeper.recorded(recording);
+    const Samples longFile = TestSounds::noise(160000, 8);
+    {
+        const FullDisk disk(100000);
+        keeper.used(longFile);
+        keeper.end();
+    }
+    EXPECT_EQ(recording, broughtBack());
+    EXPECT_EQ(std::vector<std::string>{"Disk full: there is no spare copy of the recording."},
+              told);
+}
+
+TEST_F(TakeKeeperTest, aRecordingThatIsNotKeptIsToldOnce) {
+    const FullDisk disk(20);
+    keeper.recorded(recording);
+    keeper.letGo();
+    EXPECT_EQ(1U, told.size());
 }
 
 TEST_F(TakeKeeperTest, atTheEndAFullDiskWithoutAnyRoomIsTold) {

@@ -55,6 +55,10 @@ bool isFile(const std::string& path) {
     return !path.empty() && fs::is_regular_file(path, error);
 }
 
+bool isOfFullDisk(int error) {
+    return error == ENOSPC || error == EDQUOT || error == EFBIG;
+}
+
 /// Empties a file that the disk had no room for, and lowers the number of samples to what it took.
 /// False if that is none.
 bool makeShorter(int file, size_t& count) {
@@ -125,8 +129,7 @@ Problem LastTake::notKept() const {
 
 /// A limit on the size of files counts too: it has the same effect.
 bool LastTake::isDiskFull() const {
-    const int error = shared->error;
-    return shared->isWaiting && (error == ENOSPC || error == EDQUOT || error == EFBIG);
+    return shared->isWaiting && isOfFullDisk(shared->error);
 }
 
 Problem LastTake::writeSamples(int file,
@@ -172,6 +175,7 @@ Problem LastTake::writeWhatFits(size_t& kept) const {
 /// @param count   number of samples to write; becomes that of the samples that are written
 /// @param mayCut  true: if the disk is full, writes fewer
 Problem LastTake::writeFile(const std::vector<int16_t>& samples, size_t& count, bool mayCut) const {
+    shared->error = 0;
     shared->isFolderNew = makeFolder() || shared->isFolderNew;
     removeLeftovers(folder);
     const std::string fresh = folder + kNewName + std::to_string(::getpid());
@@ -182,7 +186,7 @@ Problem LastTake::writeFile(const std::vector<int16_t>& samples, size_t& count, 
     static_cast<void>(::fchmod(file, kOwnFile));  // some disks have no permissions
     count = std::min(count, static_cast<size_t>(kMaxSamples));
     Problem problem = writeSamples(file, fresh, samples, count);
-    while (problem && mayCut && makeShorter(file, count)) {
+    while (problem && mayCut && isOfFullDisk(shared->error) && makeShorter(file, count)) {
         problem = writeSamples(file, fresh, samples, count);
     }
     const bool isClosed = ::close(file) == 0;

@@ -58,12 +58,18 @@ std::vector<int16_t> TakeKeeper::toLetGo() {
 }
 
 void TakeKeeper::letGo() {
-    keep(toLetGo());
+    const bool isOfFile = !fromFile.empty();
+    const Problem problem = write(toLetGo());
+    if (isOfFile) {
+        reportError(problem);  // of a recording it is known already
+    }
 }
 
 void TakeKeeper::end() {
+    // A file is on the disk already: the kept recording is not given up for it.
+    const bool isOfFile = !fromFile.empty();
     const Problem problem = write(toLetGo());
-    if (problem && last.isDiskFull()) {
+    if (problem && last.isDiskFull() && !isOfFile) {
         keepWhatFits();
     } else {
         reportError(problem);

@@ -78,7 +78,7 @@ bool DesktopNotice::show(const std::string& title, const std::string& text) {
     dbus_message_iter_close_container(&arguments, &actions);
     BusOptions hints(&arguments);
     hints.addByte("urgency", kUrgent);
-    hints.addText("desktop-entry", kName);
+    // Not "desktop-entry": some desktops close the notices of a known program as soon as it ends.
     hints.close();
     dbus_message_iter_append_basic(&arguments, DBUS_TYPE_INT32, &shownMs);
     return bus.call(*call) != nullptr;

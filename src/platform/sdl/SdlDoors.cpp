@@ -276,7 +276,7 @@ bool SdlDoors::deliver() {
     }
     if (!offeredTake.empty() && doors->screenName() == ScreenNames::kRecording) {
         offeredTake.clear();  // the new recording is the last take now
-        tell({"offerDropped", {words("lastTake")}});
+        tell({"takeNotBack", {}});
     }
     if (isOffering && doors->screenName() == ScreenNames::kRecording) {
         isOffering = false;

@@ -227,16 +227,18 @@ HostMicrophone& SdlHost::realMicrophone() {
 
 void SdlHost::setDoors(HostDoors* offered) {
     doors = offered;
+    if (doors == nullptr) {
+        // Before the last take is kept: if a disk, a device or a dialog does not let the program
+        // end, the process stops without the destructor, and until then a dead window would be on
+        // the screen, and other starts would wait for it.
+        window.rememberSize();
+        window.hide();
+        otherStarts.end();
+    }
     extraDoors.setDoors(offered);
     strip.strip().setDoors(offered);
     if (doors != nullptr) {
         walk.toFirstLanguage(SystemLanguage::indexOf(SystemLanguage::environment()));
-    } else {
-        otherStarts.end();
-        // Not later: if a disk, a device or a dialog does not let the program end, the process
-        // stops without the destructor, and until then a dead window would be on the screen.
-        window.rememberSize();
-        window.hide();
     }
 }
 

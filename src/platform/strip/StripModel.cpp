@@ -96,9 +96,13 @@ void StripModel::setEffectNames(const std::vector<std::string>& names) {
 }
 
 void StripModel::setMicrophones(const std::vector<std::string>& names, int32_t current) {
+    if (openSheet == Sheet::kMicrophones && names != microphones) {
+        assign(focus, kNoFocus);  // the focused row may be another device now
+    }
     assign(microphones, names);
     assign(microphone, current);
-    if (firstChoice > static_cast<int32_t>(names.size())) {
+    const auto rows = static_cast<int32_t>(names.size()) + 1;  // with "Default microphone"
+    if (firstChoice >= rows || rows <= StripLayout::kMaxChoices) {
         assign(firstChoice, 0);  // its page is gone
     }
 }

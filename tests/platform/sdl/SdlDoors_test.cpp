@@ -331,7 +331,7 @@ TEST_F(SdlDoorsTest, theLastTakeThatWaitsGivesWayToARecordingAndIsToldToo) {
     program.screen = "Recording";
     EXPECT_FALSE(doors.deliver());
     EXPECT_FALSE(doors.deliver());
-    EXPECT_EQ("Last recording is not used, for a recording has begun.\n", error());
+    EXPECT_EQ("The last recording does not come back, for a new one has begun.\n", error());
     program.screen = "Play";
     program.open = true;
     EXPECT_FALSE(doors.deliver());

@@ -322,6 +322,31 @@ TEST(StripModel, aListThatShrinksWhileItsSecondPageIsOpenShowsItsFirst) {
     EXPECT_EQ(StripWish::kSystemsChoice, choices[0].wish.index);
 }
 
+TEST(StripModel, aListThatShrinksToOnePageShowsAllOfIt) {
+    StripModel model = on("Record");
+    model.setMicrophones(std::vector<std::string>(10, "Ear"), StripWish::kSystemsChoice);
+    model.showMicrophones();
+    tapOn(model, buttonsOf(model, Kind::kMicrophones).back().place);
+    EXPECT_EQ(2U, buttonsOf(model, Kind::kUseMicrophone).size());
+    model.setMicrophones(std::vector<std::string>(9, "Ear"), StripWish::kSystemsChoice);
+    EXPECT_EQ(10U, buttonsOf(model, Kind::kUseMicrophone).size());
+}
+
+TEST(StripModel, aListThatChangesLosesTheFocusThatAKeyHasMoved) {
+    StripModel model = on("Record");
+    for (const bool changes : {false, true}) {
+        model.setMicrophones({"Ear", "Nose"}, StripWish::kSystemsChoice);
+        model.showMicrophones();
+        model.navigate(HostKey::kDown);
+        if (changes) {
+            model.setMicrophones({"Nose", "Ear"}, StripWish::kSystemsChoice);
+        }
+        // Without a moved focus, the key takes the microphone in use.
+        EXPECT_EQ(wish(Kind::kUseMicrophone, changes ? StripWish::kSystemsChoice : 0),
+                  model.navigate(HostKey::kMiddle));
+    }
+}
+
 TEST(StripModel, aTapBesideTheSheetClosesIt) {
     StripModel model = on("Play");
     model.showHelp({"Keys"});
