@@ -55,8 +55,13 @@ char blockDigit(const SDL_Keysym& key) {
 }
 
 /// The digit of a key in the upper row, also on keyboards where it needs Shift; 0 for other keys.
+/// Keys 1 to 8 go to the effects even where a sign for louder or quieter lies on one (French "-",
+/// Czech "+"); with Ctrl, the sign changes the window's size.
 char rowDigit(const SDL_Keysym& key) {
-    const bool isSign = key.sym == SDLK_PLUS || key.sym == SDLK_MINUS || key.sym == SDLK_EQUALS;
+    const bool isEffects = key.scancode >= SDL_SCANCODE_1 && key.scancode <= SDL_SCANCODE_8 &&
+                           (key.mod & KMOD_CTRL) == 0;
+    const bool isSign =
+        !isEffects && (key.sym == SDLK_PLUS || key.sym == SDLK_MINUS || key.sym == SDLK_EQUALS);
     if (key.scancode == SDL_SCANCODE_0 && !isSign) {
         return '0';
     }

@@ -63,10 +63,13 @@ TEST(SdlKeys, lettersAndSignsAreTheirCharacters) {
 TEST(SdlKeys, digitsAreThoseOfTheRowAndOfTheNumberBlock) {
     EXPECT_EQ('3', character(keyDown(SDLK_3, 0, SDL_SCANCODE_3)));
     EXPECT_EQ('3', character(keyDown(SDLK_QUOTEDBL, 0, SDL_SCANCODE_3)));  // a French keyboard
+    EXPECT_EQ('6', character(keyDown(SDLK_MINUS, 0, SDL_SCANCODE_6)));
+    EXPECT_EQ('-', character(keyDown(SDLK_MINUS, KMOD_LCTRL, SDL_SCANCODE_6)));
+    EXPECT_EQ('1', character(keyDown(SDLK_PLUS, 0, SDL_SCANCODE_1)));  // a Czech one
     EXPECT_EQ('0', character(keyDown(SDLK_0, KMOD_LCTRL, SDL_SCANCODE_0)));
     EXPECT_EQ('8', character(keyDown(SDLK_KP_8, KMOD_NUM)));
-    EXPECT_EQ('\0', character(keyDown(SDLK_KP_8)));                    // an arrow then
-    EXPECT_EQ('+', character(keyDown(SDLK_PLUS, 0, SDL_SCANCODE_1)));  // a Swiss keyboard
+    EXPECT_EQ('\0', character(keyDown(SDLK_KP_8)));  // an arrow then
+    EXPECT_EQ('+', character(keyDown(SDLK_PLUS, KMOD_RCTRL, SDL_SCANCODE_1)));
 }
 
 TEST(SdlKeys, theQuestionMarkIsWhereTheKeyboardTypesIt) {
