@@ -45,6 +45,20 @@ const std::vector<Filter>& filtersOf(const std::vector<int32_t>& samples) {
     return filters;
 }
 
+/// A frame through its filter, as the formula reads. line begins with the outputs before.
+void filter(const float* a, const int32_t* src, float* line, int32_t* dst) {
+    for (int32_t i = 0; i < kFrame; i++) {
+        float* newest = line + Lpc::kOrder + i;
+        // A sixteenth of the sample is about as loud as the excitation.
+        float y = static_cast<float>(src[i] >> 4) * 0x1p-15F;
+        for (int32_t t = 1; t <= Lpc::kOrder; t++) {
+            y -= a[t] * newest[-t];
+        }
+        *newest = y;
+        dst[i] = static_cast<int32_t>(y * 32767.0F);
+    }
+}
+
 MURMELO_KERNEL void
 map(const int32_t* src, const int32_t* curve, int32_t* __restrict dst, int32_t samples) {
     for (int32_t i = 0; i < samples; i++) {
@@ -123,15 +137,11 @@ size_t reversedCopy(const std::vector<int32_t>& samples) {
 
 size_t filterChain(const std::vector<int32_t>& samples) {
     const std::vector<Filter>& filters = filtersOf(samples);
-    Lpc::init();
     int32_t* target = outOf(samples.size());
+    float line[Lpc::kOrder + kFrame] = {};
     for (size_t f = 0; f < filters.size(); f++) {
-        const size_t at = f * kFrame;
-        // A sixteenth of the sample is about as loud as the excitation.
-        for (size_t i = at; i < at + kFrame; i++) {
-            target[i] = samples[i] >> 4;
-        }
-        Lpc::decode(target + at, filters[f].a);
+        filter(filters[f].a, &samples[f * kFrame], line, target + f * kFrame);
+        std::copy_n(line + kFrame, Lpc::kOrder, line);
     }
     return samples.size();
 }

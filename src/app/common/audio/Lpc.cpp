@@ -18,19 +18,18 @@ constexpr int32_t kFullVoiceness = 1024;
 
 constexpr float kGainFactor = 0.33F;
 
-// The windows of lags below this one end before the frame does: they have 80 samples, and 5 more
-// for each lag. Those of longer lags end with the frame; zeros after it make them all equally long.
-constexpr int32_t kShortLags = 11;
-constexpr int32_t kPaddedWindow = 144;
+// The windows of lags below this one end before the frame does: they have kLeastWindow samples, and
+// kWindowPerLag more for each lag. Those of longer lags end with the frame.
+constexpr int32_t kShortLags = 13;
+constexpr int32_t kLeastWindow = 80;
+constexpr int32_t kWindowPerLag = 5;
+constexpr int32_t kLongestWindow = Lpc::kFrameSamples - Lpc::kShortestPeriod;
+constexpr int32_t kWindowRest = kLongestWindow - kLeastWindow;
+static_assert(kLeastWindow + kWindowPerLag * kShortLags >= kLongestWindow);
 
-// Correlations are worked out for four lags at once, those of short lags one by one.
+// Correlations of longer lags are worked out for four lags at once.
 constexpr int32_t kLagsAtOnce = 4;
-constexpr int32_t kSingleLags = 13;
-static_assert(kSingleLags >= kShortLags && (Lpc::kLags - kSingleLags) % kLagsAtOnce == 0);
-
-constexpr int32_t shortWindow(int32_t lag) {
-    return std::min(80 + 5 * lag, kPaddedWindow);
-}
+static_assert((Lpc::kLags - kShortLags) % kLagsAtOnce == 0);
 
 constexpr int32_t kPaddedTaps = (Lpc::kCoefficients + kLagsAtOnce - 1) / kLagsAtOnce * kLagsAtOnce;
 
@@ -53,6 +52,32 @@ fourProducts(const int16_t* x, const int16_t* y, int32_t window, int32_t* __rest
     sums[3] = product(x, y + 3, window);
 }
 
+/// Works out sums[lag] for kFrom <= lag < kTo, kTo - kFrom being a multiple of four. Loops of a
+/// length known to the compiler are faster, so all have the window of the first lag, in whole
+/// vectors; the zeros after the frame make the products of the longer lags the same.
+template <int32_t kFrom, int32_t kTo>
+MURMELO_KERNEL_PART void
+correlateLongLags(const int16_t* x, const int16_t* delayed, int32_t* __restrict sums) {
+    static_assert(kFrom >= kShortLags && (kTo - kFrom) % kLagsAtOnce == 0);
+    constexpr int32_t kWindow = (kLongestWindow - kFrom + 15) / 16 * 16;
+    for (int32_t lag = kFrom; lag < kTo; lag += kLagsAtOnce) {
+        fourProducts(x, delayed + lag, kWindow, sums + lag);
+    }
+}
+
+/// Masks that keep the first 64 - n of 64 samples, if read from place n on.
+struct Masks {
+    int16_t masks[2 * kWindowRest] = {};
+
+    constexpr Masks() {
+        for (int32_t i = 0; i < kWindowRest; i++) {
+            masks[i] = -1;
+        }
+    }
+};
+
+constexpr Masks kMasks;
+
 /// sums[lag] = sum of x[i] * x[i + kShortestPeriod + lag], x being the frame's samples >> 6.
 MURMELO_KERNEL void correlateLags(const int32_t* frame, int32_t* __restrict sums) {
     int16_t x[Lpc::kFrameSamples + Lpc::kLags];
@@ -61,17 +86,22 @@ MURMELO_KERNEL void correlateLags(const int32_t* frame, int32_t* __restrict sums
         x[i] = static_cast<int16_t>(frame[i] >> 6);
     }
     const int16_t* delayed = x + Lpc::kShortestPeriod;
-    for (int32_t lag = 0; lag < kSingleLags; lag++) {
-        // Zeros after the window: loops of one known length are faster.
-        int16_t shortened[kPaddedWindow];
-        for (int32_t i = 0; i < kPaddedWindow; i++) {
-            shortened[i] = i < shortWindow(lag) ? x[i] : int16_t{0};
+    for (int32_t lag = 0; lag < kShortLags; lag++) {
+        const int16_t* rest = x + kLeastWindow;
+        const int16_t* delayedRest = delayed + kLeastWindow + lag;
+        const int16_t* mask = kMasks.masks + kWindowRest - kWindowPerLag * lag;
+        int32_t sum = 0;
+        for (int32_t i = 0; i < kWindowRest; i++) {
+            sum += static_cast<int16_t>(rest[i] & mask[i]) * delayedRest[i];
         }
-        sums[lag] = product(shortened, delayed + lag, kPaddedWindow);
+        sums[lag] = sum + product(x, delayed + lag, kLeastWindow);
     }
-    for (int32_t lag = kSingleLags; lag < Lpc::kLags; lag += kLagsAtOnce) {
-        fourProducts(x, delayed + lag, kPaddedWindow, sums + lag);
-    }
+    correlateLongLags<13, 17>(x, delayed, sums);
+    correlateLongLags<17, 33>(x, delayed, sums);
+    correlateLongLags<33, 49>(x, delayed, sums);
+    correlateLongLags<49, 65>(x, delayed, sums);
+    correlateLongLags<65, 81>(x, delayed, sums);
+    correlateLongLags<81, Lpc::kLags>(x, delayed, sums);
 }
 
 /// sums[lag] = sum of d[i] * d[i + lag], d being the first differences of the samples >> 8.
@@ -91,7 +121,7 @@ MURMELO_KERNEL void correlateDifferences(const int32_t* frame, int32_t* __restri
 void correlateWideLags(const int32_t* samples, int32_t* sums) {
     for (int32_t lag = 0; lag < Lpc::kLags; lag++) {
         const int32_t* delayed = samples + Lpc::kShortestPeriod + lag;
-        const int32_t window = std::min(kPaddedWindow - lag, shortWindow(lag));
+        const int32_t window = std::min(kLongestWindow - lag, kLeastWindow + kWindowPerLag * lag);
         sums[lag] = 0;
         for (int32_t i = 0; i < window; i++) {
             sums[lag] = wrapAdd(sums[lag], wrapMul(samples[i] >> 6, delayed[i] >> 6));
@@ -112,6 +142,8 @@ void correlateWideDifferences(const int32_t* frame, int32_t* sums) {
     }
 }
 
+constexpr int32_t kFrames = Lpc::kFiltersAtOnce;
+
 /// peaks[lag]: the sum of a lag and its neighbours if it is larger than both, else 0, which counts
 /// as no pitch. The first and the last lag have none. Returns the largest, at least 0.
 MURMELO_KERNEL int32_t findPeaks(const int32_t* correlations, int32_t* __restrict peaks) {
@@ -128,13 +160,69 @@ MURMELO_KERNEL int32_t findPeaks(const int32_t* correlations, int32_t* __restric
     return largest;
 }
 
+/// Levinson and Durbin's recursion as in Lpc::computeFilterCoeffs, for frames side by side.
+MURMELO_KERNEL void
+recur(const float (*r)[kFrames], float (*__restrict a)[kFrames], float* __restrict gains) {
+    float k[kFrames];
+    float error[kFrames];
+    for (int32_t f = 0; f < kFrames; f++) {
+        const float quotient = -r[1][f] / r[0][f];
+        k[f] = r[0][f] == 0.0F ? 0.0F : quotient;
+        a[0][f] = 1.0F;
+        a[1][f] = k[f];
+        error[f] = r[0][f] * (1.0F - k[f] * k[f]);
+    }
+    for (int32_t i = 2; i <= Lpc::kOrder; i++) {
+        float acc[kFrames];
+        for (int32_t f = 0; f < kFrames; f++) {
+            acc[f] = r[i][f];
+        }
+        for (int32_t j = 1; j < i; j++) {
+            for (int32_t f = 0; f < kFrames; f++) {
+                acc[f] += r[j][f] * a[i - j][f];
+            }
+        }
+        for (int32_t f = 0; f < kFrames; f++) {
+            const float quotient = -acc[f] / error[f];
+            k[f] = error[f] == 0.0F ? 0.0F : quotient;
+            a[i][f] = k[f];
+            error[f] = error[f] * (1.0F - k[f] * k[f]);
+        }
+        for (int32_t j = 1; j <= i - j; j++) {
+            for (int32_t f = 0; f < kFrames; f++) {
+                const float low = a[j][f];
+                const float high = a[i - j][f];
+                a[j][f] = low + k[f] * high;
+                a[i - j][f] = high + k[f] * low;
+            }
+        }
+    }
+    for (int32_t f = 0; f < kFrames; f++) {
+        gains[f] = std::sqrt(error[f]) * kGainFactor;
+    }
+}
+
 /// True if all samples of a frame fit 16 bits, as those of every recording do.
-bool isNarrow(const int32_t* x) {
+MURMELO_KERNEL bool isNarrow(const int32_t* x) {
     uint32_t magnitudes = 0;
     for (int32_t i = 0; i < Lpc::kFrameSamples; i++) {
         magnitudes |= static_cast<uint32_t>(x[i] ^ (x[i] >> 31));
     }
     return magnitudes <= 0x7FFF;
+}
+
+/// The sum of the squares of a frame's samples >> 6, which fit 16 bits.
+MURMELO_KERNEL int32_t energy(const int32_t* frame) {
+    int32_t sum = 0;
+    for (int32_t i = 0; i < Lpc::kFrameSamples; i++) {
+        const auto x = static_cast<int16_t>(frame[i] >> 6);
+        sum += x * x;
+    }
+    return sum;
+}
+
+constexpr int32_t nextInRing(int32_t place) {
+    return place + 1 < Lpc::kOrder ? place + 1 : 0;
 }
 
 }  // namespace
@@ -202,6 +290,12 @@ float Lpc::computeFilterCoeffs(const float* r, float* a, float* tmp) {
     return std::sqrt(error) * kGainFactor;
 }
 
+void Lpc::computeFilters(const float (&r)[kCoefficients][kFiltersAtOnce],
+                         float (&a)[kCoefficients][kFiltersAtOnce],
+                         float (&gains)[kFiltersAtOnce]) {
+    recur(r, a, gains);
+}
+
 int32_t Lpc::computePeriod(const int32_t* x) {
     if (isNarrow(x)) {
         correlateLags(x, P_CORR);
@@ -221,13 +315,19 @@ int32_t Lpc::computePeriod(const int32_t* x) {
     return static_cast<int32_t>(first - peaks) + kShortestPeriod;
 }
 
+bool Lpc::isFaint(const int32_t* x) {
+    // The product of two numbers is at most half the sum of their squares. So no correlation is
+    // greater than the energy, and no peak greater than three times that.
+    return isNarrow(x) && 3 * energy(x) < kLeastVoiceness << 10;
+}
+
 void Lpc::decode(int32_t* x, const float* a) {
     decode(x, a, [](int32_t /*unused*/) {});
 }
 
 void Lpc::beginLine(Line& line) {
-    for (int32_t t = 0; t < kOrder; t++) {
-        line[t] = DEL_BUF[(DEL_OFS + t) % kOrder];
+    for (int32_t t = 0, place = DEL_OFS; t < kOrder; t++, place = nextInRing(place)) {
+        line[t] = DEL_BUF[place];
     }
 }
 
@@ -235,7 +335,7 @@ void Lpc::endLine(const Line& line) {
     // A frame fills the ring a whole number of times: the next output goes where this frame's first
     // one went.
     static_assert(kFrameSamples % kOrder == 0);
-    for (int32_t t = 0; t < kOrder; t++) {
-        DEL_BUF[(DEL_OFS + t) % kOrder] = line[kFrameSamples + t];
+    for (int32_t t = 0, place = DEL_OFS; t < kOrder; t++, place = nextInRing(place)) {
+        DEL_BUF[place] = line[kFrameSamples + t];
     }
 }

@@ -15,6 +15,7 @@ public:
     static constexpr int32_t kFrameSamples = 160;
     static constexpr int32_t kOrder = 10;
     static constexpr int32_t kCoefficients = kOrder + 1;
+    static constexpr int32_t kFiltersAtOnce = 8;
     static constexpr int32_t kShortestPeriod = 16;  // samples; 500 Hz
     static constexpr int32_t kLags = 85;
     static constexpr int32_t kLongestPeriod = kShortestPeriod + kLags - 1;  // 80 Hz
@@ -37,9 +38,20 @@ public:
     /// space for 11 values. Returns the gain.
     static float computeFilterCoeffs(const float* r, float* a, float* tmp);
 
+    /// The same for kFiltersAtOnce frames f at once, in less time: each step of the recursion waits
+    /// for the one before it, but not for those of other frames. r[lag][f] are the
+    /// autocorrelations; writes the filters to a[tap][f] and the gains to gains[f].
+    static void computeFilters(const float (&r)[kCoefficients][kFiltersAtOnce],
+                               float (&a)[kCoefficients][kFiltersAtOnce],
+                               float (&gains)[kFiltersAtOnce]);
+
     /// Pitch period of a frame in samples; LAST_PERIOD where the frame has none. Sets
     /// LAST_VOICENESS.
     static int32_t computePeriod(const int32_t* x);
+
+    /// True if a frame is so quiet that computePeriod() finds no pitch in it, whatever it holds.
+    /// Takes a small part of its time.
+    static bool isFaint(const int32_t* x);
 
     /// Next sample of the pulse train: a rising ramp of 32 samples, then silence up to the period.
     /// In the header because the robot calls it for each sample.

@@ -3,12 +3,12 @@
 
 #include "Arithmetic.h"
 #include "ArrFunc.h"
+#include "Kernels.h"
 #include "Rnd.h"
 #include "System.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 namespace {
 
@@ -26,6 +26,51 @@ constexpr int32_t kLongestCounted = 100;
 // single-precision number divided by 5 is either a whole number or further away from one than the
 // rounding of a double reaches, and this double lies a little above 6.4.
 constexpr double kQ10PerFrame = 6.4;
+
+// Gains from 0 up to this one, as those of all recordings are, become whole numbers without a
+// check.
+constexpr float kPlainGain = 1e6F;
+static_assert(kPlainGain * kSamples * kQ10PerFrame < 2147483647.0);
+
+bool isPlain(float gain) {
+    return gain >= 0.0F && gain < kPlainGain;
+}
+
+struct Excitation {
+    const int32_t* pulses;
+    const int32_t* hisses;
+    int32_t pulseShare;  // of 1024
+    float gainBefore;
+    float gainAfter;
+};
+
+template <bool kIsPlain>
+MURMELO_KERNEL_PART void mixFrame(const Excitation& parts, int32_t* __restrict mixed) {
+    for (int32_t i = 0; i < kSamples; i++) {
+        const float gain = parts.gainBefore * static_cast<float>(kSamples - i) +
+                           parts.gainAfter * static_cast<float>(i);
+        const double exactQ10 = gain * kQ10PerFrame;
+        const int32_t gainQ10 = kIsPlain ? static_cast<int32_t>(exactQ10) : toInt32(exactQ10);
+        const int32_t pulse = wrapMul(gainQ10, parts.pulses[i]) >> 10;
+        const int32_t hiss = wrapMul(gainQ10, parts.hisses[i]) >> 10;
+        mixed[i] =
+            wrapAdd(wrapMul(1024 - parts.pulseShare, hiss), wrapMul(parts.pulseShare, pulse)) >> 10;
+    }
+}
+
+/// What a throat sends into the mouth in one frame: pulses and hiss. The gain glides from that of
+/// the frame before.
+MURMELO_KERNEL void mix(const Excitation& parts, int32_t* __restrict mixed) {
+    if (isPlain(parts.gainBefore) && isPlain(parts.gainAfter)) {
+        mixFrame<true>(parts, mixed);
+    } else {
+        mixFrame<false>(parts, mixed);
+    }
+}
+
+MURMELO_KERNEL void clampFrame(const int32_t* samples, int32_t* __restrict clamped) {
+    std::transform(samples, samples + kSamples, clamped, clampToSample);
+}
 
 }  // namespace
 
@@ -74,7 +119,17 @@ int32_t WpRobot::analyseFrame() {
         return kHalfway;  // shorter than a frame, or cleaned up
     }
     Frame& frame = frames[static_cast<size_t>(frameIndex)];
-    frame.gain = Lpc::encode(source + ptrdiff_t{frameIndex} * kSamples, frame.coefficients);
+    const int32_t* samples = source + ptrdiff_t{frameIndex} * kSamples;
+    Lpc::computeAutoCorrelation(samples, Lpc::TEMP_R);
+    const int32_t place = frameIndex % Lpc::kFiltersAtOnce;
+    for (int32_t lag = 0; lag < Lpc::kCoefficients; lag++) {
+        correlations[lag][place] = Lpc::TEMP_R[lag];
+    }
+    if (Lpc::isFaint(samples)) {
+        Lpc::LAST_VOICENESS = 0;
+    } else {
+        Lpc::LAST_PERIOD = Lpc::computePeriod(samples);
+    }
     frame.period = Lpc::LAST_PERIOD;
     frame.voicing = Lpc::LAST_VOICENESS;
     // Deliberate: the voicing is 0 or at least 100, so every voiced frame counts, however faint.
@@ -83,6 +138,9 @@ int32_t WpRobot::analyseFrame() {
         periodSum += static_cast<float>(frame.period);
         voicedCount++;
     }
+    if (place + 1 == Lpc::kFiltersAtOnce || frameIndex + 1 == frameCount) {
+        setFilters(&frame - place, place + 1);
+    }
     frameIndex++;
     if (frameIndex < frameCount) {
         return frameIndex * kHalfway / frameCount;
@@ -90,6 +148,19 @@ int32_t WpRobot::analyseFrame() {
     frameIndex = 0;
     setThroat();
     return kHalfway;
+}
+
+// Works out the filters of the newest frames, whose correlations are known.
+void WpRobot::setFilters(Frame* newest, int32_t count) {
+    float filters[Lpc::kCoefficients][Lpc::kFiltersAtOnce];
+    float gains[Lpc::kFiltersAtOnce];
+    Lpc::computeFilters(correlations, filters, gains);
+    for (int32_t f = 0; f < count; f++) {
+        for (int32_t t = 0; t < Lpc::kCoefficients; t++) {
+            newest[f].coefficients[t] = filters[t][f];
+        }
+        newest[f].gain = gains[f];
+    }
 }
 
 // Decides which period the robot speaks for each period of the voice.
@@ -108,45 +179,39 @@ int32_t WpRobot::synthesiseFrame() {
     if (frameCount == 0) {
         return kFinished;
     }
+    static constexpr Frame kSilence = {};
     const Frame* frame = &frames[static_cast<size_t>(frameIndex)];
+    const Frame& before = frameIndex == 0 ? kSilence : frame[-1];
     if (frameIndex == 0) {
-        const Frame silence = {{}, 0.0F, 0, 0};
         for (int32_t i = 0; i < kSamples; i++) {
-            nextBuffer[i] = excite(silence, *frame, i, *rnd);
+            draw(before, *frame, i, *rnd);
         }
     }
-    std::swap(frameBuffer, nextBuffer);
+    const int32_t pulseShare = frame->voicing * frame->voicing >> 10;
+    mix({pulses, hisses, pulseShare, before.gain, frame->gain}, frameBuffer);
     frameIndex++;
     if (frameIndex < frameCount) {
-        decodeAndExcite(*frame, frame[1]);
+        decodeAndDraw(*frame, frame[1]);
     } else {
         Lpc::decode(frameBuffer, frame->coefficients);
     }
-    int32_t* target = result + ptrdiff_t{frameIndex - 1} * kSamples;
-    std::transform(frameBuffer, frameBuffer + kSamples, target, clampToSample);
+    clampFrame(frameBuffer, result + ptrdiff_t{frameIndex - 1} * kSamples);
     return kHalfway + frameIndex * (kFinished - kHalfway) / frameCount;
 }
 
-// Fills the next frame's buffer while the filter waits for its own outputs.
-void WpRobot::decodeAndExcite(const Frame& frame, const Frame& next) {
+// Draws the next frame's pulses and hiss while the filter waits for its own outputs.
+void WpRobot::decodeAndDraw(const Frame& frame, const Frame& next) {
     Rnd noise = *rnd;  // a local copy can stay in registers
-    Lpc::decode(frameBuffer, frame.coefficients, [this, &frame, &next, &noise](int32_t i) {
-        nextBuffer[i] = excite(frame, next, i, noise);
-    });
+    Lpc::decode(frameBuffer, frame.coefficients,
+                [this, &frame, &next, &noise](int32_t i) { draw(frame, next, i, noise); });
     *rnd = noise;
 }
 
-// Returns sample i of what a throat would send into the mouth: pulses and noise, mixed by voicing.
-// Gain and, if the melody is mirrored, period glide from those of the frame before.
-inline int32_t
-WpRobot::excite(const Frame& before, const Frame& frame, int32_t i, Rnd& noise) const {
-    const float gain =
-        before.gain * static_cast<float>(kSamples - i) + frame.gain * static_cast<float>(i);
-    const int32_t gainQ10 = toInt32(gain * kQ10PerFrame);
+// Draws pulse and hiss of sample i. If the melody is mirrored, the period glides from that of the
+// frame before.
+inline void WpRobot::draw(const Frame& before, const Frame& frame, int32_t i, Rnd& noise) {
     const int32_t fromPeriod = mode == kMirroredPitch ? before.period : frame.period;
     const int32_t period = (fromPeriod * (kSamples - i) + frame.period * i) / kSamples;
-    const int32_t pulse = wrapMul(gainQ10, Lpc::excitation(throat[period], 0)) >> 10;
-    const int32_t hiss = wrapMul(gainQ10, noise.nextInt(-kNoise, kNoise)) >> 10;
-    const int32_t pulseShare = frame.voicing * frame.voicing >> 10;
-    return wrapAdd(wrapMul(1024 - pulseShare, hiss), wrapMul(pulseShare, pulse)) >> 10;
+    pulses[i] = Lpc::excitation(throat[period], 0);
+    hisses[i] = noise.nextInt(-kNoise, kNoise);
 }

@@ -46,18 +46,20 @@ private:
     int32_t analyseFrame();
     int32_t synthesiseFrame();
     void setThroat();
-    int32_t excite(const Frame& before, const Frame& frame, int32_t i, Rnd& noise) const;
-    void decodeAndExcite(const Frame& frame, const Frame& next);
+    void setFilters(Frame* newest, int32_t count);
+    void draw(const Frame& before, const Frame& frame, int32_t i, Rnd& noise);
+    void decodeAndDraw(const Frame& frame, const Frame& next);
 
     static bool seedIsFixed;
     static int32_t fixedSeed;
 
     int32_t sampleCount = 0;
     int32_t frameCount = 0;
-    int32_t buffers[2][Lpc::kFrameSamples] = {};
-    int32_t* frameBuffer = buffers[0];
-    int32_t* nextBuffer = buffers[1];  // the excitation of the frame that is spoken next
-    std::vector<Frame> frames;         // its memory is kept from run to run
+    int32_t frameBuffer[Lpc::kFrameSamples] = {};
+    int32_t pulses[Lpc::kFrameSamples] = {};  // these two of the frame that is spoken next
+    int32_t hisses[Lpc::kFrameSamples] = {};
+    std::vector<Frame> frames;  // its memory is kept from run to run
+    float correlations[Lpc::kCoefficients][Lpc::kFiltersAtOnce] = {};  // of frames without a filter
     float periodSum = 0.0F;
     int32_t voicedCount = 0;
     int32_t throat[Lpc::kLongestPeriod + 1] = {};  // new period for each of the voice

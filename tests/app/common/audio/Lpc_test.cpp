@@ -6,9 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <numeric>
 
@@ -128,6 +130,38 @@ TEST_F(LpcTest, filterIsThePlainRecursion) {
     }
 }
 
+TEST_F(LpcTest, filtersOfEightFramesAreThoseOfEach) {
+    Samples samples = frames();
+    const Samples wide = audio::noise(4000, 1 << 28);  // sums wrap: no sound has such ones
+    samples.insert(samples.end(), wide.begin(), wide.end());
+    int32_t withoutGain = 0;
+    for (size_t at = 0; at + 8 * size_t{160} <= samples.size(); at += 8 * size_t{160}) {
+        float r[11][8];
+        float a[11][8];
+        float gains[8];
+        for (size_t f = 0; f < 8; f++) {
+            const std::vector<float> one = audio::slow::autoCorrelation(&samples[at + 160 * f]);
+            for (size_t lag = 0; lag < 11; lag++) {
+                r[lag][f] = one[lag];
+            }
+        }
+        Lpc::computeFilters(r, a, gains);
+        for (size_t f = 0; f < 8; f++) {
+            std::vector<float> one(11);
+            std::vector<float> found(11);
+            for (size_t k = 0; k < 11; k++) {
+                one[k] = r[k][f];
+                found[k] = a[k][f];
+            }
+            float gain = 0.0F;
+            expectSameBits(audio::slow::filter(one, gain).data(), found.data(), 11);
+            expectSameBits(&gain, &gains[f], 1);
+            withoutGain += std::isnan(gain) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(withoutGain, 0);
+}
+
 TEST_F(LpcTest, filterOfADecayingCorrelationIsItsOneTap) {
     float r[11];
     for (int32_t k = 0; k <= 10; k++) {
@@ -195,6 +229,31 @@ TEST_F(LpcTest, firstOfEquallyGoodLagsWins) {
     frame[30] = 64 * 400;  // now 30, 40 and 10 (too short to be looked at) see one pair each
     EXPECT_EQ(30, Lpc::computePeriod(frame.data()));
     EXPECT_EQ(Lpc::P_CORR[14], Lpc::P_CORR[24]);
+}
+
+TEST_F(LpcTest, faintFramesHaveNoPitch) {
+    int32_t faint = 0;
+    for (uint32_t seed = 0; seed < 3000; seed++) {
+        const Samples frame = audio::noise(160, int32_t{100} << seed % 11, seed);
+        if (Lpc::isFaint(frame.data())) {
+            EXPECT_EQ(0, audio::slow::pitchOf(frame.data(), 58).voicing) << seed;
+            faint++;
+        }
+    }
+    EXPECT_GT(faint, 100);
+    EXPECT_LT(faint, 2900);
+}
+
+TEST_F(LpcTest, aThirdOfTheLeastPeakIsTheLimitOfFaintFrames) {
+    Samples frame(160);  // the least peak is 100 << 10; three times 34133 is one less
+    const int32_t roots[] = {184, 16, 4, 2, 1};
+    std::transform(std::begin(roots), std::end(roots), frame.begin() + 70,
+                   [](int32_t root) { return 64 * root; });
+    EXPECT_TRUE(Lpc::isFaint(frame.data()));
+    frame[0] = -64;
+    EXPECT_FALSE(Lpc::isFaint(frame.data()));
+    frame[0] = 1 << 22;  // its lower 16 bits are 0 after the shift
+    EXPECT_FALSE(Lpc::isFaint(frame.data()));
 }
 
 TEST_F(LpcTest, periodIsTheFirstOfTheHighestPeaks) {

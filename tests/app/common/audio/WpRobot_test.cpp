@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using audio::Samples;
 
 namespace {
@@ -41,6 +43,22 @@ TEST_F(WpRobotTest, bothModesAreThePlainModelOnRealSpeech) {
     WpRobot::fixSeed(4711);
     EXPECT_EQ(audio::slow::robot(samples, 1, 4711), audio::run(robot, samples));
     EXPECT_EQ(audio::slow::robot(samples, 2, 4711), audio::run(flip, samples));
+}
+
+TEST_F(WpRobotTest, framesWithoutAGainAreThePlainModel) {
+    Samples samples = audio::speechOf(1);
+    const Samples wide = audio::noise(4000, 1 << 28);  // sums wrap, and some have no root
+    samples.insert(samples.end(), wide.begin(), wide.end());
+    int32_t withoutGain = 0;
+    for (size_t at = 8000; at + 160 <= samples.size(); at += 160) {
+        float gain = 0.0F;
+        audio::slow::filter(audio::slow::autoCorrelation(&samples[at]), gain);
+        withoutGain += std::isnan(gain) ? 1 : 0;
+    }
+    ASSERT_GT(withoutGain, 0);
+    WpRobot::fixSeed(5);
+    EXPECT_EQ(audio::slow::robot(samples, 1, 5), audio::run(robot, samples));
+    EXPECT_EQ(audio::slow::robot(samples, 2, 5), audio::run(flip, samples));
 }
 
 TEST_F(WpRobotTest, anyOtherModeKeepsTheVoicesOwnPitch) {
