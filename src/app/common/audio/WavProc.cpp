@@ -92,6 +92,7 @@ void WavProc::dropRun() {
     SampleKeep::giveBack(source);
     source = nullptr;
     result.reset();
+    laterCount = kNoResult;
 }
 
 /// @param samples  owned from now on
@@ -118,6 +119,9 @@ int32_t WavProc::process() {
 }
 
 int32_t* WavProc::getResult() {
+    if (laterCount != kNoResult) {
+        newResult(laterCount);
+    }
     // cleanUp() would delete the result: the caller gets the array itself, not a copy.
     int32_t* fetched = result.release();
     cleanUp();
@@ -130,6 +134,7 @@ void WavProc::cleanUp() {
     SampleKeep::giveBack(source);
     source = nullptr;
     result.reset();
+    laterCount = kNoResult;
 }
 
 void WavProc::exc(const char* /*message*/) {
@@ -142,6 +147,15 @@ void WavProc::exc(Osp::Base::String* /*message*/) {
 
 void WavProc::newResult(int32_t count) {
     result.reset(newArray<int32_t>(count));
+}
+
+void WavProc::newResultLater(int32_t count) {
+    laterCount = count;
+}
+
+void WavProc::fillResult() {
+    result.reset(newArrayToFill<int32_t>(laterCount));
+    laterCount = kNoResult;
 }
 
 void WavProc::addCrossFaded(

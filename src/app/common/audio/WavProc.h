@@ -91,6 +91,14 @@ protected:
     /// Allocates the result: count samples of silence.
     void newResult(int32_t count);
 
+    /// For doInit(): as newResult(), but the silence takes no time unless the result is fetched
+    /// before fillResult().
+    void newResultLater(int32_t count);
+
+    /// For the first doProcess() after newResultLater(): allocates the result, with samples of any
+    /// value. The caller writes all of them.
+    void fillResult();
+
     int32_t* source = nullptr;  // owned; a copy from SampleKeep, or the array of initWithOwn()
     Array<int32_t> result;
     int32_t lastProgress = kIdle;
@@ -99,4 +107,7 @@ protected:
 private:
     void dropRun();
     void start(int32_t* samples, int32_t srate);
+
+    static constexpr int32_t kNoResult = -1;
+    int32_t laterCount = kNoResult;  // samples of a result that is not made yet
 };

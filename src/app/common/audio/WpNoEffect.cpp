@@ -12,7 +12,7 @@ constexpr int32_t kSliceSamples = 8000;  // one second of sound for each step of
 }  // namespace
 
 void WpNoEffect::doInit() {
-    newResult(length(source));
+    newResultLater(length(source));
     position = 0;
 }
 
@@ -24,6 +24,7 @@ int32_t WpNoEffect::doProcess() {
     // Deliberate: the first slice makes the whole result; the others only report progress, one
     // second of sound at a time.
     if (position == 0) {
+        fillResult();
         std::copy_n(source, samples, result.get());
     }
     position = std::min(position + kSliceSamples, samples);

@@ -20,7 +20,7 @@ copyBackwards(const int32_t* sourceEnd, int32_t* __restrict target, int32_t samp
 }  // namespace
 
 void WpReverse::doInit() {
-    newResult(length(source));
+    newResultLater(length(source));
     position = 0;
 }
 
@@ -32,6 +32,7 @@ int32_t WpReverse::doProcess() {
     // Deliberate: the first slice makes the whole result; the others only report progress, one
     // second of sound at a time.
     if (position == 0) {
+        fillResult();
         copyBackwards(source + samples, result, samples);
     }
     position = std::min(position + kSliceSamples, samples);

@@ -25,15 +25,19 @@ void setHeader(void* array, uint32_t header) {
     std::memcpy(static_cast<char*>(array) - sizeof header, &header, sizeof header);
 }
 
-void* newBlock(size_t bytes, uint32_t count) {
+/// @param block  of kElement0Bytes and the elements; null if there was no memory for it
+void* arrayIn(void* block, uint32_t count) {
     assert(count <= kArrayLengthMask);
-    void* block = std::calloc(1, kElement0Bytes + bytes);
     if (block == nullptr) {
         throw std::bad_alloc();  // as the platform's own allocation does; it ends the program
     }
     void* array = static_cast<char*>(block) + kElement0Bytes;
     setHeader(array, count);
     return array;
+}
+
+void* newBlock(size_t bytes, uint32_t count) {
+    return arrayIn(std::calloc(1, kElement0Bytes + bytes), count);
 }
 
 void** newOuterArray(int32_t bytes) {
@@ -48,6 +52,12 @@ void** newOuterArray(int32_t bytes) {
 void* newArrFunc(int32_t bytes, int32_t elemSize, const char* /*file*/, int32_t /*line*/) {
     assert(bytes >= 0 && elemSize > 0);
     return newBlock(static_cast<size_t>(bytes), static_cast<uint32_t>(bytes / elemSize));
+}
+
+void* newArrFuncToFill(int32_t bytes, int32_t elemSize) {
+    assert(bytes >= 0 && elemSize > 0);
+    return arrayIn(std::malloc(kElement0Bytes + static_cast<size_t>(bytes)),
+                   static_cast<uint32_t>(bytes / elemSize));
 }
 
 void* newArrFunc(int32_t bytes0, int32_t bytes1, int32_t elemSize, const char* file, int32_t line) {

@@ -4,7 +4,8 @@
 //
 // Low 24 bits of the header: element count. Bit 24: the elements are counted arrays themselves.
 // Element 0 is aligned to 16 bytes; the padding that this needs lies before the header, never
-// between it and element 0. The memory is zero-filled. The creator of an array frees it with
+// between it and element 0. The memory is zero-filled,
+// unless a function says otherwise. The creator of an array frees it with
 // deleteArrFunc.
 #pragma once
 
@@ -19,6 +20,9 @@ constexpr uint32_t kArrayLengthMask = kMaxArrayLength;
 /// A new zero-filled array of bytes / elemSize elements (at most kMaxArrayLength; the caller checks
 /// sizes from outside). file and line name the calling place, for a debugger.
 void* newArrFunc(int32_t bytes, int32_t elemSize, const char* file, int32_t line);
+
+/// The same with elements of any value, for a caller that writes all of them.
+void* newArrFuncToFill(int32_t bytes, int32_t elemSize);
 
 /// Two levels: an outer array of bytes0 / 4 pointers, each to a new array of bytes1 bytes. Callers
 /// always count 4 bytes for a row; the outer block has room for real pointers, which may be larger.
@@ -65,4 +69,12 @@ T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = _
     // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer, where pointers are the elements
     constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
     return static_cast<T*>(newArrFunc(count * kElemSize, kElemSize, file, line));
+}
+
+/// The same with elements of any value, for a caller that writes all of them.
+template <typename T>
+T* newArrayToFill(int32_t count) {
+    assert(count >= 0 && count <= kMaxArrayLength);
+    constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
+    return static_cast<T*>(newArrFuncToFill(count * kElemSize, kElemSize));
 }

@@ -87,11 +87,28 @@ void expectTheModelAfterEverySlice(bool backwards) {
         proc.init(audio::toArray(samples).get(), 8000);
         model.init(audio::toArray(samples).get(), 8000);
         for (int32_t progress = 0; progress < WavProc::kFinished;) {
-            ASSERT_EQ(audio::toVector(model.openResult()), audio::toVector(proc.openResult()));
             progress = model.process();
             ASSERT_EQ(progress, proc.process()) << count << " samples";
+            ASSERT_EQ(audio::toVector(model.openResult()), audio::toVector(proc.openResult()));
         }
-        EXPECT_EQ(audio::toVector(model.openResult()), audio::toVector(proc.openResult()));
+    }
+}
+
+/// A result that is fetched before the first slice is silence, and one of another run is not seen.
+template <typename Processor>
+void expectSilenceBeforeTheFirstSlice() {
+    Processor proc;
+    for (const int32_t count : {5, 0, 8001}) {
+        const Samples samples = audio::noise(count, 32767);
+        proc.init(audio::toArray(samples).get(), 8000);
+        const Array<int32_t> result(proc.getResult());
+        ASSERT_NE(nullptr, result.get());
+        EXPECT_EQ(Samples(samples.size()), audio::toVector(result.get()));
+        EXPECT_EQ(nullptr, Array<int32_t>(proc.getResult()).get());  // once for each run
+        proc.init(audio::toArray(samples).get(), 8000);
+        proc.process();
+        proc.cleanUp();
+        EXPECT_EQ(nullptr, Array<int32_t>(proc.getResult()).get());
     }
 }
 
@@ -125,6 +142,14 @@ void runWithoutWritesAfterTheFirstSlice() {
 
 TEST(WpNoEffect, resultAfterEverySliceIsThatOfCopyingAllThatIsLeft) {
     expectTheModelAfterEverySlice<WpNoEffect>(false);
+}
+
+TEST(WpNoEffect, resultBeforeTheFirstSliceIsSilence) {
+    expectSilenceBeforeTheFirstSlice<WpNoEffect>();
+}
+
+TEST(WpReverse, resultBeforeTheFirstSliceIsSilence) {
+    expectSilenceBeforeTheFirstSlice<WpReverse>();
 }
 
 TEST(WpReverse, resultAfterEverySliceIsThatOfReversingAllThatIsLeft) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 
 TEST(ArrFunc, headerWordStandsDirectlyBeforeElement0) {
@@ -69,4 +70,15 @@ TEST(ArrFunc, rangesAreCutToTheArray) {
     EXPECT_EQ(0, elementsInRange(array, 0, -1));
     EXPECT_EQ(0, elementsInRange(nullptr, 0, 1));
     deleteArrFunc(array);
+}
+
+TEST(ArrFunc, arrayToFillHasItsLengthAndAlignment) {
+    for (const int32_t count : {0, 1, 160000}) {
+        int32_t* array = newArrayToFill<int32_t>(count);
+        EXPECT_EQ(count, length(array));
+        EXPECT_EQ(0U, reinterpret_cast<uintptr_t>(array) % 16);
+        std::fill_n(array, count, -1);
+        EXPECT_EQ(count, length(array));
+        deleteArrFunc(array);
+    }
 }
