@@ -2,6 +2,10 @@
 
 import { MENU } from './core.js';
 
+// The first tap unlocks the speaker, and Chromium then asks for the page's icon. If that request meets the worker just
+// as a new one wants to replace it, the new one waits for minutes.
+const QUIET_MS = 500;
+
 export class Update {
     /** @param {import('./main.js').Page} page */
     constructor(page) {
@@ -39,10 +43,12 @@ export class Update {
     offer() {
         const inMenu = this.page.core.texts.screen === MENU;
         if (this.waiting && inMenu && !this.told) {
-            this.page.tell('newVersion', 'update', () =>
-                this.page.core.texts.screen === MENU ? this.waiting?.postMessage('activate') : this.page.tell('notNow')
-            );
+            this.page.tell('newVersion', 'update', () => setTimeout(() => this.take(), QUIET_MS));
         }
         this.told = this.waiting !== null && inMenu;
+    }
+
+    take() {
+        this.page.core.texts.screen === MENU ? this.waiting?.postMessage('activate') : this.page.tell('notNow');
     }
 }
