@@ -69,8 +69,7 @@ compare("the loop of screens.sh", words[2:], between(screens, "$(for effect in "
 compare("the sheet of screens.sh", words[1:], between(screens, " process play ", "\n").split())
 
 compare("README.md", words, [meant_by(name) for name in first_cells(between(read("README.md"), "## What it does", "## "))])
-speed = between(read("docs/speed.md"), "| effect | until", "\n\n")
-compare("docs/speed.md", words, [meant_by(name) for name in first_cells("| effect | until" + speed)])
+compare("docs/speed.md", words, first_cells(between(read("docs/speed.md"), " play -->\n", "\n\n")))
 
 keys = f"1 to {len(words)}"
 compare("the keys in README.md", [keys], re.findall(r"^\| (1 to \d+) \|", read("README.md"), re.M))
