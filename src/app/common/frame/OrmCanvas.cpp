@@ -109,6 +109,9 @@ void OrmCanvas::paint(GnoGraphics* g) {
 
 void OrmCanvas::paintChanges(GnoGraphics* g) {
     paintPicture(g, painted);
+    if (wrongRes) {
+        painted.markAll();  // the message may have covered all of it
+    }
 }
 
 /// @param rows  the rows to copy; then their marks are cleared

@@ -206,6 +206,27 @@ TEST_F(OrmCanvasTest, paintsOnlyWhatWasPaintedSinceTheLastTime) {
     EXPECT_EQ(0xF800, pixels[10 * 240 + 8]);
 }
 
+TEST_F(OrmCanvasTest, whatTheMessageOfATurnedDisplayCoveredIsPaintedAfterIt) {
+    class Canvas : public OrmCanvas {
+    public:
+        void paintWRMessage(GnoGraphics* g) override {
+            g->setColor(0);
+            g->fillRect(0, 0, 240, 320);
+        }
+    };
+    Canvas turned;
+    turned.getScreen()->set(0xFFFFFFFF);
+    std::vector<uint16_t> pixels(240 * 320);
+    CanvasGraphics graphics(reinterpret_cast<unsigned char*>(pixels.data()), 240, 320);
+    turned.paintChanges(&graphics);
+    OrmCanvas::wrongRes = true;
+    turned.paintChanges(&graphics);
+    EXPECT_EQ(std::vector<uint16_t>(240 * 320, 0), pixels);
+    OrmCanvas::wrongRes = false;
+    turned.paintChanges(&graphics);
+    EXPECT_EQ(std::vector<uint16_t>(240 * 320, 0xFFFF), pixels);
+}
+
 TEST_F(OrmCanvasTest, paintingAllOfItTakesNothingFromTheNextChanges) {
     std::vector<uint16_t> all(240 * 320);
     std::vector<uint16_t> pixels(240 * 320);
