@@ -4,6 +4,7 @@
 #include "FxCatalogue.h"
 #include "FxOptions.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -55,10 +56,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     std::vector<std::string> arguments = argumentsOf(data, size);
-    std::vector<char*> pointers;
-    for (std::string& argument : arguments) {
-        pointers.push_back(argument.data());
-    }
+    std::vector<char*> pointers(arguments.size());
+    std::transform(arguments.begin(), arguments.end(), pointers.begin(),
+                   [](std::string& argument) { return argument.data(); });
     FxOptions options;
     std::streambuf* const printed = std::cout.rdbuf(nullptr);  // help and version
     const Problem mistake = options.parse(static_cast<int>(pointers.size()), pointers.data());

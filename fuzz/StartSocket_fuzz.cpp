@@ -5,9 +5,9 @@
 #include "TestFolders.h"
 
 #include <atomic>
+#include <climits>
 #include <cstdint>
 #include <cstdlib>
-#include <limits.h>
 #include <string>
 #include <sys/socket.h>
 #include <sys/un.h>

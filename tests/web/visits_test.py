@@ -283,6 +283,20 @@ class Update(PageTest):
         self.tab.wait_for("caches.keys().then((names) => names.length === 1)")
         self.assertEqual("", page.message())
 
+    def test_leaving_the_menu_right_after_the_tap_keeps_this_version(self):
+        page = self.page.open().to_menu()
+        self.tab.wait_for(_INSTALLED)
+        page.reload().until("Options")
+        self.publish()
+        self.tab.evaluate("navigator.serviceWorker.getRegistration().then((registration) => registration.update()).then(() => 0)")
+        page.told("newVersion")
+        self.tab.evaluate("""[%s, "Record"].forEach((text) =>
+            [...document.querySelectorAll("button")].find((one) => one.textContent === text).click())""" % json.dumps(page.word("update")))
+        page.until("Record")
+        page.told("notNow")
+        self.assertEqual("installed", self.tab.evaluate("murmelo.update.waiting.state"))
+        self.assertIsNone(self.tab.evaluate("window.isNewer"))
+
     def test_a_request_that_does_not_end_holds_no_new_version_up(self):
         page = self.page.open().to_menu()
         self.tab.wait_for(_INSTALLED)

@@ -105,10 +105,9 @@ Problem checkWord(const ScriptVerb& verb,
         return Problem::none();
     }
     if (argument.kind == Kind::kPngFile) {
-        constexpr std::string_view kEnding = ".png";
-        return std::string_view(word).ends_with(kEnding)
-                   ? Problem::none()
-                   : Problem("the name of a picture must end in .png");
+        const std::string_view name = word;
+        return name.ends_with(".png") ? Problem::none()
+                                      : Problem("the name of a picture must end in .png");
     }
     const std::vector<std::string> choices = choicesOf(argument, screens);
     if (std::find(choices.begin(), choices.end(), word) != choices.end()) {

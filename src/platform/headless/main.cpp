@@ -82,6 +82,17 @@ int list() {
     return RunVerdict::kOk;
 }
 
+Problem readScript(const std::string& path, std::vector<ScriptCommand>& commands) {
+    std::string text;
+    if (const Problem problem = readAll(path, text)) {
+        return "the script \"" + path + "\" cannot be read: " + problem.sentence();
+    }
+    if (const Problem mistake = Script::parse(text, screenNames(), commands)) {
+        return path + ": " + mistake.sentence();
+    }
+    return Problem::none();
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): out of memory ends the program, here as anywhere
@@ -127,15 +138,9 @@ int main(int argc, char** argv) {
         return list();
     }
 
-    std::string text;
-    if (const Problem problem = readAll(scriptPath, text)) {
-        return reportError("the script \"" + scriptPath +
-                               "\" cannot be read: " + problem.sentence(),
-                           RunVerdict::kUsage);
-    }
     std::vector<ScriptCommand> commands;
-    if (const Problem mistake = Script::parse(text, screenNames(), commands)) {
-        return reportError(scriptPath + ": " + mistake.sentence(), RunVerdict::kUsage);
+    if (const Problem problem = readScript(scriptPath, commands)) {
+        return reportError(problem.sentence(), RunVerdict::kUsage);
     }
 
     HostFolders folders;
