@@ -3,6 +3,7 @@
 murmelo_tests(device_tests
     SOURCES
         app/common/frame/AudioDev_test.cpp
+        platform/DiskSync.cpp
         platform/FileMicrophone_test.cpp
         platform/FileSpeaker_test.cpp
         platform/FileUri_test.cpp

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // New folders are synced before a file in them counts as kept: a power cut could remove both.
+#include "DiskSync.h"
 #include "LastTake.h"
 #include "ReplacedFile.h"
 #include "SafeFile.h"
@@ -9,34 +10,17 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <set>
 #include <string>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-namespace {
-
-std::set<std::string> synced;  // paths of all files and folders that were synced
-
-}  // namespace
-
-/// Replaces the system's fsync() in this program, and notes what it was called for.
-extern "C" int fsync(int fd) {
-    std::error_code error;
-    synced.insert(
-        std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(fd), error).string());
-    return static_cast<int>(syscall(SYS_fsync, fd));
-}
 
 namespace {
 
 class FolderSyncTest : public testing::Test {
 protected:
-    FolderSyncTest() { synced.clear(); }
+    FolderSyncTest() { DiskSync::synced.clear(); }
 
     bool isSynced(const std::string& name) const {
-        return synced.count(std::filesystem::canonical(folders.path(name)).string()) != 0;
+        return DiskSync::synced.count(std::filesystem::canonical(folders.path(name)).string()) != 0;
     }
 
     TestFolders folders;
@@ -65,7 +49,7 @@ TEST_F(FolderSyncTest, aFolderThatIsThereNeedsNothing) {
     folders.makeFolder("config/a");
     EXPECT_TRUE(SafeFile::makeFolders(folders.path("config/a"), 0777));
     EXPECT_TRUE(SafeFile::makeFolders(folders.path("config/a/"), 0777));
-    EXPECT_TRUE(synced.empty());
+    EXPECT_TRUE(DiskSync::synced.empty());
 }
 
 TEST_F(FolderSyncTest, aFileInTheWayIsToldByErrno) {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The last take is kept complete, readable for its user only, until it is replaced or deleted.
+#include "DiskSync.h"
 #include "FullDisk.h"
 #include "LastTake.h"
+#include "SmallDisk.h"
 #include "TakeKeeper.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
@@ -47,6 +49,12 @@ protected:
             told.push_back(message.text("en"));
             sentences.push_back(sentence);
         };
+    }
+
+    static Samples broughtBackBy(const TakeKeeper& keeper) {
+        Samples samples;
+        EXPECT_EQ("", keeper.bringBack(samples));
+        return samples;
     }
 
     std::vector<std::string> told;
@@ -449,6 +457,87 @@ TEST_F(TakeKeeperTest, atTheEndTheBeginningIsSyncedToo) {
     EXPECT_EQ("", settles[0]());
     EXPECT_TRUE(folders.has("state/murmelo/last-take.wav"));
     EXPECT_FALSE(broughtBack().empty());
+}
+
+TEST_F(TakeKeeperTest, atTheEndADiskThatIsFullAtTheSyncKeepsTheBeginningOfTheTake) {
+    const Samples longTake = TestSounds::noise(16000, 8);
+    std::vector<std::function<Problem()>> settles;
+    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
+        settles.push_back(std::move(settle));
+    });
+    keeper.recorded(file);
+    patient.recorded(longTake);
+    patient.end();
+    const FullAtSync disk(10000);
+    for (size_t i = 0; i < settles.size(); i++) {
+        patient.settled(settles[i]());
+    }
+    EXPECT_EQ(Samples(longTake.begin(), longTake.begin() + 4000), broughtBack());
+    EXPECT_TRUE(folders.has("state/murmelo/last-take.wav"));
+    EXPECT_FALSE(folders.has("state/murmelo/last-take.wav.next"));
+    EXPECT_EQ(std::vector<std::string>{"Disk full: 0.2 of 1 seconds kept."}, told);
+}
+
+TEST_F(TakeKeeperTest, atTheEndASyncThatNeverHasRoomKeepsTheEarlierTake) {
+    keeper.recorded(file);
+    const FullAtSync disk(20);
+    keeper.recorded(recording);
+    told.clear();
+    keeper.end();
+    EXPECT_EQ(TestSounds::wav(file, 16000), folders.read("state/murmelo/last-take.wav"));
+    EXPECT_EQ(std::vector<std::string>{"Disk full: there is no spare copy of the recording."},
+              told);
+}
+
+TEST_F(TakeKeeperTest, aDiskThatIsFullAtTheSyncIsToldWhileTheProgramGoesOn) {
+    const FullAtSync disk(20);
+    keeper.recorded(recording);
+    EXPECT_EQ(std::vector<std::string>{"Disk full: there is no spare copy of the recording."},
+              told);
+    EXPECT_EQ(recording, broughtBackBy(keeper));
+}
+
+TEST_F(TakeKeeperTest, atTheEndALimitOnTheSizeOfFilesKeepsTheEarlierTake) {
+    keeper.recorded(file);
+    {
+        const FullDisk disk(20);
+        keeper.recorded(recording);
+        keeper.end();
+    }
+    EXPECT_EQ(file, broughtBack());  // deleting it would make no room
+}
+
+TEST_F(TakeKeeperTest, atTheEndTheEarlierTakeGivesItsRoomOnlyToALongerBeginning) {
+    const Samples earlier = TestSounds::noise(40000, 3);
+    const Samples longTake = TestSounds::noise(160000, 8);
+    const SmallDisk disk(stateFolder());
+    if (!disk.isMounted()) {
+        GTEST_SKIP() << "a file system cannot be mounted here";
+    }
+    keeper.recorded(earlier);
+    disk.fill(20000);
+    keeper.recorded(longTake);
+    told.clear();
+    keeper.end();
+    const Samples kept = broughtBack();
+    EXPECT_LE(36000U, kept.size());  // what the earlier one had, and not the 10000 beside it
+    EXPECT_GT(longTake.size(), kept.size());
+    EXPECT_EQ(Samples(longTake.begin(), longTake.begin() + static_cast<ptrdiff_t>(kept.size())),
+              kept);
+    EXPECT_EQ(1U, told.size());
+}
+
+TEST_F(TakeKeeperTest, atTheEndAShortEarlierTakeGivesNothingToTheBeginning) {
+    const Samples longTake = TestSounds::noise(160000, 8);
+    const SmallDisk disk(stateFolder());
+    if (!disk.isMounted()) {
+        GTEST_SKIP() << "a file system cannot be mounted here";
+    }
+    keeper.recorded(file);
+    disk.fill(100000);
+    keeper.recorded(longTake);
+    keeper.end();
+    EXPECT_LE(45000U, broughtBack().size());
 }
 
 TEST_F(TakeKeeperTest, aFileDoesNotReplaceATakeThatTheDiskRefused) {

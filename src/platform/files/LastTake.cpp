@@ -132,13 +132,15 @@ bool LastTake::isDiskFull() const {
     return shared->isWaiting && isOfFullDisk(shared->error);
 }
 
-Problem LastTake::writeSamples(int file,
-                               const std::string& fresh,
-                               const std::vector<int16_t>& samples,
-                               size_t count) const {
+/// Name of the file that is not complete yet.
+std::string LastTake::fresh() const {
+    return folder + kNewName + std::to_string(::getpid());
+}
+
+Problem LastTake::writeSamples(int file, const std::vector<int16_t>& samples, size_t count) const {
     errno = 0;
-    Problem problem = SoundFile::write(file, fresh, HostMicrophone::kRateHz, samples.data(), count,
-                                       SoundFile::Format::kWav);
+    Problem problem = SoundFile::write(file, fresh(), HostMicrophone::kRateHz, samples.data(),
+                                       count, SoundFile::Format::kWav);
     return problem && errno != 0 ? notKept() : problem;  // without the unfinished file's name
 }
 
@@ -157,48 +159,76 @@ Problem LastTake::write(const std::vector<int16_t>& samples) const {
     const std::lock_guard<std::mutex> lock(shared->mutex);
     size_t count = samples.size();
     Problem problem = writeFile(samples, count, false);
+    if (!problem) {
+        problem = nameNext();
+    }
     shared->samples = samples;
     shared->isWaiting = static_cast<bool>(problem);
     return problem;
 }
 
-Problem LastTake::writeWhatFits(size_t& kept) const {
+Problem LastTake::writeWhatFits(size_t& count) const {
     const std::lock_guard<std::mutex> lock(shared->mutex);
-    ::unlink(newPath.c_str());
-    ::unlink(SafeFile::realTarget(path).c_str());
-    kept = shared->samples.size();
-    Problem problem = writeFile(shared->samples, kept, true);
+    const size_t wanted = std::min(count, shared->samples.size());
+    count = wanted;
+    Problem problem = writeFile(shared->samples, count, true);
+    if (!problem) {
+        problem = nameNext();
+    }
+    // A limit on the size of a file leaves no more room without the earlier take.
+    if ((problem || count < wanted) && shared->error != EFBIG && isOfFullDisk(shared->error)) {
+        if (problem) {
+            count = 0;
+            ::unlink(newPath.c_str());
+        }
+        ::unlink(SafeFile::realTarget(path).c_str());
+        size_t more = wanted;
+        Problem second = writeFile(shared->samples, more, true);
+        if (!second && more > count) {
+            second = nameNext();
+            count = second ? count : more;
+        }
+        ::unlink(fresh().c_str());
+        problem = problem ? second : problem;
+    }
     shared->isWaiting = static_cast<bool>(problem);
     return problem;
 }
 
+/// Writes the samples to the file fresh(), which is there only if this succeeds.
 /// @param count   number of samples to write; becomes that of the samples that are written
 /// @param mayCut  true: if the disk is full, writes fewer
 Problem LastTake::writeFile(const std::vector<int16_t>& samples, size_t& count, bool mayCut) const {
     shared->error = 0;
     shared->isFolderNew = makeFolder() || shared->isFolderNew;
     removeLeftovers(folder);
-    const std::string fresh = folder + kNewName + std::to_string(::getpid());
-    const int file = SafeFile::create(fresh);
+    const int file = SafeFile::create(fresh());
     if (file < 0) {
         return notKept("in \"" + folder);
     }
     static_cast<void>(::fchmod(file, kOwnFile));  // some disks have no permissions
     count = std::min(count, static_cast<size_t>(kMaxSamples));
-    Problem problem = writeSamples(file, fresh, samples, count);
+    Problem problem = writeSamples(file, samples, count);
     while (problem && mayCut && isOfFullDisk(shared->error) && makeShorter(file, count)) {
-        problem = writeSamples(file, fresh, samples, count);
+        problem = writeSamples(file, samples, count);
     }
-    const bool isClosed = ::close(file) == 0;
-    if (!problem) {
-        makeWay(newPath);
-    }
-    if (!problem && (!isClosed || !SafeFile::over(fresh, newPath))) {
+    if (::close(file) != 0 && !problem) {
         problem = notKept();
     }
     if (problem) {
-        ::unlink(fresh.c_str());
+        ::unlink(fresh().c_str());
     }
+    return problem;
+}
+
+/// Makes the file fresh() the newest take. If that fails, the file is deleted.
+Problem LastTake::nameNext() const {
+    makeWay(newPath);
+    if (SafeFile::over(fresh(), newPath)) {
+        return Problem::none();
+    }
+    Problem problem = notKept();
+    ::unlink(fresh().c_str());
     return problem;
 }
 

@@ -43,10 +43,11 @@ public:
     bool isDiskFull() const;
 
     /// For the end of the program: writes as much of waiting() as the disk has room for, from its
-    /// beginning. The file of the earlier take is deleted first, to make room. Call settle() next.
-    /// @param kept  number of samples that are in the file
+    /// beginning. If that is not all, the file of the earlier take is deleted to make room, but
+    /// only once the part that fits beside it is written. Call settle() next.
+    /// @param count  how many samples to write at most; becomes the number that is in the file
     /// @returns as keep()
-    Problem writeWhatFits(size_t& kept) const;
+    Problem writeWhatFits(size_t& count) const;
 
     /// The reason in a sentence of keep(), write(), settle() or forget(), without the file's name.
     static std::string reasonOf(const Problem& problem);
@@ -70,10 +71,9 @@ private:
     Problem notKept(const std::string& what) const;
     Problem notKept() const;
     Problem writeFile(const std::vector<int16_t>& samples, size_t& count, bool mayCut) const;
-    Problem writeSamples(int file,
-                         const std::string& fresh,
-                         const std::vector<int16_t>& samples,
-                         size_t count) const;
+    Problem nameNext() const;
+    std::string fresh() const;
+    Problem writeSamples(int file, const std::vector<int16_t>& samples, size_t count) const;
     bool makeFolder() const;
     bool syncFolders(const std::string& target) const;
 

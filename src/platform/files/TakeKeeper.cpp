@@ -67,31 +67,52 @@ void TakeKeeper::letGo() {
 
 void TakeKeeper::end() {
     // A file is on the disk already: the kept recording is not given up for it.
-    const bool isOfFile = !fromFile.empty();
-    const Problem problem = write(toLetGo());
-    if (problem && last.isDiskFull() && !isOfFile) {
-        keepWhatFits();
+    cuts = fromFile.empty();
+    refused(write(toLetGo()));
+}
+
+void TakeKeeper::settled(const Problem& problem) {
+    refused(problem);
+    if (!problem) {
+        tellWhatFits();
+    }
+}
+
+void TakeKeeper::refused(const Problem& problem) {
+    if (problem && cuts && last.isDiskFull()) {
+        keepWhatFits(problem);
     } else {
         reportError(problem);
     }
 }
 
-void TakeKeeper::keepWhatFits() {
-    const size_t all = last.waiting().size();
-    size_t kept = 0;
-    if (const Problem problem = last.writeWhatFits(kept)) {
+/// Some disks take everything and find only at the sync that they are full: then half of it.
+void TakeKeeper::keepWhatFits(const Problem& problem) {
+    whole = last.waiting().size();
+    size_t count = beginning == 0 ? whole : beginning / 2;
+    if (beginning != 0 && count < static_cast<size_t>(kTenthSamples)) {
+        cuts = false;
         reportError(problem);
         return;
     }
+    if (const Problem none = last.writeWhatFits(count)) {
+        reportError(none);
+        return;
+    }
+    beginning = count;
     if (later) {
         later([settled = last] { return settled.settle(); });
     } else {
-        reportError(last.settle());
+        settled(last.settle());
     }
-    if (kept < all) {
+}
+
+void TakeKeeper::tellWhatFits() {
+    const auto kept = static_cast<int64_t>(std::exchange(beginning, 0));
+    const auto all = static_cast<int64_t>(whole);
+    if (kept > 0 && kept < all) {
         HostMessage message{"diskFull", {}};
-        message.tenths = {static_cast<int64_t>(kept) / kTenthSamples,
-                          (static_cast<int64_t>(all) + kTenthSamples / 2) / kTenthSamples};
+        message.tenths = {kept / kTenthSamples, (all + kTenthSamples / 2) / kTenthSamples};
         report(message, message.text("en"));
     }
 }

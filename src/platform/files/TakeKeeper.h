@@ -18,7 +18,7 @@ public:
     /// @param sentence  in English, with the file's name
     using Report = std::function<void(const HostMessage& message, const std::string& sentence)>;
 
-    /// Runs LastTake::settle() on another thread, and calls reportError() with what it returns.
+    /// Runs LastTake::settle() on another thread, and calls settled() with what it returns.
     using Later = std::function<void(std::function<Problem()> settle)>;
 
     /// @param folder    as for LastTake
@@ -37,12 +37,12 @@ public:
     /// that was full may have room now.
     void letGo();
 
-    /// The program has ended: as letGo(). If the disk is still too full, keeps the beginning of the
-    /// take, in place of the earlier one.
+    /// The program has ended: as letGo(). If the disk is still too full, also if only settled()
+    /// finds that out, keeps the beginning of the take in place of the earlier one.
     void end();
 
-    /// Tells that the take is not kept. Does nothing without a problem.
-    void reportError(const Problem& problem);
+    /// Handles what LastTake::settle() has returned. Tells it if the take is not kept.
+    void settled(const Problem& problem);
 
     /// Reads the last take. Use broughtBack() once it is the program's.
     Problem bringBack(std::vector<int16_t>& samples) const { return last.bringBack(samples); }
@@ -66,11 +66,17 @@ private:
     void keep(const std::vector<int16_t>& samples);
     Problem write(const std::vector<int16_t>& samples);
     std::vector<int16_t> toLetGo();
-    void keepWhatFits();
+    void refused(const Problem& problem);
+    void keepWhatFits(const Problem& problem);
+    void tellWhatFits();
+    void reportError(const Problem& problem);
 
     LastTake last;
     Report report;
     Later later;
+    bool cuts = false;      // true: the end has come, and of this take a beginning is enough
+    size_t whole = 0;       // samples of the take whose beginning is kept
+    size_t beginning = 0;   // samples of that beginning; 0: none is being kept
     bool isNewest = false;  // the program's newest take is kept, or will be by letGo()
     // The program's take if it came from a file and is not kept yet; else empty.
     std::vector<int16_t> fromFile;

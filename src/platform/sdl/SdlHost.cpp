@@ -152,7 +152,7 @@ bool SdlHost::isStuck() {
 void SdlHost::settleLater(std::function<Problem()> settle) {
     errands.start([this, settle = std::move(settle)] {
         return [this, problem = settle()] {
-            takes.reportError(problem);
+            takes.settled(problem);
             return false;
         };
     });
