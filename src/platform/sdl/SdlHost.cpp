@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SdlHost.h"
 
+#include "DesktopNotice.h"
 #include "DueTime.h"
 #include "FileUri.h"
 #include "KeyRules.h"
@@ -91,7 +92,19 @@ void SdlHost::tell(const HostMessage& message) {
 
 void SdlHost::tell(const HostMessage& message, const std::string& sentence) {
     print(sentence);
-    strip.tell(message);
+    if (hasEnded) {
+        notify(message);
+    } else {
+        strip.tell(message);
+    }
+}
+
+/// Shows the message as a notice of the desktop, on another thread: a bus may be slow.
+void SdlHost::notify(const HostMessage& message) {
+    errands.start([text = strip.textOf(message)] {
+        DesktopNotice::show("Murmelo", text);
+        return [] { return false; };
+    });
 }
 
 Problem SdlHost::open() {
@@ -144,8 +157,10 @@ HostMicrophone* SdlHost::microphone() {
 }
 
 bool SdlHost::isStuck() {
+    const bool isAllWritten = extraDoors.finish();
+    // Last: what could not be written is told by a notice, which is one more piece of work.
     const bool isDone = errands.finish(kFinishMs);
-    return !extraDoors.finish() || !isDone || audio.isStuck();
+    return !isAllWritten || !isDone || audio.isStuck();
 }
 
 /// Syncs the take on another thread, so that a slow disk does not stop the window.
@@ -234,6 +249,7 @@ void SdlHost::setDoors(HostDoors* offered) {
         window.rememberSize();
         window.hide();
         otherStarts.end();
+        hasEnded = true;
     }
     extraDoors.setDoors(offered);
     strip.strip().setDoors(offered);

@@ -85,7 +85,8 @@ public:
 
     void setDoors(HostDoors* offered) override;
 
-    /// Writes the sentence to standard error, and shows the message in the strip.
+    /// Writes the sentence to standard error, and shows the message in the strip. Once the program
+    /// has ended there is no window any more: then the desktop shows it as a notice.
     void tell(const HostMessage& message, const std::string& sentence) override;
 
     /// The same; the sentence is the message in English.
@@ -118,6 +119,7 @@ private:
     void recorded(const std::vector<int16_t>& take);
     void settleLater(std::function<Problem()> settle);
     void readVoice();
+    void notify(const HostMessage& message);
     bool deliverSound();
     void deliverListing();
     bool deliverEvent(HostListener& listener);
@@ -166,5 +168,6 @@ private:
     SdlPictures pictures;
     SdlAway away{window};
     HostDoors* doors = nullptr;
+    bool hasEnded = false;  // the program has ended, and the window is gone
     OtherStarts otherStarts;
 };

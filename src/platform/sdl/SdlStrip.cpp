@@ -83,6 +83,14 @@ void SdlStrip::tell(const HostMessage& message) {
     row.model().tell(shown.text(language), wish, HostWords::text(wordOf(wish), language), nowMs());
 }
 
+std::string SdlStrip::textOf(const HostMessage& message) {
+    HostMessage shown = message;
+    for (std::string& part : shown.parts) {
+        part = ProgramFolders::shown(part);
+    }
+    return shown.text(language());
+}
+
 void SdlStrip::tellPicture(const std::string& path) {
     const std::string& language = row.model().language();
     StripWish wish;

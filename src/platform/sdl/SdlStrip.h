@@ -35,6 +35,9 @@ public:
     /// one, messages wait.
     void tell(const HostMessage& message);
 
+    /// The message in the program's language, with paths as the user knows them.
+    std::string textOf(const HostMessage& message);
+
     /// Tells the user that a picture of the screen was written to that path.
     void tellPicture(const std::string& path);
 

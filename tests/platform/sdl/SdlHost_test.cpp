@@ -5,6 +5,7 @@
 #include "CountingEar.h"
 #include "EventRoom.h"
 #include "SdlHost.h"
+#include "TestBus.h"
 #include "TestFolders.h"
 #include "TestSounds.h"
 
@@ -408,6 +409,27 @@ TEST_F(SdlHostTest, aTakeWithoutACopyIsToldAndComesBack) {
     host->setDoors(nullptr);
     ASSERT_FALSE(host->isStuck());  // the disk has it
     EXPECT_LE(TestSounds::kHeaderBytes + 3200, folders.read("state/last-take.wav").size());
+}
+
+TEST_F(SdlHostTest, whatGoesWrongAfterTheWindowIsShownByTheDesktop) {
+    if (!TestBus::isInstalled()) {
+        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+    }
+    TestBus bus(folders);
+    ASSERT_TRUE(bus.start());
+    ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
+    folders.write("state", "a file where the folder should be");
+    hearWithState();
+    host->microphone()->release();
+    run(50);
+    EXPECT_FALSE(folders.has("calls"));  // the window shows it
+    host->setDoors(nullptr);
+    ASSERT_FALSE(host->isStuck());
+    const std::string call = folders.read("calls");
+    EXPECT_EQ(call.find('\n'), call.size() - 1) << call;  // one notice
+    EXPECT_NE(std::string::npos,
+              call.find("\"There is no spare copy of the recording: Not a directory\""))
+        << call;
 }
 
 TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {
