@@ -159,6 +159,12 @@ private:
                                  0);
             model.showMicrophones();
         });
+        write("over-absent", "Record", [this](StripModel& model) {
+            model.setMicrophones({"Built-in Audio Analogue Stereo",
+                                  HostMessage{"notConnected", {kMicrophone}}.text(language)},
+                                 1, 1);
+            model.showMicrophones();
+        });
         write("over-many", "Record", [](StripModel& model) {
             model.setMicrophones(std::vector<std::string>(12, kMicrophone),
                                  StripWish::kSystemsChoice);

@@ -155,6 +155,8 @@ KeyDeed KeyRules::ofCharacter(char character, HostDoors* doors) {
         return {Kind::kOpen};
     case 'm':
         return {Kind::kMicrophones};
+    case 'a':
+        return {Kind::kAction};
     case '?':
         return {Kind::kHelp};
     default:

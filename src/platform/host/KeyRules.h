@@ -46,6 +46,7 @@ struct KeyDeed {
         kExport,
         kOpen,
         kBringBack,  // make the last take the take again
+        kAction,     // do what the message of the strip offers
         kPicture,    // write a picture of the screen
         kMicrophones,
         kHelp,

@@ -68,6 +68,8 @@ bool SdlDeeds::onStrip(const KeyDeed& deed) {
         return strip.key(StripKey::kMicrophones);
     case Kind::kHelp:
         return strip.key(StripKey::kHelp);
+    case Kind::kAction:
+        return strip.key(StripKey::kAction);
     case Kind::kClose:
         return strip.key(StripKey::kClose);
     default:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SdlWishes.h"
 
+#include "HostMessage.h"
 #include "SdlDoors.h"
 #include "SdlStrip.h"
 
@@ -28,17 +29,31 @@ void SdlWishes::showMicrophones() {
     if (microphones.isFixed()) {
         return;
     }
-    show(std::move(listed));  // the names of the last time, until the new ones come
+    list();  // the names of the last time, until the new ones come
     strip.strip().model().showMicrophones();
     microphones.ask();
 }
 
 void SdlWishes::show(std::vector<std::string> names) {
     listed = std::move(names);
-    const auto chosen = std::find(listed.begin(), listed.end(), microphones.chosen());
+    isListed = true;
+    list();
+}
+
+void SdlWishes::list() {
+    const std::string name = microphones.chosen();
+    const auto chosen = std::find(listed.begin(), listed.end(), name);
     const auto place = static_cast<int32_t>(chosen - listed.begin());
-    strip.strip().model().setMicrophones(
-        listed, chosen != listed.end() ? place : StripWish::kSystemsChoice);
+    StripModel& model = strip.strip().model();
+    if (name.empty() || chosen != listed.end()) {
+        model.setMicrophones(listed, name.empty() ? StripWish::kSystemsChoice : place);
+        return;
+    }
+    std::vector<std::string> names = listed;
+    if (isListed) {
+        names.push_back(HostMessage{"notConnected", {name}}.text(strip.language()));
+    }
+    model.setMicrophones(names, place, place);
 }
 
 void SdlWishes::useMicrophone(int32_t index) {

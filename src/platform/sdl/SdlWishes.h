@@ -23,10 +23,12 @@ public:
     /// @param strip, files  not owned
     SdlWishes(SdlStrip& strip, SdlDoors& files, Microphones microphones);
 
-    /// Shows the names that were asked for.
+    /// Shows the names that were asked for. The chosen microphone is listed although it is not
+    /// among them, but cannot be chosen.
     void show(std::vector<std::string> names);
 
 private:
+    void list();
     void showMicrophones();
     void useMicrophone(int32_t index);
 
@@ -34,4 +36,5 @@ private:
     SdlDoors& files;
     Microphones microphones;
     std::vector<std::string> listed;
+    bool isListed = false;  // the names have come once
 };

@@ -46,7 +46,7 @@ public:
     static constexpr int32_t kChoiceHeightPx = 25;
     static constexpr int32_t kMaxChoices = 10;
     static constexpr int32_t kTextRowHeightPx = 16;
-    static constexpr int32_t kParagraphGapPx = 7;  // height of an empty row
+    static constexpr int32_t kParagraphGapPx = 4;  // height of an empty row
     static constexpr int32_t kSheetMarginPx = 10;
     static constexpr int32_t kSheetTextPx = kWidthPx - 2 * kSheetMarginPx;
     static constexpr int32_t kCloseHeightPx = 32;  // of the button "Close" at its lower edge

@@ -95,12 +95,15 @@ void StripModel::setEffectNames(const std::vector<std::string>& names) {
     assign(effectNames, names);
 }
 
-void StripModel::setMicrophones(const std::vector<std::string>& names, int32_t current) {
+void StripModel::setMicrophones(const std::vector<std::string>& names,
+                                int32_t current,
+                                int32_t absent) {
     if (openSheet == Sheet::kMicrophones && names != microphones) {
         assign(focus, kNoFocus);  // the focused row may be another device now
     }
     assign(microphones, names);
     assign(microphone, current);
+    assign(absentMicrophone, absent);
     const auto rows = static_cast<int32_t>(names.size()) + 1;  // with "Default microphone"
     if (firstChoice >= rows || rows <= StripLayout::kMaxChoices) {
         assign(firstChoice, 0);  // its page is gone

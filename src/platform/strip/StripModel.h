@@ -52,6 +52,7 @@ public:
     static constexpr int32_t kHeightPx = 80;
     static constexpr int32_t kSheetHeightPx = 320;
     static constexpr int32_t kEffects = 8;
+    static constexpr int32_t kNoMicrophone = -2;
 
     /// The sheet that covers the picture.
     enum class Sheet { kNone, kMicrophones, kHelp };
@@ -75,7 +76,10 @@ public:
 
     /// @param names    as the sound server shows them
     /// @param current  index in names, or StripWish::kSystemsChoice
-    void setMicrophones(const std::vector<std::string>& names, int32_t current);
+    /// @param absent   index of one that is listed but cannot be chosen; kNoMicrophone: none
+    void setMicrophones(const std::vector<std::string>& names,
+                        int32_t current,
+                        int32_t absent = kNoMicrophone);
 
     /// Sets the name of the microphone that records; empty: not known.
     void setMicrophoneName(const std::string& name);
@@ -189,10 +193,10 @@ public:
     /// The help's paragraphs in rows that fit; an empty row lies between two paragraphs.
     const std::vector<std::string>& sheetRows() const { return rows; }
 
-    /// Code of the program's language ("de").
     /// Name of the program's screen; empty before the first one.
     const std::string& screenName() const { return screen; }
 
+    /// Code of the program's language ("de").
     const std::string& language() const { return code; }
 
 private:
@@ -238,6 +242,7 @@ private:
     std::vector<std::string> effectNames;
     std::vector<std::string> microphones;
     int32_t microphone = StripWish::kSystemsChoice;
+    int32_t absentMicrophone = kNoMicrophone;
     std::string microphoneName;
 
     LevelMeter::Reading reading;

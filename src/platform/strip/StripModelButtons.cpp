@@ -144,6 +144,7 @@ void StripModel::addChoices(std::vector<StripButton>& all) const {
         choice.name = i == 0 ? word("systemsChoice") : microphones[static_cast<size_t>(i) - 1];
         choice.place = StripLayout::choice(row);
         choice.isLit = i - 1 == microphone;
+        choice.isEnabled = i - 1 != absentMicrophone;
         all.push_back(choice);
         row++;
     }

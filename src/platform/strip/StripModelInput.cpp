@@ -111,6 +111,10 @@ StripWish StripModel::key(StripKey key) {
             return StripWish::of(Kind::kClose);
         }
         return {};
+    case StripKey::kAction: {
+        const StripButton word = action();
+        return word.wish ? chosen(word) : StripWish();
+    }
     case StripKey::kBringBack:
         return hasLastTake && canOpen ? StripWish::of(Kind::kBringBack) : StripWish();
     case StripKey::kSave:

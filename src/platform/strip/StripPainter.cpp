@@ -22,8 +22,9 @@ constexpr uint32_t kEdgeArgb = 0x8CFFD9A0;
 constexpr uint32_t kSheenArgb = 0x18FFFFFF;
 constexpr uint32_t kGrooveArgb = 0x90000000;
 constexpr uint32_t kWhiteArgb = 0xFFFFFFFF;
-constexpr uint32_t kSoftArgb = 0xC0FFFFFF;  // text of minor weight
-constexpr uint32_t kGreyArgb = 0x60FFFFFF;  // disabled buttons
+constexpr uint32_t kSoftArgb = 0xC0FFFFFF;    // text of minor weight
+constexpr uint32_t kGreyArgb = 0x60FFFFFF;    // disabled buttons
+constexpr uint32_t kAbsentArgb = 0xA0FFFFFF;  // a device in the list; readable on a lit row too
 constexpr uint32_t kMessageArgb = 0xFF482840;
 constexpr uint32_t kActionArgb = 0xFFFFD9A0;
 constexpr uint32_t kActionTextArgb = 0xFF2A1420;
@@ -157,7 +158,8 @@ void paintChoice(StripBrush& brush,
         brush.frameRounded(bar, kActionArgb);
     }
     brush.text(font, TextRows::cut(choice.name, StripLayout::kSheetTextPx, widthOf),
-               StripLayout::kSheetMarginPx, place.y + 5, kWhiteArgb);
+               StripLayout::kSheetMarginPx, place.y + 5,
+               choice.isEnabled ? kWhiteArgb : kAbsentArgb);
 }
 
 void paintMore(StripBrush& brush, BitMapFont* font, const StripButton& button) {

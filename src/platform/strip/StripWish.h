@@ -58,6 +58,7 @@ enum class StripKey : char {
     kOpen = 'o',
     kMicrophones = 'm',
     kHelp = '?',
+    kAction = 'a',  // what the message offers
     kBringBack = 'z',
     kClose = '\x1B',
 };

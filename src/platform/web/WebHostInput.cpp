@@ -123,6 +123,7 @@ bool WebHost::keyNamed(const std::string& name) {
     case KeyDeed::Kind::kSave:
     case KeyDeed::Kind::kOpen:
     case KeyDeed::Kind::kMicrophones:
+    case KeyDeed::Kind::kAction:
     case KeyDeed::Kind::kHelp:
         stripKey(static_cast<StripKey>(press.character));
         break;

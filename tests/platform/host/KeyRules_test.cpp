@@ -75,6 +75,7 @@ TEST_F(KeyRulesTest, lettersOfTheStrip) {
     EXPECT_EQ(KeyDeed{Kind::kOpen}, typed('o'));
     EXPECT_EQ(KeyDeed{Kind::kMicrophones}, typed('m'));
     EXPECT_EQ(KeyDeed{Kind::kHelp}, typed('?'));
+    EXPECT_EQ(KeyDeed{Kind::kAction}, typed('a'));
     EXPECT_EQ(kNothing, typed('x'));
 }
 

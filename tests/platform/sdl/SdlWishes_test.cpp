@@ -65,9 +65,26 @@ TEST_F(SdlWishesTest, theListShowsWhatTheServerNamesAndWhatIsUsed) {
     chosen = "Headset";
     wishes.show(names);
     EXPECT_EQ((std::vector<std::string>{"Default microphone", "Built-in", "Headset*"}), listed());
-    chosen = "one that is away";
+}
+
+TEST_F(SdlWishesTest, theChosenOneIsListedWhileItIsNotConnected) {
+    SdlWishes wishes(strip, doors, list);
+    chosen = "Ear";
+    wish(StripWish::of(Kind::kMicrophones));
+    EXPECT_EQ(std::vector<std::string>{"Default microphone"}, listed());  // not known yet
     wishes.show(names);
-    EXPECT_EQ("Default microphone*", listed()[0]);
+    EXPECT_EQ((std::vector<std::string>{"Default microphone", "Built-in", "Headset",
+                                        "Not connected: Ear*"}),
+              listed());
+    for (const StripButton& button : strip.strip().model().buttons()) {
+        EXPECT_TRUE(button.isEnabled || button.wish.kind != Kind::kUseMicrophone ||
+                    button.name == "Not connected: Ear")
+            << button.name;
+    }
+    wish(StripWish::of(Kind::kUseMicrophone, 2));
+    EXPECT_TRUE(used.empty());
+    wishes.show({"Ear"});
+    EXPECT_EQ((std::vector<std::string>{"Default microphone", "Ear*"}), listed());
 }
 
 TEST_F(SdlWishesTest, theListOpensAtOnceAndIsFilledWhenTheServerHasToldItsNames) {

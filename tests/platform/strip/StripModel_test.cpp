@@ -187,6 +187,19 @@ TEST(StripModel, aNewRecordingBeginsWithoutTheOldLevel) {
     EXPECT_FALSE(model.isTelling());
 }
 
+TEST(StripModel, aKeyDoesWhatTheMessageOffers) {
+    StripModel model = on("Play");
+    EXPECT_EQ(StripWish(), model.key(StripKey::kAction));
+    model.tell("gone", wish(Kind::kBringBack), "Bring back", 0);
+    model.showHelp({"keys"});
+    EXPECT_EQ(wish(Kind::kBringBack), model.key(StripKey::kAction));
+    EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+    EXPECT_FALSE(model.canClose());
+    model.tell("without an action", {}, "", 0);
+    EXPECT_EQ(StripWish(), model.key(StripKey::kAction));
+    EXPECT_TRUE(model.canClose());
+}
+
 TEST(StripModel, aMessageStandsForSixSeconds) {
     StripModel model = on("Play");
     model.tell("Hello", {}, "", 1000);
@@ -291,6 +304,24 @@ TEST(StripModel, theListOffersTheSystemsChoiceAndEachDevice) {
     EXPECT_FALSE(choices[0].isLit);
     EXPECT_EQ(wish(Kind::kUseMicrophone, 0), tapOn(model, choices[1].place));
     EXPECT_EQ(StripModel::Sheet::kNone, model.sheet());
+}
+
+TEST(StripModel, anAbsentMicrophoneIsListedAndCannotBeChosen) {
+    StripModel model = on("Record");
+    model.setMicrophones({"Headset", "Not connected: Camera"}, 1, 1);
+    model.showMicrophones();
+    const std::vector<StripButton> choices = buttonsOf(model, Kind::kUseMicrophone);
+    ASSERT_EQ(3U, choices.size());
+    EXPECT_TRUE(choices[1].isEnabled);
+    EXPECT_FALSE(choices[2].isEnabled);
+    EXPECT_TRUE(choices[2].isLit);
+    for (const ScreenTexts::Entry& entry : model.sheetTexts().entries) {
+        EXPECT_NE("Not connected: Camera", entry.text);
+    }
+    EXPECT_EQ(wish(Kind::kClose), tapOn(model, choices[2].place));
+    model.setMicrophones({"Headset", "Camera"}, 1);
+    model.showMicrophones();
+    EXPECT_EQ(wish(Kind::kUseMicrophone, 1), tapOn(model, choices[2].place));
 }
 
 TEST(StripModel, aLongListTurnsPages) {
