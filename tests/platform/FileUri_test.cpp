@@ -45,14 +45,13 @@ TEST(FileUri, thisComputersOwnNameIsUnderstood) {
 }
 
 TEST(FileUri, anotherComputersFileIsRefused) {
-    EXPECT_EQ("\"file://elsewhere.example/a.wav\" lies on another computer",
-              problemOf("file://elsewhere.example/a.wav"));
+    EXPECT_EQ("it lies on another computer", problemOf("file://elsewhere.example/a.wav"));
 }
 
 TEST(FileUri, whatIsNoAddressIsRefused) {
     for (const char* uri : {"file://", "file:///a%", "file:///a%2", "file:///a%zz", "file:///a%2g",
                             "file:///a%00b", "file://localhost"}) {
-        EXPECT_EQ("\"" + std::string(uri) + "\" is not an address of a file", problemOf(uri));
+        EXPECT_EQ("it is not the address of a file", problemOf(uri)) << uri;
     }
 }
 

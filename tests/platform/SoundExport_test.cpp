@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Saved sounds are exported in all formats.
 #include "FullDisk.h"
+#include "SafeFile.h"
 #include "SoundExport.h"
 #include "SoundFile.h"
 #include "TestFolders.h"
@@ -8,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cmath>
 #include <filesystem>
 #include <set>
@@ -27,7 +29,7 @@ protected:
     }
 
     Problem exportTo(const std::string& name) const {
-        return SoundExport::write(folders.path("rec_00003.wav"), folders.path(name));
+        return SoundExport::write(sound, folders.path(name));
     }
 
     Samples readBack(const std::string& name) const {
@@ -121,10 +123,23 @@ TEST_F(SoundExportTest, whatCannotBeWrittenIsToldAndLeavesTheOldFile) {
     EXPECT_EQ("it is a folder", exportTo("a.wav"));
     const FullDisk disk(100);
     EXPECT_EQ("File too large", exportTo("full.wav"));  // without the name of the unfinished file
-    folders.write("b.wav", "old");
-    EXPECT_NE("",
-              SoundExport::write(folders.path("nothing.wav"), folders.path("b.wav")).sentence());
-    EXPECT_EQ("old", folders.read("b.wav"));
+}
+
+TEST_F(SoundExportTest, aSavedSoundIsReadAndWhyNotIsTold) {
+    Samples read;
+    EXPECT_EQ("", SoundExport::read(folders.path("rec_00003.wav"), read));
+    EXPECT_EQ(sound, read);
+    EXPECT_EQ("No such file or directory",
+              SoundExport::read(folders.path("nothing.wav"), read).sentence());
+    folders.write("letter.wav", "a letter, which is no sound at all");
+    EXPECT_EQ("its format is unknown",
+              SoundExport::read(folders.path("letter.wav"), read).sentence());
+}
+
+TEST_F(SoundExportTest, anErrorThatIsNotTheDisksIsNotTheReason) {
+    EXPECT_TRUE(SafeFile::isOfDisk(ENOSPC));
+    EXPECT_FALSE(SafeFile::isOfDisk(ENOTTY));
+    EXPECT_FALSE(SafeFile::isOfDisk(0));
 }
 
 TEST_F(SoundExportTest, theNameHasTheEffectAndTheNumber) {

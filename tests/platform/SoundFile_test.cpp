@@ -247,7 +247,8 @@ TEST(SoundFile, theSlowestRateIsReadAndTheNextSlowerOneRefusedByName) {
     folders.write("voice.wav", TestSounds::wav({1, 2, 3, 4}, 62));
     Samples read;
     EXPECT_EQ("the sound \"" + folders.path("voice.wav") +
-                  "\" has 1 channel at 62 Hz; at most 8 channels at 63 to 384000 Hz can be used",
+                  "\" cannot be read: it has too many channels or an unusual rate (1 channel at 62 "
+                  "Hz; at most 8 channels at 63 to 384000 Hz can be used)",
               readWhole(folders.path("voice.wav"), read));
     folders.write("voice.wav", TestSounds::wav({1, 2, 3, 4}, 63));
     EXPECT_EQ("", readWhole(folders.path("voice.wav"), read));

@@ -65,13 +65,13 @@ Problem FileUri::toPath(const std::string& nameOrUri, std::string& path) {
         const size_t slash = rest.find('/', 2);
         const std::string host = rest.substr(2, slash == std::string::npos ? slash : slash - 2);
         if (!isThisComputer(host)) {
-            return "\"" + nameOrUri + "\" lies on another computer";
+            return "it lies on another computer";
         }
         rest = slash == std::string::npos ? "" : rest.substr(slash);
     }
     std::string decoded;
     if (rest.empty() || !decode(rest, decoded)) {
-        return "\"" + nameOrUri + "\" is not an address of a file";
+        return "it is not the address of a file";
     }
     path = decoded;
     return Problem::none();

@@ -11,7 +11,8 @@ class FileUri {
 public:
     /// The path for a file's address. Anything else is taken for a path and returned unchanged.
     /// @param path  untouched on an error
-    /// @returns the problem: the file lies on another computer, or the address is malformed
+    /// @returns the problem without the address: "it lies on another computer", or that it is
+    /// malformed
     static Problem toPath(const std::string& nameOrUri, std::string& path);
 
     /// The name of a file without its folders; all of the path if it has none.

@@ -141,7 +141,12 @@ Problem LastTake::writeSamples(int file, const std::vector<int16_t>& samples, si
     errno = 0;
     Problem problem = SoundFile::write(file, fresh(), HostMicrophone::kRateHz, samples.data(),
                                        count, SoundFile::Format::kWav);
-    return problem && errno != 0 ? notKept() : problem;  // without the unfinished file's name
+    if (problem && SafeFile::isOfDisk(errno)) {
+        return notKept();  // without the unfinished file's name
+    }
+    return problem ? Problem("the last take cannot be kept as \"" + path + kBeforeReason +
+                             SoundFile::kNotWhole)
+                   : problem;
 }
 
 /// True if it has made the folder. False: the folder is there already, or cannot be made; then the

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -25,14 +24,15 @@ std::string SoundExport::nameOf(const std::string& savedName, const std::string&
     return "murmelo-" + (effectWord.empty() ? "" : effectWord + "-") + number + ".wav";
 }
 
-Problem SoundExport::write(const std::string& saved, const std::string& path) {
+Problem SoundExport::read(const std::string& saved, std::vector<int16_t>& samples) {
+    const Problem problem = SoundFile::read(saved, kSavedRateHz, kMaxSamples, samples);
+    return problem ? Problem(SoundFile::reasonOf(problem)) : problem;
+}
+
+Problem SoundExport::write(const std::vector<int16_t>& samples, const std::string& path) {
     const std::optional<SoundFormats::Format> format = SoundFormats::ofPath(path);
     if (!format) {
         return "its name must end in " + SoundFormats::inWords(".", "or");
-    }
-    std::vector<int16_t> samples;
-    if (const Problem problem = SoundFile::read(saved, kSavedRateHz, kMaxSamples, samples)) {
-        return SoundFile::reasonOf(problem);
     }
     const std::string target = SafeFile::realTarget(path);
     if (const Problem kind = SafeFile::whyNotOrdinary(target)) {
@@ -46,8 +46,8 @@ Problem SoundExport::write(const std::string& saved, const std::string& path) {
     errno = 0;
     Problem problem =
         SoundFile::write(file, fresh, kSavedRateHz, samples.data(), samples.size(), *format);
-    if (problem && errno != 0) {
-        problem = SafeFile::lastError();  // without the unfinished file's name
+    if (problem) {  // without the unfinished file's name
+        problem = SafeFile::isOfDisk(errno) ? SafeFile::lastError() : SoundFile::kNotWhole;
     }
     const bool isOnDisk = SafeFile::finish(file);
     if (!problem && (!isOnDisk || !SafeFile::replace(fresh, target))) {

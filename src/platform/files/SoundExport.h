@@ -4,7 +4,9 @@
 
 #include "Problem.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 class SoundExport {
 public:
@@ -12,9 +14,13 @@ public:
     /// @param effectWord  empty: left out
     static std::string nameOf(const std::string& savedName, const std::string& effectWord);
 
-    /// Converts a saved sound. At any moment path is the old file or the complete new one.
-    /// @param saved   a WAV file of the program
+    /// Reads a saved sound for write().
+    /// @param saved  a WAV file of the program
+    /// @returns the bare reason why it cannot be read
+    static Problem read(const std::string& saved, std::vector<int16_t>& samples);
+
+    /// Writes it in another form. At any moment path is the old file or the complete new one.
     /// @param path  of the new file, in a folder that exists
-    /// @returns the problem, in a sentence without the new file's name
-    static Problem write(const std::string& saved, const std::string& path);
+    /// @returns the bare reason why it cannot be written
+    static Problem write(const std::vector<int16_t>& samples, const std::string& path);
 };

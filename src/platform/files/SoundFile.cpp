@@ -7,6 +7,7 @@
 #include "SafeFile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <memory>
 #include <sndfile.h>
@@ -17,6 +18,10 @@ constexpr int32_t kMaxChannels = 8;
 constexpr int32_t kMaxRateHz = 384000;
 constexpr sf_count_t kBlockFrames = 4096;  // read at a time
 constexpr float kFullScale = 32768.0F;
+
+constexpr const char* kBeforeReason = "\" cannot be read: ";
+constexpr const char* kBeforeMissing = " Hz: ";
+constexpr const char* kBeforeDetails = " (";
 
 using OpenFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
 
@@ -113,6 +118,22 @@ std::vector<int16_t> toInt16(const std::vector<float>& samples) {
     return converted;
 }
 
+/// Why the library has not opened a file. The library's own sentences are for programmers.
+std::string whyNotOpened() {
+    switch (sf_error(nullptr)) {
+    case SF_ERR_SYSTEM:
+        return errno != 0 ? SafeFile::lastError() : sf_strerror(nullptr);
+    case SF_ERR_UNRECOGNISED_FORMAT:
+        return "its format is unknown";
+    case SF_ERR_MALFORMED_FILE:
+        return "it is damaged";
+    case SF_ERR_UNSUPPORTED_ENCODING:
+        return "its encoding is unknown";
+    default:
+        return sf_strerror(nullptr);
+    }
+}
+
 }  // namespace
 
 Problem SoundFile::read(const std::string& path,
@@ -121,22 +142,25 @@ Problem SoundFile::read(const std::string& path,
                         std::vector<int16_t>& samples,
                         int64_t* framesRead) {
     if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
-        return "the sound \"" + path + "\" cannot be read: it " + kind.sentence();
+        return "the sound \"" + path + kBeforeReason + "it " + kind.sentence();
     }
     const QuietLibrary quiet;
     SF_INFO info{};
+    errno = 0;
     const OpenFile file(sf_open(path.c_str(), SFM_READ, &info), &sf_close);
     if (file == nullptr) {
-        return "the sound \"" + path + "\" cannot be read: " + sf_strerror(nullptr);
+        return "the sound \"" + path + kBeforeReason + whyNotOpened();
     }
     const int32_t leastRateHz = (rateHz + Resampler::kMaxTimes - 1) / Resampler::kMaxTimes;
     if (info.channels < 1 || info.channels > kMaxChannels || info.samplerate < leastRateHz ||
         info.samplerate > kMaxRateHz) {
-        return "the sound \"" + path + "\" has " + std::to_string(info.channels) +
+        return "the sound \"" + path + kBeforeReason +
+               "it has too many channels or an unusual rate" + kBeforeDetails +
+               std::to_string(info.channels) +
                (info.channels == 1 ? " channel at " : " channels at ") +
                std::to_string(info.samplerate) + " Hz; at most " + std::to_string(kMaxChannels) +
                " channels at " + std::to_string(leastRateHz) + " to " + std::to_string(kMaxRateHz) +
-               " Hz can be used";
+               " Hz can be used)";
     }
     MonoReader reader(file.get(), info.channels);
     std::vector<float> sound;
@@ -154,10 +178,16 @@ Problem SoundFile::read(const std::string& path,
 }
 
 std::string SoundFile::reasonOf(const Problem& problem) {
-    const std::string start = "cannot be read: ";
-    const size_t at = problem.sentence().find(start);
-    return at == std::string::npos ? problem.sentence()
-                                   : problem.sentence().substr(at + start.size());
+    const std::string& sentence = problem.sentence();
+    for (const std::string start : {kBeforeReason, kBeforeMissing}) {
+        const size_t at = sentence.find(start);
+        if (at != std::string::npos) {
+            const size_t from = at + start.size();
+            const size_t details = sentence.find(kBeforeDetails, from);
+            return sentence.substr(from, details == std::string::npos ? details : details - from);
+        }
+    }
+    return sentence;
 }
 
 Problem

@@ -25,8 +25,8 @@ public:
                         std::vector<int16_t>& samples,
                         int64_t* framesRead = nullptr);
 
-    /// The reason in a sentence of read(), which follows "cannot be read: "; the whole sentence of
-    /// any other problem.
+    /// The reason in a sentence of read(), without what follows it in brackets; the whole sentence
+    /// of any other problem.
     static std::string reasonOf(const Problem& problem);
 
     /// Writes a 16-bit mono WAV file.
@@ -34,6 +34,9 @@ public:
     write(const std::string& path, int32_t rateHz, const std::vector<int16_t>& samples);
 
     using Format = SoundFormats::Format;
+
+    /// The reason for a file that was not written as a whole.
+    static constexpr const char* kNotWhole = "it could not be written whole";
 
     /// Writes mono samples into an open file; it stays open. WAV and FLAC keep every bit.
     /// @param name  of the file, for the sentence of a problem

@@ -21,7 +21,7 @@ std::string HostMessage::text(const std::string& language) const {
         const auto part = isPlace ? static_cast<size_t>(words[i + 1] - '1') : parts.size();
         const auto figure = isPlace ? static_cast<size_t>(words[i + 1] - 'a') : tenths.size();
         if (part < parts.size()) {
-            filled += parts[part];
+            filled += HostWords::reason(parts[part], language);
             i += 2;
         } else if (figure < tenths.size()) {
             filled += number(tenths[figure], language);

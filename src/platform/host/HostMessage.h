@@ -15,6 +15,6 @@ struct HostMessage {
     static std::string number(int64_t tenths, const std::string& language);
 
     const char* row = "";              // name of the row
-    std::vector<std::string> parts;    // for {1}, {2}: names of files, reasons; not translated
+    std::vector<std::string> parts;    // for {1}, {2}: names of files; reasons in English
     std::vector<int64_t> tenths = {};  // for {a}, {b}: numbers in tenths
 };

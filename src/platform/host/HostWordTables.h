@@ -21,4 +21,5 @@ public:
 
     /// The page does without these, because it is downloaded.
     static std::span<const HostWords::Row> ofDesktop();
+    static std::span<const HostWords::Row> ofReasons();
 };

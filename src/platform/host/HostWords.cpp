@@ -21,7 +21,7 @@ std::vector<HostWords::Row> all() {
     for (const auto table :
          {HostWordTables::ofKeys(), HostWordTables::ofRecording(), HostWordTables::ofFiles(),
 #ifndef __EMSCRIPTEN__
-          HostWordTables::ofDesktop()
+          HostWordTables::ofDesktop(), HostWordTables::ofReasons()
 #endif
          }) {
         rows.insert(rows.end(), table.begin(), table.end());
@@ -47,4 +47,13 @@ const char* HostWords::text(const std::string& name, const std::string& language
         }
     }
     return "";
+}
+
+std::string HostWords::reason(const std::string& english, const std::string& language) {
+    for (const Row& row : rows()) {
+        if (english == row.texts[0] && std::string(row.name).rfind("why", 0) == 0) {
+            return text(row, language);
+        }
+    }
+    return english;
 }

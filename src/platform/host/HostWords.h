@@ -31,4 +31,8 @@ public:
 
     /// The text with that name; empty if there is none.
     static const char* text(const std::string& name, const std::string& language);
+
+    /// A reason in that language if it is one of the program's own; any other text unchanged.
+    /// @param english  as the code gives it
+    static std::string reason(const std::string& english, const std::string& language);
 };

@@ -212,6 +212,10 @@ bool SafeFile::moveAside(const std::string& path, std::string* newName) {
     return false;
 }
 
+bool SafeFile::isOfDisk(int error) {
+    return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO || error == EROFS;
+}
+
 Problem SafeFile::whyNotOrdinary(const std::string& path) {
     struct stat facts = {};
     if (::stat(path.c_str(), &facts) != 0 || S_ISREG(facts.st_mode)) {

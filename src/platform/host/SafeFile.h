@@ -100,6 +100,10 @@ public:
     /// open it: opening a pipe would wait for its writer.
     static Problem whyNotOrdinary(const std::string& path);
 
+    /// True for an errno of the disk itself: it is full, broken or read-only. A library that writes
+    /// a file may leave others, which are not the reason.
+    static bool isOfDisk(int error);
+
     /// The text for errno.
     static std::string lastError();
 };

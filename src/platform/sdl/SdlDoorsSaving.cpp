@@ -65,11 +65,11 @@ void SdlDoors::startExport(const std::string& saved, const std::string& uri) {
     errands.start([this, saved, uri] {
         std::string path = uri;
         Problem problem = FileUri::toPath(uri, path);
-        if (!problem) {
-            problem = SoundExport::write(saved, path);
-        }
         HostMessage message{"exported", {path}};
-        if (problem) {
+        std::vector<int16_t> samples;
+        if (const Problem unread = SoundExport::read(saved, samples)) {
+            message = {"savedUnreadable", {saved, unread.sentence()}};
+        } else if (problem = problem ? problem : SoundExport::write(samples, path); problem) {
             message = {"notExported", {path, problem.sentence()}};
         }
         return [this, message] {

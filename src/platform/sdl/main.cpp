@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <chrono>
 #include <CLI/CLI.hpp>
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -81,8 +82,8 @@ bool isSoundFile(const std::string& microphone) {
 /// open.
 Problem checkSound(const std::string& nameOrUri) {
     std::string path;
-    if (Problem problem = FileUri::toPath(nameOrUri, path)) {
-        return problem;
+    if (const Problem problem = FileUri::toPath(nameOrUri, path)) {
+        return "the sound \"" + nameOrUri + "\" cannot be read: " + problem.sentence();
     }
     if (const Problem kind = SafeFile::whyNotOrdinary(path)) {
         return "the sound \"" + path + "\" cannot be read: it " + kind.sentence();
@@ -201,6 +202,7 @@ void keepFreedMemory() {
 // NOLINTNEXTLINE(bugprone-exception-escape): out of memory ends the program, here as anywhere
 int main(int argc, char** argv) {
     keepFreedMemory();
+    std::setlocale(LC_MESSAGES, "");  // reasons of the system in the user's language
     std::string home;
     std::string config;
     SdlOptions options;

@@ -20,6 +20,15 @@ size_t count(const std::string& text, const std::string& what) {
 
 }  // namespace
 
+TEST(HostMessage, theProgramsOwnReasonsAreTranslatedAndNothingElse) {
+    EXPECT_EQ("a.pdf ist keine Tondatei: Ihr Format ist unbekannt",
+              (HostMessage{"notASound", {"a.pdf", "its format is unknown"}}.text("de")));
+    EXPECT_EQ("Save is no sound file: Device busy",
+              (HostMessage{"notASound", {"Save", "Device busy"}}.text("en")));
+    EXPECT_EQ("Save ist keine Tondatei: Device busy",
+              (HostMessage{"notASound", {"Save", "Device busy"}}.text("de")));
+}
+
 TEST(HostMessage, partsStandWhereTheLanguageWantsThem) {
     const HostMessage message{"notASound", {"a.txt", "it is a letter"}};
     EXPECT_EQ("a.txt is no sound file: it is a letter", message.text("en"));
