@@ -100,6 +100,7 @@ private:
         tell("first-seconds-only", {"firstSecondsOnly", {}});
         tell("no-sound", {"notASound", {"letter.pdf", "unknown format"}});
         tell("drop-here", {"dropHere", {}});
+        tell("only-first-file", {"onlyFirstFile", {"Interview.flac"}});
         tell("dialog-open", {"dialogOpen", {}});
         tell("speaker-unusable", {"speakerUnusable", {"Headset H390 Stereo"}});
         tell("cannot-show", {"cannotShow", {"~/Music/Murmelo"}});
@@ -138,6 +139,13 @@ private:
         tell("not-back", {"notBack", {"Input/output error"}});
         tell("not-forgotten", {"notForgotten", {"Read-only file system"}});
         tell("not-exported", {"notExported", {"~/Music/Interview.flac", kFull}});
+        tell("saved-unreadable", {"savedUnreadable", {kSound, "No such file or directory"}});
+        tell("no-sound-elsewhere",
+             {"notASound", {"Interview.flac", "it lies on another computer"}});
+        tell("no-sound-format", {"notASound", {"letter.pdf", "its format is unknown"}});
+        tell("not-exported-ending",
+             {"notExported",
+              {"~/Music/Interview.txt", "its name must end in .wav, .flac, .ogg, .opus or .mp3"}});
         tell("not-spoken", {"notSpoken", {kRefused}});
         tell("no-microphone", {"noMicrophone", {kRefused}}, choose);
         tell("file-is-microphone", {"fileIsMicrophone", {"Interview.flac"}});

@@ -71,14 +71,23 @@ bool SdlDoors::handle(const SDL_Event& event) {
 
 bool SdlDoors::drop(const SDL_Event& event) {
     if (event.type == SDL_DROPBEGIN) {
-        hasDropped = false;
+        dropped = 0;
         return false;
     }
     // A dropped text is taken for the address of a file. If it is none, the user is told so when it
     // cannot be read.
     const std::string path = firstLine(event.drop.file);
     SDL_free(event.drop.file);
-    if (path.empty() || std::exchange(hasDropped, true)) {
+    if (path.empty()) {
+        return false;
+    }
+    dropped++;
+    if (dropped == 1) {
+        droppedName = FileUri::nameIn(path);
+    } else {
+        if (dropped == 2) {
+            tell({"onlyFirstFile", {droppedName}});
+        }
         return false;
     }
     if (doors != nullptr) {

@@ -53,7 +53,7 @@ public:
     void offer(const std::string& nameOrUri);
 
     /// Handles a drop on the window: its first file, or the file whose address is a dropped text,
-    /// becomes the take.
+    /// becomes the take. Of several files the user is told which one is used.
     /// @returns true if a callback was delivered
     bool handle(const SDL_Event& event);
 
@@ -141,7 +141,8 @@ private:
     bool isDialogOpen = false;
     bool bringsBack = false;
     bool exportsNext = false;  // true: the next sound that is saved
-    bool hasDropped = false;   // true: the first file of this drop has come
+    int32_t dropped = 0;       // files of this drop that have come
+    std::string droppedName;   // of the first one, without folders
     bool isFromFile = false;   // the take came from a file, and was not brought back
     int32_t savedBefore = 0;
     int32_t savedEffect = -1;  // of the sound that was saved last; -1: none of this take

@@ -232,7 +232,8 @@ TEST_F(SdlDoorsTest, ofSeveralFilesDroppedTogetherTheFirstCounts) {
     folders.write("one.wav", TestSounds::wav(voice, 16000));
     folders.write("two.wav", TestSounds::wav(TestSounds::noise(1600, 2), 16000));
     for (int32_t times = 0; times < 2; times++) {
-        drop({folders.path("one.wav"), folders.path("two.wav")});
+        drop({folders.path("one.wav"), folders.path("two.wav"), folders.path("three.wav")});
+        EXPECT_EQ("Only one.wav is used: one file at a time.\n", error());
         EXPECT_TRUE(delivered());
         EXPECT_EQ(voice, std::exchange(program.taken, {}));
         EXPECT_FALSE(doors.isBusy());
