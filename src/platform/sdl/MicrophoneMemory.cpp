@@ -28,9 +28,12 @@ std::string MicrophoneMemory::read() const {
     return name.size() <= kMaxBytes ? name : "";
 }
 
-Problem MicrophoneMemory::write(const std::string& name) const {
-    if (path.empty() || ReplacedFile::write(path, name + "\n")) {
-        return Problem::none();
-    }
-    return SafeFile::lastError();
+std::function<Problem()> MicrophoneMemory::storing(const std::string& name) {
+    return [path = path, name, shared = shared, number = ++shared->newest]() -> Problem {
+        const std::lock_guard<std::mutex> lock(shared->writing);
+        if (path.empty() || number != shared->newest || ReplacedFile::write(path, name + "\n")) {
+            return Problem::none();
+        }
+        return SafeFile::lastError();
+    };
 }

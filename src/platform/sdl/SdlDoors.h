@@ -83,7 +83,8 @@ public:
 
     bool forget();
 
-    /// Writes a picture of the screen into the folder of sounds.
+    /// Writes a picture of the screen, as it is now, into the folder of sounds. Does not wait for
+    /// the disk.
     void takePicture();
 
     /// Hands over what is ready: a sound that was read, a file that was chosen. @returns true if a

@@ -83,16 +83,21 @@ void SdlDoors::takePicture() {
     if (doors == nullptr) {
         return;
     }
-    const std::string folder = folders.sounds();
-    std::string path;
-    if (const Problem problem = ScreenPicture::write(folder, doors->canvasPng(), path)) {
-        tell({"notExported", {folder, problem.sentence()}});
-        return;
-    }
-    print(path);
-    if (tellPicture) {
-        tellPicture(path);
-    }
+    errands.start([this, folder = folders.sounds(), png = doors->canvasPng()] {
+        std::string path;
+        const Problem problem = ScreenPicture::write(folder, png, path);
+        return [this, folder, path, problem] {
+            if (problem) {
+                tell({"notExported", {folder, problem.sentence()}});
+                return false;
+            }
+            print(path);
+            if (tellPicture) {
+                tellPicture(path);
+            }
+            return false;
+        };
+    });
 }
 
 void SdlDoors::tellSaved() {

@@ -202,13 +202,17 @@ void SdlHost::recorded(const std::vector<int16_t>& take) {
 
 void SdlHost::useMicrophone(const std::string& name) {
     ears.choose(name);
-    const Problem problem = microphoneMemory.write(name);
+    errands.start([this, store = microphoneMemory.storing(name)] {
+        return [this, problem = store()] {
+            if (problem) {
+                tell({"choiceNotKept", {problem.sentence()}});
+            }
+            return false;
+        };
+    });
     strip.strip().feed().nameMicrophone();
     tell(name.empty() ? HostMessage{"systemsMicrophone", {}}
                       : HostMessage{"microphoneUsed", {name}});
-    if (problem) {
-        tell({"choiceNotKept", {problem.sentence()}});
-    }
 }
 
 void SdlHost::deliverListing() {

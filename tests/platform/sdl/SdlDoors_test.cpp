@@ -115,6 +115,13 @@ protected:
         return false;
     }
 
+    /// Takes a picture, and waits until it is written.
+    void takePicture() {
+        doors.takePicture();
+        EXPECT_TRUE(doors.isBusy());  // the window does not wait for the disk
+        EXPECT_TRUE(doors.finish());
+    }
+
     /// The output since the last call.
     static std::string output() {
         std::string text = testing::internal::GetCapturedStdout();
@@ -476,8 +483,8 @@ TEST_F(SdlDoorsTest, anExportWhoseSaveFailedAsksForNoNameLater) {
 
 TEST_F(SdlDoorsTest, aPictureIsTheCanvasUnderTheNextFreeName) {
     folders.write("home/Murmelo/screen_00001.png", "kept");
-    doors.takePicture();
-    doors.takePicture();
+    takePicture();
+    takePicture();
     EXPECT_EQ("png", folders.read("home/Murmelo/screen_00000.png"));
     EXPECT_EQ("kept", folders.read("home/Murmelo/screen_00001.png"));
     EXPECT_EQ("png", folders.read("home/Murmelo/screen_00002.png"));
@@ -490,7 +497,7 @@ TEST_F(SdlDoorsTest, aPictureThatTheDiskHasNoRoomForLeavesNothing) {
     folders.makeFolder("home/Murmelo");
     {
         const FullDisk disk(2);  // bytes: the picture is larger
-        doors.takePicture();
+        takePicture();
     }
     EXPECT_TRUE(std::filesystem::is_empty(folders.path("home/Murmelo")));
     EXPECT_NE(std::string::npos, error().find("cannot be written"));
@@ -499,7 +506,7 @@ TEST_F(SdlDoorsTest, aPictureThatTheDiskHasNoRoomForLeavesNothing) {
 
 TEST_F(SdlDoorsTest, aPictureWhereNothingCanBeWrittenIsToldSo) {
     folders.write("home", "a file where the folder should be");
-    doors.takePicture();
+    takePicture();
     EXPECT_EQ("", output());
     EXPECT_NE(std::string::npos, error().find("cannot be written"));
 }

@@ -262,6 +262,7 @@ TEST_F(SdlHostTest, aChoiceOfTheMicrophoneThatCannotBeKeptIsTold) {
     open(options);
     testing::internal::CaptureStderr();
     host->useMicrophone("Headset");
+    EXPECT_FALSE(host->isStuck());  // the disk has refused it
     const std::string output = testing::internal::GetCapturedStderr();
     EXPECT_NE(std::string::npos, output.find("is not kept: ")) << output;
     EXPECT_EQ("Headset", host->chosenMicrophone());
@@ -432,6 +433,15 @@ TEST_F(SdlHostTest, whatGoesWrongAfterTheWindowIsShownByTheDesktop) {
         << call;
 }
 
+TEST_F(SdlHostTest, ofTwoChoicesTheNewestIsRememberedThoughItIsStoredFirst) {
+    MicrophoneMemory memory(folders.path("config"));
+    const std::function<Problem()> older = memory.storing("older");
+    const std::function<Problem()> newest = memory.storing("newest");
+    EXPECT_EQ("", newest());
+    EXPECT_EQ("", older());
+    EXPECT_EQ("newest", memory.read());
+}
+
 TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {
     SdlOptions options;
     options.folders.config = folders.path("config");
@@ -439,6 +449,7 @@ TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {
     EXPECT_EQ("", host->chosenMicrophone());
     host->useMicrophone("Ada\xE2\x80\x99s headset");
     EXPECT_EQ("Ada\xE2\x80\x99s headset", host->chosenMicrophone());
+    ASSERT_FALSE(host->isStuck());  // the disk has it
     host.reset();
     open(options);
     EXPECT_EQ("Ada\xE2\x80\x99s headset", host->chosenMicrophone());
@@ -447,6 +458,7 @@ TEST_F(SdlHostTest, theChosenMicrophoneIsRememberedByItsName) {
     open(options);
     EXPECT_EQ("given on the command line", host->chosenMicrophone());
     host->useMicrophone("");
+    ASSERT_FALSE(host->isStuck());
     host.reset();
     options.microphone = "";
     open(options);
