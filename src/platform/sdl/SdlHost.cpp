@@ -41,7 +41,7 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           options.microphone.empty() ? microphoneMemory.read() : options.microphone,
           [this] { return uptimeMs(); },
           [this] { wake(); },
-          [this](const HostMessage& message) { tell(message); })
+          [this](const HostMessage& message) { tellOfMicrophone(message); })
     , fileEars([this] { return uptimeMs(); })
     , errands([this] { wake(); })
     , takes(
@@ -96,6 +96,17 @@ void SdlHost::tell(const HostMessage& message, const std::string& sentence) {
         notify(message);
     } else {
         strip.tell(message);
+    }
+}
+
+/// Why a recording has no device is the strip's line as long as it goes on, and a message when it
+/// ends: at its beginning it would be told once more.
+void SdlHost::tellOfMicrophone(const HostMessage& message) {
+    const std::string row = message.row;
+    if (row == "noMicrophone" || row == "microphoneUnusable") {
+        print(message.text("en"));
+    } else {
+        tell(message);
     }
 }
 

@@ -119,6 +119,7 @@ private:
     void recorded(const std::vector<int16_t>& take);
     void settleLater(std::function<Problem()> settle);
     void readVoice();
+    void tellOfMicrophone(const HostMessage& message);
     void notify(const HostMessage& message);
     bool deliverSound();
     void deliverListing();
