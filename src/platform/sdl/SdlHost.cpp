@@ -282,9 +282,7 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
         strip.deliver();
         errands.deliver();
         deliverListing();
-        if (const std::string problem = speech.takeProblem(); !problem.empty()) {
-            tell({"notSpoken", {problem}});
-        }
+        tellSpeechFailure();
         if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
             deliverEvent(first) || away.deliver(listener, uptimeMs()) ||
             (doors != nullptr && walk.step(*doors))) {
@@ -296,6 +294,14 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
             return false;
         }
         sleep(DueTime::earlier(endMs, nextDueMs()));
+    }
+}
+
+void SdlHost::tellSpeechFailure() {
+    const Speech::Failure failure = speech.takeFailure();
+    if (!failure.reason.empty()) {
+        const std::string& words = failure.detail.empty() ? failure.reason : failure.detail;
+        tell({"notSpoken", {failure.reason}}, HostMessage{"notSpoken", {words}}.text("en"));
     }
 }
 

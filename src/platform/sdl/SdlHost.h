@@ -121,6 +121,7 @@ private:
     void readVoice();
     void tellOfMicrophone(const HostMessage& message);
     void notify(const HostMessage& message);
+    void tellSpeechFailure();
     bool deliverSound();
     void deliverListing();
     bool deliverEvent(HostListener& listener);

@@ -2,6 +2,7 @@
 #include "Speech.h"
 
 #include <condition_variable>
+#include <csignal>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <libspeechd.h>
@@ -22,8 +23,8 @@ struct Speech::Shared {
     std::condition_variable changed;
     std::string text;  // to be said; empty: nothing
     std::string language;
-    std::string problem;
-    bool isOver = false;
+    Failure failure;
+    bool isOver = false;  // nothing more is to be said
     Wake wake;
 };
 
@@ -49,7 +50,7 @@ Speech::~Speech() {
 Problem Speech::start(Wake wake, const char* library) {
     void* opened = dlopen(library, RTLD_NOW | RTLD_LOCAL);  // never unloaded: the thread uses it
     if (opened == nullptr) {
-        return std::string("the library ") + library + " of Speech Dispatcher is missing";
+        return std::string(library) + " is missing";
     }
     Functions functions;
     const bool isWhole = find(opened, "spd_open2", functions.open) &&
@@ -58,7 +59,7 @@ Problem Speech::start(Wake wake, const char* library) {
                          find(opened, "spd_say", functions.say) &&
                          find(opened, "spd_close", functions.close);
     if (!isWhole) {
-        return std::string("the library ") + library + " is not Speech Dispatcher's";
+        return std::string(library) + " is another library";
     }
     shared = std::make_shared<Shared>();
     shared->wake = std::move(wake);
@@ -69,16 +70,18 @@ Problem Speech::start(Wake wake, const char* library) {
 /// Runs on the thread of its own until the program ends. Returns at once if the server cannot be
 /// reached.
 void Speech::work(Shared& shared, const Functions& functions) {
+    // A write to a server that has ended must fail, and not end the program.
+    sigset_t broken;
+    sigemptyset(&broken);
+    sigaddset(&broken, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &broken, nullptr);
     char* reason = nullptr;
     SPDConnection* server =
         functions.open("murmelo", "main", nullptr, SPD_MODE_SINGLE, nullptr, 1, &reason);
     std::unique_lock<std::mutex> lock(shared.mutex);
     if (server == nullptr) {
-        shared.problem = reason != nullptr ? reason : "the speech server cannot be reached";
+        fail(shared, {"the speech server cannot be reached", reason != nullptr ? reason : ""});
         std::free(reason);
-        if (shared.wake) {
-            shared.wake();
-        }
         return;
     }
     while (!shared.isOver) {
@@ -91,11 +94,23 @@ void Speech::work(Shared& shared, const Functions& functions) {
         lock.unlock();
         functions.setLanguage(server, language.c_str());
         functions.cancel(server);
-        functions.say(server, SPD_TEXT, text.c_str());
+        const bool isSaid = functions.say(server, SPD_TEXT, text.c_str()) >= 0;
         lock.lock();
+        if (!isSaid) {
+            fail(shared, {"the speech server has ended", ""});
+        }
     }
     lock.unlock();
     functions.close(server);
+}
+
+/// Tells the event thread, and ends the work. Call it with the lock.
+void Speech::fail(Shared& shared, Failure failure) {
+    shared.failure = std::move(failure);
+    shared.isOver = true;
+    if (shared.wake) {
+        shared.wake();
+    }
 }
 
 void Speech::say(const std::string& text, const std::string& language) {
@@ -103,15 +118,18 @@ void Speech::say(const std::string& text, const std::string& language) {
         return;
     }
     const std::lock_guard<std::mutex> lock(shared->mutex);
+    if (shared->isOver) {
+        return;
+    }
     shared->text = text;
     shared->language = language;
     shared->changed.notify_all();
 }
 
-std::string Speech::takeProblem() {
+Speech::Failure Speech::takeFailure() {
     if (shared == nullptr) {
-        return "";
+        return {};
     }
     const std::lock_guard<std::mutex> lock(shared->mutex);
-    return std::exchange(shared->problem, "");
+    return std::exchange(shared->failure, {});
 }

@@ -23,8 +23,8 @@ public:
     ~Speech();
 
     /// Loads the library, and connects to the server on a thread of its own.
-    /// @param wake  wakes the event thread when takeProblem() has something; called on that thread
-    /// @returns what is wrong with the library
+    /// @param wake  wakes the event thread when takeFailure() has something; called on that thread
+    /// @returns the bare reason why the library cannot be used
     Problem start(Wake wake, const char* library = kLibrary);
 
     bool isStarted() const { return shared != nullptr; }
@@ -34,15 +34,21 @@ public:
     /// @param language  a code ("de")
     void say(const std::string& text, const std::string& language);
 
-    /// Returns once why the server cannot be reached; after that, and if there is no problem, it is
-    /// empty.
-    std::string takeProblem();
+    struct Failure {
+        std::string reason;  // one of the program's own; empty: there is none
+        std::string detail;  // what the library says, for a terminal; may be empty
+    };
+
+    /// Returns once why the server cannot be reached, or that it has ended. After that nothing more
+    /// is said.
+    Failure takeFailure();
 
 private:
     struct Functions;
     struct Shared;
 
     static void work(Shared& shared, const Functions& functions);
+    static void fail(Shared& shared, Failure failure);
 
     std::shared_ptr<Shared> shared;  // shared with the thread; null: not started
 };

@@ -80,6 +80,19 @@ until_true was_said "Schließen" || fail "the focus on the list was not read"
 xdotool key Escape F12
 until_true was_said "Bildschirmfoto" || fail "the message of a picture was not read"
 until_true was_said "Anzeigen" || fail "what the message offers was not read"
+# A server that ends later is reported once, and everything else works.
+kill "${started[0]}"
+wait "${started[0]}" 2>/dev/null
+was_told() { grep -q "Nothing can be read aloud: the speech server has ended" "$folder/speaking.txt"; }
+tells_the_end() { xdotool key m && sleep 0.3 && was_told; }
+until_true tells_the_end || fail "the end of the server was not told"
+title() { xdotool search --onlyvisible --name ' - Murmelo$' getwindowname 2>/dev/null; }
+xdotool key Escape Escape
+before=$(title)
+xdotool key m Escape
+pressed() { xdotool key Return && sleep 0.3 && [[ $(title) != "$before" ]]; }
+until_true pressed || fail "without the server the program takes no keys"
+[[ $(grep -c "Nothing can be read aloud" "$folder/speaking.txt") == 1 ]] || fail "the end of the server was told again"
 kill $speaking
 wait $speaking || fail "the speaking program ended badly"
 
