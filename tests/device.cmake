@@ -58,6 +58,7 @@ murmelo_tests(sdl_tests
         platform/sdl/FileDialog_test.cpp
         platform/sdl/FileManager_test.cpp
         platform/sdl/MicrophoneWatch_test.cpp
+        platform/sdl/OwnSize_test.cpp
         platform/sdl/PictureScaler_test.cpp
         platform/sdl/PngIcon_test.cpp
         platform/sdl/Program.cpp

@@ -392,6 +392,11 @@ void SdlHost::handleWindow(const SDL_Event& event) {
         event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
         pictures.redraw();
     }
+    if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
+        window.sizeChanged();
+    } else if (event.window.event == SDL_WINDOWEVENT_MAXIMIZED) {
+        window.maximised();
+    }
     away.handle(event, uptimeMs());
 }
 

@@ -19,16 +19,21 @@ constexpr int32_t kPictureRows = HostFrame::kHeightPx / HostFrame::kCanvasFactor
 // size.
 constexpr float kFineDpi = 180.0F;
 
-/// The part of the first screen that windows may use; none if that is not known.
-WindowSizes::Size roomOfScreen() {
+/// The screen that the window is on; the first one before there is a window.
+int screenOf(SDL_Window* window) {
+    return window != nullptr ? std::max(SDL_GetWindowDisplayIndex(window), 0) : 0;
+}
+
+/// The part of a screen that windows may use; none if that is not known.
+WindowSizes::Size roomOfScreen(int screen) {
     SDL_Rect room;
-    return SDL_GetDisplayUsableBounds(0, &room) == 0 ? WindowSizes::Size{room.w, room.h}
-                                                     : WindowSizes::Size{};
+    return SDL_GetDisplayUsableBounds(screen, &room) == 0 ? WindowSizes::Size{room.w, room.h}
+                                                          : WindowSizes::Size{};
 }
 
 /// How much larger than on a usual screen the window is to be: what the desktop says, or 2 on a
 /// fine display.
-double scaleOfDesktop(WindowSizes::Size room) {
+double scaleOfDesktop(int screen, WindowSizes::Size room) {
     const char* driver = SDL_GetCurrentVideoDriver();
     const std::string driverName = driver != nullptr ? driver : "";
     const char* gdkScale = std::getenv("GDK_SCALE");
@@ -40,7 +45,7 @@ double scaleOfDesktop(WindowSizes::Size room) {
     }
     float dpi = 0;
     const WindowSizes::Size fine = WindowSizes::usual(2, {});
-    const bool isFine = SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) == 0 && dpi >= kFineDpi;
+    const bool isFine = SDL_GetDisplayDPI(screen, nullptr, &dpi, nullptr) == 0 && dpi >= kFineDpi;
     return isFine && room.width >= fine.width && room.height > fine.height ? 2 : 1;
 }
 
@@ -74,11 +79,12 @@ SdlWindow::~SdlWindow() {
 
 Problem SdlWindow::open(const std::string& settingsFolder, bool onFullScreen) {
     memory = std::make_unique<WindowMemory>(settingsFolder);
-    const WindowSizes::Size room = roomOfScreen();
+    const int screen = screenOf(window);
+    const WindowSizes::Size room = roomOfScreen(screen);
     const WindowSizes::Size remembered = memory->read();
     opened = remembered.isKnown() && room.isKnown()
                  ? withinRoom(remembered, room)
-                 : WindowSizes::usual(scaleOfDesktop(room), room);
+                 : WindowSizes::usual(scaleOfDesktop(screen, room), room);
     const uint32_t flags = SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI |
                            (onFullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
     window = SDL_CreateWindow("Murmelo", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
@@ -86,6 +92,7 @@ Problem SdlWindow::open(const std::string& settingsFolder, bool onFullScreen) {
     if (window == nullptr) {
         return std::string("no window can be opened: ") + SDL_GetError();
     }
+    ownSize.sized(opened, SDL_GetTicks64());
     SDL_SetWindowMinimumSize(window, WindowSizes::kMinWidth, WindowSizes::kMinHeight);
     return Problem::none();
 }
@@ -101,7 +108,8 @@ void SdlWindow::changeSize(Change change) {
         return;
     }
     const WindowSizes::Size now{widthUnits(), heightUnits()};
-    const WindowSizes::Size room = roomOfScreen();
+    const int screen = screenOf(window);
+    const WindowSizes::Size room = roomOfScreen(screen);
     WindowSizes::Size size;
     switch (change) {
     case Change::kLarger:
@@ -111,7 +119,7 @@ void SdlWindow::changeSize(Change change) {
         size = WindowSizes::smaller(now);
         break;
     default:
-        size = WindowSizes::usual(scaleOfDesktop(room), room);
+        size = WindowSizes::usual(scaleOfDesktop(screen, room), room);
         break;
     }
     if (size.width != now.width || size.height != now.height) {
@@ -119,13 +127,28 @@ void SdlWindow::changeSize(Change change) {
     }
 }
 
-void SdlWindow::rememberSize() const {
-    constexpr uint32_t kNotByHand =
+bool SdlWindow::hasOwnSize() const {
+    constexpr uint32_t kOther =
         SDL_WINDOW_MAXIMIZED | SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MINIMIZED;
-    if (window == nullptr || (SDL_GetWindowFlags(window) & kNotByHand) != 0) {
+    return (SDL_GetWindowFlags(window) & kOther) == 0;
+}
+
+void SdlWindow::sizeChanged() {
+    if (hasOwnSize()) {
+        ownSize.sized({widthUnits(), heightUnits()}, SDL_GetTicks64());
+    }
+}
+
+void SdlWindow::maximised() {
+    ownSize.maximised(SDL_GetTicks64());
+}
+
+void SdlWindow::rememberSize() const {
+    if (window == nullptr) {
         return;
     }
-    const WindowMemory::Size size{widthUnits(), heightUnits()};
+    const WindowMemory::Size size =
+        hasOwnSize() ? WindowMemory::Size{widthUnits(), heightUnits()} : ownSize.size();
     if (size.width != opened.width || size.height != opened.height) {
         memory->write(size);
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Host.h"
+#include "OwnSize.h"
 #include "PictureScaler.h"
 #include "Problem.h"
 #include "WindowMemory.h"
@@ -37,7 +38,14 @@ public:
     /// One step. A window that fills the screen stays as it is.
     void changeSize(Change change);
 
-    /// Stores the size for the next run if the user has changed it.
+    /// The window system has changed the size.
+    void sizeChanged();
+
+    /// The window system has maximised the window.
+    void maximised();
+
+    /// Stores the size for the next run if the user has changed it. Of a window that is maximised
+    /// or fills the screen, that is the size before.
     void rememberSize() const;
 
     /// Draws the rows that have changed since the last call; the first one gets them all.
@@ -75,6 +83,7 @@ public:
     void setIcon(const std::string& iconFolder);
 
 private:
+    bool hasOwnSize() const;
     void pixelSize(int32_t& width, int32_t& height) const;
     bool isDrawnOn(const SDL_Surface& surface) const;
     bool drawOn(SDL_Surface& surface);
@@ -83,6 +92,7 @@ private:
     SDL_Window* window = nullptr;
     std::unique_ptr<WindowMemory> memory;
     WindowSizes::Size opened;
+    OwnSize ownSize;
     std::string title;
     PictureScaler scaler;
     std::vector<uint16_t> picture;  // presented last: the upper row of each equal pair

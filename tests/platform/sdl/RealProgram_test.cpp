@@ -2,6 +2,7 @@
 // The program on a real X server and a real sound server: how soon its picture appears, how much
 // processor time it needs while idle, how it ends, and a whole journey by keyboard.
 #include "KeyUntil.h"
+#include "OwnSize.h"
 #include "Program.h"
 #include "SdlAudio.h"
 #include "SoundServer.h"
@@ -307,6 +308,23 @@ TEST_F(RealProgram, theWindowHasItsIcon) {
     ASSERT_TRUE(waitForPicture());
     const uint64_t window = screen.windowOf("Murmelo");
     ASSERT_TRUE(until([this, window] { return !screen.iconOf(window).empty(); }));
+TEST_F(RealProgram, ofAMaximisedWindowTheSizeBeforeIsKept) {
+    Program manager({"cwm", "-c", "/dev/null"});
+    ASSERT_TRUE(until([this] { return screen.hasManager(); }));
+    folders.write("config/settings", "lang=0\n");
+    Program program(command());
+    ASSERT_TRUE(says("Menu")) << title();
+    const uint64_t window = screen.windowOf("Murmelo");
+    screen.resize(window, 600, 900);
+    EXPECT_TRUE(until([&] { return screen.widthOf(window) == 600; }));
+    pass(2 * static_cast<int64_t>(OwnSize::kSettledMs));
+    screen.maximise(window);
+    EXPECT_TRUE(until([&] { return screen.widthOf(window) > 1000; }));
+    key("ctrl+q");  // comes after the new size
+    EXPECT_EQ(0, program.waitForEnd());
+    EXPECT_EQ("600 900\n", folders.read("config/window"));
+}
+
     std::ifstream file(MURMELO_ICON_FILE, std::ios::binary);
     const Bytes png{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     const TestPicture picture = TestPng::read(png);

@@ -267,6 +267,24 @@ void XScreen::unmap(uint64_t window) {
     XFlush(server(display));
 }
 
+void XScreen::maximise(uint64_t window) {
+    constexpr int kAdd = 1;
+    Display* const screen = server(display);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(screen, "_NET_WM_STATE", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = kAdd;
+    event.xclient.data.l[1] =
+        static_cast<int64_t>(XInternAtom(screen, "_NET_WM_STATE_MAXIMIZED_VERT", False));
+    event.xclient.data.l[2] =
+        static_cast<int64_t>(XInternAtom(screen, "_NET_WM_STATE_MAXIMIZED_HORZ", False));
+    XSendEvent(screen, DefaultRootWindow(screen), False,
+               SubstructureRedirectMask | SubstructureNotifyMask, &event);
+    XFlush(screen);
+}
+
 void XScreen::resize(uint64_t window, int32_t width, int32_t height) {
     XResizeWindow(server(display), window, static_cast<unsigned>(width),
                   static_cast<unsigned>(height));

@@ -54,6 +54,9 @@ public:
     void unmap(uint64_t window);
     void resize(uint64_t window, int32_t width, int32_t height);
 
+    /// Asks the window manager to let the window fill the screen, as its button does.
+    void maximise(uint64_t window);
+
 private:
     void* display = nullptr;
 };
