@@ -15,6 +15,7 @@ public:
     /// @param text  UTF-8
     void addText(const char* name, const std::string& text);
 
+    /// @param number  of D-Bus's type BYTE, 0 to 255
     void addByte(const char* name, uint8_t number);
 
     /// Adds a path as bytes that end with 0, because it need not be valid text.
@@ -23,6 +24,7 @@ public:
     /// Shows files of one kind only, until the user asks for all of them.
     void addFilter(const char* title, const char* mimeType);
 
+    /// Ends the dictionary. Nothing may be added after it; the next argument can follow.
     void close();
 
 private:

@@ -7,11 +7,10 @@
 
 namespace {
 
-constexpr int kPatienceMs = 25000;
-
 /// Empty if there is no session bus: the library itself would start one.
 std::string busAddress() {
-    if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS")) {
+    const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    if (address != nullptr && std::string(address).rfind("autolaunch:", 0) != 0) {
         return address;
     }
     const char* folder = std::getenv("XDG_RUNTIME_DIR");
@@ -42,9 +41,9 @@ SessionBus::Message SessionBus::newCall(const Method& method) {
         dbus_message_new_method_call(method.service, method.object, method.interface, method.name));
 }
 
-SessionBus::Message SessionBus::call(DBusMessage& message) const {
-    return Message(dbus_connection_send_with_reply_and_block(connection.get(), &message,
-                                                             kPatienceMs, nullptr));
+SessionBus::Message SessionBus::call(DBusMessage& message, int patienceMs) const {
+    return Message(
+        dbus_connection_send_with_reply_and_block(connection.get(), &message, patienceMs, nullptr));
 }
 
 std::string SessionBus::carried(const std::string& text) {

@@ -16,6 +16,8 @@ public:
 
     using Message = std::unique_ptr<DBusMessage, MessageFree>;
 
+    /// A call's receiver and name, in D-Bus's notation ("org.freedesktop.Notifications",
+    /// "/org/freedesktop/Notifications", ..., "Notify"). The texts are not copied.
     struct Method {
         const char* service;
         const char* object;
@@ -29,14 +31,19 @@ public:
     /// False if there is no session bus. Then nothing else may be called.
     bool isOpen() const { return connection != nullptr; }
 
+    /// The library's own connection, for what this class does not offer. It stays this object's;
+    /// null if there is no bus.
     DBusConnection* get() const { return connection.get(); }
 
     /// A call without arguments yet. Never null.
     static Message newCall(const Method& method);
 
-    /// Waits for the reply, for at most 25 seconds: a desktop may start the service only now.
-    /// @returns null if there is no such service, or it returned an error
-    Message call(DBusMessage& message) const;
+    /// How long to wait for a reply: a desktop may start the service only now.
+    static constexpr int kPatienceMs = 25000;
+
+    /// Waits for the reply.
+    /// @returns null if there is no such service, it returned an error, or it took longer
+    Message call(DBusMessage& message, int patienceMs = kPatienceMs) const;
 
     /// The text with a question mark in the place of each byte that a bus does not carry.
     static std::string carried(const std::string& text);

@@ -7,6 +7,7 @@
 
 class StartErrors {
 public:
+    /// The program was started from a desktop: from now on errors are shown in a box too.
     void setFromDesktop() { inBox = true; }
 
     /// @param message  one sentence

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace {
 
 class DesktopNoticeTest : public testing::Test {
@@ -45,6 +47,18 @@ TEST_F(DesktopNoticeTest, ofBytesThatAreNoTextASignIsShown) {
     EXPECT_TRUE(DesktopNotice::show("Murmelo", "\xFFm.wav is missing"));
     const std::string call = folders.read("calls");
     EXPECT_NE(std::string::npos, call.find(R"("?m.wav is missing")")) << call;
+}
+
+TEST_F(DesktopNoticeTest, aBusThatWouldBeStartedIsNoneAndTheSessionsOwnIsUsed) {
+    ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
+    const char* before = std::getenv("XDG_RUNTIME_DIR");
+    const std::string old = before != nullptr ? before : "";
+    setenv("DBUS_SESSION_BUS_ADDRESS", "autolaunch:", 1);
+    setenv("XDG_RUNTIME_DIR", folders.path("empty").c_str(), 1);
+    EXPECT_FALSE(DesktopNotice::show("Murmelo", "nothing"));
+    setenv("XDG_RUNTIME_DIR", folders.path("").c_str(), 1);  // its socket is "bus"
+    EXPECT_TRUE(DesktopNotice::show("Murmelo", "something"));
+    setenv("XDG_RUNTIME_DIR", old.c_str(), 1);
 }
 
 TEST_F(DesktopNoticeTest, withoutADesktopOrABusNoneIsShown) {

@@ -49,6 +49,24 @@ protected:
     std::string oldPath = std::getenv("PATH");
 };
 
+/// On a bus of the test's own, with a desktop beside the file manager that xdg-open starts.
+class DesktopFileManagerTest : public FileManagerTest {
+protected:
+    void SetUp() override {
+        if (!TestBus::isInstalled()) {
+            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+        }
+        install();
+        ASSERT_TRUE(bus.start());
+    }
+
+    void serve(const std::vector<std::string>& words) {
+        ASSERT_TRUE(bus.serve("fake_desktop.py", words));
+    }
+
+    TestBus bus{folders};
+};
+
 }  // namespace
 
 TEST_F(FileManagerTest, theFolderIsShownAsItIsCalled) {
@@ -91,14 +109,8 @@ TEST_F(FileManagerTest, withoutOneNothingIsShown) {
     EXPECT_FALSE(FileManager::show("/tmp"));
 }
 
-TEST_F(FileManagerTest, aFileIsMarkedWhereTheDesktopCanDoThat) {
-    if (!TestBus::isInstalled()) {
-        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-    }
-    install();
-    TestBus bus(folders);
-    ASSERT_TRUE(bus.start());
-    ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
+TEST_F(DesktopFileManagerTest, aFileIsMarkedWhereTheDesktopCanDoThat) {
+    serve({});
     folders.write("my sounds/rec_00003.wav", "");
     EXPECT_TRUE(FileManager::showFile(folders.path("my sounds/rec_00003.wav")));
     EXPECT_EQ("[\"ShowItems\", [\"file://" + folders.path("my%20sounds/rec_00003.wav") +
@@ -107,27 +119,23 @@ TEST_F(FileManagerTest, aFileIsMarkedWhereTheDesktopCanDoThat) {
     EXPECT_FALSE(folders.has("shown"));
 }
 
-TEST_F(FileManagerTest, elseItsFolderIsShown) {
-    if (!TestBus::isInstalled()) {
-        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-    }
-    install();
-    TestBus bus(folders);
-    ASSERT_TRUE(bus.start());
-    ASSERT_TRUE(bus.serve("fake_desktop.py", {"failing"}));
+TEST_F(DesktopFileManagerTest, elseItsFolderIsShown) {
+    serve({"failing"});
     folders.write("my sounds/rec_00003.wav", "");
     EXPECT_TRUE(FileManager::showFile(folders.path("my sounds/rec_00003.wav")));
     EXPECT_EQ(0U, shown().find(folders.path("my sounds") + "\n")) << shown();
 }
 
-TEST_F(FileManagerTest, aFileThatIsGoneIsNotAskedFor) {
-    if (!TestBus::isInstalled()) {
-        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-    }
-    install();
-    TestBus bus(folders);
-    ASSERT_TRUE(bus.start());
-    ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
+TEST_F(DesktopFileManagerTest, oneThatDoesNotReplyIsNotWaitedFor) {
+    serve({"slow"});
+    folders.write("rec_00003.wav", "");
+    EXPECT_TRUE(FileManager::showFile(folders.path("rec_00003.wav")));
+    EXPECT_TRUE(folders.has("shown"));
+    EXPECT_EQ(std::string::npos, folders.read("calls").find("has replied"));
+}
+
+TEST_F(DesktopFileManagerTest, aFileThatIsGoneIsNotAskedFor) {
+    serve({});
     EXPECT_TRUE(FileManager::showFile(folders.path("rec_00003.wav")));
     EXPECT_TRUE(folders.has("shown"));
     EXPECT_FALSE(folders.has("calls"));

@@ -3,10 +3,11 @@
 """fake_desktop.py LOG [WORD...]: simulates a desktop's notices and its file manager on the session bus.
 
 Each call is written to LOG as a line of JSON. WORDs: "markup" makes the notices read markup, "failing" makes the file
-manager return an error.
+manager return an error, "slow" makes it reply after 15 seconds.
 """
 import json
 import sys
+import time
 
 import dbus
 import dbus.mainloop.glib
@@ -39,6 +40,9 @@ class Manager(dbus.service.Object):
     @dbus.service.method(MANAGER, in_signature='ass')
     def ShowItems(self, uris, token):
         write('ShowItems', uris, token)
+        if 'slow' in WORDS:
+            time.sleep(15)
+            write('ShowItems has replied')
         if 'failing' in WORDS:
             raise dbus.DBusException('not today', name=MANAGER + '.Error.Failed')
 
