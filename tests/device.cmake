@@ -118,7 +118,7 @@ add_test(NAME RealSpeech
 foreach(group RealProgram RealWindow RealSound RealLoss)
     add_test(NAME ${group}
         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/sdl/with-desktop
-            $<TARGET_FILE:real_tests> --gtest_filter=${group}.*:*/${group}.*:${group}Program.*:${group}Silence.*)
+            $<TARGET_FILE:real_tests> --gtest_filter=${group}.*:*/${group}.*:${group}Program.*:${group}Silence.*:${group}Dialog.*)
 endforeach()
 set_tests_properties(RealWayland RealSpeech RealProgram RealWindow RealSound RealLoss PROPERTIES
     SKIP_RETURN_CODE 77 TIMEOUT 930 RUN_SERIAL TRUE LABELS desktop)

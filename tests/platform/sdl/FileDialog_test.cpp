@@ -56,6 +56,14 @@ protected:
         ASSERT_TRUE(bus.serve("fake_portal.py", {mode, path.empty() ? "" : "file://" + path}));
     }
 
+    /// The program has saved its sound.
+    void save() {
+        program.saved = 1;
+        testing::internal::CaptureStdout();
+        doors.tellSaved();
+        testing::internal::GetCapturedStdout();
+    }
+
     bool workUntil(const std::function<bool()>& happened) {
         return TestBus::until([&] {
             doors.deliver();
@@ -105,10 +113,7 @@ TEST_F(FileDialogTest, theWindowWorksOnWhileTheDialogIsOpenAndThereIsOnlyOne) {
     doors.openFile();
     EXPECT_TRUE(isSaid("The desktop’s dialog is open already."));
     host.sentences.clear();
-    program.saved = 1;
-    testing::internal::CaptureStdout();
-    doors.tellSaved();
-    testing::internal::GetCapturedStdout();
+    save();
     EXPECT_FALSE(doors.exportSound());
     EXPECT_TRUE(isSaid("The desktop’s dialog is open already."));
     EXPECT_FALSE(doors.deliver());
@@ -173,10 +178,7 @@ TEST_F(FileDialogTest, aDialogThatCannotBeShownIsTold) {
 
 TEST_F(FileDialogTest, theSavedSoundIsExportedInTheFormThatItsNameAsksFor) {
     startPortal("choose", folders.path("my%20robot.flac"));
-    program.saved = 1;
-    testing::internal::CaptureStdout();
-    doors.tellSaved();
-    testing::internal::GetCapturedStdout();
+    save();
     EXPECT_FALSE(doors.exportSound());
     EXPECT_TRUE(workUntil([this] { return isSaid("Exported: " + folders.path("my robot.flac")); }));
     EXPECT_EQ("fLaC", folders.read("my robot.flac").substr(0, 4));
@@ -190,10 +192,7 @@ TEST_F(FileDialogTest, theSavedSoundIsExportedInTheFormThatItsNameAsksFor) {
 
 TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsAndADialogIsNotWaitedFor) {
     startPortal("wait", folders.path("robot.flac"));
-    program.saved = 1;
-    testing::internal::CaptureStdout();
-    doors.tellSaved();
-    testing::internal::GetCapturedStdout();
+    save();
     doors.exportSound();
     ASSERT_TRUE(workUntil([this] { return folders.has("calls"); }));
     EXPECT_FALSE(doors.finish());
@@ -210,10 +209,7 @@ TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsWithAnotherDialogOpen
     // Long enough to be written for some time.
     folders.write("home/Murmelo/rec_00003.wav", TestSounds::wav(TestSounds::noise(4000000), 8000));
     startPortal("wait", folders.path("robot.flac"));
-    program.saved = 1;
-    testing::internal::CaptureStdout();
-    doors.tellSaved();
-    testing::internal::GetCapturedStdout();
+    save();
     doors.exportSound();
     folders.write("calls.go", "");
     ASSERT_TRUE(workUntil([this] { return !doors.isAsking(); }));
@@ -226,10 +222,7 @@ TEST_F(FileDialogTest, anExportIsFinishedWhenTheProgramEndsWithAnotherDialogOpen
 
 TEST_F(FileDialogTest, anExportThatCannotBeWrittenIsTold) {
     startPortal("choose", folders.path("robot.txt"));
-    program.saved = 1;
-    testing::internal::CaptureStdout();
-    doors.tellSaved();
-    testing::internal::GetCapturedStdout();
+    save();
     doors.exportSound();
     EXPECT_TRUE(workUntil([this] {
         return isSaid(folders.path("robot.txt") + " cannot be written: its name must end in .wav, "

@@ -177,6 +177,21 @@ private:
     std::vector<uint32_t> picture() { return screen.pixels(kLeft, kTop, 480, 800); }
 };
 
+/// With a desktop whose dialogs stay open, on a bus of the test's own.
+class RealProgramDialog : public RealProgram {
+protected:
+    void SetUp() override {
+        if (!TestBus::isInstalled()) {
+            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
+        }
+        folders.write("config/settings", "lang=0\n");
+        ASSERT_TRUE(bus.start());
+        ASSERT_TRUE(bus.serve("fake_portal.py", {"wait", "file:///nothing.wav"}));
+    }
+
+    TestBus bus{folders};
+};
+
 }  // namespace
 
 TEST_F(RealProgram, theFirstPictureStandsSoon) {
@@ -293,21 +308,6 @@ TEST_F(RealProgram, theWindowIsAsLargeAsTheUserLeftIt) {
     EXPECT_EQ("432 720\n", folders.read("config/window"));
 }
 
-TEST_F(RealProgram, aSizeThatTheScreenHasNoRoomForIsCutToIt) {
-    folders.write("config/window", "5000 6000\n");
-    Program program(command());
-    ASSERT_TRUE(waitForPicture());
-    EXPECT_EQ(1280, screen.widthOf(screen.windowOf("Murmelo")));
-    program.send(SIGTERM);
-    EXPECT_EQ(0, program.waitForEnd());
-    EXPECT_EQ("5000 6000\n", folders.read("config/window"));  // on a larger screen it fits again
-}
-
-TEST_F(RealProgram, theWindowHasItsIcon) {
-    Program program(command());
-    ASSERT_TRUE(waitForPicture());
-    const uint64_t window = screen.windowOf("Murmelo");
-    ASSERT_TRUE(until([this, window] { return !screen.iconOf(window).empty(); }));
 TEST_F(RealProgram, ofAMaximisedWindowTheSizeBeforeIsKept) {
     Program manager({"cwm", "-c", "/dev/null"});
     ASSERT_TRUE(until([this] { return screen.hasManager(); }));
@@ -325,6 +325,21 @@ TEST_F(RealProgram, ofAMaximisedWindowTheSizeBeforeIsKept) {
     EXPECT_EQ("600 900\n", folders.read("config/window"));
 }
 
+TEST_F(RealProgram, aSizeThatTheScreenHasNoRoomForIsCutToIt) {
+    folders.write("config/window", "5000 6000\n");
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(1280, screen.widthOf(screen.windowOf("Murmelo")));
+    program.send(SIGTERM);
+    EXPECT_EQ(0, program.waitForEnd());
+    EXPECT_EQ("5000 6000\n", folders.read("config/window"));  // on a larger screen it fits again
+}
+
+TEST_F(RealProgram, theWindowHasItsIcon) {
+    Program program(command());
+    ASSERT_TRUE(waitForPicture());
+    const uint64_t window = screen.windowOf("Murmelo");
+    ASSERT_TRUE(until([this, window] { return !screen.iconOf(window).empty(); }));
     std::ifstream file(MURMELO_ICON_FILE, std::ios::binary);
     const Bytes png{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     const TestPicture picture = TestPng::read(png);
@@ -352,14 +367,7 @@ TEST_F(RealProgram, aMessageBusOfTheSessionIsUsedWhereThereIsOne) {
     EXPECT_TRUE(waitForPicture());
 }
 
-TEST_F(RealProgram, theDesktopsDialogBelongsToTheWindow) {
-    if (!TestBus::isInstalled()) {
-        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-    }
-    folders.write("config/settings", "lang=0\n");
-    TestBus bus(folders);
-    ASSERT_TRUE(bus.start());
-    ASSERT_TRUE(bus.serve("fake_portal.py", {"wait", "file:///nothing.wav"}));
+TEST_F(RealProgramDialog, theDesktopsDialogBelongsToTheWindow) {
     Program program(command());
     ASSERT_TRUE(waitForMenu());
     std::ostringstream parent;
@@ -372,14 +380,7 @@ TEST_F(RealProgram, theDesktopsDialogBelongsToTheWindow) {
     EXPECT_EQ(0, program.waitForEnd());
 }
 
-TEST_F(RealProgram, closingWithADialogOpenLeavesNothingAndKeepsTheSize) {
-    if (!TestBus::isInstalled()) {
-        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-    }
-    folders.write("config/settings", "lang=0\n");
-    TestBus bus(folders);
-    ASSERT_TRUE(bus.start());
-    ASSERT_TRUE(bus.serve("fake_portal.py", {"wait", "file:///nothing.wav"}));
+TEST_F(RealProgramDialog, closingWithADialogOpenLeavesNothingAndKeepsTheSize) {
     Program program(command());
     ASSERT_TRUE(waitForMenu());
     EXPECT_TRUE(folders.has("home/.murmelo.lock"));
