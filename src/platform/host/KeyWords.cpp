@@ -64,7 +64,7 @@ constexpr HostWords::Row kRows[] = {
      "Tasti e posizione degli audio (?)"},
     // Help, of the window and of the page; U+00A0 keeps a key and what it does in one row
     {"helpRecordKeys",
-     "R records and stops, P plays and stops, 1 to 8 choose the effect; arrows and Enter do all this too.",
+     "R records and stops, P plays and stops, 1\u00A0to\u00A08 choose the effect; arrows and Enter do all this too.",
      "R:\u00A0Aufnahme und Stopp. P:\u00A0Abspielen und Stopp. 1 bis 8:\u00A0Effekt wählen. Auch mit Pfeiltasten und Eingabetaste.",
      "R:\u00A0grabar y detener. P:\u00A0reproducir y detener. Del 1 al 8:\u00A0elegir el efecto. También con las flechas e Intro.",
      "R\u00A0:\u00A0enregistrement et arrêt. P\u00A0:\u00A0lecture et arrêt. 1 à 8\u00A0:\u00A0choix de l’effet. Également avec les flèches et Entrée.",
