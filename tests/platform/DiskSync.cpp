@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Replaces fsync() for tests of what happens where the disk is slow, full or loses its power.
 #include "DiskSync.h"
 
 #include <cerrno>
