@@ -11,6 +11,11 @@ add_test(NAME docs/many-files
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/many-files.py $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/effects
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/effects.py $<TARGET_FILE:murmelo-fx> ${CMAKE_SOURCE_DIR})
+add_executable(print-keys docs/print-keys.cpp)
+target_include_directories(print-keys PRIVATE platform/host)
+target_link_libraries(print-keys PRIVATE murmelo_tests_support murmelo_host)
+add_test(NAME docs/keys
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/keys.py $<TARGET_FILE:print-keys> ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/script-words
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/script_words.py
         $<TARGET_FILE:murmelo-headless> ${CMAKE_SOURCE_DIR})
