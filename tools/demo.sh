@@ -4,6 +4,8 @@
 # Prints a line for each effect, with length, level (RMS) and estimated pitch before and after. Leaves the results in
 # OUTDIR.
 set -eu
+# shellcheck source=tools/help.sh
+. "$(dirname "$0")/help.sh"
 [ $# -eq 3 ] || { echo "usage: $0 MURMELO_FX SAMPLE OUTDIR" >&2; exit 2; }
 fx=$1 sample=$2 folder=$3
 

@@ -9,6 +9,8 @@
 # its strokes stay even and bright on dark glass, at the canvas's size and doubled. 13.75 is the largest size at which "Enregistrer" fits its third of the soft-key bar, 11.75
 # the largest at which the path of a saved sound stays in one row of the message box.
 set -eu
+# shellcheck source=tools/help.sh
+. "$(dirname "$0")/help.sh"
 here=$(cd "$(dirname "$0")" && pwd)
 clear_sans=1.00-2                  # fonts-clear-sans, Apache License 2.0 (res/licences)
 freetype=2.12.1+dfsg-5+deb12u4     # libfreetype6: other versions may round a pixel differently

@@ -3,9 +3,9 @@
 # Checks the scripts that check the project, in a folder where everything they call is replaced by a stub that only prints
 # what the real program would print, and fails if FAIL says so.
 #
-#   gate.sh result SOURCE      the last line of ./test tells if something failed, and else it is the test runner's
+#   gate.sh result SOURCE      the last line of ./test names what failed, and else it is the test runner's
 #   gate.sh changed SOURCE     which files tools/lint --tidy-newest gives to clang-tidy
-#   gate.sh arguments SOURCE   unknown arguments are refused, and nothing begins
+#   gate.sh arguments SOURCE   unknown arguments are refused, --help says how to call the script, and nothing begins
 set -u
 case=$1 source=$(realpath "$2")
 folder=$(mktemp -d)
@@ -47,7 +47,21 @@ export GIT_AUTHOR_NAME=A GIT_AUTHOR_EMAIL=a@b.test GIT_COMMITTER_NAME=A GIT_COMM
 unset CI FAIL MURMELO_TIDY_MAX
 
 result() {
-    local mode output
+    local mode output part
+    # What the last line calls the part of ./test that fails.
+    local -A called=(
+        ["install-packages"]="install-packages"
+        ["check-layers"]="check-layers"
+        ["lint --quick"]="lint --quick"
+        ["cmake --build --preset release"]="the optimised build"
+        ["cmake --build --preset asan"]="the build with the sanitizers"
+        ["ctest --preset release -j"]="the tests of the optimised build"
+        ["ctest --preset asan"]="the tests with the sanitizers"
+        ["start-presets"]="start-presets"
+        ["lint --tidy"]="lint --tidy"
+        ["build-page"]="the build of the page"
+        ["-L browser"]="the tests of the page"
+    )
     cp "$source/test" "$tree"
     for tool in check-layers lint start-presets; do
         stub "$tree/tools/$tool" $tool
@@ -59,13 +73,12 @@ result() {
         [[ $(tail -n 1 <<<"$output") == "Total Test time"* ]] ||
             report_error "./test $mode ends with: $(tail -n 3 <<<"$output")"
         [[ $output != *FAILED* ]] || report_error "./test $mode says that something failed"
-        for part in check-layers "lint --quick" "cmake --build --preset release" "cmake --build --preset asan" \
-            "ctest --preset release -j" "ctest --preset asan" start-presets "lint --tidy" build-page "-L browser"; do
+        for part in "${!called[@]}"; do
             [[ $mode != all ]] || continue  # it differs only in what it gives to lint
             [[ $mode != native || $part != build-page && $part != "-L browser" ]] || continue
             # shellcheck disable=SC2086
             output=$(FAIL=$part "$tree/test" $mode 2>&1) && report_error "./test $mode succeeds although $part fails"
-            [[ $(tail -n 1 <<<"$output") == "== FAILED: "* ]] ||
+            [[ $(tail -n 1 <<<"$output") == "== FAILED: ${called[$part]}"* ]] ||
                 report_error "./test $mode ends after a failure of $part with: $(tail -n 2 <<<"$output")"
         done
     done
@@ -94,7 +107,7 @@ commit() { # FILE TEXT
 }
 
 changed() {
-    cp "$source/tools/lint" "$tree/tools/"
+    cp "$source"/tools/{lint,help.sh} "$tree/tools/"
     expect_tidied "" "without git"
     grep -q "no history in git" "$folder/output" ||
         report_error "lint does not say that it looked at nothing: $(cat "$folder/output")"
@@ -126,19 +139,43 @@ changed() {
     expect_tidied "tests/Middle_test.cpp " "with a header that a source includes by another header"
 }
 
+# expect_usage STATUS BEGINNING CALL: the call prints a text that begins so and names the script, and does nothing else.
+expect_usage() {
+    local output status files
+    rm -f "$folder/calls"
+    files=$(find "$tree" | sort)
+    # shellcheck disable=SC2086  # a program and its argument
+    output=$(cd "$tree" && ./$3 2>&1)
+    status=$?
+    [ $status -eq "$1" ] || report_error "$3: status $status"
+    [[ $output == "$2"* && $output == *"$(basename "${3%% *}")"* ]] || report_error "$3 prints: $output"
+    [ ! -e "$folder/calls" ] || report_error "$3 begins with: $(head -n 1 "$folder/calls")"
+    [ "$files" = "$(find "$tree" | sort)" ] || report_error "$3 changes files"
+}
+
 arguments() {
-    for script in tools/coverage tools/start-presets tools/check-layers run test; do
-        cp "$source/$script" "$tree/$script"
+    local script call
+    mkdir "$tree/.ci"
+    cp "$source"/{run,test} "$tree"
+    cp "$source/.ci/run" "$tree/.ci"
+    find "$source/tools" -maxdepth 1 -type f ! -name install-packages -exec cp {} "$tree/tools" \;
+    for call in "tools/coverage x" "tools/start-presets x" "test x" ".ci/run x"; do
+        expect_usage 2 "usage: " "$call"
     done
-    for call in "tools/coverage --help" "tools/coverage x" "tools/start-presets --help" "test --help" "run --help" "run -h"; do
-        rm -f "$folder/calls"
-        # shellcheck disable=SC2086  # a program and its argument
-        output=$(cd "$tree" && ./$call 2>&1)
-        status=$?
-        [ $status -eq 2 ] || report_error "$call: status $status"
-        [[ $output == "usage: "* ]] || report_error "$call prints: $output"
-        [ ! -e "$folder/calls" ] || report_error "$call begins with: $(head -n 1 "$folder/calls")"
+    for script in run test .ci/run; do
+        expect_usage 0 "usage: " "$script --help"
+        expect_usage 0 "usage: " "$script -h"
     done
+    export PYTHONDONTWRITEBYTECODE=1
+    scripts=$(cd "$source" && find tools -maxdepth 1 -type f -executable ! -name install-packages | sort)
+    [ "$(wc -l <<<"$scripts")" -ge 17 ] || report_error "these are not all scripts of tools: $scripts"
+    for script in $scripts; do
+        expect_usage 0 "" "$script --help"
+        expect_usage 0 "" "$script -h"
+    done
+    cp "$source/tools/install-packages" "$tree/tools"  # in place of the stub
+    expect_usage 0 "Installs" "tools/install-packages --help"
+    stub "$tree/tools/install-packages" install-packages
     # Without a display, arguments reach the program, which uses or refuses them itself.
     stub "$tree/build/release/murmelo" murmelo
     stub "$tree/tools/demo.sh" demo
