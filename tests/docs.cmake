@@ -44,4 +44,5 @@ add_test(NAME docs/purposes
 add_test(NAME docs/speed-table
     COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/speed_table.py ${CMAKE_SOURCE_DIR})
 add_test(NAME docs/versions
-    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/versions.py ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION})
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_SOURCE_DIR}/docs/versions.py ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION}
+        $<TARGET_FILE:murmelo> $<TARGET_FILE:murmelo-headless> $<TARGET_FILE:murmelo-fx>)

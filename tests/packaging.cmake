@@ -14,7 +14,7 @@ foreach(case journey-from-staging-folder effects-from-staging-folder readable-by
 endforeach()
 
 add_test(NAME packaging/desktop-entry-and-metainfo
-    COMMAND packaging/desktop.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION} ${languages}
+    COMMAND packaging/desktop.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${murmelo_version} ${languages}
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 list(APPEND packaging_tests packaging/desktop-entry-and-metainfo)
 
@@ -44,7 +44,7 @@ endforeach()
 # Not with sanitizers or counters: such programs are not installed.
 if(NOT MURMELO_SANITIZE AND NOT MURMELO_COVERAGE)
     add_test(NAME packaging/debian-package
-        COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${PROJECT_VERSION} ${MURMELO_HARDENED}
+        COMMAND packaging/debian-package.sh ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR} ${murmelo_version} ${MURMELO_HARDENED}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     list(APPEND packaging_tests packaging/debian-package)
 endif()

@@ -19,7 +19,7 @@ target_compile_definitions(shell_tests PRIVATE
     MURMELO_NO_LIBRARIES="$<TARGET_FILE:no_libraries>"
     MURMELO_OLD_SNDFILE="$<TARGET_FILE:old_sndfile>"
     MURMELO_FX="$<TARGET_FILE:murmelo-fx>" MURMELO_HEADLESS="$<TARGET_FILE:murmelo-headless>"
-    MURMELO_VERSION="${PROJECT_VERSION}")
+    MURMELO_VERSION="${murmelo_version}")
 add_dependencies(shell_tests murmelo-fx murmelo-headless no_libraries old_sndfile)
 
 # The tool's demonstration.

@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""versions.py SOURCE VERSION: the changelog, the Debian changelog and the metainfo have the project's version.
+"""versions.py SOURCE VERSION PROGRAM...: the changelog, the Debian changelog and the metainfo have the project's version.
 
 All three must have the same versions with the same dates, newest first; the first is VERSION (CMakeLists.txt).
-The changelog has the form of Keep a Changelog.
+The changelog has the form of Keep a Changelog. Each PROGRAM shows VERSION, and "+dev" after it if the changelog lists
+changes that are not released.
 """
 import email.utils
+import os
 import re
+import subprocess
 import sys
 import pathlib
 import xml.etree.ElementTree as tree
@@ -38,6 +41,10 @@ def of_changelog(text):
     return found
 
 
+def has_unreleased(text):
+    return "\n- " in text.split("\n## [Unreleased]\n", 1)[1].split("\n## ", 1)[0]
+
+
 def of_debian(text):
     versions = re.findall(r"^murmelo \((\S+)-1\) unstable; urgency=\w+$", text, re.M)
     dates = [email.utils.parsedate_to_datetime(date) for date in re.findall(r"^ -- @MAINTAINER@  (.*)$", text, re.M)]
@@ -57,5 +64,11 @@ check(debian == changelog, f"the Debian changelog tells {debian} and not {change
 check(metainfo == changelog, f"the metainfo tells {metainfo} and not {changelog}")
 numbers = [tuple(map(int, one.split("."))) for one, _ in changelog]
 check(numbers == sorted(set(numbers), reverse=True), f"the newest version does not come first: {numbers}")
+shown = version + "+dev" if has_unreleased((source / "CHANGELOG.md").read_text()) else version
+check(len(sys.argv) > 3, "no program was given")
+for program in sys.argv[3:]:
+    output = subprocess.run([program, "--version"], capture_output=True, text=True, check=False).stdout
+    wanted = f"{os.path.basename(program)} {shown}\n"
+    check(output == wanted, f"{program} --version prints {output!r} and not {wanted!r}")
 print("\n".join(errors) if errors else f"{version}, and {len(changelog) - 1} before it")
 sys.exit(1 if errors else 0)

@@ -12,14 +12,18 @@ mapfile -t packages < <("$source/tools/install-packages" --list build)
 [ ${#packages[@]} -ge 10 ] || report_error "the group build has only ${#packages[@]} packages"
 "$source/tests/packaging/programs-of.py" "$folder/programs" "${packages[@]}" || report_error "not all of the group build is there"
 export DEBFULLNAME="A Packager" DEBEMAIL=packager@murmelo.test
+# An old package, which must not stay beside the new one.
+mkdir "$folder/packed"
+touch "$folder/packed/murmelo_0.0.9-1_all.deb"
 # CMake would also look for programs in the system's folders.
 if ! (umask 077 && cd "$build" && PATH=$folder/programs cpack -D CMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF \
     --config CPackConfig.cmake -B "$folder/packed") >"$folder/log" 2>&1; then
     report_error "cpack failed: $(cat "$folder/log")"
     exit $failed
 fi
-deb=$(echo "$folder"/packed/murmelo_"$version"-1_*.deb)
-[ -f "$deb" ] || report_error "the package has another name: $(ls "$folder/packed")"
+deb=$(echo "$folder"/packed/murmelo_*.deb)
+[[ $deb == "$folder/packed/murmelo_$version-1_"*.deb && -f $deb ]] ||
+    report_error "there are other packages than one of the version: $(ls "$folder/packed")"
 
 # The tool loads these only when a file needs them, so dpkg-shlibdeps does not see them for it.
 needs=$(dpkg-deb --field "$deb" Depends)
@@ -37,7 +41,7 @@ expect_maintainer() { # MAINTAINER: in the package and in its changelog
 }
 given=$(sed -n 's/^set(CPACK_MURMELO_MAINTAINER "\(.*\)")$/\1/p' "$build/CPackConfig.cmake")
 expect_maintainer "${given:-A Packager <packager@murmelo.test>}"
-grep -q "^murmelo ($version-1) " <<<"$(head -n 1 "$folder/changelog")" || report_error "the changelog is of another version"
+grep -q "^murmelo (${version%+dev}-1) " <<<"$(head -n 1 "$folder/changelog")" || report_error "the changelog is of another version"
 dpkg-deb --fsys-tarfile "$deb" | tar -tv | awk '$2 != "root/root"' | grep . && report_error "not all of that is root's"
 
 # A root folder of its own with what dpkg needs, and a simulated root user.
@@ -54,7 +58,7 @@ as_root --install "$deb"
 [ "$(readlink -f "$root/usr/share/murmelo/icons/murmelo-64.png")" = \
     "$root/usr/share/icons/hicolor/64x64/apps/org.murmelo.Murmelo.png" ] || report_error "the window has no icon"
 for program in murmelo murmelo-headless murmelo-fx; do
-    "$root/usr/bin/$program" --version | grep -q "$program $version" || report_error "$program is of another version"
+    "$root/usr/bin/$program" --version | grep -qxF "$program $version" || report_error "$program is of another version"
     [ -f "$root/usr/share/zsh/vendor-completions/_$program" ] || report_error "zsh does not find how to complete $program"
     [ -f "$root/usr/share/bash-completion/completions/$program" ] || report_error "bash does not know how to complete $program"
     [ -f "$root/usr/share/fish/vendor_completions.d/$program.fish" ] ||

@@ -34,7 +34,7 @@ for type in audio/x-wav audio/flac audio/ogg; do
     [[ ";$(value MimeType)" == *";$type;"* ]] || report_error "the desktop entry does not offer to open $type"
 done
 
-python3 "$source/tests/packaging/metainfo.py" "$metainfo" "$version" "$(basename "$entry")" "$(value MimeType)" "${languages[@]}" || failed=1
+python3 "$source/tests/packaging/metainfo.py" "$metainfo" "${version%+dev}" "$(basename "$entry")" "$(value MimeType)" "${languages[@]}" || failed=1
 binaries=$(python3 -c 'import sys, xml.etree.ElementTree as tree
 print(*[one.text for one in tree.parse(sys.argv[1]).iter("binary")])' "$metainfo")
 [ -n "$binaries" ] || report_error "the metainfo promises no program"
