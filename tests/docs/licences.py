@@ -5,6 +5,7 @@
 Also checks that the licence is the same in LICENSE, README, the Debian package, the metainfo, the man pages and the page, and
 which files have another one. With --all every file of the project must have a licence.
 """
+import contextlib
 import glob
 import importlib.machinery
 import importlib.util
@@ -67,10 +68,17 @@ def check(true, what):
 check.failed = False
 
 
-def each_file_gets_its_line(spdx):
+@contextlib.contextmanager
+def small_project():
+    """A folder with an entry for pictures and data, and the text of the licence."""
     with tempfile.TemporaryDirectory() as folder:
         put(folder, "REUSE.toml", "# " + MARK + "\n" + REUSE)
         put(folder, "LICENSES/MIT.txt", "the text")
+        yield folder
+
+
+def each_file_gets_its_line(spdx):
+    with small_project() as folder:
         put(folder, "picture.png", "no real one")
         put(folder, "data/seed", "bytes")
         check(spdx.main(folder, False) == 0, "a file with an entry, or with a line, is all right")
@@ -93,17 +101,13 @@ def each_file_gets_its_line(spdx):
 
 
 def entries_are_needed_and_alone(spdx):
-    with tempfile.TemporaryDirectory() as folder:
-        put(folder, "REUSE.toml", "# " + MARK + "\n" + REUSE)
-        put(folder, "LICENSES/MIT.txt", "the text")
+    with small_project() as folder:
         put(folder, "data/seed", "# " + MARK + "\n")
         check(spdx.main(folder, False) == 2, "a line besides an entry, and an entry without a file, are named")
 
 
 def values_are_right(spdx):
-    with tempfile.TemporaryDirectory() as folder:
-        put(folder, "REUSE.toml", "# " + MARK + "\n" + REUSE)
-        put(folder, "LICENSES/MIT.txt", "the text")
+    with small_project() as folder:
         put(folder, "a.png", "no real one")
         put(folder, "data/seed", "bytes")
         put(folder, "a.cpp", "// " + MARK + "\n")
@@ -141,6 +145,7 @@ def same_licence_everywhere(source):
     check(spoken[0] == "MIT" and root.findtext("metadata_license") == "MIT", "the metainfo says MIT")
     # Other authors' work in the package: the fonts and CLI11.
     check(sorted(spoken[1:]) == ["Apache-2.0", "BSD-3-Clause"], "the metainfo names what is contained: %s" % spoken)
+    check(root.findtext("developer_name") == "The Murmelo authors", "the metainfo says whose")
     check(all("license: " + name.lower() in debian.lower() for name in spoken[1:]), "the Debian package names it, too")
     readme = " ".join(get(source, "README.md").split("## Licence")[1].split())
     check("have the MIT licence" in readme, "README says MIT")
