@@ -4,15 +4,9 @@
 set -u
 export LC_ALL=C.UTF-8  # [a-z] and the order of names depend on it
 export MANWIDTH=80
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
+# shellcheck source=tests/support/checks.sh
+. "$(dirname "${BASH_SOURCE[0]}")/../support/checks.sh"
 unset MURMELO_DATA MURMELO_HOME XDG_CONFIG_HOME XDG_DATA_HOME XDG_STATE_HOME DESTDIR
-failed=0
-
-report_error() {
-    echo "$1" >&2
-    failed=1
-}
 
 # stage BUILD DESTDIR PREFIX: installs, with the notes for uninstalling in $folder: the notes of the build folder
 # may belong to a real installation.

@@ -6,14 +6,8 @@
 #   demo.sh MURMELO_FX SOURCE
 set -u
 fx=$(realpath "$1") source=$(realpath "$2")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-failed=0
-
-report_error() {
-    echo "$1" >&2
-    failed=1
-}
+# shellcheck source=tests/support/checks.sh
+. "$(dirname "$0")/../support/checks.sh"
 
 "$source/tools/demo.sh" "$fx" "$source/res/sample/hello.wav" "$folder/results" >"$folder/rows" || report_error "demo.sh fails"
 cat "$folder/rows"

@@ -8,14 +8,8 @@
 #   gate.sh arguments SOURCE   unknown arguments are refused, --help says how to call the script, and nothing begins
 set -u
 case=$1 source=$(realpath "$2")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-failed=0
-
-report_error() {
-    echo "$1" >&2
-    failed=1
-}
+# shellcheck source=tests/support/checks.sh
+. "$(dirname "$0")/../support/checks.sh"
 
 # stub FILE NAME: makes a program. With arguments that contain the text of the environment variable FAIL it fails.
 stub() {

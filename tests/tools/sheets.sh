@@ -5,15 +5,9 @@
 #   sheets.sh CASE PROGRAM SOURCE [FONT]
 set -u
 program=$(realpath "$2") source=$(realpath "$3")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
+# shellcheck source=tests/support/checks.sh
+. "$(dirname "$0")/../support/checks.sh"
 cd "$folder" || exit 1
-failed=0
-
-report_error() {
-    echo "$1" >&2
-    failed=1
-}
 
 # size PICTURE: checks that the picture is complete, and prints its width and height.
 size() {
