@@ -51,8 +51,7 @@ std::string footer() {
     for (int32_t effect = 0; effect < FxCatalogue::kCount; effect++) {
         names += (effect == 0 ? "" : ", ") + std::string(FxCatalogue::toolName(effect));
     }
-    return "\n" +
-           inLines("EFFECT is one of: " + names +
+    return inLines("EFFECT is one of: " + names +
                    "; or its number in that order, from 0 (none) and 1 (robot) to " +
                    std::to_string(FxCatalogue::kCount - 1) + ".") +
            "\n" +
@@ -71,6 +70,9 @@ public:
                "       murmelo-fx --measure INPUT...\n"
                "       murmelo-fx --list\n";
     }
+
+    /// The usage lines and the footer say what the arguments are.
+    std::string make_positionals(const CLI::App* /*app*/) const override { return ""; }
 
     std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
         const std::string name = CLI::Formatter::make_option_name(option, isPositional);
@@ -132,7 +134,7 @@ Problem FxOptions::parse(int argc, char** argv) {
                    SoundFormats::inWords("", "or") + ", where no output name tells")
         ->type_name("KIND");
     app.add_flag("--long", longSounds, "Allow sounds longer than 60 s");
-    app.add_option("arguments", arguments)->group("");
+    app.add_option("arguments", arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& answer) {

@@ -146,7 +146,10 @@ TEST_F(MurmeloFxFiles, listNamesTheCatalogueInItsOrder) {
 
 TEST_F(MurmeloFxFiles, helpAndVersionGoToStandardOutput) {
     EXPECT_EQ(0, run({"--help"}).status);
-    EXPECT_NE(std::string::npos, run({"--help"}).out.find("EFFECT INPUT OUTPUT"));
+    const std::string help = run({"--help"}).out;
+    EXPECT_NE(std::string::npos, help.find("EFFECT INPUT OUTPUT"));
+    EXPECT_NE(std::string::npos, help.find("\n\nEFFECT is one of")) << help;
+    EXPECT_EQ(std::string::npos, help.find("\n\n\n")) << "several empty lines: " << help;
     EXPECT_EQ(0, run({"--version"}).status);
     EXPECT_EQ("murmelo-fx " MURMELO_VERSION "\n", run({"--version"}).out);
 }
