@@ -11,12 +11,12 @@ import re
 import subprocess
 import sys
 
-wrong = []
+errors = []
 
 
 def check(true, what):
     if not true:
-        wrong.append(what)
+        errors.append(what)
 
 
 def same(one, other, what):
@@ -143,8 +143,8 @@ def main(ctest, build, source):
     sizes_of_icons(source)
     areas_of_commits(source)
     numbers_of_the_page(source)
-    print("\n".join(wrong) or "the lists agree")
-    sys.exit(1 if wrong else 0)
+    print("\n".join(errors) or "the lists agree")
+    sys.exit(1 if errors else 0)
 
 
 if __name__ == "__main__":
