@@ -14,7 +14,7 @@ public:
     /// @param canvas  the 240 x 320 pixels that the program has painted, RGB565
     /// @param phones  the phone's own frame, which shows the canvas
     /// @param shown   the frame that the host shows: the phone's, or one with the strip over it.
-    ///                Its changes are taken, except at every third call
+    ///                Its list of changed rows is read and emptied, except at every third call
     /// @returns true if the phone's frame shows the canvas, and the changed rows make the whole
     ///          picture of the shown one
     bool isRight(HostFrame& phones, HostFrame& shown, const std::vector<uint16_t>& canvas);

@@ -83,7 +83,8 @@ private:
     /// Moves the clock towards the end of a wait. True once the wait is over.
     bool waitOver(int64_t timeoutMs);
 
-    /// True if the program has doors; else false, and the run has failed.
+    /// True if the program has started and not ended, so that it offers its doors (HostDoors); else
+    /// false, and the run has failed.
     bool hasDoors(const ScriptCommand& command);
 
     /// True if the program keeps the last take; else false, and the run ends with a mistake.

@@ -2,7 +2,7 @@
 // The interface to the outside world: clock, window, device facts and folders. The classes that
 // replace the phone call it.
 //
-// For the next porter: one back end derives Host, its main() installs the object with
+// To write a back end: one class derives Host, its main() installs the object with
 // Host::install() and calls OspMain(). Every method is called on the event thread, and the back end
 // makes every callback on that same thread, within pump(). A back end may have threads of its own;
 // it keeps their messages until pump().

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The sound devices of a host: one microphone and one speaker.
 //
-// For the next porter: samples are 16-bit mono. If a device has a thread of its own, the host keeps
+// For a new back end: samples are 16-bit mono. If a device has a thread of its own, the host keeps
 // its messages until Host::pump(), which calls the listener. After stop() the listener is not
 // called any more.
 #pragma once
