@@ -54,7 +54,7 @@ self.addEventListener('message', (event) => {
         self.skipWaiting();
     }
 });
-// Responds only to requests for files of the page: a new version waits until all responses have ended, and others may never end.
+// Responds only to requests for the page's files. A new version waits until all responses have ended, and a response to another request might never end.
 self.addEventListener('fetch', (event) => {
     const { request } = event;
     const { origin, pathname } = new URL(request.url);

@@ -22,7 +22,7 @@ _CONTRASTS = """(() => {
         return !element ? [255, 255, 255] : colour[3] === 0 ? ground(element.parentElement) : colour;
     };
     const isOwn = (element) => element.checkVisibility({checkVisibilityCSS: true})
-        && !element.closest('#mirror, #keys, body > #message, .spoken')
+        && !element.closest('#accessible, #keys, body > #message, .spoken')
         && [...element.childNodes].some((node) => node.nodeType === 3 && node.data.trim());
     return [...document.body.querySelectorAll('*')].filter(isOwn).map((element) => {
         const [one, other] = [light(parse(getComputedStyle(element).color)), light(ground(element))];
@@ -100,14 +100,14 @@ class Access(PageTest):
         page = self.page.open().to_menu()
         page.rest()
         self.assertNotIn("progressbar", [role for role, _, _ in self.tab.words()])
-        self.tab.evaluate("""murmelo.mirror.show({ ...murmelo.core.texts, entries: [], softKeys: [{ text: '' }, { text: '' }, { text: '' }],
+        self.tab.evaluate("""murmelo.accessible.show({ ...murmelo.core.texts, entries: [], softKeys: [{ text: '' }, { text: '' }, { text: '' }],
             caption: 'Working', progressPercent: 37 }, murmelo.words)""")
         self.assertEqual([("progressbar", "Working", "37")], [
             (role, name, self.tab.evaluate("document.getElementById('progress').ariaValueNow"))
             for role, name, _ in self.tab.words() if role == "progressbar"])
-        self.tab.evaluate("""murmelo.mirror.show({ ...murmelo.core.texts, entries: [], message: 'Sound?', isQuestion: true }, murmelo.words)""")
+        self.tab.evaluate("""murmelo.accessible.show({ ...murmelo.core.texts, entries: [], message: 'Sound?', isQuestion: true }, murmelo.words)""")
         self.assertIn(("alertdialog", "Sound?"), [(role, name) for role, name, _ in self.tab.words()])
-        self.tab.evaluate("murmelo.mirror.show(murmelo.core.texts, murmelo.words)")
+        self.tab.evaluate("murmelo.accessible.show(murmelo.core.texts, murmelo.words)")
         self.assertEqual([], [role for role, _, _ in self.tab.words() if role in ("alertdialog", "progressbar")])
 
     def test_work_is_told_in_few_steps(self):
@@ -117,8 +117,8 @@ class Access(PageTest):
         page.rest()
         self.tab.evaluate("""{
             murmelo.told = [];
-            const show = murmelo.mirror.show;
-            murmelo.mirror.show = function (texts, words) {
+            const show = murmelo.accessible.show;
+            murmelo.accessible.show = function (texts, words) {
                 murmelo.told.push([texts.screen, texts.progressPercent]);
                 show.call(this, texts, words);
             };

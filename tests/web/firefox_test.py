@@ -10,9 +10,9 @@ from served import Served
 
 # Notes every screen that the program shows. Asking now and then would miss one that is left at once.
 _NOTING = """(() => {
-    const show = murmelo.mirror.show;
+    const show = murmelo.accessible.show;
     murmelo.screens = [];
-    murmelo.mirror.show = function (texts, words) {
+    murmelo.accessible.show = function (texts, words) {
         murmelo.screens.push(texts.screen);
         show.call(this, texts, words);
     };

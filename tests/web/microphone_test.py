@@ -119,7 +119,7 @@ class ThereTest(MicrophoneTest):
         self.with_a_take()
         self.page.to_recording()
         self.page.hear(1500)
-        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.tab.evaluate("murmelo.microphone.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
         self.page.told("microphoneGone")
         self.page.until("Play")
         self.assertTrue(40000 <= len(self.page.kept("take")) < len(read_wav(SPEECH)[0]))
@@ -128,7 +128,7 @@ class ThereTest(MicrophoneTest):
         self.page.stub("silent")
         take = self.with_a_take()
         self.page.to_recording()
-        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.tab.evaluate("murmelo.microphone.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
         self.page.told("microphoneGoneEmpty")
         self.run_out()
         self.assertTakeIsBack(take)
@@ -150,7 +150,7 @@ class ThereTest(MicrophoneTest):
         self.page.hear(1000)
         front = self.browser.new_tab()
         self.tab.wait_for("document.hidden")
-        self.tab.wait_for("murmelo.ears.stream === null")
+        self.tab.wait_for("murmelo.microphone.stream === null")
         raw, cleaned = self.page.kept("take"), self.page.file(CLEANED)
         self.assertGreaterEqual(len(raw), 32000)
         self.assertEqual(len(raw) // 2 + HEADER_BYTES, len(cleaned))
@@ -172,7 +172,7 @@ class ThereTest(MicrophoneTest):
         self.tab.front()
         self.page.told("tooShort")
         self.assertTakeIsBack(take)
-        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+        self.assertTrue(self.tab.evaluate("murmelo.microphone.stream === null"))
 
     def leave(self):
         """Sends only the event that a browser sends to a page that the user leaves."""
@@ -183,7 +183,7 @@ class ThereTest(MicrophoneTest):
         self.page.open().to_menu().to_recording()
         self.page.hear(1000)
         self.leave()
-        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"), "the recording light is out")
+        self.assertTrue(self.tab.evaluate("murmelo.microphone.stream === null"), "the recording light is out")
         cleaned = self.page.file(CLEANED)
         self.assertGreaterEqual(len(cleaned), 16000, "cleaned up in the same event")
         self.assertEqual(len(self.page.kept("take")) // 2 + HEADER_BYTES, len(cleaned))
@@ -213,8 +213,8 @@ class ThereTest(MicrophoneTest):
         page = self.page.open().to_menu()
         page.press("Record")
         page.until("Record")
-        self.tab.wait_for("murmelo.core.standsStillSince < 0 && murmelo.ears.context?.state === 'running'")
-        self.tab.evaluate("murmelo.ears.context.suspend().then(() => 0)")
+        self.tab.wait_for("murmelo.core.standsStillSince < 0 && murmelo.microphone.context?.state === 'running'")
+        self.tab.evaluate("murmelo.microphone.context.suspend().then(() => 0)")
         page.soft_key(1)
         page.until("Recording")
         page.hear(500)
@@ -222,13 +222,13 @@ class ThereTest(MicrophoneTest):
         page.until("Play")
 
     def test_muted_while_recording(self):
-        self.stopped_by("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('mute'))")
+        self.stopped_by("murmelo.microphone.stream.getAudioTracks()[0].dispatchEvent(new Event('mute'))")
 
     def test_interrupted_while_recording(self):
-        self.stopped_by("murmelo.ears.context.suspend().then(() => 0)")
+        self.stopped_by("murmelo.microphone.context.suspend().then(() => 0)")
 
     def test_samples_stop_coming_while_recording(self):
-        self.stopped_by("murmelo.ears.node.port.onmessage = null, 0")
+        self.stopped_by("murmelo.microphone.node.port.onmessage = null, 0")
 
     def stopped_by(self, event):
         """Ends a take in its middle by an event; the part until then is kept, and the user is told."""
@@ -238,17 +238,17 @@ class ThereTest(MicrophoneTest):
         self.page.told("microphoneGone")
         self.page.until("Play")
         self.assertTrue(32000 <= len(self.page.kept("take")) < len(read_wav(SPEECH)[0]))
-        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+        self.assertTrue(self.tab.evaluate("murmelo.microphone.stream === null"))
 
     def test_unplugged_before_the_recording(self):
         take = self.with_a_take()
         self.page.press("Record")
         self.page.until("Record")
-        self.tab.wait_for("murmelo.core.standsStillSince < 0 && murmelo.ears.stream")
-        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.tab.wait_for("murmelo.core.standsStillSince < 0 && murmelo.microphone.stream")
+        self.tab.evaluate("murmelo.microphone.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
         self.page.told("microphoneGoneEmpty")
         self.assertTakeIsBack(take)
-        self.assertTrue(self.tab.evaluate("murmelo.ears.stream === null"))
+        self.assertTrue(self.tab.evaluate("murmelo.microphone.stream === null"))
 
     def test_a_rate_that_cannot_be_converted(self):
         self.page.stub("one-rate")
@@ -268,7 +268,7 @@ class ThereTest(MicrophoneTest):
         self.page.soft_key(1)
         self.page.until("Recording")
         self.page.hear(1000)
-        self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
+        self.tab.evaluate("murmelo.microphone.stream.getAudioTracks()[0].dispatchEvent(new Event('ended'))")
         self.page.until("Play")
         self.assertEqual("Das Mikrofon ist nicht mehr da. Was es bis dahin gehört hat, bleibt erhalten.", self.page.message())
 
@@ -283,7 +283,7 @@ class ThereTest(MicrophoneTest):
     def test_another_rate_is_converted(self):
         self.page.stub("one-rate")
         self.page.open().to_menu()
-        rate = "murmelo.ears.context.sampleRate"
+        rate = "murmelo.microphone.context.sampleRate"
         self.page.to_recording()
         self.assertEqual(44100, self.tab.evaluate(rate))
         self.page.hear(2000)

@@ -123,7 +123,7 @@ class Murmelo:
         """From the menu to a recording that gets samples."""
         self.press("Record")
         self.until("Record")
-        self.tab.wait_for("!murmelo.ears.listens && murmelo.core.standsStillSince < 0")
+        self.tab.wait_for("!murmelo.microphone.listens && murmelo.core.standsStillSince < 0")
         self.soft_key(1)
         self.until("Recording")
         return self
@@ -190,20 +190,20 @@ class Murmelo:
 
 # True as soon as the page can be used. Then it also counts how much the current recording has heard.
 _COUNTING = """(() => {
-    const { core, ears } = murmelo;
-    if (!core.running || !core.texts.screen || !murmelo.hands) {
+    const { core, microphone } = murmelo;
+    if (!core.running || !core.texts.screen || !murmelo.input) {
         return false;
     }
-    const [start, heard] = [ears.start, ears.heard];
+    const [start, heard] = [microphone.start, microphone.heard];
     if (murmelo.heardMs === undefined) {
         murmelo.heardMs = 0;
-        ears.start = () => {
+        microphone.start = () => {
             murmelo.heardMs = 0;
-            start.call(ears);
+            start.call(microphone);
         };
-        ears.heard = (piece, rate) => {
-            murmelo.heardMs += ears.listens ? piece.length * 1000 / rate : 0;
-            heard.call(ears, piece, rate);
+        microphone.heard = (piece, rate) => {
+            murmelo.heardMs += microphone.listens ? piece.length * 1000 / rate : 0;
+            heard.call(microphone, piece, rate);
         };
     }
     return true;

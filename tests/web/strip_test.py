@@ -20,7 +20,7 @@ class Strip(PageTest):
     def tap_button(self, name):
         """Taps at the place of the button with that name, on the canvas below it."""
         x, y = self.tab.wait_for("""(() => {
-            const box = [...document.querySelectorAll('#keys button, #mirror button')].find((one) =>
+            const box = [...document.querySelectorAll('#keys button, #accessible button')].find((one) =>
                 one.textContent === %r)?.getBoundingClientRect();
             return box && [box.x + box.width / 2, box.y + box.height / 2];
         })()""" % name)
@@ -98,7 +98,7 @@ class Strip(PageTest):
         self.tab.wait_for("murmelo.store.all().then((all) => all.has('/config/microphone'))")
         page.reload().until("Options")
         page.to_recording()
-        self.assertEqual("Fake Audio Input 2", self.tab.evaluate("murmelo.ears.stream.getAudioTracks()[0].label"))
+        self.assertEqual("Fake Audio Input 2", self.tab.evaluate("murmelo.microphone.stream.getAudioTracks()[0].label"))
         self.tab.wait_for("murmelo.core.texts.strip.line === 'Fake Audio Input 2'")
 
     def test_the_last_take_is_brought_back_by_a_key(self):

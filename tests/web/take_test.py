@@ -37,7 +37,7 @@ class Take(PageTest):
         """Returns what was played: a WAV file."""
         before = self.tab.evaluate("""(() => {
             noted.ended = 0;
-            murmelo.voice.audio.onended = () => noted.ended = murmelo.voice.audio.duration;
+            murmelo.speaker.audio.onended = () => noted.ended = murmelo.speaker.audio.duration;
             return noted.clips.length;
         })()""")
         self.page.soft_key(1)
@@ -92,13 +92,13 @@ class Take(PageTest):
         page.press(page.word("download"))
         self.assertTrue(saved == self.content(self.browser.downloads, os.path.basename(self.browser.downloaded(name))))
         page.press(page.word("play"))
-        self.tab.wait_for("murmelo.voice.audio.currentTime > 0")
+        self.tab.wait_for("murmelo.speaker.audio.currentTime > 0")
         page.press(page.word("stop"))
-        self.tab.wait_for("murmelo.voice.audio.paused && murmelo.sounds.playing === ''")
+        self.tab.wait_for("murmelo.speaker.audio.paused && murmelo.sounds.playing === ''")
         page.press(page.word("play"))
-        self.tab.wait_for("murmelo.voice.audio.currentTime > 0 && murmelo.sounds.playing")
+        self.tab.wait_for("murmelo.speaker.audio.currentTime > 0 && murmelo.sounds.playing")
         self.tab.key("Escape")
-        self.tab.wait_for("murmelo.voice.audio.paused && murmelo.sounds.playing === ''")
+        self.tab.wait_for("murmelo.speaker.audio.paused && murmelo.sounds.playing === ''")
         self.tab.press("#sounds")
         page.press(page.word("play"))
         page.press(page.word("stop"))  # at once; this must not be reported as an error of playing

@@ -329,7 +329,7 @@ class Update(PageTest):
 
     def test_no_sound_is_asked_from_the_network(self):
         page = self.page.open().to_menu()  # with a tap, which unlocks the speaker
-        self.tab.wait_for("murmelo.voice.audio.src.startsWith('blob:')")
+        self.tab.wait_for("murmelo.speaker.audio.src.startsWith('blob:')")
         self.assertEqual([], self.tab.evaluate(
             "performance.getEntriesByType('resource').map((entry) => entry.name).filter((name) => name.endsWith('.wav'))"))
         page.until("Options")

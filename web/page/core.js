@@ -158,7 +158,7 @@ export class Core {
         this.turn();
     }
 
-    /** Copies bytes into the program's room (src/platform/web/main.cpp). @param {ArrayBufferView} view */
+    /** Copies bytes into the program's room, its memory for data of the page (src/platform/web/main.cpp). @param {ArrayBufferView} view */
     fillRoom(view) {
         const at = this.program._murmeloRoom(view.byteLength);
         this.program.HEAPU8.set(new Uint8Array(view.buffer, view.byteOffset, view.byteLength), at);

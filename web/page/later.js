@@ -1,8 +1,8 @@
 // Exports the parts of the page that are not needed before the first picture.
 
 export { Dialog } from './dialog.js';
-export { Ears } from './ears.js';
-export { Hands } from './hands.js';
+export { Microphone } from './microphone.js';
+export { Input } from './input.js';
 export { TakeIn } from './takein.js';
 export { Update } from './update.js';
-export { Voice } from './voice.js';
+export { Speaker } from './speaker.js';

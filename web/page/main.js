@@ -2,7 +2,7 @@
 
 import { Core, MENU } from './core.js';
 import { find } from './dom.js';
-import { Mirror } from './mirror.js';
+import { Accessible } from './accessible.js';
 import { Picture } from './picture.js';
 import { Sounds } from './sounds.js';
 import { Store } from './store.js';
@@ -16,7 +16,7 @@ export class Page {
         this.core = new Core();
         this.store = new Store();
         this.picture = new Picture(this.core, find('stage'));
-        this.mirror = new Mirror(this.core);
+        this.accessible = new Accessible(this.core);
         this.sounds = new Sounds(this);
         /** @type {Record<string, string>} */
         this.words = {};
@@ -83,11 +83,11 @@ export class Page {
     async addLater() {
         const later = await import('./later.js');
         this.dialog = new later.Dialog(find('dialog'), find('message'));
-        this.ears = new later.Ears(this.core);
-        this.voice = new later.Voice(this.core, find('voice'));
+        this.microphone = new later.Microphone(this.core);
+        this.speaker = new later.Speaker(this.core, find('speaker'));
         this.takeIn = new later.TakeIn(this, find('file'));
         this.update = new later.Update(this);
-        this.hands = new later.Hands(this.core, this.picture);
+        this.input = new later.Input(this.core, this.picture);
     }
 
     connectVisibility() {
@@ -115,7 +115,7 @@ export class Page {
         if (texts.language && texts.language !== this.language) {
             this.useLanguage(texts.language);
         }
-        this.mirror.show(texts, this.words);
+        this.accessible.show(texts, this.words);
         this.update?.offer();
         this.greet();
         texts.screen === MENU && this.measure();
@@ -149,8 +149,8 @@ export class Page {
     showOver(word) {
         word === 'otherTab' && this.core.running && this.core.program._murmeloLeave(); // a recording in this tab is kept
         this.core.stop();
-        this.ears?.release();
-        this.voice?.audio.pause();
+        this.microphone?.release();
+        this.speaker?.audio.pause();
         this.dialog?.box.close();
         const early = this.earlyText();
         const isElsewhere = word === 'otherTab';

@@ -92,7 +92,7 @@ export class Sounds {
         const wasPlaying = this.playing === path;
         this.stop();
         if (!wasPlaying) {
-            this.page.voice.begin(/** @type {Kept} */ (this.kept.get(path)).bytes, (end) => {
+            this.page.speaker.begin(/** @type {Kept} */ (this.kept.get(path)).bytes, (end) => {
                 this.playing = '';
                 this.page.dialog.refresh();
                 end === '_murmeloClipFailed' && this.page.tell('cannotPlay');
@@ -104,8 +104,8 @@ export class Sounds {
 
     stop() {
         if (this.playing) {
-            this.page.voice.audio.pause();
-            this.page.voice.finish('_murmeloClipEnded');
+            this.page.speaker.audio.pause();
+            this.page.speaker.finish('_murmeloClipEnded');
         }
     }
 

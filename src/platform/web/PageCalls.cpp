@@ -9,17 +9,17 @@
 EM_JS(double, pageNow, (), { return Module.page.core.now(); })
 EM_JS(double, pageRealNow, (), { return performance.now(); })
 EM_JS(double, pageFreeBytes, (), { return Module.page.freeBytes; })
-EM_JS(void, pageAskMicrophone, (int32_t ticket), { Module.page.ears.ask(ticket); })
-EM_JS(void, pageStartMicrophone, (), { Module.page.ears.start(); })
-EM_JS(void, pageStopMicrophone, (), { Module.page.ears.stop(); })
-EM_JS(void, pageReleaseMicrophone, (), { Module.page.ears.release(); })
+EM_JS(void, pageAskMicrophone, (int32_t ticket), { Module.page.microphone.ask(ticket); })
+EM_JS(void, pageStartMicrophone, (), { Module.page.microphone.start(); })
+EM_JS(void, pageStopMicrophone, (), { Module.page.microphone.stop(); })
+EM_JS(void, pageReleaseMicrophone, (), { Module.page.microphone.release(); })
 EM_JS(void, pagePlayClip, (int32_t ticket, const uint8_t* file, size_t bytes), {
-    Module.page.voice.play(ticket, HEAPU8.slice(file, file + bytes));
+    Module.page.speaker.play(ticket, HEAPU8.slice(file, file + bytes));
 })
-EM_JS(void, pagePauseClip, (), { Module.page.voice.pause(); })
-EM_JS(void, pageResumeClip, (), { Module.page.voice.resume(); })
-EM_JS(void, pageStopClip, (), { Module.page.voice.stop(); })
-EM_JS(void, pageSetVolume, (int32_t volume), { Module.page.voice.setVolume(volume); })
+EM_JS(void, pagePauseClip, (), { Module.page.speaker.pause(); })
+EM_JS(void, pageResumeClip, (), { Module.page.speaker.resume(); })
+EM_JS(void, pageStopClip, (), { Module.page.speaker.stop(); })
+EM_JS(void, pageSetVolume, (int32_t volume), { Module.page.speaker.setVolume(volume); })
 EM_JS(void, pageKeepFile, (const char* path, int32_t effect), {
     Module.page.sounds.keepFile(UTF8ToString(path), effect);
 })
@@ -29,7 +29,7 @@ EM_JS(void, pageKeepTake, (const uint8_t* file, size_t bytes), {
 EM_JS(void, pageFrameWaits, (), { Module.page.core.frameWaits(); })
 EM_JS(void, pagePickFile, (), { document.getElementById('file').click(); })
 EM_JS(void, pageShowSounds, (), { Module.page.openSounds(); })
-EM_JS(void, pageListMicrophones, (), { Module.page.ears.list(); })
+EM_JS(void, pageListMicrophones, (), { Module.page.microphone.list(); })
 EM_JS(void, pageAct, (int32_t number), { Module.page.acts[number](); })
 // When Emscripten's rename() replaces a file, it leaves the replaced file in its table of names.
 // That file would be found again once the new one is deleted.

@@ -45,15 +45,15 @@
     }
 
     /** Delivers the voice to the microphone as time goes on, a millisecond at a time. */
-    function listen(ears) {
+    function listen(microphone) {
         let heard = 0;
         const hear = () => {
-            if (ears.listens) {
+            if (microphone.listens) {
                 const piece = new Float32Array(RATE_PER_MS);
                 piece.set(voice.subarray(heard, heard + RATE_PER_MS));
                 heard += RATE_PER_MS;
                 window.setTimeout(hear, 1);
-                ears.heard(piece, 1000 * RATE_PER_MS);
+                microphone.heard(piece, 1000 * RATE_PER_MS);
             }
         };
         window.setTimeout(hear, 1);
@@ -84,18 +84,18 @@
                 paintNow();
             };
         });
-        change('ears', (ears) => {
-            const start = ears.start.bind(ears);
-            ears.connect = async () => {
-                ears.context = { sampleRate: 1000 * RATE_PER_MS, resume() {}, close() {} };
+        change('microphone', (microphone) => {
+            const start = microphone.start.bind(microphone);
+            microphone.connect = async () => {
+                microphone.context = { sampleRate: 1000 * RATE_PER_MS, resume() {}, close() {} };
             };
-            ears.start = () => {
+            microphone.start = () => {
                 start();
-                listen(ears);
+                listen(microphone);
             };
         });
         // A clip ends after its length.
-        change('voice', (speaker) => {
+        change('speaker', (speaker) => {
             speaker.begin = (file, done) => {
                 const ended = () => speaker.done === done && speaker.finish('_murmeloClipEnded');
                 speaker.done = done;

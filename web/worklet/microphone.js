@@ -2,7 +2,7 @@
 
 const PIECE_FRAMES = 512; // 32 ms at 16 kHz, which may be missing at the end of a recording
 
-class Ears extends AudioWorkletProcessor {
+class Microphone extends AudioWorkletProcessor {
     constructor() {
         super();
         this.piece = new Float32Array(PIECE_FRAMES);
@@ -34,4 +34,4 @@ class Ears extends AudioWorkletProcessor {
     }
 }
 
-registerProcessor('ears', Ears);
+registerProcessor('microphone', Microphone);

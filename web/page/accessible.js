@@ -57,10 +57,10 @@ class Layer {
     }
 }
 
-export class Mirror {
+export class Accessible {
     /** @param {import('./core.js').Core} core */
     constructor(core) {
-        this.layer = find('mirror');
+        this.layer = find('accessible');
         this.picture = new Layer(core, this.layer, 0, HEIGHT);
         this.strip = new Layer(core, find('keys'), -STRIP_HEIGHT, STRIP_HEIGHT);
         this.message = find('message');
@@ -110,7 +110,7 @@ export class Mirror {
         Object.assign(button, { hidden: !action, textContent: action?.text ?? '', onclick: () => action && this.strip.core.tapOn(action.place) });
     }
 
-    /** Moves the focus into a sheet that opens, and back. @param {string} sheet @param {HTMLElement | null} keyboard  our button with the focus */
+    /** Moves the focus into a sheet that opens, and back. @param {string} sheet @param {HTMLElement | null} keyboard  the button here that has the focus */
     moveFocus(sheet, keyboard) {
         if (sheet && !this.sheet && keyboard) {
             this.opener = keyboard;

@@ -3,7 +3,7 @@
 const [PRESS, MOVE, RELEASE] = [0, 1, 2];
 const isFinger = (/** @type {PointerEvent} */ event) => Number(event.pointerType === 'touch');
 
-export class Hands {
+export class Input {
     /** @param {import('./core.js').Core} core @param {import('./picture.js').Picture} picture */
     constructor(core, picture) {
         this.core = core;

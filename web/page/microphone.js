@@ -10,7 +10,7 @@ const nameOf = (/** @type {MediaStream | null} */ stream) => stream?.getAudioTra
 const stopTracks = (/** @type {MediaStream} */ stream) => stream.getTracks().forEach((track) => track.stop());
 const open = (/** @type {object} */ more) => navigator.mediaDevices.getUserMedia({ audio: { ...RAW, ...more } });
 
-export class Ears {
+export class Microphone {
     /** @param {Core} core */
     constructor(core) {
         this.core = core;
@@ -66,7 +66,7 @@ export class Ears {
         }
     }
 
-    /** Opens the chosen microphone if it is there. Browsers tell the names only once one is open. @param {MediaStream} stream  of any one */
+    /** Opens the chosen microphone if it is there. Browsers tell the names only once one is open. @param {MediaStream} stream  of any microphone */
     async chosen(stream) {
         const name = this.core.answer('_murmeloMicrophone');
         const device = name !== nameOf(stream) && (await devices()).find(({ label }) => label === name);
@@ -89,8 +89,8 @@ export class Ears {
     async listenAt(stream, rate) {
         const context = rate ? new AudioContext({ sampleRate: rate }) : new AudioContext();
         this.context = context;
-        await context.audioWorklet.addModule(new URL('../worklet/ears.js', import.meta.url).href);
-        const node = new AudioWorkletNode(context, 'ears', { numberOfOutputs: 0 });
+        await context.audioWorklet.addModule(new URL('../worklet/microphone.js', import.meta.url).href);
+        const node = new AudioWorkletNode(context, 'microphone', { numberOfOutputs: 0 });
         context.createMediaStreamSource(stream).connect(node);
         node.port.onmessage = (event) => this.heard(event.data, context.sampleRate);
         this.node = node;

@@ -7,7 +7,7 @@ const FULL = 100;
 /** A silent WAV file: its header and 80 samples. Made here, because a player may keep the request for a file open until the page is closed. */
 const SILENCE = [Uint8Array.from(atob('UklGRsQAAABXQVZFZm10IBAAAAABAAEAQB8AAIA+AAACABAAZGF0YaAAAAA='), (letter) => letter.charCodeAt(0)), new Uint8Array(160)];
 
-export class Voice {
+export class Speaker {
     /** @param {Core} core @param {HTMLAudioElement} audio */
     constructor(core, audio) {
         this.core = core;
