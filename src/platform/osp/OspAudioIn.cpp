@@ -109,7 +109,7 @@ result AudioIn::Start() {
     }
     state = AUDIOIN_STATE_RECORDING;
     cutBy = 0;
-    isLossUnsaid = false;
+    isLossUnreported = false;
     heardSamples = 0;
     return E_SUCCESS;
 }
@@ -163,7 +163,7 @@ void AudioIn::onSamples() {
 }
 
 void AudioIn::onDeviceLost() {
-    isLossUnsaid = true;
+    isLossUnreported = true;
     if (deliverRest()) {
         if (heardSamples == 0) {
             sayLoss(false);  // told now: no "Stop" will follow
@@ -242,8 +242,8 @@ bool AudioIn::deliverRest() {
 }
 
 void AudioIn::sayLoss(bool isTakeKept) {
-    if (isLossUnsaid) {
-        isLossUnsaid = false;
+    if (isLossUnreported) {
+        isLossUnreported = false;
         if (isTakeKept) {
             Host::current().tell({"microphoneGone", {}},
                                  "the microphone is gone; what it heard until now is kept");

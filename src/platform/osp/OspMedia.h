@@ -111,7 +111,7 @@ private:
     std::deque<Osp::Base::ByteBuffer*> queue;
     AudioInState state = AUDIOIN_STATE_INITIALIZED;
     bool isMicrophoneHeld = false;  // prepared, and not released yet
-    bool isLossUnsaid = false;      // the microphone was lost, and the user was not told yet
+    bool isLossUnreported = false;  // the microphone was lost, and the user was not told yet
     int64_t heardSamples = 0;       // samples in the current recording's filled buffers
     bool* deletedMark = nullptr;    // the destructor sets it: a listener may delete this object
 };

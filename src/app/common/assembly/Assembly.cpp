@@ -8,7 +8,7 @@
 
 void Assembly::install() {
     static Assembly assembly;
-    Roof::installed = &assembly;
+    FrameNeeds::installed = &assembly;
 }
 
 const ClassListEntry* Assembly::classes(int32_t& count) {

@@ -3,9 +3,9 @@
 // on it.
 #pragma once
 
-#include "Roof.h"
+#include "FrameNeeds.h"
 
-class Assembly : public Roof {
+class Assembly : public FrameNeeds {
 public:
     /// Call it before the application object is made. A second call does nothing.
     static void install();

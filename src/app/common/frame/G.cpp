@@ -5,10 +5,10 @@
 #include "ArrFunc.h"
 #include "Bounds.h"
 #include "FileOps.h"
+#include "FrameNeeds.h"
 #include "Orm.h"
 #include "OspApp.h"
 #include "OspBase.h"
-#include "Roof.h"
 
 #include <algorithm>
 #include <cassert>
@@ -99,7 +99,7 @@ void G::static_ctor() {
     makeEventTypes();
     scr = Orm::getScreen();
     scrB = Bounds::alloc(0, 0, scr->w, scr->h);
-    Roof::installed->makeGlobals();
+    FrameNeeds::installed->makeGlobals();
 }
 
 void G::makeEventTypes() {
@@ -112,7 +112,7 @@ void G::makeEventTypes() {
 
 void G::static_dtor() {
     freeNames();
-    Roof::installed->freeGlobals();
+    FrameNeeds::installed->freeGlobals();
     delete scrB;
     scrB = nullptr;
     scr = nullptr;
@@ -165,11 +165,11 @@ int32_t G::getSavedLang() {
     if (appRegistry->Get("lang", lang) == E_KEY_NOT_FOUND) {
         return -1;
     }
-    return lang >= 0 && lang < Roof::installed->languages() ? lang : -1;
+    return lang >= 0 && lang < FrameNeeds::installed->languages() ? lang : -1;
 }
 
 void G::saveCurrentLang() {
-    const String lang = Osp::Base::Integer::ToString(Roof::installed->language());
+    const String lang = Osp::Base::Integer::ToString(FrameNeeds::installed->language());
     if (appRegistry->Set("lang", lang) == E_KEY_NOT_FOUND) {
         appRegistry->Add("lang", lang);
     }

@@ -5,11 +5,11 @@
 #include "FileInputStream.h"
 #include "FileOps.h"
 #include "FileOutputStream.h"
+#include "FrameNeeds.h"
 #include "G.h"
 #include "Orm.h"
 #include "OspBase.h"
 #include "OspGraphics.h"
-#include "Roof.h"
 #include "State.h"
 #include "WavFile.h"
 #include "WavProps.h"
@@ -52,7 +52,7 @@ void Murmelo::onInit() {
     const int32_t lang = G::getSavedLang();
     if (lang != -1) {
         setBkgColor(kLaterRunArgb);
-        Roof::installed->setLanguage(lang);
+        FrameNeeds::installed->setLanguage(lang);
         State::setState(G::stateSplash, true, true);
     } else {
         setBkgColor(kFirstRunArgb);
@@ -102,7 +102,7 @@ int32_t* Murmelo::loadLastRec8Khz() {
     String path = G::takePath();
     int32_t* samples = loadWavTo8Khz(path);
     if (samples == nullptr) {
-        Roof::installed->enterFileError();  // else the screen would stay without keys
+        FrameNeeds::installed->enterFileError();  // else the screen would stay without keys
     }
     return samples;
 }

@@ -2,8 +2,8 @@
 #include "OrmMidlet.h"
 
 #include "ClassListEntry.h"
+#include "FrameNeeds.h"
 #include "Orm.h"
-#include "Roof.h"
 
 bool OrmMidlet::active = true;
 
@@ -28,7 +28,7 @@ void OrmMidlet::pauseApp() {
 
 void OrmMidlet::static_ctors() {
     int32_t count = 0;
-    const ClassListEntry* entries = Roof::installed->classes(count);
+    const ClassListEntry* entries = FrameNeeds::installed->classes(count);
     for (int32_t i = 0; i < count; i++) {
         entries[i].staticCtor();
     }
@@ -36,7 +36,7 @@ void OrmMidlet::static_ctors() {
 
 void OrmMidlet::static_dtors() {
     int32_t count = 0;
-    const ClassListEntry* entries = Roof::installed->classes(count);
+    const ClassListEntry* entries = FrameNeeds::installed->classes(count);
     for (int32_t i = 0; i < count; i++) {
         entries[i].staticDtor();
     }

@@ -19,7 +19,7 @@ public:
 
     virtual void onShutDown() {}
 
-    /// All class initialisers, in the fixed order of Roof::classes().
+    /// All class initialisers, in the fixed order of FrameNeeds::classes().
     static void static_ctors();
 
     /// All class finalisers, in that same order.

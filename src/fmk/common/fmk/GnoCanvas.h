@@ -37,7 +37,7 @@ public:
     /// @param platformCanvas  not owned
     void SetCanvas(Osp::Graphics::Canvas* platformCanvas) { canvas = platformCanvas; }
 
-    /// Deliberate: both return 0 for every display: so a canvas considers itself square, never
+    /// Deliberate: both return 0 on every display, so a canvas takes itself for square, never for
     /// landscape.
     int32_t getWidth() const { return 0; }
 

@@ -7,12 +7,12 @@
 
 struct ClassListEntry;
 
-class Roof {
+class FrameNeeds {
 public:
-    Roof() = default;
-    Roof(const Roof&) = delete;
-    Roof& operator=(const Roof&) = delete;
-    virtual ~Roof() = default;
+    FrameNeeds() = default;
+    FrameNeeds(const FrameNeeds&) = delete;
+    FrameNeeds& operator=(const FrameNeeds&) = delete;
+    virtual ~FrameNeeds() = default;
 
     /// Every class with a class initialiser, in the order in which initialisers and finalisers run.
     virtual const ClassListEntry* classes(int32_t& count) = 0;
@@ -29,5 +29,5 @@ public:
     /// The fatal screen that says that a file cannot be read or written, over the plain picture.
     virtual void enterFileError() = 0;
 
-    static Roof* installed;  // not owned
+    static FrameNeeds* installed;  // not owned
 };

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "FrameNeeds.h"
+
+FrameNeeds* FrameNeeds::installed;

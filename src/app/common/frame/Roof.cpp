@@ -1,4 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "Roof.h"
-
-Roof* Roof::installed;
