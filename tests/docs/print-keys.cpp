@@ -60,11 +60,11 @@ std::string textOf(const KeyPress& press) {
 
 /// What the key does: on a screen that plays, on one that goes back, or while a message of the
 /// strip is open.
-KeyDeed deedOf(const KeyPress& press) {
+KeyAction actionOf(const KeyPress& press) {
     FakeDoors doors;
     doors.show(ScreenNames::kPlaying, FakeDoors::kNoKey, Means::kPlay, Means::kBack);
-    const KeyDeed deed = KeyRules::deedOf(press, &doors);
-    return deed == KeyDeed() ? KeyRules::deedOf(press, &doors, true) : deed;
+    const KeyAction action = KeyRules::actionOf(press, &doors);
+    return action == KeyAction() ? KeyRules::actionOf(press, &doors, true) : action;
 }
 
 void print(KeyPress press) {
@@ -73,10 +73,10 @@ void print(KeyPress press) {
         press.control = held.starts_with("Ctrl+");
         press.alt = held == "Alt+";
         press.shift = false;
-        const KeyDeed withoutShift = deedOf(press);
+        const KeyAction withoutShift = actionOf(press);
         press.shift = held.ends_with("Shift+");
-        const KeyDeed deed = deedOf(press);
-        if (deed == KeyDeed() || (press.shift && deed == withoutShift)) {
+        const KeyAction action = actionOf(press);
+        if (action == KeyAction() || (press.shift && action == withoutShift)) {
             continue;
         }
         std::printf("%s%s\n", modifiers, textOf(press).c_str());

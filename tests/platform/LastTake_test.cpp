@@ -182,7 +182,7 @@ TEST_F(LastTakeTest, whatTheDiskRefusesOutlivesTheSettlingOfTheOneBefore) {
         const FullDisk disk(100);
         EXPECT_TRUE(last.write(next));
     }
-    EXPECT_EQ("", last.settle());
+    EXPECT_EQ("", last.syncToDisk());
     EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
     EXPECT_EQ(next, last.waiting());
     EXPECT_EQ(next, broughtBack());
@@ -202,7 +202,7 @@ TEST_F(LastTakeTest, aTakeThatCannotBeRenamedStaysInMemory) {
                                     stateFolder() + "/last-take.wav");
     EXPECT_EQ("", last.write(voice));
     EXPECT_TRUE(last.waiting().empty());
-    EXPECT_TRUE(last.settle());
+    EXPECT_TRUE(last.syncToDisk());
     EXPECT_EQ(voice, last.waiting());
     EXPECT_EQ(voice, broughtBack());
     folders.makeFolder("missing");
@@ -233,11 +233,11 @@ TEST_F(LastTakeTest, whatIsWrittenComesBackBeforeTheDiskHasIt) {
     EXPECT_EQ(next, broughtBack());
     EXPECT_EQ(TestSounds::wav(voice, 16000), folders.read("state/murmelo/last-take.wav"));
     EXPECT_EQ(mode_t{0600}, modeOf(stateFolder() + "/last-take.wav.next"));
-    EXPECT_EQ("", last.settle());
+    EXPECT_EQ("", last.syncToDisk());
     EXPECT_EQ(next, broughtBack());
     EXPECT_EQ(TestSounds::wav(next, 16000), folders.read("state/murmelo/last-take.wav"));
     EXPECT_FALSE(folders.has("state/murmelo/last-take.wav.next"));
-    EXPECT_EQ("", last.settle());  // nothing is left to do
+    EXPECT_EQ("", last.syncToDisk());  // nothing is left to do
     EXPECT_EQ(next, broughtBack());
 }
 
@@ -268,7 +268,7 @@ TEST_F(LastTakeTest, whatIsForgottenBeforeTheDiskHasItIsGone) {
     EXPECT_EQ("", last.keep(voice));
     EXPECT_EQ("", last.write(TestSounds::noise(20, 9)));
     EXPECT_EQ("", last.forget());
-    EXPECT_EQ("", last.settle());
+    EXPECT_EQ("", last.syncToDisk());
     EXPECT_FALSE(last.isThere());
     EXPECT_TRUE(std::filesystem::is_empty(stateFolder()));
 }
@@ -276,8 +276,8 @@ TEST_F(LastTakeTest, whatIsForgottenBeforeTheDiskHasItIsGone) {
 TEST_F(LastTakeTest, theNewestOfTwoThatAreWrittenStays) {
     EXPECT_EQ("", last.write(voice));
     EXPECT_EQ("", last.write(TestSounds::noise(20, 9)));
-    EXPECT_EQ("", last.settle());
-    EXPECT_EQ("", last.settle());
+    EXPECT_EQ("", last.syncToDisk());
+    EXPECT_EQ("", last.syncToDisk());
     EXPECT_EQ(TestSounds::noise(20, 9), broughtBack());
 }
 
@@ -312,14 +312,14 @@ TEST_F(TakeKeeperTest, theRecordingThatAFileDisplacedComesBack) {
     keeper.used(file);
     EXPECT_EQ(recording, broughtBack());
     keeper.broughtBack();
-    keeper.letGo();  // the program ends with the recording
+    keeper.takeDeleted();  // the program ends with the recording
     EXPECT_EQ(recording, broughtBack());
 }
 
 TEST_F(TakeKeeperTest, aFileIsKeptWhenTheProgramLetsGoOfIt) {
     keeper.recorded(recording);
     keeper.used(file);
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_EQ(file, broughtBack());
     keeper.used(otherFile);
     keeper.used(recording);
@@ -330,7 +330,7 @@ TEST_F(TakeKeeperTest, aRecordingAfterAFileIsTheLastTake) {
     keeper.recorded(otherFile);
     keeper.used(file);
     keeper.recorded(recording);
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_EQ(recording, broughtBack());
 }
 
@@ -338,22 +338,21 @@ TEST_F(TakeKeeperTest, whatWasForgottenIsNotKeptLater) {
     keeper.recorded(recording);
     keeper.used(file);
     EXPECT_EQ("", keeper.forget());
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_FALSE(keeper.isThere());
 }
 
 TEST_F(TakeKeeperTest, theDiskIsWaitedForLaterAndTheTakeIsThereAtOnce) {
-    std::vector<std::function<Problem()>> settles;
-    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
-        settles.push_back(std::move(settle));
-    });
+    std::vector<std::function<Problem()>> syncs;
+    TakeKeeper patient(stateFolder(), note(),
+                       [&](std::function<Problem()> sync) { syncs.push_back(std::move(sync)); });
     patient.recorded(recording);
-    patient.letGo();  // there is nothing else to keep
-    ASSERT_EQ(1U, settles.size());
+    patient.takeDeleted();  // there is nothing else to keep
+    ASSERT_EQ(1U, syncs.size());
     EXPECT_TRUE(patient.isThere());
     EXPECT_EQ(recording, broughtBack());
     EXPECT_FALSE(folders.has("state/murmelo/last-take.wav"));
-    EXPECT_EQ("", settles[0]());
+    EXPECT_EQ("", syncs[0]());
     EXPECT_EQ(TestSounds::wav(recording, 16000), folders.read("state/murmelo/last-take.wav"));
     EXPECT_TRUE(told.empty());
 }
@@ -364,11 +363,11 @@ TEST_F(TakeKeeperTest, aTakeThatTheDiskRefusesIsKeptWhenTheProgramLetsGoOfIt) {
         const FullDisk disk(100);
         keeper.recorded(recording);
         EXPECT_EQ(1U, told.size());
-        keeper.letGo();  // still full, and not told twice
+        keeper.takeDeleted();  // still full, and not told twice
         EXPECT_EQ(1U, told.size());
     }
     EXPECT_EQ(file, broughtBack());  // the disk has the earlier one
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_EQ(1U, told.size());
     EXPECT_EQ(recording, broughtBack());
 }
@@ -396,7 +395,7 @@ TEST_F(TakeKeeperTest, atTheEndAFullDiskKeepsTheBeginningOfTheTake) {
     {
         const FullDisk disk(kLimit);
         keeper.recorded(longTake);
-        keeper.letGo();
+        keeper.takeDeleted();
         Samples samples;
         EXPECT_EQ("", keeper.bringBack(samples));
         EXPECT_EQ(longTake, samples);  // the program goes on: the whole take is in memory
@@ -430,7 +429,7 @@ TEST_F(TakeKeeperTest, atTheEndAFullDiskKeepsTheRecordingAndNotTheBeginningOfAFi
 TEST_F(TakeKeeperTest, aRecordingThatIsNotKeptIsToldOnce) {
     const FullDisk disk(20);
     keeper.recorded(recording);
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_EQ(1U, told.size());
 }
 
@@ -444,33 +443,31 @@ TEST_F(TakeKeeperTest, atTheEndAFullDiskWithoutAnyRoomIsTold) {
 }
 
 TEST_F(TakeKeeperTest, atTheEndTheBeginningIsSyncedToo) {
-    std::vector<std::function<Problem()>> settles;
-    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
-        settles.push_back(std::move(settle));
-    });
+    std::vector<std::function<Problem()>> syncs;
+    TakeKeeper patient(stateFolder(), note(),
+                       [&](std::function<Problem()> sync) { syncs.push_back(std::move(sync)); });
     {
         const FullDisk disk(500);
         patient.recorded(recording);
         patient.end();
     }
-    ASSERT_EQ(1U, settles.size());
-    EXPECT_EQ("", settles[0]());
+    ASSERT_EQ(1U, syncs.size());
+    EXPECT_EQ("", syncs[0]());
     EXPECT_TRUE(folders.has("state/murmelo/last-take.wav"));
     EXPECT_FALSE(broughtBack().empty());
 }
 
 TEST_F(TakeKeeperTest, atTheEndADiskThatIsFullAtTheSyncKeepsTheBeginningOfTheTake) {
     const Samples longTake = TestSounds::noise(16000, 8);
-    std::vector<std::function<Problem()>> settles;
-    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
-        settles.push_back(std::move(settle));
-    });
+    std::vector<std::function<Problem()>> syncs;
+    TakeKeeper patient(stateFolder(), note(),
+                       [&](std::function<Problem()> sync) { syncs.push_back(std::move(sync)); });
     keeper.recorded(file);
     patient.recorded(longTake);
     patient.end();
     const FullAtSync disk(10000);
-    for (size_t i = 0; i < settles.size(); i++) {
-        patient.settled(settles[i]());
+    for (size_t i = 0; i < syncs.size(); i++) {
+        patient.synced(syncs[i]());
     }
     EXPECT_EQ(Samples(longTake.begin(), longTake.begin() + 4000), broughtBack());
     EXPECT_TRUE(folders.has("state/murmelo/last-take.wav"));
@@ -550,26 +547,25 @@ TEST_F(TakeKeeperTest, aFileDoesNotReplaceATakeThatTheDiskRefused) {
     EXPECT_EQ("", keeper.bringBack(samples));
     EXPECT_EQ(recording, samples);
     keeper.broughtBack();
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_EQ(recording, broughtBack());
 }
 
 TEST_F(TakeKeeperTest, theDiskIsWaitedForAlsoAfterItRefused) {
-    std::vector<std::function<Problem()>> settles;
-    TakeKeeper patient(stateFolder(), note(), [&](std::function<Problem()> settle) {
-        settles.push_back(std::move(settle));
-    });
+    std::vector<std::function<Problem()>> syncs;
+    TakeKeeper patient(stateFolder(), note(),
+                       [&](std::function<Problem()> sync) { syncs.push_back(std::move(sync)); });
     {
         const FullDisk disk(100);
         patient.recorded(recording);
     }
-    EXPECT_TRUE(settles.empty());
-    patient.letGo();
-    ASSERT_EQ(1U, settles.size());
-    EXPECT_EQ("", settles[0]());
+    EXPECT_TRUE(syncs.empty());
+    patient.takeDeleted();
+    ASSERT_EQ(1U, syncs.size());
+    EXPECT_EQ("", syncs[0]());
     EXPECT_EQ(TestSounds::wav(recording, 16000), folders.read("state/murmelo/last-take.wav"));
-    patient.letGo();
-    EXPECT_EQ(1U, settles.size());
+    patient.takeDeleted();
+    EXPECT_EQ(1U, syncs.size());
 }
 
 TEST_F(TakeKeeperTest, theLastTakeIsTheProgramsUnlessThatIsNotKept) {
@@ -578,7 +574,7 @@ TEST_F(TakeKeeperTest, theLastTakeIsTheProgramsUnlessThatIsNotKept) {
     EXPECT_FALSE(keeper.isPrograms());
     keeper.recorded(recording);
     EXPECT_TRUE(keeper.isPrograms());
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_TRUE(keeper.isPrograms());  // it was
     keeper.recorded({});               // silence
     EXPECT_FALSE(keeper.isPrograms());
@@ -586,7 +582,7 @@ TEST_F(TakeKeeperTest, theLastTakeIsTheProgramsUnlessThatIsNotKept) {
     EXPECT_TRUE(keeper.isPrograms());
     keeper.used(file);
     EXPECT_FALSE(keeper.isPrograms());  // the recording before is kept
-    keeper.letGo();
+    keeper.takeDeleted();
     EXPECT_TRUE(keeper.isPrograms());
     EXPECT_EQ("", keeper.forget());
     EXPECT_FALSE(keeper.isPrograms());

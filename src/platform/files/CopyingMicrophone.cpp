@@ -10,13 +10,15 @@ constexpr int32_t kPieceSamples = 1600;
 
 }  // namespace
 
-CopyingMicrophone::CopyingMicrophone(HostMicrophone& real, std::function<void()> letGo, Keep keep)
+CopyingMicrophone::CopyingMicrophone(HostMicrophone& real,
+                                     std::function<void()> onTakeDeleted,
+                                     Keep keep)
     : real(real)
-    , letGo(std::move(letGo))
+    , onTakeDeleted(std::move(onTakeDeleted))
     , keep(std::move(keep)) {}
 
 void CopyingMicrophone::prepare() {
-    letGo();
+    onTakeDeleted();
     real.prepare();
 }
 

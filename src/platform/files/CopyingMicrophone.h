@@ -14,9 +14,9 @@ public:
     using Keep = std::function<void(std::vector<int16_t> samples)>;
 
     /// @param real   not owned
-    /// @param letGo  called by prepare(): the program has just deleted the earlier take
+    /// @param onTakeDeleted  called by prepare(): the program has just deleted the earlier take
     /// @param keep  called by release(), before the program can delete its own file of the take
-    CopyingMicrophone(HostMicrophone& real, std::function<void()> letGo, Keep keep);
+    CopyingMicrophone(HostMicrophone& real, std::function<void()> onTakeDeleted, Keep keep);
 
     bool isThere() override { return real.isThere(); }
 
@@ -34,7 +34,7 @@ public:
 
 private:
     HostMicrophone& real;
-    std::function<void()> letGo;
+    std::function<void()> onTakeDeleted;
     Keep keep;
     std::vector<int16_t> copy;  // the samples since start()
     bool isStarted = false;     // start() was called since the last release()

@@ -59,8 +59,8 @@ bool isOfFullDisk(int error) {
     return error == ENOSPC || error == EDQUOT || error == EFBIG;
 }
 
-/// Empties a file that the disk had no room for, and lowers the number of samples to what it took.
-/// False if that is none.
+/// Empties a file that the disk had no room for, and lowers count to the number of samples for
+/// which there was room. False if there was room for none.
 bool makeShorter(int file, size_t& count) {
     struct stat facts = {};
     if (::fstat(file, &facts) != 0 || ::ftruncate(file, 0) != 0 ||
@@ -114,7 +114,7 @@ std::vector<int16_t> LastTake::waiting() const {
 
 Problem LastTake::keep(const std::vector<int16_t>& samples) const {
     Problem problem = write(samples);
-    return problem ? problem : settle();
+    return problem ? problem : syncToDisk();
 }
 
 /// The error that errno tells. @param what "in FOLDER" or "as PATH", with the first quotation mark
@@ -237,7 +237,7 @@ Problem LastTake::nameNext() const {
     return problem;
 }
 
-Problem LastTake::settle() const {
+Problem LastTake::syncToDisk() const {
     const int file =
         newPath.empty() ? -1 : ::open(newPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
     if (file < 0) {

@@ -30,26 +30,27 @@ public:
 
     /// The first half of keep(), which does not wait for the disk: writes the take into a file of
     /// its own. From now on this is the last take, however the program ends; only after a power cut
-    /// before settle() it is the take before.
+    /// before syncToDisk() it is the take before.
     /// @returns as keep()
     Problem write(const std::vector<int16_t>& samples) const;
 
     /// The second half of keep(), which waits for the disk. May run on another thread; a take that
     /// is written meanwhile is left to the next call.
     /// @returns as keep()
-    Problem settle() const;
+    Problem syncToDisk() const;
 
     /// True if a full disk was the reason why waiting() could not be kept.
     bool isDiskFull() const;
 
     /// For the end of the program: writes as much of waiting() as the disk has room for, from its
     /// beginning. If that is not all, the file of the earlier take is deleted to make room, but
-    /// only once the part that fits beside it is written. Call settle() next.
+    /// only once the part that fits beside it is written. Call syncToDisk() next.
     /// @param count  how many samples to write at most; becomes the number that is in the file
     /// @returns as keep()
     Problem writeWhatFits(size_t& count) const;
 
-    /// The reason in a sentence of keep(), write(), settle() or forget(), without the file's name.
+    /// Cuts the reason out of a sentence that keep(), write(), syncToDisk() or forget() has
+    /// returned, without the file's name.
     static std::string reasonOf(const Problem& problem);
 
     /// The take that could not be kept, to try again: it is the last take, but is lost when the

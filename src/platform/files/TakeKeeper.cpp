@@ -23,7 +23,7 @@ void TakeKeeper::keep(const std::vector<int16_t>& samples) {
 Problem TakeKeeper::write(const std::vector<int16_t>& samples) {
     Problem problem = later ? last.write(samples) : last.keep(samples);
     if (!problem && later && !samples.empty()) {
-        later([settled = last] { return settled.settle(); });
+        later([copy = last] { return copy.syncToDisk(); });
     }
     return problem;
 }
@@ -44,7 +44,7 @@ void TakeKeeper::recorded(const std::vector<int16_t>& samples) {
 }
 
 void TakeKeeper::used(std::vector<int16_t> samples) {
-    letGo();
+    takeDeleted();
     isNewest = true;
     if (last.isThere()) {
         fromFile = std::move(samples);
@@ -57,7 +57,7 @@ std::vector<int16_t> TakeKeeper::toLetGo() {
     return fromFile.empty() ? last.waiting() : std::exchange(fromFile, {});
 }
 
-void TakeKeeper::letGo() {
+void TakeKeeper::takeDeleted() {
     const bool isOfFile = !fromFile.empty();
     const Problem problem = write(toLetGo());
     if (isOfFile) {
@@ -71,7 +71,7 @@ void TakeKeeper::end() {
     refused(write(toLetGo()));
 }
 
-void TakeKeeper::settled(const Problem& problem) {
+void TakeKeeper::synced(const Problem& problem) {
     refused(problem);
     if (!problem) {
         tellWhatFits();
@@ -101,9 +101,9 @@ void TakeKeeper::keepWhatFits(const Problem& problem) {
     }
     beginning = count;
     if (later) {
-        later([settled = last] { return settled.settle(); });
+        later([copy = last] { return copy.syncToDisk(); });
     } else {
-        settled(last.settle());
+        synced(last.syncToDisk());
     }
 }
 

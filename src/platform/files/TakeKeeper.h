@@ -18,8 +18,8 @@ public:
     /// @param sentence  in English, with the file's name
     using Report = std::function<void(const HostMessage& message, const std::string& sentence)>;
 
-    /// Runs LastTake::settle() on another thread, and calls settled() with what it returns.
-    using Later = std::function<void(std::function<Problem()> settle)>;
+    /// Runs LastTake::syncToDisk() on another thread, and calls synced() with what it returns.
+    using Later = std::function<void(std::function<Problem()> sync)>;
 
     /// @param folder    as for LastTake
     /// @param report    called each time that a take could not be kept, or not whole
@@ -35,14 +35,14 @@ public:
 
     /// The program deletes its take, because a recording is offered. Its own files are gone: a disk
     /// that was full may have room now.
-    void letGo();
+    void takeDeleted();
 
-    /// The program has ended: as letGo(). If the disk is still too full, also if only settled()
-    /// finds that out, keeps the beginning of the take in place of the earlier one.
+    /// The program has ended: as takeDeleted(). If the disk is still too full, also if only
+    /// synced() finds that out, keeps the beginning of the take in place of the earlier one.
     void end();
 
-    /// Handles what LastTake::settle() has returned. Tells it if the take is not kept.
-    void settled(const Problem& problem);
+    /// Handles what LastTake::syncToDisk() has returned. Tells it if the take is not kept.
+    void synced(const Problem& problem);
 
     /// Reads the last take. Use broughtBack() once it is the program's.
     Problem bringBack(std::vector<int16_t>& samples) const { return last.bringBack(samples); }
@@ -77,7 +77,7 @@ private:
     bool cuts = false;      // true: the end has come, and of this take a beginning is enough
     size_t whole = 0;       // samples of the take whose beginning is kept
     size_t beginning = 0;   // samples of that beginning; 0: none is being kept
-    bool isNewest = false;  // the program's newest take is kept, or will be by letGo()
+    bool isNewest = false;  // the program's newest take is kept, or will be by takeDeleted()
     // The program's take if it came from a file and is not kept yet; else empty.
     std::vector<int16_t> fromFile;
 };

@@ -21,7 +21,7 @@ HeadlessHost::HeadlessHost(HostFolders folders,
              })
     , copyingEars(
           fileEars,
-          [this] { keeper.letGo(); },
+          [this] { keeper.takeDeleted(); },
           [this](const std::vector<int16_t>& take) { keeper.recorded(take); })
     , fileVoice([this] { return nowMs; })
     , silent(silent)

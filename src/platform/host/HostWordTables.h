@@ -19,7 +19,8 @@ public:
     static std::span<const HostWords::Row> ofRecording();
     static std::span<const HostWords::Row> ofFiles();
 
-    /// The page does without these, because it is downloaded.
+    /// Texts that only the desktop program shows. The page leaves them out, to be downloaded
+    /// sooner.
     static std::span<const HostWords::Row> ofDesktop();
     static std::span<const HostWords::Row> ofReasons();
 };

@@ -3,13 +3,13 @@
 
 #include "ScreenNames.h"
 
-using Kind = KeyDeed::Kind;
+using Kind = KeyAction::Kind;
 using Name = KeyPress::Name;
 using Means = ScreenTexts::Means;
 
 namespace {
 
-KeyDeed navigation(HostKey key) {
+KeyAction navigation(HostKey key) {
     return {Kind::kNavigate, key};
 }
 
@@ -26,7 +26,7 @@ bool isOnly(const ScreenTexts& texts, Means middle) {
            texts.softKeys[kRight].text.empty();
 }
 
-KeyDeed ofName(Name name) {
+KeyAction ofName(Name name) {
     switch (name) {
     case Name::kUp:
         return navigation(HostKey::kUp);
@@ -57,14 +57,14 @@ KeyDeed ofName(Name name) {
 
 }  // namespace
 
-KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors, bool closes) {
+KeyAction KeyRules::actionOf(const KeyPress& press, HostDoors* doors, bool closes) {
     if (press.alt) {
         const bool isEnter = press.name == Name::kEnter && !press.control;
-        return isEnter ? KeyDeed{Kind::kFullScreen} : KeyDeed{};
+        return isEnter ? KeyAction{Kind::kFullScreen} : KeyAction{};
     }
     if (press.control) {
         return press.name == Name::kCharacter ? withControl(press.character, press.shift)
-                                              : KeyDeed{};
+                                              : KeyAction{};
     }
     switch (press.name) {
     case Name::kCharacter:
@@ -73,14 +73,14 @@ KeyDeed KeyRules::deedOf(const KeyPress& press, HostDoors* doors, bool closes) {
         if (closes) {
             return {Kind::kClose};
         }
-        return doors != nullptr ? ofEscape(doors->texts()) : KeyDeed{};
+        return doors != nullptr ? ofEscape(doors->texts()) : KeyAction{};
     default:
         return ofName(press.name);
     }
 }
 
-bool KeyRules::closesSheet(const KeyDeed& deed) {
-    switch (deed.kind) {
+bool KeyRules::closesSheet(const KeyAction& action) {
+    switch (action.kind) {
     case Kind::kNavigate:
     case Kind::kRecord:
     case Kind::kExport:
@@ -96,15 +96,15 @@ bool KeyRules::isOfPhone(const KeyPress& press, HostKey& key) {
         return false;
     }
     const bool isSpace = press.name == Name::kCharacter && press.character == ' ';
-    const KeyDeed deed = isSpace ? navigation(HostKey::kMiddle) : ofName(press.name);
-    if (deed.kind != Kind::kNavigate) {
+    const KeyAction action = isSpace ? navigation(HostKey::kMiddle) : ofName(press.name);
+    if (action.kind != Kind::kNavigate) {
         return false;
     }
-    key = deed.key;
+    key = action.key;
     return true;
 }
 
-KeyDeed KeyRules::withControl(char character, bool shift) {
+KeyAction KeyRules::withControl(char character, bool shift) {
     switch (character) {
     case 's':
         return {shift ? Kind::kExport : Kind::kSave};
@@ -127,7 +127,7 @@ KeyDeed KeyRules::withControl(char character, bool shift) {
     }
 }
 
-KeyDeed KeyRules::ofCharacter(char character, HostDoors* doors) {
+KeyAction KeyRules::ofCharacter(char character, HostDoors* doors) {
     if (character >= '1' && character <= '8') {
         return {Kind::kEffect, HostKey::kMiddle, character - '1'};
     }
@@ -143,12 +143,12 @@ KeyDeed KeyRules::ofCharacter(char character, HostDoors* doors) {
         return {Kind::kVolumeDown};
     case 'r':
         return stops && texts.screen == ScreenNames::kRecording ? navigation(HostKey::kMiddle)
-                                                                : KeyDeed{Kind::kRecord};
+                                                                : KeyAction{Kind::kRecord};
     case 'p':
         return meaningOf(texts, kMiddle) == Means::kPlay ||
                        (stops && texts.screen == ScreenNames::kPlaying)
                    ? navigation(HostKey::kMiddle)
-                   : KeyDeed{};
+                   : KeyAction{};
     case 's':
         return {Kind::kSave};
     case 'o':
@@ -166,10 +166,10 @@ KeyDeed KeyRules::ofCharacter(char character, HostDoors* doors) {
 
 /// Deliberate: Escape never ends the program, neither by "Quit" nor by the "Ok" of the last
 /// message.
-KeyDeed KeyRules::ofEscape(const ScreenTexts& texts) {
+KeyAction KeyRules::ofEscape(const ScreenTexts& texts) {
     if (meaningOf(texts, kRight) == Means::kBack) {
         return navigation(HostKey::kRightSoft);
     }
     const bool closes = isOnly(texts, Means::kOk) && texts.screen != ScreenNames::kLastMessage;
-    return closes || isOnly(texts, Means::kStop) ? navigation(HostKey::kMiddle) : KeyDeed{};
+    return closes || isOnly(texts, Means::kStop) ? navigation(HostKey::kMiddle) : KeyAction{};
 }

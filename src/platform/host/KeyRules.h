@@ -34,7 +34,7 @@ struct KeyPress {
 };
 
 /// What to do for a key.
-struct KeyDeed {
+struct KeyAction {
     enum class Kind {
         kNone,
         kNavigate,  // press this key of the phone
@@ -62,7 +62,7 @@ struct KeyDeed {
     HostKey key = HostKey::kMiddle;  // if the kind is kNavigate
     int32_t effect = 0;              // if it is kEffect; 0 to 7
 
-    bool operator==(const KeyDeed& other) const {
+    bool operator==(const KeyAction& other) const {
         return kind == other.kind && key == other.key && effect == other.effect;
     }
 };
@@ -71,19 +71,19 @@ class KeyRules {
 public:
     /// @param doors  null: the program has ended; its screen then counts as empty
     /// @param closes  true: the strip shows something, which Escape closes first
-    static KeyDeed deedOf(const KeyPress& press, HostDoors* doors, bool closes = false);
+    static KeyAction actionOf(const KeyPress& press, HostDoors* doors, bool closes = false);
 
     /// True if it changes what lies below the sheet of the strip (help, list of microphones): the
     /// sheet is closed first, so that the user sees what happens. A key of the phone (isOfPhone())
     /// goes to the sheet instead.
-    static bool closesSheet(const KeyDeed& deed);
+    static bool closesSheet(const KeyAction& action);
 
     /// True if it stands for a key of the phone on every screen: an arrow, Enter, Space, F1, F2.
     /// @param key  that key of the phone; untouched if false
     static bool isOfPhone(const KeyPress& press, HostKey& key);
 
 private:
-    static KeyDeed withControl(char character, bool shift);
-    static KeyDeed ofCharacter(char character, HostDoors* doors);
-    static KeyDeed ofEscape(const ScreenTexts& texts);
+    static KeyAction withControl(char character, bool shift);
+    static KeyAction ofCharacter(char character, HostDoors* doors);
+    static KeyAction ofEscape(const ScreenTexts& texts);
 };

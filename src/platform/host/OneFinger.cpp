@@ -64,6 +64,6 @@ bool OneFinger::cancelled(Pointer pointer, int64_t id, HostListener& listener) {
     return released(pointer, id, 0, 0, listener);  // in the band above the canvas
 }
 
-bool OneFinger::letGo(HostListener& listener) {
+bool OneFinger::cancelDown(HostListener& listener) {
     return down != Pointer::kNone && cancelled(down, downId, listener);
 }

@@ -33,7 +33,7 @@ public:
     bool cancelled(Pointer pointer, int64_t id, HostListener& listener);
 
     /// Cancels the pointer that is down, if any, because its release may never be reported.
-    bool letGo(HostListener& listener);
+    bool cancelDown(HostListener& listener);
 
     /// True if this row of the display belongs to the soft-key bar.
     static bool isOnSoftKeys(int32_t y) { return y >= HostFrame::kSoftKeysTopPx; }

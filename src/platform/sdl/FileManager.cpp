@@ -20,7 +20,7 @@ constexpr const char* kScript = "exec xdg-open \"$1\" </dev/null >/dev/null 2>&1
 
 // How long the file manager may take to reply; after that xdg-open is tried. The user has asked for
 // a window and waits.
-constexpr int kPatienceMs = 5000;
+constexpr int kMaxWaitMs = 5000;
 
 // A failure after more than this is ignored: the folder was shown. On some desktops xdg-open ends
 // only when the file manager does, with any result.
@@ -50,7 +50,7 @@ bool marks(const std::string& path) {
     const char* startupId = "";
     dbus_message_append_args(call.get(), DBUS_TYPE_ARRAY, DBUS_TYPE_STRING, &addresses, 1,
                              DBUS_TYPE_STRING, &startupId, DBUS_TYPE_INVALID);
-    return bus.call(*call, kPatienceMs) != nullptr;
+    return bus.call(*call, kMaxWaitMs) != nullptr;
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ private:
     std::string name;   // of the watched microphone; empty: none
     bool gone = false;  // true: it is gone, and the user knows it
 
-    // True if a list since then did not have it. Only then a list can bring it back: after the end
-    // of a sound server its old list is still returned.
+    // True if a list since then was without it. Only after that does a list that has it mean that
+    // it is back: after the end of a sound server, the old list is still returned for a while.
     bool wasMissing = false;
 };

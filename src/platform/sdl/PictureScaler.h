@@ -16,7 +16,7 @@
 
 class PictureScaler {
 public:
-    /// Around strip and picture: the glass of the strip at its darkest, as around the page.
+    /// The colour around strip and picture: that of the strip's darkest glass, as in the page.
     static constexpr uint32_t kBesideRgb = 0x180C14;
 
     /// Draws the picture, and kBesideRgb around it.

@@ -58,7 +58,7 @@ bool SdlAudio::makeReady(Work& shared) {
 }
 
 bool SdlAudio::has(Kind kind) {
-    if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kPatienceMs))) {
+    if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kMaxWaitMs))) {
         return false;
     }
     // A negative count means that there may be devices, but that they cannot be listed.
@@ -68,7 +68,7 @@ bool SdlAudio::has(Kind kind) {
 }
 
 std::vector<std::string> SdlAudio::names(Kind kind) {
-    if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kPatienceMs))) {
+    if (!begin() || !work->system.try_lock_for(std::chrono::milliseconds(kMaxWaitMs))) {
         return {};
     }
     std::vector<std::string> names = listNames(kind);
@@ -315,7 +315,7 @@ bool SdlAudio::doPatiently(std::function<void()> piece) {
         *done = true;
     });
     std::unique_lock<std::mutex> lock(work->mutex);
-    return work->done.wait_for(lock, std::chrono::milliseconds(kPatienceMs),
+    return work->done.wait_for(lock, std::chrono::milliseconds(kMaxWaitMs),
                                [done] { return *done; });
 }
 

@@ -18,7 +18,7 @@ public:
     enum class Kind { kMicrophone, kSpeaker };
 
     // The longest time that the window waits for a sound server that does not respond.
-    static constexpr int32_t kPatienceMs = 3000;
+    static constexpr int32_t kMaxWaitMs = 3000;
 
     SdlAudio() = default;
     SdlAudio(const SdlAudio&) = delete;
@@ -28,7 +28,7 @@ public:
     ~SdlAudio();
 
     /// Starts the sound system at the first use, so that a program that makes no sound never needs
-    /// it. False if the machine has none, or it does not respond within kPatienceMs.
+    /// it. False if the machine has none, or it does not respond within kMaxWaitMs.
     bool begin();
 
     /// True if there is a device of that kind.
@@ -66,7 +66,7 @@ public:
 
     /// Opens a device in exactly the format wanted (SDL converts) and lets it run.
     /// @param name  empty: the system's default
-    /// @returns SDL's number of the device, 0 if it cannot be opened within kPatienceMs
+    /// @returns SDL's number of the device, 0 if it cannot be opened within kMaxWaitMs
     uint32_t open(Kind kind, const std::string& name, const SDL_AudioSpec& wanted);
 
     /// A device that is being opened on another thread.
@@ -156,7 +156,7 @@ private:
     tryToOpen(Kind kind, const std::string& name, const SDL_AudioSpec& wanted, bool& inTime);
 
     /// Does a piece of work on another thread and waits for it. False if it is not done after
-    /// kPatienceMs; the work then goes on.
+    /// kMaxWaitMs; the work then goes on.
     bool doPatiently(std::function<void()> piece);
     bool isBusy();
 

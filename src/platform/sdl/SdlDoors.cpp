@@ -26,12 +26,12 @@ SdlDoors::SdlDoors(const HostFolders& folders,
                    TakeKeeper& takes,
                    Tell tell,
                    EffectWord effectWord,
-                   Errands::Wake wake)
+                   BackgroundWork::Wake wake)
     : folders(folders)
     , takes(takes)
     , tell(std::move(tell))
     , effectWord(std::move(effectWord))
-    , errands(wake)
+    , backgroundWork(wake)
     , dialogs(std::move(wake)) {}
 
 void SdlDoors::setDoors(HostDoors* offeredDoors) {
@@ -42,7 +42,7 @@ void SdlDoors::setDoors(HostDoors* offeredDoors) {
 }
 
 void SdlDoors::takeIsGone() {
-    takes.letGo();
+    takes.takeDeleted();
     isFromFile = false;
     savedEffect = -1;
 }
@@ -123,7 +123,7 @@ SdlDoors::ReadSound SdlDoors::read(const std::string& nameOrUri) {
 
 void SdlDoors::startReading(const std::string& nameOrUri, std::function<bool(ReadSound)> done) {
     const int64_t reading = ++newestReading;
-    errands.start([this, reading, nameOrUri, done = std::move(done)] {
+    backgroundWork.start([this, reading, nameOrUri, done = std::move(done)] {
         ReadSound sound = read(nameOrUri);
         return [this, reading, sound = std::move(sound), done] {
             if (doors == nullptr || reading != newestReading) {
@@ -230,7 +230,7 @@ void SdlDoors::startReadingTake(std::function<bool(const std::vector<int16_t>&)>
         return;
     }
     const int64_t reading = ++newestReading;
-    errands.start([this, reading, last = takes.lastTake(), done = std::move(done)] {
+    backgroundWork.start([this, reading, last = takes.lastTake(), done = std::move(done)] {
         std::vector<int16_t> samples;
         const Problem problem = last.bringBack(samples);
         return [this, reading, samples = std::move(samples), problem, done] {
@@ -267,7 +267,7 @@ bool SdlDoors::forget() {
 }
 
 bool SdlDoors::deliver() {
-    if (errands.deliver() || dialogs.deliver()) {
+    if (backgroundWork.deliver() || dialogs.deliver()) {
         return true;
     }
     if (doors == nullptr) {
@@ -302,6 +302,6 @@ bool SdlDoors::deliver() {
 
 bool SdlDoors::finish() {
     dialogs.deliver();
-    const bool isDone = errands.finish(kFinishMs);
+    const bool isDone = backgroundWork.finish(kFinishMs);
     return isDone && !dialogs.isBusy();
 }

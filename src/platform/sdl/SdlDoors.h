@@ -3,7 +3,7 @@
 // and exporting by a key, pictures of the screen.
 #pragma once
 
-#include "Errands.h"
+#include "BackgroundWork.h"
 #include "FileDialog.h"
 #include "Host.h"
 #include "HostMessage.h"
@@ -30,7 +30,7 @@ public:
              TakeKeeper& takes,
              Tell tell,
              EffectWord effectWord,
-             Errands::Wake wake);
+             BackgroundWork::Wake wake);
 
     /// @param offered  null: the program has ended
     void setDoors(HostDoors* offered);
@@ -95,7 +95,7 @@ public:
     void tellSaved();
 
     /// True while a dialog is open, or a file is being read or written.
-    bool isBusy() { return errands.isBusy() || dialogs.isBusy(); }
+    bool isBusy() { return backgroundWork.isBusy() || dialogs.isBusy(); }
 
     /// True while a dialog is open.
     bool isAsking() const { return isDialogOpen; }
@@ -130,8 +130,8 @@ private:
     TakeKeeper& takes;
     Tell tell;
     EffectWord effectWord;
-    Errands errands;  // reading and writing files
-    Errands dialogs;  // apart: the end does not wait for the user
+    BackgroundWork backgroundWork;  // reading and writing files
+    BackgroundWork dialogs;         // apart: the end does not wait for the user
     HostDoors* doors = nullptr;
     ReadSound offered;                 // no samples: none, or it is still being read
     bool isOffering = false;           // a sound waits for the menu

@@ -62,7 +62,7 @@ bool SdlDoors::exportChosen(const FileDialog::Answer& answer, const std::string&
 }
 
 void SdlDoors::startExport(const std::string& saved, const std::string& uri) {
-    errands.start([this, saved, uri] {
+    backgroundWork.start([this, saved, uri] {
         std::string path = uri;
         Problem problem = FileUri::toPath(uri, path);
         HostMessage message{"exported", {path}};
@@ -83,7 +83,7 @@ void SdlDoors::takePicture() {
     if (doors == nullptr) {
         return;
     }
-    errands.start([this, folder = folders.sounds(), png = doors->canvasPng()] {
+    backgroundWork.start([this, folder = folders.sounds(), png = doors->canvasPng()] {
         std::string path;
         const Problem problem = ScreenPicture::write(folder, png, path);
         return [this, folder, path, problem] {

@@ -43,13 +43,13 @@ SdlHost::SdlHost(SdlOptions givenOptions)
           [this] { wake(); },
           [this](const HostMessage& message) { tellOfMicrophone(message); })
     , fileEars([this] { return uptimeMs(); })
-    , errands([this] { wake(); })
+    , backgroundWork([this] { wake(); })
     , takes(
           options.folders.state,
           [this](const HostMessage& message, const std::string& sentence) {
               tell(message, sentence);
           },
-          [this](std::function<Problem()> settle) { settleLater(std::move(settle)); })
+          [this](std::function<Problem()> sync) { syncLater(std::move(sync)); })
     , copyingEars(
           realMicrophone(),
           [this] { extraDoors.takeIsGone(); },
@@ -112,7 +112,7 @@ void SdlHost::tellOfMicrophone(const HostMessage& message) {
 
 /// Shows the message as a notice of the desktop, on another thread: a bus may be slow.
 void SdlHost::notify(const HostMessage& message) {
-    errands.start([text = strip.textOf(message)] {
+    backgroundWork.start([text = strip.textOf(message)] {
         DesktopNotice::show("Murmelo", text);
         return [] { return false; };
     });
@@ -170,15 +170,15 @@ HostMicrophone* SdlHost::microphone() {
 bool SdlHost::isStuck() {
     const bool isAllWritten = extraDoors.finish();
     // Last: what could not be written is told by a notice, which is one more piece of work.
-    const bool isDone = errands.finish(kFinishMs);
+    const bool isDone = backgroundWork.finish(kFinishMs);
     return !isAllWritten || !isDone || audio.isStuck();
 }
 
 /// Syncs the take on another thread, so that a slow disk does not stop the window.
-void SdlHost::settleLater(std::function<Problem()> settle) {
-    errands.start([this, settle = std::move(settle)] {
-        return [this, problem = settle()] {
-            takes.settled(problem);
+void SdlHost::syncLater(std::function<Problem()> sync) {
+    backgroundWork.start([this, sync = std::move(sync)] {
+        return [this, problem = sync()] {
+            takes.synced(problem);
             return false;
         };
     });
@@ -187,7 +187,7 @@ void SdlHost::settleLater(std::function<Problem()> settle) {
 /// Reads the sound file that replaces the microphone; until then the microphone delivers silence.
 void SdlHost::readVoice() {
     fileEars.setName(FileUri::nameIn(options.microphone));
-    errands.start([this, name = options.microphone] {
+    backgroundWork.start([this, name = options.microphone] {
         std::vector<int16_t> voice;
         std::string path;
         Problem problem = FileUri::toPath(name, path);
@@ -213,7 +213,7 @@ void SdlHost::recorded(const std::vector<int16_t>& take) {
 
 void SdlHost::useMicrophone(const std::string& name) {
     ears.choose(name);
-    errands.start([this, store = microphoneMemory.storing(name)] {
+    backgroundWork.start([this, store = microphoneMemory.storing(name)] {
         return [this, problem = store()] {
             if (problem) {
                 tell({"choiceNotKept", {problem.sentence()}});
@@ -280,7 +280,7 @@ bool SdlHost::pump(HostListener& listener, int64_t timeoutMs) {
         events.listen();
         extraDoors.tellSaved();
         strip.deliver();
-        errands.deliver();
+        backgroundWork.deliver();
         deliverListing();
         tellSpeechFailure();
         if (deliverSignals(listener) || extraDoors.deliver() || deliverSound() ||
@@ -376,7 +376,8 @@ bool SdlHost::handleKey(const SDL_Event& event, HostListener& listener) {
     if (strip.navigate(press)) {
         return true;
     }
-    return deeds.perform(KeyRules::deedOf(press, doors, strip.strip().canClose()), listener, doors);
+    return keyActions.perform(KeyRules::actionOf(press, doors, strip.strip().canClose()), listener,
+                              doors);
 }
 
 bool SdlHost::handleTouch(const SDL_Event& event, HostListener& listener) {

@@ -5,8 +5,8 @@
 // The picture is read at most once for each refresh of the display.
 #pragma once
 
+#include "BackgroundWork.h"
 #include "CopyingMicrophone.h"
-#include "Errands.h"
 #include "EventWait.h"
 #include "FileMicrophone.h"
 #include "Host.h"
@@ -18,9 +18,9 @@
 #include "Problem.h"
 #include "SdlAudio.h"
 #include "SdlAway.h"
-#include "SdlDeeds.h"
 #include "SdlDoors.h"
 #include "SdlInput.h"
+#include "SdlKeyActions.h"
 #include "SdlMicrophone.h"
 #include "SdlPictures.h"
 #include "SdlSpeaker.h"
@@ -117,7 +117,7 @@ public:
 private:
     SdlWishes::Microphones listOfMicrophones();
     void recorded(const std::vector<int16_t>& take);
-    void settleLater(std::function<Problem()> settle);
+    void syncLater(std::function<Problem()> sync);
     void readVoice();
     void tellOfMicrophone(const HostMessage& message);
     void notify(const HostMessage& message);
@@ -152,7 +152,7 @@ private:
     SdlAudio audio;
     SdlMicrophone ears;
     FileMicrophone fileEars;
-    Errands errands;
+    BackgroundWork backgroundWork;
     TakeKeeper takes;
     CopyingMicrophone copyingEars;
     LostMicrophone lostMicrophone;
@@ -163,7 +163,7 @@ private:
 
     SdlDoors extraDoors;
     KeyWalk walk;
-    SdlDeeds deeds{window, extraDoors, strip, walk};
+    SdlKeyActions keyActions{window, extraDoors, strip, walk};
     SdlWishes wishes;
     MicrophoneList microphones;
     Speech speech;

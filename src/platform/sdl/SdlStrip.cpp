@@ -45,10 +45,10 @@ const char* wordOf(const StripWish& wish) {
 
 }  // namespace
 
-SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake)
+SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs, BackgroundWork::Wake wake)
     : folders(folders)
     , nowMs(std::move(nowMs))
-    , errands(std::move(wake)) {
+    , backgroundWork(std::move(wake)) {
     row.wishes().on(Kind::kSounds,
                     [this](const StripWish&) { showFolder(this->folders.sounds()); });
     row.wishes().on(Kind::kShowFile, [this](const StripWish& wish) { showFile(wish.path); });
@@ -114,7 +114,7 @@ void SdlStrip::showFile(const std::string& path) {
 }
 
 void SdlStrip::startShowing(const std::string& folder, std::function<bool()> show) {
-    errands.start([this, folder, show = std::move(show)] {
+    backgroundWork.start([this, folder, show = std::move(show)] {
         const bool isShown = show();
         return [this, folder, isShown] {
             if (!isShown) {

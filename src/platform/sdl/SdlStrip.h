@@ -2,7 +2,7 @@
 // The strip in the window: the mouse that points, messages, and wishes that need the desktop.
 #pragma once
 
-#include "Errands.h"
+#include "BackgroundWork.h"
 #include "Host.h"
 #include "HostMessage.h"
 #include "KeyRules.h"
@@ -23,7 +23,7 @@ public:
     /// @param folders  where sounds lie; not owned
     /// @param nowMs    the host's clock
     /// @param wake     wakes the event thread for deliver(); called on other threads
-    SdlStrip(const HostFolders& folders, Clock nowMs, Errands::Wake wake = {});
+    SdlStrip(const HostFolders& folders, Clock nowMs, BackgroundWork::Wake wake = {});
 
     Strip& strip() { return row; }
 
@@ -42,7 +42,7 @@ public:
     void tellPicture(const std::string& path);
 
     /// Tells the user if a program of the desktop could not be started.
-    void deliver() { errands.deliver(); }
+    void deliver() { backgroundWork.deliver(); }
 
     /// Updates the strip from the program and the folder of sounds, and tells messages that have
     /// waited.
@@ -69,7 +69,7 @@ private:
 
     const HostFolders& folders;
     Clock nowMs;
-    Errands errands;
+    BackgroundWork backgroundWork;
     Strip row;
     std::vector<HostMessage> waiting;
 };

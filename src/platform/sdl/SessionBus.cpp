@@ -41,9 +41,9 @@ SessionBus::Message SessionBus::newCall(const Method& method) {
         dbus_message_new_method_call(method.service, method.object, method.interface, method.name));
 }
 
-SessionBus::Message SessionBus::call(DBusMessage& message, int patienceMs) const {
+SessionBus::Message SessionBus::call(DBusMessage& message, int maxWaitMs) const {
     return Message(
-        dbus_connection_send_with_reply_and_block(connection.get(), &message, patienceMs, nullptr));
+        dbus_connection_send_with_reply_and_block(connection.get(), &message, maxWaitMs, nullptr));
 }
 
 std::string SessionBus::carried(const std::string& text) {

@@ -39,11 +39,11 @@ public:
     static Message newCall(const Method& method);
 
     /// How long to wait for a reply: a desktop may start the service only now.
-    static constexpr int kPatienceMs = 25000;
+    static constexpr int kMaxWaitMs = 25000;
 
     /// Waits for the reply.
     /// @returns null if there is no such service, it returned an error, or it took longer
-    Message call(DBusMessage& message, int patienceMs = kPatienceMs) const;
+    Message call(DBusMessage& message, int maxWaitMs = kMaxWaitMs) const;
 
     /// The text with a question mark in the place of each byte that a bus does not carry.
     static std::string carried(const std::string& text);

@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int kWaiting = 8;            // length of the queue of starts that are not served yet
-constexpr timeval kPatience = {5, 0};  // with a program on the other side that does not send
+constexpr timeval kMaxWait = {5, 0};   // with a program on the other side that does not send
 constexpr size_t kLongest = PATH_MAX;  // bytes of a file's path
 constexpr char kTaken = 'k';
 
@@ -48,12 +48,12 @@ bool isOfThisUser(int socket) {
 }
 
 void limitWaiting(int socket) {
-    ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-    ::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &kPatience, sizeof kPatience);
+    ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &kMaxWait, sizeof kMaxWait);
+    ::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &kMaxWait, sizeof kMaxWait);
 }
 
 /// Reads everything that the other side sends until it closes. False if that is more than kLongest
-/// bytes, or if nothing comes for kPatience.
+/// bytes, or if nothing comes for kMaxWait.
 bool readAll(int socket, std::string& text) {
     std::array<char, 512> bytes{};
     for (;;) {

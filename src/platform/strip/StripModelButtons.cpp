@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// StripModel's buttons: where they stand, what they wish, which of them can be used now.
+// StripModel's buttons: where each is, what a tap on it asks for, and if it can be used now.
 #include "HostWords.h"
 #include "StripLayout.h"
 #include "StripModel.h"

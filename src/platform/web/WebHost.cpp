@@ -259,7 +259,7 @@ void WebHost::leave() {
     }
     tasks.emplace_back([this](HostListener& listener) {
         row.strip().takeTouchAway();
-        return finger.letGo(listener);
+        return finger.cancelDown(listener);
     });
     const bool wasRecording = isOn(ScreenNames::kRecording);
     tasks.emplace_back(

@@ -95,36 +95,36 @@ void WebHost::volumeKey(bool up) {
 
 bool WebHost::keyNamed(const std::string& name) {
     const KeyPress press = pressOf(name);
-    const KeyDeed deed = KeyRules::deedOf(press, doors, row.strip().canClose());
+    const KeyAction action = KeyRules::actionOf(press, doors, row.strip().canClose());
     HostKey ofPhone = HostKey::kMiddle;
-    const bool isBrowsers = deed.kind == KeyDeed::Kind::kExport;
-    if (row.coversPicture() && KeyRules::closesSheet(deed) && !isBrowsers &&
+    const bool isBrowsers = action.kind == KeyAction::Kind::kExport;
+    if (row.coversPicture() && KeyRules::closesSheet(action) && !isBrowsers &&
         !KeyRules::isOfPhone(press, ofPhone)) {
         row.close();
     }
-    switch (deed.kind) {
-    case KeyDeed::Kind::kNavigate:
-        navigate(deed.key);
+    switch (action.kind) {
+    case KeyAction::Kind::kNavigate:
+        navigate(action.key);
         break;
-    case KeyDeed::Kind::kVolumeUp:
-    case KeyDeed::Kind::kVolumeDown:
-        volumeKey(deed.kind == KeyDeed::Kind::kVolumeUp);
+    case KeyAction::Kind::kVolumeUp:
+    case KeyAction::Kind::kVolumeDown:
+        volumeKey(action.kind == KeyAction::Kind::kVolumeUp);
         break;
-    case KeyDeed::Kind::kRecord:
+    case KeyAction::Kind::kRecord:
         walk.toRecording();
         break;
-    case KeyDeed::Kind::kBringBack:
+    case KeyAction::Kind::kBringBack:
         bringLastTakeBack();
         break;
-    case KeyDeed::Kind::kClose:
+    case KeyAction::Kind::kClose:
         row.close();
         break;
-    case KeyDeed::Kind::kEffect:
-    case KeyDeed::Kind::kSave:
-    case KeyDeed::Kind::kOpen:
-    case KeyDeed::Kind::kMicrophones:
-    case KeyDeed::Kind::kAction:
-    case KeyDeed::Kind::kHelp:
+    case KeyAction::Kind::kEffect:
+    case KeyAction::Kind::kSave:
+    case KeyAction::Kind::kOpen:
+    case KeyAction::Kind::kMicrophones:
+    case KeyAction::Kind::kAction:
+    case KeyAction::Kind::kHelp:
         stripKey(static_cast<StripKey>(press.character));
         break;
     default:

@@ -8,29 +8,29 @@
 
 #include <gtest/gtest.h>
 
-using Kind = KeyDeed::Kind;
+using Kind = KeyAction::Kind;
 using Means = ScreenTexts::Means;
 using Name = KeyPress::Name;
 
 namespace {
 
 constexpr Means kNoKey = FakeDoors::kNoKey;
-constexpr KeyDeed kNothing = {};
+constexpr KeyAction kNothing = {};
 
-KeyDeed navigation(HostKey key) {
+KeyAction navigation(HostKey key) {
     return {Kind::kNavigate, key};
 }
 
 class KeyRulesTest : public testing::Test {
 protected:
-    KeyDeed named(Name name) { return KeyRules::deedOf({name}, &doors); }
+    KeyAction named(Name name) { return KeyRules::actionOf({name}, &doors); }
 
-    KeyDeed typed(char character) {
-        return KeyRules::deedOf({Name::kCharacter, character}, &doors);
+    KeyAction typed(char character) {
+        return KeyRules::actionOf({Name::kCharacter, character}, &doors);
     }
 
-    KeyDeed withControl(char character) {
-        return KeyRules::deedOf({Name::kCharacter, character, true}, &doors);
+    KeyAction withControl(char character) {
+        return KeyRules::actionOf({Name::kCharacter, character, true}, &doors);
     }
 
     FakeDoors doors;
@@ -51,18 +51,19 @@ TEST_F(KeyRulesTest, thePhonesKeys) {
 }
 
 TEST_F(KeyRulesTest, theVolume) {
-    EXPECT_EQ(KeyDeed{Kind::kVolumeUp}, typed('+'));
-    EXPECT_EQ(KeyDeed{Kind::kVolumeUp}, typed('='));
-    EXPECT_EQ(KeyDeed{Kind::kVolumeUp}, named(Name::kVolumeUp));
-    EXPECT_EQ(KeyDeed{Kind::kVolumeDown}, typed('-'));
-    EXPECT_EQ(KeyDeed{Kind::kVolumeDown}, named(Name::kVolumeDown));
+    EXPECT_EQ(KeyAction{Kind::kVolumeUp}, typed('+'));
+    EXPECT_EQ(KeyAction{Kind::kVolumeUp}, typed('='));
+    EXPECT_EQ(KeyAction{Kind::kVolumeUp}, named(Name::kVolumeUp));
+    EXPECT_EQ(KeyAction{Kind::kVolumeDown}, typed('-'));
+    EXPECT_EQ(KeyAction{Kind::kVolumeDown}, named(Name::kVolumeDown));
 }
 
 TEST_F(KeyRulesTest, digitsAreEffects) {
     static_assert(StripModel::kEffects == FxCatalogue::kCount, "one head for each effect");
     static_assert(FxCatalogue::kCount < 10, "one digit for each effect");
     for (int32_t i = 0; i < FxCatalogue::kCount; i++) {
-        EXPECT_EQ((KeyDeed{Kind::kEffect, HostKey::kMiddle, i}), typed(static_cast<char>('1' + i)));
+        EXPECT_EQ((KeyAction{Kind::kEffect, HostKey::kMiddle, i}),
+                  typed(static_cast<char>('1' + i)));
     }
     EXPECT_EQ(kNothing, typed('0'));
     for (char digit = '1' + FxCatalogue::kCount; digit <= '9'; digit++) {
@@ -71,40 +72,41 @@ TEST_F(KeyRulesTest, digitsAreEffects) {
 }
 
 TEST_F(KeyRulesTest, lettersOfTheStrip) {
-    EXPECT_EQ(KeyDeed{Kind::kSave}, typed('s'));
-    EXPECT_EQ(KeyDeed{Kind::kOpen}, typed('o'));
-    EXPECT_EQ(KeyDeed{Kind::kMicrophones}, typed('m'));
-    EXPECT_EQ(KeyDeed{Kind::kHelp}, typed('?'));
-    EXPECT_EQ(KeyDeed{Kind::kAction}, typed('a'));
+    EXPECT_EQ(KeyAction{Kind::kSave}, typed('s'));
+    EXPECT_EQ(KeyAction{Kind::kOpen}, typed('o'));
+    EXPECT_EQ(KeyAction{Kind::kMicrophones}, typed('m'));
+    EXPECT_EQ(KeyAction{Kind::kHelp}, typed('?'));
+    EXPECT_EQ(KeyAction{Kind::kAction}, typed('a'));
     EXPECT_EQ(kNothing, typed('x'));
 }
 
 TEST_F(KeyRulesTest, keysOfTheWindow) {
-    EXPECT_EQ(KeyDeed{Kind::kQuit}, withControl('q'));
-    EXPECT_EQ(KeyDeed{Kind::kQuit}, withControl('w'));
-    EXPECT_EQ(KeyDeed{Kind::kUsualSize}, withControl('0'));
-    EXPECT_EQ(KeyDeed{Kind::kLarger}, withControl('+'));
-    EXPECT_EQ(KeyDeed{Kind::kLarger}, withControl('='));
-    EXPECT_EQ(KeyDeed{Kind::kSmaller}, withControl('-'));
-    EXPECT_EQ(KeyDeed{Kind::kFullScreen}, named(Name::kF11));
-    EXPECT_EQ(KeyDeed{Kind::kFullScreen}, KeyRules::deedOf({Name::kEnter, 0, false, true}, &doors));
+    EXPECT_EQ(KeyAction{Kind::kQuit}, withControl('q'));
+    EXPECT_EQ(KeyAction{Kind::kQuit}, withControl('w'));
+    EXPECT_EQ(KeyAction{Kind::kUsualSize}, withControl('0'));
+    EXPECT_EQ(KeyAction{Kind::kLarger}, withControl('+'));
+    EXPECT_EQ(KeyAction{Kind::kLarger}, withControl('='));
+    EXPECT_EQ(KeyAction{Kind::kSmaller}, withControl('-'));
+    EXPECT_EQ(KeyAction{Kind::kFullScreen}, named(Name::kF11));
+    EXPECT_EQ(KeyAction{Kind::kFullScreen},
+              KeyRules::actionOf({Name::kEnter, 0, false, true}, &doors));
 }
 
 TEST_F(KeyRulesTest, otherCombinationsAreNothing) {
     EXPECT_EQ(kNothing, withControl('r'));
     EXPECT_EQ(kNothing, withControl('1'));
-    EXPECT_EQ(kNothing, KeyRules::deedOf({Name::kRight, 0, true}, &doors));
-    EXPECT_EQ(kNothing, KeyRules::deedOf({Name::kCharacter, 'q', true, true}, &doors));
-    EXPECT_EQ(kNothing, KeyRules::deedOf({Name::kEscape, 0, false, true}, &doors));
+    EXPECT_EQ(kNothing, KeyRules::actionOf({Name::kRight, 0, true}, &doors));
+    EXPECT_EQ(kNothing, KeyRules::actionOf({Name::kCharacter, 'q', true, true}, &doors));
+    EXPECT_EQ(kNothing, KeyRules::actionOf({Name::kEscape, 0, false, true}, &doors));
 }
 
 TEST_F(KeyRulesTest, rRecordsAndStops) {
     doors.show("Play", Means::kOther, Means::kPlay, Means::kQuit);
-    EXPECT_EQ(KeyDeed{Kind::kRecord}, typed('r'));
+    EXPECT_EQ(KeyAction{Kind::kRecord}, typed('r'));
     doors.show("Recording", kNoKey, Means::kStop, kNoKey);
     EXPECT_EQ(navigation(HostKey::kMiddle), typed('r'));
     doors.show("Playing", kNoKey, Means::kStop, kNoKey);
-    EXPECT_EQ(KeyDeed{Kind::kRecord}, typed('r'));
+    EXPECT_EQ(KeyAction{Kind::kRecord}, typed('r'));
 }
 
 TEST_F(KeyRulesTest, pPlaysAndStops) {
@@ -150,26 +152,26 @@ TEST_F(KeyRulesTest, escapeNeverEndsTheProgram) {
     EXPECT_EQ(kNothing, named(Name::kEscape));
     doors.show("Splash", kNoKey, kNoKey, kNoKey);
     EXPECT_EQ(kNothing, named(Name::kEscape));
-    EXPECT_EQ(kNothing, KeyRules::deedOf({Name::kEscape}, nullptr));
+    EXPECT_EQ(kNothing, KeyRules::actionOf({Name::kEscape}, nullptr));
 }
 
 TEST_F(KeyRulesTest, filesAndPictures) {
-    EXPECT_EQ(KeyDeed{Kind::kSave}, withControl('s'));
-    EXPECT_EQ(KeyDeed{Kind::kExport},
-              KeyRules::deedOf({Name::kCharacter, 's', true, false, true}, &doors));
-    EXPECT_EQ(KeyDeed{Kind::kOpen}, withControl('o'));
-    EXPECT_EQ(KeyDeed{Kind::kBringBack}, withControl('z'));
-    EXPECT_EQ(KeyDeed{Kind::kPicture}, named(Name::kF12));
+    EXPECT_EQ(KeyAction{Kind::kSave}, withControl('s'));
+    EXPECT_EQ(KeyAction{Kind::kExport},
+              KeyRules::actionOf({Name::kCharacter, 's', true, false, true}, &doors));
+    EXPECT_EQ(KeyAction{Kind::kOpen}, withControl('o'));
+    EXPECT_EQ(KeyAction{Kind::kBringBack}, withControl('z'));
+    EXPECT_EQ(KeyAction{Kind::kPicture}, named(Name::kF12));
 }
 
 TEST_F(KeyRulesTest, escapeClosesFirstWhatCanBeClosed) {
-    EXPECT_EQ(KeyDeed{Kind::kClose}, KeyRules::deedOf({Name::kEscape}, &doors, true));
-    EXPECT_EQ(KeyDeed{Kind::kClose}, KeyRules::deedOf({Name::kEscape}, nullptr, true));
-    EXPECT_EQ(KeyDeed{Kind::kHelp}, KeyRules::deedOf({Name::kCharacter, '?'}, &doors, true));
+    EXPECT_EQ(KeyAction{Kind::kClose}, KeyRules::actionOf({Name::kEscape}, &doors, true));
+    EXPECT_EQ(KeyAction{Kind::kClose}, KeyRules::actionOf({Name::kEscape}, nullptr, true));
+    EXPECT_EQ(KeyAction{Kind::kHelp}, KeyRules::actionOf({Name::kCharacter, '?'}, &doors, true));
 }
 
 TEST(KeyRules, deedsThatChangeThePictureBelowASheetCloseItFirst) {
-    using Kind = KeyDeed::Kind;
+    using Kind = KeyAction::Kind;
     for (const Kind kind : {Kind::kNavigate, Kind::kRecord, Kind::kExport, Kind::kBringBack}) {
         EXPECT_TRUE(KeyRules::closesSheet({kind}));
     }

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int32_t kPatienceMs = 30000;  // on a machine that has much to do
+constexpr int32_t kMaxWaitMs = 30000;  // on a machine that has much to do
 
 class FileManagerTest : public ::testing::Test {
 protected:
@@ -39,7 +39,7 @@ protected:
 
     /// Waits until it has written, and returns that.
     std::string shown() {
-        for (int32_t waited = 0; waited < kPatienceMs && !folders.has("shown"); waited += 10) {
+        for (int32_t waited = 0; waited < kMaxWaitMs && !folders.has("shown"); waited += 10) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }
         return folders.read("shown");

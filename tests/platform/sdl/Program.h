@@ -20,11 +20,11 @@ public:
     void send(int signal) const;
 
     /// How long a test waits for things that take a moment, on a busy machine.
-    static constexpr int64_t kPatienceMs = 60000;
+    static constexpr int64_t kMaxWaitMs = 60000;
 
     /// Waits for its end. Returns its exit status, 128 + signal if a signal has ended it, or -1 if
     /// it was killed after maxMs.
-    int waitForEnd(int64_t maxMs = kPatienceMs);
+    int waitForEnd(int64_t maxMs = kMaxWaitMs);
 
     /// From /proc, for all its threads together: processor time in ticks of 10 ms, and how often it
     /// went to sleep.

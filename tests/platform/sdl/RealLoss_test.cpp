@@ -24,7 +24,7 @@ using Samples = TestSounds::Samples;
 
 namespace {
 
-constexpr int64_t kPatienceMs = 20000;
+constexpr int64_t kMaxWaitMs = 20000;
 
 int64_t nowMs() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -32,8 +32,8 @@ int64_t nowMs() {
         .count();
 }
 
-bool until(const std::function<bool()>& happened, int64_t patienceMs = kPatienceMs) {
-    const int64_t endMs = nowMs() + patienceMs;
+bool until(const std::function<bool()>& happened, int64_t maxWaitMs = kMaxWaitMs) {
+    const int64_t endMs = nowMs() + maxWaitMs;
     while (!happened() && nowMs() < endMs) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
@@ -151,7 +151,7 @@ protected:
     void TearDown() override { Host::install(nullptr); }
 
     bool runUntil(const std::function<bool()>& happened) {
-        const int64_t endMs = nowMs() + kPatienceMs;
+        const int64_t endMs = nowMs() + kMaxWaitMs;
         while (!happened() && nowMs() < endMs) {
             host->pump(ignores, 20);
         }
@@ -213,7 +213,7 @@ protected:
         const auto isWhole = [&] { return sound(name).find("IEND") != std::string::npos; };
         for (int32_t i = 0; i < 5 && !isWhole(); i++) {  // the window may not be there yet
             key("F12");
-            until(isWhole, kPatienceMs);
+            until(isWhole, kMaxWaitMs);
         }
         return sound(name);
     }
@@ -312,7 +312,7 @@ protected:
     }
 
     bool runUntil(const std::function<bool()>& happened) {
-        const int64_t endMs = nowMs() + 2 * kPatienceMs;
+        const int64_t endMs = nowMs() + 2 * kMaxWaitMs;
         while (!happened() && nowMs() < endMs) {
             host->pump(ignores, 20);
         }

@@ -92,7 +92,7 @@ protected:
     bool hasPicture() { return screen.pixel(kLeft + 240, kTop + 60) != 0; }
 
     static bool until(const std::function<bool()>& happened) {
-        const int64_t endUs = nowUs() + Program::kPatienceMs * 1000;
+        const int64_t endUs = nowUs() + Program::kMaxWaitMs * 1000;
         while (!happened() && nowUs() < endUs) {
             std::this_thread::sleep_for(std::chrono::microseconds(500));  // let the others work
         }

@@ -30,7 +30,7 @@ using Samples = TestSounds::Samples;
 namespace {
 
 constexpr int32_t kEarHz = 8000;
-constexpr int64_t kPatienceMs = Program::kPatienceMs;
+constexpr int64_t kMaxWaitMs = Program::kMaxWaitMs;
 
 // A device that blocks the program would do so until its server continues.
 constexpr int64_t kHeldUpMs = 10000;
@@ -132,7 +132,7 @@ protected:
         Program ear({"parec", "--device=spk.monitor", "--rate=8000", "--channels=1",
                      "--format=s16le", "--raw", "--latency-msec=20"},
                     folders.path("heard.raw"));
-        EXPECT_TRUE(runUntil([this] { return heardBytes() > 0; }, kPatienceMs));
+        EXPECT_TRUE(runUntil([this] { return heardBytes() > 0; }, kMaxWaitMs));
         startMs = host->uptimeMs();
         EXPECT_TRUE(AudioDev::startPlay(&clipPath, &endEvent));
         startTookMs = host->uptimeMs() - startMs;
@@ -174,7 +174,7 @@ TEST_F(RealSound, twentySecondsOfSpeechLoseAndDoubleNothing) {
     folders.write("voice.wav", TestSounds::wav(voice, 16000));
     ASSERT_TRUE(AudioDev::initRec(&takePath));
     ASSERT_TRUE(AudioDev::startRec());
-    ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kPatienceMs));
+    ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kMaxWaitMs));
     const double before = processorMs();
     Program speaker({"paplay", "--device=feed", folders.path("voice.wav")});
     run(21000);
@@ -194,7 +194,7 @@ TEST_F(RealSound, twentySecondsOfSpeechLoseAndDoubleNothing) {
 
 TEST_F(RealSound, aClipArrivesAtTheSpeakerAndEndsWhenItWasHeard) {
     const Samples clip = TestSounds::noise(5 * kEarHz, 9);
-    const Samples heard = hear(clip, kPatienceMs);
+    const Samples heard = hear(clip, kMaxWaitMs);
     ASSERT_TRUE(ended());
     const int64_t begin = beginningIn(heard, clip);
     const double worst = worstSecond(heard, begin, clip, kEarHz);
@@ -231,7 +231,7 @@ TEST_F(RealSound, anotherRateIsConverted) {
     folders.write("home/take.wav", TestSounds::wav(sound, 16000));
     EXPECT_TRUE(AudioDev::startPlay(&takePath, &endEvent));
     const int64_t beganMs = host->uptimeMs();
-    EXPECT_TRUE(runUntil(ended, kPatienceMs));
+    EXPECT_TRUE(runUntil(ended, kMaxWaitMs));
     EXPECT_LE(2900, host->uptimeMs() - beganMs);
 }
 
@@ -239,7 +239,7 @@ TEST_F(RealSound, recordingsAndClipsFollowOneAnother) {
     for (int32_t i = 0; i < 3; i++) {
         ASSERT_TRUE(AudioDev::initRec(&takePath)) << i;
         ASSERT_TRUE(AudioDev::startRec()) << i;
-        EXPECT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kPatienceMs)) << i;
+        EXPECT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kMaxWaitMs)) << i;
         ASSERT_TRUE(AudioDev::stopRec()) << i;
         ASSERT_TRUE(AudioDev::startPlay(&takePath, &endEvent)) << i;
         run(200);
@@ -273,7 +273,7 @@ TEST_F(RealSound, devicesAreChosenByName) {
 TEST_F(RealSound, aStalledServerHoldsNeitherStopNorWindowNorEndUp) {
     ASSERT_TRUE(AudioDev::initRec(&takePath));
     ASSERT_TRUE(AudioDev::startRec());
-    ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kPatienceMs));
+    ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kMaxWaitMs));
     SoundServer::send(SIGSTOP);
     run(1000);
     const int32_t length = AudioDev::recordLength;
@@ -293,7 +293,7 @@ TEST_F(RealSound, aClipWhoseDeviceStallsEndsByTheClock) {
     ASSERT_TRUE(AudioDev::startPlay(&clipPath, &endEvent));
     run(500);
     SoundServer::send(SIGSTOP);
-    EXPECT_TRUE(runUntil(ended, kPatienceMs));
+    EXPECT_TRUE(runUntil(ended, kMaxWaitMs));
     SoundServer::send(SIGCONT);
     EXPECT_EQ(4, AudioDev::state);
     EXPECT_TRUE(AudioDev::stopPlay());
@@ -303,7 +303,7 @@ TEST_F(RealSound, theServersDeathEndsAClipByTheClockAndKeepsATake) {
     folders.write("home/clip.wav", TestSounds::wav(TestSounds::noise(2 * kEarHz), kEarHz));
     ASSERT_TRUE(AudioDev::initRec(&takePath));
     ASSERT_TRUE(AudioDev::startRec());
-    ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kPatienceMs));
+    ASSERT_TRUE(runUntil([] { return AudioDev::recordLength > 0; }, kMaxWaitMs));
     SoundServer::send(SIGKILL);
     run(500);
     const int64_t stopMs = host->uptimeMs();
@@ -312,6 +312,6 @@ TEST_F(RealSound, theServersDeathEndsAClipByTheClockAndKeepsATake) {
     EXPECT_LE(TestSounds::kHeaderBytes + 24000, folders.read("home/take.wav").size());
     // There is no speaker any more: playing is refused, or ends without a sound.
     if (AudioDev::startPlay(&clipPath, &endEvent)) {
-        EXPECT_TRUE(runUntil(ended, kPatienceMs));
+        EXPECT_TRUE(runUntil(ended, kMaxWaitMs));
     }
 }

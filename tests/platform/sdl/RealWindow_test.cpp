@@ -103,7 +103,7 @@ protected:
 
     /// Handles events until happened() is true. False if it never is.
     bool until(const std::function<bool()>& happened) {
-        const int64_t endMs = host.uptimeMs() + Program::kPatienceMs;
+        const int64_t endMs = host.uptimeMs() + Program::kMaxWaitMs;
         while (!happened() && host.uptimeMs() < endMs) {
             host.pump(heard, 10);
         }
@@ -259,10 +259,10 @@ TEST_F(RealWindow, eachWakeByAnotherThreadIsHeard) {
         const int64_t startMs = host.uptimeMs();
         while (done < round) {
             SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
-            wait.wait(Program::kPatienceMs);
+            wait.wait(Program::kMaxWaitMs);
             wait.listen();
         }
-        lost += host.uptimeMs() >= startMs + Program::kPatienceMs ? 1 : 0;
+        lost += host.uptimeMs() >= startMs + Program::kMaxWaitMs ? 1 : 0;
     }
     other.join();
     EXPECT_EQ(0, lost);

@@ -54,7 +54,7 @@ public:
     }
 
     static bool until(const std::function<bool()>& happened) {
-        for (int64_t ms = 0; ms < Program::kPatienceMs && !happened(); ms += 10) {
+        for (int64_t ms = 0; ms < Program::kMaxWaitMs && !happened(); ms += 10) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }
         return happened();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Carries out what a key means (a KeyDeed) in the window.
+// Carries out what a key means (a KeyAction) in the window.
 #pragma once
 
 #include "KeyRules.h"
@@ -9,17 +9,17 @@ class SdlDoors;
 class SdlStrip;
 class SdlWindow;
 
-class SdlDeeds {
+class SdlKeyActions {
 public:
     /// @param window, extraDoors, strip, walk  not owned
-    SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, KeyWalk& walk);
+    SdlKeyActions(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, KeyWalk& walk);
 
     /// @param doors  null: the program has ended
     /// @returns true if a callback was delivered
-    bool perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors);
+    bool perform(const KeyAction& action, HostListener& listener, HostDoors* doors);
 
 private:
-    bool onStrip(const KeyDeed& deed);
+    bool onStrip(const KeyAction& action);
 
     SdlWindow& window;
     SdlDoors& extraDoors;

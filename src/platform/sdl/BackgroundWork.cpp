@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Errands.h"
+#include "BackgroundWork.h"
 
 #include <chrono>
 #include <thread>
@@ -11,17 +11,17 @@ constexpr int64_t kLookMs = 5;
 
 }  // namespace
 
-Errands::Errands(Wake wake)
+BackgroundWork::BackgroundWork(Wake wake)
     : shared(std::make_shared<Shared>()) {
     shared->wake = std::move(wake);
 }
 
-Errands::~Errands() {
+BackgroundWork::~BackgroundWork() {
     const std::lock_guard<std::mutex> lock(shared->mutex);
     shared->wake = nullptr;
 }
 
-void Errands::start(Work work) {
+void BackgroundWork::start(Work work) {
     {
         const std::lock_guard<std::mutex> lock(shared->mutex);
         shared->pieces++;
@@ -36,7 +36,7 @@ void Errands::start(Work work) {
     }).detach();
 }
 
-bool Errands::deliver() {
+bool BackgroundWork::deliver() {
     bool delivered = false;
     while (!delivered) {
         Result result;
@@ -54,12 +54,12 @@ bool Errands::deliver() {
     return delivered;
 }
 
-bool Errands::isBusy() {
+bool BackgroundWork::isBusy() {
     const std::lock_guard<std::mutex> lock(shared->mutex);
     return shared->pieces > 0;
 }
 
-bool Errands::finish(int64_t ms) {
+bool BackgroundWork::finish(int64_t ms) {
     for (int64_t passedMs = 0; passedMs < ms && isBusy(); passedMs += kLookMs) {
         deliver();
         std::this_thread::sleep_for(std::chrono::milliseconds(kLookMs));

@@ -9,7 +9,7 @@
 #include <memory>
 #include <mutex>
 
-class Errands {
+class BackgroundWork {
 public:
     using Wake = std::function<void()>;
 
@@ -20,12 +20,12 @@ public:
     using Work = std::function<Result()>;
 
     /// @param wake  wakes the event thread; called on other threads
-    explicit Errands(Wake wake);
-    Errands(const Errands&) = delete;
-    Errands& operator=(const Errands&) = delete;
+    explicit BackgroundWork(Wake wake);
+    BackgroundWork(const BackgroundWork&) = delete;
+    BackgroundWork& operator=(const BackgroundWork&) = delete;
 
     /// Does not wait for work that still goes on; its results are dropped.
-    ~Errands();
+    ~BackgroundWork();
 
     void start(Work work);
 

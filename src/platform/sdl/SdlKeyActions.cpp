@@ -1,28 +1,31 @@
 // SPDX-License-Identifier: MIT
-#include "SdlDeeds.h"
+#include "SdlKeyActions.h"
 
 #include "SdlDoors.h"
 #include "SdlStrip.h"
 #include "SdlWindow.h"
 
-using Kind = KeyDeed::Kind;
+using Kind = KeyAction::Kind;
 
-SdlDeeds::SdlDeeds(SdlWindow& window, SdlDoors& extraDoors, SdlStrip& strip, KeyWalk& walk)
+SdlKeyActions::SdlKeyActions(SdlWindow& window,
+                             SdlDoors& extraDoors,
+                             SdlStrip& strip,
+                             KeyWalk& walk)
     : window(window)
     , extraDoors(extraDoors)
     , strip(strip)
     , walk(walk) {}
 
-bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* doors) {
-    if (KeyRules::closesSheet(deed)) {
+bool SdlKeyActions::perform(const KeyAction& action, HostListener& listener, HostDoors* doors) {
+    if (KeyRules::closesSheet(action)) {
         strip.closeSheet();
     }
-    switch (deed.kind) {
+    switch (action.kind) {
     case Kind::kNavigate:
-        return doors != nullptr && doors->navigate(deed.key);
+        return doors != nullptr && doors->navigate(action.key);
     case Kind::kVolumeUp:
     case Kind::kVolumeDown:
-        listener.onVolumeKey(deed.kind == Kind::kVolumeUp);
+        listener.onVolumeKey(action.kind == Kind::kVolumeUp);
         return true;
     case Kind::kRecord:
         walk.toRecording();
@@ -50,16 +53,16 @@ bool SdlDeeds::perform(const KeyDeed& deed, HostListener& listener, HostDoors* d
         window.changeSize(SdlWindow::Change::kUsual);
         return false;
     default:
-        return onStrip(deed);
+        return onStrip(action);
     }
 }
 
 /// Does what the strip also offers by a tap.
-bool SdlDeeds::onStrip(const KeyDeed& deed) {
-    switch (deed.kind) {
+bool SdlKeyActions::onStrip(const KeyAction& action) {
+    switch (action.kind) {
     case Kind::kEffect:
         return strip.key(
-            static_cast<StripKey>(static_cast<int32_t>(StripKey::kEffect1) + deed.effect));
+            static_cast<StripKey>(static_cast<int32_t>(StripKey::kEffect1) + action.effect));
     case Kind::kSave:
         return strip.key(StripKey::kSave);
     case Kind::kOpen:
