@@ -37,7 +37,7 @@ NAMES = {
     "it": {"Sinistra": "Left", "Destra": "Right", "Su": "Up", "Giù": "Down", "Invio": "Enter", "Spazio": "Space",
            "Esc": "Escape", "Maiusc": "Shift", "frecce": ARROWS},
 }
-RANGE = r"\b(\d) (?:to|bis|a|à|al) (\d)\b"
+RANGE = r"\b(\d)\s(?:to|bis|a|à|al)\s(\d)\b"  # the spaces may be those at which no row ends
 
 errors = []
 
