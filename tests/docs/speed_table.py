@@ -49,9 +49,31 @@ with tempfile.TemporaryDirectory() as name:
         expect(what, "the tables" if "table" in what else "the plot", differs(folder))
         path.write_text(before)
     lines = results.read_text().splitlines()
+    results.write_text("\n".join([*lines[:1], *(re.sub(r"^([^,]*,[^,]*)", r"\1+", line) for line in lines[1:]), ""]))
+    expect("changes that are not committed", r"is no commit of this branch", differs(folder))
     newest = re.sub(r"^[^,]*", "2999-12-31 00:00", "\n".join(lines[1:]), flags=re.M)
     results.write_text("\n".join([*lines, newest, ""]))
     expect("a newer run", r"(?s)the tables.*the plot", differs(folder))
+
+def refusal(folder):
+    """What "tools/bench --check" reports of a page that it cannot fill."""
+    done = subprocess.run([folder / "tools/bench", "--check"], capture_output=True, text=True, check=False)
+    return done.stderr if done.returncode == 1 else f"it ended with {done.returncode}"
+
+
+with tempfile.TemporaryDirectory() as name:
+    folder = pathlib.Path(name)
+    for part in ("tools", "bench/results", "docs"):
+        shutil.copytree(source / part, folder / part)
+    page = folder / "docs/speed.md"
+    text = page.read_text()
+    for what, pattern, wanted in (
+            ("an end between two tables", r"<!-- end -->\n", r"no line '<!-- end -->'"),
+            ("the last end", r"(?s)(.*)<!-- end -->\n", r"no line '<!-- end -->'"),
+            ("a table", r"(?s)<!-- tools/bench --table \S+ frame -->.*?<!-- end -->\n", r"not one of each")):
+        page.write_text(text)
+        change(page, pattern, r"\1" if "(.*)" in pattern else "")
+        expect(f"without {what}", wanted, refusal(folder))
 
 for line in errors:
     print(line)

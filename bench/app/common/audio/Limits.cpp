@@ -47,14 +47,16 @@ const std::vector<Filter>& filtersOf(const std::vector<int32_t>& samples) {
 
 /// A frame through its filter, as the formula reads. line begins with the outputs before.
 void filter(const float* a, const int32_t* src, float* line, int32_t* dst) {
+    float newest =
+        line[Lpc::kOrder - 1];  // not read back from memory, where each output would wait
     for (int32_t i = 0; i < kFrame; i++) {
-        float* newest = line + Lpc::kOrder + i;
+        const float* outputs = line + Lpc::kOrder + i;
         // A sixteenth of the sample is about as loud as the excitation.
-        float y = static_cast<float>(src[i] >> 4) * 0x1p-15F;
-        for (int32_t t = 1; t <= Lpc::kOrder; t++) {
-            y -= a[t] * newest[-t];
+        float y = static_cast<float>(src[i] >> 4) * 0x1p-15F - a[1] * newest;
+        for (int32_t t = 2; t <= Lpc::kOrder; t++) {
+            y -= a[t] * outputs[-t];
         }
-        *newest = y;
+        line[Lpc::kOrder + i] = newest = y;
         dst[i] = static_cast<int32_t>(y * 32767.0F);
     }
 }

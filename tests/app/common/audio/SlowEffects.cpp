@@ -12,6 +12,15 @@ namespace audio::slow {
 
 namespace {
 
+// Sums and products of samples that no recording has wrap.
+int32_t plus(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
+}
+
+int32_t times(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b));
+}
+
 int32_t truncated(double value) {
     if (std::isnan(value)) {
         return 0;
@@ -126,7 +135,7 @@ Samples lagCorrelations(const int32_t* frame) {
     for (int32_t lag = 0; lag < 85; lag++) {
         int32_t sum = 0;
         for (int32_t i = 0; i < std::min(144 - lag, 80 + 5 * lag); i++) {
-            sum += (frame[i] >> 6) * (frame[16 + lag + i] >> 6);
+            sum = plus(sum, times(frame[i] >> 6, frame[16 + lag + i] >> 6));
         }
         sums.push_back(sum);
     }
@@ -142,7 +151,7 @@ std::vector<float> autoCorrelation(const int32_t* frame) {
     for (size_t k = 0; k <= 10; k++) {
         int32_t sum = 0;
         for (size_t i = 0; i + k < 160; i++) {
-            sum += d[i] * d[i + k];
+            sum = plus(sum, times(d[i], d[i + k]));
         }
         r.push_back(static_cast<float>(sum) / 16384.0F);
     }
@@ -194,7 +203,7 @@ Pitch pitchOf(const int32_t* frame, int32_t lastPeriod) {
     int32_t best = 0;
     int32_t bestSum = std::numeric_limits<int32_t>::min();
     for (size_t lag = 1; lag <= 83; lag++) {
-        const int32_t sum = p[lag - 1] + p[lag] + p[lag + 1];
+        const int32_t sum = plus(plus(p[lag - 1], p[lag]), p[lag + 1]);
         if (p[lag] > p[lag - 1] && p[lag] > p[lag + 1] && sum > bestSum) {
             best = static_cast<int32_t>(lag);
             bestSum = sum;
@@ -261,7 +270,8 @@ Samples robot(const Samples& source, int32_t mode, int32_t seed) {
             sincePulse++;
             const int32_t hiss = rnd.nextInt(-20000, 20000);
             const int32_t v = (frame.pitch.voicing * frame.pitch.voicing) >> 10;
-            buffer[i] = ((1024 - v) * ((g * hiss) >> 10) + v * ((g * pulse) >> 10)) >> 10;
+            const int32_t quiet = times(1024 - v, times(g, hiss) >> 10);
+            buffer[i] = plus(quiet, times(v, times(g, pulse) >> 10)) >> 10;
         }
         decode(buffer, frame.a.data(), ring, offset);
         for (size_t i = 0; i < 160; i++) {
