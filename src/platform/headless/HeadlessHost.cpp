@@ -34,6 +34,9 @@ int32_t HeadlessHost::finish() {
     if (problem && verdict.isOk()) {
         verdict.fail(0, problem.sentence());
     }
+    if (frameCheck && framesToCheck > 0 && frameCheck->frames() == 0 && verdict.isOk()) {
+        verdict.fail(0, "no frame was checked");
+    }
     scriptRun.finish();
     return verdict.status();
 }
@@ -115,6 +118,7 @@ void HeadlessHost::frameShown(HostFrame* phones) {
     }
     frame = newest;
     if (phones != nullptr && doors != nullptr && frameCheck) {
+        framesToCheck++;
         const std::vector<uint16_t> canvas = doors->canvasPixels();
         if (!canvas.empty() && !frameCheck->isRight(*phones, *newest, canvas)) {
             verdict.fail(0, "frame " + std::to_string(frameCheck->frames()) +

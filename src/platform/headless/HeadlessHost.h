@@ -138,6 +138,7 @@ private:
     std::vector<uint16_t> lastPicture;  // of a deleted frame; empty before the first
     HostDoors* doors = nullptr;
     std::optional<FrameCheck> frameCheck;  // none: frames are not compared
+    int64_t framesToCheck = 0;
 
     RunVerdict verdict;
     ScriptRun scriptRun;

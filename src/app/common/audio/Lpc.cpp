@@ -18,8 +18,8 @@ constexpr int32_t kFullVoiceness = 1024;
 
 constexpr float kGainFactor = 0.33F;
 
-// The windows of lags below this one end before the frame does: they have kLeastWindow samples, and
-// kWindowPerLag more for each lag. Those of longer lags end with the frame.
+// A window has kLeastWindow samples, and kWindowPerLag more for each lag, or ends with the frame.
+// Those of lags below this one are masked one by one; those of the others end with the frame.
 constexpr int32_t kShortLags = 13;
 constexpr int32_t kLeastWindow = 80;
 constexpr int32_t kWindowPerLag = 5;
@@ -65,7 +65,7 @@ correlateLongLags(const int16_t* x, const int16_t* delayed, int32_t* __restrict 
     }
 }
 
-/// Masks that keep the first 64 - n of 64 samples, if read from place n on.
+/// Masks of kWindowRest samples: read from place n on, they keep all but the last n.
 struct Masks {
     int16_t masks[2 * kWindowRest] = {};
 
@@ -96,7 +96,8 @@ MURMELO_KERNEL void correlateLags(const int32_t* frame, int32_t* __restrict sums
         }
         sums[lag] = sum + product(x, delayed + lag, kLeastWindow);
     }
-    correlateLongLags<13, 17>(x, delayed, sums);
+    // After each 16 lags the window is one vector of 16 shorter.
+    correlateLongLags<kShortLags, 17>(x, delayed, sums);
     correlateLongLags<17, 33>(x, delayed, sums);
     correlateLongLags<33, 49>(x, delayed, sums);
     correlateLongLags<49, 65>(x, delayed, sums);
@@ -142,8 +143,6 @@ void correlateWideDifferences(const int32_t* frame, int32_t* sums) {
     }
 }
 
-constexpr int32_t kFrames = Lpc::kFiltersAtOnce;
-
 /// peaks[lag]: the sum of a lag and its neighbours if it is larger than both, else 0, which counts
 /// as no pitch. The first and the last lag have none. Returns the largest, at least 0.
 MURMELO_KERNEL int32_t findPeaks(const int32_t* correlations, int32_t* __restrict peaks) {
@@ -160,7 +159,10 @@ MURMELO_KERNEL int32_t findPeaks(const int32_t* correlations, int32_t* __restric
     return largest;
 }
 
-/// Levinson and Durbin's recursion as in Lpc::computeFilterCoeffs, for frames side by side.
+constexpr int32_t kFrames = Lpc::kFiltersAtOnce;
+
+/// Levinson and Durbin's recursion as in Lpc::computeFilterCoeffs, for frames side by side. It
+/// divides before it looks whether the divisor is 0, so that no frame needs a jump.
 MURMELO_KERNEL void
 recur(const float (*r)[kFrames], float (*__restrict a)[kFrames], float* __restrict gains) {
     float k[kFrames];

@@ -28,7 +28,8 @@ public:
     static void init();
 
     /// Analyses a frame of 160 samples into a[0..10]; LAST_PERIOD and LAST_VOICENESS tell its
-    /// pitch. Returns the gain.
+    /// pitch. Returns the gain. The robot calls the parts instead, with computeFilters() and
+    /// isFaint() in place of the slower ones.
     static float encode(const int32_t* frame, float* a);
 
     /// Writes the autocorrelation of the samples' first difference to r[0..10], one value a lag.

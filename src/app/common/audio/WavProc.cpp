@@ -131,10 +131,7 @@ int32_t* WavProc::getResult() {
 void WavProc::cleanUp() {
     lastProgress = kIdle;
     doCleanup();
-    SampleKeep::giveBack(source);
-    source = nullptr;
-    result.reset();
-    laterCount = kNoResult;
+    dropRun();
 }
 
 void WavProc::exc(const char* /*message*/) {

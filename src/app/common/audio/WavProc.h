@@ -43,7 +43,8 @@ public:
     /// it); null if there is none.
     virtual int32_t* getResult();
 
-    /// Sets up the buffers and every field of a run; the result is made here.
+    /// Sets up the buffers and every field of a run, and makes the result or, by newResultLater(),
+    /// says how long it will be.
     virtual void doInit() = 0;
 
     /// Does one slice and returns the new progress. Also called after an error has cleaned the

@@ -150,7 +150,9 @@ int32_t WpRobot::analyseFrame() {
     return kHalfway;
 }
 
-// Works out the filters of the newest frames, whose correlations are known.
+// Works out the filters of the newest frames, whose correlations are known. If they are fewer than
+// kFiltersAtOnce, the other places hold correlations of earlier frames, and their filters are
+// dropped.
 void WpRobot::setFilters(Frame* newest, int32_t count) {
     float filters[Lpc::kCoefficients][Lpc::kFiltersAtOnce];
     float gains[Lpc::kFiltersAtOnce];

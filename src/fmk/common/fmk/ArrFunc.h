@@ -4,9 +4,8 @@
 //
 // Low 24 bits of the header: element count. Bit 24: the elements are counted arrays themselves.
 // Element 0 is aligned to 16 bytes; the padding that this needs lies before the header, never
-// between it and element 0. The memory is zero-filled,
-// unless a function says otherwise. The creator of an array frees it with
-// deleteArrFunc.
+// between it and element 0. The memory is zero-filled, unless a function says otherwise. The
+// creator of an array frees it with deleteArrFunc.
 #pragma once
 
 #include <cassert>
@@ -75,6 +74,7 @@ T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = _
 template <typename T>
 T* newArrayToFill(int32_t count) {
     assert(count >= 0 && count <= kMaxArrayLength);
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer, where pointers are the elements
     constexpr auto kElemSize = static_cast<int32_t>(sizeof(T));
     return static_cast<T*>(newArrFuncToFill(count * kElemSize, kElemSize));
 }
