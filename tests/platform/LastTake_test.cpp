@@ -281,6 +281,17 @@ TEST_F(LastTakeTest, theNewestOfTwoThatAreWrittenStays) {
     EXPECT_EQ(TestSounds::noise(20, 9), broughtBack());
 }
 
+TEST_F(LastTakeTest, aTakeIsPendingUntilItsOwnSync) {
+    EXPECT_FALSE(last.isPending());
+    EXPECT_EQ("", last.write(voice));
+    EXPECT_TRUE(last.isPending());
+    EXPECT_EQ("", last.syncToDisk());
+    EXPECT_FALSE(last.isPending());
+    EXPECT_EQ("", last.write(voice));
+    EXPECT_EQ("", last.forget());
+    EXPECT_FALSE(last.isPending());
+}
+
 TEST_F(LastTakeTest, aPipeInItsPlaceIsMovedAsideAndNeverWaitedFor) {
     folders.makeFolder("state/murmelo");
     ASSERT_EQ(0, mkfifo((stateFolder() + "/last-take.wav").c_str(), 0600));

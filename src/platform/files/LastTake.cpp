@@ -244,23 +244,29 @@ Problem LastTake::syncToDisk() const {
         return Problem::none();  // synced already, or deleted by forget()
     }
     const bool isOnDisk = SafeFile::sync(file);
-    Problem problem = isOnDisk ? Problem::none() : notKept();
+    const int error = errno;
     const std::string target = SafeFile::realTarget(path);
+    Problem problem = Problem::none();
     bool isRenamed = false;
     {
         const std::lock_guard<std::mutex> lock(shared->mutex);
-        const bool isNewest = hasName(file, newPath);
-        if (isNewest && isOnDisk) {
+        if (!hasName(file, newPath)) {
+            ::close(file);
+            return Problem::none();  // a newer take has taken its place
+        }
+        errno = error;
+        if (isOnDisk) {
             makeWay(target);
             isRenamed = SafeFile::over(newPath, target);
-            problem = isRenamed ? Problem::none() : notKept();
         }
-        if (isNewest && problem) {
+        if (isRenamed) {
+            if (!shared->isWaiting) {
+                shared->samples.clear();
+            }
+        } else {
+            problem = notKept();
             ::unlink(newPath.c_str());
             shared->isWaiting = !shared->samples.empty();
-        }
-        if (isRenamed && !shared->isWaiting) {
-            shared->samples.clear();
         }
     }
     ::close(file);
@@ -268,6 +274,10 @@ Problem LastTake::syncToDisk() const {
         problem = notKept();
     }
     return problem;
+}
+
+bool LastTake::isPending() const {
+    return !newPath.empty() && ::access(newPath.c_str(), F_OK) == 0;
 }
 
 bool LastTake::syncFolders(const std::string& target) const {

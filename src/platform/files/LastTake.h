@@ -39,6 +39,9 @@ public:
     /// @returns as keep()
     Problem syncToDisk() const;
 
+    /// True if a take is written and not synced yet.
+    bool isPending() const;
+
     /// True if a full disk was the reason why waiting() could not be kept.
     bool isDiskFull() const;
 

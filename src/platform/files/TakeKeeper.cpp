@@ -73,7 +73,7 @@ void TakeKeeper::end() {
 
 void TakeKeeper::synced(const Problem& problem) {
     refused(problem);
-    if (!problem) {
+    if (!problem && !last.isPending()) {  // else it was the sync of an earlier take
         tellWhatFits();
     }
 }

@@ -1,16 +1,30 @@
 // SPDX-License-Identifier: MIT
-// The program's own reasons, which follow a colon in a message. The English text is the one that
-// the code gives as the reason; HostWords::reason() finds the others by it. The system's reasons
-// come from the system, in its language.
+// Reasons, which follow a colon in a message. The English text is the one that the code gives as
+// the reason, or the system for an error (strerror, in English because the program sets no locale);
+// HostWords::reason() finds the others by it.
 #include "HostWordTables.h"
 
 namespace {
 
 // clang-format off
 constexpr HostWords::Row kRows[] = {
-    {"whyFolder", "it is a folder", "Es ist ein Ordner", "es una carpeta", "c’est un dossier", "è una cartella"},
-    {"whyPipe", "it is a pipe", "Es ist eine Pipe", "es una tubería", "c’est un tube", "è una pipe"},
-    {"whyDevice", "it is a device", "Es ist ein Gerät", "es un dispositivo", "c’est un périphérique", "è un dispositivo"},
+    {"whyAccess", "Permission denied", "Der Zugriff ist nicht erlaubt", "acceso denegado", "accès refusé", "accesso negato"},
+    {"whyMissing", "No such file or directory", "Das gibt es nicht", "no existe", "cela n’existe pas", "non esiste"},
+    {"whyFull", "No space left on device", "Der Datenträger ist voll", "el disco está lleno", "le disque est plein", "il disco è pieno"},
+    {"whyQuota", "Disk quota exceeded", "Das Kontingent ist aufgebraucht", "se ha superado la cuota de disco", "le quota du disque est dépassé", "la quota del disco è superata"},
+    {"whyTooLarge", "File too large", "Die Datei ist zu groß", "el archivo es demasiado grande", "le fichier est trop grand", "il file è troppo grande"},
+    {"whyInputOutput", "Input/output error", "Der Datenträger meldet einen Fehler", "el disco comunica un error", "le disque signale une erreur", "il disco segnala un errore"},
+    {"whyReadOnly", "Read-only file system", "Der Datenträger kann nicht beschrieben werden", "el disco es de solo lectura", "le disque est en lecture seule", "il disco è di sola lettura"},
+    {"whyBusy", "Device or resource busy", "Das Gerät ist belegt", "el dispositivo está ocupado", "l’appareil est occupé", "il dispositivo è occupato"},
+    {"whyRefused", "Connection refused", "Der Server nimmt keine Verbindung an", "el servidor no acepta conexiones", "le serveur refuse la connexion", "il server rifiuta la connessione"},
+    {"whyNameTooLong", "File name too long", "Der Name ist zu lang", "el nombre es demasiado largo", "le nom est trop long", "il nome è troppo lungo"},
+    {"whyNotFolder", "Not a directory", "Das ist kein Ordner", "no es una carpeta", "ce n’est pas un dossier", "non è una cartella"},
+    {"whyIsFolder", "Is a directory", "Das ist ein Ordner", "es una carpeta", "c’est un dossier", "è una cartella"},
+    {"whyManyFiles", "Too many open files", "Zu viele Dateien sind offen", "hay demasiados archivos abiertos", "trop de fichiers sont ouverts", "troppi file sono aperti"},
+    {"whyMemory", "Cannot allocate memory", "Der Speicher reicht nicht", "no hay memoria suficiente", "la mémoire ne suffit pas", "la memoria non basta"},
+    {"whyFolder", "it is a folder", "Das ist ein Ordner", "es una carpeta", "c’est un dossier", "è una cartella"},
+    {"whyPipe", "it is a pipe", "Das ist eine Pipe", "es una tubería", "c’est un tube", "è una pipe"},
+    {"whyDevice", "it is a device", "Das ist ein Gerät", "es un dispositivo", "c’est un périphérique", "è un dispositivo"},
     {"whyElsewhere",
      "it lies on another computer",
      "Sie liegt auf einem anderen Computer",
@@ -19,7 +33,7 @@ constexpr HostWords::Row kRows[] = {
      "si trova su un altro computer"},
     {"whyNoAddress",
      "it is not the address of a file",
-     "Es ist nicht die Adresse einer Datei",
+     "Das ist nicht die Adresse einer Datei",
      "no es la dirección de un archivo",
      "ce n’est pas l’adresse d’un fichier",
      "non è l’indirizzo di un file"},

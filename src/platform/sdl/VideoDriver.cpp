@@ -46,7 +46,8 @@ bool isChosen() {
 /// True if SDL will try X11 first: it does where DISPLAY is set, unless the user has named another
 /// driver.
 bool comesToX11() {
-    return isChosen() ? SDL_strcmp(std::getenv("SDL_VIDEODRIVER"), "x11") == 0 : isSet("DISPLAY");
+    const char* chosen = std::getenv("SDL_VIDEODRIVER");
+    return isChosen() && chosen != nullptr ? SDL_strcmp(chosen, "x11") == 0 : isSet("DISPLAY");
 }
 
 /// Without a display SDL would choose a driver that shows nothing, and the program would run

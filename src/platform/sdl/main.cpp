@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <chrono>
 #include <CLI/CLI.hpp>
-#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -202,7 +201,6 @@ void keepFreedMemory() {
 // NOLINTNEXTLINE(bugprone-exception-escape): out of memory ends the program, here as anywhere
 int main(int argc, char** argv) {
     keepFreedMemory();
-    std::setlocale(LC_MESSAGES, "");  // reasons of the system in the user's language
     std::string home;
     std::string config;
     SdlOptions options;

@@ -195,8 +195,8 @@ void paintSheetRows(StripBrush& brush, BitMapFont* font, const std::vector<std::
 }
 
 void copy565(AppImage& image, uint16_t* rgb565, int32_t strideBytes) {
-    const int32_t stride = strideBytes / static_cast<int32_t>(sizeof(uint16_t));
-    for (int32_t y = 0; y < image.h; y++) {
+    const ptrdiff_t stride = strideBytes / static_cast<int32_t>(sizeof(uint16_t));
+    for (ptrdiff_t y = 0; y < image.h; y++) {
         Rgb565::storeRow(rgb565 + y * stride, image.pixels.get() + y * image.w, image.w);
     }
 }

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 namespace {
 
@@ -27,6 +29,20 @@ TEST(HostMessage, theProgramsOwnReasonsAreTranslatedAndNothingElse) {
               (HostMessage{"notASound", {"Save", "Device busy"}}.text("en")));
     EXPECT_EQ("Save ist keine Tondatei: Device busy",
               (HostMessage{"notASound", {"Save", "Device busy"}}.text("de")));
+}
+
+TEST(HostMessage, reasonsOfTheSystemAreInTheLanguageOfTheProgram) {
+    for (const int error : {EACCES, ENOENT, ENOSPC, EDQUOT, EFBIG, EIO, EROFS, EBUSY, ENAMETOOLONG,
+                            ECONNREFUSED, ENOTDIR, EISDIR, EMFILE, ENOMEM}) {
+        const HostMessage other{"notASound", {"a.wav", std::strerror(error)}};
+        EXPECT_NE(std::string::npos, other.text("en").find(std::strerror(error)));
+        for (const char* language : {"de", "es", "fr", "it"}) {
+            EXPECT_EQ(std::string::npos, other.text(language).find(std::strerror(error)))
+                << language << ": " << other.text(language);
+        }
+    }
+    EXPECT_EQ("a.wav ist keine Tondatei: Der Datenträger ist voll",
+              (HostMessage{"notASound", {"a.wav", std::strerror(ENOSPC)}}.text("de")));
 }
 
 TEST(HostMessage, partsStandWhereTheLanguageWantsThem) {

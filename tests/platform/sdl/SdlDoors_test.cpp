@@ -240,7 +240,7 @@ TEST_F(SdlDoorsTest, ofSeveralFilesDroppedTogetherTheFirstCounts) {
     folders.write("two.wav", TestSounds::wav(TestSounds::noise(1600, 2), 16000));
     for (int32_t times = 0; times < 2; times++) {
         drop({folders.path("one.wav"), folders.path("two.wav"), folders.path("three.wav")});
-        EXPECT_EQ("Only one.wav is used: one file at a time.\n", error());
+        EXPECT_EQ("Of several files only the first counts: one.wav\n", error());
         EXPECT_TRUE(delivered());
         EXPECT_EQ(voice, std::exchange(program.taken, {}));
         EXPECT_FALSE(doors.isBusy());

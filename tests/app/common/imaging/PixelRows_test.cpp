@@ -47,7 +47,7 @@ void expectSame(const Operation& operation, Pixels& dst, Pixels& src, const Pixe
             operation({single.data() + at, 1, block.srcRow(y) + x, 1, 1, 1});
         }
     }
-    const Pixels before = src;
+    const Pixels before(src.begin(), src.end());
     operation(block);
     ASSERT_EQ(single, dst);
     ASSERT_EQ(before, src);

@@ -67,7 +67,7 @@ public:
     static bool isGlued(const std::string& word) {
         const size_t blank = word.find("\u00a0");
         return blank != std::string::npos &&
-               std::isalpha(static_cast<unsigned char>(word[blank + 2]));
+               std::isalpha(static_cast<unsigned char>(word[blank + 2])) != 0;
     }
 
     /// True if the last word of a paragraph has a row of its own.
