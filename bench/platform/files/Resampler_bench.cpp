@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Times the conversion of 20 seconds from 44.1 kHz to 8 kHz: ours, and another library's converters.
+// Times the conversion of 20 seconds from 44.1 kHz to 8 kHz: ours, and another library's
+// converters.
 #include "Resampler.h"
 
 #include <benchmark/benchmark.h>
@@ -62,5 +63,4 @@ BENCHMARK_CAPTURE(resampleWithSamplerate, best, SRC_SINC_BEST_QUALITY)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(resampleWithSamplerate, medium, SRC_SINC_MEDIUM_QUALITY)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(resampleWithSamplerate, fastest, SRC_SINC_FASTEST)
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(resampleWithSamplerate, fastest, SRC_SINC_FASTEST)->Unit(benchmark::kMillisecond);

@@ -33,6 +33,14 @@
 #define MURMELO_PIXEL_KERNEL MURMELO_KERNEL
 #endif
 
+/// False if the compiler makes no vectors: then a loop for common values beside one for all values
+/// gains little, and makes the page larger.
+#if defined(__EMSCRIPTEN__)
+constexpr bool kMakesVectors = false;
+#else
+constexpr bool kMakesVectors = true;
+#endif
+
 /// Before the definition of a function that kernels are made of: it becomes part of each of them,
 /// so that it is compiled for the same processor.
 #if defined(__GNUC__)

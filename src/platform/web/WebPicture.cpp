@@ -38,8 +38,8 @@ WebPicture::Rows WebPicture::update(HostFrame& frame) {
         }
         const uint16_t* source = display.data() + row * HostFrame::kWidthPx;
         uint32_t* target = pixels.data() + ptrdiff_t{y} * kWidthPx;
-        for (int32_t x = 0; x < kWidthPx; x++) {
-            target[x] = toBytes(source[ptrdiff_t{x} * HostFrame::kCanvasFactor]);
+        for (ptrdiff_t x = 0; x < kWidthPx; x++) {
+            target[x] = toBytes(source[x * HostFrame::kCanvasFactor]);
         }
     }
     return rows;

@@ -61,7 +61,7 @@ MURMELO_KERNEL_PART void mixFrame(const Excitation& parts, int32_t* __restrict m
 /// What a throat sends into the mouth in one frame: pulses and hiss. The gain glides from that of
 /// the frame before.
 MURMELO_KERNEL void mix(const Excitation& parts, int32_t* __restrict mixed) {
-    if (isPlain(parts.gainBefore) && isPlain(parts.gainAfter)) {
+    if (kMakesVectors && isPlain(parts.gainBefore) && isPlain(parts.gainAfter)) {
         mixFrame<true>(parts, mixed);
     } else {
         mixFrame<false>(parts, mixed);

@@ -214,6 +214,7 @@ TEST_F(OrmCanvasTest, whatTheMessageOfATurnedDisplayCoveredIsPaintedAfterIt) {
             g->fillRect(0, 0, 240, 320);
         }
     };
+
     Canvas turned;
     turned.getScreen()->set(0xFFFFFFFF);
     std::vector<uint16_t> pixels(240 * 320);
