@@ -37,7 +37,7 @@ if(NOT maintainer MATCHES "^[^<>@]*[^<>@ ] <[^<>@ ]+@[^<>@ ]+>$")
         "again with -DMURMELO_MAINTAINER='Name <mail address>'.")
 endif()
 if(maintainer MATCHES "[@.]example\\.(org|com|net)>$" OR maintainer MATCHES "\\.invalid>$")
-    message(FATAL_ERROR "Nobody has the mail address of \"${maintainer}\". Configure again with "
+    message(FATAL_ERROR "The mail address of \"${maintainer}\" is an example. Configure again with "
         "-DMURMELO_MAINTAINER='Name <mail address>', or with -UMURMELO_MAINTAINER to name who builds the package.")
 endif()
 set(CPACK_PACKAGE_CONTACT "${maintainer}")

@@ -2,8 +2,8 @@
 
 import { MENU } from './core.js';
 
-// The first tap unlocks the speaker, and Chromium then asks for the page's icon. If that request meets the worker just
-// as a new one wants to replace it, the new one waits for minutes.
+// The first tap unlocks the speaker, and Chromium then asks for the page's icon. If that request reaches the old worker while a
+// new one is about to replace it, the new one waits for minutes.
 const QUIET_MS = 500;
 
 export class Update {

@@ -52,7 +52,7 @@ public:
     /// @returns as keep()
     Problem writeWhatFits(size_t& count) const;
 
-    /// Cuts the reason out of a sentence that keep(), write(), syncToDisk() or forget() has
+    /// Returns the reason in a sentence that keep(), write(), syncToDisk() or forget() has
     /// returned, without the file's name.
     static std::string reasonOf(const Problem& problem);
 

@@ -33,8 +33,8 @@
 #define MURMELO_PIXEL_KERNEL MURMELO_KERNEL
 #endif
 
-/// False if the compiler makes no vectors: then a loop for common values beside one for all values
-/// gains little, and makes the page larger.
+/// False if the compiler does not vectorise loops (that of the page): then a second loop for common
+/// values gains little and only makes the program larger.
 #if defined(__EMSCRIPTEN__)
 constexpr bool kMakesVectors = false;
 #else

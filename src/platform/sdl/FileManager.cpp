@@ -18,8 +18,8 @@ namespace {
 // The shell finds the program by the user's PATH and is replaced by it.
 constexpr const char* kScript = "exec xdg-open \"$1\" </dev/null >/dev/null 2>&1";
 
-// How long the file manager may take to reply; after that xdg-open is tried. The user has asked for
-// a window and waits.
+// How long the file manager may take to reply; after that xdg-open is tried. Not longer, because
+// the user is waiting for the window.
 constexpr int kMaxWaitMs = 5000;
 
 // A failure after more than this is ignored: the folder was shown. On some desktops xdg-open ends

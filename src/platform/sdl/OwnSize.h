@@ -10,11 +10,11 @@ class OwnSize {
 public:
     using Size = WindowMemory::Size;
 
-    /// A size that has lasted this long is not a part of being maximised: for that the window
-    /// system may tell the new size before it tells the reason.
+    /// A size that has lasted this long was not caused by maximising. The window system may report
+    /// the larger size shortly before it reports that the window is maximised.
     static constexpr uint64_t kSettledMs = 500;
 
-    /// The window has this size now, as far as is known not because it is maximised.
+    /// The window has this size now. Call it only while the window is not known to be maximised.
     /// @param nowMs  a clock that never goes back
     void sized(Size size, uint64_t nowMs);
 

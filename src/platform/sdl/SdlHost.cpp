@@ -99,8 +99,8 @@ void SdlHost::tell(const HostMessage& message, const std::string& sentence) {
     }
 }
 
-/// Why a recording has no device is the strip's line as long as it goes on, and a message when it
-/// ends: at its beginning it would be told once more.
+/// During a recording without a device, the strip's line says why. It becomes a message only when
+/// the recording ends, so that the user is not told twice.
 void SdlHost::tellOfMicrophone(const HostMessage& message) {
     const std::string row = message.row;
     if (row == "noMicrophone" || row == "microphoneUnusable") {
@@ -169,7 +169,7 @@ HostMicrophone* SdlHost::microphone() {
 
 bool SdlHost::isStuck() {
     const bool isAllWritten = extraDoors.finish();
-    // Last: what could not be written is told by a notice, which is one more piece of work.
+    // Last, because a failed write shows a notice, which is another job for this queue.
     const bool isDone = backgroundWork.finish(kFinishMs);
     return !isAllWritten || !isDone || audio.isStuck();
 }

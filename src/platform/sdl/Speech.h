@@ -39,8 +39,8 @@ public:
         std::string detail;  // what the library says, for a terminal; may be empty
     };
 
-    /// Returns once why the server cannot be reached, or that it has ended. After that nothing more
-    /// is said.
+    /// Returns once why the server cannot be reached, or that it has ended. After that nothing is
+    /// spoken.
     Failure takeFailure();
 
 private:

@@ -216,7 +216,8 @@ TEST_F(RealProgram, theFirstPictureStandsSoon) {
               << " ms; that of a program with one ready picture after "
               << static_cast<double>(plainUs) / 1000 << " ms\n";
     EXPECT_GT(kFirstPictureUs, bestUs);
-    EXPECT_GT(4 * plainUs, bestUs);  // 1.3 to 1.5 times, as docs/speed.md tells
+    // docs/speed.md: 1.2 to 1.5 times; a busy machine may slow one of them more.
+    EXPECT_GT(4 * plainUs, bestUs);
 }
 
 TEST_F(RealProgram, aStillScreenSleeps) {

@@ -18,8 +18,8 @@ constexpr int32_t kFullVoiceness = 1024;
 
 constexpr float kGainFactor = 0.33F;
 
-// A window has kLeastWindow samples, and kWindowPerLag more for each lag, or ends with the frame.
-// Those of lags below this one are masked one by one; those of the others end with the frame.
+// The window of a lag has kLeastWindow + kWindowPerLag * lag samples, but not more than remain in
+// the frame. Windows of lags below kShortLags are cut with a mask; all others end with the frame.
 constexpr int32_t kShortLags = 13;
 constexpr int32_t kLeastWindow = 80;
 constexpr int32_t kWindowPerLag = 5;
@@ -65,7 +65,8 @@ correlateLongLags(const int16_t* x, const int16_t* delayed, int32_t* __restrict 
     }
 }
 
-/// Masks of kWindowRest samples: read from place n on, they keep all but the last n.
+/// kWindowRest ones and then zeros: a loop that starts reading at index n keeps all samples but the
+/// last n.
 struct Masks {
     int16_t masks[2 * kWindowRest] = {};
 
@@ -162,7 +163,7 @@ MURMELO_KERNEL int32_t findPeaks(const int32_t* correlations, int32_t* __restric
 constexpr int32_t kFrames = Lpc::kFiltersAtOnce;
 
 /// Levinson and Durbin's recursion as in Lpc::computeFilterCoeffs, for frames side by side. It
-/// divides before it looks whether the divisor is 0, so that no frame needs a jump.
+/// divides first and then checks if the divisor was 0, so that the loop has no branch.
 MURMELO_KERNEL void
 recur(const float (*r)[kFrames], float (*__restrict a)[kFrames], float* __restrict gains) {
     float k[kFrames];

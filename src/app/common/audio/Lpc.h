@@ -39,8 +39,8 @@ public:
     /// space for 11 values. Returns the gain.
     static float computeFilterCoeffs(const float* r, float* a, float* tmp);
 
-    /// The same for kFiltersAtOnce frames f at once, in less time: each step of the recursion waits
-    /// for the one before it, but not for those of other frames. r[lag][f] are the
+    /// Computes the filters of kFiltersAtOnce frames f side by side, which is faster: a step of the
+    /// recursion depends on the step before it in its own frame only. r[lag][f] are the
     /// autocorrelations; writes the filters to a[tap][f] and the gains to gains[f].
     static void computeFilters(const float (&r)[kCoefficients][kFiltersAtOnce],
                                float (&a)[kCoefficients][kFiltersAtOnce],
@@ -50,8 +50,8 @@ public:
     /// LAST_VOICENESS.
     static int32_t computePeriod(const int32_t* x);
 
-    /// True if a frame is so quiet that computePeriod() finds no pitch in it, whatever it holds.
-    /// Takes a small part of its time.
+    /// True if a frame is so quiet that computePeriod() cannot find a pitch in it. Much cheaper
+    /// than computePeriod().
     static bool isFaint(const int32_t* x);
 
     /// Next sample of the pulse train: a rising ramp of 32 samples, then silence up to the period.

@@ -92,8 +92,8 @@ protected:
     /// Allocates the result: count samples of silence.
     void newResult(int32_t count);
 
-    /// For doInit(): as newResult(), but the silence takes no time unless the result is fetched
-    /// before fillResult().
+    /// For doInit(): like newResult(), but allocates only in fillResult(). If the result is fetched
+    /// earlier, it is made then, as silence.
     void newResultLater(int32_t count);
 
     /// For the first doProcess() after newResultLater(): allocates the result, with samples of any

@@ -151,8 +151,8 @@ int32_t WpRobot::analyseFrame() {
 }
 
 // Works out the filters of the newest frames, whose correlations are known. If they are fewer than
-// kFiltersAtOnce, the other places hold correlations of earlier frames, and their filters are
-// dropped.
+// kFiltersAtOnce, the unused columns hold correlations of earlier frames; their filters are
+// ignored.
 void WpRobot::setFilters(Frame* newest, int32_t count) {
     float filters[Lpc::kCoefficients][Lpc::kFiltersAtOnce];
     float gains[Lpc::kFiltersAtOnce];

@@ -56,7 +56,7 @@ private:
     int32_t sampleCount = 0;
     int32_t frameCount = 0;
     int32_t frameBuffer[Lpc::kFrameSamples] = {};
-    int32_t pulses[Lpc::kFrameSamples] = {};  // these two of the frame that is spoken next
+    int32_t pulses[Lpc::kFrameSamples] = {};  // both of the frame that is synthesised next
     int32_t hisses[Lpc::kFrameSamples] = {};
     std::vector<Frame> frames;  // its memory is kept from run to run
     float correlations[Lpc::kCoefficients][Lpc::kFiltersAtOnce] = {};  // of frames without a filter

@@ -20,7 +20,7 @@ constexpr uint32_t kArrayLengthMask = kMaxArrayLength;
 /// sizes from outside). file and line name the calling place, for a debugger.
 void* newArrFunc(int32_t bytes, int32_t elemSize, const char* file, int32_t line);
 
-/// The same with elements of any value, for a caller that writes all of them.
+/// The same with uninitialised elements; the caller writes all of them.
 void* newArrFuncToFill(int32_t bytes, int32_t elemSize);
 
 /// Two levels: an outer array of bytes0 / 4 pointers, each to a new array of bytes1 bytes. Callers
@@ -70,7 +70,7 @@ T* newArray(int32_t count, const char* file = __builtin_FILE(), int32_t line = _
     return static_cast<T*>(newArrFunc(count * kElemSize, kElemSize, file, line));
 }
 
-/// The same with elements of any value, for a caller that writes all of them.
+/// The same with uninitialised elements; the caller writes all of them.
 template <typename T>
 T* newArrayToFill(int32_t count) {
     assert(count >= 0 && count <= kMaxArrayLength);

@@ -14,7 +14,7 @@
 #pragma clang diagnostic ignored "-Weverything"
 #ifndef __clang_analyzer__
 #include <stb_image.h>
-#else  // clang-tidy need not look into it
+#else  // keeps clang-tidy out of the library
 extern "C" int stbi_zlib_decode_buffer(char* out, int outSize, const char* packed, int packedSize);
 #endif
 #pragma clang diagnostic pop
