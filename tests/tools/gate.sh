@@ -62,11 +62,15 @@ result() {
     done
     stub "$tree/tests/web/build-page.sh" build-page
     for mode in "" all native; do
+        rm -f "$folder/calls"
         # shellcheck disable=SC2086  # no mode is no argument
         output=$("$tree/test" $mode 2>&1) || report_error "./test $mode fails although nothing else does: $output"
         [[ $(tail -n 1 <<<"$output") == "Total Test time"* ]] ||
             report_error "./test $mode ends with: $(tail -n 3 <<<"$output")"
         [[ $output != *FAILED* ]] || report_error "./test $mode says that something failed"
+        part=--tidy-newest
+        [[ $mode != all ]] || part=--tidy
+        grep -qx -- "lint $part" "$folder/calls" || report_error "./test $mode does not call lint $part"
         for part in "${!called[@]}"; do
             [[ $mode != all ]] || continue  # it differs only in what it gives to lint
             [[ $mode != native || $part != build-page && $part != "-L browser" ]] || continue
@@ -143,6 +147,7 @@ expect_usage() {
     status=$?
     [ $status -eq "$1" ] || report_error "$3: status $status"
     [[ $output == "$2"* && $output == *"$(basename "${3%% *}")"* ]] || report_error "$3 prints: $output"
+    [ -n "$2" ] || [ "$(wc -l <<<"$output")" -ge 2 ] || report_error "$3 prints one line only: $output"
     [ ! -e "$folder/calls" ] || report_error "$3 begins with: $(head -n 1 "$folder/calls")"
     [ "$files" = "$(find "$tree" | sort)" ] || report_error "$3 changes files"
 }
