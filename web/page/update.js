@@ -2,10 +2,6 @@
 
 import { MENU } from './core.js';
 
-// The first tap unlocks the speaker, and Chromium then asks for the page's icon. If that request reaches the old worker while a
-// new one is about to replace it, the new one waits for minutes.
-const QUIET_MS = 500;
-
 export class Update {
     /** @param {import('./main.js').Page} page */
     constructor(page) {
@@ -41,14 +37,12 @@ export class Update {
 
     /** Offers the new version, only in the menu: there nothing is being recorded, played or unsaved. */
     offer() {
-        const inMenu = this.page.core.texts.screen === MENU;
-        if (this.waiting && inMenu && !this.told) {
-            this.page.tell('newVersion', 'update', () => setTimeout(() => this.take(), QUIET_MS));
+        const isInMenu = () => this.page.core.texts.screen === MENU;
+        // Later: Chromium asks for the icon at the first tap. Together, they can delay the change of workers by minutes.
+        const take = () => (isInMenu() ? this.waiting?.postMessage('activate') : this.page.tell('notNow'));
+        if (this.waiting && isInMenu() && !this.told) {
+            this.page.tell('newVersion', 'update', () => setTimeout(take, 500));
         }
-        this.told = this.waiting !== null && inMenu;
-    }
-
-    take() {
-        this.page.core.texts.screen === MENU ? this.waiting?.postMessage('activate') : this.page.tell('notNow');
+        this.told = this.waiting !== null && isInMenu();
     }
 }

@@ -46,8 +46,8 @@ void resampleWithSamplerate(benchmark::State& state, int converter) {
         SRC_DATA work = {};
         work.data_in = sweep().data();
         work.data_out = out.data();
-        work.input_frames = static_cast<long>(kSamples);
-        work.output_frames = static_cast<long>(out.size());
+        work.input_frames = kSamples;
+        work.output_frames = static_cast<decltype(work.output_frames)>(out.size());
         work.src_ratio = static_cast<double>(kToHz) / kFromHz;
         if (src_simple(&work, converter, 1) != 0) {
             state.SkipWithError("not converted");
