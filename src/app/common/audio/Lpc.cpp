@@ -90,7 +90,7 @@ MURMELO_KERNEL void correlateLags(const int32_t* frame, int32_t* __restrict sums
     for (int32_t lag = 0; lag < kShortLags; lag++) {
         const int16_t* rest = x + kLeastWindow;
         const int16_t* delayedRest = delayed + kLeastWindow + lag;
-        const int16_t* mask = kMasks.masks + kWindowRest - kWindowPerLag * lag;
+        const int16_t* mask = &kMasks.masks[kWindowRest - kWindowPerLag * lag];
         int32_t sum = 0;
         for (int32_t i = 0; i < kWindowRest; i++) {
             sum += static_cast<int16_t>(rest[i] & mask[i]) * delayedRest[i];
