@@ -515,13 +515,24 @@ TEST_F(TakeKeeperTest, atTheEndALimitOnTheSizeOfFilesKeepsTheEarlierTake) {
     EXPECT_EQ(file, broughtBack());  // deleting it would make no room
 }
 
-TEST_F(TakeKeeperTest, atTheEndTheEarlierTakeGivesItsRoomOnlyToALongerBeginning) {
-    const Samples earlier = TestSounds::noise(40000, 3);
-    const Samples longTake = TestSounds::noise(160000, 8);
-    const SmallDisk disk(stateFolder());
-    if (!disk.isMounted()) {
-        GTEST_SKIP() << "a file system cannot be mounted here";
+namespace {
+
+class TakeKeeperOnASmallDisk : public TakeKeeperTest {
+protected:
+    void SetUp() override {
+        if (!disk.isMounted()) {
+            GTEST_SKIP() << "a file system cannot be mounted here";
+        }
     }
+
+    SmallDisk disk{stateFolder()};
+    Samples longTake = TestSounds::noise(160000, 8);
+};
+
+}  // namespace
+
+TEST_F(TakeKeeperOnASmallDisk, atTheEndTheEarlierTakeGivesItsRoomOnlyToALongerBeginning) {
+    const Samples earlier = TestSounds::noise(40000, 3);
     keeper.recorded(earlier);
     disk.fill(20000);
     keeper.recorded(longTake);
@@ -535,12 +546,7 @@ TEST_F(TakeKeeperTest, atTheEndTheEarlierTakeGivesItsRoomOnlyToALongerBeginning)
     EXPECT_EQ(1U, told.size());
 }
 
-TEST_F(TakeKeeperTest, atTheEndAShortEarlierTakeGivesNothingToTheBeginning) {
-    const Samples longTake = TestSounds::noise(160000, 8);
-    const SmallDisk disk(stateFolder());
-    if (!disk.isMounted()) {
-        GTEST_SKIP() << "a file system cannot be mounted here";
-    }
+TEST_F(TakeKeeperOnASmallDisk, atTheEndAShortEarlierTakeGivesNothingToTheBeginning) {
     keeper.recorded(file);
     disk.fill(100000);
     keeper.recorded(longTake);

@@ -12,9 +12,7 @@ namespace {
 class DesktopNoticeTest : public testing::Test {
 protected:
     void SetUp() override {
-        if (!TestBus::isInstalled()) {
-            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-        }
+        NEEDS_TEST_BUS();
         ASSERT_TRUE(bus.start());
     }
 

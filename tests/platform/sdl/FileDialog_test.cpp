@@ -43,9 +43,7 @@ public:
 class FileDialogTest : public testing::Test {
 protected:
     void SetUp() override {
-        if (!TestBus::isInstalled()) {
-            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-        }
+        NEEDS_TEST_BUS();
         ASSERT_TRUE(bus.start());
         mapped.home = folders.path("home");
         folders.write("home/Murmelo/rec_00003.wav", TestSounds::wav(sound, 8000));

@@ -53,9 +53,7 @@ protected:
 class DesktopFileManagerTest : public FileManagerTest {
 protected:
     void SetUp() override {
-        if (!TestBus::isInstalled()) {
-            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-        }
+        NEEDS_TEST_BUS();
         install();
         ASSERT_TRUE(bus.start());
     }

@@ -181,9 +181,7 @@ private:
 class RealProgramDialog : public RealProgram {
 protected:
     void SetUp() override {
-        if (!TestBus::isInstalled()) {
-            GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-        }
+        NEEDS_TEST_BUS();
         folders.write("config/settings", "lang=0\n");
         ASSERT_TRUE(bus.start());
         ASSERT_TRUE(bus.serve("fake_portal.py", {"wait", "file:///nothing.wav"}));

@@ -413,9 +413,7 @@ TEST_F(SdlHostTest, aTakeWithoutACopyIsToldAndComesBack) {
 }
 
 TEST_F(SdlHostTest, whatGoesWrongAfterTheWindowIsShownByTheDesktop) {
-    if (!TestBus::isInstalled()) {
-        GTEST_SKIP() << "there is no dbus-daemon, python3-dbus or python3-gi";
-    }
+    NEEDS_TEST_BUS();
     TestBus bus(folders);
     ASSERT_TRUE(bus.start());
     ASSERT_TRUE(bus.serve("fake_desktop.py", {}));
