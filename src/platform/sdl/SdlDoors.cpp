@@ -82,14 +82,13 @@ bool SdlDoors::drop(const SDL_Event& event) {
         return false;
     }
     dropped++;
-    if (dropped == 1) {
-        droppedName = FileUri::nameIn(path);
-    } else {
-        if (dropped == 2) {
-            tell({"onlyFirstFile", {droppedName}});
-        }
+    if (dropped == 2) {
+        tell({"onlyFirstFile", {droppedName}});
+    }
+    if (dropped > 1) {
         return false;
     }
+    droppedName = FileUri::nameIn(path);
     if (doors != nullptr) {
         return useFile(path);
     }

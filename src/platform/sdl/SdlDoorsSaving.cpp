@@ -15,6 +15,22 @@ void print(const std::string& path) {
     QuietLibrary::print(STDOUT_FILENO, path + "\n");
 }
 
+/// Writes a saved sound into the file of an address. Returns what to tell the user.
+HostMessage exportTo(const std::string& saved, const std::string& uri) {
+    std::string path = uri;
+    if (const Problem problem = FileUri::toPath(uri, path)) {
+        return {"notExported", {path, problem.sentence()}};
+    }
+    std::vector<int16_t> samples;
+    if (const Problem problem = SoundExport::read(saved, samples)) {
+        return {"savedUnreadable", {saved, problem.sentence()}};
+    }
+    if (const Problem problem = SoundExport::write(samples, path)) {
+        return {"notExported", {path, problem.sentence()}};
+    }
+    return {"exported", {path}};
+}
+
 }  // namespace
 
 bool SdlDoors::save() {
@@ -63,16 +79,7 @@ bool SdlDoors::exportChosen(const FileDialog::Answer& answer, const std::string&
 
 void SdlDoors::startExport(const std::string& saved, const std::string& uri) {
     backgroundWork.start([this, saved, uri] {
-        std::string path = uri;
-        Problem problem = FileUri::toPath(uri, path);
-        HostMessage message{"exported", {path}};
-        std::vector<int16_t> samples;
-        if (const Problem unread = SoundExport::read(saved, samples)) {
-            message = {"savedUnreadable", {saved, unread.sentence()}};
-        } else if (problem = problem ? problem : SoundExport::write(samples, path); problem) {
-            message = {"notExported", {path, problem.sentence()}};
-        }
-        return [this, message] {
+        return [this, message = exportTo(saved, uri)] {
             tell(message);
             return false;
         };

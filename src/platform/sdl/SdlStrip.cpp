@@ -43,6 +43,13 @@ const char* wordOf(const StripWish& wish) {
     }
 }
 
+HostMessage withShownPaths(HostMessage message) {
+    for (std::string& part : message.parts) {
+        part = ProgramFolders::shown(part);
+    }
+    return message;
+}
+
 }  // namespace
 
 SdlStrip::SdlStrip(const HostFolders& folders, Clock nowMs, BackgroundWork::Wake wake)
@@ -76,19 +83,15 @@ void SdlStrip::tell(const HostMessage& message) {
         return;
     }
     const StripWish wish = actionOf(message);
-    HostMessage shown = message;
+    HostMessage shown = withShownPaths(message);
     for (std::string& part : shown.parts) {
-        part = row.model().pathForMessage(ProgramFolders::shown(part));
+        part = row.model().pathForMessage(part);
     }
     row.model().tell(shown.text(language), wish, HostWords::text(wordOf(wish), language), nowMs());
 }
 
 std::string SdlStrip::textOf(const HostMessage& message) {
-    HostMessage shown = message;
-    for (std::string& part : shown.parts) {
-        part = ProgramFolders::shown(part);
-    }
-    return shown.text(language());
+    return withShownPaths(message).text(language());
 }
 
 void SdlStrip::tellPicture(const std::string& path) {
