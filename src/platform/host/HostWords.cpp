@@ -50,10 +50,14 @@ const char* HostWords::text(const std::string& name, const std::string& language
 }
 
 std::string HostWords::reason(const std::string& english, const std::string& language) {
-    for (const Row& row : rows()) {
-        if (english == row.texts[0] && std::string(row.name).rfind("why", 0) == 0) {
+#ifndef __EMSCRIPTEN__
+    for (const Row& row : HostWordTables::ofReasons()) {
+        if (english == row.texts[0]) {
             return text(row, language);
         }
     }
+#else
+    (void)language;
+#endif
     return english;
 }
